@@ -1,0 +1,132 @@
+#include "base/date_time.h"
+
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+
+#include "base/errors.h"
+
+namespace zv {
+namespace {
+
+using namespace std::chrono;
+
+constexpr std::int64_t kSecondsPerDay = 86400;
+constexpr sys_days kDayZero{year{1899} / December / 30};
+
+std::int64_t FloorDay(std::int64_t value) {
+    const std::int64_t day = value / kSecondsPerDay;
+    return value % kSecondsPerDay < 0 ? day - 1 : day;
+}
+
+year_month_day Civil(std::int64_t secondsSince) {
+    return year_month_day{kDayZero + days{FloorDay(secondsSince)}};
+}
+
+int SecondOfDay(std::int64_t secondsSince) {
+    return static_cast<int>(secondsSince - FloorDay(secondsSince) * kSecondsPerDay);
+}
+
+// Reads exactly `count` digits at `position`.
+bool ReadDigits(std::string_view text, std::size_t position, std::size_t count, int& value) {
+    if (position + count > text.size()) return false;
+    value = 0;
+    for (std::size_t i = position; i < position + count; i++) {
+        if (text[i] < '0' || text[i] > '9') return false;
+        value = value * 10 + (text[i] - '0');
+    }
+    return true;
+}
+
+std::string Print(const char* format, int a, int b, int c) {
+    char buffer[40];
+    std::snprintf(buffer, sizeof buffer, format, a, b, c);
+    return buffer;
+}
+
+}  // namespace
+
+DateTime::DateTime(int year, int month, int day, int hour, int minute, int second) {
+    if (!IsValidDate(year, month, day) || hour < 0 || hour > 23 || minute < 0 || minute > 59 ||
+        second < 0 || second > 59) {
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    }
+    const sys_days d{year_month_day{std::chrono::year{year},
+                                    std::chrono::month{static_cast<unsigned>(month)},
+                                    std::chrono::day{static_cast<unsigned>(day)}}};
+    seconds_ = (d - kDayZero).count() * kSecondsPerDay + hour * 3600 + minute * 60 + second;
+}
+
+DateTime DateTime::FromAutomation(double value) {
+    const double wholeDays = std::trunc(value);
+    const double timeOfDay = std::abs(value - wholeDays);
+    return DateTime(static_cast<std::int64_t>(wholeDays) * kSecondsPerDay +
+                    std::llround(timeOfDay * static_cast<double>(kSecondsPerDay)));
+}
+
+double DateTime::ToAutomation() const {
+    const std::int64_t day = FloorDay(seconds_);
+    const double timeOfDay =
+        static_cast<double>(seconds_ - day * kSecondsPerDay) / static_cast<double>(kSecondsPerDay);
+    const auto wholeDays = static_cast<double>(day);
+    return day < 0 ? wholeDays - timeOfDay : wholeDays + timeOfDay;
+}
+
+std::optional<DateTime> DateTime::Parse(std::string_view text) {
+    int y = 0, mo = 0, d = 0, h = 0, mi = 0, s = 0;
+    if (!ReadDigits(text, 0, 4, y) || text.size() < 10 || text[4] != '-' ||
+        !ReadDigits(text, 5, 2, mo) || text[7] != '-' || !ReadDigits(text, 8, 2, d) ||
+        !IsValidDate(y, mo, d)) {
+        return std::nullopt;
+    }
+    if (text.size() > 10) {
+        if ((text[10] != ' ' && text[10] != 'T') || !ReadDigits(text, 11, 2, h) ||
+            text.size() < 16 || text[13] != ':' || !ReadDigits(text, 14, 2, mi) || h > 23 ||
+            mi > 59) {
+            return std::nullopt;
+        }
+        if (text.size() > 16 && (text[16] != ':' || !ReadDigits(text, 17, 2, s) || s > 59 ||
+                                 text.size() > 19)) {
+            return std::nullopt;
+        }
+    }
+    return DateTime(y, mo, d, h, mi, s);
+}
+
+bool DateTime::IsValidDate(int year, int month, int day) {
+    return year >= 100 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 &&
+           day <= DaysInMonth(year, month);
+}
+
+int DateTime::DaysInMonth(int year, int month) {
+    const year_month_day_last last{std::chrono::year{year},
+                                   month_day_last{std::chrono::month{static_cast<unsigned>(month)}}};
+    return static_cast<int>(static_cast<unsigned>(last.day()));
+}
+
+int DateTime::Year() const { return static_cast<int>(Civil(seconds_).year()); }
+int DateTime::Month() const {
+    return static_cast<int>(static_cast<unsigned>(Civil(seconds_).month()));
+}
+int DateTime::Day() const { return static_cast<int>(static_cast<unsigned>(Civil(seconds_).day())); }
+int DateTime::Hour() const { return SecondOfDay(seconds_) / 3600; }
+int DateTime::Minute() const { return SecondOfDay(seconds_) / 60 % 60; }
+int DateTime::Second() const { return SecondOfDay(seconds_) % 60; }
+
+int DateTime::Weekday() const {
+    return static_cast<int>(weekday{kDayZero + days{FloorDay(seconds_)}}.c_encoding()) + 1;
+}
+
+DateTime DateTime::Date() const { return DateTime(FloorDay(seconds_) * kSecondsPerDay); }
+
+std::string DateTime::IsoDate() const { return Print("%04d-%02d-%02d", Year(), Month(), Day()); }
+std::string DateTime::UsDate() const { return Print("%02d/%02d/%04d", Month(), Day(), Year()); }
+std::string DateTime::IsoDateTime() const {
+    return IsoDate() + Print(" %02d:%02d:%02d", Hour(), Minute(), Second());
+}
+std::string DateTime::ShortIso() const {
+    if (*this == Date()) return IsoDate();
+    return IsoDate() + Print("T%02d:%02d:%02d", Hour(), Minute(), Second());
+}
+
+}  // namespace zv

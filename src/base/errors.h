@@ -1,0 +1,58 @@
+// Run-time errors: what an operation raises, what a window shows and what a host receives.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace zv {
+
+/// The classic run-time error numbers, the only place that lists them.
+enum class ErrorNumber : std::int32_t {
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    InternalError = 51,
+    FileNotFound = 53,
+    PathFileAccess = 75,
+    ObjectNotSet = 91,
+    ResourceNotFound = 326,
+    PropertyNotReadable = 394,
+    FormAlreadyShown = 400,
+    ModalFormShown = 401,
+    CannotCreateObject = 429,
+    MemberNotFound = 438,
+    NotBuiltYet = 445,
+    KeyNotFound = 35601,
+    KeyNotUnique = 35602,
+    NoCurrentRecord = 3021,
+    ObjectClosed = 3704,
+    DatabaseStatement = static_cast<std::int32_t>(0x80040E14),
+    DatabaseTable = static_cast<std::int32_t>(0x80040E37),
+    DatabaseColumn = static_cast<std::int32_t>(0x80040E10),
+    DatabaseFailure = static_cast<std::int32_t>(0x80004005),
+};
+
+/// An error that a user or a host is told of. Without a text of its own it takes the catalogue's
+/// text for its number (resources/error_texts.h).
+class RuntimeError : public std::exception {
+   public:
+    explicit RuntimeError(ErrorNumber number, std::string text = {}, std::string source = {})
+        : number_(number), text_(std::move(text)), source_(std::move(source)) {}
+
+    ErrorNumber Number() const { return number_; }
+    /// Empty when the number says everything.
+    const std::string& Text() const { return text_; }
+    /// The component that failed, for example the database engine; empty for the system itself.
+    const std::string& Source() const { return source_; }
+    const char* what() const noexcept override { return text_.c_str(); }
+
+   private:
+    ErrorNumber number_;
+    std::string text_;
+    std::string source_;
+};
+
+}  // namespace zv

@@ -1,0 +1,102 @@
+#include "base/number.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "base/errors.h"
+
+namespace zv::number {
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Length of the longest number at the start of `text`, which holds no blanks.
+std::size_t NumberLength(std::string_view text) {
+    std::size_t at = 0;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-')) at++;
+    std::size_t digits = 0;
+    bool point = false;
+    while (at < text.size() && (IsDigit(text[at]) || (text[at] == '.' && !point))) {
+        if (text[at] == '.') point = true;
+        else digits++;
+        at++;
+    }
+    if (digits == 0) return 0;
+    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+        std::size_t exponent = at + 1;
+        if (exponent < text.size() && (text[exponent] == '+' || text[exponent] == '-')) exponent++;
+        if (exponent < text.size() && IsDigit(text[exponent])) {
+            while (exponent < text.size() && IsDigit(text[exponent])) exponent++;
+            at = exponent;
+        }
+    }
+    return at;
+}
+
+double Convert(std::string_view digits) {
+    if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error == std::errc::result_out_of_range) throw RuntimeError(ErrorNumber::Overflow);
+    return value;
+}
+
+double RoundHalfEven(double value) {
+    const double floor = std::floor(value);
+    const double rest = value - floor;
+    if (rest < 0.5) return floor;
+    if (rest > 0.5) return floor + 1;
+    return std::fmod(floor, 2) == 0 ? floor : floor + 1;
+}
+
+template <typename Integer>
+Integer Round(double value) {
+    const double rounded = RoundHalfEven(value);
+    if (!(rounded >= std::numeric_limits<Integer>::min() &&
+          rounded <= std::numeric_limits<Integer>::max())) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return static_cast<Integer>(rounded);
+}
+
+double ParseOrThrow(std::string_view text) {
+    const auto value = Parse(text);
+    if (!value) throw RuntimeError(ErrorNumber::TypeMismatch);
+    return *value;
+}
+
+}  // namespace
+
+double Val(std::string_view text) {
+    std::string packed;
+    for (const char c : text) {
+        if (c != ' ' && c != '\t' && c != '\n') packed += c;
+    }
+    return Convert(std::string_view(packed).substr(0, NumberLength(packed)));
+}
+
+std::optional<double> Parse(std::string_view text) {
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); i++) {
+        // A comma counts as a thousands mark only behind a digit of the whole part.
+        const bool mark = text[i] == ',' && i > 0 && (IsDigit(text[i - 1]) || text[i - 1] == ',') &&
+                          plain.find('.') == std::string::npos;
+        if (!mark) plain += text[i];
+    }
+    if (plain.empty() || NumberLength(plain) != plain.size()) return std::nullopt;
+    return Convert(plain);
+}
+
+std::int16_t ToInt16(double value) { return Round<std::int16_t>(value); }
+std::int32_t ToInt32(double value) { return Round<std::int32_t>(value); }
+std::int16_t ToInt16(std::string_view text) { return ToInt16(ParseOrThrow(text)); }
+std::int32_t ToInt32(std::string_view text) { return ToInt32(ParseOrThrow(text)); }
+std::int16_t Add16(int a, int b) { return ToInt16(static_cast<double>(a) + b); }
+std::int16_t Multiply16(int a, int b) { return ToInt16(static_cast<double>(a) * b); }
+
+}  // namespace zv::number

@@ -1,0 +1,44 @@
+// The control as a host sees it, without the component technology around it: properties,
+// persistence and refresh. src/com puts the automation object in front of it.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "control/property_bag.h"
+#include "session/session.h"
+
+namespace zv {
+
+namespace mainwindow {
+class frmTaskMain;
+}
+
+class ZvTask {
+   public:
+    /// Several controls of one process share the session and with it the windows.
+    explicit ZvTask(Session& session);
+    ~ZvTask();
+
+    /// Opens a window by mode (0 alert pass, 1 manager, 2 plan editor, 3 staff list, 4 to 7 task
+    /// completion, 9 cards; any other only reads the settings and connects). Returns when a modal
+    /// window closes. Throws RuntimeError; a mode whose window is missing throws NotBuiltYet.
+    void refresh(std::int32_t mode, std::int16_t modal);
+
+    void UserControl_InitProperties();
+    void UserControl_ReadProperties(PropertyBag& bag);
+    void UserControl_WriteProperties(PropertyBag& bag);
+
+    /// Sets SQLData and the copy that the options page falls back to.
+    void SetSQLData(std::int16_t kind);
+    /// The stored text is never handed out: always empty.
+    std::string Zorvan() const { return {}; }
+
+    ControlState& State() { return session_.state; }
+    Session& GetSession() { return session_; }
+
+   private:
+    Session& session_;
+};
+
+}  // namespace zv

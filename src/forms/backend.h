@@ -1,0 +1,85 @@
+// What stands behind the control classes: real windows (win32/) or nothing but memory (headless/).
+//
+// A control keeps its whole state itself and raises its own events; a peer only mirrors that state
+// on a native window and reports what the user did through the control's User... operations. So a
+// backend can add no behaviour, and a form that was never shown has no peers at all.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "forms/dialogs.h"
+#include "forms/geometry.h"
+
+namespace zv::forms {
+
+class Control;
+class Form;
+class MenuItem;
+
+/// What changed in a control's state.
+enum class Aspect {
+    Bounds,
+    Visible,   ///< of the control itself, its page or a parent
+    Enabled,
+    Caption,   ///< caption or accessible name
+    Text,      ///< text, also of a combo box's entry field
+    Value,     ///< check, option, date, tab
+    Items,     ///< entries, rows or columns as a whole
+    Selection, ///< list index, tree selection, selected text
+    Locked,
+    MaxLength,
+    Image,
+    ZOrder,    ///< brought to the front
+    Interval,  ///< of a timer, or whether it runs
+};
+
+class ControlPeer {
+   public:
+    virtual ~ControlPeer() = default;
+    virtual void Changed(Aspect aspect) = 0;
+    virtual void TakeFocus() = 0;
+};
+
+/// Nodes are told apart by the ids of TreeView.
+class TreePeer : public ControlPeer {
+   public:
+    virtual void NodeAdded(int node) = 0;
+    virtual void NodeRemoved(int node) = 0;
+    virtual void NodeChanged(int node) = 0;  ///< text, image or expansion
+    virtual void NodesCleared() = 0;
+    /// Between these two only adding and clearing happen, in any number.
+    virtual void FillBegins() = 0;
+    virtual void FillEnds() = 0;
+};
+
+class FormPeer {
+   public:
+    virtual ~FormPeer() = default;  ///< destroys the native window
+    virtual void Show() = 0;
+    virtual void Hide() = 0;
+    virtual void CaptionChanged() = 0;
+    virtual void BoundsChanged() = 0;
+    virtual void WindowStateChanged() = 0;
+    virtual void MenuChanged(MenuItem& item) = 0;
+    /// x and y are client coordinates of the form. Returns when the menu is closed; the entry
+    /// chosen has been told by then.
+    virtual void PopupMenu(MenuItem& menu, int x, int y) = 0;
+};
+
+class Backend {
+   public:
+    virtual ~Backend() = default;
+    /// Builds the native window of a form and all its controls, not shown yet, and attaches the
+    /// peers to the controls.
+    virtual std::unique_ptr<FormPeer> Realize(Form& form) = 0;
+    /// Runs until the form is no longer shown.
+    virtual void RunModal(Form& form) = 0;
+    /// Size of the text in the system's font, lines broken at line feeds.
+    virtual Size MeasureText(std::string_view text) = 0;
+    /// The part of the screen that windows may cover.
+    virtual Rect WorkArea() = 0;
+    virtual Dialogs& GetDialogs() = 0;
+};
+
+}  // namespace zv::forms

@@ -1,0 +1,146 @@
+// What all controls of a window share.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/backend.h"
+#include "forms/geometry.h"
+
+namespace zv::forms {
+
+class Form;
+
+namespace key {
+inline constexpr int kTab = 9;
+inline constexpr int kEnter = 13;
+inline constexpr int kEscape = 27;
+inline constexpr int kUp = 38;
+inline constexpr int kDown = 40;
+}  // namespace key
+
+struct KeyEvent {
+    int code = 0;  ///< a handler sets 0 to swallow the key
+    bool shift = false;
+    bool control = false;
+};
+
+enum class MouseButton { None = 0, Left = 1, Right = 2 };
+
+/// x and y in twips from the control's corner.
+struct MouseEvent {
+    MouseButton button = MouseButton::None;
+    int x = 0;
+    int y = 0;
+};
+
+enum class ControlKind {
+    Label, TextBox, ComboBox, CheckBox, OptionButton, CommandButton, DatePicker, UpDown,
+    TabPanel, Panel, Frame, TreeView, ListBox, Grid, Picture, Timer,
+};
+
+class Control {
+   public:
+    /// `parent` null: directly on the form. `index` -1: not an element of a control array.
+    Control(Form& form, ControlKind kind, std::string name, Control* parent, int index);
+    virtual ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    ControlKind Kind() const { return kind_; }
+    const std::string& Name() const { return name_; }
+    int Index() const { return index_; }
+    Form& Owner() const { return form_; }
+    Control* Parent() const { return parent_; }
+
+    /// What the user sees: false while a parent or the window itself is not shown.
+    bool Visible() const;
+    /// The control's own switch.
+    bool OwnVisible() const { return visible_; }
+    void SetVisible(bool visible);
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+    /// Visible, and neither it nor a parent disabled: the user can work with it.
+    bool CanInteract() const;
+    bool CanFocus() const { return tabStop_ && CanInteract(); }
+
+    const Rect& Bounds() const { return bounds_; }
+    void Move(const Rect& bounds);
+    void BringToFront() { Notify(Aspect::ZOrder); }
+
+    /// Moves the focus here by the rules of Form::FocusTo; does nothing while it cannot take it.
+    void SetFocus();
+    bool HasFocus() const;
+
+    /// What a screen reader says for a control without a caption of its own.
+    void SetAccessibleName(std::string name);
+    const std::string& AccessibleName() const { return accessibleName_; }
+
+    std::string tag;
+    bool causesValidation = true;
+
+    std::function<void()> onGotFocus;
+    std::function<void()> onLostFocus;
+    std::function<void(bool& cancel)> onValidate;
+    std::function<void(KeyEvent&)> onKeyDown;
+    std::function<void(const MouseEvent&)> onMouseMove;
+    std::function<void(const MouseEvent&)> onMouseDown;
+
+    /// What the user did; a backend calls these, errors are shown to the user.
+    void UserKeyDown(KeyEvent& event);
+    void UserMouseMove(const MouseEvent& event);
+    void UserMouseDown(const MouseEvent& event);
+
+    void AttachPeer(std::unique_ptr<ControlPeer> peer);
+    void DetachPeer() { peer_.reset(); }
+    ControlPeer* Peer() const { return peer_.get(); }
+
+   protected:
+    /// Whether children of this container are shown now; a tab page answers for its tab.
+    virtual bool ShowsChild(const Control&) const { return true; }
+    void Notify(Aspect aspect);
+    void FromUser(const std::function<void()>& handler);
+    void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
+
+   private:
+    Form& form_;
+    ControlKind kind_;
+    std::string name_;
+    Control* parent_;
+    int index_;
+    bool visible_ = true;
+    bool enabled_ = true;
+    bool tabStop_ = false;
+    Rect bounds_;
+    std::string accessibleName_;
+    std::unique_ptr<ControlPeer> peer_;
+};
+
+/// Controls of one name told apart by an index.
+template <typename T>
+class ControlArray {
+   public:
+    /// Elements `first` to `first + count - 1`; `args` go to each constructor before the index.
+    template <typename... Args>
+    ControlArray(Form& form, const std::string& name, Control* parent, int count, int first = 0,
+                 Args... args)
+        : first_(first) {
+        for (int i = 0; i < count; i++) {
+            items_.push_back(std::make_unique<T>(form, name, parent, args..., first + i));
+        }
+    }
+    T& operator[](int index) { return *items_.at(static_cast<std::size_t>(index - first_)); }
+    const T& operator[](int index) const {
+        return *items_.at(static_cast<std::size_t>(index - first_));
+    }
+    int First() const { return first_; }
+    int Count() const { return static_cast<int>(items_.size()); }
+
+   private:
+    int first_;
+    std::vector<std::unique_ptr<T>> items_;
+};
+
+}  // namespace zv::forms

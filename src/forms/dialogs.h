@@ -1,0 +1,48 @@
+// The boxes that stop everything until they are answered.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace zv::forms {
+
+/// Message box styles: buttons + icon, with the classic numbers.
+namespace box {
+inline constexpr int kOkOnly = 0;
+inline constexpr int kOkCancel = 1;
+inline constexpr int kYesNoCancel = 3;
+inline constexpr int kYesNo = 4;
+inline constexpr int kCritical = 16;
+inline constexpr int kQuestion = 32;
+inline constexpr int kExclamation = 48;
+inline constexpr int kInformation = 64;
+}  // namespace box
+
+enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+struct FileRequest {
+    static constexpr int kFileMustExist = 4100;     ///< must exist, hide read-only
+    static constexpr int kPromptToCreate = 10244;   ///< path must exist, ask to create
+    int flags = kFileMustExist;
+    std::string filter;  ///< "description|pattern", further pairs behind another "|"
+    std::string initialFile;
+    std::string title;
+    std::string initialFolder;
+};
+
+class Form;
+
+/// The port behind which the boxes stand. `owner` may be null.
+class Dialogs {
+   public:
+    virtual ~Dialogs() = default;
+    virtual Answer ShowMessage(Form* owner, const std::string& text, int style,
+                               const std::string& title) = 0;
+    /// The text entered, or nothing when cancelled. `secret` hides what is typed.
+    virtual std::optional<std::string> AskText(Form* owner, const std::string& prompt,
+                                               const std::string& title, bool secret) = 0;
+    /// The chosen path, or nothing when cancelled.
+    virtual std::optional<std::string> ChooseFile(Form* owner, const FileRequest& request) = 0;
+};
+
+}  // namespace zv::forms

@@ -1,0 +1,56 @@
+// Plays the user at a window and looks at what the user sees. Each backend brings one; scenarios
+// and the contract tests are written against it, so they run on every backend.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/date_time.h"
+#include "forms/control.h"
+#include "forms/menu.h"
+
+namespace zv::forms {
+
+/// Every act throws DriverError when a user could not do it: the control is not visible, disabled,
+/// locked, or belongs to a window that a modal one blocks.
+class DriverError : public std::exception {
+   public:
+    explicit DriverError(std::string text) : text_(std::move(text)) {}
+    const char* what() const noexcept override { return text_.c_str(); }
+
+   private:
+    std::string text_;
+};
+
+class Driver {
+   public:
+    virtual ~Driver() = default;
+
+    virtual void Click(Control& control) = 0;
+    virtual void Choose(MenuItem& item) = 0;
+    virtual void ClickNode(Control& tree, const std::string& key) = 0;
+    virtual void RightClickNode(Control& tree, const std::string& key) = 0;
+    /// Gives the control the focus, replaces its text by typing, leaves the focus there.
+    virtual void Type(Control& control, const std::string& text) = 0;
+    virtual void Leave(Control& control) = 0;
+    virtual void Key(Control& control, int code) = 0;
+    virtual void Pick(Control& list, int position) = 0;
+    virtual void SetDate(Control& picker, const std::optional<DateTime>& value) = 0;
+    virtual void Spin(Control& upDown, int direction) = 0;
+    virtual void Tick(Control& timer) = 0;
+    virtual void MoveMouse(Control& control, int xTwips, int yTwips) = 0;
+    virtual void RightPress(Control& control) = 0;
+    virtual void SelectTab(Control& tabs, int tab) = 0;
+    virtual void SelectRow(Control& grid, int row) = 0;
+    virtual void Resize(Form& form, Size clientSize) = 0;
+    virtual void Close(Form& form) = 0;
+
+    /// A property as the user sees it ("text", "caption", "value", "nodes", "cell" with two
+    /// arguments, ...), nothing when the control has no such property.
+    virtual std::optional<std::string> Read(Control& control, const std::string& property,
+                                            const std::vector<int>& arguments) = 0;
+    virtual std::string ReadCaption(Form& form) = 0;
+};
+
+}  // namespace zv::forms

@@ -1,0 +1,131 @@
+// A window: its controls and menus, its lifecycle, and where the focus is.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/backend.h"
+#include "forms/control.h"
+#include "forms/window_system.h"
+
+namespace zv::forms {
+
+class CommandButton;
+class MenuItem;
+
+enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2 };
+
+class Form {
+   public:
+    Form(WindowSystem& windows, std::string name);
+    virtual ~Form();
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    const std::string& Name() const { return name_; }
+    WindowSystem& Windows() const { return windows_; }
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(std::string caption);
+
+    /// Runs Form_Load once.
+    void Load();
+    bool IsLoaded() const { return loaded_; }
+    /// Loads the window when that has not been done, shows it and, when modal, returns after it is
+    /// gone. Throws error 400 when shown already and modal is asked for, 401 when a modal window is
+    /// open and this one would be modeless.
+    void Show(bool modal);
+    void Hide();
+    /// Runs Form_Unload; unless that cancels, the window is gone and the object dies when the
+    /// outermost handler returns.
+    void Unload();
+    bool IsShown() const { return shown_; }
+    bool IsModal() const { return modal_; }
+
+    /// Outer place on the screen, and the size inside the frame.
+    const Rect& Bounds() const { return bounds_; }
+    void Move(const Rect& bounds);
+    void Center();
+    const Size& ClientSize() const { return clientSize_; }
+    void SetClientSize(Size size);
+    const Size& MinimumClientSize() const { return minimumClientSize_; }
+    void SetMinimumClientSize(Size size) { minimumClientSize_ = size; }
+    bool Sizable() const { return sizable_; }
+    void SetSizable(bool sizable) { sizable_ = sizable; }
+    WindowState State() const { return state_; }
+    void SetState(WindowState state);
+
+    /// In order of creation, which is the tab order.
+    const std::vector<Control*>& Controls() const { return controls_; }
+    const std::vector<MenuItem*>& Menus() const { return menus_; }  ///< all items, in creation order
+    Control* FindControl(std::string_view name, int index = -1) const;
+    MenuItem* FindMenu(std::string_view name, int index = -1) const;
+
+    Control* ActiveControl() const { return active_; }
+    /// Validates the control that has the focus, then LostFocus, then GotFocus of `target`. False
+    /// when validation kept the focus or the target cannot take it.
+    bool FocusTo(Control& target);
+    /// As the Tab key (+1) or Shift+Tab (-1) does.
+    void MoveFocus(int direction);
+    /// Called when a control was hidden or disabled: the focus moves on, without validation.
+    void FocusMayBeLost();
+
+    CommandButton* cancelButton = nullptr;   ///< pressed by Escape
+    CommandButton* defaultButton = nullptr;  ///< pressed by Enter where nothing else takes it
+
+    /// Opens a menu at a client position and returns when it is closed.
+    void PopupMenu(MenuItem& menu, int x, int y);
+    /// The last menu opened by PopupMenu; emptied by ForgetPopup.
+    const std::string& LastPopup() const { return lastPopup_; }
+    void ForgetPopup() { lastPopup_.clear(); }
+
+    /// What the user did; a backend calls these, errors are shown to the user.
+    void UserClose();
+    void UserResized(Rect bounds, Size clientSize);
+    void UserChangedState(WindowState state) { state_ = state; }
+    void UserActivated();
+    /// False: the native focus must go back to ActiveControl().
+    bool UserFocused(Control& target);
+    /// Tab, Escape and Enter where the control did not take them. True when the key was used.
+    bool UserDialogKey(const KeyEvent& event);
+
+    FormPeer* Peer() const { return peer_.get(); }
+
+   protected:
+    virtual void Form_Load() {}
+    virtual void Form_Activate() {}
+    virtual void Form_Resize() {}
+    /// `byUser`: closed by its frame.
+    virtual void Form_QueryUnload(bool& cancel, bool byUser);
+    virtual void Form_Unload(bool& cancel);
+
+   private:
+    friend class Control;
+    friend class MenuItem;
+    void Register(Control& control) { controls_.push_back(&control); }
+    void Register(MenuItem& item) { menus_.push_back(&item); }
+    void Unregister(Control& control);
+    void Activate();
+    void SetActive(Control* control);
+
+    WindowSystem& windows_;
+    std::string name_;
+    std::string caption_;
+    std::vector<Control*> controls_;
+    std::vector<MenuItem*> menus_;
+    Rect bounds_{0, 0, 640, 480};
+    Size clientSize_{640, 480};
+    Size minimumClientSize_;
+    WindowState state_ = WindowState::Normal;
+    std::string lastPopup_;
+    Control* active_ = nullptr;
+    bool sizable_ = false;
+    bool loaded_ = false;
+    bool unloading_ = false;
+    bool shown_ = false;
+    bool modal_ = false;
+    std::unique_ptr<FormPeer> peer_;
+};
+
+}  // namespace zv::forms

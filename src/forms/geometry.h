@@ -1,0 +1,25 @@
+// Places and sizes. The unit is 1/96 inch ("logical pixel") everywhere above the backends, which
+// scale it to the display; mouse positions reach handlers in twips (1/1440 inch).
+#pragma once
+
+namespace zv::forms {
+
+struct Size {
+    int width = 0;
+    int height = 0;
+    bool operator==(const Size&) const = default;
+};
+
+struct Rect {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    int Right() const { return left + width; }
+    int Bottom() const { return top + height; }
+    bool operator==(const Rect&) const = default;
+};
+
+inline constexpr int kTwipsPerUnit = 15;
+
+}  // namespace zv::forms

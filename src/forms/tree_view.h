@@ -1,0 +1,123 @@
+// A tree of nodes with keys, texts and images, made for many nodes: texts lie in one block, keys
+// are found by hashing.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/control.h"
+#include "forms/icon.h"
+
+namespace zv::forms {
+
+class TreeView : public Control {
+   public:
+    /// Stands for "no node" wherever a node id is taken or given. Ids are small numbers that hold
+    /// until the node is removed.
+    static constexpr int kNone = -1;
+
+    TreeView(Form& form, std::string name, Control* parent = nullptr, int index = -1);
+    ~TreeView() override;
+
+    /// Must outlive the control; set before nodes are added.
+    void SetImageList(const ImageList* images) { images_ = images; }
+    const ImageList* Images() const { return images_; }
+
+    /// Appends a node below `parent` (kNone: a root). Throws error 35602 when the key exists, 35601
+    /// when the image does not.
+    int Add(int parent, std::string_view key, std::string_view text, std::string_view image);
+    void Remove(int node);  ///< with everything below it
+    void Clear();
+    /// Tells the number of nodes to come, so that memory is taken once.
+    void Reserve(int nodes);
+
+    int Count() const { return count_; }
+    int Find(std::string_view key) const;   ///< kNone when there is none
+    int First() const;                      ///< the node created first
+    int FirstRoot() const { return firstRoot_; }
+    int Parent(int node) const { return At(node).parent; }
+    int FirstChild(int node) const { return At(node).firstChild; }
+    int NextSibling(int node) const { return At(node).next; }
+    int PreviousSibling(int node) const { return At(node).previous; }
+    /// The node displayed below `node` when everything is expanded.
+    int NextInOrder(int node) const;
+
+    std::string_view Key(int node) const { return View(At(node).key); }
+    std::string_view Text(int node) const { return View(At(node).text); }
+    const std::string& Image(int node) const;
+    int ImageIndex(int node) const { return At(node).image; }
+    bool Expanded(int node) const { return At(node).expanded; }
+    void SetText(int node, std::string_view text);
+    void SetImage(int node, std::string_view key);
+    void SetExpanded(int node, bool expanded);
+
+    int Selected() const { return selected_; }
+    /// From code: raises no NodeClick.
+    void Select(int node);
+
+    /// Defers the native window until the fill ends; nests.
+    class Fill {
+       public:
+        explicit Fill(TreeView& tree);
+        ~Fill();
+        Fill(const Fill&) = delete;
+        Fill& operator=(const Fill&) = delete;
+
+       private:
+        TreeView& tree_;
+    };
+
+    std::function<void(int node)> onNodeClick;
+    void UserClick(int node);                      ///< selects the node and raises NodeClick
+    void UserExpanded(int node, bool expanded);
+    /// Selects the node and raises MouseDown with the right button.
+    void UserRightClick(int node, int xTwips, int yTwips);
+
+    std::size_t MemoryBytes() const;
+
+   private:
+    struct Slice {
+        std::uint32_t begin = 0;
+        std::uint32_t length = 0;
+    };
+    struct Node {
+        Slice key;
+        Slice text;
+        int parent = kNone;
+        int firstChild = kNone;
+        int lastChild = kNone;
+        int next = kNone;
+        int previous = kNone;
+        std::int16_t image = 0;
+        bool expanded = false;
+        bool alive = false;
+    };
+    const Node& At(int node) const;
+    Node& At(int node);
+    std::string_view View(Slice slice) const {
+        return std::string_view(texts_).substr(slice.begin, slice.length);
+    }
+    Slice Store(std::string_view text);
+    int FindImage(std::string_view key);
+    std::size_t Bucket(std::string_view key) const;
+    void Rehash(std::size_t buckets);
+    void Unlink(int node);
+    void Bury(int node);
+    TreePeer* Native() const;
+
+    const ImageList* images_ = nullptr;
+    std::vector<Node> nodes_;
+    std::string texts_;
+    std::vector<int> buckets_;  ///< node id, kEmpty or kDeleted
+    int count_ = 0;
+    int firstRoot_ = kNone;
+    int lastRoot_ = kNone;
+    int selected_ = kNone;
+    int fills_ = 0;
+    int used_ = 0;  ///< buckets that are not empty
+};
+
+}  // namespace zv::forms

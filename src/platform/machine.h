@@ -1,0 +1,77 @@
+// The machine port: what the system asks of the computer it runs on, apart from windows, the
+// database and the workstation settings. platform/win32 asks the system; platform/scripted is
+// told what to answer.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/date_time.h"
+#include "store/connection_opener.h"
+
+namespace zv::platform {
+
+/// Local time.
+class Clock {
+   public:
+    virtual ~Clock() = default;
+    virtual DateTime Now() const = 0;
+    DateTime Today() const { return Now().Date(); }
+};
+
+/// The system's ANSI code page, in whose bytes text lengths are measured.
+class AnsiCodePage {
+   public:
+    virtual ~AnsiCodePage() = default;
+    /// 2 for a character that the code page writes with two bytes, otherwise 1, also for one that
+    /// it does not know (it becomes a question mark there).
+    virtual int ByteWidth(char32_t codePoint) const = 0;
+};
+
+class Shell {
+   public:
+    virtual ~Shell() = default;
+    /// Hands an address or a file to the shell's "Open" verb, never to a command line.
+    virtual void Open(const std::string& target) = 0;
+    /// Full path of the system's dialer; empty when there is none.
+    virtual std::string DialerPath() const = 0;
+    virtual void Start(const std::string& program) = 0;
+    /// Types the text into the window that has the focus.
+    virtual void SendKeys(const std::string& keys) = 0;
+};
+
+class FileSystem {
+   public:
+    virtual ~FileSystem() = default;
+    /// A file (not a folder) of that name exists.
+    virtual bool FileExists(const std::string& path) const = 0;
+    /// Folder of the control's own file, without a backslash at its end unless it is a root.
+    virtual std::string ApplicationFolder() const = 0;
+};
+
+struct ModuleStart {
+    std::string moduleName;
+    std::string heading;
+    int language = 0;
+    int startMode = 9;
+    std::string userName;
+    store::ConnectionSettings connection;
+};
+
+/// Starts other modules of the host suite.
+class ModuleRunner {
+   public:
+    virtual ~ModuleRunner() = default;
+    virtual void Run(const ModuleStart& start) = 0;
+};
+
+/// All of it, owned by whoever starts the system; outlives every window.
+struct Machine {
+    Clock& clock;
+    AnsiCodePage& codePage;
+    Shell& shell;
+    FileSystem& files;
+    ModuleRunner& modules;
+};
+
+}  // namespace zv::platform

@@ -1,0 +1,37 @@
+// The process-wide set of the control's properties, read directly by every window.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "base/date_time.h"
+
+namespace zv {
+
+struct ControlState {
+    std::int32_t myTaskID = 0;
+    std::string UserPath;
+    std::string myName;
+    std::optional<double> myDate;  ///< automation date; modes 4 and 5 read it as a done flag
+    std::string Password;
+    std::int16_t SQLData = 0;  ///< database kind: 0 or less a file, 1 or more a server
+    std::int16_t hostSQLData = 0;  ///< SQLData as the host set it, whatever the options page chose
+    std::int16_t AlertType = 0;
+    std::int16_t Language = 0;  ///< 0 Simplified, 1 Traditional
+    std::string PowerPath;
+    std::string UserName;
+    std::string ZgName;
+    std::string CompName;
+    std::string myPower;
+    std::string myModel;
+    bool Copyright = false;
+    std::string Zorvan;
+    std::string UserID;
+    std::string Default;
+    std::int16_t showMode = 0;  ///< 0 modeless, 1 modal
+    std::int32_t cardId = 0;    ///< card that the item editor and the card panel share; 0 none
+    std::string applicationTitle;
+};
+
+}  // namespace zv

@@ -1,0 +1,40 @@
+// What every window of the control works with: the control state and the ports, one set per
+// loaded control library.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "forms/window_system.h"
+#include "platform/machine.h"
+#include "resources/catalogue.h"
+#include "resources/settings.h"
+#include "session/control_state.h"
+#include "store/database.h"
+
+namespace zv {
+
+class Session {
+   public:
+    /// The ports must outlive the session; `observer` may be null.
+    Session(platform::Machine& machine, resources::SettingsStore& settings,
+            store::ConnectionOpener& opener, forms::WindowSystem& windows,
+            store::StatementObserver* observer = nullptr);
+
+    /// Catalogue text in the control's language.
+    std::string LoadText(std::int16_t id) const { return resources::LoadText(id, state.Language); }
+    /// What the opener is given.
+    store::ConnectionSettings Settings() const;
+    /// Workstation settings of application "Tarnell".
+    std::string GetSetting(std::string_view section, std::string_view key,
+                           std::string_view fallback) const;
+    void SaveSetting(std::string_view section, std::string_view key, std::string_view text);
+
+    ControlState state;
+    platform::Machine& machine;
+    resources::SettingsStore& settings;
+    forms::WindowSystem& windows;
+    store::Database database;
+};
+
+}  // namespace zv

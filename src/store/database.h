@@ -1,0 +1,55 @@
+// The shared connection and the small store operations that every window uses.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "store/connection_opener.h"
+#include "store/statement_log.h"
+
+namespace zv::store {
+
+/// One connection for the whole control, opened on demand. Database errors reach the caller as
+/// RuntimeError unless an operation says otherwise.
+class Database {
+   public:
+    /// `settings` is asked anew at each opening. `observer` may be null; both must outlive this.
+    Database(ConnectionOpener& opener, std::function<ConnectionSettings()> settings,
+             StatementObserver* observer = nullptr);
+
+    /// Opens the connection with these settings in place of the present one. Throws RuntimeError
+    /// with the opener's reason; the connection is closed then.
+    void OpenConnection(const ConnectionSettings& settings);
+    /// True at once when the connection is open; otherwise opens it. Throws like OpenConnection.
+    bool EnsureConnection();
+    bool IsOpen() const;
+    void Close();
+
+    /// Runs a statement on the open connection; answers the number of rows changed.
+    int Execute(const std::string& sql);
+    std::unique_ptr<Recordset> Open(const std::string& sql, CursorType cursor = CursorType::ForwardOnly,
+                                    LockType lock = LockType::ReadOnly);
+
+    /// "select count(*) from " table [" Where " filter]; a failure is trapped and answers -1.
+    std::int16_t CountRows(std::string_view table, std::string_view filter);
+    /// Writes the completion state of an item: 1 when the statement was sent, 0 for fID 0.
+    std::uint8_t MarkItemState(std::int16_t fID, std::int16_t state, std::string_view doneMan);
+
+    /// The character that brackets a date literal: '#' for Access, '\'' for a server.
+    void SetDateDelimiter(char delimiter) { dateDelimiter_ = delimiter; }
+    char DateDelimiter() const { return dateDelimiter_; }
+    /// "#03/07/2003#".
+    std::string DateLiteral(DateTime date) const;
+
+   private:
+    ConnectionOpener& opener_;
+    std::function<ConnectionSettings()> settings_;
+    StatementObserver* observer_;
+    std::unique_ptr<Connection> connection_;
+    char dateDelimiter_ = '#';
+};
+
+}  // namespace zv::store
