@@ -85,8 +85,8 @@ std::optional<DateTime> DateTime::Parse(std::string_view text) {
             mi > 59) {
             return std::nullopt;
         }
-        if (text.size() > 16 && (text[16] != ':' || !ReadDigits(text, 17, 2, s) || s > 59 ||
-                                 text.size() > 19)) {
+        if (text.size() > 16 &&
+            (text[16] != ':' || !ReadDigits(text, 17, 2, s) || s > 59 || text.size() > 19)) {
             return std::nullopt;
         }
     }
@@ -99,28 +99,44 @@ bool DateTime::IsValidDate(int year, int month, int day) {
 }
 
 int DateTime::DaysInMonth(int year, int month) {
-    const year_month_day_last last{std::chrono::year{year},
-                                   month_day_last{std::chrono::month{static_cast<unsigned>(month)}}};
+    const year_month_day_last last{
+        std::chrono::year{year}, month_day_last{std::chrono::month{static_cast<unsigned>(month)}}};
     return static_cast<int>(static_cast<unsigned>(last.day()));
 }
 
-int DateTime::Year() const { return static_cast<int>(Civil(seconds_).year()); }
+int DateTime::Year() const {
+    return static_cast<int>(Civil(seconds_).year());
+}
 int DateTime::Month() const {
     return static_cast<int>(static_cast<unsigned>(Civil(seconds_).month()));
 }
-int DateTime::Day() const { return static_cast<int>(static_cast<unsigned>(Civil(seconds_).day())); }
-int DateTime::Hour() const { return SecondOfDay(seconds_) / 3600; }
-int DateTime::Minute() const { return SecondOfDay(seconds_) / 60 % 60; }
-int DateTime::Second() const { return SecondOfDay(seconds_) % 60; }
+int DateTime::Day() const {
+    return static_cast<int>(static_cast<unsigned>(Civil(seconds_).day()));
+}
+int DateTime::Hour() const {
+    return SecondOfDay(seconds_) / 3600;
+}
+int DateTime::Minute() const {
+    return SecondOfDay(seconds_) / 60 % 60;
+}
+int DateTime::Second() const {
+    return SecondOfDay(seconds_) % 60;
+}
 
 int DateTime::Weekday() const {
     return static_cast<int>(weekday{kDayZero + days{FloorDay(seconds_)}}.c_encoding()) + 1;
 }
 
-DateTime DateTime::Date() const { return DateTime(FloorDay(seconds_) * kSecondsPerDay); }
+DateTime DateTime::Date() const {
+    return DateTime(FloorDay(seconds_) * kSecondsPerDay);
+}
 
-std::string DateTime::IsoDate() const { return Print("%04d-%02d-%02d", Year(), Month(), Day()); }
-std::string DateTime::UsDate() const { return Print("%02d/%02d/%04d", Month(), Day(), Year()); }
+std::string DateTime::IsoDate() const {
+    return Print("%04d-%02d-%02d", Year(), Month(), Day());
+}
+std::string DateTime::UsDate() const {
+    return Print("%02d/%02d/%04d", Month(), Day(), Year());
+}
 std::string DateTime::IsoDateTime() const {
     return IsoDate() + Print(" %02d:%02d:%02d", Hour(), Minute(), Second());
 }

@@ -11,7 +11,7 @@ namespace zv {
 
 /// Seconds since 1899-12-30 00:00:00, the day that automation dates count from. Years 100 to 9999.
 class DateTime {
-   public:
+ public:
     constexpr DateTime() = default;
     constexpr explicit DateTime(std::int64_t seconds) : seconds_(seconds) {}
     /// Month 1..12, day 1..31; throws error 5 when there is no such date or time.
@@ -41,15 +41,15 @@ class DateTime {
     DateTime AddSeconds(std::int64_t seconds) const { return DateTime(seconds_ + seconds); }
     std::int64_t Seconds() const { return seconds_; }
 
-    std::string IsoDate() const;          ///< "2003-03-07"
-    std::string UsDate() const;           ///< "03/07/2003", the form of date literals
-    std::string IsoDateTime() const;      ///< "2003-03-07 10:00:00", the form of stored dates
+    std::string IsoDate() const;      ///< "2003-03-07"
+    std::string UsDate() const;       ///< "03/07/2003", the form of date literals
+    std::string IsoDateTime() const;  ///< "2003-03-07 10:00:00", the form of stored dates
     /// "2003-03-07" at midnight, "2003-03-07T10:00:00" otherwise.
     std::string ShortIso() const;
 
     auto operator<=>(const DateTime&) const = default;
 
-   private:
+ private:
     std::int64_t seconds_ = 0;
 };
 

@@ -38,7 +38,7 @@ enum class ErrorNumber : std::int32_t {
 /// An error that a user or a host is told of. Without a text of its own it takes the catalogue's
 /// text for its number (resources/error_texts.h).
 class RuntimeError : public std::exception {
-   public:
+ public:
     explicit RuntimeError(ErrorNumber number, std::string text = {}, std::string source = {})
         : number_(number), text_(std::move(text)), source_(std::move(source)) {}
 
@@ -49,7 +49,7 @@ class RuntimeError : public std::exception {
     const std::string& Source() const { return source_; }
     const char* what() const noexcept override { return text_.c_str(); }
 
-   private:
+ private:
     ErrorNumber number_;
     std::string text_;
     std::string source_;

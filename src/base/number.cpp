@@ -10,7 +10,9 @@
 namespace zv::number {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Length of the longest number at the start of `text`, which holds no blanks.
 std::size_t NumberLength(std::string_view text) {
@@ -19,8 +21,10 @@ std::size_t NumberLength(std::string_view text) {
     std::size_t digits = 0;
     bool point = false;
     while (at < text.size() && (IsDigit(text[at]) || (text[at] == '.' && !point))) {
-        if (text[at] == '.') point = true;
-        else digits++;
+        if (text[at] == '.')
+            point = true;
+        else
+            digits++;
         at++;
     }
     if (digits == 0) return 0;
@@ -92,11 +96,23 @@ std::optional<double> Parse(std::string_view text) {
     return Convert(plain);
 }
 
-std::int16_t ToInt16(double value) { return Round<std::int16_t>(value); }
-std::int32_t ToInt32(double value) { return Round<std::int32_t>(value); }
-std::int16_t ToInt16(std::string_view text) { return ToInt16(ParseOrThrow(text)); }
-std::int32_t ToInt32(std::string_view text) { return ToInt32(ParseOrThrow(text)); }
-std::int16_t Add16(int a, int b) { return ToInt16(static_cast<double>(a) + b); }
-std::int16_t Multiply16(int a, int b) { return ToInt16(static_cast<double>(a) * b); }
+std::int16_t ToInt16(double value) {
+    return Round<std::int16_t>(value);
+}
+std::int32_t ToInt32(double value) {
+    return Round<std::int32_t>(value);
+}
+std::int16_t ToInt16(std::string_view text) {
+    return ToInt16(ParseOrThrow(text));
+}
+std::int32_t ToInt32(std::string_view text) {
+    return ToInt32(ParseOrThrow(text));
+}
+std::int16_t Add16(int a, int b) {
+    return ToInt16(static_cast<double>(a) + b);
+}
+std::int16_t Multiply16(int a, int b) {
+    return ToInt16(static_cast<double>(a) * b);
+}
 
 }  // namespace zv::number

@@ -13,7 +13,9 @@ double Val(std::string_view text);
 
 /// The whole text as a number (blanks around it allowed, thousands commas too); nothing otherwise.
 std::optional<double> Parse(std::string_view text);
-inline bool IsNumeric(std::string_view text) { return Parse(text).has_value(); }
+inline bool IsNumeric(std::string_view text) {
+    return Parse(text).has_value();
+}
 
 /// Rounded to nearest, halves to even. Throws error 6 when out of range.
 std::int16_t ToInt16(double value);

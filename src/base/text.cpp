@@ -5,8 +5,12 @@
 namespace zv::text {
 namespace {
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
-char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+char LowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+char UpperAscii(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+}
 
 std::string MapAscii(std::string_view text, char (*map)(char)) {
     std::string result(text);
@@ -14,7 +18,9 @@ std::string MapAscii(std::string_view text, char (*map)(char)) {
     return result;
 }
 
-std::size_t UnitsOf(char32_t codePoint) { return codePoint >= 0x10000 ? 2 : 1; }
+std::size_t UnitsOf(char32_t codePoint) {
+    return codePoint >= 0x10000 ? 2 : 1;
+}
 
 // Byte position behind the first `units` UTF-16 units; stops before a pair that would be split.
 std::size_t ByteOfUnit(std::string_view text, std::size_t units) {
@@ -42,8 +48,12 @@ std::string_view Trim(std::string_view text) {
     return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
 }
 
-std::string ToLower(std::string_view text) { return MapAscii(text, LowerAscii); }
-std::string ToUpper(std::string_view text) { return MapAscii(text, UpperAscii); }
+std::string ToLower(std::string_view text) {
+    return MapAscii(text, LowerAscii);
+}
+std::string ToUpper(std::string_view text) {
+    return MapAscii(text, UpperAscii);
+}
 
 bool EqualsIgnoreCase(std::string_view a, std::string_view b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
@@ -110,7 +120,8 @@ char32_t NextCodePoint(std::string_view text, std::size_t& position) {
     if (trail == 0 || lead >= 0xF8) return kBroken;
     char32_t codePoint = lead & (0x3Fu >> trail);
     for (int i = 0; i < trail; i++) {
-        if (position >= text.size() || (static_cast<unsigned char>(text[position]) & 0xC0) != 0x80) {
+        if (position >= text.size() ||
+            (static_cast<unsigned char>(text[position]) & 0xC0) != 0x80) {
             return kBroken;
         }
         codePoint = codePoint << 6 | (static_cast<unsigned char>(text[position++]) & 0x3Fu);

@@ -11,7 +11,7 @@ namespace zv {
 using BagValue = std::variant<std::int16_t, bool, std::string>;
 
 class PropertyBag {
-   public:
+ public:
     virtual ~PropertyBag() = default;
     /// The stored value in the type of `fallback`, or `fallback` when the key is absent. Keys
     /// compare without regard to case. Throws error 13 or 6 when the stored value cannot be

@@ -15,7 +15,7 @@ class frmTaskMain;
 }
 
 class ZvTask {
-   public:
+ public:
     /// Several controls of one process share the session and with it the windows.
     explicit ZvTask(Session& session);
     ~ZvTask();
@@ -37,7 +37,7 @@ class ZvTask {
     ControlState& State() { return session_.state; }
     Session& GetSession() { return session_; }
 
-   private:
+ private:
     Session& session_;
 };
 

@@ -20,13 +20,13 @@ class MenuItem;
 /// What changed in a control's state.
 enum class Aspect {
     Bounds,
-    Visible,   ///< of the control itself, its page or a parent
+    Visible,  ///< of the control itself, its page or a parent
     Enabled,
-    Caption,   ///< caption or accessible name
-    Text,      ///< text, also of a combo box's entry field
-    Value,     ///< check, option, date, tab
-    Items,     ///< entries, rows or columns as a whole
-    Selection, ///< list index, tree selection, selected text
+    Caption,    ///< caption or accessible name
+    Text,       ///< text, also of a combo box's entry field
+    Value,      ///< check, option, date, tab
+    Items,      ///< entries, rows or columns as a whole
+    Selection,  ///< list index, tree selection, selected text
     Locked,
     MaxLength,
     Image,
@@ -35,7 +35,7 @@ enum class Aspect {
 };
 
 class ControlPeer {
-   public:
+ public:
     virtual ~ControlPeer() = default;
     virtual void Changed(Aspect aspect) = 0;
     virtual void TakeFocus() = 0;
@@ -43,7 +43,7 @@ class ControlPeer {
 
 /// Nodes are told apart by the ids of TreeView.
 class TreePeer : public ControlPeer {
-   public:
+ public:
     virtual void NodeAdded(int node) = 0;
     virtual void NodeRemoved(int node) = 0;
     virtual void NodeChanged(int node) = 0;  ///< text, image or expansion
@@ -54,7 +54,7 @@ class TreePeer : public ControlPeer {
 };
 
 class FormPeer {
-   public:
+ public:
     virtual ~FormPeer() = default;  ///< destroys the native window
     virtual void Show() = 0;
     virtual void Hide() = 0;
@@ -68,7 +68,7 @@ class FormPeer {
 };
 
 class Backend {
-   public:
+ public:
     virtual ~Backend() = default;
     /// Builds the native window of a form and all its controls, not shown yet, and attaches the
     /// peers to the controls.

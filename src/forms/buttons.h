@@ -10,7 +10,7 @@
 namespace zv::forms {
 
 class CommandButton : public Control {
-   public:
+ public:
     CommandButton(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::CommandButton, std::move(name), parent, index) {
         SetTabStop(true);
@@ -20,12 +20,12 @@ class CommandButton : public Control {
     std::function<void()> onClick;
     void UserClick();
 
-   private:
+ private:
     std::string caption_;
 };
 
 class CheckBox : public Control {
-   public:
+ public:
     CheckBox(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::CheckBox, std::move(name), parent, index) {
         SetTabStop(true);
@@ -40,14 +40,14 @@ class CheckBox : public Control {
     std::function<void()> onClick;
     void UserClick();
 
-   private:
+ private:
     std::string caption_;
     int value_ = 0;
 };
 
 /// One of a group: the option buttons of one parent.
 class OptionButton : public Control {
-   public:
+ public:
     OptionButton(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::OptionButton, std::move(name), parent, index) {
         SetTabStop(true);
@@ -61,7 +61,7 @@ class OptionButton : public Control {
     std::function<void()> onClick;
     void UserClick();
 
-   private:
+ private:
     std::string caption_;
     bool value_ = false;
 };

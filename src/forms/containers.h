@@ -12,26 +12,26 @@ namespace zv::forms {
 
 /// A part of a window without a frame; what stands outside it is not drawn.
 class Panel : public Control {
-   public:
+ public:
     Panel(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::Panel, std::move(name), parent, index) {}
 };
 
 /// A part of a window with a line around it and a caption in the line.
 class Frame : public Control {
-   public:
+ public:
     Frame(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::Frame, std::move(name), parent, index) {}
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
 
-   private:
+ private:
     std::string caption_;
 };
 
 /// Tabs, each with a page of controls, one of them in front.
 class TabPanel : public Control {
-   public:
+ public:
     /// Pages are panels named like this control with "_" and their position.
     TabPanel(Form& form, std::string name, Control* parent, int tabs, int index = -1);
     int Tabs() const { return static_cast<int>(pages_.size()); }
@@ -51,10 +51,10 @@ class TabPanel : public Control {
     static constexpr int kMargin = 4;
     Rect PageBounds() const;
 
-   protected:
+ protected:
     bool ShowsChild(const Control& child) const override;
 
-   private:
+ private:
     std::vector<std::unique_ptr<Panel>> pages_;
     std::vector<std::string> captions_;
     int tab_ = 0;

@@ -37,12 +37,26 @@ struct MouseEvent {
 };
 
 enum class ControlKind {
-    Label, TextBox, ComboBox, CheckBox, OptionButton, CommandButton, DatePicker, UpDown,
-    TabPanel, Panel, Frame, TreeView, ListBox, Grid, Picture, Timer,
+    Label,
+    TextBox,
+    ComboBox,
+    CheckBox,
+    OptionButton,
+    CommandButton,
+    DatePicker,
+    UpDown,
+    TabPanel,
+    Panel,
+    Frame,
+    TreeView,
+    ListBox,
+    Grid,
+    Picture,
+    Timer,
 };
 
 class Control {
-   public:
+ public:
     /// `parent` null: directly on the form. `index` -1: not an element of a control array.
     Control(Form& form, ControlKind kind, std::string name, Control* parent, int index);
     virtual ~Control();
@@ -97,14 +111,14 @@ class Control {
     void DetachPeer() { peer_.reset(); }
     ControlPeer* Peer() const { return peer_.get(); }
 
-   protected:
+ protected:
     /// Whether children of this container are shown now; a tab page answers for its tab.
     virtual bool ShowsChild(const Control&) const { return true; }
     void Notify(Aspect aspect);
     void FromUser(const std::function<void()>& handler);
     void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
 
-   private:
+ private:
     Form& form_;
     ControlKind kind_;
     std::string name_;
@@ -121,7 +135,7 @@ class Control {
 /// Controls of one name told apart by an index.
 template <typename T>
 class ControlArray {
-   public:
+ public:
     /// Elements `first` to `first + count - 1`; `args` go to each constructor before the index.
     template <typename... Args>
     ControlArray(Form& form, const std::string& name, Control* parent, int count, int first = 0,
@@ -138,7 +152,7 @@ class ControlArray {
     int First() const { return first_; }
     int Count() const { return static_cast<int>(items_.size()); }
 
-   private:
+ private:
     int first_;
     std::vector<std::unique_ptr<T>> items_;
 };

@@ -16,7 +16,7 @@ enum class DateFormat {
 };
 
 class DatePicker : public Control {
-   public:
+ public:
     /// Years that a picker can hold.
     static constexpr int kFirstYear = 1601;
     static constexpr int kLastYear = 9999;
@@ -42,7 +42,7 @@ class DatePicker : public Control {
     /// The user chose a day in the calendar: the time of day stays.
     void UserPickDay(DateTime day);
 
-   private:
+ private:
     std::optional<DateTime> value_ = DateTime();
     bool mayBeEmpty_ = false;
     DateFormat format_ = DateFormat::Date;

@@ -21,8 +21,8 @@ inline constexpr int kInformation = 64;
 enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 struct FileRequest {
-    static constexpr int kFileMustExist = 4100;     ///< must exist, hide read-only
-    static constexpr int kPromptToCreate = 10244;   ///< path must exist, ask to create
+    static constexpr int kFileMustExist = 4100;    ///< must exist, hide read-only
+    static constexpr int kPromptToCreate = 10244;  ///< path must exist, ask to create
     int flags = kFileMustExist;
     std::string filter;  ///< "description|pattern", further pairs behind another "|"
     std::string initialFile;
@@ -34,7 +34,7 @@ class Form;
 
 /// The port behind which the boxes stand. `owner` may be null.
 class Dialogs {
-   public:
+ public:
     virtual ~Dialogs() = default;
     virtual Answer ShowMessage(Form* owner, const std::string& text, int style,
                                const std::string& title) = 0;

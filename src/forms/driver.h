@@ -15,16 +15,16 @@ namespace zv::forms {
 /// Every act throws DriverError when a user could not do it: the control is not visible, disabled,
 /// locked, or belongs to a window that a modal one blocks.
 class DriverError : public std::exception {
-   public:
+ public:
     explicit DriverError(std::string text) : text_(std::move(text)) {}
     const char* what() const noexcept override { return text_.c_str(); }
 
-   private:
+ private:
     std::string text_;
 };
 
 class Driver {
-   public:
+ public:
     virtual ~Driver() = default;
 
     virtual void Click(Control& control) = 0;

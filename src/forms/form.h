@@ -18,7 +18,7 @@ class MenuItem;
 enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2 };
 
 class Form {
-   public:
+ public:
     Form(WindowSystem& windows, std::string name);
     virtual ~Form();
     Form(const Form&) = delete;
@@ -58,7 +58,9 @@ class Form {
 
     /// In order of creation, which is the tab order.
     const std::vector<Control*>& Controls() const { return controls_; }
-    const std::vector<MenuItem*>& Menus() const { return menus_; }  ///< all items, in creation order
+    const std::vector<MenuItem*>& Menus() const {
+        return menus_;
+    }  ///< all items, in creation order
     Control* FindControl(std::string_view name, int index = -1) const;
     MenuItem* FindMenu(std::string_view name, int index = -1) const;
 
@@ -92,7 +94,7 @@ class Form {
 
     FormPeer* Peer() const { return peer_.get(); }
 
-   protected:
+ protected:
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Resize() {}
@@ -100,7 +102,7 @@ class Form {
     virtual void Form_QueryUnload(bool& cancel, bool byUser);
     virtual void Form_Unload(bool& cancel);
 
-   private:
+ private:
     friend class Control;
     friend class MenuItem;
     void Register(Control& control) { controls_.push_back(&control); }

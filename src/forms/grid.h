@@ -10,7 +10,7 @@ namespace zv::forms {
 
 /// A read-only grid of texts: data rows and columns are counted from 1, the heading is separate.
 class Grid : public Control {
-   public:
+ public:
     struct Column {
         std::string heading;
         int width = 80;
@@ -36,7 +36,7 @@ class Grid : public Control {
     std::function<void()> onSelect;
     void UserSelect(int row);
 
-   private:
+ private:
     void Check(int row, int column) const;
 
     std::vector<Column> columns_;

@@ -32,17 +32,19 @@ std::vector<std::uint32_t> Rasterize(const Icon& icon, int size);
 
 /// Icons by key, in the order added.
 class ImageList {
-   public:
+ public:
     void Add(std::string key, Icon icon);
     int Count() const { return static_cast<int>(icons_.size()); }
-    const Icon& At(int position) const { return icons_.at(static_cast<std::size_t>(position)).second; }
+    const Icon& At(int position) const {
+        return icons_.at(static_cast<std::size_t>(position)).second;
+    }
     const std::string& Key(int position) const {
         return icons_.at(static_cast<std::size_t>(position)).first;
     }
     /// Throws error 35601 for an unknown key.
     int Find(std::string_view key) const;
 
-   private:
+ private:
     std::vector<std::pair<std::string, Icon>> icons_;
 };
 

@@ -11,7 +11,7 @@ namespace zv::forms {
 
 /// Entries and the position of the selected one, -1 none.
 class ListControl : public Control {
-   public:
+ public:
     int ListCount() const { return static_cast<int>(items_.size()); }
     /// Throws error 5 for a position without an entry.
     const std::string& List(int position) const;
@@ -27,18 +27,18 @@ class ListControl : public Control {
     std::function<void()> onClick;
     void UserPick(int position);
 
-   protected:
+ protected:
     using Control::Control;
     virtual void OnIndexChanged() {}
     void SetIndexOnly(int position) { listIndex_ = position; }
 
-   private:
+ private:
     std::vector<std::string> items_;
     int listIndex_ = -1;
 };
 
 class ListBox : public ListControl {
-   public:
+ public:
     ListBox(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : ListControl(form, ControlKind::ListBox, std::move(name), parent, index) {
         SetTabStop(true);
@@ -55,7 +55,7 @@ enum class ComboStyle {
 };
 
 class ComboBox : public ListControl {
-   public:
+ public:
     ComboBox(Form& form, std::string name, Control* parent, ComboStyle style, int index = -1)
         : ListControl(form, ControlKind::ComboBox, std::move(name), parent, index), style_(style) {
         SetTabStop(true);
@@ -74,10 +74,10 @@ class ComboBox : public ListControl {
     std::function<void()> onChange;
     void UserText(std::string text);
 
-   protected:
+ protected:
     void OnIndexChanged() override;
 
-   private:
+ private:
     ComboStyle style_;
     std::string text_;
     bool locked_ = false;

@@ -10,7 +10,7 @@ namespace zv::forms {
 class Form;
 
 class MenuItem {
-   public:
+ public:
     /// A root when `parent` is null. A caption "-" is a separator line.
     MenuItem(Form& form, std::string name, MenuItem* parent, std::string caption = {},
              int index = -1);
@@ -38,7 +38,7 @@ class MenuItem {
     std::function<void()> onClick;
     void UserChosen();
 
-   private:
+ private:
     void Notify();
 
     Form& form_;

@@ -9,13 +9,13 @@ namespace zv::forms {
 
 /// Shows an icon, as large as it fits.
 class Picture : public Control {
-   public:
+ public:
     Picture(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::Picture, std::move(name), parent, index) {}
     const Icon& Image() const { return image_; }
     void SetImage(Icon image);
 
-   private:
+ private:
     Icon image_;
 };
 

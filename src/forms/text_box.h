@@ -9,7 +9,7 @@ namespace zv::forms {
 
 /// A box of text; several lines are separated by "\r\n".
 class TextBox : public Control {
-   public:
+ public:
     TextBox(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::TextBox, std::move(name), parent, index) {
         SetTabStop(true);
@@ -41,7 +41,7 @@ class TextBox : public Control {
         selLength_ = length;
     }
 
-   private:
+ private:
     std::string Cut(std::string text) const;
 
     std::string text_;

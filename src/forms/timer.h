@@ -9,7 +9,7 @@ namespace zv::forms {
 
 /// Ticks on the user-interface thread while it is enabled and its window is realized.
 class Timer : public Control {
-   public:
+ public:
     Timer(Form& form, std::string name, int intervalMs)
         : Control(form, ControlKind::Timer, std::move(name), nullptr, -1), interval_(intervalMs) {}
     bool Running() const { return running_; }
@@ -19,7 +19,7 @@ class Timer : public Control {
     std::function<void()> onTimer;
     void UserTick();
 
-   private:
+ private:
     int interval_;
     bool running_ = false;
 };

@@ -14,7 +14,7 @@
 namespace zv::forms {
 
 class TreeView : public Control {
-   public:
+ public:
     /// Stands for "no node" wherever a node id is taken or given. Ids are small numbers that hold
     /// until the node is removed.
     static constexpr int kNone = -1;
@@ -35,8 +35,8 @@ class TreeView : public Control {
     void Reserve(int nodes);
 
     int Count() const { return count_; }
-    int Find(std::string_view key) const;   ///< kNone when there is none
-    int First() const;                      ///< the node created first
+    int Find(std::string_view key) const;  ///< kNone when there is none
+    int First() const;                     ///< the node created first
     int FirstRoot() const { return firstRoot_; }
     int Parent(int node) const { return At(node).parent; }
     int FirstChild(int node) const { return At(node).firstChild; }
@@ -60,25 +60,25 @@ class TreeView : public Control {
 
     /// Defers the native window until the fill ends; nests.
     class Fill {
-       public:
+     public:
         explicit Fill(TreeView& tree);
         ~Fill();
         Fill(const Fill&) = delete;
         Fill& operator=(const Fill&) = delete;
 
-       private:
+     private:
         TreeView& tree_;
     };
 
     std::function<void(int node)> onNodeClick;
-    void UserClick(int node);                      ///< selects the node and raises NodeClick
+    void UserClick(int node);  ///< selects the node and raises NodeClick
     void UserExpanded(int node, bool expanded);
     /// Selects the node and raises MouseDown with the right button.
     void UserRightClick(int node, int xTwips, int yTwips);
 
     std::size_t MemoryBytes() const;
 
-   private:
+ private:
     struct Slice {
         std::uint32_t begin = 0;
         std::uint32_t length = 0;

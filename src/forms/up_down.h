@@ -9,7 +9,7 @@ namespace zv::forms {
 
 /// Two small buttons; what they count is their window's business.
 class UpDown : public Control {
-   public:
+ public:
     UpDown(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::UpDown, std::move(name), parent, index) {}
     std::function<void()> onUpClick;

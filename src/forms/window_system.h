@@ -17,7 +17,7 @@ namespace zv::forms {
 class Form;
 
 class WindowSystem {
-   public:
+ public:
     explicit WindowSystem(Backend& backend);
     ~WindowSystem();
     WindowSystem(const WindowSystem&) = delete;
@@ -58,7 +58,7 @@ class WindowSystem {
     /// Text that a user reads of an error.
     std::function<std::string(const RuntimeError&)> describeError;
 
-   private:
+ private:
     friend class Form;
     class Scope;
     void Adopt(std::unique_ptr<Form> form);

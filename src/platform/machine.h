@@ -13,7 +13,7 @@ namespace zv::platform {
 
 /// Local time.
 class Clock {
-   public:
+ public:
     virtual ~Clock() = default;
     virtual DateTime Now() const = 0;
     DateTime Today() const { return Now().Date(); }
@@ -21,7 +21,7 @@ class Clock {
 
 /// The system's ANSI code page, in whose bytes text lengths are measured.
 class AnsiCodePage {
-   public:
+ public:
     virtual ~AnsiCodePage() = default;
     /// 2 for a character that the code page writes with two bytes, otherwise 1, also for one that
     /// it does not know (it becomes a question mark there).
@@ -29,7 +29,7 @@ class AnsiCodePage {
 };
 
 class Shell {
-   public:
+ public:
     virtual ~Shell() = default;
     /// Hands an address or a file to the shell's "Open" verb, never to a command line.
     virtual void Open(const std::string& target) = 0;
@@ -41,7 +41,7 @@ class Shell {
 };
 
 class FileSystem {
-   public:
+ public:
     virtual ~FileSystem() = default;
     /// A file (not a folder) of that name exists.
     virtual bool FileExists(const std::string& path) const = 0;
@@ -60,7 +60,7 @@ struct ModuleStart {
 
 /// Starts other modules of the host suite.
 class ModuleRunner {
-   public:
+ public:
     virtual ~ModuleRunner() = default;
     virtual void Run(const ModuleStart& start) = 0;
 };

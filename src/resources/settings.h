@@ -11,7 +11,7 @@ inline constexpr std::string_view kTaskSection = "zvTask";
 inline constexpr std::string_view kSuiteSection = "zv2000";
 
 class SettingsStore {
-   public:
+ public:
     virtual ~SettingsStore() = default;
     /// The stored text, or `fallback` when there is none.
     virtual std::string Get(std::string_view application, std::string_view section,

@@ -15,7 +15,7 @@ struct ControlState {
     std::string myName;
     std::optional<double> myDate;  ///< automation date; modes 4 and 5 read it as a done flag
     std::string Password;
-    std::int16_t SQLData = 0;  ///< database kind: 0 or less a file, 1 or more a server
+    std::int16_t SQLData = 0;      ///< database kind: 0 or less a file, 1 or more a server
     std::int16_t hostSQLData = 0;  ///< SQLData as the host set it, whatever the options page chose
     std::int16_t AlertType = 0;
     std::int16_t Language = 0;  ///< 0 Simplified, 1 Traditional

@@ -15,7 +15,7 @@
 namespace zv {
 
 class Session {
-   public:
+ public:
     /// The ports must outlive the session; `observer` may be null.
     Session(platform::Machine& machine, resources::SettingsStore& settings,
             store::ConnectionOpener& opener, forms::WindowSystem& windows,

@@ -17,7 +17,7 @@ enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3, BatchOptimi
 /// Rows of an opened statement, one of them current. Every operation throws RuntimeError: the
 /// database's own number and text, 3021 without a current row, 3704 when closed.
 class Recordset {
-   public:
+ public:
     virtual ~Recordset() = default;
 
     virtual bool Eof() const = 0;
@@ -41,7 +41,7 @@ class Recordset {
 };
 
 class Connection {
-   public:
+ public:
     static constexpr int kStateClosed = 0;
     static constexpr int kStateOpen = 1;
 

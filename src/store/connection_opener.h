@@ -18,7 +18,7 @@ struct ConnectionSettings {
 };
 
 class ConnectionOpener {
-   public:
+ public:
     virtual ~ConnectionOpener() = default;
     /// The opened connection, never null. Throws RuntimeError with the reason when it cannot be
     /// opened; never creates a file.

@@ -15,7 +15,7 @@ namespace zv::store {
 /// One connection for the whole control, opened on demand. Database errors reach the caller as
 /// RuntimeError unless an operation says otherwise.
 class Database {
-   public:
+ public:
     /// `settings` is asked anew at each opening. `observer` may be null; both must outlive this.
     Database(ConnectionOpener& opener, std::function<ConnectionSettings()> settings,
              StatementObserver* observer = nullptr);
@@ -30,7 +30,8 @@ class Database {
 
     /// Runs a statement on the open connection; answers the number of rows changed.
     int Execute(const std::string& sql);
-    std::unique_ptr<Recordset> Open(const std::string& sql, CursorType cursor = CursorType::ForwardOnly,
+    std::unique_ptr<Recordset> Open(const std::string& sql,
+                                    CursorType cursor = CursorType::ForwardOnly,
                                     LockType lock = LockType::ReadOnly);
 
     /// "select count(*) from " table [" Where " filter]; a failure is trapped and answers -1.
@@ -44,7 +45,7 @@ class Database {
     /// "#03/07/2003#".
     std::string DateLiteral(DateTime date) const;
 
-   private:
+ private:
     ConnectionOpener& opener_;
     std::function<ConnectionSettings()> settings_;
     StatementObserver* observer_;

@@ -11,7 +11,7 @@
 namespace zv::store {
 
 class StatementObserver {
-   public:
+ public:
     virtual ~StatementObserver() = default;
     /// A statement handed to Execute or Open, exactly as sent. May throw, which fails it.
     virtual void OnStatement(const std::string& sql) = 0;

@@ -12,7 +12,7 @@ namespace zv::store {
 
 /// Null, a whole number, a real number, a text (UTF-8) or a date.
 class Value {
-   public:
+ public:
     Value() = default;
     Value(std::int64_t number) : data_(number) {}
     Value(std::int32_t number) : data_(std::int64_t{number}) {}
@@ -42,7 +42,7 @@ class Value {
     }
     bool operator==(const Value&) const = default;
 
-   private:
+ private:
     std::variant<std::monostate, std::int64_t, double, std::string, DateTime> data_;
 };
 

@@ -1,0 +1,62 @@
+#include "forms/buttons.h"
+
+#include "base/errors.h"
+#include "forms/form.h"
+
+namespace zv::forms {
+
+void CommandButton::SetCaption(std::string caption) {
+    caption_ = std::move(caption);
+    Notify(Aspect::Caption);
+}
+
+void CommandButton::UserClick() {
+    if (!onClick) return;
+    FromUser([this] { onClick(); });
+}
+
+void CheckBox::SetCaption(std::string caption) {
+    caption_ = std::move(caption);
+    Notify(Aspect::Caption);
+}
+
+void CheckBox::SetValue(int value) {
+    if (value != 0 && value != 1) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    if (value == value_) return;
+    value_ = value;
+    Notify(Aspect::Value);
+    if (onClick) onClick();
+}
+
+void CheckBox::UserClick() {
+    FromUser([this] { SetValue(1 - value_); });
+}
+
+void OptionButton::SetCaption(std::string caption) {
+    caption_ = std::move(caption);
+    Notify(Aspect::Caption);
+}
+
+void OptionButton::SetValue(bool value) {
+    if (value == value_) return;
+    value_ = value;
+    Notify(Aspect::Value);
+    if (!value) return;
+    for (Control* control : Owner().Controls()) {
+        if (control == this || control->Kind() != ControlKind::OptionButton ||
+            control->Parent() != Parent()) {
+            continue;
+        }
+        auto& other = static_cast<OptionButton&>(*control);
+        if (!other.value_) continue;
+        other.value_ = false;
+        other.Notify(Aspect::Value);
+    }
+    if (onClick) onClick();
+}
+
+void OptionButton::UserClick() {
+    FromUser([this] { SetValue(true); });
+}
+
+}  // namespace zv::forms

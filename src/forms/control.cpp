@@ -1,0 +1,93 @@
+#include "forms/control.h"
+
+#include "forms/form.h"
+
+namespace zv::forms {
+
+Control::Control(Form& form, ControlKind kind, std::string name, Control* parent, int index)
+    : form_(form), kind_(kind), name_(std::move(name)), parent_(parent), index_(index) {
+    form_.Register(*this);
+}
+
+Control::~Control() {
+    form_.Unregister(*this);
+}
+
+bool Control::Visible() const {
+    if (!visible_ || !form_.IsShown()) return false;
+    const Control* child = this;
+    for (const Control* parent = parent_; parent; child = parent, parent = parent->parent_) {
+        if (!parent->visible_ || !parent->ShowsChild(*child)) return false;
+    }
+    return true;
+}
+
+void Control::SetVisible(bool visible) {
+    if (visible == visible_) return;
+    visible_ = visible;
+    Notify(Aspect::Visible);
+    if (!visible) form_.FocusMayBeLost();
+}
+
+void Control::SetEnabled(bool enabled) {
+    if (enabled == enabled_) return;
+    enabled_ = enabled;
+    Notify(Aspect::Enabled);
+    if (!enabled) form_.FocusMayBeLost();
+}
+
+bool Control::CanInteract() const {
+    if (!Visible()) return false;
+    for (const Control* control = this; control; control = control->parent_) {
+        if (!control->enabled_) return false;
+    }
+    return true;
+}
+
+void Control::Move(const Rect& bounds) {
+    if (bounds == bounds_) return;
+    bounds_ = bounds;
+    Notify(Aspect::Bounds);
+}
+
+void Control::SetFocus() {
+    form_.FocusTo(*this);
+}
+
+bool Control::HasFocus() const {
+    return form_.ActiveControl() == this;
+}
+
+void Control::SetAccessibleName(std::string name) {
+    accessibleName_ = std::move(name);
+    Notify(Aspect::Caption);
+}
+
+void Control::UserKeyDown(KeyEvent& event) {
+    if (!onKeyDown) return;
+    FromUser([&] { onKeyDown(event); });
+}
+
+void Control::UserMouseMove(const MouseEvent& event) {
+    if (!onMouseMove) return;
+    FromUser([&] { onMouseMove(event); });
+}
+
+void Control::UserMouseDown(const MouseEvent& event) {
+    if (!onMouseDown) return;
+    FromUser([&] { onMouseDown(event); });
+}
+
+void Control::AttachPeer(std::unique_ptr<ControlPeer> peer) {
+    peer_ = std::move(peer);
+}
+
+void Control::Notify(Aspect aspect) {
+    if (peer_) peer_->Changed(aspect);
+}
+
+void Control::FromUser(const std::function<void()>& handler) {
+    form_.Windows().FromUser(handler);
+}
+
+}  // namespace zv::forms

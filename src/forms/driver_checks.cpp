@@ -1,0 +1,174 @@
+#include "forms/driver_checks.h"
+
+#include "base/errors.h"
+#include "forms/buttons.h"
+#include "forms/containers.h"
+#include "forms/date_picker.h"
+#include "forms/form.h"
+#include "forms/grid.h"
+#include "forms/label.h"
+#include "forms/lists.h"
+#include "forms/menu.h"
+#include "forms/text_box.h"
+#include "forms/timer.h"
+
+namespace zv::forms {
+namespace {
+
+using Text = std::optional<std::string>;
+
+std::string Truth(bool value) {
+    return value ? "true" : "false";
+}
+
+std::string NodeLines(const TreeView& tree) {
+    std::string lines;
+    for (int node = tree.FirstRoot(); node != TreeView::kNone; node = tree.NextInOrder(node)) {
+        if (!lines.empty()) lines += '\n';
+        lines += tree.Key(node);
+        lines += '|';
+        if (tree.Parent(node) != TreeView::kNone) lines += tree.Key(tree.Parent(node));
+        lines += '|' + tree.Image(node) + '|';
+        lines += tree.Text(node);
+    }
+    return lines;
+}
+
+Text ReadCommon(const Control& c, const std::string& p) {
+    if (p == "enabled") return Truth(c.Enabled());
+    if (p == "visible") return Truth(c.Visible());
+    if (p == "tag") return c.tag;
+    if (p == "focus") return Truth(c.HasFocus());
+    return {};
+}
+
+Text ReadTextBox(const TextBox& c, const std::string& p) {
+    if (p == "text") return c.Text();
+    if (p == "locked") return Truth(c.Locked());
+    if (p == "maxlength") return std::to_string(c.MaxLength());
+    return {};
+}
+
+Text ReadList(const ListControl& c, const std::string& p, const std::vector<int>& arguments) {
+    if (p == "index") return std::to_string(c.ListIndex());
+    if (p == "count") return std::to_string(c.ListCount());
+    if (p == "list" && arguments.size() == 1) return c.List(arguments[0]);
+    return {};
+}
+
+Text ReadCombo(const ComboBox& c, const std::string& p, const std::vector<int>& arguments) {
+    if (p == "text") return c.Text();
+    if (p == "locked") return Truth(c.Locked());
+    if (p == "maxlength") return std::to_string(c.MaxLength());
+    return ReadList(c, p, arguments);
+}
+
+Text ReadTree(const TreeView& c, const std::string& p) {
+    if (p == "nodes") return NodeLines(c);
+    if (p == "count") return std::to_string(c.Count());
+    if (p == "selected") {
+        return c.Selected() == TreeView::kNone ? std::string() : std::string(c.Key(c.Selected()));
+    }
+    return {};
+}
+
+Text ReadGrid(const Grid& c, const std::string& p, const std::vector<int>& arguments) {
+    if (p == "rows") return std::to_string(c.DataRowCount());
+    if (p == "cell" && arguments.size() == 2) return c.Cell(arguments[0], arguments[1]);
+    return {};
+}
+
+Text ReadDate(const DatePicker& c, const std::string& p) {
+    if (p != "date" && p != "value" && p != "text") return {};
+    return c.Value() ? c.Value()->ShortIso() : std::string();
+}
+
+}  // namespace
+
+std::string DisplayName(const Control& control) {
+    if (control.Index() < 0) return control.Name();
+    return control.Name() + "(" + std::to_string(control.Index()) + ")";
+}
+
+void RequireReachable(const Form& form) {
+    if (!form.IsShown()) throw DriverError(form.Name() + " is not shown");
+    const Form* modal = form.Windows().ModalForm();
+    if (modal && modal != &form) {
+        throw DriverError(form.Name() + " is blocked by " + modal->Name());
+    }
+}
+
+void RequireUsable(const Control& control) {
+    RequireReachable(control.Owner());
+    if (!control.Visible()) throw DriverError(DisplayName(control) + " is not visible");
+    if (!control.CanInteract()) throw DriverError(DisplayName(control) + " is disabled");
+}
+
+void RequireChoosable(const MenuItem& item) {
+    RequireReachable(item.Owner());
+    if (!item.CanChoose()) throw DriverError(item.Name() + " cannot be chosen");
+}
+
+int RequireNode(const TreeView& tree, const std::string& key) {
+    const int node = tree.Find(key);
+    if (node == TreeView::kNone) {
+        throw DriverError(DisplayName(tree) + " has no node \"" + key + "\"");
+    }
+    return node;
+}
+
+std::optional<std::string> ReadState(const Control& c, const std::string& p,
+                                     const std::vector<int>& arguments) {
+    if (auto common = ReadCommon(c, p)) return common;
+    switch (c.Kind()) {
+        case ControlKind::Label:
+            if (p == "caption") return static_cast<const Label&>(c).Caption();
+            return {};
+        case ControlKind::Frame:
+            if (p == "caption") return static_cast<const Frame&>(c).Caption();
+            return {};
+        case ControlKind::CommandButton:
+            if (p == "caption") return static_cast<const CommandButton&>(c).Caption();
+            return {};
+        case ControlKind::CheckBox: {
+            const auto& box = static_cast<const CheckBox&>(c);
+            if (p == "caption") return box.Caption();
+            if (p == "value") return std::to_string(box.Value());
+            return {};
+        }
+        case ControlKind::OptionButton: {
+            const auto& option = static_cast<const OptionButton&>(c);
+            if (p == "caption") return option.Caption();
+            if (p == "value") return option.Value() ? "1" : "0";
+            return {};
+        }
+        case ControlKind::TextBox:
+            return ReadTextBox(static_cast<const TextBox&>(c), p);
+        case ControlKind::ComboBox:
+            return ReadCombo(static_cast<const ComboBox&>(c), p, arguments);
+        case ControlKind::ListBox:
+            if (p == "text") return static_cast<const ListBox&>(c).Text();
+            return ReadList(static_cast<const ListBox&>(c), p, arguments);
+        case ControlKind::DatePicker:
+            return ReadDate(static_cast<const DatePicker&>(c), p);
+        case ControlKind::TabPanel: {
+            const auto& tabs = static_cast<const TabPanel&>(c);
+            if (p == "tab") return std::to_string(tabs.Tab());
+            if (p == "count") return std::to_string(tabs.Tabs());
+            if (p == "list" && arguments.size() == 1) return tabs.TabCaption(arguments[0]);
+            return {};
+        }
+        case ControlKind::TreeView:
+            return ReadTree(static_cast<const TreeView&>(c), p);
+        case ControlKind::Grid:
+            return ReadGrid(static_cast<const Grid&>(c), p, arguments);
+        case ControlKind::UpDown:
+        case ControlKind::Panel:
+        case ControlKind::Picture:
+        case ControlKind::Timer:
+            return {};
+    }
+    return {};
+}
+
+}  // namespace zv::forms

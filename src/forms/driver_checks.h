@@ -1,0 +1,36 @@
+// What every driver asks before it plays a user's act, and the reading of a control's own state.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/control.h"
+#include "forms/driver.h"
+#include "forms/tree_view.h"
+
+namespace zv::forms {
+
+/// "name" or "name(index)".
+std::string DisplayName(const Control& control);
+
+/// The control as its class; throws DriverError for another kind.
+template <typename T>
+T& As(Control& control) {
+    if (auto* typed = dynamic_cast<T*>(&control)) return *typed;
+    throw DriverError(DisplayName(control) + " cannot do that");
+}
+
+/// Throws DriverError when a user could not reach the window or the control.
+void RequireReachable(const Form& form);
+void RequireUsable(const Control& control);
+void RequireChoosable(const MenuItem& item);
+/// The node of that key; throws DriverError when there is none.
+int RequireNode(const TreeView& tree, const std::string& key);
+
+/// A property as the control itself keeps it, nothing when it has no such property. Positions are
+/// those of scenario files: list(i) from 0, cell(row, column) from 1.
+std::optional<std::string> ReadState(const Control& control, const std::string& property,
+                                     const std::vector<int>& arguments);
+
+}  // namespace zv::forms

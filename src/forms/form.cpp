@@ -1,0 +1,244 @@
+#include "forms/form.h"
+
+#include <algorithm>
+
+#include "forms/buttons.h"
+#include "forms/menu.h"
+
+namespace zv::forms {
+
+Form::Form(WindowSystem& windows, std::string name)
+    : windows_(windows), name_(std::move(name)), caption_(name_) {}
+
+Form::~Form() = default;
+
+void Form::SetCaption(std::string caption) {
+    if (caption == caption_) return;
+    caption_ = std::move(caption);
+    if (peer_) peer_->CaptionChanged();
+}
+
+void Form::Load() {
+    if (loaded_) return;
+    loaded_ = true;
+    try {
+        Form_Load();
+    } catch (...) {
+        // A window that could not be loaded does not exist.
+        windows_.Retire(*this);
+        throw;
+    }
+}
+
+void Form::Show(bool modal) {
+    if (shown_ && modal) throw RuntimeError(ErrorNumber::FormAlreadyShown);
+    if (!modal && windows_.ModalForm() && windows_.ModalForm() != this) {
+        throw RuntimeError(ErrorNumber::ModalFormShown);
+    }
+    Load();
+    if (shown_) {
+        if (peer_) peer_->Show();
+        Activate();
+        return;
+    }
+    if (!peer_) {
+        Form_Resize();
+        peer_ = windows_.GetBackend().Realize(*this);
+    }
+    shown_ = true;
+    modal_ = modal;
+    if (modal) windows_.EnterModal(*this);
+    if (peer_) peer_->Show();
+    if (!active_) MoveFocus(+1);
+    Activate();
+    if (!modal) return;
+    windows_.GetBackend().RunModal(*this);
+    windows_.LeaveModal(*this);
+}
+
+void Form::Hide() {
+    if (!shown_) return;
+    shown_ = false;
+    modal_ = false;
+    windows_.LeaveModal(*this);
+    if (peer_) peer_->Hide();
+}
+
+void Form::Unload() {
+    if (unloading_) return;
+    unloading_ = true;
+    bool cancel = false;
+    try {
+        if (loaded_) Form_QueryUnload(cancel, false);
+        if (!cancel && loaded_) Form_Unload(cancel);
+    } catch (...) {
+        unloading_ = false;
+        throw;
+    }
+    if (cancel) {
+        unloading_ = false;
+        return;
+    }
+    Hide();
+    loaded_ = false;
+    active_ = nullptr;
+    for (Control* control : controls_) control->DetachPeer();
+    peer_.reset();
+    windows_.Retire(*this);
+}
+
+void Form::Form_QueryUnload(bool&, bool) {}
+void Form::Form_Unload(bool&) {}
+
+void Form::Move(const Rect& bounds) {
+    if (bounds == bounds_) return;
+    bounds_ = bounds;
+    if (peer_) peer_->BoundsChanged();
+}
+
+void Form::Center() {
+    const Rect area = windows_.GetBackend().WorkArea();
+    Move({area.left + (area.width - bounds_.width) / 2,
+          area.top + (area.height - bounds_.height) / 2, bounds_.width, bounds_.height});
+}
+
+void Form::SetClientSize(Size size) {
+    // Until the native window tells its real frame the outer size keeps the present difference.
+    bounds_.width += size.width - clientSize_.width;
+    bounds_.height += size.height - clientSize_.height;
+    clientSize_ = size;
+    if (peer_) peer_->BoundsChanged();
+    if (loaded_) Form_Resize();
+}
+
+void Form::SetState(WindowState state) {
+    if (state == state_) return;
+    state_ = state;
+    if (peer_) peer_->WindowStateChanged();
+}
+
+Control* Form::FindControl(std::string_view name, int index) const {
+    for (Control* control : controls_) {
+        if (control->Name() == name && control->Index() == index) return control;
+    }
+    return nullptr;
+}
+
+MenuItem* Form::FindMenu(std::string_view name, int index) const {
+    for (MenuItem* item : menus_) {
+        if (item->Name() == name && item->Index() == index) return item;
+    }
+    return nullptr;
+}
+
+bool Form::FocusTo(Control& target) {
+    if (active_ == &target) return true;
+    if (!target.CanFocus()) return false;
+    if (active_ && active_->onValidate && target.causesValidation) {
+        bool cancel = false;
+        active_->onValidate(cancel);
+        if (cancel) return false;
+        // Validation may have hidden or disabled the target.
+        if (!target.CanFocus()) return false;
+    }
+    SetActive(&target);
+    return active_ == &target;
+}
+
+void Form::SetActive(Control* control) {
+    Control* previous = active_;
+    active_ = control;
+    if (previous && previous->onLostFocus) previous->onLostFocus();
+    // LostFocus may have sent the focus elsewhere.
+    if (active_ != control || !control) return;
+    if (control->Peer()) control->Peer()->TakeFocus();
+    if (control->onGotFocus) control->onGotFocus();
+}
+
+void Form::MoveFocus(int direction) {
+    const int count = static_cast<int>(controls_.size());
+    if (count == 0) return;
+    const auto current = std::find(controls_.begin(), controls_.end(), active_);
+    int at = current == controls_.end() ? (direction > 0 ? -1 : count)
+                                        : static_cast<int>(current - controls_.begin());
+    for (int step = 0; step < count; step++) {
+        at = (at + direction + count) % count;
+        Control& candidate = *controls_[static_cast<std::size_t>(at)];
+        if (&candidate != active_ && candidate.CanFocus()) {
+            FocusTo(candidate);
+            return;
+        }
+    }
+}
+
+void Form::FocusMayBeLost() {
+    if (!shown_ || !active_ || active_->CanFocus()) return;
+    const int count = static_cast<int>(controls_.size());
+    const auto current = std::find(controls_.begin(), controls_.end(), active_);
+    int at = static_cast<int>(current - controls_.begin());
+    for (int step = 0; step < count; step++) {
+        at = (at + 1) % count;
+        Control& candidate = *controls_[static_cast<std::size_t>(at)];
+        if (candidate.CanFocus()) {
+            SetActive(&candidate);
+            return;
+        }
+    }
+    SetActive(nullptr);
+}
+
+void Form::PopupMenu(MenuItem& menu, int x, int y) {
+    lastPopup_ = menu.Name();
+    if (peer_) peer_->PopupMenu(menu, x, y);
+}
+
+void Form::Activate() {
+    Form_Activate();
+}
+
+void Form::Unregister(Control& control) {
+    std::erase(controls_, &control);
+    if (active_ == &control) active_ = nullptr;
+}
+
+void Form::UserClose() {
+    windows_.FromUser([this] {
+        bool cancel = false;
+        Form_QueryUnload(cancel, true);
+        if (!cancel) Unload();
+    });
+}
+
+void Form::UserResized(Rect bounds, Size clientSize) {
+    bounds_ = bounds;
+    if (clientSize == clientSize_) return;
+    clientSize_ = clientSize;
+    windows_.FromUser([this] { Form_Resize(); });
+}
+
+void Form::UserActivated() {
+    windows_.FromUser([this] { Activate(); });
+}
+
+bool Form::UserFocused(Control& target) {
+    bool moved = false;
+    windows_.FromUser([&] { moved = FocusTo(target); });
+    return moved;
+}
+
+bool Form::UserDialogKey(const KeyEvent& event) {
+    if (event.code == key::kTab) {
+        windows_.FromUser([&] { MoveFocus(event.shift ? -1 : +1); });
+        return true;
+    }
+    CommandButton* button = event.code == key::kEscape  ? cancelButton
+                            : event.code == key::kEnter ? defaultButton
+                                                        : nullptr;
+    if (!button || !button->CanInteract()) return false;
+    // The button takes the focus first, so the field being left is validated.
+    if (!UserFocused(*button)) return true;
+    button->UserClick();
+    return true;
+}
+
+}  // namespace zv::forms

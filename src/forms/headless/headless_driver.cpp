@@ -1,0 +1,190 @@
+#include "forms/headless/headless_driver.h"
+
+#include "forms/buttons.h"
+#include "forms/containers.h"
+#include "forms/date_picker.h"
+#include "forms/driver_checks.h"
+#include "forms/form.h"
+#include "forms/grid.h"
+#include "forms/lists.h"
+#include "forms/text_box.h"
+#include "forms/timer.h"
+#include "forms/tree_view.h"
+#include "forms/up_down.h"
+
+namespace zv::forms::headless {
+namespace {
+
+// A press moves the focus first; false when a validation kept it, and the press is lost then.
+bool Press(Control& control) {
+    RequireUsable(control);
+    return !control.CanFocus() || control.Owner().UserFocused(control);
+}
+
+void StepInTree(TreeView& tree, int step) {
+    int node = tree.FirstRoot();
+    int before = TreeView::kNone;
+    while (node != TreeView::kNone && node != tree.Selected()) {
+        before = node;
+        node = tree.NextInOrder(node);
+    }
+    const int target = step < 0                  ? before
+                       : node == TreeView::kNone ? tree.FirstRoot()
+                                                 : tree.NextInOrder(node);
+    if (target != TreeView::kNone) tree.UserClick(target);
+}
+
+}  // namespace
+
+void HeadlessDriver::Click(Control& control) {
+    if (!Press(control)) return;
+    switch (control.Kind()) {
+        case ControlKind::CommandButton:
+            static_cast<CommandButton&>(control).UserClick();
+            break;
+        case ControlKind::CheckBox:
+            static_cast<CheckBox&>(control).UserClick();
+            break;
+        case ControlKind::OptionButton:
+            static_cast<OptionButton&>(control).UserClick();
+            break;
+        default:
+            throw DriverError(DisplayName(control) + " cannot be clicked");
+    }
+}
+
+void HeadlessDriver::Choose(MenuItem& item) {
+    RequireChoosable(item);
+    item.UserChosen();
+}
+
+void HeadlessDriver::ClickNode(Control& control, const std::string& key) {
+    auto& tree = As<TreeView>(control);
+    RequireUsable(tree);
+    const int node = RequireNode(tree, key);
+    if (Press(tree)) tree.UserClick(node);
+}
+
+void HeadlessDriver::RightClickNode(Control& control, const std::string& key) {
+    auto& tree = As<TreeView>(control);
+    RequireUsable(tree);
+    const int node = RequireNode(tree, key);
+    tree.Owner().ForgetPopup();
+    if (Press(tree)) tree.UserRightClick(node, 0, 0);
+}
+
+void HeadlessDriver::Type(Control& control, const std::string& text) {
+    if (!Press(control)) return;
+    if (auto* box = dynamic_cast<TextBox*>(&control)) {
+        if (box->Locked()) throw DriverError(DisplayName(control) + " is locked");
+        box->UserText(text);
+        return;
+    }
+    auto& combo = As<ComboBox>(control);
+    if (combo.Style() != ComboStyle::FreeText || combo.Locked()) {
+        throw DriverError(DisplayName(control) + " takes no typing");
+    }
+    combo.UserText(text);
+}
+
+void HeadlessDriver::Leave(Control& control) {
+    if (Press(control)) control.Owner().UserDialogKey({key::kTab});
+}
+
+void HeadlessDriver::Key(Control& control, int code) {
+    if (!Press(control)) return;
+    KeyEvent event{code};
+    if (code != key::kTab) control.UserKeyDown(event);
+    if (event.code == key::kTab || event.code == key::kEscape || event.code == key::kEnter) {
+        control.Owner().UserDialogKey(event);
+        return;
+    }
+    if (event.code != key::kUp && event.code != key::kDown) return;
+    const int step = event.code == key::kDown ? 1 : -1;
+    if (auto* list = dynamic_cast<ListControl*>(&control)) {
+        const int position = list->ListIndex() + step;
+        if (position >= 0 && position < list->ListCount()) list->UserPick(position);
+    } else if (auto* tree = dynamic_cast<TreeView*>(&control)) {
+        StepInTree(*tree, step);
+    }
+}
+
+void HeadlessDriver::Pick(Control& control, int position) {
+    auto& list = As<ListControl>(control);
+    if (position < -1 || position >= list.ListCount()) {
+        throw DriverError(DisplayName(control) + " has no row " + std::to_string(position));
+    }
+    if (auto* combo = dynamic_cast<ComboBox*>(&control); combo && combo->Locked()) {
+        throw DriverError(DisplayName(control) + " is locked");
+    }
+    if (Press(control)) list.UserPick(position);
+}
+
+void HeadlessDriver::SetDate(Control& control, const std::optional<DateTime>& value) {
+    auto& picker = As<DatePicker>(control);
+    if (!value && !picker.MayBeEmpty()) {
+        throw DriverError(DisplayName(control) + " cannot be empty");
+    }
+    if (Press(control)) picker.UserPick(value);
+}
+
+void HeadlessDriver::Spin(Control& control, int direction) {
+    auto& upDown = As<UpDown>(control);
+    RequireUsable(control);
+    upDown.UserSpin(direction);
+}
+
+void HeadlessDriver::Tick(Control& control) {
+    As<Timer>(control).UserTick();
+}
+
+void HeadlessDriver::MoveMouse(Control& control, int xTwips, int yTwips) {
+    RequireUsable(control);
+    control.Owner().ForgetPopup();
+    control.UserMouseMove({MouseButton::None, xTwips, yTwips});
+}
+
+void HeadlessDriver::RightPress(Control& control) {
+    RequireUsable(control);
+    control.Owner().ForgetPopup();
+    control.UserMouseDown({MouseButton::Right, 0, 0});
+}
+
+void HeadlessDriver::SelectTab(Control& control, int tab) {
+    auto& tabs = As<TabPanel>(control);
+    if (tab < 0 || tab >= tabs.Tabs()) throw DriverError(DisplayName(control) + " has no such tab");
+    if (Press(control)) tabs.UserSelect(tab);
+}
+
+void HeadlessDriver::SelectRow(Control& control, int row) {
+    auto& grid = As<Grid>(control);
+    if (row < 1 || row > grid.DataRowCount()) {
+        throw DriverError(DisplayName(control) + " has no row " + std::to_string(row));
+    }
+    if (Press(control)) grid.UserSelect(row);
+}
+
+void HeadlessDriver::Resize(Form& form, Size clientSize) {
+    RequireReachable(form);
+    const Rect bounds = form.Bounds();
+    form.UserResized(
+        {bounds.left, bounds.top, bounds.width + clientSize.width - form.ClientSize().width,
+         bounds.height + clientSize.height - form.ClientSize().height},
+        clientSize);
+}
+
+void HeadlessDriver::Close(Form& form) {
+    RequireReachable(form);
+    form.UserClose();
+}
+
+std::optional<std::string> HeadlessDriver::Read(Control& control, const std::string& property,
+                                                const std::vector<int>& arguments) {
+    return ReadState(control, property, arguments);
+}
+
+std::string HeadlessDriver::ReadCaption(Form& form) {
+    return form.Caption();
+}
+
+}  // namespace zv::forms::headless

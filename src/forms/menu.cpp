@@ -1,0 +1,53 @@
+#include "forms/menu.h"
+
+#include "forms/form.h"
+
+namespace zv::forms {
+
+MenuItem::MenuItem(Form& form, std::string name, MenuItem* parent, std::string caption, int index)
+    : form_(form),
+      name_(std::move(name)),
+      parent_(parent),
+      caption_(std::move(caption)),
+      index_(index) {
+    form_.Register(*this);
+    if (parent_) parent_->children_.push_back(this);
+}
+
+void MenuItem::SetCaption(std::string caption) {
+    caption_ = std::move(caption);
+    Notify();
+}
+
+void MenuItem::SetEnabled(bool enabled) {
+    enabled_ = enabled;
+    Notify();
+}
+
+void MenuItem::SetVisible(bool visible) {
+    visible_ = visible;
+    Notify();
+}
+
+void MenuItem::SetChecked(bool checked) {
+    checked_ = checked;
+    Notify();
+}
+
+bool MenuItem::CanChoose() const {
+    for (const MenuItem* item = this; item; item = item->parent_) {
+        if (!item->enabled_ || (!item->visible_ && item->parent_)) return false;
+    }
+    return children_.empty() && form_.IsShown();
+}
+
+void MenuItem::UserChosen() {
+    if (!onClick) return;
+    form_.Windows().FromUser([this] { onClick(); });
+}
+
+void MenuItem::Notify() {
+    if (form_.peer_) form_.peer_->MenuChanged(*this);
+}
+
+}  // namespace zv::forms
