@@ -1,0 +1,135 @@
+// Run-time errors at the border to COM: nothing thrown crosses it, and what comes back over it
+// becomes a run-time error again.
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <cstdint>
+#include <exception>
+#include <new>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+#include "base/errors.h"
+#include "platform/win32/bstr.h"
+#include "platform/win32/com_ptr.h"
+
+namespace zv::win32 {
+
+/// A classic number travels as 0x800A0000 + number, a number that is an HRESULT as it is.
+inline HRESULT ToHresult(ErrorNumber number) {
+    const auto value = static_cast<std::int32_t>(number);
+    return value < 0 ? value : MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, value & 0xFFFF);
+}
+
+/// The other way round; automation's own results become the classic numbers for them.
+inline ErrorNumber ToErrorNumber(HRESULT hr) {
+    if (HRESULT_FACILITY(hr) == FACILITY_CONTROL && hr < 0) {
+        return static_cast<ErrorNumber>(HRESULT_CODE(hr));
+    }
+    switch (hr) {
+        case DISP_E_MEMBERNOTFOUND:
+        case DISP_E_UNKNOWNNAME:
+            return ErrorNumber::MemberNotFound;
+        case DISP_E_TYPEMISMATCH:
+            return ErrorNumber::TypeMismatch;
+        case DISP_E_OVERFLOW:
+            return ErrorNumber::Overflow;
+        case DISP_E_BADINDEX:
+            return ErrorNumber::SubscriptOutOfRange;
+        case E_INVALIDARG:
+            return ErrorNumber::InvalidProcedureCall;
+        case CO_E_CLASSSTRING:
+        case REGDB_E_CLASSNOTREG:
+            return ErrorNumber::CannotCreateObject;
+        default:
+            return static_cast<ErrorNumber>(hr);
+    }
+}
+
+/// The system's own sentence for a result, without the line end; empty when it has none.
+inline std::string SystemMessage(HRESULT hr) {
+    wchar_t buffer[512];
+    DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                       static_cast<DWORD>(hr), 0, buffer, ARRAYSIZE(buffer), nullptr);
+    while (length > 0 && buffer[length - 1] <= L' ') --length;
+    return ToUtf8(std::wstring_view(buffer, length));
+}
+
+/// Leaves the error's text and source for the caller of the method that fails with the result.
+inline HRESULT SetError(HRESULT hr, std::string_view text, std::string_view source,
+                        REFIID iid = IID_IDispatch) noexcept {
+    try {
+        ComPtr<ICreateErrorInfo> info;
+        if (SUCCEEDED(CreateErrorInfo(info.Put()))) {
+            info->SetGUID(iid);
+            info->SetDescription(Bstr(text).Get());
+            info->SetSource(Bstr(source).Get());
+            if (auto error = info.As<IErrorInfo>()) SetErrorInfo(0, error.Get());
+        }
+    } catch (const std::bad_alloc&) {
+        // The number alone has to do.
+    }
+    return hr;
+}
+
+/// Runs `body` (answering HRESULT or nothing) and turns whatever it throws into a result with
+/// error information. `source` names the component where the error has no source of its own;
+/// `textOf` gives the text of a RuntimeError that has none (a number says everything then).
+template <class Body, class TextOf>
+HRESULT Guarded(std::string_view source, REFIID iid, TextOf&& textOf, Body&& body) noexcept {
+    try {
+        if constexpr (std::is_void_v<decltype(body())>) {
+            body();
+            return S_OK;
+        } else {
+            return body();
+        }
+    } catch (const RuntimeError& error) {
+        const HRESULT hr = ToHresult(error.Number());
+        try {
+            const std::string text = error.Text().empty() ? textOf(error) : error.Text();
+            return SetError(hr, text, error.Source().empty() ? source : error.Source(), iid);
+        } catch (...) {
+            return hr;
+        }
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (const std::exception& error) {
+        return SetError(E_UNEXPECTED, error.what(), source, iid);
+    } catch (...) {
+        return E_UNEXPECTED;
+    }
+}
+
+template <class Body>
+HRESULT Guarded(std::string_view source, Body&& body) noexcept {
+    return Guarded(
+        source, IID_IDispatch,
+        [](const RuntimeError& error) { return SystemMessage(ToHresult(error.Number())); },
+        std::forward<Body>(body));
+}
+
+/// The error that a failed Invoke reports, the texts of `info` taken over and freed.
+inline RuntimeError ErrorOf(HRESULT hr, EXCEPINFO& info) {
+    if (hr != DISP_E_EXCEPTION) return RuntimeError(ToErrorNumber(hr), SystemMessage(hr));
+    if (info.pfnDeferredFillIn) info.pfnDeferredFillIn(&info);
+    Bstr source, text, help;
+    *source.Put() = info.bstrSource;
+    *text.Put() = info.bstrDescription;
+    *help.Put() = info.bstrHelpFile;
+    // An object reports either a result or one of the classic numbers.
+    const HRESULT code = info.scode != 0 ? info.scode
+                         : info.wCode != 0
+                             ? MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info.wCode)
+                             : E_FAIL;
+    info = {};
+    return RuntimeError(ToErrorNumber(code), text.Utf8(), source.Utf8());
+}
+
+}  // namespace zv::win32
