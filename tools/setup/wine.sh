@@ -1,0 +1,90 @@
+# Sourced by ./run, ./test and the scripts that start Windows programs: a Wine prefix of the
+# project's own, a display, and one way to start a program.
+#
+#   wine_prepare          makes the prefix when it is missing (sets WINEPREFIX and the like)
+#   wine_start            a display when there is none, and a Wine server that stays
+#   wine_run PROGRAM ...  runs a Windows program under a time limit
+#   wine_register FILE    registers a control or a component
+#   wine_stop             ends what wine_start started
+
+ZV_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+ZV_WINE=/usr/lib/wine/wine64
+export ZV_WINE
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
+export WINEPREFIX=${WINEPREFIX:-$ZV_ROOT/build/wine/prefix}
+# The locale decides the ANSI code page that Windows programs see: 936 for zh_CN.
+export LOCPATH=$ZV_ROOT/build/wine/locale
+export LC_ALL=${ZV_LOCALE:-zh_CN.UTF-8}
+
+_wine_locales() {
+    local name
+    mkdir -p "$LOCPATH"
+    for name in zh_CN zh_TW en_US; do
+        [ -d "$LOCPATH/$name.UTF-8" ] || LC_ALL=C localedef -i "$name" -f UTF-8 "$LOCPATH/$name.UTF-8"
+    done
+}
+
+_wine_settings() {
+    local file=$WINEPREFIX/zv-settings.reg font
+    {
+        printf 'Windows Registry Editor Version 5.00\r\n\r\n'
+        # A crash ends the program at once instead of waiting at a box.
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\r\n"ShowCrashDialog"=dword:00000000\r\n\r\n'
+        # Wine draws the frames itself, so no window manager is needed.
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="N"\r\n\r\n'
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]\r\n'
+        for font in "Microsoft YaHei UI" "Microsoft JhengHei UI" SimSun "MS Shell Dlg" \
+            "MS Shell Dlg 2" Tahoma "Segoe UI"; do
+            printf '"%s"="WenQuanYi Micro Hei"\r\n' "$font"
+        done
+    } >"$file"
+    timeout 60 "$ZV_WINE" regedit /S "$file"
+}
+
+wine_prepare() {
+    _wine_locales
+    [ -e "$WINEPREFIX/zv-ready" ] && return 0
+    echo "preparing a Wine prefix (once)"
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    DISPLAY= timeout 180 "$ZV_WINE" wineboot -i >/dev/null 2>&1
+    _wine_settings
+    timeout 60 wineserver -w
+    touch "$WINEPREFIX/zv-ready"
+}
+
+wine_start() {
+    if [ -z "${DISPLAY:-}" ] || ! xdpyinfo >/dev/null 2>&1; then
+        local display
+        display=$(mktemp)
+        Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$display" >/dev/null 2>&1 &
+        ZV_XVFB_PID=$!
+        for _ in $(seq 100); do
+            [ -s "$display" ] && break
+            sleep 0.1
+        done
+        DISPLAY=:$(cat "$display")
+        export DISPLAY
+        rm -f "$display"
+    fi
+    # A server that stays and one program's start make every later start quick.
+    timeout 30 wineserver -p
+    timeout 60 "$ZV_WINE" cmd /c exit
+}
+
+wine_run() { timeout "${ZV_WINE_TIMEOUT:-300}" "$ZV_WINE" "$@"; }
+
+wine_register() { timeout 60 "$ZV_WINE" regsvr32 /s "$(winepath_of "$1")"; }
+
+# A path of this system as Windows programs see it.
+winepath_of() { printf 'Z:%s' "$(realpath "$1")" | tr / '\\'; }
+
+wine_stop() {
+    timeout 30 wineserver -k || true
+    timeout 30 wineserver -w || true
+    if [ -n "${ZV_XVFB_PID:-}" ]; then
+        kill "$ZV_XVFB_PID" 2>/dev/null || true
+        wait "$ZV_XVFB_PID" 2>/dev/null || true
+        unset ZV_XVFB_PID
+    fi
+}
