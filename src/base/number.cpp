@@ -102,6 +102,9 @@ std::int16_t ToInt16(double value) {
 std::int32_t ToInt32(double value) {
     return Round<std::int32_t>(value);
 }
+double ToDouble(std::string_view text) {
+    return ParseOrThrow(text);
+}
 std::int16_t ToInt16(std::string_view text) {
     return ToInt16(ParseOrThrow(text));
 }

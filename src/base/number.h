@@ -21,6 +21,7 @@ inline bool IsNumeric(std::string_view text) {
 std::int16_t ToInt16(double value);
 std::int32_t ToInt32(double value);
 /// As above; throws error 13 when the text is not a number.
+double ToDouble(std::string_view text);
 std::int16_t ToInt16(std::string_view text);
 std::int32_t ToInt32(std::string_view text);
 /// a + b and a * b in 16 bits; throw error 6 on overflow.

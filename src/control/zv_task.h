@@ -10,10 +10,6 @@
 
 namespace zv {
 
-namespace mainwindow {
-class frmTaskMain;
-}
-
 class ZvTask {
  public:
     /// Several controls of one process share the session and with it the windows.
@@ -38,6 +34,13 @@ class ZvTask {
     Session& GetSession() { return session_; }
 
  private:
+    void TakeDataPath();
+    /// A store that cannot be opened is told to the user once and is an error for the host.
+    void Connect();
+    void Act(std::int32_t mode, bool modal);
+    /// Marks the item myTaskID with the flag myDate; false when there is no item.
+    bool MarkDirectly();
+
     Session& session_;
 };
 

@@ -20,6 +20,9 @@ class Session {
     Session(platform::Machine& machine, resources::SettingsStore& settings,
             store::ConnectionOpener& opener, forms::WindowSystem& windows,
             store::StatementObserver* observer = nullptr);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
 
     /// Catalogue text in the control's language.
     std::string LoadText(std::int16_t id) const { return resources::LoadText(id, state.Language); }
@@ -29,6 +32,16 @@ class Session {
     std::string GetSetting(std::string_view section, std::string_view key,
                            std::string_view fallback) const;
     void SaveSetting(std::string_view section, std::string_view key, std::string_view text);
+
+    /// Takes the catalogue's product title in the present language.
+    void SetApplicationTitle();
+
+    /// Opens the shared connection when it is not open. Throws RuntimeError with the reason and
+    /// the path (of a server: the database) that could not be opened.
+    void EnsureConnection();
+    /// Opens the shared connection anew with these settings and sets the date delimiter of their
+    /// kind. Throws as above; the connection is closed then.
+    void OpenConnection(const store::ConnectionSettings& connection);
 
     ControlState state;
     platform::Machine& machine;

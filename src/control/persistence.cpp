@@ -1,0 +1,80 @@
+#include "control/persistence.h"
+
+namespace zv {
+namespace {
+
+std::string NoRights() {
+    return std::string(kRightsLength, '0');
+}
+
+template <typename T>
+void ReadInto(T& property, PropertyBag& bag, std::string_view key, const T& fallback) {
+    property = std::get<T>(bag.Read(key, BagValue(fallback)));
+}
+
+template <typename T>
+void Write(PropertyBag& bag, std::string_view key, const T& property, const T& fallback) {
+    if (property != fallback) bag.Write(key, BagValue(property));
+}
+
+}  // namespace
+
+void InitState(ControlState& state, const std::string& applicationFolder) {
+    state.myTaskID = 0;
+    state.UserName.clear();
+    state.CompName.clear();
+    state.myName.clear();
+    state.showMode = 0;
+    state.Language = 0;
+    state.AlertType = 0;
+    state.Copyright = false;
+    state.UserPath = applicationFolder;
+    if (!state.UserPath.ends_with('\\')) state.UserPath += '\\';
+    state.UserPath += "taskAlert.mdb";
+    state.Password = "0";
+    state.SQLData = state.hostSQLData = 0;
+    state.UserID.clear();
+    state.Default.clear();
+}
+
+void ReadState(ControlState& state, PropertyBag& bag) {
+    const std::string none;
+    const std::int16_t zero = 0;
+    ControlState read = state;
+    ReadInto(read.myName, bag, "myName", none);
+    ReadInto(read.Language, bag, "Language", zero);
+    ReadInto(read.AlertType, bag, "AlertType", zero);
+    ReadInto(read.ZgName, bag, "ZgName", none);
+    ReadInto(read.myPower, bag, "myPower", NoRights());
+    ReadInto(read.myModel, bag, "myModel", none);
+    ReadInto(read.Copyright, bag, "Copyright", false);
+    ReadInto(read.showMode, bag, "showmode", zero);
+    ReadInto(read.UserPath, bag, "UserPath", none);
+    ReadInto(read.Password, bag, "Password", none);
+    ReadInto(read.SQLData, bag, "SQLData", zero);
+    ReadInto(read.UserID, bag, "UserID", none);
+    ReadInto(read.Default, bag, "Default", none);
+    read.hostSQLData = read.SQLData;
+    state = std::move(read);
+}
+
+void WriteState(const ControlState& state, PropertyBag& bag) {
+    const std::string none;
+    const std::int16_t zero = 0;
+    Write(bag, "myName", state.myName, none);
+    Write(bag, "Language", state.Language, zero);
+    Write(bag, "AlertType", state.AlertType, zero);
+    Write(bag, "UserPath", state.UserPath, none);
+    Write(bag, "UserName", state.UserName, none);
+    Write(bag, "ZgName", state.ZgName, none);
+    Write(bag, "myPower", state.myPower, NoRights());
+    Write(bag, "myModel", state.myModel, none);
+    Write(bag, "Copyright", state.Copyright, false);
+    Write(bag, "Showmode", state.showMode, zero);
+    Write(bag, "Password", state.Password, none);
+    Write(bag, "SQLData", state.SQLData, zero);
+    Write(bag, "UserID", state.UserID, none);
+    Write(bag, "Default", state.Default, none);
+}
+
+}  // namespace zv

@@ -1,0 +1,113 @@
+#include "control/zv_task.h"
+
+#include "base/number.h"
+#include "control/persistence.h"
+#include "resources/error_texts.h"
+
+namespace zv {
+namespace {
+
+enum Mode : std::int32_t {
+    kAlertPass = 0,
+    kManager = 1,
+    kPlanEditor = 2,
+    kStaffList = 3,
+    kMark = 4,
+    kMarkOrAsk = 5,
+    kAddInstance = 6,
+    kAddInstanceOrAsk = 7,
+    kCards = 9,
+};
+
+}  // namespace
+
+ZvTask::ZvTask(Session& session) : session_(session) {}
+ZvTask::~ZvTask() = default;
+
+void ZvTask::UserControl_InitProperties() {
+    InitState(session_.state, session_.machine.files.ApplicationFolder());
+}
+
+void ZvTask::UserControl_ReadProperties(PropertyBag& bag) {
+    ReadState(session_.state, bag);
+}
+
+void ZvTask::UserControl_WriteProperties(PropertyBag& bag) {
+    WriteState(session_.state, bag);
+}
+
+void ZvTask::SetSQLData(std::int16_t kind) {
+    session_.state.SQLData = kind;
+    session_.state.hostSQLData = kind;
+}
+
+void ZvTask::refresh(std::int32_t mode, std::int16_t modal) {
+    session_.windows.FromHost([&] {
+        session_.SetApplicationTitle();
+        TakeDataPath();
+        ControlState& state = session_.state;
+        if (state.UserPath.empty() && state.SQLData == 0) return;
+        Connect();
+        state.showMode = modal;
+        const std::string interval =
+            session_.GetSetting(resources::kTaskSection, "TimeSetting", "0");
+        if (number::ToDouble(interval) == 1) state.showMode = 0;
+        Act(mode, modal != 0);
+    });
+}
+
+void ZvTask::TakeDataPath() {
+    const std::string path = session_.GetSetting(resources::kTaskSection, "DataPath", "");
+    if (!path.empty() && session_.machine.files.FileExists(path)) session_.state.UserPath = path;
+}
+
+void ZvTask::Connect() {
+    try {
+        session_.EnsureConnection();
+    } catch (const RuntimeError& error) {
+        session_.windows.ShowMessage(resources::DescribeError(error, session_.state.Language),
+                                     forms::box::kExclamation);
+        throw;
+    }
+}
+
+void ZvTask::Act(std::int32_t mode, bool modal) {
+    const auto notBuilt = [this](std::string_view window) {
+        throw resources::NotBuiltYetError(window, session_.state.Language);
+    };
+    switch (mode) {
+        case kAlertPass:
+        case kManager:
+        case kCards:
+            static_cast<void>(modal);
+            notBuilt("frmTaskMain");
+            break;
+        case kPlanEditor:
+            notBuilt("frmTaskSet");
+            break;
+        case kStaffList:
+            notBuilt("frmList");
+            break;
+        case kMark:
+            MarkDirectly();
+            break;
+        case kMarkOrAsk:
+            if (!MarkDirectly()) notBuilt("frmTaskDone");
+            break;
+        case kAddInstance:
+        case kAddInstanceOrAsk:
+            notBuilt("AddTaskInstance");
+            break;
+        default:
+            break;
+    }
+}
+
+bool ZvTask::MarkDirectly() {
+    const ControlState& state = session_.state;
+    const std::int16_t item = number::ToInt16(static_cast<double>(state.myTaskID));
+    const std::int16_t flag = number::ToInt16(state.myDate.value_or(0));
+    return session_.database.MarkItemState(item, flag, state.UserName) != 0;
+}
+
+}  // namespace zv

@@ -1,0 +1,96 @@
+#include "session/module_gate.h"
+
+#include <string_view>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "session/session.h"
+
+namespace zv {
+namespace {
+
+constexpr std::int16_t kNotRegistered = -1000;
+constexpr std::int16_t kLaunch = 1;
+constexpr std::string_view kHeadingSeparator = ": ";
+
+struct Module {
+    std::int16_t serialNo = -1;  ///< -1: no such module
+    std::string key;
+    std::string caption;
+    std::string password;
+};
+
+Module LookUpModule(Session& session, const std::string& name) {
+    const std::string languageName = "Model_Name_" + std::to_string(session.state.Language);
+    session.EnsureConnection();
+    // The missing parentheses are meant: a module found by its language name opens even while it
+    // is marked as out of use.
+    const auto rows = session.database.Open("select SerialNo,model_Name," + languageName +
+                                            ",SecondPass,password from tSysFunc"
+                                            " Where NoUse_=0 And Model_Name = '" +
+                                            name + "' or " + languageName + " = '" + name + "'");
+    Module result;
+    if (!rows->Eof()) {
+        result.serialNo = rows->Field(0).ToInt16();
+        result.key = rows->Field(1).ToText();
+        result.caption = rows->Field(2).ToText();
+        result.password = rows->Field(4).ToText();
+    }
+    rows->Close();
+    return result;
+}
+
+// The operations of a module are numbered as the action buttons are: 2 changes, 3 deletes.
+std::string Heading(const Session& session, std::int16_t mode) {
+    constexpr std::int16_t kChange = 2;
+    constexpr std::int16_t kDelete = 3;
+    constexpr std::int16_t kChangeText = 25;
+    constexpr std::int16_t kDeleteText = 26;
+    if (mode == kChange) return session.LoadText(kChangeText).append(kHeadingSeparator);
+    if (mode == kDelete) return session.LoadText(kDeleteText).append(kHeadingSeparator);
+    return {};
+}
+
+bool HasRight(const std::string& rights, std::int16_t position) {
+    // A position before the first flag would turn a refusal into a grant.
+    if (position < 1) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    return number::Val(text::Mid(rights, static_cast<std::size_t>(position), 1)) != 0;
+}
+
+bool PasswordAccepted(Session& session, const std::string& password) {
+    if (password.empty()) return true;
+    const std::string entry =
+        session.windows.AskText("Please input the Model password !", true).value_or("");
+    if (text::Trim(entry) == text::Trim(password)) return true;
+    session.windows.ShowMessage("Deny Access: The Model password is not valid!",
+                                forms::box::kExclamation);
+    return false;
+}
+
+}  // namespace
+
+std::int16_t CheckModule(Session& session, const std::string& name, std::int16_t mode,
+                         std::int16_t launch) {
+    if (name.empty()) return 1;
+    const std::string heading = Heading(session, mode);
+    const Module module = LookUpModule(session, name);
+    if (module.serialNo == -1 || module.serialNo == 0) return kNotRegistered;
+
+    const std::int16_t position = number::Add16(module.serialNo, mode);
+    const auto refused = static_cast<std::int16_t>(-position);
+    if (!HasRight(session.state.myPower, position)) return refused;
+    if (!PasswordAccepted(session, module.password)) return refused;
+
+    if (launch == kLaunch) {
+        platform::ModuleStart start;
+        start.moduleName = module.key;
+        start.heading = heading + module.caption;
+        start.language = session.state.Language;
+        start.userName = session.state.UserName;
+        start.connection = session.Settings();
+        session.machine.modules.Run(start);
+    }
+    return position;
+}
+
+}  // namespace zv

@@ -1,0 +1,70 @@
+#include "session/session.h"
+
+namespace zv {
+
+Session::Session(platform::Machine& machinePort, resources::SettingsStore& settingsPort,
+                 store::ConnectionOpener& opener, forms::WindowSystem& windowSystem,
+                 store::StatementObserver* observer)
+    : machine(machinePort),
+      settings(settingsPort),
+      windows(windowSystem),
+      database(
+          opener, [this] { return Settings(); }, observer) {
+    windows.describeError = [this](const RuntimeError& error) {
+        return resources::DescribeError(error, state.Language);
+    };
+    SetApplicationTitle();
+}
+
+Session::~Session() {
+    windows.describeError = nullptr;
+}
+
+store::ConnectionSettings Session::Settings() const {
+    store::ConnectionSettings result;
+    result.kind = state.SQLData >= 1 ? state.SQLData : 0;
+    result.dataPath = state.UserPath;
+    result.password = state.Password;
+    result.login = state.UserID;
+    result.database = state.Default;
+    return result;
+}
+
+std::string Session::GetSetting(std::string_view section, std::string_view key,
+                                std::string_view fallback) const {
+    return settings.Get(resources::kApplication, section, key, fallback);
+}
+
+void Session::SaveSetting(std::string_view section, std::string_view key, std::string_view text) {
+    settings.Save(resources::kApplication, section, key, text);
+}
+
+void Session::SetApplicationTitle() {
+    constexpr std::int16_t kProductTitle = 1;
+    // A title is no reason to fail: a language without texts shows the first one's.
+    try {
+        state.applicationTitle = LoadText(kProductTitle);
+    } catch (const RuntimeError&) {
+        state.applicationTitle = resources::LoadText(kProductTitle, 0);
+    }
+    windows.title = state.applicationTitle;
+}
+
+void Session::EnsureConnection() {
+    if (database.IsOpen()) return;
+    OpenConnection(Settings());
+}
+
+void Session::OpenConnection(const store::ConnectionSettings& connection) {
+    database.SetDateDelimiter(connection.kind >= 1 ? '\'' : '#');
+    try {
+        database.OpenConnection(connection);
+    } catch (const RuntimeError& error) {
+        const std::string& place = connection.kind >= 1 ? connection.database : connection.dataPath;
+        std::string text = resources::DescribeError(error, state.Language);
+        if (!place.empty() && text.find(place) == std::string::npos) text += "\r\n" + place;
+        throw RuntimeError(error.Number(), text, error.Source());
+    }
+}
+
+}  // namespace zv
