@@ -1,0 +1,97 @@
+#include "store/ado/ado_connection.h"
+
+#include <utility>
+
+#include "store/ado/ado_recordset.h"
+#include "store/ado/automation.h"
+
+namespace zv::store::ado {
+namespace {
+
+using win32::ComPtr;
+using win32::Variant;
+
+// Options of Execute: the text is a statement, and it answers no rows.
+constexpr std::int32_t kTextCommand = 1;
+constexpr std::int32_t kNoRecords = 128;
+constexpr wchar_t kRecordsetProgId[] = L"ADODB.Recordset";
+
+class AdoConnection final : public Connection {
+ public:
+    explicit AdoConnection(ComPtr<IDispatch> connection) : connection_(std::move(connection)) {}
+
+    int State() const override {
+        Variant state = GetProperty(*connection_, state_);
+        if (FAILED(state.ChangeType(VT_I4))) throw RuntimeError(ErrorNumber::TypeMismatch);
+        return static_cast<int>(state.Get().lVal);
+    }
+
+    void Close() override { Call(*connection_, close_); }
+
+    int Execute(const std::string& sql) override {
+        const Variant statement{std::string_view(sql)};
+        Variant affected(std::int32_t{-1});
+        VARIANT reference{};
+        reference.vt = VT_BYREF | VT_VARIANT;
+        reference.pvarVal = &affected.Ref();
+        Call(*connection_, execute_,
+             {statement.Get(), reference, Variant(kTextCommand | kNoRecords).Get()});
+        if (FAILED(affected.ChangeType(VT_I4))) return -1;
+        return static_cast<int>(affected.Get().lVal);
+    }
+
+    std::unique_ptr<Recordset> Open(const std::string& sql, CursorType cursor,
+                                    LockType lock) override {
+        const Variant statement{std::string_view(sql)};
+        if (cursor == CursorType::ForwardOnly && lock == LockType::ReadOnly) {
+            const Variant result =
+                Call(*connection_, execute_,
+                     {statement.Get(), Variant::Missing().Get(), Variant(kTextCommand).Get()});
+            auto recordset = result.Object();
+            if (!recordset) throw RuntimeError(ErrorNumber::ObjectNotSet);
+            return std::make_unique<AdoRecordset>(std::move(recordset), lock);
+        }
+        auto recordset = CreateRecordset();
+        Member open(L"Open");
+        Call(*recordset, open,
+             {statement.Get(), Variant(connection_.Get()).Get(),
+              Variant(static_cast<std::int32_t>(cursor)).Get(),
+              Variant(static_cast<std::int32_t>(lock)).Get(), Variant(kTextCommand).Get()});
+        return std::make_unique<AdoRecordset>(std::move(recordset), lock);
+    }
+
+ private:
+    ComPtr<IDispatch> CreateRecordset() {
+        if (factory_.IsOffered(*connection_)) {
+            auto recordset = Call(*connection_, factory_).Object();
+            if (!recordset) throw RuntimeError(ErrorNumber::ObjectNotSet);
+            return recordset;
+        }
+        CLSID classId{};
+        ComPtr<IDispatch> recordset;
+        HRESULT hr = CLSIDFromProgID(kRecordsetProgId, &classId);
+        if (SUCCEEDED(hr)) {
+            hr = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                  recordset.PutVoid());
+        }
+        if (FAILED(hr)) {
+            throw RuntimeError(
+                ErrorNumber::CannotCreateObject,
+                "The class ADODB.Recordset cannot be created: " + win32::SystemMessage(hr));
+        }
+        return recordset;
+    }
+
+    ComPtr<IDispatch> connection_;
+    mutable Member state_{L"State"};
+    Member close_{L"Close"}, execute_{L"Execute"}, factory_{kRecordsetFactory};
+};
+
+}  // namespace
+
+std::unique_ptr<Connection> WrapConnection(ComPtr<IDispatch> connection) {
+    if (!connection) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    return std::make_unique<AdoConnection>(std::move(connection));
+}
+
+}  // namespace zv::store::ado

@@ -1,0 +1,40 @@
+#include "store/ado/ado_opener.h"
+
+#include "store/ado/ado_connection.h"
+#include "store/ado/automation.h"
+
+namespace zv::store::ado {
+
+using win32::ComPtr;
+using win32::Variant;
+
+std::unique_ptr<Connection> AdoOpener::Open(const ConnectionSettings& settings) {
+    CLSID classId{};
+    HRESULT hr = CLSIDFromProgID(kOpenerProgId, &classId);
+    ComPtr<IDispatch> opener;
+    if (SUCCEEDED(hr)) {
+        hr = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, kOpenerInterface,
+                              opener.PutVoid());
+    }
+    if (FAILED(hr)) {
+        throw RuntimeError(ErrorNumber::CannotCreateObject,
+                           "The connection opener \"" + win32::ToUtf8(kOpenerProgId) +
+                               "\" cannot be created: " + win32::SystemMessage(hr));
+    }
+    Member openConnection(kOpenConnection);
+    const Variant path{std::string_view(settings.dataPath)};
+    const Variant password{std::string_view(settings.password)};
+    const Variant login{std::string_view(settings.login)};
+    const Variant database{std::string_view(settings.database)};
+    const Variant result = Call(*opener, openConnection,
+                                {Variant(std::int32_t{settings.kind}).Get(), path.Get(),
+                                 password.Get(), login.Get(), database.Get()});
+    auto connection = result.Object();
+    if (!connection) {
+        throw RuntimeError(ErrorNumber::ObjectNotSet,
+                           "The connection opener answered no connection.");
+    }
+    return WrapConnection(std::move(connection));
+}
+
+}  // namespace zv::store::ado

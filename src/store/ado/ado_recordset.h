@@ -1,0 +1,71 @@
+// Rows of an automation object with the members of ADO's Recordset.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "platform/win32/com_ptr.h"
+#include "platform/win32/variant.h"
+#include "store/ado/automation.h"
+#include "store/connection.h"
+
+namespace zv::store::ado {
+
+/// Rows that are only read come in blocks (GetRows) where the object offers it: the object's own
+/// position is then behind the block, so a recordset that may be written is read row by row.
+class AdoRecordset final : public Recordset {
+ public:
+    /// `recordset` is open, or closed when the statement yields no rows.
+    AdoRecordset(win32::ComPtr<IDispatch> recordset, LockType lock);
+    ~AdoRecordset() override;
+
+    bool Eof() const override;
+    void MoveNext() override;
+    int FieldCount() const override;
+    const std::string& FieldName(int column) const override;
+    int FieldIndex(std::string_view name) const override;
+    const Value& Field(int column) const override;
+    void AddNew() override;
+    void SetField(std::string_view name, Value value) override;
+    void Update() override;
+    void Close() override;
+
+ private:
+    struct Column {
+        win32::ComPtr<IDispatch> field;
+        std::string name;
+        Value value;
+        bool isRead = false;  // value holds the current row's
+    };
+
+    void RequireOpen() const;
+    void LoadColumns() const;
+    void ForgetValues() const;
+    Column& ColumnAt(int column) const;
+    void LoadBlock();
+    void ReleaseBlock();
+    Value ReadFromBlock(int column) const;
+
+    win32::ComPtr<IDispatch> recordset_;
+    bool isOpen_ = false;
+    bool inBlocks_ = false;
+    bool isEof_ = false;  // in blocks only
+
+    // One block: a two-dimensional array, the column first. `rows_` locked data of it.
+    win32::Variant block_;
+    const VARIANT* rows_ = nullptr;
+    std::size_t columnsInBlock_ = 0;
+    std::size_t rowsInBlock_ = 0;
+    std::size_t row_ = 0;
+    std::int32_t blockSize_ = 0;
+    bool isLastBlock_ = false;
+
+    mutable std::vector<Column> columns_;
+    mutable Member eof_{L"EOF"}, fields_{L"Fields"}, count_{L"Count"}, item_{L"Item"};
+    // All fields of a recordset are objects of one class.
+    mutable Member name_{L"Name"}, value_{L"Value"};
+    Member state_{L"State"}, moveNext_{L"MoveNext"}, addNew_{L"AddNew"}, update_{L"Update"},
+        close_{L"Close"}, getRows_{L"GetRows"};
+};
+
+}  // namespace zv::store::ado

@@ -1,0 +1,71 @@
+#include "store/ado/automation.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zv::store::ado {
+namespace {
+
+constexpr std::size_t kMostArguments = 8;
+
+win32::Variant Invoke(IDispatch& object, DISPID id, WORD kind, DISPPARAMS& parameters) {
+    win32::Variant result;
+    EXCEPINFO info{};
+    UINT badArgument = 0;
+    const bool wantsResult = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) == 0;
+    const HRESULT hr = object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,
+                                     wantsResult ? result.Put() : nullptr, &info, &badArgument);
+    if (FAILED(hr)) throw win32::ErrorOf(hr, info);
+    return result;
+}
+
+win32::Variant InvokeWith(IDispatch& object, Member& member, WORD kind, ArgumentList arguments) {
+    if (arguments.size() > kMostArguments) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    std::array<VARIANT, kMostArguments> reversed;
+    std::reverse_copy(arguments.begin(), arguments.end(), reversed.begin());
+    DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+    return Invoke(object, member.Id(object), kind, parameters);
+}
+
+}  // namespace
+
+HRESULT Member::Lookup(IDispatch& object) {
+    if (result_ == S_FALSE) {
+        auto* name = const_cast<wchar_t*>(name_);
+        result_ = object.GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id_);
+    }
+    return result_;
+}
+
+DISPID Member::Id(IDispatch& object) {
+    if (Lookup(object) != S_OK) {
+        throw RuntimeError(ErrorNumber::MemberNotFound,
+                           "The object has no member \"" + win32::ToUtf8(name_) + "\".");
+    }
+    return id_;
+}
+
+win32::Variant Call(IDispatch& object, Member& member, ArgumentList arguments) {
+    return InvokeWith(object, member, DISPATCH_METHOD, arguments);
+}
+
+win32::Variant GetProperty(IDispatch& object, Member& member, ArgumentList arguments) {
+    // Objects written in a script offer everything as a method.
+    return InvokeWith(object, member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments);
+}
+
+void PutProperty(IDispatch& object, Member& member, const VARIANT& value) {
+    VARIANT argument = value;
+    DISPID put = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{&argument, &put, 1, 1};
+    Invoke(object, member.Id(object), DISPATCH_PROPERTYPUT, parameters);
+}
+
+win32::ComPtr<IDispatch> GetObjectProperty(IDispatch& object, Member& member,
+                                           ArgumentList arguments) {
+    auto result = GetProperty(object, member, arguments).Object();
+    if (!result) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    return result;
+}
+
+}  // namespace zv::store::ado
