@@ -1,0 +1,203 @@
+// zvOutside: works the windows of another process as a macro tool or a screen reader would, by
+// nothing but messages. One command a call:
+//
+//   list                       visible windows: name, class, title
+//   wait PATH SECONDS          until the window or control is there
+//   gone PATH SECONDS          until it is not
+//   text PATH | settext PATH TEXT
+//   click PATH                 presses a button, check box or option
+//   checked PATH               0 or 1
+//   pick PATH POSITION         a row of a combo box
+//   tab PATH POSITION          a tab
+//   tree PATH                  every node, a line each, indented by depth
+//   node PATH PART             clicks the first node whose text holds PART
+//   message                    text of the message box that is open
+//   press ID                   its button (1 OK, 2 Cancel, 6 Yes, 7 No)
+//   close PATH
+//
+// PATH is WINDOW or WINDOW.CONTROL. Prints UTF-8; exit status 1 with a reason when it cannot.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <cstdio>
+#include <functional>
+#include <map>
+#include <stdexcept>
+
+#include "remote_memory.h"
+#include "windows_by_name.h"
+
+namespace zv::outside {
+namespace {
+
+using Arguments = std::vector<std::wstring>;
+
+constexpr DWORD kAnswerMs = 20000;
+
+LRESULT Ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
+    DWORD_PTR result = 0;
+    if (!SendMessageTimeoutW(window, message, w, l, SMTO_ABORTIFHUNG, kAnswerMs, &result)) {
+        throw std::runtime_error("the window does not answer");
+    }
+    return static_cast<LRESULT>(result);
+}
+
+void Print(const std::wstring& line) {
+    std::printf("%s\n", Narrow(line).c_str());
+}
+
+bool Exists(const std::wstring& path) {
+    try {
+        FindPath(path);
+        return true;
+    } catch (const std::runtime_error&) {
+        return false;
+    }
+}
+
+void WaitUntil(const std::wstring& seconds, const std::function<bool()>& condition) {
+    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(_wtoi(seconds.c_str())) * 1000;
+    while (!condition()) {
+        if (GetTickCount64() > end) throw std::runtime_error("waited in vain");
+        Sleep(50);
+    }
+}
+
+std::wstring NodeText(HWND tree, LPARAM item) {
+    constexpr std::size_t kUnits = 512;
+    RemoteMemory memory(tree, sizeof(TVITEMW) + kUnits * sizeof(wchar_t));
+    TVITEMW request{};
+    request.mask = TVIF_TEXT | TVIF_HANDLE;
+    request.hItem = reinterpret_cast<HTREEITEM>(item);
+    request.pszText = reinterpret_cast<wchar_t*>(memory.Address(sizeof(TVITEMW)));
+    request.cchTextMax = kUnits;
+    memory.Write(request);
+    Ask(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.Address()));
+    wchar_t text[kUnits] = {};
+    memory.ReadBytes(text, sizeof text, sizeof(TVITEMW));
+    text[kUnits - 1] = 0;
+    return text;
+}
+
+// Calls `visit` for each node in display order until it answers true.
+bool Walk(HWND tree, LPARAM item, int depth, const std::function<bool(LPARAM, int)>& visit) {
+    for (; item; item = Ask(tree, TVM_GETNEXTITEM, TVGN_NEXT, item)) {
+        if (visit(item, depth)) return true;
+        if (Walk(tree, Ask(tree, TVM_GETNEXTITEM, TVGN_CHILD, item), depth + 1, visit)) return true;
+    }
+    return false;
+}
+
+void ClickAt(HWND window, const RECT& place) {
+    const LPARAM at = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    PostMessageW(window, WM_LBUTTONUP, 0, at);
+}
+
+void ClickNode(const Arguments& a) {
+    const HWND tree = FindPath(a.at(0));
+    LPARAM found = 0;
+    Walk(tree, Ask(tree, TVM_GETNEXTITEM, TVGN_ROOT), 0, [&](LPARAM item, int) {
+        if (NodeText(tree, item).find(a.at(1)) == std::wstring::npos) return false;
+        found = item;
+        return true;
+    });
+    if (!found) throw std::runtime_error("no such node");
+    Ask(tree, TVM_ENSUREVISIBLE, 0, found);
+    RemoteMemory memory(tree, sizeof(RECT));
+    memory.Write(found);
+    Ask(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(memory.Address()));
+    ClickAt(tree, memory.Read<RECT>());
+}
+
+void SelectTab(const Arguments& a) {
+    const HWND tabs = FindPath(a.at(0));
+    RemoteMemory memory(tabs, sizeof(RECT));
+    if (!Ask(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(_wtoi(a.at(1).c_str())),
+             reinterpret_cast<LPARAM>(memory.Address()))) {
+        throw std::runtime_error("no such tab");
+    }
+    ClickAt(tabs, memory.Read<RECT>());
+}
+
+void PickRow(const Arguments& a) {
+    const HWND combo = FindPath(a.at(0));
+    Ask(combo, CB_SETCURSEL, static_cast<WPARAM>(_wtoi(a.at(1).c_str())));
+    PostMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+}
+
+HWND OpenMessageBox() {
+    for (const HWND window : TopLevelWindows()) {
+        if (IsWindowVisible(window) && ClassOf(window) == L"#32770") return window;
+    }
+    throw std::runtime_error("no message box is open");
+}
+
+const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() {
+    static const std::map<std::wstring, std::function<void(const Arguments&)>> commands{
+        {L"list",
+         [](const Arguments&) {
+             for (const HWND window : TopLevelWindows()) {
+                 if (!IsWindowVisible(window)) continue;
+                 Print(NameOf(window) + L"|" + ClassOf(window) + L"|" + TextOf(window));
+             }
+         }},
+        {L"wait", [](const Arguments& a) { WaitUntil(a.at(1), [&] { return Exists(a.at(0)); }); }},
+        {L"gone", [](const Arguments& a) { WaitUntil(a.at(1), [&] { return !Exists(a.at(0)); }); }},
+        {L"text", [](const Arguments& a) { Print(TextOf(FindPath(a.at(0)))); }},
+        {L"settext",
+         [](const Arguments& a) {
+             Ask(FindPath(a.at(0)), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(a.at(1).c_str()));
+         }},
+        {L"click", [](const Arguments& a) { PostMessageW(FindPath(a.at(0)), BM_CLICK, 0, 0); }},
+        {L"checked",
+         [](const Arguments& a) { Print(std::to_wstring(Ask(FindPath(a.at(0)), BM_GETCHECK))); }},
+        {L"pick", PickRow},
+        {L"tab", SelectTab},
+        {L"tree",
+         [](const Arguments& a) {
+             const HWND tree = FindPath(a.at(0));
+             Walk(tree, Ask(tree, TVM_GETNEXTITEM, TVGN_ROOT), 0, [&](LPARAM item, int depth) {
+                 Print(std::wstring(static_cast<std::size_t>(depth) * 2, L' ') +
+                       NodeText(tree, item));
+                 return false;
+             });
+         }},
+        {L"node", ClickNode},
+        {L"message", [](const Arguments&) { Print(TextOf(GetDlgItem(OpenMessageBox(), 65535))); }},
+        {L"press",
+         [](const Arguments& a) {
+             PostMessageW(OpenMessageBox(), WM_COMMAND, static_cast<WPARAM>(_wtoi(a.at(0).c_str())),
+                          0);
+         }},
+        {L"close", [](const Arguments& a) { PostMessageW(FindPath(a.at(0)), WM_CLOSE, 0, 0); }},
+    };
+    return commands;
+}
+
+int Run(const Arguments& words) {
+    const auto command = words.empty() ? Commands().end() : Commands().find(words.front());
+    if (command == Commands().end()) {
+        std::fprintf(stderr, "unknown command\n");
+        return 2;
+    }
+    try {
+        command->second(Arguments(words.begin() + 1, words.end()));
+        return 0;
+    } catch (const std::out_of_range&) {
+        std::fprintf(stderr, "a word is missing\n");
+        return 2;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+}
+
+}  // namespace
+}  // namespace zv::outside
+
+int wmain(int argc, wchar_t** argv) {
+    return zv::outside::Run(zv::outside::Arguments(argv + 1, argv + argc));
+}
