@@ -1,0 +1,55 @@
+// The machine port answered by Windows.
+#pragma once
+
+#include <string>
+
+#include "platform/machine.h"
+
+namespace zv::platform::win32 {
+
+class SystemClock final : public Clock {
+ public:
+    DateTime Now() const override;
+};
+
+class SystemAnsiCodePage final : public AnsiCodePage {
+ public:
+    int ByteWidth(char32_t codePoint) const override;
+};
+
+class SystemShell final : public Shell {
+ public:
+    /// Throws error 53 when the shell finds nothing to open, 75 when it may not, 5 otherwise.
+    void Open(const std::string& target) override;
+    std::string DialerPath() const override;
+    /// Starts a program by its full path and waits a moment until it takes keys. Throws error 53.
+    void Start(const std::string& program) override;
+    /// A carriage return presses Enter, a tab Tab; everything else is typed as it is.
+    void SendKeys(const std::string& keys) override;
+};
+
+class SystemFiles final : public FileSystem {
+ public:
+    bool FileExists(const std::string& path) const override;
+    std::string ApplicationFolder() const override;
+};
+
+/// Everything that Machine refers to. Keep it as long as the machine is used.
+class SystemMachine {
+ public:
+    SystemMachine(const SystemMachine&) = delete;
+    SystemMachine& operator=(const SystemMachine&) = delete;
+    explicit SystemMachine(ModuleRunner& runner)
+        : machine{clock_, codePage_, shell_, files_, runner} {}
+
+ private:
+    SystemClock clock_;
+    SystemAnsiCodePage codePage_;
+    SystemShell shell_;
+    SystemFiles files_;
+
+ public:
+    Machine machine;
+};
+
+}  // namespace zv::platform::win32
