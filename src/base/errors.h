@@ -16,6 +16,7 @@ enum class ErrorNumber : std::int32_t {
     TypeMismatch = 13,
     InternalError = 51,
     FileNotFound = 53,
+    FileAlreadyExists = 58,
     PathFileAccess = 75,
     ObjectNotSet = 91,
     ResourceNotFound = 326,
@@ -32,6 +33,7 @@ enum class ErrorNumber : std::int32_t {
     DatabaseStatement = static_cast<std::int32_t>(0x80040E14),
     DatabaseTable = static_cast<std::int32_t>(0x80040E37),
     DatabaseColumn = static_cast<std::int32_t>(0x80040E10),
+    DatabaseConflict = static_cast<std::int32_t>(0x80040E38),
     DatabaseFailure = static_cast<std::int32_t>(0x80004005),
 };
 

@@ -6,13 +6,15 @@
 
 namespace zv::store {
 
-/// A user's search text as a LIKE pattern: trimmed; empty, "*" or "%" gives "%"; "*" becomes "%";
-/// a text without "_" and "%" is wrapped in "%"; any other stays as it is.
+/// A user's search text as a LIKE pattern: trimmed of blanks; "%" when nothing, "*" or "%" is left;
+/// wrapped in "%" when it holds neither "_" nor "%"; with wildcards of its own as it stands.
 std::string MakeLikePattern(std::string_view text);
 
 /// `where` with each condition's field prefixed by `alias` ("a" or "a."): the text is split at
-/// each "and"; a condition that begins with a string function of the dialect takes the alias
-/// behind its parenthesis. Unchanged when either text is empty or the alias already stands in it.
+/// each "and" that joins conditions; a condition that begins with a string function of the dialect
+/// takes the alias behind the function's parenthesis. Quoted texts, the "and" of a "between" and
+/// conditions that begin with a constant ("1=1") stay as they are. Unchanged when either text is
+/// empty or the lower-cased `where` already holds the alias.
 /// `databaseKind`: 0 Access ("mid(", "format("), 1 or more server ("substring(", "convert(").
 std::string QualifyFieldNames(std::string_view where, std::string_view alias, int databaseKind);
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 #include "base/date_time.h"
@@ -40,6 +41,17 @@ class Value {
     const std::variant<std::monostate, std::int64_t, double, std::string, DateTime>& Data() const {
         return data_;
     }
+
+    /// Becomes this text; keeps the memory of a text that was here before, which makes reading rows
+    /// into the same values cheap.
+    void AssignText(std::string_view text) {
+        if (auto* present = std::get_if<std::string>(&data_)) {
+            present->assign(text);
+        } else {
+            data_.emplace<std::string>(text);
+        }
+    }
+
     bool operator==(const Value&) const = default;
 
  private:

@@ -1,0 +1,44 @@
+// A translated piece of a statement and what is known of its value.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "store/dialect/schema_info.h"
+
+namespace zv::store::dialect {
+
+/// How tightly the outermost operator of a piece binds in the target, loosest first.
+enum class Level { Or, And, Not, Compare, Add, Multiply, Join, Primary };
+
+/// A condition "column <= date" or "column >= date" on one bound of the alert window, which every
+/// row of the result meets.
+struct WindowBound {
+    std::string qualifier;  ///< as written, empty without one
+    bool lower = false;  ///< the end of the window is on or after the date; else its start before
+    std::string date;    ///< stored form
+};
+
+struct Expression {
+    std::string sql;
+    ColumnKind kind = ColumnKind::Unknown;
+    Level level = Level::Primary;
+    std::size_t position = 0;            ///< in the source statement, from 1
+    std::optional<std::string> literal;  ///< the value of a bare text literal
+    std::optional<std::string> date;     ///< the value of a bare date, stored form
+    std::string column;                  ///< name of a bare column
+    std::string qualifier;               ///< in front of that name
+    std::vector<WindowBound> bounds;
+};
+
+/// The expression's text, in parentheses when its operator binds less tightly than `level`.
+std::string At(const Expression& expression, Level level);
+std::string QuoteName(const std::string& name);
+std::string QuoteText(const std::string& text);
+/// A text literal that is to be taken as a date becomes one; throws when it is none. Any other
+/// expression stays as it is.
+void TakeAsDate(Expression& expression);
+
+}  // namespace zv::store::dialect

@@ -1,0 +1,33 @@
+// What the translation must know of the database that it translates for.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace zv::store::dialect {
+
+enum class ColumnKind { Unknown, Text, Number, Date };
+
+/// Kinds of columns by name alone: the tables use one name for one kind of value.
+class SchemaInfo {
+ public:
+    /// The kind follows from the declared type; a name with two kinds becomes Unknown.
+    void AddColumn(std::string_view name, std::string_view declaredType);
+    /// Compared without regard to case. The date columns of the system's own tables are known,
+    /// however their types were declared.
+    ColumnKind KindOf(std::string_view column) const;
+
+    /// Whether the table of items carries the index over alert windows (window_index.h).
+    bool hasWindowIndex = false;
+
+ private:
+    std::map<std::string, ColumnKind, std::less<>> kinds_;
+};
+
+/// The kind that a declared type stands for.
+ColumnKind KindOfType(std::string_view declaredType);
+/// Whether this is a date column of the system's own tables.
+bool IsKnownDateColumn(std::string_view column);
+
+}  // namespace zv::store::dialect

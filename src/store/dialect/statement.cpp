@@ -1,0 +1,374 @@
+#include <algorithm>
+#include <utility>
+
+#include "base/date_time.h"
+#include "base/text.h"
+#include "store/dialect/parser.h"
+#include "store/dialect/window_index.h"
+
+namespace zv::store::dialect {
+namespace {
+
+constexpr const char* kClassesAlias = "zv_window";
+
+std::string Joined(const std::vector<std::string>& parts) {
+    return text::Join(parts, ",");
+}
+
+}  // namespace
+
+Translation Parser::ParseStatement() {
+    Translation translation;
+    if (IsKeyword("select")) {
+        translation.sql = ParseSelect(&translation);
+    } else if (IsKeyword("insert")) {
+        translation = ParseInsert();
+    } else if (IsKeyword("update")) {
+        translation = ParseUpdate();
+    } else if (IsKeyword("delete")) {
+        translation = ParseDelete();
+    } else if (IsKeyword("drop")) {
+        translation = ParseDrop();
+    } else {
+        Unexpected();
+    }
+    AcceptSymbol(";");
+    if (Peek().kind != TokenKind::End) Unexpected();
+    return translation;
+}
+
+std::string Parser::ParseSelect(Translation* translation) {
+    const DepthGuard guard(*this);
+    // A select inside another keeps its own account of columns and totals.
+    const bool outerAggregate = std::exchange(sawAggregate_, false);
+    auto outerColumns = std::exchange(columns_, {});
+
+    Select select = ParseSelectCore();
+    bool united = false;
+    std::string sql;
+    while (IsKeyword("union")) {
+        if (!select.limit.empty()) Unexpected();
+        united = true;
+        Take();
+        const std::string link = AcceptKeyword("all") ? " union all " : " union ";
+        sql += Compose(select) + link;
+        select = ParseSelectCore();
+    }
+    if (united && !select.limit.empty()) Unexpected();
+    select.orderBy = ParseOrder();
+
+    const bool writable = translation && !united && select.source.single &&
+                          !select.source.firstTable.empty() && !select.distinct &&
+                          !select.aggregate && !select.grouped;
+    if (writable) {
+        const std::string key = select.source.firstAlias + ".\"rowid\"";
+        Select keys = select;
+        keys.columns = {key};
+        translation->table = select.source.firstTable;
+        translation->keySql = Compose(keys);
+        Select row = select;
+        row.where = key + "=?1";
+        row.orderBy.clear();
+        row.limit.clear();
+        translation->rowSql = Compose(row);
+    }
+    if (!united) UseWindowIndex(select);
+    sql += Compose(select);
+
+    sawAggregate_ = outerAggregate;
+    outerColumns.insert(outerColumns.end(), columns_.begin(), columns_.end());
+    columns_ = std::move(outerColumns);
+    return sql;
+}
+
+Parser::Select Parser::ParseSelectCore() {
+    Select select;
+    ExpectKeyword("select");
+    if (AcceptKeyword("distinct") || AcceptKeyword("distinctrow"))
+        select.distinct = true;
+    else
+        AcceptKeyword("all");
+    if (IsKeyword("top") && Peek(1).kind == TokenKind::Number) {
+        Take();
+        const Token count = Take();
+        if (count.text.find_first_not_of("0123456789") != std::string::npos ||
+            count.text.size() > 9) {
+            ThrowAt("\"top\" takes a whole number", count.position);
+        }
+        select.limit = count.text;
+    }
+    ParseColumns(select);
+    if (AcceptKeyword("from")) select.source = ParseFrom();
+    if (AcceptKeyword("where")) {
+        const Expression condition = ParseExpression();
+        select.where = condition.sql;
+        select.bounds = condition.bounds;
+    }
+    if (AcceptKeyword("group")) {
+        ExpectKeyword("by");
+        select.grouped = true;
+        for (const Expression& term : ParseList()) {
+            select.groupBy += (select.groupBy.empty() ? " group by " : ",") + term.sql;
+        }
+        if (AcceptKeyword("having")) select.groupBy += " having " + ParseExpression().sql;
+    }
+    select.aggregate = sawAggregate_;
+    return select;
+}
+
+void Parser::ParseColumns(Select& select) {
+    do {
+        if (AcceptSymbol("*")) {
+            select.columns.emplace_back("*");
+            select.bareStar = true;
+            select.covered = false;
+            continue;
+        }
+        if (IsName() && IsSymbol(".", 1) && IsSymbol("*", 2)) {
+            select.columns.push_back(QuoteName(Take().text) + ".*");
+            Take();
+            Take();
+            select.covered = false;
+            continue;
+        }
+        const Expression column = ParseExpression();
+        if (text::EqualsIgnoreCase(column.column, "fID")) select.showsKey = true;
+        std::string sql = column.sql;
+        if (const std::string alias = ParseAlias(); !alias.empty()) sql += " as " + alias;
+        select.columns.push_back(std::move(sql));
+    } while (AcceptSymbol(","));
+}
+
+std::string Parser::ParseAlias() {
+    if (AcceptKeyword("as")) return QuoteName(ExpectName());
+    return IsName() ? QuoteName(Take().text) : std::string();
+}
+
+std::string Parser::ParseTableName(std::string* plainName) {
+    std::string name = ExpectName();
+    if (text::EqualsIgnoreCase(name, "dbo") && AcceptSymbol(".")) name = ExpectName();
+    if (plainName) *plainName = name;
+    return QuoteName(name);
+}
+
+std::string Parser::ParseTable(Source& source, bool first) {
+    const DepthGuard guard(*this);
+    if (AcceptSymbol("(")) {
+        source.enclosed = true;
+        std::string inner;
+        if (IsKeyword("select")) {
+            inner = ParseSelect(nullptr);
+        } else {
+            const Source joined = ParseFrom();
+            inner = joined.firstSql + joined.joins;
+        }
+        ExpectSymbol(")");
+        const std::string alias = ParseAlias();
+        return "(" + inner + ")" + (alias.empty() ? "" : " as " + alias);
+    }
+    std::string plain;
+    const std::string name = ParseTableName(&plain);
+    const std::string alias = ParseAlias();
+    if (first) {
+        source.firstTable = name;
+        source.firstName = plain;
+        source.firstAlias = alias.empty() ? name : alias;
+    } else {
+        source.otherAliases.push_back(alias.empty() ? name : alias);
+    }
+    return alias.empty() ? name : name + " as " + alias;
+}
+
+Parser::Source Parser::ParseFrom() {
+    Source source;
+    source.firstSql = ParseTable(source, true);
+    while (true) {
+        std::string join;
+        if (AcceptSymbol(",")) {
+            source.joins += "," + ParseTable(source, false);
+            source.single = false;
+            continue;
+        }
+        if (AcceptKeyword("left")) {
+            join = " left join ";
+            AcceptKeyword("outer");
+        } else if (IsKeyword("right") || IsKeyword("full")) {
+            join = AcceptKeyword("right") ? " right join " : " full join ";
+            AcceptKeyword("full");
+            AcceptKeyword("outer");
+            source.outerFirst = true;
+        } else if (AcceptKeyword("inner")) {
+            join = " join ";
+        } else if (AcceptKeyword("cross")) {
+            join = " cross join ";
+        } else if (IsKeyword("join")) {
+            join = " join ";
+        } else {
+            return source;
+        }
+        ExpectKeyword("join");
+        source.joins += join + ParseTable(source, false);
+        source.single = false;
+        if (AcceptKeyword("on")) source.joins += " on " + ParseExpression().sql;
+    }
+}
+
+std::string Parser::ParseOrder() {
+    if (!AcceptKeyword("order")) return {};
+    ExpectKeyword("by");
+    std::string sql;
+    do {
+        sql += (sql.empty() ? " order by " : ",") + ParseExpression().sql;
+        if (AcceptKeyword("desc"))
+            sql += " desc";
+        else
+            AcceptKeyword("asc");
+    } while (AcceptSymbol(","));
+    return sql;
+}
+
+std::string Parser::Compose(const Select& select) {
+    std::string sql = select.distinct ? "select distinct " : "select ";
+    sql += Joined(select.columns);
+    if (!select.source.firstSql.empty()) {
+        sql += " from " + select.source.firstSql + select.source.joins;
+    }
+    if (!select.where.empty()) sql += " where " + select.where;
+    sql += select.groupBy + select.orderBy;
+    if (!select.limit.empty()) sql += " limit " + select.limit;
+    return sql;
+}
+
+void Parser::UseWindowIndex(Select& select) const {
+    Source& source = select.source;
+    if (!schema_.hasWindowIndex || source.outerFirst || source.firstTable.empty() ||
+        !text::EqualsIgnoreCase(source.firstName, kWindowTable)) {
+        return;
+    }
+    // The tightest bounds on the items' window.
+    std::string lastDay, firstDay;
+    for (const WindowBound& bound : select.bounds) {
+        const bool own =
+            bound.qualifier.empty()
+                ? source.single
+                : text::EqualsIgnoreCase(QuoteName(bound.qualifier), source.firstAlias);
+        if (!own) continue;
+        if (bound.lower)
+            firstDay = std::max(firstDay, bound.date);
+        else if (lastDay.empty() || bound.date < lastDay)
+            lastDay = bound.date;
+    }
+    if (firstDay.empty() || lastDay.empty()) return;
+    if (select.bareStar && source.enclosed) return;
+
+    const bool covered =
+        select.covered && std::all_of(columns_.begin(), columns_.end(), [&](const auto& column) {
+            const bool other = !column.first.empty() &&
+                               !text::EqualsIgnoreCase(QuoteName(column.first), source.firstAlias);
+            return other || WindowIndexHolds(column.second);
+        });
+    // Fetching the rest of each row from the table pays while few rows are found.
+    constexpr int kFewDays = 92;
+    const auto first = DateTime::Parse(firstDay);
+    const auto last = DateTime::Parse(lastDay);
+    if (!covered && first && last && *last > first->AddDays(kFewDays)) return;
+
+    const std::string alias = source.firstAlias + ".";
+    std::string values;
+    for (const WindowClassRange& range : WindowRanges(firstDay)) {
+        values += (values.empty() ? "(" : ",(") + std::to_string(range.windowClass) + "," +
+                  range.start + ")";
+    }
+    // Every row is in one class, so the join repeats none and a shown key keeps the rows distinct.
+    if (source.single && select.showsKey) select.distinct = false;
+    if (select.bareStar) {
+        std::vector<std::string> all{alias + "*"};
+        for (const std::string& other : source.otherAliases) all.push_back(other + ".*");
+        const auto star = std::find(select.columns.begin(), select.columns.end(), "*");
+        const auto behind = select.columns.erase(star);
+        select.columns.insert(behind, all.begin(), all.end());
+    }
+    source.firstSql = "(values" + values + ") as " + kClassesAlias + " cross join " +
+                      source.firstSql + " indexed by " + std::string(kWindowIndex) + " on " +
+                      WindowClass(alias) + "=" + kClassesAlias + ".column1 and " + alias +
+                      "tDuring1>=" + kClassesAlias + ".column2";
+}
+
+Translation Parser::ParseInsert() {
+    Take();
+    ExpectKeyword("into");
+    Translation translation{StatementKind::Change, {}, {}, {}, {}};
+    std::string& sql = translation.sql;
+    sql = "insert into " + ParseTableName();
+    std::vector<std::string> columns;
+    if (AcceptSymbol("(")) {
+        std::string list;
+        do {
+            columns.push_back(ExpectName());
+            list += (list.empty() ? "" : ",") + QuoteName(columns.back());
+        } while (AcceptSymbol(","));
+        ExpectSymbol(")");
+        sql += "(" + list + ")";
+    }
+    if (IsKeyword("select")) {
+        sql += " " + ParseSelect(nullptr);
+        return translation;
+    }
+    ExpectKeyword("values");
+    sql += " values";
+    for (bool first = true; first || AcceptSymbol(","); first = false) {
+        const std::size_t position = Peek().position;
+        ExpectSymbol("(");
+        std::vector<Expression> values = ParseList();
+        ExpectSymbol(")");
+        if (!columns.empty() && values.size() != columns.size()) {
+            ThrowAt("the number of values differs from the number of columns", position);
+        }
+        sql += first ? "(" : ",(";
+        for (std::size_t i = 0; i < values.size(); i++) {
+            if (i < columns.size() && schema_.KindOf(columns[i]) == ColumnKind::Date) {
+                TakeAsDate(values[i]);
+            }
+            sql += (i == 0 ? "" : ",") + values[i].sql;
+        }
+        sql += ")";
+    }
+    return translation;
+}
+
+Translation Parser::ParseUpdate() {
+    Take();
+    Translation translation{StatementKind::Change, {}, {}, {}, {}};
+    std::string& sql = translation.sql;
+    sql = "update " + ParseTableName();
+    ExpectKeyword("set");
+    std::string list;
+    do {
+        const Expression column = ParseColumn();
+        ExpectSymbol("=");
+        Expression value = ParseAdditive();
+        if (column.kind == ColumnKind::Date) TakeAsDate(value);
+        list += (list.empty() ? " set " : ",") + QuoteName(column.column) + "=" + value.sql;
+    } while (AcceptSymbol(","));
+    sql += list;
+    if (AcceptKeyword("where")) sql += " where " + ParseExpression().sql;
+    return translation;
+}
+
+Translation Parser::ParseDelete() {
+    Take();
+    AcceptSymbol("*");
+    ExpectKeyword("from");
+    Translation translation{StatementKind::Change, {}, {}, {}, {}};
+    translation.sql = "delete from " + ParseTableName();
+    if (AcceptKeyword("where")) translation.sql += " where " + ParseExpression().sql;
+    return translation;
+}
+
+Translation Parser::ParseDrop() {
+    Take();
+    ExpectKeyword("table");
+    return {StatementKind::Definition, "drop table " + ParseTableName(), {}, {}, {}};
+}
+
+}  // namespace zv::store::dialect

@@ -1,0 +1,22 @@
+// The tables of the system for the embedded engine. The scripts beside this file make the same
+// tables in Access and in SQL Server.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zv::store {
+
+/// Marks a file of the embedded engine as one of ours (the header field "application id").
+inline constexpr std::int32_t kApplicationId = 0x7A764442;
+
+/// The text of sqlite.sql.
+std::string_view SqliteSchema();
+
+/// Makes a new database file with empty tables (UTF-8 path). Throws RuntimeError: error 58 when
+/// something of that name exists, DatabaseFailure with reason and path when the file cannot be
+/// written; leaves no half-made file behind.
+void CreateSqliteDatabase(const std::string& path);
+
+}  // namespace zv::store

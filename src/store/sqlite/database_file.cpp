@@ -1,0 +1,66 @@
+#include "store/sqlite/database_file.h"
+
+#include <array>
+#include <cstring>
+#include <fstream>
+#include <system_error>
+
+#include "base/errors.h"
+#include "store/sqlite/sqlite_connection.h"
+
+namespace zv::store {
+namespace sqlite {
+namespace {
+
+// The first bytes of every file of the engine, the closing zero included.
+constexpr char kSignature[] = "SQLite format 3";
+
+bool HasSignature(std::istream& file) {
+    std::array<char, sizeof kSignature> start{};
+    file.read(start.data(), start.size());
+    return file.gcount() == static_cast<std::streamsize>(start.size()) &&
+           std::memcmp(start.data(), kSignature, sizeof kSignature) == 0;
+}
+
+[[noreturn]] void Refuse(ErrorNumber number, const char* reason, const std::string& path) {
+    throw RuntimeError(number, std::string(reason) + ": " + path, kErrorSource);
+}
+
+}  // namespace
+
+std::filesystem::path PathOf(const std::string& utf8) {
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+void CheckDatabaseFile(const std::string& path) {
+    namespace fs = std::filesystem;
+    const fs::path file = PathOf(path);
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (path.empty() || path.find('\0') != std::string::npos ||
+        status.type() == fs::file_type::not_found) {
+        Refuse(ErrorNumber::FileNotFound, "The database file was not found", path);
+    }
+    if (fs::is_directory(status)) {
+        Refuse(ErrorNumber::PathFileAccess, "The path names a folder, not a database file", path);
+    }
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) {
+        Refuse(ErrorNumber::PathFileAccess, "The database file cannot be read", path);
+    }
+    if (fs::file_size(file, error) == 0 && !error) {
+        Refuse(ErrorNumber::DatabaseFailure, "The database file is empty", path);
+    }
+    if (!HasSignature(stream)) {
+        Refuse(ErrorNumber::DatabaseFailure, "The file is not a database", path);
+    }
+}
+
+}  // namespace sqlite
+
+bool IsSqliteFile(const std::string& path) {
+    std::ifstream stream(sqlite::PathOf(path), std::ios::binary);
+    return stream && sqlite::HasSignature(stream);
+}
+
+}  // namespace zv::store

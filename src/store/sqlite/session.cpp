@@ -1,0 +1,304 @@
+#include "store/sqlite/session.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "store/dialect/lexer.h"
+#include "store/dialect/window_index.h"
+#include "store/sqlite/database_file.h"
+
+namespace zv::store::sqlite {
+namespace {
+
+constexpr std::size_t kKeptStatements = 32;
+constexpr std::size_t kKeptTranslations = 32;
+
+ErrorNumber NumberOf(std::string_view message) {
+    const auto holds = [&](std::string_view part) { return text::Contains(message, part); };
+    if (holds("no such table")) return ErrorNumber::DatabaseTable;
+    if (holds("no such column") || holds("has no column named") || holds("ambiguous column")) {
+        return ErrorNumber::DatabaseColumn;
+    }
+    if (holds("syntax error") || holds("no such function") || holds("wrong number of arguments") ||
+        holds("incomplete input") || holds("unrecognized token") || holds("misuse of aggregate") ||
+        holds("too many terms") || holds("Expression tree is too large") ||
+        holds("parser stack overflow") || holds("values for") || holds("aliases") ||
+        holds("do not have the same number of result columns")) {
+        return ErrorNumber::DatabaseStatement;
+    }
+    return ErrorNumber::DatabaseFailure;
+}
+
+/// The place of the name that `message` ends in - "no such column: a.x" - in the statement.
+std::string PlaceOf(std::string_view message, const std::string& source) {
+    const std::size_t colon = message.rfind(": ");
+    const std::size_t named = message.rfind("named ");
+    std::string_view name;
+    if (colon != std::string_view::npos)
+        name = message.substr(colon + 2);
+    else if (named != std::string_view::npos)
+        name = message.substr(named + 6);
+    if (const std::size_t point = name.rfind('.'); point != std::string_view::npos) {
+        name.remove_prefix(point + 1);
+    }
+    if (name.empty()) return {};
+    try {
+        for (const dialect::Token& token : dialect::Tokenise(source)) {
+            const bool isName = token.kind == dialect::TokenKind::Name ||
+                                token.kind == dialect::TokenKind::QuotedName;
+            if (isName && text::EqualsIgnoreCase(token.text, name)) {
+                return " at character " + std::to_string(token.position);
+            }
+        }
+    } catch (const RuntimeError&) {
+        // A statement in the engine's own dialect: the message goes without a place.
+    }
+    return {};
+}
+
+}  // namespace
+
+Statement::Statement(Statement&& other) noexcept
+    : session_(other.session_), handle_(std::exchange(other.handle_, nullptr)) {}
+
+Statement& Statement::operator=(Statement&& other) noexcept {
+    if (this != &other) {
+        Release();
+        session_ = other.session_;
+        handle_ = std::exchange(other.handle_, nullptr);
+    }
+    return *this;
+}
+
+void Statement::Release() {
+    if (handle_) session_->TakeBack(std::exchange(handle_, nullptr));
+}
+
+void Statement::Bind(int parameter, std::int64_t value) {
+    sqlite3_bind_int64(handle_, parameter, value);
+}
+
+void Statement::Bind(int parameter, const Value& value) {
+    int code = SQLITE_OK;
+    if (const auto* whole = std::get_if<std::int64_t>(&value.Data())) {
+        code = sqlite3_bind_int64(handle_, parameter, *whole);
+    } else if (const auto* real = std::get_if<double>(&value.Data())) {
+        code = sqlite3_bind_double(handle_, parameter, *real);
+    } else if (!value.IsNull()) {
+        const std::string text = value.ToText();
+        code = sqlite3_bind_text64(handle_, parameter, text.data(), text.size(), SQLITE_TRANSIENT,
+                                   SQLITE_UTF8);
+    } else {
+        code = sqlite3_bind_null(handle_, parameter);
+    }
+    if (code != SQLITE_OK) session_->Throw();
+}
+
+bool Statement::Step() {
+    const int code = sqlite3_step(handle_);
+    if (code == SQLITE_ROW) return true;
+    if (code == SQLITE_DONE) return false;
+    session_->Throw();
+}
+
+// The error of the last step is known already.
+void Statement::Reset() {
+    sqlite3_reset(handle_);
+}
+
+int Statement::ColumnCount() const {
+    return sqlite3_column_count(handle_);
+}
+std::string Statement::ColumnName(int column) const {
+    const char* name = sqlite3_column_name(handle_, column);
+    return name ? name : "";
+}
+
+Value Statement::ColumnValue(int column) const {
+    switch (sqlite3_column_type(handle_, column)) {
+        case SQLITE_INTEGER:
+            return std::int64_t{sqlite3_column_int64(handle_, column)};
+        case SQLITE_FLOAT:
+            return sqlite3_column_double(handle_, column);
+        case SQLITE_NULL:
+            return {};
+        default: {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
+            const int bytes = sqlite3_column_bytes(handle_, column);
+            return text ? Value(std::string_view(text, static_cast<std::size_t>(bytes)))
+                        : Value(std::string_view());
+        }
+    }
+}
+
+Session::Session(const std::string& path, const SqliteOptions& options)
+    : path_(path), options_(options) {
+    CheckDatabaseFile(path);
+    const int code = sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE, nullptr);
+    try {
+        if (code != SQLITE_OK) Refuse(code);
+        Configure();
+    } catch (...) {
+        sqlite3_close_v2(std::exchange(handle_, nullptr));
+        throw;
+    }
+}
+
+Session::~Session() {
+    Close();
+}
+
+void Session::Configure() {
+    sqlite3_extended_result_codes(handle_, 1);
+    sqlite3_busy_timeout(handle_, options_.busyTimeout);
+    // The first statement reads the header and with it finds what is wrong with the file.
+    for (const char* sql : {"select count(*) from sqlite_schema", "pragma journal_mode=wal",
+                            "pragma synchronous=full"}) {
+        const int code = sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr);
+        if (code != SQLITE_OK) Refuse(code);
+    }
+    if (sqlite3_db_readonly(handle_, "main") == 1) Refuse(SQLITE_READONLY);
+}
+
+void Session::Refuse(int code) const {
+    ErrorNumber number = ErrorNumber::DatabaseFailure;
+    std::string reason;
+    switch (code & 0xFF) {
+        case SQLITE_NOTADB:
+            reason = "The file is not a database";
+            break;
+        case SQLITE_CORRUPT:
+            reason = "The database file is damaged or cut short";
+            break;
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            reason = "The database is locked by another program";
+            break;
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            number = ErrorNumber::PathFileAccess;
+            reason = "The database file cannot be written";
+            break;
+        case SQLITE_CANTOPEN:
+            number = ErrorNumber::PathFileAccess;
+            reason = "The database file cannot be opened";
+            break;
+        default:
+            reason = handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code);
+            break;
+    }
+    throw RuntimeError(number, reason + ": " + path_, kErrorSource);
+}
+
+void Session::Close() noexcept {
+    if (!handle_) return;
+    for (OpenRecordset* recordset : recordsets_) recordset->Abandon();
+    recordsets_.clear();
+    for (sqlite3_stmt* statement : idle_) sqlite3_finalize(statement);
+    idle_.clear();
+    sqlite3_close_v2(std::exchange(handle_, nullptr));
+}
+
+void Session::CheckOpen() const {
+    if (!handle_) throw RuntimeError(ErrorNumber::ObjectClosed);
+}
+
+std::shared_ptr<const dialect::Translation> Session::Translated(const std::string& sql) {
+    CheckOpen();
+    const auto known = std::find_if(translations_.begin(), translations_.end(),
+                                    [&](const auto& entry) { return entry.first == sql; });
+    if (known != translations_.end()) {
+        translations_.splice(translations_.begin(), translations_, known);
+        return known->second;
+    }
+    auto translation = std::make_shared<dialect::Translation>(
+        options_.translate ? dialect::Translate(sql, Schema()) : dialect::Translation{});
+    if (!options_.translate) translation->sql = sql;
+    translations_.emplace_front(sql, translation);
+    if (translations_.size() > kKeptTranslations) translations_.pop_back();
+    return translation;
+}
+
+Statement Session::Prepare(const std::string& sql, const std::string& source) {
+    CheckOpen();
+    const auto idle = std::find_if(idle_.begin(), idle_.end(), [&](sqlite3_stmt* statement) {
+        return sql == sqlite3_sql(statement);
+    });
+    if (idle != idle_.end()) {
+        sqlite3_stmt* handle = *idle;
+        idle_.erase(idle);
+        return {this, handle};
+    }
+    sqlite3_stmt* handle = nullptr;
+    const char* rest = nullptr;
+    const int code = sqlite3_prepare_v3(handle_, sql.c_str(), static_cast<int>(sql.size() + 1),
+                                        SQLITE_PREPARE_PERSISTENT, &handle, &rest);
+    if (code != SQLITE_OK) Throw(source);
+    Statement statement(this, handle);
+    const bool more =
+        rest && std::string_view(rest).find_first_not_of(" \t\r\n;") != std::string_view::npos;
+    if (!handle || more) {
+        throw RuntimeError(ErrorNumber::DatabaseStatement, "exactly one statement is expected",
+                           kErrorSource);
+    }
+    return statement;
+}
+
+void Session::TakeBack(sqlite3_stmt* handle) noexcept {
+    sqlite3_reset(handle);
+    sqlite3_clear_bindings(handle);
+    idle_.push_front(handle);
+    if (idle_.size() > kKeptStatements) {
+        sqlite3_finalize(idle_.back());
+        idle_.pop_back();
+    }
+}
+
+void Session::DetachRecordsets() {
+    for (OpenRecordset* recordset : recordsets_) recordset->Detach();
+}
+
+void Session::ForgetSchema() {
+    schema_.reset();
+    translations_.clear();
+}
+
+const dialect::SchemaInfo& Session::Schema() {
+    if (schema_) return *schema_;
+    dialect::SchemaInfo info;
+    Statement columns = Prepare(
+        "select c.name,c.type from sqlite_schema t join pragma_table_info(t.name) c"
+        " where t.type='table' and t.name not like 'sqlite_%'",
+        {});
+    while (columns.Step()) {
+        info.AddColumn(columns.ColumnValue(0).ToText(), columns.ColumnValue(1).ToText());
+    }
+    // An index of the same name but another making would answer differently.
+    Statement index = Prepare("select sql from sqlite_schema where type='index' and name=?1", {});
+    index.Bind(1, Value(dialect::kWindowIndex));
+    info.hasWindowIndex = index.Step() && dialect::SameStatement(index.ColumnValue(0).ToText(),
+                                                                 dialect::WindowIndexStatement());
+    schema_ = std::move(info);
+    return *schema_;
+}
+
+int Session::TotalChanges() const {
+    return sqlite3_total_changes(handle_);
+}
+std::int64_t Session::LastRowId() const {
+    return sqlite3_last_insert_rowid(handle_);
+}
+
+void Session::Throw(const std::string& source) const {
+    std::string message = sqlite3_errmsg(handle_);
+    const ErrorNumber number = NumberOf(message);
+    message += PlaceOf(message, source);
+    throw RuntimeError(number, message, kErrorSource);
+}
+
+}  // namespace zv::store::sqlite

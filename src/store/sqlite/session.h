@@ -1,0 +1,112 @@
+// One open database file of the embedded engine, shared by a connection and its recordsets.
+#pragma once
+
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/dialect/translator.h"
+#include "store/sqlite/sqlite_connection.h"
+#include "store/value.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace zv::store::sqlite {
+
+class Session;
+
+/// A prepared statement; goes back to its session's store of statements when it is let go.
+class Statement {
+ public:
+    Statement() = default;
+    Statement(Session* session, sqlite3_stmt* handle) : session_(session), handle_(handle) {}
+    Statement(Statement&& other) noexcept;
+    Statement& operator=(Statement&& other) noexcept;
+    ~Statement() { Release(); }
+
+    /// Ends the reading and lets go of the statement.
+    void Release();
+    explicit operator bool() const { return handle_ != nullptr; }
+    sqlite3_stmt* Handle() const { return handle_; }
+
+    /// Parameters count from 1.
+    void Bind(int parameter, const Value& value);
+    void Bind(int parameter, std::int64_t value);
+    /// True when a row came. Throws the engine's error.
+    bool Step();
+    /// Ready to run again; parameters keep their values.
+    void Reset();
+
+    int ColumnCount() const;
+    std::string ColumnName(int column) const;
+    /// Dates are texts here, as stored.
+    Value ColumnValue(int column) const;
+
+ private:
+    Session* session_ = nullptr;
+    sqlite3_stmt* handle_ = nullptr;
+};
+
+/// What a session must reach of the recordsets that are open on it.
+class OpenRecordset {
+ public:
+    virtual ~OpenRecordset() = default;
+    /// The connection is about to write: hold no half-read statement any longer.
+    virtual void Detach() = 0;
+    /// The connection closes.
+    virtual void Abandon() noexcept = 0;
+};
+
+class Session {
+ public:
+    Session(const std::string& path, const SqliteOptions& options);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    bool IsOpen() const { return handle_ != nullptr; }
+    void Close() noexcept;
+    /// Throws error 3704 when closed.
+    void CheckOpen() const;
+    sqlite3* Handle() const { return handle_; }
+    bool DatesAsText() const { return options_.datesAsText; }
+
+    /// The statement in the engine's terms; kept for the next time.
+    std::shared_ptr<const dialect::Translation> Translated(const std::string& sql);
+    /// Prepares or takes up again. `source` is the statement as the caller wrote it, for the place
+    /// in an error's text.
+    Statement Prepare(const std::string& sql, const std::string& source);
+    void TakeBack(sqlite3_stmt* handle) noexcept;
+
+    void Register(OpenRecordset* recordset) { recordsets_.push_back(recordset); }
+    void Unregister(OpenRecordset* recordset) { std::erase(recordsets_, recordset); }
+    void DetachRecordsets();
+    /// Forgets what was learnt of the tables.
+    void ForgetSchema();
+
+    /// Rows changed since the session was opened.
+    int TotalChanges() const;
+    std::int64_t LastRowId() const;
+
+    /// Throws RuntimeError with the engine's present error.
+    [[noreturn]] void Throw(const std::string& source = {}) const;
+
+ private:
+    void Configure();
+    [[noreturn]] void Refuse(int code) const;
+    const dialect::SchemaInfo& Schema();
+
+    std::string path_;
+    SqliteOptions options_;
+    sqlite3* handle_ = nullptr;
+    std::list<sqlite3_stmt*> idle_;  ///< most recently used first
+    std::list<std::pair<std::string, std::shared_ptr<const dialect::Translation>>> translations_;
+    std::vector<OpenRecordset*> recordsets_;
+    std::optional<dialect::SchemaInfo> schema_;
+};
+
+}  // namespace zv::store::sqlite

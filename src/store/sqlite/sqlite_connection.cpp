@@ -1,0 +1,66 @@
+#include "store/sqlite/sqlite_connection.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+
+#include "base/errors.h"
+#include "store/sqlite/database_file.h"
+#include "store/sqlite/keyset_recordset.h"
+#include "store/sqlite/reading_recordset.h"
+#include "store/sqlite/session.h"
+
+namespace zv::store {
+namespace {
+
+using sqlite::Session;
+using sqlite::Statement;
+
+class SqliteConnection final : public Connection {
+ public:
+    explicit SqliteConnection(std::shared_ptr<Session> session) : session_(std::move(session)) {}
+    ~SqliteConnection() override { session_->Close(); }
+
+    int State() const override { return session_->IsOpen() ? kStateOpen : kStateClosed; }
+
+    void Close() override {
+        session_->CheckOpen();
+        session_->Close();
+    }
+
+    int Execute(const std::string& sql) override {
+        const auto translation = session_->Translated(sql);
+        Statement statement = session_->Prepare(translation->sql, sql);
+        if (!sqlite3_stmt_readonly(statement.Handle())) session_->DetachRecordsets();
+        const int before = session_->TotalChanges();
+        while (statement.Step()) {
+        }
+        if (translation->kind == dialect::StatementKind::Definition) session_->ForgetSchema();
+        return session_->TotalChanges() - before;
+    }
+
+    std::unique_ptr<Recordset> Open(const std::string& sql, CursorType, LockType lock) override {
+        auto translation = session_->Translated(sql);
+        if (translation->kind != dialect::StatementKind::Select) {
+            throw RuntimeError(ErrorNumber::DatabaseStatement,
+                               "the statement yields no rows at character 1", sqlite::kErrorSource);
+        }
+        if (lock != LockType::ReadOnly && !translation->table.empty()) {
+            return std::make_unique<sqlite::KeysetRecordset>(session_, std::move(translation), sql);
+        }
+        Statement statement = session_->Prepare(translation->sql, sql);
+        if (!sqlite3_stmt_readonly(statement.Handle())) session_->DetachRecordsets();
+        return std::make_unique<sqlite::ReadingRecordset>(session_, std::move(statement));
+    }
+
+ private:
+    std::shared_ptr<Session> session_;
+};
+
+}  // namespace
+
+std::unique_ptr<Connection> OpenSqlite(const std::string& path, const SqliteOptions& options) {
+    return std::make_unique<SqliteConnection>(std::make_shared<Session>(path, options));
+}
+
+}  // namespace zv::store
