@@ -2,12 +2,13 @@
 
 #include "base/number.h"
 #include "control/persistence.h"
+#include "mainwindow/frm_task_main.h"
 #include "resources/error_texts.h"
 
 namespace zv {
 namespace {
 
-enum Mode : std::int32_t {
+enum Mode : std::int16_t {
     kAlertPass = 0,
     kManager = 1,
     kPlanEditor = 2,
@@ -77,10 +78,10 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
     };
     switch (mode) {
         case kAlertPass:
+            RunAlertPass();
+            break;
         case kManager:
-        case kCards:
-            static_cast<void>(modal);
-            notBuilt("frmTaskMain");
+            OpenMainWindow(kManager, modal);
             break;
         case kPlanEditor:
             notBuilt("frmTaskSet");
@@ -98,9 +99,47 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
         case kAddInstanceOrAsk:
             notBuilt("AddTaskInstance");
             break;
+        case kCards: {
+            frmTaskMain& window = OpenMainWindow(kCards, modal);
+            if (!modal && window.State() == forms::WindowState::Minimised) {
+                window.SetState(forms::WindowState::Normal);
+            }
+            break;
+        }
         default:
             break;
     }
+}
+
+void ZvTask::RunAlertPass() {
+    constexpr int kNodesOfAnAlert = 4;
+    const bool modal = session_.state.showMode != 0;
+    auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
+    if (window) {
+        // A window that the user works with is never closed by an alert pass, and an edit under
+        // way is left alone.
+        if (window->state.editMode != 0) return;
+        window->tree.chkEvent_Click();
+        const bool alert = window->state.startMode == mainwindow::kAlertMode &&
+                           window->tvwTask.Count() >= kNodesOfAnAlert;
+        if (alert) window->Show(false);
+        return;
+    }
+    window = &session_.windows.Create<frmTaskMain>(session_);
+    window->TaskAlert(mainwindow::kAlertMode);
+    window->Load();
+    if (window->tvwTask.Count() >= kNodesOfAnAlert)
+        window->Show(modal);
+    else
+        window->Unload();
+}
+
+ZvTask::frmTaskMain& ZvTask::OpenMainWindow(std::int16_t mode, bool modal) {
+    auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
+    if (!window) window = &session_.windows.Create<frmTaskMain>(session_);
+    window->TaskAlert(mode);
+    window->Show(modal);
+    return *window;
 }
 
 bool ZvTask::MarkDirectly() {

@@ -10,6 +10,10 @@
 
 namespace zv {
 
+namespace mainwindow {
+class frmTaskMain;
+}
+
 class ZvTask {
  public:
     /// Several controls of one process share the session and with it the windows.
@@ -37,7 +41,14 @@ class ZvTask {
     void TakeDataPath();
     /// A store that cannot be opened is told to the user once and is an error for the host.
     void Connect();
+    using frmTaskMain = mainwindow::frmTaskMain;
+
     void Act(std::int32_t mode, bool modal);
+    /// Loads the main window unseen and shows it when something is due. A window that exists is
+    /// filled anew instead.
+    void RunAlertPass();
+    /// Shows the main window in a start mode; one that exists comes to the front.
+    frmTaskMain& OpenMainWindow(std::int16_t mode, bool modal);
     /// Marks the item myTaskID with the flag myDate; false when there is no item.
     bool MarkDirectly();
 

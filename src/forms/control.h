@@ -145,6 +145,12 @@ class ControlArray {
             items_.push_back(std::make_unique<T>(form, name, parent, args..., first + i));
         }
     }
+    /// One more element, which may stand in another container than the others.
+    template <typename... Args>
+    T& Append(Form& form, const std::string& name, Control* parent, Args... args) {
+        return *items_.emplace_back(
+            std::make_unique<T>(form, name, parent, args..., first_ + Count()));
+    }
     T& operator[](int index) { return *items_.at(static_cast<std::size_t>(index - first_)); }
     const T& operator[](int index) const {
         return *items_.at(static_cast<std::size_t>(index - first_));

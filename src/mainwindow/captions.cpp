@@ -1,0 +1,191 @@
+#include "mainwindow/captions.h"
+
+#include <array>
+#include <utility>
+
+#include "mainwindow/frm_task_main.h"
+
+namespace zv::mainwindow {
+namespace {
+
+using resources::DesignText;
+
+// Catalogue texts that several captions are made of.
+constexpr std::int16_t kTaskText = 5;
+constexpr std::int16_t kEventText = 6;
+constexpr std::int16_t kTitleText = 7;
+constexpr std::int16_t kDoerText = 10;
+constexpr std::int16_t kSetterText = 11;
+constexpr std::int16_t kStateText = 13;
+constexpr std::int16_t kDateText = 14;
+constexpr std::int16_t kListText = 19;
+constexpr std::int16_t kExitText = 22;
+constexpr std::int16_t kAddText = 24;
+constexpr std::int16_t kChangeText = 25;
+constexpr std::int16_t kDeleteText = 26;
+constexpr std::int16_t kPrintText = 27;
+constexpr std::int16_t kBeginText = 35;
+constexpr std::int16_t kEndText = 36;
+constexpr std::int16_t kManageText = 44;
+constexpr std::int16_t kStartupText = 134;
+constexpr std::int16_t kIntervalText = 135;
+constexpr std::int16_t kDesktopPathText = 138;
+
+constexpr std::string_view kExitPrefix = "&X ";
+
+}  // namespace
+
+std::string Captions::Text(DesignText id) const {
+    return resources::GetDesignText(id, window_.session.state.Language);
+}
+
+std::string Captions::Catalogue(std::int16_t id) const {
+    return window_.session.LoadText(id);
+}
+
+void Captions::Load() {
+    window_.menus.mnuEventAdd.SetCaption(Catalogue(kAddText) + Catalogue(kEventText));
+    window_.menus.mnuEventChg.SetCaption(Catalogue(kChangeText) + Catalogue(kEventText));
+    window_.menus.mnuEventDel.SetCaption(Catalogue(kDeleteText) + Catalogue(kEventText));
+    window_.cmdExit.SetCaption(std::string(kExitPrefix) + Catalogue(kExitText));
+    window_.menus.mnuPrintList.SetCaption(Catalogue(kPrintText) + Catalogue(kListText));
+    window_.chkEvent.SetCaption(Catalogue(kManageText) + Catalogue(kEventText));
+    window_.optAccess.SetCaption(Catalogue(kDesktopPathText));
+    window_.chkStartup.SetCaption(Catalogue(kStartupText));
+    window_.chkTimeSet.SetCaption(Catalogue(kIntervalText));
+    LoadDesign();
+}
+
+void Captions::LoadDesign() {
+    window_.chkType[kTask].SetCaption(Catalogue(kTaskText));
+    window_.chkType[kGuest].SetCaption(Text(DesignText::KindGuest));
+    window_.chkType[kDiary].SetCaption(Text(DesignText::KindDiary));
+    LoadLabels();
+    LoadButtons();
+    LoadMenus();
+}
+
+void Captions::LoadLabels() {
+    frmTaskMain& w = window_;
+    const auto label = [](forms::Label& target, std::string caption, forms::Control& field) {
+        field.SetAccessibleName(caption);
+        target.SetCaption(std::move(caption));
+    };
+    label(w.lblList2[0], Catalogue(kTitleText), w.txtTitle2);
+    label(w.lblList2[1], Catalogue(kDoerText), w.cboJbr2);
+    label(w.lblList2[2], Catalogue(kDateText), w.DTPicker2);
+    label(w.lblList2[3], Text(DesignText::Kind), w.cboType2);
+    label(w.lblList2[4], Text(DesignText::Content), w.txtTaskCon);
+    label(w.lblList2[5], Catalogue(kSetterText), w.txtUser2);
+    label(w.lblList2[6], Text(DesignText::ContactWay), w.cboWay);
+    label(w.lblList2[7], Text(DesignText::Contact), w.txtName2);
+    label(w.lblList2[8], Text(DesignText::Company), w.cboComp2);
+    label(w.lblList2[9], Text(DesignText::Address), w.txtAdd2);
+    label(w.lblList2[10], Catalogue(kStateText), w.cboDone2);
+    label(w.lblList2[11], Text(DesignText::FindCard), w.txtCompSeek);
+    label(w.lblList2[12], Text(DesignText::Order), w.cboOrder);
+    w.lblList2[13].SetCaption(Text(DesignText::OtherFields));
+    for (int i = 0; i < w.lblOther.Count(); i++) {
+        label(w.lblOther[i], Text(DesignText::Remark) + " " + std::to_string(i + 1), w.txtOther[i]);
+    }
+
+    label(w.lblFilter[0], Catalogue(kBeginText), w.DTPicker0);
+    label(w.lblFilter[1], Catalogue(kEndText), w.DTPicker1);
+    label(w.lblFilter[2], Catalogue(kTitleText), w.txtTitle0);
+    label(w.lblFilter[3], Text(DesignText::Content), w.txtContent0);
+    label(w.lblFilter[4], Catalogue(kDoerText), w.txtJBR0);
+    label(w.lblFilter[5], Catalogue(kSetterText), w.txtUser0);
+    label(w.lblFilter[6], Text(DesignText::Contact), w.txtName0);
+    label(w.lblFilter[7], Text(DesignText::Company), w.txtComp);
+    label(w.lblFilter[8], Catalogue(kStateText), w.cboState);
+    w.lblNoFilter.SetCaption(Text(DesignText::FilterNotForPlans));
+
+    label(w.lblTel[0], Text(DesignText::Telephone), w.txtTel[0]);
+    label(w.lblTel[1], Text(DesignText::MobilePhone), w.txtTel[1]);
+    label(w.lblTel[2], Text(DesignText::HomePhone), w.txtTel[2]);
+    label(w.lblTel[3], Text(DesignText::Fax), w.txtTel[3]);
+    label(w.lblEmail[0], Text(DesignText::Email), w.txtEmail[0]);
+    label(w.lblEmail[1], Text(DesignText::PrivateEmail), w.txtEmail[1]);
+    label(w.lblHttp[0], Text(DesignText::WebPage), w.txtHttp[0]);
+    label(w.lblHttp[1], Text(DesignText::PrivateWebPage), w.txtHttp[1]);
+
+    label(w.lblDays, Text(DesignText::DaysAhead), w.txtBirthDay0);
+    label(w.lblTimeSet, Text(DesignText::Minutes), w.txtTimeSet);
+    w.txtAccess.SetAccessibleName(Catalogue(kDesktopPathText));
+    w.tvwTask.SetAccessibleName(Catalogue(kTaskText) + Catalogue(kListText));
+    w.Grid1.SetAccessibleName(Text(DesignText::Birthday));
+
+    w.SSTab1.SetTabCaption(kItemTab, Text(DesignText::TabItem));
+    w.SSTab1.SetTabCaption(kFilterTab, Text(DesignText::TabFilter));
+    w.SSTab1.SetTabCaption(kCardTab, Text(DesignText::TabCard));
+    w.SSTab1.SetTabCaption(kOptionsTab, Text(DesignText::TabOptions));
+    w.fraB3.SetCaption(Text(DesignText::Filter));
+    w.fraData.SetCaption(Text(DesignText::DatabaseGroup));
+    w.fraAlert.SetCaption(Text(DesignText::AlertGroup));
+    w.fraStaff.SetCaption(Text(DesignText::StaffGroup));
+}
+
+void Captions::LoadButtons() {
+    frmTaskMain& w = window_;
+    w.cmdAction[0].SetCaption(Text(DesignText::ButtonCancel));
+    w.cmdAction[1].SetCaption(Text(DesignText::ButtonAdd));
+    w.cmdAction[2].SetCaption(Text(DesignText::ButtonChange));
+    w.cmdAction[3].SetCaption(Text(DesignText::ButtonDelete));
+    w.cmdSave.SetCaption(Text(DesignText::ButtonSave));
+    w.cmdTaskOK.SetCaption(Text(DesignText::ButtonDone));
+    w.cmdSeek.SetCaption(Text(DesignText::ButtonSearch));
+    w.cmdPrint.SetCaption(Text(DesignText::ButtonPrint));
+    w.cmdItemSet.SetCaption(Text(DesignText::ButtonLayout));
+    w.cmdTel.SetCaption(Text(DesignText::ButtonCall));
+    w.cmdEmail.SetCaption(Text(DesignText::ButtonMail));
+    w.cmdHttp.SetCaption(Text(DesignText::ButtonBrowse));
+    w.cmdAccess.SetCaption(Text(DesignText::Browse));
+    w.chkJbr.SetCaption(Text(DesignText::OnlyMyDoing));
+    w.chkUser.SetCaption(Text(DesignText::OnlyMySetting));
+    w.chkBirthDay.SetCaption(Text(DesignText::StartupBirthday));
+    w.chkBirthDay0.SetCaption(Text(DesignText::BirthdayList));
+    w.optSQL.SetCaption(Text(DesignText::Server));
+    w.optJBR[0].SetCaption(Text(DesignText::StaffFromPersonnel));
+    w.optJBR[1].SetCaption(Text(DesignText::StaffFromEmployees));
+}
+
+void Captions::LoadMenus() {
+    MainMenus& m = window_.menus;
+    const std::array<std::pair<forms::MenuItem*, DesignText>, 29> captions = {{
+        {&m.mnuTask, DesignText::MenuTask},
+        {&m.mnuTaskAdd, DesignText::MenuAdd},
+        {&m.mnuTaskChg, DesignText::MenuChange},
+        {&m.mnuTaskDel, DesignText::MenuDelete},
+        {&m.mnuTaskDone[0], DesignText::MenuDoneEntry},
+        {&m.mnuTaskDone[1], DesignText::MenuInHandEntry},
+        {&m.mnuGuest, DesignText::MenuGuest},
+        {&m.mnuGuestAdd, DesignText::MenuAdd},
+        {&m.mnuGuestChg, DesignText::MenuChange},
+        {&m.mnuGuestDel, DesignText::MenuDelete},
+        {&m.mnuGuestDone[0], DesignText::MenuDoneEntry},
+        {&m.mnuGuestDone[1], DesignText::MenuInHandEntry},
+        {&m.mnuGuestConnect, DesignText::MenuContact},
+        {&m.mnuDaily, DesignText::MenuDiary},
+        {&m.mnuDailyAdd, DesignText::MenuAdd},
+        {&m.mnuDailyChg, DesignText::MenuChange},
+        {&m.mnuDailyDel, DesignText::MenuDelete},
+        {&m.mnuDailyDone[0], DesignText::MenuDoneEntry},
+        {&m.mnuDailyDone[1], DesignText::MenuInHandEntry},
+        {&m.mnuEvent, DesignText::MenuEvent},
+        {&m.mnuEventDone, DesignText::MenuGenerate},
+        {&m.mnuSeek, DesignText::MenuSearch},
+        {&m.mnuSeek1, DesignText::MenuSearchFilter},
+        {&m.mnuSeek2, DesignText::MenuSearchMore},
+        {&m.mnuPrint, DesignText::MenuPrint},
+        {&m.mnuPrintItem, DesignText::MenuPrintItem},
+        {&m.mnuTaskDoneOk, DesignText::MenuDoneEntry},
+        {&m.mnuTaskDoing, DesignText::MenuInHandEntry},
+        {&m.mnuDone, DesignText::MenuDone},
+    }};
+    for (const auto& [item, text] : captions) item->SetCaption(Text(text));
+    m.mnuImg.SetCaption(Text(DesignText::MenuPicture));
+    m.mnuImgRestore.SetCaption(Text(DesignText::MenuRestore));
+    m.mnuImgClose.SetCaption(Text(DesignText::MenuClose));
+}
+
+}  // namespace zv::mainwindow

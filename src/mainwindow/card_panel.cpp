@@ -1,0 +1,137 @@
+#include "mainwindow/card_panel.h"
+
+#include "base/number.h"
+#include "base/text.h"
+#include "mainwindow/frm_task_main.h"
+#include "store/sql_text.h"
+
+namespace zv::mainwindow {
+namespace {
+
+constexpr std::size_t kCompanyWidth = 80;
+constexpr int kMostCards = 101;
+
+}  // namespace
+
+std::string CardPanel::Entry(const std::string& company, std::int32_t cardId) {
+    return text::PadTo(company.empty() ? "（空）" : company, kCompanyWidth) +
+           std::to_string(cardId);
+}
+
+std::int32_t CardPanel::EntryId(const std::string& entry) {
+    return number::ToInt32(number::Val(text::Mid(entry, kCompanyWidth + 1)));
+}
+
+bool CardPanel::LoadCardList(const std::string& filter) {
+    std::string sql =
+        "select fID,CompCode,compname,name,telphone,homephone,handphone,fax,"
+        "E_mail,HomeEmail,http,HomeHttp from cards ";
+    if (!filter.empty()) sql += " Where " + filter;
+    sql += " Order by compname,name";
+    window_.session.EnsureConnection();
+    const auto rows = window_.session.database.Open(sql);
+    std::vector<std::string> entries;
+    for (; !rows->Eof() && static_cast<int>(entries.size()) < kMostCards; rows->MoveNext()) {
+        entries.push_back(Entry(rows->Field("compname").ToText(), rows->Field("fID").ToInt32()));
+    }
+    rows->Close();
+    const bool any = !entries.empty();
+    window_.cboComp2.SetItems(std::move(entries));
+    if (any) {
+        window_.cboComp2.SetListIndex(0);
+    } else {
+        ClearCardDetail();
+        window_.session.state.cardId = 0;
+    }
+    return any;
+}
+
+void CardPanel::LoadStartList() {
+    std::string filter;
+    const std::string& company = window_.session.state.myName;
+    if (!company.empty()) filter = "CompName like '" + store::MakeLikePattern(company) + "'";
+    LoadCardList(filter + (filter.empty() ? text::Replace(BoxClause(), " And ", "") : BoxClause()));
+}
+
+std::string CardPanel::BoxClause() const {
+    const std::int16_t box = window_.session.state.AlertType;
+    return box > 0 ? " And BoxID=" + std::to_string(box) : std::string();
+}
+
+void CardPanel::ShowCard(std::int32_t cardId) {
+    if (cardId == 0) return;
+    window_.session.EnsureConnection();
+    const auto row = window_.session.database.Open(
+        "select fID,name,compname,province,cityname,CompAdd,CompCode,telphone,homephone,handphone,"
+        "fax,E_mail,HomeEmail,http,HomeHttp from cards where fID=" +
+        std::to_string(cardId));
+    if (row->Eof()) {
+        row->Close();
+        ClearCardDetail();
+        return;
+    }
+    const auto field = [&](std::string_view name) { return row->Field(name).ToText(); };
+    const std::string province = field("province");
+    const std::string city = field("cityname");
+    const std::string street = field("CompAdd");
+    window_.txtAdd2.SetText(province.empty() && city.empty() ? street
+                                                             : province + city + "," + street);
+    window_.txtName2.SetText(field("Name"));
+    window_.txtTel[0].SetText(field("telphone"));
+    window_.txtTel[1].SetText(field("handphone"));
+    window_.txtTel[2].SetText(field("homephone"));
+    window_.txtTel[3].SetText(field("fax"));
+    window_.txtEmail[0].SetText(field("E_mail"));
+    window_.txtEmail[1].SetText(field("HomeEmail"));
+    window_.txtHttp[0].SetText(field("http"));
+    window_.txtHttp[1].SetText(field("HomeHttp"));
+    window_.txtCompSeek.SetText(field("CompCode"));
+    const std::string company = field("compname");
+    row->Close();
+    if (window_.cboComp2.ListCount() == 0) window_.cboComp2.AddItem(Entry(company, cardId));
+}
+
+void CardPanel::ClearCardDetail() {
+    window_.cboComp2.SetListIndex(-1);
+    window_.txtAdd2.SetText("");
+    window_.txtName2.SetText("");
+    for (int i = 0; i < window_.txtTel.Count(); i++) window_.txtTel[i].SetText("");
+    for (int i = 0; i < window_.txtEmail.Count(); i++) window_.txtEmail[i].SetText("");
+    for (int i = 0; i < window_.txtHttp.Count(); i++) window_.txtHttp[i].SetText("");
+    window_.txtCompSeek.SetText("");
+}
+
+void CardPanel::cboComp2_Click() {
+    const int position = window_.cboComp2.ListIndex();
+    std::int32_t& card = window_.session.state.cardId;
+    card = position >= 0 ? EntryId(window_.cboComp2.List(position)) : 0;
+    if (position >= 0) ShowCard(card);
+}
+
+void CardPanel::cboComp2_LostFocus() {
+    if (window_.state.editMode == 0) return;
+    const std::string company = text::Left(window_.cboComp2.Text(), kCompanyWidth);
+    window_.txtTitle2.SetText(std::string(text::Trim(company)) + "--拜访记录");
+}
+
+void CardPanel::cboComp2_KeyDown(forms::KeyEvent& event) {
+    if (event.code != forms::key::kEnter) return;
+    window_.txtTitle2.SetFocus();
+    event.code = 0;
+}
+
+void CardPanel::cboWay_Click() {
+    const int way = std::max(window_.cboWay.ListIndex(), 0);
+    const auto show = [](auto& labels, auto& texts, forms::CommandButton& button, bool visible) {
+        for (int i = 0; i < texts.Count(); i++) {
+            labels[i].SetVisible(visible);
+            texts[i].SetVisible(visible);
+        }
+        button.SetVisible(visible);
+    };
+    show(window_.lblTel, window_.txtTel, window_.cmdTel, way == 0);
+    show(window_.lblEmail, window_.txtEmail, window_.cmdEmail, way == 1);
+    show(window_.lblHttp, window_.txtHttp, window_.cmdHttp, way == 2);
+}
+
+}  // namespace zv::mainwindow

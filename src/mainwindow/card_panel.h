@@ -1,0 +1,40 @@
+// The customer card: the picker of cards, the fields of the chosen one and the ways to reach it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "forms/control.h"
+
+namespace zv::mainwindow {
+
+class frmTaskMain;
+
+class CardPanel {
+ public:
+    explicit CardPanel(frmTaskMain& window) : window_(window) {}
+
+    /// Fills the picker with the cards that pass the filter (all when it is empty), at most 101,
+    /// and shows the first. Answers whether there is any.
+    bool LoadCardList(const std::string& filter);
+    /// The lists of a window that opens in card mode: the cards of the company that the host named.
+    void LoadStartList();
+    void ShowCard(std::int32_t cardId);
+    void ClearCardDetail();
+
+    void cboComp2_Click();
+    void cboComp2_LostFocus();
+    void cboComp2_KeyDown(forms::KeyEvent& event);
+    void cboWay_Click();
+
+    /// An entry of the picker: the company in 80 characters, the card's id behind them.
+    static std::string Entry(const std::string& company, std::int32_t cardId);
+    static std::int32_t EntryId(const std::string& entry);
+
+ private:
+    std::string BoxClause() const;
+
+    frmTaskMain& window_;
+};
+
+}  // namespace zv::mainwindow

@@ -1,0 +1,102 @@
+#include "mainwindow/filter_panel.h"
+
+#include <array>
+
+#include "mainwindow/frm_task_main.h"
+#include "session/text_checks.h"
+
+namespace zv::mainwindow {
+namespace {
+
+std::array<forms::TextBox*, 6> TextBoxes(frmTaskMain& w) {
+    return {&w.txtTitle0, &w.txtContent0, &w.txtJBR0, &w.txtUser0, &w.txtName0, &w.txtComp};
+}
+
+}  // namespace
+
+void FilterPanel::Wire() {
+    for (forms::TextBox* text : TextBoxes(window_)) {
+        text->onKeyDown = [this](forms::KeyEvent& event) { TextKeyDown(event); };
+        text->onValidate = [this, text](bool& cancel) { ValidateText(*text, cancel); };
+    }
+    window_.chkJbr.onClick = [this] { chkJbr_Click(); };
+    window_.chkUser.onClick = [this] { chkUser_Click(); };
+}
+
+void FilterPanel::SetStartValues() {
+    const bool cards = window_.state.startMode == kCardMode;
+    for (int kind = 0; kind < kItemKinds; kind++) {
+        window_.chkType[kind].SetValue(!cards || kind == kGuest ? 1 : 0);
+    }
+    window_.DTPicker0.SetValue(window_.session.machine.clock.Today());
+    window_.DTPicker1.SetValue(std::nullopt);
+    for (forms::TextBox* text : TextBoxes(window_)) {
+        if (!text->Locked()) text->SetText("");
+    }
+    window_.cboState.SetListIndex(window_.state.startMode == kAlertMode ? kNotDone : kAllStates);
+}
+
+FilterChoice FilterPanel::Choice() const {
+    FilterChoice choice;
+    for (int kind = 0; kind < kItemKinds; kind++) {
+        choice.kinds[static_cast<std::size_t>(kind)] = window_.chkType[kind].Checked();
+    }
+    choice.from = window_.DTPicker0.Value();
+    choice.until = window_.DTPicker1.Value();
+    choice.title = window_.txtTitle0.Text();
+    choice.content = window_.txtContent0.Text();
+    choice.doer = window_.txtJBR0.Text();
+    choice.user = window_.txtUser0.Text();
+    choice.guest = window_.txtName0.Text();
+    choice.company = window_.txtComp.Text();
+    choice.state = window_.cboState.ListIndex();
+    return choice;
+}
+
+std::string FilterPanel::BuildItemFilter() const {
+    return BuildFilterText(
+        Choice(), [this](DateTime date) { return window_.session.database.DateLiteral(date); });
+}
+
+bool FilterPanel::TextsAreFit() {
+    for (forms::TextBox* text : TextBoxes(window_)) {
+        bool refused = false;
+        ValidateText(*text, refused);
+        if (!refused) continue;
+        text->SetFocus();
+        return false;
+    }
+    return true;
+}
+
+void FilterPanel::chkJbr_Click() {
+    FollowUser(window_.chkJbr, window_.txtJBR0);
+}
+
+void FilterPanel::chkUser_Click() {
+    FollowUser(window_.chkUser, window_.txtUser0);
+}
+
+void FilterPanel::FollowUser(const forms::CheckBox& box, forms::TextBox& text) {
+    text.SetText(box.Checked() ? window_.session.state.UserName : std::string());
+    text.SetLocked(box.Checked());
+    if (!window_.state.starting) window_.tree.chkEvent_Click();
+}
+
+void FilterPanel::TextKeyDown(forms::KeyEvent& event) {
+    if (event.code == forms::key::kEnter || event.code == forms::key::kDown) {
+        window_.MoveFocus(+1);
+    } else if (event.code == forms::key::kUp) {
+        window_.MoveFocus(-1);
+    } else {
+        return;
+    }
+    event.code = 0;
+}
+
+void FilterPanel::ValidateText(const forms::TextBox& text, bool& cancel) {
+    // A locked box holds the user's own name: who cannot change it must not be held in it.
+    if (!text.Locked() && !CheckText(window_.session, text.Text())) cancel = true;
+}
+
+}  // namespace zv::mainwindow

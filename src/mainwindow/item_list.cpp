@@ -1,0 +1,200 @@
+#include "mainwindow/item_list.h"
+
+#include <array>
+#include <charconv>
+#include <string_view>
+
+#include "base/text.h"
+#include "mainwindow/frm_task_main.h"
+#include "store/sql_text.h"
+
+namespace zv::mainwindow {
+namespace {
+
+using forms::TreeView;
+
+constexpr std::array<std::string_view, kItemKinds> kGroupLetters = {"A", "B", "C"};
+constexpr std::array<std::string_view, kItemKinds> kEmptyGroupImages = {"task1", "guest1",
+                                                                        "diary1"};
+constexpr std::string_view kGroupImage = "task1";
+// By completion state.
+constexpr std::array<std::string_view, 3> kItemImages = {"task2", "task4", "task3"};
+constexpr std::string_view kPlanRootKey = "E0";
+constexpr std::string_view kPlanRootImage = "event1";
+constexpr std::string_view kPlanImage = "event4";
+
+void AppendNumber(std::string& text, std::int64_t number) {
+    std::array<char, 24> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    text.append(digits.data(), end);
+}
+
+void AppendText(std::string& text, const store::Value& value) {
+    if (const std::string* plain = value.TextIf())
+        text += *plain;
+    else if (const auto* number = std::get_if<std::int64_t>(&value.Data()))
+        AppendNumber(text, *number);
+    else
+        text += value.ToText();
+}
+
+bool IsIsoDate(std::string_view text) {
+    constexpr std::string_view kForm = "0000-00-00";
+    if (text.size() < kForm.size()) return false;
+    for (std::size_t i = 0; i < kForm.size(); i++) {
+        const bool digit = text[i] >= '0' && text[i] <= '9';
+        if (kForm[i] == '-' ? text[i] != '-' : !digit) return false;
+    }
+    return text.size() == kForm.size() || text[kForm.size()] == ' ';
+}
+
+void AppendDay(std::string& text, const store::Value& value) {
+    if (value.IsNull()) return;
+    // The stored form already begins with the day.
+    const std::string* stored = value.TextIf();
+    if (stored && IsIsoDate(*stored))
+        text.append(*stored, 0, 10);
+    else
+        text += value.ToDate().IsoDate();
+}
+
+std::string WhereText(const std::string& where, int databaseKind) {
+    constexpr std::string_view kWord = "Where";
+    if (where.empty() || where == "1=1") return {};
+    if (std::string_view(where).substr(0, 7).find(kWord) != std::string_view::npos) return where;
+    const bool qualified = text::Contains(where, "a.");
+    return " Where " + (qualified ? where : store::QualifyFieldNames(where, "a.", databaseKind));
+}
+
+}  // namespace
+
+std::string ItemList::Statement(const std::string& where) const {
+    std::string sql =
+        "select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID from tTaskList a ";
+    if (!window_.txtComp.Text().empty()) sql += " Left Join cards b on a.taskID=b.fID ";
+    sql += WhereText(where, window_.session.state.SQLData);
+    switch (window_.cboOrder.ListIndex()) {
+        case 0:
+            return sql + " Order by a.fType,a.taskTime desc,a.taskTitle";
+        case 1:
+            return sql + " Order by a.fType,a.taskTitle,a.taskTime desc";
+        default:
+            return sql + " Order by a.fType,a.taskID,a.taskTime desc,a.taskTitle";
+    }
+}
+
+void ItemList::LoadItemList(const std::string& where) {
+    window_.session.EnsureConnection();
+    const auto rows = window_.session.database.Open(Statement(where));
+    Rebuild(*rows, [&] { FillItems(*rows); });
+}
+
+void ItemList::LoadTaskPlanList() {
+    window_.session.EnsureConnection();
+    const auto rows = window_.session.database.Open(
+        "select distinct taskID as fID,taskTitle,DoneMan from tTaskSet Order by taskTitle");
+    Rebuild(*rows, [&] { FillPlans(*rows); });
+}
+
+void ItemList::Rebuild(store::Recordset& rows, const std::function<void()>& fill) {
+    rowsLeftOut_ = 0;
+    std::string reason;
+    {
+        const TreeView::Fill deferred(window_.tvwTask);
+        window_.tvwTask.Clear();
+        try {
+            fill();
+        } catch (const RuntimeError& error) {
+            reason = resources::DescribeError(error, window_.session.state.Language);
+        }
+    }
+    window_.state.currentItemId = 0;
+    window_.editor.ClearItemEditor();
+    if (window_.tvwTask.Count() > 0) window_.tvwTask.Select(window_.tvwTask.First());
+    rows.Close();
+    if (!reason.empty() || rowsLeftOut_ > 0) Tell(reason);
+}
+
+void ItemList::FillItems(store::Recordset& rows) {
+    TreeView& tree = window_.tvwTask;
+    for (int kind = 0; kind < kItemKinds; kind++) window_.chkType[kind].tag = "0";
+
+    const int idColumn = rows.FieldIndex("fID");
+    const int typeColumn = rows.FieldIndex("fType");
+    const int timeColumn = rows.FieldIndex("taskTime");
+    const int titleColumn = rows.FieldIndex("taskTitle");
+    const int doneColumn = rows.FieldIndex("tDone");
+    constexpr std::int32_t kNoKind = 99;
+    std::int32_t lastKind = kNoKind;
+    int group = TreeView::kNone;
+    int groups = 0;
+    std::string key;
+    std::string text;
+
+    const auto addGroup = [&](int kind, std::string_view image) {
+        groups++;
+        key = kGroupLetters[static_cast<std::size_t>(kind)];
+        AppendNumber(key, groups);
+        return tree.Add(TreeView::kNone, key, window_.chkType[kind].Caption(), image);
+    };
+
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const std::int32_t kind = rows.Field(typeColumn).ToInt32();
+        const std::int32_t done = rows.Field(doneColumn).ToInt32();
+        if (kind < 0 || kind >= kItemKinds || done < kNotDone || done > kInHand) {
+            rowsLeftOut_++;
+            continue;
+        }
+        text = "(";
+        try {
+            AppendDay(text, rows.Field(timeColumn));
+        } catch (const RuntimeError&) {
+            rowsLeftOut_++;
+            continue;
+        }
+        text += ")\t";
+        AppendText(text, rows.Field(titleColumn));
+
+        if (kind != lastKind) {
+            lastKind = kind;
+            window_.chkType[kind].tag = "1";
+            group = addGroup(kind, kGroupImage);
+            tree.SetExpanded(group, true);
+        }
+        key = "Z";
+        AppendText(key, rows.Field(idColumn));
+        tree.Add(group, key, text, kItemImages[static_cast<std::size_t>(done)]);
+    }
+    for (int kind = 0; kind < kItemKinds; kind++) {
+        if (window_.chkType[kind].Checked() && window_.chkType[kind].tag == "0") {
+            addGroup(kind, kEmptyGroupImages[static_cast<std::size_t>(kind)]);
+        }
+    }
+}
+
+void ItemList::FillPlans(store::Recordset& rows) {
+    TreeView& tree = window_.tvwTask;
+    const int idColumn = rows.FieldIndex("fID");
+    const int titleColumn = rows.FieldIndex("taskTitle");
+    const int root =
+        tree.Add(TreeView::kNone, kPlanRootKey, window_.chkEvent.Caption(), kPlanRootImage);
+    tree.SetExpanded(root, true);
+    std::string key;
+    std::string title;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        key = "Z";
+        AppendText(key, rows.Field(idColumn));
+        title.clear();
+        AppendText(title, rows.Field(titleColumn));
+        tree.Add(root, key, title, kPlanImage);
+    }
+}
+
+void ItemList::Tell(const std::string& reason) {
+    std::string message = window_.captions.Text(resources::DesignText::RowsNotShown);
+    if (rowsLeftOut_ > 0) message += ": " + std::to_string(rowsLeftOut_);
+    if (!reason.empty()) message += "\r\n" + reason;
+    window_.session.windows.ShowMessage(message, forms::box::kExclamation);
+}
+
+}  // namespace zv::mainwindow

@@ -1,0 +1,37 @@
+// Fills the tree: the items that pass a filter, or the plans.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "store/connection.h"
+
+namespace zv::mainwindow {
+
+class frmTaskMain;
+
+class ItemList {
+ public:
+    explicit ItemList(frmTaskMain& window) : window_(window) {}
+
+    /// Rebuilds the tree with the items that pass `where` (with or without the word). A failing
+    /// query reaches the caller and leaves the tree as it is. A row that the tree cannot show is
+    /// left out, an error of the database or a repeated item ends the fill; the user is told of
+    /// either once.
+    void LoadItemList(const std::string& where);
+    /// Rebuilds the tree with the plans. Failures as above.
+    void LoadTaskPlanList();
+
+ private:
+    std::string Statement(const std::string& where) const;
+    void FillItems(store::Recordset& rows);
+    void FillPlans(store::Recordset& rows);
+    /// Runs a fill between clearing the tree and selecting its first node.
+    void Rebuild(store::Recordset& rows, const std::function<void()>& fill);
+    void Tell(const std::string& reason);
+
+    frmTaskMain& window_;
+    int rowsLeftOut_ = 0;
+};
+
+}  // namespace zv::mainwindow

@@ -1,0 +1,29 @@
+// Start, activation and end of the main window.
+#pragma once
+
+namespace zv::mainwindow {
+
+class frmTaskMain;
+
+class Lifecycle {
+ public:
+    explicit Lifecycle(frmTaskMain& window) : window_(window) {}
+
+    void Form_Load();
+    void Form_Activate();
+    void Form_Unload();
+    void cmdExit_Click();
+    /// Sets the window up for its start mode and fills the tree.
+    void Start();
+
+ private:
+    void LoadLists();
+    void LoadGrid();
+    void LoadOwnFilters();
+    void LimitSearch();
+    void StartCards();
+
+    frmTaskMain& window_;
+};
+
+}  // namespace zv::mainwindow

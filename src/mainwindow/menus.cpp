@@ -1,0 +1,70 @@
+#include "mainwindow/menus.h"
+
+#include "mainwindow/frm_task_main.h"
+#include "resources/error_texts.h"
+
+namespace zv::mainwindow {
+
+MainMenus::MainMenus(forms::Form& form)
+    : mnuTask(form, "mnuTask", nullptr),
+      mnuTaskAdd(form, "mnuTaskAdd", &mnuTask),
+      mnuTaskChg(form, "mnuTaskChg", &mnuTask),
+      mnuTaskDel(form, "mnuTaskDel", &mnuTask),
+      mnuTaskLine(form, "mnuTaskLine", &mnuTask, "-"),
+      mnuTaskDone{forms::MenuItem(form, "mnuTaskDone", &mnuTask, {}, 0),
+                  forms::MenuItem(form, "mnuTaskDone", &mnuTask, {}, 1)},
+      mnuGuest(form, "mnuGuest", nullptr),
+      mnuGuestAdd(form, "mnuGuestAdd", &mnuGuest),
+      mnuGuestChg(form, "mnuGuestChg", &mnuGuest),
+      mnuGuestDel(form, "mnuGuestDel", &mnuGuest),
+      mnuGuestLine(form, "mnuGuestLine", &mnuGuest, "-"),
+      mnuGuestDone{forms::MenuItem(form, "mnuGuestDone", &mnuGuest, {}, 0),
+                   forms::MenuItem(form, "mnuGuestDone", &mnuGuest, {}, 1)},
+      mnuGuestConnect(form, "mnuGuestConnect", &mnuGuest),
+      mnuDaily(form, "mnuDaily", nullptr),
+      mnuDailyAdd(form, "mnuDailyAdd", &mnuDaily),
+      mnuDailyChg(form, "mnuDailyChg", &mnuDaily),
+      mnuDailyDel(form, "mnuDailyDel", &mnuDaily),
+      mnuDailyLine(form, "mnuDailyLine", &mnuDaily, "-"),
+      mnuDailyDone{forms::MenuItem(form, "mnuDailyDone", &mnuDaily, {}, 0),
+                   forms::MenuItem(form, "mnuDailyDone", &mnuDaily, {}, 1)},
+      mnuEvent(form, "mnuEvent", nullptr),
+      mnuEventAdd(form, "mnuEventAdd", &mnuEvent),
+      mnuEventChg(form, "mnuEventChg", &mnuEvent),
+      mnuEventDel(form, "mnuEventDel", &mnuEvent),
+      mnuEventLine(form, "mnuEventLine", &mnuEvent, "-"),
+      mnuEventDone(form, "mnuEventDone", &mnuEvent),
+      mnuSeek(form, "mnuSeek", nullptr),
+      mnuSeek1(form, "mnuSeek1", &mnuSeek),
+      mnuSeek2(form, "mnuSeek2", &mnuSeek),
+      mnuPrint(form, "mnuPrint", nullptr),
+      mnuPrintItem(form, "mnuPrintItem", &mnuPrint),
+      mnuPrintList(form, "mnuPrintList", &mnuPrint),
+      mnuDone(form, "mnuDone", nullptr),
+      mnuTaskDoneOk(form, "mnuTaskDoneOk", &mnuDone),
+      mnuTaskDoing(form, "mnuTaskDoing", &mnuDone),
+      mnuImg(form, "mnuImg", nullptr),
+      mnuImgRestore(form, "mnuImgRestore", &mnuImg),
+      mnuImgClose(form, "mnuImgClose", &mnuImg) {
+    mnuDone.SetVisible(false);
+    mnuImg.SetVisible(false);
+}
+
+void WireMenus(frmTaskMain& window) {
+    MainMenus& m = window.menus;
+    m.mnuSeek1.onClick = [&window] { window.tree.cmdSeek_Click(); };
+    m.mnuImgClose.onClick = [&window] { window.cmdExit_Click(); };
+    m.mnuImgRestore.onClick = [&window] {
+        window.SetState(forms::WindowState::Normal);
+        window.Show(false);
+    };
+    for (forms::MenuItem* item : window.Menus()) {
+        // The guest menu's contact entry has no function.
+        if (item->onClick || !item->Children().empty() || item == &m.mnuGuestConnect) continue;
+        item->onClick = [&window, item] {
+            throw resources::NotBuiltYetError(item->Name(), window.session.state.Language);
+        };
+    }
+}
+
+}  // namespace zv::mainwindow

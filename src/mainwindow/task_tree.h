@@ -1,0 +1,42 @@
+// The task tree: what a click on a node shows, and when the tree is filled anew.
+#pragma once
+
+#include <cstdint>
+
+#include "forms/control.h"
+
+namespace zv::mainwindow {
+
+class frmTaskMain;
+
+/// The item kind that a key letter stands for: "A" 0, "B" 1, "C" 2, "E" 3; any other answers
+/// `present`.
+std::uint8_t KindFromKeyLetter(char letter, std::uint8_t present);
+
+class TaskTree {
+ public:
+    explicit TaskTree(frmTaskMain& window) : window_(window) {}
+
+    void chkEvent_Click();
+    void chkType_Click(int index);
+    void cboOrder_Click();
+    void cmdSeek_Click();
+    void tvwTask_NodeClick(int node);
+    void tvwTask_KeyDown(forms::KeyEvent& event);
+    void tvwTask_MouseDown(const forms::MouseEvent& event);
+
+    /// Fills the tree with the items that pass the filter, whatever it shows now.
+    void FillItems();
+    /// Opens the context menu of the selected item at a position of the window; a group has none.
+    void PopupContextMenu(int x, int y);
+
+ private:
+    void ShowFilterFor(bool plans);
+    void ShowNodeItem();
+    void ShowKindControls();
+    void EnableCommands(char stateDigit);
+
+    frmTaskMain& window_;
+};
+
+}  // namespace zv::mainwindow
