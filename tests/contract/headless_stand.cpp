@@ -1,0 +1,27 @@
+#include "forms/headless/headless_backend.h"
+#include "forms/headless/headless_driver.h"
+#include "stand.h"
+
+namespace zv::contract {
+namespace {
+
+class HeadlessStand : public Stand {
+ public:
+    forms::Backend& GetBackend() override { return backend_; }
+    forms::Driver& GetDriver() override { return driver_; }
+    void SetModalLoop(std::function<void(forms::Form&)> loop) override {
+        backend_.modalLoop = std::move(loop);
+    }
+
+ private:
+    forms::headless::HeadlessBackend backend_{dialogs};
+    forms::headless::HeadlessDriver driver_;
+};
+
+}  // namespace
+
+std::unique_ptr<Stand> MakeStand() {
+    return std::make_unique<HeadlessStand>();
+}
+
+}  // namespace zv::contract

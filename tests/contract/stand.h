@@ -1,0 +1,103 @@
+// What the contract of the window layer is checked on: one backend with its driver, and boxes that
+// are answered from a queue. Each backend brings a MakeStand of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/driver.h"
+#include "forms/form.h"
+#include "forms/window_system.h"
+
+namespace zv::contract {
+
+/// Answers boxes in order and keeps what they said. A box without an answer is closed by its only
+/// button; one with several throws.
+class QueuedDialogs : public forms::Dialogs {
+ public:
+    std::deque<forms::Answer> answers;
+    std::vector<std::string> messages;  ///< "STYLE|TEXT"
+
+    forms::Answer ShowMessage(forms::Form*, const std::string& text, int style,
+                              const std::string&) override;
+    std::optional<std::string> AskText(forms::Form*, const std::string&, const std::string&,
+                                       bool) override {
+        return {};
+    }
+    std::optional<std::string> ChooseFile(forms::Form*, const forms::FileRequest&) override {
+        return {};
+    }
+};
+
+class Stand {
+ public:
+    virtual ~Stand() = default;
+    virtual forms::Backend& GetBackend() = 0;
+    virtual forms::Driver& GetDriver() = 0;
+    /// What runs while a modal window is open; it must close that window.
+    virtual void SetModalLoop(std::function<void(forms::Form&)> loop) = 0;
+    /// Native windows and graphics objects that are still held; 0 after the last window is gone.
+    virtual int LiveHandles() const { return 0; }
+
+    QueuedDialogs dialogs;
+};
+
+std::unique_ptr<Stand> MakeStand();
+
+/// A window whose handlers a test can set.
+class TestForm : public forms::Form {
+ public:
+    explicit TestForm(forms::WindowSystem& windows, std::string name = "frmTest")
+        : Form(windows, std::move(name)) {}
+
+    std::function<void()> onLoad, onActivate, onResize;
+    std::function<void(bool&)> onUnload;
+
+ protected:
+    void Form_Load() override {
+        if (onLoad) onLoad();
+    }
+    void Form_Activate() override {
+        if (onActivate) onActivate();
+    }
+    void Form_Resize() override {
+        if (onResize) onResize();
+    }
+    void Form_Unload(bool& cancel) override {
+        if (onUnload) onUnload(cancel);
+    }
+};
+
+/// Gives each test a stand, and afterwards asks whether everything was given back.
+class Contract : public testing::Test {
+ protected:
+    Contract() : stand_(MakeStand()), windows_(stand_->GetBackend()) {
+        windows_.describeError = [](const RuntimeError& error) {
+            return std::to_string(static_cast<int>(error.Number())) + " " + error.Text();
+        };
+    }
+    void TearDown() override {
+        windows_.UnloadAll();
+        EXPECT_EQ(stand_->LiveHandles(), 0);
+    }
+
+    /// Places the controls of a form below each other, as wide as the window.
+    static void Arrange(forms::Form& form);
+    /// The control's property as the user sees it.
+    std::string Read(forms::Control& control, const std::string& property,
+                     const std::vector<int>& arguments = {});
+
+    forms::Driver& driver() { return stand_->GetDriver(); }
+    QueuedDialogs& dialogs() { return stand_->dialogs; }
+
+    std::unique_ptr<Stand> stand_;
+    forms::WindowSystem windows_;
+    std::vector<std::string> events_;  ///< what handlers of a test noted, in order
+};
+
+}  // namespace zv::contract

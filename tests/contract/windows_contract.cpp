@@ -1,0 +1,207 @@
+#include "forms/buttons.h"
+#include "forms/label.h"
+#include "stand.h"
+
+namespace zv::contract {
+namespace {
+
+using namespace forms;
+
+struct PlainForm : TestForm {
+    explicit PlainForm(WindowSystem& windows, std::string name = "frmTest")
+        : TestForm(windows, std::move(name)) {}
+    CommandButton cmdOK{*this, "cmdOK"};
+    Label lblText{*this, "lblText"};
+};
+
+class Windows : public Contract {
+ protected:
+    PlainForm& Make(const std::string& name = "frmTest") {
+        auto& form = windows_.Create<PlainForm>(name);
+        Arrange(form);
+        return form;
+    }
+};
+
+TEST_F(Windows, AWindowIsLoadedOnceAndHiddenUntilShown) {
+    auto& form = Make();
+    int loads = 0;
+    form.onLoad = [&] { loads++; };
+    form.Load();
+    form.Load();
+    EXPECT_EQ(loads, 1);
+    EXPECT_FALSE(form.IsShown());
+    EXPECT_FALSE(form.cmdOK.Visible());
+    form.Show(false);
+    EXPECT_EQ(loads, 1);
+    EXPECT_TRUE(form.IsShown());
+    EXPECT_TRUE(form.cmdOK.Visible());
+}
+
+TEST_F(Windows, NothingIsVisibleWhileAWindowLoads) {
+    auto& form = Make();
+    bool seen = true;
+    form.onLoad = [&] { seen = form.cmdOK.Visible(); };
+    form.Show(false);
+    EXPECT_FALSE(seen);
+}
+
+TEST_F(Windows, TheCaptionFollows) {
+    auto& form = Make();
+    form.SetCaption("任务报警器");
+    form.Show(false);
+    EXPECT_EQ(driver().ReadCaption(form), "任务报警器");
+    form.SetCaption("任務管理器");
+    EXPECT_EQ(driver().ReadCaption(form), "任務管理器");
+}
+
+TEST_F(Windows, WindowsAreListedInOrderOfCreation) {
+    Make("frmA");
+    Make("frmB").Show(false);
+    ASSERT_EQ(windows_.Windows().size(), 2u);
+    EXPECT_EQ(windows_.Windows()[0]->Name(), "frmA");
+    EXPECT_EQ(windows_.Windows()[1]->Name(), "frmB");
+}
+
+TEST_F(Windows, ClosingByTheFrameUnloads) {
+    auto& form = Make();
+    form.onUnload = [this](bool&) { events_.push_back("unload"); };
+    form.Show(false);
+    driver().Close(form);
+    EXPECT_EQ(events_, std::vector<std::string>{"unload"});
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
+TEST_F(Windows, UnloadCanBeCancelled) {
+    auto& form = Make();
+    bool keep = true;
+    form.onUnload = [&](bool& cancel) { cancel = keep; };
+    form.Show(false);
+    driver().Close(form);
+    EXPECT_EQ(windows_.Windows().size(), 1u);
+    EXPECT_TRUE(form.IsShown());
+    keep = false;
+    driver().Close(form);
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
+TEST_F(Windows, AHandlerMayUnloadItsOwnWindow) {
+    auto& form = Make();
+    form.cmdOK.onClick = [&] {
+        form.Unload();
+        events_.push_back("after");
+    };
+    form.Show(false);
+    driver().Click(form.cmdOK);
+    EXPECT_EQ(events_, std::vector<std::string>{"after"});
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
+TEST_F(Windows, AnErrorThatLeavesAHandlerIsShownAndTheWindowGoesOn) {
+    auto& form = Make();
+    form.cmdOK.onClick = [] { throw RuntimeError(ErrorNumber::Overflow, "溢出"); };
+    form.Show(false);
+    driver().Click(form.cmdOK);
+    EXPECT_EQ(dialogs().messages, std::vector<std::string>{"16|6 溢出"});
+    EXPECT_TRUE(form.IsShown());
+    driver().Click(form.cmdOK);
+    EXPECT_EQ(dialogs().messages.size(), 2u);
+}
+
+TEST_F(Windows, AnErrorWhileLoadingReachesTheCallerAndLeavesNoWindow) {
+    auto& form = Make();
+    form.onLoad = [] { throw RuntimeError(ErrorNumber::TypeMismatch); };
+    EXPECT_THROW(windows_.FromHost([&] { form.Show(false); }), RuntimeError);
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
+TEST_F(Windows, AModalWindowReturnsWhenItIsGone) {
+    auto& form = Make();
+    stand_->SetModalLoop([&](Form& modal) {
+        EXPECT_EQ(&modal, &form);
+        EXPECT_TRUE(modal.IsModal());
+        events_.push_back("loop");
+        driver().Close(modal);
+    });
+    windows_.FromHost([&] {
+        form.Show(true);
+        events_.push_back("returned");
+    });
+    EXPECT_EQ(events_, (std::vector<std::string>{"loop", "returned"}));
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
+TEST_F(Windows, AModalWindowBlocksTheOthers) {
+    auto& behind = Make("frmBehind");
+    auto& modal = Make("frmModal");
+    behind.cmdOK.onClick = [this] { events_.push_back("behind"); };
+    behind.Show(false);
+    stand_->SetModalLoop([&](Form& form) {
+        EXPECT_THROW(driver().Click(behind.cmdOK), DriverError);
+        driver().Close(form);
+    });
+    windows_.FromHost([&] { modal.Show(true); });
+    driver().Click(behind.cmdOK);
+    EXPECT_EQ(events_, std::vector<std::string>{"behind"});
+}
+
+TEST_F(Windows, ModalAndModelessDoNotMix) {
+    auto& first = Make("frmFirst");
+    auto& second = Make("frmSecond");
+    first.Show(false);
+    try {
+        first.Show(true);
+        FAIL() << "shown twice";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::FormAlreadyShown);
+    }
+    auto& modal = Make("frmModal");
+    stand_->SetModalLoop([&](Form& form) {
+        try {
+            second.Show(false);
+            ADD_FAILURE() << "modeless over modal";
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::ModalFormShown);
+        }
+        driver().Close(form);
+    });
+    windows_.FromHost([&] { modal.Show(true); });
+}
+
+TEST_F(Windows, ResizingTellsTheWindow) {
+    auto& form = Make();
+    form.SetSizable(true);
+    form.onResize = [&] { form.lblText.Move({0, 0, form.ClientSize().width, 20}); };
+    form.Show(false);
+    driver().Resize(form, {500, 400});
+    EXPECT_EQ(form.ClientSize(), (Size{500, 400}));
+    EXPECT_EQ(form.lblText.Bounds().width, 500);
+}
+
+TEST_F(Windows, CenterPutsTheWindowInTheMiddle) {
+    auto& form = Make();
+    form.Center();
+    const Rect area = windows_.GetBackend().WorkArea();
+    EXPECT_EQ(form.Bounds().left, area.left + (area.width - form.Bounds().width) / 2);
+    EXPECT_EQ(form.Bounds().top, area.top + (area.height - form.Bounds().height) / 2);
+}
+
+TEST_F(Windows, WiderTextMeasuresWider) {
+    Backend& backend = windows_.GetBackend();
+    const Size narrow = backend.MeasureText("任务");
+    const Size wide = backend.MeasureText("任务管理器");
+    EXPECT_GT(wide.width, narrow.width);
+    EXPECT_GT(backend.MeasureText("一\n二").height, narrow.height);
+}
+
+TEST_F(Windows, ManyWindowsComeAndGo) {
+    for (int i = 0; i < 20; i++) {
+        auto& form = Make();
+        form.Show(false);
+        driver().Close(form);
+    }
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
+}  // namespace
+}  // namespace zv::contract
