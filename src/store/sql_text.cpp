@@ -68,7 +68,9 @@ std::string MakeLikePattern(std::string_view text) {
     const std::string_view trimmed = text::Trim(text);
     if (trimmed.empty() || trimmed == "*" || trimmed == "%") return "%";
     if (trimmed.find_first_of("_%") != std::string_view::npos) return std::string(trimmed);
-    return "%" + std::string(trimmed) + "%";
+    std::string pattern = "%";
+    pattern += trimmed;
+    return pattern += '%';
 }
 
 std::string QualifyFieldNames(std::string_view where, std::string_view alias, int databaseKind) {
