@@ -1,0 +1,72 @@
+// A folder of its own for each test, with a name that has to be handled with care.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "zvdb/tool.h"
+
+namespace zv::zvdb {
+
+struct Outcome {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+inline const DateTime kToday(2003, 3, 7);
+
+inline Outcome RunZvdb(const std::vector<std::string>& arguments, bool terminal = false) {
+    std::ostringstream out;
+    std::ostringstream err;
+    Outcome outcome;
+    outcome.status = RunTool(arguments, kToday, {out, err, terminal});
+    outcome.out = out.str();
+    outcome.err = err.str();
+    return outcome;
+}
+
+class Scratch : public testing::Test {
+ protected:
+    void SetUp() override {
+        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        folder_ = std::filesystem::temp_directory_path() /
+                  (std::string("zvdb-") + test->test_suite_name() + "-" + test->name()) /
+                  std::filesystem::path(u8"数据 資料");
+        std::filesystem::remove_all(folder_.parent_path());
+        std::filesystem::create_directories(folder_);
+    }
+    void TearDown() override { std::filesystem::remove_all(folder_.parent_path()); }
+
+    std::string Path(const std::string& name) const {
+        const std::u8string path = (folder_ / name).u8string();
+        return std::string(path.begin(), path.end());
+    }
+    std::filesystem::path File(const std::string& name) const { return folder_ / name; }
+
+    void Write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(folder_ / name, std::ios::binary) << bytes;
+    }
+    std::string Read(const std::string& name) const {
+        std::ifstream in(folder_ / name, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
+    }
+    std::vector<std::string> Files() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+            names.push_back(entry.path().filename().string());
+        }
+        return names;
+    }
+
+ private:
+    std::filesystem::path folder_;
+};
+
+}  // namespace zv::zvdb

@@ -1,0 +1,165 @@
+// The commands: what they make, what they refuse, what they say.
+#include "scratch.h"
+#include "zvdb/engine.h"
+
+namespace zv::zvdb {
+namespace {
+
+using ZvdbCreate = Scratch;
+using ZvdbSample = Scratch;
+using ZvdbUsage = Scratch;
+
+/// Every row of every table, in the order of storing.
+std::string Dump(const std::string& path) {
+    Engine engine(path);
+    std::string all;
+    for (const char* table :
+         {"tTaskSet", "tTaskList", "cards", "tRsBasic", "Employees", "rptListDetail", "tSysFunc"}) {
+        Statement rows(engine, std::string("select * from ") + table + " order by rowid");
+        while (rows.Step()) {
+            for (int column = 0; column < rows.ColumnCount(); ++column) {
+                all += (rows.IsNull(column) ? "NULL" : rows.Text(column)) + "|";
+            }
+            all += "\n";
+        }
+    }
+    return all;
+}
+
+TEST_F(ZvdbCreate, MakesAnEmptyDatabaseThatPassesItsOwnCheck) {
+    EXPECT_EQ(RunZvdb({"create", Path("a.db")}).status, 0);
+    const Outcome check = RunZvdb({"check", Path("a.db")});
+    EXPECT_EQ(check.status, 0) << check.out << check.err;
+    EXPECT_NE(check.out.find("tTaskList              0\n"), std::string::npos) << check.out;
+    EXPECT_NE(check.out.find("nothing wrong"), std::string::npos);
+}
+
+TEST_F(ZvdbCreate, LeavesNoOtherFileBehind) {
+    RunZvdb({"create", Path("a.db")});
+    EXPECT_EQ(Files(), std::vector<std::string>{"a.db"});
+}
+
+TEST_F(ZvdbCreate, NeverOverwritesAFileUnlessTold) {
+    Write("a.db", "mine");
+    for (const char* command : {"create", "sample"}) {
+        const Outcome refused = RunZvdb({command, Path("a.db")});
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_NE(refused.err.find("there already"), std::string::npos) << refused.err;
+        EXPECT_EQ(Read("a.db"), "mine");
+    }
+    EXPECT_EQ(RunZvdb({"create", Path("a.db"), "--force"}).status, 0);
+    EXPECT_EQ(RunZvdb({"check", Path("a.db")}).status, 0);
+}
+
+TEST_F(ZvdbCreate, DoesNotReplaceAFileThatAProgramHasOpen) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "20"}).status, 0);
+    Engine program(Path("a.db"));
+    ASSERT_EQ(program.Number("select count(*) from tTaskList"), 20);
+    const Outcome refused = RunZvdb({"create", Path("a.db"), "--force"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_NE(refused.err.find("another program"), std::string::npos) << refused.err;
+    EXPECT_EQ(program.Number("select count(*) from tTaskList"), 20);
+}
+
+TEST_F(ZvdbCreate, TellsThatAFolderIsMissing) {
+    const Outcome refused = RunZvdb({"create", Path("missing/a.db")});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_NE(refused.err.find("missing/a.db: "), std::string::npos) << refused.err;
+}
+
+TEST_F(ZvdbCreate, RefusesAFolder) {
+    std::filesystem::create_directory(File("folder"));
+    EXPECT_EQ(RunZvdb({"create", Path("folder"), "--force"}).status, 2);
+    EXPECT_TRUE(std::filesystem::is_directory(File("folder")));
+}
+
+TEST_F(ZvdbSample, GivesTheNumbersAskedFor) {
+    const Outcome made =
+        RunZvdb({"sample", Path("a.db"), "--items", "1000", "--cards", "33", "--plans", "21"});
+    EXPECT_EQ(made.status, 0) << made.err;
+    Engine engine(Path("a.db"));
+    EXPECT_EQ(engine.Number("select count(*) from tTaskList"), 1000);
+    EXPECT_EQ(engine.Number("select count(*) from cards"), 33);
+    EXPECT_EQ(engine.Number("select count(*) from tTaskSet"), 21);
+    EXPECT_NE(made.out.find("tTaskList           1000\n"), std::string::npos) << made.out;
+}
+
+TEST_F(ZvdbSample, PassesTheCheckWhateverTheNumbers) {
+    const std::vector<std::vector<std::string>> cases = {
+        {},
+        {"--items", "0", "--cards", "0", "--plans", "0"},
+        {"--items", "3"},
+        {"--items", "500", "--cards", "0"},
+        {"--items", "5000", "--plans", "400", "--today", "2004-02-29"},
+        {"--items", "300", "--plans", "1", "--today", "1999-12-31", "--seed", "99"},
+    };
+    for (const auto& options : cases) {
+        std::vector<std::string> arguments = {"sample", Path("a.db"), "--force"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        ASSERT_EQ(RunZvdb(arguments).status, 0);
+        const Outcome check = RunZvdb({"check", Path("a.db")});
+        EXPECT_EQ(check.status, 0) << check.out;
+    }
+}
+
+TEST_F(ZvdbSample, IsTheSameForTheSameSeedAndDay) {
+    RunZvdb({"sample", Path("a.db")});
+    RunZvdb({"sample", Path("b.db"), "--today", "2003-03-07"});
+    RunZvdb({"sample", Path("c.db"), "--seed", "8"});
+    RunZvdb({"sample", Path("d.db"), "--today", "2003-03-08"});
+    const std::string a = Dump(Path("a.db"));
+    EXPECT_EQ(a, Dump(Path("b.db")));
+    EXPECT_NE(a, Dump(Path("c.db")));
+    EXPECT_NE(a, Dump(Path("d.db")));
+}
+
+TEST_F(ZvdbSample, KeepsTheStaffWhenOtherNumbersChange) {
+    RunZvdb({"sample", Path("a.db")});
+    RunZvdb({"sample", Path("b.db"), "--items", "50", "--cards", "10"});
+    const std::string staff = "select group_concat(fCode||fName) from tRsBasic";
+    EXPECT_EQ(Engine(Path("a.db")).Text(staff), Engine(Path("b.db")).Text(staff));
+}
+
+TEST_F(ZvdbSample, SaysNothingOnAShortRun) {
+    EXPECT_EQ(RunZvdb({"sample", Path("a.db")}, true).err, "");
+}
+
+TEST_F(ZvdbUsage, HelpNamesEveryCommandAndOption) {
+    for (const char* way : {"--help", "-h"}) {
+        const Outcome help = RunZvdb({way});
+        EXPECT_EQ(help.status, 0);
+        for (const char* word : {"create", "sample", "check", "--items", "--cards", "--plans",
+                                 "--today", "--seed", "--force", "--quiet"}) {
+            EXPECT_NE(help.out.find(word), std::string::npos) << word;
+        }
+    }
+}
+
+TEST_F(ZvdbUsage, WrongArgumentsAreToldAndMakeNothing) {
+    const std::vector<std::vector<std::string>> cases = {
+        {},
+        {"make", Path("a.db")},
+        {"create"},
+        {"create", Path("a.db"), Path("b.db")},
+        {"create", Path("a.db"), "--items", "5"},
+        {"check", Path("a.db"), "--force"},
+        {"sample", Path("a.db"), "--items"},
+        {"sample", Path("a.db"), "--items", "many"},
+        {"sample", Path("a.db"), "--items", "12x"},
+        {"sample", Path("a.db"), "--items", "-1"},
+        {"sample", Path("a.db"), "--items", "99999999999"},
+        {"sample", Path("a.db"), "--plans", "32001"},
+        {"sample", Path("a.db"), "--today", "2003-02-29"},
+        {"sample", Path("a.db"), "--today", "7.3.2003"},
+        {"sample", Path("a.db"), "--seed", ""},
+    };
+    for (const auto& arguments : cases) {
+        const Outcome refused = RunZvdb(arguments);
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_NE(refused.err.find("--help"), std::string::npos) << refused.err;
+    }
+    EXPECT_TRUE(Files().empty());
+}
+
+}  // namespace
+}  // namespace zv::zvdb

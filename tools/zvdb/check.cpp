@@ -1,0 +1,178 @@
+#include "zvdb/check.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <set>
+
+#include "base/text.h"
+
+namespace zv::zvdb {
+namespace {
+
+struct Table {
+    const char* name;
+    std::vector<const char*> columns;
+};
+
+const std::vector<Table>& Schema() {
+    static const std::vector<Table> kTables = {
+        {"tTaskSet",
+         {"TaskID", "taskTitle", "tbegin", "tEnd", "CircleType", "CircleValue", "taskMonth",
+          "taskday", "TaskWeek", "Type", "TypeValue", "SetMan", "DoneMan", "Content"}},
+        {"tTaskList",
+         {"fID", "TaskID", "taskTitle", "fContent", "taskTime", "tDuring1", "tDuring2", "tDone",
+          "tDoneMan", "fUser", "fType", "fWay", "fGuest", "fOther0", "fOther1", "fOther2",
+          "fOther3", "fOther4", "fOther5"}},
+        {"cards",
+         {"fID", "CompCode", "CompName", "Name", "province", "cityname", "CompAdd", "telphone",
+          "homephone", "handphone", "fax", "E_mail", "HomeEmail", "http", "HomeHttp", "Birthday",
+          "BoxID"}},
+        {"tRsBasic", {"fCode", "fName"}},
+        {"Employees", {"employee", "employcode"}},
+        {"rptListDetail",
+         {"fTable", "FieldName", "FieldName_0", "FieldName_1", "FieldType", "fieldID"}},
+        {"tSysFunc",
+         {"SerialNo", "model_Name", "Model_Name_0", "Model_Name_1", "SecondPass", "password",
+          "NoUse_"}},
+    };
+    return kTables;
+}
+
+std::uint32_t BigEndian(const std::array<unsigned char, 100>& header, std::size_t at) {
+    return static_cast<std::uint32_t>(header[at]) << 24 |
+           static_cast<std::uint32_t>(header[at + 1]) << 16 |
+           static_cast<std::uint32_t>(header[at + 2]) << 8 | header[at + 3];
+}
+
+/// What can be told of the file without the engine, which would only say that it is malformed.
+void CheckFile(const std::string& path) {
+    namespace fs = std::filesystem;
+    const fs::path file(std::u8string(path.begin(), path.end()));
+    std::error_code failed;
+    if (!fs::exists(file, failed)) throw FileError("there is no such file");
+    if (!fs::is_regular_file(file, failed)) throw FileError("this is not a file");
+    const std::uintmax_t size = fs::file_size(file, failed);
+    if (size == 0) throw FileError("the file is empty");
+    std::ifstream in(file, std::ios::binary);
+    if (!in) throw FileError("the file cannot be read");
+    std::array<unsigned char, 100> header{};
+    in.read(reinterpret_cast<char*>(header.data()), static_cast<std::streamsize>(header.size()));
+    constexpr std::string_view kMagic("SQLite format 3\0", 16);
+    const auto got = static_cast<std::size_t>(in.gcount());
+    const std::string_view begin(reinterpret_cast<const char*>(header.data()), got);
+    if (begin.substr(0, kMagic.size()) != kMagic.substr(0, std::min(got, kMagic.size()))) {
+        throw FileError("this is not an embedded database");
+    }
+    // Pages that are still in the write-ahead log need not be in the file yet.
+    fs::path log = file;
+    log += "-wal";
+    const bool pending = fs::exists(log, failed) && fs::file_size(log, failed) > 0;
+    const std::uint32_t pageSize =
+        (header[16] == 0 && header[17] == 1) ? 65536U : (header[16] * 256U + header[17]);
+    const std::uintmax_t told = std::uintmax_t{pageSize} * BigEndian(header, 28);
+    const bool valid = BigEndian(header, 24) == BigEndian(header, 92);
+    if (got < header.size() || (valid && !pending && size < told)) {
+        throw FileError("the file is cut short: " + std::to_string(size) + " of " +
+                        std::to_string(std::max<std::uintmax_t>(told, header.size())) + " bytes");
+    }
+}
+
+[[noreturn]] void ThrowFileError(const EngineError& error) {
+    switch (error.Code()) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            throw FileError("another program has locked the file");
+        case SQLITE_NOTADB:
+            throw FileError("this is not an embedded database, or it is encrypted");
+        case SQLITE_CANTOPEN:
+        case SQLITE_PERM:
+        case SQLITE_READONLY:
+            throw FileError(std::string("the file cannot be opened: ") + error.what());
+        default:
+            throw FileError(std::string("the file cannot be read: ") + error.what());
+    }
+}
+
+void CheckIntegrity(Engine& engine, std::vector<std::string>& problems) {
+    Statement check(engine, "pragma integrity_check(20)");
+    while (check.Step()) {
+        const std::string text = check.Text(0);
+        if (text != "ok") problems.push_back("damaged file: " + text);
+    }
+}
+
+std::set<std::string> Columns(Engine& engine, const char* table) {
+    std::set<std::string> names;
+    Statement columns(engine, "select name from pragma_table_info(?)");
+    columns.Bind(table);
+    while (columns.Step()) names.insert(text::ToLower(columns.Text(0)));
+    return names;
+}
+
+}  // namespace
+
+void rules::Find(Engine& engine, std::vector<std::string>& problems, const std::string& what,
+                 const std::string& select) {
+    constexpr int kShown = 5;
+    std::int64_t found = 0;
+    std::string keys;
+    // By key, so that the same file always gives the same answer.
+    Statement rows(engine, select + " order by 1");
+    while (rows.Step()) {
+        if (++found <= kShown) keys += (found > 1 ? ", " : "") + rows.Text(0);
+    }
+    if (found == 0) return;
+    problems.push_back(what + ": " + keys +
+                       (found > kShown ? ", ... (" + std::to_string(found) + " in all)" : ""));
+}
+
+Report CheckSchema(Engine& engine) {
+    Report report;
+    for (const Table& table : Schema()) {
+        const auto columns = Columns(engine, table.name);
+        if (columns.empty()) {
+            report.problems.push_back(std::string("table ") + table.name + " is missing");
+            continue;
+        }
+        for (const char* column : table.columns) {
+            if (!columns.contains(text::ToLower(column))) {
+                report.problems.push_back(std::string("column ") + table.name + "." + column +
+                                          " is missing");
+            }
+        }
+        report.counts.emplace_back(
+            table.name, engine.Number(std::string("select count(*) from ") + table.name));
+    }
+    return report;
+}
+
+Report CheckDatabase(const std::string& path) {
+    CheckFile(path);
+    Report report;
+    try {
+        Engine engine(path);
+        engine.Run("pragma query_only=on");
+        // One snapshot for all the questions, so that a program at work cannot make them disagree.
+        engine.Run("begin; select count(*) from sqlite_master");
+        CheckIntegrity(engine, report.problems);
+        if (!report.problems.empty()) return report;
+        report = CheckSchema(engine);
+        if (report.problems.empty()) {
+            rules::CheckPlans(engine, report.problems);
+            rules::CheckItems(engine, report.problems);
+            rules::CheckRegistry(engine, report.problems);
+        }
+    } catch (const EngineError& error) {
+        // Pages may be damaged so badly that even the check for damage gives up.
+        if (error.Code() == SQLITE_CORRUPT) {
+            report.problems.push_back(std::string("damaged file: ") + error.what());
+            return report;
+        }
+        ThrowFileError(error);
+    }
+    return report;
+}
+
+}  // namespace zv::zvdb

@@ -1,0 +1,100 @@
+#include "zvdb/command_line.h"
+
+#include <charconv>
+#include <cstdint>
+
+namespace zv::zvdb {
+
+const char kHelp[] =
+    R"(zvdb - makes, fills and checks embedded databases of the task manager
+
+  zvdb create FILE [--force]
+      Creates an empty database with all tables.
+  zvdb sample FILE [--items N] [--cards N] [--plans N] [--today DATE] [--seed S]
+                   [--force] [--quiet]
+      Creates a database with sample data around DATE (YYYY-MM-DD; this day when
+      left out). The same numbers, day and seed give the same data. 400 items when
+      left out; cards and plans grow with the items.
+  zvdb check FILE
+      Tells the rows of each table, and everything that is wrong: damage, missing
+      tables and columns, references to rows that are gone, values out of range.
+
+  --force   replaces a FILE that is there; without it no file is ever overwritten
+  --quiet   shows no progress
+
+Exit status: 0 all is well, 1 check found something wrong, 2 wrong arguments or a
+file that cannot be made or read.
+)";
+
+namespace {
+
+template <class T>
+T Whole(const std::string& option, const std::string& text, T low, T high) {
+    T number{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number < low || number > high) {
+        throw UsageError(option + " wants a whole number from " + std::to_string(low) + " to " +
+                         std::to_string(high) + ", not \"" + text + "\"");
+    }
+    return number;
+}
+
+DateTime Day(const std::string& text) {
+    const auto day = DateTime::Parse(text);
+    if (!day || text.size() != 10 || day->Year() < 1900 || day->Year() > 9900) {
+        throw UsageError("--today wants a day as YYYY-MM-DD, not \"" + text + "\"");
+    }
+    return *day;
+}
+
+Command CommandNamed(const std::string& name) {
+    if (name == "create") return Command::Create;
+    if (name == "sample") return Command::Sample;
+    if (name == "check") return Command::Check;
+    throw UsageError("there is no command \"" + name + "\"");
+}
+
+}  // namespace
+
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime today) {
+    CommandLine line;
+    line.sample.today = today;
+    if (arguments.empty()) throw UsageError("a command is missing");
+    for (const std::string& argument : arguments) {
+        if (argument == "--help" || argument == "-h") return line;
+    }
+    line.command = CommandNamed(arguments[0]);
+    const bool sample = line.command == Command::Sample;
+    const bool writes = sample || line.command == Command::Create;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        const auto value = [&]() -> const std::string& {
+            if (i + 1 == arguments.size()) throw UsageError(argument + " wants a value");
+            return arguments[++i];
+        };
+        if (argument.rfind("--", 0) != 0) {
+            if (!line.file.empty()) throw UsageError("one file only: \"" + argument + "\"");
+            line.file = argument;
+        } else if (argument == "--force" && writes) {
+            line.force = true;
+        } else if (argument == "--quiet" && sample) {
+            line.quiet = true;
+        } else if (argument == "--items" && sample) {
+            line.sample.items = Whole(argument, value(), 0, SampleOptions::kMaxItems);
+        } else if (argument == "--cards" && sample) {
+            line.sample.cards = Whole(argument, value(), 0, SampleOptions::kMaxCards);
+        } else if (argument == "--plans" && sample) {
+            line.sample.plans = Whole(argument, value(), 0, SampleOptions::kMaxPlans);
+        } else if (argument == "--today" && sample) {
+            line.sample.today = Day(value());
+        } else if (argument == "--seed" && sample) {
+            line.sample.seed = Whole<std::uint64_t>(argument, value(), 0, UINT64_MAX);
+        } else {
+            throw UsageError("\"" + arguments[0] + "\" has no option \"" + argument + "\"");
+        }
+    }
+    if (line.file.empty()) throw UsageError("a file name is missing");
+    return line;
+}
+
+}  // namespace zv::zvdb

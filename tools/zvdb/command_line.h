@@ -1,0 +1,33 @@
+// What the user asked for.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "zvdb/sample.h"
+
+namespace zv::zvdb {
+
+enum class Command { Help, Create, Sample, Check };
+
+struct CommandLine {
+    Command command = Command::Help;
+    std::string file;
+    bool force = false;
+    bool quiet = false;
+    SampleOptions sample;
+};
+
+class UsageError : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+/// `arguments` without the program's name. `today` stands where no other day is given. Throws
+/// UsageError.
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime today);
+
+extern const char kHelp[];
+
+}  // namespace zv::zvdb

@@ -1,0 +1,38 @@
+// Fills an empty database with data as a business that has used the system for a while would have.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/date_time.h"
+#include "zvdb/engine.h"
+#include "zvdb/progress.h"
+
+namespace zv::zvdb {
+
+struct SampleOptions {
+    static constexpr int kMaxItems = 5'000'000;
+    static constexpr int kMaxCards = 1'000'000;
+    static constexpr int kMaxPlans = 32'000;  ///< plan numbers are 16-bit numbers
+    static constexpr int kByItems = -1;       ///< as many as suit the number of items
+
+    int items = 400;
+    int cards = kByItems;
+    int plans = kByItems;
+    DateTime today;
+    std::uint64_t seed = 7;
+
+    int Cards() const;
+    int Plans() const;
+};
+
+/// `engine` has the whole schema and no rows. Everything is written in one transaction; the same
+/// options give the same rows.
+void FillSample(Engine& engine, const SampleOptions& options, Progress& progress);
+
+/// Creates `path` with the schema, and the sample data when `options` is given. The file appears
+/// under its name only when it is complete; one that was there is replaced. Throws EngineError or
+/// std::filesystem::filesystem_error.
+void CreateDatabase(const std::string& path, const SampleOptions* options, Progress& progress);
+
+}  // namespace zv::zvdb

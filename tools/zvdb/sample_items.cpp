@@ -1,0 +1,159 @@
+// Items: the occurrences of the plans, and tasks, visits and diary entries that people wrote.
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "zvdb/random.h"
+#include "zvdb/sample_parts.h"
+#include "zvdb/words.h"
+
+namespace zv::zvdb {
+namespace {
+
+enum Kind { kTask = 0, kGuest = 1, kDiary = 2 };
+enum State { kNotDone = 0, kDone = 1, kInHand = 2 };
+
+/// Most of the past is done, most of the future is not, and now is when things are moving.
+State StateAround(Random& random, DateTime begin, DateTime end, DateTime today) {
+    const int dice = random.Below(100);
+    if (end < today) return dice < 88 ? kDone : dice < 93 ? kInHand : kNotDone;
+    if (begin > today) return dice < 95 ? kNotDone : dice < 98 ? kInHand : kDone;
+    return dice < 55 ? kNotDone : dice < 80 ? kInHand : kDone;
+}
+
+class ItemWriter {
+ public:
+    ItemWriter(Engine& engine, const SampleOptions& options, const std::vector<Card>& cards,
+               const std::vector<Person>& staff, Progress& progress)
+        : options_(options),
+          cards_(cards),
+          staff_(staff),
+          progress_(progress),
+          random_(options.seed, "items"),
+          generated_(engine,
+                     "insert into tTaskList(TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,"
+                     "tDone) values(?,?,?,?,?,?,?)"),
+          completed_(engine,
+                     "insert into tTaskList(TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,"
+                     "tDone,tDoneMan) values(?,?,?,?,?,?,?,?)"),
+          entered_(engine,
+                   "insert into tTaskList(fType,fWay,TaskID,fGuest,taskTitle,tDoneMan,taskTime,"
+                   "tDuring1,tDuring2,fContent,fOther0,fOther1,fOther2,fOther3,fOther4,fOther5,"
+                   "fUser,tDone) values(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)") {}
+
+    /// Writes one item for each day, with the fields that generating a plan sets.
+    void WritePlan(const Plan& plan, const std::vector<DateTime>& days) {
+        for (const DateTime day : days) {
+            const DateTime begin = AlertBegin(plan, day);
+            const DateTime end = AlertEnd(plan, day);
+            const State state = StateAround(random_, begin, end, options_.today);
+            const std::string time = day.IsoDateTime();
+            const std::string from = begin.IsoDateTime();
+            const std::string to = end.IsoDateTime();
+            Statement& insert = state == kNotDone ? generated_ : completed_;
+            insert.Bind(std::int64_t{plan.number}).Bind(plan.title).Bind(plan.content);
+            insert.Bind(time).Bind(from).Bind(to).Bind(std::int64_t{state});
+            std::string doer;
+            if (state != kNotDone) {
+                doer = plan.doer.empty() ? random_.Pick(staff_).name : plan.doer;
+                insert.Bind(doer);
+            }
+            insert.Run();
+            progress_.Advance();
+        }
+    }
+
+    /// Writes `count` items as the editor does: the alert window is the item's own moment.
+    void WriteEntries(int count) {
+        const int past = std::clamp(count / 3, 20, 1500);
+        const int future = past / 3;
+        for (int i = 0; i < count; ++i) {
+            // The first few give today one item of each kind in each state.
+            if (i < 9) {
+                WriteEntry(static_cast<Kind>(i % 3), options_.today, static_cast<State>(i / 3));
+                continue;
+            }
+            const int dice = random_.Below(100);
+            const Kind kind = dice < 40 ? kTask : dice < 75 ? kGuest : kDiary;
+            DateTime time = options_.today.AddDays(random_.Between(-past, future));
+            if (random_.Chance(12)) {
+                time = time.AddSeconds(60 * (30 * random_.Between(16, 35)));
+            }
+            WriteEntry(kind, time, StateAround(random_, time, time, options_.today));
+        }
+    }
+
+ private:
+    void WriteEntry(Kind kind, DateTime time, State state) {
+        if (kind == kGuest && cards_.empty()) kind = kDiary;
+        const std::string moment = time.IsoDateTime();
+        const Person& user = random_.Pick(staff_);
+        const std::string doer =
+            state != kNotDone || random_.Chance(70) ? random_.Pick(staff_).name : std::string();
+        std::string title;
+        std::string_view content;
+        std::string_view guest;
+        std::string_view way;
+        std::string_view place;
+        std::string_view result;
+        std::int64_t card = 0;
+        bool traditional = random_.Chance(12);
+        if (kind == kTask) {
+            title = random_.Pick(TaskTitles()).In(traditional);
+            content = random_.Pick(TaskContents()).In(traditional);
+        } else if (kind == kDiary) {
+            title = random_.Pick(DiaryTitles()).In(traditional);
+            content = random_.Pick(DiaryContents()).In(traditional);
+        } else {
+            const Card& visited = random_.Pick(cards_);
+            traditional = visited.traditional;
+            constexpr std::array<std::string_view, 3> kWays = {"电话", "邮件", "网站"};
+            card = visited.id;
+            guest = visited.contact;
+            way = random_.Pick(kWays);
+            place = visited.city;
+            title = visited.company.empty() ? visited.contact : visited.company;
+            title += random_.Pick(VisitTitles()).In(traditional);
+            content = random_.Pick(VisitContents()).In(traditional);
+            if (state == kDone) result = random_.Pick(VisitResults()).In(traditional);
+        }
+        const std::string_view weight =
+            random_.Chance(20) ? (random_.Chance(50) ? "重要" : "紧急") : std::string_view();
+        const std::string cost =
+            kind == kGuest && random_.Chance(15) ? std::to_string(10 * random_.Between(3, 90)) : "";
+        entered_.Bind(std::int64_t{kind}).Bind(way).Bind(card).Bind(guest).Bind(title).Bind(doer);
+        entered_.Bind(moment).Bind(moment).Bind(moment).Bind(content);
+        entered_.Bind(weight).Bind(place).Bind("").Bind(cost).Bind(result).Bind("");
+        entered_.Bind(user.name).Bind(std::int64_t{state}).Run();
+        progress_.Advance();
+    }
+
+    const SampleOptions& options_;
+    const std::vector<Card>& cards_;
+    const std::vector<Person>& staff_;
+    Progress& progress_;
+    Random random_;
+    Statement generated_;
+    Statement completed_;
+    Statement entered_;
+};
+
+}  // namespace
+
+void FillItems(Engine& engine, const SampleOptions& options, const std::vector<Plan>& plans,
+               const std::vector<Card>& cards, const std::vector<Person>& staff,
+               Progress& progress) {
+    progress.Begin("items", options.items);
+    ItemWriter writer(engine, options, cards, staff, progress);
+    int left = options.items;
+    for (const Plan& plan : plans) {
+        const auto days = Occurrences(plan);
+        // A plan is generated as a whole or, when no room is left for it, not yet.
+        if (static_cast<int>(days.size()) > left) continue;
+        writer.WritePlan(plan, days);
+        left -= static_cast<int>(days.size());
+    }
+    writer.WriteEntries(left);
+}
+
+}  // namespace zv::zvdb

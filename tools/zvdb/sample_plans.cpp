@@ -1,0 +1,116 @@
+// Task plans of all four kinds.
+#include <algorithm>
+
+#include "zvdb/random.h"
+#include "zvdb/sample_parts.h"
+#include "zvdb/words.h"
+
+namespace zv::zvdb {
+namespace {
+
+struct Template {
+    const char* title;
+    const char* content;
+    Circle circle;
+    int step;
+    int month;
+    int day;
+    int weekday;
+    AlertSide side;
+    int width;
+};
+
+constexpr Template kTemplates[] = {
+    {"每月工资核算与发放", "核对考勤和奖金，十日前到账。", Circle::Monthly, 1, 1, 10, 1,
+     AlertSide::Ahead, 3},
+    {"周一部门例会", "准备上周数据，会议室二楼。", Circle::Weekly, 1, 1, 1, 1, AlertSide::Ahead, 1},
+    {"服务器每日备份", "检查备份日志，异常时立即通知信息部。", Circle::Daily, 1, 1, 1, 1,
+     AlertSide::Ahead, 0},
+    {"年度财务审计", "提前一个月准备凭证和合同清单。", Circle::Yearly, 1, 3, 31, 1,
+     AlertSide::Ahead, 30},
+    {"月末库存盘点", "仓库与财务共同盘点，差异当天查明。", Circle::Monthly, 1, 1, 31, 1,
+     AlertSide::Both, 2},
+    {"提交工作周报", "发给部门经理，抄送总经理。", Circle::Weekly, 1, 1, 1, 5, AlertSide::Ahead, 1},
+    {"机房巡检", "温度、湿度、电源各记一次。", Circle::Daily, 3, 1, 1, 1, AlertSide::Both, 1},
+    {"公司周年庆筹备", "场地、礼品、邀请名单。", Circle::Yearly, 1, 5, 18, 1, AlertSide::Ahead, 15},
+    {"臺北辦事處月報", "彙整業績與費用，寄回總部。", Circle::Monthly, 1, 1, 5, 1, AlertSide::After,
+     5},
+    {"隔周技能培训", "每次一个主题，签到存档。", Circle::Weekly, 2, 1, 1, 4, AlertSide::Both, 3},
+    {"更新市场价目表", "收集三家同行的报价。", Circle::Daily, 10, 1, 1, 1, AlertSide::After, 2},
+    {"消防安全检查", "灭火器、疏散通道、应急灯。", Circle::Yearly, 1, 2, 29, 1, AlertSide::Both, 7},
+    {"重点客户回访", "电话或上门，记录写入客户卡片。", Circle::Monthly, 2, 1, 20, 1,
+     AlertSide::After, 7},
+    {"周日值班检查", "门窗、水电、报警器。", Circle::Weekly, 1, 1, 1, 0, AlertSide::After, 1},
+    {"整理樣品展示櫃", "更換過季樣品，補上新目錄。", Circle::Daily, 7, 1, 1, 1, AlertSide::Ahead,
+     1},
+    {"续保车辆保险", "比较两家以上的报价。", Circle::Yearly, 1, 11, 30, 1, AlertSide::Ahead, 20},
+};
+
+int UsualDays(Circle circle, int step) {
+    return circle == Circle::Monthly ? 30 * step : PeriodDays(circle, step);
+}
+
+/// Lays the plan around today, with room for at most `occurrences` items and for at least one.
+void SetRange(Plan& plan, int occurrences, DateTime today) {
+    constexpr int kLongestDays = 5 * 365 - 31;
+    const int period = UsualDays(plan.circle, plan.step);
+    const int days = std::min(std::max(1, occurrences) * period, kLongestDays / period * period);
+    plan.begin = today.AddDays(-days * 3 / 5);
+    plan.end = plan.begin.AddDays(days - 1);
+}
+
+}  // namespace
+
+std::vector<Plan> FillPlans(Engine& engine, const SampleOptions& options, int occurrences,
+                            const std::vector<Person>& staff, Progress& progress) {
+    Random random(options.seed, "plans");
+    Statement insert(engine,
+                     "insert into tTaskSet(TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,"
+                     "taskMonth,taskday,TaskWeek,Type,TypeValue,SetMan,DoneMan,Content) "
+                     "values(?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    std::vector<Plan> plans;
+    plans.reserve(static_cast<std::size_t>(options.Plans()));
+    progress.Begin("plans", options.Plans());
+    for (int number = 1; number <= options.Plans(); ++number) {
+        const int templates = static_cast<int>(std::size(kTemplates));
+        const Template& model = kTemplates[(number - 1) % templates];
+        const int round = (number - 1) / templates;
+        Plan plan;
+        plan.number = number;
+        plan.title = model.title;
+        plan.content = model.content;
+        plan.circle = model.circle;
+        plan.step = model.step;
+        plan.month = model.month;
+        plan.day = model.day;
+        plan.weekday = model.weekday;
+        plan.side = model.side;
+        plan.width = model.width;
+        if (round > 0) {
+            // The same kind of work for another group, on a day of its own.
+            const Department& department = random.Pick(Departments());
+            plan.title =
+                std::string(department.name) + " " + model.title + " " + std::to_string(round + 1);
+            plan.month = random.Between(1, 12);
+            plan.day = random.Between(1, 31);
+            plan.weekday = random.Below(7);
+        }
+        SetRange(plan, occurrences, options.today);
+        plan.setter = random.Chance(90) ? random.Pick(staff).name : "";
+        plan.doer = random.Chance(80) ? random.Pick(staff).name : "";
+
+        const std::string begin = plan.begin.IsoDateTime();
+        const std::string end = plan.end.IsoDateTime();
+        insert.Bind(std::int64_t{plan.number}).Bind(plan.title).Bind(begin).Bind(end);
+        insert.Bind(std::int64_t{static_cast<int>(plan.circle)}).Bind(std::int64_t{plan.step});
+        insert.Bind(std::int64_t{plan.month}).Bind(std::int64_t{plan.day});
+        insert.Bind(std::int64_t{plan.weekday}).Bind(std::int64_t{static_cast<int>(plan.side)});
+        insert.Bind(std::int64_t{plan.width}).Bind(plan.setter).Bind(plan.doer).Bind(plan.content);
+        insert.Run();
+        plans.push_back(std::move(plan));
+        progress.Advance();
+    }
+    return plans;
+}
+
+}  // namespace zv::zvdb

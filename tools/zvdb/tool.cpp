@@ -1,0 +1,84 @@
+#include "zvdb/tool.h"
+
+#include <filesystem>
+#include <iomanip>
+
+#include "zvdb/check.h"
+#include "zvdb/command_line.h"
+
+namespace zv::zvdb {
+namespace {
+
+constexpr int kFine = 0;
+constexpr int kFoundWrong = 1;
+constexpr int kCannot = 2;
+
+void PrintCounts(const Report& report, std::ostream& out) {
+    for (const auto& [table, rows] : report.counts) {
+        out << std::left << std::setw(14) << table << ' ' << std::right << std::setw(9) << rows
+            << '\n';
+    }
+}
+
+int Create(const CommandLine& line, const Console& console) {
+    const std::filesystem::path file(std::u8string(line.file.begin(), line.file.end()));
+    if (std::filesystem::is_directory(file)) throw FileError("this is a folder");
+    if (!line.force && std::filesystem::exists(file)) {
+        throw FileError("the file is there already (--force replaces it)");
+    }
+    Progress progress(line.quiet ? nullptr : &console.err, console.terminal);
+    const bool sample = line.command == Command::Sample;
+    CreateDatabase(line.file, sample ? &line.sample : nullptr, progress);
+    if (sample) {
+        Engine engine(line.file);
+        PrintCounts(CheckSchema(engine), console.out);
+    }
+    return kFine;
+}
+
+int Check(const CommandLine& line, const Console& console) {
+    const Report report = CheckDatabase(line.file);
+    PrintCounts(report, console.out);
+    for (const std::string& problem : report.problems) console.out << "wrong: " << problem << '\n';
+    if (!report.problems.empty()) return kFoundWrong;
+    console.out << "nothing wrong\n";
+    return kFine;
+}
+
+int Refuse(const Console& console, const std::string& file, const std::string& reason) {
+    console.err << "zvdb: " << file << ": " << reason << '\n';
+    return kCannot;
+}
+
+}  // namespace
+
+int RunTool(const std::vector<std::string>& arguments, DateTime today, const Console& console) {
+    CommandLine line;
+    try {
+        line = ParseCommandLine(arguments, today);
+        switch (line.command) {
+            case Command::Help:
+                console.out << kHelp;
+                return kFine;
+            case Command::Create:
+            case Command::Sample:
+                return Create(line, console);
+            case Command::Check:
+                return Check(line, console);
+        }
+        return kCannot;
+    } catch (const UsageError& error) {
+        console.err << "zvdb: " << error.what() << "\nzvdb --help tells how it is used\n";
+        return kCannot;
+    } catch (const EngineError& error) {
+        const bool busy = error.Code() == SQLITE_BUSY;
+        return Refuse(console, line.file,
+                      busy ? "another program has the file open" : error.what());
+    } catch (const std::filesystem::filesystem_error& error) {
+        return Refuse(console, line.file, error.code().message());
+    } catch (const std::exception& error) {
+        return Refuse(console, line.file, error.what());
+    }
+}
+
+}  // namespace zv::zvdb

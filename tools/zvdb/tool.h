@@ -1,0 +1,22 @@
+// The commands of zvdb, apart from the process around them.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "base/date_time.h"
+
+namespace zv::zvdb {
+
+struct Console {
+    std::ostream& out;
+    std::ostream& err;
+    bool terminal = false;  ///< `err` is a terminal, where a line may be drawn over
+};
+
+/// Runs one command; `arguments` without the program's name. Answers the exit status: 0 all is
+/// well, 1 a check found something wrong, 2 wrong arguments or a file that cannot be made or read.
+int RunTool(const std::vector<std::string>& arguments, DateTime today, const Console& console);
+
+}  // namespace zv::zvdb
