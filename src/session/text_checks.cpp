@@ -24,14 +24,14 @@ bool CheckText(Session& session, std::string_view text) {
     return false;
 }
 
+std::int16_t FieldTextMessage(std::string_view text, bool numericOnly) {
+    if (HasQuote(text)) return kNoQuoteText;
+    if (numericOnly && !text.empty() && !number::IsNumeric(text)) return kOnlyNumbersText;
+    return 0;
+}
+
 bool CheckFieldText(Session& session, forms::TextBox& box, bool numericOnly) {
-    const std::string& text = box.Text();
-    std::int16_t message = 0;
-    if (HasQuote(text)) {
-        message = kNoQuoteText;
-    } else if (numericOnly && !text.empty() && !number::IsNumeric(text)) {
-        message = kOnlyNumbersText;
-    }
+    const std::int16_t message = FieldTextMessage(box.Text(), numericOnly);
     if (message == 0) return false;
     session.windows.ShowMessage(session.LoadText(message), forms::box::kExclamation);
     box.SelectAll();

@@ -1,0 +1,187 @@
+#include "scheduling/plan_rules.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "session/text_checks.h"
+
+namespace zv::scheduling {
+namespace {
+
+constexpr std::int16_t kTitleText = 7;
+constexpr std::int16_t kTaskNumberText = 8;
+constexpr std::int16_t kDateText = 14;
+constexpr std::int16_t kMonthText = 15;
+constexpr std::int16_t kScheduleText = 34;
+constexpr std::int16_t kMustNotBeEmpty = 108;
+constexpr std::int16_t kWrongEntry = 109;
+constexpr std::int16_t kExistsAlready = 110;
+constexpr std::int16_t kExistsNoMore = 111;
+constexpr std::int16_t kWindowsOverlap = 117;
+constexpr std::int16_t kMoreThanFiveYears = 118;
+constexpr std::int16_t kBeginAfterEnd = 119;
+constexpr std::int16_t kEndBeforeBegin = 120;
+constexpr std::int16_t kStepIsZero = 123;
+constexpr std::int16_t kNumberIsNone = 124;
+constexpr std::int16_t kWidthIsEmpty = 125;
+constexpr std::int16_t kBeyondRange = 140;
+
+constexpr int kMaximumYears = 5;
+
+// The number that a text is saved as, before it is fitted into its field: 0 for none.
+double WholeNumber(std::string_view text) {
+    return std::nearbyint(number::Parse(text).value_or(0));
+}
+
+bool IsBlank(std::string_view text) {
+    return text::Trim(text).empty();
+}
+
+bool Within(std::string_view text, int first, int last) {
+    const double value = WholeNumber(text);
+    return value >= first && value <= last;
+}
+
+std::optional<int> UpperBound(PlanField field) {
+    switch (field) {
+        case PlanField::CircleValue:
+            return kMaximumCircleValue;
+        case PlanField::Day:
+            return 31;
+        case PlanField::Month:
+            return 12;
+        case PlanField::TypeValue:
+            return kMaximumTypeValue;
+        default:
+            return {};
+    }
+}
+
+std::optional<Refusal> CheckDay(const PlanEntry& entry) {
+    const bool used = entry.circleType == circle::kYearly || entry.circleType == circle::kMonthly;
+    if (!used || Within(entry.day, 1, 31)) return {};
+    return Refusal{PlanField::Day, {kDateText, kWrongEntry}};
+}
+
+std::optional<Refusal> CheckRecurrence(const PlanEntry& entry) {
+    if (entry.circleType < circle::kYearly || entry.circleType > circle::kWeekly) {
+        return Refusal{PlanField::CircleType, {kScheduleText, kWrongEntry}};
+    }
+    if (entry.circleType == circle::kWeekly && (entry.week < 0 || entry.week > 6)) {
+        return Refusal{PlanField::Week, {kScheduleText, kWrongEntry}};
+    }
+    if (entry.circleType == circle::kYearly && !Within(entry.month, 1, 12)) {
+        return Refusal{PlanField::Month, {kMonthText, kWrongEntry}};
+    }
+    return CheckDay(entry);
+}
+
+// The least number of days between two occurrences, a year taken as 365 days and a month as 28.
+double PeriodInDays(const PlanEntry& entry) {
+    constexpr int kDays[] = {365, 28, 1, 7};
+    return WholeNumber(entry.circleValue) * kDays[entry.circleType];
+}
+
+bool WindowsOverlap(const PlanEntry& entry) {
+    const double width = WholeNumber(entry.typeValue);
+    const double needed = entry.type == side::kBoth ? 2 * width : width;
+    return PeriodInDays(entry) < needed;
+}
+
+// Digits only, and not nothing but zeros.
+bool IsTaskNumber(std::string_view text) {
+    const std::string_view digits = text::Trim(text);
+    return std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; }) &&
+           digits.find_first_not_of('0') != std::string_view::npos;
+}
+
+}  // namespace
+
+std::int16_t CheckFieldOnLeaving(PlanField field, std::string_view text) {
+    switch (field) {
+        case PlanField::Title:
+        case PlanField::SetMan:
+        case PlanField::DoneMan:
+            return FieldTextMessage(text, false);
+        case PlanField::TaskID:
+        case PlanField::CircleValue:
+        case PlanField::Month:
+        case PlanField::Day:
+        case PlanField::TypeValue:
+            break;
+        default:
+            return 0;
+    }
+    if (const std::int16_t message = FieldTextMessage(text, true)) return message;
+    const std::optional<int> bound = UpperBound(field);
+    if (!bound) return 0;
+    const double value = WholeNumber(text);
+    // The other numbers are asked for their lower bound when the plan is confirmed; a negative
+    // width would pass there.
+    const bool tooSmall = field == PlanField::TypeValue && value < 0;
+    return value > *bound || tooSmall ? kBeyondRange : std::int16_t{0};
+}
+
+std::int16_t CheckDateOnLeaving(PlanField field, DateTime begin, DateTime end) {
+    if (begin.Date() <= end.Date()) return 0;
+    return field == PlanField::Begin ? kBeginAfterEnd : kEndBeforeBegin;
+}
+
+bool IsCutOnLeaving(PlanField field) {
+    return field == PlanField::Title || field == PlanField::SetMan || field == PlanField::DoneMan;
+}
+
+std::optional<Refusal> CheckEntry(const PlanEntry& entry) {
+    if (auto refusal = CheckRecurrence(entry)) return refusal;
+    if (WindowsOverlap(entry)) return Refusal{PlanField::TypeValue, {kWindowsOverlap}};
+    if (entry.end.Year() - entry.begin.Year() > kMaximumYears) {
+        return Refusal{PlanField::End, {kMoreThanFiveYears}};
+    }
+    if (IsBlank(entry.title)) return Refusal{PlanField::Title, {kTitleText, kMustNotBeEmpty}};
+    if (!IsTaskNumber(entry.taskId)) return Refusal{PlanField::TaskID, {kNumberIsNone}};
+    if (WholeNumber(entry.circleValue) == 0) return Refusal{PlanField::CircleValue, {kStepIsZero}};
+    if (IsBlank(entry.typeValue)) return Refusal{PlanField::TypeValue, {kWidthIsEmpty}};
+    return {};
+}
+
+bool AsksForSetter(const PlanEntry& entry) {
+    return IsBlank(entry.setMan);
+}
+
+std::optional<Refusal> CheckUniqueness(std::int32_t number, std::int32_t edited,
+                                       const PlansPresent& present) {
+    const bool isEdited = edited != 0 && number == edited;
+    // Another number would move the change to another plan.
+    if (present.numberExists && !isEdited) {
+        return Refusal{PlanField::TaskID, {kTaskNumberText, kExistsAlready}};
+    }
+    if (!present.numberExists && edited != 0) {
+        return Refusal{PlanField::TaskID, {kTaskNumberText, kExistsNoMore}};
+    }
+    if (present.titleOfAnother) return Refusal{PlanField::Title, {kTitleText, kExistsNoMore}};
+    return {};
+}
+
+Plan MakePlan(const PlanEntry& entry) {
+    const auto toInt16 = [](std::string_view text) { return number::ToInt16(WholeNumber(text)); };
+    Plan plan;
+    plan.taskId = number::ToInt32(WholeNumber(entry.taskId));
+    plan.title = text::Trim(entry.title);
+    plan.begin = entry.begin;
+    plan.end = entry.end;
+    plan.circleType = entry.circleType;
+    plan.circleValue = toInt16(entry.circleValue);
+    plan.month = toInt16(entry.month);
+    plan.day = toInt16(entry.day);
+    plan.week = entry.week;
+    plan.type = entry.type;
+    plan.typeValue = toInt16(entry.typeValue);
+    plan.setMan = text::Trim(entry.setMan);
+    plan.doneMan = text::Trim(entry.doneMan);
+    plan.content = entry.content;
+    return plan;
+}
+
+}  // namespace zv::scheduling
