@@ -61,6 +61,8 @@ class FormPeer {
     virtual void CaptionChanged() = 0;
     virtual void BoundsChanged() = 0;
     virtual void WindowStateChanged() = 0;
+    /// Paints at once what waits to be painted, also while no message loop runs.
+    virtual void PaintNow() {}
     virtual void MenuChanged(MenuItem& item) = 0;
     /// x and y are client coordinates of the form. Returns when the menu is closed; the entry
     /// chosen has been told by then.

@@ -117,6 +117,10 @@ void Form::SetState(WindowState state) {
     if (peer_) peer_->WindowStateChanged();
 }
 
+void Form::Refresh() {
+    if (peer_) peer_->PaintNow();
+}
+
 Control* Form::FindControl(std::string_view name, int index) const {
     for (Control* control : controls_) {
         if (control->Name() == name && control->Index() == index) return control;

@@ -56,6 +56,9 @@ class Form {
     WindowState State() const { return state_; }
     void SetState(WindowState state);
 
+    /// Shows the present state of the controls at once, for a handler that works long.
+    void Refresh();
+
     /// In order of creation, which is the tab order.
     const std::vector<Control*>& Controls() const { return controls_; }
     const std::vector<MenuItem*>& Menus() const {

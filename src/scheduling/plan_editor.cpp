@@ -1,0 +1,497 @@
+#include "scheduling/plan_editor.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "resources/plan_texts.h"
+#include "scheduling/plan_editor_layout.h"
+#include "scheduling/staff_list.h"
+#include "scheduling/task_generation.h"
+#include "session/text_checks.h"
+
+namespace zv::scheduling {
+namespace {
+
+using resources::PlanText;
+
+constexpr std::int16_t kTaskText = 5;
+constexpr std::int16_t kTitleText = 7;
+constexpr std::int16_t kTaskNumberText = 8;
+constexpr std::int16_t kExecutorText = 10;
+constexpr std::int16_t kSetterText = 11;
+constexpr std::int16_t kFinishedText = 17;
+constexpr std::int16_t kListText = 19;
+constexpr std::int16_t kLeaveText = 22;
+constexpr std::int16_t kAddText = 24;
+constexpr std::int16_t kChangeText = 25;
+constexpr std::int16_t kOkText = 28;
+constexpr std::int16_t kGenerateText = 31;
+constexpr std::int16_t kContentText = 32;
+constexpr std::int16_t kAlertRangeText = 33;
+constexpr std::int16_t kScheduleText = 34;
+constexpr std::int16_t kBeginText = 35;
+constexpr std::int16_t kEndText = 36;
+constexpr std::int16_t kDayText = 37;
+constexpr std::int16_t kDaysText = 38;
+constexpr std::int16_t kMonthText = 39;
+constexpr std::int16_t kEveryText = 40;
+constexpr std::int16_t kAheadText = 41;
+constexpr std::int16_t kAfterText = 42;
+constexpr std::int16_t kBothText = 43;
+constexpr std::int16_t kStaffText = 46;
+constexpr std::int16_t kEditorText = 107;
+constexpr std::int16_t kNoSuchPlan = 116;
+constexpr std::int16_t kStartGenerating = 122;
+constexpr std::int16_t kNoSetter = 126;
+
+// What the staff list is opened for; none of them lets a cancel clear the picked name.
+constexpr std::int16_t kPickSetter = 1;
+constexpr std::int16_t kPickExecutor = 2;
+constexpr std::int16_t kBrowseStaff = 3;
+
+constexpr int kDaysOfANewPlan = 365;
+
+std::string OnOneLine(std::string_view text) {
+    std::string line = text::Replace(text, "\r\n", " ");
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return line;
+}
+
+}  // namespace
+
+frmTaskSet::frmTaskSet(forms::WindowSystem& windows, Session& session)
+    : Form(windows, std::string(kName)),
+      lblTaskID(*this, "lblTaskID"),
+      txtTaskID(*this, "txtTaskID"),
+      lblTaskTitle(*this, "lblTaskTitle"),
+      txtTaskTitle(*this, "txtTaskTitle"),
+      lblBegin(*this, "lblBegin"),
+      dateBegin(*this, "dateBegin"),
+      lblEnd(*this, "lblEnd"),
+      dateEnd(*this, "dateEnd"),
+      fraSchedule(*this, "fraSchedule"),
+      lblEvery(*this, "lblEvery", &fraSchedule),
+      txtCircleValue(*this, "txtCircleValue", &fraSchedule),
+      cobCircleType(*this, "cobCircleType", &fraSchedule, forms::ComboStyle::ListOnly),
+      lblDE(*this, "lblDE", &fraSchedule),
+      txtMonth(*this, "txtMonth", &fraSchedule),
+      lblMonth(*this, "lblMonth", &fraSchedule),
+      txtDay(*this, "txtDay", &fraSchedule),
+      lblDay(*this, "lblDay", &fraSchedule),
+      cobWeek(*this, "cobWeek", &fraSchedule, forms::ComboStyle::ListOnly),
+      fraAlert(*this, "fraAlert"),
+      optEarlyCall(*this, "optEarlyCall", &fraAlert),
+      optLastCall(*this, "optLastCall", &fraAlert),
+      optBothCall(*this, "optBothCall", &fraAlert),
+      txtUpDown(*this, "txtUpDown", &fraAlert),
+      UpDown1(*this, "UpDown1", &fraAlert),
+      lblDays(*this, "lblDays", &fraAlert),
+      lblSetMan(*this, "lblSetMan"),
+      txtSetMan(*this, "txtSetMan"),
+      cmdSetMan(*this, "cmdSetMan"),
+      lblDoneMan(*this, "lblDoneMan"),
+      txtDoneMan(*this, "txtDoneMan"),
+      cmdDoneMan(*this, "cmdDoneMan"),
+      lblTaskCon(*this, "lblTaskCon"),
+      txtTaskCon(*this, "txtTaskCon"),
+      chkTaskSet(*this, "chkTaskSet"),
+      lblProgress(*this, "lblProgress"),
+      cmdOnlySeeMan(*this, "cmdOnlySeeMan"),
+      cmdOK(*this, "cmdOK"),
+      cmdExit(*this, "cmdExit"),
+      session_(session) {
+    dateBegin.SetFormat(forms::DateFormat::LongDate);
+    dateEnd.SetFormat(forms::DateFormat::LongDate);
+    txtTaskCon.SetMultiLine(true);
+    optEarlyCall.SetValue(true);
+    // Whoever leaves without saving need not mend the input first.
+    cmdExit.causesValidation = false;
+    cancelButton = &cmdExit;
+    Wire();
+}
+
+void frmTaskSet::TaskID(std::int16_t number) {
+    if (!IsLoaded()) edited_.taskId = number;
+}
+
+void frmTaskSet::Wire() {
+    cobCircleType.onClick = [this] { cobCircleType_Click(); };
+    UpDown1.onUpClick = [this] { UpDown1_UpClick(); };
+    UpDown1.onDownClick = [this] { UpDown1_DownClick(); };
+    cmdSetMan.onClick = [this] { cmdSetMan_Click(); };
+    cmdDoneMan.onClick = [this] { cmdDoneMan_Click(); };
+    cmdOnlySeeMan.onClick = [this] { cmdOnlySeeMan_Click(); };
+    cmdOK.onClick = [this] { cmdOK_Click(); };
+    cmdExit.onClick = [this] { cmdExit_Click(); };
+    WireKeys();
+    WireChecks();
+}
+
+// In entry fields Enter and the arrows work like Tab and Shift+Tab.
+void frmTaskSet::WireKeys() {
+    const auto move = [this](forms::KeyEvent& event, int direction) {
+        event.code = 0;
+        MoveFocus(direction);
+    };
+    for (forms::TextBox* box : {&txtTaskID, &txtTaskTitle, &txtCircleValue, &txtMonth, &txtDay,
+                                &txtUpDown, &txtSetMan, &txtDoneMan, &txtTaskCon}) {
+        box->onKeyDown = [move](forms::KeyEvent& event) {
+            if (event.control) return;
+            if (event.code == forms::key::kEnter || event.code == forms::key::kDown) {
+                move(event, +1);
+            } else if (event.code == forms::key::kUp) {
+                move(event, -1);
+            }
+        };
+    }
+    const std::initializer_list<forms::Control*> choices{&dateBegin, &dateEnd, &cobCircleType,
+                                                         &cobWeek};
+    for (forms::Control* control : choices) {
+        control->onKeyDown = [move](forms::KeyEvent& event) {
+            if (event.code == forms::key::kEnter) move(event, +1);
+        };
+    }
+}
+
+void frmTaskSet::WireChecks() {
+    const std::initializer_list<std::pair<PlanField, forms::TextBox*>> boxes{
+        {PlanField::TaskID, &txtTaskID},
+        {PlanField::Title, &txtTaskTitle},
+        {PlanField::CircleValue, &txtCircleValue},
+        {PlanField::Month, &txtMonth},
+        {PlanField::Day, &txtDay},
+        {PlanField::TypeValue, &txtUpDown},
+        {PlanField::SetMan, &txtSetMan},
+        {PlanField::DoneMan, &txtDoneMan}};
+    for (const auto& [field, box] : boxes) {
+        box->onValidate = [this, field = field, box = box](bool& cancel) {
+            CheckBoxText(field, *box, cancel);
+        };
+    }
+    dateBegin.onValidate = [this](bool& cancel) { CheckDate(PlanField::Begin, cancel); };
+    dateEnd.onValidate = [this](bool& cancel) { CheckDate(PlanField::End, cancel); };
+}
+
+void frmTaskSet::CheckBoxText(PlanField field, forms::TextBox& box, bool& cancel) {
+    if (const std::int16_t message = CheckFieldOnLeaving(field, box.Text())) {
+        session_.windows.ShowMessage(session_.LoadText(message), forms::box::kExclamation);
+        box.SelectAll();
+        cancel = true;
+        return;
+    }
+    if (!IsCutOnLeaving(field)) return;
+    const std::int16_t name = field == PlanField::Title    ? kTitleText
+                              : field == PlanField::SetMan ? kSetterText
+                                                           : kExecutorText;
+    box.SetText(
+        FitTextBytes(session_, OnOneLine(box.Text()), kMaximumTextBytes, session_.LoadText(name)));
+}
+
+void frmTaskSet::CheckDate(PlanField field, bool& cancel) {
+    const std::int16_t message = CheckDateOnLeaving(field, *dateBegin.Value(), *dateEnd.Value());
+    if (message == 0) return;
+    session_.windows.ShowMessage(session_.LoadText(message), forms::box::kExclamation);
+    cancel = true;
+}
+
+void frmTaskSet::Form_Load() {
+    SetCaptions();
+    cobCircleType.SetListIndex(circle::kMonthly);
+    cobWeek.SetListIndex(1);
+    if (edited_.taskId != 0) {
+        ShowPlan();
+    } else {
+        ProposePlan();
+    }
+    PlaceControls(*this);
+    Center();
+}
+
+void frmTaskSet::Form_Activate() {
+    if (!moveOnWhenShown_) return;
+    moveOnWhenShown_ = false;
+    MoveFocus(+1);
+}
+
+void frmTaskSet::SetCaptions() {
+    const auto text = [this](std::int16_t id) { return session_.LoadText(id); };
+    const auto planText = [this](PlanText id) {
+        return resources::GetPlanText(id, session_.state.Language);
+    };
+    SetModeCaption();
+    lblTaskID.SetCaption(text(kTaskNumberText));
+    lblTaskTitle.SetCaption(text(kTitleText));
+    lblBegin.SetCaption(text(kBeginText));
+    lblEnd.SetCaption(text(kEndText));
+    fraSchedule.SetCaption(text(kScheduleText));
+    lblEvery.SetCaption(text(kEveryText));
+    lblDE.SetCaption(planText(PlanText::On));
+    lblMonth.SetCaption(text(kMonthText));
+    lblDay.SetCaption(text(kDayText));
+    fraAlert.SetCaption(text(kAlertRangeText));
+    optEarlyCall.SetCaption(text(kAheadText));
+    optLastCall.SetCaption(text(kAfterText));
+    optBothCall.SetCaption(text(kBothText));
+    lblDays.SetCaption(text(kDaysText));
+    lblSetMan.SetCaption(text(kSetterText));
+    lblDoneMan.SetCaption(text(kExecutorText));
+    lblTaskCon.SetCaption(text(kContentText));
+    chkTaskSet.SetCaption(text(kGenerateText));
+    cmdSetMan.SetCaption("...");
+    cmdSetMan.SetAccessibleName(planText(PlanText::PickSetter));
+    cmdDoneMan.SetCaption("...");
+    cmdDoneMan.SetAccessibleName(planText(PlanText::PickExecutor));
+    cmdOnlySeeMan.SetCaption(text(kStaffText) + text(kListText));
+    cmdOK.SetCaption(text(kOkText));
+    cmdExit.SetCaption(text(kLeaveText));
+
+    txtTaskID.SetAccessibleName(text(kTaskNumberText));
+    txtTaskTitle.SetAccessibleName(text(kTitleText));
+    dateBegin.SetAccessibleName(text(kBeginText));
+    dateEnd.SetAccessibleName(text(kEndText));
+    txtCircleValue.SetAccessibleName(text(kEveryText));
+    cobCircleType.SetAccessibleName(text(kScheduleText));
+    txtMonth.SetAccessibleName(text(kMonthText));
+    txtDay.SetAccessibleName(text(kDayText));
+    cobWeek.SetAccessibleName(text(kScheduleText));
+    txtUpDown.SetAccessibleName(text(kAlertRangeText));
+    UpDown1.SetAccessibleName(text(kAlertRangeText));
+    txtSetMan.SetAccessibleName(text(kSetterText));
+    txtDoneMan.SetAccessibleName(text(kExecutorText));
+    txtTaskCon.SetAccessibleName(text(kContentText));
+
+    cobCircleType.SetItems({planText(PlanText::KindYear), planText(PlanText::KindMonth),
+                            planText(PlanText::KindDay), planText(PlanText::KindWeek)});
+    cobWeek.SetItems({planText(PlanText::Sunday), planText(PlanText::Monday),
+                      planText(PlanText::Tuesday), planText(PlanText::Wednesday),
+                      planText(PlanText::Thursday), planText(PlanText::Friday),
+                      planText(PlanText::Saturday)});
+}
+
+void frmTaskSet::SetModeCaption() {
+    SetCaption(session_.LoadText(edited_.taskId != 0 ? kChangeText : kAddText) +
+               resources::GetPlanText(PlanText::CaptionSeparator, session_.state.Language) +
+               session_.LoadText(kEditorText));
+}
+
+void frmTaskSet::ProposePlan() {
+    txtTaskID.SetText(ProposeTaskId(session_));
+    const DateTime today = session_.machine.clock.Today();
+    dateBegin.SetValue(today);
+    dateEnd.SetValue(today.AddDays(kDaysOfANewPlan));
+    if (!session_.state.UserName.empty()) {
+        txtSetMan.SetText(session_.state.UserName);
+        txtDoneMan.SetText("");
+    }
+    cobCircleType.SetListIndex(circle::kMonthly);
+    txtCircleValue.SetText("1");
+    txtMonth.SetText("1");
+    txtDay.SetText("1");
+    txtUpDown.SetText("0");
+    cobWeek.SetListIndex(1);
+    moveOnWhenShown_ = true;
+}
+
+void frmTaskSet::ShowPlan() {
+    if (const auto plan = LoadPlan(session_, edited_.taskId)) {
+        edited_.title = plan->title;
+        FillFrom(*plan);
+        return;
+    }
+    const DateTime today = session_.machine.clock.Today();
+    dateBegin.SetValue(today);
+    dateEnd.SetValue(today);
+    session_.windows.ShowMessage(session_.LoadText(kNoSuchPlan), forms::box::kExclamation);
+}
+
+void frmTaskSet::FillFrom(const Plan& plan) {
+    // A number that the list does not have shows as none; the confirmation asks for one.
+    const auto select = [](forms::ComboBox& list, int position) {
+        list.SetListIndex(position >= 0 && position < list.ListCount() ? position : -1);
+    };
+    txtTaskID.SetText(std::to_string(plan.taskId));
+    txtTaskTitle.SetText(plan.title);
+    dateBegin.SetValue(plan.begin);
+    dateEnd.SetValue(plan.end);
+    select(cobCircleType, plan.circleType);
+    txtCircleValue.SetText(std::to_string(plan.circleValue));
+    txtMonth.SetText(std::to_string(plan.month));
+    txtDay.SetText(std::to_string(plan.day));
+    select(cobWeek, plan.week);
+    if (plan.type == side::kAhead) optEarlyCall.SetValue(true);
+    if (plan.type == side::kAfter) optLastCall.SetValue(true);
+    if (plan.type == side::kBoth) optBothCall.SetValue(true);
+    txtUpDown.SetText(std::to_string(plan.typeValue));
+    txtSetMan.SetText(plan.setMan);
+    txtDoneMan.SetText(plan.doneMan);
+    txtTaskCon.SetText(plan.content);
+}
+
+void frmTaskSet::cobCircleType_Click() {
+    const int kind = cobCircleType.ListIndex();
+    const bool month = kind == circle::kYearly;
+    const bool day = kind == circle::kYearly || kind == circle::kMonthly;
+    const bool week = kind == circle::kWeekly;
+    txtMonth.SetVisible(month);
+    lblMonth.SetVisible(month);
+    txtDay.SetVisible(day);
+    lblDay.SetVisible(day);
+    cobWeek.SetVisible(week);
+    lblDE.SetVisible(day || week);
+    PlaceSchedule(*this);
+}
+
+void frmTaskSet::StepWidth(int step) {
+    const double present = std::nearbyint(number::Parse(txtUpDown.Text()).value_or(0));
+    const double next = std::clamp(present + step, 0.0, static_cast<double>(kMaximumTypeValue));
+    txtUpDown.SetText(std::to_string(static_cast<int>(next)));
+}
+
+void frmTaskSet::UpDown1_UpClick() {
+    StepWidth(+1);
+}
+
+void frmTaskSet::UpDown1_DownClick() {
+    StepWidth(-1);
+}
+
+void frmTaskSet::PickInto(forms::TextBox& box, std::int16_t action) {
+    PickStaff(session_, action, [&box](const std::string& name) { box.SetText(name); });
+    box.SetFocus();
+}
+
+void frmTaskSet::cmdSetMan_Click() {
+    PickInto(txtSetMan, kPickSetter);
+}
+
+void frmTaskSet::cmdDoneMan_Click() {
+    PickInto(txtDoneMan, kPickExecutor);
+}
+
+void frmTaskSet::cmdOnlySeeMan_Click() {
+    // Looking picks nobody.
+    const std::string name = session_.state.myName;
+    PickStaff(session_, kBrowseStaff, {});
+    session_.state.myName = name;
+}
+
+PlanEntry frmTaskSet::Entry() const {
+    PlanEntry entry;
+    entry.taskId = txtTaskID.Text();
+    entry.title = txtTaskTitle.Text();
+    entry.begin = *dateBegin.Value();
+    entry.end = *dateEnd.Value();
+    entry.circleType = cobCircleType.ListIndex();
+    entry.circleValue = txtCircleValue.Text();
+    entry.month = txtMonth.Text();
+    entry.day = txtDay.Text();
+    entry.week = cobWeek.ListIndex();
+    entry.type = optLastCall.Value()   ? side::kAfter
+                 : optBothCall.Value() ? side::kBoth
+                                       : side::kAhead;
+    entry.typeValue = txtUpDown.Text();
+    entry.setMan = txtSetMan.Text();
+    entry.doneMan = txtDoneMan.Text();
+    entry.content = txtTaskCon.Text();
+    return entry;
+}
+
+forms::Control& frmTaskSet::ControlOf(PlanField field) {
+    switch (field) {
+        case PlanField::TaskID:
+            return txtTaskID;
+        case PlanField::Title:
+            return txtTaskTitle;
+        case PlanField::Begin:
+            return dateBegin;
+        case PlanField::End:
+            return dateEnd;
+        case PlanField::CircleType:
+            return cobCircleType;
+        case PlanField::CircleValue:
+            return txtCircleValue;
+        case PlanField::Month:
+            return txtMonth;
+        case PlanField::Day:
+            return txtDay;
+        case PlanField::Week:
+            return cobWeek;
+        case PlanField::TypeValue:
+            return txtUpDown;
+        case PlanField::SetMan:
+            return txtSetMan;
+        case PlanField::DoneMan:
+            return txtDoneMan;
+        case PlanField::Content:
+            break;
+    }
+    return txtTaskCon;
+}
+
+void frmTaskSet::Refuse(const Refusal& refusal) {
+    std::string message;
+    for (const std::int16_t id : refusal.message) message += session_.LoadText(id);
+    session_.windows.ShowMessage(message, forms::box::kExclamation);
+    ControlOf(refusal.field).SetFocus();
+}
+
+bool frmTaskSet::Ask(std::int16_t question, int buttons, forms::Answer agreement) {
+    return session_.windows.ShowMessage(session_.LoadText(question),
+                                        buttons + forms::box::kQuestion) == agreement;
+}
+
+void frmTaskSet::cmdOK_Click() {
+    const PlanEntry entry = Entry();
+    if (const auto refusal = CheckEntry(entry)) return Refuse(*refusal);
+    if (AsksForSetter(entry) && !Ask(kNoSetter, forms::box::kOkCancel, forms::Answer::Ok)) {
+        txtSetMan.SetFocus();
+        return;
+    }
+    const Plan plan = MakePlan(entry);
+    if (const auto refusal = SavePlan(session_, plan, edited_)) return Refuse(*refusal);
+    session_.windows.ShowMessage(
+        session_.LoadText(kTaskText) +
+            session_.LoadText(edited_.taskId == 0 ? kAddText : kChangeText) +
+            session_.LoadText(kFinishedText) + "!",
+        forms::box::kInformation);
+    // From here on the plan exists: should the generation fail, a second confirmation changes it.
+    edited_ = {plan.taskId, plan.title};
+    SetModeCaption();
+    if (chkTaskSet.Checked() && Ask(kStartGenerating, forms::box::kYesNo, forms::Answer::Yes)) {
+        Generate();
+    }
+    Unload();
+}
+
+void frmTaskSet::Generate() {
+    // The line is gone again when the run ends, also when it fails.
+    struct Line {
+        forms::Label& label;
+        ~Line() { label.SetCaption(""); }
+    } line{lblProgress};
+    int shown = -1;
+    GenerateTaskList(
+        session_, std::string(text::Trim(txtTaskID.Text())), [&](int rows, double part) {
+            const int percent = static_cast<int>(part * 100);
+            if (percent == shown) return;
+            shown = percent;
+            line.label.SetCaption(std::to_string(percent) + "% (" + std::to_string(rows) + ")");
+            Refresh();
+        });
+}
+
+void frmTaskSet::cmdExit_Click() {
+    Unload();
+}
+
+void ShowPlanEditor(Session& session, std::int16_t taskId, bool modal) {
+    auto* editor = session.windows.Find<frmTaskSet>(frmTaskSet::kName);
+    if (!editor) editor = &session.windows.Create<frmTaskSet>(session);
+    editor->TaskID(taskId);
+    editor->Show(modal);
+}
+
+}  // namespace zv::scheduling

@@ -1,0 +1,114 @@
+// The plan editor: enters and changes one plan and, on request, generates its items.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "forms/buttons.h"
+#include "forms/containers.h"
+#include "forms/date_picker.h"
+#include "forms/form.h"
+#include "forms/label.h"
+#include "forms/lists.h"
+#include "forms/text_box.h"
+#include "forms/up_down.h"
+#include "scheduling/plan_rules.h"
+#include "scheduling/plan_store.h"
+#include "session/session.h"
+
+namespace zv::scheduling {
+
+class frmTaskSet : public forms::Form {
+ public:
+    static constexpr std::string_view kName = "frmTaskSet";
+
+    /// The session must outlive the window.
+    frmTaskSet(forms::WindowSystem& windows, Session& session);
+
+    /// The plan to change, 0 for a new one. Set before the window is loaded; later it does nothing,
+    /// because the input of a window that is open must not end up in another plan.
+    void TaskID(std::int16_t number);
+
+    // Order of creation is tab order.
+    forms::Label lblTaskID;
+    forms::TextBox txtTaskID;
+    forms::Label lblTaskTitle;
+    forms::TextBox txtTaskTitle;
+    forms::Label lblBegin;
+    forms::DatePicker dateBegin;
+    forms::Label lblEnd;
+    forms::DatePicker dateEnd;
+    forms::Frame fraSchedule;
+    forms::Label lblEvery;
+    forms::TextBox txtCircleValue;
+    forms::ComboBox cobCircleType;
+    forms::Label lblDE;
+    forms::TextBox txtMonth;
+    forms::Label lblMonth;
+    forms::TextBox txtDay;
+    forms::Label lblDay;
+    forms::ComboBox cobWeek;
+    forms::Frame fraAlert;
+    forms::OptionButton optEarlyCall;
+    forms::OptionButton optLastCall;
+    forms::OptionButton optBothCall;
+    forms::TextBox txtUpDown;
+    forms::UpDown UpDown1;
+    forms::Label lblDays;
+    forms::Label lblSetMan;
+    forms::TextBox txtSetMan;
+    forms::CommandButton cmdSetMan;
+    forms::Label lblDoneMan;
+    forms::TextBox txtDoneMan;
+    forms::CommandButton cmdDoneMan;
+    forms::Label lblTaskCon;
+    forms::TextBox txtTaskCon;
+    forms::CheckBox chkTaskSet;
+    forms::Label lblProgress;
+    forms::CommandButton cmdOnlySeeMan;
+    forms::CommandButton cmdOK;
+    forms::CommandButton cmdExit;
+
+    void cobCircleType_Click();
+    void UpDown1_UpClick();
+    void UpDown1_DownClick();
+    void cmdSetMan_Click();
+    void cmdDoneMan_Click();
+    void cmdOnlySeeMan_Click();
+    void cmdOK_Click();
+    void cmdExit_Click();
+
+ protected:
+    void Form_Load() override;
+    void Form_Activate() override;
+
+ private:
+    void Wire();
+    void WireKeys();
+    void WireChecks();
+    void SetCaptions();
+    void SetModeCaption();
+    void ProposePlan();
+    void ShowPlan();
+    void FillFrom(const Plan& plan);
+
+    PlanEntry Entry() const;
+    forms::Control& ControlOf(PlanField field);
+    void CheckBoxText(PlanField field, forms::TextBox& box, bool& cancel);
+    void CheckDate(PlanField field, bool& cancel);
+    void Refuse(const Refusal& refusal);
+    bool Ask(std::int16_t question, int buttons, forms::Answer agreement);
+    void Generate();
+    void StepWidth(int step);
+    void PickInto(forms::TextBox& box, std::int16_t action);
+
+    Session& session_;
+    EditedPlan edited_;
+    bool moveOnWhenShown_ = false;
+};
+
+/// Shows the editor for a plan (0: a new one): the one that is open with what it holds, or a new
+/// one. Modal: returns after it is gone.
+void ShowPlanEditor(Session& session, std::int16_t taskId, bool modal);
+
+}  // namespace zv::scheduling
