@@ -6,7 +6,7 @@ namespace zv::store {
 namespace {
 
 class Opener final : public ConnectionOpener {
-   public:
+ public:
     std::unique_ptr<Connection> Open(const ConnectionSettings& settings) override {
         opened++;
         if (refuse) throw RuntimeError(ErrorNumber::DatabaseFailure, "refused");
@@ -17,7 +17,7 @@ class Opener final : public ConnectionOpener {
 };
 
 class Log final : public StatementObserver {
-   public:
+ public:
     void OnStatement(const std::string& sql) override {
         statements.push_back(sql);
         if (fail) throw RuntimeError(ErrorNumber::DatabaseFailure, "told to fail");
@@ -32,7 +32,7 @@ class Log final : public StatementObserver {
 };
 
 class StoreTest : public DatabaseTest {
-   protected:
+ protected:
     StoreTest()
         : database_(
               opener_,

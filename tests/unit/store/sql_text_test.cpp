@@ -9,8 +9,12 @@ TEST(MakeLikePattern, WrapsTextWithoutWildcards) {
     EXPECT_EQ(MakeLikePattern("abc"), "%abc%");
     EXPECT_EQ(MakeLikePattern("报表"), "%报表%");
 }
-TEST(MakeLikePattern, TrimsBlanksAtBothEnds) { EXPECT_EQ(MakeLikePattern("  abc "), "%abc%"); }
-TEST(MakeLikePattern, KeepsBlanksInside) { EXPECT_EQ(MakeLikePattern(" a b "), "%a b%"); }
+TEST(MakeLikePattern, TrimsBlanksAtBothEnds) {
+    EXPECT_EQ(MakeLikePattern("  abc "), "%abc%");
+}
+TEST(MakeLikePattern, KeepsBlanksInside) {
+    EXPECT_EQ(MakeLikePattern(" a b "), "%a b%");
+}
 TEST(MakeLikePattern, MatchesAllForNothing) {
     EXPECT_EQ(MakeLikePattern(""), "%");
     EXPECT_EQ(MakeLikePattern("   "), "%");
