@@ -1,0 +1,87 @@
+// A machine that is told what to answer and keeps what it was asked to do: for tests, and for
+// playing scenarios. Paths may be written in the Windows way on every system.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/machine.h"
+
+namespace zv::platform::scripted {
+
+/// Stands still until it is moved; starts at 2000-01-01 00:00:00.
+class ScriptedClock : public Clock {
+ public:
+    DateTime Now() const override { return now_; }
+    void Set(DateTime now) { now_ = now; }
+    void Advance(std::int64_t seconds) { now_ = now_.AddSeconds(seconds); }
+
+ private:
+    DateTime now_{2000, 1, 1};
+};
+
+/// The byte widths of one of the code pages 936 (the initial one), 950 and 1252, the same on every
+/// system: only characters that the code page really holds, no look-alikes.
+class ScriptedCodePage : public AnsiCodePage {
+ public:
+    ScriptedCodePage();
+    ~ScriptedCodePage() override;
+    /// Throws error 5 for a code page that is not one of the three.
+    void Select(int codePage);
+    int ByteWidth(char32_t codePoint) const override;
+
+ private:
+    class Converter;
+    int codePage_ = 0;
+    std::unique_ptr<Converter> converter_;
+};
+
+/// Keeps what it is handed, a line each: programs and addresses as they are, keystrokes behind
+/// "keys:".
+class ScriptedShell : public Shell {
+ public:
+    void Open(const std::string& target) override { lines.push_back(target); }
+    std::string DialerPath() const override { return "C:\\Windows\\dialer.exe"; }
+    void Start(const std::string& program) override { lines.push_back(program); }
+    void SendKeys(const std::string& keys) override { lines.push_back("keys:" + keys); }
+
+    std::vector<std::string> lines;
+};
+
+/// The real files below one folder, which is also the application's; relative names start there.
+class ScriptedFiles : public FileSystem {
+ public:
+    explicit ScriptedFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    bool FileExists(const std::string& path) const override;
+    std::string ApplicationFolder() const override;
+    /// The place that a path of the played system stands for on this one.
+    std::filesystem::path Resolve(std::string_view path) const;
+
+ private:
+    std::filesystem::path folder_;
+};
+
+/// Keeps the modules that it was asked to run.
+class ScriptedModules : public ModuleRunner {
+ public:
+    void Run(const ModuleStart& start) override { started.push_back(start); }
+
+    std::vector<ModuleStart> started;
+};
+
+/// All of it together.
+struct ScriptedMachine {
+    explicit ScriptedMachine(std::filesystem::path folder) : files(std::move(folder)) {}
+
+    ScriptedClock clock;
+    ScriptedCodePage codePage;
+    ScriptedShell shell;
+    ScriptedFiles files;
+    ScriptedModules modules;
+    Machine machine{clock, codePage, shell, files, modules};
+};
+
+}  // namespace zv::platform::scripted

@@ -1,0 +1,123 @@
+#include "platform/scripted/scripted_machine.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "base/errors.h"
+#include "temporary_folder.h"
+
+namespace zv::platform::scripted {
+namespace {
+
+TEST(ScriptedClock, StandsStillUntilItIsMoved) {
+    ScriptedClock clock;
+    clock.Set(DateTime(2003, 3, 7, 23, 59, 30));
+    EXPECT_EQ(clock.Now(), clock.Now());
+    clock.Advance(45);
+    EXPECT_EQ(clock.Now(), DateTime(2003, 3, 8, 0, 0, 15));
+    EXPECT_EQ(clock.Today(), DateTime(2003, 3, 8));
+}
+
+TEST(ScriptedCodePage, SimplifiedHoldsSimplifiedCharacters) {
+    ScriptedCodePage page;
+    page.Select(936);
+    EXPECT_EQ(page.ByteWidth(U'a'), 1);
+    EXPECT_EQ(page.ByteWidth(U'\x7F'), 1);
+    EXPECT_EQ(page.ByteWidth(U'任'), 2);
+    EXPECT_EQ(page.ByteWidth(U'務'), 2);
+    EXPECT_EQ(page.ByteWidth(U'（'), 2);
+    EXPECT_EQ(page.ByteWidth(U'°'), 2);
+}
+
+TEST(ScriptedCodePage, TraditionalLacksSimplifiedCharacters) {
+    ScriptedCodePage page;
+    page.Select(950);
+    EXPECT_EQ(page.ByteWidth(U'務'), 2);
+    EXPECT_EQ(page.ByteWidth(U'务'), 1);
+}
+
+TEST(ScriptedCodePage, WesternCharactersAreSingleBytes) {
+    ScriptedCodePage page;
+    page.Select(1252);
+    EXPECT_EQ(page.ByteWidth(U'é'), 1);
+    EXPECT_EQ(page.ByteWidth(U'任'), 1);
+}
+
+TEST(ScriptedCodePage, UnknownCharactersCountOne) {
+    ScriptedCodePage page;
+    page.Select(936);
+    EXPECT_EQ(page.ByteWidth(U'\U0001F600'), 1);
+    EXPECT_EQ(page.ByteWidth(0xD800), 1);
+    EXPECT_EQ(page.ByteWidth(0x110000), 1);
+}
+
+TEST(ScriptedCodePage, NoLookAlikes) {
+    ScriptedCodePage page;
+    page.Select(936);
+    EXPECT_EQ(page.ByteWidth(U'\u00A2'), 1);
+}
+
+TEST(ScriptedCodePage, UserDefinedCharactersReachAsFarAsTheCodePage) {
+    ScriptedCodePage page;
+    page.Select(936);
+    EXPECT_EQ(page.ByteWidth(0xE000), 2);
+    EXPECT_EQ(page.ByteWidth(0xE864), 2);
+    EXPECT_EQ(page.ByteWidth(0xF000), 1);
+    page.Select(950);
+    EXPECT_EQ(page.ByteWidth(0xF848), 2);
+    EXPECT_EQ(page.ByteWidth(0xF849), 1);
+    page.Select(1252);
+    EXPECT_EQ(page.ByteWidth(0xE000), 1);
+}
+
+// One number over the whole plane shows that both implementations hold the same table.
+TEST(ScriptedCodePage, HoldsTheSameCharactersOnEverySystem) {
+    const auto doubles = [](int codePage) {
+        ScriptedCodePage page;
+        page.Select(codePage);
+        int count = 0;
+        for (char32_t c = 0; c < 0x10000; c++) {
+            if (c < 0xD800 || c > 0xDFFF) count += page.ByteWidth(c) == 2 ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_EQ(doubles(936), 23940);
+    EXPECT_EQ(doubles(950), 19710);
+    EXPECT_EQ(doubles(1252), 0);
+}
+
+TEST(ScriptedCodePage, RefusesOtherCodePages) {
+    ScriptedCodePage page;
+    EXPECT_THROW(page.Select(65001), RuntimeError);
+}
+
+TEST(ScriptedShell, KeepsWhatItIsHanded) {
+    ScriptedShell shell;
+    shell.Open("mailto:a@b");
+    shell.Start("C:\\Windows\\dialer.exe");
+    shell.SendKeys("123~");
+    EXPECT_EQ(shell.lines,
+              (std::vector<std::string>{"mailto:a@b", "C:\\Windows\\dialer.exe", "keys:123~"}));
+}
+
+TEST(ScriptedFiles, RelativeNamesStartInTheFolder) {
+    test::TemporaryFolder folder;
+    std::filesystem::create_directories(folder / "数据");
+    std::ofstream(folder / "数据/t 1.mdb") << "x";
+    const ScriptedFiles files(folder.Path());
+    EXPECT_TRUE(files.FileExists("数据/t 1.mdb"));
+    EXPECT_TRUE(files.FileExists("数据\\t 1.mdb"));
+    EXPECT_TRUE(files.FileExists(files.ApplicationFolder() + "\\数据\\t 1.mdb"));
+    EXPECT_FALSE(files.FileExists("t 1.mdb"));
+    EXPECT_FALSE(files.FileExists(""));
+}
+
+TEST(ScriptedFiles, AFolderIsNoFile) {
+    test::TemporaryFolder folder;
+    const ScriptedFiles files(folder.Path());
+    EXPECT_FALSE(files.FileExists(files.ApplicationFolder()));
+}
+
+}  // namespace
+}  // namespace zv::platform::scripted

@@ -1,0 +1,124 @@
+#include "command.h"
+
+#include <gtest/gtest.h>
+
+namespace zv::script {
+namespace {
+
+std::string RefusalOf(const std::string& text) {
+    try {
+        CompileScript(text);
+    } catch (const ScriptError& error) {
+        return std::to_string(error.Line()) + ": " + error.Reason();
+    }
+    return "accepted";
+}
+
+TEST(CompileScript, AcceptsEveryCommand) {
+    constexpr const char* kLines[] = {
+        "clock 2003-03-07T09:30:00",
+        "advance 5m",
+        "codepage 936",
+        "database t.db",
+        "database t.db none",
+        "sql \"delete from tTaskList\"",
+        "show rows \"select 1\"",
+        "set UserName 张三",
+        "setting zvTask Startup 1",
+        "bag init",
+        "bag read",
+        "bag read Language=1 \"UserName=a b\"",
+        "bag write",
+        "locale de-DE",
+        "opener fail",
+        "dberror 1 \"text\"",
+        "answer cancel",
+        "input \"text\"",
+        "input cancel",
+        "refresh 0 0",
+        "click frmTaskMain.cmdAction(3)",
+        "menu frmTaskMain.mnuTaskDoneOk",
+        "node frmTaskMain.tvwTask Z1",
+        "rightclick frmTaskMain.tvwTask Z1",
+        "type frmTaskMain.txtTitle0 \"\"",
+        "leave frmTaskMain.txtTitle0",
+        "key frmTaskMain.txtTitle0 Enter",
+        "pick frmTaskMain.cboState -1",
+        "date frmTaskMain.DTPicker0 2003-03-07",
+        "date frmTaskMain.DTPicker0 2003-03-07T10:00:00",
+        "date frmTaskMain.DTPicker0 empty",
+        "spin frmTaskMain.UpDown1 down",
+        "tick frmTaskMain.Timer1",
+        "mouse frmTaskMain.tvwTask 150 300",
+        "close frmTaskMain",
+        "call MakeLikePattern abc",
+        "call GenerateTaskList 7",
+        "call AddTaskInstance 7 2003-03-07",
+        "call MakeDate 2003 2 29",
+        "call ListBirthdays 5 \"\"",
+        "call PrintReport a b c",
+        "call PrintItem 1",
+        "call frmAsk",
+        "show error",
+        "expect error == \"\"",
+        "expect frmTaskMain.Grid1.cell(1,2) ~ \"x\"",
+        "expect rows \"select 1\" !~ \"x\"",
+    };
+    for (const char* line : kLines) EXPECT_EQ(RefusalOf(line), "accepted") << line;
+}
+
+TEST(CompileScript, RefusesAnUnknownCommand) {
+    EXPECT_EQ(RefusalOf("\nclik frmTaskMain.cmdExit"), "2: unknown command \"clik\"");
+}
+
+TEST(CompileScript, RefusesAWrongNumberOfWords) {
+    EXPECT_EQ(RefusalOf("clock"), "1: wrong number of words: clock 2003-03-07T09:30:00");
+    for (const char* line :
+         {"clock 2003-03-07 09:30:00", "refresh 0", "refresh 0 0 0", "set UserName", "bag init x",
+          "bag write x", "expect error ==", "expect error == a b", "expect rows == a", "show rows",
+          "show error bag", "call MakeLikePattern", "call LoadText 1 2", "close",
+          "mouse frmTaskMain.tvwTask 1", "database a none b"}) {
+        EXPECT_NE(RefusalOf(line), "accepted") << line;
+    }
+}
+
+TEST(CompileScript, RefusesUnknownNames) {
+    EXPECT_EQ(RefusalOf("click frmMain.cmdExit"), "1: unknown window \"frmMain\"");
+    EXPECT_EQ(RefusalOf("set userName x"), "1: unknown control property \"userName\"");
+    EXPECT_EQ(RefusalOf("set showMode 1"), "1: unknown control property \"showMode\"");
+    EXPECT_EQ(RefusalOf("show control.Nothing"), "1: unknown control property \"Nothing\"");
+    EXPECT_EQ(RefusalOf("show frmTaskMain.cmdExit.colour"), "1: unknown property \"colour\"");
+    EXPECT_EQ(RefusalOf("show frmTaskMain.text"), "1: a window has no property \"text\"");
+    EXPECT_EQ(RefusalOf("call Nothing"), "1: unknown operation \"Nothing\"");
+    EXPECT_EQ(RefusalOf("show nothing"), "1: unknown query \"nothing\"");
+}
+
+TEST(CompileScript, RefusesWordsOutOfTheirRange) {
+    for (const char* line : {"clock yesterday",
+                             "clock 2003-02-30",
+                             "advance 5",
+                             "advance -5m",
+                             "advance 5y",
+                             "codepage 437",
+                             "database t.db some",
+                             "bag maybe",
+                             "bag read =x",
+                             "bag read x",
+                             "locale fr-FR",
+                             "opener works",
+                             "dberror 0 x",
+                             "dberror x y",
+                             "answer maybe",
+                             "key frmTaskMain.txtTitle0 F1",
+                             "pick frmTaskMain.cboState first",
+                             "date frmTaskMain.DTPicker0 2003-13-01",
+                             "spin frmTaskMain.UpDown1 left",
+                             "expect error = x",
+                             "close frmMain",
+                             "show setting.zvTask"}) {
+        EXPECT_NE(RefusalOf(line), "accepted") << line;
+    }
+}
+
+}  // namespace
+}  // namespace zv::script

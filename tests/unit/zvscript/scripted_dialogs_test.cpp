@@ -1,0 +1,59 @@
+#include "scripted_dialogs.h"
+
+#include <gtest/gtest.h>
+
+namespace zv::script {
+namespace {
+
+using forms::Answer;
+
+class ScriptedDialogsTest : public ::testing::Test {
+ protected:
+    ScriptedDialogsTest() {
+        dialogs.onProblem = [this](const std::string& text) { problems.push_back(text); };
+    }
+    ScriptedDialogs dialogs;
+    std::vector<std::string> problems;
+};
+
+TEST_F(ScriptedDialogsTest, ABoxWithOneButtonAnswersItself) {
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, "saved", forms::box::kInformation, ""), Answer::Ok);
+    EXPECT_EQ(dialogs.messages, (std::vector<std::string>{"64|saved|ok"}));
+    EXPECT_TRUE(problems.empty());
+}
+
+TEST_F(ScriptedDialogsTest, QueuedAnswersGoInTheirOrder) {
+    dialogs.QueueAnswer(Answer::No);
+    dialogs.QueueAnswer(Answer::Cancel);
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, "a", forms::box::kYesNo + forms::box::kQuestion, ""),
+              Answer::No);
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, "b", forms::box::kOkCancel, ""), Answer::Cancel);
+    EXPECT_EQ(dialogs.messages, (std::vector<std::string>{"36|a|no", "1|b|cancel"}));
+    EXPECT_TRUE(problems.empty());
+}
+
+TEST_F(ScriptedDialogsTest, ABoxWithSeveralButtonsNeedsAnAnswer) {
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, "a", forms::box::kOkCancel, ""), Answer::Cancel);
+    EXPECT_EQ(problems.size(), 1u);
+}
+
+TEST_F(ScriptedDialogsTest, AnAnswerThatTheBoxHasNoButtonForIsAProblem) {
+    dialogs.QueueAnswer(Answer::Yes);
+    dialogs.ShowMessage(nullptr, "a", forms::box::kOkCancel, "");
+    EXPECT_EQ(problems.size(), 1u);
+}
+
+TEST_F(ScriptedDialogsTest, InputBoxesAndTheFileDialogTakeQueuedTexts) {
+    dialogs.QueueInput("secret");
+    dialogs.QueueInput(std::nullopt);
+    dialogs.QueueInput("other.db");
+    EXPECT_EQ(dialogs.AskText(nullptr, "?", "", true), "secret");
+    EXPECT_EQ(dialogs.AskText(nullptr, "?", "", true), std::nullopt);
+    EXPECT_EQ(dialogs.ChooseFile(nullptr, {}), "other.db");
+    EXPECT_TRUE(problems.empty());
+    EXPECT_EQ(dialogs.AskText(nullptr, "?", "", true), std::nullopt);
+    EXPECT_EQ(problems.size(), 1u);
+}
+
+}  // namespace
+}  // namespace zv::script

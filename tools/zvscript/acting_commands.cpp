@@ -1,0 +1,191 @@
+// Acting: what the host calls, and what the user does at windows and boxes.
+#include <array>
+
+#include "base/number.h"
+#include "calls.h"
+#include "command.h"
+#include "failure.h"
+#include "forms/containers.h"
+#include "forms/form.h"
+#include "forms/grid.h"
+#include "forms/timer.h"
+#include "stage.h"
+#include "target.h"
+
+namespace zv::script {
+namespace {
+
+/// What the user does with one control.
+using Act = std::function<void(Stage& stage, forms::Control& control)>;
+
+Action AtControl(const std::string& word, Act act) {
+    return [target = ParseTarget(word), act = std::move(act)](Stage& stage) {
+        forms::Control& control = FindControl(stage.windows, target);
+        try {
+            act(stage, control);
+        } catch (const forms::DriverError& error) {
+            throw Failure(target.window + ": " + error.what());
+        }
+    };
+}
+
+Action Answer(Words words) {
+    const auto answer = ParseAnswer(words[0]);
+    if (!answer) throw ScriptError("an answer is ok, cancel, yes or no");
+    return [answer = *answer](Stage& stage) { stage.dialogs.QueueAnswer(answer); };
+}
+
+Action Input(Words words) {
+    std::optional<std::string> text = words[0];
+    if (*text == "cancel" && !words.IsQuoted(0)) text.reset();
+    return [text](Stage& stage) { stage.dialogs.QueueInput(text); };
+}
+
+Action Refresh(Words words) {
+    return [mode = words[0], modal = words[1]](Stage& stage) {
+        stage.AsHost([&] { stage.control.refresh(number::ToInt32(mode), number::ToInt16(modal)); });
+    };
+}
+
+Action Click(Words words) {
+    return AtControl(words[0],
+                     [](Stage& stage, forms::Control& control) { stage.driver.Click(control); });
+}
+
+Action Menu(Words words) {
+    return [target = ParseTarget(words[0])](Stage& stage) {
+        forms::MenuItem& item = FindMenu(stage.windows, target);
+        try {
+            stage.driver.Choose(item);
+        } catch (const forms::DriverError& error) {
+            throw Failure(target.window + ": " + error.what());
+        }
+    };
+}
+
+Action Node(Words words) {
+    return AtControl(words[0], [key = words[1]](Stage& stage, forms::Control& control) {
+        stage.driver.ClickNode(control, key);
+    });
+}
+
+Action RightClick(Words words) {
+    return AtControl(words[0], [key = words[1]](Stage& stage, forms::Control& control) {
+        for (forms::Form* form : stage.windows.Windows()) form->ForgetPopup();
+        stage.driver.RightClickNode(control, key);
+    });
+}
+
+Action Type(Words words) {
+    return AtControl(words[0], [text = words[1]](Stage& stage, forms::Control& control) {
+        stage.driver.Type(control, text);
+    });
+}
+
+Action Leave(Words words) {
+    return AtControl(words[0],
+                     [](Stage& stage, forms::Control& control) { stage.driver.Leave(control); });
+}
+
+Action Key(Words words) {
+    constexpr std::array<std::pair<std::string_view, int>, 5> kKeys = {
+        {{"Enter", forms::key::kEnter},
+         {"Down", forms::key::kDown},
+         {"Up", forms::key::kUp},
+         {"Tab", forms::key::kTab},
+         {"Escape", forms::key::kEscape}}};
+    for (const auto& [name, code] : kKeys) {
+        if (name != words[1]) continue;
+        return AtControl(words[0], [code = code](Stage& stage, forms::Control& control) {
+            stage.driver.Key(control, code);
+        });
+    }
+    throw ScriptError("a key is Enter, Down, Up, Tab or Escape");
+}
+
+// Tabs are picked by their position, too, and the rows of a grid, whose first is position 0 here.
+Action Pick(Words words) {
+    return AtControl(words[0],
+                     [position = ToInteger(words[1])](Stage& stage, forms::Control& control) {
+                         if (dynamic_cast<forms::TabPanel*>(&control)) {
+                             stage.driver.SelectTab(control, position);
+                         } else if (dynamic_cast<forms::Grid*>(&control)) {
+                             stage.driver.SelectRow(control, position + 1);
+                         } else {
+                             stage.driver.Pick(control, position);
+                         }
+                     });
+}
+
+Action Date(Words words) {
+    std::optional<DateTime> date;
+    if (words[1] != "empty") {
+        date = DateTime::Parse(words[1]);
+        if (!date) throw ScriptError("not a date: " + Quote(words[1]));
+    }
+    return AtControl(words[0], [date](Stage& stage, forms::Control& control) {
+        stage.driver.SetDate(control, date);
+    });
+}
+
+Action Spin(Words words) {
+    if (words[1] != "up" && words[1] != "down") throw ScriptError("spin W.C up|down");
+    return AtControl(words[0],
+                     [step = words[1] == "up" ? 1 : -1](Stage& stage, forms::Control& control) {
+                         stage.driver.Spin(control, step);
+                     });
+}
+
+Action Tick(Words words) {
+    return AtControl(words[0], [](Stage& stage, forms::Control& control) {
+        const auto* timer = dynamic_cast<forms::Timer*>(&control);
+        if (!timer) throw forms::DriverError(control.Name() + " is not a timer");
+        if (timer->Running()) stage.driver.Tick(control);
+    });
+}
+
+Action Mouse(Words words) {
+    return AtControl(words[0], [x = ToInteger(words[1]), y = ToInteger(words[2])](
+                                   Stage& stage, forms::Control& control) {
+        stage.driver.MoveMouse(control, x, y);
+    });
+}
+
+Action Close(Words words) {
+    return [name = ParseWindow(words[0])](Stage& stage) {
+        forms::Form& form = FindWindow(stage.windows, name);
+        try {
+            stage.driver.Close(form);
+        } catch (const forms::DriverError& error) {
+            throw Failure(error.what());
+        }
+    };
+}
+
+constexpr std::array kCommands = std::to_array<CommandSpec>({
+    {"answer", 1, 1, "ok|cancel|yes|no", Answer},
+    {"input", 1, 1, "\"TEXT\"|cancel", Input},
+    {"refresh", 2, 2, "MODE MODAL", Refresh},
+    {"click", 1, 1, "W.C", Click},
+    {"menu", 1, 1, "W.C", Menu},
+    {"node", 2, 2, "W.C KEY", Node},
+    {"rightclick", 2, 2, "W.C KEY", RightClick},
+    {"type", 2, 2, "W.C \"TEXT\"", Type},
+    {"leave", 1, 1, "W.C", Leave},
+    {"key", 2, 2, "W.C Enter|Down|Up|Tab|Escape", Key},
+    {"pick", 2, 2, "W.C INDEX", Pick},
+    {"date", 2, 2, "W.C 2003-03-07|2003-03-07T10:00:00|empty", Date},
+    {"spin", 2, 2, "W.C up|down", Spin},
+    {"tick", 1, 1, "W.C", Tick},
+    {"mouse", 3, 3, "W.C X Y", Mouse},
+    {"close", 1, 1, "W", Close},
+    {"call", 1, CommandSpec::kMany, "NAME ARG...", CompileCall},
+});
+
+}  // namespace
+
+std::span<const CommandSpec> ActingCommands() {
+    return kCommands;
+}
+
+}  // namespace zv::script

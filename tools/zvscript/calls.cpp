@@ -1,0 +1,135 @@
+#include "calls.h"
+
+#include <array>
+#include <vector>
+
+#include "resources/error_texts.h"
+#include "scheduling/occurrences.h"
+#include "scheduling/task_generation.h"
+#include "session/module_gate.h"
+#include "session/text_checks.h"
+#include "stage.h"
+#include "store/sql_text.h"
+#include "values.h"
+
+namespace zv::script {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+struct Operation {
+    std::string_view name;
+    std::size_t arguments;
+    std::string_view usage;
+    /// Answers the result as text; null while the system does not have the operation yet.
+    std::string (*run)(Stage& stage, const Arguments& arguments);
+};
+
+std::string CallMarkItemState(Stage& stage, const Arguments& arguments) {
+    const std::int16_t item = number::ToInt16(arguments[0]);
+    const std::int16_t state = number::ToInt16(arguments[1]);
+    stage.session.EnsureConnection();
+    return std::to_string(stage.session.database.MarkItemState(item, state, arguments[2]));
+}
+
+std::string CallMakeLikePattern(Stage&, const Arguments& arguments) {
+    return store::MakeLikePattern(arguments[0]);
+}
+
+std::string CallQualifyFieldNames(Stage& stage, const Arguments& arguments) {
+    return store::QualifyFieldNames(arguments[0], arguments[1], stage.session.state.SQLData);
+}
+
+std::string CallFitTextBytes(Stage& stage, const Arguments& arguments) {
+    return FitTextBytes(stage.session, arguments[0], number::ToInt16(arguments[1]), arguments[2]);
+}
+
+std::string CallCountRows(Stage& stage, const Arguments& arguments) {
+    stage.session.EnsureConnection();
+    return std::to_string(stage.session.database.CountRows(arguments[0], arguments[1]));
+}
+
+std::string CallCheckText(Stage& stage, const Arguments& arguments) {
+    return Truth(CheckText(stage.session, arguments[0]));
+}
+
+std::string CallCheckModule(Stage& stage, const Arguments& arguments) {
+    return std::to_string(CheckModule(stage.session, arguments[0], number::ToInt16(arguments[1]),
+                                      number::ToInt16(arguments[2])));
+}
+
+std::string CallLoadText(Stage& stage, const Arguments& arguments) {
+    return stage.session.LoadText(number::ToInt16(arguments[0]));
+}
+
+DateTime ToDate(const std::string& text) {
+    const auto date = DateTime::Parse(text);
+    if (!date) throw RuntimeError(ErrorNumber::TypeMismatch);
+    return *date;
+}
+
+std::string CallMakeDate(Stage&, const Arguments& arguments) {
+    return scheduling::MakeDate(number::ToInt16(arguments[0]), number::ToInt16(arguments[1]),
+                                number::ToInt16(arguments[2]))
+        .ShortIso();
+}
+
+std::string CallGenerateTaskList(Stage& stage, const Arguments& arguments) {
+    scheduling::GenerateTaskList(stage.session, arguments[0]);
+    return {};
+}
+
+std::string CallAddTaskInstance(Stage& stage, const Arguments& arguments) {
+    return std::to_string(scheduling::AddTaskInstance(stage.session, number::ToInt16(arguments[0]),
+                                                      ToDate(arguments[1])));
+}
+
+constexpr std::array kOperations = std::to_array<Operation>({
+    {"MarkItemState", 3, "ITEM STATE NAME", CallMarkItemState},
+    {"MakeLikePattern", 1, "TEXT", CallMakeLikePattern},
+    {"QualifyFieldNames", 2, "WHERE ALIAS", CallQualifyFieldNames},
+    {"FitTextBytes", 3, "TEXT BYTES FIELD", CallFitTextBytes},
+    {"CountRows", 2, "TABLE FILTER", CallCountRows},
+    {"CheckText", 1, "TEXT", CallCheckText},
+    {"CheckModule", 3, "NAME MODE LAUNCH", CallCheckModule},
+    {"LoadText", 1, "ID", CallLoadText},
+    {"GenerateTaskList", 1, "PLAN", CallGenerateTaskList},
+    {"AddTaskInstance", 2, "PLAN DATE", CallAddTaskInstance},
+    {"MakeDate", 3, "YEAR MONTH DAY", CallMakeDate},
+    {"ListBirthdays", 2, "DAYS FILTER", nullptr},
+    {"PrintReport", CommandSpec::kMany, "REPORT...", nullptr},
+    {"PrintItem", 1, "ITEM", nullptr},
+    {"frmAsk", 0, "", nullptr},
+});
+
+const Operation* Find(const std::string& name) {
+    for (const Operation& operation : kOperations) {
+        if (operation.name == name) return &operation;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+Action CompileCall(Words words) {
+    const Operation* operation = Find(words[0]);
+    if (!operation) throw ScriptError("unknown operation " + Quote(words[0]));
+    Arguments arguments;
+    for (std::size_t i = 1; i < words.size(); i++) arguments.push_back(words[i]);
+    // How many words an operation takes that is not there yet is settled when it comes.
+    if (operation->run && arguments.size() != operation->arguments) {
+        throw ScriptError("wrong number of words: call " + words[0] + ' ' +
+                          std::string(operation->usage));
+    }
+    return [operation, arguments](Stage& stage) {
+        stage.result.clear();
+        stage.AsHost([&] {
+            if (!operation->run) {
+                throw resources::NotBuiltYetError(operation->name, stage.session.state.Language);
+            }
+            stage.result = operation->run(stage, arguments);
+        });
+    };
+}
+
+}  // namespace zv::script

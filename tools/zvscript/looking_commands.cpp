@@ -1,0 +1,82 @@
+// Looking: show and expect.
+#include <array>
+
+#include "base/text.h"
+#include "command.h"
+#include "failure.h"
+#include "query.h"
+#include "stage.h"
+
+namespace zv::script {
+namespace {
+
+Action Show(Words words) {
+    return [query = ParseQuery(words)](Stage& stage) {
+        const std::string value = query(stage);
+        if (stage.print) stage.print(value);
+    };
+}
+
+enum class Comparison { Equals, Contains, Lacks };
+
+Comparison ParseComparison(const std::string& word) {
+    if (word == "==") return Comparison::Equals;
+    if (word == "~") return Comparison::Contains;
+    if (word == "!~") return Comparison::Lacks;
+    throw ScriptError("a comparison is ==, ~ or !~, not " + Quote(word));
+}
+
+bool Holds(Comparison comparison, const std::string& value, const std::string& wanted) {
+    switch (comparison) {
+        case Comparison::Equals:
+            return value == wanted;
+        case Comparison::Contains:
+            return text::Contains(value, wanted);
+        case Comparison::Lacks:
+            return !text::Contains(value, wanted);
+    }
+    return false;
+}
+
+std::string Expected(Comparison comparison, const std::string& wanted) {
+    switch (comparison) {
+        case Comparison::Equals:
+            return "expected " + Quote(wanted);
+        case Comparison::Contains:
+            return "expected ~ " + Quote(wanted);
+        case Comparison::Lacks:
+            return "expected !~ " + Quote(wanted);
+    }
+    return {};
+}
+
+Action Expect(Words words) {
+    const std::size_t split = QueryWords(words[0]);
+    if (words.size() != split + 2) {
+        throw ScriptError("wrong number of words: expect QUERY ==|~|!~ \"VALUE\"");
+    }
+    return [query = ParseQuery(words.First(split)), comparison = ParseComparison(words[split]),
+            wanted = words[split + 1]](Stage& stage) {
+        const std::string expected = Expected(comparison, wanted);
+        std::string value;
+        try {
+            value = query(stage);
+        } catch (const Failure& failure) {
+            throw Failure(expected + " got nothing: " + failure.Text());
+        }
+        if (!Holds(comparison, value, wanted)) throw Failure(expected + " got " + Quote(value));
+    };
+}
+
+constexpr std::array kCommands = std::to_array<CommandSpec>({
+    {"show", 1, 2, "QUERY", Show},
+    {"expect", 3, 4, "QUERY ==|~|!~ \"VALUE\"", Expect},
+});
+
+}  // namespace
+
+std::span<const CommandSpec> LookingCommands() {
+    return kCommands;
+}
+
+}  // namespace zv::script

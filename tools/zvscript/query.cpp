@@ -1,0 +1,133 @@
+#include "query.h"
+
+#include <array>
+
+#include "control_properties.h"
+#include "failure.h"
+#include "forms/form.h"
+#include "forms/menu.h"
+#include "script_text.h"
+#include "stage.h"
+#include "target.h"
+#include "values.h"
+
+namespace zv::script {
+namespace {
+
+std::string ListWindows(Stage& stage) {
+    std::vector<std::string> lines;
+    for (const forms::Form* form : stage.windows.Windows()) {
+        lines.push_back(form->Name() + (form->IsShown() ? " shown" : " hidden"));
+    }
+    return JoinLines(lines);
+}
+
+std::string LastPopup(Stage& stage) {
+    for (const forms::Form* form : stage.windows.Windows()) {
+        if (!form->LastPopup().empty()) return form->LastPopup();
+    }
+    return {};
+}
+
+struct NamedQuery {
+    std::string_view name;
+    std::string (*look)(Stage& stage);
+};
+constexpr std::array kNamed = std::to_array<NamedQuery>({
+    {"bag", [](Stage& stage) { return JoinLines(stage.bag.Lines()); }},
+    {"windows", ListWindows},
+    {"popup", LastPopup},
+    {"messages", [](Stage& stage) { return TakeLines(stage.dialogs.messages); }},
+    {"statements", [](Stage& stage) { return TakeLines(stage.statements.lines); }},
+    {"opened", [](Stage& stage) { return stage.TakeOpened(); }},
+    {"printed", [](Stage& stage) { return TakeLines(stage.printed); }},
+    {"result", [](Stage& stage) { return stage.result; }},
+    {"error", [](Stage& stage) { return stage.TakeError(); }},
+});
+
+Query ControlQuery(const std::string& name) {
+    if (!IsReadable(name)) throw ScriptError("unknown control property " + Quote(name));
+    return [name](Stage& stage) { return ReadProperty(stage.control, name); };
+}
+
+Query SettingQuery(const std::string& path) {
+    const std::size_t dot = path.find('.');
+    if (dot == 0 || dot == std::string::npos || dot + 1 == path.size()) {
+        throw ScriptError("a setting is looked at as setting.SECTION.KEY");
+    }
+    return [section = path.substr(0, dot), key = path.substr(dot + 1)](Stage& stage) {
+        return stage.session.GetSetting(section, key, "");
+    };
+}
+
+// Of a menu entry "visible" leaves out the root: a menu of that name may pop up.
+bool MenuVisible(const forms::MenuItem& item) {
+    if (!item.Owner().IsShown()) return false;
+    for (const forms::MenuItem* at = &item; at; at = at->Parent()) {
+        if (!at->Visible() && (at == &item || at->Parent())) return false;
+    }
+    return true;
+}
+
+std::optional<std::string> ReadMenu(const forms::MenuItem& item, const std::string& property) {
+    if (property == "caption") return item.Caption();
+    if (property == "enabled") return Truth(item.Enabled());
+    if (property == "visible") return Truth(MenuVisible(item));
+    if (property == "value") return std::string(item.Checked() ? "1" : "0");
+    return {};
+}
+
+std::string ReadWindow(Stage& stage, const PropertyPath& path) {
+    forms::Form& form = FindWindow(stage.windows, path.target.window);
+    return path.property == "modal" ? Truth(form.IsModal()) : stage.driver.ReadCaption(form);
+}
+
+std::string ReadItem(Stage& stage, const PropertyPath& path) {
+    const Target& target = path.target;
+    const forms::Form& form = FindWindow(stage.windows, target.window);
+    std::optional<std::string> value;
+    if (const forms::MenuItem* item = form.FindMenu(target.control, target.index)) {
+        value = ReadMenu(*item, path.property);
+    } else {
+        forms::Control& control = FindControl(stage.windows, target);
+        try {
+            value = stage.driver.Read(control, path.property, path.arguments);
+        } catch (const forms::DriverError& error) {
+            throw Failure(error.what());
+        } catch (const RuntimeError&) {
+            throw Failure(target.Text() + " has no such position");
+        }
+    }
+    if (!value) throw ScriptError(target.Text() + " has no property " + Quote(path.property));
+    return *value;
+}
+
+}  // namespace
+
+std::size_t QueryWords(const std::string& first) {
+    return first == "rows" ? 2 : 1;
+}
+
+Query ParseQuery(Words words) {
+    const std::string& first = words[0];
+    if (words.size() != QueryWords(first)) {
+        throw ScriptError(first == "rows" ? "rows needs a query"
+                                          : "more than one query: " + Quote(words[1]));
+    }
+    if (first == "rows") {
+        return [sql = words[1]](Stage& stage) { return stage.host.Rows(sql); };
+    }
+    for (const NamedQuery& named : kNamed) {
+        if (named.name == first) return named.look;
+    }
+    if (first.starts_with("control.")) return ControlQuery(first.substr(8));
+    if (first.starts_with("setting.")) return SettingQuery(first.substr(8));
+    if (first.find('.') == std::string::npos) throw ScriptError("unknown query " + Quote(first));
+    const PropertyPath path = ParsePropertyPath(first);
+    if (path.target.control.empty()) {
+        return [path](Stage& stage) { return ReadWindow(stage, path); };
+    }
+    return [path](Stage& stage) { return ReadItem(stage, path); };
+}
+
+}  // namespace zv::script

@@ -1,0 +1,114 @@
+#include "runner.h"
+
+#include <fstream>
+#include <iterator>
+#include <random>
+
+#include "playback.h"
+#include "stage.h"
+
+namespace zv::script {
+namespace {
+
+std::filesystem::path FromUtf8(const std::string& text) {
+    return std::filesystem::path(std::u8string(text.begin(), text.end()));
+}
+
+std::string ReadFile(const std::string& file) {
+    const std::filesystem::path path = FromUtf8(file);
+    std::error_code failure;
+    if (!std::filesystem::is_regular_file(path, failure)) throw ScriptError("no such file");
+    std::ifstream stream(path, std::ios::binary);
+    if (!stream) throw ScriptError("the file cannot be read");
+    std::string text{std::istreambuf_iterator<char>(stream), {}};
+    if (stream.bad()) throw ScriptError("the file cannot be read");
+    return text;
+}
+
+/// Removes the folder in the end, unless it is to be kept.
+class Folder {
+ public:
+    Folder(std::filesystem::path path, bool keep) : path_(std::move(path)), keep_(keep) {}
+    ~Folder() {
+        std::error_code failure;
+        if (!keep_) std::filesystem::remove_all(path_, failure);
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    const std::filesystem::path& Path() const { return path_; }
+
+ private:
+    std::filesystem::path path_;
+    bool keep_;
+};
+
+}  // namespace
+
+Runner::Runner(RunOptions options, std::function<void(const std::string&)> write)
+    : options_(std::move(options)), write_(std::move(write)) {}
+
+int Runner::Run(const std::vector<std::string>& files) {
+    int passed = 0;
+    int failed = 0;
+    bool wrong = false;
+    for (const std::string& file : files) {
+        const Outcome outcome = Play(file);
+        if (outcome == Outcome::Passed) {
+            passed++;
+        } else {
+            failed++;
+        }
+        if (outcome == Outcome::Wrong) wrong = true;
+    }
+    write_(std::to_string(passed) + " passed, " + std::to_string(failed) + " failed");
+    return wrong ? 2 : failed > 0 ? 1 : 0;
+}
+
+Runner::Outcome Runner::Play(const std::string& file) {
+    try {
+        Playback playback(CompileScript(ReadFile(file)));
+        const Folder folder(MakeFolder(file), !options_.keep.empty());
+        {
+            Stage* playing = nullptr;
+            Stage stage(folder.Path(), options_.backend,
+                        [&](forms::Form& form) { playback.RunInside(*playing, form); });
+            playing = &stage;
+            if (options_.print) stage.print = write_;
+            playback.Run(stage);
+        }
+        if (!playback.Failed()) {
+            write_("ok " + file);
+            return Outcome::Passed;
+        }
+        write_("FAIL " + file + ':' + std::to_string(playback.FailedLine()) + ": " +
+               playback.Reason());
+        return playback.Wrong() ? Outcome::Wrong : Outcome::Failed;
+    } catch (const ScriptError& error) {
+        const std::string line = error.Line() > 0 ? ':' + std::to_string(error.Line()) : "";
+        write_("FAIL " + file + line + ": " + error.Reason());
+        return Outcome::Wrong;
+    }
+}
+
+std::filesystem::path Runner::MakeFolder(const std::string& file) {
+    if (!options_.keep.empty()) {
+        const std::u8string stem = FromUtf8(file).stem().u8string();
+        const std::string name(stem.begin(), stem.end());
+        for (int number = 1;; number++) {
+            const std::string suffix = number == 1 ? "" : '-' + std::to_string(number);
+            const std::filesystem::path folder = options_.keep / FromUtf8(name + suffix);
+            std::filesystem::create_directories(options_.keep);
+            if (std::filesystem::create_directory(folder)) return folder;
+        }
+    }
+    static const unsigned run = std::random_device()();
+    const std::filesystem::path temporary = std::filesystem::temp_directory_path();
+    for (;;) {
+        const std::filesystem::path folder =
+            temporary /
+            FromUtf8("zvscript-" + std::to_string(run) + '-' + std::to_string(++folders_));
+        if (std::filesystem::create_directory(folder)) return folder;
+    }
+}
+
+}  // namespace zv::script

@@ -1,0 +1,46 @@
+// Message boxes, input boxes and the file dialog, answered from queues that a scenario fills.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/dialogs.h"
+
+namespace zv::script {
+
+class ScriptedDialogs : public forms::Dialogs {
+ public:
+    /// Told what the scenario should have foreseen: a box with several buttons or an input box
+    /// without a queued answer, a queued answer that the box has no button for. The box is
+    /// cancelled then.
+    std::function<void(const std::string& problem)> onProblem;
+
+    void QueueAnswer(forms::Answer answer) { answers_.push_back(answer); }
+    /// Nothing: cancelled. The file dialog takes its path from the same queue.
+    void QueueInput(std::optional<std::string> text) { inputs_.push_back(std::move(text)); }
+
+    forms::Answer ShowMessage(forms::Form* owner, const std::string& text, int style,
+                              const std::string& title) override;
+    std::optional<std::string> AskText(forms::Form* owner, const std::string& prompt,
+                                       const std::string& title, bool secret) override;
+    std::optional<std::string> ChooseFile(forms::Form* owner,
+                                          const forms::FileRequest& request) override;
+
+    /// The message boxes shown, "STYLE|TEXT|ANSWER" each.
+    std::vector<std::string> messages;
+
+ private:
+    forms::Answer Choose(const std::string& text, int style);
+    std::optional<std::string> TakeInput(const std::string& box);
+
+    std::deque<forms::Answer> answers_;
+    std::deque<std::optional<std::string>> inputs_;
+};
+
+/// "ok", "cancel", "yes" or "no"; nothing for any other word.
+std::optional<forms::Answer> ParseAnswer(const std::string& word);
+
+}  // namespace zv::script

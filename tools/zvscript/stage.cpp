@@ -1,0 +1,62 @@
+#include "stage.h"
+
+#include "failure.h"
+#include "resources/catalogue.h"
+#include "script_text.h"
+#include "values.h"
+
+namespace zv::script {
+
+Stage::Stage(const std::filesystem::path& folder, BackendKind backend, ModalLoop loop)
+    : machine(folder),
+      settings(folder / "settings.ini"),
+      opener(machine.files),
+      host(machine.files),
+      stand(MakeStand(backend, dialogs, std::move(loop))),
+      windows(stand->GetBackend()),
+      session(machine.machine, settings, opener, windows, &statements),
+      control(session),
+      driver(stand->GetDriver()) {
+    dialogs.onProblem = [this](const std::string& text) {
+        if (!problem_) problem_ = text;
+    };
+}
+
+Stage::~Stage() {
+    try {
+        windows.UnloadAll();
+    } catch (const std::exception&) {
+        // The windows go with the window system all the same; the scenario is over.
+    }
+}
+
+void Stage::AsHost(const std::function<void()>& act) {
+    try {
+        windows.FromHost(act);
+    } catch (const RuntimeError& error) {
+        error_ = std::to_string(static_cast<std::int32_t>(error.Number())) + ' ' +
+                 resources::DescribeError(error, session.state.Language);
+    }
+}
+
+std::string Stage::TakeError() {
+    const std::string text = error_.value_or("");
+    error_.reset();
+    return text;
+}
+
+std::optional<std::string> Stage::TakeProblem() {
+    return std::exchange(problem_, std::nullopt);
+}
+
+std::string Stage::TakeOpened() {
+    std::vector<std::string> lines = std::move(machine.shell.lines);
+    machine.shell.lines.clear();
+    for (const platform::ModuleStart& start : machine.modules.started) {
+        lines.push_back("module:" + start.moduleName + '|' + start.heading);
+    }
+    machine.modules.started.clear();
+    return JoinLines(lines);
+}
+
+}  // namespace zv::script

@@ -1,0 +1,64 @@
+// Everything that one scenario plays with: the machine, the settings, the databases, the windows
+// and the control, fresh and in a folder of its own.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "backend_stand.h"
+#include "control/zv_task.h"
+#include "forms/window_system.h"
+#include "platform/scripted/scripted_machine.h"
+#include "resources/file_settings.h"
+#include "scripted_bag.h"
+#include "scripted_database.h"
+#include "scripted_dialogs.h"
+#include "session/session.h"
+#include "user_locale.h"
+
+namespace zv::script {
+
+class Stage {
+ public:
+    Stage(const std::filesystem::path& folder, BackendKind backend, ModalLoop loop);
+    /// Unloads the windows that are left; what they ask is cancelled.
+    ~Stage();
+
+    /// Does what a host does: an error that leaves `act` is kept for TakeError.
+    void AsHost(const std::function<void()>& act);
+    /// Number, a blank and text of the last error that reached the host; empty when none has since
+    /// the last look.
+    std::string TakeError();
+    /// What a message box or an input box lacked since the last call.
+    std::optional<std::string> TakeProblem();
+    /// What was handed to the shell and to the module runner.
+    std::string TakeOpened();
+
+    platform::scripted::ScriptedMachine machine;
+    resources::FileSettings settings;
+    ScriptedOpener opener;
+    ScriptedStatements statements;
+    ScriptedDialogs dialogs;
+    HostDatabase host;
+    std::unique_ptr<BackendStand> stand;
+    forms::WindowSystem windows;
+    Session session;
+    ZvTask control;
+    forms::Driver& driver;
+    UserLocale locale;
+
+    ScriptedBag bag;                                ///< as last written
+    std::vector<std::string> printed;               ///< lines of the print jobs
+    std::string result;                             ///< of the last call
+    std::function<void(const std::string&)> print;  ///< takes what "show" asks for; may be empty
+
+ private:
+    std::optional<std::string> error_;
+    std::optional<std::string> problem_;
+};
+
+}  // namespace zv::script

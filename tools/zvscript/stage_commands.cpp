@@ -1,0 +1,151 @@
+// Setting the stage: clock, code page, databases, properties, settings, failures to come.
+#include <array>
+
+#include "command.h"
+#include "control_properties.h"
+#include "failure.h"
+#include "stage.h"
+
+namespace zv::script {
+namespace {
+
+DateTime ToDateTime(const std::string& word) {
+    const auto date = DateTime::Parse(word);
+    if (!date) throw ScriptError("not a date: " + Quote(word));
+    return *date;
+}
+
+Action Clock(Words words) {
+    return [now = ToDateTime(words[0])](Stage& stage) { stage.machine.clock.Set(now); };
+}
+
+Action Advance(Words words) {
+    const std::string& word = words[0];
+    constexpr std::array<std::pair<char, int>, 4> kUnits = {
+        {{'s', 1}, {'m', 60}, {'h', 3600}, {'d', 86400}}};
+    for (const auto& [unit, seconds] : kUnits) {
+        if (!word.ends_with(unit)) continue;
+        const int count = ToInteger(word.substr(0, word.size() - 1));
+        if (count < 0) break;
+        return
+            [by = std::int64_t{count} * seconds](Stage& stage) { stage.machine.clock.Advance(by); };
+    }
+    throw ScriptError("not a time to pass, as in 30s, 5m, 2h or 1d: " + Quote(word));
+}
+
+Action CodePage(Words words) {
+    const int codePage = ToInteger(words[0]);
+    if (codePage != 936 && codePage != 950 && codePage != 1252) {
+        throw ScriptError("the code page is 936, 950 or 1252");
+    }
+    return [codePage](Stage& stage) { stage.machine.codePage.Select(codePage); };
+}
+
+Action Database(Words words) {
+    const bool create = words.size() == 1;
+    if (!create && words[1] != "none") throw ScriptError("database NAME [none]");
+    return [name = words[0], create](Stage& stage) {
+        const std::u8string path = stage.machine.files.Resolve(name).u8string();
+        const std::string file(path.begin(), path.end());
+        if (create) {
+            stage.host.Create(file);
+        } else {
+            stage.host.Use(file);
+        }
+        SetProperty(stage.control, "UserPath", file);
+    };
+}
+
+Action Sql(Words words) {
+    return [sql = words[0]](Stage& stage) { stage.host.Execute(sql); };
+}
+
+Action Set(Words words) {
+    if (!IsSettable(words[0])) throw ScriptError("unknown control property " + Quote(words[0]));
+    return [name = words[0], value = words[1]](Stage& stage) {
+        stage.AsHost([&] { SetProperty(stage.control, name, value); });
+    };
+}
+
+Action Setting(Words words) {
+    return [section = words[0], key = words[1], value = words[2]](Stage& stage) {
+        stage.session.SaveSetting(section, key, value);
+    };
+}
+
+Action ReadBag(Words entries) {
+    ScriptedBag bag;
+    for (std::size_t i = 0; i < entries.size(); i++) {
+        const std::string& entry = entries[i];
+        const std::size_t equals = entry.find('=');
+        if (equals == 0 || equals == std::string::npos) {
+            throw ScriptError("not KEY=VALUE: " + Quote(entry));
+        }
+        bag.Put(entry.substr(0, equals), entry.substr(equals + 1));
+    }
+    return [bag](Stage& stage) {
+        stage.AsHost([&] {
+            ScriptedBag given = bag;
+            stage.control.UserControl_ReadProperties(given);
+        });
+    };
+}
+
+void InitProperties(Stage& stage) {
+    stage.AsHost([&] { stage.control.UserControl_InitProperties(); });
+}
+
+void WriteProperties(Stage& stage) {
+    stage.AsHost([&] {
+        ScriptedBag bag;
+        stage.control.UserControl_WriteProperties(bag);
+        stage.bag = std::move(bag);
+    });
+}
+
+Action Bag(Words words) {
+    if (words[0] == "read") return ReadBag(words.From(1));
+    if (words[0] != "init" && words[0] != "write") {
+        throw ScriptError("bag init, bag read KEY=VALUE... or bag write");
+    }
+    if (words.size() > 1) throw ScriptError("wrong number of words: bag " + words[0]);
+    return words[0] == "init" ? InitProperties : WriteProperties;
+}
+
+Action Locale(Words words) {
+    if (!UserLocale::IsKnown(words[0])) throw ScriptError("unknown locale " + Quote(words[0]));
+    return [name = words[0]](Stage& stage) { stage.locale.Select(name); };
+}
+
+Action Opener(Words words) {
+    if (words[0] != "fail") throw ScriptError("opener fail");
+    return [](Stage& stage) { stage.opener.FailNext(); };
+}
+
+Action DatabaseError(Words words) {
+    const int position = ToInteger(words[0]);
+    if (position < 1) throw ScriptError("statements are counted from 1");
+    return [position, text = words[1]](Stage& stage) { stage.statements.Fail(position, text); };
+}
+
+constexpr std::array kCommands = std::to_array<CommandSpec>({
+    {"clock", 1, 1, "2003-03-07T09:30:00", Clock},
+    {"advance", 1, 1, "5m", Advance},
+    {"codepage", 1, 1, "936|950|1252", CodePage},
+    {"database", 1, 2, "NAME [none]", Database},
+    {"sql", 1, 1, "\"STATEMENT\"", Sql},
+    {"set", 2, 2, "NAME VALUE", Set},
+    {"setting", 3, 3, "SECTION KEY VALUE", Setting},
+    {"bag", 1, CommandSpec::kMany, "init|read KEY=VALUE...|write", Bag},
+    {"locale", 1, 1, "zh-CN|en-US|de-DE", Locale},
+    {"opener", 1, 1, "fail", Opener},
+    {"dberror", 2, 2, "N \"TEXT\"", DatabaseError},
+});
+
+}  // namespace
+
+std::span<const CommandSpec> StageCommands() {
+    return kCommands;
+}
+
+}  // namespace zv::script
