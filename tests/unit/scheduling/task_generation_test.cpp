@@ -1,0 +1,268 @@
+#include "scheduling/task_generation.h"
+
+#include <gtest/gtest.h>
+
+#include "plan_stage.h"
+#include "scheduling/occurrences.h"
+
+namespace zv::scheduling {
+namespace {
+
+using forms::Answer;
+using Lines = std::vector<std::string>;
+
+constexpr const char* kDone = "64|[生成任务]执行完毕!";
+constexpr const char* kQuestion =
+    "36|该任务此前已有完成: 是[Y] - 删除该事件的所有任务;否[N] - 仅删除所有未完成之任务?";
+
+class GenerateTaskListTest : public testing::Test, protected stage::Stage {
+ protected:
+    // A monthly plan of four items: 31 January to 30 April.
+    GenerateTaskListTest() {
+        Sql("insert into tTaskSet(TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,taskMonth,"
+            "taskday,TaskWeek,Type,TypeValue,SetMan,DoneMan,Content) values(7,'报表',"
+            "'2003-01-01 00:00:00','2003-04-30 00:00:00',1,1,1,31,1,1,2,'李四','王五','月底报表')");
+    }
+    void SetPlan(const std::string& assignment) { Sql("update tTaskSet set " + assignment); }
+    // A done item of the plan, with every field filled.
+    void AddDoneItem() {
+        Sql("insert into tTaskList(TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,tDone,"
+            "tDoneMan,fUser,fType,fWay,fGuest,fOther0,fOther5) values(7,'旧','旧文',"
+            "'2003-01-31 00:00:00','2003-01-29 00:00:00',null,1,'王五','u',0,'w','g','a','f')");
+    }
+    std::string Dates() { return Rows("select substr(taskTime,1,10) from tTaskList order by fID"); }
+    std::string Executor() { return Rows("select DoneMan from tTaskSet"); }
+};
+
+constexpr const char* kFourDates = "2003-01-31\n2003-02-28\n2003-03-31\n2003-04-30";
+
+TEST_F(GenerateTaskListTest, SendsTheStatementsInOrder) {
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(statements.Take(),
+              (Lines{"select * from tTaskList where taskID =7 And tDone=1",
+                     "delete from tTaskList where taskID =7",
+                     "select * from tTaskSet where taskID=7", "select * from tTasklist", "row",
+                     "row", "row", "row", "Update tTaskSet Set DoneMan='张三' where taskID=7"}));
+    EXPECT_EQ(dialogs.messages, Lines{kDone});
+}
+
+TEST_F(GenerateTaskListTest, WritesOnlyTheFieldsOfAnItem) {
+    SetPlan("tEnd='2003-01-31 00:00:00'");
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows("select TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,tDone from "
+                   "tTaskList"),
+              "7|报表|月底报表|2003-01-31 00:00:00|2003-01-29 00:00:00|2003-01-31 00:00:00|0");
+    EXPECT_EQ(Rows("select tDoneMan,fUser,fWay,fGuest,fOther0,fOther1,fOther2,fOther3,fOther4,"
+                   "fOther5 from tTaskList"),
+              "|||||||||");
+}
+
+TEST_F(GenerateTaskListTest, LeavesTheWindowEmptyForASideThatIsNone) {
+    SetPlan("Type=0");
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows("select count(*),count(tDuring1),count(tDuring2) from tTaskList"), "4|0|0");
+}
+
+TEST_F(GenerateTaskListTest, LeavesAnEmptyContentEmpty) {
+    SetPlan("Content=null");
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows("select count(*),count(fContent) from tTaskList"), "4|0");
+}
+
+TEST_F(GenerateTaskListTest, StampsThePlanWithTheUser) {
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Executor(), "张三");
+}
+
+TEST_F(GenerateTaskListTest, StampsWithAnEmptyUserToo) {
+    session.state.UserName.clear();
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Executor(), "");
+}
+
+TEST_F(GenerateTaskListTest, DeletesAllItemsWhenNoneIsDone) {
+    Sql("insert into tTaskList(TaskID,tDone) values(7,0),(7,2),(8,0)");
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows("select TaskID,count(*) from tTaskList group by TaskID"), "7|4\n8|1");
+}
+
+TEST_F(GenerateTaskListTest, DeletesDoneItemsTooWhenTheUserSaysYes) {
+    AddDoneItem();
+    dialogs.answers = {Answer::Yes};
+    GenerateTaskList(session, "7");
+    const Lines sent = statements.Take();
+    EXPECT_EQ(sent[1], "delete from tTaskList where taskID =7");
+    EXPECT_EQ(dialogs.messages, (Lines{kQuestion, kDone}));
+    EXPECT_EQ(Dates(), kFourDates);
+    EXPECT_EQ(Rows("select count(*) from tTaskList where tDone=1"), "0");
+}
+
+TEST_F(GenerateTaskListTest, KeepsDoneItemsByteForByteWhenTheUserSaysNo) {
+    AddDoneItem();
+    Sql("insert into tTaskList(TaskID,tDone) values(7,0),(7,2)");
+    const std::string done = Rows("select * from tTaskList where tDone=1");
+    dialogs.answers = {Answer::No};
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(statements.Take()[1], "delete from tTaskList where taskID =7 And tDone=0");
+    EXPECT_EQ(Rows("select * from tTaskList where tDone=1"), done);
+    // An item in hand is not undone, and the date of the done one is there twice.
+    EXPECT_EQ(Rows("select tDone,count(*) from tTaskList group by tDone"), "0|4\n1|1\n2|1");
+    EXPECT_EQ(Rows("select count(*) from tTaskList where taskTime='2003-01-31 00:00:00'"), "2");
+}
+
+TEST_F(GenerateTaskListTest, GivesTheSameRowsAgain) {
+    const std::string query =
+        "select TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,tDone,fType from tTaskList "
+        "order by fID";
+    GenerateTaskList(session, "7");
+    const std::string first = Rows(query);
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows(query), first);
+}
+
+TEST_F(GenerateTaskListTest, DeletesAndStampsWhenThePlanIsGone) {
+    Sql("insert into tTaskList(TaskID,tDone) values(9,0)");
+    GenerateTaskList(session, "9");
+    EXPECT_EQ(statements.Take(), (Lines{"select * from tTaskList where taskID =9 And tDone=1",
+                                        "delete from tTaskList where taskID =9",
+                                        "select * from tTaskSet where taskID=9",
+                                        "Update tTaskSet Set DoneMan='张三' where taskID=9"}));
+    EXPECT_EQ(Rows("select count(*) from tTaskList"), "0");
+    EXPECT_EQ(dialogs.messages, Lines{kDone});
+    EXPECT_EQ(Executor(), "王五");
+}
+
+TEST_F(GenerateTaskListTest, WritesNothingForAnUnknownKind) {
+    SetPlan("CircleType=5");
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows("select count(*) from tTaskList"), "0");
+    EXPECT_EQ(Executor(), "张三");
+    EXPECT_EQ(dialogs.messages, Lines{kDone});
+}
+
+TEST_F(GenerateTaskListTest, SaysItIsDoneWhenNoDateFallsIntoThePlan) {
+    SetPlan("tEnd='2003-01-30 00:00:00'");
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows("select count(*) from tTaskList"), "0");
+    EXPECT_EQ(dialogs.messages, Lines{kDone});
+    EXPECT_EQ(Executor(), "张三");
+}
+
+TEST_F(GenerateTaskListTest, KeepsTheRowsBeforeAFailureAndDoesNotStamp) {
+    for (int row = 1; row <= 4; row++) {
+        statements.FailRow(row);
+        try {
+            GenerateTaskList(session, "7");
+            ADD_FAILURE() << "no error at row " << row;
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Text(), "disk full");
+        }
+        EXPECT_EQ(Rows("select count(*) from tTaskList"), std::to_string(row - 1));
+        EXPECT_EQ(Executor(), "王五");
+    }
+    EXPECT_EQ(dialogs.messages, Lines());
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Dates(), kFourDates);
+}
+
+TEST_F(GenerateTaskListTest, EndsWithAnOverflowWhenTheCounterDoes) {
+    // No round is on or after the begin, so the counter runs through without a row.
+    SetPlan(
+        "CircleType=0,CircleValue=0,taskMonth=1,taskday=1,tbegin='2003-06-01 00:00:00',"
+        "tEnd='2003-12-31 00:00:00'");
+    try {
+        GenerateTaskList(session, "7");
+        ADD_FAILURE() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::Overflow);
+    }
+    EXPECT_EQ(Executor(), "王五");
+    EXPECT_EQ(dialogs.messages, Lines());
+}
+
+TEST_F(GenerateTaskListTest, TellsItsProgress) {
+    std::vector<int> rows;
+    double last = -1;
+    GenerateTaskList(session, "7", [&](int written, double part) {
+        rows.push_back(written);
+        EXPECT_GT(part, last);
+        EXPECT_LE(part, 1.0);
+        last = part;
+    });
+    EXPECT_EQ(rows, (std::vector<int>{0, 1, 2, 3}));
+}
+
+TEST_F(GenerateTaskListTest, ReadsADateOfAPlanWhateverItsTime) {
+    SetPlan("CircleType=2,tbegin='2003-01-01 10:30:00',tEnd='2003-01-02 10:30:00',Type=3");
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows("select taskTime,tDuring1,tDuring2 from tTaskList order by fID"),
+              "2003-01-01 10:30:00|2002-12-30 10:30:00|2003-01-03 10:30:00\n"
+              "2003-01-02 10:30:00|2002-12-31 10:30:00|2003-01-04 10:30:00");
+}
+
+class AddTaskInstanceTest : public GenerateTaskListTest {
+ protected:
+    const DateTime date{2003, 3, 10};
+};
+
+constexpr const char* kConfirm = "33|确认: 生成任务 [7 - 报表] ?";
+
+TEST_F(AddTaskInstanceTest, AddsTheItemAfterAsking) {
+    dialogs.answers = {Answer::Ok};
+    EXPECT_EQ(AddTaskInstance(session, 7, date), 1);
+    EXPECT_EQ(statements.Take(),
+              (Lines{"select * from tTaskSet where taskID =7",
+                     "select * from tTasklist where taskID =7 And taskTime = #03/10/2003# and "
+                     "tDone=0",
+                     "row"}));
+    EXPECT_EQ(dialogs.messages, Lines{kConfirm});
+    EXPECT_EQ(Rows("select TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,tDone from "
+                   "tTaskList"),
+              "7|报表||2003-03-10 00:00:00|2003-03-08 00:00:00|2003-03-10 00:00:00|0");
+    EXPECT_EQ(Executor(), "王五");
+}
+
+TEST_F(AddTaskInstanceTest, AddsNothingWhenTheUserCancels) {
+    dialogs.answers = {Answer::Cancel};
+    EXPECT_EQ(AddTaskInstance(session, 7, date), 0);
+    EXPECT_EQ(Rows("select count(*) from tTaskList"), "0");
+}
+
+TEST_F(AddTaskInstanceTest, AsksNothingWhenAnUndoneItemIsThere) {
+    Sql("insert into tTaskList(TaskID,taskTime,tDone) values(7,'2003-03-10 00:00:00',0)");
+    EXPECT_EQ(AddTaskInstance(session, 7, date), 1);
+    EXPECT_EQ(dialogs.messages, Lines());
+    EXPECT_EQ(Rows("select count(*) from tTaskList"), "1");
+}
+
+TEST_F(AddTaskInstanceTest, AddsBesideADoneItem) {
+    Sql("insert into tTaskList(TaskID,taskTime,tDone) values(7,'2003-03-10 00:00:00',1)");
+    dialogs.answers = {Answer::Ok};
+    EXPECT_EQ(AddTaskInstance(session, 7, date), 1);
+    EXPECT_EQ(Rows("select tDone from tTaskList order by fID"), "1\n0");
+}
+
+TEST_F(AddTaskInstanceTest, WarnsOfAMissingPlan) {
+    EXPECT_EQ(AddTaskInstance(session, 9, date), 0);
+    EXPECT_EQ(dialogs.messages, Lines{"48|任务号 [9] 已不存在!"});
+    EXPECT_EQ(statements.Take(), Lines{"select * from tTaskSet where taskID =9"});
+}
+
+TEST_F(AddTaskInstanceTest, WritesServerDatesBetweenQuotes) {
+    session.EnsureConnection();
+    session.database.SetDateDelimiter('\'');
+    dialogs.answers = {Answer::Cancel};
+    AddTaskInstance(session, 7, date);
+    EXPECT_EQ(statements.Take()[1],
+              "select * from tTasklist where taskID =7 And taskTime = '03/10/2003' and tDone=0");
+}
+
+TEST_F(AddTaskInstanceTest, LeavesTheWindowEmptyForASideThatIsNone) {
+    SetPlan("Type=9");
+    dialogs.answers = {Answer::Ok};
+    EXPECT_EQ(AddTaskInstance(session, 7, date), 1);
+    EXPECT_EQ(Rows("select count(*),count(tDuring1),count(tDuring2) from tTaskList"), "1|0|0");
+}
+
+}  // namespace
+}  // namespace zv::scheduling
