@@ -88,7 +88,7 @@ void FillSample(Engine& engine, const SampleOptions& options, Progress& progress
 }
 
 void CreateDatabase(const std::string& path, const SampleOptions* options, Progress& progress) {
-    const std::string part = path + ".part";
+    const std::string part = path + ".zvdb-part";
     RefuseWhileInUse(path);
     RemoveWithLog(part);
     try {

@@ -23,6 +23,9 @@ void PrintCounts(const Report& report, std::ostream& out) {
 int Create(const CommandLine& line, const Console& console) {
     const std::filesystem::path file(std::u8string(line.file.begin(), line.file.end()));
     if (std::filesystem::is_directory(file)) throw FileError("this is a folder");
+    if (file.has_parent_path() && !std::filesystem::is_directory(file.parent_path())) {
+        throw FileError("its folder does not exist");
+    }
     if (!line.force && std::filesystem::exists(file)) {
         throw FileError("the file is there already (--force replaces it)");
     }

@@ -1,0 +1,108 @@
+// The control's core on the embedded engine, with the least possible around it.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "bench_day.h"
+#include "control/zv_task.h"
+#include "mainwindow/frm_task_main.h"
+#include "session/session.h"
+#include "store/sqlite/sqlite_connection.h"
+
+namespace zv::bench {
+
+/// A machine on which nothing moves: one day, a double-byte code page, no programs, no files.
+class StillMachine : public platform::Clock,
+                     public platform::AnsiCodePage,
+                     public platform::Shell,
+                     public platform::FileSystem,
+                     public platform::ModuleRunner {
+ public:
+    DateTime Now() const override { return Day(); }
+    int ByteWidth(char32_t codePoint) const override { return codePoint < 0x80 ? 1 : 2; }
+    void Open(const std::string&) override {}
+    std::string DialerPath() const override { return {}; }
+    void Start(const std::string&) override {}
+    void SendKeys(const std::string&) override {}
+    bool FileExists(const std::string&) const override { return false; }
+    std::string ApplicationFolder() const override { return "."; }
+    void Run(const platform::ModuleStart&) override {}
+
+    platform::Machine All() { return {*this, *this, *this, *this, *this}; }
+};
+
+class NoSettings : public resources::SettingsStore {
+ public:
+    std::string Get(std::string_view, std::string_view, std::string_view,
+                    std::string_view fallback) const override {
+        return std::string(fallback);
+    }
+    void Save(std::string_view, std::string_view, std::string_view, std::string_view) override {}
+};
+
+class EngineOpener : public store::ConnectionOpener {
+ public:
+    std::unique_ptr<store::Connection> Open(const store::ConnectionSettings& settings) override {
+        return store::OpenSqlite(settings.dataPath);
+    }
+};
+
+/// A box would stop the run: the text says what went wrong.
+class NoDialogs : public forms::Dialogs {
+ public:
+    forms::Answer ShowMessage(forms::Form*, const std::string& text, int,
+                              const std::string&) override {
+        throw std::runtime_error("a message box: " + text);
+    }
+    std::optional<std::string> AskText(forms::Form*, const std::string& prompt, const std::string&,
+                                       bool) override {
+        throw std::runtime_error("an input box: " + prompt);
+    }
+    std::optional<std::string> ChooseFile(forms::Form*, const forms::FileRequest&) override {
+        throw std::runtime_error("a file dialog");
+    }
+};
+
+class Stage {
+ public:
+    Stage(forms::Backend& backend, const std::string& path)
+        : windows_(backend),
+          machine_(still_.All()),
+          session_(machine_, settings_, opener_, windows_),
+          control_(session_) {
+        control_.UserControl_InitProperties();
+        session_.state.UserPath = path;
+        session_.state.myPower = std::string(350, '1');
+    }
+    ~Stage() { windows_.UnloadAll(); }
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    ZvTask& Control() { return control_; }
+    /// The task manager, loaded and not shown.
+    mainwindow::frmTaskMain& Manager() {
+        auto& window = windows_.Create<mainwindow::frmTaskMain>(session_);
+        window.TaskAlert(mainwindow::kManagerMode);
+        window.Load();
+        return window;
+    }
+    mainwindow::frmTaskMain* Window() {
+        return windows_.Find<mainwindow::frmTaskMain>(mainwindow::frmTaskMain::kName);
+    }
+    void UnloadWindows() { windows_.UnloadAll(); }
+
+ private:
+    StillMachine still_;
+    NoSettings settings_;
+    EngineOpener opener_;
+    forms::WindowSystem windows_;
+    platform::Machine machine_;
+    Session session_;
+    ZvTask control_;
+};
+
+}  // namespace zv::bench

@@ -1,0 +1,34 @@
+// From the start of a process to the task manager on the screen: zvbench_start FILE prints the
+// milliseconds.
+#include <cstdio>
+
+#include "forms/win32/win32_backend.h"
+#include "stage.h"
+#include "win32/process_age.h"
+#include "win32/wide_main.h"
+
+namespace zv::bench {
+namespace {
+
+int Main(const std::vector<std::string>& arguments) {
+    if (arguments.size() != 1) {
+        std::fprintf(stderr, "zvbench_start FILE\n");
+        return 2;
+    }
+    NoDialogs dialogs;
+    forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
+    Stage stage(backend, arguments[0]);
+    stage.Control().refresh(mainwindow::kManagerMode, 0);
+    if (stage.Window() == nullptr) throw std::runtime_error("the window did not open");
+    UpdateWindow(backend.Handle(*stage.Window()));
+    backend.PumpMessages();
+    std::printf("%.3f\n", ProcessAgeMilliseconds());
+    return 0;
+}
+
+}  // namespace
+}  // namespace zv::bench
+
+int wmain(int count, wchar_t** values) {
+    return zv::bench::WideMain(count, values, zv::bench::Main);
+}
