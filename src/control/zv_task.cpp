@@ -4,6 +4,9 @@
 #include "control/persistence.h"
 #include "mainwindow/frm_task_main.h"
 #include "resources/error_texts.h"
+#include "scheduling/plan_editor.h"
+#include "scheduling/staff_list.h"
+#include "scheduling/task_generation.h"
 
 namespace zv {
 namespace {
@@ -19,6 +22,9 @@ enum Mode : std::int16_t {
     kAddInstanceOrAsk = 7,
     kCards = 9,
 };
+
+/// A cancel of the staff list that a host opens clears the picked name.
+constexpr std::int16_t kActionOfAHost = 4;
 
 }  // namespace
 
@@ -84,10 +90,10 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
             OpenMainWindow(kManager, modal);
             break;
         case kPlanEditor:
-            notBuilt("frmTaskSet");
+            scheduling::ShowPlanEditor(session_, 0, modal);
             break;
         case kStaffList:
-            notBuilt("frmList");
+            scheduling::ShowStaffList(session_, kActionOfAHost, modal);
             break;
         case kMark:
             MarkDirectly();
@@ -96,8 +102,10 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
             if (!MarkDirectly()) notBuilt("frmTaskDone");
             break;
         case kAddInstance:
+            AddInstance();
+            break;
         case kAddInstanceOrAsk:
-            notBuilt("AddTaskInstance");
+            if (!AddInstance()) notBuilt("frmTaskDone");
             break;
         case kCards: {
             frmTaskMain& window = OpenMainWindow(kCards, modal);
@@ -147,6 +155,13 @@ bool ZvTask::MarkDirectly() {
     const std::int16_t item = number::ToInt16(static_cast<double>(state.myTaskID));
     const std::int16_t flag = number::ToInt16(state.myDate.value_or(0));
     return session_.database.MarkItemState(item, flag, state.UserName) != 0;
+}
+
+bool ZvTask::AddInstance() {
+    const ControlState& state = session_.state;
+    const std::int16_t plan = number::ToInt16(static_cast<double>(state.myTaskID));
+    const DateTime date = DateTime::FromAutomation(state.myDate.value_or(0));
+    return scheduling::AddTaskInstance(session_, plan, date) != 0;
 }
 
 }  // namespace zv

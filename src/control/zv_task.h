@@ -51,6 +51,8 @@ class ZvTask {
     frmTaskMain& OpenMainWindow(std::int16_t mode, bool modal);
     /// Marks the item myTaskID with the flag myDate; false when there is no item.
     bool MarkDirectly();
+    /// Adds the item of plan myTaskID for myDate; false when there is no plan or the user cancels.
+    bool AddInstance();
 
     Session& session_;
 };

@@ -5,6 +5,8 @@
 
 #include "resources/error_texts.h"
 #include "scheduling/occurrences.h"
+#include "scheduling/plan_editor.h"
+#include "scheduling/staff_list.h"
 #include "scheduling/task_generation.h"
 #include "session/module_gate.h"
 #include "session/text_checks.h"
@@ -84,6 +86,16 @@ std::string CallAddTaskInstance(Stage& stage, const Arguments& arguments) {
                                                       ToDate(arguments[1])));
 }
 
+std::string CallTaskSet(Stage& stage, const Arguments& arguments) {
+    scheduling::ShowPlanEditor(stage.session, number::ToInt16(arguments[0]), false);
+    return {};
+}
+
+std::string CallList(Stage& stage, const Arguments& arguments) {
+    scheduling::ShowStaffList(stage.session, number::ToInt16(arguments[0]), false);
+    return {};
+}
+
 constexpr std::array kOperations = std::to_array<Operation>({
     {"MarkItemState", 3, "ITEM STATE NAME", CallMarkItemState},
     {"MakeLikePattern", 1, "TEXT", CallMakeLikePattern},
@@ -99,6 +111,8 @@ constexpr std::array kOperations = std::to_array<Operation>({
     {"ListBirthdays", 2, "DAYS FILTER", nullptr},
     {"PrintReport", CommandSpec::kMany, "REPORT...", nullptr},
     {"PrintItem", 1, "ITEM", nullptr},
+    {"frmTaskSet", 1, "PLAN", CallTaskSet},
+    {"frmList", 1, "ACTION", CallList},
     {"frmAsk", 0, "", nullptr},
 });
 
