@@ -1,0 +1,118 @@
+#include "com/connection_points.h"
+
+#include <algorithm>
+
+#include "com/boundary.h"
+#include "com/enumerator.h"
+#include "com/ids.h"
+
+namespace zv::com {
+
+namespace {
+
+HRESULT CopyConnection(const ConnectionPoint::Connection& held, CONNECTDATA* item) {
+    item->dwCookie = held.cookie;
+    held.sink.CopyTo(&item->pUnk);
+    return S_OK;
+}
+
+using HeldPoint = win32::ComPtr<IConnectionPoint>;
+
+HRESULT CopyPoint(const HeldPoint& held, IConnectionPoint** item) {
+    held.CopyTo(item);
+    return S_OK;
+}
+
+using ConnectionEnumerator =
+    Enumerator<IEnumConnections, ConnectionPoint::Connection, CONNECTDATA, &CopyConnection>;
+using PointEnumerator = Enumerator<IEnumConnectionPoints, HeldPoint, IConnectionPoint*, &CopyPoint>;
+
+}  // namespace
+
+STDMETHODIMP ConnectionPoint::QueryInterface(REFIID iid, void** object) noexcept {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (iid != IID_IUnknown && iid != IID_IConnectionPoint) return E_NOINTERFACE;
+    *object = static_cast<IConnectionPoint*>(this);
+    AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP ConnectionPoint::GetConnectionInterface(IID* iid) noexcept {
+    if (!iid) return E_POINTER;
+    *iid = iid_;
+    return S_OK;
+}
+
+STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(
+    IConnectionPointContainer** container) noexcept {
+    if (!container) return E_POINTER;
+    *container = &container_;
+    container_.AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
+    if (!sink || !cookie) return E_POINTER;
+    *cookie = 0;
+    return Boundary([&]() -> HRESULT {
+        win32::ComPtr<IUnknown> wanted;
+        if (FAILED(sink->QueryInterface(iid_, wanted.PutVoid())) &&
+            (iid_ != kEventsId || FAILED(sink->QueryInterface(IID_IDispatch, wanted.PutVoid())))) {
+            return CONNECT_E_CANNOTCONNECT;
+        }
+        connections_.push_back({++lastCookie_, std::move(wanted)});
+        *cookie = lastCookie_;
+        return S_OK;
+    });
+}
+
+STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) noexcept {
+    const auto at = std::find_if(connections_.begin(), connections_.end(),
+                                 [&](const Connection& c) { return c.cookie == cookie; });
+    if (at == connections_.end()) return CONNECT_E_NOCONNECTION;
+    connections_.erase(at);
+    return S_OK;
+}
+
+STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) noexcept {
+    if (!connections) return E_POINTER;
+    *connections = nullptr;
+    return Boundary([&] { *connections = new ConnectionEnumerator(connections_); });
+}
+
+ConnectionPoints::ConnectionPoints(Core& core)
+    : Part(core),
+      properties_(core, *this, IID_IPropertyNotifySink),
+      events_(core, *this, kEventsId) {}
+
+STDMETHODIMP ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept {
+    if (!points) return E_POINTER;
+    *points = nullptr;
+    return Boundary([&] {
+        *points = new PointEnumerator(
+            std::vector<HeldPoint>{HeldPoint(&events_), HeldPoint(&properties_)});
+    });
+}
+
+STDMETHODIMP ConnectionPoints::FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept {
+    if (!point) return E_POINTER;
+    *point = nullptr;
+    for (ConnectionPoint* candidate : {&events_, &properties_}) {
+        if (candidate->InterfaceId() != iid) continue;
+        *point = candidate;
+        candidate->AddRef();
+        return S_OK;
+    }
+    return CONNECT_E_NOCONNECTION;
+}
+
+void ConnectionPoints::NotifyPropertyChanged(DISPID id) noexcept {
+    Boundary([&] {
+        for (const auto& connection : properties_.Connections()) {
+            static_cast<IPropertyNotifySink*>(connection.sink.Get())->OnChanged(id);
+        }
+    });
+}
+
+}  // namespace zv::com

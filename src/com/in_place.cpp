@@ -1,0 +1,226 @@
+#include "com/in_place.h"
+
+#include "com/boundary.h"
+#include "com/design_view.h"
+#include "com/module.h"
+
+namespace zv::com {
+
+namespace {
+
+constexpr wchar_t kWindowClass[] = L"zvTask.DesignView";
+
+int g_windows = 0;
+
+// A class outlives the file that registered it, with a procedure that is gone; so it is taken back
+// with the last window.
+bool RegisterWindowClass(WNDPROC procedure) {
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.style = CS_HREDRAW | CS_VREDRAW;
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = module::Handle();
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.lpszClassName = kWindowClass;
+    return RegisterClassExW(&windowClass) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+}
+
+}  // namespace
+
+InPlaceObject::~InPlaceObject() {
+    if (window_) DestroyWindow(window_);
+}
+
+int InPlaceObject::OpenWindows() noexcept {
+    return g_windows;
+}
+
+STDMETHODIMP InPlaceObject::GetWindow(HWND* window) noexcept {
+    if (!window) return E_POINTER;
+    *window = window_;
+    return window_ ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP InPlaceObject::ContextSensitiveHelp(BOOL) noexcept {
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP InPlaceObject::InPlaceDeactivate() noexcept {
+    if (!IsActive()) return S_OK;
+    return Boundary([&] {
+        const win32::ComPtr<IUnknown> alive(&core_.outer);
+        UIDeactivate();
+        const auto site = std::exchange(inPlaceSite_, {});
+        if (window_) DestroyWindow(window_);
+        frame_.Reset();
+        document_.Reset();
+        site->OnInPlaceDeactivate();
+    });
+}
+
+STDMETHODIMP InPlaceObject::UIDeactivate() noexcept {
+    if (!isUiActive_) return S_OK;
+    return Boundary([&] {
+        isUiActive_ = false;
+        if (document_) document_->SetActiveObject(nullptr, nullptr);
+        if (frame_) frame_->SetActiveObject(nullptr, nullptr);
+        inPlaceSite_->OnUIDeactivate(FALSE);
+    });
+}
+
+STDMETHODIMP InPlaceObject::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept {
+    if (!position) return E_INVALIDARG;
+    if (!window_) return S_OK;
+    RECT visible = *position;
+    const bool isClipped =
+        clip && IntersectRect(&visible, position, clip) && !EqualRect(&visible, position);
+    HRGN region = nullptr;
+    if (isClipped) {
+        OffsetRect(&visible, -position->left, -position->top);
+        region = CreateRectRgnIndirect(&visible);
+    }
+    SetWindowRgn(window_, region, TRUE);
+    SetWindowPos(window_, nullptr, position->left, position->top, position->right - position->left,
+                 position->bottom - position->top, SWP_NOZORDER | SWP_NOACTIVATE);
+    return S_OK;
+}
+
+STDMETHODIMP InPlaceObject::ReactivateAndUndo() noexcept {
+    return INPLACE_E_NOTUNDOABLE;
+}
+
+STDMETHODIMP InPlaceObject::TranslateAccelerator(LPMSG) noexcept {
+    return S_FALSE;
+}
+
+STDMETHODIMP InPlaceObject::OnFrameWindowActivate(BOOL) noexcept {
+    return S_OK;
+}
+
+STDMETHODIMP InPlaceObject::OnDocWindowActivate(BOOL) noexcept {
+    return S_OK;
+}
+
+STDMETHODIMP InPlaceObject::ResizeBorder(LPCRECT, IOleInPlaceUIWindow*, BOOL) noexcept {
+    return S_OK;
+}
+
+STDMETHODIMP InPlaceObject::EnableModeless(BOOL) noexcept {
+    return S_OK;
+}
+
+HRESULT InPlaceObject::Activate(LONG verb) {
+    if (!core_.site) return OLE_E_NOTRUNNING;
+    if (core_.IsUserMode()) return S_OK;
+    HRESULT hr = ActivateInPlace();
+    if (SUCCEEDED(hr) && window_) ShowWindow(window_, SW_SHOWNA);
+    if (SUCCEEDED(hr) && verb == OLEIVERB_UIACTIVATE) hr = ActivateUi();
+    return hr;
+}
+
+HRESULT InPlaceObject::ActivateInPlace() {
+    if (IsActive()) return S_OK;
+    const auto site = core_.site.As<IOleInPlaceSite>();
+    if (!site) return E_FAIL;
+    if (site->CanInPlaceActivate() != S_OK) return OLE_E_NOT_INPLACEACTIVE;
+
+    HWND parent = nullptr;
+    RECT position{};
+    RECT clip{};
+    OLEINPLACEFRAMEINFO frameInfo{};
+    frameInfo.cb = sizeof frameInfo;
+    win32::ComPtr<IOleInPlaceFrame> frame;
+    win32::ComPtr<IOleInPlaceUIWindow> document;
+    HRESULT hr = site->GetWindow(&parent);
+    if (FAILED(hr)) return hr;
+    hr = site->GetWindowContext(frame.Put(), document.Put(), &position, &clip, &frameInfo);
+    if (FAILED(hr)) return hr;
+    hr = site->OnInPlaceActivate();
+    if (FAILED(hr)) return hr;
+    hr = CreateInPlaceWindow(parent, position, clip);
+    if (FAILED(hr)) {
+        site->OnInPlaceDeactivate();
+        return hr;
+    }
+    inPlaceSite_ = site;
+    frame_ = frame;
+    document_ = document;
+    core_.site->ShowObject();
+    return S_OK;
+}
+
+HRESULT InPlaceObject::ActivateUi() {
+    if (isUiActive_) return S_OK;
+    const HRESULT hr = inPlaceSite_->OnUIActivate();
+    if (FAILED(hr)) return hr;
+    isUiActive_ = true;
+    if (frame_) frame_->SetActiveObject(this, nullptr);
+    if (document_) document_->SetActiveObject(this, nullptr);
+    // No tools of its own: the container's borders go back to it.
+    if (frame_) frame_->SetBorderSpace(nullptr);
+    if (document_) document_->SetBorderSpace(nullptr);
+    return S_OK;
+}
+
+HRESULT InPlaceObject::CreateInPlaceWindow(HWND parent, const RECT& position, const RECT& clip) {
+    if (!RegisterWindowClass(&WindowProcedure)) return HRESULT_FROM_WIN32(GetLastError());
+    window_ =
+        CreateWindowExW(0, kWindowClass, L"zvTask", WS_CHILD | WS_CLIPSIBLINGS, position.left,
+                        position.top, position.right - position.left,
+                        position.bottom - position.top, parent, nullptr, module::Handle(), this);
+    if (!window_) return HRESULT_FROM_WIN32(GetLastError());
+    return SetObjectRects(&position, &clip);
+}
+
+void InPlaceObject::Hide() noexcept {
+    UIDeactivate();
+    if (window_) ShowWindow(window_, SW_HIDE);
+}
+
+void InPlaceObject::Redraw() noexcept {
+    if (window_) InvalidateRect(window_, nullptr, TRUE);
+}
+
+LRESULT CALLBACK InPlaceObject::WindowProcedure(HWND window, UINT message, WPARAM wParam,
+                                                LPARAM lParam) noexcept {
+    if (message == WM_NCCREATE) {
+        const auto* create = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        SetWindowLongPtrW(window, GWLP_USERDATA,
+                          reinterpret_cast<LONG_PTR>(create->lpCreateParams));
+        g_windows++;
+    }
+    auto* self = reinterpret_cast<InPlaceObject*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!self) return DefWindowProcW(window, message, wParam, lParam);
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        self->window_ = nullptr;
+        const LRESULT result = DefWindowProcW(window, message, wParam, lParam);
+        if (--g_windows == 0) UnregisterClassW(kWindowClass, module::Handle());
+        return result;
+    }
+    return self->Handle(window, message, wParam, lParam);
+}
+
+LRESULT InPlaceObject::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    switch (message) {
+        case WM_PAINT: {
+            PAINTSTRUCT paint;
+            const HDC context = BeginPaint(window, &paint);
+            if (!context) return 0;
+            RECT client;
+            GetClientRect(window, &client);
+            Boundary([&] { DrawDesignView(context, client, core_.DisplayName()); });
+            EndPaint(window, &paint);
+            return 0;
+        }
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_LBUTTONDOWN:
+            Boundary([&] { return Activate(OLEIVERB_UIACTIVATE); });
+            return 0;
+        default:
+            return DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+}  // namespace zv::com

@@ -1,0 +1,53 @@
+// The one session of the loaded library, over the ports of Windows.
+#pragma once
+
+#include "forms/win32/win32_backend.h"
+#include "forms/window_system.h"
+#include "platform/win32/host_module_runner.h"
+#include "platform/win32/machine.h"
+#include "resources/win32/registry_settings.h"
+#include "session/session.h"
+#include "store/ado/ado_opener.h"
+
+namespace zv::com {
+
+/// Everything runs on one thread, that of the first control; a library that nothing uses any more
+/// serves the next thread that asks.
+class SessionHost {
+ public:
+    /// The session, made when there is none. Throws RPC_E_WRONG_THREAD, as an error number, on a
+    /// thread other than the session's.
+    static SessionHost& Acquire();
+    /// The language that errors are told in; works without a session too.
+    static std::int16_t Language() noexcept;
+    /// False while a window exists. Call it on the session's thread; elsewhere a session that still
+    /// exists counts as in use.
+    static bool IsIdle() noexcept;
+    /// Ends the session: closes the connection and gives back what belongs to the thread. The
+    /// property values stay until the library is unloaded. Only while IsIdle().
+    static void Close() noexcept;
+    /// Closes the shared connection when no control and no window needs it.
+    static void ReleaseConnection() noexcept;
+
+    SessionHost(const SessionHost&) = delete;
+    SessionHost& operator=(const SessionHost&) = delete;
+
+    Session& Get() { return session_; }
+    /// True once the properties were initialised or read since the library was loaded.
+    static bool& HasValues() noexcept;
+
+ private:
+    SessionHost();
+    ~SessionHost();
+
+    DWORD thread_ = GetCurrentThreadId();
+    platform::win32::HostModuleRunner runner_;
+    platform::win32::SystemMachine machine_{runner_};
+    resources::win32::RegistrySettings settings_;
+    store::ado::AdoOpener opener_;
+    forms::win32::Win32Backend backend_;
+    forms::WindowSystem windows_{backend_};
+    Session session_{machine_.machine, settings_, opener_, windows_};
+};
+
+}  // namespace zv::com

@@ -1,0 +1,112 @@
+' Creates the control by its name, sets what can be set and reads what can be read.
+Option Explicit
+
+Dim task
+
+Sub Check(what, condition)
+    If condition Then
+        WScript.Echo "ok " & what
+    Else
+        WScript.Echo "FAIL " & what
+    End If
+End Sub
+
+Sub CheckNotReadable(name, number, text)
+    Check name & " cannot be read: " & text, number <> 0
+End Sub
+
+Set task = CreateObject("zv_Task.zvTask")
+Check "created", IsObject(task)
+
+' Text with characters that no single-byte code page holds.
+Dim company
+company = ChrW(&H7532) & ChrW(&H516C) & ChrW(&H53F8)
+
+task.myName = company
+task.AlertType = 3
+task.UserID = "sa"
+task.Default = "zv2000"
+task.Zorvan = "brand"
+Check "myName reads back", task.myName = company
+Check "AlertType reads back", task.AlertType = 3
+Check "UserID reads back", task.UserID = "sa"
+Check "Default reads back", task.Default = "zv2000"
+Check "Zorvan always reads empty", task.Zorvan = ""
+
+' Names are found whatever their letter case, values are converted.
+task.ALERTTYPE = "7"
+Check "a text becomes a number", task.alerttype = 7
+task.myName = 12
+Check "a number becomes a text", task.myName = "12"
+
+' Everything else can only be set.
+task.myTaskID = 0
+task.UserPath = "C:\data\taskAlert.mdb"
+task.myDate = #3/7/2003#
+task.Password = "0"
+task.SQLData = 0
+task.Language = 1
+task.PowerPath = "C:\"
+task.UserName = "user"
+task.ZgName = "chief"
+task.CompName = "company"
+task.myPower = String(350, "1")
+task.myModel = "model"
+task.Copyright = False
+Check "the other properties are set", True
+
+Dim value
+On Error Resume Next
+value = task.myTaskID
+CheckNotReadable "myTaskID", Err.Number, Err.Description
+Err.Clear
+value = task.UserPath
+CheckNotReadable "UserPath", Err.Number, Err.Description
+Err.Clear
+value = task.myDate
+CheckNotReadable "myDate", Err.Number, Err.Description
+Err.Clear
+value = task.Password
+CheckNotReadable "Password", Err.Number, Err.Description
+Err.Clear
+value = task.SQLData
+CheckNotReadable "SQLData", Err.Number, Err.Description
+Err.Clear
+value = task.Language
+CheckNotReadable "Language", Err.Number, Err.Description
+Err.Clear
+value = task.UserName
+CheckNotReadable "UserName", Err.Number, Err.Description
+Err.Clear
+value = task.ZgName
+CheckNotReadable "ZgName", Err.Number, Err.Description
+Err.Clear
+value = task.myPower
+CheckNotReadable "myPower", Err.Number, Err.Description
+Err.Clear
+value = task.Copyright
+CheckNotReadable "Copyright", Err.Number, Err.Description
+Err.Clear
+
+task.SQLData = "many"
+Check "a text that is no number is error 13", Err.Number = 13
+Err.Clear
+task.AlertType = 70000
+Check "a number beyond 16 bits is error 6", Err.Number = 6
+Err.Clear
+task.showmode = 1
+Check "the show mode is not a property", Err.Number = 438
+Err.Clear
+task.refresh 8
+Check "refresh takes two arguments", Err.Number <> 0
+Err.Clear
+On Error GoTo 0
+
+' The properties are those of the process: a second control sees them.
+Dim second
+Set second = CreateObject("zv_Task.zvTask")
+Check "a second control has the same properties", second.UserID = "sa"
+Set second = Nothing
+
+Set task = Nothing
+WScript.Echo "end of script"

@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Automation scripts against the registered control, each in a process of its own.
+#
+# Needs: ZV_BIN (folder of the Windows programs), WINEPREFIX, DISPLAY.
+# Closes with "N passed, N failed". The script host ends with code 0 even when a script breaks off,
+# so a script counts as run only when its last line, the end mark, was printed.
+set -uo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+: "${ZV_BIN:?}" "${WINEPREFIX:?}" "${DISPLAY:?}"
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
+wine=${ZV_WINE:-/usr/lib/wine/wine64}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+passed=0
+failed=0
+
+windows_path() { printf 'Z:%s' "$(realpath -m "$1")" | tr / '\\'; }
+
+result() { # NAME STATUS [DETAILS]
+    if [ "$2" -eq 0 ]; then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        echo "FAIL $1 ${3:-}"
+    fi
+}
+
+prepare() { # NAME COMMAND...
+    local name=$1
+    shift
+    timeout 120 "$@" >"$work/prepare.log" 2>&1
+    result "$name" $? "$(tail -n 5 "$work/prepare.log")"
+}
+
+# Runs a script and counts its "ok" and "FAIL" lines, and whether it came to its end.
+run_script() { # FILE ARGUMENT...
+    local file=$1 output=$work/output status
+    shift
+    timeout 120 "$wine" cscript //nologo "$(windows_path "$file")" "$@" 2>&1 |
+        tr -d '\r' >"$output"
+    status=${PIPESTATUS[0]}
+    sed "s/^/$(basename "$file"): /" "$output"
+    passed=$((passed + $(grep -c '^ok ' "$output")))
+    failed=$((failed + $(grep -c '^FAIL ' "$output")))
+    [ "$status" -eq 0 ] && [ "$(tail -n 1 "$output")" = "end of script" ]
+    result "$(basename "$file") runs to its end" $? "(status $status)"
+}
+
+for file in zv_Host.dll zv_Task.ocx; do
+    prepare "register $file" "$wine" regsvr32 /s "$(windows_path "$ZV_BIN/$file")"
+done
+prepare "sample database" "$wine" "$ZV_BIN/zvdb.exe" sample "$(windows_path "$work/taskAlert.db")" \
+    --items 200 --cards 50 --plans 20
+
+run_script "$here/properties.vbs"
+run_script "$here/bag.vbs"
+run_script "$here/refresh.vbs" "$(windows_path "$work/taskAlert.db")"
+
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
