@@ -132,7 +132,18 @@ DateTime DateTime::Date() const {
 }
 
 std::string DateTime::IsoDate() const {
-    return Print("%04d-%02d-%02d", Year(), Month(), Day());
+    // Each row of a long list asks for this.
+    const year_month_day date = Civil(seconds_);
+    std::string text = "0000-00-00";
+    const auto write = [&](std::size_t last, int digits, unsigned value) {
+        for (std::size_t at = last; digits > 0; digits--, value /= 10) {
+            text[at--] = static_cast<char>('0' + value % 10);
+        }
+    };
+    write(3, 4, static_cast<unsigned>(static_cast<int>(date.year())));
+    write(6, 2, static_cast<unsigned>(date.month()));
+    write(9, 2, static_cast<unsigned>(date.day()));
+    return text;
 }
 std::string DateTime::UsDate() const {
     return Print("%02d/%02d/%04d", Month(), Day(), Year());

@@ -72,7 +72,7 @@ class Placer {
         const int treeWidth = std::clamp(width * 32 / 100, 260, 520);
         PlaceTree({kMargin, top, treeWidth, height - top - kMargin});
         const int left = kMargin + treeWidth + kDivider;
-        w_.picImage.Move({left - kDivider, 0, kDivider, height});
+        w_.picImage.Move({left - kDivider, top, kDivider, height - top});
         const int rightWidth = width - left - kMargin;
         const int itemHeight = 3 * m_.Row();
         PlaceItem({left, top, rightWidth, itemHeight});

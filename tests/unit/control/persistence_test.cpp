@@ -1,0 +1,153 @@
+#include "control/persistence.h"
+
+#include <gtest/gtest.h>
+
+#include "stage/stage.h"
+
+namespace zv {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(InitProperties, SetsTheStartValues) {
+    stage::Stage stage;
+    ControlState& state = stage.session.state;
+    state = {};
+    state.myTaskID = 5;
+    state.UserName = state.CompName = state.myName = state.UserID = state.Default = "x";
+    state.ZgName = "kept";
+    state.showMode = state.Language = state.AlertType = state.SQLData = state.hostSQLData = 1;
+    state.Copyright = true;
+    stage.control.UserControl_InitProperties();
+    EXPECT_EQ(state.myTaskID, 0);
+    EXPECT_EQ(state.UserName + state.CompName + state.myName + state.UserID + state.Default, "");
+    EXPECT_EQ(state.showMode + state.Language + state.AlertType + state.SQLData, 0);
+    EXPECT_EQ(state.hostSQLData, 0);
+    EXPECT_FALSE(state.Copyright);
+    EXPECT_EQ(state.Password, "0");
+    EXPECT_EQ(state.UserPath, "C:\\App\\taskAlert.mdb");
+    EXPECT_EQ(state.ZgName, "kept");
+}
+
+TEST(InitProperties, AddsTheBackslashOnlyWhereItIsMissing) {
+    stage::Stage stage;
+    stage.files.folder = "C:\\";
+    stage.control.UserControl_InitProperties();
+    EXPECT_EQ(stage.session.state.UserPath, "C:\\taskAlert.mdb");
+}
+
+TEST(ReadProperties, AsksForTheKeysInTheirOrderAndCase) {
+    stage::Stage stage;
+    stage::Bag bag;
+    stage.control.UserControl_ReadProperties(bag);
+    EXPECT_EQ(bag.readKeys,
+              (Lines{"myName", "Language", "AlertType", "ZgName", "myPower", "myModel", "Copyright",
+                     "showmode", "UserPath", "Password", "SQLData", "UserID", "Default"}));
+}
+
+TEST(ReadProperties, AnEmptyBagGivesTheDefaults) {
+    stage::Stage stage;
+    ControlState& state = stage.session.state;
+    state.myModel = "x";
+    stage::Bag bag;
+    stage.control.UserControl_ReadProperties(bag);
+    EXPECT_EQ(state.myPower, std::string(350, '0'));
+    EXPECT_EQ(state.UserPath, "");
+    EXPECT_EQ(state.Password, "");
+    EXPECT_EQ(state.myModel, "");
+    EXPECT_EQ(state.UserName, "张三");
+}
+
+TEST(WriteProperties, WritesWhatDiffersFromItsDefaultInOrder) {
+    stage::Stage stage;
+    ControlState& state = stage.session.state;
+    state.myName = "n";
+    state.Language = 1;
+    state.AlertType = 2;
+    state.UserPath = "p";
+    state.UserName = "u";
+    state.ZgName = "z";
+    state.myPower = "1";
+    state.myModel = "m";
+    state.Copyright = true;
+    state.showMode = 1;
+    state.Password = "0";
+    state.SQLData = 3;
+    state.UserID = "i";
+    state.Default = "d";
+    state.myTaskID = 9;
+    state.CompName = state.PowerPath = state.Zorvan = "never";
+    stage::Bag bag;
+    stage.control.UserControl_WriteProperties(bag);
+    EXPECT_EQ(bag.written,
+              (Lines{"myName=n", "Language=1", "AlertType=2", "UserPath=p", "UserName=u",
+                     "ZgName=z", "myPower=1", "myModel=m", "Copyright=true", "Showmode=1",
+                     "Password=0", "SQLData=3", "UserID=i", "Default=d"}));
+}
+
+TEST(WriteProperties, LeavesDefaultsOut) {
+    stage::Stage stage;
+    stage.session.state = {};
+    stage.session.state.myPower.assign(350, '0');
+    stage::Bag bag;
+    stage.control.UserControl_WriteProperties(bag);
+    EXPECT_TRUE(bag.written.empty());
+}
+
+TEST(Persistence, ReadingAWrittenBagRestoresAllButTheUserName) {
+    stage::Stage stage;
+    ControlState& state = stage.session.state;
+    state.Language = 1;
+    state.showMode = 1;
+    state.Password = "pw";
+    state.SQLData = 2;
+    state.myPower = "101";
+    state.Copyright = true;
+    state.ZgName = "主管";
+    stage::Bag bag;
+    stage.control.UserControl_WriteProperties(bag);
+    const ControlState before = state;
+    state = {};
+    state.UserName = "other";
+    stage.control.UserControl_ReadProperties(bag);
+    EXPECT_EQ(state.Language, before.Language);
+    EXPECT_EQ(state.showMode, before.showMode);
+    EXPECT_EQ(state.Password, before.Password);
+    EXPECT_EQ(state.SQLData, before.SQLData);
+    EXPECT_EQ(state.hostSQLData, before.SQLData);
+    EXPECT_EQ(state.myPower, before.myPower);
+    EXPECT_EQ(state.Copyright, before.Copyright);
+    EXPECT_EQ(state.ZgName, before.ZgName);
+    EXPECT_EQ(state.UserPath, before.UserPath);
+    EXPECT_EQ(state.UserName, "other");
+}
+
+TEST(ReadProperties, AWrongTypeIsAnErrorAndChangesNothing) {
+    stage::Stage stage;
+    stage.session.state.myName = "before";
+    stage::Bag bag;
+    bag.values = {{"myName", std::string("after")}, {"SQLDATA", std::string("many")}};
+    try {
+        stage.control.UserControl_ReadProperties(bag);
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::TypeMismatch);
+    }
+    EXPECT_EQ(stage.session.state.myName, "before");
+}
+
+TEST(SetSQLData, KeepsACopyForTheOptionsPage) {
+    stage::Stage stage;
+    stage.control.SetSQLData(2);
+    EXPECT_EQ(stage.session.state.SQLData, 2);
+    EXPECT_EQ(stage.session.state.hostSQLData, 2);
+}
+
+TEST(Zorvan, IsNeverHandedOut) {
+    stage::Stage stage;
+    stage.session.state.Zorvan = "text";
+    EXPECT_EQ(stage.control.Zorvan(), "");
+}
+
+}  // namespace
+}  // namespace zv

@@ -1,0 +1,272 @@
+#include <gtest/gtest.h>
+
+#include "stage/stage.h"
+
+namespace zv {
+namespace {
+
+using Messages = std::vector<std::string>;
+
+constexpr int kNotBuiltYet = static_cast<int>(ErrorNumber::NotBuiltYet);
+constexpr int kTypeMismatch = static_cast<int>(ErrorNumber::TypeMismatch);
+constexpr int kOverflow = static_cast<int>(ErrorNumber::Overflow);
+
+class Refresh : public testing::Test {
+ protected:
+    void AddDueItem() {
+        stage.Sql(
+            "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone) values"
+            "(0,'报表','2003-03-07 00:00:00','2003-03-05 00:00:00','2003-03-07 00:00:00',0)");
+    }
+    stage::Stage stage;
+};
+
+TEST_F(Refresh, AnAlertPassWithFewerThanFourNodesShowsNothing) {
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_EQ(stage.Window(), nullptr);
+    EXPECT_FALSE(stage.session.database.IsOpen());
+}
+
+TEST_F(Refresh, AnAlertPassWithFourNodesShowsTheWindow) {
+    AddDueItem();
+    EXPECT_EQ(stage.Refresh(0), 0);
+    ASSERT_NE(stage.Window(), nullptr);
+    EXPECT_TRUE(stage.Window()->IsShown());
+    EXPECT_EQ(stage.Window()->Caption(), "任务报警器");
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
+}
+
+TEST_F(Refresh, AnAlertPassSendsOnlyTheListQuery) {
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_EQ(stage.statements.Take(),
+              Messages{"select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID from "
+                       "tTaskList a  Where 1=1 And a.tDuring1<=#03/07/2003# and "
+                       "a.tDuring2>=#03/07/2003# And a.tDone=0 Order by a.fType,a.taskTime "
+                       "desc,a.taskTitle"});
+}
+
+TEST_F(Refresh, ATaskThatIsDoneRaisesNoAlert) {
+    AddDueItem();
+    stage.Sql("update tTaskList set tDone=1");
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_EQ(stage.Window(), nullptr);
+}
+
+TEST_F(Refresh, AnIntervalOfOneForcesTheAlertModeless) {
+    AddDueItem();
+    stage.settings.values["zvTask.TimeSetting"] = "1";
+    EXPECT_EQ(stage.Refresh(0, 1), 0);
+    EXPECT_FALSE(stage.Window()->IsModal());
+    EXPECT_EQ(stage.session.state.showMode, 0);
+}
+
+TEST_F(Refresh, AnIntervalOfOneLeavesTheManagerModal) {
+    stage.settings.values["zvTask.TimeSetting"] = "1";
+    bool modal = false;
+    stage.backend.modalLoop = [&](forms::Form& form) {
+        modal = form.IsModal();
+        form.UserClose();
+    };
+    EXPECT_EQ(stage.Refresh(1, 1), 0);
+    EXPECT_TRUE(modal);
+    EXPECT_EQ(stage.Window(), nullptr);
+}
+
+TEST_F(Refresh, AnAlertIsModalWhenTheHostAsksForIt) {
+    AddDueItem();
+    bool modal = false;
+    stage.backend.modalLoop = [&](forms::Form& form) {
+        modal = form.IsModal();
+        form.UserClose();
+    };
+    EXPECT_EQ(stage.Refresh(0, 1), 0);
+    EXPECT_TRUE(modal);
+}
+
+TEST_F(Refresh, WithoutAnyPathItReturnsAtOnce) {
+    stage.session.state.UserPath.clear();
+    for (const int mode : {0, 1, 2, 4, 9}) EXPECT_EQ(stage.Refresh(mode), 0);
+    EXPECT_EQ(stage.opener.openings, 0);
+    EXPECT_EQ(stage.Window(), nullptr);
+}
+
+TEST_F(Refresh, ADataPathThatExistsReplacesTheUserPath) {
+    stage.session.state.UserPath = "nowhere";
+    stage.settings.values["zvTask.DataPath"] = stage.Path("t.db");
+    EXPECT_EQ(stage.Refresh(8), 0);
+    EXPECT_EQ(stage.session.state.UserPath, stage.Path("t.db"));
+}
+
+TEST_F(Refresh, ADataPathThatIsMissingIsIgnoredSilently) {
+    stage.settings.values["zvTask.DataPath"] = stage.Path("missing.mdb");
+    EXPECT_EQ(stage.Refresh(8), 0);
+    EXPECT_EQ(stage.session.state.UserPath, stage.Path("t.db"));
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+}
+
+TEST_F(Refresh, OtherModesOnlyReadSettingsAndConnect) {
+    for (const std::int32_t mode : {8, 10, 12, 40000, -1}) {
+        stage.session.database.Close();
+        EXPECT_EQ(stage.Refresh(mode), 0);
+        EXPECT_TRUE(stage.session.database.IsOpen());
+        EXPECT_TRUE(stage.statements.Take().empty());
+        EXPECT_TRUE(stage.windows.Windows().empty());
+    }
+}
+
+TEST_F(Refresh, ASettingThatIsNoNumberIsATypeMismatch) {
+    stage.settings.values["zvTask.TimeSetting"] = "often";
+    EXPECT_EQ(stage.Refresh(8), kTypeMismatch);
+    EXPECT_EQ(stage.Refresh(1), kTypeMismatch);
+    EXPECT_EQ(stage.Window(), nullptr);
+}
+
+TEST_F(Refresh, WindowsOfLaterWorkSayThatTheyAreMissing) {
+    for (const std::int32_t mode : {2, 3, 6, 7}) {
+        EXPECT_EQ(stage.Refresh(mode), kNotBuiltYet) << mode;
+        EXPECT_NE(stage.errorText.find("not built yet"), std::string::npos);
+    }
+}
+
+TEST_F(Refresh, ModeFourMarksTheItem) {
+    AddDueItem();
+    stage.session.state.myTaskID = 1;
+    stage.session.state.myDate = 1.4;
+    EXPECT_EQ(stage.Refresh(4), 0);
+    EXPECT_EQ(stage.statements.Take(),
+              Messages{"Update tTaskList Set tDone=1,tDoneMan = '张三' where fID =1"});
+    EXPECT_EQ(stage.Query("select tDone||tDoneMan from tTaskList"), "1张三");
+}
+
+TEST_F(Refresh, ModeFourRoundsTheFlagHalvesToEven) {
+    stage.session.state.myTaskID = 1;
+    stage.session.state.myDate = 2.5;
+    EXPECT_EQ(stage.Refresh(4), 0);
+    EXPECT_EQ(stage.statements.Take(),
+              Messages{"Update tTaskList Set tDone=2,tDoneMan = '张三' where fID =1"});
+}
+
+TEST_F(Refresh, ModeFourReadsADateThatWasNeverSetAsZero) {
+    stage.session.state.myTaskID = 3;
+    EXPECT_EQ(stage.Refresh(4), 0);
+    EXPECT_EQ(stage.statements.Take(),
+              Messages{"Update tTaskList Set tDone=0,tDoneMan = '张三' where fID =3"});
+}
+
+TEST_F(Refresh, ModeFourWithoutAnItemSendsNothing) {
+    EXPECT_EQ(stage.Refresh(4), 0);
+    EXPECT_TRUE(stage.statements.Take().empty());
+}
+
+TEST_F(Refresh, ModeFourOverflowsBeyondSixteenBits) {
+    stage.session.state.myTaskID = 32768;
+    EXPECT_EQ(stage.Refresh(4), kOverflow);
+    stage.session.state.myTaskID = 1;
+    stage.session.state.myDate = 37000;
+    EXPECT_EQ(stage.Refresh(4), kOverflow);
+    EXPECT_TRUE(stage.statements.Take().empty());
+}
+
+TEST_F(Refresh, ModeFiveMarksOrAsks) {
+    stage.session.state.myTaskID = 1;
+    EXPECT_EQ(stage.Refresh(5), 0);
+    stage.session.state.myTaskID = 0;
+    EXPECT_EQ(stage.Refresh(5), kNotBuiltYet);
+    EXPECT_NE(stage.errorText.find("frmTaskDone"), std::string::npos);
+}
+
+TEST_F(Refresh, AUserNameWithAnApostropheFailsInTheDatabase) {
+    stage.session.state.UserName = "O'Brien";
+    stage.session.state.myTaskID = 1;
+    EXPECT_NE(stage.Refresh(4), 0);
+    EXPECT_EQ(stage.statements.Take(),
+              Messages{"Update tTaskList Set tDone=0,tDoneMan = 'O'Brien' where fID =1"});
+}
+
+TEST_F(Refresh, AStoreThatCannotBeOpenedIsToldOnceAndIsAnErrorForTheHost) {
+    stage.session.state.UserPath = stage.Path("没有 这个.mdb");
+    EXPECT_NE(stage.Refresh(1), 0);
+    ASSERT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_TRUE(stage.dialogs.messages[0].starts_with("48|"));
+    EXPECT_NE(stage.dialogs.messages[0].find("没有 这个.mdb"), std::string::npos);
+    EXPECT_NE(stage.errorText.find("没有 这个.mdb"), std::string::npos);
+    EXPECT_TRUE(stage.windows.Windows().empty());
+}
+
+TEST_F(Refresh, AFailedOpeningLeavesAWindowThatExists) {
+    EXPECT_EQ(stage.Refresh(1), 0);
+    stage.session.database.Close();
+    stage.session.state.UserPath = stage.Path("missing.mdb");
+    EXPECT_NE(stage.Refresh(1), 0);
+    ASSERT_NE(stage.Window(), nullptr);
+    EXPECT_TRUE(stage.Window()->IsShown());
+}
+
+TEST_F(Refresh, AMissingTableReachesTheHostAndLeavesNoWindow) {
+    stage.Sql("drop table tTaskList");
+    EXPECT_NE(stage.Refresh(1), 0);
+    EXPECT_EQ(stage.Window(), nullptr);
+    EXPECT_NE(stage.Refresh(0), 0);
+    EXPECT_EQ(stage.Window(), nullptr);
+}
+
+TEST_F(Refresh, ALanguageWithoutTextsIsAnErrorForTheHost) {
+    stage.session.state.Language = 3;
+    EXPECT_EQ(stage.Refresh(1), static_cast<int>(ErrorNumber::ResourceNotFound));
+    stage.session.state.Language = 4;
+    EXPECT_EQ(stage.Refresh(1), kOverflow);
+    EXPECT_EQ(stage.Window(), nullptr);
+}
+
+TEST_F(Refresh, TheManagerComesToTheFrontInsteadOfOpeningTwice) {
+    EXPECT_EQ(stage.Refresh(1), 0);
+    stage.Window()->txtTitle0.SetText("kept");
+    stage.statements.Take();
+    EXPECT_EQ(stage.Refresh(1), 0);
+    EXPECT_EQ(stage.windows.Windows().size(), 1u);
+    EXPECT_EQ(stage.Window()->txtTitle0.Text(), "kept");
+    EXPECT_TRUE(stage.statements.Take().empty());
+    EXPECT_EQ(stage.Refresh(1, 1), static_cast<int>(ErrorNumber::FormAlreadyShown));
+}
+
+TEST_F(Refresh, AnAlertPassRefillsAWindowThatIsOpenAndNeverClosesIt) {
+    EXPECT_EQ(stage.Refresh(1), 0);
+    EXPECT_EQ(stage.NodeKeys(), "A1 B2 C3");
+    AddDueItem();
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
+    EXPECT_EQ(stage.Window()->Caption(), "任务管理器");
+    stage.Sql("delete from tTaskList");
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_EQ(stage.NodeKeys(), "A1 B2 C3");
+    EXPECT_TRUE(stage.Window()->IsShown());
+}
+
+TEST_F(Refresh, AnAlertPassLeavesAnEditAlone) {
+    EXPECT_EQ(stage.Refresh(1), 0);
+    stage.Window()->state.editMode = 1;
+    AddDueItem();
+    stage.statements.Take();
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_TRUE(stage.statements.Take().empty());
+    EXPECT_EQ(stage.NodeKeys(), "A1 B2 C3");
+}
+
+TEST_F(Refresh, TheManagerTakesOverAnAlertWindow) {
+    AddDueItem();
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_EQ(stage.Refresh(1), 0);
+    EXPECT_EQ(stage.windows.Windows().size(), 1u);
+    EXPECT_EQ(stage.Window()->Caption(), "任务管理器");
+    EXPECT_EQ(stage.Window()->cboState.ListIndex(), mainwindow::kAllStates);
+}
+
+TEST_F(Refresh, CardModeRestoresAMinimisedWindow) {
+    EXPECT_EQ(stage.Refresh(9), 0);
+    stage.Window()->SetState(forms::WindowState::Minimised);
+    EXPECT_EQ(stage.Refresh(9), 0);
+    EXPECT_EQ(stage.Window()->State(), forms::WindowState::Normal);
+}
+
+}  // namespace
+}  // namespace zv

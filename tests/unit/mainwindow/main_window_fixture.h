@@ -1,0 +1,35 @@
+// A main window in the manager's mode over an empty database.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "stage/stage.h"
+
+namespace zv::mainwindow {
+
+class MainWindow : public testing::Test {
+ protected:
+    /// Adds an item whose alert window is the day of its date.
+    void AddItem(int kind, const std::string& title, int done = 0,
+                 const std::string& day = "2003-03-07") {
+        stage.Sql(
+            "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone) values(" +
+            std::to_string(kind) + ",'" + title + "','" + day + " 00:00:00','" + day +
+            " 00:00:00','" + day + " 00:00:00'," + std::to_string(done) + ")");
+    }
+    frmTaskMain& Open(std::int32_t mode = kManagerMode) {
+        EXPECT_EQ(stage.Refresh(mode), 0) << stage.errorText;
+        stage.statements.Take();
+        return *stage.Window();
+    }
+    void ClickNode(const std::string& key) { stage.user.ClickNode(stage.Window()->tvwTask, key); }
+    void ShowTab(int tab) { stage.user.SelectTab(stage.Window()->SSTab1, tab); }
+
+    stage::Stage stage;
+};
+
+using Lines = std::vector<std::string>;
+
+}  // namespace zv::mainwindow

@@ -1,0 +1,171 @@
+#include "main_window_fixture.h"
+#include "store/schema/schema.h"
+
+namespace zv::mainwindow {
+namespace {
+
+class Options : public MainWindow {
+ protected:
+    Options() : window(Open()) { ShowTab(kOptionsTab); }
+    void TypePath(const std::string& path) {
+        stage.user.Type(window.txtAccess, path);
+        stage.user.Leave(window.txtAccess);
+    }
+    std::string Setting(const std::string& key) {
+        const auto found = stage.settings.values.find("zvTask." + key);
+        return found == stage.settings.values.end() ? "absent" : found->second;
+    }
+    frmTaskMain& window;
+};
+
+TEST_F(Options, ShowTheStoreOfTheControl) {
+    EXPECT_TRUE(window.optAccess.Value());
+    EXPECT_FALSE(window.optSQL.Value());
+    EXPECT_TRUE(window.cmdAccess.Enabled());
+    EXPECT_TRUE(window.txtAccess.Enabled());
+    EXPECT_EQ(window.txtAccess.Text(), stage.Path("t.db"));
+}
+
+TEST_F(Options, AServerTakesThePathAway) {
+    stage.user.Close(window);
+    stage.control.SetSQLData(1);
+    frmTaskMain& other = Open();
+    EXPECT_TRUE(other.optSQL.Value());
+    EXPECT_FALSE(other.cmdAccess.Enabled());
+    EXPECT_FALSE(other.txtAccess.Enabled());
+}
+
+TEST_F(Options, TheKindFollowsTheButtons) {
+    stage.session.state.hostSQLData = 2;
+    stage.user.Click(window.optSQL);
+    EXPECT_EQ(stage.session.state.SQLData, 2);
+    EXPECT_FALSE(window.cmdAccess.Enabled());
+    stage.user.Click(window.optAccess);
+    EXPECT_EQ(stage.session.state.SQLData, 0);
+    EXPECT_TRUE(window.cmdAccess.Enabled());
+}
+
+TEST_F(Options, LeavingThePathUnchangedDoesNotReopen) {
+    const int before = stage.opener.openings;
+    TypePath(stage.Path("t.db"));
+    EXPECT_EQ(stage.opener.openings, before);
+    EXPECT_TRUE(stage.statements.Take().empty());
+}
+
+TEST_F(Options, AnotherPathRefillsStaffAndTree) {
+    store::CreateSqliteDatabase(stage.Path("另 一个.db"));
+    AddItem(0, "x");
+    stage.user.Click(window.cmdSeek);
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
+    stage.statements.Take();
+    const int before = stage.opener.openings;
+    TypePath(stage.Path("另 一个.db"));
+    EXPECT_EQ(stage.opener.openings, before + 1);
+    EXPECT_EQ(stage.NodeKeys(), "A1 B2 C3");
+    const auto sent = stage.statements.Take();
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_TRUE(sent[0].starts_with("select fCode"));
+    EXPECT_TRUE(sent[1].starts_with("select distinct a.fID"));
+    EXPECT_EQ(stage.session.state.UserPath, stage.Path("另 一个.db"));
+    EXPECT_EQ(window.txtAccess.tag, stage.Path("另 一个.db"));
+}
+
+TEST_F(Options, APathThatCannotBeOpenedIsToldOnceAndTheWindowGoesOn) {
+    AddItem(0, "x");
+    stage.user.Click(window.cmdSeek);
+    TypePath(stage.Path("missing.mdb"));
+    ASSERT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_TRUE(stage.dialogs.messages[0].starts_with("48|"));
+    EXPECT_NE(stage.dialogs.messages[0].find("missing.mdb"), std::string::npos);
+    EXPECT_EQ(window.txtAccess.Text(), stage.Path("missing.mdb"));
+    ClickNode("Z1");
+    EXPECT_EQ(window.txtTitle2.Text(), "x");
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+}
+
+TEST_F(Options, TheDialogAsksForAnExistingFile) {
+    store::CreateSqliteDatabase(stage.Path("b.db"));
+    stage.dialogs.inputs.push_back(stage.Path("b.db"));
+    stage.user.Click(window.cmdAccess);
+    ASSERT_EQ(stage.dialogs.fileRequests.size(), 1u);
+    const forms::FileRequest& request = stage.dialogs.fileRequests[0];
+    EXPECT_EQ(request.flags, 4100);
+    EXPECT_EQ(request.filter, "数据库文件 (*.MDB)|*.mdb");
+    EXPECT_EQ(request.initialFile, stage.Path("t.db"));
+    EXPECT_EQ(request.title, "打开文件");
+    EXPECT_EQ(window.txtAccess.Text(), stage.Path("b.db"));
+    EXPECT_EQ(stage.session.state.UserPath, stage.Path("b.db"));
+}
+
+TEST_F(Options, ADialogThatIsCancelledChangesNothing) {
+    const int before = stage.opener.openings;
+    stage.user.Click(window.cmdAccess);
+    EXPECT_EQ(window.txtAccess.Text(), stage.Path("t.db"));
+    EXPECT_EQ(stage.opener.openings, before);
+}
+
+TEST_F(Options, OtherKindsOfFilesMayBeCreated) {
+    EXPECT_EQ(window.getFilePath(0, "f", "n", "t", "d"), "");
+    EXPECT_EQ(stage.dialogs.fileRequests.at(0).flags, 10244);
+}
+
+TEST_F(Options, StartupIsSavedAtOnce) {
+    stage.user.Click(window.chkStartup);
+    EXPECT_EQ(Setting("Startup"), "0");
+    stage.user.Click(window.chkStartup);
+    EXPECT_EQ(Setting("Startup"), "1");
+}
+
+TEST_F(Options, StartupBirthdaySavesTheDaysOrFive) {
+    window.txtBirthDay0.SetText("0");
+    stage.user.Click(window.chkBirthDay);
+    EXPECT_EQ(Setting("StartupBirthDay"), "5");
+    stage.user.Click(window.chkBirthDay);
+    EXPECT_EQ(Setting("StartupBirthDay"), "0");
+    window.txtBirthDay0.SetText("12");
+    stage.user.Click(window.chkBirthDay);
+    EXPECT_EQ(Setting("StartupBirthDay"), "12");
+}
+
+TEST_F(Options, TheIntervalIsSavedOnlyWhenItIsSwitchedOff) {
+    window.txtTimeSet.SetText("");
+    stage.user.Click(window.chkTimeSet);
+    EXPECT_EQ(window.txtTimeSet.Text(), "5");
+    EXPECT_TRUE(window.txtTimeSet.HasFocus());
+    EXPECT_EQ(Setting("TimeSetting"), "absent");
+    stage.user.Click(window.chkTimeSet);
+    EXPECT_EQ(window.txtTimeSet.Text(), "0");
+    EXPECT_FALSE(window.txtTimeSet.Enabled());
+    EXPECT_EQ(Setting("TimeSetting"), "0");
+}
+
+TEST_F(Options, TheIntervalBoxKeepsAWholeNumber) {
+    stage.user.Click(window.chkTimeSet);
+    const auto leave = [&](const std::string& text) {
+        stage.user.Type(window.txtTimeSet, text);
+        stage.user.Leave(window.txtTimeSet);
+        return window.txtTimeSet.Text() + (window.Timer1.Running() ? " on" : " off");
+    };
+    EXPECT_EQ(leave("-7.5"), "8 off");
+    EXPECT_EQ(leave("abc"), "0 on");
+    stage.user.Tick(window.Timer1);
+    EXPECT_FALSE(window.Timer1.Running());
+    EXPECT_EQ(leave("2.5"), "2 off");
+}
+
+TEST_F(Options, ATickStampsTheReadTimeWithinTheInterval) {
+    window.txtTimeSet.SetText("5");
+    window.Timer1.SetRunning(true);
+    window.state.lastRead = stage.clock.now;
+    stage.clock.now = stage.clock.now.AddSeconds(5 * 60);
+    stage.user.Tick(window.Timer1);
+    EXPECT_EQ(window.state.lastRead, stage.clock.now);
+    const DateTime stamped = stage.clock.now;
+    stage.clock.now = stage.clock.now.AddSeconds(6 * 60);
+    stage.user.Tick(window.Timer1);
+    EXPECT_EQ(window.state.lastRead, stamped);
+    EXPECT_TRUE(window.Timer1.Running());
+}
+
+}  // namespace
+}  // namespace zv::mainwindow

@@ -1,0 +1,64 @@
+#include "session/session.h"
+
+#include <gtest/gtest.h>
+
+#include "stage/stage.h"
+
+namespace zv {
+namespace {
+
+TEST(Session, OpensWithWhatTheControlHolds) {
+    stage::Stage stage;
+    stage.session.state.Password = "pw";
+    stage.session.EnsureConnection();
+    EXPECT_EQ(stage.opener.last.kind, 0);
+    EXPECT_EQ(stage.opener.last.dataPath, stage.Path("t.db"));
+    EXPECT_EQ(stage.opener.last.password, "pw");
+    stage.session.EnsureConnection();
+    EXPECT_EQ(stage.opener.openings, 1);
+}
+
+TEST(Session, AKindBelowZeroIsAFile) {
+    stage::Stage stage;
+    stage.session.state.SQLData = -1;
+    EXPECT_EQ(stage.session.Settings().kind, 0);
+    stage.session.state.SQLData = 2;
+    EXPECT_EQ(stage.session.Settings().kind, 2);
+}
+
+TEST(Session, TheDateDelimiterFollowsTheKind) {
+    stage::Stage stage;
+    const DateTime day(2003, 3, 7);
+    stage.session.EnsureConnection();
+    EXPECT_EQ(stage.session.database.DateLiteral(day), "#03/07/2003#");
+    store::ConnectionSettings server = stage.session.Settings();
+    server.kind = 1;
+    stage.session.OpenConnection(server);
+    EXPECT_EQ(stage.session.database.DateLiteral(day), "'03/07/2003'");
+}
+
+TEST(Session, AFailedOpeningNamesReasonAndPath) {
+    stage::Stage stage;
+    stage.session.state.UserPath = stage.Path("missing file 数据.mdb");
+    try {
+        stage.session.EnsureConnection();
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_NE(error.Text().find("missing file 数据.mdb"), std::string::npos) << error.Text();
+        EXPECT_GT(error.Text().size(), stage.session.state.UserPath.size());
+    }
+}
+
+TEST(Session, BoxesCarryTheProductTitle) {
+    stage::Stage stage;
+    EXPECT_EQ(stage.windows.title, resources::LoadText(1, 0));
+    stage.session.state.Language = 1;
+    stage.session.SetApplicationTitle();
+    EXPECT_EQ(stage.windows.title, resources::LoadText(1, 1));
+    stage.session.state.Language = 9;
+    stage.session.SetApplicationTitle();
+    EXPECT_EQ(stage.windows.title, resources::LoadText(1, 0));
+}
+
+}  // namespace
+}  // namespace zv
