@@ -19,6 +19,8 @@ class BackendStand {
     virtual ~BackendStand() = default;
     virtual forms::Backend& GetBackend() = 0;
     virtual forms::Driver& GetDriver() = 0;
+    /// Lets the windows handle what an act has left waiting.
+    virtual void Settle() {}
 };
 
 bool IsAvailable(BackendKind kind);

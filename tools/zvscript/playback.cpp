@@ -22,7 +22,10 @@ void Playback::RunInside(Stage& stage, forms::Form& form) {
 
 void Playback::PlayNext(Stage& stage) {
     const Step& step = steps_[next_++];
-    Attempt(stage, step.line, [&] { step.action(stage); });
+    Attempt(stage, step.line, [&] {
+        step.action(stage);
+        stage.stand->Settle();
+    });
 }
 
 void Playback::Attempt(Stage& stage, int line, const std::function<void()>& act) {

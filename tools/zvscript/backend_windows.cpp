@@ -1,0 +1,38 @@
+// Real windows, real messages.
+#include <windows.h>
+
+#include "backend_headless.h"
+#include "backend_stand.h"
+#include "forms/win32/win32_backend.h"
+#include "forms/win32/win32_driver.h"
+
+namespace zv::script {
+namespace {
+
+class Win32Stand : public BackendStand {
+ public:
+    Win32Stand(forms::Dialogs& dialogs, ModalLoop loop)
+        : backend_(GetModuleHandleW(nullptr), &dialogs), driver_(backend_) {
+        backend_.modalLoop = std::move(loop);
+    }
+    forms::Backend& GetBackend() override { return backend_; }
+    forms::Driver& GetDriver() override { return driver_; }
+    void Settle() override { backend_.PumpMessages(); }
+
+ private:
+    forms::win32::Win32Backend backend_;
+    forms::win32::Win32Driver driver_;
+};
+
+}  // namespace
+
+bool IsAvailable(BackendKind) {
+    return true;
+}
+
+std::unique_ptr<BackendStand> MakeStand(BackendKind kind, forms::Dialogs& dialogs, ModalLoop loop) {
+    if (kind == BackendKind::Win32) return std::make_unique<Win32Stand>(dialogs, std::move(loop));
+    return std::make_unique<HeadlessStand>(dialogs, std::move(loop));
+}
+
+}  // namespace zv::script
