@@ -205,7 +205,13 @@ void frmTaskMain::cmdExit_Click() {
 }
 
 void frmTaskMain::Form_Load() {
-    lifecycle.Form_Load();
+    try {
+        lifecycle.Form_Load();
+    } catch (...) {
+        // Such a window is never unloaded, so it closes the store here.
+        session.database.Close();
+        throw;
+    }
 }
 
 void frmTaskMain::Form_Activate() {

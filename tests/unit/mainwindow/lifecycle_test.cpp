@@ -172,6 +172,12 @@ TEST_F(LifecycleTest, TheEndClosesTheStoreAndTheOtherWindows) {
     EXPECT_TRUE(stage.windows.Windows().empty());
 }
 
+TEST_F(LifecycleTest, AWindowThatCannotLoadClosesTheStore) {
+    stage.statements.failing = "tTaskList";
+    EXPECT_NE(stage.Refresh(1), 0);
+    EXPECT_FALSE(stage.session.database.IsOpen());
+}
+
 TEST_F(LifecycleTest, StaffNamesAreOffered) {
     stage.Sql(
         "insert into tRsBasic(fCode,fName) values('2','乙'),('1','甲');"
