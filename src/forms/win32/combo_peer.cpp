@@ -1,0 +1,117 @@
+#include "forms/win32/combo_peer.h"
+
+#include <algorithm>
+
+#include "forms/win32/wide_text.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+constexpr int kVisibleRows = 12;
+/// Frame around the entry, above and below together.
+constexpr int kFrame = 6;
+
+}  // namespace
+
+void NativeCombo::Create(HWND parent, int id) {
+    const bool listOnly = Box().Style() == ComboStyle::ListOnly;
+    CreateNative(parent, id, WC_COMBOBOXW,
+                 WS_TABSTOP | WS_VSCROLL |
+                     (listOnly ? CBS_DROPDOWNLIST : CBS_DROPDOWN | CBS_AUTOHSCROLL));
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    if (!listOnly && GetComboBoxInfo(Handle(), &info) && info.hwndItem != Handle()) {
+        edit_ = info.hwndItem;
+        Watch(edit_);
+    }
+    const Quiet quiet(*this);
+    ApplyBounds();
+    Mirror(Aspect::MaxLength);
+    Mirror(Aspect::Locked);
+    ShowItems();
+}
+
+// The native height includes the list that drops; the entry's own is told separately.
+void NativeCombo::ApplyBounds() {
+    const RECT bounds = GetScale().ToPixels(Logical().Bounds());
+    const int height = bounds.bottom - bounds.top;
+    Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
+         std::max(1, height - GetScale().ToPixels(kFrame)));
+    const auto row = static_cast<int>(Send(CB_GETITEMHEIGHT, 0));
+    SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+                 height + row * kVisibleRows, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void NativeCombo::ResolutionChanged() {
+    const Quiet quiet(*this);
+    NativeControl::ResolutionChanged();
+}
+
+void NativeCombo::ShowItems() {
+    const std::vector<std::string>& items = Box().Items();
+    // Rows are mostly added one by one: what stands there already stays.
+    std::size_t same = 0;
+    while (same < shown_.size() && same < items.size() && shown_[same] == items[same]) same++;
+    for (std::size_t i = shown_.size(); i > same; i--) Send(CB_DELETESTRING, i - 1);
+    for (std::size_t i = same; i < items.size(); i++) {
+        Send(CB_INSERTSTRING, i, reinterpret_cast<LPARAM>(ToWide(items[i]).c_str()));
+    }
+    shown_ = items;
+    ShowText();
+}
+
+void NativeCombo::ShowText() {
+    const auto index = static_cast<WPARAM>(static_cast<INT_PTR>(Box().ListIndex()));
+    if (Send(CB_GETCURSEL) != Box().ListIndex()) Send(CB_SETCURSEL, index);
+    if (edit_ && WindowText(Handle()) != Box().Text()) {
+        SetWindowTextW(Handle(), ToWide(Box().Text()).c_str());
+    }
+}
+
+void NativeCombo::Mirror(Aspect aspect) {
+    switch (aspect) {
+        case Aspect::Items:
+            ShowItems();
+            break;
+        case Aspect::Selection:
+        case Aspect::Text:
+            ShowText();
+            break;
+        case Aspect::MaxLength:
+            Send(CB_LIMITTEXT, static_cast<WPARAM>(Box().MaxLength()));
+            break;
+        case Aspect::Locked:
+            if (edit_) SendMessageW(edit_, EM_SETREADONLY, Box().Locked(), 0);
+            break;
+        default:
+            break;
+    }
+}
+
+void NativeCombo::OnCommand(UINT code) {
+    if (IsQuiet()) return;
+    if (code == CBN_SELCHANGE) {
+        if (Box().Locked()) {
+            const Quiet quiet(*this);
+            ShowText();
+            return;
+        }
+        Box().UserPick(static_cast<int>(Send(CB_GETCURSEL)));
+    } else if (code == CBN_EDITCHANGE) {
+        Box().UserText(WindowText(Handle()));
+    }
+}
+
+std::optional<LRESULT> NativeCombo::OnMessage(UINT message, WPARAM, LPARAM) {
+    // The wheel over a box that only has the focus must not change it behind the user's back.
+    if (message == WM_MOUSEWHEEL && !Send(CB_GETDROPPEDSTATE)) {
+        return 0;
+    }
+    return std::nullopt;
+}
+
+bool NativeCombo::WantsKey(int code) const {
+    return (code == key::kEnter || code == key::kEscape) && Send(CB_GETDROPPEDSTATE) != 0;
+}
+
+}  // namespace zv::forms::win32

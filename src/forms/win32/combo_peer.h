@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "forms/lists.h"
+#include "forms/win32/native_control.h"
+
+namespace zv::forms::win32 {
+
+class NativeCombo : public NativeControl {
+ public:
+    using NativeControl::NativeControl;
+    void Create(HWND parent, int id) override;
+    HWND FocusHandle() const override { return edit_ ? edit_ : Handle(); }
+    void OnCommand(UINT code) override;
+    bool WantsKey(int code) const override;
+    void ResolutionChanged() override;
+
+ protected:
+    void Mirror(Aspect aspect) override;
+    void ApplyBounds() override;
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+    ComboBox& Box() const { return static_cast<ComboBox&>(Logical()); }
+    void ShowItems();
+    void ShowText();
+
+    HWND edit_ = nullptr;
+    std::vector<std::string> shown_;
+};
+
+}  // namespace zv::forms::win32

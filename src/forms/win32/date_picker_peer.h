@@ -1,0 +1,30 @@
+#pragma once
+
+#include "forms/date_picker.h"
+#include "forms/win32/native_control.h"
+
+namespace zv::forms::win32 {
+
+class NativeDatePicker : public NativeControl {
+ public:
+    using NativeControl::NativeControl;
+    void Create(HWND parent, int id) override;
+    LRESULT OnNotify(NMHDR& header) override;
+    bool WantsKey(int code) const override;
+
+ protected:
+    void Mirror(Aspect aspect) override;
+
+ private:
+    DatePicker& Picker() const { return static_cast<DatePicker&>(Logical()); }
+    void ShowValue();
+    std::optional<DateTime> NativeValue() const;
+
+    bool calendarOpen_ = false;
+};
+
+/// Between dates and the system's, which have a field for everything.
+SYSTEMTIME ToSystemTime(const DateTime& value);
+DateTime FromSystemTime(const SYSTEMTIME& value);
+
+}  // namespace zv::forms::win32

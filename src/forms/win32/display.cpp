@@ -1,0 +1,114 @@
+#include "forms/win32/display.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "forms/win32/wide_text.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+// Functions that came with later versions of Windows.
+template <typename Function>
+Function UserFunction(const char* name) {
+    return reinterpret_cast<Function>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name));
+}
+
+constexpr wchar_t kSamples[] = L"任务任務";
+
+bool HasChinese(HDC dc) {
+    std::array<WORD, std::size(kSamples) - 1> glyphs{};
+    const int count = static_cast<int>(glyphs.size());
+    if (GetGlyphIndicesW(dc, kSamples, count, glyphs.data(), GGI_MARK_NONEXISTING_GLYPHS) ==
+        GDI_ERROR) {
+        return true;
+    }
+    return std::find(glyphs.begin(), glyphs.end(), WORD{0xFFFF}) == glyphs.end();
+}
+
+// A font that does not exist is replaced by the system without a word.
+bool IsNamed(HDC dc, const wchar_t* face) {
+    std::array<wchar_t, LF_FACESIZE> actual{};
+    GetTextFaceW(dc, LF_FACESIZE, actual.data());
+    return lstrcmpiW(actual.data(), face) == 0;
+}
+
+LOGFONTW MessageFont(int dpi) {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    using ForDpi = BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT);
+    static const auto forDpi = UserFunction<ForDpi>("SystemParametersInfoForDpi");
+    if (forDpi && forDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0,
+                         static_cast<UINT>(dpi))) {
+        return metrics.lfMessageFont;
+    }
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, SystemDpi());
+    return metrics.lfMessageFont;
+}
+
+}  // namespace
+
+int SystemDpi() {
+    const WindowDc screen(nullptr);
+    return GetDeviceCaps(screen.get(), LOGPIXELSX);
+}
+
+int DpiOf(HWND window) {
+    using ForWindow = UINT(WINAPI*)(HWND);
+    static const auto forWindow = UserFunction<ForWindow>("GetDpiForWindow");
+    const UINT dpi = forWindow ? forWindow(window) : 0;
+    return dpi > 0 ? static_cast<int>(dpi) : SystemDpi();
+}
+
+Font CreateUiFont(int dpi) {
+    LOGFONTW wanted = MessageFont(dpi);
+    Font font(CreateFontIndirectW(&wanted));
+    const WindowDc screen(nullptr);
+    {
+        const Selected selected(screen.get(), font.get());
+        if (HasChinese(screen.get())) return font;
+    }
+    for (const wchar_t* face : {L"Microsoft YaHei UI", L"Microsoft JhengHei UI",
+                                L"WenQuanYi Micro Hei", L"Noto Sans CJK SC", L"SimSun"}) {
+        lstrcpynW(wanted.lfFaceName, face, LF_FACESIZE);
+        wanted.lfCharSet = DEFAULT_CHARSET;
+        Font candidate(CreateFontIndirectW(&wanted));
+        const Selected selected(screen.get(), candidate.get());
+        if (IsNamed(screen.get(), face) && HasChinese(screen.get())) return candidate;
+    }
+    return font;
+}
+
+SIZE MeasureText(HFONT font, std::string_view text) {
+    const WindowDc screen(nullptr);
+    const Selected selected(screen.get(), font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen.get(), &metrics);
+    SIZE size{0, 0};
+    const std::wstring wide = ToWide(text);
+    for (std::size_t begin = 0; begin <= wide.size();) {
+        const std::size_t end = std::min(wide.find(L'\n', begin), wide.size());
+        std::size_t length = end - begin;
+        if (length > 0 && wide[end - 1] == L'\r') length--;
+        SIZE line{};
+        GetTextExtentPoint32W(screen.get(), wide.data() + begin, static_cast<int>(length), &line);
+        size.cx = std::max(size.cx, line.cx);
+        size.cy += metrics.tmHeight;
+        begin = end + 1;
+    }
+    return size;
+}
+
+RECT OuterRect(const RECT& client, DWORD style, DWORD extendedStyle, bool menu, int dpi) {
+    RECT outer = client;
+    using ForDpi = BOOL(WINAPI*)(LPRECT, DWORD, BOOL, DWORD, UINT);
+    static const auto forDpi = UserFunction<ForDpi>("AdjustWindowRectExForDpi");
+    if (!forDpi || !forDpi(&outer, style, menu, extendedStyle, static_cast<UINT>(dpi))) {
+        AdjustWindowRectEx(&outer, style, menu, extendedStyle);
+    }
+    return outer;
+}
+
+}  // namespace zv::forms::win32

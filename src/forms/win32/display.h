@@ -1,0 +1,50 @@
+// The display's resolution and the system's font.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "forms/geometry.h"
+#include "forms/win32/handles.h"
+
+namespace zv::forms::win32 {
+
+/// Between logical units (1/96 inch) and pixels. Whole units survive the way to pixels and back.
+class Scale {
+ public:
+    explicit Scale(int dpi = USER_DEFAULT_SCREEN_DPI) : dpi_(dpi) {}
+    int Dpi() const { return dpi_; }
+    int ToPixels(int units) const { return MulDiv(units, dpi_, USER_DEFAULT_SCREEN_DPI); }
+    int ToUnits(int pixels) const { return MulDiv(pixels, USER_DEFAULT_SCREEN_DPI, dpi_); }
+    int ToTwips(int pixels) const { return MulDiv(pixels, kTwipsPerInch, dpi_); }
+    int FromTwips(int twips) const { return MulDiv(twips, dpi_, kTwipsPerInch); }
+    /// Edges are scaled, not widths, so that controls that touch still do.
+    RECT ToPixels(const Rect& rect) const {
+        return {ToPixels(rect.left), ToPixels(rect.top), ToPixels(rect.Right()),
+                ToPixels(rect.Bottom())};
+    }
+    Rect ToUnits(const RECT& rect) const {
+        return {ToUnits(rect.left), ToUnits(rect.top), ToUnits(rect.right - rect.left),
+                ToUnits(rect.bottom - rect.top)};
+    }
+
+ private:
+    static constexpr int kTwipsPerInch = 1440;
+    int dpi_;
+};
+
+int SystemDpi();
+int DpiOf(HWND window);
+
+/// The font of the system's messages at a resolution. Where that has no Chinese characters of both
+/// scripts and the system has a user-interface font with them, it is that one in the same size.
+Font CreateUiFont(int dpi);
+
+/// Lines are broken at line feeds; in pixels.
+SIZE MeasureText(HFONT font, std::string_view text);
+
+/// Frame around a client area, with the menu bar where there is one.
+RECT OuterRect(const RECT& client, DWORD style, DWORD extendedStyle, bool menu, int dpi);
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,475 @@
+#include "forms/win32/form_window.h"
+
+#include <algorithm>
+
+#include "base/errors.h"
+#include "forms/timer.h"
+#include "forms/win32/common_controls.h"
+#include "forms/win32/control_factory.h"
+#include "forms/win32/panel_peers.h"
+#include "forms/win32/wide_text.h"
+#include "forms/win32/win32_backend.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+constexpr wchar_t kClassName[] = L"zv.Form";
+constexpr wchar_t kNameProperty[] = L"zv.Name";
+constexpr UINT kKeyMessage = WM_APP + 1;
+constexpr UINT kMenuMessage = WM_APP + 2;
+
+std::weak_ptr<WindowClass> sharedClass;
+
+}  // namespace
+
+FormWindow::FormWindow(Win32Backend& backend, Form& form)
+    : backend_(backend), form_(form), windows_(form.Windows()), menu_(form) {
+    backend_.Add(*this);
+}
+
+FormWindow::~FormWindow() {
+    backend_.Remove(*this);
+}
+
+HINSTANCE FormWindow::Module() const {
+    return backend_.Module();
+}
+
+DWORD FormWindow::Style() const {
+    if (form_.Sizable()) return WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+    return WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+}
+
+DWORD FormWindow::ExtendedStyle() const {
+    return WS_EX_CONTROLPARENT | (form_.Sizable() ? 0 : WS_EX_DLGMODALFRAME);
+}
+
+void FormWindow::Build() {
+    const ManifestInForce manifest(backend_.Controls().Manifest());
+    class_ = WindowClass::Get(Module(), kClassName, &FormWindow::Procedure, sharedClass);
+    scale_ = Scale(SystemDpi());
+    placing_++;
+    handle_.reset(CreateWindowExW(ExtendedStyle(), kClassName, ToWide(form_.Caption()).c_str(),
+                                  Style(), scale_.ToPixels(form_.Bounds().left),
+                                  scale_.ToPixels(form_.Bounds().top), 100, 100, nullptr, nullptr,
+                                  Module(), nullptr));
+    if (!handle_) throw RuntimeError(ErrorNumber::InternalError, "No native window");
+    SetWindowLongPtrW(Handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetPropW(Handle(), kNameProperty,
+             reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(
+                 GlobalAddAtomW(ToWide(form_.Name()).c_str()))));
+    scale_ = Scale(DpiOf(Handle()));
+    font_ = CreateUiFont(scale_.Dpi());
+    menu_.ShowBar(Handle());
+    PlaceByClient();
+    int id = 0;
+    for (Control* control : form_.Controls()) Build(*control, ++id);
+    SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
+    placing_--;
+    TellPlace();
+}
+
+void FormWindow::Build(Control& control, int id) {
+    const NativeControl* container = control.Parent() ? Find(*control.Parent()) : nullptr;
+    const HWND parent = container ? container->ContainerHandle() : Handle();
+    if (std::shared_ptr<NativeControl> native = MakeNative(*this, control)) {
+        controls_.push_back(native);
+        native->Create(parent, id);
+    }
+}
+
+void FormWindow::Close() {
+    gone_ = true;
+    for (const auto& control : controls_) control->Abandon();
+    EndModal();
+    if (depth_ == 0)
+        Destroy();
+    else
+        ShowWindow(Handle(), SW_HIDE);
+}
+
+void FormWindow::Destroy() {
+    if (!handle_) return;
+    depth_++;  // the messages of dying windows must not come here again
+    const HANDLE name = RemovePropW(Handle(), kNameProperty);
+    GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));
+    handle_.reset();
+    depth_--;
+}
+
+FormWindow* FormWindow::Owning(HWND window) {
+    const std::shared_ptr<WindowClass> ours = sharedClass.lock();
+    const HWND root = ours && window ? GetAncestor(window, GA_ROOT) : nullptr;
+    if (!root || GetClassLongPtrW(root, GCW_ATOM) != ours->Id()) return nullptr;
+    return reinterpret_cast<FormWindow*>(GetWindowLongPtrW(root, GWLP_USERDATA));
+}
+
+NativeControl* FormWindow::Find(HWND window) const {
+    const auto at = byHandle_.find(window);
+    return at == byHandle_.end() ? nullptr : at->second;
+}
+
+NativeControl* FormWindow::Find(const Control& control) const {
+    const auto at = std::find_if(controls_.begin(), controls_.end(), [&](const auto& candidate) {
+        return &candidate->Logical() == &control;
+    });
+    return at == controls_.end() ? nullptr : at->get();
+}
+
+LRESULT FormWindow::AtBoundary(const std::function<LRESULT()>& body) noexcept {
+    LRESULT result = 0;
+    try {
+        const std::shared_ptr<FormWindow> alive = shared_from_this();
+        depth_++;
+        try {
+            windows_.FromUser([&] { result = body(); });
+        } catch (...) {
+            // Even telling the user has failed; the program that holds these windows goes on.
+            OutputDebugStringW(L"An error could not be shown.\n");
+        }
+        if (--depth_ == 0 && gone_) Destroy();
+    } catch (...) {
+        OutputDebugStringW(L"A window could not be destroyed.\n");
+    }
+    return result;
+}
+
+LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
+                                       LPARAM lParam) noexcept {
+    auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!self || self->gone_) return DefWindowProcW(window, message, wParam, lParam);
+    return self->AtBoundary([&] { return self->Handle(message, wParam, lParam); });
+}
+
+LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (gone_) return DefWindowProcW(Handle(), message, wParam, lParam);
+    switch (message) {
+        case WM_CLOSE:
+            if (IsWindowEnabled(Handle())) form_.UserClose();
+            return 0;
+        case WM_SIZE:
+            if (wParam == SIZE_MINIMIZED) {
+                form_.UserChangedState(WindowState::Minimised);
+                return 0;
+            }
+            form_.UserChangedState(wParam == SIZE_MAXIMIZED ? WindowState::Maximised
+                                                            : WindowState::Normal);
+            TellPlace();
+            return 0;
+        case WM_MOVE:
+            TellPlace();
+            return 0;
+        case WM_GETMINMAXINFO:
+            OnMinimumSize(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        case WM_ACTIVATE:
+            return OnActivate(wParam, lParam);
+        case WM_SETFOCUS:
+            RestoreFocus();
+            return 0;
+        case WM_COMMAND:
+            if (lParam == 0) {
+                OnCommand(wParam);
+                return 0;
+            }
+            break;
+        case WM_TIMER:
+            OnTimer(wParam);
+            return 0;
+        case WM_ENTERMENULOOP:
+            inMenu_ = true;
+            break;
+        case WM_EXITMENULOOP:
+            inMenu_ = false;
+            break;
+        case WM_ENTERSIZEMOVE:
+            beingMoved_ = true;
+            break;
+        case WM_EXITSIZEMOVE:
+            beingMoved_ = false;
+            break;
+        case WM_ENTERIDLE:
+            if (wParam == MSGF_MENU && backend_.onMenuIdle) backend_.onMenuIdle();
+            return 0;
+        case WM_DPICHANGED:
+            OnResolution(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            return 0;
+        case WM_SETTINGCHANGE:
+        case WM_THEMECHANGED:
+        case WM_SYSCOLORCHANGE:
+            OnSystemChanged();
+            break;
+        case kKeyMessage:
+            if (const auto at = deferred_.find(wParam); at != deferred_.end()) {
+                const MSG key = at->second;
+                deferred_.erase(deferred_.begin(), std::next(at));
+                HandleKey(key);
+            }
+            return 0;
+        case kMenuMessage:
+            menuChanged_ = false;
+            menu_.ShowBar(Handle());
+            return 0;
+        default:
+            break;
+    }
+    if (const auto result = FromChild(message, wParam, lParam)) return *result;
+    return DefWindowProcW(Handle(), message, wParam, lParam);
+}
+
+std::optional<LRESULT> FormWindow::FromChild(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            if (NativeControl* control = Find(reinterpret_cast<HWND>(lParam))) {
+                if (!control->Gone()) control->OnCommand(HIWORD(wParam));
+                return 0;
+            }
+            return std::nullopt;
+        case WM_NOTIFY: {
+            auto& header = *reinterpret_cast<NMHDR*>(lParam);
+            NativeControl* control = Find(header.hwndFrom);
+            if (!control || control->Gone()) return std::nullopt;
+            return control->OnNotify(header);
+        }
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLORBTN:
+            return reinterpret_cast<LRESULT>(
+                ColorOf(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
+        default:
+            return std::nullopt;
+    }
+}
+
+HBRUSH FormWindow::ColorOf(HDC dc, HWND child) const {
+    const NativeControl* control = Find(child);
+    const bool entry = control && (control->Logical().Kind() == ControlKind::TextBox ||
+                                   control->Logical().Kind() == ControlKind::ComboBox);
+    if (entry) {
+        SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+        SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
+        return GetSysColorBrush(COLOR_BTNFACE);
+    }
+    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+    SetBkMode(dc, TRANSPARENT);
+    return BackgroundOf(*this, dc, child);
+}
+
+void FormWindow::OnCommand(WPARAM wParam) {
+    MenuItem* item = menu_.Find(LOWORD(wParam));
+    if (item && item->CanChoose()) item->UserChosen();
+}
+
+LRESULT FormWindow::OnActivate(WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = DefWindowProcW(Handle(), WM_ACTIVATE, wParam, lParam);
+    const bool active = LOWORD(wParam) != WA_INACTIVE;
+    // Coming back from another program or from a message box is no activation.
+    if (active && !gone_ && !showing_ && form_.IsShown() && HIWORD(wParam) == 0 &&
+        FormWindow::Owning(reinterpret_cast<HWND>(lParam))) {
+        form_.UserActivated();
+    }
+    return result;
+}
+
+void FormWindow::OnMinimumSize(MINMAXINFO& info) const {
+    const Size least = form_.MinimumClientSize();
+    const RECT client{0, 0, scale_.ToPixels(least.width), scale_.ToPixels(least.height)};
+    const RECT outer =
+        OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, scale_.Dpi());
+    if (least.width > 0) info.ptMinTrackSize.x = outer.right - outer.left;
+    if (least.height > 0) info.ptMinTrackSize.y = outer.bottom - outer.top;
+}
+
+void FormWindow::OnResolution(int dpi, const RECT& suggested) {
+    scale_ = Scale(dpi);
+    Font former = std::exchange(font_, CreateUiFont(dpi));
+    for (const auto& control : controls_) control->ResolutionChanged();
+    SetWindowPos(Handle(), nullptr, suggested.left, suggested.top,
+                 suggested.right - suggested.left, suggested.bottom - suggested.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+// Fonts, colours and themes follow the system without a restart.
+void FormWindow::OnSystemChanged() {
+    Font former = std::exchange(font_, CreateUiFont(scale_.Dpi()));
+    for (const auto& control : controls_) control->ResolutionChanged();
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+Size FormWindow::ClientUnits() const {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    return {scale_.ToUnits(client.right), scale_.ToUnits(client.bottom)};
+}
+
+Rect FormWindow::OuterUnits() const {
+    RECT outer{};
+    GetWindowRect(Handle(), &outer);
+    return scale_.ToUnits(outer);
+}
+
+void FormWindow::TellPlace() {
+    if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
+    form_.UserResized(OuterUnits(), ClientUnits());
+}
+
+void FormWindow::PlaceByClient() {
+    const RECT client{0, 0, scale_.ToPixels(form_.ClientSize().width),
+                      scale_.ToPixels(form_.ClientSize().height)};
+    const RECT outer =
+        OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, scale_.Dpi());
+    SetWindowPos(Handle(), nullptr, scale_.ToPixels(form_.Bounds().left),
+                 scale_.ToPixels(form_.Bounds().top), outer.right - outer.left,
+                 outer.bottom - outer.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::BoundsChanged() {
+    if (gone_) return;
+    placing_++;
+    if (form_.ClientSize() != ClientUnits()) {
+        PlaceByClient();
+    } else {
+        const RECT outer = scale_.ToPixels(form_.Bounds());
+        SetWindowPos(Handle(), nullptr, outer.left, outer.top, outer.right - outer.left,
+                     outer.bottom - outer.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    placing_--;
+    TellPlace();
+}
+
+void FormWindow::CaptionChanged() {
+    SetWindowTextW(Handle(), ToWide(form_.Caption()).c_str());
+}
+
+void FormWindow::WindowStateChanged() {
+    if (gone_ || !form_.IsShown()) return;
+    switch (form_.State()) {
+        case WindowState::Minimised:
+            ShowWindow(Handle(), SW_MINIMIZE);
+            break;
+        case WindowState::Maximised:
+            ShowWindow(Handle(), SW_MAXIMIZE);
+            break;
+        case WindowState::Normal:
+            ShowWindow(Handle(), SW_RESTORE);
+            break;
+    }
+}
+
+void FormWindow::MenuChanged() {
+    // Many items change together.
+    if (gone_ || std::exchange(menuChanged_, true)) return;
+    PostMessageW(Handle(), kMenuMessage, 0, 0);
+}
+
+void FormWindow::PopupMenu(MenuItem& menu, int x, int y) {
+    const ManifestInForce manifest(backend_.Controls().Manifest());
+    const Menu native = menu_.CreatePopup(menu);
+    POINT at{scale_.ToPixels(x), scale_.ToPixels(y)};
+    ClientToScreen(Handle(), &at);
+    SetForegroundWindow(Handle());
+    const UINT id = static_cast<UINT>(TrackPopupMenuEx(native.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON,
+                                                       at.x, at.y, Handle(), nullptr));
+    if (gone_) return;
+    PostMessageW(Handle(), WM_NULL, 0, 0);
+    MenuItem* chosen = id ? menu_.Find(id) : nullptr;
+    if (chosen && chosen->CanChoose()) chosen->UserChosen();
+}
+
+void FormWindow::Show() {
+    if (gone_) return;
+    showing_ = true;
+    if (!IsWindowVisible(Handle())) {
+        formerActive_ = GetActiveWindow();
+        formerFocus_ = GetFocus();
+        if (form_.IsModal()) BeginModal();
+        int how = SW_SHOWNORMAL;
+        if (form_.State() == WindowState::Maximised) how = SW_SHOWMAXIMIZED;
+        if (form_.State() == WindowState::Minimised) how = SW_SHOWMINIMIZED;
+        ShowWindow(Handle(), how);
+    } else if (IsIconic(Handle())) {
+        ShowWindow(Handle(), SW_RESTORE);
+    }
+    SetForegroundWindow(Handle());
+    showing_ = false;
+}
+
+void FormWindow::Hide() {
+    if (!handle_) return;
+    const bool wasActive = GetActiveWindow() == Handle();
+    // First the others are enabled, or the system would bring another program to the front.
+    EndModal();
+    ShowWindow(Handle(), SW_HIDE);
+    if (wasActive && IsWindow(formerActive_) && IsWindowVisible(formerActive_)) {
+        SetActiveWindow(formerActive_);
+        if (IsWindow(formerFocus_)) SetFocus(formerFocus_);
+    }
+    formerActive_ = nullptr;
+    formerFocus_ = nullptr;
+}
+
+void FormWindow::BeginModal() {
+    // Owned by the window that it blocks, it always stands above it.
+    const HWND blocked = formerActive_ ? GetAncestor(formerActive_, GA_ROOT) : nullptr;
+    if (blocked) {
+        SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(blocked));
+    }
+    modal_ = std::make_unique<OtherWindowsDisabled>(Handle());
+}
+
+void FormWindow::EndModal() {
+    if (!modal_) return;
+    modal_.reset();
+    SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, 0);
+}
+
+void FormWindow::GiveFocus(NativeControl& control) {
+    // Another window's focus is not taken; WM_ACTIVATE brings it here in time.
+    if (gone_ || GetActiveWindow() != Handle()) return;
+    givingFocus_++;
+    ::SetFocus(control.FocusHandle());
+    givingFocus_--;
+}
+
+void FormWindow::FocusArrived(NativeControl& control) {
+    if (gone_ || givingFocus_ > 0 || control.Logical().HasFocus()) return;
+    if (control.Logical().CanFocus() && form_.UserFocused(control.Logical())) return;
+    if (!gone_) RestoreFocus();
+}
+
+void FormWindow::RestoreFocus() {
+    const Control* active = form_.ActiveControl();
+    NativeControl* native = active ? Find(*active) : nullptr;
+    if (native) GiveFocus(*native);
+}
+
+UINT_PTR FormWindow::TimerId(const Control& timer) const {
+    const auto& controls = form_.Controls();
+    return static_cast<UINT_PTR>(std::find(controls.begin(), controls.end(), &timer) -
+                                 controls.begin()) +
+           1;
+}
+
+void FormWindow::SetTimer(const Control& timer, int interval) {
+    if (!gone_) ::SetTimer(Handle(), TimerId(timer), static_cast<UINT>(interval), nullptr);
+}
+
+void FormWindow::StopTimer(const Control& timer) {
+    if (!gone_) KillTimer(Handle(), TimerId(timer));
+}
+
+void FormWindow::OnTimer(WPARAM id) {
+    const auto& controls = form_.Controls();
+    if (id < 1 || id > controls.size()) return;
+    if (auto* timer = dynamic_cast<Timer*>(controls[id - 1])) timer->UserTick();
+}
+
+void FormWindow::Defer(MSG& message) {
+    deferred_[++lastDeferred_] = message;
+    message.hwnd = Handle();
+    message.message = kKeyMessage;
+    message.wParam = lastDeferred_;
+    message.lParam = 0;
+}
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,135 @@
+// The native window of a form.
+//
+// A handler may unload the form whose message it answers: the window is hidden then, and destroyed
+// when no message to it or to its controls is on the stack.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "forms/form.h"
+#include "forms/win32/display.h"
+#include "forms/win32/form_menu.h"
+#include "forms/win32/handles.h"
+#include "forms/win32/native_control.h"
+#include "forms/win32/thread_windows.h"
+#include "forms/win32/window_class.h"
+
+namespace zv::forms::win32 {
+
+class Win32Backend;
+
+class FormWindow : public std::enable_shared_from_this<FormWindow> {
+ public:
+    FormWindow(Win32Backend& backend, Form& form);
+    ~FormWindow();
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
+
+    /// Makes the native window and those of all controls.
+    void Build();
+    /// The form has let go: the native windows die now, or when their messages are done.
+    void Close();
+
+    void Show();
+    void Hide();
+    void CaptionChanged();
+    void BoundsChanged();
+    void WindowStateChanged();
+    void MenuChanged();
+    void PopupMenu(MenuItem& menu, int x, int y);
+
+    HWND Handle() const { return handle_.get(); }
+    Form& Logical() const { return form_; }
+    Win32Backend& Backend() const { return backend_; }
+    HINSTANCE Module() const;
+    const Scale& GetScale() const { return scale_; }
+    HFONT UiFont() const { return font_.get(); }
+    const FormMenu& Menus() const { return menu_; }
+    bool Gone() const { return gone_; }
+
+    /// The window of ours that `window` is or lies in; null for a stranger.
+    static FormWindow* Owning(HWND window);
+
+    void Register(HWND window, NativeControl& control) { byHandle_[window] = &control; }
+    void Unregister(HWND window) { byHandle_.erase(window); }
+    /// The control whose native window, or part of it, `window` is.
+    NativeControl* Find(HWND window) const;
+    NativeControl* Find(const Control& control) const;
+
+    /// Runs the handling of one message. Nothing thrown leaves it: the user is told.
+    LRESULT AtBoundary(const std::function<LRESULT()>& body) noexcept;
+    /// What windows tell their parent, be that this one or a container in it.
+    std::optional<LRESULT> FromChild(UINT message, WPARAM wParam, LPARAM lParam);
+
+    void GiveFocus(NativeControl& control);
+    void FocusArrived(NativeControl& control);
+    void SetComposing(bool composing) { composing_ = composing; }
+    bool Composing() const { return composing_; }
+
+    /// Whether a key message of this window is to be handled by HandleKey.
+    bool TakesKeys() const { return !gone_ && !inMenu_ && !beingMoved_; }
+    /// Keeps a key message until the message loop hands over what it becomes.
+    void Defer(MSG& message);
+    void HandleKey(const MSG& message);
+
+    void SetTimer(const Control& timer, int interval);
+    void StopTimer(const Control& timer);
+    UINT_PTR TimerId(const Control& timer) const;
+
+ private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept;
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT OnActivate(WPARAM wParam, LPARAM lParam);
+    void OnCommand(WPARAM wParam);
+    void OnMinimumSize(MINMAXINFO& info) const;
+    void OnResolution(int dpi, const RECT& suggested);
+    void OnSystemChanged();
+    void OnTimer(WPARAM id);
+    void Build(Control& control, int id);
+    void PlaceByClient();
+    void TellPlace();
+    void RestoreFocus();
+    void BeginModal();
+    void EndModal();
+    void Destroy();
+    HBRUSH ColorOf(HDC dc, HWND child) const;
+    Size ClientUnits() const;
+    Rect OuterUnits() const;
+    DWORD Style() const;
+    DWORD ExtendedStyle() const;
+
+    Win32Backend& backend_;
+    Form& form_;
+    WindowSystem& windows_;
+    std::shared_ptr<WindowClass> class_;
+    Scale scale_;
+    Font font_;
+    FormMenu menu_;
+    std::vector<std::shared_ptr<NativeControl>> controls_;
+    std::unordered_map<HWND, NativeControl*> byHandle_;
+    Window handle_;
+    std::unique_ptr<OtherWindowsDisabled> modal_;
+    HWND formerActive_ = nullptr;  ///< what had the focus before this window was shown
+    HWND formerFocus_ = nullptr;
+    std::map<WPARAM, MSG> deferred_;
+    WPARAM lastDeferred_ = 0;
+    int depth_ = 0;
+    int givingFocus_ = 0;
+    int placing_ = 0;
+    bool showing_ = false;
+    bool gone_ = false;
+    bool composing_ = false;
+    bool inMenu_ = false;
+    bool beingMoved_ = false;
+    bool menuChanged_ = false;
+};
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vector>
+
+#include "forms/grid.h"
+#include "forms/win32/native_control.h"
+
+namespace zv::forms::win32 {
+
+/// A list view that keeps no texts: it asks for those it paints.
+class NativeGrid : public NativeControl {
+ public:
+    using NativeControl::NativeControl;
+    void Create(HWND parent, int id) override;
+    LRESULT OnNotify(NMHDR& header) override;
+    void ResolutionChanged() override;
+    /// The native position of a column, -1 for a hidden one.
+    int NativeColumn(int column) const;
+
+ protected:
+    void Mirror(Aspect aspect) override;
+
+ private:
+    Grid& Rows() const { return static_cast<Grid&>(Logical()); }
+    bool ShowsColumns() const;
+    void ShowColumns();
+    void ShowRows();
+    void TellText(LVITEMW& item);
+
+    std::vector<Grid::Column> shownColumns_;
+    std::vector<int> columns_;  ///< the grid's column behind each native one
+    std::wstring text_;         ///< of the cell asked for last
+};
+
+}  // namespace zv::forms::win32

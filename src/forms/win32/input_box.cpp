@@ -1,0 +1,107 @@
+#include "forms/win32/input_box.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "forms/win32/wide_text.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+// A dialog template without controls, which are added when the resolution is known.
+struct EmptyTemplate {
+    DLGTEMPLATE header;
+    WORD menu;
+    WORD windowClass;
+    WORD title;
+};
+
+constexpr int kWidth = 360;
+constexpr int kMargin = 12;
+constexpr int kButtonWidth = 84;
+constexpr int kRow = 26;
+
+}  // namespace
+
+InputBox::InputBox(HINSTANCE module, std::wstring title, std::wstring prompt, bool secret)
+    : module_(module), title_(std::move(title)), prompt_(std::move(prompt)), secret_(secret) {}
+
+std::optional<std::wstring> InputBox::Show(HWND owner) {
+    EmptyTemplate empty{};
+    empty.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    const INT_PTR answer = DialogBoxIndirectParamW(
+        module_, &empty.header, owner, &InputBox::Procedure, reinterpret_cast<LPARAM>(this));
+    if (answer != IDOK) return {};
+    return text_;
+}
+
+void InputBox::Add(HWND dialog, const wchar_t* windowClass, const std::wstring& text, DWORD style,
+                   DWORD extendedStyle, int id, const Rect& place) {
+    const RECT at = scale_.ToPixels(place);
+    const HWND window = CreateWindowExW(
+        extendedStyle, windowClass, text.c_str(), style | WS_CHILD | WS_VISIBLE, at.left, at.top,
+        at.right - at.left, at.bottom - at.top, dialog,
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), module_, nullptr);
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+}
+
+void InputBox::Build(HWND dialog) {
+    scale_ = Scale(DpiOf(dialog));
+    font_ = CreateUiFont(scale_.Dpi());
+    SetWindowTextW(dialog, title_.c_str());
+    const SIZE size = MeasureText(font_.get(), FromWide(prompt_));
+    const int inner = kWidth - 2 * kMargin;
+    const int lines = 1 + scale_.ToUnits(static_cast<int>(size.cx)) / inner;
+    const int promptHeight = std::max(20, scale_.ToUnits(static_cast<int>(size.cy)) * lines + 4);
+    int top = kMargin;
+    Add(dialog, WC_STATICW, prompt_, SS_LEFT, 0, -1, {kMargin, top, inner, promptHeight});
+    top += promptHeight + 4;
+    Add(dialog, WC_EDITW, {}, WS_TABSTOP | ES_AUTOHSCROLL | (secret_ ? ES_PASSWORD : 0),
+        WS_EX_CLIENTEDGE, kEntryId, {kMargin, top, inner, kRow});
+    top += kRow + kMargin;
+    const int right = kWidth - kMargin;
+    Add(dialog, WC_BUTTONW, okCaption, WS_TABSTOP | BS_DEFPUSHBUTTON, 0, IDOK,
+        {right - 2 * kButtonWidth - 8, top, kButtonWidth, kRow});
+    Add(dialog, WC_BUTTONW, cancelCaption, WS_TABSTOP | BS_PUSHBUTTON, 0, IDCANCEL,
+        {right - kButtonWidth, top, kButtonWidth, kRow});
+    top += kRow + kMargin;
+
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(dialog, GWL_STYLE));
+    const auto extended = static_cast<DWORD>(GetWindowLongPtrW(dialog, GWL_EXSTYLE));
+    const RECT outer = OuterRect({0, 0, scale_.ToPixels(kWidth), scale_.ToPixels(top)}, style,
+                                 extended, false, scale_.Dpi());
+    RECT area{};
+    const HWND owner = GetWindow(dialog, GW_OWNER);
+    if (!owner || !GetWindowRect(owner, &area)) SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    const LONG width = outer.right - outer.left;
+    const LONG height = outer.bottom - outer.top;
+    SetWindowPos(dialog, nullptr, static_cast<int>((area.left + area.right - width) / 2),
+                 static_cast<int>((area.top + area.bottom - height) / 2), static_cast<int>(width),
+                 static_cast<int>(height), SWP_NOZORDER);
+    SetFocus(GetDlgItem(dialog, kEntryId));
+}
+
+INT_PTR CALLBACK InputBox::Procedure(HWND dialog, UINT message, WPARAM wParam,
+                                     LPARAM lParam) noexcept {
+    auto* self = reinterpret_cast<InputBox*>(GetWindowLongPtrW(dialog, GWLP_USERDATA));
+    try {
+        if (message == WM_INITDIALOG) {
+            SetWindowLongPtrW(dialog, GWLP_USERDATA, lParam);
+            reinterpret_cast<InputBox*>(lParam)->Build(dialog);
+            return FALSE;  // the focus has been set
+        }
+        if (message != WM_COMMAND || !self) return FALSE;
+        if (LOWORD(wParam) == IDOK) self->text_ = ToWide(WindowText(GetDlgItem(dialog, kEntryId)));
+        if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) {
+            EndDialog(dialog, LOWORD(wParam));
+            return TRUE;
+        }
+    } catch (...) {
+        EndDialog(dialog, IDCANCEL);
+        return TRUE;
+    }
+    return FALSE;
+}
+
+}  // namespace zv::forms::win32

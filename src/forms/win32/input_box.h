@@ -1,0 +1,43 @@
+// A prompt, a line to type in, and two buttons.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+#include "forms/win32/display.h"
+#include "forms/win32/handles.h"
+
+namespace zv::forms::win32 {
+
+class InputBox {
+ public:
+    InputBox(HINSTANCE module, std::wstring title, std::wstring prompt, bool secret);
+
+    std::wstring okCaption = L"OK";
+    std::wstring cancelCaption = L"Cancel";
+
+    /// The text, or nothing when the user does not want to give one.
+    std::optional<std::wstring> Show(HWND owner);
+
+    /// Id of the line to type in, for tests and macro tools.
+    static constexpr int kEntryId = 100;
+
+ private:
+    static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept;
+    void Build(HWND dialog);
+    void Add(HWND dialog, const wchar_t* windowClass, const std::wstring& text, DWORD style,
+             DWORD extendedStyle, int id, const Rect& place);
+
+    HINSTANCE module_;
+    std::wstring title_;
+    std::wstring prompt_;
+    bool secret_;
+    Scale scale_;
+    Font font_;
+    std::wstring text_;
+};
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,192 @@
+#include "forms/win32/native_control.h"
+
+#include "base/errors.h"
+#include "forms/driver_checks.h"
+#include "forms/form.h"
+#include "forms/win32/accessibility.h"
+#include "forms/win32/form_window.h"
+#include "forms/win32/wide_text.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+constexpr UINT_PTR kSubclass = 1;
+// Read by macro tools and tests in other processes, so it is an atom and not a pointer.
+constexpr wchar_t kNameProperty[] = L"zv.Name";
+
+}  // namespace
+
+NativeControl::NativeControl(FormWindow& window, Control& control)
+    : window_(window), control_(control) {}
+
+NativeControl::~NativeControl() = default;
+
+void NativeControl::CreateNative(HWND parent, int id, const wchar_t* windowClass, DWORD style,
+                                 DWORD extendedStyle, const std::wstring& text) {
+    const RECT bounds = GetScale().ToPixels(control_.Bounds());
+    if (ShownByItself()) style |= WS_VISIBLE;
+    if (!control_.Enabled()) style |= WS_DISABLED;
+    handle_.reset(CreateWindowExW(extendedStyle, windowClass, text.c_str(), style | WS_CHILD,
+                                  bounds.left, bounds.top, bounds.right - bounds.left,
+                                  bounds.bottom - bounds.top, parent,
+                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                  window_.Module(), nullptr));
+    if (!handle_) {
+        throw RuntimeError(ErrorNumber::InternalError,
+                           "No native window for " + DisplayName(control_));
+    }
+    original_ = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(Handle(), GWLP_WNDPROC));
+    Watch(Handle());
+    Send(WM_SETFONT, reinterpret_cast<WPARAM>(window_.UiFont()), FALSE);
+    name_.reset(GlobalAddAtomW(ToWide(DisplayName(control_)).c_str()));
+    SetPropW(Handle(), kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name_.get())));
+    SetAccessibleName();
+}
+
+void NativeControl::Watch(HWND part) {
+    window_.Register(part, *this);
+    SetWindowSubclass(part, &NativeControl::Procedure, kSubclass,
+                      reinterpret_cast<DWORD_PTR>(this));
+}
+
+const Scale& NativeControl::GetScale() const {
+    return window_.GetScale();
+}
+
+void NativeControl::Changed(Aspect aspect) {
+    if (gone_ || !handle_) return;
+    const Quiet quiet(*this);
+    switch (aspect) {
+        case Aspect::Bounds:
+            ApplyBounds();
+            break;
+        case Aspect::Visible:
+            ShowWindow(Handle(), ShownByItself() ? SW_SHOWNA : SW_HIDE);
+            break;
+        case Aspect::Enabled:
+            EnableWindow(Handle(), control_.Enabled());
+            break;
+        case Aspect::ZOrder:
+            SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+            break;
+        case Aspect::Caption:
+            SetAccessibleName();
+            Mirror(aspect);
+            break;
+        default:
+            Mirror(aspect);
+            break;
+    }
+}
+
+bool NativeControl::ShownByItself() const {
+    return control_.OwnVisible();
+}
+
+void NativeControl::ApplyBounds() {
+    const RECT bounds = GetScale().ToPixels(control_.Bounds());
+    SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void NativeControl::ResolutionChanged() {
+    Send(WM_SETFONT, reinterpret_cast<WPARAM>(window_.UiFont()), FALSE);
+    ApplyBounds();
+}
+
+void NativeControl::TakeFocus() {
+    if (gone_ || !handle_) return;
+    const Quiet quiet(*this);
+    window_.GiveFocus(*this);
+}
+
+void NativeControl::SetAccessibleName() {
+    if (!control_.AccessibleName().empty()) {
+        NameForScreenReaders(Handle(), ToWide(control_.AccessibleName()));
+    }
+}
+
+LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                          UINT_PTR, DWORD_PTR data) noexcept {
+    auto* self = reinterpret_cast<NativeControl*>(data);
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, &NativeControl::Procedure, kSubclass);
+        self->window_.Unregister(window);
+        if (window == self->Handle()) {
+            RemovePropW(window, kNameProperty);
+            static_cast<void>(self->handle_.release());
+        }
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+    if (self->window_.Gone()) return DefSubclassProc(window, message, wParam, lParam);
+    return self->window_.AtBoundary(
+        [&] { return self->Handle(window, message, wParam, lParam); });
+}
+
+LRESULT NativeControl::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (gone_) return DefSubclassProc(window, message, wParam, lParam);
+    switch (message) {
+        case WM_SETFOCUS: {
+            LRESULT result = 0;
+            {
+                // A native option button takes the focus for a click.
+                const Quiet quiet(*this);
+                result = DefSubclassProc(window, message, wParam, lParam);
+            }
+            if (!gone_) window_.FocusArrived(*this);
+            return result;
+        }
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+        case WM_RBUTTONDOWN:
+            if (!PressMovesFocus(message)) return 0;
+            break;
+        case WM_MOUSEMOVE:
+            TellMouse(message, lParam);
+            break;
+        case WM_IME_STARTCOMPOSITION:
+            window_.SetComposing(true);
+            break;
+        case WM_IME_ENDCOMPOSITION:
+            window_.SetComposing(false);
+            break;
+        default:
+            break;
+    }
+    if (gone_) return DefSubclassProc(window, message, wParam, lParam);
+    const HWND former = std::exchange(target_, window);
+    const std::optional<LRESULT> result = OnMessage(message, wParam, lParam);
+    target_ = former;
+    if (message == WM_RBUTTONDOWN) TellMouse(message, lParam);
+    return result ? *result : DefSubclassProc(window, message, wParam, lParam);
+}
+
+std::optional<LRESULT> NativeControl::OnMessage(UINT, WPARAM, LPARAM) {
+    return std::nullopt;
+}
+
+// The field being left is validated before the press does anything.
+bool NativeControl::PressMovesFocus(UINT message) {
+    if (message == WM_RBUTTONDOWN && control_.Kind() == ControlKind::CommandButton) return true;
+    if (!control_.CanFocus() || control_.HasFocus()) return true;
+    const bool moved = control_.Owner().UserFocused(control_);
+    return moved && !gone_;
+}
+
+MouseEvent NativeControl::MouseAt(MouseButton button, LPARAM lParam) const {
+    const Scale& scale = GetScale();
+    return {button, scale.ToTwips(static_cast<short>(LOWORD(lParam))),
+            scale.ToTwips(static_cast<short>(HIWORD(lParam)))};
+}
+
+void NativeControl::TellMouse(UINT message, LPARAM lParam) {
+    if (gone_) return;
+    if (message == WM_MOUSEMOVE) {
+        if (control_.onMouseMove) control_.UserMouseMove(MouseAt(MouseButton::None, lParam));
+    } else if (control_.Kind() != ControlKind::TreeView) {
+        // A tree tells the press together with the node under it.
+        if (control_.onMouseDown) control_.UserMouseDown(MouseAt(MouseButton::Right, lParam));
+    }
+}
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,74 @@
+#include "forms/win32/text_box_peer.h"
+
+#include <imm.h>
+
+#include "forms/win32/wide_text.h"
+
+namespace zv::forms::win32 {
+
+void NativeTextBox::Create(HWND parent, int id) {
+    DWORD style = WS_TABSTOP;
+    style |= Box().MultiLine() ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL
+                               : ES_AUTOHSCROLL;
+    if (Box().Locked()) style |= ES_READONLY;
+    CreateNative(parent, id, WC_EDITW, style, WS_EX_CLIENTEDGE);
+    // Digits need no input method, and would be held back by one.
+    if (Box().NumericKeyboard()) ImmAssociateContext(Handle(), nullptr);
+    const Quiet quiet(*this);
+    Mirror(Aspect::MaxLength);
+    ShowText();
+    Mirror(Aspect::Selection);
+}
+
+void NativeTextBox::ShowText() {
+    if (WindowText(Handle()) != Box().Text()) {
+        SetWindowTextW(Handle(), ToWide(Box().Text()).c_str());
+    }
+}
+
+void NativeTextBox::Mirror(Aspect aspect) {
+    switch (aspect) {
+        case Aspect::Text:
+            ShowText();
+            break;
+        case Aspect::Locked:
+            Send(EM_SETREADONLY, Box().Locked());
+            break;
+        case Aspect::MaxLength:
+            Send(EM_SETLIMITTEXT, static_cast<WPARAM>(Box().MaxLength()));
+            break;
+        case Aspect::Selection:
+            Send(EM_SETSEL, static_cast<WPARAM>(Box().SelStart()),
+                 static_cast<LPARAM>(Box().SelStart() + Box().SelLength()));
+            Send(EM_SCROLLCARET);
+            break;
+        default:
+            break;
+    }
+}
+
+void NativeTextBox::OnCommand(UINT code) {
+    if (code != EN_CHANGE || IsQuiet()) return;
+    TellSelection();
+    Box().UserText(WindowText(Handle()));
+}
+
+std::optional<LRESULT> NativeTextBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_KEYUP && message != WM_LBUTTONUP) return std::nullopt;
+    const LRESULT result = Native(message, wParam, lParam);
+    TellSelection();
+    return result;
+}
+
+void NativeTextBox::TellSelection() {
+    DWORD start = 0;
+    DWORD end = 0;
+    Send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    Box().UserSelection(static_cast<int>(start), static_cast<int>(end - start));
+}
+
+bool NativeTextBox::WantsKey(int code) const {
+    return Box().MultiLine() && code == key::kEnter;
+}
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,24 @@
+// The top-level windows of this thread while one of them stands in front of all others.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+namespace zv::forms::win32 {
+
+/// Disables every enabled window of the thread but one, the host's included, until it dies.
+class OtherWindowsDisabled {
+ public:
+    explicit OtherWindowsDisabled(HWND except);
+    ~OtherWindowsDisabled();
+    OtherWindowsDisabled(const OtherWindowsDisabled&) = delete;
+    OtherWindowsDisabled& operator=(const OtherWindowsDisabled&) = delete;
+
+ private:
+    static BOOL CALLBACK Visit(HWND window, LPARAM data);
+    HWND except_;
+    std::vector<HWND> disabled_;
+};
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,415 @@
+#include "forms/win32/tree_peer.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "base/text.h"
+#include "forms/win32/common_controls.h"
+#include "forms/win32/form_window.h"
+#include "forms/win32/wide_text.h"
+#include "forms/win32/win32_backend.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+constexpr UINT kSynchronize = WM_APP + 10;
+constexpr int kImageSize = 16;
+/// Space between the rows besides text and image.
+constexpr int kRowGap = 4;
+// Four blanks that do not break: every font has them, and nobody types them.
+constexpr wchar_t kGap[] = L"\u00A0\u00A0\u00A0\u00A0";
+constexpr char kGapUtf8[] = "\u00A0\u00A0\u00A0\u00A0";
+/// The native tree finds the place behind a given item by walking; more than this many are put at
+/// the end instead.
+constexpr std::size_t kMostPlaced = 64;
+
+std::uint64_t Hash(std::string_view text) {
+    std::uint64_t hash = 0xCBF29CE484222325U;
+    for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
+    return hash;
+}
+
+LPARAM AsParam(const void* pointer) {
+    return reinterpret_cast<LPARAM>(pointer);
+}
+
+}  // namespace
+
+NativeTree::NativeTree(FormWindow& window, Control& control) : NativeControl(window, control) {}
+
+NativeTree::~NativeTree() {
+    Owner().Backend().Controls().Destroy(images_);
+}
+
+void NativeTree::ToDisplay(std::string_view text, std::wstring& display) {
+    ToWide(text, display);
+    for (std::size_t at = display.find(L'\t'); at != std::wstring::npos;
+         at = display.find(L'\t', at)) {
+        display.replace(at, 1, kGap);
+    }
+}
+
+std::string NativeTree::FromDisplay(const std::wstring& display) {
+    return text::Replace(FromWide(display), kGapUtf8, "\t");
+}
+
+void NativeTree::Create(HWND parent, int id) {
+    CreateNative(parent, id, WC_TREEVIEWW,
+                 WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+                 WS_EX_CLIENTEDGE);
+    Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
+    ShowImages();
+    Synchronize();
+}
+
+void NativeTree::ShowImages() {
+    const CommonControls& controls = Owner().Backend().Controls();
+    const int size = GetScale().ToPixels(kImageSize);
+    if (const ImageList* source = Tree().Images()) {
+        const HIMAGELIST former = std::exchange(images_, controls.CreateImageList(*source, size));
+        Send(TVM_SETIMAGELIST, TVSIL_NORMAL, AsParam(images_));
+        controls.Destroy(former);
+    }
+    const int row = std::max(size, static_cast<int>(MeasureText(Owner().UiFont(), "X").cy));
+    Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(row + GetScale().ToPixels(kRowGap)));
+}
+
+void NativeTree::ResolutionChanged() {
+    NativeControl::ResolutionChanged();
+    ShowImages();
+}
+
+int NativeTree::SlotOf(int node) const {
+    const auto at = static_cast<std::size_t>(node);
+    return node >= 0 && at < slotOfNode_.size() ? slotOfNode_[at] : kNone;
+}
+
+HTREEITEM NativeTree::ItemOf(int node) const {
+    const int slot = SlotOf(node);
+    return slot == kNone ? nullptr : At(slot).item;
+}
+
+int NativeTree::NodeOf(HTREEITEM item) const {
+    if (!item) return TreeView::kNone;
+    TVITEMW query{};
+    query.mask = TVIF_PARAM;
+    query.hItem = item;
+    if (!Direct(TVM_GETITEMW, 0, AsParam(&query))) return TreeView::kNone;
+    return At(static_cast<int>(query.lParam)).node;
+}
+
+void NativeTree::FillBegins() {
+    filling_ = true;
+}
+
+void NativeTree::FillEnds() {
+    filling_ = false;
+    if (stale_) Synchronize();
+}
+
+void NativeTree::Defer() {
+    if (!std::exchange(stale_, true) && !filling_) PostMessageW(Handle(), kSynchronize, 0, 0);
+}
+
+// Mostly the tree is filled again at once, so the items are kept until then.
+void NativeTree::NodesCleared() {
+    Defer();
+}
+
+void NativeTree::NodeAdded(int node) {
+    if (filling_ || stale_) {
+        Defer();
+        return;
+    }
+    const Quiet quiet(*this);
+    const int parent = SlotOf(Tree().Parent(node));
+    Insert(parent, kNone, node);
+    if (parent != kNone && Tree().Expanded(Tree().Parent(node))) Expand(parent, true);
+}
+
+void NativeTree::NodeRemoved(int node) {
+    if (filling_ || stale_) {
+        Defer();
+        return;
+    }
+    const Quiet quiet(*this);
+    Delete(SlotOf(node));
+}
+
+void NativeTree::NodeChanged(int node) {
+    if (filling_ || stale_) {
+        Defer();
+        return;
+    }
+    const Quiet quiet(*this);
+    const int slot = SlotOf(node);
+    Reuse(slot, node);
+    if (At(slot).first != kNone) Expand(slot, Tree().Expanded(node));
+}
+
+void NativeTree::Synchronize() {
+    stale_ = false;
+    if (Gone()) return;
+    const Quiet quiet(*this);
+    Send(WM_SETREDRAW, FALSE);
+    slotOfNode_.clear();
+    toExpand_.clear();
+    Direct(TVM_SELECTITEM, TVGN_CARET, 0);
+    SynchronizeChildren(kNone, TreeView::kNone);
+    for (const int slot : toExpand_) Expand(slot, Tree().Expanded(At(slot).node));
+    ShowSelection();
+    Send(WM_SETREDRAW, TRUE);
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+// Groups are the same when they have the same key; of single items it counts only what is seen.
+bool NativeTree::Matches(const Slot& slot, int node) const {
+    const TreeView& tree = Tree();
+    if (slot.first != kNone || tree.FirstChild(node) != TreeView::kNone) {
+        return slot.key == Hash(tree.Key(node));
+    }
+    return slot.image == tree.ImageIndex(node) && slot.text == Hash(tree.Text(node));
+}
+
+void NativeTree::SynchronizeChildren(int parent, int parentNode) {
+    const TreeView& tree = Tree();
+    const int firstNode =
+        parentNode == TreeView::kNone ? tree.FirstRoot() : tree.FirstChild(parentNode);
+    const int firstSlot = FirstOf(parent);
+    const auto match = [this](int slot, int node) {
+        Reuse(slot, node);
+        SynchronizeChildren(slot, node);
+        if (At(slot).expanded != Tree().Expanded(node)) toExpand_.push_back(slot);
+    };
+
+    int slot = firstSlot;
+    int node = firstNode;
+    while (slot != kNone && node != TreeView::kNone && Matches(At(slot), node)) {
+        match(slot, node);
+        slot = At(slot).next;
+        node = tree.NextSibling(node);
+    }
+    if (slot == kNone && node == TreeView::kNone) return;
+    std::vector<int> slots;
+    for (; slot != kNone; slot = At(slot).next) slots.push_back(slot);
+    std::vector<int> nodes;
+    for (; node != TreeView::kNone; node = tree.NextSibling(node)) nodes.push_back(node);
+
+    std::size_t tail = 0;
+    while (tail < slots.size() && tail < nodes.size() &&
+           Matches(At(slots[slots.size() - 1 - tail]), nodes[nodes.size() - 1 - tail])) {
+        tail++;
+    }
+    if (nodes.size() - tail > kMostPlaced) tail = 0;
+    for (std::size_t i = 0; i < tail; i++) {
+        match(slots[slots.size() - tail + i], nodes[nodes.size() - tail + i]);
+    }
+    if (nodes.size() - tail > kMostPlaced && parent != kNone) Expand(parent, false);
+    if (parent == kNone && slots.size() - tail > 0 && slots.front() == firstSlot && tail == 0) {
+        Direct(TVM_DELETEITEM, 0, AsParam(TVI_ROOT));
+        slots_.clear();
+        freeSlots_.clear();
+        firstRoot_ = lastRoot_ = kNone;
+    } else {
+        for (std::size_t i = slots.size() - tail; i > 0; i--) Delete(slots[i - 1]);
+    }
+    const int before = tail > 0 ? slots[slots.size() - tail] : kNone;
+    for (std::size_t i = 0; i < nodes.size() - tail; i++) {
+        InsertWithChildren(parent, before, nodes[i]);
+    }
+}
+
+void NativeTree::Reuse(int slot, int node) {
+    Slot& at = At(slot);
+    if (static_cast<std::size_t>(node) >= slotOfNode_.size()) {
+        slotOfNode_.resize(static_cast<std::size_t>(node) + 1, kNone);
+    }
+    slotOfNode_[static_cast<std::size_t>(node)] = slot;
+    at.node = node;
+    at.key = Hash(Tree().Key(node));
+    TVITEMW item{};
+    item.hItem = at.item;
+    const std::uint64_t text = Hash(Tree().Text(node));
+    if (text != at.text) {
+        item.mask |= TVIF_TEXT;
+        ToDisplay(Tree().Text(node), buffer_);
+        item.pszText = buffer_.data();
+        at.text = text;
+    }
+    if (at.image != Tree().ImageIndex(node)) {
+        item.mask |= TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+        at.image = Tree().ImageIndex(node);
+        item.iImage = item.iSelectedImage = at.image;
+    }
+    if (item.mask) Direct(TVM_SETITEMW, 0, AsParam(&item));
+}
+
+// In front of `before`, or at the end.
+int NativeTree::Insert(int parent, int before, int node) {
+    int id = static_cast<int>(slots_.size());
+    if (freeSlots_.empty()) {
+        slots_.emplace_back();
+    } else {
+        id = freeSlots_.back();
+        freeSlots_.pop_back();
+        At(id) = Slot();
+    }
+    TVINSERTSTRUCTW request{};
+    request.hParent = parent == kNone ? TVI_ROOT : At(parent).item;
+    const int previous = before == kNone ? LastOf(parent) : At(before).previous;
+    if (before == kNone) {
+        request.hInsertAfter = TVI_LAST;
+    } else {
+        request.hInsertAfter = previous == kNone ? TVI_FIRST : At(previous).item;
+    }
+    ToDisplay(Tree().Text(node), buffer_);
+    request.itemex.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
+    request.itemex.pszText = buffer_.data();
+    request.itemex.iImage = request.itemex.iSelectedImage = Tree().ImageIndex(node);
+    request.itemex.lParam = id;
+
+    Slot& slot = At(id);
+    slot.item = reinterpret_cast<HTREEITEM>(Direct(TVM_INSERTITEMW, 0, AsParam(&request)));
+    slot.key = Hash(Tree().Key(node));
+    slot.text = Hash(Tree().Text(node));
+    slot.image = Tree().ImageIndex(node);
+    slot.node = node;
+    slot.parent = parent;
+    slot.previous = previous;
+    slot.next = before;
+    (previous == kNone ? FirstOf(parent) : At(previous).next) = id;
+    (before == kNone ? LastOf(parent) : At(before).previous) = id;
+    if (static_cast<std::size_t>(node) >= slotOfNode_.size()) {
+        slotOfNode_.resize(static_cast<std::size_t>(node) + 1, kNone);
+    }
+    slotOfNode_[static_cast<std::size_t>(node)] = id;
+    return id;
+}
+
+void NativeTree::InsertWithChildren(int parent, int before, int node) {
+    const int slot = Insert(parent, before, node);
+    for (int child = Tree().FirstChild(node); child != TreeView::kNone;
+         child = Tree().NextSibling(child)) {
+        InsertWithChildren(slot, kNone, child);
+    }
+    if (Tree().Expanded(node)) toExpand_.push_back(slot);
+}
+
+void NativeTree::Delete(int slot) {
+    Direct(TVM_DELETEITEM, 0, AsParam(At(slot).item));
+    const Slot gone = At(slot);
+    (gone.previous == kNone ? FirstOf(gone.parent) : At(gone.previous).next) = gone.next;
+    (gone.next == kNone ? LastOf(gone.parent) : At(gone.next).previous) = gone.previous;
+    Forget(slot);
+}
+
+void NativeTree::Forget(int slot) {
+    for (int child = At(slot).first; child != kNone; child = At(child).next) Forget(child);
+    freeSlots_.push_back(slot);
+}
+
+void NativeTree::Expand(int slot, bool expanded) {
+    Slot& at = At(slot);
+    if (at.expanded == expanded || at.first == kNone) return;
+    Direct(TVM_EXPAND, expanded ? TVE_EXPAND : TVE_COLLAPSE, AsParam(at.item));
+    at.expanded = expanded;
+}
+
+void NativeTree::ShowSelection() {
+    selecting_ = true;
+    const HTREEITEM item = ItemOf(Tree().Selected());
+    Send(TVM_SELECTITEM, TVGN_CARET, AsParam(item));
+    if (item) Send(TVM_ENSUREVISIBLE, 0, AsParam(item));
+    selecting_ = false;
+}
+
+void NativeTree::Mirror(Aspect aspect) {
+    if (aspect == Aspect::Selection && !stale_) ShowSelection();
+}
+
+std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM, LPARAM lParam) {
+    if (stale_ && !filling_) Synchronize();
+    switch (message) {
+        case kSynchronize:
+            return 0;
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+            clickTold_ = false;
+            press_ = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+            return std::nullopt;
+        case WM_CONTEXTMENU:
+            if (lParam != -1) return std::nullopt;
+            OnMenuKey();
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
+LRESULT NativeTree::OnNotify(NMHDR& header) {
+    switch (header.code) {
+        case TVN_SELCHANGINGW:
+            // Some versions select the first node by themselves when the focus arrives.
+            return IsQuiet() && !selecting_ && !stale_ &&
+                   reinterpret_cast<const NMTREEVIEWW&>(header).action == TVC_UNKNOWN &&
+                   reinterpret_cast<const NMTREEVIEWW&>(header).itemNew.hItem != nullptr;
+        case TVN_SELCHANGEDW:
+            if (!IsQuiet()) OnSelected(reinterpret_cast<const NMTREEVIEWW&>(header));
+            return 0;
+        case TVN_ITEMEXPANDEDW: {
+            if (IsQuiet()) return 0;
+            const auto& change = reinterpret_cast<const NMTREEVIEWW&>(header);
+            Slot& slot = At(static_cast<int>(change.itemNew.lParam));
+            slot.expanded = change.itemNew.state & TVIS_EXPANDED;
+            Tree().UserExpanded(slot.node, slot.expanded);
+            return 0;
+        }
+        case static_cast<UINT>(NM_CLICK):
+            if (!IsQuiet()) OnClick();
+            return 0;
+        case static_cast<UINT>(NM_RCLICK):
+            if (!IsQuiet()) OnRightClick(press_);
+            return TRUE;
+        default:
+            return 0;
+    }
+}
+
+void NativeTree::OnSelected(const NMTREEVIEWW& change) {
+    if (change.action != TVC_BYMOUSE && change.action != TVC_BYKEYBOARD) return;
+    clickTold_ = change.action == TVC_BYMOUSE;
+    const int node = NodeOf(change.itemNew.hItem);
+    if (node != TreeView::kNone) Tree().UserClick(node);
+}
+
+// A click on the selected node changes no selection but is a click.
+void NativeTree::OnClick() {
+    const int node = NodeAt(press_);
+    if (clickTold_ || node == TreeView::kNone || node != Tree().Selected()) return;
+    clickTold_ = true;
+    Tree().UserClick(node);
+}
+
+void NativeTree::OnRightClick(POINT at) {
+    Tree().UserRightClick(NodeAt(at), GetScale().ToTwips(static_cast<int>(at.x)),
+                          GetScale().ToTwips(static_cast<int>(at.y)));
+}
+
+void NativeTree::OnMenuKey() {
+    const int node = Tree().Selected();
+    RECT place{};
+    const HTREEITEM item = ItemOf(node);
+    std::memcpy(&place, &item, sizeof item);  // the message reads the item from the result's place
+    if (!item || !Send(TVM_GETITEMRECT, TRUE, AsParam(&place))) place = {};
+    Tree().UserRightClick(node, GetScale().ToTwips(static_cast<int>(place.left)),
+                          GetScale().ToTwips(static_cast<int>(place.bottom)));
+}
+
+int NativeTree::NodeAt(POINT at) const {
+    TVHITTESTINFO hit{};
+    hit.pt = at;
+    Send(TVM_HITTEST, 0, AsParam(&hit));
+    return hit.flags & TVHT_ONITEM ? NodeOf(hit.hItem) : TreeView::kNone;
+}
+
+}  // namespace zv::forms::win32

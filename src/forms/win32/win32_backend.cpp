@@ -1,0 +1,149 @@
+#include "forms/win32/win32_backend.h"
+
+#include <algorithm>
+#include <atomic>
+
+#include "base/errors.h"
+#include "forms/form.h"
+#include "forms/win32/display.h"
+#include "forms/win32/form_window.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+std::atomic<int> openWindows = 0;
+
+// What a form holds: lets the native window go when it dies.
+class NativeFormPeer : public FormPeer {
+ public:
+    explicit NativeFormPeer(std::shared_ptr<FormWindow> window) : window_(std::move(window)) {}
+    ~NativeFormPeer() override { window_->Close(); }
+    void Show() override { window_->Show(); }
+    void Hide() override { window_->Hide(); }
+    void CaptionChanged() override { window_->CaptionChanged(); }
+    void BoundsChanged() override { window_->BoundsChanged(); }
+    void WindowStateChanged() override { window_->WindowStateChanged(); }
+    void MenuChanged(MenuItem&) override { window_->MenuChanged(); }
+    void PopupMenu(MenuItem& menu, int x, int y) override { window_->PopupMenu(menu, x, y); }
+
+ private:
+    std::shared_ptr<FormWindow> window_;
+};
+
+bool IsKeyMessage(const MSG& message) {
+    return message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN ||
+           message.message == WM_SYSCHAR;
+}
+
+}  // namespace
+
+Win32Backend::Win32Backend(HINSTANCE module, Dialogs* dialogs)
+    : module_(module), controls_(module), ownDialogs_(*this), dialogs_(dialogs) {}
+
+Win32Backend::~Win32Backend() = default;
+
+int Win32Backend::OpenWindows() {
+    return openWindows;
+}
+
+void Win32Backend::Add(FormWindow& window) {
+    openWindows++;
+    windows_.push_back(&window);
+    if (!hook_) {
+        hook_.reset(SetWindowsHookExW(WH_GETMESSAGE, &Win32Backend::OnGetMessage, nullptr,
+                                      GetCurrentThreadId()));
+    }
+}
+
+void Win32Backend::Remove(FormWindow& window) {
+    openWindows--;
+    std::erase(windows_, &window);
+    if (windows_.empty()) hook_.reset();
+}
+
+std::unique_ptr<FormPeer> Win32Backend::Realize(Form& form) {
+    auto window = std::make_shared<FormWindow>(*this, form);
+    auto peer = std::make_unique<NativeFormPeer>(window);
+    window->Build();
+    return peer;
+}
+
+FormWindow* Win32Backend::Find(const Form& form) const {
+    const auto at = std::find_if(windows_.begin(), windows_.end(), [&](const FormWindow* window) {
+        return !window->Gone() && &window->Logical() == &form;
+    });
+    return at == windows_.end() ? nullptr : *at;
+}
+
+HWND Win32Backend::Handle(const Form& form) const {
+    const FormWindow* window = Find(form);
+    return window ? window->Handle() : nullptr;
+}
+
+void Win32Backend::RunModal(Form& form) {
+    if (modalLoop) {
+        modalLoop(form);
+        return;
+    }
+    MSG message{};
+    while (form.IsShown()) {
+        const BOOL received = GetMessageW(&message, nullptr, 0, 0);
+        if (received < 0) throw RuntimeError(ErrorNumber::InternalError, "No messages arrive");
+        if (received == 0) {
+            // The program ends: its own loop must hear of it too.
+            form.Hide();
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void Win32Backend::PumpMessages() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+// A hook procedure must not run handlers, which may wait for the user: so the message is exchanged
+// for one to the form, and the key is handled when the loop hands that over.
+LRESULT CALLBACK Win32Backend::OnGetMessage(int code, WPARAM wParam, LPARAM lParam) {
+    auto& message = *reinterpret_cast<MSG*>(lParam);
+    if (code == HC_ACTION && wParam == PM_REMOVE && IsKeyMessage(message) &&
+        message.wParam != VK_PROCESSKEY) {
+        FormWindow* window = FormWindow::Owning(message.hwnd);
+        if (window && window->TakesKeys()) window->Defer(message);
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+Size Win32Backend::MeasureText(std::string_view text) {
+    const Scale scale(SystemDpi());
+    const Font font = CreateUiFont(scale.Dpi());
+    const SIZE size = win32::MeasureText(font.get(), text);
+    // Rounded up, so that the text still fits.
+    const auto up = [&](LONG pixels) {
+        const int units = scale.ToUnits(static_cast<int>(pixels));
+        return scale.ToPixels(units) < pixels ? units + 1 : units;
+    };
+    return {up(size.cx), up(size.cy)};
+}
+
+Rect Win32Backend::WorkArea() {
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return Scale(SystemDpi()).ToUnits(area);
+}
+
+Dialogs& Win32Backend::GetDialogs() {
+    return dialogs_ ? *dialogs_ : ownDialogs_;
+}
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,70 @@
+// Real windows. The same code serves a program and a control that lives in a foreign program whose
+// message loop knows nothing of these windows.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/backend.h"
+#include "forms/win32/common_controls.h"
+#include "forms/win32/handles.h"
+#include "forms/win32/win32_dialogs.h"
+
+namespace zv::forms::win32 {
+
+class FormWindow;
+
+class Win32Backend : public Backend {
+ public:
+    /// `module` is the file that this code is linked into; its resource 2 is the manifest that asks
+    /// for version 6 of the common controls. `dialogs` answers in place of the real boxes when
+    /// given. One backend serves one thread.
+    explicit Win32Backend(HINSTANCE module, Dialogs* dialogs = nullptr);
+    ~Win32Backend() override;
+    Win32Backend(const Win32Backend&) = delete;
+    Win32Backend& operator=(const Win32Backend&) = delete;
+
+    std::unique_ptr<FormPeer> Realize(Form& form) override;
+    void RunModal(Form& form) override;
+    Size MeasureText(std::string_view text) override;
+    Rect WorkArea() override;
+    Dialogs& GetDialogs() override;
+
+    /// Runs in place of the message loop while a modal window is open, the other windows disabled.
+    /// It returns when that window is gone, and calls PumpMessages between its steps.
+    std::function<void(Form&)> modalLoop;
+    /// Called while a menu is open and the user does nothing.
+    std::function<void()> onMenuIdle;
+
+    /// Handles every message that waits.
+    void PumpMessages();
+    /// Windows of this module that exist at this moment; a control must stay loaded as long as
+    /// there are any.
+    static int OpenWindows();
+
+    HINSTANCE Module() const { return module_; }
+    const CommonControls& Controls() const { return controls_; }
+    /// The native window of a form; 0 when it has none.
+    HWND Handle(const Form& form) const;
+    FormWindow* Find(const Form& form) const;
+
+ private:
+    friend class FormWindow;
+    void Add(FormWindow& window);
+    void Remove(FormWindow& window);
+    static LRESULT CALLBACK OnGetMessage(int code, WPARAM wParam, LPARAM lParam);
+
+    HINSTANCE module_;
+    CommonControls controls_;
+    Win32Dialogs ownDialogs_;
+    Dialogs* dialogs_;
+    std::vector<FormWindow*> windows_;
+    Hook hook_;
+};
+
+}  // namespace zv::forms::win32

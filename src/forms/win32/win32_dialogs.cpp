@@ -1,0 +1,100 @@
+#include "forms/win32/win32_dialogs.h"
+
+#include <commdlg.h>
+
+#include <algorithm>
+#include <array>
+
+#include "forms/win32/common_controls.h"
+#include "forms/win32/input_box.h"
+#include "forms/win32/thread_windows.h"
+#include "forms/win32/wide_text.h"
+#include "forms/win32/win32_backend.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+constexpr std::size_t kLongestPath = 32768;
+
+// The classic filter "description|pattern|..." with zeros instead of bars and two at the end.
+std::wstring NativeFilter(const std::string& filter) {
+    std::wstring native = ToWide(filter);
+    std::replace(native.begin(), native.end(), L'|', L'\0');
+    native.append(2, L'\0');
+    return native;
+}
+
+}  // namespace
+
+Win32Dialogs::Win32Dialogs(Win32Backend& backend) : backend_(backend) {
+    const LANGID language = GetUserDefaultUILanguage();
+    okCaption = "OK";
+    cancelCaption = "Cancel";
+    if (PRIMARYLANGID(language) != LANG_CHINESE) return;
+    const bool simplified = SUBLANGID(language) == SUBLANG_CHINESE_SIMPLIFIED ||
+                            SUBLANGID(language) == SUBLANG_CHINESE_SINGAPORE;
+    okCaption = simplified ? "确定" : "確定";
+    cancelCaption = "取消";
+}
+
+HWND Win32Dialogs::OwnerWindow(const Form* owner) const {
+    const HWND window = owner ? backend_.Handle(*owner) : nullptr;
+    return window ? window : GetActiveWindow();
+}
+
+Answer Win32Dialogs::ShowMessage(Form* owner, const std::string& text, int style,
+                                 const std::string& title) {
+    const ManifestInForce manifest(backend_.Controls().Manifest());
+    const HWND window = OwnerWindow(owner);
+    const HWND focus = GetFocus();
+    int answer = 0;
+    {
+        const OtherWindowsDisabled others(window);
+        answer = MessageBoxW(window, ToWide(text).c_str(), ToWide(title).c_str(),
+                             static_cast<UINT>(style) | MB_SETFOREGROUND);
+    }
+    if (focus && IsWindow(focus) && GetActiveWindow() == GetAncestor(focus, GA_ROOT)) {
+        SetFocus(focus);
+    }
+    if (answer == 0) return Answer::Cancel;
+    return static_cast<Answer>(answer);
+}
+
+std::optional<std::string> Win32Dialogs::AskText(Form* owner, const std::string& prompt,
+                                                 const std::string& title, bool secret) {
+    const ManifestInForce manifest(backend_.Controls().Manifest());
+    const HWND window = OwnerWindow(owner);
+    const OtherWindowsDisabled others(window);
+    InputBox box(backend_.Module(), ToWide(title), ToWide(prompt), secret);
+    box.okCaption = ToWide(okCaption);
+    box.cancelCaption = ToWide(cancelCaption);
+    const std::optional<std::wstring> text = box.Show(window);
+    if (!text) return {};
+    return FromWide(*text);
+}
+
+std::optional<std::string> Win32Dialogs::ChooseFile(Form* owner, const FileRequest& request) {
+    const ManifestInForce manifest(backend_.Controls().Manifest());
+    const HWND window = OwnerWindow(owner);
+    const OtherWindowsDisabled others(window);
+    const std::wstring filter = NativeFilter(request.filter);
+    const std::wstring title = ToWide(request.title);
+    const std::wstring folder = ToWide(request.initialFolder);
+    std::wstring path = ToWide(request.initialFile);
+    path.resize(kLongestPath, L'\0');
+
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = window;
+    dialog.lpstrFilter = request.filter.empty() ? nullptr : filter.c_str();
+    dialog.lpstrFile = path.data();
+    dialog.nMaxFile = static_cast<DWORD>(path.size());
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.lpstrTitle = title.empty() ? nullptr : title.c_str();
+    // The host's current folder is not ours to change.
+    dialog.Flags = static_cast<DWORD>(request.flags) | OFN_EXPLORER | OFN_NOCHANGEDIR;
+    if (!GetOpenFileNameW(&dialog)) return {};
+    return FromWide(path.c_str());
+}
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,300 @@
+#include "forms/win32/win32_driver.h"
+
+#include <cstring>
+
+#include "forms/containers.h"
+#include "forms/date_picker.h"
+#include "forms/driver_checks.h"
+#include "forms/form.h"
+#include "forms/grid.h"
+#include "forms/lists.h"
+#include "forms/text_box.h"
+#include "forms/timer.h"
+#include "forms/up_down.h"
+#include "forms/win32/date_picker_peer.h"
+#include "forms/win32/form_window.h"
+#include "forms/win32/tree_peer.h"
+#include "forms/win32/wide_text.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+LPARAM Place(int x, int y) {
+    return MAKELPARAM(x, y);
+}
+
+// Tells the parent what the native window would when the user had done it.
+void Command(HWND window, UINT code) {
+    SendMessageW(GetParent(window), WM_COMMAND,
+                 MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(window)), code),
+                 reinterpret_cast<LPARAM>(window));
+}
+
+}  // namespace
+
+Win32Driver::Win32Driver(Win32Backend& backend) : backend_(backend) {
+    backend_.onMenuIdle = [] { EndMenu(); };
+}
+
+NativeControl& Win32Driver::Native(Control& control) const {
+    const FormWindow* window = backend_.Find(control.Owner());
+    NativeControl* native = window ? window->Find(control) : nullptr;
+    if (!native) throw DriverError(DisplayName(control) + " has no native window");
+    return *native;
+}
+
+NativeControl& Win32Driver::Usable(Control& control) const {
+    RequireUsable(control);
+    NativeControl& native = Native(control);
+    if (!IsWindowVisible(native.Handle())) {
+        throw DriverError(DisplayName(control) + " is not visible natively");
+    }
+    if (!IsWindowEnabled(native.Handle())) {
+        throw DriverError(DisplayName(control) + " is disabled natively");
+    }
+    Activate(control.Owner());
+    return native;
+}
+
+void Win32Driver::Activate(const Form& form) const {
+    const HWND window = backend_.Handle(form);
+    if (GetActiveWindow() == window) return;
+    SetForegroundWindow(window);
+    SetActiveWindow(window);
+    backend_.PumpMessages();
+}
+
+bool Win32Driver::Focus(Control& control) const {
+    const NativeControl& native = Usable(control);
+    if (!control.CanFocus()) return true;
+    SetFocus(native.FocusHandle());
+    return control.HasFocus();
+}
+
+void Win32Driver::Click(Control& control) {
+    switch (control.Kind()) {
+        case ControlKind::CommandButton:
+        case ControlKind::CheckBox:
+        case ControlKind::OptionButton:
+            SendMessageW(Usable(control).Handle(), BM_CLICK, 0, 0);
+            break;
+        default:
+            RequireUsable(control);
+            throw DriverError(DisplayName(control) + " cannot be clicked");
+    }
+    backend_.PumpMessages();
+}
+
+void Win32Driver::Choose(MenuItem& item) {
+    RequireChoosable(item);
+    backend_.PumpMessages();
+    const FormWindow* window = backend_.Find(item.Owner());
+    if (!window) throw DriverError(item.Name() + " has no native window");
+    const UINT id = window->Menus().IdOf(item);
+    if (const HMENU bar = GetMenu(window->Handle())) {
+        const UINT state = GetMenuState(bar, id, MF_BYCOMMAND);
+        if (state != static_cast<UINT>(-1) && (state & (MF_GRAYED | MF_DISABLED))) {
+            throw DriverError(item.Name() + " is grey");
+        }
+    }
+    SendMessageW(window->Handle(), WM_COMMAND, id, 0);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::PressNode(Control& control, const std::string& key, UINT down, UINT up) {
+    auto& tree = As<TreeView>(control);
+    auto& native = static_cast<NativeTree&>(Usable(control));
+    const int node = RequireNode(tree, key);
+    backend_.PumpMessages();
+    HTREEITEM item = native.ItemOf(node);
+    if (!item) throw DriverError(DisplayName(control) + " does not show \"" + key + "\"");
+    SendMessageW(native.Handle(), TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+    RECT place = {};
+    std::memcpy(&place, &item, sizeof item);
+    SendMessageW(native.Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
+    // Rows as wide as the window may end outside it.
+    const LPARAM at = Place(static_cast<int>(place.left) + 4,
+                            static_cast<int>(place.top + place.bottom) / 2);
+    const bool left = down == WM_LBUTTONDOWN;
+    PostMessageW(native.Handle(), down, left ? MK_LBUTTON : MK_RBUTTON, at);
+    PostMessageW(native.Handle(), up, 0, at);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::ClickNode(Control& control, const std::string& key) {
+    PressNode(control, key, WM_LBUTTONDOWN, WM_LBUTTONUP);
+}
+
+void Win32Driver::RightClickNode(Control& control, const std::string& key) {
+    control.Owner().ForgetPopup();
+    PressNode(control, key, WM_RBUTTONDOWN, WM_RBUTTONUP);
+}
+
+void Win32Driver::Type(Control& control, const std::string& text) {
+    if (!Focus(control)) return;
+    if (auto* box = dynamic_cast<TextBox*>(&control)) {
+        if (box->Locked()) throw DriverError(DisplayName(control) + " is locked");
+    } else {
+        auto& combo = As<ComboBox>(control);
+        if (combo.Style() != ComboStyle::FreeText || combo.Locked()) {
+            throw DriverError(DisplayName(control) + " takes no typing");
+        }
+    }
+    // All at once, as an input method or a paste does: one change.
+    const HWND entry = Native(control).FocusHandle();
+    SendMessageW(entry, EM_SETSEL, 0, -1);
+    SendMessageW(entry, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
+    backend_.PumpMessages();
+}
+
+void Win32Driver::Leave(Control& control) {
+    Key(control, key::kTab);
+}
+
+void Win32Driver::Key(Control& control, int code) {
+    if (!Focus(control)) return;
+    const HWND window = Native(control).FocusHandle();
+    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(code), 1);
+    PostMessageW(window, WM_KEYUP, static_cast<WPARAM>(code), static_cast<LPARAM>(0xC0000001));
+    backend_.PumpMessages();
+}
+
+void Win32Driver::Pick(Control& control, int position) {
+    auto& list = As<ListControl>(control);
+    if (position < -1 || position >= list.ListCount()) {
+        throw DriverError(DisplayName(control) + " has no row " + std::to_string(position));
+    }
+    auto* combo = dynamic_cast<ComboBox*>(&control);
+    if (combo && combo->Locked()) throw DriverError(DisplayName(control) + " is locked");
+    if (!Focus(control)) return;
+    const HWND window = Native(control).Handle();
+    const auto row = static_cast<WPARAM>(static_cast<INT_PTR>(position));
+    SendMessageW(window, combo ? CB_SETCURSEL : LB_SETCURSEL, row, 0);
+    Command(window, combo ? CBN_SELCHANGE : LBN_SELCHANGE);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::SetDate(Control& control, const std::optional<DateTime>& value) {
+    auto& picker = As<DatePicker>(control);
+    if (!value && !picker.MayBeEmpty()) {
+        throw DriverError(DisplayName(control) + " cannot be empty");
+    }
+    if (!Focus(control)) return;
+    const HWND window = Native(control).Handle();
+    NMDATETIMECHANGE change{};
+    change.nmhdr = {window, static_cast<UINT_PTR>(GetDlgCtrlID(window)),
+                    static_cast<UINT>(DTN_DATETIMECHANGE)};
+    change.dwFlags = value ? GDT_VALID : GDT_NONE;
+    if (value) change.st = ToSystemTime(*value);
+    SendMessageW(window, DTM_SETSYSTEMTIME, change.dwFlags,
+                 value ? reinterpret_cast<LPARAM>(&change.st) : 0);
+    SendMessageW(GetParent(window), WM_NOTIFY, change.nmhdr.idFrom,
+                 reinterpret_cast<LPARAM>(&change));
+    backend_.PumpMessages();
+}
+
+void Win32Driver::Spin(Control& control, int direction) {
+    As<UpDown>(control);
+    const HWND window = Usable(control).Handle();
+    RECT client{};
+    GetClientRect(window, &client);
+    const int y = static_cast<int>(client.bottom) * (direction > 0 ? 1 : 3) / 4;
+    const LPARAM at = Place(static_cast<int>(client.right) / 2, y);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    SendMessageW(window, WM_LBUTTONUP, 0, at);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::Tick(Control& control) {
+    auto& timer = As<Timer>(control);
+    const FormWindow* window = backend_.Find(control.Owner());
+    if (!window) {
+        timer.UserTick();  // a window that was never shown has no native timer
+        return;
+    }
+    SendMessageW(window->Handle(), WM_TIMER, window->TimerId(timer), 0);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::MoveMouse(Control& control, int xTwips, int yTwips) {
+    const NativeControl& native = Usable(control);
+    control.Owner().ForgetPopup();
+    const Scale& scale = native.Owner().GetScale();
+    SendMessageW(native.Handle(), WM_MOUSEMOVE, 0,
+                 Place(scale.FromTwips(xTwips), scale.FromTwips(yTwips)));
+    backend_.PumpMessages();
+}
+
+void Win32Driver::RightPress(Control& control) {
+    const HWND window = Usable(control).Handle();
+    control.Owner().ForgetPopup();
+    SendMessageW(window, WM_RBUTTONDOWN, MK_RBUTTON, 0);
+    SendMessageW(window, WM_RBUTTONUP, 0, 0);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::SelectTab(Control& control, int tab) {
+    auto& tabs = As<TabPanel>(control);
+    if (tab < 0 || tab >= tabs.Tabs()) throw DriverError(DisplayName(control) + " has no such tab");
+    if (!Focus(control)) return;
+    SendMessageW(Native(control).Handle(), TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::SelectRow(Control& control, int row) {
+    auto& grid = As<Grid>(control);
+    if (row < 1 || row > grid.DataRowCount()) {
+        throw DriverError(DisplayName(control) + " has no row " + std::to_string(row));
+    }
+    if (!Focus(control)) return;
+    const HWND window = Native(control).Handle();
+    LVITEMW item{};
+    item.stateMask = item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    SendMessageW(window, LVM_SETITEMSTATE, static_cast<WPARAM>(row - 1),
+                 reinterpret_cast<LPARAM>(&item));
+    backend_.PumpMessages();
+}
+
+void Win32Driver::Resize(Form& form, Size clientSize) {
+    RequireReachable(form);
+    const FormWindow* window = backend_.Find(form);
+    if (!window) throw DriverError(form.Name() + " has no native window");
+    RECT outer{};
+    RECT client{};
+    GetWindowRect(window->Handle(), &outer);
+    GetClientRect(window->Handle(), &client);
+    const Scale& scale = window->GetScale();
+    SetWindowPos(window->Handle(), nullptr, 0, 0,
+                 static_cast<int>(outer.right - outer.left - client.right) +
+                     scale.ToPixels(clientSize.width),
+                 static_cast<int>(outer.bottom - outer.top - client.bottom) +
+                     scale.ToPixels(clientSize.height),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::Close(Form& form) {
+    RequireReachable(form);
+    const HWND window = backend_.Handle(form);
+    if (!window) throw DriverError(form.Name() + " has no native window");
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    backend_.PumpMessages();
+}
+
+std::optional<std::string> Win32Driver::Read(Control& control, const std::string& property,
+                                             const std::vector<int>& arguments) {
+    backend_.PumpMessages();
+    const FormWindow* window = backend_.Find(control.Owner());
+    const NativeControl* native = window ? window->Find(control) : nullptr;
+    if (native && native->Handle()) {
+        if (auto text = ReadNative(*native, property, arguments)) return text;
+    }
+    return ReadState(control, property, arguments);
+}
+
+std::string Win32Driver::ReadCaption(Form& form) {
+    const HWND window = backend_.Handle(form);
+    return window ? WindowText(window) : form.Caption();
+}
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,41 @@
+#include "forms/win32/window_class.h"
+
+#include "base/errors.h"
+#include "forms/win32/handles.h"
+
+namespace zv::forms::win32 {
+
+WindowClass::WindowClass(HINSTANCE module, const wchar_t* name, WNDPROC procedure)
+    : module_(module) {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.style = CS_DBLCLKS;
+    description.lpfnWndProc = procedure;
+    description.hInstance = module;
+    description.hIcon = LoadIconW(module, MAKEINTRESOURCEW(1));
+    if (!description.hIcon) description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    description.lpszClassName = name;
+    id_ = RegisterClassExW(&description);
+    if (!id_) throw RuntimeError(ErrorNumber::InternalError, "No window class");
+    liveHandles++;
+}
+
+WindowClass::~WindowClass() {
+    liveHandles--;
+    UnregisterClassW(MAKEINTATOM(id_), module_);
+}
+
+std::shared_ptr<WindowClass> WindowClass::Get(HINSTANCE module, const wchar_t* name,
+                                              WNDPROC procedure,
+                                              std::weak_ptr<WindowClass>& shared) {
+    std::shared_ptr<WindowClass> present = shared.lock();
+    if (!present) {
+        present = std::make_shared<WindowClass>(module, name, procedure);
+        shared = present;
+    }
+    return present;
+}
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,35 @@
+#include <windows.h>
+
+#include "forms/win32/handles.h"
+#include "forms/win32/win32_backend.h"
+#include "forms/win32/win32_driver.h"
+#include "stand.h"
+
+namespace zv::contract {
+namespace {
+
+class Win32Stand : public Stand {
+ public:
+    forms::Backend& GetBackend() override { return backend_; }
+    forms::Driver& GetDriver() override { return driver_; }
+    void SetModalLoop(std::function<void(forms::Form&)> loop) override {
+        backend_.modalLoop = std::move(loop);
+    }
+    int LiveHandles() const override {
+        return forms::win32::LiveHandles() - before_ + forms::win32::Win32Backend::OpenWindows();
+    }
+
+ private:
+    forms::win32::Win32Backend backend_{GetModuleHandleW(nullptr), &dialogs};
+    forms::win32::Win32Driver driver_{backend_};
+    // The backend itself holds the common controls as long as it lives.
+    int before_ = forms::win32::LiveHandles();
+};
+
+}  // namespace
+
+std::unique_ptr<Stand> MakeStand() {
+    return std::make_unique<Win32Stand>();
+}
+
+}  // namespace zv::contract
