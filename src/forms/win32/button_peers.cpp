@@ -32,8 +32,7 @@ void NativeCommand::ShowAsDefault(bool isDefault) {
 std::optional<LRESULT> NativeCommand::OnMessage(UINT message, WPARAM, LPARAM) {
     // The focused button takes Enter from the default one.
     const CommandButton* standing = Logical().Owner().defaultButton;
-    if ((message == WM_SETFOCUS || message == WM_KILLFOCUS) && standing &&
-        standing != &Logical()) {
+    if ((message == WM_SETFOCUS || message == WM_KILLFOCUS) && standing && standing != &Logical()) {
         ShowAsDefault(message == WM_SETFOCUS);
         if (NativeControl* other = Owner().Find(*standing)) {
             static_cast<NativeCommand*>(other)->ShowAsDefault(message == WM_KILLFOCUS);

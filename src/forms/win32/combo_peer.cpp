@@ -15,9 +15,9 @@ constexpr int kFrame = 6;
 
 void NativeCombo::Create(HWND parent, int id) {
     const bool listOnly = Box().Style() == ComboStyle::ListOnly;
-    CreateNative(parent, id, WC_COMBOBOXW,
-                 WS_TABSTOP | WS_VSCROLL |
-                     (listOnly ? CBS_DROPDOWNLIST : CBS_DROPDOWN | CBS_AUTOHSCROLL));
+    CreateNative(
+        parent, id, WC_COMBOBOXW,
+        WS_TABSTOP | WS_VSCROLL | (listOnly ? CBS_DROPDOWNLIST : CBS_DROPDOWN | CBS_AUTOHSCROLL));
     COMBOBOXINFO info{};
     info.cbSize = sizeof info;
     if (!listOnly && GetComboBoxInfo(Handle(), &info) && info.hwndItem != Handle()) {

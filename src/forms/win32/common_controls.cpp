@@ -47,14 +47,14 @@ CommonControls::CommonControls(HINSTANCE module) : context_(CreateContext(module
     create_ = reinterpret_cast<decltype(create_)>(find("ImageList_Create"));
     add_ = reinterpret_cast<decltype(add_)>(find("ImageList_Add"));
     destroy_ = reinterpret_cast<decltype(destroy_)>(find("ImageList_Destroy"));
-    const auto init = reinterpret_cast<decltype(&InitCommonControlsEx)>(find("InitCommonControlsEx"));
+    const auto init =
+        reinterpret_cast<decltype(&InitCommonControlsEx)>(find("InitCommonControlsEx"));
     if (!create_ || !add_ || !destroy_ || !init) {
         throw RuntimeError(ErrorNumber::InternalError, "The common controls cannot be loaded");
     }
-    const INITCOMMONCONTROLSEX classes{sizeof classes,
-                                       ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES |
-                                           ICC_TAB_CLASSES | ICC_UPDOWN_CLASS | ICC_DATE_CLASSES |
-                                           ICC_STANDARD_CLASSES};
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES |
+                                                           ICC_TAB_CLASSES | ICC_UPDOWN_CLASS |
+                                                           ICC_DATE_CLASSES | ICC_STANDARD_CLASSES};
     init(&classes);
 }
 
@@ -85,7 +85,8 @@ Bitmap CreateIconBitmap(const Icon& icon, int size, Alpha alpha) {
     Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     if (!bitmap) throw RuntimeError(ErrorNumber::InternalError, "No memory for images");
     std::vector<std::uint32_t> pixels = Rasterize(icon, size);
-    if (alpha == Alpha::Straight) std::transform(pixels.begin(), pixels.end(), pixels.begin(), Divided);
+    if (alpha == Alpha::Straight)
+        std::transform(pixels.begin(), pixels.end(), pixels.begin(), Divided);
     std::copy(pixels.begin(), pixels.end(), static_cast<std::uint32_t*>(bits));
     return bitmap;
 }

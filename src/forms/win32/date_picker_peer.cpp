@@ -1,8 +1,13 @@
 #include "forms/win32/date_picker_peer.h"
 
-#include <array>
+#include "forms/win32/wide_text.h"
 
 namespace zv::forms::win32 {
+namespace {
+
+constexpr int kFirstNativeYear = 1753;
+
+}  // namespace
 
 SYSTEMTIME ToSystemTime(const DateTime& value) {
     SYSTEMTIME time{};
@@ -26,26 +31,45 @@ void NativeDatePicker::Create(HWND parent, int id) {
     style |= Picker().Format() == DateFormat::LongDate ? DTS_LONGDATEFORMAT : DTS_SHORTDATEFORMAT;
     if (Picker().MayBeEmpty()) style |= DTS_SHOWNONE;
     CreateNative(parent, id, DATETIMEPICK_CLASSW, style);
-    if (Picker().Format() != DateFormat::LongDate) {
-        const wchar_t* format = Picker().Format() == DateFormat::Date
-                                    ? L"yyyy'-'MM'-'dd"
-                                    : L"yyyy'-'MM'-'dd HH':'mm";
-        Send(DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(format));
-    }
-    std::array<SYSTEMTIME, 2> range = {ToSystemTime(DateTime(DatePicker::kFirstYear, 1, 1)),
-                                       ToSystemTime(DateTime(DatePicker::kLastYear, 12, 31))};
+    ShowFormat(Format());
+    // No range is set: the native one cannot begin before 1752, values can.
     const Quiet quiet(*this);
-    Send(DTM_SETRANGE, GDTR_MIN | GDTR_MAX, reinterpret_cast<LPARAM>(range.data()));
     ShowValue();
 }
 
-void NativeDatePicker::ShowValue() {
-    if (!Picker().Value()) {
-        Send(DTM_SETSYSTEMTIME, GDT_NONE);
-        return;
+std::wstring NativeDatePicker::Format() const {
+    switch (Picker().Format()) {
+        case DateFormat::Date:
+            return L"yyyy'-'MM'-'dd";
+        case DateFormat::DateTime:
+            return L"yyyy'-'MM'-'dd HH':'mm";
+        case DateFormat::LongDate:
+            break;
     }
-    SYSTEMTIME time = ToSystemTime(*Picker().Value());
-    Send(DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+    return {};
+}
+
+// An empty format is the one of the window's style.
+void NativeDatePicker::ShowFormat(const std::wstring& format) {
+    Send(DTM_SETFORMATW, 0, format.empty() ? 0 : reinterpret_cast<LPARAM>(format.c_str()));
+}
+
+void NativeDatePicker::ShowValue() {
+    const std::optional<DateTime>& value = Picker().Value();
+    const bool standIn = value && value->Year() < kFirstNativeYear;
+    if (standIn || standingIn_) {
+        ShowFormat(standIn ? L"'" + ToWide(value->IsoDate()) + L"'" : Format());
+        standingIn_ = standIn;
+    }
+    // Some versions want a time even to take it away.
+    SYSTEMTIME time =
+        ToSystemTime(standIn ? DateTime(kFirstNativeYear, 1, 1) : value.value_or(DateTime()));
+    Send(DTM_SETSYSTEMTIME, value ? GDT_VALID : GDT_NONE, reinterpret_cast<LPARAM>(&time));
+}
+
+std::optional<DateTime> NativeDatePicker::ShownValue() const {
+    const std::optional<DateTime> native = NativeValue();
+    return standingIn_ && native == DateTime(kFirstNativeYear, 1, 1) ? Picker().Value() : native;
 }
 
 void NativeDatePicker::Mirror(Aspect aspect) {
@@ -69,13 +93,13 @@ LRESULT NativeDatePicker::OnNotify(NMHDR& header) {
             break;
         case DTN_DATETIMECHANGE: {
             if (IsQuiet()) break;
-            const std::optional<DateTime> value = NativeValue();
+            const std::optional<DateTime> value = ShownValue();
             if (value && calendarOpen_) {
                 Picker().UserPickDay(*value);
             } else {
                 Picker().UserPick(value);
             }
-            if (IsQuiet() || NativeValue() == Picker().Value()) break;
+            if (IsQuiet() || ShownValue() == Picker().Value()) break;
             const Quiet quiet(*this);
             ShowValue();
             break;

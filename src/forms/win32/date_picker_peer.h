@@ -11,6 +11,7 @@ class NativeDatePicker : public NativeControl {
     void Create(HWND parent, int id) override;
     LRESULT OnNotify(NMHDR& header) override;
     bool WantsKey(int code) const override;
+    std::optional<DateTime> ShownValue() const;
 
  protected:
     void Mirror(Aspect aspect) override;
@@ -18,9 +19,14 @@ class NativeDatePicker : public NativeControl {
  private:
     DatePicker& Picker() const { return static_cast<DatePicker&>(Logical()); }
     void ShowValue();
+    void ShowFormat(const std::wstring& format);
+    std::wstring Format() const;
     std::optional<DateTime> NativeValue() const;
 
     bool calendarOpen_ = false;
+    /// The native picker knows no date before its calendar's reform. It shows the text of an
+    /// earlier one, and stands on its first day meanwhile.
+    bool standingIn_ = false;
 };
 
 /// Between dates and the system's, which have a field for everything.

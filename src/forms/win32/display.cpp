@@ -39,8 +39,8 @@ LOGFONTW MessageFont(int dpi) {
     metrics.cbSize = sizeof metrics;
     using ForDpi = BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT);
     static const auto forDpi = UserFunction<ForDpi>("SystemParametersInfoForDpi");
-    if (forDpi && forDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0,
-                         static_cast<UINT>(dpi))) {
+    if (forDpi &&
+        forDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi))) {
         return metrics.lfMessageFont;
     }
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);

@@ -7,6 +7,7 @@
 #include "forms/grid.h"
 #include "forms/lists.h"
 #include "forms/text_box.h"
+#include "forms/win32/date_picker_peer.h"
 #include "forms/win32/form_window.h"
 #include "forms/win32/grid_peer.h"
 #include "forms/win32/tree_peer.h"
@@ -73,8 +74,9 @@ Text ReadListBox(const NativeControl& native, const std::string& property, const
     if (property == "index") return std::to_string(selected);
     if (property == "count") return std::to_string(SendMessageW(window, LB_GETCOUNT, 0, 0));
     if (property == "text") {
-        return selected < 0 ? Text("")
-                            : ReadRow(native, LB_GETTEXTLEN, LB_GETTEXT, static_cast<int>(selected));
+        return selected < 0
+                   ? Text("")
+                   : ReadRow(native, LB_GETTEXTLEN, LB_GETTEXT, static_cast<int>(selected));
     }
     if (property == "list" && a.size() == 1) {
         return ReadRow(native, LB_GETTEXTLEN, LB_GETTEXT, a[0]);
@@ -84,10 +86,8 @@ Text ReadListBox(const NativeControl& native, const std::string& property, const
 
 Text ReadDate(const NativeControl& native, const std::string& property) {
     if (property != "date" && property != "value" && property != "text") return {};
-    SYSTEMTIME time{};
-    if (SendMessageW(native.Handle(), DTM_GETSYSTEMTIME, 0, AsParam(&time)) != GDT_VALID) return "";
-    return DateTime(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond)
-        .ShortIso();
+    const auto value = static_cast<const NativeDatePicker&>(native).ShownValue();
+    return value ? value->ShortIso() : "";
 }
 
 Text ReadTabs(const NativeControl& native, const std::string& property, const Arguments& a) {
@@ -113,7 +113,8 @@ void AppendNodes(const NativeTree& native, HTREEITEM parent, std::string& lines)
     const auto& tree = static_cast<const TreeView&>(native.Logical());
     const HWND window = native.Handle();
     std::wstring text(kLongestItem, L'\0');
-    for (HTREEITEM item = parent ? Next(window, TVGN_CHILD, parent) : Next(window, TVGN_ROOT, nullptr);
+    for (HTREEITEM item = parent ? Next(window, TVGN_CHILD, parent)
+                                 : Next(window, TVGN_ROOT, nullptr);
          item; item = Next(window, TVGN_NEXT, item)) {
         TVITEMW query{};
         query.mask = TVIF_TEXT | TVIF_IMAGE;

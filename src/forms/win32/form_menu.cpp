@@ -14,8 +14,8 @@ constexpr UINT kFirstId = 0x4000;
 
 UINT FormMenu::IdOf(const MenuItem& item) const {
     const auto& items = form_.Menus();
-    return kFirstId + static_cast<UINT>(std::find(items.begin(), items.end(), &item) -
-                                        items.begin());
+    return kFirstId +
+           static_cast<UINT>(std::find(items.begin(), items.end(), &item) - items.begin());
 }
 
 MenuItem* FormMenu::Find(UINT id) const {

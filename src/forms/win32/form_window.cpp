@@ -56,8 +56,8 @@ void FormWindow::Build() {
     if (!handle_) throw RuntimeError(ErrorNumber::InternalError, "No native window");
     SetWindowLongPtrW(Handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetPropW(Handle(), kNameProperty,
-             reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(
-                 GlobalAddAtomW(ToWide(form_.Name()).c_str()))));
+             reinterpret_cast<HANDLE>(
+                 static_cast<UINT_PTR>(GlobalAddAtomW(ToWide(form_.Name()).c_str()))));
     scale_ = Scale(DpiOf(Handle()));
     font_ = CreateUiFont(scale_.Dpi());
     menu_.ShowBar(Handle());
@@ -283,9 +283,8 @@ void FormWindow::OnResolution(int dpi, const RECT& suggested) {
     scale_ = Scale(dpi);
     Font former = std::exchange(font_, CreateUiFont(dpi));
     for (const auto& control : controls_) control->ResolutionChanged();
-    SetWindowPos(Handle(), nullptr, suggested.left, suggested.top,
-                 suggested.right - suggested.left, suggested.bottom - suggested.top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
     InvalidateRect(Handle(), nullptr, TRUE);
 }
 
@@ -368,8 +367,8 @@ void FormWindow::PopupMenu(MenuItem& menu, int x, int y) {
     POINT at{scale_.ToPixels(x), scale_.ToPixels(y)};
     ClientToScreen(Handle(), &at);
     SetForegroundWindow(Handle());
-    const UINT id = static_cast<UINT>(TrackPopupMenuEx(native.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON,
-                                                       at.x, at.y, Handle(), nullptr));
+    const UINT id = static_cast<UINT>(TrackPopupMenuEx(
+        native.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, Handle(), nullptr));
     if (gone_) return;
     PostMessageW(Handle(), WM_NULL, 0, 0);
     MenuItem* chosen = id ? menu_.Find(id) : nullptr;

@@ -39,10 +39,10 @@ std::optional<std::wstring> InputBox::Show(HWND owner) {
 void InputBox::Add(HWND dialog, const wchar_t* windowClass, const std::wstring& text, DWORD style,
                    DWORD extendedStyle, int id, const Rect& place) {
     const RECT at = scale_.ToPixels(place);
-    const HWND window = CreateWindowExW(
-        extendedStyle, windowClass, text.c_str(), style | WS_CHILD | WS_VISIBLE, at.left, at.top,
-        at.right - at.left, at.bottom - at.top, dialog,
-        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), module_, nullptr);
+    const HWND window =
+        CreateWindowExW(extendedStyle, windowClass, text.c_str(), style | WS_CHILD | WS_VISIBLE,
+                        at.left, at.top, at.right - at.left, at.bottom - at.top, dialog,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), module_, nullptr);
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
 }
 

@@ -26,11 +26,10 @@ void NativeControl::CreateNative(HWND parent, int id, const wchar_t* windowClass
     const RECT bounds = GetScale().ToPixels(control_.Bounds());
     if (ShownByItself()) style |= WS_VISIBLE;
     if (!control_.Enabled()) style |= WS_DISABLED;
-    handle_.reset(CreateWindowExW(extendedStyle, windowClass, text.c_str(), style | WS_CHILD,
-                                  bounds.left, bounds.top, bounds.right - bounds.left,
-                                  bounds.bottom - bounds.top, parent,
-                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                                  window_.Module(), nullptr));
+    handle_.reset(CreateWindowExW(
+        extendedStyle, windowClass, text.c_str(), style | WS_CHILD, bounds.left, bounds.top,
+        bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), window_.Module(), nullptr));
     if (!handle_) {
         throw RuntimeError(ErrorNumber::InternalError,
                            "No native window for " + DisplayName(control_));
@@ -119,8 +118,7 @@ LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM wPar
         return DefSubclassProc(window, message, wParam, lParam);
     }
     if (self->window_.Gone()) return DefSubclassProc(window, message, wParam, lParam);
-    return self->window_.AtBoundary(
-        [&] { return self->Handle(window, message, wParam, lParam); });
+    return self->window_.AtBoundary([&] { return self->Handle(window, message, wParam, lParam); });
 }
 
 LRESULT NativeControl::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -93,7 +93,7 @@ class NativeTree : public NativeControl {
     HIMAGELIST images_ = nullptr;
     POINT press_{};
     bool filling_ = false;
-    bool stale_ = false;     ///< nodes have changed that the native tree does not show yet
+    bool stale_ = false;  ///< nodes have changed that the native tree does not show yet
     bool selecting_ = false;
     bool clickTold_ = false;  ///< in the press that is going on
 };

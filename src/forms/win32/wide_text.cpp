@@ -20,9 +20,8 @@ std::string FromWide(std::wstring_view text) {
     if (text.empty()) return {};
     const int units = static_cast<int>(text.size());
     std::string narrow(text.size() * 3, '\0');
-    const int bytes =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), units, narrow.data(),
-                            static_cast<int>(narrow.size()), nullptr, nullptr);
+    const int bytes = WideCharToMultiByte(CP_UTF8, 0, text.data(), units, narrow.data(),
+                                          static_cast<int>(narrow.size()), nullptr, nullptr);
     narrow.resize(static_cast<std::size_t>(bytes));
     return narrow;
 }

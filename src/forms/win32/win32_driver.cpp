@@ -113,8 +113,8 @@ void Win32Driver::PressNode(Control& control, const std::string& key, UINT down,
     std::memcpy(&place, &item, sizeof item);
     SendMessageW(native.Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
     // Rows as wide as the window may end outside it.
-    const LPARAM at = Place(static_cast<int>(place.left) + 4,
-                            static_cast<int>(place.top + place.bottom) / 2);
+    const LPARAM at =
+        Place(static_cast<int>(place.left) + 4, static_cast<int>(place.top + place.bottom) / 2);
     const bool left = down == WM_LBUTTONDOWN;
     PostMessageW(native.Handle(), down, left ? MK_LBUTTON : MK_RBUTTON, at);
     PostMessageW(native.Handle(), up, 0, at);
@@ -185,9 +185,8 @@ void Win32Driver::SetDate(Control& control, const std::optional<DateTime>& value
     change.nmhdr = {window, static_cast<UINT_PTR>(GetDlgCtrlID(window)),
                     static_cast<UINT>(DTN_DATETIMECHANGE)};
     change.dwFlags = value ? GDT_VALID : GDT_NONE;
-    if (value) change.st = ToSystemTime(*value);
-    SendMessageW(window, DTM_SETSYSTEMTIME, change.dwFlags,
-                 value ? reinterpret_cast<LPARAM>(&change.st) : 0);
+    change.st = ToSystemTime(value.value_or(DateTime()));
+    SendMessageW(window, DTM_SETSYSTEMTIME, change.dwFlags, reinterpret_cast<LPARAM>(&change.st));
     SendMessageW(GetParent(window), WM_NOTIFY, change.nmhdr.idFrom,
                  reinterpret_cast<LPARAM>(&change));
     backend_.PumpMessages();
