@@ -13,8 +13,8 @@ const char kOrder[] = " order by a.fType,a.taskTime desc,a.taskTitle";
 
 RawDatabase::RawDatabase(const std::string& path) {
     sqlite3* handle = nullptr;
-    const int code =
-        sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    const int code = sqlite3_open_v2(path.c_str(), &handle,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(handle);
     if (code != SQLITE_OK) Fail(path);
 }

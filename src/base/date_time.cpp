@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 
 #include "base/errors.h"
 
@@ -38,10 +37,31 @@ bool ReadDigits(std::string_view text, std::size_t position, std::size_t count, 
     return true;
 }
 
-std::string Print(const char* format, int a, int b, int c) {
-    char buffer[40];
-    std::snprintf(buffer, sizeof buffer, format, a, b, c);
-    return buffer;
+// Lists show a date in every row, so dates are put together digit by digit. The last `count`
+// digits of the value.
+void AppendDigits(std::string& text, unsigned value, std::size_t count) {
+    text.append(count, '0');
+    for (std::size_t at = text.size(); count > 0; --count, value /= 10) {
+        text[--at] = static_cast<char>('0' + value % 10);
+    }
+}
+
+void AppendIsoDate(std::string& text, std::int64_t seconds) {
+    const year_month_day day = Civil(seconds);
+    AppendDigits(text, static_cast<unsigned>(static_cast<int>(day.year())), 4);
+    text += '-';
+    AppendDigits(text, static_cast<unsigned>(day.month()), 2);
+    text += '-';
+    AppendDigits(text, static_cast<unsigned>(day.day()), 2);
+}
+
+void AppendTime(std::string& text, std::int64_t seconds) {
+    const auto second = static_cast<unsigned>(SecondOfDay(seconds));
+    AppendDigits(text, second / 3600, 2);
+    text += ':';
+    AppendDigits(text, second / 60 % 60, 2);
+    text += ':';
+    AppendDigits(text, second % 60, 2);
 }
 
 }  // namespace
@@ -132,28 +152,37 @@ DateTime DateTime::Date() const {
 }
 
 std::string DateTime::IsoDate() const {
-    // Each row of a long list asks for this.
-    const year_month_day date = Civil(seconds_);
-    std::string text = "0000-00-00";
-    const auto write = [&](std::size_t last, int digits, unsigned value) {
-        for (std::size_t at = last; digits > 0; digits--, value /= 10) {
-            text[at--] = static_cast<char>('0' + value % 10);
-        }
-    };
-    write(3, 4, static_cast<unsigned>(static_cast<int>(date.year())));
-    write(6, 2, static_cast<unsigned>(date.month()));
-    write(9, 2, static_cast<unsigned>(date.day()));
+    std::string text;
+    AppendIsoDate(text, seconds_);
     return text;
 }
+
 std::string DateTime::UsDate() const {
-    return Print("%02d/%02d/%04d", Month(), Day(), Year());
+    const year_month_day day = Civil(seconds_);
+    std::string text;
+    AppendDigits(text, static_cast<unsigned>(day.month()), 2);
+    text += '/';
+    AppendDigits(text, static_cast<unsigned>(day.day()), 2);
+    text += '/';
+    AppendDigits(text, static_cast<unsigned>(static_cast<int>(day.year())), 4);
+    return text;
 }
+
 std::string DateTime::IsoDateTime() const {
-    return IsoDate() + Print(" %02d:%02d:%02d", Hour(), Minute(), Second());
+    std::string text;
+    text.reserve(19);
+    AppendIsoDate(text, seconds_);
+    text += ' ';
+    AppendTime(text, seconds_);
+    return text;
 }
+
 std::string DateTime::ShortIso() const {
-    if (*this == Date()) return IsoDate();
-    return IsoDate() + Print("T%02d:%02d:%02d", Hour(), Minute(), Second());
+    std::string text = IsoDate();
+    if (*this == Date()) return text;
+    text += 'T';
+    AppendTime(text, seconds_);
+    return text;
 }
 
 }  // namespace zv
