@@ -1,6 +1,8 @@
 // Every form of statement that the system sends, with its exact text, against the real tables.
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "database_fixture.h"
 #include "store/dialect/translator.h"
 
@@ -356,6 +358,53 @@ TEST_F(DialectError, RefusesStatementsOfTheEngineItself) {
                             "select \"fID\" from cards", "vacuum", "begin"}) {
         EXPECT_EQ(ErrorOf([&] { Execute(sql); }).Number(), ErrorNumber::DatabaseStatement) << sql;
     }
+}
+TEST(DialectFuzz, SurvivesArbitraryBytes) {
+    const std::string statements[] = {
+        Birthdays("2003-12-28", "2004-01-04"),
+        kList +
+            " Left Join cards b on a.taskID=b.fID  Where 1=1 And a.tDuring1<=#03/09/2003# and "
+            "a.tDuring2>=#03/07/2003# And b.CompName like '%x%' Order by a.fType",
+        "insert into tTaskList([taskTitle],taskTime) values('it''s',#03/07/2003#),(null,-1.5e3)",
+        "Update tTaskSet Set DoneMan='x',tEnd='03/07/2003' where not taskID in (1,2) or x is null"};
+    dialect::SchemaInfo schema;
+    schema.hasWindowIndex = true;
+    std::mt19937 random(7);
+    const auto below = [&](std::size_t limit) {
+        return static_cast<std::size_t>(random() % limit);
+    };
+    int understood = 0;
+    for (int i = 0; i < 3000; i++) {
+        std::string sql = statements[below(std::size(statements))];
+        for (std::size_t n = below(4); n > 0; n--) {
+            const std::size_t at = below(sql.size());
+            const std::string& other = statements[below(std::size(statements))];
+            switch (below(4)) {
+                case 0:
+                    sql[at] = static_cast<char>(below(256));
+                    break;
+                case 1:
+                    sql.erase(at, below(9));
+                    break;
+                case 2:
+                    sql.insert(at, other.substr(below(other.size()), below(20)));
+                    break;
+                default:
+                    sql.resize(at);
+                    break;
+            }
+            if (sql.empty()) sql = "'";
+        }
+        try {
+            dialect::Translate(sql, schema);
+            understood++;
+        } catch (const RuntimeError& error) {
+            ASSERT_EQ(error.Number(), ErrorNumber::DatabaseStatement) << sql;
+            ASSERT_NE(error.Text().find(" at character "), std::string::npos) << error.Text();
+        }
+    }
+    EXPECT_GT(understood, 600);
+    EXPECT_LT(understood, 2900);
 }
 TEST_F(DialectError, SurvivesDeepNesting) {
     const std::string deep = "select " + std::string(100000, '(') + "1";
