@@ -4,6 +4,7 @@
 
 #include "forms/buttons.h"
 #include "forms/menu.h"
+#include "forms/text_box.h"
 
 namespace zv::forms {
 
@@ -52,8 +53,11 @@ void Form::Show(bool modal) {
     if (!active_) MoveFocus(+1);
     Activate();
     if (!modal) return;
-    windows_.GetBackend().RunModal(*this);
-    windows_.LeaveModal(*this);
+    // Whoever unloads the window meanwhile, it is destroyed only after the loop has let it go.
+    windows_.FromHost([this] {
+        windows_.GetBackend().RunModal(*this);
+        windows_.LeaveModal(*this);
+    });
 }
 
 void Form::Hide() {
@@ -238,6 +242,12 @@ bool Form::UserDialogKey(const KeyEvent& event) {
     CommandButton* button = event.code == key::kEscape  ? cancelButton
                             : event.code == key::kEnter ? defaultButton
                                                         : nullptr;
+    if (event.code == key::kEnter && active_) {
+        // A button that has the focus takes Enter from the default one; in several lines it breaks
+        // the line.
+        if (auto* pressed = dynamic_cast<CommandButton*>(active_)) button = pressed;
+        if (auto* box = dynamic_cast<TextBox*>(active_); box && box->MultiLine()) return false;
+    }
     if (!button || !button->CanInteract()) return false;
     // The button takes the focus first, so the field being left is validated.
     if (!UserFocused(*button)) return true;
