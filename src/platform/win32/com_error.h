@@ -99,10 +99,12 @@ HRESULT Guarded(std::string_view source, REFIID iid, TextOf&& textOf, Body&& bod
             return hr;
         }
     } catch (const std::bad_alloc&) {
+        SetErrorInfo(0, nullptr);  // else the caller takes an earlier error's text for this one's
         return E_OUTOFMEMORY;
     } catch (const std::exception& error) {
         return SetError(E_UNEXPECTED, error.what(), source, iid);
     } catch (...) {
+        SetErrorInfo(0, nullptr);
         return E_UNEXPECTED;
     }
 }

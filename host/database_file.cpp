@@ -1,0 +1,70 @@
+#include "database_file.h"
+
+#include <windows.h>
+
+#include <array>
+#include <string_view>
+
+#include "base/errors.h"
+#include "open_errors.h"
+#include "platform/win32/wide.h"
+
+namespace zv::host {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view kSqliteStart = "SQLite format 3\0"sv;
+// Access files of all versions: this text stands behind the first four bytes.
+constexpr std::size_t kAccessOffset = 4;
+constexpr std::string_view kJetText = "Standard Jet DB\0"sv;
+constexpr std::string_view kAceText = "Standard ACE DB\0"sv;
+
+class FileHandle {
+ public:
+    explicit FileHandle(HANDLE handle) : handle_(handle) {}
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+    ~FileHandle() {
+        if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+    }
+    HANDLE Get() const { return handle_; }
+
+ private:
+    HANDLE handle_;
+};
+
+}  // namespace
+
+DatabaseFile RecogniseDatabase(const std::string& path) {
+    if (path.empty()) throw CannotOpen(ErrorNumber::FileNotFound, path, "No path is given.");
+    const std::wstring widePath = win32::ToWide(path);
+    const DWORD attributes = GetFileAttributesW(widePath.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) throw CannotOpenFile(path, GetLastError());
+    if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
+        throw CannotOpen(ErrorNumber::PathFileAccess, path, "It is a folder.");
+    }
+    // An engine that has the file open allows others to read and write it.
+    const FileHandle file(CreateFileW(widePath.c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (file.Get() == INVALID_HANDLE_VALUE) throw CannotOpenFile(path, GetLastError());
+    std::array<char, 32> start{};
+    DWORD length = 0;
+    if (!ReadFile(file.Get(), start.data(), static_cast<DWORD>(start.size()), &length, nullptr)) {
+        throw CannotOpenFile(path, GetLastError());
+    }
+    if (length == 0) {
+        throw CannotOpen(ErrorNumber::DatabaseFailure, path, "The file is empty.");
+    }
+    const std::string_view head(start.data(), length);
+    if (head.starts_with(kSqliteStart)) return DatabaseFile::Sqlite;
+    if (length > kAccessOffset) {
+        const std::string_view text = head.substr(kAccessOffset);
+        if (text.starts_with(kJetText) || text.starts_with(kAceText)) return DatabaseFile::Access;
+    }
+    throw CannotOpen(ErrorNumber::DatabaseFailure, path,
+                     "The file is neither an embedded database nor an Access database.");
+}
+
+}  // namespace zv::host

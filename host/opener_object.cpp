@@ -1,0 +1,70 @@
+#include "opener_object.h"
+
+#include <array>
+
+#include "base/text.h"
+#include "connection_object.h"
+#include "database_file.h"
+#include "open_errors.h"
+#include "provider_connection.h"
+#include "store/sqlite/sqlite_connection.h"
+
+namespace zv::host {
+namespace {
+
+using win32::ComPtr;
+using win32::Variant;
+
+std::unique_ptr<store::Connection> OpenEmbedded(const std::string& path) {
+    // Asked at each opening: the file may be gone since the last one.
+    RecogniseDatabase(path);
+    try {
+        return store::sqlite::OpenSqlite(path);
+    } catch (const RuntimeError& error) {
+        if (text::Contains(error.Text(), path)) throw;
+        throw RuntimeError(error.Number(), CannotOpen(error.Number(), path, error.Text()).Text(),
+                           error.Source());
+    }
+}
+
+/// The kind is the first argument; `firstText` is the position of the path, which the other texts
+/// follow.
+store::ConnectionSettings ReadSettings(const Arguments& arguments, std::size_t firstText) {
+    store::ConnectionSettings settings;
+    settings.kind = arguments.Int(0, 0);
+    settings.dataPath = arguments.Text(firstText);
+    settings.password = arguments.Text(firstText + 1);
+    settings.login = arguments.Text(firstText + 2);
+    settings.database = arguments.Text(firstText + 3);
+    return settings;
+}
+
+}  // namespace
+
+ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings) {
+    if (settings.kind >= 1) return OpenServer(settings);
+    if (RecogniseDatabase(settings.dataPath) == DatabaseFile::Access) return OpenAccess(settings);
+    const std::string& path = settings.dataPath;
+    auto connection = win32::MakeCom<ConnectionObject>([path] { return OpenEmbedded(path); },
+                                                       ConnectionEntry("Data Source", path));
+    return ComPtr<IDispatch>(connection.Get());
+}
+
+std::span<const MemberEntry<OpenerObject>> OpenerObject::Members() {
+    static constexpr std::array<MemberEntry<OpenerObject>, 2> kMembers{{
+        {store::ado::kOpenConnection, 1, &OpenerObject::OpenConnection},
+        {L"OpenShared", 2, &OpenerObject::OpenShared},
+    }};
+    return kMembers;
+}
+
+Variant OpenerObject::OpenConnection(const Arguments& arguments) {
+    return Variant(OpenDatabase(ReadSettings(arguments, 1)).Get());
+}
+
+Variant OpenerObject::OpenShared(const Arguments& arguments) {
+    arguments.Store(1, Variant(OpenDatabase(ReadSettings(arguments, 2)).Get()));
+    return Variant(std::int16_t{1});
+}
+
+}  // namespace zv::host

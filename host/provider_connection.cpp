@@ -1,0 +1,93 @@
+#include "provider_connection.h"
+
+#include <array>
+#include <span>
+#include <string>
+
+#include "base/text.h"
+#include "open_errors.h"
+#include "platform/win32/com_error.h"
+#include "store/ado/automation.h"
+
+namespace zv::host {
+namespace {
+
+using win32::ComPtr;
+using win32::Variant;
+
+// The newest first.
+constexpr std::array kAccessProviders = {L"Microsoft.ACE.OLEDB.16.0", L"Microsoft.ACE.OLEDB.15.0",
+                                         L"Microsoft.ACE.OLEDB.12.0", L"Microsoft.Jet.OLEDB.4.0"};
+constexpr std::array kServerProviders = {L"MSOLEDBSQL19", L"MSOLEDBSQL", L"SQLNCLI11", L"SQLOLEDB"};
+
+std::string ChooseProvider(std::span<const wchar_t* const> providers, std::string_view path,
+                           std::string_view kind) {
+    std::string names;
+    for (const wchar_t* provider : providers) {
+        CLSID classId{};
+        if (SUCCEEDED(CLSIDFromProgID(provider, &classId))) return win32::ToUtf8(provider);
+        if (!names.empty()) names += ", ";
+        names += win32::ToUtf8(provider);
+    }
+    throw CannotOpen(
+        ErrorNumber::CannotCreateObject, path,
+        "No data provider for " + std::string(kind) + " is installed (" + names + ").");
+}
+
+ComPtr<IDispatch> OpenAdo(const std::string& connectionString, std::string_view path) {
+    CLSID classId{};
+    ComPtr<IDispatch> connection;
+    HRESULT hr = CLSIDFromProgID(L"ADODB.Connection", &classId);
+    if (SUCCEEDED(hr)) {
+        hr = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                              connection.PutVoid());
+    }
+    if (FAILED(hr)) {
+        throw CannotOpen(ErrorNumber::CannotCreateObject, path,
+                         "ADODB.Connection cannot be created: " + win32::SystemMessage(hr));
+    }
+    store::ado::Member open(L"Open");
+    try {
+        store::ado::Call(*connection, open, {Variant(std::string_view(connectionString)).Get()});
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number(), CannotOpen(error.Number(), path, error.Text()).Text(),
+                           error.Source());
+    }
+    return connection;
+}
+
+}  // namespace
+
+std::string ConnectionEntry(std::string_view name, std::string_view value) {
+    return std::string(name) + "=\"" + text::Replace(value, "\"", "\"\"") + "\";";
+}
+
+ComPtr<IDispatch> OpenAccess(const store::ConnectionSettings& settings) {
+    const std::string provider =
+        ChooseProvider(kAccessProviders, settings.dataPath, "Access databases");
+    std::string entries = "Provider=" + provider + ";";
+    entries += ConnectionEntry("Data Source", settings.dataPath);
+    if (!settings.password.empty()) {
+        entries += ConnectionEntry("Jet OLEDB:Database Password", settings.password);
+    }
+    return OpenAdo(entries, settings.dataPath);
+}
+
+ComPtr<IDispatch> OpenServer(const store::ConnectionSettings& settings) {
+    const std::string provider = ChooseProvider(kServerProviders, settings.dataPath, "SQL Server");
+    std::string entries = "Provider=" + provider + ";";
+    entries += ConnectionEntry("Data Source", settings.dataPath);
+    if (!settings.database.empty()) {
+        entries += ConnectionEntry("Initial Catalog", settings.database);
+    }
+    if (settings.login.empty()) {
+        // Without a login the user's own account is asked for.
+        entries += "Integrated Security=SSPI;";
+    } else {
+        entries += ConnectionEntry("User ID", settings.login);
+        entries += ConnectionEntry("Password", settings.password);
+    }
+    return OpenAdo(entries, settings.dataPath);
+}
+
+}  // namespace zv::host
