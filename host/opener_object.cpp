@@ -2,10 +2,8 @@
 
 #include <array>
 
-#include "base/text.h"
 #include "connection_object.h"
 #include "database_file.h"
-#include "open_errors.h"
 #include "provider_connection.h"
 #include "store/sqlite/sqlite_connection.h"
 
@@ -14,18 +12,6 @@ namespace {
 
 using win32::ComPtr;
 using win32::Variant;
-
-std::unique_ptr<store::Connection> OpenEmbedded(const std::string& path) {
-    // Asked at each opening: the file may be gone since the last one.
-    RecogniseDatabase(path);
-    try {
-        return store::sqlite::OpenSqlite(path);
-    } catch (const RuntimeError& error) {
-        if (text::Contains(error.Text(), path)) throw;
-        throw RuntimeError(error.Number(), CannotOpen(error.Number(), path, error.Text()).Text(),
-                           error.Source());
-    }
-}
 
 /// The kind is the first argument; `firstText` is the position of the path, which the other texts
 /// follow.
@@ -45,7 +31,7 @@ ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings) {
     if (settings.kind >= 1) return OpenServer(settings);
     if (RecogniseDatabase(settings.dataPath) == DatabaseFile::Access) return OpenAccess(settings);
     const std::string& path = settings.dataPath;
-    auto connection = win32::MakeCom<ConnectionObject>([path] { return OpenEmbedded(path); },
+    auto connection = win32::MakeCom<ConnectionObject>([path] { return store::OpenSqlite(path); },
                                                        ConnectionEntry("Data Source", path));
     return ComPtr<IDispatch>(connection.Get());
 }
