@@ -12,16 +12,17 @@ namespace {
 using win32::ToWide;
 using win32::Variant;
 
+/// Empty when there is no such value. Environment variables in the text are filled in.
 std::wstring ReadRegistryText(HKEY root, const std::wstring& value) {
     DWORD bytes = 0;
-    if (RegGetValueW(root, kModulesKey, value.c_str(), RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ,
-                     nullptr, nullptr, &bytes) != ERROR_SUCCESS) {
+    if (RegGetValueW(root, kModulesKey, value.c_str(), RRF_RT_REG_SZ, nullptr, nullptr, &bytes) !=
+        ERROR_SUCCESS) {
         return {};
     }
     std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
     bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-    if (RegGetValueW(root, kModulesKey, value.c_str(), RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ,
-                     nullptr, text.data(), &bytes) != ERROR_SUCCESS) {
+    if (RegGetValueW(root, kModulesKey, value.c_str(), RRF_RT_REG_SZ, nullptr, text.data(),
+                     &bytes) != ERROR_SUCCESS) {
         return {};
     }
     text.resize(wcsnlen(text.c_str(), text.size()));

@@ -53,13 +53,13 @@ bool EmbeddedControl::Attempt(const std::string& call, const std::function<void(
         action();
     } catch (const RuntimeError& error) {
         const auto number = static_cast<std::int32_t>(error.Number());
-        log_(call + "  ✗ 错误 " + (number < 0 ? Hex(number) : std::to_string(number)) + "：" +
+        log_(call + "  失败，错误 " + (number < 0 ? Hex(number) : std::to_string(number)) + "：" +
              error.Text() + (error.Source().empty() ? "" : "（" + error.Source() + "）"));
         return false;
     }
     const auto elapsed =
         std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
-    log_(call + "  ✓ " + std::to_string(elapsed) + " 毫秒");
+    log_(call + "  成功，" + std::to_string(elapsed) + " 毫秒");
     return true;
 }
 
@@ -67,7 +67,9 @@ bool EmbeddedControl::Create(PropertyBag* stored) {
     Destroy();
     const bool created = Attempt(std::string("创建 ") + win32::ToUtf8(kControlProgId), [&] {
         CLSID classId{};
-        Check(CLSIDFromProgID(kControlProgId, &classId), "CLSIDFromProgID");
+        if (FAILED(CLSIDFromProgID(kControlProgId, &classId))) {
+            throw RuntimeError(ErrorNumber::CannotCreateObject, "控件没有注册");
+        }
         Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IOleObject,
                                object_.PutVoid()),
               "CoCreateInstance");

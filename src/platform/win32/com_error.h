@@ -7,6 +7,7 @@
 #include <oleauto.h>
 
 #include <cstdint>
+#include <cwchar>
 #include <exception>
 #include <new>
 #include <string>
@@ -51,13 +52,17 @@ inline ErrorNumber ToErrorNumber(HRESULT hr) {
     }
 }
 
-/// The system's own sentence for a result, without the line end; empty when it has none.
+/// The system's own sentence for a result, without the line end; the number where it has none.
 inline std::string SystemMessage(HRESULT hr) {
     wchar_t buffer[512];
     DWORD length =
         FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
                        static_cast<DWORD>(hr), 0, buffer, ARRAYSIZE(buffer), nullptr);
     while (length > 0 && buffer[length - 1] <= L' ') --length;
+    if (length == 0) {
+        length = static_cast<DWORD>(
+            swprintf(buffer, ARRAYSIZE(buffer), L"0x%08lX", static_cast<unsigned long>(hr)));
+    }
     return ToUtf8(std::wstring_view(buffer, length));
 }
 

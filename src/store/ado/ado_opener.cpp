@@ -8,6 +8,16 @@ namespace zv::store::ado {
 using win32::ComPtr;
 using win32::Variant;
 
+namespace {
+
+std::string Reason(HRESULT hr) {
+    // Some systems have no sentence of their own for the most likely of all reasons.
+    if (hr == CO_E_CLASSSTRING || hr == REGDB_E_CLASSNOTREG) return "is not registered.";
+    return "cannot be created: " + win32::SystemMessage(hr);
+}
+
+}  // namespace
+
 std::unique_ptr<Connection> AdoOpener::Open(const ConnectionSettings& settings) {
     CLSID classId{};
     HRESULT hr = CLSIDFromProgID(kOpenerProgId, &classId);
@@ -17,9 +27,9 @@ std::unique_ptr<Connection> AdoOpener::Open(const ConnectionSettings& settings) 
                               opener.PutVoid());
     }
     if (FAILED(hr)) {
-        throw RuntimeError(ErrorNumber::CannotCreateObject,
-                           "The connection opener \"" + win32::ToUtf8(kOpenerProgId) +
-                               "\" cannot be created: " + win32::SystemMessage(hr));
+        throw RuntimeError(
+            ErrorNumber::CannotCreateObject,
+            "The connection opener \"" + win32::ToUtf8(kOpenerProgId) + "\" " + Reason(hr));
     }
     Member openConnection(kOpenConnection);
     const Variant path{std::string_view(settings.dataPath)};

@@ -102,9 +102,9 @@ check "it tells of the control's creation" log_has '创建 zv_Task.zvTask'
 user_is() { [ "$(outside text "$demo.txtUserName" | tr -d '\r\n')" = "$1" ]; }
 check "it takes the user from its command line" user_is '赵六'
 if [ -e "$control" ]; then
-    check "the control is created" log_has '创建 zv_Task.zvTask  ✓'
+    check "the control is created" log_has '创建 zv_Task.zvTask  成功'
     check "presses a button" outside click "$demo.cmdRefresh8"
-    check "refresh comes back without an error" log_has 'refresh(8, 0)  ✓'
+    check "refresh comes back without an error" log_has 'refresh(8, 0)  成功'
     check "asks for the property bag" outside click "$demo.cmdSaveBag"
     check "the bag holds the language" log_has 'Language = 1'
 fi
