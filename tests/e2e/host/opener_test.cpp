@@ -32,7 +32,8 @@ class Opener : public testing::Test {
         GetTempPathW(MAX_PATH, temporary);
         folder_ = std::wstring(temporary) + L"zv 主机 " + std::to_wstring(GetCurrentProcessId());
         CreateDirectoryW(folder_.c_str(), nullptr);
-        settings_.dataPath = win32::ToUtf8(folder_ + L"\\任务 提醒.db");
+        file_ = folder_ + L"\\任务 提醒.db";
+        settings_.dataPath = win32::ToUtf8(file_);
         settings_.password = "0";
         CreateSqliteDatabase(settings_.dataPath);
     }
@@ -40,7 +41,7 @@ class Opener : public testing::Test {
         CoFreeUnusedLibrariesEx(0, 0);
         CoUninitialize();
         for (const wchar_t* ending : {L"", L"-wal", L"-shm"}) {
-            DeleteFileW((win32::ToWide(settings_.dataPath) + ending).c_str());
+            DeleteFileW((file_ + ending).c_str());
         }
         RemoveDirectoryW(folder_.c_str());
     }
@@ -55,7 +56,7 @@ class Opener : public testing::Test {
         return ErrorFrom([&] { opener_.Open(settings_); });
     }
 
-    std::wstring folder_;
+    std::wstring folder_, file_;
     ConnectionSettings settings_;
     AdoOpener opener_;
 };

@@ -7,6 +7,8 @@ here=$(cd "$(dirname "$0")" && pwd)
 : "${ZV_BIN:?folder of the Windows programs}" "${WINEPREFIX:?Wine prefix}"
 wine=${ZV_WINE:-/usr/lib/wine/wine64}
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree=;mshtml=}
+# Wine takes the texts of its command lines in the locale's encoding.
+export LC_ALL=${LC_ALL:-C.UTF-8}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 passed=0
@@ -30,11 +32,11 @@ add() { # "N passed, M failed" of a part
     failed=$((failed + $2))
 }
 
-# The registry's classes that name the server, in both places where they may stand.
+# How many entries of the registry's classes name the server, in both places where they may stand.
 traces() {
     rm -f "$work"/classes-*.reg
-    run regedit /E "$(windows_path "$work/classes-m.reg")" 'HKEY_LOCAL_MACHINE\Software\Classes'
-    run regedit /E "$(windows_path "$work/classes-u.reg")" 'HKEY_CURRENT_USER\Software\Classes'
+    run regedit /E "$(windows_path "$work/classes-m.reg")" 'HKEY_LOCAL_MACHINE\Software\Classes' >/dev/null 2>&1
+    run regedit /E "$(windows_path "$work/classes-u.reg")" 'HKEY_CURRENT_USER\Software\Classes' >/dev/null 2>&1
     cat "$work"/classes-*.reg | iconv -f UTF-16 -t UTF-8 2>/dev/null | grep -ciE 'zv_Host'
 }
 no_traces() { [ "$(traces)" = 0 ]; }
@@ -65,7 +67,7 @@ add "$ok" "$bad"
 [ "$bad" -gt 0 ] && tail -n 60 "$work/e2e.log"
 
 check "makes a database" run "$ZV_BIN/zvdb.exe" create "$(windows_path "$work/a b.db")"
-run cscript //nologo "$(windows_path "$here/stranger.vbs")" "$(windows_path "$work/a b.db")" \
+run cscript //nologo "$(windows_path "$here/stranger.vbs")" "$(windows_path "$work/a b.db")" '提醒' \
     >"$work/script.log" 2>&1
 # An error in a script ends it without a word: only its last line proves that it went through.
 if mark=$(tr -d '\r' <"$work/script.log" | grep -E '^END [0-9]+ passed, [0-9]+ failed$'); then

@@ -1,5 +1,5 @@
 ' Uses the connection opener and the recordset as any automation client would.
-' cscript stranger.vbs DATABASE: an empty database of the embedded engine.
+' cscript stranger.vbs DATABASE TEXT: an empty database of the embedded engine, and a text to store.
 Option Explicit
 
 Dim passed, failed
@@ -17,7 +17,7 @@ End Sub
 
 Dim path, title, opener, conn, rs, rows, affected, field, names, i, shared, number, text, files
 path = WScript.Arguments(0)
-title = ChrW(&H63D0) & ChrW(&H9192)
+title = WScript.Arguments(1)
 
 Set opener = CreateObject("zv_Host.Opener")
 Set conn = opener.OpenConnection(0, path, "", "", "")
