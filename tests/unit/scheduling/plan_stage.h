@@ -97,7 +97,11 @@ class Dialogs : public forms::Dialogs {
 class Statements : public store::StatementObserver {
  public:
     void OnStatement(const std::string& sql) override { Note(sql); }
-    void OnRowUpdate() override { Note("row"); }
+    void OnRowUpdate() override {
+        if (onRow) onRow();
+        Note("row");
+    }
+    std::function<void()> onRow;
     std::vector<std::string> Take() { return std::exchange(lines_, {}); }
     /// The `count`-th row that is written from now on fails.
     void FailRow(int count) { rowsToFailure_ = count; }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "plan_stage.h"
 #include "scheduling/occurrences.h"
 
@@ -198,6 +200,41 @@ TEST_F(GenerateTaskListTest, ReadsADateOfAPlanWhateverItsTime) {
     EXPECT_EQ(Rows("select taskTime,tDuring1,tDuring2 from tTaskList order by fID"),
               "2003-01-01 10:30:00|2002-12-30 10:30:00|2003-01-03 10:30:00\n"
               "2003-01-02 10:30:00|2002-12-31 10:30:00|2003-01-04 10:30:00");
+}
+
+// Any plan: a second run gives the rows of the first, and done rows stay as they are when the user
+// answers No.
+TEST_F(GenerateTaskListTest, RepeatsItselfForAnyPlanAndKeepsWhatIsDone) {
+    std::mt19937 random(20030307);
+    const auto number = [&](int first, int last) {
+        return std::uniform_int_distribution<int>(first, last)(random);
+    };
+    const std::string undone =
+        "select taskTime,tDuring1,tDuring2,taskTitle,fContent from tTaskList where tDone=0 "
+        "order by fID";
+    for (int i = 0; i < 40; i++) {
+        const DateTime begin = DateTime(2003, 1, 1).AddDays(number(0, 800));
+        const DateTime end = begin.AddDays(number(0, 200));
+        SetPlan("CircleType=" + std::to_string(number(0, 3)) + ",CircleValue=" +
+                std::to_string(number(1, 20)) + ",taskMonth=" + std::to_string(number(1, 12)) +
+                ",taskday=" + std::to_string(number(1, 31)) + ",TaskWeek=" +
+                std::to_string(number(0, 6)) + ",Type=" + std::to_string(number(0, 4)) +
+                ",TypeValue=" + std::to_string(number(0, 99)) + ",tbegin='" + begin.IsoDateTime() +
+                "',tEnd='" + end.IsoDateTime() + "'");
+        Sql("delete from tTaskList");
+        GenerateTaskList(session, "7");
+        const std::string first = Rows(undone);
+        GenerateTaskList(session, "7");
+        ASSERT_EQ(Rows(undone), first) << i;
+        if (first.empty()) continue;
+
+        Sql("update tTaskList set tDone=1,tDoneMan='x' where fID=(select min(fID) from tTaskList)");
+        const std::string done = Rows("select * from tTaskList where tDone=1");
+        dialogs.answers = {Answer::No};
+        GenerateTaskList(session, "7");
+        ASSERT_EQ(Rows("select * from tTaskList where tDone=1"), done) << i;
+        ASSERT_EQ(Rows(undone), first) << i;
+    }
 }
 
 class AddTaskInstanceTest : public GenerateTaskListTest {
