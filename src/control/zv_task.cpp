@@ -26,6 +26,16 @@ enum Mode : std::int16_t {
 /// A cancel of the staff list that a host opens clears the picked name.
 constexpr std::int16_t kActionOfAHost = 4;
 
+/// Throws error 6 for a value outside the calendar, the years 100 to 9999.
+DateTime ToDate(double automationDate) {
+    constexpr double kBeforeFirst = -657435;
+    constexpr double kBehindLast = 2958466;
+    if (!(automationDate > kBeforeFirst && automationDate < kBehindLast)) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return DateTime::FromAutomation(automationDate);
+}
+
 }  // namespace
 
 ZvTask::ZvTask(Session& session) : session_(session) {}
@@ -160,7 +170,7 @@ bool ZvTask::MarkDirectly() {
 bool ZvTask::AddInstance() {
     const ControlState& state = session_.state;
     const std::int16_t plan = number::ToInt16(static_cast<double>(state.myTaskID));
-    const DateTime date = DateTime::FromAutomation(state.myDate.value_or(0));
+    const DateTime date = ToDate(state.myDate.value_or(0));
     return scheduling::AddTaskInstance(session_, plan, date) != 0;
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "scheduling/plan_editor.h"
+#include "scheduling/staff_list.h"
 #include "stage/stage.h"
 
 namespace zv {
@@ -121,13 +123,56 @@ TEST_F(Refresh, ASettingThatIsNoNumberIsATypeMismatch) {
     EXPECT_EQ(stage.Window(), nullptr);
 }
 
-TEST_F(Refresh, ModesTwoAndThreeOpenTheirWindows) {
+TEST_F(Refresh, ModeTwoOpensThePlanEditorForANewPlan) {
     EXPECT_EQ(stage.Refresh(2), 0);
+    auto* editor = stage.windows.Find<scheduling::frmTaskSet>(scheduling::frmTaskSet::kName);
+    ASSERT_NE(editor, nullptr);
+    EXPECT_TRUE(editor->IsShown());
+    EXPECT_FALSE(editor->IsModal());
+    EXPECT_EQ(editor->txtTaskID.Text(), "1");
+}
+
+TEST_F(Refresh, ModeThreeOpensTheStaffListWithActionFour) {
     EXPECT_EQ(stage.Refresh(3), 0);
-    const auto windows = stage.windows.Windows();
-    ASSERT_EQ(windows.size(), 2u);
-    EXPECT_EQ(windows[0]->Name(), "frmTaskSet");
-    EXPECT_EQ(windows[1]->Name(), "frmList");
+    auto* list = stage.windows.Find<scheduling::frmList>(scheduling::frmList::kName);
+    ASSERT_NE(list, nullptr);
+    EXPECT_TRUE(list->IsShown());
+    EXPECT_EQ(list->Action, 4);
+}
+
+TEST_F(Refresh, ModesSixAndSevenAddTheItemOfAPlan) {
+    stage.Sql("insert into tTaskSet(TaskID,taskTitle,Type,TypeValue) values(5,'a',1,0)");
+    stage.session.state.myTaskID = 5;
+    for (const std::int32_t mode : {6, 7}) {
+        stage.Sql("delete from tTaskList");
+        stage.session.state.myDate = DateTime(2003, 3, 10).ToAutomation();
+        EXPECT_EQ(stage.Refresh(mode), 0);
+        EXPECT_EQ(stage.Query("select TaskID||taskTime from tTaskList"), "52003-03-10 00:00:00");
+    }
+}
+
+TEST_F(Refresh, ModeSixWithoutThePlanOnlyWarns) {
+    stage.session.state.myTaskID = 9;
+    EXPECT_EQ(stage.Refresh(6), 0);
+    EXPECT_EQ(stage.dialogs.messages, Messages{"48|任务号 [9] 已不存在!"});
+    EXPECT_TRUE(stage.windows.Windows().empty());
+}
+
+TEST_F(Refresh, ModeSevenAsksWhenNoItemWasAdded) {
+    stage.session.state.myTaskID = 9;
+    EXPECT_EQ(stage.Refresh(7), kNotBuiltYet);
+    EXPECT_NE(stage.errorText.find("frmTaskDone"), std::string::npos);
+}
+
+TEST_F(Refresh, ModeSixOverflowsBeyondSixteenBitsAndTheCalendar) {
+    stage.session.state.myTaskID = 32768;
+    EXPECT_EQ(stage.Refresh(6), kOverflow);
+    stage.session.state.myTaskID = 5;
+    for (const double date : {1e300, -1e300, 2958466.0, -657435.0}) {
+        stage.session.state.myDate = date;
+        EXPECT_EQ(stage.Refresh(6), kOverflow) << date;
+    }
+    EXPECT_TRUE(stage.statements.Take().empty());
 }
 
 TEST_F(Refresh, ModeFourMarksTheItem) {
