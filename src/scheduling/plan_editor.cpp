@@ -106,6 +106,9 @@ frmTaskSet::frmTaskSet(forms::WindowSystem& windows, Session& session)
     dateBegin.SetFormat(forms::DateFormat::LongDate);
     dateEnd.SetFormat(forms::DateFormat::LongDate);
     txtTaskCon.SetMultiLine(true);
+    for (forms::TextBox* box : {&txtTaskID, &txtCircleValue, &txtMonth, &txtDay, &txtUpDown}) {
+        box->SetNumericKeyboard(true);
+    }
     optEarlyCall.SetValue(true);
     // Whoever leaves without saving need not mend the input first.
     cmdExit.causesValidation = false;
@@ -214,6 +217,11 @@ void frmTaskSet::Form_Activate() {
     if (!moveOnWhenShown_) return;
     moveOnWhenShown_ = false;
     MoveFocus(+1);
+}
+
+// What another program sends arrives even while items are generated; the window stays until then.
+void frmTaskSet::Form_QueryUnload(bool& cancel, bool) {
+    if (generating_) cancel = true;
 }
 
 void frmTaskSet::SetCaptions() {
@@ -444,6 +452,7 @@ bool frmTaskSet::Ask(std::int16_t question, int buttons, forms::Answer agreement
 }
 
 void frmTaskSet::cmdOK_Click() {
+    if (generating_) return;
     const PlanEntry entry = Entry();
     if (const auto refusal = CheckEntry(entry)) return Refuse(*refusal);
     if (AsksForSetter(entry) && !Ask(kNoSetter, forms::box::kOkCancel, forms::Answer::Ok)) {
@@ -467,18 +476,22 @@ void frmTaskSet::cmdOK_Click() {
 }
 
 void frmTaskSet::Generate() {
-    // The line is gone again when the run ends, also when it fails.
-    struct Line {
-        forms::Label& label;
-        ~Line() { label.SetCaption(""); }
-    } line{lblProgress};
+    // However the run ends, the line is empty again.
+    struct Run {
+        explicit Run(frmTaskSet& editor) : window(editor) { window.generating_ = true; }
+        ~Run() {
+            window.generating_ = false;
+            window.lblProgress.SetCaption("");
+        }
+        frmTaskSet& window;
+    } run{*this};
     int shown = -1;
     GenerateTaskList(
         session_, std::string(text::Trim(txtTaskID.Text())), [&](int rows, double part) {
             const int percent = static_cast<int>(part * 100);
             if (percent == shown) return;
             shown = percent;
-            line.label.SetCaption(std::to_string(percent) + "% (" + std::to_string(rows) + ")");
+            lblProgress.SetCaption(std::to_string(percent) + "% (" + std::to_string(rows) + ")");
             Refresh();
         });
 }

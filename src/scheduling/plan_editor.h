@@ -81,6 +81,7 @@ class frmTaskSet : public forms::Form {
  protected:
     void Form_Load() override;
     void Form_Activate() override;
+    void Form_QueryUnload(bool& cancel, bool byUser) override;
 
  private:
     void Wire();
@@ -105,6 +106,7 @@ class frmTaskSet : public forms::Form {
     Session& session_;
     EditedPlan edited_;
     bool moveOnWhenShown_ = false;
+    bool generating_ = false;
 };
 
 /// Shows the editor for a plan (0: a new one): the one that is open with what it holds, or a new

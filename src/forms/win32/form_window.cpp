@@ -336,6 +336,15 @@ void FormWindow::BoundsChanged() {
     TellPlace();
 }
 
+void FormWindow::PaintNow() {
+    if (gone_ || !form_.IsShown()) return;
+    // Looking for messages without taking one lets the system know that the thread lives, so it
+    // does not put a picture of a hanging window in this one's place. Input waits as it is.
+    MSG message;
+    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+    RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
 void FormWindow::CaptionChanged() {
     SetWindowTextW(Handle(), ToWide(form_.Caption()).c_str());
 }

@@ -42,6 +42,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void CaptionChanged();
     void BoundsChanged();
     void WindowStateChanged();
+    void PaintNow();
     void MenuChanged();
     void PopupMenu(MenuItem& menu, int x, int y);
 

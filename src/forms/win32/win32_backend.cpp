@@ -23,6 +23,7 @@ class NativeFormPeer : public FormPeer {
     void CaptionChanged() override { window_->CaptionChanged(); }
     void BoundsChanged() override { window_->BoundsChanged(); }
     void WindowStateChanged() override { window_->WindowStateChanged(); }
+    void PaintNow() override { window_->PaintNow(); }
     void MenuChanged(MenuItem&) override { window_->MenuChanged(); }
     void PopupMenu(MenuItem& menu, int x, int y) override { window_->PopupMenu(menu, x, y); }
 

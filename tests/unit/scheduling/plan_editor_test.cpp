@@ -88,6 +88,25 @@ TEST_F(PlanEditorTest, ShowsItsProgressWhileItGenerates) {
               (std::vector<std::string>{"0% (0)", "25% (1)", "50% (2)", "75% (3)", "100% (4)"}));
 }
 
+TEST_F(PlanEditorTest, StaysAndStartsNothingElseWhileItGenerates) {
+    frmTaskSet& editor = Open();
+    user.Type(editor.txtTaskTitle, "a");
+    user.Click(editor.chkTaskSet);
+    dialogs.answers = {Answer::Yes};
+    bool again = false;
+    statements.onRow = [&] {
+        if (editor.lblProgress.Caption().empty() || again) return;
+        again = true;
+        editor.cmdOK_Click();
+        editor.UserClose();
+        EXPECT_TRUE(editor.IsShown());
+    };
+    user.Click(editor.cmdOK);
+    EXPECT_TRUE(again);
+    EXPECT_TRUE(windows.Windows().empty());
+    EXPECT_EQ(Rows("select count(*) from tTaskList"), "12");
+}
+
 TEST_F(PlanEditorTest, EmptiesTheProgressWhenTheGenerationFails) {
     frmTaskSet& editor = Open();
     user.Type(editor.txtTaskTitle, "a");
