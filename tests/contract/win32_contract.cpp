@@ -8,8 +8,9 @@
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
-#include "forms/lists.h"
+#include "forms/menu.h"
 #include "forms/text_box.h"
+#include "forms/timer.h"
 #include "forms/tree_view.h"
 #include "forms/win32/handles.h"
 #include "forms/win32/input_box.h"
@@ -28,6 +29,7 @@ struct NativeForm : TestForm {
         : TestForm(windows, name) {
         images.Add("task1", Icon());
         tvwTask.SetImageList(&images);
+        mnuPopup.SetVisible(false);
         txtNotes.SetMultiLine(true);
         tvwTask.Add(TreeView::kNone, "A1", "任务", "task1");
         tvwTask.Add(TreeView::kNone, "A2", "客户", "task1");
@@ -35,6 +37,9 @@ struct NativeForm : TestForm {
         for (int i = 0; i < 3; i++) optType[i].SetCaption("(&" + std::to_string(i) + ")");
     }
     ImageList images;
+    MenuItem mnuPopup{*this, "mnuPopup", nullptr, "弹出"};
+    MenuItem mnuEntry{*this, "mnuEntry", &mnuPopup, "完毕"};
+    Timer Timer1{*this, "Timer1", 20};
     TextBox txtTitle{*this, "txtTitle"};
     TextBox txtNotes{*this, "txtNotes"};
     ControlArray<CheckBox> chkType{*this, "chkType", nullptr, 2};
@@ -212,6 +217,58 @@ TEST_F(Native, AKeyHandlerMayUnloadTheWindow) {
     form.Show(false);
     driver().Key(form.txtTitle, key::kEnter);
     EXPECT_TRUE(windows_.Windows().empty());
+}
+
+TEST_F(Native, AMenuThatPopsUpIsClosedByTheDriverAndChosenFromLater) {
+    form.tvwTask.onMouseDown = [this](const MouseEvent& event) {
+        form.PopupMenu(form.mnuPopup, event.x / kTwipsPerUnit, event.y / kTwipsPerUnit);
+        events_.push_back("closed");
+    };
+    form.mnuEntry.onClick = [this] { events_.push_back("chosen"); };
+    form.Show(false);
+    driver().RightClickNode(form.tvwTask, "A2");
+    EXPECT_EQ(form.LastPopup(), "mnuPopup");
+    driver().Choose(form.mnuEntry);
+    EXPECT_EQ(events_, (std::vector<std::string>{"closed", "chosen"}));
+}
+
+TEST_F(Native, AnEntryOfAMenuThatPopsUpIsChosenByKeyboard) {
+    form.tvwTask.onMouseDown = [this](const MouseEvent&) { form.PopupMenu(form.mnuPopup, 0, 0); };
+    form.mnuEntry.onClick = [this] { events_.push_back("chosen"); };
+    form.Show(false);
+    backend().onMenuIdle = [this] {
+        backend().onMenuIdle = nullptr;
+        PostMessageW(Handle(form), WM_KEYDOWN, VK_DOWN, 1);
+        PostMessageW(Handle(form), WM_KEYDOWN, VK_RETURN, 1);
+    };
+    driver().RightClickNode(form.tvwTask, "A2");
+    EXPECT_EQ(events_, std::vector<std::string>{"chosen"});
+}
+
+TEST_F(Native, TheMenuKeyOpensTheMenuOfTheSelectedNode) {
+    form.tvwTask.onMouseDown = [this](const MouseEvent& event) {
+        events_.push_back(event.button == MouseButton::Right ? "right" : "other");
+        EXPECT_GT(event.y, 0);
+    };
+    form.Show(false);
+    driver().ClickNode(form.tvwTask, "A2");
+    SendMessageW(Named("tvwTask"), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Named("tvwTask")), -1);
+    EXPECT_EQ(events_, std::vector<std::string>{"right"});
+}
+
+TEST_F(Native, ATimerTicksByItself) {
+    int ticks = 0;
+    form.Timer1.onTimer = [&] {
+        if (++ticks == 2) form.Timer1.SetRunning(false);
+    };
+    form.Show(false);
+    form.Timer1.SetRunning(true);
+    const DWORD start = GetTickCount();
+    while (ticks < 2 && GetTickCount() - start < 5000) {
+        RunHostLoop();
+        Sleep(5);
+    }
+    EXPECT_EQ(ticks, 2);
 }
 
 TEST_F(Native, OpenWindowsKeepTheModuleLoaded) {

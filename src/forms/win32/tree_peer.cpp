@@ -23,6 +23,9 @@ constexpr char kGapUtf8[] = "\u00A0\u00A0\u00A0\u00A0";
 /// the end instead.
 constexpr std::size_t kMostPlaced = 64;
 
+/// Deleting an item by itself costs about as much as this many when all go.
+constexpr std::size_t kDeletionCost = 10;
+
 std::uint64_t Hash(std::string_view text) {
     std::uint64_t hash = 0xCBF29CE484222325U;
     for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
@@ -155,6 +158,8 @@ void NativeTree::Synchronize() {
     slotOfNode_.clear();
     toExpand_.clear();
     Direct(TVM_SELECTITEM, TVGN_CARET, 0);
+    const std::size_t present = slots_.size() - freeSlots_.size();
+    if (CountGone(kNone, TreeView::kNone) * kDeletionCost > present) DeleteAll();
     SynchronizeChildren(kNone, TreeView::kNone);
     for (const int slot : toExpand_) Expand(slot, Tree().Expanded(At(slot).node));
     ShowSelection();
@@ -171,51 +176,88 @@ bool NativeTree::Matches(const Slot& slot, int node) const {
     return slot.image == tree.ImageIndex(node) && slot.text == Hash(tree.Text(node));
 }
 
-void NativeTree::SynchronizeChildren(int parent, int parentNode) {
+NativeTree::Difference NativeTree::Compare(int parent, int parentNode) const {
     const TreeView& tree = Tree();
-    const int firstNode =
-        parentNode == TreeView::kNone ? tree.FirstRoot() : tree.FirstChild(parentNode);
-    const int firstSlot = FirstOf(parent);
-    const auto match = [this](int slot, int node) {
-        Reuse(slot, node);
-        SynchronizeChildren(slot, node);
-        if (At(slot).expanded != Tree().Expanded(node)) toExpand_.push_back(slot);
-    };
-
-    int slot = firstSlot;
-    int node = firstNode;
+    Difference difference;
+    int slot = parent == kNone ? firstRoot_ : At(parent).first;
+    int node = parentNode == TreeView::kNone ? tree.FirstRoot() : tree.FirstChild(parentNode);
     while (slot != kNone && node != TreeView::kNone && Matches(At(slot), node)) {
-        match(slot, node);
+        difference.same.emplace_back(slot, node);
         slot = At(slot).next;
         node = tree.NextSibling(node);
     }
-    if (slot == kNone && node == TreeView::kNone) return;
-    std::vector<int> slots;
-    for (; slot != kNone; slot = At(slot).next) slots.push_back(slot);
-    std::vector<int> nodes;
-    for (; node != TreeView::kNone; node = tree.NextSibling(node)) nodes.push_back(node);
+    for (; slot != kNone; slot = At(slot).next) difference.gone.push_back(slot);
+    for (; node != TreeView::kNone; node = tree.NextSibling(node)) difference.added.push_back(node);
 
+    std::vector<int>& gone = difference.gone;
+    std::vector<int>& added = difference.added;
     std::size_t tail = 0;
-    while (tail < slots.size() && tail < nodes.size() &&
-           Matches(At(slots[slots.size() - 1 - tail]), nodes[nodes.size() - 1 - tail])) {
+    while (tail < gone.size() && tail < added.size() &&
+           Matches(At(gone[gone.size() - 1 - tail]), added[added.size() - 1 - tail])) {
         tail++;
     }
-    if (nodes.size() - tail > kMostPlaced) tail = 0;
-    for (std::size_t i = 0; i < tail; i++) {
-        match(slots[slots.size() - tail + i], nodes[nodes.size() - tail + i]);
+    if (tail == 0 || added.size() - tail > kMostPlaced) return difference;
+    difference.before = gone[gone.size() - tail];
+    for (std::size_t i = tail; i > 0; i--) {
+        difference.same.emplace_back(gone[gone.size() - i], added[added.size() - i]);
     }
-    if (nodes.size() - tail > kMostPlaced && parent != kNone) Expand(parent, false);
-    if (parent == kNone && slots.size() - tail > 0 && slots.front() == firstSlot && tail == 0) {
-        Direct(TVM_DELETEITEM, 0, AsParam(TVI_ROOT));
-        slots_.clear();
-        freeSlots_.clear();
-        firstRoot_ = lastRoot_ = kNone;
-    } else {
-        for (std::size_t i = slots.size() - tail; i > 0; i--) Delete(slots[i - 1]);
+    gone.resize(gone.size() - tail);
+    added.resize(added.size() - tail);
+    return difference;
+}
+
+// How many native items would be deleted one by one.
+std::size_t NativeTree::CountGone(int parent, int parentNode) const {
+    const Difference difference = Compare(parent, parentNode);
+    std::size_t count = difference.gone.size();
+    for (const int slot : difference.gone) {
+        for (int child = At(slot).first; child != kNone; child = At(child).next) count++;
     }
-    const int before = tail > 0 ? slots[slots.size() - tail] : kNone;
-    for (std::size_t i = 0; i < nodes.size() - tail; i++) {
-        InsertWithChildren(parent, before, nodes[i]);
+    for (const auto& [slot, node] : difference.same) {
+        if (At(slot).first != kNone) count += CountGone(slot, node);
+    }
+    return count;
+}
+
+void NativeTree::SynchronizeChildren(int parent, int parentNode) {
+    const Difference difference = Compare(parent, parentNode);
+    for (const auto& [slot, node] : difference.same) {
+        Reuse(slot, node);
+        if (At(slot).first != kNone || Tree().FirstChild(node) != TreeView::kNone) {
+            SynchronizeChildren(slot, node);
+        }
+        if (At(slot).expanded != Tree().Expanded(node)) toExpand_.push_back(slot);
+    }
+    if (difference.added.size() > kMostPlaced && parent != kNone) {
+        Expand(parent, false);
+        toExpand_.push_back(parent);
+    }
+    for (std::size_t i = difference.gone.size(); i > 0; i--) Delete(difference.gone[i - 1]);
+    InsertAll(parent, difference.before, difference.added);
+}
+
+void NativeTree::DeleteAll() {
+    Direct(TVM_DELETEITEM, 0, AsParam(TVI_ROOT));
+    slots_.clear();
+    freeSlots_.clear();
+    firstRoot_ = lastRoot_ = kNone;
+}
+
+// All of a level before what lies below: a native tree takes ten times as long for a group that
+// comes behind one with many items.
+void NativeTree::InsertAll(int parent, int before, const std::vector<int>& nodes) {
+    std::vector<int> slots;
+    slots.reserve(nodes.size());
+    for (const int node : nodes) slots.push_back(Insert(parent, before, node));
+    std::vector<int> children;
+    for (std::size_t i = 0; i < nodes.size(); i++) {
+        if (Tree().Expanded(nodes[i])) toExpand_.push_back(slots[i]);
+        children.clear();
+        for (int child = Tree().FirstChild(nodes[i]); child != TreeView::kNone;
+             child = Tree().NextSibling(child)) {
+            children.push_back(child);
+        }
+        if (!children.empty()) InsertAll(slots[i], kNone, children);
     }
 }
 
@@ -284,15 +326,6 @@ int NativeTree::Insert(int parent, int before, int node) {
     }
     slotOfNode_[static_cast<std::size_t>(node)] = id;
     return id;
-}
-
-void NativeTree::InsertWithChildren(int parent, int before, int node) {
-    const int slot = Insert(parent, before, node);
-    for (int child = Tree().FirstChild(node); child != TreeView::kNone;
-         child = Tree().NextSibling(child)) {
-        InsertWithChildren(slot, kNone, child);
-    }
-    if (Tree().Expanded(node)) toExpand_.push_back(slot);
 }
 
 void NativeTree::Delete(int slot) {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/tree_view.h"
@@ -65,12 +66,23 @@ class NativeTree : public NativeControl {
     int& FirstOf(int parent) { return parent == kNone ? firstRoot_ : At(parent).first; }
     int& LastOf(int parent) { return parent == kNone ? lastRoot_ : At(parent).last; }
 
+    /// Between the items below `parent` and the nodes that they should show.
+    struct Difference {
+        std::vector<std::pair<int, int>> same;  ///< item, node
+        std::vector<int> gone;                  ///< items
+        std::vector<int> added;                 ///< nodes
+        int before = kNone;                     ///< the item that those added come in front of
+    };
+
+    Difference Compare(int parent, int parentNode) const;
+    std::size_t CountGone(int parent, int parentNode) const;
     void Synchronize();
     void SynchronizeChildren(int parent, int parentNode);
     bool Matches(const Slot& slot, int node) const;
     void Reuse(int slot, int node);
     int Insert(int parent, int before, int node);
-    void InsertWithChildren(int parent, int before, int node);
+    void InsertAll(int parent, int before, const std::vector<int>& nodes);
+    void DeleteAll();
     void Delete(int slot);
     void Forget(int slot);
     void Expand(int slot, bool expanded);
