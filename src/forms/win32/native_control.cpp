@@ -84,8 +84,10 @@ bool NativeControl::ShownByItself() const {
 
 void NativeControl::ApplyBounds() {
     const RECT bounds = GetScale().ToPixels(control_.Bounds());
+    // Controls that change places may cover each other on the way: what stood at the old place is
+    // not to be carried to the new one.
     SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
-                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 void NativeControl::ResolutionChanged() {
