@@ -3,5 +3,5 @@
 
 #define ZV_TYPE_LIBRARY 1
 #define ZV_MANIFEST 2
-#define ZV_ICON 101
+#define ZV_ICON 1
 #define ZV_TOOLBOX_BITMAP 102

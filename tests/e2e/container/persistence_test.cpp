@@ -145,36 +145,54 @@ TEST_F(PersistenceTest, AFailureOfTheBagReachesTheContainer) {
     EXPECT_EQ(persist->Save(&bag, TRUE, FALSE), STG_E_MEDIUMFULL);
 }
 
+// A bag that a host passes as an object: a container's own, or one of a script with the members
+// ReadProperty and WriteProperty.
+class ObjectBag final : public OnStack<IDispatch> {
+ public:
+    explicit ObjectBag(bool isContainers) : isContainers_(isContainers) {}
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        *object = nullptr;
+        if (iid == IID_IPropertyBag && isContainers_) return bag.QueryInterface(iid, object);
+        if (iid != IID_IUnknown && iid != IID_IDispatch) return E_NOINTERFACE;
+        *object = this;
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+        if (isContainers_) return DISP_E_UNKNOWNNAME;
+        const std::wstring name = names[0];
+        ids[0] = name == L"ReadProperty" ? 1 : name == L"WriteProperty" ? 2 : DISPID_UNKNOWN;
+        return ids[0] == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
+    }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO*, UINT*) override {
+        if (parameters->cArgs != 2) return DISP_E_BADPARAMCOUNT;
+        const BSTR name = parameters->rgvarg[1].bstrVal;
+        if (id == 2) return bag.Write(name, &parameters->rgvarg[0]);
+        if (SUCCEEDED(bag.Read(name, result, nullptr))) return S_OK;
+        return VariantCopy(result, &parameters->rgvarg[0]);
+    }
+    Bag bag;
+
+ private:
+    bool isContainers_;
+};
+
 TEST_F(PersistenceTest, ThePersistenceEventsWorkOnABagObject) {
-    // The hidden members of the interface take a container's bag as an object too.
-    class ObjectBag final : public OnStack<IDispatch> {
-     public:
-        STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-            *object = nullptr;
-            if (iid == IID_IPropertyBag) return bag.QueryInterface(iid, object);
-            if (iid != IID_IUnknown && iid != IID_IDispatch) return E_NOINTERFACE;
-            *object = this;
-            AddRef();
-            return S_OK;
-        }
-        STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-        STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-        STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-            return DISP_E_UNKNOWNNAME;
-        }
-        STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                            UINT*) override {
-            return DISP_E_MEMBERNOTFOUND;
-        }
-        Bag bag;
-    } object;
-    PutText(L"ZgName", "李四");
-    const Variant argument(static_cast<IDispatch*>(&object));
-    ASSERT_EQ(Call(*dispatch, L"UserControl_WriteProperties", {argument.Get()}).hr, S_OK);
-    EXPECT_EQ(object.bag.Text("ZgName"), "李四");
-    ASSERT_EQ(Call(*dispatch, L"UserControl_InitProperties", {}).hr, S_OK);
-    ASSERT_EQ(Call(*dispatch, L"UserControl_ReadProperties", {argument.Get()}).hr, S_OK);
-    EXPECT_EQ(object.bag.asked, kReadKeys);
+    for (const bool isContainers : {true, false}) {
+        ObjectBag object(isContainers);
+        PutText(L"ZgName", "李四");
+        PutText(L"myName", "名");
+        const Variant argument(static_cast<IDispatch*>(&object));
+        ASSERT_EQ(Call(*dispatch, L"UserControl_WriteProperties", {argument.Get()}).hr, S_OK);
+        EXPECT_EQ(object.bag.Text("ZgName"), "李四");
+        ASSERT_EQ(Call(*dispatch, L"UserControl_InitProperties", {}).hr, S_OK);
+        ASSERT_EQ(Call(*dispatch, L"UserControl_ReadProperties", {argument.Get()}).hr, S_OK);
+        EXPECT_EQ(object.bag.asked, kReadKeys);
+        EXPECT_EQ(zv::win32::ToUtf8(Get(*dispatch, L"myName").value.Get().bstrVal), "名");
+    }
 }
 
 TEST_F(PersistenceTest, IsDirtyAfterASetUntilItIsSaved) {

@@ -1,4 +1,5 @@
 ' Creates the control by its name, sets what can be set and reads what can be read.
+' Argument: the name of a company.
 Option Explicit
 
 Dim task
@@ -18,9 +19,9 @@ End Sub
 Set task = CreateObject("zv_Task.zvTask")
 Check "created", IsObject(task)
 
-' Text with characters that no single-byte code page holds.
+' The first argument is a name in characters that no single-byte code page holds.
 Dim company
-company = ChrW(&H7532) & ChrW(&H516C) & ChrW(&H53F8)
+company = WScript.Arguments(0)
 
 task.myName = company
 task.AlertType = 3
