@@ -1,5 +1,5 @@
 # The part of bench/run that measures windows; sourced by it. Uses $data, $runs, $results, $cpu and
-# the functions build and pinned.
+# the function build.
 source tools/setup/wine.sh
 
 build windows-x64 zvbench_window zvbench_start zvbench_floor_start zv_Task
@@ -12,22 +12,44 @@ unset DISPLAY
 wine_start
 trap 'rm -f "$results"; wine_stop' EXIT
 
+# median FILE COLUMN: of the numbers in that column.
+median() { cut -d' ' -f"$2" "$1" | sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
+# row MEASURE OURS FLOOR UNIT GOALRATIO GOALVALUE RUNS
+row() { printf '%s\t%s\t%s\t%s\t%s\t%s\t%s\n' "$@" >>"$results"; }
+
+ours=$(mktemp)
+floor=$(mktemp)
 for items in 1000 10000 100000; do
-    ZV_WINE_TIMEOUT=600 wine_run "$win/zvbench_window.exe" "$(winepath_of "$data/list_$items.db")" \
-        "$([ "$items" = 100000 ] && echo 3 || echo "$runs")" | tr -d '\r' >>"$results"
+    # Three processes of each in turn, so that whatever disturbs the machine disturbs both.
+    : >"$ours"
+    : >"$floor"
+    each=3
+    [ "$items" = 100000 ] && each=1
+    for round in 1 2 3; do
+        for subject in ours floor; do
+            ZV_WINE_TIMEOUT=600 wine_run "$win/zvbench_window.exe" "$subject" \
+                "$(winepath_of "$data/list_$items.db")" "$each" | tr -d '\r' >>"${!subject}"
+        done
+    done
+    [ "$(median "$ours" 4)" = "$(median "$floor" 4)" ] || { echo "the trees differ" >&2; exit 1; }
+    row "list of $items, window, from empty" "$(median "$ours" 1)" "$(median "$floor" 1)" ms 1.3 0 \
+        $((3 * each))
+    row "list of $items, window, filled again" "$(median "$ours" 2)" "$(median "$floor" 2)" ms 1 0 \
+        $((3 * each))
+    row "memory a node, window, $items" "$(median "$ours" 3)" "$(median "$floor" 3)" bytes 0 0 3
 done
 
 # Alternating starts; the first of each only warms up.
-starts=$(mktemp)
+: >"$ours"
+: >"$floor"
 for run in $(seq 0 "$runs"); do
-    ours=$(wine_run "$win/zvbench_start.exe" "$(winepath_of "$data/list_1000.db")" | tr -d '\r')
-    floor=$(wine_run "$win/zvbench_floor_start.exe" | tr -d '\r')
-    [ "$run" = 0 ] || echo "$ours $floor" >>"$starts"
+    [ "$run" = 1 ] && : >"$ours" && : >"$floor"
+    wine_run "$win/zvbench_start.exe" "$(winepath_of "$data/list_1000.db")" | tr -d '\r' >>"$ours"
+    wine_run "$win/zvbench_floor_start.exe" | tr -d '\r' >>"$floor"
 done
-median() { cut -d' ' -f"$1" "$starts" | sort -n | sed -n "$((runs / 2 + 1))p"; }
-printf 'process start to the first window, 1000 items\t%s\t%s\tms\t0\t0\t%s\n' \
-    "$(median 1)" "$(median 2)" "$runs" >>"$results"
-rm -f "$starts"
+row "process start to the first window, 1000 items" "$(median "$ours" 1)" "$(median "$floor" 1)" \
+    ms 0 0 "$runs"
+rm -f "$ours" "$floor"
 
-printf 'size of the control, x64\t%s\t0\tMB\t0\t4\t1\n' \
-    "$(stat -c %s "$win/zv_Task.ocx" | awk '{ printf "%.3f", $1 / 1048576 }')" >>"$results"
+row "size of the control, x64" "$(stat -c %s "$win/zv_Task.ocx" | awk '{ printf "%.3f", $1 / 1048576 }')" \
+    0 MB 0 4 1
