@@ -31,6 +31,7 @@ class BareWindow {
     HWND frame_ = nullptr;
     HWND tree_ = nullptr;
     HIMAGELIST images_ = nullptr;
+    HFONT font_ = nullptr;
 };
 
 /// Handles the messages that wait.
