@@ -35,7 +35,11 @@ std::string NodeLines(const TreeView& tree) {
 }
 
 Text ReadCommon(const Control& c, const std::string& p) {
-    if (p == "enabled") return Truth(c.Enabled());
+    if (p == "enabled") {
+        // Of a timer: whether it ticks.
+        const auto* timer = dynamic_cast<const Timer*>(&c);
+        return Truth(timer ? timer->Running() : c.Enabled());
+    }
     if (p == "visible") return Truth(c.Visible());
     if (p == "tag") return c.tag;
     if (p == "focus") return Truth(c.HasFocus());
