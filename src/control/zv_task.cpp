@@ -3,9 +3,9 @@
 #include "base/number.h"
 #include "control/persistence.h"
 #include "mainwindow/frm_task_main.h"
-#include "resources/error_texts.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/staff_list.h"
+#include "scheduling/task_done.h"
 #include "scheduling/task_generation.h"
 
 namespace zv {
@@ -89,9 +89,6 @@ void ZvTask::Connect() {
 }
 
 void ZvTask::Act(std::int32_t mode, bool modal) {
-    const auto notBuilt = [this](std::string_view window) {
-        throw resources::NotBuiltYetError(window, session_.state.Language);
-    };
     switch (mode) {
         case kAlertPass:
             RunAlertPass();
@@ -109,13 +106,17 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
             MarkDirectly();
             break;
         case kMarkOrAsk:
-            if (!MarkDirectly()) notBuilt("frmTaskDone");
+            if (!MarkDirectly()) {
+                scheduling::ShowTaskDone(session_, scheduling::frmTaskDone::kCompleteItem, modal);
+            }
             break;
         case kAddInstance:
             AddInstance();
             break;
         case kAddInstanceOrAsk:
-            if (!AddInstance()) notBuilt("frmTaskDone");
+            if (!AddInstance()) {
+                scheduling::ShowTaskDone(session_, scheduling::frmTaskDone::kAddItem, modal);
+            }
             break;
         case kCards: {
             frmTaskMain& window = OpenMainWindow(kCards, modal);

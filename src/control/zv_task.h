@@ -22,7 +22,7 @@ class ZvTask {
 
     /// Opens a window by mode (0 alert pass, 1 manager, 2 plan editor, 3 staff list, 4 to 7 task
     /// completion, 9 cards; any other only reads the settings and connects). Returns when a modal
-    /// window closes. Throws RuntimeError; a mode whose window is missing throws NotBuiltYet.
+    /// window closes. Throws RuntimeError.
     void refresh(std::int32_t mode, std::int16_t modal);
 
     void UserControl_InitProperties();

@@ -99,10 +99,12 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       captions(*this),
       staff(*this),
       cards(*this),
+      birthdays(*this),
       editor(*this),
       filter(*this),
       list(*this),
       tree(*this),
+      completion(*this),
       options(*this),
       alerts(*this),
       lifecycle(*this) {
@@ -140,6 +142,8 @@ void frmTaskMain::Wire() {
     SSTab1.onClick = [this] { defaultButton = SSTab1.Tab() == kFilterTab ? &cmdSeek : nullptr; };
     filter.Wire();
     editor.Wire();
+    completion.Wire();
+    birthdays.Wire();
     cboComp2.onClick = [this] { cards.cboComp2_Click(); };
     cboComp2.onLostFocus = [this] { cards.cboComp2_LostFocus(); };
     cboComp2.onKeyDown = [this](forms::KeyEvent& event) { cards.cboComp2_KeyDown(event); };
@@ -169,7 +173,7 @@ void frmTaskMain::Wire() {
     };
     for (int i = 0; i < cmdAction.Count(); i++) notBuiltYet(cmdAction[i]);
     for (forms::CommandButton* button :
-         {&cmdSave, &cmdTaskOK, &cmdPrint, &cmdItemSet, &cmdTel, &cmdEmail, &cmdHttp}) {
+         {&cmdSave, &cmdPrint, &cmdItemSet, &cmdTel, &cmdEmail, &cmdHttp}) {
         notBuiltYet(*button);
     }
     WireMenus(*this);

@@ -16,8 +16,10 @@
 #include "forms/timer.h"
 #include "forms/tree_view.h"
 #include "mainwindow/alert_settings.h"
+#include "mainwindow/birthdays.h"
 #include "mainwindow/captions.h"
 #include "mainwindow/card_panel.h"
+#include "mainwindow/completion.h"
 #include "mainwindow/filter_panel.h"
 #include "mainwindow/item_editor.h"
 #include "mainwindow/item_list.h"
@@ -143,10 +145,12 @@ class frmTaskMain : public forms::Form {
     Captions captions;
     StaffLists staff;
     CardPanel cards;
+    Birthdays birthdays;
     ItemEditor editor;
     FilterPanel filter;
     ItemList list;
     TaskTree tree;
+    Completion completion;
     OptionsPage options;
     AlertSettings alerts;
     Lifecycle lifecycle;

@@ -91,6 +91,8 @@ void Lifecycle::Start() {
     constexpr std::int16_t kAlertCaption = 106;
     if (mode == kAlertMode) window_.SetCaption(window_.session.LoadText(kAlertCaption));
     if (mode == kManagerMode) window_.SetCaption(window_.session.LoadText(kManagerCaption));
+    // A reminder left over from another mode is switched off, or filled anew.
+    window_.chkBirthDay0.SetValue(0);
     window_.lblBirthDay.SetCaption(window_.session.machine.clock.Today().IsoDate());
     if (mode != kCardMode) window_.chkBirthDay0.SetValue(window_.chkBirthDay.Value());
 }

@@ -3,55 +3,12 @@
 #include <algorithm>
 
 #include "scheduling/plan_editor.h"
+#include "scheduling/row_layout.h"
 
 namespace zv::scheduling {
 namespace {
 
-constexpr int kMargin = 14;
-constexpr int kGap = 8;
-constexpr int kRowGap = 10;
 constexpr int kContentRows = 6;
-
-// Sizes that follow from the system's font.
-struct Measure {
-    explicit Measure(frmTaskSet& window) : backend(window.Windows().GetBackend()) {
-        line = backend.MeasureText("国Ag").height;
-        field = line + 8;
-        button = line + 12;
-        number = Width("88888") + 14;
-    }
-    int Width(std::string_view text) const { return backend.MeasureText(text).width; }
-
-    forms::Backend& backend;
-    int line = 0;    ///< height of a text
-    int field = 0;   ///< height of a field
-    int button = 0;  ///< height of a button
-    int number = 0;  ///< width of a field for a small number
-};
-
-// Places controls of one row from the left to the right.
-class Row {
- public:
-    Row(const Measure& measure, int left, int top) : measure_(measure), at_(left), top_(top) {}
-
-    void Label(forms::Label& label, int width = 0) {
-        width = std::max(width, measure_.Width(label.Caption()) + 2);
-        Put(label, width, measure_.line, (measure_.field - measure_.line) / 2);
-    }
-    void Field(forms::Control& control, int width) { Put(control, width, measure_.field, 0); }
-    void Skip(int width) { at_ += width; }
-    int At() const { return at_; }
-
- private:
-    void Put(forms::Control& control, int width, int height, int offset) {
-        control.Move({at_, top_ + offset, width, height});
-        at_ += width + kGap;
-    }
-
-    const Measure& measure_;
-    int at_;
-    int top_;
-};
 
 int FrameTop(const Measure& measure) {
     return measure.line + 6;
@@ -156,7 +113,7 @@ void PlaceControls(frmTaskSet& w) {
 
     int place = right;
     for (forms::CommandButton* button : {&w.cmdExit, &w.cmdOK, &w.cmdOnlySeeMan}) {
-        const int buttonWidth = std::max(84, m.Width(button->Caption()) + 28);
+        const int buttonWidth = m.ButtonWidth(button->Caption());
         place -= buttonWidth;
         button->Move({place, top, buttonWidth, m.button});
         place -= kGap;

@@ -33,8 +33,10 @@ void Database::Close() {
 }
 
 int Database::Execute(const std::string& sql) {
+    rowsChanged_ = -1;
     if (!connection_) throw RuntimeError(ErrorNumber::ObjectClosed);
-    return connection_->Execute(sql);
+    rowsChanged_ = connection_->Execute(sql);
+    return rowsChanged_;
 }
 
 std::unique_ptr<Recordset> Database::Open(const std::string& sql, CursorType cursor,

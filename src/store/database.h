@@ -30,6 +30,8 @@ class Database {
 
     /// Runs a statement on the open connection; answers the number of rows changed.
     int Execute(const std::string& sql);
+    /// The last statement that was executed changed no row, as far as the engine tells.
+    bool ChangedNothing() const { return rowsChanged_ == 0; }
     std::unique_ptr<Recordset> Open(const std::string& sql,
                                     CursorType cursor = CursorType::ForwardOnly,
                                     LockType lock = LockType::ReadOnly);
@@ -51,6 +53,7 @@ class Database {
     StatementObserver* observer_;
     std::unique_ptr<Connection> connection_;
     char dateDelimiter_ = '#';
+    int rowsChanged_ = -1;
 };
 
 }  // namespace zv::store

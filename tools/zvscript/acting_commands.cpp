@@ -69,10 +69,16 @@ Action Node(Words words) {
     });
 }
 
+// In a tree a node is clicked; any other control is pressed with the right button.
 Action RightClick(Words words) {
-    return AtControl(words[0], [key = words[1]](Stage& stage, forms::Control& control) {
+    std::optional<std::string> key;
+    if (words.size() > 1) key = words[1];
+    return AtControl(words[0], [key](Stage& stage, forms::Control& control) {
         for (forms::Form* form : stage.windows.Windows()) form->ForgetPopup();
-        stage.driver.RightClickNode(control, key);
+        if (key)
+            stage.driver.RightClickNode(control, *key);
+        else
+            stage.driver.RightPress(control);
     });
 }
 
@@ -169,7 +175,7 @@ constexpr std::array kCommands = std::to_array<CommandSpec>({
     {"click", 1, 1, "W.C", Click},
     {"menu", 1, 1, "W.C", Menu},
     {"node", 2, 2, "W.C KEY", Node},
-    {"rightclick", 2, 2, "W.C KEY", RightClick},
+    {"rightclick", 1, 2, "W.C [KEY]", RightClick},
     {"type", 2, 2, "W.C \"TEXT\"", Type},
     {"leave", 1, 1, "W.C", Leave},
     {"key", 2, 2, "W.C Enter|Down|Up|Tab|Escape", Key},

@@ -3,10 +3,12 @@
 #include <array>
 #include <vector>
 
+#include "mainwindow/frm_task_main.h"
 #include "resources/error_texts.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/staff_list.h"
+#include "scheduling/task_done.h"
 #include "scheduling/task_generation.h"
 #include "session/module_gate.h"
 #include "session/text_checks.h"
@@ -86,6 +88,23 @@ std::string CallAddTaskInstance(Stage& stage, const Arguments& arguments) {
                                                       ToDate(arguments[1])));
 }
 
+// A routine of the main window: one that is not open yet is loaded for it.
+std::string CallListBirthdays(Stage& stage, const Arguments& arguments) {
+    using mainwindow::frmTaskMain;
+    auto* window = stage.windows.Find<frmTaskMain>(frmTaskMain::kName);
+    if (!window) {
+        window = &stage.windows.Create<frmTaskMain>(stage.session);
+        window->Load();
+    }
+    window->birthdays.ListBirthdays(number::ToInt16(arguments[0]));
+    return std::to_string(window->Grid1.DataRowCount());
+}
+
+std::string CallTaskDone(Stage& stage, const Arguments& arguments) {
+    scheduling::ShowTaskDone(stage.session, number::ToInt16(arguments[0]), false);
+    return {};
+}
+
 std::string CallTaskSet(Stage& stage, const Arguments& arguments) {
     scheduling::ShowPlanEditor(stage.session, number::ToInt16(arguments[0]), false);
     return {};
@@ -108,10 +127,11 @@ constexpr std::array kOperations = std::to_array<Operation>({
     {"GenerateTaskList", 1, "PLAN", CallGenerateTaskList},
     {"AddTaskInstance", 2, "PLAN DATE", CallAddTaskInstance},
     {"MakeDate", 3, "YEAR MONTH DAY", CallMakeDate},
-    {"ListBirthdays", 2, "DAYS FILTER", nullptr},
+    {"ListBirthdays", 1, "DAYS", CallListBirthdays},
     {"PrintReport", CommandSpec::kMany, "REPORT...", nullptr},
     {"PrintItem", 1, "ITEM", nullptr},
     {"frmTaskSet", 1, "PLAN", CallTaskSet},
+    {"frmTaskDone", 1, "TYPE", CallTaskDone},
     {"frmList", 1, "ACTION", CallList},
     {"frmAsk", 0, "", nullptr},
 });

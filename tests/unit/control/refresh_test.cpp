@@ -2,6 +2,7 @@
 
 #include "scheduling/plan_editor.h"
 #include "scheduling/staff_list.h"
+#include "scheduling/task_done.h"
 #include "stage/stage.h"
 
 namespace zv {
@@ -9,12 +10,15 @@ namespace {
 
 using Messages = std::vector<std::string>;
 
-constexpr int kNotBuiltYet = static_cast<int>(ErrorNumber::NotBuiltYet);
 constexpr int kTypeMismatch = static_cast<int>(ErrorNumber::TypeMismatch);
 constexpr int kOverflow = static_cast<int>(ErrorNumber::Overflow);
 
 class Refresh : public testing::Test {
  protected:
+    const scheduling::frmTaskDone* CompletionDialog() {
+        using scheduling::frmTaskDone;
+        return stage.windows.Find<frmTaskDone>(frmTaskDone::kName);
+    }
     void AddDueItem() {
         stage.Sql(
             "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone) values"
@@ -160,8 +164,10 @@ TEST_F(Refresh, ModeSixWithoutThePlanOnlyWarns) {
 
 TEST_F(Refresh, ModeSevenAsksWhenNoItemWasAdded) {
     stage.session.state.myTaskID = 9;
-    EXPECT_EQ(stage.Refresh(7), kNotBuiltYet);
-    EXPECT_NE(stage.errorText.find("frmTaskDone"), std::string::npos);
+    EXPECT_EQ(stage.Refresh(7), 0);
+    const auto* dialog = CompletionDialog();
+    ASSERT_TRUE(dialog);
+    EXPECT_FALSE(dialog->Completes());
 }
 
 TEST_F(Refresh, ModeSixOverflowsBeyondSixteenBitsAndTheCalendar) {
@@ -218,8 +224,11 @@ TEST_F(Refresh, ModeFiveMarksOrAsks) {
     stage.session.state.myTaskID = 1;
     EXPECT_EQ(stage.Refresh(5), 0);
     stage.session.state.myTaskID = 0;
-    EXPECT_EQ(stage.Refresh(5), kNotBuiltYet);
-    EXPECT_NE(stage.errorText.find("frmTaskDone"), std::string::npos);
+    EXPECT_FALSE(CompletionDialog());
+    EXPECT_EQ(stage.Refresh(5), 0);
+    const auto* dialog = CompletionDialog();
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(dialog->Completes());
 }
 
 TEST_F(Refresh, AUserNameWithAnApostropheFailsInTheDatabase) {

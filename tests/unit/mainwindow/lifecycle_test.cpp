@@ -69,6 +69,7 @@ TEST_F(LifecycleTest, LoadingRestoresTheSettingsAndWritesNone) {
     Store("zvTask.TimeSetting", "15");
     Store("zvTask.JbrName", "1");
     Store("zv2000.JbrFrom", "1");
+    stage.Sql("insert into cards(Name,Birthday) values('a','1970-03-09 00:00:00')");
     const auto before = stage.settings.values;
     frmTaskMain& window = Open();
     EXPECT_FALSE(window.chkStartup.Checked());

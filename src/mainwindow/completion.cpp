@@ -1,0 +1,124 @@
+#include "mainwindow/completion.h"
+
+#include <string>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "mainwindow/frm_task_main.h"
+#include "scheduling/task_generation.h"
+#include "session/module_gate.h"
+
+namespace zv::mainwindow {
+namespace {
+
+constexpr std::int16_t kConfirmDone = 129;
+constexpr std::int16_t kItemNotFound = 132;
+constexpr std::int16_t kCompletionRight = 4;
+constexpr std::uint8_t kAdding = 1;
+
+constexpr char kDoneDigit = '4';
+constexpr char kInHandDigit = '3';
+
+// The caption of the menu entry ends in its access key: a blank, an ampersand and a letter.
+constexpr std::size_t kAccessKeyLength = 3;
+
+std::string WithoutAccessKey(const std::string& caption) {
+    const std::size_t length = text::Length(caption);
+    return text::Left(caption, length < kAccessKeyLength ? 0 : length - kAccessKeyLength);
+}
+
+}  // namespace
+
+void Completion::Wire() {
+    MainMenus& menus = window_.menus;
+    for (auto* entries : {&menus.mnuTaskDone, &menus.mnuGuestDone, &menus.mnuDailyDone}) {
+        for (forms::MenuItem& entry : *entries) {
+            entry.onClick = [this, &entry] {
+                SetItemState(static_cast<std::int16_t>(entry.Index()));
+            };
+        }
+    }
+    menus.mnuTaskDoneOk.onClick = [this] { SetItemState(0); };
+    menus.mnuTaskDoing.onClick = [this] { SetItemState(1); };
+    menus.mnuEventDone.onClick = [this] { mnuEventDone_Click(); };
+    window_.cmdTaskOK.onClick = [this] { cmdTaskOK_Click(); };
+    window_.cmdTaskOK.onMouseDown = [this](const forms::MouseEvent& event) {
+        cmdTaskOK_MouseDown(event);
+    };
+}
+
+// The menus can be opened at any time: a plan's number must not be taken for an item's, nor what
+// the editor shows of another item, or of a new one, for the item that is selected.
+bool Completion::ShowsStoredItem() const {
+    const MainState& state = window_.state;
+    const bool loaded = state.currentItemId == 0 ||
+                        window_.tvwTask.tag == "Z" + std::to_string(state.currentItemId);
+    return loaded && state.currentType != kPlan && state.editMode != kAdding;
+}
+
+void Completion::SetItemState(std::int16_t mode) {
+    const int newState = mode == 0 ? kDone : kInHand;
+    if (!ShowsStoredItem() || window_.cboDone2.ListIndex() == newState) return;
+    Session& session = window_.session;
+    const std::string title = " [" + window_.txtTitle2.Text() + "] ?";
+    const std::string question =
+        newState == kDone ? session.LoadText(kConfirmDone) + title
+                          : WithoutAccessKey(window_.menus.mnuTaskDoing.Caption()) + ":" + title;
+    if (session.windows.ShowMessage(question, forms::box::kOkCancel + forms::box::kQuestion) ==
+        forms::Answer::Cancel) {
+        return;
+    }
+    const std::int16_t item = number::ToInt16(static_cast<double>(window_.state.currentItemId));
+    session.EnsureConnection();
+    if (session.database.MarkItemState(item, static_cast<std::int16_t>(newState),
+                                       session.state.UserName) != 1) {
+        return;
+    }
+    if (session.database.ChangedNothing()) {
+        // Somebody else has deleted the item: there is nothing that could be shown as done.
+        session.windows.ShowMessage(session.LoadText(kItemNotFound), forms::box::kExclamation);
+        return;
+    }
+    window_.cboDone2.SetListIndex(newState);
+    SetNodeState(newState == kDone ? kDoneDigit : kInHandDigit);
+}
+
+void Completion::SetNodeState(char stateDigit) {
+    forms::TreeView& tree = window_.tvwTask;
+    const int node = tree.Find(tree.tag);
+    if (node == forms::TreeView::kNone) return;
+    std::string image = tree.Image(node);
+    image.back() = stateDigit;
+    tree.SetImage(node, image);
+}
+
+void Completion::cmdTaskOK_Click() {
+    const bool cards = window_.state.startMode == kCardMode;
+    if (CheckModule(window_.session, cards ? "mnuCardPlan" : "mnuToolTask", kCompletionRight, 0) >
+        0) {
+        SetItemState(0);
+    } else {
+        window_.session.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
+    }
+}
+
+void Completion::cmdTaskOK_MouseDown(const forms::MouseEvent& event) {
+    if (event.button != forms::MouseButton::Right) return;
+    if (CheckModule(window_.session, "mnuZjComp", kCompletionRight, 0) < 1) {
+        window_.session.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
+        return;
+    }
+    const forms::Rect& bar = window_.fraTop.Bounds();
+    const forms::Rect& button = window_.cmdTaskOK.Bounds();
+    window_.PopupMenu(window_.menus.mnuDone, bar.left + button.left, bar.top + button.Bottom());
+}
+
+void Completion::mnuEventDone_Click() {
+    const MainState& state = window_.state;
+    // Without a selected plan the engine would take free items for those of a plan.
+    if (state.currentType != kPlan || state.currentItemId == 0) return;
+    scheduling::GenerateTaskList(window_.session, std::to_string(state.currentItemId));
+    SetNodeState(kDoneDigit);
+}
+
+}  // namespace zv::mainwindow

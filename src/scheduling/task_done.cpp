@@ -1,0 +1,165 @@
+#include "scheduling/task_done.h"
+
+#include <algorithm>
+
+#include "base/number.h"
+#include "scheduling/row_layout.h"
+#include "scheduling/task_generation.h"
+
+namespace zv::scheduling {
+namespace {
+
+constexpr std::int16_t kTaskText = 5;
+constexpr std::int16_t kDateText = 14;
+constexpr std::int16_t kCompletedText = 16;
+constexpr std::int16_t kAddText = 24;
+constexpr std::int16_t kOkText = 28;
+constexpr std::int16_t kCancelText = 29;
+constexpr std::int16_t kItemNotFound = 132;
+
+constexpr std::int16_t kDone = 1;
+constexpr char kNumberSeparator = '\t';
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+}  // namespace
+
+std::int16_t ReadTaskNumber(std::string_view text) {
+    text = text.substr(0, text.find(' '));
+    std::string digits;
+    for (const char c : text) {
+        if (IsDigit(c))
+            digits += c;
+        else if (c != kNumberSeparator)
+            break;
+    }
+    return digits.empty() ? std::int16_t{0} : number::ToInt16(digits);
+}
+
+frmTaskDone::frmTaskDone(forms::WindowSystem& windows, Session& session)
+    : Form(windows, std::string(kName)),
+      lblTitle(*this, "lblTitle"),
+      txtTitle(*this, "txtTitle"),
+      lblDate(*this, "lblDate"),
+      DTPicker1(*this, "DTPicker1"),
+      cmdTaskDone(*this, "cmdTaskDone"),
+      cmdTaskQuit(*this, "cmdTaskQuit"),
+      session_(session) {
+    DTPicker1.SetFormat(forms::DateFormat::LongDate);
+    cmdTaskDone.onClick = [this] { cmdTaskDone_Click(); };
+    cmdTaskQuit.onClick = [this] { cmdTaskQuit_Click(); };
+    cancelButton = &cmdTaskQuit;
+    WireKeys();
+}
+
+void frmTaskDone::WireKeys() {
+    txtTitle.onKeyDown = [this](forms::KeyEvent& event) {
+        const int direction = event.code == forms::key::kEnter || event.code == forms::key::kDown
+                                  ? +1
+                              : event.code == forms::key::kUp ? -1
+                                                              : 0;
+        if (direction == 0) return;
+        event.code = 0;
+        MoveFocus(direction);
+    };
+    // The arrows count in a date.
+    DTPicker1.onKeyDown = [this](forms::KeyEvent& event) {
+        if (event.code != forms::key::kEnter) return;
+        event.code = 0;
+        MoveFocus(+1);
+    };
+}
+
+void frmTaskDone::TaskType(std::int16_t type) {
+    type_ = type;
+    SetCaption(session_.LoadText(kTaskText) +
+               session_.LoadText(Completes() ? kCompletedText : kAddText));
+}
+
+void frmTaskDone::Form_Load() {
+    SetCaptions();
+    DTPicker1.SetValue(session_.machine.clock.Today());
+    ShowPlan(number::ToInt16(static_cast<double>(session_.state.myTaskID)));
+    PlaceControls();
+    Center();
+}
+
+void frmTaskDone::SetCaptions() {
+    lblTitle.SetCaption(session_.LoadText(kTaskText));
+    lblDate.SetCaption(session_.LoadText(kDateText));
+    cmdTaskDone.SetCaption(session_.LoadText(kOkText));
+    cmdTaskQuit.SetCaption(session_.LoadText(kCancelText));
+    txtTitle.SetAccessibleName(lblTitle.Caption());
+    DTPicker1.SetAccessibleName(lblDate.Caption());
+}
+
+void frmTaskDone::ShowPlan(std::int16_t number) {
+    session_.EnsureConnection();
+    const auto plan = session_.database.Open(
+        "select * from tTaskSet where taskID=" + std::to_string(number) + " order by taskID");
+    if (!plan->Eof()) {
+        txtTitle.SetText(plan->Field("TaskID").ToText() + kNumberSeparator +
+                         plan->Field("taskTitle").ToText());
+    }
+    plan->Close();
+    // The dialog may wait long for its user; the store is opened again when it is needed.
+    session_.database.Close();
+}
+
+void frmTaskDone::PlaceControls() {
+    const Measure m(*this);
+    const int label = std::max(m.Width(lblTitle.Caption()), m.Width(lblDate.Caption())) + 2;
+    const int field = m.Width("88888  国国国国国国国国国国国国国国国国") + 14;
+    int top = kMargin;
+    Row title(m, kMargin, top);
+    title.Label(lblTitle, label);
+    title.Field(txtTitle, field);
+    top += m.field + kRowGap;
+    Row date(m, kMargin, top);
+    date.Label(lblDate, label);
+    date.Field(DTPicker1, m.Width("Wednesday, 30 September 2003") + 30);
+    top += m.field + kMargin;
+    const int right = txtTitle.Bounds().Right();
+    const int quit = m.ButtonWidth(cmdTaskQuit.Caption());
+    const int done = m.ButtonWidth(cmdTaskDone.Caption());
+    cmdTaskQuit.Move({right - quit, top, quit, m.button});
+    cmdTaskDone.Move({right - quit - kGap - done, top, done, m.button});
+    SetClientSize({right + kMargin, top + m.button + kMargin});
+}
+
+void frmTaskDone::cmdTaskDone_Click() {
+    const std::int16_t number = ReadTaskNumber(txtTitle.Text());
+    if (number == 0) return;
+    const bool finished =
+        Completes() ? Complete(number) : AddTaskInstance(session_, number, *DTPicker1.Value()) == 1;
+    if (finished) Unload();
+}
+
+bool frmTaskDone::Complete(std::int16_t item) {
+    session_.EnsureConnection();
+    if (session_.database.MarkItemState(item, kDone, session_.state.UserName) != 1) return false;
+    if (session_.database.ChangedNothing()) {
+        session_.windows.ShowMessage(session_.LoadText(kItemNotFound), forms::box::kExclamation);
+    }
+    return true;
+}
+
+void frmTaskDone::cmdTaskQuit_Click() {
+    Unload();
+}
+
+void ShowTaskDone(Session& session, std::int16_t taskType, bool modal) {
+    auto* dialog = session.windows.Find<frmTaskDone>(frmTaskDone::kName);
+    // What was entered as the number of a plan must not be taken for that of an item.
+    if (dialog && dialog->Completes() != (taskType == frmTaskDone::kCompleteItem)) {
+        dialog->Unload();
+        dialog = nullptr;
+    }
+    if (!dialog) dialog = &session.windows.Create<frmTaskDone>(session);
+    dialog->TaskType(taskType);
+    dialog->Show(modal);
+}
+
+}  // namespace zv::scheduling

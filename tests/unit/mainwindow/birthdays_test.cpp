@@ -1,0 +1,214 @@
+#include "mainwindow/birthdays.h"
+
+#include "main_window_fixture.h"
+
+namespace zv::mainwindow {
+namespace {
+
+constexpr std::string_view kAnniversary =
+    "-'+Right('0'+Ltrim(Month(Birthday)),2)+'-'+Right('0'+Ltrim(Day(Birthday)),2)";
+
+std::string Anniversary(const std::string& year) {
+    return "'" + year + std::string(kAnniversary);
+}
+
+TEST(BirthdayStatement, ComparesThisYearsAnniversaryAsText) {
+    EXPECT_EQ(BirthdayStatement(DateTime(2003, 3, 7), DateTime(2003, 3, 12)),
+              "select CompCode,name,compname,Birthday,fID from cards Where (" +
+                  Anniversary("2003") + " >= '2003-03-07'   AND  " + Anniversary("2003") +
+                  " <= '2003-03-12')");
+}
+
+TEST(BirthdayStatement, RepeatsTheTestWithNextYearAcrossNewYear) {
+    EXPECT_EQ(BirthdayStatement(DateTime(2003, 12, 28), DateTime(2004, 1, 4)),
+              "select CompCode,name,compname,Birthday,fID from cards Where (" +
+                  Anniversary("2003") + " >= '2003-12-28'   AND  " + Anniversary("2003") +
+                  " <= '2004-01-04') Or (" + Anniversary("2004") + " >= '2003-12-28' AND " +
+                  Anniversary("2004") + " <= '2004-01-04')");
+}
+
+TEST(BirthdayStatement, TheLastDayOfTheYearIsNotAcrossNewYear) {
+    EXPECT_EQ(BirthdayStatement(DateTime(2003, 12, 24), DateTime(2003, 12, 31)).find(" Or "),
+              std::string::npos);
+}
+
+class BirthdayTest : public MainWindow {
+ protected:
+    void AddCard(const std::string& name, const std::string& birthday) {
+        stage.Sql("insert into cards(CompCode,Name,CompName,Birthday) values('C','" + name +
+                  "','公司'," + (birthday.empty() ? "null" : "'" + birthday + " 00:00:00'") + ")");
+    }
+    frmTaskMain& OpenAtCards(std::int32_t mode = kManagerMode) {
+        frmTaskMain& window = Open(mode);
+        ShowTab(kCardTab);
+        return window;
+    }
+    std::string Names() {
+        const forms::Grid& grid = stage.Window()->Grid1;
+        std::string names;
+        for (int row = 1; row <= grid.DataRowCount(); row++) names += grid.Cell(row, 2);
+        return names;
+    }
+    std::string NamesFor(DateTime today, std::int16_t days) {
+        stage.clock.now = today;
+        stage.Window()->birthdays.ListBirthdays(days);
+        return Names();
+    }
+    std::string LeaveDays(const std::string& text) {
+        frmTaskMain& window = *stage.Window();
+        stage.user.Type(window.txtBirthDay0, text);
+        stage.user.Leave(window.txtBirthDay0);
+        return window.txtBirthDay0.Text();
+    }
+};
+
+TEST_F(BirthdayTest, ListsFromTodayToTheLastDay) {
+    for (const char* day : {"06", "07", "08", "12", "13"}) {
+        AddCard(day, std::string("1970-03-") + day);
+    }
+    OpenAtCards();
+    EXPECT_EQ(NamesFor(DateTime(2003, 3, 7, 23, 59), 5), "070812");
+    EXPECT_EQ(NamesFor(DateTime(2003, 3, 7), 0), "07");
+    EXPECT_EQ(NamesFor(DateTime(2003, 3, 7), -1), "");
+}
+
+TEST_F(BirthdayTest, CrossesNewYear) {
+    AddCard("a", "1970-12-27");
+    AddCard("b", "1970-12-28");
+    AddCard("c", "1970-01-02");
+    AddCard("d", "1970-01-05");
+    OpenAtCards();
+    EXPECT_EQ(NamesFor(DateTime(2003, 12, 28), 7), "bc");
+}
+
+TEST_F(BirthdayTest, NeverListsACardWithoutABirthday) {
+    AddCard("a", "");
+    OpenAtCards();
+    EXPECT_EQ(NamesFor(DateTime(2003, 1, 1), 364), "");
+}
+
+TEST_F(BirthdayTest, ComparesThe29thOfFebruaryAsTextInEveryYear) {
+    AddCard("a", "1980-02-29");
+    OpenAtCards();
+    EXPECT_EQ(NamesFor(DateTime(2003, 2, 28), 1), "a");
+    EXPECT_EQ(NamesFor(DateTime(2003, 2, 28), 0), "");
+    EXPECT_EQ(NamesFor(DateTime(2003, 3, 1), 5), "");
+    EXPECT_EQ(NamesFor(DateTime(2004, 2, 29), 0), "a");
+}
+
+TEST_F(BirthdayTest, FillsTheColumnsOfTheGrid) {
+    stage.Sql(
+        "insert into cards(fID,CompCode,Name,CompName,Birthday) "
+        "values(40000,'C9','王五','某公司','1970-03-07 08:30:00')");
+    const forms::Grid& grid = OpenAtCards().Grid1;
+    NamesFor(DateTime(2003, 3, 7), 0);
+    ASSERT_EQ(grid.DataRowCount(), 1);
+    EXPECT_EQ(grid.Cell(1, 1), "C9");
+    EXPECT_EQ(grid.Cell(1, 2), "王五");
+    EXPECT_EQ(grid.Cell(1, 3), "某公司");
+    EXPECT_EQ(grid.Cell(1, 4), "1970-03-07");
+    EXPECT_EQ(grid.Cell(1, 5), "40000");
+}
+
+TEST_F(BirthdayTest, TickingShowsTheGridAndHidesTheCommands) {
+    AddCard("a", "1970-03-09");
+    frmTaskMain& window = OpenAtCards();
+    stage.user.Click(window.chkBirthDay0);
+    EXPECT_TRUE(window.Grid1.Visible());
+    EXPECT_EQ(window.lblBirthDay.Caption(), "客户生日报警 （今天 2003-03-07）");
+    for (const forms::Control* button :
+         {&window.cmdSeek, &window.cmdAction[1], &window.cmdAction[2], &window.cmdAction[3],
+          &window.cmdTaskOK}) {
+        EXPECT_FALSE(button->OwnVisible()) << button->Name();
+    }
+    EXPECT_TRUE(window.cmdAction[0].OwnVisible());
+    stage.user.Click(window.chkBirthDay0);
+    EXPECT_FALSE(window.Grid1.Visible());
+    EXPECT_EQ(window.lblBirthDay.Caption(), "（今天 2003-03-07）");
+    for (const forms::Control* button :
+         {&window.cmdSeek, &window.cmdAction[1], &window.cmdAction[2], &window.cmdAction[3],
+          &window.cmdTaskOK}) {
+        EXPECT_TRUE(button->OwnVisible()) << button->Name();
+    }
+}
+
+TEST_F(BirthdayTest, WithoutAnyItTellsAndSwitchesItselfOff) {
+    frmTaskMain& window = OpenAtCards();
+    stage.user.Click(window.chkBirthDay0);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"64|今天未有[客户生日报警] （提前5天）！"});
+    EXPECT_EQ(window.chkBirthDay0.Value(), 0);
+    EXPECT_FALSE(window.Grid1.Visible());
+    EXPECT_EQ(window.lblBirthDay.Caption(), "（今天 2003-03-07）");
+}
+
+TEST_F(BirthdayTest, AtStartUpItSwitchesItselfOffWithoutAWord) {
+    stage.settings.values["zvTask.StartupBirthDay"] = "7";
+    frmTaskMain& window = Open();
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    EXPECT_EQ(window.chkBirthDay0.Value(), 0);
+    EXPECT_EQ(window.chkBirthDay.Value(), 1);
+    EXPECT_EQ(window.txtBirthDay0.Text(), "7");
+}
+
+TEST_F(BirthdayTest, AFailingQueryLeavesItOff) {
+    AddCard("a", "1970-03-09");
+    frmTaskMain& window = OpenAtCards();
+    stage.statements.failing = "from cards";
+    stage.user.Click(window.chkBirthDay0);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|from cards"});
+    EXPECT_EQ(window.chkBirthDay0.Value(), 0);
+    EXPECT_FALSE(window.Grid1.OwnVisible());
+    EXPECT_TRUE(window.cmdSeek.OwnVisible());
+    EXPECT_EQ(window.Grid1.DataRowCount(), 0);
+}
+
+TEST_F(BirthdayTest, AnotherModeFillsAReminderAnewOrSwitchesItOff) {
+    AddCard("a", "1970-03-09");
+    stage.settings.values["zvTask.StartupBirthDay"] = "7";
+    frmTaskMain& window = Open(kAlertMode + 1);
+    EXPECT_EQ(window.chkBirthDay0.Value(), 1);
+    EXPECT_EQ(stage.Refresh(kCardMode), 0);
+    EXPECT_EQ(window.chkBirthDay0.Value(), 0);
+    EXPECT_TRUE(window.cmdTaskOK.OwnVisible());
+    EXPECT_EQ(stage.Refresh(kManagerMode), 0);
+    EXPECT_EQ(window.chkBirthDay0.Value(), 1);
+    EXPECT_EQ(window.lblBirthDay.Caption(), "客户生日报警 （今天 2003-03-07）");
+}
+
+TEST_F(BirthdayTest, TheDayBoxKeepsAWholeNumber) {
+    OpenAtCards();
+    EXPECT_EQ(LeaveDays("3.0"), "3");
+    EXPECT_EQ(LeaveDays("2.5"), "2");
+    EXPECT_EQ(LeaveDays("0"), "0");
+    EXPECT_EQ(LeaveDays(" 12 "), "12");
+    EXPECT_EQ(LeaveDays("32767"), "32767");
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+}
+
+TEST_F(BirthdayTest, TheDayBoxKeepsItsLastCountInPlaceOfAnInvalidOne) {
+    OpenAtCards();
+    LeaveDays("9");
+    for (const char* text : {"-1", "abc", "", "1 2", "３"}) EXPECT_EQ(LeaveDays(text), "9") << text;
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    stage.Window()->txtBirthDay0.SetText("-3");
+    EXPECT_EQ(LeaveDays("x"), "0");
+}
+
+TEST_F(BirthdayTest, ADayCountBeyondSixteenBitsIsAnOverflow) {
+    frmTaskMain& window = OpenAtCards();
+    EXPECT_EQ(LeaveDays("99999"), "5");
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|数值溢出"});
+    EXPECT_TRUE(window.txtBirthDay0.HasFocus());
+    stage.user.Leave(window.txtBirthDay0);
+    EXPECT_FALSE(window.txtBirthDay0.HasFocus());
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+}
+
+TEST_F(BirthdayTest, EnterInTheDayBoxMovesOn) {
+    frmTaskMain& window = OpenAtCards();
+    stage.user.Key(window.txtBirthDay0, forms::key::kEnter);
+    EXPECT_FALSE(window.txtBirthDay0.HasFocus());
+}
+
+}  // namespace
+}  // namespace zv::mainwindow
