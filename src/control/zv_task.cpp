@@ -137,7 +137,7 @@ void ZvTask::RunAlertPass() {
     if (window) {
         // A window that the user works with is never closed by an alert pass, and an edit under
         // way is left alone.
-        if (window->state.editMode != 0) return;
+        if (window->state.Editing()) return;
         window->tree.chkEvent_Click();
         const bool alert = window->state.startMode == mainwindow::kAlertMode &&
                            window->tvwTask.Count() >= kNodesOfAnAlert;

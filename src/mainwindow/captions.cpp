@@ -86,7 +86,7 @@ void Captions::LoadLabels() {
     label(w.lblList2[12], Text(DesignText::Order), w.cboOrder);
     w.lblList2[13].SetCaption(Text(DesignText::OtherFields));
     for (int i = 0; i < w.lblOther.Count(); i++) {
-        label(w.lblOther[i], Text(DesignText::Remark) + " " + std::to_string(i + 1), w.txtOther[i]);
+        label(w.lblOther[i], w.otherFields.Caption(i), w.txtOther[i]);
     }
 
     label(w.lblFilter[0], Catalogue(kBeginText), w.DTPicker0);

@@ -1,5 +1,7 @@
 #include "mainwindow/card_panel.h"
 
+#include <memory>
+
 #include "base/number.h"
 #include "base/text.h"
 #include "mainwindow/frm_task_main.h"
@@ -60,20 +62,35 @@ std::string CardPanel::BoxClause() const {
 
 void CardPanel::ShowCard(std::int32_t cardId) {
     if (cardId == 0) return;
-    window_.session.EnsureConnection();
-    const auto row = window_.session.database.Open(
-        "select fID,name,compname,province,cityname,CompAdd,CompCode,telphone,homephone,handphone,"
-        "fax,E_mail,HomeEmail,http,HomeHttp from cards where fID=" +
-        std::to_string(cardId));
+    std::unique_ptr<store::Recordset> row;
+    try {
+        window_.session.EnsureConnection();
+        row = window_.session.database.Open(
+            "select fID,name,compname,province,cityname,CompAdd,CompCode,telphone,homephone,"
+            "handphone,fax,E_mail,HomeEmail,http,HomeHttp from cards where fID=" +
+            std::to_string(cardId));
+    } catch (...) {
+        // The numbers and addresses of another card must not stand below this one's name.
+        ClearCardDetail();
+        throw;
+    }
     if (row->Eof()) {
         row->Close();
         ClearCardDetail();
         return;
     }
-    const auto field = [&](std::string_view name) { return row->Field(name).ToText(); };
+    FillDetail(*row);
+    const std::string company = row->Field("compname").ToText();
+    row->Close();
+    if (window_.cboComp2.ListCount() == 0) window_.cboComp2.AddItem(Entry(company, cardId));
+}
+
+void CardPanel::FillDetail(const store::Recordset& row) {
+    const auto field = [&](std::string_view name) { return row.Field(name).ToText(); };
     const std::string province = field("province");
     const std::string city = field("cityname");
     const std::string street = field("CompAdd");
+    window_.contacts.ForgetBox();
     window_.txtAdd2.SetText(province.empty() && city.empty() ? street
                                                              : province + city + "," + street);
     window_.txtName2.SetText(field("Name"));
@@ -86,12 +103,10 @@ void CardPanel::ShowCard(std::int32_t cardId) {
     window_.txtHttp[0].SetText(field("http"));
     window_.txtHttp[1].SetText(field("HomeHttp"));
     window_.txtCompSeek.SetText(field("CompCode"));
-    const std::string company = field("compname");
-    row->Close();
-    if (window_.cboComp2.ListCount() == 0) window_.cboComp2.AddItem(Entry(company, cardId));
 }
 
 void CardPanel::ClearCardDetail() {
+    window_.contacts.ForgetBox();
     window_.cboComp2.SetListIndex(-1);
     window_.txtAdd2.SetText("");
     window_.txtName2.SetText("");
@@ -101,15 +116,21 @@ void CardPanel::ClearCardDetail() {
     window_.txtCompSeek.SetText("");
 }
 
-void CardPanel::cboComp2_Click() {
+std::int32_t CardPanel::PickedCard() const {
     const int position = window_.cboComp2.ListIndex();
-    std::int32_t& card = window_.session.state.cardId;
-    card = position >= 0 ? EntryId(window_.cboComp2.List(position)) : 0;
-    if (position >= 0) ShowCard(card);
+    return position >= 0 ? EntryId(window_.cboComp2.List(position)) : 0;
+}
+
+void CardPanel::cboComp2_Click() {
+    window_.session.state.cardId = PickedCard();
+    if (window_.cboComp2.ListIndex() >= 0) ShowCard(window_.session.state.cardId);
 }
 
 void CardPanel::cboComp2_LostFocus() {
-    if (window_.state.editMode == 0) return;
+    const MainState& state = window_.state;
+    if (state.editMode != kAdding && state.editMode != kChanging) return;
+    // Without a company there is nothing to propose.
+    if (window_.cboComp2.ListIndex() < 0) return;
     const std::string company = text::Left(window_.cboComp2.Text(), kCompanyWidth);
     window_.txtTitle2.SetText(std::string(text::Trim(company)) + "--拜访记录");
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "forms/control.h"
+#include "store/connection.h"
 
 namespace zv::mainwindow {
 
@@ -19,6 +20,8 @@ class CardPanel {
     bool LoadCardList(const std::string& filter);
     /// The lists of a window that opens in card mode: the cards of the company that the host named.
     void LoadStartList();
+    /// Fills the detail fields from a card; without such a card, and when it cannot be read,
+    /// empties them. Card 0 reads nothing. Database errors reach the caller.
     void ShowCard(std::int32_t cardId);
     void ClearCardDetail();
 
@@ -30,9 +33,13 @@ class CardPanel {
     /// An entry of the picker: the company in 80 characters, the card's id behind them.
     static std::string Entry(const std::string& company, std::int32_t cardId);
     static std::int32_t EntryId(const std::string& entry);
+    /// The card picked in the list, 0 when none is.
+    std::int32_t PickedCard() const;
+    /// What narrows a filter to the control's card box: empty when it has none.
+    std::string BoxClause() const;
 
  private:
-    std::string BoxClause() const;
+    void FillDetail(const store::Recordset& row);
 
     frmTaskMain& window_;
 };

@@ -14,7 +14,6 @@ namespace {
 constexpr std::int16_t kConfirmDone = 129;
 constexpr std::int16_t kItemNotFound = 132;
 constexpr std::int16_t kCompletionRight = 4;
-constexpr std::uint8_t kAdding = 1;
 
 constexpr char kDoneDigit = '4';
 constexpr char kInHandDigit = '3';
@@ -53,7 +52,8 @@ bool Completion::ShowsStoredItem() const {
     const MainState& state = window_.state;
     const bool loaded = state.currentItemId == 0 ||
                         window_.tvwTask.tag == "Z" + std::to_string(state.currentItemId);
-    return loaded && state.currentType != kPlan && state.editMode != kAdding;
+    return loaded && state.currentType != kPlan && state.editMode != kAdding &&
+           state.openedFor != kAdding;
 }
 
 void Completion::SetItemState(std::int16_t mode) {
@@ -79,7 +79,11 @@ void Completion::SetItemState(std::int16_t mode) {
         session.windows.ShowMessage(session.LoadText(kItemNotFound), forms::box::kExclamation);
         return;
     }
+    window_.editor.NoteStored("tDone", newState);
+    window_.editor.NoteStored("tDoneMan", session.state.UserName);
     window_.cboDone2.SetListIndex(newState);
+    // A later change stores what the box shows; who is typing a name keeps it.
+    if (!window_.state.Editing()) window_.cboJbr2.SetText(session.state.UserName);
     SetNodeState(newState == kDone ? kDoneDigit : kInHandDigit);
 }
 

@@ -39,8 +39,8 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       txtTaskCon(*this, "txtTaskCon", &SSTab1.Page(kItemTab)),
       picOther(*this, "picOther", &SSTab1.Page(kItemTab)),
       picOtherIn(*this, "picOtherIn", &picOther),
-      lblOther(*this, "lblOther", &picOtherIn, 6),
-      txtOther(*this, "txtOther", &picOtherIn, 6),
+      lblOther(*this, "lblOther", &picOtherIn, kOtherFields),
+      txtOther(*this, "txtOther", &picOtherIn, kOtherFields),
       lblNoFilter(*this, "lblNoFilter", &SSTab1.Page(kFilterTab)),
       fraB3(*this, "fraB3", &SSTab1.Page(kFilterTab)),
       chkType(*this, "chkType", &fraB3, kItemKinds),
@@ -98,9 +98,16 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       menus(*this),
       captions(*this),
       staff(*this),
+      otherFields(*this),
       cards(*this),
       birthdays(*this),
+      cardSearch(*this),
+      contacts(*this),
+      pictureMenu(*this),
       editor(*this),
+      saving(*this),
+      actions(*this),
+      plans(*this),
       filter(*this),
       list(*this),
       tree(*this),
@@ -148,6 +155,13 @@ void frmTaskMain::Wire() {
     cboComp2.onLostFocus = [this] { cards.cboComp2_LostFocus(); };
     cboComp2.onKeyDown = [this](forms::KeyEvent& event) { cards.cboComp2_KeyDown(event); };
     cboWay.onClick = [this] { cards.cboWay_Click(); };
+    cboWay.onChange = [this] { cards.cboWay_Click(); };
+    cardSearch.Wire();
+    contacts.Wire();
+    pictureMenu.Wire();
+    otherFields.Wire();
+    actions.Wire();
+    plans.Wire();
 
     optAccess.onClick = [this] { options.optAccess_Click(); };
     optSQL.onClick = [this] { options.optSQL_Click(); };
@@ -166,22 +180,17 @@ void frmTaskMain::Wire() {
     Timer1.onTimer = [this] { alerts.Timer1_Timer(); };
     cmdExit.onClick = [this] { cmdExit_Click(); };
 
-    const auto notBuiltYet = [this](forms::CommandButton& button) {
-        button.onClick = [this, &button] {
-            throw resources::NotBuiltYetError(button.Name(), session.state.Language);
+    for (forms::CommandButton* button : {&cmdPrint, &cmdItemSet}) {
+        button->onClick = [this, button] {
+            throw resources::NotBuiltYetError(button->Name(), session.state.Language);
         };
-    };
-    for (int i = 0; i < cmdAction.Count(); i++) notBuiltYet(cmdAction[i]);
-    for (forms::CommandButton* button :
-         {&cmdSave, &cmdPrint, &cmdItemSet, &cmdTel, &cmdEmail, &cmdHttp}) {
-        notBuiltYet(*button);
     }
     WireMenus(*this);
 }
 
 void frmTaskMain::TaskAlert(std::int16_t mode) {
     if (mode == state.startMode) return;
-    if (IsLoaded() && state.editMode != 0) return;
+    if (IsLoaded() && state.Editing()) return;
     state.startMode = mode;
     if (IsLoaded()) lifecycle.Start();
 }

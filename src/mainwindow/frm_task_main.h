@@ -19,14 +19,21 @@
 #include "mainwindow/birthdays.h"
 #include "mainwindow/captions.h"
 #include "mainwindow/card_panel.h"
+#include "mainwindow/card_search.h"
 #include "mainwindow/completion.h"
+#include "mainwindow/contact_actions.h"
 #include "mainwindow/filter_panel.h"
+#include "mainwindow/item_actions.h"
 #include "mainwindow/item_editor.h"
 #include "mainwindow/item_list.h"
+#include "mainwindow/item_saving.h"
 #include "mainwindow/lifecycle.h"
 #include "mainwindow/main_state.h"
 #include "mainwindow/menus.h"
 #include "mainwindow/options_page.h"
+#include "mainwindow/other_fields.h"
+#include "mainwindow/picture_menu.h"
+#include "mainwindow/plan_actions.h"
 #include "mainwindow/staff_lists.h"
 #include "mainwindow/task_tree.h"
 #include "session/session.h"
@@ -144,9 +151,16 @@ class frmTaskMain : public forms::Form {
 
     Captions captions;
     StaffLists staff;
+    OtherFields otherFields;
     CardPanel cards;
     Birthdays birthdays;
+    CardSearch cardSearch;
+    ContactActions contacts;
+    PictureMenu pictureMenu;
     ItemEditor editor;
+    ItemSaving saving;
+    ItemActions actions;
+    PlanActions plans;
     FilterPanel filter;
     ItemList list;
     TaskTree tree;

@@ -1,13 +1,16 @@
 #include "mainwindow/item_editor.h"
 
 #include <array>
+#include <utility>
 
 #include "mainwindow/frm_task_main.h"
 
 namespace zv::mainwindow {
 namespace {
 
-constexpr int kOtherFields = 6;
+/// As the columns are wide.
+constexpr int kLongText = 255;
+constexpr int kShortText = 100;
 
 // A stored row number that the list does not have selects nothing.
 void SelectRow(forms::ComboBox& list, std::int32_t row) {
@@ -30,42 +33,73 @@ void ItemEditor::Wire() {
     EnterMovesOn(window_.txtTitle2);
     for (int i = 0; i < kOtherFields; i++) EnterMovesOn(window_.txtOther[i]);
     window_.txtTitle2.onGotFocus = [this] { window_.txtTitle2.SelectAll(); };
+    window_.cboType2.onClick = [this] { cboType2_Click(); };
+
+    window_.txtTitle2.SetMaxLength(kLongText);
+    for (int i = 0; i < kOtherFields; i++) window_.txtOther[i].SetMaxLength(kLongText);
+    window_.txtName2.SetMaxLength(kShortText);
+    window_.cboJbr2.SetMaxLength(kShortText);
+    window_.cboWay.SetMaxLength(kShortText);
 }
 
 void ItemEditor::ShowItem() {
+    asRead_.reset();
+    try {
+        loading_ = true;
+        LoadItem();
+        loading_ = false;
+    } catch (...) {
+        // Neither half an item nor the one before, which could be saved under this one's number.
+        loading_ = false;
+        window_.state.currentItemId = 0;
+        ClearItemEditor();
+        throw;
+    }
+}
+
+void ItemEditor::LoadItem() {
     MainState& state = window_.state;
     window_.session.EnsureConnection();
     const auto row = window_.session.database.Open("select * from tTaskList where fID=" +
                                                    std::to_string(state.currentItemId));
     if (row->Eof()) {
+        row->Close();
         state.currentItemId = 0;
         ClearItemEditor();
         return;
     }
-    window_.session.state.cardId = row->Field("TaskID").ToInt32();
-    const std::string way = row->Field("fWay").ToText();
+    const ItemRecord item = ReadItem(*row);
+    row->Close();
+    const auto field = [&item](std::string_view name) -> const store::Value& {
+        return item[ItemFieldIndex(name)];
+    };
+    window_.session.state.cardId = field("TaskID").ToInt32();
+    ShowWay(field("fWay").ToText());
+    window_.txtTitle2.SetText(field("taskTitle").ToText());
+    window_.cboJbr2.SetText(field("tDoneMan").ToText());
+    const store::Value& time = field("taskTime");
+    window_.DTPicker2.SetValue(time.IsNull() ? window_.session.machine.clock.Now() : time.ToDate());
+    window_.txtTaskCon.SetText(field("fContent").ToText());
+    for (int i = 0; i < kOtherFields; i++) {
+        window_.txtOther[i].SetText(field("fOther" + std::to_string(i)).ToText());
+    }
+    SelectRow(window_.cboDone2, field("tDone").ToInt32());
+    window_.txtUser2.SetText(field("fUser").ToText());
+    SelectRow(window_.cboType2, field("fType").ToInt32());
+    asRead_ = item;
+    if (window_.cboType2.ListIndex() == kGuest) ShowGuestCard();
+    window_.txtName2.SetText(field("fGuest").ToText());
+}
+
+void ItemEditor::ShowWay(const std::string& way) {
     window_.cboWay.SetText(way);
     for (int i = 0; i < window_.cboWay.ListCount(); i++) {
         if (window_.cboWay.List(i) != way) continue;
         window_.cboWay.SetListIndex(i);
-        break;
+        return;
     }
-    window_.txtTitle2.SetText(row->Field("taskTitle").ToText());
-    window_.cboJbr2.SetText(row->Field("tDoneMan").ToText());
-    const store::Value& time = row->Field("taskTime");
-    if (!time.IsNull()) window_.DTPicker2.SetValue(time.ToDate());
-    window_.txtTaskCon.SetText(row->Field("fContent").ToText());
-    for (int i = 0; i < kOtherFields; i++) {
-        window_.txtOther[i].SetText(row->Field("fOther" + std::to_string(i)).ToText());
-    }
-    SelectRow(window_.cboDone2, row->Field("tDone").ToInt32());
-    window_.txtUser2.SetText(row->Field("fUser").ToText());
-    SelectRow(window_.cboType2, row->Field("fType").ToInt32());
-    const std::string guest = row->Field("fGuest").ToText();
-    row->Close();
-
-    if (window_.cboType2.ListIndex() == kGuest) ShowGuestCard();
-    window_.txtName2.SetText(guest);
+    // A text of its own selects no row and so raises no click.
+    window_.cards.cboWay_Click();
 }
 
 void ItemEditor::ShowGuestCard() {
@@ -78,7 +112,35 @@ void ItemEditor::ShowGuestCard() {
     }
 }
 
+void ItemEditor::ShowCardAgain() {
+    if (!asRead_) return;
+    const std::int32_t card = (*asRead_)[ItemFieldIndex("TaskID")].ToInt32();
+    if (card == window_.session.state.cardId && card > 0) return;
+    window_.session.state.cardId = card;
+    ShowGuestCard();
+    window_.txtName2.SetText((*asRead_)[ItemFieldIndex("fGuest")].ToText());
+}
+
+void ItemEditor::NoteStored(std::string_view field, store::Value value) {
+    if (asRead_) asRead_->at(ItemFieldIndex(field)) = std::move(value);
+}
+
+// A visit belongs to a card and any other item to a plan or to nothing: an item that changes its
+// kind must not take the number of the one for that of the other.
+void ItemEditor::cboType2_Click() {
+    if (loading_ || window_.state.openedFor == kNoEdit) return;
+    const bool guest = window_.cboType2.ListIndex() == kGuest;
+    std::int32_t& card = window_.session.state.cardId;
+    const bool changes = asRead_ && window_.state.openedFor == kChanging;
+    if (changes && (*asRead_)[ItemFieldIndex("fType")].ToInt32() != kGuest && !guest) {
+        card = (*asRead_)[ItemFieldIndex("TaskID")].ToInt32();
+        return;
+    }
+    card = guest ? window_.cards.PickedCard() : 0;
+}
+
 void ItemEditor::ShowEventPlan() {
+    asRead_.reset();
     window_.session.EnsureConnection();
     const auto row = window_.session.database.Open(
         "select taskTitle,Content,DoneMan,SetMan from tTaskSet where taskID=" +
@@ -93,6 +155,7 @@ void ItemEditor::ShowEventPlan() {
 }
 
 void ItemEditor::ClearItemEditor() {
+    asRead_.reset();
     window_.txtTitle2.SetText("");
     window_.cboJbr2.SetText("");
     window_.DTPicker2.SetValue(window_.session.machine.clock.Now());
@@ -117,7 +180,6 @@ void ItemEditor::SetLocked(bool locked) {
     window_.cboType2.SetEnabled(!locked);
     window_.cboDone2.SetEnabled(!locked);
     window_.cmdSave.SetEnabled(!locked);
-    window_.cmdAction[0].SetEnabled(!locked);
 }
 
 }  // namespace zv::mainwindow

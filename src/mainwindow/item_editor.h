@@ -1,6 +1,13 @@
 // The editor that shows one item of the list, or a plan.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "mainwindow/item_record.h"
+
 namespace zv::mainwindow {
 
 class frmTaskMain;
@@ -10,19 +17,32 @@ class ItemEditor {
     explicit ItemEditor(frmTaskMain& window) : window_(window) {}
 
     void Wire();
-    /// Shows the item whose fID is the current item id; without such an item empties the editor
-    /// and sets the id to 0.
+    /// Shows the item whose fID is the current item id; without such an item, and when it cannot be
+    /// read, empties the editor and sets the id to 0. Database errors reach the caller.
     void ShowItem();
     /// Shows the plan whose TaskID is the current item id.
     void ShowEventPlan();
     void ClearItemEditor();
     /// Locks the fields against typing, or opens them.
     void SetLocked(bool locked);
+    void cboType2_Click();
+    /// Shows the card of the visit shown, unless it is the one shown.
+    void ShowCardAgain();
+
+    /// The row that the editor shows, as it was read; none while it shows no item.
+    const std::optional<ItemRecord>& RowAsRead() const { return asRead_; }
+    /// The row that the editor shows got this value by an act of this window.
+    void NoteStored(std::string_view field, store::Value value);
+    void ForgetRow() { asRead_.reset(); }
 
  private:
+    void LoadItem();
+    void ShowWay(const std::string& way);
     void ShowGuestCard();
 
     frmTaskMain& window_;
+    std::optional<ItemRecord> asRead_;
+    bool loading_ = false;
 };
 
 }  // namespace zv::mainwindow

@@ -92,7 +92,8 @@ class Placer {
         int x = 0;
         const auto group = [&](std::initializer_list<forms::CommandButton*> buttons) {
             for (forms::CommandButton* button : buttons) {
-                const int buttonWidth = m_.ButtonWidth(button->Caption());
+                const int buttonWidth =
+                    button == &w_.cmdSave ? SaveWidth() : m_.ButtonWidth(button->Caption());
                 button->Move({x, 0, buttonWidth, m_.Button()});
                 x += buttonWidth + kGap;
             }
@@ -104,6 +105,15 @@ class Placer {
         group({&w_.cmdSeek, &w_.cmdPrint, &w_.cmdItemSet});
         const int exitWidth = m_.ButtonWidth(w_.cmdExit.Caption());
         w_.cmdExit.Move({std::max(x, width - 2 * kMargin - exitWidth), 0, exitWidth, m_.Button()});
+    }
+
+    // Wide enough for every caption that the button takes.
+    int SaveWidth() const {
+        int width = m_.ButtonWidth(w_.cmdSave.Caption());
+        for (std::uint8_t kind = 0; kind < kItemKinds; kind++) {
+            width = std::max(width, m_.ButtonWidth(w_.actions.SaveCaption(kind, kAdding)));
+        }
+        return width;
     }
 
     void PlaceTree(const Rect& area) {
@@ -142,19 +152,20 @@ class Placer {
 
     void PlaceContent(int width, int height) {
         const int inner = width - 2 * kMargin;
-        const int otherRows = 3;
-        const int otherHeight = otherRows * m_.Row();
+        const int rowsHeight = (kOtherFields + 1) / 2 * m_.Row();
         int y = kMargin;
         w_.lblList2[4].Move({kMargin, y, inner, m_.Text()});
         y += m_.Text() + 2;
-        const int contentHeight =
-            std::max(m_.Field(), height - y - otherHeight - m_.Text() - 3 * kGap);
+        // Where the page is too low for all, the free fields scroll.
+        const int shared = height - y - m_.Text() - 3 * kGap;
+        const int otherHeight = std::clamp(shared - 2 * m_.Row(), m_.Row(), rowsHeight);
+        const int contentHeight = std::max(m_.Field(), shared - otherHeight);
         w_.txtTaskCon.Move({kMargin, y, inner, contentHeight});
         y += contentHeight + kGap;
         w_.lblList2[13].Move({kMargin, y, inner, m_.Text()});
         y += m_.Text() + kGap;
         w_.picOther.Move({kMargin, y, inner, otherHeight});
-        w_.picOtherIn.Move({0, 0, inner, otherHeight});
+        w_.picOtherIn.Move({0, 0, inner, rowsHeight});
         int labelWidth = 0;
         for (int i = 0; i < w_.lblOther.Count(); i++) {
             labelWidth = std::max(labelWidth, m_.LabelWidth({&w_.lblOther[i]}));

@@ -31,15 +31,29 @@ inline constexpr int kFilterTab = 1;
 inline constexpr int kCardTab = 2;
 inline constexpr int kOptionsTab = 3;
 
+/// What the user does with the item shown; also the levels that the module gate is asked for.
+inline constexpr std::uint8_t kNoEdit = 0;
+inline constexpr std::uint8_t kAdding = 1;
+inline constexpr std::uint8_t kChanging = 2;
+inline constexpr std::uint8_t kDeleting = 3;
+
 struct MainState {
     std::int16_t startMode = kAlertMode;
     std::uint8_t currentType = kTask;
     std::int32_t currentItemId = 0;  ///< fID of the item or TaskID of the plan shown; 0 none
-    std::uint8_t editMode = 0;       ///< 0 none, 1 add, 2 change, 3 delete
+    std::uint8_t editMode = kNoEdit;
+    /// The mode that the editor was opened for typing in; none while it is locked. A delete from
+    /// the buttons changes the edit mode and leaves this.
+    std::uint8_t openedFor = kNoEdit;
     std::uint8_t editedKind = kTask;
     DateTime lastRead;
     /// While the start values are set the tree does not follow the filter controls.
     bool starting = false;
+
+    /// The editor holds input that is not stored yet.
+    bool Editing() const {
+        return openedFor != kNoEdit || editMode == kAdding || editMode == kChanging;
+    }
 };
 
 }  // namespace zv::mainwindow

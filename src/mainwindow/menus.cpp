@@ -53,14 +53,8 @@ MainMenus::MainMenus(forms::Form& form)
 void WireMenus(frmTaskMain& window) {
     MainMenus& m = window.menus;
     m.mnuSeek1.onClick = [&window] { window.tree.cmdSeek_Click(); };
-    m.mnuImgClose.onClick = [&window] { window.cmdExit_Click(); };
-    m.mnuImgRestore.onClick = [&window] {
-        window.SetState(forms::WindowState::Normal);
-        window.Show(false);
-    };
     for (forms::MenuItem* item : window.Menus()) {
-        // The guest menu's contact entry has no function.
-        if (item->onClick || !item->Children().empty() || item == &m.mnuGuestConnect) continue;
+        if (item->onClick || !item->Children().empty()) continue;
         item->onClick = [&window, item] {
             throw resources::NotBuiltYetError(item->Name(), window.session.state.Language);
         };

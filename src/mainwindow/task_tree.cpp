@@ -52,6 +52,17 @@ void TaskTree::FillItems() {
         chkEvent_Click();
 }
 
+void TaskTree::FillAgain() {
+    const forms::TreeView& tree = window_.tvwTask;
+    const int before = tree.Selected();
+    const std::string key(before == forms::TreeView::kNone ? std::string_view() : tree.Key(before));
+    chkEvent_Click();
+    const int node = tree.Find(key);
+    if (node == forms::TreeView::kNone) return;
+    window_.tvwTask.Select(node);
+    tvwTask_NodeClick(node);
+}
+
 void TaskTree::ShowFilterFor(bool plans) {
     window_.fraB3.SetVisible(!plans);
     window_.lblNoFilter.SetVisible(plans);
@@ -86,7 +97,7 @@ void TaskTree::tvwTask_NodeClick(int node) {
         window_.tvwTask.tag = key;
     } else {
         if (!key.empty()) state.currentType = KindFromKeyLetter(key.front(), state.currentType);
-        ShowKindControls();
+        ShowItemControls(state.currentType < kPlan);
         state.currentItemId = 0;
         window_.editor.ClearItemEditor();
     }
@@ -94,7 +105,7 @@ void TaskTree::tvwTask_NodeClick(int node) {
 }
 
 void TaskTree::ShowNodeItem() {
-    ShowKindControls();
+    ShowItemControls(window_.state.currentType < kPlan);
     if (window_.state.currentType == kPlan) {
         window_.editor.ShowEventPlan();
         return;
@@ -103,8 +114,7 @@ void TaskTree::ShowNodeItem() {
     window_.editor.ShowItem();
 }
 
-void TaskTree::ShowKindControls() {
-    const bool item = window_.state.currentType < kPlan;
+void TaskTree::ShowItemControls(bool item) {
     window_.cboType2.SetVisible(item);
     window_.cboDone2.SetVisible(item);
     // The label of the kind, of the state, and the heading of the fields that a plan lacks.

@@ -25,6 +25,11 @@ class TaskTree {
     void tvwTask_KeyDown(forms::KeyEvent& event);
     void tvwTask_MouseDown(const forms::MouseEvent& event);
 
+    /// Fills the tree anew in its present mode and clicks the node that was selected, where it
+    /// still exists.
+    void FillAgain();
+    /// Shows what only items have, and plans have not.
+    void ShowItemControls(bool item);
     /// Fills the tree with the items that pass the filter, whatever it shows now.
     void FillItems();
     /// Opens the context menu of the selected item at a position of the window; a group has none.
@@ -33,7 +38,6 @@ class TaskTree {
  private:
     void ShowFilterFor(bool plans);
     void ShowNodeItem();
-    void ShowKindControls();
     void EnableCommands(char stateDigit);
 
     frmTaskMain& window_;

@@ -14,13 +14,14 @@ class LifecycleTest : public MainWindow {
     }
 };
 
-TEST_F(LifecycleTest, TheManagerSendsTheListAndTheStaffOnly) {
+TEST_F(LifecycleTest, TheManagerSendsTheListTheStaffAndTheCaptionsOnly) {
     EXPECT_EQ(stage.Refresh(1), 0);
     const auto sent = stage.statements.Take();
-    ASSERT_EQ(sent.size(), 2u);
+    ASSERT_EQ(sent.size(), 3u);
     EXPECT_TRUE(sent[0].starts_with("select distinct a.fID"));
     EXPECT_TRUE(sent[0].ends_with(" Order by a.fType,a.taskTime desc,a.taskTitle"));
     EXPECT_EQ(sent[1], "select fCode,fName from tRsBasic Order By fName");
+    EXPECT_EQ(sent[2], "select FieldName,FieldName_0 from rptListDetail where fTable='ttasklist'");
 }
 
 TEST_F(LifecycleTest, StartValuesOfTheFilter) {

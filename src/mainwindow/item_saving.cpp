@@ -1,0 +1,158 @@
+#include "mainwindow/item_saving.h"
+
+#include "base/text.h"
+#include "mainwindow/frm_task_main.h"
+#include "resources/item_texts.h"
+#include "session/text_checks.h"
+
+namespace zv::mainwindow {
+namespace {
+
+using resources::ItemText;
+using store::Value;
+
+std::string ModeWord(std::uint8_t mode) {
+    switch (mode) {
+        case kAdding:
+            return "新增";
+        case kDeleting:
+            return "删除";
+        default:
+            return "修改";
+    }
+}
+
+/// A list without a selected row has nothing to store.
+std::optional<Value> RowOf(const forms::ComboBox& list) {
+    if (list.ListIndex() < 0) return std::nullopt;
+    return Value(list.ListIndex());
+}
+
+}  // namespace
+
+bool ItemSaving::SaveItem() {
+    const MainState& state = window_.state;
+    Session& session = window_.session;
+    if (window_.cboType2.ListIndex() == kGuest && session.state.cardId < 1) {
+        session.windows.ShowMessage("请输入客户资料！", forms::box::kExclamation);
+        window_.SSTab1.SetTab(kCardTab);
+        window_.txtCompSeek.SetFocus();
+        return false;
+    }
+    const ItemEntry entry = Entry();
+    // The number of a plan that is shown is not an item's.
+    const std::int32_t id = state.currentType == kPlan ? 0 : state.currentItemId;
+    session.EnsureConnection();
+    const auto row =
+        session.database.Open("select * from tTaskList where fID=" + std::to_string(id),
+                              store::CursorType::ForwardOnly, store::LockType::Optimistic);
+    if (state.editMode == kAdding) {
+        row->AddNew();
+    } else if (row->Eof()) {
+        row->Close();
+        session.windows.ShowMessage("原记录未有存在，操作取消！", forms::box::kExclamation);
+        return false;
+    } else if (!MayOverwrite(ReadItem(*row), entry)) {
+        row->Close();
+        return false;
+    }
+    for (std::size_t i = 0; i < kItemFields.size(); i++) {
+        if (entry[i]) row->SetField(kItemFields[i], *entry[i]);
+    }
+    row->Update();
+    row->Close();
+    window_.editor.ForgetRow();
+    window_.txtUser2.SetText(session.state.UserName);
+    const Value& title = *entry[ItemFieldIndex("taskTitle")];
+    session.windows.ShowMessage("[" + title.ToText() + "]: " + ModeWord(state.editMode) + "完毕 ！",
+                                forms::box::kOkOnly);
+    return true;
+}
+
+ItemEntry ItemSaving::Entry() const {
+    const auto cut = [this](const forms::TextBox& box) {
+        return box.MaxLength() == 0
+                   ? box.Text()
+                   : CutToBytes(window_.session.machine.codePage, box.Text(), box.MaxLength());
+    };
+    ItemEntry entry;
+    const auto set = [&entry](std::string_view field, std::optional<Value> value) {
+        entry[ItemFieldIndex(field)] = std::move(value);
+    };
+    set("fType", RowOf(window_.cboType2));
+    set("fWay", Value(window_.cboWay.Text()));
+    set("TaskID", Value(window_.session.state.cardId));
+    set("fGuest", Value(window_.txtName2.Text()));
+    set("taskTitle", Value(cut(window_.txtTitle2)));
+    set("tDoneMan", Value(window_.cboJbr2.Text()));
+    for (const std::string_view field : {"taskTime", "tDuring1", "tDuring2"}) {
+        set(field, Value(*window_.DTPicker2.Value()));
+    }
+    set("fContent", Value(window_.txtTaskCon.Text()));
+    for (int i = 0; i < window_.txtOther.Count(); i++) {
+        set("fOther" + std::to_string(i), Value(cut(window_.txtOther[i])));
+    }
+    set("fUser", Value(window_.session.state.UserName));
+    set("tDone", RowOf(window_.cboDone2));
+    return entry;
+}
+
+bool ItemSaving::MayOverwrite(const ItemRecord& now, const ItemEntry& entry) const {
+    const auto& asRead = window_.editor.RowAsRead();
+    if (!asRead) return true;
+    const std::vector<std::size_t> conflicts = FindConflicts(*asRead, now, entry);
+    if (conflicts.empty()) return true;
+    const auto text = [this](ItemText id) {
+        return resources::GetItemText(id, window_.session.state.Language);
+    };
+    std::string question = text(ItemText::ChangedByOthers) + "\r\n";
+    for (const std::size_t field : conflicts) {
+        question += "\r\n" + DescribeConflict(field, now[field], *entry[field]);
+    }
+    question += "\r\n\r\n" + text(ItemText::OverwriteQuestion);
+    return window_.session.windows.ShowMessage(
+               question, forms::box::kYesNo + forms::box::kQuestion) == forms::Answer::Yes;
+}
+
+std::string ItemSaving::DescribeConflict(std::size_t field, const Value& now,
+                                         const Value& own) const {
+    const std::int16_t language = window_.session.state.Language;
+    const auto shown = [&](ItemText word, const Value& value) {
+        return resources::GetItemText(word, language) + " [" + FieldText(field, value) + "]";
+    };
+    return FieldCaption(field) + ": " + shown(ItemText::StoredNow, now) + ", " +
+           shown(ItemText::YourInput, own);
+}
+
+std::string ItemSaving::FieldCaption(std::size_t field) const {
+    constexpr std::int16_t kAlertRangeText = 33;
+    const std::string_view name = kItemFields[field];
+    const auto label = [this](int index) { return window_.lblList2[index].Caption(); };
+    if (name == "fType") return label(3);
+    if (name == "fWay") return label(6);
+    if (name == "TaskID") return label(8);
+    if (name == "fGuest") return label(7);
+    if (name == "taskTitle") return label(0);
+    if (name == "tDoneMan") return label(1);
+    if (name == "taskTime") return label(2);
+    if (name == "fContent") return label(4);
+    if (name == "fUser") return label(5);
+    if (name == "tDone") return label(10);
+    if (name.starts_with("fOther")) return window_.lblOther[name.back() - '0'].Caption();
+    return window_.session.LoadText(kAlertRangeText);
+}
+
+std::string ItemSaving::FieldText(std::size_t field, const Value& value) const {
+    // A question of a few lines, however long a content is.
+    constexpr std::size_t kMostCharacters = 60;
+    const std::string_view name = kItemFields[field];
+    if (name == "fType" || name == "tDone") {
+        const forms::ComboBox& list = name == "fType" ? window_.cboType2 : window_.cboDone2;
+        const std::int32_t row = value.ToInt32();
+        if (row >= 0 && row < list.ListCount()) return list.List(row);
+    }
+    const std::string text = value.ToText();
+    return text::Length(text) > kMostCharacters ? text::Left(text, kMostCharacters) + "..." : text;
+}
+
+}  // namespace zv::mainwindow

@@ -1,0 +1,34 @@
+// Writes the editor back to the item list.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "mainwindow/item_record.h"
+
+namespace zv::mainwindow {
+
+class frmTaskMain;
+
+class ItemSaving {
+ public:
+    explicit ItemSaving(frmTaskMain& window) : window_(window) {}
+
+    /// Writes the editor as the edit mode says: 1 as a new item, any other into the current one.
+    /// False when nothing was written, which the user has been told then. Database errors reach
+    /// the caller and leave the editor as it is.
+    bool SaveItem();
+
+ private:
+    ItemEntry Entry() const;
+    /// Asks before what somebody else stored since the item was shown is overwritten.
+    bool MayOverwrite(const ItemRecord& now, const ItemEntry& entry) const;
+    std::string DescribeConflict(std::size_t field, const store::Value& now,
+                                 const store::Value& own) const;
+    std::string FieldCaption(std::size_t field) const;
+    std::string FieldText(std::size_t field, const store::Value& value) const;
+
+    frmTaskMain& window_;
+};
+
+}  // namespace zv::mainwindow

@@ -1,0 +1,32 @@
+#include "mainwindow/plan_actions.h"
+
+#include "base/number.h"
+#include "mainwindow/frm_task_main.h"
+#include "scheduling/plan_editor.h"
+
+namespace zv::mainwindow {
+
+void PlanActions::Wire() {
+    window_.menus.mnuEventAdd.onClick = [this] { mnuEventAdd_Click(); };
+    window_.menus.mnuEventChg.onClick = [this] { mnuEventChg_Click(); };
+}
+
+void PlanActions::mnuEventAdd_Click() {
+    Edit(0);
+}
+
+void PlanActions::mnuEventChg_Click() {
+    // While items are shown the current number is not a plan's.
+    if (window_.state.currentType != kPlan || window_.state.currentItemId == 0) return;
+    Edit(number::ToInt16(static_cast<double>(window_.state.currentItemId)));
+}
+
+void PlanActions::Edit(std::int16_t taskId) {
+    // Modal, so that the tree can show the change; one that the host opened comes forward as it is.
+    const bool open = window_.Windows().Find(scheduling::frmTaskSet::kName) != nullptr;
+    scheduling::ShowPlanEditor(window_.session, taskId, !open);
+    // The host may have closed everything meanwhile. Input of an item is not dropped for a plan.
+    if (window_.IsLoaded() && window_.state.openedFor == kNoEdit) window_.tree.FillAgain();
+}
+
+}  // namespace zv::mainwindow

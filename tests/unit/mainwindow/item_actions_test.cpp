@@ -1,0 +1,343 @@
+#include "mainwindow/item_actions.h"
+
+#include "main_window_fixture.h"
+
+namespace zv::mainwindow {
+namespace {
+
+class Actions : public MainWindow {
+ protected:
+    Actions() {
+        stage.Sql("insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask')");
+        stage.Sql("insert into tSysFunc(SerialNo,model_Name) values(11,'mnuCardPlan')");
+        stage.Sql("insert into cards(fID,CompName) values(5,'某公司')");
+        AddItem(kTask, "甲");
+        AddItem(kTask, "乙");
+        AddItem(kDiary, "丙");
+        AddItem(kGuest, "丁");
+        stage.Sql(
+            "update tTaskList set TaskID=5 where fType=1; "
+            "update tTaskList set TaskID=7 where fType=0; "
+            "insert into tTaskSet(TaskID,taskTitle) values(7,'计划'); "
+            "insert into tTaskSet(TaskID,taskTitle) values(8,'另一')");
+        stage.session.state.myPower = std::string(350, '1');
+    }
+    std::string Count(const std::string& from = "tTaskList") {
+        return stage.Query("select count(*) from " + from);
+    }
+    void Press(int index) { stage.user.Click(stage.Window()->cmdAction[index]); }
+    frmTaskMain& OpenPlans() {
+        frmTaskMain& window = Open();
+        stage.user.Click(window.chkEvent);
+        stage.statements.Take();
+        return window;
+    }
+};
+
+TEST_F(Actions, EveryButtonAsksTheGateWithItsIndexAsTheLevel) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    for (int index = 0; index < 4; index++) {
+        stage.session.state.myPower = std::string(350, '1');
+        stage.session.state.myPower[static_cast<std::size_t>(index)] = '0';
+        stage.dialogs.messages.clear();
+        Press(index);
+        EXPECT_EQ(stage.dialogs.messages, Lines{"48|您无权进行操作 ！"}) << index;
+        EXPECT_EQ(window.state.editMode, kNoEdit);
+    }
+    EXPECT_EQ(Count(), "4");
+}
+
+TEST_F(Actions, TheCardModeAsksForAnotherModule) {
+    stage.session.state.myPower = std::string(10, '1') + std::string(340, '0');
+    frmTaskMain& window = Open(kCardMode);
+    Press(1);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"48|您无权进行操作 ！"});
+    stage.session.state.myPower = std::string(350, '1');
+    Press(1);
+    EXPECT_EQ(window.state.editMode, kAdding);
+}
+
+TEST_F(Actions, AModuleThatIsNotRegisteredRefuses) {
+    stage.Sql("delete from tSysFunc");
+    Open();
+    Press(1);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"48|您无权进行操作 ！"});
+}
+
+TEST_F(Actions, MenuEntriesDoNotAskTheGate) {
+    stage.session.state.myPower = std::string(350, '0');
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    EXPECT_EQ(window.state.editMode, kChanging);
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_EQ(Count(), "3");
+    for (const std::string& statement : stage.statements.Take()) {
+        EXPECT_EQ(statement.find("tSysFunc"), std::string::npos);
+    }
+}
+
+TEST_F(Actions, ButtonsDispatchByTheKindInTheTree) {
+    frmTaskMain& window = Open();
+    const std::array<std::string, 3> items = {"Z1", "Z4", "Z3"};
+    for (std::uint8_t kind = 0; kind < 3; kind++) {
+        ClickNode(items[kind]);
+        Press(1);
+        EXPECT_EQ(window.state.editMode, kAdding);
+        EXPECT_EQ(window.state.editedKind, kind);
+        Press(0);
+        EXPECT_EQ(window.state.editMode, kNoEdit);
+        Press(2);
+        EXPECT_EQ(window.state.editMode, kChanging);
+        EXPECT_EQ(window.state.editedKind, kind);
+        Press(0);
+    }
+}
+
+TEST_F(Actions, TheSaveButtonNamesTheKindAndTheAction) {
+    frmTaskMain& window = Open();
+    ClickNode("Z4");
+    const auto caption = [&](forms::MenuItem& item) {
+        stage.user.Choose(item);
+        return window.cmdSave.Caption();
+    };
+    EXPECT_EQ(caption(window.menus.mnuTaskAdd), "任务新增");
+    EXPECT_EQ(caption(window.menus.mnuGuestAdd), "客户新增");
+    EXPECT_EQ(caption(window.menus.mnuDailyAdd), "日志新增");
+    EXPECT_EQ(caption(window.menus.mnuTaskChg), "任务修改");
+    EXPECT_EQ(caption(window.menus.mnuGuestChg), "客户修改");
+    EXPECT_EQ(caption(window.menus.mnuDailyChg), "日志修改");
+    Press(0);
+    EXPECT_EQ(window.cmdSave.Caption(), "保存(&S)");
+    stage.session.state.Language = 1;
+    window.captions.Load();
+    EXPECT_EQ(caption(window.menus.mnuTaskAdd), "任務新增");
+}
+
+TEST_F(Actions, AnAddBeginsEmpty) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuDailyAdd);
+    EXPECT_EQ(window.txtTitle2.Text() + window.cboJbr2.Text() + window.txtTaskCon.Text(), "");
+    EXPECT_EQ(window.txtUser2.Text(), "张三");
+    EXPECT_EQ(window.cboDone2.ListIndex(), kNotDone);
+    EXPECT_EQ(window.cboType2.ListIndex(), kDiary);
+    EXPECT_EQ(window.DTPicker2.Value(), stage.clock.now);
+    // The plan of the task before is not that of the new item.
+    EXPECT_EQ(stage.session.state.cardId, 0);
+    EXPECT_EQ(window.SSTab1.Tab(), kItemTab);
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    EXPECT_EQ(window.SSTab1.Tab(), kCardTab);
+}
+
+TEST_F(Actions, AVisitInCardModeKeepsThePickedCard) {
+    frmTaskMain& window = Open(kCardMode);
+    EXPECT_EQ(window.cboComp2.ListIndex(), 0);
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    EXPECT_EQ(stage.session.state.cardId, 5);
+    EXPECT_EQ(window.cboComp2.ListIndex(), 0);
+}
+
+TEST_F(Actions, AnItemCanBeAddedWhilePlansAreShown) {
+    frmTaskMain& window = OpenPlans();
+    ClickNode("Z7");
+    EXPECT_FALSE(window.cboType2.Visible());
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    EXPECT_TRUE(window.cboType2.Visible());
+    EXPECT_EQ(window.cboType2.ListIndex(), kTask);
+    stage.user.Type(window.txtTitle2, "新");
+    stage.user.Click(window.cmdSave);
+    EXPECT_EQ(Count("tTaskList where taskTitle='新' and TaskID=0"), "1");
+    EXPECT_EQ(window.state.currentType, kPlan);
+}
+
+TEST_F(Actions, AGuestChangeNeedsAnItemAndTheOthersDoNot) {
+    frmTaskMain& window = Open();
+    ClickNode("B2");
+    stage.user.Choose(window.menus.mnuGuestChg);
+    EXPECT_EQ(window.state.editMode, kNoEdit);
+    EXPECT_TRUE(window.txtTitle2.Locked());
+    Press(2);
+    EXPECT_EQ(window.state.editMode, kNoEdit);
+    stage.user.Choose(window.menus.mnuDailyChg);
+    EXPECT_EQ(window.state.editMode, kChanging);
+    EXPECT_EQ(window.state.editedKind, kDiary);
+}
+
+TEST_F(Actions, AChangeAfterAnAddStartsFromTheStoredItem) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Type(window.txtTitle2, "新的");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    EXPECT_EQ(window.txtTitle2.Text(), "甲");
+}
+
+TEST_F(Actions, CancelDropsTheInput) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.Type(window.txtTitle2, "改了");
+    Press(0);
+    EXPECT_EQ(window.txtTitle2.Text(), "甲");
+    EXPECT_TRUE(window.txtTitle2.Locked());
+    EXPECT_EQ(window.state.editMode, kNoEdit);
+    EXPECT_EQ(window.state.currentItemId, 1);
+}
+
+TEST_F(Actions, CancelWithoutANodeClearsTheEditor) {
+    stage.Sql("delete from tTaskList");
+    frmTaskMain& window = Open();
+    for (int kind = 0; kind < 3; kind++) window.chkType[kind].SetValue(0);
+    ShowTab(kFilterTab);
+    stage.user.Click(window.cmdSeek);
+    ASSERT_EQ(window.tvwTask.Count(), 0);
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Type(window.txtTitle2, "新的");
+    Press(0);
+    EXPECT_EQ(window.txtTitle2.Text(), "");
+    EXPECT_TRUE(window.txtTitle2.Locked());
+}
+
+TEST_F(Actions, DeletingAnItemAsksAndRemovesItsNode) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.statements.Take();
+    stage.dialogs.answers = {forms::Answer::Ok};
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"49|[甲]: 是否删除 ?"});
+    // The next item is shown; the list is not read again.
+    EXPECT_EQ(stage.statements.Take(),
+              (Lines{"Delete from tTaskList where fID =1", "select * from tTaskList where fID=2"}));
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z2 B2 Z4 C3 Z3");
+    EXPECT_EQ(window.state.currentItemId, 2);
+    EXPECT_EQ(window.txtTitle2.Text(), "乙");
+    EXPECT_EQ(window.state.editMode, kNoEdit);
+}
+
+TEST_F(Actions, ADeleteCalledOffRunsNothing) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.statements.Take();
+    stage.dialogs.answers = {forms::Answer::Cancel};
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_TRUE(stage.statements.Take().empty());
+    EXPECT_EQ(Count(), "4");
+    EXPECT_NE(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
+}
+
+TEST_F(Actions, NothingSelectedDeletesNothing) {
+    frmTaskMain& window = Open();
+    ClickNode("A1");
+    Press(3);
+    stage.user.Choose(window.menus.mnuDailyDel);
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    EXPECT_EQ(Count(), "4");
+}
+
+TEST_F(Actions, TheLastItemOfAGroupLeavesTheGroup) {
+    frmTaskMain& window = Open();
+    ClickNode("Z3");
+    stage.user.Choose(window.menus.mnuDailyDel);
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z2 Z1 B2 Z4 C3");
+    EXPECT_EQ(window.tvwTask.Key(window.tvwTask.Selected()), "C3");
+    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(window.state.currentType, kDiary);
+    EXPECT_EQ(window.txtTitle2.Text(), "");
+    EXPECT_FALSE(window.cmdPrint.Enabled());
+}
+
+TEST_F(Actions, DeletingAPlanDeletesItsItemsOfEveryStateFirst) {
+    stage.Sql("update tTaskList set tDone=1 where fID=2");
+    frmTaskMain& window = OpenPlans();
+    ClickNode("Z7");
+    stage.statements.Take();
+    stage.user.Choose(window.menus.mnuEventDel);
+    EXPECT_EQ(stage.dialogs.messages,
+              Lines{"49|是否删除管理事件: "
+                    "[计划]\r如果确定,同时将会删除该项任务的所有已完成和未完成的计划 !?"});
+    const Lines sent = stage.statements.Take();
+    ASSERT_GE(sent.size(), 2u);
+    EXPECT_EQ(sent[0], "Delete from tTaskList where taskID =7");
+    EXPECT_EQ(sent[1], "Delete from tTaskSet where taskID =7");
+    EXPECT_EQ(Count(), "2");
+    EXPECT_EQ(Count("tTaskSet"), "1");
+    EXPECT_EQ(stage.NodeKeys(), "E0 Z8");
+    EXPECT_EQ(window.state.currentItemId, 8);
+}
+
+TEST_F(Actions, ItemEntriesDoNotTouchPlansNorPlanEntriesItems) {
+    stage.Sql("insert into tTaskSet(TaskID,taskTitle) values(1,'一')");
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuEventDel);
+    stage.user.Click(window.chkEvent);
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    EXPECT_EQ(Count(), "4");
+    EXPECT_EQ(Count("tTaskSet"), "3");
+}
+
+TEST_F(Actions, AFailingDeleteKeepsTheNode) {
+    frmTaskMain& window = OpenPlans();
+    ClickNode("Z7");
+    stage.statements.failing = "from tTaskSet where taskID =7";
+    stage.user.Choose(window.menus.mnuEventDel);
+    EXPECT_EQ(stage.dialogs.messages.back(), "16|from tTaskSet where taskID =7");
+    EXPECT_NE(window.tvwTask.Find("Z7"), forms::TreeView::kNone);
+    EXPECT_EQ(Count("tTaskSet"), "2");
+    EXPECT_EQ(window.txtTitle2.Text(), "计划");
+}
+
+TEST_F(Actions, TheDeleteButtonLeavesItsModeUntilTheNextAction) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    Press(3);
+    EXPECT_EQ(window.state.editMode, kDeleting);
+    EXPECT_FALSE(window.state.Editing());
+    Press(0);
+    EXPECT_EQ(window.state.editMode, kNoEdit);
+}
+
+TEST_F(Actions, ADeleteCalledOffDuringAnAddDoesNotTurnItIntoAChange) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Type(window.txtTitle2, "新");
+    stage.dialogs.answers = {forms::Answer::Cancel};
+    Press(3);
+    EXPECT_TRUE(window.state.Editing());
+    stage.user.Click(window.cmdSave);
+    EXPECT_EQ(stage.dialogs.messages.back(), "0|[新]: 新增完毕 ！");
+    EXPECT_EQ(Count(), "5");
+    EXPECT_EQ(Count("tTaskList where taskTitle='甲'"), "1");
+}
+
+TEST_F(Actions, ADeleteFromTheButtonEndsTheEditOfTheItem) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    Press(3);
+    EXPECT_TRUE(window.txtTitle2.Locked());
+    EXPECT_FALSE(window.cmdSave.Enabled());
+    EXPECT_EQ(window.txtTitle2.Text(), "乙");
+}
+
+TEST_F(Actions, DeletingTheLastNodeClearsTheEditor) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    // The others are gone with the groups that hold them.
+    for (const char* key : {"B2", "C3"}) window.tvwTask.Remove(window.tvwTask.Find(key));
+    window.tvwTask.Remove(window.tvwTask.Find("A1"));
+    const int root = window.tvwTask.Add(forms::TreeView::kNone, "Z1", "x", "task2");
+    window.tvwTask.Select(root);
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_EQ(window.tvwTask.Count(), 0);
+    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(window.txtTitle2.Text(), "");
+}
+
+}  // namespace
+}  // namespace zv::mainwindow

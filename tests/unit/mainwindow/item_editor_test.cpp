@@ -1,0 +1,163 @@
+#include "mainwindow/item_editor.h"
+
+#include "main_window_fixture.h"
+
+namespace zv::mainwindow {
+namespace {
+
+class Editor : public MainWindow {
+ protected:
+    Editor() {
+        AddItem(kTask, "甲");
+        AddItem(kDiary, "乙");
+        stage.Sql("insert into cards(fID,CompCode,CompName) values(5,'C5','某公司')");
+        AddItem(kGuest, "拜访");
+        stage.Sql(
+            "update tTaskList set TaskID=5 where fType=1; "
+            "update tTaskList set TaskID=7 where fType=0");
+    }
+    frmTaskMain& W() { return *stage.Window(); }
+};
+
+TEST_F(Editor, IsLockedUntilAnAddOrAChange) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    EXPECT_TRUE(window.txtTitle2.Locked());
+    EXPECT_TRUE(window.cboJbr2.Locked());
+    EXPECT_TRUE(window.txtTaskCon.Locked());
+    for (int i = 0; i < 6; i++) EXPECT_TRUE(window.txtOther[i].Locked());
+    EXPECT_FALSE(window.DTPicker2.Enabled());
+    EXPECT_FALSE(window.cboType2.Enabled());
+    EXPECT_FALSE(window.cboDone2.Enabled());
+    EXPECT_FALSE(window.cmdSave.Enabled());
+    stage.user.Choose(window.menus.mnuTaskChg);
+    EXPECT_FALSE(window.txtTitle2.Locked());
+    EXPECT_FALSE(window.cboJbr2.Locked());
+    EXPECT_FALSE(window.txtTaskCon.Locked());
+    for (int i = 0; i < 6; i++) EXPECT_FALSE(window.txtOther[i].Locked());
+    EXPECT_TRUE(window.DTPicker2.Enabled());
+    EXPECT_TRUE(window.cboType2.Enabled());
+    EXPECT_TRUE(window.cboDone2.Enabled());
+    EXPECT_TRUE(window.cmdSave.Enabled());
+    EXPECT_TRUE(window.txtUser2.Locked());
+}
+
+TEST_F(Editor, ClearingSelectsTheFirstRowsAndTheKindInTheTree) {
+    frmTaskMain& window = Open();
+    ClickNode("Z3");
+    ShowTab(kCardTab);
+    stage.user.Pick(window.cboWay, 2);
+    ClickNode("C3");
+    EXPECT_EQ(window.cboDone2.ListIndex(), kNotDone);
+    EXPECT_EQ(window.cboWay.ListIndex(), 0);
+    EXPECT_EQ(window.cboType2.ListIndex(), kDiary);
+    EXPECT_EQ(window.txtUser2.Text(), "张三");
+    EXPECT_EQ(window.cboComp2.ListIndex(), -1);
+    EXPECT_EQ(stage.session.state.cardId, 0);
+    EXPECT_EQ(window.txtCompSeek.Text(), "");
+}
+
+TEST_F(Editor, AnItemWithoutADateShowsThePresentOne) {
+    stage.Sql("update tTaskList set taskTime=null where fID=2");
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.clock.now = DateTime(2003, 3, 7, 11, 0);
+    ClickNode("Z2");
+    EXPECT_EQ(window.DTPicker2.Value(), DateTime(2003, 3, 7, 11, 0));
+}
+
+TEST_F(Editor, MissingValuesShowAsEmptyTexts) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    EXPECT_EQ(window.cboJbr2.Text() + window.txtUser2.Text() + window.cboWay.Text() +
+                  window.txtName2.Text() + window.txtOther[3].Text(),
+              "");
+}
+
+TEST_F(Editor, AFailedLoadLeavesNeitherHalfAnItemNorTheOneBefore) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.statements.failing = "where fID=2";
+    ClickNode("Z2");
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|where fID=2"});
+    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(window.txtTitle2.Text(), "");
+    EXPECT_FALSE(window.editor.RowAsRead());
+    // With a value that the editor cannot show the same.
+    stage.statements.failing.clear();
+    stage.Sql("update tTaskList set TaskID=99999999999 where fID=2");
+    ClickNode("Z2");
+    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(stage.dialogs.messages.size(), 2u);
+}
+
+TEST_F(Editor, RemembersTheRowAsRead) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    ASSERT_TRUE(window.editor.RowAsRead());
+    EXPECT_EQ((*window.editor.RowAsRead())[ItemFieldIndex("taskTitle")], store::Value("甲"));
+    window.editor.NoteStored("tDone", 1);
+    EXPECT_EQ((*window.editor.RowAsRead())[ItemFieldIndex("tDone")], store::Value(1));
+    ClickNode("A1");
+    EXPECT_FALSE(window.editor.RowAsRead());
+    window.editor.NoteStored("tDone", 1);
+    EXPECT_FALSE(window.editor.RowAsRead());
+}
+
+TEST_F(Editor, ATaskThatBecomesAVisitNeedsACardOfItsOwn) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    EXPECT_EQ(stage.session.state.cardId, 7);
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.Pick(window.cboType2, kGuest);
+    EXPECT_EQ(stage.session.state.cardId, 0);
+    // And back it belongs to its plan again.
+    stage.user.Pick(window.cboType2, kTask);
+    EXPECT_EQ(stage.session.state.cardId, 7);
+}
+
+TEST_F(Editor, AVisitThatBecomesADiaryEntryLosesItsCard) {
+    frmTaskMain& window = Open();
+    ClickNode("Z3");
+    stage.user.Choose(window.menus.mnuGuestChg);
+    stage.user.Pick(window.cboType2, kDiary);
+    EXPECT_EQ(stage.session.state.cardId, 0);
+    stage.user.Pick(window.cboType2, kGuest);
+    EXPECT_EQ(stage.session.state.cardId, 5);
+}
+
+TEST_F(Editor, EnterMovesOnInItsFields) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.Key(window.txtTitle2, forms::key::kEnter);
+    EXPECT_FALSE(window.txtTitle2.HasFocus());
+    stage.user.Key(window.txtOther[0], forms::key::kEnter);
+    EXPECT_TRUE(window.txtOther[1].HasFocus());
+    window.txtTitle2.SetFocus();
+    EXPECT_EQ(window.txtTitle2.SelLength(), 1);
+}
+
+TEST_F(Editor, LeavingTheCustomerProposesTheTitleWhileAVisitIsEdited) {
+    frmTaskMain& window = Open();
+    ClickNode("Z3");
+    stage.user.Leave(window.cboComp2);
+    EXPECT_EQ(window.txtTitle2.Text(), "拜访");
+    stage.user.Choose(window.menus.mnuGuestChg);
+    stage.user.Leave(window.cboComp2);
+    EXPECT_EQ(window.txtTitle2.Text(), "某公司--拜访记录");
+    stage.user.Pick(window.cboComp2, -1);
+    stage.user.Type(window.txtTitle2, "自己写的");
+    stage.user.Leave(window.cboComp2);
+    EXPECT_EQ(window.txtTitle2.Text(), "自己写的");
+}
+
+TEST_F(Editor, EnterInTheCustomerMovesToTheTitle) {
+    frmTaskMain& window = Open();
+    ClickNode("Z3");
+    stage.user.Key(window.cboComp2, forms::key::kEnter);
+    EXPECT_TRUE(window.txtTitle2.HasFocus());
+}
+
+}  // namespace
+}  // namespace zv::mainwindow
