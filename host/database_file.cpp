@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "base/errors.h"
+#include "base/win32/wide.h"
 #include "open_errors.h"
-#include "platform/win32/wide.h"
 
 namespace zv::host {
 namespace {

@@ -10,9 +10,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/win32/com_error.h"
+#include "base/win32/variant.h"
 #include "module.h"
-#include "platform/win32/com_error.h"
-#include "platform/win32/variant.h"
 
 namespace zv::host {
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <vector>
 
-#include "platform/win32/com_error.h"
+#include "base/win32/com_error.h"
 
 namespace zv::host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/win32/com_error.h"
+#include "base/win32/com_error.h"
 
 namespace zv::host {
 

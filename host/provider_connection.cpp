@@ -5,8 +5,8 @@
 #include <string>
 
 #include "base/text.h"
+#include "base/win32/com_error.h"
 #include "open_errors.h"
-#include "platform/win32/com_error.h"
 #include "store/ado/automation.h"
 
 namespace zv::host {

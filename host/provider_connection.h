@@ -5,7 +5,7 @@
 
 #include <oleauto.h>
 
-#include "platform/win32/com_ptr.h"
+#include "base/win32/com_ptr.h"
 #include "store/connection_opener.h"
 
 namespace zv::host {

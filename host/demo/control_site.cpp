@@ -2,8 +2,8 @@
 
 #include <oleauto.h>
 
-#include "platform/win32/com_error.h"
-#include "platform/win32/variant.h"
+#include "base/win32/com_error.h"
+#include "base/win32/variant.h"
 
 namespace zv::demo {
 namespace {

@@ -11,7 +11,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/win32/com_ptr.h"
+#include "base/win32/com_ptr.h"
 
 namespace zv::demo {
 

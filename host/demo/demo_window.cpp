@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "platform/win32/wide.h"
+#include "base/win32/wide.h"
 
 namespace zv::demo {
 namespace {

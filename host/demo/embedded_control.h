@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include "base/win32/com_ptr.h"
+#include "base/win32/variant.h"
 #include "demo/control_site.h"
 #include "demo/property_bag.h"
-#include "platform/win32/com_ptr.h"
-#include "platform/win32/variant.h"
 
 namespace zv::demo {
 

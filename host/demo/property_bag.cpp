@@ -2,7 +2,7 @@
 
 #include <cwchar>
 
-#include "platform/win32/com_error.h"
+#include "base/win32/com_error.h"
 
 namespace zv::demo {
 

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/win32/variant.h"
+#include "base/win32/variant.h"
 
 namespace zv::demo {
 

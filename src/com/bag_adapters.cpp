@@ -3,9 +3,9 @@
 #include <oleauto.h>
 
 #include "base/errors.h"
-#include "platform/win32/com_error.h"
-#include "platform/win32/variant.h"
-#include "platform/win32/wide.h"
+#include "base/win32/com_error.h"
+#include "base/win32/variant.h"
+#include "base/win32/wide.h"
 #include "store/ado/automation.h"
 
 namespace zv::com {

@@ -5,8 +5,8 @@
 
 #include <memory>
 
+#include "base/win32/com_ptr.h"
 #include "control/property_bag.h"
-#include "platform/win32/com_ptr.h"
 
 namespace zv::com {
 

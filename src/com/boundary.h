@@ -4,9 +4,9 @@
 #include <string>
 #include <utility>
 
+#include "base/win32/com_error.h"
 #include "com/ids.h"
 #include "com/session_host.h"
-#include "platform/win32/com_error.h"
 #include "resources/catalogue.h"
 
 namespace zv::com {

@@ -1,6 +1,6 @@
 #include "com/core.h"
 
-#include "platform/win32/wide.h"
+#include "base/win32/wide.h"
 
 namespace zv::com {
 

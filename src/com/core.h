@@ -11,11 +11,11 @@
 #include <optional>
 #include <string>
 
+#include "base/win32/com_ptr.h"
+#include "base/win32/variant.h"
 #include "com/module.h"
 #include "com/session_host.h"
 #include "control/zv_task.h"
-#include "platform/win32/com_ptr.h"
-#include "platform/win32/variant.h"
 
 namespace zv::com {
 

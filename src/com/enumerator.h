@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/win32/com_ptr.h"
 #include "com/module.h"
-#include "platform/win32/com_ptr.h"
 
 namespace zv::com {
 

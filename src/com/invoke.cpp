@@ -3,10 +3,10 @@
 #include <array>
 #include <string_view>
 
+#include "base/win32/bstr.h"
+#include "base/win32/variant.h"
 #include "com/automation.h"
 #include "com/boundary.h"
-#include "platform/win32/bstr.h"
-#include "platform/win32/variant.h"
 
 namespace zv::com {
 

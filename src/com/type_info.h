@@ -3,7 +3,7 @@
 
 #include <oaidl.h>
 
-#include "platform/win32/com_ptr.h"
+#include "base/win32/com_ptr.h"
 
 namespace zv::com {
 

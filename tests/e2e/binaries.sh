@@ -8,6 +8,8 @@
 set -uo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 [ $# -gt 0 ] || set -- windows-x64 windows-x86
+# The words of the tools' output are looked at, so they must not be translated.
+export LC_ALL=C
 passed=0
 failed=0
 

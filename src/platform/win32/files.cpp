@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "base/win32/wide.h"
 #include "platform/win32/machine.h"
-#include "platform/win32/wide.h"
 
 namespace zv::platform::win32 {
 

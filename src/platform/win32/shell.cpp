@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "base/errors.h"
-#include "platform/win32/com_error.h"
+#include "base/win32/com_error.h"
+#include "base/win32/wide.h"
 #include "platform/win32/machine.h"
-#include "platform/win32/wide.h"
 
 namespace zv::platform::win32 {
 

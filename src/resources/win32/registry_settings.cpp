@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "base/errors.h"
-#include "platform/win32/com_error.h"
-#include "platform/win32/wide.h"
+#include "base/win32/com_error.h"
+#include "base/win32/wide.h"
 
 namespace zv::resources::win32 {
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "platform/win32/com_ptr.h"
+#include "base/win32/com_ptr.h"
 #include "store/connection.h"
 
 struct IDispatch;

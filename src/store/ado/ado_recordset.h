@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "platform/win32/com_ptr.h"
-#include "platform/win32/variant.h"
+#include "base/win32/com_ptr.h"
+#include "base/win32/variant.h"
 #include "store/ado/automation.h"
 #include "store/connection.h"
 

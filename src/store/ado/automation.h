@@ -8,8 +8,8 @@
 #include <initializer_list>
 
 #include "base/errors.h"
-#include "platform/win32/com_error.h"
-#include "platform/win32/variant.h"
+#include "base/win32/com_error.h"
+#include "base/win32/variant.h"
 
 namespace zv::store::ado {
 

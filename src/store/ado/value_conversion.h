@@ -1,7 +1,7 @@
 // Field values between the database port and automation.
 #pragma once
 
-#include "platform/win32/variant.h"
+#include "base/win32/variant.h"
 #include "store/value.h"
 
 namespace zv::store::ado {

@@ -14,11 +14,11 @@
 #include <utility>
 #include <vector>
 
+#include "base/win32/bstr.h"
+#include "base/win32/com_ptr.h"
+#include "base/win32/variant.h"
+#include "base/win32/wide.h"
 #include "com/ids.h"
-#include "platform/win32/bstr.h"
-#include "platform/win32/com_ptr.h"
-#include "platform/win32/variant.h"
-#include "platform/win32/wide.h"
 
 namespace container {
 

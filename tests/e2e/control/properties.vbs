@@ -13,7 +13,7 @@ Sub Check(what, condition)
 End Sub
 
 Sub CheckNotReadable(name, number, text)
-    Check name & " cannot be read: " & text, number <> 0
+    Check name & " cannot be read (" & number & ")", number = 438 And text <> ""
 End Sub
 
 Set task = CreateObject("zv_Task.zvTask")

@@ -6,7 +6,7 @@
 #include <objbase.h>
 
 #include "base/errors.h"
-#include "platform/win32/wide.h"
+#include "base/win32/wide.h"
 #include "store/ado/ado_opener.h"
 #include "store/schema/schema.h"
 

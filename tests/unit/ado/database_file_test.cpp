@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "base/errors.h"
-#include "platform/win32/wide.h"
+#include "base/win32/wide.h"
 #include "provider_connection.h"
 
 namespace zv::host {

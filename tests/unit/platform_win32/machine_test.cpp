@@ -4,9 +4,9 @@
 #include <string>
 
 #include "base/errors.h"
+#include "base/win32/wide.h"
 #include "platform/win32/host_module_runner.h"
 #include "platform/win32/machine.h"
-#include "platform/win32/wide.h"
 
 namespace zv::platform::win32 {
 namespace {

@@ -122,7 +122,11 @@ class Stage {
     void Sql(const std::string& script);
     /// First column of the first row.
     std::string Query(const std::string& statement);
-    std::string Path(const std::string& name) const { return (folder / name).string(); }
+    /// A path in the stage's folder; the name and the answer are UTF-8.
+    std::string Path(const std::string& name) const {
+        const std::u8string path = (folder / std::u8string(name.begin(), name.end())).u8string();
+        return {path.begin(), path.end()};
+    }
 
     /// The number of the error that leaves refresh; 0 when none does.
     int Refresh(std::int32_t mode, std::int16_t modal = 0);

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/win32/bstr.h"
-#include "platform/win32/com_ptr.h"
+#include "base/win32/bstr.h"
+#include "base/win32/com_ptr.h"
 
 namespace zv::win32 {
 

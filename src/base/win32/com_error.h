@@ -16,8 +16,8 @@
 #include <utility>
 
 #include "base/errors.h"
-#include "platform/win32/bstr.h"
-#include "platform/win32/com_ptr.h"
+#include "base/win32/bstr.h"
+#include "base/win32/com_ptr.h"
 
 namespace zv::win32 {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/win32/wide.h"
+#include "base/win32/wide.h"
 
 namespace zv::win32 {
 
