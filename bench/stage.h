@@ -83,6 +83,7 @@ class Stage {
     Stage& operator=(const Stage&) = delete;
 
     ZvTask& Control() { return control_; }
+    Session& GetSession() { return session_; }
     /// The task manager, loaded and not shown.
     mainwindow::frmTaskMain& Manager() {
         auto& window = windows_.Create<mainwindow::frmTaskMain>(session_);

@@ -4,7 +4,7 @@ source tools/setup/wine.sh
 # There the clock of the process only counts the time that passes, and coarsely.
 unset ZV_BENCH_CPU
 
-build windows-x64 zvbench_window zvbench_start zvbench_floor_start zv_Task
+build windows-x64 zvbench_window zvbench_editor zvbench_start zvbench_floor_start zv_Task
 win=build/windows-x64/bin
 wine_prepare >&2
 # A display and a Wine server of this run's own, started on the processor that everything is held
@@ -52,6 +52,10 @@ done
 row "process start to the first window, 1000 items" "$(median "$ours" 1)" "$(median "$floor" 1)" \
     ms 0 0 "$runs"
 rm -f "$ours" "$floor"
+
+read -r ours floor _ < <(wine_run "$win/zvbench_editor.exe" "$(winepath_of "$data/plans.db")" "$runs" |
+    tr -d '\r')
+row "plan editor, open to ready" "$ours" "$floor" ms 0 0 "$runs"
 
 row "size of the control, x64" "$(stat -c %s "$win/zv_Task.ocx" | awk '{ printf "%.3f", $1 / 1048576 }')" \
     0 MB 0 4 1

@@ -1,5 +1,6 @@
 #include "scheduling/occurrences.h"
 
+#include <algorithm>
 #include <chrono>
 
 #include "base/errors.h"
@@ -7,13 +8,22 @@
 namespace zv::scheduling {
 namespace {
 
-constexpr std::int64_t kSecondsPerDay = 86400;
+using namespace std::chrono;
+
+constexpr int kDaysPerWeek = 7;
 constexpr int kMonthsPerYear = 12;
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 
-const DateTime kCalendarBegin(kFirstYear, 1, 1);
-const DateTime kCalendarEnd(kLastYear, 12, 31, 23, 59, 59);
+constexpr sys_days kZero{year{1899} / December / 30};
+
+constexpr std::int64_t DayNumber(sys_days day) {
+    return (day - kZero).count();
+}
+
+[[noreturn]] void ThrowOverflow() {
+    throw RuntimeError(ErrorNumber::Overflow);
+}
 
 int FullYear(int year) {
     constexpr int kLastOfThisCentury = 29;
@@ -21,35 +31,21 @@ int FullYear(int year) {
     return year + (year <= kLastOfThisCentury ? 2000 : 1900);
 }
 
-DateTime MakeDateAt(int year, int month, int day) {
-    return MakeDate(static_cast<std::int16_t>(year), static_cast<std::int16_t>(month),
-                    static_cast<std::int16_t>(day));
+void CheckMonth(int year, int month) {
+    if (year < kFirstYear || year > kLastYear || month < 1 || month > kMonthsPerYear) {
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    }
 }
 
-DateTime Anchor(const Plan& plan) {
-    const DateTime& begin = plan.begin;
-    switch (plan.circleType) {
-        case circle::kYearly:
-            return MakeDateAt(begin.Year(), plan.month, plan.day);
-        case circle::kMonthly:
-            return MakeDateAt(begin.Year(), begin.Month(), plan.day);
-        case circle::kWeekly: {
-            // No day of the calendar has such a weekday: the search would run off its end.
-            if (plan.week < 0 || plan.week > 6) throw RuntimeError(ErrorNumber::Overflow);
-            DateTime anchor = begin.Date();
-            while (anchor.Weekday() != plan.week + 1) anchor = anchor.AddDays(1);
-            return anchor;
-        }
-        default:
-            return begin;
-    }
+int FloorDivide(int dividend, int divisor) {
+    return dividend / divisor - (dividend % divisor < 0 ? 1 : 0);
 }
 
 DateTime ShiftWindow(DateTime date, int days) {
+    static const DateTime calendarBegin(kFirstYear, 1, 1);
+    static const DateTime calendarEnd(kLastYear, 12, 31, 23, 59, 59);
     const DateTime shifted = date.AddDays(days);
-    if (shifted < kCalendarBegin || shifted > kCalendarEnd) {
-        throw RuntimeError(ErrorNumber::Overflow);
-    }
+    if (shifted < calendarBegin || shifted > calendarEnd) ThrowOverflow();
     return shifted;
 }
 
@@ -57,63 +53,63 @@ DateTime ShiftWindow(DateTime date, int days) {
 
 DateTime MakeDate(std::int16_t year, std::int16_t month, std::int16_t day) {
     const int fullYear = FullYear(year);
-    if (DateTime::IsValidDate(fullYear, month, day)) return DateTime(fullYear, month, day);
-    if (!DateTime::IsValidDate(fullYear, month, 1)) throw RuntimeError(ErrorNumber::TypeMismatch);
-    return DateTime(fullYear, month, DateTime::DaysInMonth(fullYear, month));
+    CheckMonth(fullYear, month);
+    const int last = DateTime::DaysInMonth(fullYear, month);
+    return DateTime(fullYear, month, day < 1 ? last : std::min<int>(day, last));
 }
 
 Occurrences::Occurrences(const Plan& plan)
-    : kind_(plan.circleType),
-      step_(plan.circleValue),
-      begin_(plan.begin),
-      end_(plan.end),
-      anchor_(Anchor(plan)) {
-    anchorMonth_ = anchor_.Year() * kMonthsPerYear + anchor_.Month() - 1;
-    anchorDay_ = anchor_.Day();
-}
-
-std::optional<DateTime> Occurrences::ShiftMonths(std::int64_t months) const {
-    using namespace std::chrono;
-    const std::int64_t target = anchorMonth_ + months;
-    if (target >= (kLastYear + 1) * kMonthsPerYear) return {};
-    if (target < kFirstYear * kMonthsPerYear) throw RuntimeError(ErrorNumber::Overflow);
-    const year_month month{year{static_cast<int>(target / kMonthsPerYear)},
-                           std::chrono::month{static_cast<unsigned>(target % kMonthsPerYear) + 1}};
-    year_month_day date = month / day{static_cast<unsigned>(anchorDay_)};
-    if (!date.ok()) date = month / last;
-    constexpr sys_days kDayZero{year{1899} / December / 30};
-    return DateTime((sys_days{date} - kDayZero).count() * kSecondsPerDay);
-}
-
-// The anchor of the kinds that are shifted by months stands at midnight.
-std::optional<DateTime> Occurrences::AtRound(std::int64_t round) const {
-    constexpr std::int64_t kDaysPerWeek = 7;
-    const std::int64_t units = round * step_;
-    switch (kind_) {
+    : begin_(plan.begin.Seconds()), end_(plan.end.Seconds()) {
+    static_assert(kDayZero == -DayNumber(std::chrono::year{1} / January / 1));
+    static_assert(kCalendarBegin ==
+                  DayNumber(std::chrono::year{kFirstYear} / January / 1) * kSecondsPerDay);
+    const sys_days firstDay = kZero + floor<days>(seconds{begin_});
+    const year_month_day first{firstDay};
+    const int firstYear = static_cast<int>(first.year());
+    const std::int64_t step = plan.circleValue;
+    switch (plan.circleType) {
         case circle::kYearly:
-            return ShiftMonths(units * kMonthsPerYear);
+            wheel_.stepYears = plan.circleValue;
+            AnchorAt(firstYear, plan.month, plan.day);
+            break;
         case circle::kMonthly:
-            return ShiftMonths(units);
+            wheel_.stepYears = FloorDivide(plan.circleValue, kMonthsPerYear);
+            wheel_.stepMonths = plan.circleValue - wheel_.stepYears * kMonthsPerYear;
+            AnchorAt(firstYear, static_cast<int>(static_cast<unsigned>(first.month())), plan.day);
+            break;
         case circle::kDaily:
-            return anchor_.AddSeconds(units * kSecondsPerDay);
-        case circle::kWeekly:
-            return anchor_.AddSeconds(units * kDaysPerWeek * kSecondsPerDay);
+            at_ = begin_;
+            step_ = step * kSecondsPerDay;
+            // Not even a step backwards leads to a date that is left out.
+            begin_ = kCalendarBegin;
+            break;
+        case circle::kWeekly: {
+            // No day of the calendar has such a weekday: the search would run off its end.
+            if (plan.week < 0 || plan.week >= kDaysPerWeek) ThrowOverflow();
+            const days ahead = weekday{static_cast<unsigned>(plan.week)} - weekday{firstDay};
+            at_ = DayNumber(firstDay + ahead) * kSecondsPerDay;
+            step_ = step * kDaysPerWeek * kSecondsPerDay;
+            break;
+        }
         default:
-            return {};
+            at_ = kCalendarBegin;
+            end_ = kCalendarBegin - 1;
+            break;
     }
 }
 
-std::optional<DateTime> Occurrences::Next() {
-    for (;;) {
-        const std::optional<DateTime> date = AtRound(rounds_);
-        // What would lie behind the calendar lies behind the end.
-        if (!date || *date > end_) return {};
-        if (*date < kCalendarBegin || rounds_ == kMaximumRounds) {
-            throw RuntimeError(ErrorNumber::Overflow);
-        }
-        rounds_++;
-        if (*date >= begin_ || kind_ == circle::kDaily) return date;
-    }
+void Occurrences::AnchorAt(int year, int month, int day) {
+    CheckMonth(year, month);
+    byMonths_ = true;
+    wheel_.year = year;
+    wheel_.month = month - 1;
+    wheel_.Enter();
+    // Later months are asked for the day that the first one has, not for the one wished for.
+    day_ = day < 1 ? wheel_.Length() : std::min(day, wheel_.Length());
+}
+
+void Occurrences::Leave() {
+    ThrowOverflow();
 }
 
 AlertWindow AlertWindowOf(DateTime occurrence, int type, int width) {

@@ -1,6 +1,7 @@
 // The dates of a plan. A pure function of the plan: no database, no clock.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
@@ -14,7 +15,7 @@ namespace zv::scheduling {
 DateTime MakeDate(std::int16_t year, std::int16_t month, std::int16_t day);
 
 /// The occurrences of a plan one after the other. Each is the anchor shifted by a multiple of the
-/// step, never a shift of the one before, so a short month does not shorten the later ones.
+/// step, so a short month does not shorten the later ones.
 class Occurrences {
  public:
     /// Rounds that the 16-bit counter allows.
@@ -28,18 +29,82 @@ class Occurrences {
     std::optional<DateTime> Next();
 
  private:
-    std::optional<DateTime> AtRound(std::int64_t round) const;
-    std::optional<DateTime> ShiftMonths(std::int64_t months) const;
+    /// Stands in a month of a year and steps by a number of months. What belongs to the year is
+    /// worked out when the year changes, not for every month.
+    struct MonthWheel {
+        void Turn();
+        void Enter();
+        int Length() const { return kMonthStarts[leap][month + 1] - kMonthStarts[leap][month]; }
+        /// Midnight of the day, or of the month's last when it is shorter.
+        std::int64_t Seconds(int day) const;
 
-    int kind_;
-    std::int64_t step_;
-    DateTime begin_;
-    DateTime end_;
-    DateTime anchor_;
-    int anchorMonth_ = 0;  ///< months since year 0
-    int anchorDay_ = 0;
+        int year = 0;
+        int month = 0;  ///< from 0
+        int stepYears = 0;
+        int stepMonths = 0;
+        std::int64_t firstDay = 0;  ///< of the year, counted from day zero
+        bool leap = false;
+    };
+    /// Days before each month of a year, and of the whole year.
+    static constexpr std::int16_t kMonthStarts[2][13] = {
+        {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365},
+        {0, 31, 60, 91, 121, 152, 182, 213, 244, 274, 305, 335, 366}};
+    static constexpr std::int64_t kSecondsPerDay = 86400;
+    static constexpr std::int64_t kDayZero = 693593;  ///< days from year 1 on
+    static constexpr std::int64_t kCalendarBegin = -657434 * kSecondsPerDay;  ///< year 100
+
+    [[noreturn]] static void Leave();
+    void AnchorAt(int year, int month, int day);
+
+    std::int64_t begin_;  ///< seconds, like those below
+    std::int64_t end_;
+    std::int64_t at_ = 0;  ///< the next round's date
+    std::int64_t step_ = 0;
+    bool byMonths_ = false;
+    int day_ = 0;  ///< by months: the day of the month
+    MonthWheel wheel_;
     int rounds_ = 0;
 };
+
+inline void Occurrences::MonthWheel::Turn() {
+    month += stepMonths;
+    int years = stepYears;
+    if (month > 11) {
+        month -= 12;
+        years++;
+    }
+    if (years == 0) return;
+    year += years;
+    Enter();
+}
+
+inline void Occurrences::MonthWheel::Enter() {
+    // One year beyond the calendar is as good as any further one.
+    const auto before = static_cast<unsigned>(std::clamp(year, 99, 10000) - 1);
+    const unsigned centuries = before / 100;
+    firstDay = before * 365 + before / 4 - centuries + centuries / 4 - kDayZero;
+    leap = (before + 1) % 4 == 0 && ((before + 1) % 100 != 0 || (before + 1) % 400 == 0);
+}
+
+inline std::int64_t Occurrences::MonthWheel::Seconds(int day) const {
+    return (firstDay + kMonthStarts[leap][month] + std::min(day, Length()) - 1) * kSecondsPerDay;
+}
+
+// Beside the calendar's arithmetic a call that hands an optional back through memory is dear.
+inline std::optional<DateTime> Occurrences::Next() {
+    for (;;) {
+        const std::int64_t date = byMonths_ ? wheel_.Seconds(day_) : at_;
+        if (date > end_) return {};
+        if (date < kCalendarBegin || rounds_ == kMaximumRounds) Leave();
+        rounds_++;
+        if (byMonths_) {
+            wheel_.Turn();
+        } else {
+            at_ += step_;
+        }
+        if (date >= begin_) return DateTime(date);
+    }
+}
 
 /// The days on which an occurrence alerts; nothing for a side that is none.
 struct AlertWindow {

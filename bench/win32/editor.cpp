@@ -1,0 +1,136 @@
+// The plan editor from its opening until it is painted and takes input, against a plain window with
+// the same native controls in the same places: zvbench_editor FILE RUNS. Prints the milliseconds of
+// ours and of the floor (medians).
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cwchar>
+
+#include "floors/bare_window.h"
+#include "forms/win32/win32_backend.h"
+#include "measure.h"
+#include "scheduling/plan_editor.h"
+#include "stage.h"
+#include "win32/wide_main.h"
+
+namespace zv::bench {
+namespace {
+
+constexpr wchar_t kFrameClass[] = L"zvBenchFrame";
+
+/// A window as it was found: what CreateWindowEx needs to make its like, and what is in it.
+struct Likeness {
+    explicit Likeness(HWND window)
+        : style(static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE))),
+          extendedStyle(static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE))),
+          font(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0))) {
+        wchar_t buffer[256];
+        GetClassNameW(window, buffer, 256);
+        // Windows of our own classes hold controls and nothing else; what is inside a control it
+        // makes by itself.
+        const bool holder = std::wcsncmp(buffer, L"zv.", 3) == 0;
+        className = holder ? kFrameClass : buffer;
+        GetWindowTextW(window, buffer, 256);
+        text = buffer;
+        GetWindowRect(window, &place);
+        if (const HWND parent = GetAncestor(window, GA_PARENT); parent != GetDesktopWindow()) {
+            MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
+        }
+        for (HWND child = GetWindow(window, GW_CHILD); holder && child != nullptr;
+             child = GetWindow(child, GW_HWNDNEXT)) {
+            children.emplace_back(child);
+        }
+    }
+
+    int Count() const {
+        int count = 1;
+        for (const Likeness& child : children) count += child.Count();
+        return count;
+    }
+    HWND Make(HWND parent) const {
+        const HWND window =
+            CreateWindowExW(extendedStyle, className.c_str(), text.c_str(), style, place.left,
+                            place.top, place.right - place.left, place.bottom - place.top, parent,
+                            nullptr, GetModuleHandleW(nullptr), nullptr);
+        if (window == nullptr) throw std::runtime_error("a control cannot be made");
+        if (parent != nullptr) SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), 0);
+        for (const Likeness& child : children) child.Make(window);
+        return window;
+    }
+
+    DWORD style;
+    DWORD extendedStyle;
+    HFONT font;
+    RECT place{};
+    std::wstring className;
+    std::wstring text;
+    std::vector<Likeness> children;
+};
+
+int Main(const std::vector<std::string>& arguments) {
+    if (arguments.size() != 2) {
+        std::fprintf(stderr, "zvbench_editor FILE RUNS\n");
+        return 2;
+    }
+    NoDialogs dialogs;
+    forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
+    Stage stage(backend, arguments[0]);
+    const auto open = [&]() -> scheduling::frmTaskSet& {
+        stage.Control().refresh(2, 0);
+        auto* editor =
+            stage.GetSession().windows.Find<scheduling::frmTaskSet>(scheduling::frmTaskSet::kName);
+        if (editor == nullptr) throw std::runtime_error("the editor did not open");
+        return *editor;
+    };
+    const Likeness likeness(backend.Handle(open()));
+    stage.UnloadWindows();
+
+    WNDCLASSEXW frame{};
+    frame.cbSize = sizeof frame;
+    frame.lpfnWndProc = DefWindowProcW;
+    frame.hInstance = GetModuleHandleW(nullptr);
+    frame.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    frame.lpszClassName = kFrameClass;
+    RegisterClassExW(&frame);
+
+    Series ours;
+    Series floor;
+    InTurn(
+        std::atoi(arguments[1].c_str()),
+        [&] {
+            const Stopwatch watch;
+            auto& editor = open();
+            UpdateWindow(backend.Handle(editor));
+            backend.PumpMessages();
+            const double time = watch.Milliseconds();
+            if (!editor.IsShown() || editor.txtTaskID.Text().empty()) {
+                throw std::runtime_error("the editor is not ready");
+            }
+            stage.UnloadWindows();
+            Pump();
+            return time;
+        },
+        ours,
+        [&] {
+            const Stopwatch watch;
+            const HWND window = likeness.Make(nullptr);
+            ShowWindow(window, SW_SHOW);
+            UpdateWindow(window);
+            Pump();
+            const double time = watch.Milliseconds();
+            DestroyWindow(window);
+            Pump();
+            return time;
+        },
+        floor);
+    std::printf("%.3f %.3f %d\n", ours.Median(), floor.Median(), likeness.Count());
+    return 0;
+}
+
+}  // namespace
+}  // namespace zv::bench
+
+int wmain(int count, wchar_t** values) {
+    return zv::bench::WideMain(count, values, zv::bench::Main);
+}
