@@ -69,6 +69,10 @@ void Statements::OnStatement(const std::string& sql) {
     }
 }
 
+void Statements::OnRowUpdate() {
+    if (!failingUpdate.empty()) throw RuntimeError(ErrorNumber::DatabaseFailure, failingUpdate);
+}
+
 std::vector<std::string> Statements::Take() {
     return std::exchange(sent_, {});
 }

@@ -31,12 +31,15 @@ class CodePage : public platform::AnsiCodePage {
     int ByteWidth(char32_t codePoint) const override { return codePoint < 0x80 ? 1 : 2; }
 };
 
+/// Keeps what it is handed, keys behind "keys:".
 class Shell : public platform::Shell {
  public:
-    void Open(const std::string&) override {}
-    std::string DialerPath() const override { return {}; }
-    void Start(const std::string&) override {}
-    void SendKeys(const std::string&) override {}
+    void Open(const std::string& target) override { lines.push_back(target); }
+    std::string DialerPath() const override { return dialer; }
+    void Start(const std::string& program) override { lines.push_back(program); }
+    void SendKeys(const std::string& keys) override { lines.push_back("keys:" + keys); }
+    std::vector<std::string> lines;
+    std::string dialer = "C:\\Windows\\dialer.exe";
 };
 
 class Files : public platform::FileSystem {
@@ -83,11 +86,13 @@ class Dialogs : public forms::Dialogs {
 class Statements : public store::StatementObserver {
  public:
     void OnStatement(const std::string& sql) override;
-    void OnRowUpdate() override {}
+    void OnRowUpdate() override;
     /// The statements since the last call.
     std::vector<std::string> Take();
     /// The statement that holds this text fails with it as its text; empty: none does.
     std::string failing;
+    /// Not empty: the writing of a row through a recordset fails with this text.
+    std::string failingUpdate;
 
  private:
     std::vector<std::string> sent_;

@@ -1,0 +1,294 @@
+#include "base/text.h"
+#include "main_window_fixture.h"
+#include "mainwindow/item_saving.h"
+
+namespace zv::mainwindow {
+namespace {
+
+class SaveItem : public MainWindow {
+ protected:
+    SaveItem() {
+        stage.Sql(
+            "insert into tTaskList(fType,TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,"
+            "tDoneMan,fUser,fOther0) values(0,7,'甲','内容','2003-03-07 08:15:42',"
+            "'2003-03-01 00:00:00','2003-03-31 00:00:00','王五','李四','o0')");
+    }
+    /// The item shown, with the editor open for a change.
+    frmTaskMain& Change() {
+        frmTaskMain& window = Open();
+        ClickNode("Z1");
+        stage.user.Choose(window.menus.mnuTaskChg);
+        stage.statements.Take();
+        return window;
+    }
+    std::string Row(const std::string& columns, const std::string& from = "tTaskList where fID=1") {
+        return stage.Query("select " + columns + " from " + from);
+    }
+    void Save() { stage.user.Click(stage.Window()->cmdSave); }
+};
+
+TEST_F(SaveItem, ChangesTheRowThatWasOpened) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "乙");
+    stage.user.Type(window.txtTaskCon, "一\r\n二");
+    stage.user.Type(window.cboJbr2, "赵六");
+    stage.user.Type(window.txtOther[5], "o5");
+    stage.user.Pick(window.cboDone2, kInHand);
+    Save();
+    EXPECT_EQ(Row("taskTitle||'|'||fContent||'|'||tDoneMan||'|'||fOther0||fOther5||'|'||tDone"),
+              "乙|一\r\n二|赵六|o0o5|2");
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[乙]: 修改完毕 ！"});
+    // The row is opened once, the tree filled once: no other statement.
+    const Lines sent = stage.statements.Take();
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_EQ(sent[0], "select * from tTaskList where fID=1");
+    EXPECT_TRUE(sent[1].starts_with("select distinct a.fID"));
+}
+
+TEST_F(SaveItem, StoresTheCurrentUserWhateverTheBoxShowed) {
+    frmTaskMain& window = Change();
+    EXPECT_EQ(window.txtUser2.Text(), "李四");
+    Save();
+    EXPECT_EQ(Row("fUser"), "张三");
+}
+
+TEST_F(SaveItem, TheAlertWindowBecomesTheMomentOfTheItem) {
+    frmTaskMain& window = Change();
+    window.DTPicker1.SetValue(DateTime(2003, 3, 8));
+    // Untouched, the time keeps its seconds.
+    Save();
+    EXPECT_EQ(Row("taskTime||'|'||tDuring1||'|'||tDuring2"),
+              "2003-03-07 08:15:42|2003-03-07 08:15:42|2003-03-07 08:15:42");
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.SetDate(window.DTPicker2, DateTime(2003, 3, 7, 14, 30));
+    Save();
+    EXPECT_EQ(Row("taskTime||'|'||tDuring2"), "2003-03-07 14:30:00|2003-03-07 14:30:00");
+}
+
+TEST_F(SaveItem, AMomentIsListedBetweenTwoDaysAndAMidnightOnItsOwn) {
+    frmTaskMain& window = Change();
+    Save();
+    EXPECT_EQ(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
+    ShowTab(kFilterTab);
+    stage.user.SetDate(window.DTPicker1, DateTime(2003, 3, 8));
+    stage.user.Click(window.cmdSeek);
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.SetDate(window.DTPicker2, DateTime(2003, 3, 7));
+    ShowTab(kFilterTab);
+    stage.user.SetDate(window.DTPicker1, std::nullopt);
+    Save();
+    EXPECT_NE(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
+}
+
+TEST_F(SaveItem, KeepsWhatTheItemBelongsTo) {
+    Change();
+    Save();
+    EXPECT_EQ(Row("TaskID"), "7");
+}
+
+TEST_F(SaveItem, AddsANewRow) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuDailyAdd);
+    stage.user.Type(window.txtTitle2, "日记");
+    stage.user.Type(window.txtTaskCon, "it's");
+    stage.dialogs.messages.clear();
+    Save();
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[日记]: 新增完毕 ！"});
+    EXPECT_EQ(Row("fType||'|'||TaskID||'|'||taskTitle||'|'||fContent||'|'||fUser||'|'||tDone||'|'||"
+                  "taskTime||'|'||tDuring1",
+                  "tTaskList where fID=2"),
+              "2|0|日记|it's|张三|0|2003-03-07 09:30:00|2003-03-07 09:30:00");
+    EXPECT_EQ(Row("count(*)", "tTaskList"), "2");
+}
+
+TEST_F(SaveItem, FillsTheTreeAndLocksTheEditor) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "乙");
+    stage.user.SetDate(window.DTPicker2, DateTime(2003, 3, 7));
+    Save();
+    EXPECT_NE(stage.Nodes().find("Z1|A1|task2|(2003-03-07)\t乙"), std::string::npos);
+    EXPECT_EQ(window.state.editMode, kNoEdit);
+    EXPECT_FALSE(window.state.Editing());
+    EXPECT_TRUE(window.txtTitle2.Locked());
+    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(window.cmdSave.Caption(), "保存(&S)");
+}
+
+TEST_F(SaveItem, AGuestItemNeedsACard) {
+    frmTaskMain& window = Open();
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    ShowTab(kItemTab);
+    stage.statements.Take();
+    Save();
+    EXPECT_EQ(stage.dialogs.messages, Lines{"48|请输入客户资料！"});
+    EXPECT_TRUE(window.txtCompSeek.HasFocus());
+    EXPECT_TRUE(stage.statements.Take().empty());
+    EXPECT_TRUE(window.state.Editing());
+    // A number below 1 is no card either.
+    stage.session.state.cardId = -5;
+    Save();
+    EXPECT_EQ(stage.dialogs.messages.size(), 2u);
+    EXPECT_EQ(Row("count(*)", "tTaskList"), "1");
+}
+
+TEST_F(SaveItem, AGuestItemTakesTheCardAsItsOwner) {
+    stage.Sql(
+        "insert into cards(fID,CompCode,CompName,\"Name\") values(70000,'C7','某公司','孙七')");
+    frmTaskMain& window = Open();
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    stage.user.Type(window.txtCompSeek, "c7");
+    stage.user.Key(window.txtCompSeek, forms::key::kEnter);
+    stage.user.Key(window.cboComp2, forms::key::kEnter);
+    EXPECT_EQ(window.txtTitle2.Text(), "某公司--拜访记录");
+    Save();
+    EXPECT_EQ(Row("TaskID||'|'||fGuest||'|'||taskTitle||'|'||fWay", "tTaskList where fType=1"),
+              "70000|孙七|某公司--拜访记录|电话");
+}
+
+TEST_F(SaveItem, AnItemThatAnotherUserDeletedIsTold) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "乙");
+    stage.Sql("delete from tTaskList");
+    Save();
+    EXPECT_EQ(stage.dialogs.messages, Lines{"48|原记录未有存在，操作取消！"});
+    EXPECT_EQ(Row("count(*)", "tTaskList"), "0");
+    EXPECT_EQ(window.txtTitle2.Text(), "乙");
+    EXPECT_TRUE(window.state.Editing());
+}
+
+TEST_F(SaveItem, AnItemThatAnotherUserChangedIsAskedAbout) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "我的");
+    stage.Sql("update tTaskList set taskTitle='他的',tDone=1");
+    stage.dialogs.answers = {forms::Answer::No};
+    Save();
+    ASSERT_EQ(stage.dialogs.messages.size(), 1u);
+    const std::string& question = stage.dialogs.messages[0];
+    EXPECT_TRUE(question.starts_with("36|")) << question;
+    EXPECT_NE(question.find("主题: 现存 [他的], 您的 [我的]"), std::string::npos) << question;
+    EXPECT_NE(question.find("状况: 现存 [已完成], 您的 [未完成]"), std::string::npos) << question;
+    EXPECT_EQ(question.find("内容"), question.rfind("内容覆盖") - std::string("用您的").size() +
+                                         std::string("用您的").size());
+    // No: theirs stays, and so does the input.
+    EXPECT_EQ(Row("taskTitle||tDone"), "他的1");
+    EXPECT_EQ(window.txtTitle2.Text(), "我的");
+    EXPECT_TRUE(window.state.Editing());
+    stage.dialogs.answers = {forms::Answer::Yes};
+    Save();
+    EXPECT_EQ(Row("taskTitle||tDone"), "我的0");
+    EXPECT_EQ(stage.dialogs.messages.back(), "0|[我的]: 修改完毕 ！");
+}
+
+TEST_F(SaveItem, TheQuestionNamesEveryField) {
+    frmTaskMain& window = Change();
+    stage.session.state.cardId = 8;
+    stage.user.Type(window.txtTaskCon, std::string(200, 'x'));
+    stage.Sql(
+        "update tTaskList set fWay='w',TaskID=9,fGuest='g',tDoneMan='d',"
+        "taskTime='2003-03-08 00:00:00',tDuring1='2003-03-02 00:00:00',fContent='c',fOther3='o',"
+        "fUser='u',fType=2");
+    stage.dialogs.answers = {forms::Answer::No};
+    Save();
+    const std::string question = stage.dialogs.messages.at(0);
+    for (const char* line :
+         {"联络方式: 现存 [w], 您的 []", "客户: 现存 [9], 您的 [8]", "联系人: 现存 [g]",
+          "执行人: 现存 [d], 您的 [王五]",
+          "日期: 现存 [2003-03-08 00:00:00], 您的 [2003-03-07 08:15:42]",
+          "报警范围: 现存 [2003-03-02 00:00:00]", "内容: 现存 [c], 您的 [xxxx", "备注 4: 现存 [o]",
+          "设置人: 现存 [u], 您的 [张三]", "类型: 现存 [工作日志], 您的 [任务]"}) {
+        EXPECT_NE(question.find(line), std::string::npos) << line << " in " << question;
+    }
+    EXPECT_EQ(question.find(std::string(61, 'x')), std::string::npos);
+}
+
+TEST_F(SaveItem, OwnActsAreNotAskedAbout) {
+    frmTaskMain& window = Change();
+    stage.Sql("update tTaskList set tDone=1,tDoneMan='张三'");
+    window.editor.NoteStored("tDone", 1);
+    window.editor.NoteStored("tDoneMan", "张三");
+    Save();
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[甲]: 修改完毕 ！"});
+}
+
+TEST_F(SaveItem, TextsAreCutToTheBytesOfTheirBoxes) {
+    frmTaskMain& window = Change();
+    std::string wide;
+    for (int i = 0; i < 200; i++) wide += "国";
+    std::string expected;
+    for (int i = 0; i < 127; i++) expected += "国";
+    stage.user.Type(window.txtTitle2, wide);
+    stage.user.Type(window.txtOther[0], "a" + wide);
+    stage.user.Type(window.txtOther[1], std::string(300, 'b'));
+    Save();
+    EXPECT_EQ(Row("taskTitle"), expected);
+    EXPECT_EQ(Row("fOther0"), "a" + expected);
+    EXPECT_EQ(Row("fOther1"), std::string(255, 'b'));
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[" + expected + "]: 修改完毕 ！"});
+}
+
+TEST_F(SaveItem, ABoxWithoutALimitIsNotCut) {
+    frmTaskMain& window = Change();
+    window.txtTitle2.SetMaxLength(0);
+    stage.user.Type(window.txtTitle2, std::string(400, 't'));
+    stage.user.Type(window.txtTaskCon, std::string(5000, 'c'));
+    Save();
+    EXPECT_EQ(Row("length(taskTitle)||' '||length(fContent)"), "400 5000");
+}
+
+TEST_F(SaveItem, AListWithoutASelectedRowWritesNothing) {
+    frmTaskMain& window = Change();
+    stage.Sql("update tTaskList set tDone=2");
+    stage.user.Pick(window.cboDone2, -1);
+    stage.user.Pick(window.cboType2, -1);
+    Save();
+    EXPECT_EQ(Row("fType||'|'||tDone"), "0|2");
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[甲]: 修改完毕 ！"});
+}
+
+TEST_F(SaveItem, AFailingOpenOrWriteKeepsTheInput) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "乙");
+    stage.statements.failing = "select * from tTaskList";
+    Save();
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|select * from tTaskList"});
+    stage.statements.failing.clear();
+    stage.statements.failingUpdate = "disk full";
+    Save();
+    EXPECT_EQ(stage.dialogs.messages.back(), "16|disk full");
+    EXPECT_EQ(Row("taskTitle"), "甲");
+    EXPECT_EQ(window.txtTitle2.Text(), "乙");
+    EXPECT_TRUE(window.state.Editing());
+    EXPECT_EQ(window.state.editMode, kChanging);
+    stage.statements.failingUpdate.clear();
+    Save();
+    EXPECT_EQ(Row("taskTitle"), "乙");
+}
+
+TEST_F(SaveItem, AFillThatFailsAfterTheSaveDoesNotSaveTwice) {
+    frmTaskMain& window = Open();
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Type(window.txtTitle2, "新");
+    stage.statements.failing = "select distinct";
+    Save();
+    EXPECT_EQ(Row("count(*)", "tTaskList"), "2");
+    EXPECT_EQ(stage.dialogs.messages.back(), "16|select distinct");
+    EXPECT_FALSE(window.cmdSave.Enabled());
+    EXPECT_FALSE(window.state.Editing());
+}
+
+TEST_F(SaveItem, TheNumberOfAPlanIsNotAnItems) {
+    stage.Sql("insert into tTaskSet(TaskID,taskTitle) values(1,'计划')");
+    frmTaskMain& window = Open();
+    stage.user.Click(window.chkEvent);
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    Save();
+    EXPECT_EQ(stage.dialogs.messages, Lines{"48|原记录未有存在，操作取消！"});
+    EXPECT_EQ(Row("taskTitle"), "甲");
+}
+
+}  // namespace
+}  // namespace zv::mainwindow
