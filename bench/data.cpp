@@ -1,6 +1,7 @@
 // Makes the databases that the benchmarks read: zvbench_data FOLDER. What is there is kept.
 //
 //   list_N.db       sample data with N items
+//   cards_N.db      sample data with N cards
 //   alert_N_K.db    the same, but exactly K items are due on the day of the benchmarks
 //   floor_N_K.db    the items of alert_N_K.db under one index that begins with the window
 #include <cstdio>
@@ -18,10 +19,11 @@ using zv::zvdb::Engine;
 
 namespace fs = std::filesystem;
 
-void MakeSample(const std::string& path, int items) {
+void MakeSample(const std::string& path, int items, int cards = zv::zvdb::SampleOptions::kByItems) {
     zv::zvdb::Progress progress(&std::cerr, false);
     zv::zvdb::SampleOptions options;
     options.items = items;
+    options.cards = cards;
     options.today = zv::bench::Day();
     zv::zvdb::CreateDatabase(path, &options, progress);
 }
@@ -79,6 +81,9 @@ void Make(const std::string& folder) {
         const std::string path = folder + "/list_" + std::to_string(items) + ".db";
         if (!fs::exists(path)) MakeSample(path, items);
     }
+    constexpr int kCards = 100'000;
+    const std::string cards = folder + "/cards_" + std::to_string(kCards) + ".db";
+    if (!fs::exists(cards)) MakeSample(cards, 1'000, kCards);
     for (const int items : {10'000, 100'000, 1'000'000}) {
         for (const int due : {10, 2'800}) {
             const std::string name = std::to_string(items) + "_" + std::to_string(due) + ".db";

@@ -69,10 +69,12 @@ class NoDialogs : public forms::Dialogs {
 
 class Stage {
  public:
-    Stage(forms::Backend& backend, const std::string& path)
+    /// `observer` may be null.
+    Stage(forms::Backend& backend, const std::string& path,
+          store::StatementObserver* observer = nullptr)
         : windows_(backend),
           machine_(still_.All()),
-          session_(machine_, settings_, opener_, windows_),
+          session_(machine_, settings_, opener_, windows_, observer),
           control_(session_) {
         control_.UserControl_InitProperties();
         session_.state.UserPath = path;

@@ -27,6 +27,19 @@ void RawDatabase::Run(const std::string& sql) {
     if (sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail(sql);
 }
 
+void RawDatabase::RunKept(const std::string& sql) {
+    auto& statement = kept_[sql];
+    if (!statement) {
+        sqlite3_stmt* made = nullptr;
+        if (sqlite3_prepare_v2(handle_.get(), sql.c_str(), -1, &made, nullptr) != SQLITE_OK) {
+            Fail(sql);
+        }
+        statement.reset(made);
+    }
+    if (sqlite3_step(statement.get()) != SQLITE_DONE) Fail(sql);
+    sqlite3_reset(statement.get());
+}
+
 int RawDatabase::Read(const std::string& sql, const Reader& reader) {
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(handle_.get(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
@@ -62,6 +75,20 @@ std::string BoundedAlertStatement(const std::string& day, int widestDays) {
     return std::string(kColumns) + " where a.tDuring1<='" + day + "' and a.tDuring1>=datetime('" +
            day + "','-" + std::to_string(widestDays) + " days') and a.tDuring2>='" + day +
            "' and a.tDone=0" + kOrder;
+}
+
+std::string BirthdayStatement(const std::string& from, const std::string& until) {
+    const auto part = [](const std::string& format) {
+        return "substr('0'||ltrim(cast(strftime('" + format + "',Birthday) as integer)),-2)";
+    };
+    return "select CompCode,Name,CompName,Birthday,fID from cards where '" + from.substr(0, 4) +
+           "-'||" + part("%m") + "||'-'||" + part("%d") + " between '" + from + "' and '" + until +
+           "'";
+}
+
+std::string MarkStatement(int item, int state, const std::string& doer) {
+    return "update tTaskList set tDone=" + std::to_string(state) + ",tDoneMan='" + doer +
+           "' where fID=" + std::to_string(item);
 }
 
 }  // namespace zv::bench

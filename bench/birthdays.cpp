@@ -1,0 +1,71 @@
+// The birthday list, without a display: zvbench_birthdays FILE RUNS.
+//
+// The floor is the same question put to the bare engine with its own functions.
+#include <cstdio>
+#include <cstdlib>
+
+#include "floors/raw_query.h"
+#include "forms/headless/headless_backend.h"
+#include "measure.h"
+#include "stage.h"
+
+namespace {
+
+using namespace zv::bench;
+
+constexpr std::int16_t kDays = 10;
+
+void Measure(const std::string& path, int runs) {
+    NoDialogs dialogs;
+    zv::forms::headless::HeadlessBackend backend(dialogs);
+    Stage stage(backend, path);
+    auto& window = stage.Manager();
+    RawDatabase database(path);
+    std::string cards;
+    database.Read("select count(*) from cards", [&](const char* const* row) { cards = row[0]; });
+    const std::string statement =
+        BirthdayStatement(Day().IsoDate(), Day().AddDays(kDays).IsoDate());
+
+    int found = 0;
+    Series ours;
+    Series floor;
+    InTurn(
+        runs,
+        [&] {
+            const Stopwatch watch;
+            window.birthdays.ListBirthdays(kDays);
+            return watch.Milliseconds();
+        },
+        ours,
+        [&] {
+            const Stopwatch watch;
+            found = database.Read(statement, [](const char* const*) {});
+            return watch.Milliseconds();
+        },
+        floor);
+    if (found == 0 || found != window.Grid1.DataRowCount()) {
+        throw std::runtime_error("the floor finds other cards");
+    }
+    Print({"birthdays, " + std::to_string(found) + " of " + cards + " cards, with the grid",
+           ours.Median(), floor.Median(), "ms", 2, 0, runs});
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+    if (count != 3) {
+        std::fprintf(stderr, "zvbench_birthdays FILE RUNS\n");
+        return 2;
+    }
+    try {
+        Measure(values[1], std::atoi(values[2]));
+        return 0;
+    } catch (const zv::RuntimeError& error) {
+        std::fprintf(stderr, "zvbench_birthdays: error %d %s\n", static_cast<int>(error.Number()),
+                     error.Text().c_str());
+        return 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "zvbench_birthdays: %s\n", error.what());
+        return 1;
+    }
+}

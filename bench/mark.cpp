@@ -1,0 +1,124 @@
+// Marking an item in a tree of many, without a display: zvbench_mark FILE RUNS.
+//
+// The floor is the one statement on the bare engine, prepared once as ours is; both wait for the
+// disk. A copy of the database is written to.
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+
+#include "floors/raw_query.h"
+#include "forms/headless/headless_backend.h"
+#include "measure.h"
+#include "stage.h"
+
+namespace {
+
+using namespace zv::bench;
+
+constexpr int kTurns = 50;  ///< markings in one run
+
+/// Agrees to every question.
+class AgreeingDialogs : public NoDialogs {
+ public:
+    zv::forms::Answer ShowMessage(zv::forms::Form* owner, const std::string& text, int style,
+                                  const std::string& title) override {
+        constexpr int kButtons = 15;
+        if ((style & kButtons) == zv::forms::box::kOkCancel) return zv::forms::Answer::Ok;
+        return NoDialogs::ShowMessage(owner, text, style, title);
+    }
+};
+
+class CountedStatements : public zv::store::StatementObserver {
+ public:
+    void OnStatement(const std::string&) override { count++; }
+    void OnRowUpdate() override { count++; }
+    int count = 0;
+};
+
+/// A file of its own that goes away again, with its log.
+class Copy {
+ public:
+    explicit Copy(const std::string& path) : path_(path + ".marked") {
+        namespace fs = std::filesystem;
+        fs::copy_file(path, path_, fs::copy_options::overwrite_existing);
+    }
+    ~Copy() {
+        std::error_code ignored;
+        for (const char* suffix : {"", "-wal", "-shm"}) {
+            std::filesystem::remove(path_ + suffix, ignored);
+        }
+    }
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+    const std::string& Path() const { return path_; }
+
+ private:
+    std::string path_;
+};
+
+void Measure(const std::string& path, int runs) {
+    const Copy copy(path);
+    AgreeingDialogs dialogs;
+    zv::forms::headless::HeadlessBackend backend(dialogs);
+    CountedStatements statements;
+    Stage stage(backend, copy.Path(), &statements);
+    auto& window = stage.Manager();
+    window.list.LoadItemList("");
+    const int nodes = window.tvwTask.Count();
+
+    RawDatabase database(copy.Path());
+    int item = 0;
+    database.Read("select max(fID) from tTaskList where tDone=0 and fType=0 and fID<=32767",
+                  [&](const char* const* row) { item = std::atoi(row[0]); });
+    const int node = window.tvwTask.Find("Z" + std::to_string(item));
+    window.tree.tvwTask_NodeClick(node);
+    statements.count = 0;
+
+    Series ours;
+    Series floor;
+    InTurn(
+        runs,
+        [&] {
+            const Stopwatch watch;
+            for (int i = 0; i < kTurns; i++) {
+                window.completion.SetItemState(static_cast<std::int16_t>(i % 2));
+            }
+            return watch.Milliseconds() * 1000 / kTurns;
+        },
+        ours,
+        [&] {
+            const Stopwatch watch;
+            for (int i = 0; i < kTurns; i++) database.RunKept(MarkStatement(item, 1 + i % 2, ""));
+            return watch.Milliseconds() * 1000 / kTurns;
+        },
+        floor);
+    if (statements.count != (runs + 1) * kTurns) {
+        throw std::runtime_error("marking took more than one statement, or none");
+    }
+    if (window.tvwTask.Count() != nodes || window.tvwTask.Image(node) != "task3" ||
+        window.tvwTask.Find("Z" + std::to_string(item)) != node) {
+        throw std::runtime_error("the tree was filled again");
+    }
+    Print({"mark an item, one statement, tree of " + std::to_string(nodes), ours.Median(),
+           floor.Median(), "us", 2, 0, runs});
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+    if (count != 3) {
+        std::fprintf(stderr, "zvbench_mark FILE RUNS\n");
+        return 2;
+    }
+    try {
+        Measure(values[1], std::atoi(values[2]));
+        return 0;
+    } catch (const zv::RuntimeError& error) {
+        std::fprintf(stderr, "zvbench_mark: error %d %s\n", static_cast<int>(error.Number()),
+                     error.Text().c_str());
+        return 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "zvbench_mark: %s\n", error.what());
+        return 1;
+    }
+}
