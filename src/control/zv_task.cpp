@@ -164,6 +164,8 @@ ZvTask::frmTaskMain& ZvTask::OpenMainWindow(std::int16_t mode, bool modal) {
 bool ZvTask::MarkDirectly() {
     const ControlState& state = session_.state;
     const std::int16_t item = number::ToInt16(static_cast<double>(state.myTaskID));
+    // Without an item myDate may be anything: a date that a call before needed, for example.
+    if (item == 0) return false;
     const std::int16_t flag = number::ToInt16(state.myDate.value_or(0));
     return session_.database.MarkItemState(item, flag, state.UserName) != 0;
 }

@@ -25,6 +25,9 @@ class TextBox : public Control {
     void SetLocked(bool locked);
     bool MultiLine() const { return multiLine_; }
     void SetMultiLine(bool multiLine) { multiLine_ = multiLine; }
+    /// A box of one line in which a tab character shows as a gap. Set before the window is shown.
+    bool ShowsTabs() const { return showsTabs_; }
+    void SetShowsTabs(bool showsTabs) { showsTabs_ = showsTabs; }
     bool NumericKeyboard() const { return numeric_; }
     void SetNumericKeyboard(bool numeric) { numeric_ = numeric; }
 
@@ -51,6 +54,7 @@ class TextBox : public Control {
     bool locked_ = false;
     bool multiLine_ = false;
     bool numeric_ = false;
+    bool showsTabs_ = false;
 };
 
 }  // namespace zv::forms

@@ -47,6 +47,7 @@ frmTaskDone::frmTaskDone(forms::WindowSystem& windows, Session& session)
       cmdTaskDone(*this, "cmdTaskDone"),
       cmdTaskQuit(*this, "cmdTaskQuit"),
       session_(session) {
+    txtTitle.SetShowsTabs(true);
     DTPicker1.SetFormat(forms::DateFormat::LongDate);
     cmdTaskDone.onClick = [this] { cmdTaskDone_Click(); };
     cmdTaskQuit.onClick = [this] { cmdTaskQuit_Click(); };
@@ -111,7 +112,7 @@ void frmTaskDone::ShowPlan(std::int16_t number) {
 void frmTaskDone::PlaceControls() {
     const Measure m(*this);
     const int label = std::max(m.Width(lblTitle.Caption()), m.Width(lblDate.Caption())) + 2;
-    const int field = m.Width("88888  国国国国国国国国国国国国国国国国") + 14;
+    const int field = m.Width("88888  国国国国国国国国国国国国国国国国国国国国国国国国国") + 14;
     int top = kMargin;
     Row title(m, kMargin, top);
     title.Label(lblTitle, label);

@@ -10,6 +10,8 @@ void NativeTextBox::Create(HWND parent, int id) {
     DWORD style = WS_TABSTOP;
     style |= Box().MultiLine() ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL
                                : ES_AUTOHSCROLL;
+    // The native control draws tabs only where it could have several lines.
+    if (Box().ShowsTabs()) style |= ES_MULTILINE;
     if (Box().Locked()) style |= ES_READONLY;
     CreateNative(parent, id, WC_EDITW, style, WS_EX_CLIENTEDGE);
     // Digits need no input method, and would be held back by one.

@@ -231,6 +231,12 @@ TEST_F(Refresh, ModeFiveMarksOrAsks) {
     EXPECT_TRUE(dialog->Completes());
 }
 
+TEST_F(Refresh, ModeFiveAsksWhateverTheDateIs) {
+    stage.session.state.myDate = 37000;
+    EXPECT_EQ(stage.Refresh(5), 0);
+    EXPECT_TRUE(CompletionDialog());
+}
+
 TEST_F(Refresh, AUserNameWithAnApostropheFailsInTheDatabase) {
     stage.session.state.UserName = "O'Brien";
     stage.session.state.myTaskID = 1;
