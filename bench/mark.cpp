@@ -4,8 +4,8 @@
 // disk. A copy of the database is written to.
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 
+#include "copies.h"
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
@@ -17,43 +17,11 @@ using namespace zv::bench;
 
 constexpr int kTurns = 50;  ///< markings in one run
 
-/// Agrees to every question.
-class AgreeingDialogs : public NoDialogs {
- public:
-    zv::forms::Answer ShowMessage(zv::forms::Form* owner, const std::string& text, int style,
-                                  const std::string& title) override {
-        constexpr int kButtons = 15;
-        if ((style & kButtons) == zv::forms::box::kOkCancel) return zv::forms::Answer::Ok;
-        return NoDialogs::ShowMessage(owner, text, style, title);
-    }
-};
-
 class CountedStatements : public zv::store::StatementObserver {
  public:
     void OnStatement(const std::string&) override { count++; }
     void OnRowUpdate() override { count++; }
     int count = 0;
-};
-
-/// A file of its own that goes away again, with its log.
-class Copy {
- public:
-    explicit Copy(const std::string& path) : path_(path + ".marked") {
-        namespace fs = std::filesystem;
-        fs::copy_file(path, path_, fs::copy_options::overwrite_existing);
-    }
-    ~Copy() {
-        std::error_code ignored;
-        for (const char* suffix : {"", "-wal", "-shm"}) {
-            std::filesystem::remove(path_ + suffix, ignored);
-        }
-    }
-    Copy(const Copy&) = delete;
-    Copy& operator=(const Copy&) = delete;
-    const std::string& Path() const { return path_; }
-
- private:
-    std::string path_;
 };
 
 void Measure(const std::string& path, int runs) {

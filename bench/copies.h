@@ -1,0 +1,46 @@
+// What benchmarks that write need: a database of their own, and a user who agrees.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "stage.h"
+
+namespace zv::bench {
+
+/// Agrees to every question and reads every message.
+class AgreeingDialogs : public NoDialogs {
+ public:
+    forms::Answer ShowMessage(forms::Form* owner, const std::string& text, int style,
+                              const std::string& title) override {
+        constexpr int kButtons = 15;
+        const int buttons = style & kButtons;
+        const bool told = style == forms::box::kOkOnly;
+        if (told || buttons == forms::box::kOkCancel) return forms::Answer::Ok;
+        return NoDialogs::ShowMessage(owner, text, style, title);
+    }
+};
+
+/// A file of its own that goes away again, with its log.
+class Copy {
+ public:
+    explicit Copy(const std::string& path) : path_(path + ".written") {
+        namespace fs = std::filesystem;
+        fs::copy_file(path, path_, fs::copy_options::overwrite_existing);
+    }
+    ~Copy() {
+        std::error_code ignored;
+        for (const char* suffix : {"", "-wal", "-shm"}) {
+            std::filesystem::remove(path_ + suffix, ignored);
+        }
+    }
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+    const std::string& Path() const { return path_; }
+
+ private:
+    std::string path_;
+};
+
+}  // namespace zv::bench
