@@ -15,6 +15,15 @@
 //   press ID                   its button (1 OK, 2 Cancel, 6 Yes, 7 No)
 //   close PATH
 //
+// The commands below use the keyboard and the mouse; they reach the window in the foreground.
+//
+//   mouse PATH                 a click in the middle of a window or control
+//   mouse PATH X Y             at a point of it
+//   keys KEY...                presses keys one after the other (input.h)
+//   write TEXT                 types a text
+//   focus                      name of the control that has the keyboard
+//   date PATH                  what a date picker holds, YYYY-MM-DD
+//
 // PATH is WINDOW or WINDOW.CONTROL. Prints UTF-8; exit status 1 with a reason when it cannot.
 #include <windows.h>
 
@@ -25,6 +34,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "input.h"
 #include "remote_memory.h"
 #include "windows_by_name.h"
 
@@ -135,6 +145,26 @@ HWND OpenMessageBox() {
     throw std::runtime_error("no message box is open");
 }
 
+void ClickWithMouse(const Arguments& a) {
+    RECT place;
+    GetWindowRect(FindPath(a.at(0)), &place);
+    POINT at{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    if (a.size() > 1) {
+        at = {place.left + _wtoi(a.at(1).c_str()), place.top + _wtoi(a.at(2).c_str())};
+    }
+    ClickScreen(at);
+}
+
+void PrintDate(const Arguments& a) {
+    const HWND picker = FindPath(a.at(0));
+    RemoteMemory memory(picker, sizeof(SYSTEMTIME));
+    Ask(picker, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(memory.Address()));
+    const auto time = memory.Read<SYSTEMTIME>();
+    wchar_t text[32];
+    swprintf(text, 32, L"%04d-%02d-%02d", time.wYear, time.wMonth, time.wDay);
+    Print(text);
+}
+
 const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() {
     static const std::map<std::wstring, std::function<void(const Arguments&)>> commands{
         {L"list",
@@ -172,6 +202,20 @@ const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() 
              PostMessageW(OpenMessageBox(), WM_COMMAND, static_cast<WPARAM>(_wtoi(a.at(0).c_str())),
                           0);
          }},
+        {L"mouse", ClickWithMouse},
+        {L"keys",
+         [](const Arguments& a) {
+             a.at(0);
+             for (const std::wstring& key : a) PressKey(key);
+         }},
+        {L"write", [](const Arguments& a) { Write(a.at(0)); }},
+        {L"focus",
+         [](const Arguments&) {
+             const HWND window = FocusWindow();
+             if (!window) throw std::runtime_error("nothing has the keyboard");
+             Print(NameOf(window));
+         }},
+        {L"date", PrintDate},
         {L"close", [](const Arguments& a) { PostMessageW(FindPath(a.at(0)), WM_CLOSE, 0, 0); }},
     };
     return commands;
