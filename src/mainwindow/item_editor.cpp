@@ -43,30 +43,40 @@ void ItemEditor::Wire() {
 }
 
 void ItemEditor::ShowItem() {
-    asRead_.reset();
-    try {
-        loading_ = true;
-        LoadItem();
-        loading_ = false;
-    } catch (...) {
-        // Neither half an item nor the one before, which could be saved under this one's number.
-        loading_ = false;
-        window_.state.currentItemId = 0;
-        ClearItemEditor();
-        throw;
-    }
+    ShowOrClear([this] { return LoadItem(); });
 }
 
-void ItemEditor::LoadItem() {
-    MainState& state = window_.state;
+void ItemEditor::ShowEventPlan() {
+    ShowOrClear([this] { return LoadPlan(); });
+}
+
+void ItemEditor::ShowOrClear(const std::function<bool()>& load) {
+    asRead_.reset();
+    bool shown = false;
+    const auto clear = [this] {
+        window_.state.currentItemId = 0;
+        ClearItemEditor();
+    };
+    loading_ = true;
+    try {
+        shown = load();
+    } catch (...) {
+        // Neither half an item nor the one before, which could be acted on under this one's number.
+        loading_ = false;
+        clear();
+        throw;
+    }
+    loading_ = false;
+    if (!shown) clear();
+}
+
+bool ItemEditor::LoadItem() {
     window_.session.EnsureConnection();
     const auto row = window_.session.database.Open("select * from tTaskList where fID=" +
-                                                   std::to_string(state.currentItemId));
+                                                   std::to_string(window_.state.currentItemId));
     if (row->Eof()) {
         row->Close();
-        state.currentItemId = 0;
-        ClearItemEditor();
-        return;
+        return false;
     }
     const ItemRecord item = ReadItem(*row);
     row->Close();
@@ -89,6 +99,7 @@ void ItemEditor::LoadItem() {
     asRead_ = item;
     if (window_.cboType2.ListIndex() == kGuest) ShowGuestCard();
     window_.txtName2.SetText(field("fGuest").ToText());
+    return true;
 }
 
 void ItemEditor::ShowWay(const std::string& way) {
@@ -139,19 +150,20 @@ void ItemEditor::cboType2_Click() {
     card = guest ? window_.cards.PickedCard() : 0;
 }
 
-void ItemEditor::ShowEventPlan() {
-    asRead_.reset();
+bool ItemEditor::LoadPlan() {
     window_.session.EnsureConnection();
     const auto row = window_.session.database.Open(
         "select taskTitle,Content,DoneMan,SetMan from tTaskSet where taskID=" +
         std::to_string(window_.state.currentItemId));
-    if (!row->Eof()) {
+    const bool found = !row->Eof();
+    if (found) {
         window_.txtTaskCon.SetText(row->Field("Content").ToText());
         window_.txtTitle2.SetText(row->Field("taskTitle").ToText());
         window_.cboJbr2.SetText(row->Field("DoneMan").ToText());
         window_.txtUser2.SetText(row->Field("SetMan").ToText());
     }
     row->Close();
+    return found;
 }
 
 void ItemEditor::ClearItemEditor() {

@@ -1,7 +1,7 @@
 // The editor that shows one item of the list, or a plan.
 #pragma once
 
-#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,7 +20,7 @@ class ItemEditor {
     /// Shows the item whose fID is the current item id; without such an item, and when it cannot be
     /// read, empties the editor and sets the id to 0. Database errors reach the caller.
     void ShowItem();
-    /// Shows the plan whose TaskID is the current item id.
+    /// Shows the plan whose TaskID is the current item id; without it the same.
     void ShowEventPlan();
     void ClearItemEditor();
     /// Locks the fields against typing, or opens them.
@@ -36,7 +36,10 @@ class ItemEditor {
     void ForgetRow() { asRead_.reset(); }
 
  private:
-    void LoadItem();
+    /// Empties the editor and sets the current number to 0 unless `load` shows what it has.
+    void ShowOrClear(const std::function<bool()>& load);
+    bool LoadItem();
+    bool LoadPlan();
     void ShowWay(const std::string& way);
     void ShowGuestCard();
 

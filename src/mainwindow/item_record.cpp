@@ -1,6 +1,7 @@
 #include "mainwindow/item_record.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zv::mainwindow {
 
@@ -10,8 +11,14 @@ std::size_t ItemFieldIndex(std::string_view name) {
 }
 
 ItemRecord ReadItem(const store::Recordset& row) {
+    // In the order of the columns: some providers give a long text only to who reads it in turn.
+    std::array<std::pair<int, std::size_t>, kItemFields.size()> columns;
+    for (std::size_t i = 0; i < columns.size(); i++) {
+        columns[i] = {row.FieldIndex(kItemFields[i]), i};
+    }
+    std::sort(columns.begin(), columns.end());
     ItemRecord record;
-    for (std::size_t i = 0; i < kItemFields.size(); i++) record[i] = row.Field(kItemFields[i]);
+    for (const auto& [column, field] : columns) record[field] = row.Field(column);
     return record;
 }
 

@@ -91,6 +91,28 @@ TEST_F(Editor, AFailedLoadLeavesNeitherHalfAnItemNorTheOneBefore) {
     EXPECT_EQ(stage.dialogs.messages.size(), 2u);
 }
 
+TEST_F(Editor, APlanThatIsGoneOrCannotBeReadLeavesNotTheOneBefore) {
+    stage.Sql(
+        "insert into tTaskSet(TaskID,taskTitle) values(7,'计划');"
+        "insert into tTaskSet(TaskID,taskTitle) values(8,'另一')");
+    frmTaskMain& window = Open();
+    stage.user.Click(window.chkEvent);
+    ClickNode("Z7");
+    EXPECT_EQ(window.txtTitle2.Text(), "计划");
+    stage.statements.failing = "where taskID=8";
+    ClickNode("Z8");
+    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(window.txtTitle2.Text(), "");
+    stage.statements.failing.clear();
+    ClickNode("Z7");
+    stage.Sql("delete from tTaskSet where TaskID=8");
+    ClickNode("Z8");
+    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(window.txtTitle2.Text(), "");
+    stage.user.Choose(window.menus.mnuEventDel);
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+}
+
 TEST_F(Editor, RemembersTheRowAsRead) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
