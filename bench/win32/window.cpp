@@ -2,10 +2,12 @@
 // and a plain tree control in a plain window: zvbench_window ours|floor FILE RUNS.
 //
 // One of them a process: what the other has taken and freed makes the heap slower for both. Prints
-// the milliseconds from empty and filled again (medians), the bytes a node, and the rows.
+// the milliseconds from empty, filled again with the same and with every title changed (medians),
+// the bytes a node, and the rows.
 #include <cstdio>
 #include <cstdlib>
 
+#include "copies.h"
 #include "floors/bare_window.h"
 #include "floors/list_fill.h"
 #include "forms/win32/win32_backend.h"
@@ -100,18 +102,26 @@ class Ours {
 
 template <class Subject>
 void Measure(const std::string& path, int runs) {
-    Subject subject(path);
+    const Copy copy(path);
+    Subject subject(copy.Path());
     const double before = WorkingSetBytes();
     subject.Fill();
     const double bytes = (WorkingSetBytes() - before) / subject.Rows();
     Series again;
+    Series renamed;
+    RawDatabase others(copy.Path());
+    for (int run = 0; run < runs; ++run) {
+        others.Run("update tTaskList set taskTitle='" + std::to_string(run) + " '||taskTitle");
+        renamed.Add(subject.Fill());
+    }
     Series fromEmpty;
     for (int run = 0; run < runs; ++run) again.Add(subject.Fill());
     for (int run = 0; run < runs; ++run) {
         subject.Clear();
         fromEmpty.Add(subject.Fill());
     }
-    std::printf("%.3f %.3f %.1f %d\n", fromEmpty.Median(), again.Median(), bytes, subject.Rows());
+    std::printf("%.3f %.3f %.3f %.1f %d\n", fromEmpty.Median(), again.Median(), renamed.Median(),
+                bytes, subject.Rows());
 }
 
 int Main(const std::vector<std::string>& arguments) {

@@ -5,7 +5,6 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "resources/plan_texts.h"
 #include "scheduling/plan_editor_layout.h"
 #include "scheduling/staff_list.h"
 #include "scheduling/task_generation.h"
@@ -14,34 +13,13 @@
 namespace zv::scheduling {
 namespace {
 
-using resources::PlanText;
-
 constexpr std::int16_t kTaskText = 5;
 constexpr std::int16_t kTitleText = 7;
-constexpr std::int16_t kTaskNumberText = 8;
 constexpr std::int16_t kExecutorText = 10;
 constexpr std::int16_t kSetterText = 11;
 constexpr std::int16_t kFinishedText = 17;
-constexpr std::int16_t kListText = 19;
-constexpr std::int16_t kLeaveText = 22;
 constexpr std::int16_t kAddText = 24;
 constexpr std::int16_t kChangeText = 25;
-constexpr std::int16_t kOkText = 28;
-constexpr std::int16_t kGenerateText = 31;
-constexpr std::int16_t kContentText = 32;
-constexpr std::int16_t kAlertRangeText = 33;
-constexpr std::int16_t kScheduleText = 34;
-constexpr std::int16_t kBeginText = 35;
-constexpr std::int16_t kEndText = 36;
-constexpr std::int16_t kDayText = 37;
-constexpr std::int16_t kDaysText = 38;
-constexpr std::int16_t kMonthText = 39;
-constexpr std::int16_t kEveryText = 40;
-constexpr std::int16_t kAheadText = 41;
-constexpr std::int16_t kAfterText = 42;
-constexpr std::int16_t kBothText = 43;
-constexpr std::int16_t kStaffText = 46;
-constexpr std::int16_t kEditorText = 107;
 constexpr std::int16_t kNoSuchPlan = 116;
 constexpr std::int16_t kStartGenerating = 122;
 constexpr std::int16_t kNoSetter = 126;
@@ -224,67 +202,6 @@ void frmTaskSet::Form_QueryUnload(bool& cancel, bool) {
     if (generating_) cancel = true;
 }
 
-void frmTaskSet::SetCaptions() {
-    const auto text = [this](std::int16_t id) { return session_.LoadText(id); };
-    const auto planText = [this](PlanText id) {
-        return resources::GetPlanText(id, session_.state.Language);
-    };
-    SetModeCaption();
-    lblTaskID.SetCaption(text(kTaskNumberText));
-    lblTaskTitle.SetCaption(text(kTitleText));
-    lblBegin.SetCaption(text(kBeginText));
-    lblEnd.SetCaption(text(kEndText));
-    fraSchedule.SetCaption(text(kScheduleText));
-    lblEvery.SetCaption(text(kEveryText));
-    lblDE.SetCaption(planText(PlanText::On));
-    lblMonth.SetCaption(text(kMonthText));
-    lblDay.SetCaption(text(kDayText));
-    fraAlert.SetCaption(text(kAlertRangeText));
-    optEarlyCall.SetCaption(text(kAheadText));
-    optLastCall.SetCaption(text(kAfterText));
-    optBothCall.SetCaption(text(kBothText));
-    lblDays.SetCaption(text(kDaysText));
-    lblSetMan.SetCaption(text(kSetterText));
-    lblDoneMan.SetCaption(text(kExecutorText));
-    lblTaskCon.SetCaption(text(kContentText));
-    chkTaskSet.SetCaption(text(kGenerateText));
-    cmdSetMan.SetCaption("...");
-    cmdSetMan.SetAccessibleName(planText(PlanText::PickSetter));
-    cmdDoneMan.SetCaption("...");
-    cmdDoneMan.SetAccessibleName(planText(PlanText::PickExecutor));
-    cmdOnlySeeMan.SetCaption(text(kStaffText) + text(kListText));
-    cmdOK.SetCaption(text(kOkText));
-    cmdExit.SetCaption(text(kLeaveText));
-
-    txtTaskID.SetAccessibleName(text(kTaskNumberText));
-    txtTaskTitle.SetAccessibleName(text(kTitleText));
-    dateBegin.SetAccessibleName(text(kBeginText));
-    dateEnd.SetAccessibleName(text(kEndText));
-    txtCircleValue.SetAccessibleName(text(kEveryText));
-    cobCircleType.SetAccessibleName(text(kScheduleText));
-    txtMonth.SetAccessibleName(text(kMonthText));
-    txtDay.SetAccessibleName(text(kDayText));
-    cobWeek.SetAccessibleName(text(kScheduleText));
-    txtUpDown.SetAccessibleName(text(kAlertRangeText));
-    UpDown1.SetAccessibleName(text(kAlertRangeText));
-    txtSetMan.SetAccessibleName(text(kSetterText));
-    txtDoneMan.SetAccessibleName(text(kExecutorText));
-    txtTaskCon.SetAccessibleName(text(kContentText));
-
-    cobCircleType.SetItems({planText(PlanText::KindYear), planText(PlanText::KindMonth),
-                            planText(PlanText::KindDay), planText(PlanText::KindWeek)});
-    cobWeek.SetItems({planText(PlanText::Sunday), planText(PlanText::Monday),
-                      planText(PlanText::Tuesday), planText(PlanText::Wednesday),
-                      planText(PlanText::Thursday), planText(PlanText::Friday),
-                      planText(PlanText::Saturday)});
-}
-
-void frmTaskSet::SetModeCaption() {
-    SetCaption(session_.LoadText(edited_.taskId != 0 ? kChangeText : kAddText) +
-               resources::GetPlanText(PlanText::CaptionSeparator, session_.state.Language) +
-               session_.LoadText(kEditorText));
-}
-
 void frmTaskSet::ProposePlan() {
     txtTaskID.SetText(ProposeTaskId(session_));
     const DateTime today = session_.machine.clock.Today();
@@ -313,29 +230,6 @@ void frmTaskSet::ShowPlan() {
     dateBegin.SetValue(today);
     dateEnd.SetValue(today);
     session_.windows.ShowMessage(session_.LoadText(kNoSuchPlan), forms::box::kExclamation);
-}
-
-void frmTaskSet::FillFrom(const Plan& plan) {
-    // A number that the list does not have shows as none; the confirmation asks for one.
-    const auto select = [](forms::ComboBox& list, int position) {
-        list.SetListIndex(position >= 0 && position < list.ListCount() ? position : -1);
-    };
-    txtTaskID.SetText(std::to_string(plan.taskId));
-    txtTaskTitle.SetText(plan.title);
-    dateBegin.SetValue(plan.begin);
-    dateEnd.SetValue(plan.end);
-    select(cobCircleType, plan.circleType);
-    txtCircleValue.SetText(std::to_string(plan.circleValue));
-    txtMonth.SetText(std::to_string(plan.month));
-    txtDay.SetText(std::to_string(plan.day));
-    select(cobWeek, plan.week);
-    if (plan.type == side::kAhead) optEarlyCall.SetValue(true);
-    if (plan.type == side::kAfter) optLastCall.SetValue(true);
-    if (plan.type == side::kBoth) optBothCall.SetValue(true);
-    txtUpDown.SetText(std::to_string(plan.typeValue));
-    txtSetMan.SetText(plan.setMan);
-    txtDoneMan.SetText(plan.doneMan);
-    txtTaskCon.SetText(plan.content);
 }
 
 void frmTaskSet::cobCircleType_Click() {
@@ -384,59 +278,6 @@ void frmTaskSet::cmdOnlySeeMan_Click() {
     const std::string name = session_.state.myName;
     PickStaff(session_, kBrowseStaff, {});
     session_.state.myName = name;
-}
-
-PlanEntry frmTaskSet::Entry() const {
-    PlanEntry entry;
-    entry.taskId = txtTaskID.Text();
-    entry.title = txtTaskTitle.Text();
-    entry.begin = *dateBegin.Value();
-    entry.end = *dateEnd.Value();
-    entry.circleType = cobCircleType.ListIndex();
-    entry.circleValue = txtCircleValue.Text();
-    entry.month = txtMonth.Text();
-    entry.day = txtDay.Text();
-    entry.week = cobWeek.ListIndex();
-    entry.type = optLastCall.Value()   ? side::kAfter
-                 : optBothCall.Value() ? side::kBoth
-                                       : side::kAhead;
-    entry.typeValue = txtUpDown.Text();
-    entry.setMan = txtSetMan.Text();
-    entry.doneMan = txtDoneMan.Text();
-    entry.content = txtTaskCon.Text();
-    return entry;
-}
-
-forms::Control& frmTaskSet::ControlOf(PlanField field) {
-    switch (field) {
-        case PlanField::TaskID:
-            return txtTaskID;
-        case PlanField::Title:
-            return txtTaskTitle;
-        case PlanField::Begin:
-            return dateBegin;
-        case PlanField::End:
-            return dateEnd;
-        case PlanField::CircleType:
-            return cobCircleType;
-        case PlanField::CircleValue:
-            return txtCircleValue;
-        case PlanField::Month:
-            return txtMonth;
-        case PlanField::Day:
-            return txtDay;
-        case PlanField::Week:
-            return cobWeek;
-        case PlanField::TypeValue:
-            return txtUpDown;
-        case PlanField::SetMan:
-            return txtSetMan;
-        case PlanField::DoneMan:
-            return txtDoneMan;
-        case PlanField::Content:
-            break;
-    }
-    return txtTaskCon;
 }
 
 void frmTaskSet::Refuse(const Refusal& refusal) {

@@ -74,6 +74,8 @@ void WaitUntil(const std::wstring& seconds, const std::function<bool()>& conditi
     }
 }
 
+// A node's text as it was written: trees draw no tabs, so each is shown as four blanks that do not
+// break.
 std::wstring NodeText(HWND tree, LPARAM item) {
     constexpr std::size_t kUnits = 512;
     RemoteMemory memory(tree, sizeof(TVITEMW) + kUnits * sizeof(wchar_t));
@@ -87,7 +89,12 @@ std::wstring NodeText(HWND tree, LPARAM item) {
     wchar_t text[kUnits] = {};
     memory.ReadBytes(text, sizeof text, sizeof(TVITEMW));
     text[kUnits - 1] = 0;
-    return text;
+    static const std::wstring kShownTab(4, L'\u00A0');
+    std::wstring written = text;
+    for (std::size_t at = 0; (at = written.find(kShownTab, at)) != std::wstring::npos; at++) {
+        written.replace(at, kShownTab.size(), 1, L'\t');
+    }
+    return written;
 }
 
 // Calls `visit` for each node in display order until it answers true.

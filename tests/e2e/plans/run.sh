@@ -46,7 +46,6 @@ is_checked() { [ "$(outside checked "$1")" = 1 ]; }
 # The text may hold * for what does not matter.
 asks() { [[ "$(outside message)" == $1 ]]; }
 rows_are() { [ "$(query "$1")" = "$2" ]; }
-# The tree shows a tab as four blanks that do not break.
 tree_shows() { [ "$(outside tree frmTaskMain.tvwTask | grep -cF -- "$title")" = "$1" ]; }
 tree_holds() { outside tree frmTaskMain.tvwTask | grep -qF -- "$1"; }
 
@@ -174,10 +173,9 @@ outside mouse frmTaskMain.DTPicker0 10 12
 outside mouse frmTaskMain.cmdSeek
 expect "its tree shows every task of the plan" tree_shows "$count"
 first=$(query "select date(min(taskTime)) from tTaskList where TaskID=4")
-blanks=$(printf '\u00a0\u00a0\u00a0\u00a0')
-expect "with date and title" tree_holds "($first)$blanks$title"
+expect "with date and title" tree_holds "($first)"$'\t'"$title"
 
-outside node frmTaskMain.tvwTask "($first)$blanks$title"
+outside node frmTaskMain.tvwTask "($first)"$'\t'"$title"
 expect "a click shows the task" text_is frmTaskMain.txtTitle2 "$title"
 outside keys Alt+t Up Up Enter
 answer "completion is asked for" "*$title*" Enter

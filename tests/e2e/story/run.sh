@@ -27,8 +27,7 @@ expect() {
     fi
 }
 title_is() { [[ "$(outside text frmTaskMain)" == *"$1"* ]]; }
-# A tab in a node's text is shown as four no-break spaces, because trees draw no tabs.
-tree() { outside tree frmTaskMain.tvwTask | sed 's/\xc2\xa0\xc2\xa0\xc2\xa0\xc2\xa0/\t/g'; }
+tree() { outside tree frmTaskMain.tvwTask; }
 tree_holds() { tree | grep -qF -- "$1"; }
 tree_lacks() { ! tree_holds "$1"; }
 items() { tree | grep -c '^  '; }

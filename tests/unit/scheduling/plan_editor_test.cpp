@@ -13,7 +13,7 @@ namespace {
 
 using forms::Answer;
 
-class PlanEditorTest : public testing::Test, protected stage::Stage {
+class PlanEditorTest : public testing::Test, protected PlanStage {
  protected:
     frmTaskSet& Open(std::int16_t plan = 0) {
         windows.FromHost([&] { ShowPlanEditor(session, plan, false); });

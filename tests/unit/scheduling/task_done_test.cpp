@@ -46,7 +46,7 @@ TEST(ReadTaskNumber, OverflowsBeyondSixteenBits) {
     }
 }
 
-class TaskDone : public testing::Test, protected stage::Stage {
+class TaskDone : public testing::Test, protected PlanStage {
  protected:
     TaskDone() {
         Sql("insert into tTaskSet(TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,Type,"

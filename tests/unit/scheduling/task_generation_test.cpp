@@ -17,7 +17,7 @@ constexpr const char* kDone = "64|[生成任务]执行完毕!";
 constexpr const char* kQuestion =
     "36|该任务此前已有完成: 是[Y] - 删除该事件的所有任务;否[N] - 仅删除所有未完成之任务?";
 
-class GenerateTaskListTest : public testing::Test, protected stage::Stage {
+class GenerateTaskListTest : public testing::Test, protected PlanStage {
  protected:
     // A monthly plan of four items: 31 January to 30 April.
     GenerateTaskListTest() {

@@ -42,7 +42,12 @@ void Settings::Save(std::string_view application, std::string_view section, std:
 forms::Answer Dialogs::ShowMessage(forms::Form*, const std::string& text, int style,
                                    const std::string&) {
     messages.push_back(std::to_string(style) + "|" + text);
-    if (answers.empty()) return forms::Answer::Ok;
+    if (onMessage) onMessage(text);
+    if ((style & 0xF) == forms::box::kOkOnly && mustHaveAnswers) return forms::Answer::Ok;
+    if (answers.empty()) {
+        if (mustHaveAnswers) throw std::logic_error("no answer for " + text);
+        return forms::Answer::Ok;
+    }
     const forms::Answer answer = answers.front();
     answers.pop_front();
     return answer;
@@ -70,6 +75,11 @@ void Statements::OnStatement(const std::string& sql) {
 }
 
 void Statements::OnRowUpdate() {
+    if (onRow) onRow();
+    if (tellsRows) sent_.emplace_back("row");
+    if (rowsToFailure_ > 0 && --rowsToFailure_ == 0) {
+        throw RuntimeError(ErrorNumber::DatabaseFailure, "disk full");
+    }
     if (!failingUpdate.empty()) throw RuntimeError(ErrorNumber::DatabaseFailure, failingUpdate);
 }
 
@@ -140,6 +150,24 @@ std::string Stage::Query(const std::string& statement) {
     return connection->Open(statement, store::CursorType::ForwardOnly, store::LockType::ReadOnly)
         ->Field(0)
         .ToText();
+}
+
+std::string Stage::Rows(const std::string& query) {
+    store::SqliteOptions options;
+    options.translate = false;
+    options.datesAsText = true;
+    const auto connection = store::OpenSqlite(Path("t.db"), options);
+    const auto rows =
+        connection->Open(query, store::CursorType::ForwardOnly, store::LockType::ReadOnly);
+    std::string text;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        if (!text.empty()) text += '\n';
+        for (int column = 0; column < rows->FieldCount(); column++) {
+            if (column > 0) text += '|';
+            text += rows->Field(column).ToText();
+        }
+    }
+    return text;
 }
 
 int Stage::Refresh(std::int32_t mode, std::int16_t modal) {

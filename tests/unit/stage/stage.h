@@ -25,10 +25,12 @@ class Clock : public platform::Clock {
     DateTime now{2003, 3, 7, 9, 30};
 };
 
-/// Wide characters take two bytes, as in the Chinese code pages.
+/// Two bytes for every character beyond ASCII but an emoji, which the Chinese code pages lack.
 class CodePage : public platform::AnsiCodePage {
  public:
-    int ByteWidth(char32_t codePoint) const override { return codePoint < 0x80 ? 1 : 2; }
+    int ByteWidth(char32_t codePoint) const override {
+        return codePoint < 0x80 || codePoint > 0xFFFF ? 1 : 2;
+    }
 };
 
 /// Keeps what it is handed, keys behind "keys:".
@@ -77,6 +79,9 @@ class Dialogs : public forms::Dialogs {
                                           const forms::FileRequest& request) override;
 
     std::deque<forms::Answer> answers;
+    /// A question that finds no answer in the queue is a mistake of the test; otherwise it is OK.
+    bool mustHaveAnswers = false;
+    std::function<void(const std::string&)> onMessage;
     std::deque<std::optional<std::string>> inputs;
     std::vector<std::string> messages;  ///< "STYLE|TEXT"
     std::vector<std::string> prompts;
@@ -93,9 +98,15 @@ class Statements : public store::StatementObserver {
     std::string failing;
     /// Not empty: the writing of a row through a recordset fails with this text.
     std::string failingUpdate;
+    /// Rows that are written through a recordset are told too, each as "row".
+    bool tellsRows = false;
+    std::function<void()> onRow;
+    /// The `count`-th row that is written from now on fails.
+    void FailRow(int count) { rowsToFailure_ = count; }
 
  private:
     std::vector<std::string> sent_;
+    int rowsToFailure_ = 0;
 };
 
 class Opener : public store::ConnectionOpener {
@@ -127,6 +138,8 @@ class Stage {
     void Sql(const std::string& script);
     /// First column of the first row.
     std::string Query(const std::string& statement);
+    /// A line a row, columns joined by "|", dates as the file holds them.
+    std::string Rows(const std::string& query);
     /// A path in the stage's folder; the name and the answer are UTF-8.
     std::string Path(const std::string& name) const {
         const std::u8string path = (folder / std::u8string(name.begin(), name.end())).u8string();
