@@ -91,11 +91,11 @@ void ItemActions::StartAddItem(std::uint8_t kind) {
 
 void ItemActions::StartChangeItem(std::uint8_t kind) {
     const MainState& state = window_.state;
+    // What was typed for a new item must not end up in this one, nor what was shown before a save
+    // whose fill failed: others may have changed the row since.
+    const bool stale = state.openedFor == kAdding || !window_.editor.RowAsRead();
+    if (stale && state.currentItemId != 0 && state.currentType < kPlan) window_.editor.ShowItem();
     if (kind == kGuest && state.currentItemId == 0) return;
-    // What was typed for a new item must not end up in this one.
-    if (state.openedFor == kAdding && state.currentItemId != 0 && state.currentType < kPlan) {
-        window_.editor.ShowItem();
-    }
     OpenEditor(kind, kChanging);
 }
 
@@ -167,7 +167,10 @@ std::string ItemActions::DeleteQuestion(bool plan) const {
     constexpr std::int16_t kDeleteText = 113;
     constexpr std::int16_t kDeletesItemsText = 114;
     const Session& session = window_.session;
-    const std::string title = "[" + window_.txtTitle2.Text() + "]";
+    // The title being typed for a new item is not that of the one to be deleted.
+    const bool adds = window_.state.openedFor == kAdding && !window_.editor.RowAsRead();
+    const std::string title =
+        "[" + (adds ? window_.editor.StoredTitle() : window_.txtTitle2.Text()) + "]";
     if (!plan) return title + ": " + session.LoadText(kDeleteText) + " ?";
     return session.LoadText(kDeleteText) + window_.chkEvent.Caption() + ": " + title + "\r" +
            session.LoadText(kDeletesItemsText);

@@ -97,7 +97,8 @@ bool ItemEditor::LoadItem() {
     window_.txtUser2.SetText(field("fUser").ToText());
     SelectRow(window_.cboType2, field("fType").ToInt32());
     asRead_ = item;
-    if (window_.cboType2.ListIndex() == kGuest) ShowGuestCard();
+    title_ = window_.txtTitle2.Text();
+    if (window_.cboType2.ListIndex() == kGuest) ShowGuestCard(window_.session.state.cardId);
     window_.txtName2.SetText(field("fGuest").ToText());
     return true;
 }
@@ -113,11 +114,12 @@ void ItemEditor::ShowWay(const std::string& way) {
     window_.cards.cboWay_Click();
 }
 
-void ItemEditor::ShowGuestCard() {
-    const std::int32_t card = window_.session.state.cardId;
+void ItemEditor::ShowGuestCard(std::int32_t card) {
     if (card < 1) {
         window_.session.windows.ShowMessage("该客户资料不存在！", forms::box::kExclamation);
-        window_.cboComp2.SetListIndex(-1);
+        // With the selection goes what is shown of the card before: it would be dialed for this
+        // visit.
+        window_.cards.ClearCardDetail();
     } else if (!window_.cards.LoadCardList("fid=" + std::to_string(card))) {
         window_.session.windows.ShowMessage("该客户资料已不存在！", forms::box::kExclamation);
     }
@@ -127,8 +129,7 @@ void ItemEditor::ShowCardAgain() {
     if (!asRead_) return;
     const std::int32_t card = (*asRead_)[ItemFieldIndex("TaskID")].ToInt32();
     if (card == window_.session.state.cardId && card > 0) return;
-    window_.session.state.cardId = card;
-    ShowGuestCard();
+    ShowGuestCard(card);
     window_.txtName2.SetText((*asRead_)[ItemFieldIndex("fGuest")].ToText());
 }
 
@@ -136,18 +137,21 @@ void ItemEditor::NoteStored(std::string_view field, store::Value value) {
     if (asRead_) asRead_->at(ItemFieldIndex(field)) = std::move(value);
 }
 
-// A visit belongs to a card and any other item to a plan or to nothing: an item that changes its
-// kind must not take the number of the one for that of the other.
 void ItemEditor::cboType2_Click() {
     if (loading_ || window_.state.openedFor == kNoEdit) return;
-    const bool guest = window_.cboType2.ListIndex() == kGuest;
-    std::int32_t& card = window_.session.state.cardId;
-    const bool changes = asRead_ && window_.state.openedFor == kChanging;
-    if (changes && (*asRead_)[ItemFieldIndex("fType")].ToInt32() != kGuest && !guest) {
-        card = (*asRead_)[ItemFieldIndex("TaskID")].ToInt32();
-        return;
+    // The number of the plan that the item belonged to is not a card's.
+    if (window_.cboType2.ListIndex() == kGuest) {
+        window_.session.state.cardId = window_.cards.PickedCard();
     }
-    card = guest ? window_.cards.PickedCard() : 0;
+}
+
+std::optional<std::int32_t> ItemEditor::Owner() const {
+    const int kind = window_.cboType2.ListIndex();
+    if (kind < 0) return std::nullopt;
+    if (kind == kGuest) return window_.session.state.cardId;
+    const bool changes = asRead_ && window_.state.openedFor == kChanging;
+    if (!changes || (*asRead_)[ItemFieldIndex("fType")].ToInt32() == kGuest) return 0;
+    return (*asRead_)[ItemFieldIndex("TaskID")].ToInt32();
 }
 
 bool ItemEditor::LoadPlan() {
@@ -161,6 +165,7 @@ bool ItemEditor::LoadPlan() {
         window_.txtTitle2.SetText(row->Field("taskTitle").ToText());
         window_.cboJbr2.SetText(row->Field("DoneMan").ToText());
         window_.txtUser2.SetText(row->Field("SetMan").ToText());
+        title_ = window_.txtTitle2.Text();
     }
     row->Close();
     return found;

@@ -1,6 +1,7 @@
 // The editor that shows one item of the list, or a plan.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -26,9 +27,16 @@ class ItemEditor {
     /// Locks the fields against typing, or opens them.
     void SetLocked(bool locked);
     void cboType2_Click();
+    /// What the item in the editor belongs to: a visit to the current card, any other item to what
+    /// it was stored with, whatever card is looked up meanwhile. Nothing for an item without a
+    /// kind.
+    std::optional<std::int32_t> Owner() const;
     /// Shows the card of the visit shown, unless it is the one shown.
     void ShowCardAgain();
 
+    /// The title of the item or plan that is current, which the editor shows unless a new one is
+    /// being entered.
+    const std::string& StoredTitle() const { return title_; }
     /// The row that the editor shows, as it was read; none while it shows no item.
     const std::optional<ItemRecord>& RowAsRead() const { return asRead_; }
     /// The row that the editor shows got this value by an act of this window.
@@ -41,10 +49,11 @@ class ItemEditor {
     bool LoadItem();
     bool LoadPlan();
     void ShowWay(const std::string& way);
-    void ShowGuestCard();
+    void ShowGuestCard(std::int32_t card);
 
     frmTaskMain& window_;
     std::optional<ItemRecord> asRead_;
+    std::string title_;
     bool loading_ = false;
 };
 

@@ -43,17 +43,10 @@ bool ItemSaving::SaveItem() {
     // The number of a plan that is shown is not an item's.
     const std::int32_t id = state.currentType == kPlan ? 0 : state.currentItemId;
     session.EnsureConnection();
-    const auto row =
-        session.database.Open("select * from tTaskList where fID=" + std::to_string(id),
-                              store::CursorType::ForwardOnly, store::LockType::Optimistic);
+    std::unique_ptr<store::Recordset> row = OpenRow(id);
     if (state.editMode == kAdding) {
         row->AddNew();
-    } else if (row->Eof()) {
-        row->Close();
-        session.windows.ShowMessage("原记录未有存在，操作取消！", forms::box::kExclamation);
-        return false;
-    } else if (!MayOverwrite(ReadItem(*row), entry)) {
-        row->Close();
+    } else if (!SettleConflicts(row, id, entry)) {
         return false;
     }
     for (std::size_t i = 0; i < kItemFields.size(); i++) {
@@ -69,6 +62,31 @@ bool ItemSaving::SaveItem() {
     return true;
 }
 
+std::unique_ptr<store::Recordset> ItemSaving::OpenRow(std::int32_t id) const {
+    return window_.session.database.Open("select * from tTaskList where fID=" + std::to_string(id),
+                                         store::CursorType::ForwardOnly,
+                                         store::LockType::Optimistic);
+}
+
+bool ItemSaving::SettleConflicts(std::unique_ptr<store::Recordset>& row, std::int32_t id,
+                                 const ItemEntry& entry) const {
+    std::optional<ItemRecord> known = window_.editor.RowAsRead();
+    while (!row->Eof()) {
+        const ItemRecord now = ReadItem(*row);
+        const auto conflicts =
+            known ? FindConflicts(*known, now, entry) : std::vector<std::size_t>();
+        if (conflicts.empty()) return true;
+        row->Close();
+        if (!MayOverwrite(conflicts, now, entry)) return false;
+        // The question may have stood for long: what is overwritten is what it showed.
+        known = now;
+        row = OpenRow(id);
+    }
+    row->Close();
+    window_.session.windows.ShowMessage("原记录未有存在，操作取消！", forms::box::kExclamation);
+    return false;
+}
+
 ItemEntry ItemSaving::Entry() const {
     const auto cut = [this](const forms::TextBox& box) {
         return box.MaxLength() == 0
@@ -81,7 +99,7 @@ ItemEntry ItemSaving::Entry() const {
     };
     set("fType", RowOf(window_.cboType2));
     set("fWay", Value(window_.cboWay.Text()));
-    set("TaskID", Value(window_.session.state.cardId));
+    if (const auto owner = window_.editor.Owner()) set("TaskID", Value(*owner));
     set("fGuest", Value(window_.txtName2.Text()));
     set("taskTitle", Value(cut(window_.txtTitle2)));
     set("tDoneMan", Value(window_.cboJbr2.Text()));
@@ -97,11 +115,8 @@ ItemEntry ItemSaving::Entry() const {
     return entry;
 }
 
-bool ItemSaving::MayOverwrite(const ItemRecord& now, const ItemEntry& entry) const {
-    const auto& asRead = window_.editor.RowAsRead();
-    if (!asRead) return true;
-    const std::vector<std::size_t> conflicts = FindConflicts(*asRead, now, entry);
-    if (conflicts.empty()) return true;
+bool ItemSaving::MayOverwrite(const std::vector<std::size_t>& conflicts, const ItemRecord& now,
+                              const ItemEntry& entry) const {
     const auto text = [this](ItemText id) {
         return resources::GetItemText(id, window_.session.state.Language);
     };

@@ -1,6 +1,8 @@
 // Writes the editor back to the item list.
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,8 +23,14 @@ class ItemSaving {
 
  private:
     ItemEntry Entry() const;
-    /// Asks before what somebody else stored since the item was shown is overwritten.
-    bool MayOverwrite(const ItemRecord& now, const ItemEntry& entry) const;
+    std::unique_ptr<store::Recordset> OpenRow(std::int32_t id) const;
+    /// Asks before what somebody else stored since the item was shown is overwritten. False when
+    /// the user called it off, or when the row is gone, which the user has been told; the row is
+    /// closed then.
+    bool SettleConflicts(std::unique_ptr<store::Recordset>& row, std::int32_t id,
+                         const ItemEntry& entry) const;
+    bool MayOverwrite(const std::vector<std::size_t>& conflicts, const ItemRecord& now,
+                      const ItemEntry& entry) const;
     std::string DescribeConflict(std::size_t field, const store::Value& now,
                                  const store::Value& own) const;
     std::string FieldCaption(std::size_t field) const;

@@ -182,6 +182,23 @@ TEST_F(Contact, TheContactEntryTellsOfAMissingCard) {
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|该客户资料已不存在！"});
 }
 
+TEST_F(Contact, AContactEntryThatFailsCanBeTriedAgain) {
+    stage.Sql("insert into cards(fID,CompCode,CompName) values(6,'C6','另一公司')");
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Type(window.txtCompSeek, "C6");
+    stage.user.Key(window.txtCompSeek, forms::key::kEnter);
+    stage.statements.failing = "Where fid=5";
+    stage.user.Choose(window.menus.mnuGuestConnect);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|Where fid=5"});
+    // The number is that of the card that is shown.
+    EXPECT_EQ(stage.session.state.cardId, 6);
+    stage.statements.failing.clear();
+    stage.user.Choose(window.menus.mnuGuestConnect);
+    EXPECT_EQ(stage.session.state.cardId, 5);
+    EXPECT_TRUE(window.cboComp2.Text().starts_with("某公司 "));
+}
+
 TEST_F(Contact, TheContactEntryNeedsAVisit) {
     frmTaskMain& window = Open();
     ClickNode("A2");

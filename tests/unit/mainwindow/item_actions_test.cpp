@@ -315,6 +315,83 @@ TEST_F(Actions, ADeleteCalledOffDuringAnAddDoesNotTurnItIntoAChange) {
     EXPECT_EQ(Count("tTaskList where taskTitle='甲'"), "1");
 }
 
+TEST_F(Actions, TheQuestionNamesWhatIsDeletedAlsoDuringAnAdd) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Type(window.txtTitle2, "新");
+    stage.dialogs.answers = {forms::Answer::Ok};
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"49|[甲]: 是否删除 ?"});
+    EXPECT_EQ(Count("tTaskList where taskTitle='甲'"), "0");
+    // While one is changed it is the title that the box shows.
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.Type(window.txtTitle2, "改");
+    stage.dialogs.answers = {forms::Answer::Cancel};
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_EQ(stage.dialogs.messages.back(), "49|[改]: 是否删除 ?");
+}
+
+TEST_F(Actions, DeletingWhatAnotherUserDeletedRemovesItsNode) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.Sql("delete from tTaskList where fID=1");
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"49|[甲]: 是否删除 ?"});
+    EXPECT_EQ(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
+    EXPECT_EQ(window.txtTitle2.Text(), "乙");
+    stage.user.Click(window.chkEvent);
+    ClickNode("Z7");
+    stage.Sql("delete from tTaskSet where TaskID=7");
+    stage.user.Choose(window.menus.mnuEventDel);
+    EXPECT_EQ(window.tvwTask.Find("Z7"), forms::TreeView::kNone);
+    EXPECT_EQ(stage.dialogs.messages.size(), 2u);
+}
+
+TEST_F(Actions, ANextItemThatCannotBeShownLeavesTheEditorEmpty) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.statements.failing = "where fID=2";
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_EQ(stage.dialogs.messages.back(), "16|where fID=2");
+    EXPECT_EQ(Count("tTaskList where fID=1"), "0");
+    EXPECT_EQ(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
+    EXPECT_EQ(window.txtTitle2.Text(), "");
+    // Nothing is current, so nothing can be deleted by mistake.
+    stage.user.Choose(window.menus.mnuTaskDel);
+    EXPECT_EQ(stage.dialogs.messages.size(), 2u);
+    EXPECT_EQ(Count("tTaskList where fID=2"), "1");
+}
+
+TEST_F(Actions, AFailingFirstStatementDeletesNothingOfAPlan) {
+    frmTaskMain& window = OpenPlans();
+    ClickNode("Z7");
+    stage.statements.failing = "Delete from tTaskList";
+    stage.user.Choose(window.menus.mnuEventDel);
+    EXPECT_EQ(stage.dialogs.messages.back(), "16|Delete from tTaskList");
+    EXPECT_EQ(Count("tTaskList where TaskID=7"), "2");
+    EXPECT_EQ(Count("tTaskSet where TaskID=7"), "1");
+    EXPECT_NE(window.tvwTask.Find("Z7"), forms::TreeView::kNone);
+    EXPECT_EQ(window.txtTitle2.Text(), "计划");
+}
+
+TEST_F(Actions, AGateThatCannotBeAskedGrantsNothing) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.Type(window.txtTitle2, "未存");
+    stage.statements.failing = "tSysFunc";
+    for (int index = 0; index < 4; index++) {
+        stage.dialogs.messages.clear();
+        Press(index);
+        ASSERT_EQ(stage.dialogs.messages.size(), 1u) << index;
+        EXPECT_TRUE(stage.dialogs.messages[0].starts_with("16|")) << stage.dialogs.messages[0];
+        EXPECT_EQ(window.state.editMode, kChanging);
+        EXPECT_EQ(window.txtTitle2.Text(), "未存");
+    }
+    EXPECT_EQ(Count(), "4");
+}
+
 TEST_F(Actions, ADeleteFromTheButtonEndsTheEditOfTheItem) {
     frmTaskMain& window = Open();
     ClickNode("Z1");

@@ -133,9 +133,10 @@ TEST_F(Editor, ATaskThatBecomesAVisitNeedsACardOfItsOwn) {
     stage.user.Choose(window.menus.mnuTaskChg);
     stage.user.Pick(window.cboType2, kGuest);
     EXPECT_EQ(stage.session.state.cardId, 0);
+    EXPECT_EQ(window.editor.Owner(), 0);
     // And back it belongs to its plan again.
     stage.user.Pick(window.cboType2, kTask);
-    EXPECT_EQ(stage.session.state.cardId, 7);
+    EXPECT_EQ(window.editor.Owner(), 7);
 }
 
 TEST_F(Editor, AVisitThatBecomesADiaryEntryLosesItsCard) {
@@ -143,9 +144,57 @@ TEST_F(Editor, AVisitThatBecomesADiaryEntryLosesItsCard) {
     ClickNode("Z3");
     stage.user.Choose(window.menus.mnuGuestChg);
     stage.user.Pick(window.cboType2, kDiary);
-    EXPECT_EQ(stage.session.state.cardId, 0);
+    EXPECT_EQ(window.editor.Owner(), 0);
     stage.user.Pick(window.cboType2, kGuest);
-    EXPECT_EQ(stage.session.state.cardId, 5);
+    EXPECT_EQ(window.editor.Owner(), 5);
+}
+
+TEST_F(Editor, AVisitWithoutACardShowsNothingOfTheCardBefore) {
+    AddItem(kGuest, "无客户");
+    stage.Sql("update cards set telphone='111',CompAdd='一路' where fID=5");
+    for (const char* card : {"0", "-5", "null"}) {
+        stage.Sql("update tTaskList set fGuest='客人',TaskID=" + std::string(card) +
+                  " where taskTitle='无客户'");
+        frmTaskMain& window = Open();
+        ClickNode("Z3");
+        EXPECT_EQ(window.txtTel[0].Text(), "111");
+        stage.dialogs.messages.clear();
+        ClickNode("Z4");
+        EXPECT_EQ(stage.dialogs.messages, Lines{"48|该客户资料不存在！"}) << card;
+        EXPECT_EQ(window.cboComp2.ListIndex(), -1);
+        EXPECT_EQ(window.txtTel[0].Text(), "");
+        EXPECT_EQ(window.txtAdd2.Text(), "");
+        EXPECT_EQ(window.txtName2.Text(), "客人");
+        EXPECT_EQ(window.txtTitle2.Text(), "无客户");
+        window.Unload();
+    }
+}
+
+TEST_F(Editor, AVisitWhoseCardCannotBeReadIsNotShownInHalf) {
+    frmTaskMain& window = Open();
+    for (const char* statement : {"Order by compname,name", "from cards where fID=5"}) {
+        ClickNode("Z1");
+        stage.dialogs.messages.clear();
+        stage.statements.failing = statement;
+        ClickNode("Z3");
+        EXPECT_EQ(stage.dialogs.messages, Lines{std::string("16|") + statement});
+        EXPECT_EQ(window.txtTitle2.Text(), "");
+        EXPECT_EQ(window.state.currentItemId, 0);
+        EXPECT_FALSE(window.editor.RowAsRead());
+        stage.statements.failing.clear();
+        ClickNode("Z3");
+        EXPECT_EQ(window.txtTitle2.Text(), "拜访");
+        EXPECT_EQ(stage.session.state.cardId, 5);
+    }
+}
+
+TEST_F(Editor, AnOwnerBeyondThirtyTwoBitsIsAnOverflow) {
+    stage.Sql("update tTaskList set TaskID=5000000000 where fType=1");
+    frmTaskMain& window = Open();
+    ClickNode("Z3");
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|数值溢出"});
+    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(window.txtTitle2.Text(), "");
 }
 
 TEST_F(Editor, EnterMovesOnInItsFields) {

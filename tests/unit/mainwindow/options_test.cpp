@@ -127,6 +127,23 @@ TEST_F(Options, StartupBirthdaySavesTheDaysOrFive) {
     EXPECT_EQ(Setting("StartupBirthDay"), "12");
 }
 
+TEST_F(Options, OddDayCountsAreSavedAsTheirNumberOrNotAtAll) {
+    const auto tick = [&](const std::string& days) {
+        window.chkBirthDay.SetValue(0);
+        window.txtBirthDay0.SetText(days);
+        stage.user.Click(window.chkBirthDay);
+        return Setting("StartupBirthDay");
+    };
+    EXPECT_EQ(tick("-1"), "-1");
+    EXPECT_EQ(tick("abc"), "5");
+    EXPECT_EQ(tick(""), "5");
+    EXPECT_EQ(tick("3.0"), "3");
+    EXPECT_EQ(tick("2.5"), "2");
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    EXPECT_EQ(tick("99999"), "0");
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|数值溢出"});
+}
+
 TEST_F(Options, TheIntervalIsSavedOnlyWhenItIsSwitchedOff) {
     window.txtTimeSet.SetText("");
     stage.user.Click(window.chkTimeSet);

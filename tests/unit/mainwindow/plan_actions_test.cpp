@@ -62,6 +62,18 @@ TEST_F(Plans, ANewPlanIsAddedFromAnywhere) {
     EXPECT_EQ(window.state.currentItemId, 1);
 }
 
+TEST_F(Plans, AFillThatFailsIsToldAndTheTreeStays) {
+    frmTaskMain& window = OpenPlans();
+    ClickNode("Z7");
+    const std::string before = stage.Nodes();
+    whileOpen = [this](auto&) { stage.statements.failing = "from tTaskSet Order by"; };
+    stage.user.Choose(window.menus.mnuEventChg);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|from tTaskSet Order by"});
+    EXPECT_EQ(stage.Nodes(), before);
+    EXPECT_EQ(SelectedKey(), "Z7");
+    EXPECT_EQ(window.txtTitle2.Text(), "计划");
+}
+
 TEST_F(Plans, ANodeThatIsGoneLeavesTheFirstSelected) {
     frmTaskMain& window = OpenPlans();
     ClickNode("Z7");

@@ -184,7 +184,6 @@ TEST_F(SaveItem, AnItemThatAnotherUserChangedIsAskedAbout) {
 
 TEST_F(SaveItem, TheQuestionNamesEveryField) {
     frmTaskMain& window = Change();
-    stage.session.state.cardId = 8;
     stage.user.Type(window.txtTaskCon, std::string(200, 'x'));
     stage.Sql(
         "update tTaskList set fWay='w',TaskID=9,fGuest='g',tDoneMan='d',"
@@ -194,7 +193,7 @@ TEST_F(SaveItem, TheQuestionNamesEveryField) {
     Save();
     const std::string question = stage.dialogs.messages.at(0);
     for (const char* line :
-         {"联络方式: 现存 [w], 您的 []", "客户: 现存 [9], 您的 [8]", "联系人: 现存 [g]",
+         {"联络方式: 现存 [w], 您的 []", "客户: 现存 [9], 您的 [7]", "联系人: 现存 [g]",
           "执行人: 现存 [d], 您的 [王五]",
           "日期: 现存 [2003-03-08 00:00:00], 您的 [2003-03-07 08:15:42]",
           "报警范围: 现存 [2003-03-02 00:00:00]", "内容: 现存 [c], 您的 [xxxx", "备注 4: 现存 [o]",
@@ -202,6 +201,87 @@ TEST_F(SaveItem, TheQuestionNamesEveryField) {
         EXPECT_NE(question.find(line), std::string::npos) << line << " in " << question;
     }
     EXPECT_EQ(question.find(std::string(61, 'x')), std::string::npos);
+}
+
+TEST_F(SaveItem, WhatChangesWhileTheQuestionStandsIsAskedAboutToo) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "我的");
+    stage.Sql("update tTaskList set taskTitle='他的'");
+    stage.dialogs.answers = {forms::Answer::Yes, forms::Answer::No};
+    int shown = 0;
+    stage.dialogs.onMessage = [&](const std::string&) {
+        if (++shown == 1) stage.Sql("update tTaskList set taskTitle='第三'");
+    };
+    Save();
+    ASSERT_EQ(stage.dialogs.messages.size(), 2u);
+    EXPECT_NE(stage.dialogs.messages[0].find("现存 [他的]"), std::string::npos);
+    EXPECT_NE(stage.dialogs.messages[1].find("现存 [第三]"), std::string::npos);
+    EXPECT_EQ(Row("taskTitle"), "第三");
+    EXPECT_EQ(window.txtTitle2.Text(), "我的");
+    EXPECT_TRUE(window.state.Editing());
+}
+
+TEST_F(SaveItem, ARowDeletedWhileTheQuestionStandsIsTold) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "我的");
+    stage.Sql("update tTaskList set taskTitle='他的'");
+    stage.dialogs.answers = {forms::Answer::Yes};
+    int shown = 0;
+    stage.dialogs.onMessage = [&](const std::string&) {
+        if (++shown == 1) stage.Sql("delete from tTaskList");
+    };
+    Save();
+    EXPECT_EQ(stage.dialogs.messages.back(), "48|原记录未有存在，操作取消！");
+    EXPECT_EQ(Row("count(*)", "tTaskList"), "0");
+    EXPECT_EQ(window.txtTitle2.Text(), "我的");
+}
+
+TEST_F(SaveItem, AChangeCostsOneStatementBesidesTheFill) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "乙");
+    Save();
+    const Lines statements = stage.statements.Take();
+    ASSERT_EQ(statements.size(), 2u);
+    EXPECT_EQ(statements[0], "select * from tTaskList where fID=1");
+    EXPECT_TRUE(statements[1].starts_with("select distinct a.fID"));
+}
+
+TEST_F(SaveItem, AChangeAfterAFillThatFailedIsComparedWithTheRowOfNow) {
+    frmTaskMain& window = Change();
+    stage.statements.failing = "select distinct";
+    stage.user.Type(window.txtTitle2, "乙");
+    Save();
+    stage.statements.failing.clear();
+    // The old node is still there and so is the number of its item.
+    stage.Sql("update tTaskList set fContent='他的'");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    EXPECT_EQ(window.txtTaskCon.Text(), "他的");
+    stage.user.Type(window.txtTitle2, "丙");
+    stage.Sql("update tTaskList set fContent='又改'");
+    stage.dialogs.messages.clear();
+    stage.dialogs.answers = {forms::Answer::No};
+    Save();
+    ASSERT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_NE(stage.dialogs.messages[0].find("现存 [又改], 您的 [他的]"), std::string::npos);
+    EXPECT_EQ(Row("taskTitle||fContent"), "乙又改");
+}
+
+TEST_F(SaveItem, ACardLookedUpMeanwhileIsNoPlan) {
+    stage.Sql("insert into cards(fID,CompCode,CompName) values(9,'C9','某公司')");
+    frmTaskMain& window = Change();
+    const auto lookUp = [&] {
+        ShowTab(kCardTab);
+        stage.user.Type(window.txtCompSeek, "C9");
+        stage.user.Key(window.txtCompSeek, forms::key::kEnter);
+        EXPECT_EQ(stage.session.state.cardId, 9);
+    };
+    lookUp();
+    Save();
+    EXPECT_EQ(Row("fType||'|'||TaskID"), "0|7");
+    stage.user.Choose(window.menus.mnuDailyAdd);
+    lookUp();
+    Save();
+    EXPECT_EQ(Row("TaskID", "tTaskList where fType=2"), "0");
 }
 
 TEST_F(SaveItem, OwnActsAreNotAskedAbout) {
@@ -227,6 +307,30 @@ TEST_F(SaveItem, TextsAreCutToTheBytesOfTheirBoxes) {
     EXPECT_EQ(Row("fOther0"), "a" + expected);
     EXPECT_EQ(Row("fOther1"), std::string(255, 'b'));
     EXPECT_EQ(stage.dialogs.messages, Lines{"0|[" + expected + "]: 修改完毕 ！"});
+}
+
+TEST_F(SaveItem, NamesAndWaysAreAsLongAsTheirBoxes) {
+    stage.Sql("insert into cards(fID,CompCode,CompName) values(9,'C9','某公司')");
+    frmTaskMain& window = Open();
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    stage.user.Type(window.txtCompSeek, "C9");
+    stage.user.Key(window.txtCompSeek, forms::key::kEnter);
+    std::string wide, limit;
+    for (int i = 0; i < 150; i++) {
+        wide += "国";
+        if (i < 100) limit += "国";
+    }
+    stage.user.Type(window.txtName2, wide);
+    stage.user.Type(window.cboWay, wide);
+    stage.user.Type(window.cboJbr2, wide);
+    ShowTab(kItemTab);
+    stage.user.Type(window.txtTaskCon, wide + std::string(70000, 'c'));
+    Save();
+    const std::string row = " from tTaskList where fType=1";
+    EXPECT_EQ(stage.Query("select fGuest" + row), limit);
+    EXPECT_EQ(stage.Query("select fWay" + row), limit);
+    EXPECT_EQ(stage.Query("select tDoneMan" + row), limit);
+    EXPECT_EQ(stage.Query("select length(fContent)" + row), "70150");
 }
 
 TEST_F(SaveItem, ABoxWithoutALimitIsNotCut) {
