@@ -12,17 +12,19 @@ ZV_WINE=/usr/lib/wine/wine64
 export ZV_WINE
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
 export WINEPREFIX=${WINEPREFIX:-$ZV_ROOT/build/wine/prefix}
-# The locale decides the ANSI code page that Windows programs see: 936 for zh_CN.
-export LOCPATH=$ZV_ROOT/build/wine/locale
-export LC_ALL=${ZV_LOCALE:-zh_CN.UTF-8}
 
+# The locale decides the ANSI code page that Windows programs see: 936 for zh_CN. The project makes
+# its own, so that the system's need not change.
 _wine_locales() {
     local name
+    export LOCPATH=$ZV_ROOT/build/wine/locale
     mkdir -p "$LOCPATH"
     for name in zh_CN zh_TW en_US; do
         [ -d "$LOCPATH/$name.UTF-8" ] || LC_ALL=C localedef -i "$name" -f UTF-8 "$LOCPATH/$name.UTF-8"
     done
+    export LC_ALL=${ZV_LOCALE:-zh_CN.UTF-8}
 }
+_wine_locales
 
 _wine_settings() {
     local file=$WINEPREFIX/zv-settings.reg font
@@ -42,7 +44,6 @@ _wine_settings() {
 }
 
 wine_prepare() {
-    _wine_locales
     [ -e "$WINEPREFIX/zv-ready" ] && return 0
     echo "preparing a Wine prefix (once)"
     rm -rf "$WINEPREFIX"
