@@ -9,7 +9,7 @@
 namespace zv::mainwindow {
 
 void OtherFields::Wire() {
-    for (int i = 1; i < kOtherFields; i++) {
+    for (int i = 0; i < kOtherFields; i++) {
         window_.txtOther[i].onGotFocus = [this, i] { txtOther_GotFocus(i); };
     }
 }

@@ -75,6 +75,11 @@ TEST_F(OtherFieldsTest, TheFieldInUseIsScrolledIntoSight) {
     // Above it: its top does.
     window.txtOther[1].SetFocus();
     EXPECT_EQ(top(), -window.txtOther[1].Bounds().top);
+    // The first one, too, when it is reached from before the panel.
+    window.txtOther[5].SetFocus();
+    window.txtTaskCon.SetFocus();
+    window.txtOther[0].SetFocus();
+    EXPECT_EQ(top(), -window.txtOther[0].Bounds().top);
 }
 
 TEST_F(OtherFieldsTest, APanelThatShowsAllDoesNotMove) {

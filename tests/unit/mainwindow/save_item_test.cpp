@@ -236,6 +236,23 @@ TEST_F(SaveItem, ARowDeletedWhileTheQuestionStandsIsTold) {
     EXPECT_EQ(window.txtTitle2.Text(), "我的");
 }
 
+TEST_F(SaveItem, AChangeBetweenOpeningAndWritingIsRefusedAndThenAskedAbout) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "我的");
+    stage.statements.onRow = [&] { stage.Sql("update tTaskList set taskTitle='他的'"); };
+    Save();
+    ASSERT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_TRUE(stage.dialogs.messages[0].starts_with("16|")) << stage.dialogs.messages[0];
+    EXPECT_EQ(Row("taskTitle"), "他的");
+    EXPECT_EQ(window.txtTitle2.Text(), "我的");
+    EXPECT_TRUE(window.state.Editing());
+    stage.statements.onRow = nullptr;
+    stage.dialogs.answers = {forms::Answer::No};
+    Save();
+    EXPECT_NE(stage.dialogs.messages.back().find("现存 [他的], 您的 [我的]"), std::string::npos);
+    EXPECT_EQ(Row("taskTitle"), "他的");
+}
+
 TEST_F(SaveItem, AChangeCostsOneStatementBesidesTheFill) {
     frmTaskMain& window = Change();
     stage.user.Type(window.txtTitle2, "乙");
