@@ -74,7 +74,8 @@ DateTime::DateTime(int year, int month, int day, int hour, int minute, int secon
     const sys_days d{year_month_day{std::chrono::year{year},
                                     std::chrono::month{static_cast<unsigned>(month)},
                                     std::chrono::day{static_cast<unsigned>(day)}}};
-    seconds_ = (d - kDayZero).count() * kSecondsPerDay + hour * 3600 + minute * 60 + second;
+    seconds_ = (d - kDayZero).count() * kSecondsPerDay + std::int64_t{hour} * 3600 +
+               std::int64_t{minute} * 60 + second;
 }
 
 DateTime DateTime::FromAutomation(double value) {

@@ -139,7 +139,8 @@ void Draw(std::vector<Pixel>& canvas, int size, const Shape& shape) {
             if (covered == 0) continue;
             const double share = static_cast<double>(covered) / (kSamples * kSamples);
             const double kept = 1 - source[0] * share;
-            Pixel& target = canvas[static_cast<std::size_t>(y * size + x)];
+            Pixel& target = canvas[static_cast<std::size_t>(y) * static_cast<std::size_t>(size) +
+                                   static_cast<std::size_t>(x)];
             for (std::size_t i = 0; i < target.size(); i++) {
                 target[i] = std::min(1.0, source[i] * share + target[i] * kept);
             }

@@ -85,7 +85,7 @@ void ComboBox::SetMaxLength(int units) {
     Notify(Aspect::MaxLength);
 }
 
-void ComboBox::UserText(std::string text) {
+void ComboBox::UserText(const std::string& text) {
     std::string cut =
         maxLength_ > 0 ? text::Left(text, static_cast<std::size_t>(maxLength_)) : text;
     if (cut == text_) return;

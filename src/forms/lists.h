@@ -72,7 +72,7 @@ class ComboBox : public ListControl {
     void SetMaxLength(int units);
 
     std::function<void()> onChange;
-    void UserText(std::string text);
+    void UserText(const std::string& text);
 
  protected:
     void OnIndexChanged() override;

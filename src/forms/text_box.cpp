@@ -44,7 +44,7 @@ void TextBox::SelectAll() {
     Select(0, static_cast<int>(text::Length(text_)));
 }
 
-void TextBox::UserText(std::string text) {
+void TextBox::UserText(const std::string& text) {
     std::string cut = Cut(text);
     if (cut == text_) return;
     const bool shortened = cut != text;

@@ -38,7 +38,7 @@ class TextBox : public Control {
 
     std::function<void()> onChange;
     /// The user changed the text; cut to MaxLength like SetText.
-    void UserText(std::string text);
+    void UserText(const std::string& text);
     void UserSelection(int start, int length) {
         selStart_ = start;
         selLength_ = length;

@@ -29,7 +29,7 @@ class TreeView : public Control {
     /// Appends a node below `parent` (kNone: a root). Throws error 35602 when the key exists, 35601
     /// when the image does not.
     int Add(int parent, std::string_view key, std::string_view text, std::string_view image);
-    void Remove(int node);  ///< with everything below it
+    void Remove(int id);  ///< with everything below it
     void Clear();
     /// Tells the number of nodes to come, so that memory is taken once.
     void Reserve(int nodes);
@@ -104,8 +104,8 @@ class TreeView : public Control {
     int FindImage(std::string_view key);
     std::size_t Bucket(std::string_view key) const;
     void Rehash(std::size_t buckets);
-    void Unlink(int node);
-    void Bury(int node);
+    void Unlink(int id);
+    void Bury(int id);
     TreePeer* Native() const;
 
     const ImageList* images_ = nullptr;

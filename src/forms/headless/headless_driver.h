@@ -9,19 +9,19 @@ class HeadlessDriver : public Driver {
  public:
     void Click(Control& control) override;
     void Choose(MenuItem& item) override;
-    void ClickNode(Control& tree, const std::string& key) override;
-    void RightClickNode(Control& tree, const std::string& key) override;
+    void ClickNode(Control& control, const std::string& key) override;
+    void RightClickNode(Control& control, const std::string& key) override;
     void Type(Control& control, const std::string& text) override;
     void Leave(Control& control) override;
     void Key(Control& control, int code) override;
-    void Pick(Control& list, int position) override;
-    void SetDate(Control& picker, const std::optional<DateTime>& value) override;
-    void Spin(Control& upDown, int direction) override;
-    void Tick(Control& timer) override;
+    void Pick(Control& control, int position) override;
+    void SetDate(Control& control, const std::optional<DateTime>& value) override;
+    void Spin(Control& control, int direction) override;
+    void Tick(Control& control) override;
     void MoveMouse(Control& control, int xTwips, int yTwips) override;
     void RightPress(Control& control) override;
-    void SelectTab(Control& tabs, int tab) override;
-    void SelectRow(Control& grid, int row) override;
+    void SelectTab(Control& control, int tab) override;
+    void SelectRow(Control& control, int row) override;
     void Resize(Form& form, Size clientSize) override;
     void Close(Form& form) override;
 
