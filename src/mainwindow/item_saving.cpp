@@ -1,14 +1,12 @@
 #include "mainwindow/item_saving.h"
 
-#include "base/text.h"
+#include "mainwindow/conflict_question.h"
 #include "mainwindow/frm_task_main.h"
-#include "resources/item_texts.h"
 #include "session/text_checks.h"
 
 namespace zv::mainwindow {
 namespace {
 
-using resources::ItemText;
 using store::Value;
 
 std::string ModeWord(std::uint8_t mode) {
@@ -77,7 +75,7 @@ bool ItemSaving::SettleConflicts(std::unique_ptr<store::Recordset>& row, std::in
             known ? FindConflicts(*known, now, entry) : std::vector<std::size_t>();
         if (conflicts.empty()) return true;
         row->Close();
-        if (!MayOverwrite(conflicts, now, entry)) return false;
+        if (!ConflictQuestion(window_, now, entry).MayOverwrite(conflicts)) return false;
         // The question may have stood for long: what is overwritten is what it showed.
         known = now;
         row = OpenRow(id);
@@ -113,61 +111,6 @@ ItemEntry ItemSaving::Entry() const {
     set("fUser", Value(window_.session.state.UserName));
     set("tDone", RowOf(window_.cboDone2));
     return entry;
-}
-
-bool ItemSaving::MayOverwrite(const std::vector<std::size_t>& conflicts, const ItemRecord& now,
-                              const ItemEntry& entry) const {
-    const auto text = [this](ItemText id) {
-        return resources::GetItemText(id, window_.session.state.Language);
-    };
-    std::string question = text(ItemText::ChangedByOthers) + "\r\n";
-    for (const std::size_t field : conflicts) {
-        question += "\r\n" + DescribeConflict(field, now[field], *entry[field]);
-    }
-    question += "\r\n\r\n" + text(ItemText::OverwriteQuestion);
-    return window_.session.windows.ShowMessage(
-               question, forms::box::kYesNo + forms::box::kQuestion) == forms::Answer::Yes;
-}
-
-std::string ItemSaving::DescribeConflict(std::size_t field, const Value& now,
-                                         const Value& own) const {
-    const std::int16_t language = window_.session.state.Language;
-    const auto shown = [&](ItemText word, const Value& value) {
-        return resources::GetItemText(word, language) + " [" + FieldText(field, value) + "]";
-    };
-    return FieldCaption(field) + ": " + shown(ItemText::StoredNow, now) + ", " +
-           shown(ItemText::YourInput, own);
-}
-
-std::string ItemSaving::FieldCaption(std::size_t field) const {
-    constexpr std::int16_t kAlertRangeText = 33;
-    const std::string_view name = kItemFields[field];
-    const auto label = [this](int index) { return window_.lblList2[index].Caption(); };
-    if (name == "fType") return label(3);
-    if (name == "fWay") return label(6);
-    if (name == "TaskID") return label(8);
-    if (name == "fGuest") return label(7);
-    if (name == "taskTitle") return label(0);
-    if (name == "tDoneMan") return label(1);
-    if (name == "taskTime") return label(2);
-    if (name == "fContent") return label(4);
-    if (name == "fUser") return label(5);
-    if (name == "tDone") return label(10);
-    if (name.starts_with("fOther")) return window_.lblOther[name.back() - '0'].Caption();
-    return window_.session.LoadText(kAlertRangeText);
-}
-
-std::string ItemSaving::FieldText(std::size_t field, const Value& value) const {
-    // A question of a few lines, however long a content is.
-    constexpr std::size_t kMostCharacters = 60;
-    const std::string_view name = kItemFields[field];
-    if (name == "fType" || name == "tDone") {
-        const forms::ComboBox& list = name == "fType" ? window_.cboType2 : window_.cboDone2;
-        const std::int32_t row = value.ToInt32();
-        if (row >= 0 && row < list.ListCount()) return list.List(row);
-    }
-    const std::string text = value.ToText();
-    return text::Length(text) > kMostCharacters ? text::Left(text, kMostCharacters) + "..." : text;
 }
 
 }  // namespace zv::mainwindow

@@ -29,12 +29,6 @@ class ItemSaving {
     /// closed then.
     bool SettleConflicts(std::unique_ptr<store::Recordset>& row, std::int32_t id,
                          const ItemEntry& entry) const;
-    bool MayOverwrite(const std::vector<std::size_t>& conflicts, const ItemRecord& now,
-                      const ItemEntry& entry) const;
-    std::string DescribeConflict(std::size_t field, const store::Value& now,
-                                 const store::Value& own) const;
-    std::string FieldCaption(std::size_t field) const;
-    std::string FieldText(std::size_t field, const store::Value& value) const;
 
     frmTaskMain& window_;
 };

@@ -1,5 +1,6 @@
 #include "base/text.h"
 #include "main_window_fixture.h"
+#include "mainwindow/conflict_question.h"
 #include "mainwindow/item_saving.h"
 
 namespace zv::mainwindow {
@@ -193,7 +194,7 @@ TEST_F(SaveItem, TheQuestionNamesEveryField) {
     Save();
     const std::string question = stage.dialogs.messages.at(0);
     for (const char* line :
-         {"联络方式: 现存 [w], 您的 []", "客户: 现存 [9], 您的 [7]", "联系人: 现存 [g]",
+         {"联络方式: 现存 [w], 您的 []", "管理事件: 现存 [9], 您的 [7]", "联系人: 现存 [g]",
           "执行人: 现存 [d], 您的 [王五]",
           "日期: 现存 [2003-03-08 00:00:00], 您的 [2003-03-07 08:15:42]",
           "报警范围: 现存 [2003-03-02 00:00:00]", "内容: 现存 [c], 您的 [xxxx", "备注 4: 现存 [o]",
@@ -201,6 +202,52 @@ TEST_F(SaveItem, TheQuestionNamesEveryField) {
         EXPECT_NE(question.find(line), std::string::npos) << line << " in " << question;
     }
     EXPECT_EQ(question.find(std::string(61, 'x')), std::string::npos);
+}
+
+TEST_F(SaveItem, TheQuestionNamesTheCustomersOfAVisit) {
+    stage.Sql(
+        "insert into cards(fID,CompName) values(5,'甲公司');"
+        "insert into cards(fID,CompName) values(6,'乙公司');"
+        "update tTaskList set fType=1,TaskID=5");
+    frmTaskMain& window = Change();
+    const auto ask = [&](const std::string& card) {
+        stage.Sql("update tTaskList set TaskID=" + card);
+        stage.dialogs.messages.clear();
+        stage.dialogs.answers = {forms::Answer::No};
+        Save();
+        return stage.dialogs.messages.at(0);
+    };
+    EXPECT_NE(ask("6").find("客户: 现存 [乙公司 (6)], 您的 [甲公司 (5)]"), std::string::npos);
+    EXPECT_NE(ask("0").find("客户: 现存 [0], 您的 [甲公司 (5)]"), std::string::npos);
+    EXPECT_NE(ask("99").find("客户: 现存 [99], 您的 [甲公司 (5)]"), std::string::npos);
+    // A question that cannot be made is an error, and nothing is written.
+    stage.statements.failing = "select compname";
+    EXPECT_EQ(ask("6"), "16|select compname");
+    EXPECT_EQ(Row("TaskID"), "6");
+    EXPECT_TRUE(window.state.Editing());
+}
+
+TEST(Excerpts, ShortTextsAreShownWhole) {
+    EXPECT_EQ(Excerpts("", ""), (std::pair<std::string, std::string>("", "")));
+    EXPECT_EQ(Excerpts("abc", "abd"), (std::pair<std::string, std::string>("abc", "abd")));
+    const std::string sixty(60, 'x');
+    EXPECT_EQ(Excerpts(sixty, ""), (std::pair<std::string, std::string>(sixty, "")));
+}
+
+TEST(Excerpts, LongTextsAreCut) {
+    const auto [one, other] = Excerpts(std::string(61, 'x'), "y");
+    EXPECT_EQ(one, std::string(60, 'x') + "...");
+    EXPECT_EQ(other, "y");
+}
+
+TEST(Excerpts, LongTextsThatBeginAlikeAreShownFromTheDifferenceOn) {
+    std::string alike;
+    for (int i = 0; i < 100; i++) alike += "国";
+    const auto [one, other] = Excerpts(alike + "甲", alike + "乙" + std::string(100, 'x'));
+    const std::string lead = "...国国国国国国国国国国";
+    EXPECT_EQ(one, lead + "甲");
+    EXPECT_EQ(other, lead + "乙" + std::string(49, 'x') + "...");
+    EXPECT_EQ(Excerpts(alike, alike + "甲").first, lead);
 }
 
 TEST_F(SaveItem, WhatChangesWhileTheQuestionStandsIsAskedAboutToo) {
