@@ -59,8 +59,8 @@ bool ConflictQuestion::MayOverwrite(const std::vector<std::size_t>& fields) cons
 
 std::string ConflictQuestion::Line(std::size_t field) const {
     const std::string_view name = kItemFields[field];
-    const auto [now, own] = Excerpts(Shown(name, now_[field], IsVisitNow()),
-                                     Shown(name, *own_[field], IsVisitInEditor()));
+    const std::string stored = Shown(name, now_[field], IsVisitNow());
+    const auto [now, own] = Excerpts(stored, Shown(name, *own_[field], IsVisitInEditor()));
     const auto word = [this](ItemText id) {
         return resources::GetItemText(id, window_.session.state.Language);
     };
