@@ -7,9 +7,9 @@ if(NOT EXISTS ${ZV_SQLITE_DIR}/package/deps/sqlite3/sqlite3.c)
     find_program(ZV_NPM npm)
     if(ZV_NPM)
         file(MAKE_DIRECTORY ${ZV_SQLITE_DIR})
-        execute_process(COMMAND ${ZV_NPM} pack --silent ${ZV_SQLITE_PACKAGE}
+        execute_process(COMMAND ${ZV_NPM} pack --loglevel=error ${ZV_SQLITE_PACKAGE}
                         WORKING_DIRECTORY ${ZV_SQLITE_DIR} RESULT_VARIABLE rc OUTPUT_VARIABLE tarball
-                        OUTPUT_STRIP_TRAILING_WHITESPACE)
+                        ERROR_VARIABLE reason OUTPUT_STRIP_TRAILING_WHITESPACE)
         if(rc EQUAL 0)
             file(ARCHIVE_EXTRACT INPUT ${ZV_SQLITE_DIR}/${tarball} DESTINATION ${ZV_SQLITE_DIR}
                  PATTERNS package/deps/sqlite3/*)
@@ -33,9 +33,9 @@ if(EXISTS ${ZV_SQLITE_DIR}/package/deps/sqlite3/sqlite3.c)
     endif()
 else()
     if(WIN32)
-        message(FATAL_ERROR "SQLite's source was not found: npm is needed to fetch ${ZV_SQLITE_PACKAGE}")
+        message(FATAL_ERROR "npm could not fetch ${ZV_SQLITE_PACKAGE}: ${reason}")
     endif()
-    message(WARNING "npm could not fetch ${ZV_SQLITE_PACKAGE}; using the system's SQLite instead")
+    message(WARNING "npm could not fetch ${ZV_SQLITE_PACKAGE}, the system's SQLite is used: ${reason}")
     find_package(SQLite3 REQUIRED)
     add_library(zv_sqlite3 INTERFACE)
     target_link_libraries(zv_sqlite3 INTERFACE SQLite::SQLite3)
