@@ -142,6 +142,21 @@ TEST_F(Contact, MailAndWebGoToTheShell) {
     EXPECT_EQ(stage.shell.lines, (Lines{"mailTo:a@b.c", "http://www.a.com"}));
 }
 
+TEST_F(Contact, WhatTheShellCannotOpenIsToldAndTheWindowGoesOn) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.shell.failing = "no program for mailTo:a@b.c";
+    Way(1);
+    stage.user.Click(window.cmdEmail);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"16|no program for mailTo:a@b.c"});
+    EXPECT_EQ(window.txtEmail[0].Text(), "a@b.c");
+    EXPECT_EQ(window.txtTitle2.Text(), "拜访");
+    stage.shell.failing.clear();
+    stage.user.Click(window.cmdEmail);
+    EXPECT_EQ(stage.shell.lines.back(), "mailTo:a@b.c");
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+}
+
 TEST_F(Contact, EmptyFieldsOpenNothing) {
     stage.Sql("update cards set E_mail='',HomeEmail=null,http='http://'");
     frmTaskMain& window = Open();

@@ -170,6 +170,45 @@ TEST_F(Options, TheIntervalBoxKeepsAWholeNumber) {
     EXPECT_EQ(leave("2.5"), "2 off");
 }
 
+TEST_F(Options, TheIntervalBoxRoundsHalvesToEvenWithinSixteenBits) {
+    stage.user.Click(window.chkTimeSet);
+    const auto leave = [&](const std::string& text) {
+        stage.user.Type(window.txtTimeSet, text);
+        stage.user.Leave(window.txtTimeSet);
+        return window.txtTimeSet.Text();
+    };
+    EXPECT_EQ(leave("3.5"), "4");
+    EXPECT_EQ(leave("-0.5"), "0");
+    EXPECT_EQ(leave("32767.4"), "32767");
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    window.Timer1.SetRunning(false);
+    const DateTime before = window.state.lastRead;
+    stage.clock.now = stage.clock.now.AddSeconds(60);
+    EXPECT_EQ(leave("32767.5"), "32767.5");
+    EXPECT_EQ(leave("-40000"), "-40000");
+    EXPECT_EQ(stage.dialogs.messages, (Lines{"16|数值溢出", "16|数值溢出"}));
+    EXPECT_FALSE(window.Timer1.Running());
+    EXPECT_EQ(window.state.lastRead, before);
+    EXPECT_EQ(Setting("TimeSetting"), "absent");
+}
+
+TEST_F(Options, TheIntervalBoxSelectsItsTextAndEnterMovesOn) {
+    stage.user.Click(window.chkTimeSet);
+    stage.user.Type(window.txtTimeSet, "120");
+    stage.user.Key(window.txtTimeSet, forms::key::kEnter);
+    EXPECT_FALSE(window.txtTimeSet.HasFocus());
+    window.txtTimeSet.SetFocus();
+    EXPECT_EQ(window.txtTimeSet.SelLength(), 3);
+}
+
+TEST_F(Options, LeavingTheIntervalAtZeroStampsTheReadTime) {
+    stage.user.Click(window.chkTimeSet);
+    stage.user.Type(window.txtTimeSet, "abc");
+    stage.clock.now = stage.clock.now.AddSeconds(60);
+    stage.user.Leave(window.txtTimeSet);
+    EXPECT_EQ(window.state.lastRead, stage.clock.now);
+}
+
 TEST_F(Options, ATickStampsTheReadTimeWithinTheInterval) {
     window.txtTimeSet.SetText("5");
     window.Timer1.SetRunning(true);

@@ -36,11 +36,15 @@ class CodePage : public platform::AnsiCodePage {
 /// Keeps what it is handed, keys behind "keys:".
 class Shell : public platform::Shell {
  public:
-    void Open(const std::string& target) override { lines.push_back(target); }
+    void Open(const std::string& target) override {
+        lines.push_back(target);
+        if (!failing.empty()) throw RuntimeError(ErrorNumber::FileNotFound, failing);
+    }
     std::string DialerPath() const override { return dialer; }
     void Start(const std::string& program) override { lines.push_back(program); }
     void SendKeys(const std::string& keys) override { lines.push_back("keys:" + keys); }
     std::vector<std::string> lines;
+    std::string failing;  ///< not empty: nothing can be opened, with this text
     std::string dialer = "C:\\Windows\\dialer.exe";
 };
 
