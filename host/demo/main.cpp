@@ -28,6 +28,14 @@ int RunMessages(zv::demo::DemoWindow& window) {
     return static_cast<int>(message.wParam);
 }
 
+// A control whose last object is gone can be unloaded; one that stays has left something behind.
+bool ControlStays() {
+    CoFreeUnusedLibrariesEx(0, 0);
+    return GetModuleHandleW(L"zv_Task.ocx") != nullptr;
+}
+
+constexpr int kControlStays = 3;
+
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
@@ -44,6 +52,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
         zv::demo::DemoWindow window(*options);
         status = RunMessages(window);
     }
+    if (status == 0 && ControlStays()) status = kControlStays;
     OleUninitialize();
     return status;
 }

@@ -67,15 +67,16 @@ void PressKey(const std::wstring& name) {
     for (auto key = keys.rbegin(); key != keys.rend(); ++key) SendKey(*key, 0, KEYEVENTF_KEYUP);
 }
 
-void ClickScreen(POINT at) {
+void ClickScreen(POINT at, MouseButton button) {
     // The unit is the 65536th part of the screen.
     const auto part = [](LONG place, int whole) {
         return static_cast<LONG>((65536LL * place + whole - 1) / whole);
     };
     SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, {part(at.x, GetSystemMetrics(SM_CXSCREEN)),
                                                         part(at.y, GetSystemMetrics(SM_CYSCREEN))});
-    SendMouse(MOUSEEVENTF_LEFTDOWN);
-    SendMouse(MOUSEEVENTF_LEFTUP);
+    const bool left = button == MouseButton::Left;
+    SendMouse(left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
+    SendMouse(left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
 }
 
 HWND FocusWindow() {

@@ -14,8 +14,10 @@ void Write(const std::wstring& text);
 /// Apps, F10, or one character; with "Shift+", "Ctrl+" or "Alt+" before it. Throws
 /// std::runtime_error for any other name.
 void PressKey(const std::wstring& name);
+enum class MouseButton { Left, Right };
+
 /// Clicks a point of the screen.
-void ClickScreen(POINT at);
+void ClickScreen(POINT at, MouseButton button = MouseButton::Left);
 /// The window that has the keyboard in the foreground; null when none has.
 HWND FocusWindow();
 

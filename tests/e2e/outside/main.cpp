@@ -4,6 +4,7 @@
 //   list                       visible windows: name, class, title
 //   wait PATH SECONDS          until the window or control is there
 //   gone PATH SECONDS          until it is not
+//   visible PATH               whether it can be seen, pages in front of it considered
 //   text PATH | settext PATH TEXT
 //   click PATH                 presses a button, check box or option
 //   checked PATH               0 or 1
@@ -13,6 +14,7 @@
 //   node PATH PART             clicks the first node whose text holds PART
 //   message                    text of the message box that is open
 //   press ID                   its button (1 OK, 2 Cancel, 6 Yes, 7 No)
+//   place PATH                 on the screen, WIDTHxHEIGHT+LEFT+TOP
 //   close PATH
 //
 // The commands below use the keyboard and the mouse; they reach the window in the foreground.
@@ -23,6 +25,13 @@
 //   write TEXT                 types a text
 //   focus                      name of the control that has the keyboard
 //   date PATH                  what a date picker holds, YYYY-MM-DD
+//   right PATH [X Y]           as mouse, with the right button
+//   mousenode PATH PART        as node, with the mouse
+//   rightnode PATH PART        with its right button
+//   mousetab PATH POSITION     as tab, with the mouse
+//   menu                       whether a menu is open
+//   image PATH PART            number of the picture of such a node, and of the one for a selected
+//   rows PATH                  every row of a grid, its columns apart by tabs
 //
 // PATH is WINDOW or WINDOW.CONTROL. Prints UTF-8; exit status 1 with a reason when it cannot.
 #include <windows.h>
@@ -112,30 +121,99 @@ void ClickAt(HWND window, const RECT& place) {
     PostMessageW(window, WM_LBUTTONUP, 0, at);
 }
 
-void ClickNode(const Arguments& a) {
-    const HWND tree = FindPath(a.at(0));
+void ClickAtWithMouse(HWND window, const RECT& place, MouseButton button) {
+    POINT at{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    ClientToScreen(window, &at);
+    ClickScreen(at, button);
+}
+
+LPARAM FindNode(HWND tree, const std::wstring& part) {
     LPARAM found = 0;
     Walk(tree, Ask(tree, TVM_GETNEXTITEM, TVGN_ROOT), 0, [&](LPARAM item, int) {
-        if (NodeText(tree, item).find(a.at(1)) == std::wstring::npos) return false;
+        if (NodeText(tree, item).find(part) == std::wstring::npos) return false;
         found = item;
         return true;
     });
     if (!found) throw std::runtime_error("no such node");
+    return found;
+}
+
+void PrintImage(const Arguments& a) {
+    const HWND tree = FindPath(a.at(0));
+    RemoteMemory memory(tree, sizeof(TVITEMW));
+    TVITEMW request{};
+    request.mask = TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_HANDLE;
+    request.hItem = reinterpret_cast<HTREEITEM>(FindNode(tree, a.at(1)));
+    memory.Write(request);
+    Ask(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.Address()));
+    const auto item = memory.Read<TVITEMW>();
+    Print(std::to_wstring(item.iImage) + L" " + std::to_wstring(item.iSelectedImage));
+}
+
+// Place in the tree's window of the first node whose text holds `part`, which is then in view.
+RECT PlaceOfNode(HWND tree, const std::wstring& part) {
+    const LPARAM found = FindNode(tree, part);
     Ask(tree, TVM_ENSUREVISIBLE, 0, found);
     RemoteMemory memory(tree, sizeof(RECT));
     memory.Write(found);
     Ask(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(memory.Address()));
-    ClickAt(tree, memory.Read<RECT>());
+    return memory.Read<RECT>();
+}
+
+RECT PlaceOfTab(HWND tabs, const std::wstring& position) {
+    RemoteMemory memory(tabs, sizeof(RECT));
+    if (!Ask(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(_wtoi(position.c_str())),
+             reinterpret_cast<LPARAM>(memory.Address()))) {
+        throw std::runtime_error("no such tab");
+    }
+    return memory.Read<RECT>();
+}
+
+void ClickNode(const Arguments& a) {
+    const HWND tree = FindPath(a.at(0));
+    ClickAt(tree, PlaceOfNode(tree, a.at(1)));
+}
+
+void ClickNodeWithMouse(const Arguments& a, MouseButton button) {
+    const HWND tree = FindPath(a.at(0));
+    ClickAtWithMouse(tree, PlaceOfNode(tree, a.at(1)), button);
 }
 
 void SelectTab(const Arguments& a) {
     const HWND tabs = FindPath(a.at(0));
-    RemoteMemory memory(tabs, sizeof(RECT));
-    if (!Ask(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(_wtoi(a.at(1).c_str())),
-             reinterpret_cast<LPARAM>(memory.Address()))) {
-        throw std::runtime_error("no such tab");
+    ClickAt(tabs, PlaceOfTab(tabs, a.at(1)));
+}
+
+void SelectTabWithMouse(const Arguments& a) {
+    const HWND tabs = FindPath(a.at(0));
+    ClickAtWithMouse(tabs, PlaceOfTab(tabs, a.at(1)), MouseButton::Left);
+}
+
+void PrintRows(const Arguments& a) {
+    constexpr std::size_t kUnits = 260;
+    const HWND grid = FindPath(a.at(0));
+    const HWND header = reinterpret_cast<HWND>(Ask(grid, LVM_GETHEADER));
+    const auto columns = static_cast<int>(Ask(header, HDM_GETITEMCOUNT));
+    const LRESULT rows = Ask(grid, LVM_GETITEMCOUNT);
+    RemoteMemory memory(grid, sizeof(LVITEMW) + kUnits * sizeof(wchar_t));
+    for (LRESULT row = 0; row < rows; row++) {
+        std::wstring line;
+        for (int column = 0; column < columns; column++) {
+            LVITEMW request{};
+            request.iSubItem = column;
+            request.pszText = reinterpret_cast<wchar_t*>(memory.Address(sizeof(LVITEMW)));
+            request.cchTextMax = kUnits;
+            memory.Write(request);
+            Ask(grid, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
+                reinterpret_cast<LPARAM>(memory.Address()));
+            wchar_t text[kUnits] = {};
+            memory.ReadBytes(text, sizeof text, sizeof(LVITEMW));
+            text[kUnits - 1] = 0;
+            if (column > 0) line += L'\t';
+            line += text;
+        }
+        Print(line);
     }
-    ClickAt(tabs, memory.Read<RECT>());
 }
 
 void PickRow(const Arguments& a) {
@@ -152,14 +230,19 @@ HWND OpenMessageBox() {
     throw std::runtime_error("no message box is open");
 }
 
-void ClickWithMouse(const Arguments& a) {
+void FindOpenMenu(const Arguments&) {
+    const HWND menu = FindWindowW(L"#32768", nullptr);
+    if (!menu || !IsWindowVisible(menu)) throw std::runtime_error("no menu is open");
+}
+
+void ClickWithMouse(const Arguments& a, MouseButton button) {
     RECT place;
     GetWindowRect(FindPath(a.at(0)), &place);
     POINT at{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
     if (a.size() > 1) {
         at = {place.left + _wtoi(a.at(1).c_str()), place.top + _wtoi(a.at(2).c_str())};
     }
-    ClickScreen(at);
+    ClickScreen(at, button);
 }
 
 void PrintDate(const Arguments& a) {
@@ -169,6 +252,15 @@ void PrintDate(const Arguments& a) {
     const auto time = memory.Read<SYSTEMTIME>();
     wchar_t text[32];
     swprintf(text, 32, L"%04d-%02d-%02d", time.wYear, time.wMonth, time.wDay);
+    Print(text);
+}
+
+void PrintPlace(const Arguments& a) {
+    RECT place;
+    GetWindowRect(FindPath(a.at(0)), &place);
+    wchar_t text[64];
+    swprintf(text, 64, L"%ldx%ld+%ld+%ld", place.right - place.left, place.bottom - place.top,
+             place.left, place.top);
     Print(text);
 }
 
@@ -183,6 +275,10 @@ const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() 
          }},
         {L"wait", [](const Arguments& a) { WaitUntil(a.at(1), [&] { return Exists(a.at(0)); }); }},
         {L"gone", [](const Arguments& a) { WaitUntil(a.at(1), [&] { return !Exists(a.at(0)); }); }},
+        {L"visible",
+         [](const Arguments& a) {
+             if (!IsWindowVisible(FindPath(a.at(0)))) throw std::runtime_error("not visible");
+         }},
         {L"text", [](const Arguments& a) { Print(TextOf(FindPath(a.at(0)))); }},
         {L"settext",
          [](const Arguments& a) {
@@ -209,7 +305,14 @@ const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() 
              PostMessageW(OpenMessageBox(), WM_COMMAND, static_cast<WPARAM>(_wtoi(a.at(0).c_str())),
                           0);
          }},
-        {L"mouse", ClickWithMouse},
+        {L"mouse", [](const Arguments& a) { ClickWithMouse(a, MouseButton::Left); }},
+        {L"right", [](const Arguments& a) { ClickWithMouse(a, MouseButton::Right); }},
+        {L"mousenode", [](const Arguments& a) { ClickNodeWithMouse(a, MouseButton::Left); }},
+        {L"rightnode", [](const Arguments& a) { ClickNodeWithMouse(a, MouseButton::Right); }},
+        {L"mousetab", SelectTabWithMouse},
+        {L"image", PrintImage},
+        {L"menu", FindOpenMenu},
+        {L"rows", PrintRows},
         {L"keys",
          [](const Arguments& a) {
              a.at(0);
@@ -220,9 +323,12 @@ const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() 
          [](const Arguments&) {
              const HWND window = FocusWindow();
              if (!window) throw std::runtime_error("nothing has the keyboard");
-             Print(NameOf(window));
+             // The entry of a combo box is a window in it.
+             const std::wstring name = NameOf(window);
+             Print(name.empty() ? NameOf(GetParent(window)) : name);
          }},
         {L"date", PrintDate},
+        {L"place", PrintPlace},
         {L"close", [](const Arguments& a) { PostMessageW(FindPath(a.at(0)), WM_CLOSE, 0, 0); }},
     };
     return commands;
