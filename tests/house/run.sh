@@ -35,7 +35,7 @@ check "no test for the operating system outside the ports" \
         xargs grep -nE '_WIN32|windows\.h')"
 
 check "no source file is longer than 600 lines" \
-    "$(sources src host tools tests bench | xargs wc -l | awk '$2 != "total" && $1 > 600')"
+    "$(sources src host tools tests bench | xargs env LC_ALL=C wc -l | awk '$2 != "total" && $1 > 600')"
 
 # A path in a document stands between backquotes and holds a slash.
 missing=$(grep -noE '`(src|host|tools|tests|bench|docs|cmake)/[A-Za-z0-9_./-]*`' README.md docs/*.md |
