@@ -139,16 +139,12 @@ void ItemEditor::NoteStored(std::string_view field, store::Value value) {
 
 void ItemEditor::cboType2_Click() {
     if (loading_ || window_.state.openedFor == kNoEdit) return;
-    // The number of the plan that the item belonged to is not a card's.
-    if (window_.cboType2.ListIndex() == kGuest) {
-        window_.session.state.cardId = window_.cards.PickedCard();
-    }
+    // The number of the plan that the item belonged to is not a card's, nor the other way round.
+    const bool guest = window_.cboType2.ListIndex() == kGuest;
+    window_.session.state.cardId = guest ? window_.cards.PickedCard() : StoredPlan();
 }
 
-std::optional<std::int32_t> ItemEditor::Owner() const {
-    const int kind = window_.cboType2.ListIndex();
-    if (kind < 0) return std::nullopt;
-    if (kind == kGuest) return window_.session.state.cardId;
+std::int32_t ItemEditor::StoredPlan() const {
     const bool changes = asRead_ && window_.state.openedFor == kChanging;
     if (!changes || (*asRead_)[ItemFieldIndex("fType")].ToInt32() == kGuest) return 0;
     return (*asRead_)[ItemFieldIndex("TaskID")].ToInt32();

@@ -27,10 +27,6 @@ class ItemEditor {
     /// Locks the fields against typing, or opens them.
     void SetLocked(bool locked);
     void cboType2_Click();
-    /// What the item in the editor belongs to: a visit to the current card, any other item to what
-    /// it was stored with, whatever card is looked up meanwhile. Nothing for an item without a
-    /// kind.
-    std::optional<std::int32_t> Owner() const;
     /// Shows the card of the visit shown, unless it is the one shown.
     void ShowCardAgain();
 
@@ -50,6 +46,8 @@ class ItemEditor {
     bool LoadPlan();
     void ShowWay(const std::string& way);
     void ShowGuestCard(std::int32_t card);
+    /// The plan that the item being changed was stored with; 0 for none.
+    std::int32_t StoredPlan() const;
 
     frmTaskMain& window_;
     std::optional<ItemRecord> asRead_;

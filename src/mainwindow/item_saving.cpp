@@ -97,7 +97,7 @@ ItemEntry ItemSaving::Entry() const {
     };
     set("fType", RowOf(window_.cboType2));
     set("fWay", Value(window_.cboWay.Text()));
-    if (const auto owner = window_.editor.Owner()) set("TaskID", Value(*owner));
+    set("TaskID", Value(window_.session.state.cardId));
     set("fGuest", Value(window_.txtName2.Text()));
     set("taskTitle", Value(cut(window_.txtTitle2)));
     set("tDoneMan", Value(window_.cboJbr2.Text()));

@@ -330,7 +330,7 @@ TEST_F(SaveItem, AChangeAfterAFillThatFailedIsComparedWithTheRowOfNow) {
     EXPECT_EQ(Row("taskTitle||fContent"), "乙又改");
 }
 
-TEST_F(SaveItem, ACardLookedUpMeanwhileIsNoPlan) {
+TEST_F(SaveItem, WhateverItsKindItTakesTheCardThatIsPickedMeanwhile) {
     stage.Sql("insert into cards(fID,CompCode,CompName) values(9,'C9','某公司')");
     frmTaskMain& window = Change();
     const auto lookUp = [&] {
@@ -341,11 +341,20 @@ TEST_F(SaveItem, ACardLookedUpMeanwhileIsNoPlan) {
     };
     lookUp();
     Save();
-    EXPECT_EQ(Row("fType||'|'||TaskID"), "0|7");
+    EXPECT_EQ(Row("fType||'|'||TaskID"), "0|9");
     stage.user.Choose(window.menus.mnuDailyAdd);
     lookUp();
     Save();
-    EXPECT_EQ(Row("TaskID", "tTaskList where fType=2"), "0");
+    EXPECT_EQ(Row("TaskID", "tTaskList where fType=2"), "9");
+}
+
+TEST_F(SaveItem, AKindChangedToAVisitAndBackKeepsThePlan) {
+    frmTaskMain& window = Change();
+    stage.user.Pick(window.cboType2, kGuest);
+    EXPECT_EQ(stage.session.state.cardId, 0);
+    stage.user.Pick(window.cboType2, 0);
+    Save();
+    EXPECT_EQ(Row("fType||'|'||TaskID"), "0|7");
 }
 
 TEST_F(SaveItem, OwnActsAreNotAskedAbout) {
