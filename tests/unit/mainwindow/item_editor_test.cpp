@@ -133,10 +133,9 @@ TEST_F(Editor, ATaskThatBecomesAVisitNeedsACardOfItsOwn) {
     stage.user.Choose(window.menus.mnuTaskChg);
     stage.user.Pick(window.cboType2, kGuest);
     EXPECT_EQ(stage.session.state.cardId, 0);
-    EXPECT_EQ(window.editor.Owner(), 0);
     // And back it belongs to its plan again.
     stage.user.Pick(window.cboType2, kTask);
-    EXPECT_EQ(window.editor.Owner(), 7);
+    EXPECT_EQ(stage.session.state.cardId, 7);
 }
 
 TEST_F(Editor, AVisitThatBecomesADiaryEntryLosesItsCard) {
@@ -144,9 +143,9 @@ TEST_F(Editor, AVisitThatBecomesADiaryEntryLosesItsCard) {
     ClickNode("Z3");
     stage.user.Choose(window.menus.mnuGuestChg);
     stage.user.Pick(window.cboType2, kDiary);
-    EXPECT_EQ(window.editor.Owner(), 0);
+    EXPECT_EQ(stage.session.state.cardId, 0);
     stage.user.Pick(window.cboType2, kGuest);
-    EXPECT_EQ(window.editor.Owner(), 5);
+    EXPECT_EQ(stage.session.state.cardId, 5);
 }
 
 TEST_F(Editor, AVisitWithoutACardShowsNothingOfTheCardBefore) {
