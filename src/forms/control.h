@@ -82,7 +82,12 @@ class Control {
 
     const Rect& Bounds() const { return bounds_; }
     void Move(const Rect& bounds);
-    void BringToFront() { Notify(Aspect::ZOrder); }
+    void BringToFront() {
+        inFront_ = true;
+        Notify(Aspect::ZOrder);
+    }
+    /// Whether it was ever brought to the front; it stays there when its window is made later.
+    bool InFront() const { return inFront_; }
 
     /// Moves the focus here by the rules of Form::FocusTo; does nothing while it cannot take it.
     void SetFocus();
@@ -124,6 +129,7 @@ class Control {
     std::string name_;
     Control* parent_;
     int index_;
+    bool inFront_ = false;
     bool visible_ = true;
     bool enabled_ = true;
     bool tabStop_ = false;

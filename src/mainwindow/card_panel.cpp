@@ -10,7 +10,6 @@
 namespace zv::mainwindow {
 namespace {
 
-constexpr std::size_t kCompanyWidth = 80;
 constexpr int kMostCards = 101;
 
 }  // namespace

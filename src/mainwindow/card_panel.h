@@ -1,6 +1,7 @@
 // The customer card: the picker of cards, the fields of the chosen one and the ways to reach it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -13,6 +14,9 @@ class frmTaskMain;
 
 class CardPanel {
  public:
+    /// Characters that an entry of the picker has for the company.
+    static constexpr std::size_t kCompanyWidth = 80;
+
     explicit CardPanel(frmTaskMain& window) : window_(window) {}
 
     /// Fills the picker with the cards that pass the filter (all when it is empty), at most 101,

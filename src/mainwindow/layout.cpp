@@ -230,7 +230,10 @@ class Placer {
         int y = kMargin;
         Labelled(w_.lblList2[11], w_.txtCompSeek, left, y, labelWidth, column);
         y += m_.Row();
-        Labelled(w_.lblList2[8], w_.cboComp2, left, y, labelWidth, inner);
+        // Behind the company stands the card's number, which is to lie beyond the visible part.
+        const int entryWidth = m_.Width(std::string(CardPanel::kCompanyWidth, ' ')) + kDropButton;
+        Labelled(w_.lblList2[8], w_.cboComp2, left, y, labelWidth,
+                 std::min(column, labelWidth + entryWidth));
         y += m_.Row();
         Labelled(w_.lblList2[7], w_.txtName2, left, y, labelWidth, column);
         Labelled(w_.lblList2[6], w_.cboWay, right, y, labelWidth, column);

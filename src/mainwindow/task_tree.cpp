@@ -40,6 +40,7 @@ void TaskTree::chkEvent_Click() {
         window_.state.currentType = kTask;
     }
     ShowFilterFor(window_.chkEvent.Checked());
+    ShowItemControls(!window_.chkEvent.Checked());
     window_.cmdTaskOK.SetEnabled(false);
     window_.cmdPrint.SetEnabled(false);
 }

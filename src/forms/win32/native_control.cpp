@@ -27,8 +27,8 @@ void NativeControl::CreateNative(HWND parent, int id, const wchar_t* windowClass
     if (ShownByItself()) style |= WS_VISIBLE;
     if (!control_.Enabled()) style |= WS_DISABLED;
     handle_.reset(CreateWindowExW(
-        extendedStyle, windowClass, text.c_str(), style | WS_CHILD, bounds.left, bounds.top,
-        bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
+        extendedStyle, windowClass, text.c_str(), style | WS_CHILD | WS_CLIPSIBLINGS, bounds.left,
+        bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), window_.Module(), nullptr));
     if (!handle_) {
         throw RuntimeError(ErrorNumber::InternalError,
@@ -40,6 +40,7 @@ void NativeControl::CreateNative(HWND parent, int id, const wchar_t* windowClass
     name_.reset(GlobalAddAtomW(ToWide(DisplayName(control_)).c_str()));
     SetPropW(Handle(), kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name_.get())));
     SetAccessibleName();
+    if (control_.InFront()) Changed(Aspect::ZOrder);
 }
 
 void NativeControl::Watch(HWND part) {
