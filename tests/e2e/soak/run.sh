@@ -8,5 +8,5 @@ set -uo pipefail
 cd "$(dirname "$0")/../../.."
 source tools/setup/wine.sh
 ZV_WINE_TIMEOUT=${ZV_WINE_TIMEOUT:-300} wine_run "${ZV_BIN:?folder of the Windows programs}/zvSoak.exe" \
-    "$(winepath_of tests/e2e/soak)" "${1:-30}" | sed -u 's/\r$//'
+    "$(winepath_of tests/e2e/soak)" "${1:-20}" | sed -u 's/\r$//'
 exit "${PIPESTATUS[0]}"

@@ -181,6 +181,8 @@ std::vector<Reading> PlayRounds(const fs::path& scripts, int rounds, const fs::p
     AddRows(stage.host);
 
     std::vector<Reading> readings;
+    // Room for all at once: what is measured must not grow with the measuring.
+    readings.reserve(static_cast<std::size_t>(rounds));
     for (int i = 1; i <= rounds; i++) {
         Play(stage, text::Replace(round, "NEW", std::to_string(kItems + i)), "round.zvs");
         readings.push_back(Read());
