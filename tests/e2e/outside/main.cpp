@@ -230,6 +230,13 @@ HWND OpenMessageBox() {
     throw std::runtime_error("no message box is open");
 }
 
+// A box that is not yet ready for keys is not yet told: they would reach the window before it.
+void PrintMessage(const Arguments&) {
+    const HWND box = OpenMessageBox();
+    if (!IsChild(box, FocusWindow())) throw std::runtime_error("the box has no keyboard yet");
+    Print(TextOf(GetDlgItem(box, 65535)));
+}
+
 void FindOpenMenu(const Arguments&) {
     const HWND menu = FindWindowW(L"#32768", nullptr);
     if (!menu || !IsWindowVisible(menu)) throw std::runtime_error("no menu is open");
@@ -299,7 +306,7 @@ const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() 
              });
          }},
         {L"node", ClickNode},
-        {L"message", [](const Arguments&) { Print(TextOf(GetDlgItem(OpenMessageBox(), 65535))); }},
+        {L"message", PrintMessage},
         {L"press",
          [](const Arguments& a) {
              PostMessageW(OpenMessageBox(), WM_COMMAND, static_cast<WPARAM>(_wtoi(a.at(0).c_str())),

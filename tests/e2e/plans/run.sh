@@ -7,55 +7,11 @@
 # failed".
 set -uo pipefail
 cd "$(dirname "$0")/../../.."
-source tools/setup/wine.sh
-: "${ZV_BIN:?folder of the Windows programs}"
-work=$(mktemp -d)
+source tests/e2e/playing.sh
 data="$work/计划 数据/taskAlert.db"
 title=月末盘点
-passed=0
-failed=0
-demo=
 
-outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
-query() { sqlite3 -batch "$data" ".timeout 5000" "$1"; }
-
-# expect NAME COMMAND...: the command succeeds, within some seconds where the system needs time to
-# follow what the user did.
-expect() {
-    local name=$1 end=$((SECONDS + 5))
-    shift
-    until "$@"; do
-        if [ "$SECONDS" -ge "$end" ]; then
-            failed=$((failed + 1))
-            echo "FAIL $name"
-            echo "  windows: $(outside list | tr '\n' ' ')"
-            echo "  keyboard: $(outside focus)"
-            [ -z "${ZV_PICTURES:-}" ] || import -window root "$ZV_PICTURES/failure-$failed.png"
-            return
-        fi
-        sleep 0.1
-    done
-    passed=$((passed + 1))
-}
-appears() { outside wait "$1" 10 >/dev/null; }
-goes() { outside gone "$1" 10 >/dev/null; }
-has_focus() { [ "$(outside focus)" = "$1" ]; }
-text_is() { [ "$(outside text "$1")" = "$2" ]; }
-title_is() { [[ "$(outside text "$1")" == *"$2"* ]]; }
-is_checked() { [ "$(outside checked "$1")" = 1 ]; }
-# The text may hold * for what does not matter.
-asks() { [[ "$(outside message)" == $1 ]]; }
-rows_are() { [ "$(query "$1")" = "$2" ]; }
-tree_shows() { [ "$(outside tree frmTaskMain.tvwTask | grep -cF -- "$title")" = "$1" ]; }
-tree_holds() { outside tree frmTaskMain.tvwTask | grep -qF -- "$1"; }
-
-# answer NAME TEXT KEY...: the box says so; the keys close it.
-answer() {
-    local name=$1 text=$2
-    shift 2
-    expect "$name" asks "$text"
-    outside keys "$@"
-}
+tree_shows() { [ "$(tree | grep -cF -- "$title")" = "$1" ]; }
 # next CONTROL: Enter leads there.
 next() {
     outside keys Enter
@@ -77,19 +33,9 @@ pick() {
     expect "the keyboard is at the name" has_focus "$box"
     expect "a name was picked" test -n "$(outside text "frmTaskSet.$box")"
 }
-finish() {
-    [ -n "$demo" ] && kill "$demo" 2>/dev/null
-    rm -rf "$work"
-    echo "$passed passed, $failed failed"
-    [ "$failed" -eq 0 ]
-    exit
-}
 
-mkdir -p "$(dirname "$data")"
-expect "sample data" wine_run "$ZV_BIN/zvdb.exe" sample "$(winepath_of "$work/计划 数据")\\taskAlert.db" \
-    --items 60 --cards 20 --plans 3 >"$work/zvdb.log"
-expect "the host kit registers" wine_register "$ZV_BIN/zv_Host.dll"
-expect "the control registers" wine_register "$ZV_BIN/zv_Task.ocx"
+make_database sample --items 60 --cards 20 --plans 3
+set_up_workstation
 ZV_WINE_TIMEOUT=240 wine_run "$ZV_BIN/zvDemo.exe" --data "$(winepath_of "$data")" --user 张三 &
 demo=$!
 expect "the host is there" appears 演示主程序

@@ -10,68 +10,21 @@
 # each page, menu and dialog there. Closes with "N passed, N failed".
 set -uo pipefail
 cd "$(dirname "$0")/../../.."
-source tools/setup/wine.sh
-: "${ZV_BIN:?folder of the Windows programs}"
-work=$(mktemp -d)
+source tests/e2e/playing.sh
 data="$work/一天 数据/taskAlert.db"
-settings='HKCU\Software\VB and VBA Program Settings\Tarnell\zvTask'
+switches="$settings\\zvTask"
 dialer=$WINEPREFIX/drive_c/windows/dialer.exe
-passed=0
-failed=0
-demo=
 
-outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
-registry() { ZV_WINE_TIMEOUT=60 wine_run reg "$@" 2>&1 | tr -d '\r'; }
-query() { sqlite3 -batch "$data" ".timeout 5000" "$1"; }
 main() { outside "$1" "frmTaskMain.$2" "${@:3}"; }
-
-# expect NAME COMMAND...: the command succeeds, within some seconds where the system needs time to
-# follow what the user did.
-expect() {
-    local name=$1 end=$((SECONDS + 5))
-    shift
-    until "$@"; do
-        if [ "$SECONDS" -ge "$end" ]; then
-            failed=$((failed + 1))
-            echo "FAIL $name"
-            echo "  windows: $(outside list | tr '\n' ' ')"
-            echo "  keyboard: $(outside focus)"
-            [ -z "${ZV_PICTURES:-}" ] || import -window root "$ZV_PICTURES/failure-$failed.png"
-            return
-        fi
-        sleep 0.1
-    done
-    passed=$((passed + 1))
-}
-appears() { outside wait "$1" 10 >/dev/null; }
-goes() { outside gone "$1" 10 >/dev/null; }
 shows() { main visible "$1" >/dev/null; }
-has_focus() { [ "$(outside focus)" = "$1" ]; }
-text_is() { [ "$(main text "$1")" = "$2" ]; }
-title_is() { [[ "$(outside text "$1")" == *"$2"* ]]; }
-is_checked() { [ "$(main checked "$1")" = 1 ]; }
-# The text may hold * for what does not matter.
-asks() { [[ "$(outside message)" == $1 ]]; }
-rows_are() { [ "$(query "$1")" = "$2" ]; }
-# A tab in a node's text is shown as four no-break spaces, because trees draw no tabs.
-tree() { main tree tvwTask | sed 's/\xc2\xa0\xc2\xa0\xc2\xa0\xc2\xa0/\t/g'; }
-tree_holds() { tree | grep -qF -- "$1"; }
-tree_lacks() { ! tree_holds "$1"; }
 grid_is() { [ "$(main rows Grid1)" = "$1" ]; }
 menu_is_open() { outside menu >/dev/null; }
 image_is_not() { [ "$(main image tvwTask "$1")" != "$2" ]; }
 received() { [ "$(tail -n 1 "$work/received" 2>/dev/null)" = "$1" ]; }
-setting_is() { registry query "$settings" /v "$1" | grep -qE "$1 +REG_SZ +$2\$"; }
+setting_is() { registry query "$switches" /v "$1" | grep -qE "$1 +REG_SZ +$2\$"; }
 process_runs() { timeout 60 "$ZV_WINE" tasklist | grep -qi "$1"; }
 process_is_gone() { ! process_runs "$1"; }
 
-# answer NAME TEXT KEY...: the box says so; the keys close it.
-answer() {
-    local name=$1 text=$2
-    shift 2
-    expect "$name" asks "$text"
-    outside keys "$@"
-}
 # fill CONTROL TEXT: replaces what the box holds.
 fill() {
     main mouse "$1"
@@ -94,23 +47,18 @@ picture() {
     import -window root -crop "$(outside place "$window")" +repage +dither -colors 96 \
         "PNG8:$ZV_PICTURES/$1-$script.png"
 }
-finish() {
-    [ -n "$demo" ] && kill "$demo" 2>/dev/null
+leave() {
+    local verb
     for verb in mailto http; do
         registry import "$(winepath_of "$work")\\$verb.reg" >/dev/null
     done
-    rm -rf "$work" "$dialer"
-    echo "$passed passed, $failed failed"
-    [ "$failed" -eq 0 ]
-    exit
+    rm -f "$dialer"
+    finish
 }
 
 # --- the stage ---
-mkdir -p "$(dirname "$data")"
-expect "the database is made" wine_run "$ZV_BIN/zvdb.exe" create \
-    "$(winepath_of "$work/一天 数据")\\taskAlert.db" >"$work/zvdb.log"
-expect "the host kit registers" wine_register "$ZV_BIN/zv_Host.dll"
-expect "the control registers" wine_register "$ZV_BIN/zv_Task.ocx"
+make_database create
+set_up_workstation
 sqlite3 "$data" <<'SQL'
 insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask'),(10,'mnuZjComp');
 insert into tRsBasic(fCode,fName) values('01','李四'),('02','张三'),('03','陈静');
@@ -128,7 +76,6 @@ insert into tTaskList(TaskID,fType,taskTitle,fContent,taskTime,tDuring1,tDuring2
           (0,0,'收款','','2003-12-29 00:00:00','2003-12-29 00:00:00','2003-12-29 00:00:00'),
           (0,0,'整理样品','','2003-12-29 00:00:00','2003-12-29 00:00:00','2003-12-30 00:00:00');
 SQL
-registry delete "$settings" /f >/dev/null
 cp "$ZV_BIN/zvReceiver.exe" "$dialer"
 receiver=$(winepath_of "$ZV_BIN/zvReceiver.exe")
 # What else opens addresses comes back at the end.
@@ -306,7 +253,7 @@ main mouse cmdExit
 expect "the window closes" goes frmTaskMain
 expect "the birthdays are kept" setting_is StartupBirthDay 5
 expect "the start is kept" setting_is Startup 0
-registry query "$settings" >"$work/settings"
+registry query "$switches" >"$work/settings"
 
 # --- the completion dialog, which asks for a number where none was given ---
 outside mouse 演示主程序.cmdRefresh5
@@ -367,7 +314,7 @@ expect "the start is off" test "$(main checked chkStartup)" = 0
 picture tab-options
 main mouse cmdExit
 expect "the window closes" goes frmTaskMain
-expect "no switch has changed" test "$(registry query "$settings")" = "$(cat "$work/settings")"
+expect "no switch has changed" test "$(registry query "$switches")" = "$(cat "$work/settings")"
 outside mouse 演示主程序.cmdRefresh5
 expect "the dialog opens" appears frmTaskDone
 expect "its title is in Traditional script" title_is frmTaskDone 任務執行完畢
@@ -403,6 +350,6 @@ expect "the items are those of the day" rows_are \
 5|1|华兴公司--拜访记录|0||张三"
 expect "the plans too" rows_are "select TaskID,taskTitle,SetMan from tTaskSet" "1|财务月报|张三"
 expect "no card has changed" rows_are "select count(*),sum(CompCode like 'HX%') from cards" "4|2"
-registry query "HKCU\\Software\\VB and VBA Program Settings\\Tarnell" /s >"$work/all"
+registry query "$settings" /s >"$work/all"
 expect "no other settings were written" test "$(grep -c REG_SZ "$work/all")" = "$(grep -c REG_SZ "$work/settings")"
-finish
+leave
