@@ -87,6 +87,14 @@ void ItemActions::StartAddItem(std::uint8_t kind) {
     window_.SSTab1.SetTab(kind == kGuest ? kCardTab : kItemTab);
     // The cards that the host opened the window for: the visit is to the one that is picked.
     if (card >= 0) window_.cboComp2.SetListIndex(card);
+    FirstEntry(kind, card >= 0).SetFocus();
+}
+
+forms::Control& ItemActions::FirstEntry(std::uint8_t kind, bool hasCard) const {
+    if (kind != kGuest) return window_.txtTitle2;
+    // A visit begins with its customer, whose name the title is proposed from.
+    if (hasCard) return window_.cboComp2;
+    return window_.txtCompSeek;
 }
 
 void ItemActions::StartChangeItem(std::uint8_t kind) {

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "forms/control.h"
+
 namespace zv::mainwindow {
 
 class frmTaskMain;
@@ -29,6 +31,8 @@ class ItemActions {
     void Dispatch(std::int16_t index);
     void OpenEditor(std::uint8_t kind, std::uint8_t mode);
     void LockEditor();
+    /// Where the input of a new item begins.
+    forms::Control& FirstEntry(std::uint8_t kind, bool hasCard) const;
     std::string DeleteQuestion(bool plan) const;
     void RemoveNode(std::int32_t id);
 

@@ -139,6 +139,25 @@ TEST_F(Actions, AVisitInCardModeKeepsThePickedCard) {
     EXPECT_EQ(window.cboComp2.ListIndex(), 0);
 }
 
+TEST_F(Actions, AnAddPutsTheKeyboardWhereTheInputBegins) {
+    frmTaskMain& window = Open();
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    EXPECT_TRUE(window.txtTitle2.HasFocus());
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    EXPECT_TRUE(window.txtCompSeek.HasFocus());
+    stage.user.Choose(window.menus.mnuDailyAdd);
+    EXPECT_TRUE(window.txtTitle2.HasFocus());
+    EXPECT_EQ(window.txtTitle2.Text(), "");
+}
+
+TEST_F(Actions, AVisitInCardModeBeginsWithThePickedCard) {
+    frmTaskMain& window = Open(kCardMode);
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    EXPECT_TRUE(window.cboComp2.HasFocus());
+    stage.user.Leave(window.cboComp2);
+    EXPECT_EQ(window.txtTitle2.Text(), "某公司--拜访记录");
+}
+
 TEST_F(Actions, AnItemCanBeAddedWhilePlansAreShown) {
     frmTaskMain& window = OpenPlans();
     ClickNode("Z7");
