@@ -26,20 +26,23 @@ class AgreeingDialogs : public NoDialogs {
 class Copy {
  public:
     explicit Copy(const std::string& path) : path_(path + ".written") {
-        namespace fs = std::filesystem;
-        fs::copy_file(path, path_, fs::copy_options::overwrite_existing);
+        Remove();
+        std::filesystem::copy_file(path, path_);
     }
-    ~Copy() {
-        std::error_code ignored;
-        for (const char* suffix : {"", "-wal", "-shm"}) {
-            std::filesystem::remove(path_ + suffix, ignored);
-        }
-    }
+    ~Copy() { Remove(); }
     Copy(const Copy&) = delete;
     Copy& operator=(const Copy&) = delete;
     const std::string& Path() const { return path_; }
 
  private:
+    // A run that was broken off may have left one.
+    void Remove() const {
+        std::error_code ignored;
+        for (const char* suffix : {"", "-wal", "-shm"}) {
+            std::filesystem::remove(path_ + suffix, ignored);
+        }
+    }
+
     std::string path_;
 };
 
