@@ -2,12 +2,12 @@
 //
 // Two floors: the whole table scanned by the bare engine, and one short range of an index that
 // holds all columns, for which the greatest width of a window must be known beforehand.
-#include <cstdio>
 #include <cstdlib>
 
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
+#include "program.h"
 #include "stage.h"
 
 namespace {
@@ -73,19 +73,8 @@ void Measure(const std::string& path, const std::string& floorPath, int due, int
 }  // namespace
 
 int main(int count, char** values) {
-    if (count != 5) {
-        std::fprintf(stderr, "zvbench_alert FILE FLOORFILE DUE RUNS\n");
-        return 2;
-    }
-    try {
-        Measure(values[1], values[2], std::atoi(values[3]), std::atoi(values[4]));
-        return 0;
-    } catch (const zv::RuntimeError& error) {
-        std::fprintf(stderr, "zvbench_alert: error %d %s\n", static_cast<int>(error.Number()),
-                     error.Text().c_str());
-        return 1;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "zvbench_alert: %s\n", error.what());
-        return 1;
-    }
+    return zv::bench::RunProgram(count, values, "zvbench_alert FILE FLOORFILE DUE RUNS",
+                                 [](const zv::bench::Arguments& a) {
+                                     Measure(a[0], a[1], std::stoi(a[2]), std::stoi(a[3]));
+                                 });
 }

@@ -1,12 +1,11 @@
 // The birthday list, without a display: zvbench_birthdays FILE RUNS.
 //
 // The floor is the same question put to the bare engine with its own functions.
-#include <cstdio>
-#include <cstdlib>
 
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
+#include "program.h"
 #include "stage.h"
 
 namespace {
@@ -53,19 +52,7 @@ void Measure(const std::string& path, int runs) {
 }  // namespace
 
 int main(int count, char** values) {
-    if (count != 3) {
-        std::fprintf(stderr, "zvbench_birthdays FILE RUNS\n");
-        return 2;
-    }
-    try {
-        Measure(values[1], std::atoi(values[2]));
-        return 0;
-    } catch (const zv::RuntimeError& error) {
-        std::fprintf(stderr, "zvbench_birthdays: error %d %s\n", static_cast<int>(error.Number()),
-                     error.Text().c_str());
-        return 1;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "zvbench_birthdays: %s\n", error.what());
-        return 1;
-    }
+    return zv::bench::RunProgram(
+        count, values, "zvbench_birthdays FILE RUNS",
+        [](const zv::bench::Arguments& a) { Measure(a[0], std::stoi(a[1])); });
 }

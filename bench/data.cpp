@@ -4,12 +4,12 @@
 //   cards_N.db      sample data with N cards
 //   alert_N_K.db    the same, but exactly K items are due on the day of the benchmarks
 //   floor_N_K.db    the items of alert_N_K.db under one index that begins with the window
-#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <string>
 
 #include "bench_day.h"
+#include "program.h"
 #include "zvdb/engine.h"
 #include "zvdb/sample.h"
 
@@ -105,16 +105,9 @@ void Make(const std::string& folder) {
 }  // namespace
 
 int main(int count, char** values) {
-    if (count != 2) {
-        std::fprintf(stderr, "zvbench_data FOLDER\n");
-        return 2;
-    }
-    try {
-        fs::create_directories(values[1]);
-        Make(values[1]);
-        return 0;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "zvbench_data: %s\n", error.what());
-        return 1;
-    }
+    return zv::bench::RunProgram(count, values, "zvbench_data FOLDER",
+                                 [](const zv::bench::Arguments& a) {
+                                     fs::create_directories(a[0]);
+                                     Make(a[0]);
+                                 });
 }

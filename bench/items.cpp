@@ -3,7 +3,6 @@
 //
 // The floors are the same statements on the bare engine. What writes, writes to a copy of the
 // database; ours and the floor both wait for the disk then.
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -13,6 +12,7 @@
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
+#include "program.h"
 #include "stage.h"
 
 namespace {
@@ -235,35 +235,18 @@ void MeasureSearch(const std::string& path, int runs) {
             "(CompCode like '%" + part + "%' or CompName like '%" + part + "%') and CompName<>''");
 }
 
-int Usage() {
-    std::fprintf(stderr, "zvbench_items show|delete|save|search FILE RUNS\n");
-    return 2;
+void MeasureNamed(const std::string& what, const std::string& path, int runs) {
+    if (what == "show") return MeasureShow(path, runs);
+    if (what == "delete") return MeasureDelete(path, runs);
+    if (what == "save") return MeasureSave(path, runs);
+    if (what == "search") return MeasureSearch(path, runs);
+    throw std::invalid_argument("show, delete, save or search, not " + what);
 }
 
 }  // namespace
 
 int main(int count, char** values) {
-    if (count != 4) return Usage();
-    const std::string what = values[1];
-    const int runs = std::atoi(values[3]);
-    try {
-        if (what == "show")
-            MeasureShow(values[2], runs);
-        else if (what == "delete")
-            MeasureDelete(values[2], runs);
-        else if (what == "save")
-            MeasureSave(values[2], runs);
-        else if (what == "search")
-            MeasureSearch(values[2], runs);
-        else
-            return Usage();
-        return 0;
-    } catch (const zv::RuntimeError& error) {
-        std::fprintf(stderr, "zvbench_items: error %d %s\n", static_cast<int>(error.Number()),
-                     error.Text().c_str());
-        return 1;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "zvbench_items: %s\n", error.what());
-        return 1;
-    }
+    return zv::bench::RunProgram(
+        count, values, "zvbench_items show|delete|save|search FILE RUNS",
+        [](const zv::bench::Arguments& a) { MeasureNamed(a[0], a[1], std::stoi(a[2])); });
 }

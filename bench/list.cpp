@@ -1,11 +1,9 @@
 // Filling the tree with every item of a database, without a display: zvbench_list FILE RUNS.
-#include <cstdio>
-#include <cstdlib>
-
 #include "floors/bare_tree.h"
 #include "floors/list_fill.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
+#include "program.h"
 #include "stage.h"
 
 namespace {
@@ -59,15 +57,7 @@ void Measure(const std::string& path, int runs) {
 }  // namespace
 
 int main(int count, char** values) {
-    if (count != 3) {
-        std::fprintf(stderr, "zvbench_list FILE RUNS\n");
-        return 2;
-    }
-    try {
-        Measure(values[1], std::atoi(values[2]));
-        return 0;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "zvbench_list: %s\n", error.what());
-        return 1;
-    }
+    return zv::bench::RunProgram(
+        count, values, "zvbench_list FILE RUNS",
+        [](const zv::bench::Arguments& a) { Measure(a[0], std::stoi(a[1])); });
 }

@@ -2,13 +2,13 @@
 //
 // The floor is the one statement on the bare engine, prepared once as ours is; both wait for the
 // disk. A copy of the database is written to.
-#include <cstdio>
 #include <cstdlib>
 
 #include "copies.h"
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
+#include "program.h"
 #include "stage.h"
 
 namespace {
@@ -74,19 +74,7 @@ void Measure(const std::string& path, int runs) {
 }  // namespace
 
 int main(int count, char** values) {
-    if (count != 3) {
-        std::fprintf(stderr, "zvbench_mark FILE RUNS\n");
-        return 2;
-    }
-    try {
-        Measure(values[1], std::atoi(values[2]));
-        return 0;
-    } catch (const zv::RuntimeError& error) {
-        std::fprintf(stderr, "zvbench_mark: error %d %s\n", static_cast<int>(error.Number()),
-                     error.Text().c_str());
-        return 1;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "zvbench_mark: %s\n", error.what());
-        return 1;
-    }
+    return zv::bench::RunProgram(
+        count, values, "zvbench_mark FILE RUNS",
+        [](const zv::bench::Arguments& a) { Measure(a[0], std::stoi(a[1])); });
 }

@@ -3,8 +3,6 @@
 // the plan editor from its opening until it takes input, without a display.
 #include <sqlite3.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 
@@ -12,6 +10,7 @@
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
+#include "program.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/task_generation.h"
@@ -229,19 +228,7 @@ void Measure(const std::string& folder, int runs) {
 }  // namespace
 
 int main(int count, char** values) {
-    if (count != 3) {
-        std::fprintf(stderr, "zvbench_plans FOLDER RUNS\n");
-        return 2;
-    }
-    try {
-        Measure(values[1], std::atoi(values[2]));
-        return 0;
-    } catch (const zv::RuntimeError& error) {
-        std::fprintf(stderr, "zvbench_plans: error %d %s\n", static_cast<int>(error.Number()),
-                     error.Text().c_str());
-        return 1;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "zvbench_plans: %s\n", error.what());
-        return 1;
-    }
+    return zv::bench::RunProgram(
+        count, values, "zvbench_plans FOLDER RUNS",
+        [](const zv::bench::Arguments& a) { Measure(a[0], std::stoi(a[1])); });
 }
