@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/number.h"
+#include "forms/field_keys.h"
 #include "mainwindow/frm_task_main.h"
 
 namespace zv::mainwindow {
@@ -72,9 +73,7 @@ void AlertSettings::txtTimeSet_GotFocus() {
 }
 
 void AlertSettings::txtTimeSet_KeyDown(forms::KeyEvent& event) {
-    if (event.code != forms::key::kEnter) return;
-    window_.MoveFocus(+1);
-    event.code = 0;
+    forms::MoveOnEnter(window_, event);
 }
 
 void AlertSettings::txtTimeSet_LostFocus() {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/number.h"
+#include "forms/field_keys.h"
 #include "mainwindow/frm_task_main.h"
 
 namespace zv::mainwindow {
@@ -125,9 +126,7 @@ void Birthdays::txtBirthDay0_Validate() {
 }
 
 void Birthdays::txtBirthDay0_KeyDown(forms::KeyEvent& event) {
-    if (event.code != forms::key::kEnter) return;
-    event.code = 0;
-    window_.MoveFocus(+1);
+    forms::MoveOnEnter(window_, event);
 }
 
 }  // namespace zv::mainwindow

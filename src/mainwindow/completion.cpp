@@ -5,8 +5,8 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "mainwindow/frm_task_main.h"
+#include "mainwindow/rights.h"
 #include "scheduling/task_generation.h"
-#include "session/module_gate.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -97,21 +97,12 @@ void Completion::SetNodeState(char stateDigit) {
 }
 
 void Completion::cmdTaskOK_Click() {
-    const bool cards = window_.state.startMode == kCardMode;
-    if (CheckModule(window_.session, cards ? "mnuCardPlan" : "mnuToolTask", kCompletionRight, 0) >
-        0) {
-        SetItemState(0);
-    } else {
-        window_.session.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
-    }
+    if (HasRightToItems(window_, kCompletionRight)) SetItemState(0);
 }
 
 void Completion::cmdTaskOK_MouseDown(const forms::MouseEvent& event) {
     if (event.button != forms::MouseButton::Right) return;
-    if (CheckModule(window_.session, "mnuZjComp", kCompletionRight, 0) < 1) {
-        window_.session.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
-        return;
-    }
+    if (!HasRight(window_, "mnuZjComp", kCompletionRight)) return;
     const forms::Rect& bar = window_.fraTop.Bounds();
     const forms::Rect& button = window_.cmdTaskOK.Bounds();
     window_.PopupMenu(window_.menus.mnuDone, bar.left + button.left, bar.top + button.Bottom());

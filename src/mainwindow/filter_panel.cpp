@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "forms/field_keys.h"
 #include "mainwindow/frm_task_main.h"
 #include "session/text_checks.h"
 
@@ -84,14 +85,7 @@ void FilterPanel::FollowUser(const forms::CheckBox& box, forms::TextBox& text) {
 }
 
 void FilterPanel::TextKeyDown(forms::KeyEvent& event) {
-    if (event.code == forms::key::kEnter || event.code == forms::key::kDown) {
-        window_.MoveFocus(+1);
-    } else if (event.code == forms::key::kUp) {
-        window_.MoveFocus(-1);
-    } else {
-        return;
-    }
-    event.code = 0;
+    forms::MoveOnEnterAndArrows(window_, event);
 }
 
 void FilterPanel::ValidateText(const forms::TextBox& text, bool& cancel) {

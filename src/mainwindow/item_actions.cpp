@@ -3,7 +3,7 @@
 #include <array>
 
 #include "mainwindow/frm_task_main.h"
-#include "session/module_gate.h"
+#include "mainwindow/rights.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -46,11 +46,7 @@ void ItemActions::Wire() {
 
 void ItemActions::cmdAction_Click(std::int16_t index) {
     MainState& state = window_.state;
-    const char* const module = state.startMode == kCardMode ? "mnuCardPlan" : "mnuToolTask";
-    if (CheckModule(window_.session, module, index, 0) < 1) {
-        window_.session.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
-        return;
-    }
+    if (!HasRightToItems(window_, index)) return;
     // A plan, and a change without an item, open no edit; what is open goes on.
     struct Settle {
         MainState& state;

@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "forms/field_keys.h"
 #include "mainwindow/frm_task_main.h"
 
 namespace zv::mainwindow {
@@ -19,9 +20,7 @@ void SelectRow(forms::ComboBox& list, std::int32_t row) {
 
 void EnterMovesOn(forms::Control& control) {
     control.onKeyDown = [&control](forms::KeyEvent& event) {
-        if (event.code != forms::key::kEnter) return;
-        control.Owner().MoveFocus(+1);
-        event.code = 0;
+        forms::MoveOnEnter(control.Owner(), event);
     };
 }
 

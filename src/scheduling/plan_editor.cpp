@@ -5,6 +5,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "forms/field_keys.h"
 #include "scheduling/plan_editor_layout.h"
 #include "scheduling/staff_list.h"
 #include "scheduling/task_generation.h"
@@ -113,27 +114,16 @@ void frmTaskSet::Wire() {
 
 // In entry fields Enter and the arrows work like Tab and Shift+Tab.
 void frmTaskSet::WireKeys() {
-    const auto move = [this](forms::KeyEvent& event, int direction) {
-        event.code = 0;
-        MoveFocus(direction);
-    };
     for (forms::TextBox* box : {&txtTaskID, &txtTaskTitle, &txtCircleValue, &txtMonth, &txtDay,
                                 &txtUpDown, &txtSetMan, &txtDoneMan, &txtTaskCon}) {
-        box->onKeyDown = [move](forms::KeyEvent& event) {
-            if (event.control) return;
-            if (event.code == forms::key::kEnter || event.code == forms::key::kDown) {
-                move(event, +1);
-            } else if (event.code == forms::key::kUp) {
-                move(event, -1);
-            }
+        box->onKeyDown = [this](forms::KeyEvent& event) {
+            if (!event.control) forms::MoveOnEnterAndArrows(*this, event);
         };
     }
     const std::initializer_list<forms::Control*> choices{&dateBegin, &dateEnd, &cobCircleType,
                                                          &cobWeek};
     for (forms::Control* control : choices) {
-        control->onKeyDown = [move](forms::KeyEvent& event) {
-            if (event.code == forms::key::kEnter) move(event, +1);
-        };
+        control->onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(*this, event); };
     }
 }
 

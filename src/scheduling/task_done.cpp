@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/number.h"
+#include "forms/field_keys.h"
 #include "scheduling/row_layout.h"
 #include "scheduling/task_generation.h"
 
@@ -57,20 +58,10 @@ frmTaskDone::frmTaskDone(forms::WindowSystem& windows, Session& session)
 
 void frmTaskDone::WireKeys() {
     txtTitle.onKeyDown = [this](forms::KeyEvent& event) {
-        const int direction = event.code == forms::key::kEnter || event.code == forms::key::kDown
-                                  ? +1
-                              : event.code == forms::key::kUp ? -1
-                                                              : 0;
-        if (direction == 0) return;
-        event.code = 0;
-        MoveFocus(direction);
+        forms::MoveOnEnterAndArrows(*this, event);
     };
     // The arrows count in a date.
-    DTPicker1.onKeyDown = [this](forms::KeyEvent& event) {
-        if (event.code != forms::key::kEnter) return;
-        event.code = 0;
-        MoveFocus(+1);
-    };
+    DTPicker1.onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(*this, event); };
 }
 
 void frmTaskDone::TaskType(std::int16_t type) {
