@@ -1,0 +1,27 @@
+#include "reports/field_captions.h"
+
+namespace zv::reports {
+
+std::vector<FieldCaption> ReadFieldCaptions(Session& session) {
+    const std::string column = "FieldName_" + std::to_string(session.state.Language);
+    session.EnsureConnection();
+    std::vector<FieldCaption> captions;
+    try {
+        const auto rows = session.database.Open(
+            "select FieldName," + column +
+            " from rptListDetail Where fTable='ttasklist' And FieldType>-1 Order by fieldID");
+        for (; !rows->Eof(); rows->MoveNext()) {
+            captions.push_back({rows->Field(0).ToText(), rows->Field(1).ToText()});
+        }
+        rows->Close();
+    } catch (const RuntimeError& error) {
+        if (error.Number() != ErrorNumber::DatabaseTable &&
+            error.Number() != ErrorNumber::DatabaseColumn &&
+            error.Number() != ErrorNumber::DatabaseStatement) {
+            throw;
+        }
+    }
+    return captions;
+}
+
+}  // namespace zv::reports

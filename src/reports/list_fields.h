@@ -1,0 +1,28 @@
+// The fields of an item that lists and queries offer to the user.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/session.h"
+
+namespace zv::reports {
+
+/// What a field holds, and so how it is compared and shown.
+enum class FieldKind { Text, Number, Date, ItemKind, State };
+
+struct ListField {
+    std::string field;    ///< of tTaskList
+    std::string caption;  ///< never empty
+    FieldKind kind = FieldKind::Text;
+};
+
+/// The fields in the order and under the captions of rptListDetail. A field without a caption there
+/// keeps that of the windows, or its own name; a name that is no plain identifier and a name given
+/// twice are left out. A database that describes no field yields those that the windows show.
+std::vector<ListField> ReadListFields(Session& session);
+
+FieldKind KindOfField(std::string_view field);
+
+}  // namespace zv::reports

@@ -1,0 +1,62 @@
+#include "reports/list_layout.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/text.h"
+#include "resources/settings.h"
+
+namespace zv::reports {
+namespace {
+
+constexpr std::string_view kLayoutKey = "PrintColumns";
+// As many as a page in landscape holds without crowding.
+constexpr std::array<std::string_view, 7> kUsual = {"taskTime", "taskTitle", "fContent", "tDoneMan",
+                                                    "fUser",    "fType",     "tDone"};
+
+void Take(std::vector<ListField>& chosen, std::string_view name,
+          const std::vector<ListField>& offered) {
+    const auto named = [name](const ListField& field) {
+        return text::EqualsIgnoreCase(field.field, name);
+    };
+    const auto found = std::find_if(offered.begin(), offered.end(), named);
+    if (found != offered.end() && std::none_of(chosen.begin(), chosen.end(), named)) {
+        chosen.push_back(*found);
+    }
+}
+
+}  // namespace
+
+std::vector<ListField> FieldsOfLayout(std::string_view layout,
+                                      const std::vector<ListField>& offered) {
+    std::vector<ListField> chosen;
+    while (!layout.empty()) {
+        const auto comma = std::min(layout.find(','), layout.size());
+        Take(chosen, layout.substr(0, comma), offered);
+        layout.remove_prefix(std::min(comma + 1, layout.size()));
+    }
+    if (chosen.empty()) {
+        for (const std::string_view name : kUsual) Take(chosen, name, offered);
+    }
+    return chosen.empty() ? offered : chosen;
+}
+
+std::string KeptLayout(const Session& session) {
+    return session.GetSetting(resources::kTaskSection, kLayoutKey, "");
+}
+
+void KeepLayout(Session& session, const std::string& layout) {
+    if (layout == KeptLayout(session)) return;
+    session.SaveSetting(resources::kTaskSection, kLayoutKey, layout);
+}
+
+std::vector<ListColumn> ChosenColumns(Session& session) {
+    std::vector<ListColumn> columns;
+    for (ListField& field : FieldsOfLayout(KeptLayout(session), ReadListFields(session))) {
+        columns.push_back({std::move(field.field), std::move(field.caption)});
+    }
+    return columns;
+}
+
+}  // namespace zv::reports
