@@ -29,6 +29,9 @@ class StillMachine : public platform::Clock,
     void Start(const std::string&) override {}
     void SendKeys(const std::string&) override {}
     bool FileExists(const std::string&) const override { return false; }
+    std::unique_ptr<platform::OutputFile> Create(const std::string& path) override {
+        throw std::runtime_error("a file to write: " + path);
+    }
     std::string ApplicationFolder() const override { return "."; }
     void Run(const platform::ModuleStart&) override {}
 

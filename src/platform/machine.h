@@ -3,6 +3,7 @@
 // told what to answer.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -40,9 +41,24 @@ class Shell {
     virtual void SendKeys(const std::string& keys) = 0;
 };
 
+/// A file being written. What stood under its name stays untouched until Commit; without one,
+/// nothing remains of it. Its operations throw RuntimeError with the system's reason and the path:
+/// 61 no room left, 70 not allowed or in use, 75 otherwise.
+class OutputFile {
+ public:
+    virtual ~OutputFile() = default;
+    /// Appends. Every call reaches the system: hand over large pieces.
+    virtual void Write(std::string_view bytes) = 0;
+    /// On disk and under its name when this returns. Ends the writing.
+    virtual void Commit() = 0;
+};
+
 class FileSystem {
  public:
     virtual ~FileSystem() = default;
+    /// Begins a file that will replace the one of that name. Throws like OutputFile, also for a
+    /// file that Commit could not replace as it stands now, and 76 for a folder that is not there.
+    virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
     /// A file (not a folder) of that name exists.
     virtual bool FileExists(const std::string& path) const = 0;
     /// Folder of the control's own file, without a backslash at its end unless it is a root.

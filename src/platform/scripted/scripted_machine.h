@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,10 @@ class ScriptedFiles : public FileSystem {
  public:
     explicit ScriptedFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
     bool FileExists(const std::string& path) const override;
+    std::unique_ptr<OutputFile> Create(const std::string& path) override;
+    /// The room that is left for all files together; nothing: as much as there is. Writing beyond
+    /// it is error 61.
+    std::optional<std::size_t> room;
     std::string ApplicationFolder() const override;
     /// The place that a path of the played system stands for on this one.
     std::filesystem::path Resolve(std::string_view path) const;

@@ -1,6 +1,7 @@
 // The machine port answered by Windows.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/machine.h"
@@ -31,6 +32,7 @@ class SystemShell final : public Shell {
 class SystemFiles final : public FileSystem {
  public:
     bool FileExists(const std::string& path) const override;
+    std::unique_ptr<OutputFile> Create(const std::string& path) override;
     std::string ApplicationFolder() const override;
 };
 

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "base/errors.h"
@@ -49,6 +52,95 @@ TEST(SystemFiles, FindsFilesButNotFolders) {
     EXPECT_FALSE(files.FileExists(self.substr(0, self.find_last_of('\\'))));
     EXPECT_FALSE(files.FileExists(self + ".missing"));
     EXPECT_FALSE(files.FileExists(""));
+}
+
+/// A folder of its own below the temporary one, ended by a backslash.
+class OutputFolder {
+ public:
+    OutputFolder()
+        : path_(std::filesystem::temp_directory_path() /
+                ("zv-output-" + std::to_string(GetCurrentProcessId()))) {
+        std::filesystem::create_directories(path_);
+    }
+    ~OutputFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    std::string Path(const std::string& name) const {
+        const std::u8string folder = path_.u8string();
+        return std::string(folder.begin(), folder.end()) + "\\" + name;
+    }
+    std::filesystem::path File(const char* name) const { return path_ / name; }
+    std::ptrdiff_t Count() const {
+        return std::distance(std::filesystem::directory_iterator(path_), {});
+    }
+
+ private:
+    std::filesystem::path path_;
+};
+
+std::string Content(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+template <typename Act>
+ErrorNumber NumberOfFailure(Act act, const std::string& path) {
+    try {
+        act();
+    } catch (const RuntimeError& error) {
+        EXPECT_NE(error.Text().find("\r\n" + path), std::string::npos) << error.Text();
+        return error.Number();
+    }
+    return {};
+}
+
+TEST(SystemFiles, AFileAppearsUnderItsNameWithItsCommit) {
+    const OutputFolder folder;
+    SystemFiles files;
+    const auto file = files.Create(folder.Path("清单.csv"));
+    file->Write("a");
+    file->Write("b");
+    EXPECT_FALSE(files.FileExists(folder.Path("清单.csv")));
+    file->Commit();
+    EXPECT_TRUE(files.FileExists(folder.Path("清单.csv")));
+    EXPECT_EQ(folder.Count(), 1);
+}
+
+TEST(SystemFiles, ACommitReplacesAndWithoutOneNothingIsLost) {
+    const OutputFolder folder;
+    std::ofstream(folder.File("t.csv")) << "old and longer";
+    SystemFiles files;
+    files.Create(folder.Path("t.csv"))->Write("dropped");
+    EXPECT_EQ(Content(folder.File("t.csv")), "old and longer");
+    const auto file = files.Create(folder.Path("t.csv"));
+    file->Write("new");
+    file->Commit();
+    EXPECT_EQ(Content(folder.File("t.csv")), "new");
+    EXPECT_EQ(folder.Count(), 1);
+}
+
+TEST(SystemFiles, WritingFailsWithTheClassicNumbersTheReasonAndThePath) {
+    const OutputFolder folder;
+    SystemFiles files;
+    const std::string missing = folder.Path("none\\t.csv");
+    EXPECT_EQ(NumberOfFailure([&] { files.Create(missing); }, missing), ErrorNumber::PathNotFound);
+    const std::string taken = folder.Path("sub");
+    std::filesystem::create_directory(folder.File("sub"));
+    EXPECT_EQ(NumberOfFailure([&] { files.Create(taken); }, taken), ErrorNumber::PermissionDenied);
+}
+
+TEST(SystemFiles, AFileInUseIsToldBeforeTheWork) {
+    const OutputFolder folder;
+    std::ofstream(folder.File("t.csv")) << "old";
+    const HANDLE inUse = CreateFileW(folder.File("t.csv").c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                     nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(inUse, INVALID_HANDLE_VALUE);
+    SystemFiles files;
+    const std::string path = folder.Path("t.csv");
+    EXPECT_EQ(NumberOfFailure([&] { files.Create(path); }, path), ErrorNumber::PermissionDenied);
+    CloseHandle(inUse);
+    EXPECT_EQ(Content(folder.File("t.csv")), "old");
 }
 
 TEST(SystemFiles, ApplicationFolderIsThatOfTheOwnFileWithoutBackslash) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <functional>
+#include <iterator>
 
 #include "base/errors.h"
 #include "temporary_folder.h"
@@ -111,6 +113,64 @@ TEST(ScriptedFiles, RelativeNamesStartInTheFolder) {
     EXPECT_TRUE(files.FileExists(files.ApplicationFolder() + "\\数据\\t 1.mdb"));
     EXPECT_FALSE(files.FileExists("t 1.mdb"));
     EXPECT_FALSE(files.FileExists(""));
+}
+
+std::string Content(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+ErrorNumber NumberOfFailure(const std::function<void()>& act, std::string_view path) {
+    try {
+        act();
+    } catch (const RuntimeError& error) {
+        EXPECT_NE(error.Text().find(path), std::string::npos) << error.Text();
+        return error.Number();
+    }
+    return {};
+}
+
+TEST(ScriptedFiles, AFileAppearsUnderItsNameWithItsCommit) {
+    test::TemporaryFolder folder;
+    ScriptedFiles files(folder.Path());
+    const auto file = files.Create("清单.csv");
+    file->Write("a");
+    file->Write("b");
+    EXPECT_FALSE(files.FileExists("清单.csv"));
+    file->Commit();
+    EXPECT_EQ(Content(folder / "清单.csv"), "ab");
+}
+
+TEST(ScriptedFiles, WithoutACommitNothingIsLostAndNothingLeft) {
+    test::TemporaryFolder folder;
+    std::ofstream(folder / "t.csv") << "old";
+    ScriptedFiles files(folder.Path());
+    files.Create("t.csv")->Write("new");
+    EXPECT_EQ(Content(folder / "t.csv"), "old");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+
+TEST(ScriptedFiles, ACommitReplacesTheFileOfThatName) {
+    test::TemporaryFolder folder;
+    std::ofstream(folder / "t.csv") << "old and longer";
+    ScriptedFiles files(folder.Path());
+    const auto file = files.Create("t.csv");
+    file->Write("new");
+    file->Commit();
+    EXPECT_EQ(Content(folder / "t.csv"), "new");
+}
+
+TEST(ScriptedFiles, WritingFailsWithTheClassicNumbersAndThePath) {
+    test::TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "sub");
+    ScriptedFiles files(folder.Path());
+    EXPECT_EQ(NumberOfFailure([&] { files.Create("none\\t.csv"); }, "none\\t.csv"),
+              ErrorNumber::PathNotFound);
+    EXPECT_EQ(NumberOfFailure([&] { files.Create("sub"); }, "sub"), ErrorNumber::PathFileAccess);
+    files.room = 3;
+    const auto file = files.Create("t.csv");
+    file->Write("ab");
+    EXPECT_EQ(NumberOfFailure([&] { file->Write("cd"); }, "t.csv"), ErrorNumber::DiskFull);
 }
 
 TEST(ScriptedFiles, AFolderIsNoFile) {

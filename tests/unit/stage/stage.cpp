@@ -26,6 +26,29 @@ std::filesystem::path NewFolder() {
 
 }  // namespace
 
+namespace {
+
+class FileInMemory : public platform::OutputFile {
+ public:
+    FileInMemory(Files& files, std::string path) : files_(files), path_(std::move(path)) {}
+    void Write(std::string_view bytes) override {
+        if (!files_.failing.empty()) throw RuntimeError(ErrorNumber::DiskFull, files_.failing);
+        bytes_ += bytes;
+    }
+    void Commit() override { files_.written[path_] = bytes_; }
+
+ private:
+    Files& files_;
+    std::string path_;
+    std::string bytes_;
+};
+
+}  // namespace
+
+std::unique_ptr<platform::OutputFile> Files::Create(const std::string& path) {
+    return std::make_unique<FileInMemory>(*this, path);
+}
+
 std::string Settings::Get(std::string_view application, std::string_view section,
                           std::string_view key, std::string_view fallback) const {
     if (application != resources::kApplication) return std::string(fallback);

@@ -53,8 +53,12 @@ class Files : public platform::FileSystem {
     bool FileExists(const std::string& path) const override {
         return std::filesystem::is_regular_file(path);
     }
+    std::unique_ptr<platform::OutputFile> Create(const std::string& path) override;
     std::string ApplicationFolder() const override { return folder; }
     std::string folder = "C:\\App";
+    /// Committed files by their paths; none is on disk.
+    std::map<std::string, std::string> written;
+    std::string failing;  ///< not empty: nothing can be written, with this text
 };
 
 class Modules : public platform::ModuleRunner {
