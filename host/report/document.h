@@ -1,0 +1,43 @@
+// What a report shows, before anything is laid out on pages.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/date_time.h"
+
+namespace zv::report {
+
+/// A value of the item report under its caption.
+struct Field {
+    std::string key;  ///< empty when the client named none
+    std::string caption;
+    std::string text;
+};
+
+struct Column {
+    std::string heading;
+    double width = 0;  ///< wished, in points; 0: as the contents need
+};
+
+struct Table {
+    std::vector<Column> columns;
+    std::vector<std::vector<std::string>> rows;  ///< a cell for each column
+};
+
+enum class DocumentKind { Item, Table };
+
+struct Document {
+    DocumentKind kind = DocumentKind::Table;
+    std::string company;  ///< heading line for printed lists
+    std::string title;
+    std::string subtitle;
+    std::string user;
+    DateTime printed;
+    std::int16_t language = 0;  ///< 1 Traditional, any other Simplified
+    std::vector<Field> fields;  ///< of an item report
+    Table table;                ///< of a list or a grid
+};
+
+}  // namespace zv::report

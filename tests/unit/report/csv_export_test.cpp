@@ -1,0 +1,42 @@
+#include "report/csv_export.h"
+
+#include <gtest/gtest.h>
+
+#include "report_stage.h"
+
+namespace zv::report {
+namespace {
+
+class TextFile final : public platform::OutputFile {
+ public:
+    void Write(std::string_view bytes) override { text += bytes; }
+    void Commit() override {}
+    std::string text;
+};
+
+constexpr char kMark[] = "\xEF\xBB\xBF";
+
+TEST(WriteCsv, ATableIsHeadingsAndRows) {
+    TextFile file;
+    Document document = ListOf(1);
+    document.table.rows[0][1] = "甲, 乙";
+    EXPECT_TRUE(WriteCsv(document, file));
+    EXPECT_EQ(file.text,
+              std::string(kMark) + "编号,主题,日期,执行人\r\n1,\"甲, 乙\",2003-03-07,李四\r\n");
+}
+
+TEST(WriteCsv, AnItemIsARowForEachField) {
+    TextFile file;
+    EXPECT_TRUE(WriteCsv(ItemOf({{"TaskTitle", "主题", "拜访"}, {"", "备注", ""}}), file));
+    EXPECT_EQ(file.text, std::string(kMark) + "主题,拜访\r\n备注,\r\n");
+}
+
+TEST(WriteCsv, CanBeStopped) {
+    TextFile file;
+    int told = 0;
+    EXPECT_FALSE(WriteCsv(ListOf(2000), file, [&](int, int) { return ++told < 3; }));
+    EXPECT_EQ(told, 3);
+}
+
+}  // namespace
+}  // namespace zv::report

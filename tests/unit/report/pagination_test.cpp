@@ -1,0 +1,87 @@
+#include "report/pagination.h"
+
+#include <gtest/gtest.h>
+
+namespace zv::report {
+namespace {
+
+constexpr RowHeights kHeights{10, 2};
+
+std::vector<std::vector<Fragment>> Pages(const std::vector<std::size_t>& lines, PageRoom room) {
+    return Paginate(
+        lines.size(), [&](std::size_t row) { return lines[row]; }, room, kHeights);
+}
+
+TEST(Paginate, RowsFollowOneAnotherUntilAPageIsFull) {
+    const auto pages = Pages({1, 1, 1, 1, 1}, {36, 24});
+    ASSERT_EQ(pages.size(), 2u);
+    EXPECT_EQ(pages[0].size(), 3u);
+    EXPECT_EQ(pages[1].size(), 2u);
+    EXPECT_EQ(pages[1][0].row, 3u);
+}
+
+TEST(Paginate, NoRowsAreOnePage) {
+    const auto pages = Pages({}, {36, 36});
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_TRUE(pages[0].empty());
+}
+
+TEST(Paginate, ARowThatDoesNotFitTheRestMovesWhole) {
+    const auto pages = Pages({3, 4}, {60, 60});
+    ASSERT_EQ(pages.size(), 2u);
+    EXPECT_EQ(pages[1][0].lines, 4u);
+    EXPECT_FALSE(pages[1][0].isContinued);
+}
+
+TEST(Paginate, ARowTallerThanAPageIsSplitWithMarks) {
+    const auto pages = Pages({20}, {102, 102});
+    ASSERT_EQ(pages.size(), 3u);
+    EXPECT_FALSE(pages[0][0].isContinued);
+    EXPECT_TRUE(pages[0][0].continues);
+    EXPECT_TRUE(pages[1][0].isContinued);
+    EXPECT_TRUE(pages[1][0].continues);
+    EXPECT_TRUE(pages[2][0].isContinued);
+    EXPECT_FALSE(pages[2][0].continues);
+}
+
+TEST(Paginate, NoLineOfASplitRowIsLostOrDoubled) {
+    const auto pages = Pages({2, 57, 1}, {102, 92});
+    std::size_t next = 0;
+    for (const auto& page : pages) {
+        for (const Fragment& fragment : page) {
+            if (fragment.row != 1) continue;
+            EXPECT_EQ(fragment.firstLine, next);
+            next += fragment.lines;
+        }
+    }
+    EXPECT_EQ(next, 57u);
+    EXPECT_EQ(pages.back().back().row, 2u);
+}
+
+TEST(Paginate, NoPageHoldsMoreThanItsRoom) {
+    const PageRoom room{130, 150};
+    for (std::size_t lines = 1; lines < 60; lines++) {
+        const auto pages = Pages({3, lines, 2, lines, 1}, room);
+        for (std::size_t page = 0; page < pages.size(); page++) {
+            double height = 0;
+            for (const Fragment& f : pages[page]) {
+                height += kHeights.OfLines(f.lines, f.isContinued, f.continues);
+            }
+            EXPECT_LE(height, (page == 0 ? room.first : room.later) + 0.01);
+        }
+    }
+}
+
+TEST(Paginate, ASplitRowDoesNotBeginWithAFewLinesAtThePagesFoot) {
+    const auto pages = Pages({6, 30}, {102, 102});
+    EXPECT_EQ(pages[0].size(), 1u);
+}
+
+TEST(Paginate, ARowThatFillsAPageExactlyIsNotSplit) {
+    const auto pages = Pages({1, 10, 1}, {102, 102});
+    ASSERT_EQ(pages.size(), 3u);
+    EXPECT_EQ(pages[1][0].lines, 10u);
+}
+
+}  // namespace
+}  // namespace zv::report

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "platform/scripted/scripted_machine.h"
+#include "report/pdf_painter.h"
+#include "report_stage.h"
+
+namespace zv::report {
+namespace {
+
+std::string OutputOf(const std::string& command) {
+    std::string output;
+    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), &pclose);
+    if (!pipe) return output;
+    char buffer[4096];
+    while (const std::size_t count = fread(buffer, 1, sizeof buffer, pipe.get())) {
+        output.append(buffer, count);
+    }
+    return output;
+}
+
+class PdfTest : public testing::Test {
+ protected:
+    PdfTest() : folder_(Folder()), files_(folder_) {}
+    ~PdfTest() override { std::filesystem::remove_all(folder_); }
+
+    std::string Write(const Document& document) {
+        const Layout layout(document, TestFonts());
+        const auto file = files_.Create("a.pdf");
+        EXPECT_TRUE(WritePdf(layout, *file));
+        file->Commit();
+        pages_ = layout.PageCount();
+        return (folder_ / "a.pdf").string();
+    }
+    /// What a PDF reader finds, page by page.
+    static std::vector<std::string> ReadPages(const std::string& path) {
+        auto pages = text::Split(OutputOf("pdftotext -layout '" + path + "' -"), "\f");
+        if (!pages.empty()) pages.pop_back();  // behind the last form feed
+        return pages;
+    }
+
+    static std::filesystem::path Folder() {
+        std::string name = testing::TempDir() + "zv-pdf-XXXXXX";
+        return mkdtemp(name.data());
+    }
+    std::filesystem::path folder_;
+    platform::scripted::ScriptedFiles files_;
+    int pages_ = 0;
+};
+
+TEST_F(PdfTest, ChineseTextIsFoundByAReader) {
+    Document document = ListOf(2);
+    document.table.rows[1][1] = "計劃與拜訪 (Traditional), 计划与拜访";
+    const auto pages = ReadPages(Write(document));
+    ASSERT_EQ(pages.size(), 1u);
+    for (const char* part : {"任务列表", "塔尔内尔贸易有限公司", "拜访客户 Nr. 1", "計劃與拜訪",
+                             "计划与拜访", "第 1 页，共 1 页"}) {
+        EXPECT_NE(pages[0].find(part), std::string::npos) << part << "\n" << pages[0];
+    }
+}
+
+TEST_F(PdfTest, AThousandRowsHaveTheRightPageNumberOnEveryPage) {
+    const auto pages = ReadPages(Write(ListOf(1000)));
+    ASSERT_EQ(static_cast<int>(pages.size()), pages_);
+    int rows = 0;
+    for (int number = 1; number <= pages_; number++) {
+        const std::string& text = pages[static_cast<std::size_t>(number - 1)];
+        const std::string footer =
+            "第 " + std::to_string(number) + " 页，共 " + std::to_string(pages_) + " 页";
+        EXPECT_EQ(CountOf(text, footer), 1) << number;
+        EXPECT_EQ(CountOf(text, "执行人"), 1) << number;
+        rows += CountOf(text, "拜访客户 Nr. ");
+    }
+    EXPECT_EQ(rows, 1000);
+}
+
+TEST_F(PdfTest, AllFontsAreEmbeddedAsSubsetsThatKnowTheirCharacters) {
+    const std::string fonts = OutputOf("pdffonts '" + Write(ListOf(5)) + "' | tail -n +3");
+    EXPECT_FALSE(fonts.empty());
+    for (const std::string& line : text::Split(fonts, "\n")) {
+        if (line.empty()) continue;
+        EXPECT_NE(line.find("yes yes yes"), std::string::npos) << line;
+    }
+}
+
+TEST_F(PdfTest, CharactersOutsideTheFontKeepTheirTextInTheFile) {
+    Document document = ListOf(1);
+    document.table.rows[0][1] = "罕见字𪛖与😀完";
+    const auto pages = ReadPages(Write(document));
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_NE(pages[0].find("𪛖"), std::string::npos) << pages[0];
+    EXPECT_NE(pages[0].find("😀"), std::string::npos) << pages[0];
+    EXPECT_NE(pages[0].find("罕见字"), std::string::npos) << pages[0];
+}
+
+TEST_F(PdfTest, TitleAndAuthorStandInTheFile) {
+    const std::string info = OutputOf("pdfinfo '" + Write(ListOf(1)) + "'");
+    EXPECT_NE(info.find("任务列表"), std::string::npos) << info;
+    EXPECT_NE(info.find("A4"), std::string::npos) << info;
+}
+
+TEST_F(PdfTest, AStoppedFileReplacesNothing) {
+    const std::string path = Write(ListOf(1));
+    const auto before = std::filesystem::file_size(path);
+    const Document document = ListOf(500);
+    const Layout layout(document, TestFonts());
+    {
+        const auto file = files_.Create("a.pdf");
+        EXPECT_FALSE(WritePdf(layout, *file, [](int done, int) { return done < 2; }));
+    }
+    EXPECT_EQ(std::filesystem::file_size(path), before);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1);
+}
+
+TEST_F(PdfTest, AnErrorOfTheFileReachesTheCaller) {
+    class FullDisk final : public platform::OutputFile {
+     public:
+        void Write(std::string_view) override {
+            throw RuntimeError(ErrorNumber::PathFileAccess, "full");
+        }
+        void Commit() override {}
+    } file;
+    const Document document = ListOf(1000);
+    const Layout layout(document, TestFonts());
+    try {
+        WritePdf(layout, file);
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Text(), "full");
+    }
+}
+
+}  // namespace
+}  // namespace zv::report
