@@ -112,6 +112,7 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       list(*this),
       tree(*this),
       completion(*this),
+      search(*this),
       options(*this),
       alerts(*this),
       lifecycle(*this) {
@@ -150,6 +151,7 @@ void frmTaskMain::Wire() {
     filter.Wire();
     editor.Wire();
     completion.Wire();
+    search.Wire();
     birthdays.Wire();
     cboComp2.onClick = [this] { cards.cboComp2_Click(); };
     cboComp2.onLostFocus = [this] { cards.cboComp2_LostFocus(); };

@@ -15,6 +15,7 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/tree_view.h"
+#include "mainwindow/advanced_search.h"
 #include "mainwindow/alert_settings.h"
 #include "mainwindow/birthdays.h"
 #include "mainwindow/captions.h"
@@ -165,6 +166,7 @@ class frmTaskMain : public forms::Form {
     ItemList list;
     TaskTree tree;
     Completion completion;
+    AdvancedSearch search;
     OptionsPage options;
     AlertSettings alerts;
     Lifecycle lifecycle;

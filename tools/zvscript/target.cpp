@@ -11,8 +11,15 @@
 namespace zv::script {
 namespace {
 
-constexpr std::array<std::string_view, 5> kWindows = {"frmTaskMain", "frmTaskSet", "frmTaskDone",
-                                                      "frmList", "frmAsk"};
+constexpr auto kWindows = std::to_array<std::string_view>({
+    "frmTaskMain",
+    "frmTaskSet",
+    "frmTaskDone",
+    "frmList",
+    "frmAsk",
+    "frmSeek",
+    "frmItemSet",
+});
 
 struct PropertyName {
     std::string_view name;

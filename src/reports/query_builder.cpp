@@ -1,0 +1,274 @@
+#include "reports/query_builder.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/field_keys.h"
+#include "resources/design_texts.h"
+#include "session/text_checks.h"
+
+namespace zv::reports {
+namespace {
+
+using resources::DesignText;
+using resources::ReportText;
+
+constexpr std::int16_t kTaskText = 5;
+constexpr std::int16_t kQueryText = 23;
+constexpr std::int16_t kOkText = 28;
+constexpr std::int16_t kCancelText = 29;
+constexpr std::int16_t kNotEmptyText = 108;
+
+constexpr int kLongestValue = 250;
+
+}  // namespace
+
+frmSeek::frmSeek(forms::WindowSystem& windows, Session& session)
+    : Form(windows, std::string(kName)),
+      lblField(*this, "lblField"),
+      cboField(*this, "cboField", nullptr, forms::ComboStyle::ListOnly),
+      lblCompare(*this, "lblCompare"),
+      cboCompare(*this, "cboCompare", nullptr, forms::ComboStyle::ListOnly),
+      lblValue(*this, "lblValue"),
+      txtValue(*this, "txtValue"),
+      DTPicker1(*this, "DTPicker1"),
+      cboValue(*this, "cboValue", nullptr, forms::ComboStyle::ListOnly),
+      picJoin(*this, "picJoin"),
+      optAnd(*this, "optAnd", &picJoin),
+      optOr(*this, "optOr", &picJoin),
+      cmdAdd(*this, "cmdAdd"),
+      lblConditions(*this, "lblConditions"),
+      lstConditions(*this, "lstConditions"),
+      lblHint(*this, "lblHint"),
+      cmdRemove(*this, "cmdRemove"),
+      cmdClear(*this, "cmdClear"),
+      cmdOK(*this, "cmdOK"),
+      cmdCancel(*this, "cmdCancel"),
+      session_(session) {
+    cboField.onClick = [this] { cboField_Click(); };
+    cboCompare.onClick = [this] { cboCompare_Click(); };
+    cmdAdd.onClick = [this] { cmdAdd_Click(); };
+    lstConditions.onClick = [this] { lstConditions_Click(); };
+    lstConditions.onDoubleClick = [this] { cmdRemove_Click(); };
+    cmdRemove.onClick = [this] { cmdRemove_Click(); };
+    cmdClear.onClick = [this] { cmdClear_Click(); };
+    cmdOK.onClick = [this] { cmdOK_Click(); };
+    cmdCancel.onClick = [this] { cmdCancel_Click(); };
+    const auto moveOn = [this](forms::KeyEvent& event) { forms::MoveOnEnter(*this, event); };
+    for (forms::Control* field : std::initializer_list<forms::Control*>{
+             &cboField, &cboCompare, &txtValue, &DTPicker1, &cboValue, &optAnd, &optOr}) {
+        field->onKeyDown = moveOn;
+    }
+    txtValue.SetMaxLength(kLongestValue);
+    defaultButton = &cmdOK;
+    cancelButton = &cmdCancel;
+}
+
+std::string frmSeek::Text(ReportText id) const {
+    return resources::GetReportText(id, session_.state.Language);
+}
+
+void frmSeek::Form_Load() {
+    fields_ = ReadListFields(session_);
+    SetCaptions();
+    DTPicker1.SetValue(session_.machine.clock.Today());
+    optAnd.SetValue(true);
+    std::vector<std::string> captions;
+    for (const ListField& field : fields_) captions.push_back(field.caption);
+    cboField.SetItems(std::move(captions));
+    PlaceControls();
+    Center();
+    cboField.SetListIndex(fields_.empty() ? -1 : 0);
+    if (fields_.empty()) ShowValueField();
+    ShowConditions(-1);
+}
+
+void frmSeek::SetCaptions() {
+    SetCaption(session_.LoadText(kQueryText) + session_.LoadText(kTaskText));
+    const auto label = [](forms::Label& target, std::string caption, auto&... fields) {
+        (fields.SetAccessibleName(caption), ...);
+        target.SetCaption(std::move(caption));
+    };
+    label(lblField, Text(ReportText::Field), cboField);
+    label(lblCompare, Text(ReportText::Comparison), cboCompare);
+    label(lblValue, Text(ReportText::ComparedValue), txtValue, DTPicker1, cboValue);
+    label(lblConditions, Text(ReportText::Conditions), lstConditions);
+    lblHint.SetCaption(Text(ReportText::ConditionsHint));
+    optAnd.SetCaption(Text(ReportText::ButtonAnd));
+    optOr.SetCaption(Text(ReportText::ButtonOr));
+    cmdAdd.SetCaption(Text(ReportText::ButtonAddCondition));
+    cmdRemove.SetCaption(Text(ReportText::ButtonRemove));
+    cmdClear.SetCaption(Text(ReportText::ButtonClear));
+    cmdOK.SetCaption(session_.LoadText(kOkText));
+    cmdCancel.SetCaption(session_.LoadText(kCancelText));
+}
+
+const ListField* frmSeek::Field() const {
+    const int at = cboField.ListIndex();
+    return at < 0 ? nullptr : &fields_.at(static_cast<std::size_t>(at));
+}
+
+Comparison frmSeek::ChosenComparison() const {
+    const ListField* field = Field();
+    const auto& comparisons = ComparisonsOf(field ? field->kind : FieldKind::Text);
+    return comparisons.at(static_cast<std::size_t>(std::max(0, cboCompare.ListIndex())));
+}
+
+std::vector<std::string> frmSeek::ChoicesOf(FieldKind kind) const {
+    const auto design = [this](DesignText id) {
+        return resources::GetDesignText(id, session_.state.Language);
+    };
+    if (kind == FieldKind::ItemKind) {
+        return {session_.LoadText(kTaskText), design(DesignText::KindGuest),
+                design(DesignText::KindDiary)};
+    }
+    return {design(DesignText::StateNotDone), design(DesignText::StateDone),
+            design(DesignText::StateInHand)};
+}
+
+void frmSeek::cboField_Click() {
+    const ListField* field = Field();
+    if (!field) return;
+    std::vector<std::string> names;
+    for (const Comparison comparison : ComparisonsOf(field->kind)) {
+        names.push_back(Text(NameOf(comparison, field->kind)));
+    }
+    cboCompare.SetItems(std::move(names));
+    if (field->kind == FieldKind::ItemKind || field->kind == FieldKind::State) {
+        cboValue.SetItems(ChoicesOf(field->kind));
+        cboValue.SetListIndex(0);
+    }
+    txtValue.SetNumericKeyboard(field->kind == FieldKind::Number);
+    cboCompare.SetListIndex(0);
+    ShowValueField();
+}
+
+void frmSeek::cboCompare_Click() {
+    ShowValueField();
+}
+
+void frmSeek::ShowValueField() {
+    const ListField* field = Field();
+    const FieldKind kind = field ? field->kind : FieldKind::Text;
+    const bool takesValue = field && TakesValue(ChosenComparison());
+    const bool date = kind == FieldKind::Date;
+    const bool choice = kind == FieldKind::ItemKind || kind == FieldKind::State;
+    txtValue.SetVisible(!date && !choice);
+    DTPicker1.SetVisible(date);
+    cboValue.SetVisible(choice);
+    txtValue.SetEnabled(takesValue);
+    DTPicker1.SetEnabled(takesValue);
+    lblValue.SetEnabled(takesValue);
+    cmdAdd.SetEnabled(field != nullptr);
+}
+
+bool frmSeek::ValueIsFit() {
+    const ListField* field = Field();
+    if (!TakesValue(ChosenComparison()) || !txtValue.OwnVisible()) return true;
+    if (CheckFieldText(session_, txtValue, field->kind == FieldKind::Number)) {
+        txtValue.SetFocus();
+        return false;
+    }
+    if (!txtValue.Text().empty()) return true;
+    session_.windows.ShowMessage(field->caption + session_.LoadText(kNotEmptyText),
+                                 forms::box::kExclamation);
+    txtValue.SetFocus();
+    return false;
+}
+
+bool frmSeek::AddCondition() {
+    const ListField* field = Field();
+    if (!field || !ValueIsFit()) return false;
+    Condition condition;
+    condition.join = optOr.Value() ? Join::Or : Join::And;
+    condition.field = *field;
+    condition.comparison = ChosenComparison();
+    condition.value = txtValue.Text();
+    condition.date = DTPicker1.Value().value_or(DateTime());
+    condition.row = std::max(0, cboValue.ListIndex());
+    conditions.push_back(std::move(condition));
+    txtValue.SetText("");
+    ShowConditions(lstConditions.ListCount());
+    return true;
+}
+
+void frmSeek::cmdAdd_Click() {
+    if (AddCondition()) cboField.SetFocus();
+}
+
+std::string frmSeek::Describe(const Condition& condition, bool first) const {
+    std::string text;
+    if (!first) {
+        text = Text(condition.join == Join::Or ? ReportText::Or : ReportText::And) + ' ';
+    }
+    const FieldKind kind = condition.field.kind;
+    text += condition.field.caption + ' ' + Text(NameOf(condition.comparison, kind));
+    if (!TakesValue(condition.comparison)) return text;
+    switch (kind) {
+        case FieldKind::Date:
+            return text + ' ' + condition.date.IsoDate();
+        case FieldKind::ItemKind:
+        case FieldKind::State:
+            return text + ' ' + ChoicesOf(kind).at(static_cast<std::size_t>(condition.row));
+        default:
+            return text + " [" + condition.value + ']';
+    }
+}
+
+void frmSeek::ShowConditions(int selected) {
+    std::vector<std::string> lines;
+    for (const Condition& condition : conditions) {
+        lines.push_back(Describe(condition, lines.empty()));
+    }
+    const int count = static_cast<int>(lines.size());
+    lstConditions.SetItems(std::move(lines));
+    lstConditions.SetListIndex(std::min(selected, count - 1));
+    lstConditions_Click();
+    // The first condition has nothing before it to be joined to.
+    optAnd.SetEnabled(count > 0);
+    optOr.SetEnabled(count > 0);
+    cmdClear.SetEnabled(count > 0);
+}
+
+void frmSeek::lstConditions_Click() {
+    cmdRemove.SetEnabled(lstConditions.ListIndex() >= 0);
+}
+
+void frmSeek::cmdRemove_Click() {
+    const int at = lstConditions.ListIndex();
+    if (at < 0) return;
+    conditions.erase(conditions.begin() + at);
+    ShowConditions(at);
+}
+
+void frmSeek::cmdClear_Click() {
+    conditions.clear();
+    ShowConditions(-1);
+}
+
+void frmSeek::cmdOK_Click() {
+    // A value that was typed and not added yet is meant as well.
+    const bool pending = txtValue.Visible() && txtValue.Enabled() && !txtValue.Text().empty();
+    if (pending && !AddCondition()) return;
+    if (onAccepted) onAccepted(conditions);
+    Unload();
+}
+
+void frmSeek::cmdCancel_Click() {
+    Unload();
+}
+
+std::string AskForConditions(Session& session, std::vector<Condition>& conditions) {
+    std::string where;
+    auto& window = session.windows.Create<frmSeek>(session);
+    window.conditions = conditions;
+    window.onAccepted = [&](const std::vector<Condition>& accepted) {
+        conditions = accepted;
+        where = WhereText(accepted,
+                          [&session](DateTime date) { return session.database.DateLiteral(date); });
+    };
+    window.Show(true);
+    return where;
+}
+
+}  // namespace zv::reports
