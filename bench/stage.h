@@ -20,7 +20,8 @@ class StillMachine : public platform::Clock,
                      public platform::AnsiCodePage,
                      public platform::Shell,
                      public platform::FileSystem,
-                     public platform::ModuleRunner {
+                     public platform::ModuleRunner,
+                     public platform::ReportPrinter {
  public:
     DateTime Now() const override { return Day(); }
     int ByteWidth(char32_t codePoint) const override { return codePoint < 0x80 ? 1 : 2; }
@@ -34,8 +35,11 @@ class StillMachine : public platform::Clock,
     }
     std::string ApplicationFolder() const override { return "."; }
     void Run(const platform::ModuleStart&) override {}
+    void Prepare() override {}
+    void Print(const platform::ReportJob&) override {}
+    void Release() noexcept override {}
 
-    platform::Machine All() { return {*this, *this, *this, *this, *this}; }
+    platform::Machine All() { return {*this, *this, *this, *this, *this, *this}; }
 };
 
 class NoSettings : public resources::SettingsStore {

@@ -54,6 +54,7 @@ void SessionHost::Close() noexcept {
 
 void SessionHost::ReleaseConnection() noexcept {
     if (!g_host || module::IsLocked() || !IsIdle()) return;
+    g_host->printer_.Release();
     try {
         g_host->session_.database.Close();
     } catch (const std::exception&) {

@@ -4,6 +4,7 @@
 #include "forms/win32/win32_backend.h"
 #include "forms/window_system.h"
 #include "platform/win32/host_module_runner.h"
+#include "platform/win32/host_report_printer.h"
 #include "platform/win32/machine.h"
 #include "resources/win32/registry_settings.h"
 #include "session/session.h"
@@ -26,7 +27,8 @@ class SessionHost {
     /// Ends the session: closes the connection and gives back what belongs to the thread. The
     /// property values stay until the library is unloaded. Only while IsIdle().
     static void Close() noexcept;
-    /// Closes the shared connection when no control and no window needs it.
+    /// Closes the shared connection and lets the report component go when no control and no window
+    /// needs them.
     static void ReleaseConnection() noexcept;
 
     SessionHost(const SessionHost&) = delete;
@@ -42,7 +44,8 @@ class SessionHost {
 
     DWORD thread_ = GetCurrentThreadId();
     platform::win32::HostModuleRunner runner_;
-    platform::win32::SystemMachine machine_{runner_};
+    platform::win32::HostReportPrinter printer_;
+    platform::win32::SystemMachine machine_{runner_, printer_};
     resources::win32::RegistrySettings settings_;
     store::ado::AdoOpener opener_;
     forms::win32::Win32Backend backend_;

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "base/date_time.h"
+#include "platform/report_printer.h"
 #include "store/connection_opener.h"
 
 namespace zv::platform {
@@ -88,6 +89,7 @@ struct Machine {
     Shell& shell;
     FileSystem& files;
     ModuleRunner& modules;
+    ReportPrinter& reports;
 };
 
 }  // namespace zv::platform

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/date_time.h"
 
@@ -32,6 +33,9 @@ struct ControlState {
     std::int16_t showMode = 0;  ///< 0 modeless, 1 modal
     std::int32_t cardId = 0;    ///< card that the item editor and the card panel share; 0 none
     std::string applicationTitle;
+    /// Headings and values for the report component; one collection for the whole control, emptied
+    /// before each use.
+    std::vector<std::string> reportParameters;
 };
 
 }  // namespace zv

@@ -77,6 +77,32 @@ class ScriptedModules : public ModuleRunner {
     std::vector<ModuleStart> started;
 };
 
+/// Keeps the jobs that it was asked to print, or fails as it is told.
+class ScriptedReports : public ReportPrinter {
+ public:
+    struct Printed {
+        ReportJob job;  ///< without recordset and table, which are gone
+        bool hadRecordset = false;
+        std::vector<std::string> headings;            ///< of the table
+        std::vector<std::vector<std::string>> cells;  ///< of the table, by rows
+    };
+
+    void Prepare() override;
+    void Print(const ReportJob& job) override;
+    void Release() noexcept override { isThere_ = false; }
+
+    std::vector<Printed> printed;
+    /// How often the component was created.
+    int created = 0;
+    /// The component cannot be created: error 429.
+    bool missing = false;
+    /// Not empty: printing fails, with this text.
+    std::string failing;
+
+ private:
+    bool isThere_ = false;
+};
+
 /// All of it together.
 struct ScriptedMachine {
     explicit ScriptedMachine(std::filesystem::path folder) : files(std::move(folder)) {}
@@ -86,7 +112,8 @@ struct ScriptedMachine {
     ScriptedShell shell;
     ScriptedFiles files;
     ScriptedModules modules;
-    Machine machine{clock, codePage, shell, files, modules};
+    ScriptedReports reports;
+    Machine machine{clock, codePage, shell, files, modules, reports};
 };
 
 }  // namespace zv::platform::scripted

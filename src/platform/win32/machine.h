@@ -41,8 +41,8 @@ class SystemMachine {
  public:
     SystemMachine(const SystemMachine&) = delete;
     SystemMachine& operator=(const SystemMachine&) = delete;
-    explicit SystemMachine(ModuleRunner& runner)
-        : machine{clock_, codePage_, shell_, files_, runner} {}
+    SystemMachine(ModuleRunner& runner, ReportPrinter& printer)
+        : machine{clock_, codePage_, shell_, files_, runner, printer} {}
 
  private:
     SystemClock clock_;

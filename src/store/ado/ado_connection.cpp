@@ -49,7 +49,7 @@ class AdoConnection final : public Connection {
                      {statement.Get(), Variant::Missing().Get(), Variant(kTextCommand).Get()});
             auto recordset = result.Object();
             if (!recordset) throw RuntimeError(ErrorNumber::ObjectNotSet);
-            return std::make_unique<AdoRecordset>(std::move(recordset), lock);
+            return std::make_unique<AdoRecordset>(std::move(recordset), cursor, lock);
         }
         auto recordset = CreateRecordset();
         Member open(L"Open");
@@ -57,7 +57,7 @@ class AdoConnection final : public Connection {
              {statement.Get(), Variant(connection_.Get()).Get(),
               Variant(static_cast<std::int32_t>(cursor)).Get(),
               Variant(static_cast<std::int32_t>(lock)).Get(), Variant(kTextCommand).Get()});
-        return std::make_unique<AdoRecordset>(std::move(recordset), lock);
+        return std::make_unique<AdoRecordset>(std::move(recordset), cursor, lock);
     }
 
  private:

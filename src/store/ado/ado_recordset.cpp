@@ -28,11 +28,12 @@ bool ToBool(Variant value) {
 
 }  // namespace
 
-AdoRecordset::AdoRecordset(win32::ComPtr<IDispatch> recordset, LockType lock)
+AdoRecordset::AdoRecordset(win32::ComPtr<IDispatch> recordset, CursorType cursor, LockType lock)
     : recordset_(std::move(recordset)) {
     isOpen_ = ToInt(GetProperty(*recordset_, state_)) != Connection::kStateClosed;
     if (!isOpen_) return;
-    inBlocks_ = lock == LockType::ReadOnly && getRows_.IsOffered(*recordset_);
+    inBlocks_ = cursor == CursorType::ForwardOnly && lock == LockType::ReadOnly &&
+                getRows_.IsOffered(*recordset_);
     if (inBlocks_) {
         blockSize_ = kFirstBlock;
         LoadBlock();
@@ -194,6 +195,11 @@ Value AdoRecordset::ReadFromBlock(int column) const {
     const auto index = static_cast<std::size_t>(column);
     if (index >= columnsInBlock_) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     return FromVariant(rows_[row_ * columnsInBlock_ + index]);
+}
+
+win32::ComPtr<IDispatch> ObjectOf(const Recordset& recordset) {
+    const auto* ours = dynamic_cast<const AdoRecordset*>(&recordset);
+    return ours ? ours->Object() : win32::ComPtr<IDispatch>();
 }
 
 }  // namespace zv::store::ado

@@ -11,12 +11,13 @@
 
 namespace zv::store::ado {
 
-/// Rows that are only read come in blocks (GetRows) where the object offers it: the object's own
-/// position is then behind the block, so a recordset that may be written is read row by row.
+/// Rows that are only read, from the first to the last, come in blocks (GetRows) where the object
+/// offers it: the object's own position is then behind the block. A recordset that may be written,
+/// or that may move back, is read row by row.
 class AdoRecordset final : public Recordset {
  public:
     /// `recordset` is open, or closed when the statement yields no rows.
-    AdoRecordset(win32::ComPtr<IDispatch> recordset, LockType lock);
+    AdoRecordset(win32::ComPtr<IDispatch> recordset, CursorType cursor, LockType lock);
     ~AdoRecordset() override;
 
     bool Eof() const override;
@@ -29,6 +30,8 @@ class AdoRecordset final : public Recordset {
     void SetField(std::string_view name, Value value) override;
     void Update() override;
     void Close() override;
+
+    const win32::ComPtr<IDispatch>& Object() const { return recordset_; }
 
  private:
     struct Column {
@@ -67,5 +70,10 @@ class AdoRecordset final : public Recordset {
     Member state_{L"State"}, moveNext_{L"MoveNext"}, addNew_{L"AddNew"}, update_{L"Update"},
         close_{L"Close"}, getRows_{L"GetRows"};
 };
+
+/// The automation object behind an open recordset, for handing it to another component: it stands
+/// on the current row unless the recordset was opened forward-only and read-only. Null for rows of
+/// another engine.
+win32::ComPtr<IDispatch> ObjectOf(const Recordset& recordset);
 
 }  // namespace zv::store::ado

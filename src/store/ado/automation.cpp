@@ -58,7 +58,11 @@ void PutProperty(IDispatch& object, Member& member, const VARIANT& value) {
     VARIANT argument = value;
     DISPID put = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{&argument, &put, 1, 1};
-    Invoke(object, member.Id(object), DISPATCH_PROPERTYPUT, parameters);
+    // Objects are offered both ways: one class takes them as values, the next as references.
+    const bool isObject = value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN;
+    const WORD kind =
+        isObject ? DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
+    Invoke(object, member.Id(object), kind, parameters);
 }
 
 win32::ComPtr<IDispatch> GetObjectProperty(IDispatch& object, Member& member,

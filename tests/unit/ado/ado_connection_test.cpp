@@ -5,6 +5,8 @@
 #include "base/errors.h"
 #include "connection_object.h"
 #include "scripted_connection.h"
+#include "store/ado/ado_recordset.h"
+#include "store/ado/value_conversion.h"
 
 namespace zv::store::ado {
 namespace {
@@ -100,11 +102,18 @@ TEST_F(AdoConnection, ReadsEveryRowAcrossBlocks) {
     }
 }
 
-TEST_F(AdoConnection, StaticRowsAreReadInBlocksToo) {
+TEST_F(AdoConnection, StaticRowsAreReadOneByOneSoThatTheObjectStandsOnTheCurrentRow) {
     FillNumbers("select n", 100);
     auto rows = connection_->Open("select n", CursorType::Static, LockType::ReadOnly);
+    const auto object = ObjectOf(*rows);
+    ASSERT_TRUE(object);
     int read = 0;
-    for (; !rows->Eof(); rows->MoveNext()) ++read;
+    for (; !rows->Eof(); rows->MoveNext(), ++read) {
+        Member fields(L"Fields"), item(L"Item"), value(L"Value");
+        const auto all = GetObjectProperty(*object, fields);
+        const auto field = GetObjectProperty(*all, item, {win32::Variant("n").Get()});
+        ASSERT_EQ(FromVariant(GetProperty(*field, value).Get()).ToInt32(), read);
+    }
     EXPECT_EQ(read, 100);
 }
 

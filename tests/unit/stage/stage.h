@@ -15,6 +15,7 @@
 #include "forms/headless/headless_backend.h"
 #include "forms/headless/headless_driver.h"
 #include "mainwindow/frm_task_main.h"
+#include "platform/scripted/scripted_machine.h"
 #include "session/session.h"
 
 namespace zv::stage {
@@ -167,7 +168,8 @@ class Stage {
     Shell shell;
     Files files;
     Modules modules;
-    platform::Machine machine{clock, codePage, shell, files, modules};
+    platform::scripted::ScriptedReports reports;
+    platform::Machine machine{clock, codePage, shell, files, modules, reports};
     Settings settings;
     Opener opener;
     Statements statements;

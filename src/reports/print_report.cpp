@@ -1,0 +1,49 @@
+#include "reports/print_report.h"
+
+#include <utility>
+
+#include "reports/report_job.h"
+
+namespace zv::reports {
+namespace {
+
+// No blank stands between the filter and "Order By".
+std::string CheckStatement(const Report& report) {
+    std::string sql = "select top 1 * from tTaskList a ";
+    if (!report.filter.empty()) sql += "where " + report.filter;
+    if (!report.order.empty()) sql += "Order By " + report.order;
+    return sql;
+}
+
+}  // namespace
+
+void PrintReport(Session& session, const Report& report) {
+    // Taken on every way out: an item's values must not get into the next report.
+    std::vector<std::string> parameters = std::exchange(session.state.reportParameters, {});
+    platform::ReportPrinter& printer = session.machine.reports;
+    printer.Prepare();
+    platform::ReportJob job = NewJob(session);
+    session.EnsureConnection();
+    // A static cursor: the component may move in it.
+    const auto rows = session.database.Open(CheckStatement(report), store::CursorType::Static,
+                                            store::LockType::ReadOnly);
+    if (rows->Eof()) {
+        session.windows.ShowMessage("未有可供打印的数据记录！", forms::box::kExclamation);
+        rows->Close();
+        return;
+    }
+    job.printMode = report.printMode;
+    job.reportName = report.name;
+    job.title = report.title;
+    job.filter = report.filter;
+    job.order = report.order;
+    job.parameters = std::move(parameters);
+    for (const ListColumn& column : report.columns) {
+        job.columns.push_back(platform::HeadingEntry(column.caption, column.field));
+    }
+    job.recordset = rows.get();
+    printer.Print(job);
+    rows->Close();
+}
+
+}  // namespace zv::reports
