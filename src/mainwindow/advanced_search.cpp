@@ -24,7 +24,7 @@ void AdvancedSearch::mnuSeek2_Click() {
     window_.state.currentType = kTask;
     window_.fraB3.SetVisible(true);
     window_.cmdTaskOK.SetEnabled(false);
-    window_.cmdPrint.SetEnabled(false);
+    window_.printing.UpdateButton();
 }
 
 }  // namespace zv::mainwindow

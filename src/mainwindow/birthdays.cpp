@@ -111,6 +111,7 @@ void Birthdays::chkBirthDay0_Click() {
     window_.cmdSeek.SetVisible(!on);
     for (int action = 1; action <= 3; action++) window_.cmdAction[action].SetVisible(!on);
     window_.cmdTaskOK.SetVisible(!on);
+    window_.printing.UpdateButton();
 }
 
 void Birthdays::txtBirthDay0_GotFocus() {

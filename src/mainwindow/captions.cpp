@@ -71,24 +71,7 @@ void Captions::LoadLabels() {
         field.SetAccessibleName(caption);
         target.SetCaption(std::move(caption));
     };
-    label(w.lblList2[0], Catalogue(kTitleText), w.txtTitle2);
-    label(w.lblList2[1], Catalogue(kDoerText), w.cboJbr2);
-    label(w.lblList2[2], Catalogue(kDateText), w.DTPicker2);
-    label(w.lblList2[3], Text(DesignText::Kind), w.cboType2);
-    label(w.lblList2[4], Text(DesignText::Content), w.txtTaskCon);
-    label(w.lblList2[5], Catalogue(kSetterText), w.txtUser2);
-    label(w.lblList2[6], Text(DesignText::ContactWay), w.cboWay);
-    label(w.lblList2[7], Text(DesignText::Contact), w.txtName2);
-    label(w.lblList2[8], Text(DesignText::Company), w.cboComp2);
-    label(w.lblList2[9], Text(DesignText::Address), w.txtAdd2);
-    label(w.lblList2[10], Catalogue(kStateText), w.cboDone2);
-    label(w.lblList2[11], Text(DesignText::FindCard), w.txtCompSeek);
-    label(w.lblList2[12], Text(DesignText::Order), w.cboOrder);
-    w.lblList2[13].SetCaption(Text(DesignText::OtherFields));
-    for (int i = 0; i < w.lblOther.Count(); i++) {
-        label(w.lblOther[i], w.otherFields.Caption(i), w.txtOther[i]);
-    }
-
+    w.labels.ShowCaptions();
     label(w.lblFilter[0], Catalogue(kBeginText), w.DTPicker0);
     label(w.lblFilter[1], Catalogue(kEndText), w.DTPicker1);
     label(w.lblFilter[2], Catalogue(kTitleText), w.txtTitle0);

@@ -70,20 +70,11 @@ std::string ConflictQuestion::Line(std::size_t field) const {
 
 std::string ConflictQuestion::Caption(std::string_view field) const {
     constexpr std::int16_t kAlertRangeText = 33;
-    const auto label = [this](int index) { return window_.lblList2[index].Caption(); };
-    if (field == "fType") return label(3);
-    if (field == "fWay") return label(6);
     if (field == "TaskID") {
-        return IsVisitNow() || IsVisitInEditor() ? label(8) : window_.chkEvent.Caption();
+        return IsVisitNow() || IsVisitInEditor() ? window_.lblList2[8].Caption()
+                                                 : window_.chkEvent.Caption();
     }
-    if (field == "fGuest") return label(7);
-    if (field == "taskTitle") return label(0);
-    if (field == "tDoneMan") return label(1);
-    if (field == "taskTime") return label(2);
-    if (field == "fContent") return label(4);
-    if (field == "fUser") return label(5);
-    if (field == "tDone") return label(10);
-    if (field.starts_with("fOther")) return window_.lblOther[field.back() - '0'].Caption();
+    if (const forms::Label* label = window_.labels.Of(field)) return label->Caption();
     return window_.session.LoadText(kAlertRangeText);
 }
 

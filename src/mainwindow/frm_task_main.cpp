@@ -97,6 +97,7 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       cmdExit(*this, "cmdExit", &fraTop),
       menus(*this),
       captions(*this),
+      labels(*this),
       staff(*this),
       otherFields(*this),
       cards(*this),
@@ -113,6 +114,7 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       tree(*this),
       completion(*this),
       search(*this),
+      printing(*this),
       options(*this),
       alerts(*this),
       lifecycle(*this) {
@@ -147,7 +149,10 @@ void frmTaskMain::Wire() {
         chkType[kind].onClick = [this, kind] { tree.chkType_Click(kind); };
     }
     // On the filter page Enter searches, wherever the field does not use it itself.
-    SSTab1.onClick = [this] { defaultButton = SSTab1.Tab() == kFilterTab ? &cmdSeek : nullptr; };
+    SSTab1.onClick = [this] {
+        defaultButton = SSTab1.Tab() == kFilterTab ? &cmdSeek : nullptr;
+        printing.UpdateButton();
+    };
     filter.Wire();
     editor.Wire();
     completion.Wire();
@@ -162,6 +167,8 @@ void frmTaskMain::Wire() {
     contacts.Wire();
     pictureMenu.Wire();
     otherFields.Wire();
+    labels.Wire();
+    printing.Wire();
     actions.Wire();
     plans.Wire();
 
@@ -182,11 +189,9 @@ void frmTaskMain::Wire() {
     Timer1.onTimer = [this] { alerts.Timer1_Timer(); };
     cmdExit.onClick = [this] { cmdExit_Click(); };
 
-    for (forms::CommandButton* button : {&cmdPrint, &cmdItemSet}) {
-        button->onClick = [this, button] {
-            throw resources::NotBuiltYetError(button->Name(), session.state.Language);
-        };
-    }
+    cmdItemSet.onClick = [this] {
+        throw resources::NotBuiltYetError(cmdItemSet.Name(), session.state.Language);
+    };
     WireMenus(*this);
 }
 

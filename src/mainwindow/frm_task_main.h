@@ -23,6 +23,7 @@
 #include "mainwindow/card_search.h"
 #include "mainwindow/completion.h"
 #include "mainwindow/contact_actions.h"
+#include "mainwindow/field_labels.h"
 #include "mainwindow/filter_panel.h"
 #include "mainwindow/item_actions.h"
 #include "mainwindow/item_editor.h"
@@ -35,6 +36,7 @@
 #include "mainwindow/other_fields.h"
 #include "mainwindow/picture_menu.h"
 #include "mainwindow/plan_actions.h"
+#include "mainwindow/printing.h"
 #include "mainwindow/staff_lists.h"
 #include "mainwindow/task_tree.h"
 #include "session/session.h"
@@ -151,6 +153,7 @@ class frmTaskMain : public forms::Form {
     MainMenus menus;
 
     Captions captions;
+    FieldLabels labels;
     StaffLists staff;
     OtherFields otherFields;
     CardPanel cards;
@@ -167,6 +170,7 @@ class frmTaskMain : public forms::Form {
     TaskTree tree;
     Completion completion;
     AdvancedSearch search;
+    Printing printing;
     OptionsPage options;
     AlertSettings alerts;
     Lifecycle lifecycle;

@@ -22,6 +22,7 @@ constexpr std::array<std::string_view, 3> kItemImages = {"task2", "task4", "task
 constexpr std::string_view kPlanRootKey = "E0";
 constexpr std::string_view kPlanRootImage = "event1";
 constexpr std::string_view kPlanImage = "event4";
+constexpr std::string_view kWhereWord = "Where";
 
 void AppendNumber(std::string& text, std::int64_t number) {
     std::array<char, 24> digits;
@@ -59,33 +60,50 @@ void AppendDay(std::string& text, const store::Value& value) {
 }
 
 std::string WhereText(const std::string& where, int databaseKind) {
-    constexpr std::string_view kWord = "Where";
     if (where.empty() || where == "1=1") return {};
-    if (std::string_view(where).substr(0, 7).find(kWord) != std::string_view::npos) return where;
+    if (std::string_view(where).substr(0, 7).find(kWhereWord) != std::string_view::npos)
+        return where;
     const bool qualified = text::Contains(where, "a.");
     return " Where " + (qualified ? where : store::QualifyFieldNames(where, "a.", databaseKind));
 }
 
+// Who reads the items by themselves has no cards to compare.
+std::string Condition(const std::string& source, const std::string& filter) {
+    if (filter.empty()) return {};
+    if (text::Contains(filter, "b.")) return "a.fID in (select a.fID" + source + filter + ")";
+    return std::string(
+        text::Trim(std::string_view(filter).substr(filter.find(kWhereWord) + kWhereWord.size())));
+}
+
 }  // namespace
 
-std::string ItemList::Statement(const std::string& where) const {
-    std::string sql =
-        "select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID from tTaskList a ";
-    if (!window_.txtComp.Text().empty()) sql += " Left Join cards b on a.taskID=b.fID ";
-    sql += WhereText(where, window_.session.state.SQLData);
+std::string ItemList::Source() const {
+    std::string source = " from tTaskList a ";
+    if (!window_.txtComp.Text().empty()) source += " Left Join cards b on a.taskID=b.fID ";
+    return source;
+}
+
+std::string ItemList::Order() const {
     switch (window_.cboOrder.ListIndex()) {
         case 0:
-            return sql + " Order by a.fType,a.taskTime desc,a.taskTitle";
+            return "a.fType,a.taskTime desc,a.taskTitle";
         case 1:
-            return sql + " Order by a.fType,a.taskTitle,a.taskTime desc";
+            return "a.fType,a.taskTitle,a.taskTime desc";
         default:
-            return sql + " Order by a.fType,a.taskID,a.taskTime desc,a.taskTitle";
+            return "a.fType,a.taskID,a.taskTime desc,a.taskTitle";
     }
 }
 
 void ItemList::LoadItemList(const std::string& where) {
     window_.session.EnsureConnection();
-    const auto rows = window_.session.database.Open(Statement(where));
+    const std::string source = Source();
+    const std::string filter = WhereText(where, window_.session.state.SQLData);
+    const std::string order = Order();
+    const auto rows = window_.session.database.Open(
+        "select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID" + source + filter +
+        " Order by " + order);
+    shownCondition_ = Condition(source, filter);
+    shownOrder_ = order;
     Rebuild(*rows, [&] { FillItems(*rows); });
 }
 

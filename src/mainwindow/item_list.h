@@ -22,8 +22,15 @@ class ItemList {
     /// Rebuilds the tree with the plans. Failures as above.
     void LoadTaskPlanList();
 
+    /// The condition, without the word, under which the items shown last were read: true for just
+    /// these rows of "tTaskList a", without any other table. May be empty.
+    const std::string& ShownCondition() const { return shownCondition_; }
+    /// Their order, without the words.
+    const std::string& ShownOrder() const { return shownOrder_; }
+
  private:
-    std::string Statement(const std::string& where) const;
+    std::string Source() const;
+    std::string Order() const;
     void FillItems(store::Recordset& rows);
     void FillPlans(store::Recordset& rows);
     /// Runs a fill between clearing the tree and selecting its first node.
@@ -32,6 +39,8 @@ class ItemList {
 
     frmTaskMain& window_;
     int rowsLeftOut_ = 0;
+    std::string shownCondition_;
+    std::string shownOrder_;
 };
 
 }  // namespace zv::mainwindow

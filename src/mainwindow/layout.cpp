@@ -310,6 +310,8 @@ class Placer {
     int LabelDrop() const { return (m_.Field() - m_.Text()) / 2; }
 
     void Labelled(Control& label, Control& field, int x, int y, int labelWidth, int width) {
+        // The database may call a field anything: the field keeps half of the place.
+        labelWidth = std::min(labelWidth, width / 2);
         label.Move({x, y + LabelDrop(), labelWidth, m_.Text()});
         field.Move({x + labelWidth, y, width - labelWidth, m_.Field()});
     }

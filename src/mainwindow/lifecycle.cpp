@@ -146,7 +146,7 @@ void Lifecycle::StartCards() {
 void Lifecycle::Form_Activate() {
     // The user can go on without the names.
     window_.session.windows.FromUser([this] { window_.staff.FillIfNeeded(); });
-    window_.session.windows.FromUser([this] { window_.otherFields.FillIfNeeded(); });
+    window_.session.windows.FromUser([this] { window_.labels.FillIfNeeded(); });
     if (window_.state.startMode != kCardMode || window_.session.state.myTaskID < 1) return;
     window_.cards.cboComp2_LostFocus();
     if (window_.txtTitle2.Enabled()) window_.txtTitle2.SetFocus();

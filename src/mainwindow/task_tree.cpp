@@ -42,7 +42,7 @@ void TaskTree::chkEvent_Click() {
     ShowFilterFor(window_.chkEvent.Checked());
     ShowItemControls(!window_.chkEvent.Checked());
     window_.cmdTaskOK.SetEnabled(false);
-    window_.cmdPrint.SetEnabled(false);
+    window_.printing.UpdateButton();
 }
 
 void TaskTree::FillItems() {
@@ -126,7 +126,7 @@ void TaskTree::EnableCommands(char stateDigit) {
     const bool notDone = stateDigit == '2';
     const bool inHand = stateDigit == '3';
     const bool item = notDone || inHand || stateDigit == '4';
-    window_.cmdPrint.SetEnabled(item);
+    window_.printing.UpdateButton();
     window_.cmdTaskOK.SetEnabled(notDone || inHand);
     if (!item) return;
     window_.menus.mnuTaskDoing.SetEnabled(notDone);

@@ -21,7 +21,9 @@ TEST_F(LifecycleTest, TheManagerSendsTheListTheStaffAndTheCaptionsOnly) {
     EXPECT_TRUE(sent[0].starts_with("select distinct a.fID"));
     EXPECT_TRUE(sent[0].ends_with(" Order by a.fType,a.taskTime desc,a.taskTitle"));
     EXPECT_EQ(sent[1], "select fCode,fName from tRsBasic Order By fName");
-    EXPECT_EQ(sent[2], "select FieldName,FieldName_0 from rptListDetail where fTable='ttasklist'");
+    EXPECT_EQ(sent[2],
+              "select FieldName,FieldName_0 from rptListDetail Where fTable='ttasklist' And "
+              "FieldType>-1 Order by fieldID");
 }
 
 TEST_F(LifecycleTest, StartValuesOfTheFilter) {

@@ -5,58 +5,7 @@
 namespace zv::mainwindow {
 namespace {
 
-class OtherFieldsTest : public MainWindow {
- protected:
-    OtherFieldsTest() {
-        stage.Sql(
-            "insert into rptListDetail(fTable,FieldName,FieldName_0,FieldName_1) values"
-            "('ttasklist','fOther0','地点','地點');"
-            "insert into rptListDetail(fTable,FieldName,FieldName_0) values"
-            "('ttasklist','FOTHER2','费用');"
-            "insert into rptListDetail(fTable,FieldName,FieldName_0) values"
-            "('ttasklist','taskTitle','主题');"
-            "insert into rptListDetail(fTable,FieldName,FieldName_0) values"
-            "('cards','fOther1','别的')");
-    }
-};
-
-TEST_F(OtherFieldsTest, TakeTheirCaptionsFromTheDatabase) {
-    frmTaskMain& window = Open();
-    EXPECT_EQ(window.lblOther[0].Caption(), "地点");
-    EXPECT_EQ(window.lblOther[1].Caption(), "备注 2");
-    EXPECT_EQ(window.lblOther[2].Caption(), "费用");
-    EXPECT_EQ(window.txtOther[0].AccessibleName(), "地点");
-}
-
-TEST_F(OtherFieldsTest, InTheControlsLanguage) {
-    stage.session.state.Language = 1;
-    frmTaskMain& window = Open();
-    EXPECT_EQ(window.lblOther[0].Caption(), "地點");
-    EXPECT_EQ(window.lblOther[2].Caption(), "備註 3");
-}
-
-TEST_F(OtherFieldsTest, AreReadOnceForALanguage) {
-    frmTaskMain& window = Open();
-    stage.statements.Take();
-    window.otherFields.FillIfNeeded();
-    EXPECT_TRUE(stage.statements.Take().empty());
-    window.captions.Load();
-    EXPECT_EQ(window.lblOther[0].Caption(), "地点");
-}
-
-TEST_F(OtherFieldsTest, ADatabaseWithoutThemHasNumberedFields) {
-    stage.Sql("drop table rptListDetail");
-    frmTaskMain& window = Open();
-    EXPECT_EQ(window.lblOther[0].Caption(), "备注 1");
-    EXPECT_TRUE(stage.dialogs.messages.empty());
-}
-
-TEST_F(OtherFieldsTest, AnyOtherFailureIsTold) {
-    stage.statements.failing = "rptListDetail";
-    frmTaskMain& window = Open();
-    EXPECT_EQ(stage.dialogs.messages, Lines{"16|rptListDetail"});
-    EXPECT_EQ(window.lblOther[0].Caption(), "备注 1");
-}
+class OtherFieldsTest : public MainWindow {};
 
 TEST_F(OtherFieldsTest, TheFieldInUseIsScrolledIntoSight) {
     frmTaskMain& window = Open();

@@ -1,0 +1,32 @@
+// The prints of the main window: the item shown, the item list, the birthday grid.
+#pragma once
+
+#include <string>
+
+namespace zv::mainwindow {
+
+class frmTaskMain;
+
+class Printing {
+ public:
+    explicit Printing(frmTaskMain& window) : window_(window) {}
+
+    void Wire();
+    /// Prints what the editor shows. The mode is the report component's.
+    void PrintItem(int printMode);
+    /// Shows the preview of the items that the tree showed last, in its order, with the columns
+    /// that the user chose.
+    void PrintItemList();
+    /// Prints the birthday grid while the user sees it, else the item.
+    void cmdPrint_Click();
+    /// The button works for an item or a plan, and while the birthday grid is seen.
+    void UpdateButton();
+
+ private:
+    void FillParameters();
+    bool ItemIsSelected() const;
+
+    frmTaskMain& window_;
+};
+
+}  // namespace zv::mainwindow
