@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "mainwindow/frm_task_main.h"
+#include "reports/print_report.h"
 #include "resources/error_texts.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan_editor.h"
@@ -88,16 +89,38 @@ std::string CallAddTaskInstance(Stage& stage, const Arguments& arguments) {
                                                       ToDate(arguments[1])));
 }
 
-// A routine of the main window: one that is not open yet is loaded for it.
-std::string CallListBirthdays(Stage& stage, const Arguments& arguments) {
+// For a routine of the main window: one that is not open yet is loaded.
+mainwindow::frmTaskMain& MainWindow(Stage& stage) {
     using mainwindow::frmTaskMain;
     auto* window = stage.windows.Find<frmTaskMain>(frmTaskMain::kName);
     if (!window) {
         window = &stage.windows.Create<frmTaskMain>(stage.session);
         window->Load();
     }
-    window->birthdays.ListBirthdays(number::ToInt16(arguments[0]));
-    return std::to_string(window->Grid1.DataRowCount());
+    return *window;
+}
+
+std::string CallListBirthdays(Stage& stage, const Arguments& arguments) {
+    mainwindow::frmTaskMain& window = MainWindow(stage);
+    window.birthdays.ListBirthdays(number::ToInt16(arguments[0]));
+    return std::to_string(window.Grid1.DataRowCount());
+}
+
+std::string CallPrintReport(Stage& stage, const Arguments& arguments) {
+    reports::Report report;
+    report.printMode = number::ToInt16(arguments[0]);
+    report.name = arguments[1];
+    report.title = arguments[2];
+    report.filter = arguments[3];
+    report.order = arguments[4];
+    reports::PrintReport(stage.session, report);
+    return {};
+}
+
+std::string CallPrintItem(Stage& stage, const Arguments& arguments) {
+    const std::int16_t mode = number::ToInt16(arguments[0]);
+    MainWindow(stage).printing.PrintItem(mode);
+    return {};
 }
 
 std::string CallTaskDone(Stage& stage, const Arguments& arguments) {
@@ -128,8 +151,8 @@ constexpr std::array kOperations = std::to_array<Operation>({
     {"AddTaskInstance", 2, "PLAN DATE", CallAddTaskInstance},
     {"MakeDate", 3, "YEAR MONTH DAY", CallMakeDate},
     {"ListBirthdays", 1, "DAYS", CallListBirthdays},
-    {"PrintReport", CommandSpec::kMany, "REPORT...", nullptr},
-    {"PrintItem", 1, "ITEM", nullptr},
+    {"PrintReport", 5, "MODE REPORT TITLE FILTER ORDER", CallPrintReport},
+    {"PrintItem", 1, "MODE", CallPrintItem},
     {"frmTaskSet", 1, "PLAN", CallTaskSet},
     {"frmTaskDone", 1, "TYPE", CallTaskDone},
     {"frmList", 1, "ACTION", CallList},

@@ -40,7 +40,7 @@ constexpr std::array kNamed = std::to_array<NamedQuery>({
     {"messages", [](Stage& stage) { return TakeLines(stage.dialogs.messages); }},
     {"statements", [](Stage& stage) { return TakeLines(stage.statements.lines); }},
     {"opened", [](Stage& stage) { return stage.TakeOpened(); }},
-    {"printed", [](Stage& stage) { return TakeLines(stage.printed); }},
+    {"printed", [](Stage& stage) { return stage.TakePrinted(); }},
     {"result", [](Stage& stage) { return stage.result; }},
     {"error", [](Stage& stage) { return stage.TakeError(); }},
 });

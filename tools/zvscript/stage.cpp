@@ -59,4 +59,15 @@ std::string Stage::TakeOpened() {
     return JoinLines(lines);
 }
 
+std::string Stage::TakePrinted() {
+    std::vector<std::string> lines;
+    for (const auto& printed : machine.reports.printed) {
+        lines.push_back(printed.job.reportName);
+        lines.push_back(printed.job.title);
+        lines.insert(lines.end(), printed.job.parameters.begin(), printed.job.parameters.end());
+    }
+    machine.reports.printed.clear();
+    return JoinLines(lines);
+}
+
 }  // namespace zv::script

@@ -37,6 +37,8 @@ class Stage {
     std::optional<std::string> TakeProblem();
     /// What was handed to the shell and to the module runner.
     std::string TakeOpened();
+    /// The print jobs since the last call: report name, title and each parameter, a line each.
+    std::string TakePrinted();
 
     platform::scripted::ScriptedMachine machine;
     resources::FileSettings settings;
@@ -52,7 +54,6 @@ class Stage {
     UserLocale locale;
 
     ScriptedBag bag;                                ///< as last written
-    std::vector<std::string> printed;               ///< lines of the print jobs
     std::string result;                             ///< of the last call
     std::function<void(const std::string&)> print;  ///< takes what "show" asks for; may be empty
 

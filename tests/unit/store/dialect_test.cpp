@@ -245,6 +245,28 @@ TEST_F(OtherStatement, LooksWhetherThereIsSomethingToPrint) {
     EXPECT_TRUE(rows->Eof());
     EXPECT_FALSE(Read("select top 1 * from tTaskList a where fType=1Order By a.fType")->Eof());
 }
+TEST_F(OtherStatement, AnOrderMayFollowItsConditionWithoutABlank) {
+    const auto first = [&](const std::string& condition) {
+        const auto rows = Read("select top 1 * from tTaskList a where " + condition +
+                               "Order By a.fType,a.taskTitle");
+        return rows->Eof() ? std::string() : rows->Field("fID").ToText();
+    };
+    EXPECT_EQ(first("fType=0"), "2");
+    EXPECT_EQ(first("1=1"), "2");
+    EXPECT_EQ(first("a.tDone<>1.0"), "1");
+    EXPECT_EQ(first("taskTitle='Visit'"), "3");
+    EXPECT_EQ(first("taskTime=#03/09/2003#"), "3");
+    EXPECT_EQ(first("(fType=1)"), "3");
+    EXPECT_EQ(first("fType=9"), "");
+    // Behind a name nothing tells where it ends, there as here.
+    EXPECT_EQ(ErrorOf([&] { first("fUser=tDoneMan"); }).Number(), ErrorNumber::DatabaseStatement);
+}
+TEST_F(OtherStatement, AListOfACompanysItemsNeedsNoJoinOfItsOwn) {
+    EXPECT_EQ(Rows("select fID from tTaskList a where a.fID in (select a.fID from tTaskList a  "
+                   "Left Join cards b on a.taskID=b.fID  Where 1=1 And b.CompName like '%acm%') "
+                   "Order By a.fType,a.taskTime desc,a.taskTitle"),
+              "3");
+}
 TEST_F(OtherStatement, ReadsTheFieldCaptions) {
     EXPECT_EQ(Rows("select FieldName,FieldName_0 from rptListDetail Where fTable='ttasklist' And "
                    "FieldType>-1 Order by fieldID"),
