@@ -14,7 +14,6 @@ using resources::DesignText;
 using resources::ReportText;
 
 constexpr std::int16_t kTaskText = 5;
-constexpr std::int16_t kQueryText = 23;
 constexpr std::int16_t kOkText = 28;
 constexpr std::int16_t kCancelText = 29;
 constexpr std::int16_t kNotEmptyText = 108;
@@ -84,7 +83,7 @@ void frmSeek::Form_Load() {
 }
 
 void frmSeek::SetCaptions() {
-    SetCaption(session_.LoadText(kQueryText) + session_.LoadText(kTaskText));
+    SetCaption(Text(ReportText::SearchWindow));
     const auto label = [](forms::Label& target, std::string caption, auto&... fields) {
         (fields.SetAccessibleName(caption), ...);
         target.SetCaption(std::move(caption));

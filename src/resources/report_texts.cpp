@@ -15,6 +15,7 @@ struct Entry {
 
 // In the order of the enumeration.
 constexpr auto kTexts = std::to_array<Entry>({
+    {ReportText::SearchWindow, "高级查询", "進階查詢"},
     {ReportText::Field, "字段", "欄位"},
     {ReportText::Contains, "包含", "包含"},
     {ReportText::BeginsWith, "开头是", "開頭是"},

@@ -7,6 +7,7 @@
 namespace zv::resources {
 
 enum class ReportText {
+    SearchWindow,
     Field,
     Contains,
     BeginsWith,

@@ -160,7 +160,7 @@ TEST_F(QueryBuilder, ACancelAnswersNothing) {
 TEST_F(QueryBuilder, SpeaksTraditionalChinese) {
     stage.session.state.Language = 1;
     frmSeek& window = Open();
-    EXPECT_EQ(window.Caption(), "查詢任務");
+    EXPECT_EQ(window.Caption(), "進階查詢");
     EXPECT_EQ(window.lblField.Caption(), "欄位");
     EXPECT_EQ(window.cboField.List(kState), "狀況");
 }
