@@ -4,7 +4,6 @@
 
 #include "mainwindow/icons.h"
 #include "mainwindow/layout.h"
-#include "resources/error_texts.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -189,9 +188,6 @@ void frmTaskMain::Wire() {
     Timer1.onTimer = [this] { alerts.Timer1_Timer(); };
     cmdExit.onClick = [this] { cmdExit_Click(); };
 
-    cmdItemSet.onClick = [this] {
-        throw resources::NotBuiltYetError(cmdItemSet.Name(), session.state.Language);
-    };
     WireMenus(*this);
 }
 

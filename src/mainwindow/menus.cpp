@@ -1,7 +1,6 @@
 #include "mainwindow/menus.h"
 
 #include "mainwindow/frm_task_main.h"
-#include "resources/error_texts.h"
 
 namespace zv::mainwindow {
 
@@ -53,12 +52,6 @@ MainMenus::MainMenus(forms::Form& form)
 void WireMenus(frmTaskMain& window) {
     MainMenus& m = window.menus;
     m.mnuSeek1.onClick = [&window] { window.tree.cmdSeek_Click(); };
-    for (forms::MenuItem* item : window.Menus()) {
-        if (item->onClick || !item->Children().empty()) continue;
-        item->onClick = [&window, item] {
-            throw resources::NotBuiltYetError(item->Name(), window.session.state.Language);
-        };
-    }
 }
 
 }  // namespace zv::mainwindow

@@ -2,6 +2,7 @@
 
 #include "mainwindow/frm_task_main.h"
 #include "platform/report_printer.h"
+#include "reports/layout_chooser.h"
 #include "reports/print_grid.h"
 #include "reports/print_report.h"
 
@@ -23,6 +24,7 @@ std::string ShownCaption(const forms::Label& label) {
 
 void Printing::Wire() {
     window_.cmdPrint.onClick = [this] { cmdPrint_Click(); };
+    window_.cmdItemSet.onClick = [this] { cmdItemSet_Click(); };
     window_.menus.mnuPrintItem.onClick = [this] { PrintItem(reports::kPreview); };
     window_.menus.mnuPrintList.onClick = [this] { PrintItemList(); };
 }
@@ -74,6 +76,13 @@ void Printing::PrintItemList() {
     report.order = window_.list.ShownOrder();
     report.columns = reports::ChosenColumns(session);
     reports::PrintReport(session, report);
+}
+
+void Printing::cmdItemSet_Click() {
+    const std::string layout = reports::ChooseListLayout(window_.session);
+    // The host may have closed everything meanwhile.
+    if (layout.empty() || !window_.IsLoaded()) return;
+    if (window_.menus.mnuPrintList.Enabled()) PrintItemList();
 }
 
 void Printing::cmdPrint_Click() {

@@ -184,14 +184,5 @@ TEST_F(Layout, NoTwoCommandsShareAnAccessKey) {
     }
 }
 
-TEST_F(Layout, CommandsOfLaterWorkSayThatTheyAreMissing) {
-    frmTaskMain& window = Open();
-    stage.user.Click(window.cmdItemSet);
-    ASSERT_EQ(stage.dialogs.messages.size(), 1u);
-    for (const std::string& message : stage.dialogs.messages) {
-        EXPECT_NE(message.find("not built yet"), std::string::npos) << message;
-    }
-}
-
 }  // namespace
 }  // namespace zv::mainwindow

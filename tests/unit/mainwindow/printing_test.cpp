@@ -1,6 +1,7 @@
 #include "mainwindow/printing.h"
 
 #include "main_window_fixture.h"
+#include "reports/layout_chooser.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -267,6 +268,42 @@ TEST_F(PrintingTest, AListOfNothingSaysSo) {
     stage.user.Choose(window.menus.mnuPrintList);
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|未有可供打印的数据记录！"});
     EXPECT_TRUE(stage.reports.printed.empty());
+}
+
+TEST_F(PrintingTest, ChoosingColumnsPrintsTheListWithThem) {
+    AddItem(0, "报表");
+    frmTaskMain& window = Open();
+    stage.backend.modalLoop = [this](forms::Form& form) {
+        auto& chooser = static_cast<reports::frmItemSet&>(form);
+        stage.user.Pick(chooser.lstChosen, 0);
+        stage.user.Click(chooser.cmdDrop);
+        stage.user.Click(chooser.cmdOK);
+    };
+    stage.user.Click(window.cmdItemSet);
+    EXPECT_EQ(Last().job.reportName, "zvTask02");
+    EXPECT_EQ(Last().job.columns.front(), "(主题)\ttaskTitle");
+    EXPECT_EQ(Last().job.columns.size(), 6u);
+}
+
+TEST_F(PrintingTest, ACancelledChoiceOfColumnsPrintsNothing) {
+    AddItem(0, "报表");
+    frmTaskMain& window = Open();
+    stage.backend.modalLoop = [](forms::Form& form) { form.UserClose(); };
+    stage.user.Click(window.cmdItemSet);
+    EXPECT_TRUE(stage.reports.printed.empty());
+}
+
+TEST_F(PrintingTest, WhereListsMayNotBePrintedTheChoiceIsOnlyKept) {
+    AddItem(1, "拜访");
+    stage.session.state.AlertType = 1;
+    frmTaskMain& window = Open(kCardMode);
+    EXPECT_FALSE(window.menus.mnuPrintList.Enabled());
+    stage.backend.modalLoop = [this](forms::Form& form) {
+        stage.user.Click(static_cast<reports::frmItemSet&>(form).cmdOK);
+    };
+    stage.user.Click(window.cmdItemSet);
+    EXPECT_TRUE(stage.reports.printed.empty());
+    EXPECT_FALSE(stage.settings.values["zvTask.PrintColumns"].empty());
 }
 
 }  // namespace
