@@ -29,6 +29,7 @@ enum class ErrorNumber : std::int32_t {
     CannotCreateObject = 429,
     MemberNotFound = 438,
     NotBuiltYet = 445,
+    PrinterError = 482,
     KeyNotFound = 35601,
     KeyNotUnique = 35602,
     NoCurrentRecord = 3021,

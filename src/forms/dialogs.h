@@ -28,6 +28,9 @@ struct FileRequest {
     std::string initialFile;
     std::string title;
     std::string initialFolder;
+    /// Names a file to be written; the user is asked before one that exists is chosen.
+    bool forSaving = false;
+    std::string extension;  ///< added to a name without one, without the point
 };
 
 class Form;

@@ -35,6 +35,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {ErrorNumber::CannotCreateObject, "不能创建对象", "無法產生物件"},
     {ErrorNumber::MemberNotFound, "对象不支持该属性或方法", "物件不支援此屬性或方法"},
     {ErrorNumber::NotBuiltYet, "尚未提供 (not built yet)", "尚未提供 (not built yet)"},
+    {ErrorNumber::PrinterError, "打印机错误", "印表機錯誤"},
     {ErrorNumber::KeyNotFound, "未找到该键的元素", "找不到該索引鍵的元素"},
     {ErrorNumber::KeyNotUnique, "集合中的键不唯一", "集合中的索引鍵不唯一"},
     {ErrorNumber::NoCurrentRecord, "没有当前记录", "沒有目前的記錄"},

@@ -91,9 +91,17 @@ std::optional<std::string> Win32Dialogs::ChooseFile(Form* owner, const FileReque
     dialog.nMaxFile = static_cast<DWORD>(path.size());
     dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
     dialog.lpstrTitle = title.empty() ? nullptr : title.c_str();
+    const std::wstring extension = ToWide(request.extension);
+    dialog.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
     // The host's current folder is not ours to change.
-    dialog.Flags = static_cast<DWORD>(request.flags) | OFN_EXPLORER | OFN_NOCHANGEDIR;
-    if (!GetOpenFileNameW(&dialog)) return {};
+    dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR;
+    if (request.forSaving) {
+        dialog.Flags |= OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
+        if (!GetSaveFileNameW(&dialog)) return {};
+    } else {
+        dialog.Flags |= static_cast<DWORD>(request.flags);
+        if (!GetOpenFileNameW(&dialog)) return {};
+    }
     return FromWide(path.c_str());
 }
 
