@@ -12,6 +12,7 @@
 #include "opener_object.h"
 #include "recordset_object.h"
 #include "registration.h"
+#include "report/windows/print_object.h"
 
 namespace zv::host {
 namespace {
@@ -26,7 +27,7 @@ IDispatch* Create() {
     return new T();
 }
 
-constexpr std::array<ServerClass, 3> kClasses{{
+constexpr std::array<ServerClass, 4> kClasses{{
     // {336EFE7F-89AB-4286-9169-B1B6111066F7}
     {{{0x336EFE7F, 0x89AB, 0x4286, {0x91, 0x69, 0xB1, 0xB6, 0x11, 0x10, 0x66, 0xF7}},
       store::ado::kOpenerProgId,
@@ -42,6 +43,11 @@ constexpr std::array<ServerClass, 3> kClasses{{
       L"zv_Host.ModuleRunner",
       L"Module runner"},
      &Create<ModuleRunnerObject>},
+    // {8DFBA9A8-D18E-4655-9D30-38094F13AAB9}
+    {{{0x8DFBA9A8, 0xD18E, 0x4655, {0x9D, 0x30, 0x38, 0x09, 0x4F, 0x13, 0xAA, 0xB9}},
+      kPrintProgId,
+      L"Report printer"},
+     &Create<PrintObject>},
 }};
 
 std::array<ClassRegistration, kClasses.size()> Registrations() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,5 +40,8 @@ struct Document {
     std::vector<Field> fields;  ///< of an item report
     Table table;                ///< of a list or a grid
 };
+
+/// Whether `accepts` answers true for every character of the document's texts as they print.
+bool AllCharacters(const Document& document, const std::function<bool(char32_t)>& accepts);
 
 }  // namespace zv::report

@@ -52,6 +52,7 @@ enum class ControlKind {
     ListBox,
     Grid,
     Picture,
+    Canvas,
     Timer,
 };
 

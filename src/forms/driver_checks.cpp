@@ -169,6 +169,7 @@ std::optional<std::string> ReadState(const Control& c, const std::string& p,
         case ControlKind::UpDown:
         case ControlKind::Panel:
         case ControlKind::Picture:
+        case ControlKind::Canvas:
         case ControlKind::Timer:
             return {};
     }

@@ -1,6 +1,7 @@
 #include "forms/win32/control_factory.h"
 
 #include "forms/win32/button_peers.h"
+#include "forms/win32/canvas_peer.h"
 #include "forms/win32/combo_peer.h"
 #include "forms/win32/date_picker_peer.h"
 #include "forms/win32/grid_peer.h"
@@ -58,6 +59,8 @@ std::shared_ptr<NativeControl> MakeNative(FormWindow& window, Control& control) 
             return Make<NativeGrid>(window, control);
         case ControlKind::Picture:
             return Make<NativePicture>(window, control);
+        case ControlKind::Canvas:
+            return Make<NativeCanvas>(window, control);
         case ControlKind::Timer:
             control.AttachPeer(std::make_unique<TimerPeer>(window, control));
             return nullptr;

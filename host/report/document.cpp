@@ -1,0 +1,39 @@
+#include "report/document.h"
+
+#include "base/text.h"
+#include "report/text_lines.h"
+
+namespace zv::report {
+namespace {
+
+bool All(const std::string& raw, const std::function<bool(char32_t)>& accepts) {
+    const std::string text = CleanText(raw);
+    for (std::size_t position = 0; position < text.size();) {
+        const char32_t c = text::NextCodePoint(text, position);
+        if (c != U'\n' && !accepts(c)) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool AllCharacters(const Document& document, const std::function<bool(char32_t)>& accepts) {
+    for (const std::string* text :
+         {&document.company, &document.title, &document.subtitle, &document.user}) {
+        if (!All(*text, accepts)) return false;
+    }
+    for (const Field& field : document.fields) {
+        if (!All(field.caption, accepts) || !All(field.text, accepts)) return false;
+    }
+    for (const Column& column : document.table.columns) {
+        if (!All(column.heading, accepts)) return false;
+    }
+    for (const auto& row : document.table.rows) {
+        for (const std::string& text : row) {
+            if (!All(text, accepts)) return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace zv::report

@@ -1,0 +1,179 @@
+#include "report/windows/automation_lists.h"
+
+#include "base/errors.h"
+#include "report/item_values.h"
+#include "store/ado/automation.h"
+#include "store/ado/value_conversion.h"
+
+namespace zv::report {
+namespace {
+
+using store::ado::Call;
+using store::ado::GetObjectProperty;
+using store::ado::GetProperty;
+using store::ado::Member;
+using win32::ComPtr;
+using win32::Variant;
+
+constexpr double kPointsPerUnit = 72.0 / 96;
+
+std::string ToText(Variant value) {
+    if (value.Type() == VT_NULL || value.Type() == VT_EMPTY) return {};
+    if (const HRESULT hr = value.ChangeType(VT_BSTR); FAILED(hr)) {
+        throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
+    }
+    return win32::ToUtf8(std::wstring_view(value.Get().bstrVal ? value.Get().bstrVal : L"",
+                                           SysStringLen(value.Get().bstrVal)));
+}
+
+std::int32_t ToNumber(Variant value) {
+    if (const HRESULT hr = value.ChangeType(VT_I4); FAILED(hr)) {
+        throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
+    }
+    return static_cast<std::int32_t>(value.Get().lVal);
+}
+
+void Require(HRESULT hr) {
+    if (FAILED(hr)) throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
+}
+
+std::vector<std::string> ReadArray(const VARIANT& value) {
+    SAFEARRAY* array = value.vt & VT_BYREF ? *value.pparray : value.parray;
+    std::vector<std::string> texts;
+    if (!array) return texts;
+    if (SafeArrayGetDim(array) != 1) {
+        throw RuntimeError(ErrorNumber::TypeMismatch, "The array has more than one dimension.");
+    }
+    LONG first = 0;
+    LONG last = -1;
+    VARTYPE type = VT_EMPTY;
+    Require(SafeArrayGetLBound(array, 1, &first));
+    Require(SafeArrayGetUBound(array, 1, &last));
+    Require(SafeArrayGetVartype(array, &type));
+    for (LONG i = first; i <= last; i++) {
+        Variant element;
+        if (type == VT_VARIANT) {
+            Require(SafeArrayGetElement(array, &i, element.Put()));
+            element = Variant::Copy(element.Get());
+        } else if (type == VT_BSTR) {
+            element.Ref().vt = VT_BSTR;
+            element.Ref().bstrVal = nullptr;
+            Require(SafeArrayGetElement(array, &i, &element.Ref().bstrVal));
+        } else {
+            throw RuntimeError(ErrorNumber::TypeMismatch, "The array does not hold texts.");
+        }
+        texts.push_back(ToText(std::move(element)));
+    }
+    return texts;
+}
+
+std::vector<std::string> ReadEnumeration(const ComPtr<IEnumVARIANT>& elements) {
+    std::vector<std::string> texts;
+    for (;;) {
+        Variant element;
+        if (elements->Next(1, element.Put(), nullptr) != S_OK) return texts;
+        texts.push_back(ToText(Variant::Copy(element.Get())));
+    }
+}
+
+std::vector<std::string> ReadCollection(IDispatch& object) {
+    Member count(L"Count");
+    Member item(L"Item");
+    if (count.IsOffered(object) && item.IsOffered(object)) {
+        const std::int32_t total = ToNumber(GetProperty(object, count));
+        std::vector<std::string> texts;
+        for (std::int32_t i = 1; i <= total; i++) {
+            texts.push_back(ToText(GetProperty(object, item, {Variant(i).Get()})));
+        }
+        return texts;
+    }
+    DISPPARAMS none{};
+    Variant answer;
+    if (SUCCEEDED(object.Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_INVARIANT,
+                                DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, answer.Put(),
+                                nullptr, nullptr)) &&
+        (answer.Type() == VT_UNKNOWN || answer.Type() == VT_DISPATCH)) {
+        if (const auto elements = ComPtr<IUnknown>(answer.Get().punkVal).As<IEnumVARIANT>()) {
+            return ReadEnumeration(elements);
+        }
+    }
+    throw RuntimeError(ErrorNumber::TypeMismatch, "The object is no collection of texts.");
+}
+
+}  // namespace
+
+std::vector<std::string> ReadTexts(const Variant& list) {
+    if (list.Type() & VT_ARRAY) return ReadArray(list.Get());
+    switch (list.Type()) {
+        case VT_EMPTY:
+        case VT_NULL:
+        case VT_ERROR:
+            return {};
+        case VT_DISPATCH:
+        case VT_UNKNOWN: {
+            const ComPtr<IDispatch> object = list.Object();
+            return object ? ReadCollection(*object) : std::vector<std::string>();
+        }
+        default:
+            throw RuntimeError(ErrorNumber::TypeMismatch,
+                               "A collection or an array of texts is expected.");
+    }
+}
+
+Table ReadGrid(IDispatch& grid) {
+    Member rowCount(L"RowCount"), columnCount(L"ColumnCount"), heading(L"Heading"),
+        columnWidth(L"ColumnWidth"), text(L"Text");
+    Table table;
+    const std::int32_t columns = ToNumber(GetProperty(grid, columnCount));
+    const std::int32_t rows = ToNumber(GetProperty(grid, rowCount));
+    for (std::int32_t column = 1; column <= columns; column++) {
+        const Variant number(column);
+        const std::int32_t width = ToNumber(GetProperty(grid, columnWidth, {number.Get()}));
+        table.columns.push_back({ToText(GetProperty(grid, heading, {number.Get()})),
+                                 width > 0 ? width * kPointsPerUnit : 0});
+    }
+    for (std::int32_t row = 1; row <= rows; row++) {
+        std::vector<std::string>& cells = table.rows.emplace_back();
+        for (std::int32_t column = 1; column <= columns; column++) {
+            cells.push_back(
+                ToText(GetProperty(grid, text, {Variant(row).Get(), Variant(column).Get()})));
+        }
+    }
+    return table;
+}
+
+Table ReadRecordset(IDispatch& recordset, const std::vector<Heading>& columns,
+                    std::int16_t language) {
+    Member eof(L"EOF"), fieldsMember(L"Fields"), count(L"Count"), item(L"Item"), name(L"Name"),
+        value(L"Value"), moveNext(L"MoveNext");
+    const ComPtr<IDispatch> fields = GetObjectProperty(recordset, fieldsMember);
+    std::vector<ComPtr<IDispatch>> sources;
+    std::vector<std::string> names;
+    Table table;
+    if (columns.empty()) {
+        const std::int32_t total = ToNumber(GetProperty(*fields, count));
+        for (std::int32_t i = 0; i < total; i++) {
+            sources.push_back(GetObjectProperty(*fields, item, {Variant(i).Get()}));
+            names.push_back(ToText(GetProperty(*sources.back(), name)));
+            table.columns.push_back({names.back(), 0});
+        }
+    }
+    for (const Heading& column : columns) {
+        const Variant key(std::string_view(column.key));
+        sources.push_back(GetObjectProperty(*fields, item, {key.Get()}));
+        names.push_back(column.key);
+        table.columns.push_back({column.caption, 0});
+    }
+    while (ToNumber(GetProperty(recordset, eof)) == 0) {
+        std::vector<std::string>& cells = table.rows.emplace_back();
+        for (std::size_t i = 0; i < sources.size(); i++) {
+            const Variant current = GetProperty(*sources[i], value);
+            cells.push_back(
+                PrintedValue(names[i], store::ado::FromVariant(current.Get()), language));
+        }
+        Call(recordset, moveNext);
+    }
+    return table;
+}
+
+}  // namespace zv::report

@@ -1,0 +1,40 @@
+// Draws pages with the system's drawing: on the screen and on printers.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <tuple>
+
+#include "forms/win32/handles.h"
+#include "report/font_set.h"
+#include "report/page.h"
+
+namespace zv::report {
+
+class GdiPainter {
+ public:
+    /// `scale`: pixels per point; the page's upper left corner lies at (left, top) of `dc`.
+    GdiPainter(HDC dc, const FontSet& fonts, double scale, double left, double top);
+
+    /// Characters stand where the layout has put them, whatever the device's own widths are.
+    void Draw(const Page& page);
+
+ private:
+    int X(double points) const;
+    int Y(double points) const;
+    void Fill(const RECT& area, Grey grey);
+    void Draw(const TextRun& run);
+    void Show(const std::u16string& text, const std::vector<int>& advances, const Glyph& first,
+              const TextRun& run, int x);
+    HFONT FontOf(std::uint16_t font, double size, bool bold);
+
+    HDC dc_;
+    const FontSet& fonts_;
+    double scale_;
+    double left_;
+    double top_;
+    std::map<std::tuple<int, int, bool>, forms::win32::Font> made_;
+};
+
+}  // namespace zv::report

@@ -1,0 +1,41 @@
+// A report that is ready to be shown, printed or saved.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/machine.h"
+#include "report/document.h"
+#include "report/font_set.h"
+#include "report/layout.h"
+#include "report/progress.h"
+#include "report/windows/font_files.h"
+
+namespace zv::report {
+
+class PreparedReport {
+ public:
+    /// Takes as many fonts as the document's characters ask for. Throws 482 when there is none.
+    PreparedReport(Document document, FontFiles& fonts);
+    PreparedReport(const PreparedReport&) = delete;
+    PreparedReport& operator=(const PreparedReport&) = delete;
+
+    const Document& Source() const { return document_; }
+    const Layout& Pages() const { return *layout_; }
+
+    /// Replaces the file only when all of it is written. False when `progress` stopped it.
+    bool SavePdf(platform::FileSystem& files, const std::string& path,
+                 const Progress& progress = {}) const;
+    bool SaveCsv(platform::FileSystem& files, const std::string& path,
+                 const Progress& progress = {}) const;
+
+ private:
+    Document document_;
+    std::unique_ptr<FontSet> fonts_;
+    std::unique_ptr<Layout> layout_;
+};
+
+/// Title of the report as the name of a file, without an extension; never empty.
+std::string FileNameOf(const Document& document);
+
+}  // namespace zv::report

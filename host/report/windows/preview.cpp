@@ -1,0 +1,159 @@
+#include "report/windows/preview.h"
+
+#include <cderr.h>
+#include <commdlg.h>
+
+#include <algorithm>
+
+#include "base/errors.h"
+#include "base/win32/wide.h"
+#include "forms/win32/thread_windows.h"
+#include "forms/win32/win32_backend.h"
+#include "forms/window_system.h"
+#include "module.h"
+#include "platform/win32/machine.h"
+#include "report/preview/preview_form.h"
+#include "report/report_texts.h"
+#include "report/windows/gdi_painter.h"
+#include "report/windows/printer.h"
+#include "resources/catalogue.h"
+
+namespace zv::report {
+namespace {
+
+void PaintOn(const forms::CanvasSurface& surface, const FontSet& fonts, const Page& page,
+             double scale, double left, double top) {
+    if (!surface.device) return;
+    const HDC dc = static_cast<HDC>(surface.device);
+    RECT paper{static_cast<LONG>(left), static_cast<LONG>(top),
+               static_cast<LONG>(left + page.width * scale),
+               static_cast<LONG>(top + page.height * scale)};
+    RECT frame{paper.left - 1, paper.top - 1, paper.right + 1, paper.bottom + 1};
+    FillRect(dc, &frame, GetSysColorBrush(COLOR_3DDKSHADOW));
+    FillRect(dc, &paper, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    GdiPainter(dc, fonts, scale, left, top).Draw(page);
+}
+
+class GlobalBytes {
+ public:
+    explicit GlobalBytes(HGLOBAL handle) : handle_(handle), bytes_(GlobalLock(handle)) {}
+    ~GlobalBytes() {
+        GlobalUnlock(handle_);
+        GlobalFree(handle_);
+    }
+    GlobalBytes(const GlobalBytes&) = delete;
+    GlobalBytes& operator=(const GlobalBytes&) = delete;
+    template <typename T>
+    const T* As() const {
+        return static_cast<const T*>(bytes_);
+    }
+
+ private:
+    HGLOBAL handle_;
+    void* bytes_;
+};
+
+// The system's printer dialog; false when the user cancels it.
+bool ChoosePrinter(HWND owner, const Layout& layout, PrinterChoice& printer) {
+    PRINTDLGW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.Flags =
+        PD_ALLPAGES | PD_NOSELECTION | PD_USEDEVMODECOPIESANDCOLLATE | PD_HIDEPRINTTOFILE;
+    if (layout.PageCount() == 1) dialog.Flags |= PD_NOPAGENUMS;
+    dialog.nCopies = static_cast<WORD>(printer.copies);
+    dialog.nMinPage = dialog.nFromPage = 1;
+    dialog.nMaxPage = dialog.nToPage = static_cast<WORD>(std::min(layout.PageCount(), 0xFFFE));
+    const BOOL chosen = PrintDlgW(&dialog);
+    const DWORD failure = chosen ? 0 : CommDlgExtendedError();
+    if (dialog.hDevMode) {
+        const GlobalBytes mode(dialog.hDevMode);
+        if (const auto* settings = mode.As<DEVMODEW>(); chosen && settings) {
+            const auto* bytes = mode.As<unsigned char>();
+            printer.settings.assign(bytes, bytes + settings->dmSize + settings->dmDriverExtra);
+            if (settings->dmFields & DM_COPIES) printer.copies = settings->dmCopies;
+        }
+    }
+    if (dialog.hDevNames) {
+        const GlobalBytes names(dialog.hDevNames);
+        if (const auto* offsets = names.As<DEVNAMES>(); chosen && offsets) {
+            printer.name = names.As<wchar_t>() + offsets->wDeviceOffset;
+        }
+    }
+    if (failure != 0) {
+        const std::int16_t language = layout.Source().language;
+        if (failure == PDERR_NODEFAULTPRN || failure == PDERR_NODEVICES) {
+            throw RuntimeError(ErrorNumber::PrinterError,
+                               GetReportText(ReportText::NoPrinter, language));
+        }
+        throw RuntimeError(ErrorNumber::PrinterError,
+                           FormatReportText(ReportText::PrinterFailed, language,
+                                            "PrintDlg " + std::to_string(failure)));
+    }
+    if (chosen && (dialog.Flags & PD_PAGENUMS)) {
+        printer.firstPage = dialog.nFromPage;
+        printer.lastPage = dialog.nToPage;
+    }
+    return chosen != FALSE;
+}
+
+}  // namespace
+
+std::string AskForFile(forms::Dialogs& dialogs, const Document& document, PrintMode mode,
+                       forms::Form* owner) {
+    const bool isPdf = mode == PrintMode::Pdf;
+    forms::FileRequest file;
+    file.forSaving = true;
+    file.extension = isPdf ? "pdf" : "csv";
+    file.filter =
+        GetReportText(isPdf ? ReportText::PdfFilter : ReportText::CsvFilter, document.language);
+    file.title = GetReportText(isPdf ? ReportText::SavePdfTitle : ReportText::SaveCsvTitle,
+                               document.language);
+    file.initialFile = FileNameOf(document) + "." + file.extension;
+    return dialogs.ChooseFile(owner, file).value_or(std::string());
+}
+
+void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
+    forms::win32::Win32Backend backend(host::ThisModule());
+    forms::WindowSystem windows(backend);
+    windows.title = report.Source().title;
+    windows.describeError = [&](const RuntimeError& error) {
+        return resources::DescribeError(error, request.Script());
+    };
+    platform::win32::SystemFiles files;
+    forms::Form* window = nullptr;
+    PreviewActions actions;
+    actions.print = [&] {
+        DefaultPrinter(request.Script());  // throws when there is none at all
+        PrinterChoice printer;
+        printer.copies = request.copies;
+        const HWND owner = backend.Handle(*window);
+        bool chosen = false;
+        {
+            const forms::win32::OtherWindowsDisabled others(owner);
+            chosen = ChoosePrinter(owner, report.Pages(), printer);
+        }
+        if (chosen) PrintPages(report.Pages(), printer, {});
+    };
+    actions.savePdf = [&] {
+        const std::string path =
+            AskForFile(backend.GetDialogs(), report.Source(), PrintMode::Pdf, window);
+        if (!path.empty()) report.SavePdf(files, path);
+    };
+    actions.saveCsv = [&] {
+        const std::string path =
+            AskForFile(backend.GetDialogs(), report.Source(), PrintMode::Csv, window);
+        if (!path.empty()) report.SaveCsv(files, path);
+    };
+    actions.paint = [&](const forms::CanvasSurface& surface, const Page& page, double scale,
+                        double left, double top) {
+        PaintOn(surface, report.Pages().Fonts(), page, scale, left, top);
+    };
+    windows.FromHost([&] {
+        auto& preview = windows.Create<PreviewForm>(report.Pages(), std::move(actions));
+        window = &preview;
+        preview.Show(true);
+    });
+}
+
+}  // namespace zv::report

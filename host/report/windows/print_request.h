@@ -1,0 +1,37 @@
+// What a client has asked the report component for.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/date_time.h"
+#include "base/win32/variant.h"
+#include "report/document.h"
+#include "store/connection_opener.h"
+
+namespace zv::report {
+
+enum class PrintMode { Preview = 0, Printer = 1, Pdf = 2, Csv = 3 };
+
+struct PrintRequest {
+    std::string userPath, password, userId, defaultDatabase, userName, company;
+    std::string reportName, title, subtitle, filter, order, outputFile, printerName;
+    std::int32_t sqlData = 0;
+    std::int32_t language = 0;  ///< 1 Traditional, any other Simplified
+    std::int32_t printMode = 0;
+    std::int32_t copies = 1;
+    bool copyright = false;
+    win32::Variant parameters, columns, recordset, grid;
+
+    std::int16_t Script() const { return language == 1 ? std::int16_t{1} : std::int16_t{0}; }
+    bool HasConnection() const { return !userPath.empty() || sqlData >= 1; }
+};
+
+inline constexpr char kItemReport[] = "zvTask01";
+inline constexpr char kListReport[] = "zvTask02";
+
+/// Reads everything that the request refers to. A grid comes before any report name. Throws what
+/// the database or the objects report, 5 for an unknown report and a list without rows to read.
+Document MakeDocument(const PrintRequest& request, DateTime now);
+
+}  // namespace zv::report
