@@ -20,7 +20,9 @@ class ShownGrid final : public platform::ReportTable {
     int ColumnCount() const override { return static_cast<int>(columns_.size()); }
     std::string Heading(int column) const override { return grid_.GetColumn(At(column)).heading; }
     int ColumnWidth(int column) const override { return grid_.GetColumn(At(column)).width; }
-    std::string Text(int row, int column) const override { return grid_.Cell(row, At(column)); }
+    std::string Text(int row, int column) const override {
+        return std::string(grid_.Cell(row, At(column)));
+    }
 
  private:
     int At(int column) const {

@@ -24,12 +24,12 @@ void PrintReport(Session& session, const Report& report) {
     printer.Prepare();
     platform::ReportJob job = NewJob(session);
     session.EnsureConnection();
-    // A static cursor: the component may move in it.
+    // A static cursor: the component may move in it. The recordset closes at its end and not by
+    // Close, which fails when the connection was closed while a preview stood.
     const auto rows = session.database.Open(CheckStatement(report), store::CursorType::Static,
                                             store::LockType::ReadOnly);
     if (rows->Eof()) {
         session.windows.ShowMessage("未有可供打印的数据记录！", forms::box::kExclamation);
-        rows->Close();
         return;
     }
     job.printMode = report.printMode;
@@ -43,7 +43,6 @@ void PrintReport(Session& session, const Report& report) {
     }
     job.recordset = rows.get();
     printer.Print(job);
-    rows->Close();
 }
 
 }  // namespace zv::reports

@@ -1,5 +1,6 @@
 #include "platform/win32/host_report_printer.h"
 
+#include "base/errors.h"
 #include "platform/win32/report_objects.h"
 #include "store/ado/ado_recordset.h"
 
@@ -33,6 +34,17 @@ class PrintedTable {
     ComPtr<TableObject> object_;
 };
 
+class Printing {
+ public:
+    explicit Printing(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Printing() { flag_ = false; }
+    Printing(const Printing&) = delete;
+    Printing& operator=(const Printing&) = delete;
+
+ private:
+    bool& flag_;
+};
+
 Variant RecordsetOf(const ReportJob& job) {
     const auto object = job.recordset ? store::ado::ObjectOf(*job.recordset) : ComPtr<IDispatch>();
     return Variant(object.Get());
@@ -57,7 +69,10 @@ void HostReportPrinter::Prepare() {
 }
 
 void HostReportPrinter::Print(const ReportJob& job) {
+    // The windows beside a preview still work; one component prints one job at a time.
+    if (printing_) throw RuntimeError(ErrorNumber::FormAlreadyShown);
     Prepare();
+    const Printing printing(printing_);
     // A copy: a preview runs messages, in which the component may be released here.
     LateBound component = *component_;
     const PrintedTable table(job.grid);

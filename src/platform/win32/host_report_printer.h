@@ -13,11 +13,13 @@ class HostReportPrinter final : public ReportPrinter {
     static constexpr wchar_t kProgId[] = L"zvPrint_ADO.zvPrint";
 
     void Prepare() override;
+    /// Error 400 while a print is under way, which lasts as long as its preview is shown.
     void Print(const ReportJob& job) override;
     void Release() noexcept override { component_.reset(); }
 
  private:
     std::optional<LateBound> component_;
+    bool printing_ = false;
 };
 
 }  // namespace zv::platform::win32
