@@ -12,6 +12,7 @@ namespace zv {
 enum class ErrorNumber : std::int32_t {
     InvalidProcedureCall = 5,
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
     InternalError = 51,
@@ -30,6 +31,7 @@ enum class ErrorNumber : std::int32_t {
     MemberNotFound = 438,
     NotBuiltYet = 445,
     PrinterError = 482,
+    ClipboardInUse = 521,
     KeyNotFound = 35601,
     KeyNotUnique = 35602,
     NoCurrentRecord = 3021,

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "forms/dialogs.h"
@@ -82,6 +83,10 @@ class Backend {
     /// The part of the screen that windows may cover.
     virtual Rect WorkArea() = 0;
     virtual Dialogs& GetDialogs() = 0;
+    /// Throws error 521 when another program holds the clipboard.
+    virtual void SetClipboardText(std::string_view text) = 0;
+    /// Empty when the clipboard holds no text.
+    virtual std::string ClipboardText() = 0;
 };
 
 }  // namespace zv::forms

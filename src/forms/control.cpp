@@ -64,8 +64,10 @@ void Control::SetAccessibleName(std::string name) {
 }
 
 void Control::UserKeyDown(KeyEvent& event) {
-    if (!onKeyDown) return;
-    FromUser([&] { onKeyDown(event); });
+    FromUser([&] {
+        if (onKeyDown) onKeyDown(event);
+        if (event.code != 0) OwnKey(event);
+    });
 }
 
 void Control::UserMouseMove(const MouseEvent& event) {

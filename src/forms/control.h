@@ -19,6 +19,8 @@ inline constexpr int kEnter = 13;
 inline constexpr int kEscape = 27;
 inline constexpr int kUp = 38;
 inline constexpr int kDown = 40;
+inline constexpr int kA = 'A';
+inline constexpr int kC = 'C';
 }  // namespace key
 
 struct KeyEvent {
@@ -53,6 +55,7 @@ enum class ControlKind {
     Grid,
     Picture,
     Canvas,
+    ProgressBar,
     Timer,
 };
 
@@ -120,6 +123,9 @@ class Control {
  protected:
     /// Whether children of this container are shown now; a tab page answers for its tab.
     virtual bool ShowsChild(const Control&) const { return true; }
+    /// What the control itself does with a key that no handler swallowed; sets the code to 0 when
+    /// it used it.
+    virtual void OwnKey(KeyEvent&) {}
     void Notify(Aspect aspect);
     void FromUser(const std::function<void()>& handler);
     void SetTabStop(bool tabStop) { tabStop_ = tabStop; }

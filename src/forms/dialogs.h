@@ -24,7 +24,7 @@ struct FileRequest {
     static constexpr int kFileMustExist = 4100;    ///< must exist, hide read-only
     static constexpr int kPromptToCreate = 10244;  ///< path must exist, ask to create
     int flags = kFileMustExist;
-    std::string filter;  ///< "description|pattern", further pairs behind another "|"
+    std::string filter;            ///< "description|pattern", further pairs behind another "|"
     std::string initialFile;
     std::string title;
     std::string initialFolder;

@@ -35,6 +35,8 @@ class Driver {
     virtual void Type(Control& control, const std::string& text) = 0;
     virtual void Leave(Control& control) = 0;
     virtual void Key(Control& control, int code) = 0;
+    /// A letter with the control key.
+    virtual void ControlKey(Control& control, int code) = 0;
     virtual void Pick(Control& list, int position) = 0;
     virtual void SetDate(Control& picker, const std::optional<DateTime>& value) = 0;
     virtual void Spin(Control& upDown, int direction) = 0;
@@ -43,6 +45,10 @@ class Driver {
     virtual void RightPress(Control& control) = 0;
     virtual void SelectTab(Control& tabs, int tab) = 0;
     virtual void SelectRow(Control& grid, int row) = 0;
+    /// Selects a row beside those that are selected.
+    virtual void AddRow(Control& grid, int row) = 0;
+    virtual void PressHeading(Control& grid, int column) = 0;
+    virtual void ResizeColumn(Control& grid, int column, int width) = 0;
     virtual void Resize(Form& form, Size clientSize) = 0;
     virtual void Close(Form& form) = 0;
 

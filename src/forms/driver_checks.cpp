@@ -9,6 +9,7 @@
 #include "forms/label.h"
 #include "forms/lists.h"
 #include "forms/menu.h"
+#include "forms/progress_bar.h"
 #include "forms/text_box.h"
 #include "forms/timer.h"
 
@@ -76,9 +77,34 @@ Text ReadTree(const TreeView& c, const std::string& p) {
     return {};
 }
 
+// "1,3"
+std::string SelectedRows(const Grid& grid) {
+    std::string rows;
+    for (int row = 1; row <= grid.DataRowCount(); row++) {
+        if (!grid.IsSelected(row)) continue;
+        if (!rows.empty()) rows += ',';
+        rows += std::to_string(row);
+    }
+    return rows;
+}
+
+// "2", downwards "-2", empty while nothing is sorted.
+std::string SortOrder(const Grid& grid) {
+    if (grid.SortColumn() == 0) return {};
+    return (grid.SortsDescending() ? "-" : "") + std::to_string(grid.SortColumn());
+}
+
 Text ReadGrid(const Grid& c, const std::string& p, const std::vector<int>& arguments) {
     if (p == "rows") return std::to_string(c.DataRowCount());
-    if (p == "cell" && arguments.size() == 2) return c.Cell(arguments[0], arguments[1]);
+    if (p == "cell" && arguments.size() == 2) {
+        return std::string(c.Cell(arguments[0], arguments[1]));
+    }
+    if (p == "selection") return SelectedRows(c);
+    if (p == "sort") return SortOrder(c);
+    if (p == "width" && arguments.size() == 1) {
+        return std::to_string(c.GetColumn(arguments[0]).width);
+    }
+    if (p == "list" && arguments.size() == 1) return c.GetColumn(arguments[0]).heading;
     return {};
 }
 
@@ -111,6 +137,22 @@ void RequireUsable(const Control& control) {
 void RequireChoosable(const MenuItem& item) {
     RequireReachable(item.Owner());
     if (!item.CanChoose()) throw DriverError(item.Name() + " cannot be chosen");
+}
+
+Grid& RequireRow(Control& control, int row) {
+    auto& grid = As<Grid>(control);
+    if (row < 1 || row > grid.DataRowCount()) {
+        throw DriverError(DisplayName(control) + " has no row " + std::to_string(row));
+    }
+    return grid;
+}
+
+Grid& RequireColumn(Control& control, int column) {
+    auto& grid = As<Grid>(control);
+    if (column < 1 || column > grid.ColumnCount() || !grid.GetColumn(column).visible) {
+        throw DriverError(DisplayName(control) + " has no column " + std::to_string(column));
+    }
+    return grid;
 }
 
 int RequireNode(const TreeView& tree, const std::string& key) {
@@ -166,6 +208,11 @@ std::optional<std::string> ReadState(const Control& c, const std::string& p,
             return ReadTree(static_cast<const TreeView&>(c), p);
         case ControlKind::Grid:
             return ReadGrid(static_cast<const Grid&>(c), p, arguments);
+        case ControlKind::ProgressBar: {
+            const auto& percent = static_cast<const ProgressBar&>(c).Percent();
+            if (p == "value") return percent ? std::to_string(*percent) : std::string();
+            return {};
+        }
         case ControlKind::UpDown:
         case ControlKind::Panel:
         case ControlKind::Picture:

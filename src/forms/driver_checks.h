@@ -7,6 +7,7 @@
 
 #include "forms/control.h"
 #include "forms/driver.h"
+#include "forms/grid.h"
 #include "forms/tree_view.h"
 
 namespace zv::forms {
@@ -25,6 +26,10 @@ T& As(Control& control) {
 void RequireReachable(const Form& form);
 void RequireUsable(const Control& control);
 void RequireChoosable(const MenuItem& item);
+/// The grid, when it has that row; throws DriverError otherwise.
+Grid& RequireRow(Control& grid, int row);
+/// The grid, when it shows that column; throws DriverError otherwise.
+Grid& RequireColumn(Control& grid, int column);
 /// The node of that key; throws DriverError when there is none.
 int RequireNode(const TreeView& tree, const std::string& key);
 

@@ -20,6 +20,7 @@ constexpr std::int16_t kStateText = 13;
 constexpr std::int16_t kDateText = 14;
 constexpr std::int16_t kListText = 19;
 constexpr std::int16_t kExitText = 22;
+constexpr std::int16_t kQueryText = 23;
 constexpr std::int16_t kAddText = 24;
 constexpr std::int16_t kChangeText = 25;
 constexpr std::int16_t kDeleteText = 26;
@@ -32,6 +33,7 @@ constexpr std::int16_t kIntervalText = 135;
 constexpr std::int16_t kDesktopPathText = 138;
 
 constexpr std::string_view kExitPrefix = "&X ";
+constexpr std::string_view kQueryAccessKey = "(&T)";
 
 }  // namespace
 
@@ -53,6 +55,8 @@ void Captions::Load() {
     window_.optAccess.SetCaption(Catalogue(kDesktopPathText));
     window_.chkStartup.SetCaption(Catalogue(kStartupText));
     window_.chkTimeSet.SetCaption(Catalogue(kIntervalText));
+    window_.menus.mnuAsk.SetCaption(Catalogue(kQueryText) + Catalogue(kTaskText) +
+                                    std::string(kQueryAccessKey));
     LoadDesign();
 }
 

@@ -1,6 +1,7 @@
 #include "mainwindow/menus.h"
 
 #include "mainwindow/frm_task_main.h"
+#include "reports/ask_window.h"
 
 namespace zv::mainwindow {
 
@@ -36,6 +37,7 @@ MainMenus::MainMenus(forms::Form& form)
       mnuSeek(form, "mnuSeek", nullptr),
       mnuSeek1(form, "mnuSeek1", &mnuSeek),
       mnuSeek2(form, "mnuSeek2", &mnuSeek),
+      mnuAsk(form, "mnuAsk", &mnuSeek),
       mnuPrint(form, "mnuPrint", nullptr),
       mnuPrintItem(form, "mnuPrintItem", &mnuPrint),
       mnuPrintList(form, "mnuPrintList", &mnuPrint),
@@ -52,6 +54,9 @@ MainMenus::MainMenus(forms::Form& form)
 void WireMenus(frmTaskMain& window) {
     MainMenus& m = window.menus;
     m.mnuSeek1.onClick = [&window] { window.tree.cmdSeek_Click(); };
+    m.mnuAsk.onClick = [&window] {
+        reports::ShowAsk(window.session, window.session.windows.ModalForm() != nullptr);
+    };
 }
 
 }  // namespace zv::mainwindow

@@ -22,7 +22,7 @@ struct MainMenus {
     forms::MenuItem mnuDaily, mnuDailyAdd, mnuDailyChg, mnuDailyDel, mnuDailyLine;
     std::array<forms::MenuItem, 2> mnuDailyDone;
     forms::MenuItem mnuEvent, mnuEventAdd, mnuEventChg, mnuEventDel, mnuEventLine, mnuEventDone;
-    forms::MenuItem mnuSeek, mnuSeek1, mnuSeek2;
+    forms::MenuItem mnuSeek, mnuSeek1, mnuSeek2, mnuAsk;
     forms::MenuItem mnuPrint, mnuPrintItem, mnuPrintList;
     forms::MenuItem mnuDone, mnuTaskDoneOk, mnuTaskDoing;
     forms::MenuItem mnuImg, mnuImgRestore, mnuImgClose;

@@ -17,6 +17,7 @@ struct Entry {
 constexpr auto kTexts = std::to_array<Entry>({
     {ErrorNumber::InvalidProcedureCall, "无效的过程调用或参数", "無效的程序呼叫或引數"},
     {ErrorNumber::Overflow, "数值溢出", "數值溢位"},
+    {ErrorNumber::OutOfMemory, "内存不足", "記憶體不足"},
     {ErrorNumber::SubscriptOutOfRange, "下标越界", "陣列索引超出範圍"},
     {ErrorNumber::TypeMismatch, "类型不匹配", "型態不符合"},
     {ErrorNumber::InternalError, "内部错误", "內部錯誤"},
@@ -36,6 +37,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {ErrorNumber::MemberNotFound, "对象不支持该属性或方法", "物件不支援此屬性或方法"},
     {ErrorNumber::NotBuiltYet, "尚未提供 (not built yet)", "尚未提供 (not built yet)"},
     {ErrorNumber::PrinterError, "打印机错误", "印表機錯誤"},
+    {ErrorNumber::ClipboardInUse, "其它程序正在使用剪贴板", "其他程式正在使用剪貼簿"},
     {ErrorNumber::KeyNotFound, "未找到该键的元素", "找不到該索引鍵的元素"},
     {ErrorNumber::KeyNotUnique, "集合中的键不唯一", "集合中的索引鍵不唯一"},
     {ErrorNumber::NoCurrentRecord, "没有当前记录", "沒有目前的記錄"},

@@ -55,15 +55,34 @@ void Session::EnsureConnection() {
     OpenConnection(Settings());
 }
 
+namespace {
+
+// The reason and what could not be opened.
+RuntimeError CannotOpen(const RuntimeError& error, const store::ConnectionSettings& connection,
+                        std::int16_t language) {
+    const std::string& place = connection.kind >= 1 ? connection.database : connection.dataPath;
+    std::string text = resources::DescribeError(error, language);
+    if (!place.empty() && text.find(place) == std::string::npos) text += "\r\n" + place;
+    return RuntimeError(error.Number(), text, error.Source());
+}
+
+}  // namespace
+
 void Session::OpenConnection(const store::ConnectionSettings& connection) {
     database.SetDateDelimiter(connection.kind >= 1 ? '\'' : '#');
     try {
         database.OpenConnection(connection);
     } catch (const RuntimeError& error) {
-        const std::string& place = connection.kind >= 1 ? connection.database : connection.dataPath;
-        std::string text = resources::DescribeError(error, state.Language);
-        if (!place.empty() && text.find(place) == std::string::npos) text += "\r\n" + place;
-        throw RuntimeError(error.Number(), text, error.Source());
+        throw CannotOpen(error, connection, state.Language);
+    }
+}
+
+std::unique_ptr<store::Connection> Session::OpenOwnConnection() {
+    const store::ConnectionSettings connection = Settings();
+    try {
+        return database.OpenAnother(connection);
+    } catch (const RuntimeError& error) {
+        throw CannotOpen(error, connection, state.Language);
     }
 }
 

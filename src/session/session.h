@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "forms/window_system.h"
@@ -42,6 +43,10 @@ class Session {
     /// Opens the shared connection anew with these settings and sets the date delimiter of their
     /// kind. Throws as above; the connection is closed then.
     void OpenConnection(const store::ConnectionSettings& connection);
+
+    /// Opens a connection beside the shared one with the control's present settings, for work that
+    /// closes what it opened. Throws as above; the shared one is left as it is.
+    std::unique_ptr<store::Connection> OpenOwnConnection();
 
     ControlState state;
     platform::Machine& machine;

@@ -12,9 +12,12 @@ Database::Database(ConnectionOpener& opener, std::function<ConnectionSettings()>
 
 void Database::OpenConnection(const ConnectionSettings& settings) {
     Close();
+    connection_ = OpenAnother(settings);
+}
+
+std::unique_ptr<Connection> Database::OpenAnother(const ConnectionSettings& settings) const {
     auto connection = opener_.Open(settings);
-    connection_ =
-        observer_ ? ObserveStatements(std::move(connection), *observer_) : std::move(connection);
+    return observer_ ? ObserveStatements(std::move(connection), *observer_) : std::move(connection);
 }
 
 bool Database::EnsureConnection() {

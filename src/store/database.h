@@ -27,6 +27,9 @@ class Database {
     bool EnsureConnection();
     bool IsOpen() const;
     void Close();
+    /// A connection beside the shared one, watched by the same observer. Throws with the opener's
+    /// reason.
+    std::unique_ptr<Connection> OpenAnother(const ConnectionSettings& settings) const;
 
     /// Runs a statement on the open connection; answers the number of rows changed.
     int Execute(const std::string& sql);

@@ -100,13 +100,21 @@ Action Key(Words words) {
          {"Up", forms::key::kUp},
          {"Tab", forms::key::kTab},
          {"Escape", forms::key::kEscape}}};
+    constexpr std::array<std::pair<std::string_view, int>, 2> kControlKeys = {
+        {{"Ctrl+A", forms::key::kA}, {"Ctrl+C", forms::key::kC}}};
+    for (const auto& [name, code] : kControlKeys) {
+        if (name != words[1]) continue;
+        return AtControl(words[0], [code = code](Stage& stage, forms::Control& control) {
+            stage.driver.ControlKey(control, code);
+        });
+    }
     for (const auto& [name, code] : kKeys) {
         if (name != words[1]) continue;
         return AtControl(words[0], [code = code](Stage& stage, forms::Control& control) {
             stage.driver.Key(control, code);
         });
     }
-    throw ScriptError("a key is Enter, Down, Up, Tab or Escape");
+    throw ScriptError("a key is Enter, Down, Up, Tab, Escape, Ctrl+A or Ctrl+C");
 }
 
 // Tabs are picked by their position, too, and the rows of a grid, whose first is position 0 here.
@@ -120,6 +128,13 @@ Action Pick(Words words) {
                          } else {
                              stage.driver.Pick(control, position);
                          }
+                     });
+}
+
+Action Heading(Words words) {
+    return AtControl(words[0],
+                     [column = ToInteger(words[1])](Stage& stage, forms::Control& control) {
+                         stage.driver.PressHeading(control, column);
                      });
 }
 
@@ -178,7 +193,8 @@ constexpr std::array kCommands = std::to_array<CommandSpec>({
     {"rightclick", 1, 2, "W.C [KEY]", RightClick},
     {"type", 2, 2, "W.C \"TEXT\"", Type},
     {"leave", 1, 1, "W.C", Leave},
-    {"key", 2, 2, "W.C Enter|Down|Up|Tab|Escape", Key},
+    {"key", 2, 2, "W.C Enter|Down|Up|Tab|Escape|Ctrl+A|Ctrl+C", Key},
+    {"heading", 2, 2, "W.C COLUMN", Heading},
     {"pick", 2, 2, "W.C INDEX", Pick},
     {"date", 2, 2, "W.C 2003-03-07|2003-03-07T10:00:00|empty", Date},
     {"spin", 2, 2, "W.C up|down", Spin},

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "mainwindow/frm_task_main.h"
+#include "reports/ask_window.h"
 #include "reports/print_report.h"
 #include "resources/error_texts.h"
 #include "scheduling/occurrences.h"
@@ -138,6 +139,11 @@ std::string CallList(Stage& stage, const Arguments& arguments) {
     return {};
 }
 
+std::string CallAsk(Stage& stage, const Arguments&) {
+    reports::ShowAsk(stage.session, false);
+    return {};
+}
+
 constexpr std::array kOperations = std::to_array<Operation>({
     {"MarkItemState", 3, "ITEM STATE NAME", CallMarkItemState},
     {"MakeLikePattern", 1, "TEXT", CallMakeLikePattern},
@@ -156,7 +162,7 @@ constexpr std::array kOperations = std::to_array<Operation>({
     {"frmTaskSet", 1, "PLAN", CallTaskSet},
     {"frmTaskDone", 1, "TYPE", CallTaskDone},
     {"frmList", 1, "ACTION", CallList},
-    {"frmAsk", 0, "", nullptr},
+    {"frmAsk", 0, "", CallAsk},
 });
 
 const Operation* Find(const std::string& name) {

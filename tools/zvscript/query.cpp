@@ -41,6 +41,7 @@ constexpr std::array kNamed = std::to_array<NamedQuery>({
     {"statements", [](Stage& stage) { return TakeLines(stage.statements.lines); }},
     {"opened", [](Stage& stage) { return stage.TakeOpened(); }},
     {"printed", [](Stage& stage) { return stage.TakePrinted(); }},
+    {"clipboard", [](Stage& stage) { return stage.stand->GetBackend().ClipboardText(); }},
     {"result", [](Stage& stage) { return stage.result; }},
     {"error", [](Stage& stage) { return stage.TakeError(); }},
 });

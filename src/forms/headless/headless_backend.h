@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "forms/backend.h"
 
@@ -23,9 +24,12 @@ class HeadlessBackend : public Backend {
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override { return {0, 0, 1280, 960}; }
     Dialogs& GetDialogs() override { return dialogs_; }
+    void SetClipboardText(std::string_view text) override { clipboard_ = text; }
+    std::string ClipboardText() override { return clipboard_; }
 
  private:
     Dialogs& dialogs_;
+    std::string clipboard_;
 };
 
 }  // namespace zv::forms::headless

@@ -109,6 +109,12 @@ void HeadlessDriver::Key(Control& control, int code) {
     }
 }
 
+void HeadlessDriver::ControlKey(Control& control, int code) {
+    if (!Press(control)) return;
+    KeyEvent event{code, false, true};
+    control.UserKeyDown(event);
+}
+
 void HeadlessDriver::Pick(Control& control, int position) {
     auto& list = As<ListControl>(control);
     if (position < -1 || position >= list.ListCount()) {
@@ -157,11 +163,25 @@ void HeadlessDriver::SelectTab(Control& control, int tab) {
 }
 
 void HeadlessDriver::SelectRow(Control& control, int row) {
-    auto& grid = As<Grid>(control);
-    if (row < 1 || row > grid.DataRowCount()) {
-        throw DriverError(DisplayName(control) + " has no row " + std::to_string(row));
-    }
+    Grid& grid = RequireRow(control, row);
     if (Press(control)) grid.UserSelect(row);
+}
+
+void HeadlessDriver::AddRow(Control& control, int row) {
+    Grid& grid = RequireRow(control, row);
+    if (!Press(control)) return;
+    grid.UserChangedSelection(row, row, true);
+    grid.UserWentTo(row);
+}
+
+void HeadlessDriver::PressHeading(Control& control, int column) {
+    Grid& grid = RequireColumn(control, column);
+    if (Press(control)) grid.UserPressedHeading(column);
+}
+
+void HeadlessDriver::ResizeColumn(Control& control, int column, int width) {
+    RequireUsable(control);
+    RequireColumn(control, column).UserResizedColumn(column, width);
 }
 
 void HeadlessDriver::Resize(Form& form, Size clientSize) {

@@ -14,6 +14,7 @@ class HeadlessDriver : public Driver {
     void Type(Control& control, const std::string& text) override;
     void Leave(Control& control) override;
     void Key(Control& control, int code) override;
+    void ControlKey(Control& control, int code) override;
     void Pick(Control& control, int position) override;
     void SetDate(Control& control, const std::optional<DateTime>& value) override;
     void Spin(Control& control, int direction) override;
@@ -22,6 +23,9 @@ class HeadlessDriver : public Driver {
     void RightPress(Control& control) override;
     void SelectTab(Control& control, int tab) override;
     void SelectRow(Control& control, int row) override;
+    void AddRow(Control& control, int row) override;
+    void PressHeading(Control& control, int column) override;
+    void ResizeColumn(Control& control, int column, int width) override;
     void Resize(Form& form, Size clientSize) override;
     void Close(Form& form) override;
 

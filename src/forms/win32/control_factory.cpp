@@ -9,6 +9,7 @@
 #include "forms/win32/list_box_peer.h"
 #include "forms/win32/panel_peers.h"
 #include "forms/win32/picture_peer.h"
+#include "forms/win32/progress_peer.h"
 #include "forms/win32/tab_peer.h"
 #include "forms/win32/text_box_peer.h"
 #include "forms/win32/timer_peer.h"
@@ -61,6 +62,8 @@ std::shared_ptr<NativeControl> MakeNative(FormWindow& window, Control& control) 
             return Make<NativePicture>(window, control);
         case ControlKind::Canvas:
             return Make<NativeCanvas>(window, control);
+        case ControlKind::ProgressBar:
+            return Make<NativeProgressBar>(window, control);
         case ControlKind::Timer:
             control.AttachPeer(std::make_unique<TimerPeer>(window, control));
             return nullptr;

@@ -6,6 +6,7 @@
 #include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/lists.h"
+#include "forms/progress_bar.h"
 #include "forms/text_box.h"
 #include "forms/win32/date_picker_peer.h"
 #include "forms/win32/form_window.h"
@@ -159,7 +160,36 @@ Text ReadGrid(const NativeGrid& native, const std::string& property, const Argum
     item.pszText = text.data();
     item.cchTextMax = static_cast<int>(text.size());
     SendMessageW(window, LVM_GETITEMTEXTW, static_cast<WPARAM>(a[0] - 1), AsParam(&item));
-    return FromWide(item.pszText);
+    // A cell shows the beginning of its text on one line; where that is right, the text is it.
+    const std::string_view whole = static_cast<const Grid&>(native.Logical()).Cell(a[0], a[1]);
+    std::wstring expected;
+    NativeGrid::ToShown(whole, expected);
+    return expected == item.pszText ? std::string(whole) : FromWide(item.pszText);
+}
+
+Text ReadGridState(const NativeGrid& native, const std::string& property, const Arguments& a) {
+    const HWND window = native.Handle();
+    if (property == "selection") {
+        std::string rows;
+        for (LRESULT row = -1;
+             (row = SendMessageW(window, LVM_GETNEXTITEM, static_cast<WPARAM>(row),
+                                 LVNI_SELECTED)) >= 0;) {
+            if (!rows.empty()) rows += ',';
+            rows += std::to_string(row + 1);
+        }
+        return rows;
+    }
+    const bool aboutColumn = property == "width" || property == "list";
+    if (!aboutColumn || a.size() != 1 || native.NativeColumn(a[0]) < 0) return {};
+    std::wstring heading(kLongestItem, L'\0');
+    LVCOLUMNW column{};
+    column.mask = LVCF_WIDTH | LVCF_TEXT;
+    column.pszText = heading.data();
+    column.cchTextMax = static_cast<int>(heading.size());
+    SendMessageW(window, LVM_GETCOLUMNW, static_cast<WPARAM>(native.NativeColumn(a[0])),
+                 AsParam(&column));
+    if (property == "list") return FromWide(column.pszText);
+    return std::to_string(native.Owner().GetScale().ToUnits(column.cx));
 }
 
 Text ReadCommon(const NativeControl& native, const std::string& property) {
@@ -202,8 +232,17 @@ std::optional<std::string> ReadNative(const NativeControl& native, const std::st
             return ReadTabs(native, property, arguments);
         case ControlKind::TreeView:
             return ReadTree(static_cast<const NativeTree&>(native), property);
-        case ControlKind::Grid:
-            return ReadGrid(static_cast<const NativeGrid&>(native), property, arguments);
+        case ControlKind::Grid: {
+            const auto& grid = static_cast<const NativeGrid&>(native);
+            if (auto state = ReadGridState(grid, property, arguments)) return state;
+            return ReadGrid(grid, property, arguments);
+        }
+        case ControlKind::ProgressBar:
+            if (property == "value" &&
+                static_cast<const ProgressBar&>(native.Logical()).Percent()) {
+                return std::to_string(SendMessageW(native.Handle(), PBM_GETPOS, 0, 0));
+            }
+            return {};
         default:
             return {};
     }

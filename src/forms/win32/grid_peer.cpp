@@ -2,20 +2,20 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "forms/win32/wide_text.h"
 
 namespace zv::forms::win32 {
 
 void NativeGrid::Create(HWND parent, int id) {
     CreateNative(parent, id, WC_LISTVIEWW,
-                 WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
-                     LVS_NOSORTHEADER,
-                 WS_EX_CLIENTEDGE);
+                 WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS, WS_EX_CLIENTEDGE);
     constexpr DWORD kStyles = LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES | LVS_EX_DOUBLEBUFFER;
     Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kStyles, kStyles);
     const Quiet quiet(*this);
     ShowColumns();
     ShowRows();
+    ShowSelection();
 }
 
 void NativeGrid::ShowColumns() {
@@ -35,11 +35,50 @@ void NativeGrid::ShowColumns() {
         Send(LVM_INSERTCOLUMNW, columns_.size(), reinterpret_cast<LPARAM>(&native));
         columns_.push_back(column);
     }
+    ShowSortArrow();
 }
 
 void NativeGrid::ShowRows() {
     Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(Rows().DataRowCount()), LVSICF_NOSCROLL);
     InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void NativeGrid::SetRowState(int row, UINT state) {
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED;
+    item.state = state;
+    Send(LVM_SETITEMSTATE, static_cast<WPARAM>(static_cast<INT_PTR>(row)),
+         reinterpret_cast<LPARAM>(&item));
+}
+
+void NativeGrid::ShowSelection() {
+    constexpr int kAll = -1;
+    const Grid& grid = Rows();
+    const bool all = grid.SelectedCount() > 0 && grid.SelectedCount() == grid.DataRowCount();
+    SetRowState(kAll, all ? LVIS_SELECTED : 0);
+    if (all) return;
+    int left = grid.SelectedCount();
+    for (int row = 1; left > 0 && row <= grid.DataRowCount(); row++) {
+        if (!grid.IsSelected(row)) continue;
+        SetRowState(row - 1, LVIS_SELECTED);
+        left--;
+    }
+}
+
+void NativeGrid::ShowSortArrow() {
+    const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
+    for (std::size_t i = 0; i < columns_.size(); i++) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(header, HDM_GETITEMW, i, reinterpret_cast<LPARAM>(&item));
+        const int former = item.fmt;
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (columns_[i] == Rows().SortColumn()) {
+            item.fmt |= Rows().SortsDescending() ? HDF_SORTDOWN : HDF_SORTUP;
+        }
+        if (item.fmt == former) continue;
+        SendMessageW(header, HDM_SETITEMW, i, reinterpret_cast<LPARAM>(&item));
+    }
 }
 
 int NativeGrid::NativeColumn(int column) const {
@@ -67,33 +106,99 @@ bool NativeGrid::ShowsColumns() const {
 }
 
 void NativeGrid::Mirror(Aspect aspect) {
-    if (aspect == Aspect::Items) {
-        if (!ShowsColumns()) ShowColumns();
-        ShowRows();
-    } else if (aspect == Aspect::Text) {
-        InvalidateRect(Handle(), nullptr, FALSE);
+    switch (aspect) {
+        case Aspect::Items:
+            if (!ShowsColumns()) ShowColumns();
+            ShowSortArrow();
+            ShowRows();
+            break;
+        case Aspect::Text:
+            InvalidateRect(Handle(), nullptr, FALSE);
+            break;
+        case Aspect::Selection:
+            ShowSelection();
+            break;
+        default:
+            break;
+    }
+}
+
+void NativeGrid::ToShown(std::string_view text, std::wstring& shown) {
+    // A list view shows no more of a text; what lies behind is not worth converting.
+    constexpr std::size_t kMost = 259;
+    constexpr std::size_t kLongestCharacter = 4;
+    const bool cut = text.size() > kMost * kLongestCharacter;
+    if (cut) text = text.substr(0, kMost * kLongestCharacter);
+    ToWide(text, shown);
+    if (shown.size() > kMost) shown.resize(kMost);
+    if (!shown.empty() && IS_HIGH_SURROGATE(shown.back())) shown.pop_back();
+    for (wchar_t& c : shown) {
+        if (c < L' ') c = L' ';
     }
 }
 
 void NativeGrid::TellText(LVITEMW& item) {
-    const bool known = item.iItem < Rows().DataRowCount() &&
-                       static_cast<std::size_t>(item.iSubItem) < columns_.size();
     if (!(item.mask & LVIF_TEXT)) return;
+    const bool known = item.iItem >= 0 && item.iItem < Rows().DataRowCount() &&
+                       static_cast<std::size_t>(item.iSubItem) < columns_.size();
     text_.clear();
     if (known) {
-        ToWide(Rows().Cell(item.iItem + 1, columns_[static_cast<std::size_t>(item.iSubItem)]),
-               text_);
+        ToShown(Rows().Cell(item.iItem + 1, columns_[static_cast<std::size_t>(item.iSubItem)]),
+                text_);
     }
     lstrcpynW(item.pszText, text_.c_str(), item.cchTextMax);
+}
+
+void NativeGrid::TellSelection(const NMLISTVIEW& change) {
+    const bool was = change.uOldState & LVIS_SELECTED;
+    const bool is = change.uNewState & LVIS_SELECTED;
+    if (was == is) return;
+    if (change.iItem < 0) {
+        Rows().UserChangedSelection(1, Rows().DataRowCount(), is);
+        return;
+    }
+    Rows().UserChangedSelection(change.iItem + 1, change.iItem + 1, is);
+    if (is) Rows().UserWentTo(change.iItem + 1);
+}
+
+// Whatever the user did at the edges of the headings, the grid keeps the widths that came of it.
+void NativeGrid::TellWidths() {
+    for (std::size_t i = 0; i < columns_.size(); i++) {
+        const auto pixels = static_cast<int>(Send(LVM_GETCOLUMNWIDTH, i));
+        Grid::Column& shown = shownColumns_[static_cast<std::size_t>(columns_[i] - 1)];
+        if (pixels == GetScale().ToPixels(shown.width)) continue;
+        shown.width = GetScale().ToUnits(pixels);
+        Rows().UserResizedColumn(columns_[i], shown.width);
+    }
+}
+
+std::optional<LRESULT> NativeGrid::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_NOTIFY || IsQuiet()) return std::nullopt;
+    const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
+    const bool resized = code == HDN_ITEMCHANGEDW || code == HDN_ITEMCHANGEDA ||
+                         code == HDN_ENDTRACKW || code == HDN_ENDTRACKA;
+    if (!resized) return std::nullopt;
+    const LRESULT result = Native(message, wParam, lParam);
+    if (!IsQuiet()) TellWidths();
+    return result;
 }
 
 LRESULT NativeGrid::OnNotify(NMHDR& header) {
     if (header.code == LVN_GETDISPINFOW) {
         TellText(reinterpret_cast<NMLVDISPINFOW&>(header).item);
-    } else if (header.code == LVN_ITEMCHANGED && !IsQuiet()) {
-        const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
-        const bool selected = change.uNewState & ~change.uOldState & LVIS_SELECTED;
-        if (selected && change.iItem >= 0) Rows().UserSelect(change.iItem + 1);
+        return 0;
+    }
+    if (IsQuiet()) return 0;
+    if (header.code == LVN_ITEMCHANGED) {
+        TellSelection(reinterpret_cast<const NMLISTVIEW&>(header));
+    } else if (header.code == LVN_ODSTATECHANGED) {
+        const auto& change = reinterpret_cast<const NMLVODSTATECHANGE&>(header);
+        Rows().UserChangedSelection(change.iFrom + 1, change.iTo + 1,
+                                    change.uNewState & LVIS_SELECTED);
+    } else if (header.code == LVN_COLUMNCLICK) {
+        const auto& click = reinterpret_cast<const NMLISTVIEW&>(header);
+        const auto at = static_cast<std::size_t>(click.iSubItem);
+        if (at < columns_.size()) Rows().UserPressedHeading(columns_[at]);
     }
     return 0;
 }

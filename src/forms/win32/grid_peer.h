@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "forms/grid.h"
@@ -16,16 +18,24 @@ class NativeGrid : public NativeControl {
     void ResolutionChanged() override;
     /// The native position of a column, -1 for a hidden one.
     int NativeColumn(int column) const;
+    /// What a cell with this text shows: its beginning, on one line.
+    static void ToShown(std::string_view text, std::wstring& shown);
 
  protected:
     void Mirror(Aspect aspect) override;
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
     Grid& Rows() const { return static_cast<Grid&>(Logical()); }
     bool ShowsColumns() const;
     void ShowColumns();
     void ShowRows();
+    void ShowSelection();
+    void ShowSortArrow();
+    void SetRowState(int row, UINT state);
     void TellText(LVITEMW& item);
+    void TellSelection(const NMLISTVIEW& change);
+    void TellWidths();
 
     std::vector<Grid::Column> shownColumns_;
     std::vector<int> columns_;  ///< the grid's column behind each native one

@@ -34,6 +34,8 @@ class Win32Backend : public Backend {
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override;
     Dialogs& GetDialogs() override;
+    void SetClipboardText(std::string_view text) override;
+    std::string ClipboardText() override;
 
     /// Runs in place of the message loop while a modal window is open, the other windows disabled.
     /// It returns when that window is gone, and calls PumpMessages between its steps.

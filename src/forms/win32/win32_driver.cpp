@@ -1,5 +1,6 @@
 #include "forms/win32/win32_driver.h"
 
+#include <array>
 #include <cstring>
 
 #include "forms/containers.h"
@@ -13,6 +14,7 @@
 #include "forms/up_down.h"
 #include "forms/win32/date_picker_peer.h"
 #include "forms/win32/form_window.h"
+#include "forms/win32/grid_peer.h"
 #include "forms/win32/tree_peer.h"
 #include "forms/win32/wide_text.h"
 
@@ -29,6 +31,32 @@ void Command(HWND window, UINT code) {
                  MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(window)), code),
                  reinterpret_cast<LPARAM>(window));
 }
+
+void SetRowState(HWND list, int row, UINT state) {
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = state;
+    SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(static_cast<INT_PTR>(row)),
+                 reinterpret_cast<LPARAM>(&item));
+}
+
+// A key that is down for the messages of this thread, as long as this lives.
+class HeldKey {
+ public:
+    explicit HeldKey(int key) : key_(static_cast<std::size_t>(key)) { Set(0x80); }
+    ~HeldKey() { Set(0); }
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+
+ private:
+    void Set(BYTE state) const {
+        std::array<BYTE, 256> keys{};
+        GetKeyboardState(keys.data());
+        keys.at(key_) = state;
+        SetKeyboardState(keys.data());
+    }
+    std::size_t key_;
+};
 
 }  // namespace
 
@@ -159,6 +187,11 @@ void Win32Driver::Key(Control& control, int code) {
     backend_.PumpMessages();
 }
 
+void Win32Driver::ControlKey(Control& control, int code) {
+    const HeldKey held(VK_CONTROL);
+    Key(control, code);
+}
+
 void Win32Driver::Pick(Control& control, int position) {
     auto& list = As<ListControl>(control);
     if (position < -1 || position >= list.ListCount()) {
@@ -241,16 +274,42 @@ void Win32Driver::SelectTab(Control& control, int tab) {
 }
 
 void Win32Driver::SelectRow(Control& control, int row) {
-    auto& grid = As<Grid>(control);
-    if (row < 1 || row > grid.DataRowCount()) {
-        throw DriverError(DisplayName(control) + " has no row " + std::to_string(row));
-    }
+    RequireRow(control, row);
     if (!Focus(control)) return;
     const HWND window = Native(control).Handle();
-    LVITEMW item{};
-    item.stateMask = item.state = LVIS_SELECTED | LVIS_FOCUSED;
-    SendMessageW(window, LVM_SETITEMSTATE, static_cast<WPARAM>(row - 1),
-                 reinterpret_cast<LPARAM>(&item));
+    SetRowState(window, -1, 0);
+    SetRowState(window, row - 1, LVIS_SELECTED | LVIS_FOCUSED);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::AddRow(Control& control, int row) {
+    RequireRow(control, row);
+    if (!Focus(control)) return;
+    SetRowState(Native(control).Handle(), row - 1, LVIS_SELECTED | LVIS_FOCUSED);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::PressHeading(Control& control, int column) {
+    RequireColumn(control, column);
+    if (!Focus(control)) return;
+    const auto& native = static_cast<const NativeGrid&>(Native(control));
+    const auto header = reinterpret_cast<HWND>(SendMessageW(native.Handle(), LVM_GETHEADER, 0, 0));
+    RECT place{};
+    SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(native.NativeColumn(column)),
+                 reinterpret_cast<LPARAM>(&place));
+    const LPARAM at = Place(static_cast<int>(place.left + place.right) / 2,
+                            static_cast<int>(place.top + place.bottom) / 2);
+    SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    SendMessageW(header, WM_LBUTTONUP, 0, at);
+    backend_.PumpMessages();
+}
+
+void Win32Driver::ResizeColumn(Control& control, int column, int width) {
+    RequireColumn(control, column);
+    const auto& native = static_cast<const NativeGrid&>(Usable(control));
+    SendMessageW(native.Handle(), LVM_SETCOLUMNWIDTH,
+                 static_cast<WPARAM>(native.NativeColumn(column)),
+                 native.Owner().GetScale().ToPixels(width));
     backend_.PumpMessages();
 }
 

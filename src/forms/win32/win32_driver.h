@@ -21,6 +21,7 @@ class Win32Driver : public Driver {
     void Type(Control& control, const std::string& text) override;
     void Leave(Control& control) override;
     void Key(Control& control, int code) override;
+    void ControlKey(Control& control, int code) override;
     void Pick(Control& list, int position) override;
     void SetDate(Control& picker, const std::optional<DateTime>& value) override;
     void Spin(Control& upDown, int direction) override;
@@ -29,6 +30,9 @@ class Win32Driver : public Driver {
     void RightPress(Control& control) override;
     void SelectTab(Control& tabs, int tab) override;
     void SelectRow(Control& grid, int row) override;
+    void AddRow(Control& control, int row) override;
+    void PressHeading(Control& control, int column) override;
+    void ResizeColumn(Control& control, int column, int width) override;
     void Resize(Form& form, Size clientSize) override;
     void Close(Form& form) override;
 

@@ -1,0 +1,79 @@
+// What every part of the query window is called, in the language at hand.
+#include "reports/ask_window.h"
+#include "resources/ask_texts.h"
+#include "resources/design_texts.h"
+
+namespace zv::reports {
+namespace {
+
+using resources::AskText;
+using resources::DesignText;
+
+constexpr std::int16_t kTaskText = 5;
+constexpr std::int16_t kTitleText = 7;
+constexpr std::int16_t kDoerText = 10;
+constexpr std::int16_t kStateText = 13;
+constexpr std::int16_t kQuitText = 22;
+constexpr std::int16_t kAskText = 23;
+constexpr std::int16_t kPrintText = 27;
+constexpr std::int16_t kDateText = 101;
+
+constexpr int kFreeFields = 6;
+
+}  // namespace
+
+void frmAsk::SetCaptions() {
+    const auto text = [this](std::int16_t id) { return session_.LoadText(id); };
+    const auto design = [this](DesignText id) {
+        return resources::GetDesignText(id, session_.state.Language);
+    };
+    SetCaption(text(kAskText) + text(kTaskText));
+    chkUser.SetCaption(GetAskText(AskText::WrittenBy, session_.state.Language));
+    chkType.SetCaption(design(DesignText::Kind));
+    Check1[kTitleCheck].SetCaption(text(kTitleText));
+    Check1[kDateCheck].SetCaption(text(kDateText));
+    Check1[kStateCheck].SetCaption(text(kStateText));
+    chkDoneMan.SetCaption(text(kDoerText));
+    lblUntil.SetCaption("-");
+    cmdAsk.SetCaption(text(kAskText));
+    cmdPrint.SetCaption(text(kPrintText));
+    cmdExport.SetCaption(GetAskText(AskText::ButtonExport, session_.state.Language));
+    cmdQuit.SetCaption(text(kQuitText));
+    lblCount.SetCaption({});
+
+    txtUser.SetAccessibleName(chkUser.Caption());
+    cboType2.SetAccessibleName(chkType.Caption());
+    Text1[kTitleCheck].SetAccessibleName(Check1[kTitleCheck].Caption());
+    DTPicker1.SetAccessibleName(Check1[kDateCheck].Caption() + " 1");
+    DTPicker2.SetAccessibleName(Check1[kDateCheck].Caption() + " 2");
+    Combo1.SetAccessibleName(Check1[kStateCheck].Caption());
+    txtDoneMan.SetAccessibleName(chkDoneMan.Caption());
+    Grid1.SetAccessibleName(Caption());
+
+    cboType2.SetItems(
+        {text(kTaskText), design(DesignText::KindGuest), design(DesignText::KindDiary)});
+    // In the order of the stored states.
+    Combo1.SetItems({design(DesignText::StateNotDone), design(DesignText::StateDone),
+                     design(DesignText::StateInHand)});
+}
+
+void frmAsk::SetColumns() {
+    const auto design = [this](DesignText id) {
+        return resources::GetDesignText(id, session_.state.Language);
+    };
+    std::vector<forms::Grid::Column> columns = {
+        {Check1[kDateCheck].Caption(), 90},
+        {Check1[kTitleCheck].Caption(), 200},
+        {design(DesignText::Content), 240},
+        {chkDoneMan.Caption(), 80},
+        {chkUser.Caption(), 80},
+        {chkType.Caption(), 80},
+        {Check1[kStateCheck].Caption(), 70},
+    };
+    for (int field = 1; field <= kFreeFields; field++) {
+        columns.push_back({design(DesignText::Remark) + " " + std::to_string(field), 80});
+    }
+    Grid1.SetColumns(std::move(columns));
+}
+
+}  // namespace zv::reports

@@ -1,0 +1,191 @@
+#include "reports/ask_window.h"
+
+#include "reports/grid_export.h"
+#include "reports/long_work.h"
+#include "reports/print_grid.h"
+#include "resources/ask_texts.h"
+#include "session/text_checks.h"
+
+namespace zv::reports {
+namespace {
+
+using resources::AskText;
+
+constexpr std::int16_t kBeginAfterEndText = 119;
+
+class Reading : public LongWork {
+ public:
+    Reading(AskRows& rows, forms::Grid& grid, std::int16_t language)
+        : rows_(rows), grid_(grid), language_(language) {}
+    bool Continue() override {
+        constexpr int kPiece = 10000;
+        return rows_.Fill(grid_, kPiece);
+    }
+    std::string State() const override {
+        return GetAskText(AskText::RowsSoFar, language_, grid_.DataRowCount());
+    }
+
+ private:
+    AskRows& rows_;
+    forms::Grid& grid_;
+    std::int16_t language_;
+};
+
+}  // namespace
+
+frmAsk::frmAsk(forms::WindowSystem& windows, Session& session)
+    : Form(windows, std::string(kName)), session_(session) {
+    Wire();
+    SetSizable(true);
+    defaultButton = &cmdAsk;
+    cancelButton = &cmdQuit;
+}
+
+void frmAsk::Wire() {
+    chkUser.onClick = [this] { chkUser_Click(); };
+    chkType.onClick = [this] { chkType_Click(); };
+    chkDoneMan.onClick = [this] { chkDoneMan_Click(); };
+    for (int index = kTitleCheck; index <= kStateCheck; index++) {
+        Check1[index].onClick = [this, index] { Check1_Click(index); };
+    }
+    Text1[kTitleCheck].onLostFocus = [this] { Text1_LostFocus(); };
+    cmdAsk.onClick = [this] { cmdAsk_Click(); };
+    cmdPrint.onClick = [this] { cmdPrint_Click(); };
+    cmdExport.onClick = [this] { cmdExport_Click(); };
+    cmdQuit.onClick = [this] { cmdQuit_Click(); };
+}
+
+void frmAsk::Form_Load() {
+    SetCaptions();
+    SetColumns();
+    const DateTime today = session_.machine.clock.Today();
+    DTPicker1.SetValue(today);
+    DTPicker2.SetValue(today);
+    Combo1.SetListIndex(0);
+    for (forms::Control* input :
+         {static_cast<forms::Control*>(&txtUser), static_cast<forms::Control*>(&cboType2),
+          static_cast<forms::Control*>(&Text1[kTitleCheck]),
+          static_cast<forms::Control*>(&DTPicker1), static_cast<forms::Control*>(&DTPicker2),
+          static_cast<forms::Control*>(&Combo1), static_cast<forms::Control*>(&txtDoneMan)}) {
+        input->SetEnabled(false);
+    }
+    SetWindowSize(*this);
+    Center();
+}
+
+void frmAsk::Form_Resize() {
+    PlaceControls(*this);
+}
+
+void frmAsk::chkUser_Click() {
+    txtUser.SetEnabled(chkUser.Checked());
+    MoveFocus(+1);
+}
+
+void frmAsk::chkDoneMan_Click() {
+    txtDoneMan.SetEnabled(chkDoneMan.Checked());
+    MoveFocus(+1);
+}
+
+void frmAsk::chkType_Click() {
+    cboType2.SetEnabled(chkType.Checked());
+    if (chkType.Checked()) cboType2.SetFocus();
+}
+
+void frmAsk::Check1_Click(int index) {
+    const bool on = Check1[index].Checked();
+    switch (index) {
+        case kTitleCheck:
+            Text1[kTitleCheck].SetEnabled(on);
+            if (on) Text1[kTitleCheck].SetFocus();
+            break;
+        case kDateCheck:
+            DTPicker1.SetEnabled(on);
+            DTPicker2.SetEnabled(on);
+            break;
+        default:
+            Combo1.SetEnabled(on);
+            break;
+    }
+}
+
+void frmAsk::Text1_LostFocus() {
+    CheckFieldText(session_, txtDoneMan, false);
+    CheckFieldText(session_, Text1[kTitleCheck], false);
+}
+
+AskCriteria frmAsk::Criteria() const {
+    AskCriteria criteria;
+    if (chkUser.Checked()) criteria.user = txtUser.Text();
+    if (chkType.Checked()) criteria.type = cboType2.ListIndex();
+    if (Check1[kTitleCheck].Checked()) criteria.title = Text1[kTitleCheck].Text();
+    if (Check1[kDateCheck].Checked()) {
+        criteria.dates = {DTPicker1.Value().value(), DTPicker2.Value().value()};
+    }
+    if (Check1[kStateCheck].Checked()) criteria.state = Combo1.ListIndex();
+    if (chkDoneMan.Checked()) criteria.doneMan = txtDoneMan.Text();
+    return criteria;
+}
+
+AskTexts frmAsk::Texts() const {
+    return {cboType2.Items(), Combo1.Items()};
+}
+
+void frmAsk::cmdAsk_Click() {
+    Grid1.SetDataRowCount(0);
+    lblCount.SetCaption({});
+    const char delimiter = session_.Settings().kind >= 1 ? '\'' : '#';
+    WorkEnd end = WorkEnd::Cancelled;
+    try {
+        AskRows rows(session_, AskStatement(Criteria(), delimiter), Texts());
+        Reading reading(rows, Grid1, session_.state.Language);
+        end = RunLongWork(session_, Caption(), reading);
+    } catch (...) {
+        // Half a list would pass for a whole one.
+        Grid1.SetDataRowCount(0);
+        throw;
+    }
+    if (!IsLoaded()) return;
+    const bool cancelled = end == WorkEnd::Cancelled;
+    lblCount.SetCaption(TellFound(cancelled));
+    if (cancelled) session_.windows.ShowMessage(lblCount.Caption(), forms::box::kInformation);
+}
+
+std::string frmAsk::TellFound(bool cancelled) const {
+    const std::int16_t language = session_.state.Language;
+    const int count = Grid1.DataRowCount();
+    if (cancelled) return GetAskText(AskText::QueryCancelled, language, count);
+    if (count > 0) return GetAskText(AskText::RowsFound, language, count);
+    const AskCriteria criteria = Criteria();
+    if (criteria.dates && criteria.dates->first > criteria.dates->second) {
+        return session_.LoadText(kBeginAfterEndText);
+    }
+    return GetAskText(AskText::NothingFound, language);
+}
+
+void frmAsk::cmdPrint_Click() {
+    const std::string title =
+        DTPicker1.Value().value().IsoDate() + " -- " + DTPicker2.Value().value().IsoDate();
+    PrintGrid(session_, Grid1, title, {});
+}
+
+void frmAsk::cmdExport_Click() {
+    ExportGrid(session_, Grid1, Caption() + ".csv");
+}
+
+void frmAsk::cmdQuit_Click() {
+    Unload();
+}
+
+void ShowAsk(Session& session, bool modal) {
+    auto* window = session.windows.Find<frmAsk>(frmAsk::kName);
+    // A window that stands open beside the others gives way to a modal one.
+    if (window && modal && window->IsShown() && !window->IsModal()) {
+        window->Unload();
+        window = nullptr;
+    }
+    if (!window) window = &session.windows.Create<frmAsk>(session);
+    window->Show(modal && !window->IsShown());
+}
+
+}  // namespace zv::reports

@@ -1,0 +1,100 @@
+#include "reports/long_work.h"
+
+#include <algorithm>
+
+#include "resources/ask_texts.h"
+#include "scheduling/row_layout.h"
+
+namespace zv::reports {
+namespace {
+
+constexpr std::int16_t kCancelText = 29;
+constexpr int kTickMs = 10;
+
+}  // namespace
+
+frmProgress::frmProgress(forms::WindowSystem& windows, Session& session, const std::string& caption,
+                         LongWork& work, Result& result)
+    : Form(windows, std::string(kName)),
+      lblState(*this, "lblState"),
+      ProgressBar1(*this, "ProgressBar1"),
+      cmdCancel(*this, "cmdCancel"),
+      Timer1(*this, "Timer1", kTickMs),
+      session_(session),
+      work_(&work),
+      result_(result) {
+    SetCaption(caption);
+    cmdCancel.onClick = [this] { cmdCancel_Click(); };
+    Timer1.onTimer = [this] { Timer1_Timer(); };
+    cancelButton = &cmdCancel;
+}
+
+void frmProgress::Form_Load() {
+    cmdCancel.SetCaption(session_.LoadText(kCancelText));
+    ShowState();
+    PlaceControls();
+    Center();
+    Timer1.SetRunning(true);
+}
+
+void frmProgress::Form_Unload(bool&) {
+    work_ = nullptr;
+    Timer1.SetRunning(false);
+}
+
+void frmProgress::PlaceControls() {
+    using scheduling::kGap;
+    using scheduling::kMargin;
+    const scheduling::Measure m(*this);
+    const int width = std::max(320, m.Width(Caption()) + 120);
+    int top = kMargin;
+    lblState.Move({kMargin, top, width, m.line + 2});
+    top += m.line + 2 + kGap;
+    ProgressBar1.Move({kMargin, top, width, m.line});
+    top += m.line + kMargin;
+    const int button = m.ButtonWidth(cmdCancel.Caption());
+    cmdCancel.Move({kMargin + width - button, top, button, m.button});
+    SetClientSize({width + 2 * kMargin, top + m.button + kMargin});
+}
+
+void frmProgress::ShowState() {
+    const std::string state = work_->State();
+    lblState.SetCaption(
+        state.empty() ? GetAskText(resources::AskText::Working, session_.state.Language) : state);
+    ProgressBar1.SetAccessibleName(lblState.Caption());
+    ProgressBar1.SetPercent(work_->Percent());
+}
+
+void frmProgress::Timer1_Timer() {
+    if (!work_) return;
+    try {
+        if (work_->Continue()) {
+            ShowState();
+            return;
+        }
+        result_.end = WorkEnd::Finished;
+    } catch (...) {
+        // Told by whoever began the work, when no window is in the way.
+        result_.error = std::current_exception();
+    }
+    Unload();
+}
+
+void frmProgress::cmdCancel_Click() {
+    Unload();
+}
+
+WorkEnd RunLongWork(Session& session, const std::string& caption, LongWork& work) {
+    constexpr std::int64_t kPatienceSeconds = 1;
+    const DateTime patience = session.machine.clock.Now().AddSeconds(kPatienceSeconds);
+    for (int piece = 0; piece < LongWork::kPiecesAtOnce; piece++) {
+        if (!work.Continue()) return WorkEnd::Finished;
+        if (session.machine.clock.Now() > patience) break;
+    }
+    frmProgress::Result result;
+    session.windows.Create<frmProgress>(session, caption, work, result).Show(true);
+    if (result.error) std::rethrow_exception(result.error);
+    return result.end;
+}
+
+}  // namespace zv::reports
