@@ -37,7 +37,7 @@ traces() {
     rm -f "$work"/classes-*.reg
     run regedit /E "$(windows_path "$work/classes-m.reg")" 'HKEY_LOCAL_MACHINE\Software\Classes' >/dev/null 2>&1
     run regedit /E "$(windows_path "$work/classes-u.reg")" 'HKEY_CURRENT_USER\Software\Classes' >/dev/null 2>&1
-    cat "$work"/classes-*.reg | iconv -f UTF-16 -t UTF-8 2>/dev/null | grep -ciE 'zv_Host'
+    cat "$work"/classes-*.reg | iconv -f UTF-16 -t UTF-8 2>/dev/null | grep -ciE 'zv_Host|zvPrint'
 }
 no_traces() { [ "$(traces)" = 0 ]; }
 some_traces() { [ "$(traces)" -gt 0 ]; }
@@ -46,7 +46,8 @@ imports_only_system() {
     for name in $(x86_64-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p'); do
         case ${name,,} in
             kernel32.dll | user32.dll | gdi32.dll | ole32.dll | oleaut32.dll | advapi32.dll | \
-                shell32.dll | msvcrt.dll | comctl32.dll | comdlg32.dll) ;;
+                shell32.dll | msvcrt.dll | comctl32.dll | comdlg32.dll | imm32.dll | msimg32.dll | \
+                uxtheme.dll | winspool.drv) ;;
             *) echo "$1 imports $name"; return 1 ;;
         esac
     done

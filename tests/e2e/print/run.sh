@@ -1,0 +1,177 @@
+#!/usr/bin/env bash
+# The report component as any program meets it: a script that prints every kind of report in both
+# scripts, read back with a PDF reader; printers that are there, gone or unknown; files that cannot
+# be written; the preview played from outside. ZV_BIN: folder of the Windows programs; WINEPREFIX:
+# the prefix to use. Ends with the line "N passed, N failed".
+set -uo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+cd "$here/../../.." || exit 1
+source tools/setup/wine.sh
+: "${ZV_BIN:?folder of the Windows programs}"
+export LC_ALL=C.UTF-8
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+passed=0
+failed=0
+
+windows_path() { printf 'Z:%s' "$1" | tr / '\\'; }
+outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
+printers() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_BIN/zvPrinters.exe" "$@"; }
+script() { ZV_WINE_TIMEOUT=120 wine_run cscript //nologo "$(windows_path "$1")" "${@:2}" 2>&1 | tr -d '\r'; }
+check() { # NAME COMMAND...
+    local name=$1
+    shift
+    if "$@" >"$work/check.log" 2>&1; then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        echo "FAILED $name"
+        tail -n 20 "$work/check.log"
+    fi
+}
+holds() { # FILE TEXT: a PDF reader finds the text
+    pdftotext -layout "$1" - | tr -d '\f' >"$work/text"
+    grep -qF -- "$2" "$work/text" || { head -n 30 "$work/text"; return 1; }
+}
+page_count() { pdfinfo "$1" | sed -n 's/^Pages: *//p'; }
+# Every page has its own number in the footer and the headings of the columns.
+numbered() { # FILE PATTERN-WITH-N-AND-M
+    local pages number text
+    pages=$(page_count "$1")
+    for number in $(seq "$pages"); do
+        text=${2/N/$number}
+        pdftotext -layout -f "$number" -l "$number" "$1" "$work/page"
+        [ "$(grep -cF -- "${text/M/$pages}" "$work/page")" = 1 ] ||
+            { echo "page $number lacks ${text/M/$pages}"; tail -n 5 "$work/page"; return 1; }
+        grep -qE 'No\. +Title' "$work/page" || { echo "page $number lacks its headings"; return 1; }
+    done
+}
+# The picture of a page is neither empty nor black.
+painted() { # FILE PAGE
+    pdftoppm -f "$2" -l "$2" -r 50 -png -singlefile "$1" "$work/picture" || return 1
+    local mean
+    mean=$(convert "$work/picture.png" -colorspace Gray -format '%[fx:int(mean*1000)]' info:)
+    [ "$mean" -gt 500 ] && [ "$mean" -lt 995 ] || { echo "mean $mean"; return 1; }
+    [ -z "${ZV_PICTURES:-}" ] || cp "$work/picture.png" "$ZV_PICTURES/$(basename "${1%.*}")-$3.png"
+}
+fonts_embedded() { # all of them, as subsets that know their characters
+    [ "$(pdffonts "$1" | tail -n +3 | wc -l)" -gt 0 ] &&
+        ! pdffonts "$1" | tail -n +3 | grep -v 'yes yes yes'
+}
+
+check "registers" wine_register "$ZV_BIN/zv_Host.dll"
+data=$work/taskAlert.db
+check "makes a database" wine_run "$ZV_BIN/zvdb.exe" create "$(windows_path "$data")"
+sqlite3 "$data" "with recursive n(i) as (select 1 union all select i+1 from n where i<1000)
+    insert into tTaskList(taskTitle, fContent, taskTime, fType, tDone)
+    select '拜访客户 Nr ' || i, '商谈合同，記錄結果', '2003-03-07 00:00:00', i % 3, i % 3 from n"
+
+reports=(list item collection rows grid)
+for language in 0 1; do
+    if [ "$language" = 0 ]; then
+        title='任务与客户报表' company='塔尔内尔贸易有限公司' footer='第 N 页，共 M 页'
+        kind=客户拜访 state=办理中 mark='(续)' when=打印日期
+    else
+        title='任務與客戶報表' company='塔爾內爾貿易有限公司' footer='第 N 頁，共 M 頁'
+        kind=客戶拜訪 state=辦理中 mark='(續)' when=列印日期
+    fi
+    for mode in 2 1; do
+        out=$work/$language-$mode
+        mkdir "$out"
+        if [ "$mode" = 1 ]; then
+            check "a printer is installed" printers add 'zv paper' 'FILE:'
+        fi
+        script "$here/../../../host/examples/print_reports.vbs" "$(windows_path "$data")" \
+            "$(windows_path "$out")" "$language" "$title" "$company" 张三 "$mode" >"$out/log"
+        check "the script reaches its end ($language, $mode)" grep -q '^END list' "$out/log"
+        script "$here/../../../host/examples/print_grid.js" "$(windows_path "$out")" "$language" \
+            "$title" "$company" "$mode" >"$out/grid.log"
+        check "a grid of a script ($language, $mode)" grep -q '^END [1-9]' "$out/grid.log"
+        if [ "$mode" = 1 ]; then
+            for report in "${reports[@]}"; do
+                check "$report is PostScript ($language)" ps2pdf "$out/$report.ps" "$out/$report.pdf"
+            done
+        fi
+        for report in "${reports[@]}"; do
+            pdf=$out/$report.pdf
+            name="$report, language $language, mode $mode"
+            check "title: $name" holds "$pdf" "$title"
+            check "company: $name" holds "$pdf" "$company"
+            check "date: $name" holds "$pdf" "$when"
+            check "picture: $name" painted "$pdf" 1 "$language-$mode"
+            [ "$mode" = 1 ] || check "fonts: $name" fonts_embedded "$pdf"
+        done
+        check "pages are numbered ($language, $mode)" numbered "$out/list.pdf" "$footer"
+        check "more than ten pages ($language, $mode)" test "$(page_count "$out/list.pdf")" -gt 10
+        rows=$(pdftotext -layout "$out/list.pdf" - | grep -c '拜访客户 Nr ')
+        check "a thousand rows ($language, $mode): $rows" test "$rows" = 1000
+        check "kinds have names ($language, $mode)" holds "$out/list.pdf" "$kind"
+        check "states have names ($language, $mode)" holds "$out/list.pdf" "$state"
+        check "a split row is marked ($language, $mode)" holds "$out/item.pdf" "$mark"
+        check "its end is there ($language, $mode)" holds "$out/item.pdf" 'the end'
+        check "a grid's cells ($language, $mode)" holds "$out/grid.pdf" 'Cell 40/3'
+        check "a collection's texts ($language, $mode)" holds "$out/collection.pdf" 'from a collection'
+    done
+    csv=$work/$language-2/list.csv
+    check "CSV has its mark ($language)" test "$(head -c 3 "$csv" | xxd -p)" = efbbbf
+    check "CSV has its rows ($language)" test "$(grep -c '拜访客户 Nr ' "$csv")" = 1000
+done
+same_pages() { [ "$(page_count "$work/0-1/$1.pdf")" = "$(page_count "$work/0-2/$1.pdf")" ]; }
+for report in "${reports[@]}"; do
+    check "as many pages on paper as in the file: $report" same_pages "$report"
+done
+
+# What cannot be done is told, with its number and its reason.
+mkdir "$work/refused"
+mkdir "$work/refused/taken.pdf"
+script "$here/refusals.vbs" "$(windows_path "$data")" "$(windows_path "$work/refused")" >"$work/refusals"
+if mark=$(grep -E '^END [0-9]+ passed, [0-9]+ failed$' "$work/refusals"); then
+    read -r _ ok _ bad _ <<<"$mark"
+    passed=$((passed + ok))
+    failed=$((failed + bad))
+    [ "$bad" -eq 0 ] || cat "$work/refusals"
+else
+    check "the refusals reach their end" cat "$work/refusals" /dev/missing
+fi
+check "nothing half written stays" test "$(ls "$work/refused")" = taken.pdf
+
+# The preview: pages turn, and the script goes on when the window is closed.
+script "$here/preview.vbs" "$(windows_path "$data")" 0 >"$work/preview" &
+script_pid=$!
+check "the preview opens" outside wait frmPreview 60
+text_is() {
+    local i
+    for i in $(seq 100); do
+        [ "$(outside text "frmPreview.$1")" = "$2" ] && return 0
+        sleep 0.1
+    done
+    outside text "frmPreview.$1"
+    return 1
+}
+check "it begins with the first page" text_is txtPage 1
+check "turns to the next page" outside click frmPreview.cmdNext
+check "tells the page" text_is txtPage 2
+check "turns to the last page" outside click frmPreview.cmdLast
+check "tells the last page" text_is txtPage "$(page_count "$work/0-2/list.pdf")"
+[ -z "${ZV_PICTURES:-}" ] || import -window root "$ZV_PICTURES/preview.png"
+check "a printer that vanished" printers remove 'zv paper'
+check "print is pressed" outside click frmPreview.cmdPrint
+said() {
+    local i
+    for i in $(seq 50); do
+        outside message | grep -qF -- "$1" && return 0
+        sleep 0.1
+    done
+    outside message
+    return 1
+}
+check "the lack of a printer is told" said 没有安装打印机
+outside keys Escape >/dev/null
+check "the preview is still there" text_is txtPage "$(page_count "$work/0-2/list.pdf")"
+check "closes" outside click frmPreview.cmdClose
+check "is gone then" outside gone frmPreview 10
+wait "$script_pid"
+check "the script goes on" grep -q '^END' "$work/preview"
+
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
