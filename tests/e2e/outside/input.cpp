@@ -28,10 +28,12 @@ void SendKey(WORD key, wchar_t character, DWORD flags) {
 
 WORD KeyOf(const std::wstring& name) {
     static const std::map<std::wstring, WORD> keys{
-        {L"Enter", VK_RETURN}, {L"Tab", VK_TAB},     {L"Escape", VK_ESCAPE}, {L"Space", VK_SPACE},
-        {L"Up", VK_UP},        {L"Down", VK_DOWN},   {L"Left", VK_LEFT},     {L"Right", VK_RIGHT},
-        {L"Home", VK_HOME},    {L"End", VK_END},     {L"Delete", VK_DELETE}, {L"Apps", VK_APPS},
-        {L"F10", VK_F10},      {L"Shift", VK_SHIFT}, {L"Ctrl", VK_CONTROL},  {L"Alt", VK_MENU}};
+        {L"Enter", VK_RETURN},  {L"Tab", VK_TAB},      {L"Escape", VK_ESCAPE},
+        {L"Space", VK_SPACE},   {L"Up", VK_UP},        {L"Down", VK_DOWN},
+        {L"Left", VK_LEFT},     {L"Right", VK_RIGHT},  {L"PageUp", VK_PRIOR},
+        {L"PageDown", VK_NEXT}, {L"Home", VK_HOME},    {L"End", VK_END},
+        {L"Delete", VK_DELETE}, {L"Apps", VK_APPS},    {L"F10", VK_F10},
+        {L"Shift", VK_SHIFT},   {L"Ctrl", VK_CONTROL}, {L"Alt", VK_MENU}};
     if (const auto known = keys.find(name); known != keys.end()) return known->second;
     if (name.size() == 1) return LOBYTE(VkKeyScanW(name.front()));
     throw std::runtime_error("no key " + Narrow(name));
