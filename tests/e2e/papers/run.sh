@@ -136,7 +136,7 @@ play() {
     expect "the query window opens" appears frmAsk
     expect "under its name" title_is frmAsk "$query"
     outside mouse 'frmAsk.Check1(1)'
-    expect "its box takes the keyboard" has_focus 'frmAsk.Text1(1)'
+    expect "its box takes the keyboard" has_focus 'Text1(1)'
     outside write 盘点
     outside mouse frmAsk.cmdAsk
     expect "all that match are listed" grid_has frmAsk.Grid1 120
@@ -149,6 +149,7 @@ play() {
     expect "every row is on paper" test \
         "$(pdftotext -layout "$papers/query-$script.pdf" - | grep -c '号仓库')" = 120
     save frmAsk.cmdExport "query-$script.csv"
+    answer "what was written is told" "*query-$script.csv*" Enter
     expect "the file has the mark of its encoding" starts_with_mark "$papers/query-$script.csv"
     expect "and the rows" file_has "$papers/query-$script.csv" '盘点 120,第 120 号仓库'
     outside close frmAsk
