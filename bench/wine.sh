@@ -4,7 +4,7 @@ source tools/setup/wine.sh
 # There the clock of the process only counts the time that passes, and coarsely.
 unset ZV_BENCH_CPU
 
-build windows-x64 zvbench_window zvbench_editor zvbench_start zvbench_floor_start zv_Task
+build windows-x64 zvbench_window zvbench_query zvbench_editor zvbench_start zvbench_floor_start zv_Task
 win=build/windows-x64/bin
 wine_prepare >&2
 # A display and a Wine server of this run's own, started on the processor that everything is held
@@ -41,6 +41,11 @@ for items in 1000 10000 100000; do
     row "list of $items, window, filled again with other texts" "$(median "$ours" 3)" \
         "$(median "$floor" 3)" ms 1 0 $((3 * each))
     row "memory a node, window, $items" "$(median "$ours" 4)" "$(median "$floor" 4)" bytes 0 0 3
+done
+
+for items in 10000 100000; do
+    ZV_WINE_TIMEOUT=600 wine_run "$win/zvbench_query.exe" "$(winepath_of "$data/list_$items.db")" \
+        "$runs" | tr -d '\r' >>"$results"
 done
 
 # Alternating starts; the first of each only warms up.

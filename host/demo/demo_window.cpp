@@ -7,6 +7,7 @@
 #include <cstdio>
 
 #include "base/win32/wide.h"
+#include "demo/menu_choice.h"
 
 namespace zv::demo {
 namespace {
@@ -25,6 +26,7 @@ enum Id {
     kIdFirstMode = 100,  // and one for each mode
     kIdBrowse = 120,
     kIdAllRights,
+    kIdQuery,
     kIdSaveBag,
     kIdLoadBag,
     kIdRead,
@@ -220,6 +222,9 @@ void DemoWindow::OnCommand(int id, int notification) {
         case kIdAllRights:
             SetAllRights(IsTicked(allRights_));
             break;
+        case kIdQuery:
+            OpenQueryWindow();
+            break;
         case kIdSaveBag:
             SaveBag();
             break;
@@ -331,7 +336,10 @@ void DemoWindow::CreateOperations() {
         Add(L"BUTTON", kModeCaptions[mode], WS_TABSTOP | BS_PUSHBUTTON | BS_LEFT,
             kIdFirstMode + mode, Place(left, top, kButtonWidth, kButtonHeight), name.c_str());
     }
-    y += (kModes / kPerRow) * (kButtonHeight + 6) + 10;
+    y += (kModes / kPerRow) * (kButtonHeight + 6);
+    Add(L"BUTTON", L"1 → 查询任务(&Q)", WS_TABSTOP | BS_PUSHBUTTON | BS_LEFT, kIdQuery,
+        Place(kColumn, y, kButtonWidth, kButtonHeight), L"cmdQuery");
+    y += kButtonHeight + 16;
 
     AddHeading(L"控件做了什么", kColumn, y, 300);
     y += 26;
@@ -407,6 +415,21 @@ void DemoWindow::Refresh(int mode) {
     }
     ApplyFields();
     control_->Refresh(mode, IsTicked(modal_));
+}
+
+// The control has no mode for the query window: it is an entry of the task manager's menu.
+void DemoWindow::OpenQueryWindow() {
+    constexpr std::int32_t kManager = 1;
+    if (!control_ || !control_->Exists()) {
+        Refresh(kManager);
+        return;
+    }
+    ApplyFields();
+    control_->Refresh(kManager, false);
+    const HWND manager = FindNamedWindow(L"frmTaskMain");
+    if (!manager || !ChooseMenuEntry(manager, {L"查询任务", L"查詢任務"})) {
+        Log("任务管理器的菜单里没有查询窗口");
+    }
 }
 
 void DemoWindow::ApplyFields() {

@@ -52,6 +52,7 @@ class DemoWindow {
     int Scaled(int units) const { return MulDiv(units, dpi_, 96); }
 
     void Refresh(int mode);
+    void OpenQueryWindow();
     void ApplyFields();
     void ShowBag(PropertyBag& bag);
     void SaveBag();

@@ -49,6 +49,9 @@ class Grid : public Control {
         Grid& grid_;
     };
 
+    /// What the rows take of the heap.
+    std::size_t MemoryBytes() const { return rows_.MemoryBytes(); }
+
     /// The row selected last, 0 none.
     int SelectedRow() const { return selectedRow_; }
     bool IsSelected(int row) const;

@@ -91,6 +91,17 @@ void PackedRows::Set(std::size_t row, std::size_t column, std::string_view text)
     rows_[row] = Pack(texts);
 }
 
+std::size_t PackedRows::MemoryBytes() const {
+    std::size_t bytes = rows_.capacity() * sizeof(Row);
+    for (std::size_t row = 0; row < rows_.size(); row++) {
+        if (!rows_[row]) continue;
+        for (const std::string_view text : Texts(row)) {
+            bytes += BytesOfLength(text.size()) + text.size();
+        }
+    }
+    return bytes;
+}
+
 void PackedRows::Permute(const std::vector<std::size_t>& order) {
     std::vector<Row> rows(order.size());
     for (std::size_t i = 0; i < order.size(); i++) rows[i] = std::move(rows_[order[i]]);

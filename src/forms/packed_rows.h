@@ -25,6 +25,8 @@ class PackedRows {
     /// Holds until the row changes.
     std::string_view Get(std::size_t row, std::size_t column) const;
     void Set(std::size_t row, std::size_t column, std::string_view text);
+    /// Texts, lengths and places of the rows, without what the heap adds to each.
+    std::size_t MemoryBytes() const;
     /// Row i becomes what row order[i] was.
     void Permute(const std::vector<std::size_t>& order);
 

@@ -14,6 +14,7 @@ class Win32Stand : public BackendStand {
     Win32Stand(forms::Dialogs& dialogs, ModalLoop loop)
         : backend_(GetModuleHandleW(nullptr), &dialogs), driver_(backend_) {
         backend_.modalLoop = std::move(loop);
+        backend_.timersRun = false;  // a scenario has its own clock
     }
     forms::Backend& GetBackend() override { return backend_; }
     forms::Driver& GetDriver() override { return driver_; }

@@ -459,7 +459,8 @@ UINT_PTR FormWindow::TimerId(const Control& timer) const {
 }
 
 void FormWindow::SetTimer(const Control& timer, int interval) {
-    if (!gone_) ::SetTimer(Handle(), TimerId(timer), static_cast<UINT>(interval), nullptr);
+    if (!gone_ && backend_.timersRun)
+        ::SetTimer(Handle(), TimerId(timer), static_cast<UINT>(interval), nullptr);
 }
 
 void FormWindow::StopTimer(const Control& timer) {

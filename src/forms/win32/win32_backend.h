@@ -40,6 +40,8 @@ class Win32Backend : public Backend {
     /// Runs in place of the message loop while a modal window is open, the other windows disabled.
     /// It returns when that window is gone, and calls PumpMessages between its steps.
     std::function<void(Form&)> modalLoop;
+    /// False: timers tick only when the driver makes them. Set before windows are shown.
+    bool timersRun = true;
     /// Called while a menu is open and the user does nothing.
     std::function<void()> onMenuIdle;
 

@@ -1,0 +1,36 @@
+// The query window's list until it is painted: zvbench_query FILE RUNS. Prints rows of the table.
+#include "query.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "forms/win32/win32_backend.h"
+#include "win32/wide_main.h"
+
+namespace zv::bench {
+namespace {
+
+int Main(const std::vector<std::string>& arguments) {
+    if (arguments.size() != 2) {
+        std::fprintf(stderr, "zvbench_query FILE RUNS\n");
+        return 2;
+    }
+    NoDialogs dialogs;
+    forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
+    const auto paint = [&](forms::Form& form) {
+        UpdateWindow(backend.Handle(form));
+        backend.PumpMessages();
+    };
+    constexpr double kGoal = 2;
+    MeasureQuery(backend, arguments[0], std::atoi(arguments[1].c_str()), "window", paint, kGoal);
+    return 0;
+}
+
+}  // namespace
+}  // namespace zv::bench
+
+int wmain(int count, wchar_t** values) {
+    return zv::bench::WideMain(count, values, zv::bench::Main);
+}

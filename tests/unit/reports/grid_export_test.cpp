@@ -1,0 +1,167 @@
+#include "reports/grid_export.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "base/errors.h"
+#include "reports/long_work.h"
+#include "stage/stage.h"
+
+namespace zv::reports {
+namespace {
+
+struct ListForm : forms::Form {
+    explicit ListForm(forms::WindowSystem& windows) : Form(windows, "frmTest") {
+        Grid1.SetColumns({{"日期", 90}, {"fID", 40, false}, {"主题", 90}});
+    }
+    forms::Grid Grid1{*this, "Grid1"};
+};
+
+class GridExportTest : public testing::Test {
+ protected:
+    void Fill(int rows) {
+        form_.Grid1.SetDataRowCount(0);
+        forms::Grid::Filling filling(form_.Grid1);
+        for (int row = 1; row <= rows; row++) {
+            const std::string title = "t" + std::to_string(row);
+            filling.Append(std::array<std::string_view, 3>{"2003-03-07", "9", title});
+        }
+    }
+    void Export() { ExportGrid(stage_.session, form_.Grid1, "查询任务.csv"); }
+
+    stage::Stage stage_;
+    ListForm& form_ = stage_.windows.Create<ListForm>();
+};
+
+TEST_F(GridExportTest, WritesHeadingsAndRowsOfTheVisibleColumns) {
+    Fill(2);
+    stage_.dialogs.inputs = {"C:\\a.csv"};
+    Export();
+    EXPECT_EQ(stage_.files.written.at("C:\\a.csv"),
+              "\xEF\xBB\xBF日期,主题\r\n2003-03-07,t1\r\n2003-03-07,t2\r\n");
+    EXPECT_EQ(stage_.dialogs.messages, std::vector<std::string>{"64|已导出 2 行：\r\nC:\\a.csv"});
+    ASSERT_EQ(stage_.dialogs.fileRequests.size(), 1U);
+    EXPECT_TRUE(stage_.dialogs.fileRequests[0].forSaving);
+    EXPECT_EQ(stage_.dialogs.fileRequests[0].initialFile, "查询任务.csv");
+    EXPECT_EQ(stage_.dialogs.fileRequests[0].extension, "csv");
+}
+
+TEST_F(GridExportTest, WritesRowsInTheOrderShown) {
+    Fill(2);
+    form_.Grid1.Sort(3, true);
+    stage_.dialogs.inputs = {"a.csv"};
+    Export();
+    EXPECT_EQ(stage_.files.written.at("a.csv"),
+              "\xEF\xBB\xBF日期,主题\r\n2003-03-07,t2\r\n2003-03-07,t1\r\n");
+}
+
+TEST_F(GridExportTest, CalledOffAtTheDialogDoesNothing) {
+    Fill(1);
+    stage_.dialogs.inputs = {std::nullopt};
+    Export();
+    EXPECT_TRUE(stage_.files.written.empty());
+    EXPECT_TRUE(stage_.dialogs.messages.empty());
+}
+
+TEST_F(GridExportTest, AFailureLeavesNoFileAndReachesTheCaller) {
+    Fill(1);
+    stage_.dialogs.inputs = {"a.csv"};
+    stage_.files.failing = "磁盘已满";
+    EXPECT_THROW(Export(), RuntimeError);
+    EXPECT_TRUE(stage_.files.written.empty());
+    EXPECT_TRUE(stage_.dialogs.messages.empty());
+}
+
+class Pieces : public LongWork {
+ public:
+    explicit Pieces(int count) : left_(count) {}
+    bool Continue() override {
+        if (failing && left_ == 1) throw RuntimeError(ErrorNumber::DiskFull);
+        return --left_ > 0;
+    }
+    int Left() const { return left_; }
+    bool failing = false;
+
+ private:
+    int left_;
+};
+
+class LongWorkTest : public testing::Test {
+ protected:
+    /// Ticks until the window is gone, or cancels it after so many ticks.
+    void Play(int cancelAfter = -1) {
+        stage_.backend.modalLoop = [this, cancelAfter](forms::Form& form) {
+            shown_ = true;
+            auto& window = static_cast<frmProgress&>(form);
+            for (int tick = 0; form.IsShown(); tick++) {
+                if (tick == cancelAfter) {
+                    stage_.user.Click(window.cmdCancel);
+                } else {
+                    stage_.user.Tick(window.Timer1);
+                }
+            }
+        };
+    }
+    WorkEnd Run(Pieces& work) {
+        WorkEnd end = WorkEnd::Cancelled;
+        stage_.windows.FromHost([&] { end = RunLongWork(stage_.session, "工作", work); });
+        return end;
+    }
+
+    stage::Stage stage_;
+    bool shown_ = false;
+};
+
+TEST_F(LongWorkTest, ShortWorkNeedsNoWindow) {
+    Play();
+    Pieces work(LongWork::kPiecesAtOnce);
+    EXPECT_EQ(Run(work), WorkEnd::Finished);
+    EXPECT_FALSE(shown_);
+}
+
+TEST_F(LongWorkTest, LongWorkDoesOnePieceATick) {
+    Play();
+    Pieces work(LongWork::kPiecesAtOnce + 3);
+    EXPECT_EQ(Run(work), WorkEnd::Finished);
+    EXPECT_TRUE(shown_);
+    EXPECT_EQ(work.Left(), 0);
+    EXPECT_TRUE(stage_.windows.Windows().empty());
+}
+
+TEST_F(LongWorkTest, WorkIsShownWhenItsFirstSecondIsOver) {
+    Play();
+    class Slow : public Pieces {
+     public:
+        explicit Slow(stage::Clock& clock) : Pieces(3), clock_(clock) {}
+        bool Continue() override {
+            clock_.now = clock_.now.AddSeconds(2);
+            return Pieces::Continue();
+        }
+
+     private:
+        stage::Clock& clock_;
+    };
+    Slow work(stage_.clock);
+    EXPECT_EQ(Run(work), WorkEnd::Finished);
+    EXPECT_TRUE(shown_);
+}
+
+TEST_F(LongWorkTest, ACancelStopsBetweenPieces) {
+    Play(2);
+    Pieces work(LongWork::kPiecesAtOnce + 5);
+    EXPECT_EQ(Run(work), WorkEnd::Cancelled);
+    EXPECT_EQ(work.Left(), 3);
+}
+
+TEST_F(LongWorkTest, AnErrorLeavesWhenTheWindowIsGone) {
+    Play();
+    Pieces work(LongWork::kPiecesAtOnce + 3);
+    work.failing = true;
+    EXPECT_THROW(Run(work), RuntimeError);
+    EXPECT_TRUE(stage_.windows.Windows().empty());
+    EXPECT_TRUE(stage_.dialogs.messages.empty());
+}
+
+}  // namespace
+}  // namespace zv::reports
