@@ -96,7 +96,7 @@ void PlaceControls(frmAsk& w) {
 
 void SetWindowSize(frmAsk& w) {
     constexpr int kLeastInput = 100;
-    constexpr int kUsualInput = 160;
+    constexpr int kUsualInput = 280;
     constexpr int kLeastRows = 6;
     constexpr int kUsualRows = 18;
     const Measure m(w);
