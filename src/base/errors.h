@@ -29,7 +29,6 @@ enum class ErrorNumber : std::int32_t {
     ModalFormShown = 401,
     CannotCreateObject = 429,
     MemberNotFound = 438,
-    NotBuiltYet = 445,
     PrinterError = 482,
     ClipboardInUse = 521,
     KeyNotFound = 35601,

@@ -31,6 +31,8 @@ class FieldLabels {
     /// that has no caption, changes nothing. A database without the table leaves the design's
     /// captions; any other database error reaches the caller.
     void LoadFieldCaptions();
+    /// As read last.
+    const std::vector<reports::FieldCaption>& Captions() const { return captions_; }
     /// LoadFieldCaptions unless it ran for the control's language.
     void FillIfNeeded();
     /// The label whose tag is this field of tTaskList, without regard to case; null when there is

@@ -55,7 +55,8 @@ void WireMenus(frmTaskMain& window) {
     MainMenus& m = window.menus;
     m.mnuSeek1.onClick = [&window] { window.tree.cmdSeek_Click(); };
     m.mnuAsk.onClick = [&window] {
-        reports::ShowAsk(window.session, window.session.windows.ModalForm() != nullptr);
+        reports::ShowAsk(window.session, window.session.windows.ModalForm() != nullptr,
+                         window.labels.Captions());
     };
 }
 

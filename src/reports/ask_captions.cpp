@@ -1,4 +1,5 @@
 // What every part of the query window is called, in the language at hand.
+#include "base/text.h"
 #include "reports/ask_window.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
@@ -72,6 +73,12 @@ void frmAsk::SetColumns() {
     };
     for (int field = 1; field <= kFreeFields; field++) {
         columns.push_back({design(DesignText::Remark) + " " + std::to_string(field), 80});
+    }
+    for (std::size_t i = 0; i < columns.size(); i++) {
+        for (const FieldCaption& entry : fieldCaptions) {
+            const bool names = text::EqualsIgnoreCase(entry.field, kAskFields[i]);
+            if (names && !entry.caption.empty()) columns[i].heading = entry.caption;
+        }
     }
     Grid1.SetColumns(std::move(columns));
 }

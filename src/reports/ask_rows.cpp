@@ -5,11 +5,13 @@
 #include "base/number.h"
 
 namespace zv::reports {
-namespace {
 
-constexpr std::array<std::string_view, kAskColumns> kFields = {
+const std::array<std::string_view, kAskColumns> kAskFields = {
     "taskTime", "taskTitle", "fContent", "tDoneMan", "fUser",   "fType",  "tDone",
     "fOther0",  "fOther1",   "fOther2",  "fOther3",  "fOther4", "fOther5"};
+
+namespace {
+
 constexpr std::size_t kDayColumn = 0;
 constexpr std::size_t kTypeColumn = 5;
 constexpr std::size_t kStateColumn = 6;
@@ -28,8 +30,8 @@ std::string_view TextOfNumber(const store::Value& value, const std::vector<std::
 AskRows::AskRows(Session& session, const std::string& statement, AskTexts texts)
     : connection_(session.OpenOwnConnection()), texts_(std::move(texts)) {
     rows_ = connection_->Open(statement, store::CursorType::ForwardOnly, store::LockType::ReadOnly);
-    for (std::size_t column = 0; column < kFields.size(); column++) {
-        fields_[column] = rows_->FieldIndex(kFields[column]);
+    for (std::size_t column = 0; column < kAskFields.size(); column++) {
+        fields_[column] = rows_->FieldIndex(kAskFields[column]);
     }
 }
 

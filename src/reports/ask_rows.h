@@ -14,6 +14,8 @@ namespace zv::reports {
 
 /// Columns of the query window's grid.
 inline constexpr int kAskColumns = 13;
+/// The field of tTaskList behind each of them, from the first on.
+extern const std::array<std::string_view, kAskColumns> kAskFields;
 
 /// What the numbers of a row stand for; a number without a text shows nothing.
 struct AskTexts {

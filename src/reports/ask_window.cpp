@@ -177,14 +177,17 @@ void frmAsk::cmdQuit_Click() {
     Unload();
 }
 
-void ShowAsk(Session& session, bool modal) {
+void ShowAsk(Session& session, bool modal, const std::vector<FieldCaption>& fieldCaptions) {
     auto* window = session.windows.Find<frmAsk>(frmAsk::kName);
     // A window that stands open beside the others gives way to a modal one.
     if (window && modal && window->IsShown() && !window->IsModal()) {
         window->Unload();
         window = nullptr;
     }
-    if (!window) window = &session.windows.Create<frmAsk>(session);
+    if (!window) {
+        window = &session.windows.Create<frmAsk>(session);
+        window->fieldCaptions = fieldCaptions;
+    }
     window->Show(modal && !window->IsShown());
 }
 

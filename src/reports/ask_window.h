@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/buttons.h"
 #include "forms/date_picker.h"
@@ -13,6 +14,7 @@
 #include "forms/text_box.h"
 #include "reports/ask_rows.h"
 #include "reports/ask_statement.h"
+#include "reports/field_captions.h"
 #include "session/session.h"
 
 namespace zv::reports {
@@ -27,6 +29,10 @@ class frmAsk : public forms::Form {
 
     /// The session must outlive the window.
     frmAsk(forms::WindowSystem& windows, Session& session);
+
+    /// Set before the window is shown: what the database calls the fields. A column that is not
+    /// among them keeps its own heading.
+    std::vector<FieldCaption> fieldCaptions;
 
     // Order of creation is tab order: each criterion behind its switch.
     forms::CheckBox chkUser{*this, "chkUser"};
@@ -80,7 +86,8 @@ void PlaceControls(frmAsk& window);
 /// Sizes that the query window starts with and does not go below.
 void SetWindowSize(frmAsk& window);
 
-/// Shows the query window: the one that is open, or a new one. Modal: returns after it is gone.
-void ShowAsk(Session& session, bool modal);
+/// Shows the query window: the one that is open, or a new one with columns under the captions
+/// given. Modal: returns after it is gone.
+void ShowAsk(Session& session, bool modal, const std::vector<FieldCaption>& fieldCaptions = {});
 
 }  // namespace zv::reports

@@ -35,7 +35,6 @@ constexpr auto kTexts = std::to_array<Entry>({
      "強制回應視窗顯示時不能顯示非強制回應視窗"},
     {ErrorNumber::CannotCreateObject, "不能创建对象", "無法產生物件"},
     {ErrorNumber::MemberNotFound, "对象不支持该属性或方法", "物件不支援此屬性或方法"},
-    {ErrorNumber::NotBuiltYet, "尚未提供 (not built yet)", "尚未提供 (not built yet)"},
     {ErrorNumber::PrinterError, "打印机错误", "印表機錯誤"},
     {ErrorNumber::ClipboardInUse, "其它程序正在使用剪贴板", "其他程式正在使用剪貼簿"},
     {ErrorNumber::KeyNotFound, "未找到该键的元素", "找不到該索引鍵的元素"},
@@ -60,11 +59,6 @@ std::string ErrorText(ErrorNumber number, std::int16_t language) {
         return std::string(traditional ? entry->traditional : entry->simplified);
     }
     return (traditional ? "錯誤 " : "错误 ") + std::to_string(static_cast<std::int32_t>(number));
-}
-
-RuntimeError NotBuiltYetError(std::string_view what, std::int16_t language) {
-    return RuntimeError(ErrorNumber::NotBuiltYet,
-                        ErrorText(ErrorNumber::NotBuiltYet, language) + ": " + std::string(what));
 }
 
 std::string DescribeError(const RuntimeError& error, std::int16_t language) {

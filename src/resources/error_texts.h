@@ -13,7 +13,4 @@ namespace zv::resources {
 /// Simplified. A number without a text of its own is named by its number.
 std::string ErrorText(ErrorNumber number, std::int16_t language);
 
-/// The error of a window or an operation that this version does not have; `what` names it.
-RuntimeError NotBuiltYetError(std::string_view what, std::int16_t language);
-
 }  // namespace zv::resources

@@ -6,7 +6,6 @@
 #include "mainwindow/frm_task_main.h"
 #include "reports/ask_window.h"
 #include "reports/print_report.h"
-#include "resources/error_texts.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/staff_list.h"
@@ -27,7 +26,7 @@ struct Operation {
     std::string_view name;
     std::size_t arguments;
     std::string_view usage;
-    /// Answers the result as text; null while the system does not have the operation yet.
+    /// Answers the result as text.
     std::string (*run)(Stage& stage, const Arguments& arguments);
 };
 
@@ -179,17 +178,13 @@ Action CompileCall(Words words) {
     if (!operation) throw ScriptError("unknown operation " + Quote(words[0]));
     Arguments arguments;
     for (std::size_t i = 1; i < words.size(); i++) arguments.push_back(words[i]);
-    // How many words an operation takes that is not there yet is settled when it comes.
-    if (operation->run && arguments.size() != operation->arguments) {
+    if (arguments.size() != operation->arguments) {
         throw ScriptError("wrong number of words: call " + words[0] + ' ' +
                           std::string(operation->usage));
     }
     return [operation, arguments](Stage& stage) {
         stage.result.clear();
         stage.AsHost([&] {
-            if (!operation->run) {
-                throw resources::NotBuiltYetError(operation->name, stage.session.state.Language);
-            }
             stage.result = operation->run(stage, arguments);
         });
     };

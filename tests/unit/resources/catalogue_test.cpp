@@ -100,13 +100,6 @@ TEST(DescribeError, NamesClassicNumbersInBothScripts) {
     EXPECT_EQ(DescribeError(RuntimeError(ErrorNumber::ResourceNotFound), 3), "未找到该编号的资源");
 }
 
-TEST(NotBuiltYetError, NamesWhatIsMissing) {
-    const RuntimeError error = NotBuiltYetError("frmList", 0);
-    EXPECT_EQ(error.Number(), ErrorNumber::NotBuiltYet);
-    EXPECT_NE(error.Text().find("not built yet"), std::string::npos);
-    EXPECT_NE(error.Text().find("frmList"), std::string::npos);
-}
-
 TEST(DesignTexts, InHandEntryEndsInASuffixOfThreeCharacters) {
     for (const std::int16_t language : {std::int16_t{0}, std::int16_t{1}}) {
         const std::string caption = GetDesignText(DesignText::MenuInHandEntry, language);
