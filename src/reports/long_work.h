@@ -17,7 +17,7 @@ namespace zv::reports {
 class LongWork {
  public:
     /// Pieces that are done before the user is shown anything, as long as they take no second.
-    static constexpr int kPiecesAtOnce = 20;
+    static constexpr int kPiecesAtOnce = 10;
 
     virtual ~LongWork() = default;
     /// Does the next piece, a fraction of a second's work; false when nothing is left to do.

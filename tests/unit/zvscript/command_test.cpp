@@ -57,7 +57,7 @@ TEST(CompileScript, AcceptsEveryCommand) {
         "call AddTaskInstance 7 2003-03-07",
         "call MakeDate 2003 2 29",
         "call ListBirthdays 5",
-        "call PrintReport a b c",
+        "call PrintReport 0 zvTask01 标题 \"\" a.fType",
         "call PrintItem 1",
         "call frmAsk",
         "show error",
