@@ -113,7 +113,7 @@ for language in 0 1; do
         check "a collection's texts ($language, $mode)" holds "$out/collection.pdf" 'from a collection'
     done
     csv=$work/$language-2/list.csv
-    check "CSV has its mark ($language)" test "$(head -c 3 "$csv" | xxd -p)" = efbbbf
+    check "CSV has its mark ($language)" test "$(head -c 3 "$csv" | od -An -tx1 | tr -d ' ')" = efbbbf
     check "CSV has its rows ($language)" test "$(grep -c '拜访客户 Nr ' "$csv")" = 1000
 done
 same_pages() { [ "$(page_count "$work/0-1/$1.pdf")" = "$(page_count "$work/0-2/$1.pdf")" ]; }
