@@ -8,19 +8,14 @@
 #include "base/text.h"
 #include "resources/catalogue.h"
 #include "resources/design_texts.h"
+#include "resources/text_table.h"
 
 namespace zv::report {
 namespace {
 
-struct Entry {
-    ReportText id;
-    std::string_view simplified;
-    std::string_view traditional;
-};
-
 // In the order of the enumeration. Kinds and states have the names of the windows.
 // clang-format off
-constexpr auto kTexts = std::to_array<Entry>({
+constexpr auto kTexts = std::to_array<resources::TextEntry<ReportText>>({
     {ReportText::PageOf, "第 {0} 页，共 {1} 页", "第 {0} 頁，共 {1} 頁"},
     {ReportText::PrintedOn, "打印日期：{0}", "列印日期：{0}"},
     {ReportText::PrintedBy, "打印人：{0}", "列印人：{0}"},
@@ -69,15 +64,8 @@ constexpr auto kTexts = std::to_array<Entry>({
 });
 // clang-format on
 
-constexpr bool InOrder() {
-    for (std::size_t i = 0; i < kTexts.size(); i++) {
-        if (kTexts[i].id != static_cast<ReportText>(i)) return false;
-    }
-    return kTexts.size() == static_cast<std::size_t>(ReportText::Saving) + 1;
-}
-static_assert(InOrder());
+static_assert(resources::IsInOrder(kTexts, ReportText::Saving));
 
-constexpr std::int16_t kTraditional = 1;
 constexpr std::int16_t kCatalogueTask = 5;
 
 std::optional<resources::DesignText> OfWindows(ReportText id) {
@@ -101,13 +89,13 @@ std::optional<resources::DesignText> OfWindows(ReportText id) {
 }  // namespace
 
 std::string GetReportText(ReportText id, std::int16_t language) {
-    const bool traditional = language == kTraditional;
     if (id == ReportText::KindTask) {
-        return resources::LoadText(kCatalogueTask, traditional ? kTraditional : std::int16_t{0});
+        return resources::LoadText(kCatalogueTask, language == resources::kTraditionalLanguage
+                                                       ? language
+                                                       : std::int16_t{0});
     }
     if (const auto design = OfWindows(id)) return resources::GetDesignText(*design, language);
-    const Entry& entry = kTexts[static_cast<std::size_t>(id)];
-    return std::string(traditional ? entry.traditional : entry.simplified);
+    return resources::FindText(kTexts, id, language);
 }
 
 std::string FormatReportText(ReportText id, std::int16_t language, const std::string& first,

@@ -1,23 +1,14 @@
 #include "resources/ask_texts.h"
 
-#include <array>
-#include <cstddef>
-#include <string_view>
-
 #include "base/text.h"
+#include "resources/text_table.h"
 
 namespace zv::resources {
 namespace {
 
-struct Entry {
-    AskText id;
-    std::string_view simplified;
-    std::string_view traditional;
-};
-
 // In the order of the enumeration.
 // clang-format off
-constexpr auto kTexts = std::to_array<Entry>({
+constexpr auto kTexts = std::to_array<TextEntry<AskText>>({
     {AskText::WrittenBy, "用户", "使用者"},
     {AskText::ButtonExport, "导出(&E)...", "匯出(&E)..."},
     {AskText::NothingFound, "没有符合条件的任务。", "沒有符合條件的任務。"},
@@ -33,21 +24,12 @@ constexpr auto kTexts = std::to_array<Entry>({
 });
 // clang-format on
 
-constexpr bool InOrder() {
-    for (std::size_t i = 0; i < kTexts.size(); i++) {
-        if (kTexts[i].id != static_cast<AskText>(i)) return false;
-    }
-    return kTexts.size() == static_cast<std::size_t>(AskText::Working) + 1;
-}
-static_assert(InOrder());
-
-constexpr std::int16_t kTraditional = 1;
+static_assert(IsInOrder(kTexts, AskText::Working));
 
 }  // namespace
 
 std::string GetAskText(AskText id, std::int16_t language) {
-    const Entry& entry = kTexts[static_cast<std::size_t>(id)];
-    return std::string(language == kTraditional ? entry.traditional : entry.simplified);
+    return FindText(kTexts, id, language);
 }
 
 std::string GetAskText(AskText id, std::int16_t language, int number) {

@@ -1,21 +1,13 @@
 #include "resources/design_texts.h"
 
-#include <array>
-#include <cstddef>
-#include <string_view>
+#include "resources/text_table.h"
 
 namespace zv::resources {
 namespace {
 
-struct Entry {
-    DesignText id;
-    std::string_view simplified;
-    std::string_view traditional;
-};
-
 // In the order of the enumeration.
 // clang-format off
-constexpr auto kTexts = std::to_array<Entry>({
+constexpr auto kTexts = std::to_array<TextEntry<DesignText>>({
     {DesignText::KindGuest, "客户拜访", "客戶拜訪"},
     {DesignText::KindDiary, "工作日志", "工作日誌"},
     {DesignText::StateNotDone, "未完成", "未完成"},
@@ -105,21 +97,12 @@ constexpr auto kTexts = std::to_array<Entry>({
 });
 // clang-format on
 
-constexpr bool InOrder() {
-    for (std::size_t i = 0; i < kTexts.size(); i++) {
-        if (kTexts[i].id != static_cast<DesignText>(i)) return false;
-    }
-    return kTexts.size() == static_cast<std::size_t>(DesignText::RowsNotShown) + 1;
-}
-static_assert(InOrder());
-
-constexpr std::int16_t kTraditional = 1;
+static_assert(IsInOrder(kTexts, DesignText::RowsNotShown));
 
 }  // namespace
 
 std::string GetDesignText(DesignText id, std::int16_t language) {
-    const Entry& entry = kTexts[static_cast<std::size_t>(id)];
-    return std::string(language == kTraditional ? entry.traditional : entry.simplified);
+    return FindText(kTexts, id, language);
 }
 
 }  // namespace zv::resources

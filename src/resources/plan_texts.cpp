@@ -1,20 +1,12 @@
 #include "resources/plan_texts.h"
 
-#include <array>
-#include <cstddef>
-#include <string_view>
+#include "resources/text_table.h"
 
 namespace zv::resources {
 namespace {
 
-struct Entry {
-    PlanText id;
-    std::string_view simplified;
-    std::string_view traditional;
-};
-
 // In the order of the enumeration.
-constexpr auto kTexts = std::to_array<Entry>({
+constexpr auto kTexts = std::to_array<TextEntry<PlanText>>({
     {PlanText::ListPrefix, "请选择", "請選擇"},
     {PlanText::KindYear, "年", "年"},
     {PlanText::KindMonth, "月", "月"},
@@ -33,21 +25,12 @@ constexpr auto kTexts = std::to_array<Entry>({
     {PlanText::CaptionSeparator, " - ", " - "},
 });
 
-constexpr bool InOrder() {
-    for (std::size_t i = 0; i < kTexts.size(); i++) {
-        if (kTexts[i].id != static_cast<PlanText>(i)) return false;
-    }
-    return kTexts.size() == static_cast<std::size_t>(PlanText::CaptionSeparator) + 1;
-}
-static_assert(InOrder());
-
-constexpr std::int16_t kTraditional = 1;
+static_assert(IsInOrder(kTexts, PlanText::CaptionSeparator));
 
 }  // namespace
 
 std::string GetPlanText(PlanText id, std::int16_t language) {
-    const Entry& entry = kTexts[static_cast<std::size_t>(id)];
-    return std::string(language == kTraditional ? entry.traditional : entry.simplified);
+    return FindText(kTexts, id, language);
 }
 
 }  // namespace zv::resources

@@ -1,20 +1,12 @@
 #include "resources/report_texts.h"
 
-#include <array>
-#include <cstddef>
-#include <string_view>
+#include "resources/text_table.h"
 
 namespace zv::resources {
 namespace {
 
-struct Entry {
-    ReportText id;
-    std::string_view simplified;
-    std::string_view traditional;
-};
-
 // In the order of the enumeration.
-constexpr auto kTexts = std::to_array<Entry>({
+constexpr auto kTexts = std::to_array<TextEntry<ReportText>>({
     {ReportText::SearchWindow, "高级查询", "進階查詢"},
     {ReportText::Field, "字段", "欄位"},
     {ReportText::Contains, "包含", "包含"},
@@ -56,21 +48,12 @@ constexpr auto kTexts = std::to_array<Entry>({
     {ReportText::NoColumns, "请至少选择一列!", "請至少選擇一欄!"},
 });
 
-constexpr bool InOrder() {
-    for (std::size_t i = 0; i < kTexts.size(); i++) {
-        if (kTexts[i].id != static_cast<ReportText>(i)) return false;
-    }
-    return kTexts.size() == static_cast<std::size_t>(ReportText::NoColumns) + 1;
-}
-static_assert(InOrder());
-
-constexpr std::int16_t kTraditional = 1;
+static_assert(IsInOrder(kTexts, ReportText::NoColumns));
 
 }  // namespace
 
 std::string GetReportText(ReportText id, std::int16_t language) {
-    const Entry& entry = kTexts[static_cast<std::size_t>(id)];
-    return std::string(language == kTraditional ? entry.traditional : entry.simplified);
+    return FindText(kTexts, id, language);
 }
 
 }  // namespace zv::resources
