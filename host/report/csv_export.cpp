@@ -1,40 +1,45 @@
 #include "report/csv_export.h"
 
-#include "reports/csv_writer.h"
+#include <algorithm>
 
 namespace zv::report {
-namespace {
 
-constexpr std::size_t kRowsBetweenReports = 500;
+CsvExport::CsvExport(const Document& document, platform::OutputFile& file)
+    : document_(document), writer_(file) {
+    if (document.kind == DocumentKind::Item) return;
+    for (const Column& column : document.table.columns) writer_.Field(column.heading);
+    writer_.EndRow();
+}
 
-}  // namespace
+std::size_t CsvExport::RowCount() const {
+    return document_.kind == DocumentKind::Item ? document_.fields.size()
+                                                : document_.table.rows.size();
+}
 
-bool WriteCsv(const Document& document, platform::OutputFile& file, const Progress& progress) {
-    reports::CsvWriter writer(file);
-    if (document.kind == DocumentKind::Item) {
-        for (const Field& field : document.fields) {
-            writer.Field(field.caption);
-            writer.Field(field.text);
-            writer.EndRow();
+void CsvExport::WriteRow(std::size_t row) {
+    if (document_.kind == DocumentKind::Item) {
+        writer_.Field(document_.fields[row].caption);
+        writer_.Field(document_.fields[row].text);
+    } else {
+        const auto& cells = document_.table.rows[row];
+        for (std::size_t column = 0; column < document_.table.columns.size(); column++) {
+            writer_.Field(column < cells.size() ? cells[column] : std::string());
         }
-        writer.Flush();
-        return true;
     }
-    for (const Column& column : document.table.columns) writer.Field(column.heading);
-    writer.EndRow();
-    const auto& rows = document.table.rows;
-    for (std::size_t row = 0; row < rows.size(); row++) {
-        if (progress && row % kRowsBetweenReports == 0 &&
-            !progress(static_cast<int>(row), static_cast<int>(rows.size()))) {
-            return false;
-        }
-        for (std::size_t column = 0; column < document.table.columns.size(); column++) {
-            writer.Field(column < rows[row].size() ? rows[row][column] : std::string());
-        }
-        writer.EndRow();
-    }
-    writer.Flush();
-    return true;
+    writer_.EndRow();
+}
+
+bool CsvExport::WriteRows(std::size_t most) {
+    const std::size_t end = std::min(RowCount(), row_ + most);
+    for (; row_ < end; row_++) WriteRow(row_);
+    if (row_ < RowCount()) return true;
+    writer_.Flush();
+    return false;
+}
+
+void WriteCsv(const Document& document, platform::OutputFile& file) {
+    CsvExport csv(document, file);
+    csv.WriteRows(csv.RowCount());
 }
 
 }  // namespace zv::report

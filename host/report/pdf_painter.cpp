@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <string_view>
 
 #include <DocumentContext.h>
@@ -168,48 +169,61 @@ class Painter {
     double height_ = 0;
 };
 
-bool WritePages(PDFWriter& writer, const Layout& layout, const Progress& progress,
-                const Stream& stream) {
-    Painter painter(writer, layout.Fonts());
-    const int pages = layout.PageCount();
-    for (int number = 1; number <= pages; number++) {
-        if (progress && !progress(number - 1, pages)) return false;
-        const Page page = layout.MakePage(number);
-        auto* written = new PDFPage();  // the writer's from the end of the page on
-        written->SetMediaBox(PDFRectangle(0, 0, page.width, page.height));
-        PageContentContext* context = writer.StartPageContentContext(written);
-        painter.Draw(*context, page);
-        Require(writer.EndPageContentContext(context), "page");
-        Require(writer.WritePageAndRelease(written), "page");
-        stream.Rethrow();
-    }
-    return true;
-}
-
 }  // namespace
 
-bool WritePdf(const Layout& layout, platform::OutputFile& file, const Progress& progress) {
-    Stream stream(file);
-    PDFWriter writer;
-    const auto guarded = [&](PDFHummus::EStatusCode status, const char* what) {
+struct PdfFile::Writing {
+    explicit Writing(platform::OutputFile& file) : stream(file) {}
+    /// What the file said says more than what the writer made of it.
+    void Check(PDFHummus::EStatusCode status, const char* what) const {
         stream.Rethrow();
         Require(status, what);
-    };
-    guarded(writer.StartPDFForStream(&stream, ePDFVersion15), "beginning");
+    }
+
+    Stream stream;
+    PDFWriter writer;
+    std::unique_ptr<Painter> painter;
+};
+
+PdfFile::PdfFile(const Layout& layout, platform::OutputFile& file)
+    : layout_(layout), writing_(std::make_unique<Writing>(file)) {
+    PDFWriter& writer = writing_->writer;
+    writing_->Check(writer.StartPDFForStream(&writing_->stream, ePDFVersion15), "beginning");
     InfoDictionary& info = writer.GetDocumentContext().GetTrailerInformation().GetInfo();
     info.Title = PDFTextString().FromUTF8(layout.Source().title);
     info.Author = PDFTextString().FromUTF8(layout.Source().user);
     info.Creator = PDFTextString("zvPrint");
+    writing_->painter = std::make_unique<Painter>(writer, layout.Fonts());
+}
+
+PdfFile::~PdfFile() = default;
+
+void PdfFile::WritePage(int number) {
+    PDFWriter& writer = writing_->writer;
+    const Page page = layout_.MakePage(number);
+    auto* written = new PDFPage();  // the writer's from the end of the page on
+    written->SetMediaBox(PDFRectangle(0, 0, page.width, page.height));
+    PageContentContext* context = writer.StartPageContentContext(written);
     try {
-        if (!WritePages(writer, layout, progress, stream)) return false;
-    } catch (...) {
-        stream.Rethrow();  // what the file said says more
+        writing_->painter->Draw(*context, page);
+    } catch (const RuntimeError&) {
+        writing_->stream.Rethrow();
         throw;
     }
-    guarded(writer.EndPDFForStream(), "end");
-    stream.Flush();
-    stream.Rethrow();
-    return true;
+    writing_->Check(writer.EndPageContentContext(context), "page");
+    writing_->Check(writer.WritePageAndRelease(written), "page");
+    writing_->stream.Rethrow();
+}
+
+void PdfFile::End() {
+    writing_->Check(writing_->writer.EndPDFForStream(), "end");
+    writing_->stream.Flush();
+    writing_->stream.Rethrow();
+}
+
+void WritePdf(const Layout& layout, platform::OutputFile& file) {
+    PdfFile pdf(layout, file);
+    for (int number = 1; number <= layout.PageCount(); number++) pdf.WritePage(number);
+    pdf.End();
 }
 
 }  // namespace zv::report

@@ -59,6 +59,7 @@ constexpr auto kTexts = std::to_array<resources::TextEntry<ReportText>>({
     {ReportText::BadMode, "打印方式无效：{0}", "列印方式無效：{0}"},
     {ReportText::NothingToPrint, "没有可供打印的内容。", "沒有可供列印的內容。"},
     {ReportText::FileNotWritten, "文件无法写入：{0}", "檔案無法寫入：{0}"},
+    {ReportText::SavingCancelled, "保存已取消，没有写入文件。", "儲存已取消，沒有寫入檔案。"},
     {ReportText::Printing, "正在打印", "正在列印"},
     {ReportText::Saving, "正在保存", "正在儲存"},
 });

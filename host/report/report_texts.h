@@ -49,7 +49,8 @@ enum class ReportText {
     BadMode,
     NothingToPrint,  ///< neither grid, parameters, recordset nor connection
     FileNotWritten,  ///< {0}
-    Printing,        ///< heading of the progress window
+    SavingCancelled,
+    Printing,  ///< heading of the progress window
     Saving,
 };
 

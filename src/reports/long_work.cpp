@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "resources/ask_texts.h"
+#include "resources/catalogue.h"
 #include "scheduling/row_layout.h"
 
 namespace zv::reports {
@@ -13,14 +14,14 @@ constexpr int kTickMs = 10;
 
 }  // namespace
 
-frmProgress::frmProgress(forms::WindowSystem& windows, Session& session, const std::string& caption,
-                         LongWork& work, Result& result)
+frmProgress::frmProgress(forms::WindowSystem& windows, std::int16_t language,
+                         const std::string& caption, LongWork& work, Result& result)
     : Form(windows, std::string(kName)),
       lblState(*this, "lblState"),
       ProgressBar1(*this, "ProgressBar1"),
       cmdCancel(*this, "cmdCancel"),
       Timer1(*this, "Timer1", kTickMs),
-      session_(session),
+      language_(language),
       work_(&work),
       result_(result) {
     SetCaption(caption);
@@ -30,7 +31,7 @@ frmProgress::frmProgress(forms::WindowSystem& windows, Session& session, const s
 }
 
 void frmProgress::Form_Load() {
-    cmdCancel.SetCaption(session_.LoadText(kCancelText));
+    cmdCancel.SetCaption(resources::LoadText(kCancelText, language_));
     ShowState();
     PlaceControls();
     Center();
@@ -59,8 +60,7 @@ void frmProgress::PlaceControls() {
 
 void frmProgress::ShowState() {
     const std::string state = work_->State();
-    lblState.SetCaption(
-        state.empty() ? GetAskText(resources::AskText::Working, session_.state.Language) : state);
+    lblState.SetCaption(state.empty() ? GetAskText(resources::AskText::Working, language_) : state);
     ProgressBar1.SetAccessibleName(lblState.Caption());
     ProgressBar1.SetPercent(work_->Percent());
 }
@@ -84,17 +84,23 @@ void frmProgress::cmdCancel_Click() {
     Unload();
 }
 
-WorkEnd RunLongWork(Session& session, const std::string& caption, LongWork& work) {
+WorkEnd RunLongWork(forms::WindowSystem& windows, const platform::Clock& clock,
+                    std::int16_t language, const std::string& caption, LongWork& work) {
     constexpr std::int64_t kPatienceSeconds = 1;
-    const DateTime patience = session.machine.clock.Now().AddSeconds(kPatienceSeconds);
+    const DateTime patience = clock.Now().AddSeconds(kPatienceSeconds);
     for (int piece = 0; piece < LongWork::kPiecesAtOnce; piece++) {
         if (!work.Continue()) return WorkEnd::Finished;
-        if (session.machine.clock.Now() > patience) break;
+        if (clock.Now() > patience) break;
     }
     frmProgress::Result result;
-    session.windows.Create<frmProgress>(session, caption, work, result).Show(true);
+    windows.Create<frmProgress>(language, caption, work, result).Show(true);
     if (result.error) std::rethrow_exception(result.error);
     return result.end;
+}
+
+WorkEnd RunLongWork(Session& session, const std::string& caption, LongWork& work) {
+    return RunLongWork(session.windows, session.machine.clock, session.state.Language, caption,
+                       work);
 }
 
 }  // namespace zv::reports

@@ -1,6 +1,7 @@
 // Work that may take long, done in pieces so that its user can watch and stop it.
 #pragma once
 
+#include <cstdint>
 #include <exception>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 #include "forms/label.h"
 #include "forms/progress_bar.h"
 #include "forms/timer.h"
+#include "platform/machine.h"
 #include "session/session.h"
 
 namespace zv::reports {
@@ -32,6 +34,8 @@ enum class WorkEnd { Finished, Cancelled };
 
 /// Does the work; what takes longer than its first pieces in a window with a bar and a button that
 /// stops it. An error of the work leaves here, after the window is gone.
+WorkEnd RunLongWork(forms::WindowSystem& windows, const platform::Clock& clock,
+                    std::int16_t language, const std::string& caption, LongWork& work);
 WorkEnd RunLongWork(Session& session, const std::string& caption, LongWork& work);
 
 /// The window: does one piece of the work at each tick.
@@ -45,8 +49,8 @@ class frmProgress : public forms::Form {
         std::exception_ptr error;
     };
 
-    /// All of them must outlive the window.
-    frmProgress(forms::WindowSystem& windows, Session& session, const std::string& caption,
+    /// Work and result must outlive the window.
+    frmProgress(forms::WindowSystem& windows, std::int16_t language, const std::string& caption,
                 LongWork& work, Result& result);
 
     forms::Label lblState;
@@ -65,7 +69,7 @@ class frmProgress : public forms::Form {
     void ShowState();
     void PlaceControls();
 
-    Session& session_;
+    std::int16_t language_;
     LongWork* work_;  ///< null when the window is about to go
     Result& result_;
 };

@@ -4,8 +4,6 @@
 
 #include "base/errors.h"
 #include "base/text.h"
-#include "report/csv_export.h"
-#include "report/pdf_painter.h"
 #include "report/report_texts.h"
 #include "report/text_lines.h"
 
@@ -42,22 +40,6 @@ PreparedReport::PreparedReport(Document document, FontFiles& fonts)
     : document_(std::move(document)),
       fonts_(MakeFonts(document_, fonts)),
       layout_(std::make_unique<Layout>(document_, *fonts_)) {}
-
-bool PreparedReport::SavePdf(platform::FileSystem& files, const std::string& path,
-                             const Progress& progress) const {
-    const auto file = files.Create(path);
-    if (!WritePdf(*layout_, *file, progress)) return false;
-    file->Commit();
-    return true;
-}
-
-bool PreparedReport::SaveCsv(platform::FileSystem& files, const std::string& path,
-                             const Progress& progress) const {
-    const auto file = files.Create(path);
-    if (!WriteCsv(document_, *file, progress)) return false;
-    file->Commit();
-    return true;
-}
 
 std::string FileNameOf(const Document& document) {
     constexpr std::string_view kForbidden = "\\/:*?\"<>|\n";

@@ -4,11 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "platform/machine.h"
 #include "report/document.h"
 #include "report/font_set.h"
 #include "report/layout.h"
-#include "report/progress.h"
 #include "report/windows/font_files.h"
 
 namespace zv::report {
@@ -22,12 +20,6 @@ class PreparedReport {
 
     const Document& Source() const { return document_; }
     const Layout& Pages() const { return *layout_; }
-
-    /// Replaces the file only when all of it is written. False when `progress` stopped it.
-    bool SavePdf(platform::FileSystem& files, const std::string& path,
-                 const Progress& progress = {}) const;
-    bool SaveCsv(platform::FileSystem& files, const std::string& path,
-                 const Progress& progress = {}) const;
 
  private:
     Document document_;

@@ -14,6 +14,7 @@
 #include "platform/win32/machine.h"
 #include "report/preview/preview_form.h"
 #include "report/report_texts.h"
+#include "report/saving.h"
 #include "report/windows/gdi_painter.h"
 #include "report/windows/printer.h"
 #include "resources/catalogue.h"
@@ -121,7 +122,16 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
         return resources::DescribeError(error, request.Script());
     };
     platform::win32::SystemFiles files;
+    const platform::win32::SystemClock clock;
     forms::Form* window = nullptr;
+    const auto run = [&](ReportText caption, ReportText cancelled, reports::LongWork& work) {
+        const auto text = [&](ReportText id) { return GetReportText(id, request.Script()); };
+        const reports::WorkEnd end =
+            reports::RunLongWork(windows, clock, request.Script(), text(caption), work);
+        if (end == reports::WorkEnd::Cancelled) {
+            windows.ShowMessage(text(cancelled), forms::box::kInformation);
+        }
+    };
     PreviewActions actions;
     actions.print = [&] {
         DefaultPrinter(request.Script());  // throws when there is none at all
@@ -133,17 +143,23 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
             const forms::win32::OtherWindowsDisabled others(owner);
             chosen = ChoosePrinter(owner, report.Pages(), printer);
         }
-        if (chosen) PrintPages(report.Pages(), printer, {});
+        if (!chosen) return;
+        PrintJob job(report.Pages(), printer, {});
+        run(ReportText::Printing, ReportText::PrintCancelled, job);
     };
     actions.savePdf = [&] {
         const std::string path =
             AskForFile(backend.GetDialogs(), report.Source(), PrintMode::Pdf, window);
-        if (!path.empty()) report.SavePdf(files, path);
+        if (path.empty()) return;
+        PdfSaving saving(report.Pages(), files.Create(path));
+        run(ReportText::Saving, ReportText::SavingCancelled, saving);
     };
     actions.saveCsv = [&] {
         const std::string path =
             AskForFile(backend.GetDialogs(), report.Source(), PrintMode::Csv, window);
-        if (!path.empty()) report.SaveCsv(files, path);
+        if (path.empty()) return;
+        CsvSaving saving(report.Source(), files.Create(path));
+        run(ReportText::Saving, ReportText::SavingCancelled, saving);
     };
     actions.paint = [&](const forms::CanvasSurface& surface, const Page& page, double scale,
                         double left, double top) {

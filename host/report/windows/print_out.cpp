@@ -3,9 +3,11 @@
 #include "base/errors.h"
 #include "base/win32/wide.h"
 #include "forms/win32/win32_backend.h"
+#include "forms/window_system.h"
 #include "module.h"
 #include "platform/win32/machine.h"
 #include "report/report_texts.h"
+#include "report/saving.h"
 #include "report/windows/prepared_report.h"
 #include "report/windows/preview.h"
 #include "report/windows/printer.h"
@@ -21,12 +23,31 @@ std::string TargetFile(const PrintRequest& request, const Document& document) {
                       nullptr);
 }
 
+// A client that names the file or the printer wants no window.
+void Finish(const PrintRequest& request, const PreparedReport& report, ReportText caption,
+            reports::LongWork& work) {
+    if (!request.outputFile.empty() || !request.printerName.empty()) {
+        while (work.Continue()) {
+        }
+        return;
+    }
+    forms::win32::Win32Backend backend(host::ThisModule());
+    forms::WindowSystem windows(backend);
+    windows.title = report.Source().title;
+    const platform::win32::SystemClock clock;
+    windows.FromHost([&] {
+        reports::RunLongWork(windows, clock, request.Script(),
+                             GetReportText(caption, request.Script()), work);
+    });
+}
+
 void Print(const PrintRequest& request, const PreparedReport& report) {
     PrinterChoice printer;
     printer.name = request.printerName.empty() ? DefaultPrinter(request.Script())
                                                : win32::ToWide(request.printerName);
     printer.copies = request.copies;
-    PrintPages(report.Pages(), printer, request.outputFile);
+    PrintJob job(report.Pages(), printer, request.outputFile);
+    Finish(request, report, ReportText::Printing, job);
 }
 
 }  // namespace
@@ -50,12 +71,14 @@ void PrintOut(const PrintRequest& request, FontFiles& fonts, int& pageCount) {
             break;
         case PrintMode::Pdf:
             if (const std::string path = TargetFile(request, report.Source()); !path.empty()) {
-                report.SavePdf(files, path);
+                PdfSaving saving(report.Pages(), files.Create(path));
+                Finish(request, report, ReportText::Saving, saving);
             }
             break;
         case PrintMode::Csv:
             if (const std::string path = TargetFile(request, report.Source()); !path.empty()) {
-                report.SaveCsv(files, path);
+                CsvSaving saving(report.Source(), files.Create(path));
+                Finish(request, report, ReportText::Saving, saving);
             }
             break;
     }

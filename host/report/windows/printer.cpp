@@ -10,6 +10,7 @@
 #include "base/win32/wide.h"
 #include "forms/win32/handles.h"
 #include "report/report_texts.h"
+#include "report/saving.h"
 #include "report/windows/gdi_painter.h"
 
 namespace zv::report {
@@ -102,36 +103,56 @@ std::wstring DefaultPrinter(std::int16_t language) {
     return name;
 }
 
-bool PrintPages(const Layout& layout, const PrinterChoice& printer, const std::string& outputFile,
-                const Progress& progress) {
-    const std::int16_t language = layout.Source().language;
-    const bool isLandscape = layout.PageWidth() > layout.PageHeight();
-    const std::vector<unsigned char> settings = SettingsFor(printer, isLandscape, language);
-    const auto* mode =
-        settings.empty() ? nullptr : reinterpret_cast<const DEVMODEW*>(settings.data());
-    const forms::win32::MemoryDc dc(CreateDCW(L"WINSPOOL", printer.name.c_str(), nullptr, mode));
-    if (!dc) Fail(GetLastError(), language);
-
-    const int dpi = GetDeviceCaps(dc.get(), LOGPIXELSX);
-    const double scale = dpi / kPointsPerInch;
-    const int last =
-        printer.lastPage > 0 ? std::min(printer.lastPage, layout.PageCount()) : layout.PageCount();
-    const int first = std::clamp(printer.firstPage, 1, last);
-    Job job(dc.get(), zv::win32::ToWide(layout.Source().title), zv::win32::ToWide(outputFile),
-            language);
-    for (int number = first; number <= last; number++) {
-        if (progress && !progress(number - first, last - first + 1)) return false;
-        SetLastError(0);
-        if (StartPage(dc.get()) <= 0) Fail(GetLastError(), language);
-        // The driver counts from the edge of what it can print on.
-        GdiPainter painter(dc.get(), layout.Fonts(), scale,
-                           -GetDeviceCaps(dc.get(), PHYSICALOFFSETX),
-                           -GetDeviceCaps(dc.get(), PHYSICALOFFSETY));
-        painter.Draw(layout.MakePage(number));
-        if (EndPage(dc.get()) <= 0) Fail(GetLastError(), language);
+struct PrintJob::Paper {
+    Paper(const Layout& layout, const PrinterChoice& printer, const std::string& outputFile,
+          const std::vector<unsigned char>& settings)
+        : dc(CreateDCW(
+              L"WINSPOOL", printer.name.c_str(), nullptr,
+              settings.empty() ? nullptr : reinterpret_cast<const DEVMODEW*>(settings.data()))) {
+        if (!dc) Fail(GetLastError(), layout.Source().language);
+        job.emplace(dc.get(), zv::win32::ToWide(layout.Source().title),
+                    zv::win32::ToWide(outputFile), layout.Source().language);
     }
-    job.Finish(language);
-    return true;
+
+    forms::win32::MemoryDc dc;
+    std::optional<Job> job;
+};
+
+PrintJob::PrintJob(const Layout& layout, const PrinterChoice& printer,
+                   const std::string& outputFile)
+    : layout_(layout) {
+    const bool isLandscape = layout.PageWidth() > layout.PageHeight();
+    paper_ = std::make_unique<Paper>(layout, printer, outputFile,
+                                     SettingsFor(printer, isLandscape, layout.Source().language));
+    last_ =
+        printer.lastPage > 0 ? std::min(printer.lastPage, layout.PageCount()) : layout.PageCount();
+    first_ = std::clamp(printer.firstPage, 1, last_);
+    next_ = first_;
+}
+
+PrintJob::~PrintJob() = default;
+
+bool PrintJob::Continue() {
+    const std::int16_t language = layout_.Source().language;
+    const HDC dc = paper_->dc.get();
+    SetLastError(0);
+    if (StartPage(dc) <= 0) Fail(GetLastError(), language);
+    // The driver counts from the edge of what it can print on.
+    GdiPainter painter(dc, layout_.Fonts(), GetDeviceCaps(dc, LOGPIXELSX) / kPointsPerInch,
+                       -GetDeviceCaps(dc, PHYSICALOFFSETX), -GetDeviceCaps(dc, PHYSICALOFFSETY));
+    painter.Draw(layout_.MakePage(next_));
+    if (EndPage(dc) <= 0) Fail(GetLastError(), language);
+    if (next_++ < last_) return true;
+    paper_->job->Finish(language);
+    return false;
+}
+
+std::optional<int> PrintJob::Percent() const {
+    return PercentOf(next_ - first_, last_ - first_ + 1);
+}
+
+std::string PrintJob::State() const {
+    return PagesDone(layout_, next_ - first_, last_ - first_ + 1);
 }
 
 }  // namespace zv::report

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "platform/scripted/scripted_machine.h"
 #include "report/pdf_painter.h"
+#include "report/saving.h"
 #include "report_stage.h"
 
 namespace zv::report {
@@ -33,7 +34,7 @@ class PdfTest : public testing::Test {
     std::string Write(const Document& document) {
         const Layout layout(document, TestFonts());
         const auto file = files_.Create("a.pdf");
-        EXPECT_TRUE(WritePdf(layout, *file));
+        WritePdf(layout, *file);
         file->Commit();
         pages_ = layout.PageCount();
         return (folder_ / "a.pdf").string();
@@ -105,14 +106,32 @@ TEST_F(PdfTest, TitleAndAuthorStandInTheFile) {
     EXPECT_NE(info.find("A4"), std::string::npos) << info;
 }
 
+TEST_F(PdfTest, SavingGoesOnPageByPageAndEndsWithAWholeFile) {
+    const Document document = ListOf(1000);
+    const Layout layout(document, TestFonts());
+    {
+        PdfSaving saving(layout, files_.Create("a.pdf"));
+        EXPECT_EQ(saving.Percent(), 0);
+        EXPECT_TRUE(saving.Continue());
+        EXPECT_GT(saving.Percent(), 0);
+        EXPECT_EQ(saving.State(), "第 8 页，共 " + std::to_string(layout.PageCount()) + " 页");
+        EXPECT_FALSE(std::filesystem::exists(folder_ / "a.pdf"));
+        while (saving.Continue()) {
+        }
+        EXPECT_EQ(saving.Percent(), 100);
+    }
+    EXPECT_EQ(ReadPages((folder_ / "a.pdf").string()).size(),
+              static_cast<std::size_t>(layout.PageCount()));
+}
+
 TEST_F(PdfTest, AStoppedFileReplacesNothing) {
     const std::string path = Write(ListOf(1));
     const auto before = std::filesystem::file_size(path);
-    const Document document = ListOf(500);
+    const Document document = ListOf(1000);
     const Layout layout(document, TestFonts());
     {
-        const auto file = files_.Create("a.pdf");
-        EXPECT_FALSE(WritePdf(layout, *file, [](int done, int) { return done < 2; }));
+        PdfSaving saving(layout, files_.Create("a.pdf"));
+        EXPECT_TRUE(saving.Continue());
     }
     EXPECT_EQ(std::filesystem::file_size(path), before);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1);
