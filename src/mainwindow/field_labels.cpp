@@ -5,25 +5,18 @@
 #include "base/text.h"
 #include "mainwindow/frm_task_main.h"
 #include "mainwindow/layout.h"
+#include "reports/item_names.h"
+#include "resources/design_texts.h"
 
 namespace zv::mainwindow {
 namespace {
 
 using resources::DesignText;
 
-// Catalogue texts that label fields.
-constexpr std::int16_t kTitleText = 7;
-constexpr std::int16_t kDoerText = 10;
-constexpr std::int16_t kSetterText = 11;
-constexpr std::int16_t kStateText = 13;
-constexpr std::int16_t kDateText = 14;
-
 struct Tag {
     int label;  ///< index in lblList2
     std::string_view field;
 };
-// The others label what is no field of an item: the card's company and address, the search for a
-// card, the order of the tree, the heading of the free fields.
 constexpr auto kTags = std::to_array<Tag>({{0, "taskTitle"},
                                            {1, "tDoneMan"},
                                            {2, "taskTime"},
@@ -33,6 +26,17 @@ constexpr auto kTags = std::to_array<Tag>({{0, "taskTitle"},
                                            {6, "fWay"},
                                            {7, "fGuest"},
                                            {10, "tDone"}});
+
+// What the other labels are for is no field of an item.
+struct Heading {
+    int label;  ///< index in lblList2
+    DesignText text;
+};
+constexpr auto kHeadings = std::to_array<Heading>({{8, DesignText::Company},
+                                                   {9, DesignText::Address},
+                                                   {11, DesignText::FindCard},
+                                                   {12, DesignText::Order},
+                                                   {13, DesignText::OtherFields}});
 
 /// Each label with the control that it describes; null for a heading.
 template <class Use>
@@ -88,24 +92,13 @@ void FieldLabels::ShowCaptions() {
 }
 
 void FieldLabels::ShowDesign() {
-    const auto design = [this](DesignText id) { return window_.captions.Text(id); };
-    const auto catalogue = [this](std::int16_t id) { return window_.session.LoadText(id); };
-    const std::array<std::string, 14> captions = {
-        catalogue(kTitleText),          catalogue(kDoerText),
-        catalogue(kDateText),           design(DesignText::Kind),
-        design(DesignText::Content),    catalogue(kSetterText),
-        design(DesignText::ContactWay), design(DesignText::Contact),
-        design(DesignText::Company),    design(DesignText::Address),
-        catalogue(kStateText),          design(DesignText::FindCard),
-        design(DesignText::Order),      design(DesignText::OtherFields)};
-    std::size_t at = 0;
+    for (const Heading& heading : kHeadings) {
+        window_.lblList2[heading.label].SetCaption(window_.captions.Text(heading.text));
+    }
     ForEachLabel(window_, [&](forms::Label& label, forms::Control* field) {
-        const std::size_t other = at - captions.size();
         SetCaption(label, field,
-                   at < captions.size()
-                       ? captions[at]
-                       : design(DesignText::Remark) + " " + std::to_string(other + 1));
-        at++;
+                   label.tag.empty() ? label.Caption()
+                                     : reports::DesignCaption(window_.session, label.tag));
     });
 }
 

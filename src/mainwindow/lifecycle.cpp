@@ -1,7 +1,10 @@
 #include "mainwindow/lifecycle.h"
 
+#include <utility>
+
 #include "base/number.h"
 #include "mainwindow/frm_task_main.h"
+#include "reports/item_names.h"
 #include "session/module_gate.h"
 
 namespace zv::mainwindow {
@@ -44,13 +47,11 @@ void Lifecycle::LoadLists() {
     const auto text = [this](DesignText id) { return window_.captions.Text(id); };
     window_.cboOrder.SetItems({text(DesignText::OrderByDate), text(DesignText::OrderByTitle),
                                text(DesignText::OrderByPlan)});
-    window_.cboType2.SetItems({window_.chkType[kTask].Caption(), window_.chkType[kGuest].Caption(),
-                               window_.chkType[kDiary].Caption()});
-    // In the order of the stored states.
-    const std::vector<std::string> states = {
-        text(DesignText::StateNotDone), text(DesignText::StateDone), text(DesignText::StateInHand)};
+    window_.cboType2.SetItems(reports::KindNames(window_.session));
+    std::vector<std::string> states = reports::StateNames(window_.session);
     window_.cboDone2.SetItems(states);
-    window_.cboState.SetItems({states[0], states[1], states[2], text(DesignText::StateAll)});
+    states.push_back(text(DesignText::StateAll));
+    window_.cboState.SetItems(std::move(states));
     window_.cboWay.SetItems(
         {text(DesignText::WayTelephone), text(DesignText::WayEmail), text(DesignText::WayWeb)});
 }

@@ -1,11 +1,13 @@
 // The six free fields of an item: the panel that scrolls to the one in use.
 #pragma once
 
+#include "reports/item_names.h"
+
 namespace zv::mainwindow {
 
 class frmTaskMain;
 
-inline constexpr int kOtherFields = 6;
+using reports::kOtherFields;
 
 class OtherFields {
  public:

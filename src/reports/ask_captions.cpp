@@ -1,6 +1,7 @@
 // What every part of the query window is called, in the language at hand.
 #include "base/text.h"
 #include "reports/ask_window.h"
+#include "reports/item_names.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
 
@@ -18,8 +19,6 @@ constexpr std::int16_t kQuitText = 22;
 constexpr std::int16_t kAskText = 23;
 constexpr std::int16_t kPrintText = 27;
 constexpr std::int16_t kDateText = 101;
-
-constexpr int kFreeFields = 6;
 
 }  // namespace
 
@@ -51,11 +50,8 @@ void frmAsk::SetCaptions() {
     txtDoneMan.SetAccessibleName(chkDoneMan.Caption());
     Grid1.SetAccessibleName(Caption());
 
-    cboType2.SetItems(
-        {text(kTaskText), design(DesignText::KindGuest), design(DesignText::KindDiary)});
-    // In the order of the stored states.
-    Combo1.SetItems({design(DesignText::StateNotDone), design(DesignText::StateDone),
-                     design(DesignText::StateInHand)});
+    cboType2.SetItems(KindNames(session_));
+    Combo1.SetItems(StateNames(session_));
 }
 
 void frmAsk::SetColumns() {
@@ -71,8 +67,8 @@ void frmAsk::SetColumns() {
         {chkType.Caption(), 80},
         {Check1[kStateCheck].Caption(), 70},
     };
-    for (int field = 1; field <= kFreeFields; field++) {
-        columns.push_back({design(DesignText::Remark) + " " + std::to_string(field), 80});
+    for (std::size_t i = columns.size(); i < kAskFields.size(); i++) {
+        columns.push_back({DesignCaption(session_, kAskFields[i]), 80});
     }
     for (std::size_t i = 0; i < columns.size(); i++) {
         for (const FieldCaption& entry : fieldCaptions) {

@@ -4,16 +4,14 @@
 #include <utility>
 
 #include "forms/field_keys.h"
-#include "resources/design_texts.h"
+#include "reports/item_names.h"
 #include "session/text_checks.h"
 
 namespace zv::reports {
 namespace {
 
-using resources::DesignText;
 using resources::ReportText;
 
-constexpr std::int16_t kTaskText = 5;
 constexpr std::int16_t kOkText = 28;
 constexpr std::int16_t kCancelText = 29;
 constexpr std::int16_t kNotEmptyText = 108;
@@ -114,15 +112,7 @@ Comparison frmSeek::ChosenComparison() const {
 }
 
 std::vector<std::string> frmSeek::ChoicesOf(FieldKind kind) const {
-    const auto design = [this](DesignText id) {
-        return resources::GetDesignText(id, session_.state.Language);
-    };
-    if (kind == FieldKind::ItemKind) {
-        return {session_.LoadText(kTaskText), design(DesignText::KindGuest),
-                design(DesignText::KindDiary)};
-    }
-    return {design(DesignText::StateNotDone), design(DesignText::StateDone),
-            design(DesignText::StateInHand)};
+    return kind == FieldKind::ItemKind ? KindNames(session_) : StateNames(session_);
 }
 
 void frmSeek::cboField_Click() {
