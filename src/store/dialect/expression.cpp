@@ -1,7 +1,5 @@
 #include "store/dialect/expression.h"
 
-#include "store/dialect/lexer.h"
-
 namespace zv::store::dialect {
 namespace {
 
@@ -27,16 +25,14 @@ std::string QuoteText(const std::string& text) {
     return Enclose(text, '\'');
 }
 
-void TakeAsDate(Expression& expression) {
-    if (!expression.literal) return;
-    const std::string stored = StoredDate(*expression.literal);
-    if (stored.empty()) {
-        ThrowAt("\"" + *expression.literal + "\" is not a date", expression.position);
+std::string Call(std::string_view function, const std::vector<Expression>& arguments) {
+    std::string sql(function);
+    sql += '(';
+    for (std::size_t i = 0; i < arguments.size(); i++) {
+        if (i > 0) sql += ',';
+        sql += arguments[i].sql;
     }
-    expression.sql = QuoteText(stored);
-    expression.kind = ColumnKind::Date;
-    expression.date = stored;
-    expression.literal.reset();
+    return sql + ')';
 }
 
 }  // namespace zv::store::dialect

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "store/dialect/schema_info.h"
@@ -25,7 +26,9 @@ struct Expression {
     std::string sql;
     ColumnKind kind = ColumnKind::Unknown;
     Level level = Level::Primary;
-    std::size_t position = 0;            ///< in the source statement, from 1
+    bool condition = false;    ///< true or false, where the target tells that from a number
+    bool foldsCase = false;    ///< a computed text that compares without regard to case
+    std::size_t position = 0;  ///< in the source statement, from 1
     std::optional<std::string> literal;  ///< the value of a bare text literal
     std::optional<std::string> date;     ///< the value of a bare date, stored form
     std::string column;                  ///< name of a bare column
@@ -37,8 +40,7 @@ struct Expression {
 std::string At(const Expression& expression, Level level);
 std::string QuoteName(const std::string& name);
 std::string QuoteText(const std::string& text);
-/// A text literal that is to be taken as a date becomes one; throws when it is none. Any other
-/// expression stays as it is.
-void TakeAsDate(Expression& expression);
+/// `function(a, b, …)` with the arguments as they stand.
+std::string Call(std::string_view function, const std::vector<Expression>& arguments);
 
 }  // namespace zv::store::dialect

@@ -1,4 +1,6 @@
 #include <array>
+#include <optional>
+#include <utility>
 
 #include "base/text.h"
 #include "store/dialect/functions.h"
@@ -7,29 +9,15 @@
 namespace zv::store::dialect {
 namespace {
 
-Expression Combine(const Expression& left, const std::string& op, const Expression& right,
-                   Level level, Level operands, ColumnKind kind) {
-    Expression result;
-    result.sql = At(left, operands) + op + At(right, operands);
-    result.level = level;
-    result.kind = kind;
-    result.position = left.position;
+/// An operation whose result is true or false.
+Expression Test(const Expression& left, std::string_view op, const Expression& right, Level level,
+                Level operands) {
+    Expression result = Combine(left, op, right, level, operands, ColumnKind::Number);
+    result.condition = true;
     return result;
 }
 
-/// What is written as a text is meant as a date where it meets a date.
-void MatchKinds(Expression& a, Expression& b) {
-    if (a.kind == ColumnKind::Date) TakeAsDate(b);
-    if (b.kind == ColumnKind::Date) TakeAsDate(a);
-}
-
-/// Columns bring their collation along; computed texts have none of their own.
-bool NeedsCollation(const Expression& a, const Expression& b) {
-    return a.kind == ColumnKind::Text && b.kind == ColumnKind::Text && a.column.empty() &&
-           b.column.empty();
-}
-
-void NoteWindowBound(Expression& result, const Expression& left, const std::string& op,
+void NoteWindowBound(Expression& result, const Expression& left, std::string_view op,
                      const Expression& right) {
     if (!right.date) return;
     const bool before = op == "<=" || op == "<";
@@ -43,11 +31,26 @@ void NoteWindowBound(Expression& result, const Expression& left, const std::stri
 
 }  // namespace
 
+Expression Parser::ParseCondition() {
+    Expression result = ParseExpression();
+    target_.MakeCondition(result);
+    return result;
+}
+
+Expression Parser::ParseValue() {
+    Expression result = ParseExpression();
+    target_.MakeValue(result);
+    return result;
+}
+
 Expression Parser::ParseOr() {
     const DepthGuard guard(*this);
     Expression left = ParseAnd();
     while (AcceptKeyword("or")) {
-        left = Combine(left, " or ", ParseAnd(), Level::Or, Level::Or, ColumnKind::Number);
+        Expression right = ParseAnd();
+        target_.MakeCondition(left);
+        target_.MakeCondition(right);
+        left = Test(left, " or ", right, Level::Or, Level::Or);
     }
     return left;
 }
@@ -55,10 +58,12 @@ Expression Parser::ParseOr() {
 Expression Parser::ParseAnd() {
     Expression left = ParseNot();
     while (AcceptKeyword("and")) {
-        const Expression right = ParseNot();
+        Expression right = ParseNot();
         std::vector<WindowBound> bounds = std::move(left.bounds);
         bounds.insert(bounds.end(), right.bounds.begin(), right.bounds.end());
-        left = Combine(left, " and ", right, Level::And, Level::And, ColumnKind::Number);
+        target_.MakeCondition(left);
+        target_.MakeCondition(right);
+        left = Test(left, " and ", right, Level::And, Level::And);
         left.bounds = std::move(bounds);
     }
     return left;
@@ -68,9 +73,12 @@ Expression Parser::ParseNot() {
     if (!IsKeyword("not")) return ParseComparison();
     const DepthGuard guard(*this);
     const std::size_t position = Take().position;
+    Expression operand = ParseNot();
+    target_.MakeCondition(operand);
     Expression result;
-    result.sql = "not " + At(ParseNot(), Level::Not);
+    result.sql = "not " + At(operand, Level::Not);
     result.level = Level::Not;
+    result.condition = true;
     result.kind = ColumnKind::Number;
     result.position = position;
     return result;
@@ -87,15 +95,9 @@ Expression Parser::ParseComparisonTail(Expression left) {
     for (const auto op : kOperators) {
         if (!AcceptSymbol(op)) continue;
         Expression right = ParseAdditive();
-        MatchKinds(left, right);
-        const std::string written(op);
-        Expression result =
-            Combine(left, written, right, Level::Compare, Level::Add, ColumnKind::Number);
-        if (NeedsCollation(left, right)) {
-            result.sql =
-                At(left, Level::Add) + written + At(right, Level::Primary) + " collate nocase";
-        }
-        NoteWindowBound(result, left, written, right);
+        target_.Match(left, right);
+        Expression result = target_.Compare(left, op, right);
+        NoteWindowBound(result, left, op, right);
         return result;
     }
     if (AcceptKeyword("is")) {
@@ -103,26 +105,31 @@ Expression Parser::ParseComparisonTail(Expression left) {
         ExpectKeyword("null");
         Expression null;
         null.sql = "null";
-        return Combine(left, negated ? " is not " : " is ", null, Level::Compare, Level::Add,
-                       ColumnKind::Number);
+        target_.MakeValue(left);
+        return Test(left, negated ? " is not " : " is ", null, Level::Compare, Level::Add);
     }
     const bool negated =
         IsKeyword("not") && (IsKeyword("like", 1) || IsKeyword("between", 1) || IsKeyword("in", 1));
     if (negated) Take();
     const std::string no = negated ? " not" : "";
     if (AcceptKeyword("like")) {
-        return Combine(left, no + " like ", ParseAdditive(), Level::Compare, Level::Add,
-                       ColumnKind::Number);
+        Expression result;
+        result.position = left.position;
+        result.sql = target_.Like(std::move(left), ParseAdditive(), negated);
+        result.kind = ColumnKind::Number;
+        result.level = Level::Compare;
+        result.condition = true;
+        return result;
     }
     if (AcceptKeyword("between")) {
         Expression low = ParseAdditive();
         ExpectKeyword("and");
         Expression high = ParseAdditive();
-        MatchKinds(left, low);
-        MatchKinds(left, high);
+        target_.Match(left, low);
+        target_.Match(left, high);
         low.sql = At(low, Level::Add) + " and " + At(high, Level::Add);
         low.level = Level::Primary;
-        return Combine(left, no + " between ", low, Level::Compare, Level::Add, ColumnKind::Number);
+        return Test(left, no + " between ", low, Level::Compare, Level::Add);
     }
     if (AcceptKeyword("in")) return ParseIn(std::move(left), negated);
     return left;
@@ -132,34 +139,36 @@ Expression Parser::ParseIn(Expression left, bool negated) {
     ExpectSymbol("(");
     std::string list;
     if (IsKeyword("select")) {
+        target_.MakeColumn(left);
         list = ParseSelect(nullptr);
     } else {
         do {
             Expression item = ParseExpression();
-            MatchKinds(left, item);
+            target_.Match(left, item);
             list += (list.empty() ? "" : ",") + item.sql;
         } while (AcceptSymbol(","));
     }
     ExpectSymbol(")");
     Expression set;
     set.sql = "(" + list + ")";
-    return Combine(left, negated ? " not in " : " in ", set, Level::Compare, Level::Add,
-                   ColumnKind::Number);
+    return Test(left, negated ? " not in " : " in ", set, Level::Compare, Level::Add);
 }
 
 Expression Parser::ParseAdditive() {
     Expression left = ParseMultiplicative();
     while (IsSymbol("+") || IsSymbol("-")) {
         const Token op = Take();
-        const Expression right = ParseMultiplicative();
+        Expression right = ParseMultiplicative();
         const bool text = left.kind == ColumnKind::Text || right.kind == ColumnKind::Text;
         if (op.text == "+" && text) {
-            left = Combine(left, "||", right, Level::Join, Level::Join, ColumnKind::Text);
+            left = target_.Concatenate(std::move(left), std::move(right));
             continue;
         }
         if (left.kind == ColumnKind::Date || right.kind == ColumnKind::Date) {
             ThrowAt("dates cannot be added or subtracted", op.position);
         }
+        target_.MakeNumber(left);
+        target_.MakeNumber(right);
         // A blank keeps two minus signs from becoming a comment.
         left = Combine(left, " " + op.text + " ", right, Level::Add, Level::Multiply,
                        ColumnKind::Number);
@@ -171,7 +180,10 @@ Expression Parser::ParseMultiplicative() {
     Expression left = ParseUnary();
     while (IsSymbol("*") || IsSymbol("/") || IsSymbol("%")) {
         const std::string op = Take().text;
-        left = Combine(left, op, ParseUnary(), Level::Multiply, Level::Join, ColumnKind::Number);
+        Expression right = ParseUnary();
+        target_.MakeNumber(left);
+        target_.MakeNumber(right);
+        left = Combine(left, op, right, Level::Multiply, Level::Join, ColumnKind::Number);
     }
     return left;
 }
@@ -181,7 +193,9 @@ Expression Parser::ParseUnary() {
     const DepthGuard guard(*this);
     const Token sign = Take();
     Expression result;
-    result.sql = "(" + sign.text + " " + At(ParseUnary(), Level::Primary) + ")";
+    Expression operand = ParseUnary();
+    target_.MakeNumber(operand);
+    result.sql = "(" + sign.text + " " + At(operand, Level::Primary) + ")";
     result.kind = ColumnKind::Number;
     result.position = sign.position;
     return result;
@@ -200,7 +214,7 @@ Expression Parser::ParsePrimary() {
         case TokenKind::Date:
             result.kind = ColumnKind::Date;
             result.date = token.text;
-            result.sql = QuoteText(token.text);
+            result.sql = target_.DateLiteral(token.text);
             break;
         case TokenKind::Number:
             result.kind = ColumnKind::Number;
@@ -260,9 +274,9 @@ Expression Parser::ParseColumn() {
     result.column = names.back();
     if (names.size() == 2) {
         result.qualifier = names.front();
-        result.sql = QuoteName(names.front()) + ".";
+        result.sql = target_.Name(names.front()) + ".";
     }
-    result.sql += QuoteName(names.back());
+    result.sql += target_.Name(names.back());
     result.kind = schema_.KindOf(result.column);
     columns_.emplace_back(result.qualifier, result.column);
     return result;
@@ -282,13 +296,14 @@ Expression Parser::ParseCall() {
         } else {
             const bool distinct = AcceptKeyword("distinct");
             arguments.push_back(ParseExpression());
+            target_.MakeColumn(arguments.back());
             if (distinct) arguments.back().sql.insert(0, "distinct ");
         }
     } else if (!IsSymbol(")")) {
         arguments = ParseList();
     }
     ExpectSymbol(")");
-    return TranslateCall(name.text, std::move(arguments), name.position);
+    return TranslateCall(target_, name.text, std::move(arguments), name.position);
 }
 
 std::vector<Expression> Parser::ParseList() {
@@ -303,18 +318,29 @@ Expression Parser::ParseCase() {
     const DepthGuard guard(*this);
     Expression result;
     result.position = Take().position;
-    result.sql = "case";
-    if (!IsKeyword("when")) result.sql += " " + ParseExpression().sql;
+    std::optional<Expression> compared;
+    if (!IsKeyword("when")) compared = ParseValue();
+    std::vector<Expression> tests;
+    std::vector<Expression> values;
     do {
         ExpectKeyword("when");
-        result.sql += " when " + ParseExpression().sql;
+        tests.push_back(compared ? ParseValue() : ParseCondition());
+        if (compared) target_.Match(*compared, tests.back());
         ExpectKeyword("then");
-        const Expression value = ParseExpression();
-        result.kind = value.kind;
-        result.sql += " then " + value.sql;
+        values.push_back(ParseValue());
     } while (IsKeyword("when"));
-    if (AcceptKeyword("else")) result.sql += " else " + ParseExpression().sql;
+    result.kind = values.back().kind;
+    if (AcceptKeyword("else")) values.push_back(ParseValue());
     ExpectKeyword("end");
+
+    std::vector<Expression*> alternatives;
+    for (Expression& value : values) alternatives.push_back(&value);
+    result.kind = target_.Unify(alternatives, result.kind);
+    result.sql = compared ? "case " + compared->sql : "case";
+    for (std::size_t i = 0; i < tests.size(); i++) {
+        result.sql += " when " + tests[i].sql + " then " + values[i].sql;
+    }
+    if (values.size() > tests.size()) result.sql += " else " + values.back().sql;
     result.sql += " end";
     return result;
 }
@@ -326,6 +352,7 @@ Expression Parser::ParseExists() {
     result.sql = "exists(" + ParseSelect(nullptr) + ")";
     ExpectSymbol(")");
     result.kind = ColumnKind::Number;
+    result.condition = true;
     return result;
 }
 

@@ -19,202 +19,202 @@ Expression Make(std::string sql, ColumnKind kind) {
     return result;
 }
 
-/// `function(a, b, …)` with the arguments as they stand.
-std::string Call(std::string_view function, const Arguments& arguments) {
-    std::string sql(function);
-    sql += '(';
-    for (std::size_t i = 0; i < arguments.size(); i++) {
-        if (i > 0) sql += ',';
-        sql += arguments[i].sql;
-    }
-    return sql + ')';
+template <DateField field>
+Expression Part(const Target& target, Arguments& a) {
+    target.MakeDate(a[0]);
+    return Make(target.Part(a[0], field), ColumnKind::Number);
+}
+Expression Weekday(const Target& target, Arguments& a) {
+    target.MakeDate(a[0]);
+    return Make(target.Weekday(a[0]), ColumnKind::Number);
 }
 
-// Stored dates have fixed places for their parts, so cutting them out is exact and far cheaper than
-// the engine's date functions.
-std::string DatePart(const Expression& date, int begin, int length) {
-    return "substr(" + date.sql + "," + std::to_string(begin) + "," + std::to_string(length) + ")";
+Expression Left(const Target& target, Arguments& a) {
+    target.MakeText(a[0]);
+    target.MakeNumber(a[1]);
+    return Make(target.Left(a[0], a[1]), ColumnKind::Text);
 }
-
-Expression NumberPart(Arguments& a, int begin, int length) {
-    TakeAsDate(a[0]);
-    return Make("cast(" + DatePart(a[0], begin, length) + " as integer)", ColumnKind::Number);
+Expression Right(const Target& target, Arguments& a) {
+    target.MakeText(a[0]);
+    target.MakeNumber(a[1]);
+    return Make(target.Right(a[0], a[1]), ColumnKind::Text);
 }
-
-Expression Year(Arguments& a) {
-    return NumberPart(a, 1, 4);
-}
-Expression Month(Arguments& a) {
-    return NumberPart(a, 6, 2);
-}
-Expression Day(Arguments& a) {
-    return NumberPart(a, 9, 2);
-}
-Expression Hour(Arguments& a) {
-    return NumberPart(a, 12, 2);
-}
-Expression Minute(Arguments& a) {
-    return NumberPart(a, 15, 2);
-}
-Expression Second(Arguments& a) {
-    return NumberPart(a, 18, 2);
-}
-Expression Weekday(Arguments& a) {
-    TakeAsDate(a[0]);
-    return Make("(cast(strftime('%w'," + a[0].sql + ") as integer)+1)", ColumnKind::Number);
-}
-
-Expression Left(Arguments& a) {
-    return Make("substr(" + a[0].sql + ",1,max(0," + a[1].sql + "))", ColumnKind::Text);
-}
-// A name of a function that the engine's grammar does not accept; a length of 0 gives no text.
-Expression Right(Arguments& a) {
-    const std::string length = "max(0," + a[1].sql + ")";
-    return Make("substr(" + a[0].sql + ",-" + length + "," + length + ")", ColumnKind::Text);
-}
-Expression Mid(Arguments& a) {
+Expression Mid(const Target& target, Arguments& a) {
+    target.MakeText(a[0]);
+    for (std::size_t i = 1; i < a.size(); i++) target.MakeNumber(a[i]);
     return Make(Call("substr", a), ColumnKind::Text);
 }
-Expression TrimBoth(Arguments& a) {
-    return Make(Call("trim", a), ColumnKind::Text);
+
+/// A function of texts that has one name everywhere.
+Expression OfTexts(const Target& target, std::string_view function, Arguments& a, ColumnKind kind) {
+    for (Expression& text : a) target.MakeText(text);
+    return Make(Call(function, a), kind);
 }
-Expression TrimLeft(Arguments& a) {
-    return Make(Call("ltrim", a), ColumnKind::Text);
+Expression TrimBoth(const Target& target, Arguments& a) {
+    return OfTexts(target, "trim", a, ColumnKind::Text);
 }
-Expression TrimRight(Arguments& a) {
-    return Make(Call("rtrim", a), ColumnKind::Text);
+Expression TrimLeft(const Target& target, Arguments& a) {
+    return OfTexts(target, "ltrim", a, ColumnKind::Text);
 }
-Expression Upper(Arguments& a) {
-    return Make(Call("upper", a), ColumnKind::Text);
+Expression TrimRight(const Target& target, Arguments& a) {
+    return OfTexts(target, "rtrim", a, ColumnKind::Text);
 }
-Expression Lower(Arguments& a) {
-    return Make(Call("lower", a), ColumnKind::Text);
+Expression Upper(const Target& target, Arguments& a) {
+    return OfTexts(target, "upper", a, ColumnKind::Text);
 }
-Expression Replace(Arguments& a) {
-    return Make(Call("replace", a), ColumnKind::Text);
+Expression Lower(const Target& target, Arguments& a) {
+    return OfTexts(target, "lower", a, ColumnKind::Text);
 }
-Expression Length(Arguments& a) {
-    return Make(Call("length", a), ColumnKind::Number);
+Expression Replace(const Target& target, Arguments& a) {
+    return OfTexts(target, "replace", a, ColumnKind::Text);
 }
-Expression InStr(Arguments& a) {
-    return Make("instr(lower(" + a[0].sql + "),lower(" + a[1].sql + "))", ColumnKind::Number);
+Expression Length(const Target& target, Arguments& a) {
+    return OfTexts(target, "length", a, ColumnKind::Number);
 }
-Expression AsText(Arguments& a) {
-    return Make("cast(" + a[0].sql + " as text)", ColumnKind::Text);
+Expression InStr(const Target& target, Arguments& a) {
+    for (Expression& text : a) target.MakeText(text);
+    return Make(target.Position(a[0], a[1]), ColumnKind::Number);
 }
-Expression AsWhole(Arguments& a) {
-    return Make("cast(round(" + a[0].sql + ") as integer)", ColumnKind::Number);
+Expression AsText(const Target& target, Arguments& a) {
+    return Make(target.ToText(a[0]), ColumnKind::Text);
 }
-Expression AsReal(Arguments& a) {
-    return Make("cast(" + a[0].sql + " as real)", ColumnKind::Number);
+Expression AsWhole(const Target& target, Arguments& a) {
+    target.MakeNumber(a[0]);
+    return Make(target.ToWhole(a[0]), ColumnKind::Number);
 }
-Expression AsDate(Arguments& a) {
-    TakeAsDate(a[0]);
-    return Make("datetime(" + a[0].sql + ")", ColumnKind::Date);
+Expression AsReal(const Target& target, Arguments& a) {
+    target.MakeNumber(a[0]);
+    return Make(target.ToReal(a[0]), ColumnKind::Number);
 }
-Expression Absolute(Arguments& a) {
+Expression LeadingNumber(const Target& target, Arguments& a) {
+    return Make(target.LeadingNumber(a[0]), ColumnKind::Number);
+}
+Expression AsDate(const Target& target, Arguments& a) {
+    target.MakeDate(a[0]);
+    return Make(target.ToDate(a[0]), ColumnKind::Date);
+}
+Expression Absolute(const Target& target, Arguments& a) {
+    target.MakeNumber(a[0]);
     return Make(Call("abs", a), ColumnKind::Number);
 }
-Expression Round(Arguments& a) {
-    return Make(Call("round", a), ColumnKind::Number);
+Expression Round(const Target& target, Arguments& a) {
+    for (Expression& number : a) target.MakeNumber(number);
+    return Make(target.Round(a), ColumnKind::Number);
 }
-Expression Now(Arguments&) {
-    return Make("datetime('now','localtime')", ColumnKind::Date);
+Expression Now(const Target& target, Arguments&) {
+    return Make(target.Now(), ColumnKind::Date);
 }
-Expression Today(Arguments&) {
-    return Make("datetime('now','localtime','start of day')", ColumnKind::Date);
-}
-Expression OrElse(Arguments& a) {
-    return Make(Call("ifnull", a), a[1].kind);
-}
-Expression IsNull(Arguments& a) {
-    if (a.size() == 2) return OrElse(a);
-    return Make("(" + At(a[0], Level::Add) + " is null)", ColumnKind::Number);
-}
-Expression Nz(Arguments& a) {
-    if (a.size() == 2) return OrElse(a);
-    return Make("ifnull(" + a[0].sql + ",'')", a[0].kind);
-}
-Expression Coalesce(Arguments& a) {
-    return Make(Call("coalesce", a), a[0].kind);
-}
-Expression If(Arguments& a) {
-    return Make(Call("iif", a), a[1].kind);
+Expression Today(const Target& target, Arguments&) {
+    return Make(target.Today(), ColumnKind::Date);
 }
 
-Expression Total(std::string_view function, Arguments& a) {
-    return Make(Call(function, a), ColumnKind::Number);
+ColumnKind Unify(const Target& target, Arguments& a, std::size_t first, ColumnKind usual) {
+    std::vector<Expression*> alternatives;
+    for (std::size_t i = first; i < a.size(); i++) alternatives.push_back(&a[i]);
+    return target.Unify(alternatives, usual);
 }
-Expression Count(Arguments& a) {
-    return Total("count", a);
+Expression OrElse(const Target& target, Arguments& a) {
+    const ColumnKind kind = Unify(target, a, 0, a[1].kind);
+    return Make(target.OrElse(a), kind);
 }
-Expression Sum(Arguments& a) {
-    return Total("sum", a);
+Expression IsNull(const Target& target, Arguments& a) {
+    if (a.size() == 2) return OrElse(target, a);
+    Expression result = Make("(" + At(a[0], Level::Add) + " is null)", ColumnKind::Number);
+    result.condition = true;
+    return result;
 }
-Expression Average(Arguments& a) {
-    return Total("avg", a);
+Expression Nz(const Target& target, Arguments& a) {
+    if (a.size() == 2) return OrElse(target, a);
+    const ColumnKind usual = a[0].kind;
+    Expression nothing;
+    nothing.sql = "''";
+    nothing.kind = ColumnKind::Text;
+    nothing.literal = "";
+    a.push_back(nothing);
+    const ColumnKind kind = Unify(target, a, 0, usual);
+    return Make(target.OrElse(a), kind);
 }
-Expression Greatest(Arguments& a) {
+Expression Coalesce(const Target& target, Arguments& a) {
+    const ColumnKind kind = Unify(target, a, 0, a[0].kind);
+    return Make(Call("coalesce", a), kind);
+}
+Expression If(const Target& target, Arguments& a) {
+    target.MakeCondition(a[0]);
+    const ColumnKind kind = Unify(target, a, 1, a[1].kind);
+    return Make(target.Choose(a), kind);
+}
+
+Expression Count(const Target&, Arguments& a) {
+    return Make(Call("count", a), ColumnKind::Number);
+}
+Expression Sum(const Target& target, Arguments& a) {
+    target.MakeNumber(a[0]);
+    return Make(Call("sum", a), ColumnKind::Number);
+}
+Expression Average(const Target& target, Arguments& a) {
+    target.MakeNumber(a[0]);
+    return Make(target.Average(a[0]), ColumnKind::Number);
+}
+Expression Greatest(const Target&, Arguments& a) {
     return Make(Call("max", a), a[0].kind);
 }
-Expression Least(Arguments& a) {
+Expression Least(const Target&, Arguments& a) {
     return Make(Call("min", a), a[0].kind);
 }
 
 /// The pieces of a date as `format` ("yyyy-mm-dd hh:nn:ss") orders them; "mm" behind "hh" stands
 /// for the minutes.
-Expression FormatDate(const Expression& date, const Expression& format) {
-    struct Piece {
+std::vector<FormatPiece> PiecesOf(const Expression& format) {
+    struct Letters {
         std::string_view letters;
-        int begin;
-        int length;
+        DateField field;
     };
-    static constexpr std::array<Piece, 6> kPieces{
-        {{"yyyy", 1, 4}, {"mm", 6, 2}, {"dd", 9, 2}, {"hh", 12, 2}, {"nn", 15, 2}, {"ss", 18, 2}}};
+    static constexpr std::array<Letters, 6> kLetters{{{"yyyy", DateField::Year},
+                                                      {"mm", DateField::Month},
+                                                      {"dd", DateField::Day},
+                                                      {"hh", DateField::Hour},
+                                                      {"nn", DateField::Minute},
+                                                      {"ss", DateField::Second}}};
     const std::string pattern = text::ToLower(*format.literal);
-    std::string sql;
-    std::string between;
-    const auto append = [&](const std::string& piece) { sql += (sql.empty() ? "" : "||") + piece; };
+    std::vector<FormatPiece> pieces;
     bool afterHour = false;
     for (std::size_t at = 0; at < pattern.size();) {
-        const auto piece = std::find_if(kPieces.begin(), kPieces.end(), [&](const Piece& p) {
-            return pattern.compare(at, p.letters.size(), p.letters) == 0;
+        const auto found = std::find_if(kLetters.begin(), kLetters.end(), [&](const Letters& l) {
+            return pattern.compare(at, l.letters.size(), l.letters) == 0;
         });
-        if (piece == kPieces.end()) {
+        if (found == kLetters.end()) {
             if (pattern[at] >= 'a' && pattern[at] <= 'z') {
                 ThrowAt("unknown format \"" + *format.literal + "\"", format.position);
             }
-            between += pattern[at++];
+            if (pieces.empty() || pieces.back().isField) pieces.emplace_back();
+            pieces.back().text += pattern[at++];
             continue;
         }
-        if (!between.empty()) append(QuoteText(between));
-        between.clear();
-        const bool minutes = afterHour && piece->letters == "mm";
-        append(minutes ? DatePart(date, 15, 2) : DatePart(date, piece->begin, piece->length));
-        afterHour = piece->letters == "hh";
-        at += piece->letters.size();
+        const bool minutes = afterHour && found->field == DateField::Month;
+        pieces.push_back({true, minutes ? DateField::Minute : found->field, {}});
+        afterHour = found->field == DateField::Hour;
+        at += found->letters.size();
     }
-    if (!between.empty()) append(QuoteText(between));
-    if (sql.empty()) ThrowAt("the format is empty", format.position);
-    return Make("(" + sql + ")", ColumnKind::Text);
+    if (pieces.empty()) ThrowAt("the format is empty", format.position);
+    return pieces;
 }
 
-Expression Format(Arguments& a) {
+Expression Format(const Target& target, Arguments& a) {
     if (!a[1].literal) ThrowAt("a format must be a text", a[1].position);
     const std::string& pattern = *a[1].literal;
     if (!pattern.empty() && pattern.size() < 20 &&
         pattern.find_first_not_of('0') == std::string::npos) {
-        return Make("printf('%0" + std::to_string(pattern.size()) + "d'," + a[0].sql + ")",
-                    ColumnKind::Text);
+        target.MakeNumber(a[0]);
+        return Make(target.PadNumber(a[0], pattern.size()), ColumnKind::Text);
     }
-    TakeAsDate(a[0]);
-    return FormatDate(a[0], a[1]);
+    target.MakeDate(a[0]);
+    return Make(target.FormatDate(a[0], PiecesOf(a[1])), ColumnKind::Text);
 }
 
 struct Function {
     std::size_t minArguments;
     std::size_t maxArguments;
-    Expression (*translate)(Arguments&);
+    Expression (*translate)(const Target&, Arguments&);
 };
 
 const std::map<std::string, Function, std::less<>>& Functions() {
@@ -229,10 +229,10 @@ const std::map<std::string, Function, std::less<>>& Functions() {
         {"count", {1, 1, Count}},
         {"cstr", {1, 1, AsText}},
         {"date", {0, 0, Today}},
-        {"day", {1, 1, Day}},
+        {"day", {1, 1, Part<DateField::Day>}},
         {"format", {2, 2, Format}},
         {"getdate", {0, 0, Now}},
-        {"hour", {1, 1, Hour}},
+        {"hour", {1, 1, Part<DateField::Hour>}},
         {"iif", {3, 3, If}},
         {"instr", {2, 2, InStr}},
         {"isnull", {1, 2, IsNull}},
@@ -244,30 +244,30 @@ const std::map<std::string, Function, std::less<>>& Functions() {
         {"max", {1, 1, Greatest}},
         {"mid", {2, 3, Mid}},
         {"min", {1, 1, Least}},
-        {"minute", {1, 1, Minute}},
-        {"month", {1, 1, Month}},
+        {"minute", {1, 1, Part<DateField::Minute>}},
+        {"month", {1, 1, Part<DateField::Month>}},
         {"now", {0, 0, Now}},
         {"nz", {1, 2, Nz}},
         {"replace", {3, 3, Replace}},
         {"right", {2, 2, Right}},
         {"round", {1, 2, Round}},
         {"rtrim", {1, 1, TrimRight}},
-        {"second", {1, 1, Second}},
+        {"second", {1, 1, Part<DateField::Second>}},
         {"substring", {2, 3, Mid}},
         {"sum", {1, 1, Sum}},
         {"trim", {1, 1, TrimBoth}},
         {"ucase", {1, 1, Upper}},
         {"upper", {1, 1, Upper}},
-        {"val", {1, 1, AsReal}},
+        {"val", {1, 1, LeadingNumber}},
         {"weekday", {1, 1, Weekday}},
-        {"year", {1, 1, Year}}};
+        {"year", {1, 1, Part<DateField::Year>}}};
     return functions;
 }
 
 }  // namespace
 
-Expression TranslateCall(std::string_view name, std::vector<Expression> arguments,
-                         std::size_t position) {
+Expression TranslateCall(const Target& target, std::string_view name,
+                         std::vector<Expression> arguments, std::size_t position) {
     const auto found = Functions().find(text::ToLower(name));
     if (found == Functions().end()) {
         ThrowAt("unknown function \"" + std::string(name) + "\"", position);
@@ -276,7 +276,10 @@ Expression TranslateCall(std::string_view name, std::vector<Expression> argument
     if (arguments.size() < function.minArguments || arguments.size() > function.maxArguments) {
         ThrowAt("wrong number of arguments of \"" + std::string(name) + "\"", position);
     }
-    Expression result = function.translate(arguments);
+    for (std::size_t i = 0; i < arguments.size(); i++) {
+        if (i > 0 || function.translate != If) target.MakeValue(arguments[i]);
+    }
+    Expression result = function.translate(target, arguments);
     result.position = position;
     return result;
 }

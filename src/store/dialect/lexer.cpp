@@ -233,7 +233,7 @@ std::string StoredDate(std::string_view text) {
 
 void ThrowAt(const std::string& message, std::size_t position) {
     throw RuntimeError(ErrorNumber::DatabaseStatement,
-                       message + " at character " + std::to_string(position), "SQLite");
+                       message + " at character " + std::to_string(position));
 }
 
 }  // namespace zv::store::dialect

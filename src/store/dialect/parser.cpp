@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/errors.h"
 #include "base/text.h"
 
 namespace zv::store::dialect {
@@ -21,8 +22,8 @@ bool IsReserved(std::string_view word) {
 
 }  // namespace
 
-Parser::Parser(std::vector<Token> tokens, const SchemaInfo& schema)
-    : tokens_(std::move(tokens)), schema_(schema) {}
+Parser::Parser(std::vector<Token> tokens, const SchemaInfo& schema, const Target& target)
+    : tokens_(std::move(tokens)), schema_(schema), target_(target) {}
 
 const Token& Parser::Peek(std::size_t ahead) const {
     return tokens_[std::min(at_ + ahead, tokens_.size() - 1)];
@@ -90,8 +91,12 @@ Parser::DepthGuard::DepthGuard(Parser& parser) : parser_(parser) {
     }
 }
 
-Translation Translate(std::string_view statement, const SchemaInfo& schema) {
-    return Parser(Tokenise(statement), schema).ParseStatement();
+Translation Translate(std::string_view statement, const SchemaInfo& schema, const Target& target) {
+    try {
+        return Parser(Tokenise(statement), schema, target).ParseStatement();
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number(), error.Text(), target.Engine());
+    }
 }
 
 }  // namespace zv::store::dialect

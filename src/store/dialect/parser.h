@@ -8,13 +8,14 @@
 
 #include "store/dialect/expression.h"
 #include "store/dialect/lexer.h"
+#include "store/dialect/target.h"
 #include "store/dialect/translator.h"
 
 namespace zv::store::dialect {
 
 class Parser {
  public:
-    Parser(std::vector<Token> tokens, const SchemaInfo& schema);
+    Parser(std::vector<Token> tokens, const SchemaInfo& schema, const Target& target);
 
     Translation ParseStatement();
 
@@ -67,6 +68,8 @@ class Parser {
 
     // Expressions (expression_parser.cpp).
     Expression ParseExpression() { return ParseOr(); }
+    Expression ParseCondition();
+    Expression ParseValue();
     Expression ParseOr();
     Expression ParseAnd();
     Expression ParseNot();
@@ -101,7 +104,9 @@ class Parser {
     std::vector<Token> tokens_;
     std::size_t at_ = 0;
     const SchemaInfo& schema_;
+    const Target& target_;
     int depth_ = 0;
+    int subqueries_ = 0;  ///< without a name, so far
     // Of the select that is being read.
     bool sawAggregate_ = false;
     std::vector<std::pair<std::string, std::string>> columns_;  ///< qualifier, name

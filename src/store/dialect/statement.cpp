@@ -9,8 +9,6 @@
 namespace zv::store::dialect {
 namespace {
 
-constexpr const char* kClassesAlias = "zv_window";
-
 std::string Joined(const std::vector<std::string>& parts) {
     return text::Join(parts, ",");
 }
@@ -60,11 +58,11 @@ std::string Parser::ParseSelect(Translation* translation) {
     const bool writable = translation && !united && select.source.single &&
                           !select.source.firstTable.empty() && !select.distinct &&
                           !select.aggregate && !select.grouped;
-    if (writable) {
+    if (writable) translation->table = select.source.firstTable;
+    if (writable && target_.NumbersRows()) {
         const std::string key = select.source.firstAlias + ".\"rowid\"";
         Select keys = select;
         keys.columns = {key};
-        translation->table = select.source.firstTable;
         translation->keySql = Compose(keys);
         Select row = select;
         row.where = key + "=?1";
@@ -100,17 +98,18 @@ Parser::Select Parser::ParseSelectCore() {
     ParseColumns(select);
     if (AcceptKeyword("from")) select.source = ParseFrom();
     if (AcceptKeyword("where")) {
-        const Expression condition = ParseExpression();
+        const Expression condition = ParseCondition();
         select.where = condition.sql;
         select.bounds = condition.bounds;
     }
     if (AcceptKeyword("group")) {
         ExpectKeyword("by");
         select.grouped = true;
-        for (const Expression& term : ParseList()) {
+        for (Expression& term : ParseList()) {
+            target_.MakeColumn(term);
             select.groupBy += (select.groupBy.empty() ? " group by " : ",") + term.sql;
         }
-        if (AcceptKeyword("having")) select.groupBy += " having " + ParseExpression().sql;
+        if (AcceptKeyword("having")) select.groupBy += " having " + ParseCondition().sql;
     }
     select.aggregate = sawAggregate_;
     return select;
@@ -125,14 +124,15 @@ void Parser::ParseColumns(Select& select) {
             continue;
         }
         if (IsName() && IsSymbol(".", 1) && IsSymbol("*", 2)) {
-            select.columns.push_back(QuoteName(Take().text) + ".*");
+            select.columns.push_back(target_.Name(Take().text) + ".*");
             Take();
             Take();
             select.covered = false;
             continue;
         }
-        const Expression column = ParseExpression();
+        Expression column = ParseExpression();
         if (text::EqualsIgnoreCase(column.column, "fID")) select.showsKey = true;
+        target_.MakeColumn(column);
         std::string sql = column.sql;
         if (const std::string alias = ParseAlias(); !alias.empty()) sql += " as " + alias;
         select.columns.push_back(std::move(sql));
@@ -140,15 +140,15 @@ void Parser::ParseColumns(Select& select) {
 }
 
 std::string Parser::ParseAlias() {
-    if (AcceptKeyword("as")) return QuoteName(ExpectName());
-    return IsName() ? QuoteName(Take().text) : std::string();
+    if (AcceptKeyword("as")) return target_.Name(ExpectName());
+    return IsName() ? target_.Name(Take().text) : std::string();
 }
 
 std::string Parser::ParseTableName(std::string* plainName) {
     std::string name = ExpectName();
     if (text::EqualsIgnoreCase(name, "dbo") && AcceptSymbol(".")) name = ExpectName();
     if (plainName) *plainName = name;
-    return QuoteName(name);
+    return target_.Name(name);
 }
 
 std::string Parser::ParseTable(Source& source, bool first) {
@@ -156,14 +156,16 @@ std::string Parser::ParseTable(Source& source, bool first) {
     if (AcceptSymbol("(")) {
         source.enclosed = true;
         std::string inner;
-        if (IsKeyword("select")) {
+        const bool subquery = IsKeyword("select");
+        if (subquery) {
             inner = ParseSelect(nullptr);
         } else {
             const Source joined = ParseFrom();
             inner = joined.firstSql + joined.joins;
         }
         ExpectSymbol(")");
-        const std::string alias = ParseAlias();
+        std::string alias = ParseAlias();
+        if (subquery && alias.empty()) alias = target_.SubqueryName(++subqueries_);
         return "(" + inner + ")" + (alias.empty() ? "" : " as " + alias);
     }
     std::string plain;
@@ -209,7 +211,7 @@ Parser::Source Parser::ParseFrom() {
         ExpectKeyword("join");
         source.joins += join + ParseTable(source, false);
         source.single = false;
-        if (AcceptKeyword("on")) source.joins += " on " + ParseExpression().sql;
+        if (AcceptKeyword("on")) source.joins += " on " + ParseCondition().sql;
     }
 }
 
@@ -218,11 +220,11 @@ std::string Parser::ParseOrder() {
     ExpectKeyword("by");
     std::string sql;
     do {
-        sql += (sql.empty() ? " order by " : ",") + ParseExpression().sql;
-        if (AcceptKeyword("desc"))
-            sql += " desc";
-        else
-            AcceptKeyword("asc");
+        Expression term = ParseExpression();
+        target_.MakeColumn(term);
+        const bool descending = AcceptKeyword("desc");
+        if (!descending) AcceptKeyword("asc");
+        sql += (sql.empty() ? " order by " : ",") + target_.SortTerm(term, descending);
     } while (AcceptSymbol(","));
     return sql;
 }
@@ -251,7 +253,7 @@ void Parser::UseWindowIndex(Select& select) const {
         const bool own =
             bound.qualifier.empty()
                 ? source.single
-                : text::EqualsIgnoreCase(QuoteName(bound.qualifier), source.firstAlias);
+                : text::EqualsIgnoreCase(target_.Name(bound.qualifier), source.firstAlias);
         if (!own) continue;
         if (bound.lower)
             firstDay = std::max(firstDay, bound.date);
@@ -259,26 +261,24 @@ void Parser::UseWindowIndex(Select& select) const {
             lastDay = bound.date;
     }
     if (firstDay.empty() || lastDay.empty()) return;
-    if (select.bareStar && source.enclosed) return;
-
     const bool covered =
         select.covered && std::all_of(columns_.begin(), columns_.end(), [&](const auto& column) {
-            const bool other = !column.first.empty() &&
-                               !text::EqualsIgnoreCase(QuoteName(column.first), source.firstAlias);
+            const bool other =
+                !column.first.empty() &&
+                !text::EqualsIgnoreCase(target_.Name(column.first), source.firstAlias);
             return other || WindowIndexHolds(column.second);
         });
     // Fetching the rest of each row from the table pays while few rows are found.
     constexpr int kFewDays = 92;
     const auto first = DateTime::Parse(firstDay);
     const auto last = DateTime::Parse(lastDay);
-    if (!covered && first && last && *last > first->AddDays(kFewDays)) return;
+    const bool pays = covered || !first || !last || *last <= first->AddDays(kFewDays);
+    if (!pays && !target_.WeighsIndexes()) return;
 
     const std::string alias = source.firstAlias + ".";
-    std::string values;
-    for (const WindowClassRange& range : WindowRanges(firstDay)) {
-        values += (values.empty() ? "(" : ",(") + std::to_string(range.windowClass) + "," +
-                  range.start + ")";
-    }
+    const WindowSearch search = target_.SearchWindows(alias, firstDay, lastDay);
+    if (!search.condition.empty()) select.where = search.condition + " and " + select.where;
+    if (search.before.empty() || (select.bareStar && source.enclosed)) return;
     // Every row is in one class, so the join repeats none and a shown key keeps the rows distinct.
     if (source.single && select.showsKey) select.distinct = false;
     if (select.bareStar) {
@@ -288,10 +288,7 @@ void Parser::UseWindowIndex(Select& select) const {
         const auto behind = select.columns.erase(star);
         select.columns.insert(behind, all.begin(), all.end());
     }
-    source.firstSql = "(values" + values + ") as " + kClassesAlias + " cross join " +
-                      source.firstSql + " indexed by " + std::string(kWindowIndex) + " on " +
-                      WindowClass(alias) + "=" + kClassesAlias + ".column1 and " + alias +
-                      "tDuring1>=" + kClassesAlias + ".column2";
+    source.firstSql = search.before + source.firstSql + search.behind;
 }
 
 Translation Parser::ParseInsert() {
@@ -305,7 +302,7 @@ Translation Parser::ParseInsert() {
         std::string list;
         do {
             columns.push_back(ExpectName());
-            list += (list.empty() ? "" : ",") + QuoteName(columns.back());
+            list += (list.empty() ? "" : ",") + target_.Name(columns.back());
         } while (AcceptSymbol(","));
         ExpectSymbol(")");
         sql += "(" + list + ")";
@@ -326,9 +323,9 @@ Translation Parser::ParseInsert() {
         }
         sql += first ? "(" : ",(";
         for (std::size_t i = 0; i < values.size(); i++) {
-            if (i < columns.size() && schema_.KindOf(columns[i]) == ColumnKind::Date) {
-                TakeAsDate(values[i]);
-            }
+            const ColumnKind kind =
+                i < columns.size() ? schema_.KindOf(columns[i]) : ColumnKind::Unknown;
+            target_.MakeStored(kind, values[i]);
             sql += (i == 0 ? "" : ",") + values[i].sql;
         }
         sql += ")";
@@ -347,11 +344,11 @@ Translation Parser::ParseUpdate() {
         const Expression column = ParseColumn();
         ExpectSymbol("=");
         Expression value = ParseAdditive();
-        if (column.kind == ColumnKind::Date) TakeAsDate(value);
-        list += (list.empty() ? " set " : ",") + QuoteName(column.column) + "=" + value.sql;
+        target_.MakeStored(column.kind, value);
+        list += (list.empty() ? " set " : ",") + target_.Name(column.column) + "=" + value.sql;
     } while (AcceptSymbol(","));
     sql += list;
-    if (AcceptKeyword("where")) sql += " where " + ParseExpression().sql;
+    if (AcceptKeyword("where")) sql += " where " + ParseCondition().sql;
     return translation;
 }
 
@@ -361,7 +358,7 @@ Translation Parser::ParseDelete() {
     ExpectKeyword("from");
     Translation translation{StatementKind::Change, {}, {}, {}, {}};
     translation.sql = "delete from " + ParseTableName();
-    if (AcceptKeyword("where")) translation.sql += " where " + ParseExpression().sql;
+    if (AcceptKeyword("where")) translation.sql += " where " + ParseCondition().sql;
     return translation;
 }
 

@@ -1,11 +1,12 @@
 // Translates statements of the Access / SQL Server dialect, in which the system writes its SQL,
-// into the dialect of the embedded engine.
+// into that of another engine.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 #include "store/dialect/schema_info.h"
+#include "store/dialect/targets.h"
 
 namespace zv::store::dialect {
 
@@ -19,15 +20,17 @@ struct Translation {
     StatementKind kind = StatementKind::Select;
     std::string sql;
 
-    /// The table whose rows a select shows when they can be written back: one table, no grouping,
-    /// no "distinct". Empty otherwise, and then the two statements below are empty too.
+    /// The table (quoted) whose rows a select shows when they can be written back: one table, no
+    /// grouping, no "distinct". Empty otherwise.
     std::string table;
+    /// Two statements for an engine that numbers its rows; empty for others and without a table.
     std::string keySql;  ///< the row ids of the result, in its order
     std::string rowSql;  ///< the select's columns of the row with id ?1
 };
 
 /// Throws RuntimeError (DatabaseStatement) that names the place - "… at character N" - when the
 /// statement is not understood.
-Translation Translate(std::string_view statement, const SchemaInfo& schema);
+Translation Translate(std::string_view statement, const SchemaInfo& schema,
+                      const Target& target = Sqlite());
 
 }  // namespace zv::store::dialect
