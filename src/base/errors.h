@@ -42,24 +42,37 @@ enum class ErrorNumber : std::int32_t {
     DatabaseFailure = static_cast<std::int32_t>(0x80004005),
 };
 
+/// What a database server says of an error beside its text: the five characters of its SQLSTATE and
+/// the server's or driver's own number. Empty and 0 for errors of any other kind.
+struct ServerCode {
+    std::string sqlState;
+    std::int32_t native = 0;
+};
+
 /// An error that a user or a host is told of. Without a text of its own it takes the catalogue's
 /// text for its number (resources/error_texts.h).
 class RuntimeError : public std::exception {
  public:
-    explicit RuntimeError(ErrorNumber number, std::string text = {}, std::string source = {})
-        : number_(number), text_(std::move(text)), source_(std::move(source)) {}
+    explicit RuntimeError(ErrorNumber number, std::string text = {}, std::string source = {},
+                          ServerCode code = {})
+        : number_(number),
+          text_(std::move(text)),
+          source_(std::move(source)),
+          code_(std::move(code)) {}
 
     ErrorNumber Number() const { return number_; }
     /// Empty when the number says everything.
     const std::string& Text() const { return text_; }
     /// The component that failed, for example the database engine; empty for the system itself.
     const std::string& Source() const { return source_; }
+    const ServerCode& Code() const { return code_; }
     const char* what() const noexcept override { return text_.c_str(); }
 
  private:
     ErrorNumber number_;
     std::string text_;
     std::string source_;
+    ServerCode code_;
 };
 
 }  // namespace zv

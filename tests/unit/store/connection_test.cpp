@@ -1,21 +1,26 @@
 #include <gtest/gtest.h>
 
-#include "database_fixture.h"
+#include "engines.h"
 
 namespace zv::store {
 namespace {
 
+class ConnectionTest : public EngineTest {};
+class ReadingRecordsetTest : public EngineTest {};
+class KeysetRecordsetTest : public EngineTest {};
 using SqliteConnectionTest = DatabaseTest;
-using ReadingRecordsetTest = DatabaseTest;
-using KeysetRecordsetTest = DatabaseTest;
 
-TEST_F(SqliteConnectionTest, CountsRowsThatAStatementChanged) {
+ZV_ON_EVERY_ENGINE(ConnectionTest);
+ZV_ON_EVERY_ENGINE(ReadingRecordsetTest);
+ZV_ON_EVERY_ENGINE(KeysetRecordsetTest);
+
+TEST_P(ConnectionTest, CountsRowsThatAStatementChanged) {
     EXPECT_EQ(connection_->Execute("insert into tTaskList(taskTitle) values('a')"), 1);
     EXPECT_EQ(connection_->Execute("insert into tTaskList(taskTitle) values('b')"), 1);
     EXPECT_EQ(connection_->Execute("Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =7"), 0);
     EXPECT_EQ(connection_->Execute("delete from tTaskList"), 2);
 }
-TEST_F(SqliteConnectionTest, RaisesTheClosedErrorOnceClosed) {
+TEST_P(ConnectionTest, RaisesTheClosedErrorOnceClosed) {
     const auto reading = Read("select * from cards");
     const auto editing = Edit("select * from cards");
     EXPECT_EQ(connection_->State(), Connection::kStateOpen);
@@ -27,79 +32,65 @@ TEST_F(SqliteConnectionTest, RaisesTheClosedErrorOnceClosed) {
     EXPECT_EQ(ErrorOf([&] { (void)reading->Eof(); }).Number(), ErrorNumber::ObjectClosed);
     EXPECT_EQ(ErrorOf([&] { editing->AddNew(); }).Number(), ErrorNumber::ObjectClosed);
 }
-TEST_F(SqliteConnectionTest, RecordsetsOutliveTheConnectionSafely) {
+TEST_P(ConnectionTest, RecordsetsOutliveTheConnectionSafely) {
     const auto reading = Read("select * from cards");
     const auto editing = Edit("select * from cards");
     connection_.reset();
     EXPECT_EQ(ErrorOf([&] { reading->MoveNext(); }).Number(), ErrorNumber::ObjectClosed);
     EXPECT_EQ(ErrorOf([&] { editing->Update(); }).Number(), ErrorNumber::ObjectClosed);
 }
-TEST_F(SqliteConnectionTest, SyncsEachCommitToTheWriteAheadLog) {
-    const auto raw = OpenSqlite(path_, {.translate = false});
-    const auto mode = raw->Open("pragma journal_mode", CursorType::ForwardOnly, LockType::ReadOnly);
-    EXPECT_EQ(mode->Field(0).ToText(), "wal");
-    const auto sync = raw->Open("pragma synchronous", CursorType::ForwardOnly, LockType::ReadOnly);
-    EXPECT_EQ(sync->Field(0).ToInt32(), 2);
-}
-TEST_F(SqliteConnectionTest, NoticesATableThatWasDropped) {
+TEST_P(ConnectionTest, NoticesATableThatWasDropped) {
     EXPECT_FALSE(Read("select count(*) from cards")->Eof());
     Execute("drop table cards");
     EXPECT_EQ(ErrorOf([&] { Read("select count(*) from cards"); }).Number(),
               ErrorNumber::DatabaseTable);
 }
-TEST_F(SqliteConnectionTest, KeepsItsStatementsThroughManyTexts) {
+TEST_P(ConnectionTest, KeepsItsStatementsThroughManyTexts) {
     for (int i = 0; i < 200; i++) {
         Execute("insert into tTaskList(TaskID) values(" + std::to_string(i % 50) + ")");
     }
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "200");
 }
-TEST_F(SqliteConnectionTest, RefusesToOpenAStatementWithoutRows) {
+TEST_P(ConnectionTest, RefusesToOpenAStatementWithoutRows) {
     EXPECT_EQ(ErrorOf([&] { Read("delete from cards"); }).Number(), ErrorNumber::DatabaseStatement);
 }
 
-TEST_F(ReadingRecordsetTest, YieldsDatesOfDateColumns) {
+TEST_P(ReadingRecordsetTest, YieldsDatesOfDateColumns) {
     Execute("insert into tTaskList(taskTime,tDuring1) values(#03/07/2003#,#03/05/2003 10:30:00#)");
-    const auto rows =
-        Read("select taskTime,tDuring1 as begin1,tDuring2,max(taskTime) as m from tTaskList");
+    const auto rows = Read("select taskTime,tDuring1 as begin1,tDuring2 from tTaskList");
     EXPECT_EQ(rows->Field(0), Value(DateTime(2003, 3, 7)));
     EXPECT_EQ(rows->Field("BEGIN1"), Value(DateTime(2003, 3, 5, 10, 30)));
     EXPECT_TRUE(rows->Field("tDuring2").IsNull());
-    EXPECT_EQ(rows->Field("m"), Value(DateTime(2003, 3, 7)));
+    EXPECT_EQ(Read("select max(taskTime) as m from tTaskList")->Field("m"),
+              Value(DateTime(2003, 3, 7)));
 }
-TEST_F(ReadingRecordsetTest, YieldsDatesAsTextsWhenAsked) {
-    Execute("insert into tTaskList(taskTime) values(#03/07/2003#)");
-    const auto raw = OpenSqlite(path_, {.datesAsText = true});
-    const auto rows =
-        raw->Open("select taskTime from tTaskList", CursorType::ForwardOnly, LockType::ReadOnly);
-    EXPECT_EQ(rows->Field(0), Value("2003-03-07 00:00:00"));
-}
-TEST_F(ReadingRecordsetTest, NamesItsFields) {
+TEST_P(ReadingRecordsetTest, NamesItsFields) {
     const auto rows = Read("select fID,taskTitle as Heading from tTaskList");
     EXPECT_EQ(rows->FieldCount(), 2);
-    EXPECT_EQ(rows->FieldName(1), "Heading");
+    EXPECT_EQ(rows->FieldName(1), Traits().keepsNameCase ? "Heading" : "heading");
     EXPECT_EQ(rows->FieldIndex("heading"), 1);
     EXPECT_EQ(ErrorOf([&] { rows->FieldIndex("x"); }).Number(), ErrorNumber::DatabaseColumn);
     EXPECT_EQ(ErrorOf([&] { (void)rows->FieldName(2); }).Number(), ErrorNumber::DatabaseColumn);
 }
-TEST_F(ReadingRecordsetTest, RaisesNoCurrentRecordBehindTheEnd) {
+TEST_P(ReadingRecordsetTest, RaisesNoCurrentRecordBehindTheEnd) {
     const auto rows = Read("select fID from tTaskList");
     EXPECT_TRUE(rows->Eof());
     EXPECT_EQ(ErrorOf([&] { (void)rows->Field(0); }).Number(), ErrorNumber::NoCurrentRecord);
     EXPECT_EQ(ErrorOf([&] { rows->MoveNext(); }).Number(), ErrorNumber::NoCurrentRecord);
 }
-TEST_F(ReadingRecordsetTest, RaisesTheClosedErrorOnceClosed) {
+TEST_P(ReadingRecordsetTest, RaisesTheClosedErrorOnceClosed) {
     const auto rows = Read("select fID from tTaskList");
     rows->Close();
     EXPECT_EQ(ErrorOf([&] { (void)rows->Eof(); }).Number(), ErrorNumber::ObjectClosed);
     EXPECT_EQ(ErrorOf([&] { rows->Close(); }).Number(), ErrorNumber::ObjectClosed);
 }
-TEST_F(ReadingRecordsetTest, CannotBeWritten) {
+TEST_P(ReadingRecordsetTest, CannotBeWritten) {
     Execute("insert into tTaskList(fType) values(0)");
     const auto rows = Read("select fID from tTaskList");
     EXPECT_EQ(ErrorOf([&] { rows->AddNew(); }).Text(), "the recordset is read-only");
     EXPECT_EQ(ErrorOf([&] { rows->SetField("fID", 1); }).Text(), "the recordset is read-only");
 }
-TEST_F(ReadingRecordsetTest, KeepsTheRowsOfItsOpeningWhileTheConnectionWrites) {
+TEST_P(ReadingRecordsetTest, KeepsTheRowsOfItsOpeningWhileTheConnectionWrites) {
     Execute(
         "insert into tTaskList(fID,taskTitle,taskTime) values(1,'a',#03/07/2003#),"
         "(2,'b',#03/08/2003#),(3,'c',#03/09/2003#)");
@@ -114,18 +105,8 @@ TEST_F(ReadingRecordsetTest, KeepsTheRowsOfItsOpeningWhileTheConnectionWrites) {
     rows->MoveNext();
     EXPECT_TRUE(rows->Eof());
 }
-TEST_F(ReadingRecordsetTest, HoldsNoLockThatStopsAnotherWriterOrTheLogFromBeingEmptied) {
-    Execute("insert into tTaskList(fType) values(0),(1),(2)");
-    const auto rows = Read("select fID from tTaskList");
-    const auto other = OpenSqlite(path_, {.busyTimeout = 0, .translate = false});
-    EXPECT_EQ(other->Execute("delete from tTaskList where fType=2"), 1);
-    Execute("Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =1");
-    const auto checkpoint =
-        other->Open("pragma wal_checkpoint(truncate)", CursorType::ForwardOnly, LockType::ReadOnly);
-    EXPECT_EQ(checkpoint->Field(0).ToInt32(), 0) << "the checkpoint was kept from finishing";
-}
 
-TEST_F(KeysetRecordsetTest, AddsRowsWithTheDefaultsOfTheTable) {
+TEST_P(KeysetRecordsetTest, AddsRowsWithTheDefaultsOfTheTable) {
     const auto rows = Edit("select * from tTasklist");
     for (int day = 1; day <= 3; day++) {
         rows->AddNew();
@@ -140,14 +121,14 @@ TEST_F(KeysetRecordsetTest, AddsRowsWithTheDefaultsOfTheTable) {
                    "where fID=3"),
               "3|7|标题|2003-03-03 00:00:00|0|0|");
 }
-TEST_F(KeysetRecordsetTest, AddsARowWithoutAnyField) {
+TEST_P(KeysetRecordsetTest, AddsARowWithoutAnyField) {
     const auto rows = Edit("select * from tTaskList");
     rows->AddNew();
     EXPECT_TRUE(rows->Field("fType").IsNull());
     rows->Update();
     EXPECT_EQ(Rows("select fID,fType,tDone from tTaskList"), "1|0|0");
 }
-TEST_F(KeysetRecordsetTest, DoesNotGiveAKeyTwice) {
+TEST_P(KeysetRecordsetTest, DoesNotGiveAKeyTwice) {
     Execute("insert into tTaskList(fType) values(0),(0)");
     Execute("delete from tTaskList");
     const auto rows = Edit("select * from tTaskList");
@@ -155,7 +136,7 @@ TEST_F(KeysetRecordsetTest, DoesNotGiveAKeyTwice) {
     rows->Update();
     EXPECT_EQ(rows->Field("fID").ToInt32(), 3);
 }
-TEST_F(KeysetRecordsetTest, ChangesTheCurrentRow) {
+TEST_P(KeysetRecordsetTest, ChangesTheCurrentRow) {
     Execute("insert into tTaskList(fID,taskTitle) values(1,'a'),(2,'b')");
     const auto rows = connection_->Open("select * from tTaskList where fID=2",
                                         CursorType::ForwardOnly, LockType::Optimistic);
@@ -171,7 +152,7 @@ TEST_F(KeysetRecordsetTest, ChangesTheCurrentRow) {
     rows->Update();
     EXPECT_TRUE(Read("select taskTitle from tTaskList where fID=2")->Field(0).IsNull());
 }
-TEST_F(KeysetRecordsetTest, WritesAChangedRowBeforeMovingOn) {
+TEST_P(KeysetRecordsetTest, WritesAChangedRowBeforeMovingOn) {
     Execute("insert into tTaskList(fID,taskTitle) values(1,'a'),(2,'b')");
     const auto rows = Edit("select * from tTaskList order by fID desc");
     rows->SetField("taskTitle", "x");
@@ -184,39 +165,39 @@ TEST_F(KeysetRecordsetTest, WritesAChangedRowBeforeMovingOn) {
               ErrorNumber::NoCurrentRecord);
     EXPECT_EQ(ErrorOf([&] { rows->Update(); }).Number(), ErrorNumber::NoCurrentRecord);
 }
-TEST_F(KeysetRecordsetTest, DropsUnwrittenChangesWhenClosed) {
+TEST_P(KeysetRecordsetTest, DropsUnwrittenChangesWhenClosed) {
     const auto rows = Edit("select * from tTaskList");
     rows->AddNew();
     rows->SetField("taskTitle", "x");
     rows->Close();
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "0");
 }
-TEST_F(KeysetRecordsetTest, RefusesToChangeARowThatVanished) {
+TEST_P(KeysetRecordsetTest, RefusesToChangeARowThatVanished) {
     Execute("insert into tTaskList(fID,taskTitle) values(1,'a')");
     const auto rows = Edit("select * from tTaskList");
     rows->SetField("taskTitle", "x");
-    OpenSqlite(path_)->Execute("delete from tTaskList");
+    Another()->Execute("delete from tTaskList");
     const auto error = ErrorOf([&] { rows->Update(); });
     EXPECT_EQ(error.Number(), ErrorNumber::DatabaseConflict);
     EXPECT_EQ(error.Text(), "the row has been deleted");
 }
-TEST_F(KeysetRecordsetTest, RefusesToOverwriteAnotherUsersChange) {
+TEST_P(KeysetRecordsetTest, RefusesToOverwriteAnotherUsersChange) {
     Execute("insert into tTaskList(fID,taskTitle) values(1,'a')");
     const auto rows = Edit("select * from tTaskList");
     rows->SetField("taskTitle", "x");
-    OpenSqlite(path_)->Execute("Update tTaskList Set taskTitle='A' where fID=1");
+    Another()->Execute("Update tTaskList Set taskTitle='A' where fID=1");
     EXPECT_EQ(ErrorOf([&] { rows->Update(); }).Number(), ErrorNumber::DatabaseConflict);
     EXPECT_EQ(Rows("select taskTitle from tTaskList"), "A");
 }
-TEST_F(KeysetRecordsetTest, LeavesAnotherUsersChangeOfOtherFieldsAlone) {
+TEST_P(KeysetRecordsetTest, LeavesAnotherUsersChangeOfOtherFieldsAlone) {
     Execute("insert into tTaskList(fID,taskTitle) values(1,'a')");
     const auto rows = Edit("select * from tTaskList");
     rows->SetField("taskTitle", "x");
-    OpenSqlite(path_)->Execute("Update tTaskList Set tDone=1 where fID=1");
+    Another()->Execute("Update tTaskList Set tDone=1 where fID=1");
     rows->Update();
     EXPECT_EQ(Rows("select taskTitle,tDone from tTaskList"), "x|1");
 }
-TEST_F(KeysetRecordsetTest, KeepsAnUnwrittenRowAfterAFailure) {
+TEST_P(KeysetRecordsetTest, KeepsAnUnwrittenRowAfterAFailure) {
     Execute("insert into tTaskSet(TaskID,taskTitle) values(1,'a')");
     const auto rows = Edit("select * from tTaskSet");
     rows->AddNew();
@@ -226,7 +207,7 @@ TEST_F(KeysetRecordsetTest, KeepsAnUnwrittenRowAfterAFailure) {
     rows->Update();
     EXPECT_EQ(Rows("select count(*) from tTaskSet"), "2");
 }
-TEST_F(KeysetRecordsetTest, ReadsJoinedRowsButDoesNotWriteThem) {
+TEST_P(KeysetRecordsetTest, ReadsJoinedRowsButDoesNotWriteThem) {
     Execute("insert into tTaskList(fID,TaskID) values(1,1)");
     Execute("insert into cards(fID,Name) values(1,'x')");
     const auto rows =
@@ -234,10 +215,36 @@ TEST_F(KeysetRecordsetTest, ReadsJoinedRowsButDoesNotWriteThem) {
     EXPECT_EQ(rows->Field("Name").ToText(), "x");
     EXPECT_EQ(ErrorOf([&] { rows->SetField("Name", "y"); }).Number(), ErrorNumber::DatabaseFailure);
 }
-TEST_F(KeysetRecordsetTest, FindsTheErrorsOfItsStatementAtOpening) {
+TEST_P(KeysetRecordsetTest, FindsTheErrorsOfItsStatementAtOpening) {
     EXPECT_EQ(ErrorOf([&] { Edit("select * from nowhere"); }).Number(), ErrorNumber::DatabaseTable);
+    if (!Traits().knowsItsColumns) return;
     EXPECT_EQ(ErrorOf([&] { Edit("select * from cards where nothing=1"); }).Number(),
               ErrorNumber::DatabaseColumn);
+}
+
+TEST_F(SqliteConnectionTest, SyncsEachCommitToTheWriteAheadLog) {
+    const auto raw = OpenSqlite(path_, {.translate = false});
+    const auto mode = raw->Open("pragma journal_mode", CursorType::ForwardOnly, LockType::ReadOnly);
+    EXPECT_EQ(mode->Field(0).ToText(), "wal");
+    const auto sync = raw->Open("pragma synchronous", CursorType::ForwardOnly, LockType::ReadOnly);
+    EXPECT_EQ(sync->Field(0).ToInt32(), 2);
+}
+TEST_F(SqliteConnectionTest, YieldsDatesAsTextsWhenAsked) {
+    Execute("insert into tTaskList(taskTime) values(#03/07/2003#)");
+    const auto raw = OpenSqlite(path_, {.datesAsText = true});
+    const auto rows =
+        raw->Open("select taskTime from tTaskList", CursorType::ForwardOnly, LockType::ReadOnly);
+    EXPECT_EQ(rows->Field(0), Value("2003-03-07 00:00:00"));
+}
+TEST_F(SqliteConnectionTest, HoldsNoLockThatStopsAnotherWriterOrTheLogFromBeingEmptied) {
+    Execute("insert into tTaskList(fType) values(0),(1),(2)");
+    const auto rows = Read("select fID from tTaskList");
+    const auto other = OpenSqlite(path_, {.busyTimeout = 0, .translate = false});
+    EXPECT_EQ(other->Execute("delete from tTaskList where fType=2"), 1);
+    Execute("Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =1");
+    const auto checkpoint =
+        other->Open("pragma wal_checkpoint(truncate)", CursorType::ForwardOnly, LockType::ReadOnly);
+    EXPECT_EQ(checkpoint->Field(0).ToInt32(), 0) << "the checkpoint was kept from finishing";
 }
 
 }  // namespace

@@ -55,6 +55,20 @@ RuntimeError ErrorOf(Action action) {
     return RuntimeError(ErrorNumber::InternalError);
 }
 
+/// One line a row, columns joined by "|".
+inline std::string RowsOf(Connection& connection, const std::string& sql) {
+    std::string text;
+    const auto rows = connection.Open(sql, CursorType::ForwardOnly, LockType::ReadOnly);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        if (!text.empty()) text += '\n';
+        for (int column = 0; column < rows->FieldCount(); column++) {
+            if (column > 0) text += '|';
+            text += rows->Field(column).ToText();
+        }
+    }
+    return text;
+}
+
 class DatabaseTest : public ::testing::Test {
  protected:
     DatabaseTest() : path_(Utf8(folder_ / u8"t.db")) {
@@ -68,18 +82,7 @@ class DatabaseTest : public ::testing::Test {
     std::unique_ptr<Recordset> Edit(const std::string& sql) {
         return connection_->Open(sql, CursorType::Keyset, LockType::Optimistic);
     }
-    /// One line a row, columns joined by "|".
-    std::string Rows(const std::string& sql) {
-        std::string text;
-        for (const auto rows = Read(sql); !rows->Eof(); rows->MoveNext()) {
-            if (!text.empty()) text += '\n';
-            for (int column = 0; column < rows->FieldCount(); column++) {
-                if (column > 0) text += '|';
-                text += rows->Field(column).ToText();
-            }
-        }
-        return text;
-    }
+    std::string Rows(const std::string& sql) { return RowsOf(*connection_, sql); }
     void Execute(const std::string& sql) { connection_->Execute(sql); }
 
     TemporaryFolder folder_;

@@ -1,17 +1,18 @@
 #include "store/database.h"
 
-#include "database_fixture.h"
+#include "engines.h"
 
 namespace zv::store {
 namespace {
 
 class Opener final : public ConnectionOpener {
  public:
-    std::unique_ptr<Connection> Open(const ConnectionSettings& settings) override {
+    std::unique_ptr<Connection> Open(const ConnectionSettings&) override {
         opened++;
         if (refuse) throw RuntimeError(ErrorNumber::DatabaseFailure, "refused");
-        return OpenSqlite(settings.dataPath);
+        return database->Connect();
     }
+    TestDatabase* database = nullptr;
     int opened = 0;
     bool refuse = false;
 };
@@ -31,48 +32,49 @@ class Log final : public StatementObserver {
     bool fail = false;
 };
 
-class StoreTest : public DatabaseTest {
+class StoreTest : public EngineTest {
  protected:
-    StoreTest()
-        : database_(
-              opener_,
-              [this] {
-                  ConnectionSettings settings;
-                  settings.dataPath = path_;
-                  return settings;
-              },
-              &log_) {}
+    void SetUp() override {
+        EngineTest::SetUp();
+        opener_.database = EngineTest::database_.get();
+    }
 
     Opener opener_;
     Log log_;
-    Database database_;
+    Database database_{opener_, [] { return ConnectionSettings{}; }, &log_};
 };
 
-using EnsureConnection = StoreTest;
-using CountRows = StoreTest;
-using MarkItemState = StoreTest;
-using DateLiteral = StoreTest;
-using StatementLog = StoreTest;
+class EnsureConnection : public StoreTest {};
+class CountRows : public StoreTest {};
+class MarkItemState : public StoreTest {};
+class DateLiteral : public StoreTest {};
+class StatementLog : public StoreTest {};
 
-TEST_F(EnsureConnection, OpensOnceAndKeepsTheConnection) {
+ZV_ON_EVERY_ENGINE(EnsureConnection);
+ZV_ON_EVERY_ENGINE(CountRows);
+ZV_ON_EVERY_ENGINE(MarkItemState);
+ZV_ON_EVERY_ENGINE(DateLiteral);
+ZV_ON_EVERY_ENGINE(StatementLog);
+
+TEST_P(EnsureConnection, OpensOnceAndKeepsTheConnection) {
     EXPECT_FALSE(database_.IsOpen());
     EXPECT_TRUE(database_.EnsureConnection());
     EXPECT_TRUE(database_.EnsureConnection());
     EXPECT_EQ(opener_.opened, 1);
 }
-TEST_F(EnsureConnection, OpensAnewAfterClosing) {
+TEST_P(EnsureConnection, OpensAnewAfterClosing) {
     database_.EnsureConnection();
     database_.Close();
     EXPECT_FALSE(database_.IsOpen());
     EXPECT_TRUE(database_.EnsureConnection());
     EXPECT_EQ(opener_.opened, 2);
 }
-TEST_F(EnsureConnection, PassesTheReasonOn) {
+TEST_P(EnsureConnection, PassesTheReasonOn) {
     opener_.refuse = true;
     EXPECT_EQ(ErrorOf([&] { database_.EnsureConnection(); }).Text(), "refused");
     EXPECT_FALSE(database_.IsOpen());
 }
-TEST_F(EnsureConnection, LeavesNoConnectionWhenAnotherCannotBeOpened) {
+TEST_P(EnsureConnection, LeavesNoConnectionWhenAnotherCannotBeOpened) {
     database_.EnsureConnection();
     opener_.refuse = true;
     ErrorOf([&] { database_.OpenConnection({}); });
@@ -81,30 +83,30 @@ TEST_F(EnsureConnection, LeavesNoConnectionWhenAnotherCannotBeOpened) {
               ErrorNumber::ObjectClosed);
 }
 
-TEST_F(CountRows, CountsAllRowsWithoutAFilter) {
+TEST_P(CountRows, CountsAllRowsWithoutAFilter) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fType) values(0),(1),(1)");
     EXPECT_EQ(database_.CountRows("tTaskList", ""), 3);
     EXPECT_EQ(log_.statements, std::vector<std::string>{"select count(*) from tTaskList"});
 }
-TEST_F(CountRows, AppendsTheFilterUnchanged) {
+TEST_P(CountRows, AppendsTheFilterUnchanged) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fType) values(0),(1),(1)");
     EXPECT_EQ(database_.CountRows("tTaskList", " fType =1 "), 2);
     EXPECT_EQ(log_.statements.back(), "select count(*) from tTaskList Where  fType =1 ");
 }
-TEST_F(CountRows, AnswersMinusOneForAMissingTable) {
+TEST_P(CountRows, AnswersMinusOneForAMissingTable) {
     database_.EnsureConnection();
     EXPECT_EQ(database_.CountRows("nowhere", ""), -1);
 }
-TEST_F(CountRows, AnswersMinusOneWhenTheDatabaseFails) {
+TEST_P(CountRows, AnswersMinusOneWhenTheDatabaseFails) {
     database_.EnsureConnection();
     log_.fail = true;
     EXPECT_EQ(database_.CountRows("tTaskList", ""), -1);
 }
-TEST_F(CountRows, AnswersMinusOneBeyondSixteenBits) {
+TEST_P(CountRows, AnswersMinusOneBeyondSixteenBits) {
     database_.EnsureConnection();
-    const auto raw = OpenSqlite(path_, {.translate = false});
+    const auto raw = EngineTest::database_->ConnectRaw();
     raw->Execute(
         "insert into tRsBasic(fCode) with recursive n(i) as (select 1 union all select i+1 from n"
         " where i<32767) select i from n");
@@ -113,7 +115,7 @@ TEST_F(CountRows, AnswersMinusOneBeyondSixteenBits) {
     EXPECT_EQ(database_.CountRows("tRsBasic", ""), -1);
 }
 
-TEST_F(MarkItemState, SendsExactlyThisStatement) {
+TEST_P(MarkItemState, SendsExactlyThisStatement) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fID,taskTitle) values(5,'x')");
     EXPECT_EQ(database_.MarkItemState(5, 2, "张三"), 1);
@@ -121,31 +123,31 @@ TEST_F(MarkItemState, SendsExactlyThisStatement) {
               "Update tTaskList Set tDone=2,tDoneMan = '张三' where fID =5");
     EXPECT_EQ(Rows("select tDone,tDoneMan from tTaskList"), "2|张三");
 }
-TEST_F(MarkItemState, SendsNothingForItemZero) {
+TEST_P(MarkItemState, SendsNothingForItemZero) {
     database_.EnsureConnection();
     EXPECT_EQ(database_.MarkItemState(0, 1, "x"), 0);
     EXPECT_TRUE(log_.statements.empty());
 }
-TEST_F(MarkItemState, AnswersOneForAnUnknownItem) {
+TEST_P(MarkItemState, AnswersOneForAnUnknownItem) {
     database_.EnsureConnection();
     EXPECT_EQ(database_.MarkItemState(77, 1, "x"), 1);
 }
-TEST_F(MarkItemState, FailsInTheDatabaseForANameWithAnApostrophe) {
+TEST_P(MarkItemState, FailsInTheDatabaseForANameWithAnApostrophe) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fID,taskTitle) values(5,'x')");
     const auto error = ErrorOf([&] { database_.MarkItemState(5, 1, "O'Brien"); });
     EXPECT_EQ(error.Number(), ErrorNumber::DatabaseStatement);
-    EXPECT_EQ(error.Source(), "SQLite");
+    EXPECT_EQ(error.Source(), Traits().dialect);
     EXPECT_EQ(Rows("select tDone,tDoneMan from tTaskList"), "0|");
 }
 
-TEST_F(DateLiteral, FollowsTheDelimiter) {
+TEST_P(DateLiteral, FollowsTheDelimiter) {
     EXPECT_EQ(database_.DateLiteral(DateTime(2003, 3, 7, 10)), "#03/07/2003#");
     database_.SetDateDelimiter('\'');
     EXPECT_EQ(database_.DateLiteral(DateTime(2003, 3, 7)), "'03/07/2003'");
 }
 
-TEST_F(StatementLog, TellsStatementsExactlyAsSent) {
+TEST_P(StatementLog, TellsStatementsExactlyAsSent) {
     database_.EnsureConnection();
     database_.Open("select max(TaskID) as  MaxID from tTaskSet");
     database_.Execute("delete from tTaskList where taskID =1");
@@ -153,14 +155,14 @@ TEST_F(StatementLog, TellsStatementsExactlyAsSent) {
               (std::vector<std::string>{"select max(TaskID) as  MaxID from tTaskSet",
                                         "delete from tTaskList where taskID =1"}));
 }
-TEST_F(StatementLog, FailsAStatementBeforeItReachesTheDatabase) {
+TEST_P(StatementLog, FailsAStatementBeforeItReachesTheDatabase) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fType) values(0)");
     log_.fail = true;
     EXPECT_EQ(ErrorOf([&] { database_.Execute("delete from tTaskList"); }).Text(), "told to fail");
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "1");
 }
-TEST_F(StatementLog, TellsOfARowUpdateBeforeItIsWritten) {
+TEST_P(StatementLog, TellsOfARowUpdateBeforeItIsWritten) {
     database_.EnsureConnection();
     auto rows = database_.Open("select * from tTaskList", CursorType::Keyset, LockType::Optimistic);
     rows->AddNew();

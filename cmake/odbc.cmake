@@ -1,0 +1,11 @@
+# The platform's ODBC: the driver manager unixODBC, or the system's own on Windows.
+add_library(zv_platform_odbc INTERFACE)
+if(WIN32)
+    target_link_libraries(zv_platform_odbc INTERFACE odbc32)
+else()
+    find_package(Threads REQUIRED)
+    find_path(ZV_ODBC_INCLUDE sqlext.h REQUIRED)
+    find_library(ZV_ODBC_LIBRARY odbc REQUIRED)
+    target_include_directories(zv_platform_odbc SYSTEM INTERFACE ${ZV_ODBC_INCLUDE})
+    target_link_libraries(zv_platform_odbc INTERFACE ${ZV_ODBC_LIBRARY} Threads::Threads)
+endif()

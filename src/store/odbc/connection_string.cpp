@@ -1,0 +1,296 @@
+#include "store/odbc/connection_string.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "store/odbc/installed_drivers.h"
+
+namespace zv::store::odbc {
+namespace {
+
+constexpr std::string_view kPostgreSql = "postgresql:";
+
+// The newest first; any other driver whose name says the same comes behind them.
+constexpr std::array<std::string_view, 10> kSqlServerDrivers{"ODBC Driver 19 for SQL Server",
+                                                             "ODBC Driver 18 for SQL Server",
+                                                             "ODBC Driver 17 for SQL Server",
+                                                             "ODBC Driver 13.1 for SQL Server",
+                                                             "ODBC Driver 13 for SQL Server",
+                                                             "ODBC Driver 11 for SQL Server",
+                                                             "SQL Server Native Client 11.0",
+                                                             "SQL Server Native Client 10.0",
+                                                             "FreeTDS",
+                                                             "SQL Server"};
+constexpr std::array<std::string_view, 4> kPostgreSqlDrivers{
+    "PostgreSQL Unicode(x64)", "PostgreSQL Unicode", "PostgreSQL Unicode(x86)", "psqlODBC"};
+
+constexpr auto kLoginNames =
+    std::to_array<std::string_view>({"UID", "User ID", "Username", "User"});
+constexpr auto kPasswordNames = std::to_array<std::string_view>({"PWD", "Password"});
+constexpr auto kDatabaseNames =
+    std::to_array<std::string_view>({"Database", "Initial Catalog", "DBQ"});
+constexpr auto kServerNames =
+    std::to_array<std::string_view>({"Server", "Servername", "Data Source", "Address", "Host"});
+
+// What makes a text a whole connection string.
+constexpr auto kSourceNames = std::to_array<std::string_view>({"Driver", "DSN", "FileDSN"});
+// What tells where a database is when no server is named.
+constexpr auto kPlaceNames = std::to_array<std::string_view>({"DSN", "FileDSN", "Database", "DBQ"});
+
+template <std::size_t Count>
+std::string ChooseDriver(const std::array<std::string_view, Count>& names, const char* product) {
+    const std::vector<std::string> installed = InstalledDrivers();
+    for (const std::string_view name : names) {
+        for (const std::string& driver : installed) {
+            if (text::EqualsIgnoreCase(driver, name)) return driver;
+        }
+    }
+    throw RuntimeError(ErrorNumber::CannotCreateObject,
+                       "No ODBC driver for " + std::string(product) + " is installed (" +
+                           text::Join({names.begin(), names.end()}, ", ") + ").",
+                       kErrorSource);
+}
+
+bool IsPort(std::string_view text) {
+    return !text.empty() && text.size() <= 5 &&
+           text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// "host:5432" in its parts; an address of the form "[::1]:5432" too.
+std::pair<std::string_view, std::string_view> HostAndPort(std::string_view text) {
+    if (text.starts_with('[')) {
+        const std::size_t end = text.find(']');
+        if (end == std::string_view::npos) return {text, {}};
+        const std::string_view behind = text.substr(end + 1);
+        const bool port = behind.starts_with(':') && IsPort(behind.substr(1));
+        return {text.substr(1, end - 1), port ? behind.substr(1) : std::string_view()};
+    }
+    const std::size_t colon = text.find_first_of(":,");
+    if (colon == std::string_view::npos || !IsPort(text.substr(colon + 1))) return {text, {}};
+    return {text.substr(0, colon), text.substr(colon + 1)};
+}
+
+ConnectionEntries PostgreSqlEntries(std::string_view path) {
+    path.remove_prefix(kPostgreSql.size());
+    if (path.starts_with("//")) path.remove_prefix(2);
+    std::string_view database;
+    if (const std::size_t slash = path.find('/'); slash != std::string_view::npos) {
+        database = path.substr(slash + 1);
+        path = path.substr(0, slash);
+    }
+    // A login may stand in front; what belongs to the properties stays out of the path otherwise.
+    std::string_view login;
+    if (const std::size_t at = path.rfind('@'); at != std::string_view::npos) {
+        login = path.substr(0, at);
+        path = path.substr(at + 1);
+    }
+    const auto [host, port] = HostAndPort(path);
+    ConnectionEntries entries;
+    entries.Add("Driver", ChooseDriver(kPostgreSqlDrivers, "PostgreSQL"));
+    entries.Add("Server", host.empty() ? "localhost" : host);
+    if (!port.empty()) entries.Add("Port", port);
+    if (!database.empty()) entries.Add("Database", database);
+    if (!login.empty()) {
+        const std::size_t colon = login.find(':');
+        entries.Add("UID", login.substr(0, colon));
+        if (colon != std::string_view::npos) entries.Add("PWD", login.substr(colon + 1));
+    }
+    return entries;
+}
+
+ConnectionEntries SqlServerEntries(std::string_view path) {
+    const std::string driver = ChooseDriver(kSqlServerDrivers, "SQL Server");
+    const auto [host, port] = HostAndPort(path);
+    ConnectionEntries entries;
+    entries.Add("Driver", driver);
+    if (text::EqualsIgnoreCase(driver, "FreeTDS")) {
+        entries.Add("Server", host);
+        if (!port.empty()) entries.Add("Port", port);
+        entries.Add("TDS_Version", "7.4");
+    } else {
+        entries.Add("Server",
+                    port.empty() ? std::string(host) : std::string(host) + "," + std::string(port));
+    }
+    return entries;
+}
+
+bool Names(std::string_view driver, std::string_view product) {
+    return text::Contains(text::ToLower(driver), product);
+}
+
+/// Limits of libpq that its driver passes on: none of them is there unless asked for. The limit on
+/// connecting is none of these: the driver makes it from the login's time limit.
+void LimitPostgreSql(ConnectionEntries& entries, const OdbcOptions& options) {
+    const auto seconds = [](std::chrono::milliseconds limit) {
+        return std::max<long long>(2, limit.count() / 1000);
+    };
+    std::string extra(entries.Value("pqopt"));
+    const auto add = [&](std::string_view name, long long value) {
+        if (text::Contains(extra, name)) return;
+        extra += (extra.empty() ? "" : " ") + std::string(name) + "=" + std::to_string(value);
+    };
+    const long long statement = seconds(options.statementLimit);
+    add("keepalives_idle", std::max(1LL, statement / 3));
+    add("keepalives_interval", std::max(1LL, statement / 10));
+    add("keepalives_count", 3);
+    add("tcp_user_timeout", statement * 1000);
+    entries.Remove("pqopt");
+    entries.Add("pqopt", extra);
+}
+
+/// What drivers do unless told otherwise and the system cannot use.
+void Complete(ConnectionEntries& entries, const OdbcOptions& options) {
+    const std::string driver(entries.Value("Driver"));
+    const auto preset = [&](std::string_view name, std::string_view value) {
+        if (!entries.Has(name)) entries.Add(name, value);
+    };
+    if (Names(driver, "postgres") || Names(driver, "psqlodbc")) {
+        preset("BoolsAsChar", "0");
+        LimitPostgreSql(entries, options);
+    } else if (Names(driver, "sqlite")) {
+        preset("NoCreat", "1");
+        preset("Timeout", "3000");
+    }
+}
+
+void AddSecret(OdbcOptions& options, std::string_view secret) {
+    if (!secret.empty()) options.secrets.emplace_back(secret);
+}
+
+}  // namespace
+
+ConnectionEntries::ConnectionEntries(std::string_view text) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t equals = text.find_first_of("=;", at);
+        if (equals == std::string_view::npos) break;
+        if (text[equals] == ';') {
+            at = equals + 1;
+            continue;
+        }
+        const std::string_view name = text::Trim(text.substr(at, equals - at));
+        std::size_t start = text.find_first_not_of(' ', equals + 1);
+        if (start == std::string_view::npos) start = text.size();
+        std::string value;
+        if (start < text.size() && text[start] == '{') {
+            at = start + 1;
+            while (at < text.size()) {
+                if (text[at] == '}' && (at + 1 >= text.size() || text[at + 1] != '}')) break;
+                if (text[at] == '}') at++;
+                value += text[at++];
+            }
+            at = std::min(text.find(';', at), text.size() - 1) + 1;
+        } else {
+            const std::size_t end = std::min(text.find(';', start), text.size());
+            value = text::Trim(text.substr(start, end - start));
+            at = end + 1;
+        }
+        if (!name.empty()) entries_.emplace_back(name, std::move(value));
+    }
+}
+
+std::string_view ConnectionEntries::Value(std::string_view name) const {
+    for (const auto& [known, value] : entries_) {
+        if (text::EqualsIgnoreCase(known, name)) return value;
+    }
+    return {};
+}
+
+std::string_view ConnectionEntries::FirstOf(std::span<const std::string_view> names) const {
+    for (const std::string_view name : names) {
+        if (Has(name)) return Value(name);
+    }
+    return {};
+}
+
+bool ConnectionEntries::Has(std::string_view name) const {
+    return std::any_of(entries_.begin(), entries_.end(), [&](const auto& entry) {
+        return text::EqualsIgnoreCase(entry.first, name);
+    });
+}
+
+bool ConnectionEntries::HasAnyOf(std::span<const std::string_view> names) const {
+    return std::any_of(names.begin(), names.end(), [&](const auto name) { return Has(name); });
+}
+
+void ConnectionEntries::Add(std::string_view name, std::string_view value) {
+    entries_.emplace_back(name, value);
+}
+
+void ConnectionEntries::Remove(std::string_view name) {
+    std::erase_if(entries_,
+                  [&](const auto& entry) { return text::EqualsIgnoreCase(entry.first, name); });
+}
+
+std::string ConnectionEntries::Text() const {
+    std::string text;
+    for (const auto& [name, value] : entries_) {
+        const bool braces = value.find_first_of("[]{}(),;?*=!@ ") != std::string::npos ||
+                            text::EqualsIgnoreCase(name, "Driver");
+        text += name + "=";
+        text += braces ? "{" + text::Replace(value, "}", "}}") + "}" : value;
+        text += ";";
+    }
+    return text;
+}
+
+bool IsOdbcConnectionString(std::string_view dataPath) {
+    return ConnectionEntries(dataPath).HasAnyOf(kSourceNames);
+}
+
+OdbcOptions OptionsFor(const ConnectionSettings& settings) {
+    OdbcOptions options;
+    const std::string_view path = text::Trim(settings.dataPath);
+    ConnectionEntries entries;
+    if (IsOdbcConnectionString(path)) {
+        entries = ConnectionEntries(path);
+    } else if (text::ToLower(path).starts_with(kPostgreSql)) {
+        entries = PostgreSqlEntries(path);
+    } else {
+        entries = SqlServerEntries(path);
+    }
+    const bool sqlServer = Names(entries.Value("Driver"), "sql server") ||
+                           Names(entries.Value("Driver"), "sql server native");
+    if (!entries.HasAnyOf(kDatabaseNames) && !settings.database.empty()) {
+        entries.Add("Database", settings.database);
+    }
+    if (!entries.HasAnyOf(kLoginNames)) {
+        if (!settings.login.empty()) {
+            entries.Add("UID", settings.login);
+        } else if (sqlServer && !entries.Has("Trusted_Connection")) {
+            // Without a login the user's own account is asked for.
+            entries.Add("Trusted_Connection", "Yes");
+        }
+    }
+    const bool hasLogin = entries.HasAnyOf(kLoginNames);
+    if (hasLogin && !entries.HasAnyOf(kPasswordNames) && !settings.password.empty()) {
+        entries.Add("PWD", settings.password);
+    }
+    AddSecret(options, settings.password);
+    AddSecret(options, settings.login);
+    AddSecret(options, entries.FirstOf(kPasswordNames));
+    AddSecret(options, entries.FirstOf(kLoginNames));
+    Complete(entries, options);
+    options.connectionString = entries.Text();
+    options.name = DisplayName(settings);
+    return options;
+}
+
+std::string DisplayName(const ConnectionSettings& settings) {
+    std::string_view path = text::Trim(settings.dataPath);
+    if (IsOdbcConnectionString(path)) {
+        const ConnectionEntries entries(path);
+        std::string name(entries.FirstOf(kServerNames));
+        if (name.empty()) name = entries.FirstOf(kPlaceNames);
+        return name.empty() ? std::string(entries.Value("Driver")) : name;
+    }
+    if (const std::size_t at = path.rfind('@'); at != std::string_view::npos) {
+        path.remove_prefix(at + 1);
+    }
+    return std::string(path);
+}
+
+}  // namespace zv::store::odbc

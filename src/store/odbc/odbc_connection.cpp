@@ -1,0 +1,65 @@
+#include "store/odbc/odbc_connection.h"
+
+#include <utility>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "store/odbc/keyset_recordset.h"
+#include "store/odbc/reading_recordset.h"
+#include "store/odbc/session.h"
+
+namespace zv::store::odbc {
+namespace {
+
+class OdbcConnection final : public Connection {
+ public:
+    explicit OdbcConnection(std::shared_ptr<Session> session) : session_(std::move(session)) {}
+    ~OdbcConnection() override { session_->Close(); }
+
+    int State() const override { return session_->IsOpen() ? kStateOpen : kStateClosed; }
+
+    void Close() override {
+        session_->CheckOpen();
+        session_->Close();
+    }
+
+    int Execute(const std::string& sql) override {
+        const auto translation = session_->Translated(sql);
+        const Result result = session_->Run(translation->sql);
+        if (translation->kind == dialect::StatementKind::Definition) session_->ForgetSchema();
+        return result.columns.empty() ? result.changed : 0;
+    }
+
+    std::unique_ptr<Recordset> Open(const std::string& sql, CursorType, LockType lock) override {
+        const auto translation = session_->Translated(sql);
+        if (translation->kind != dialect::StatementKind::Select) ThrowNoRows(" at character 1");
+        if (lock != LockType::ReadOnly && !translation->table.empty()) {
+            return std::make_unique<KeysetRecordset>(session_, translation->sql,
+                                                     PlainName(translation->table));
+        }
+        Result result = session_->Run(translation->sql);
+        if (result.columns.empty()) ThrowNoRows("");
+        return std::make_unique<ReadingRecordset>(session_, std::move(result));
+    }
+
+ private:
+    [[noreturn]] static void ThrowNoRows(const std::string& place) {
+        throw RuntimeError(ErrorNumber::DatabaseStatement, "the statement yields no rows" + place,
+                           kErrorSource);
+    }
+    /// Without the quotes that the translation gives it.
+    static std::string PlainName(const std::string& table) {
+        if (table.size() < 2 || table.front() != '"') return table;
+        return text::Replace(table.substr(1, table.size() - 2), "\"\"", "\"");
+    }
+
+    std::shared_ptr<Session> session_;
+};
+
+}  // namespace
+
+std::unique_ptr<Connection> OpenOdbc(const OdbcOptions& options) {
+    return std::make_unique<OdbcConnection>(std::make_shared<Session>(options));
+}
+
+}  // namespace zv::store::odbc

@@ -1,0 +1,249 @@
+#include "store/odbc/session.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/text.h"
+#include "store/dialect/expression.h"
+#include "store/dialect/lexer.h"
+#include "store/dialect/targets.h"
+#include "store/dialect/window_index.h"
+
+namespace zv::store::odbc {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr std::size_t kKeptTranslations = 32;
+constexpr milliseconds kClosingLimit{2000};
+
+/// How long before the caller's limit the driver is told to give up, so that a server that answers
+/// at all ends the statement in an orderly way.
+milliseconds GraceOf(milliseconds limit) {
+    return std::min(milliseconds{2000}, limit / 3);
+}
+
+std::chrono::seconds DriverLimit(milliseconds limit) {
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(limit - GraceOf(limit));
+    return std::max(seconds, std::chrono::seconds{1});
+}
+
+std::string SecondsText(milliseconds limit) {
+    return std::to_string((limit.count() + 500) / 1000) + " s";
+}
+
+/// The tables that a statement names, as written. A statement that cannot be read names none: what
+/// is wrong with it is for the translation to say.
+std::vector<std::string> TablesNamedIn(const std::string& sql) {
+    using dialect::Token;
+    using dialect::TokenKind;
+    constexpr std::array<std::string_view, 4> kBefore{"from", "join", "into", "update"};
+    constexpr std::array<std::string_view, 8> kBehind{"where", "group", "order",  "having",
+                                                      "on",    "set",   "select", "values"};
+    const auto isOneOf = [](const Token& token, const auto& words) {
+        return token.kind == TokenKind::Name &&
+               std::find(words.begin(), words.end(), text::ToLower(token.text)) != words.end();
+    };
+    std::vector<std::string> names;
+    bool amongTables = false;  // behind "from", where a comma leads to another table
+    bool expected = false;
+    std::vector<Token> tokens;
+    try {
+        tokens = dialect::Tokenise(sql);
+    } catch (const RuntimeError&) {
+        return names;
+    }
+    for (std::size_t i = 0; i < tokens.size(); i++) {
+        const Token& token = tokens[i];
+        if (isOneOf(token, kBefore)) {
+            amongTables = expected = true;
+        } else if (isOneOf(token, kBehind)) {
+            amongTables = expected = false;
+        } else if (token.kind == TokenKind::Symbol) {
+            const bool leadsOn = token.text == "," || token.text == "(" || token.text == ".";
+            expected = amongTables && (token.text == "," || (expected && leadsOn));
+        } else if (expected &&
+                   (token.kind == TokenKind::Name || token.kind == TokenKind::QuotedName)) {
+            // The name in front of a point is a schema.
+            expected = tokens[i + 1].kind == TokenKind::Symbol && tokens[i + 1].text == ".";
+            if (!expected) names.push_back(token.text);
+        }
+    }
+    return names;
+}
+
+dialect::Translation TranslationFor(const std::string& sql, Server server,
+                                    const dialect::SchemaInfo& schema) {
+    switch (server) {
+        case Server::Sqlite:
+            return dialect::Translate(sql, schema);
+        case Server::PostgreSql:
+            return dialect::Translate(sql, schema, dialect::PostgreSql());
+        default:
+            break;
+    }
+    // The server understands the statement better than anyone; only what it is about is of
+    // interest.
+    dialect::Translation translation;
+    try {
+        translation = dialect::Translate(sql, schema);
+    } catch (const RuntimeError&) {
+        translation.kind = dialect::StatementKind::Select;
+    }
+    translation.sql = sql;
+    return translation;
+}
+
+}  // namespace
+
+template <class Job>
+auto Session::Do(Job job, milliseconds limit, bool connecting) {
+    CheckOpen();
+    const std::shared_ptr<Link> link = link_;
+    try {
+        auto answer = worker_->Run([link, job = std::move(job)] { return job(*link); },
+                                   limit - GraceOf(limit) / 2, limit,
+                                   [link] { RunAside([link] { link->Cancel(); }); });
+        if (!answer) GiveUp(connecting);
+        return std::move(*answer);
+    } catch (const RuntimeError&) {
+        if (link->IsLost() && link_) Lose();
+        throw;
+    }
+}
+
+Session::Session(const OdbcOptions& options) : options_(options) {
+    LinkOptions link{options.connectionString, options.name, options.secrets,
+                     DriverLimit(options.connectLimit), DriverLimit(options.statementLimit)};
+    worker_ = std::make_unique<Worker>();
+    link_ = std::make_shared<Link>(std::move(link));
+    facts_ = Do(
+        [](Link& connecting) {
+            connecting.Connect();
+            return connecting.Facts();
+        },
+        options.connectLimit, true);
+}
+
+Session::~Session() {
+    Close();
+}
+
+void Session::Close() noexcept {
+    for (OpenRecordset* recordset : std::exchange(recordsets_, {})) recordset->Abandon();
+    if (!link_) return;
+    // The driver's farewell to the server must not keep anyone either.
+    worker_->Run(
+        [link = std::move(link_)]() mutable {
+            link.reset();
+            return true;
+        },
+        kClosingLimit, kClosingLimit, {});
+    link_.reset();
+}
+
+void Session::Lose() noexcept {
+    lost_ = true;
+    RunAside([link = std::move(link_)]() mutable { link.reset(); });
+    link_.reset();
+}
+
+void Session::GiveUp(bool connecting) {
+    lost_ = true;
+    link_.reset();
+    const ServerCode code{connecting ? "HYT01" : "HYT00", 0};
+    if (connecting) {
+        throw RuntimeError(ErrorNumber::DatabaseFailure,
+                           "Cannot connect to the database server \"" + options_.name +
+                               "\": it did not answer within the time limit (" +
+                               SecondsText(options_.connectLimit) + ").",
+                           kErrorSource, code);
+    }
+    throw RuntimeError(ErrorNumber::DatabaseFailure,
+                       "The database server did not answer within the time limit (" +
+                           SecondsText(options_.statementLimit) + "). Try again.",
+                       kErrorSource, code);
+}
+
+void Session::CheckOpen() const {
+    if (!link_) throw RuntimeError(ErrorNumber::ObjectClosed);
+}
+
+Result Session::Run(const std::string& sql, std::vector<Parameter> parameters, bool asStored) {
+    return Do([sql, parameters = std::move(parameters),
+               asStored](Link& link) { return link.Run(sql, parameters, asStored); },
+              options_.statementLimit);
+}
+
+std::vector<Column> Session::Describe(const std::string& sql) {
+    return Do([sql](Link& link) { return link.Describe(sql); }, options_.statementLimit);
+}
+
+const Table& Session::FindTable(const std::string& name) {
+    const std::string key = text::ToLower(name);
+    const auto known = tables_.find(key);
+    if (known != tables_.end()) return known->second;
+    // Where names are kept in lower case, they are looked up in it.
+    const std::string asked = facts_.server == Server::PostgreSql ? key : name;
+    Table table =
+        Do([asked](Link& link) { return link.DescribeTable(asked); }, options_.statementLimit);
+    for (std::size_t i = 0; i < table.columns.size(); i++) {
+        schema_.AddColumn(table.columns[i].name, table.typeNames[i]);
+    }
+    return tables_.emplace(key, std::move(table)).first->second;
+}
+
+const Table& Session::TableOf(const std::string& name) {
+    const Table& table = FindTable(name);
+    if (table.columns.empty()) {
+        throw RuntimeError(ErrorNumber::DatabaseTable, "no such table: " + name, kErrorSource);
+    }
+    return table;
+}
+
+const dialect::SchemaInfo& Session::SchemaFor(const std::string& sql) {
+    if (facts_.server == Server::Sqlite && tables_.empty()) {
+        const std::string index = dialect::QuoteText(std::string(dialect::kWindowIndex));
+        Result found = Run("select sql from sqlite_master where type='index' and name=" + index);
+        Value making;
+        if (found.rows.Advance()) found.rows.Read(0, making);
+        schema_.hasWindowIndex =
+            dialect::SameStatement(making.ToText(), dialect::WindowIndexStatement());
+    }
+    for (const std::string& name : TablesNamedIn(sql)) FindTable(name);
+    return schema_;
+}
+
+void Session::ForgetSchema() {
+    tables_.clear();
+    schema_ = {};
+    translations_.clear();
+}
+
+std::shared_ptr<const dialect::Translation> Session::Translated(const std::string& sql) {
+    CheckOpen();
+    const auto known = std::find_if(translations_.begin(), translations_.end(),
+                                    [&](const auto& entry) { return entry.first == sql; });
+    if (known != translations_.end()) {
+        translations_.splice(translations_.begin(), translations_, known);
+        return known->second;
+    }
+    auto translation = std::make_shared<dialect::Translation>();
+    if (options_.translate) {
+        *translation = TranslationFor(sql, facts_.server, SchemaFor(sql));
+    } else {
+        translation->sql = sql;
+    }
+    translations_.emplace_front(sql, translation);
+    if (translations_.size() > kKeptTranslations) translations_.pop_back();
+    return translation;
+}
+
+std::string Session::Quoted(const std::string& name) const {
+    const std::string& quote = facts_.quote;
+    if (quote.empty()) return name;
+    return quote + text::Replace(name, quote, quote + quote) + quote;
+}
+
+}  // namespace zv::store::odbc

@@ -1,0 +1,79 @@
+// One open connection, shared by the connection object and its recordsets.
+#pragma once
+
+#include <list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/errors.h"
+#include "store/dialect/translator.h"
+#include "store/odbc/link.h"
+#include "store/odbc/odbc_connection.h"
+#include "store/odbc/worker.h"
+
+namespace zv::store::odbc {
+
+/// What a session must reach of the recordsets that are open on it.
+class OpenRecordset {
+ public:
+    virtual ~OpenRecordset() = default;
+    /// The connection closes.
+    virtual void Abandon() noexcept = 0;
+};
+
+class Session {
+ public:
+    /// Connects. Throws like OpenOdbc.
+    explicit Session(const OdbcOptions& options);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// False once closed or lost.
+    bool IsOpen() const { return link_ != nullptr; }
+    bool IsLost() const { return lost_; }
+    void Close() noexcept;
+    /// Throws error 3704 when closed.
+    void CheckOpen() const;
+    const ServerFacts& Facts() const { return facts_; }
+
+    /// The statement in the server's terms; kept for the next time.
+    std::shared_ptr<const dialect::Translation> Translated(const std::string& sql);
+    Result Run(const std::string& sql, std::vector<Parameter> parameters = {},
+               bool asStored = false);
+    std::vector<Column> Describe(const std::string& sql);
+    /// Asked of the server once. Throws DatabaseTable when there is no such table.
+    const Table& TableOf(const std::string& name);
+    /// Forgets what was learnt of the tables.
+    void ForgetSchema();
+    /// A name as the server takes it, in quotes.
+    std::string Quoted(const std::string& name) const;
+
+    void Register(OpenRecordset* recordset) { recordsets_.push_back(recordset); }
+    void Unregister(OpenRecordset* recordset) { std::erase(recordsets_, recordset); }
+
+ private:
+    /// What a job answers on the worker's thread, within the time limit.
+    template <class Job>
+    auto Do(Job job, std::chrono::milliseconds limit, bool connecting = false);
+    [[noreturn]] void GiveUp(bool connecting);
+    void Lose() noexcept;
+    const dialect::SchemaInfo& SchemaFor(const std::string& sql);
+    const Table& FindTable(const std::string& name);
+
+    OdbcOptions options_;
+    std::unique_ptr<Worker> worker_;
+    std::shared_ptr<Link> link_;
+    bool lost_ = false;
+    ServerFacts facts_;
+    std::list<std::pair<std::string, std::shared_ptr<const dialect::Translation>>> translations_;
+    std::map<std::string, Table> tables_;  ///< by lower-case name; without columns when missing
+    dialect::SchemaInfo schema_;
+    std::vector<OpenRecordset*> recordsets_;
+};
+
+}  // namespace zv::store::odbc

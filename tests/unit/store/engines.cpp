@@ -1,0 +1,188 @@
+#include "engines.h"
+
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "store/odbc/connection_string.h"
+#include "store/odbc/installed_drivers.h"
+#include "store/odbc/odbc_connection.h"
+
+namespace zv::store {
+namespace {
+
+constexpr std::array<EngineTraits, 3> kTraits{{
+    {.kind = EngineKind::Embedded,
+     .name = "Embedded",
+     .dialect = "SQLite",
+     .knowsItsColumns = true,
+     .keepsNameCase = true,
+     .keepsNulCharacters = true,
+     .foldsAllAlphabets = false},
+    {.kind = EngineKind::SqliteOverOdbc,
+     .name = "SqliteOverOdbc",
+     .dialect = "SQLite",
+     .knowsItsColumns = false,
+     .keepsNameCase = true,
+     .keepsNulCharacters = false,
+     .foldsAllAlphabets = false},
+    {.kind = EngineKind::PostgreSql,
+     .name = "PostgreSql",
+     .dialect = "PostgreSQL",
+     .knowsItsColumns = true,
+     .keepsNameCase = false,
+     .keepsNulCharacters = false,
+     .foldsAllAlphabets = true},
+}};
+
+class EmbeddedDatabase final : public TestDatabase {
+ public:
+    EmbeddedDatabase() : path_(Utf8(folder_ / u8"t.db")) { CreateSqliteDatabase(path_); }
+    std::unique_ptr<Connection> Connect() override { return OpenSqlite(path_); }
+    std::unique_ptr<Connection> ConnectRaw() override {
+        return OpenSqlite(path_, {.translate = false});
+    }
+
+ private:
+    TemporaryFolder folder_;
+    std::string path_;
+};
+
+std::string SqliteDriver() {
+    for (const std::string& driver : odbc::InstalledDrivers()) {
+        if (driver.starts_with("SQLite3")) return driver;
+    }
+    return {};
+}
+
+class OdbcDatabase : public TestDatabase {
+ public:
+    std::unique_ptr<Connection> Connect() override { return odbc::OpenOdbc(Options()); }
+    std::unique_ptr<Connection> ConnectRaw() override {
+        odbc::OdbcOptions options = Options();
+        options.translate = false;
+        return odbc::OpenOdbc(options);
+    }
+
+ private:
+    virtual odbc::OdbcOptions Options() const = 0;
+};
+
+class SqliteOdbcDatabase final : public OdbcDatabase {
+ public:
+    SqliteOdbcDatabase() : path_(Utf8(folder_ / u8"t.db")) { CreateSqliteDatabase(path_); }
+
+ private:
+    odbc::OdbcOptions Options() const override {
+        ConnectionSettings settings;
+        settings.kind = 1;
+        settings.dataPath = "Driver={" + SqliteDriver() + "};Database=" + path_;
+        return odbc::OptionsFor(settings);
+    }
+
+    TemporaryFolder folder_;
+    std::string path_;
+};
+
+std::string ServerString() {
+    const char* text = std::getenv("ZV_TEST_POSTGRESQL");
+    return text ? text : "";
+}
+
+/// A schema of its own on the server that the environment names.
+class PostgreSqlDatabase final : public OdbcDatabase {
+ public:
+    PostgreSqlDatabase() {
+        const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
+        schema_ = "zv_test_" + std::to_string(ticks);
+        auto server = Server();
+        server->Execute("set client_min_messages=warning");
+        server->Execute("select pg_advisory_lock(7306)");
+        server->Execute("create extension if not exists citext schema public");
+        server->Execute("select pg_advisory_unlock(7306)");
+        server->Execute("create schema " + schema_);
+        std::ifstream file(ZV_SCHEMA_FOLDER "/postgresql.sql");
+        const std::string script{std::istreambuf_iterator<char>(file), {}};
+        if (script.empty()) throw RuntimeError(ErrorNumber::FileNotFound, "postgresql.sql");
+        ConnectRaw()->Execute(script);
+    }
+    ~PostgreSqlDatabase() override {
+        try {
+            auto server = Server();
+            server->Execute("set client_min_messages=warning");
+            server->Execute("drop schema " + schema_ + " cascade");
+        } catch (const RuntimeError& error) {
+            ADD_FAILURE() << "the test's schema cannot be removed: " << error.Text();
+        }
+    }
+
+ private:
+    static std::unique_ptr<Connection> Server() {
+        odbc::OdbcOptions options = OptionsOf(ServerString());
+        options.translate = false;
+        return odbc::OpenOdbc(options);
+    }
+    static odbc::OdbcOptions OptionsOf(const std::string& text) {
+        ConnectionSettings settings;
+        settings.kind = 1;
+        settings.dataPath = text;
+        return odbc::OptionsFor(settings);
+    }
+    odbc::OdbcOptions Options() const override {
+        return OptionsOf(ServerString() + ";ConnSettings={set search_path to " + schema_ +
+                         ",public}");
+    }
+
+    std::string schema_;
+};
+
+}  // namespace
+
+const EngineTraits& TraitsOf(EngineKind kind) {
+    for (const EngineTraits& traits : kTraits) {
+        if (traits.kind == kind) return traits;
+    }
+    throw RuntimeError(ErrorNumber::InternalError);
+}
+
+std::string WhyMissing(EngineKind kind) {
+    switch (kind) {
+        case EngineKind::Embedded:
+            break;
+        case EngineKind::SqliteOverOdbc:
+            if (SqliteDriver().empty()) return "no ODBC driver for SQLite is installed";
+            break;
+        case EngineKind::PostgreSql:
+            if (ServerString().empty()) return "ZV_TEST_POSTGRESQL names no server";
+            break;
+    }
+    return {};
+}
+
+std::unique_ptr<TestDatabase> MakeTestDatabase(EngineKind kind) {
+    switch (kind) {
+        case EngineKind::Embedded:
+            return std::make_unique<EmbeddedDatabase>();
+        case EngineKind::SqliteOverOdbc:
+            return std::make_unique<SqliteOdbcDatabase>();
+        case EngineKind::PostgreSql:
+            return std::make_unique<PostgreSqlDatabase>();
+    }
+    throw RuntimeError(ErrorNumber::InternalError);
+}
+
+void EngineTest::SetUp() {
+    if (const std::string reason = WhyMissing(GetParam()); !reason.empty()) {
+        GTEST_SKIP() << "engine " << Traits().name << " is missing: " << reason;
+    }
+    database_ = MakeTestDatabase(GetParam());
+    connection_ = database_->Connect();
+}
+
+std::string EngineName(const ::testing::TestParamInfo<EngineKind>& info) {
+    return TraitsOf(info.param).name;
+}
+
+}  // namespace zv::store
