@@ -121,6 +121,8 @@ class Statements : public store::StatementObserver {
 class Opener : public store::ConnectionOpener {
  public:
     std::unique_ptr<store::Connection> Open(const store::ConnectionSettings& settings) override;
+    /// Opens in place of the embedded engine; empty: the embedded engine does.
+    std::function<std::unique_ptr<store::Connection>(const store::ConnectionSettings&)> open;
     int openings = 0;
     store::ConnectionSettings last;
 };

@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# Torture: four workstations work on one database, and every few seconds one of them is killed and
+# started again. In the end the database must be sound, and nothing may be missing of what a user
+# was told is done.
+#
+#   ZV_NATIVE_BIN=FOLDER tests/torture/run.sh [SECONDS [DATABASE]]
+#
+# DATABASE: a server's ODBC connection string, with empty tables; without it an embedded file is
+# made. Closes with "N passed, N failed".
+set -uo pipefail
+cd "$(dirname "$0")/../.."
+: "${ZV_NATIVE_BIN:?folder of the native programs}"
+seconds=${1:-30}
+work=$(mktemp -d)
+workers=(anna bert carl dora)
+declare -A pids=()
+trap 'kill -9 "${pids[@]}" 2>/dev/null; rm -rf "$work"' EXIT
+passed=0
+failed=0
+check() { # NAME COMMAND...
+    local name=$1
+    shift
+    if "$@" >"$work/check.log" 2>&1; then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        echo "FAILED $name"
+    fi
+    tail -n 20 "$work/check.log"
+}
+
+if [ $# -gt 1 ]; then
+    database=$2
+    checking=(--to "$database")
+else
+    database=$work/t.db
+    "$ZV_NATIVE_BIN/zvdb" create "$database" || exit 1
+    checking=("$database")
+fi
+"$ZV_NATIVE_BIN/zvTorture" prepare "$database" || exit 1
+
+starts=0
+start() { # NAME SECONDS
+    starts=$((starts + 1))
+    "$ZV_NATIVE_BIN/zvTorture" work "$database" "$1" "$work/$1.journal" "$starts" "$2" \
+        >>"$work/$1.out" 2>>"$work/$1.err" &
+    pids[$1]=$!
+}
+begin=$SECONDS
+for name in "${workers[@]}"; do start "$name" "$seconds"; done
+kills=0
+while left=$((seconds - (SECONDS - begin))) && [ "$left" -gt 4 ]; do
+    sleep $((1 + RANDOM % 3))
+    name=${workers[RANDOM % ${#workers[@]}]}
+    kill -9 "${pids[$name]}" 2>/dev/null && kills=$((kills + 1))
+    wait "${pids[$name]}" 2>/dev/null
+    start "$name" "$((seconds - (SECONDS - begin)))"
+done
+for name in "${workers[@]}"; do
+    check "$name ends by itself" wait "${pids[$name]}"
+    check "$name met no crash" test ! -s "$work/$name.err"
+    unset "pids[$name]"
+done
+echo "$seconds s, ${#workers[@]} workers, $kills kills"
+check "every few seconds one was killed" test "$kills" -ge $((seconds / 6))
+check "nothing acknowledged is missing" "$ZV_NATIVE_BIN/zvTorture" verify "$database" "$work"/*.journal
+check "the database is sound" "$ZV_NATIVE_BIN/zvdb" check "${checking[@]}"
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]

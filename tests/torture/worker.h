@@ -1,0 +1,52 @@
+// One workstation: the whole control without a display, played by a user who never rests.
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "journal.h"
+#include "shared_data.h"
+#include "stage/stage.h"
+
+namespace zv::torture {
+
+class Worker {
+ public:
+    /// `name` begins the titles of the worker's own items; a worker started again under its name
+    /// goes on with them.
+    Worker(const Target& target, std::string name, const std::string& journal, unsigned seed);
+
+    /// Acts until the time is over. Answers the number of acknowledged steps.
+    int Work(std::chrono::seconds time);
+
+ private:
+    void Play(Act act);
+    bool Do(const Step& step);
+    bool AddItem(const Step& step);
+    bool ChangeItem(const Step& step);
+    bool CompleteItem(const Step& step);
+    bool RemoveItem(const Step& step);
+    bool Generate();
+
+    /// Shows the items whose title begins so.
+    void Filter(const std::string& beginning);
+    /// The node of the item with that title, selected. False when the tree has none.
+    bool Select(const std::string& title);
+    bool Said(const std::string& text) const;
+    /// Something went wrong since the last step, as the user was told.
+    bool Failed() const;
+    std::string NewContent();
+    std::string RandomOf(const std::vector<std::string>& titles);
+
+    std::string name_;
+    Journal journal_;
+    std::mt19937 random_;
+    stage::Stage stage_;
+    std::vector<std::string> own_;  ///< titles of the own items as far as known
+    int serial_ = 0;
+};
+
+}  // namespace zv::torture
