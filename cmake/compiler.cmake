@@ -20,9 +20,41 @@ if(WIN32)
     add_link_options(-static -municode)
 endif()
 
-# zv_library(NAME SOURCES... [LINK TARGETS...]): a static library of the project.
+# What most files read is compiled once. The presets that do without keep each file naming what it
+# needs.
+if(ZV_PRECOMPILED_HEADERS)
+    # In a precompiled standard library the same bug shows itself in more ways.
+    target_compile_options(zv_options INTERFACE -Wno-error=invalid-pch -Wno-array-bounds
+                                                -Wno-stringop-overflow -Wno-stringop-overread)
+    if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES ccache)
+        target_compile_options(zv_options INTERFACE -fpch-preprocess)
+    endif()
+endif()
+set(ZV_STANDARD_HEADERS <algorithm> <array> <functional> <map> <memory> <optional> <string>
+                        <string_view> <utility> <variant> <vector>)
+
+# zv_headers(NAME HEADERS...): the headers that the libraries of one kind share.
+function(zv_headers name)
+    if(ZV_PRECOMPILED_HEADERS)
+        add_library(${name} STATIC ${PROJECT_SOURCE_DIR}/cmake/headers.cpp)
+        target_link_libraries(${name} PRIVATE zv_options)
+        target_precompile_headers(${name} PRIVATE ${ARGN})
+    endif()
+endfunction()
+zv_headers(zv_portable_headers ${ZV_STANDARD_HEADERS})
+if(WIN32)
+    zv_headers(zv_windows_headers ${ZV_STANDARD_HEADERS} <windows.h> <commctrl.h> <oleauto.h>)
+endif()
+
+# zv_library(NAME [WINDOWS] SOURCES... [LINK TARGETS...]): a static library of the project; WINDOWS
+# when most of its files speak to the system.
 function(zv_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "WINDOWS" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC zv_options ${ARG_LINK})
+    if(ZV_PRECOMPILED_HEADERS AND ARG_WINDOWS)
+        target_precompile_headers(${name} REUSE_FROM zv_windows_headers)
+    elseif(ZV_PRECOMPILED_HEADERS)
+        target_precompile_headers(${name} REUSE_FROM zv_portable_headers)
+    endif()
 endfunction()
