@@ -19,12 +19,15 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: zvscript [--backend headless|win32] [--print] [--keep DIR] FILE...\n"
+    "usage: zvscript [--backend headless|win32] [--print] [--keep DIR]\n"
+    "                [--statements FILE] FILE...\n"
     "\n"
     "Plays each scenario file in a fresh folder and writes one line for it.\n"
     "  --backend  headless (the default): windows without a display; win32: real windows\n"
     "  --print    writes what each \"show\" line asks for, too\n"
     "  --keep     keeps the folders of the scenarios below DIR\n"
+    "  --statements\n"
+    "             writes every statement that is sent to FILE, a line each\n"
     "Exit status: 0 all passed, 1 some failed, 2 a file could not be read or is wrong.\n";
 
 struct Command {
@@ -65,6 +68,9 @@ Command ParseArguments(const std::vector<std::string>& arguments) {
             const std::string& folder = value();
             command.options.keep =
                 std::filesystem::absolute(std::u8string(folder.begin(), folder.end()));
+        } else if (word == "--statements") {
+            const std::string& file = value();
+            command.options.statements = std::u8string(file.begin(), file.end());
         } else {
             throw zv::script::ScriptError("unknown option " + word);
         }

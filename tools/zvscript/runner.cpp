@@ -1,9 +1,9 @@
 #include "runner.h"
 
-#include <fstream>
 #include <iterator>
 #include <random>
 
+#include "base/text.h"
 #include "playback.h"
 #include "stage.h"
 
@@ -45,7 +45,11 @@ class Folder {
 }  // namespace
 
 Runner::Runner(RunOptions options, std::function<void(const std::string&)> write)
-    : options_(std::move(options)), write_(std::move(write)) {}
+    : options_(std::move(options)), write_(std::move(write)) {
+    if (options_.statements.empty()) return;
+    statements_.open(options_.statements, std::ios::binary);
+    if (!statements_) throw ScriptError("the file of the statements cannot be written");
+}
 
 int Runner::Run(const std::vector<std::string>& files) {
     int passed = 0;
@@ -74,6 +78,11 @@ Runner::Outcome Runner::Play(const std::string& file) {
                         [&](forms::Form& form) { playback.RunInside(*playing, form); });
             playing = &stage;
             if (options_.print) stage.print = write_;
+            if (statements_.is_open()) {
+                stage.statements.watch = [this](const std::string& sql) {
+                    statements_ << text::Replace(sql, "\r\n", " ") << '\n';
+                };
+            }
             playback.Run(stage);
         }
         if (!playback.Failed()) {

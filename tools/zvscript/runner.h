@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <string>
 #include <vector>
@@ -12,8 +13,9 @@ namespace zv::script {
 
 struct RunOptions {
     BackendKind backend = BackendKind::Headless;
-    bool print = false;          ///< write what "show" asks for
-    std::filesystem::path keep;  ///< where the folders stay; empty: they are removed
+    bool print = false;                ///< write what "show" asks for
+    std::filesystem::path keep;        ///< where the folders stay; empty: they are removed
+    std::filesystem::path statements;  ///< a file that takes every statement; empty: none does
 };
 
 class Runner {
@@ -32,6 +34,7 @@ class Runner {
 
     RunOptions options_;
     std::function<void(const std::string&)> write_;
+    std::ofstream statements_;
     int folders_ = 0;
 };
 

@@ -30,6 +30,7 @@ void ScriptedStatements::Fail(int position, std::string text) {
 
 void ScriptedStatements::OnStatement(const std::string& sql) {
     lines.push_back(sql);
+    if (watch) watch(sql);
     Count();
 }
 

@@ -1,6 +1,7 @@
 // The database as a scenario arranges it: how connections are opened, and what is watched on them.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,6 +33,7 @@ class ScriptedStatements : public store::StatementObserver {
     void OnRowUpdate() override { Count(); }
 
     std::vector<std::string> lines;
+    std::function<void(const std::string&)> watch;  ///< sees each statement; may be empty
 
  private:
     void Count();

@@ -38,7 +38,8 @@ class Parser {
         bool aggregate = false;
         bool grouped = false;
         bool bareStar = false;
-        bool showsKey = false;  ///< a plain column fID is among the columns
+        std::vector<std::string> plainColumns;  ///< names of those that are nothing else
+        std::vector<std::string> aliases;       ///< given to columns, quoted
         std::string limit;
         std::vector<std::string> columns;
         Source source;
@@ -58,7 +59,9 @@ class Parser {
     std::string ParseTable(Source& source, bool first);
     std::string ParseTableName(std::string* plainName = nullptr);
     std::string ParseAlias();
-    std::string ParseOrder();
+    /// `mayCompute`: a term may be something else than what the select shows.
+    std::string ParseOrder(const Select& select, bool mayCompute);
+    bool ShowsKey(const Select& select) const;
     void UseWindowIndex(Select& select) const;
     static std::string Compose(const Select& select);
     Translation ParseInsert();

@@ -190,10 +190,16 @@ class PostgreSqlTarget final : public Target {
         result.sql = "(" + result.sql + ")";
         return result;
     }
-    // Nothing sorts before everything, as in the other engines.
-    std::string SortTerm(const Expression& term, bool descending) const override {
+    // Nothing sorts before everything, as in the other engines. A citext is folded for each
+    // comparison; folded once for each row, a hundred thousand titles sort several times faster.
+    std::string SortTerm(Expression term, bool descending, bool mayCompute) const override {
+        MakeValue(term);
+        if (term.literal) Become(term, Cast(term, "text"), ColumnKind::Text);
         std::string sql = term.sql;
-        if (term.literal) sql += "::citext";
+        if (term.kind == ColumnKind::Text) {
+            if (!mayCompute) FoldCase(term);
+            sql = mayCompute ? "lower(" + term.sql + ")" : term.sql;
+        }
         return sql + (descending ? " desc nulls last" : " nulls first");
     }
     std::string SubqueryName(int number) const override {
@@ -276,18 +282,18 @@ class PostgreSqlTarget final : public Target {
     std::string Now() const override { return "localtimestamp(0)"; }
     std::string Today() const override { return "current_date::timestamp"; }
 
-    // The range of a window holds its ends, whichever comes first; the conditions of the statement
-    // stay and leave out what the index finds beyond them.
+    // A window is a point: its first moment across, its last one up. The windows that meet the days
+    // lie left of the last day and above the first, which is a box for the index.
     WindowSearch SearchWindows(const std::string& alias, const std::string& first,
                                const std::string& last) const override {
-        const std::string start = alias + "\"tduring1\"";
-        const std::string end = alias + "\"tduring2\"";
-        const std::string& from = first < last ? first : last;
-        const std::string& until = first < last ? last : first;
+        const auto moment = [](const std::string& value) {
+            return "extract(epoch from " + value + ")::float8";
+        };
         return {{},
                 {},
-                "tsrange(least(" + start + "," + end + "),greatest(" + start + "," + end +
-                    "),'[]')&&tsrange(" + QuoteText(from) + "," + QuoteText(until) + ",'[]')"};
+                "point(" + moment(alias + "\"tduring1\"") + "," + moment(alias + "\"tduring2\"") +
+                    ")<@box(point('-infinity'," + moment(DateLiteral(first)) + "),point(" +
+                    moment(DateLiteral(last)) + ",'infinity'))"};
     }
     bool WeighsIndexes() const override { return true; }
 
@@ -304,6 +310,12 @@ class PostgreSqlTarget final : public Target {
 };
 
 }  // namespace
+
+std::string FindPostgreSqlWindowIndex() {
+    return "select indexname from pg_indexes where tablename='ttasklist' and"
+           " indexname='ttasklist_window' and indexdef like '%point%' and"
+           " schemaname=any(current_schemas(false))";
+}
 
 const Target& PostgreSql() {
     static const PostgreSqlTarget target;

@@ -42,4 +42,12 @@ ColumnKind SchemaInfo::KindOf(std::string_view column) const {
     return entry == kinds_.end() ? ColumnKind::Unknown : entry->second;
 }
 
+void SchemaInfo::AddKey(std::string_view table, std::string_view column) {
+    keys_.emplace(text::ToLower(table), text::ToLower(column));
+}
+
+bool SchemaInfo::IsKey(std::string_view table, std::string_view column) const {
+    return keys_.contains({text::ToLower(table), text::ToLower(column)});
+}
+
 }  // namespace zv::store::dialect

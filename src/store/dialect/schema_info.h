@@ -2,8 +2,10 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zv::store::dialect {
 
@@ -18,11 +20,16 @@ class SchemaInfo {
     /// however their types were declared.
     ColumnKind KindOf(std::string_view column) const;
 
+    /// `column` alone is the key of `table`. Compared without regard to case.
+    void AddKey(std::string_view table, std::string_view column);
+    bool IsKey(std::string_view table, std::string_view column) const;
+
     /// Whether the table of items carries the index over alert windows (window_index.h).
     bool hasWindowIndex = false;
 
  private:
     std::map<std::string, ColumnKind, std::less<>> kinds_;
+    std::set<std::pair<std::string, std::string>> keys_;
 };
 
 /// The kind that a declared type stands for.

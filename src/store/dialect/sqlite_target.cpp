@@ -68,7 +68,7 @@ class SqliteTarget final : public Target {
     Expression Concatenate(Expression left, Expression right) const override {
         return Combine(left, "||", right, Level::Join, Level::Join, ColumnKind::Text);
     }
-    std::string SortTerm(const Expression& term, bool descending) const override {
+    std::string SortTerm(Expression term, bool descending, bool) const override {
         return descending ? term.sql + " desc" : term.sql;
     }
     bool NumbersRows() const override { return true; }

@@ -53,11 +53,13 @@ std::string Parser::ParseSelect(Translation* translation) {
         select = ParseSelectCore();
     }
     if (united && !select.limit.empty()) Unexpected();
-    select.orderBy = ParseOrder();
 
     const bool writable = translation && !united && select.source.single &&
                           !select.source.firstTable.empty() && !select.distinct &&
                           !select.aggregate && !select.grouped;
+    // The rows of a table are distinct where its key is shown; engines do not look for that.
+    if (select.source.single && ShowsKey(select)) select.distinct = false;
+    select.orderBy = ParseOrder(select, !united && !select.distinct);
     if (writable) translation->table = select.source.firstTable;
     if (writable && target_.NumbersRows()) {
         const std::string key = select.source.firstAlias + ".\"rowid\"";
@@ -131,10 +133,13 @@ void Parser::ParseColumns(Select& select) {
             continue;
         }
         Expression column = ParseExpression();
-        if (text::EqualsIgnoreCase(column.column, "fID")) select.showsKey = true;
+        if (!column.column.empty()) select.plainColumns.push_back(column.column);
         target_.MakeColumn(column);
         std::string sql = column.sql;
-        if (const std::string alias = ParseAlias(); !alias.empty()) sql += " as " + alias;
+        if (const std::string alias = ParseAlias(); !alias.empty()) {
+            sql += " as " + alias;
+            select.aliases.push_back(alias);
+        }
         select.columns.push_back(std::move(sql));
     } while (AcceptSymbol(","));
 }
@@ -215,16 +220,24 @@ Parser::Source Parser::ParseFrom() {
     }
 }
 
-std::string Parser::ParseOrder() {
+bool Parser::ShowsKey(const Select& select) const {
+    return std::any_of(
+        select.plainColumns.begin(), select.plainColumns.end(),
+        [&](const std::string& name) { return schema_.IsKey(select.source.firstName, name); });
+}
+
+std::string Parser::ParseOrder(const Select& select, bool mayCompute) {
     if (!AcceptKeyword("order")) return {};
     ExpectKeyword("by");
     std::string sql;
     do {
         Expression term = ParseExpression();
-        target_.MakeColumn(term);
         const bool descending = AcceptKeyword("desc");
         if (!descending) AcceptKeyword("asc");
-        sql += (sql.empty() ? " order by " : ",") + target_.SortTerm(term, descending);
+        const bool alias = std::find(select.aliases.begin(), select.aliases.end(), term.sql) !=
+                           select.aliases.end();
+        sql += sql.empty() ? " order by " : ",";
+        sql += target_.SortTerm(std::move(term), descending, mayCompute && !alias);
     } while (AcceptSymbol(","));
     return sql;
 }
@@ -280,7 +293,13 @@ void Parser::UseWindowIndex(Select& select) const {
     if (!search.condition.empty()) select.where = search.condition + " and " + select.where;
     if (search.before.empty() || (select.bareStar && source.enclosed)) return;
     // Every row is in one class, so the join repeats none and a shown key keeps the rows distinct.
-    if (source.single && select.showsKey) select.distinct = false;
+    const auto isItemKey = [](const std::string& name) {
+        return text::EqualsIgnoreCase(name, "fID");
+    };
+    if (source.single &&
+        std::any_of(select.plainColumns.begin(), select.plainColumns.end(), isItemKey)) {
+        select.distinct = false;
+    }
     if (select.bareStar) {
         std::vector<std::string> all{alias + "*"};
         for (const std::string& other : source.otherAliases) all.push_back(other + ".*");

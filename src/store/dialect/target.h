@@ -61,7 +61,8 @@ class Target {
                                const Expression& right) const;
     virtual std::string Like(Expression left, Expression pattern, bool negated) const = 0;
     virtual Expression Concatenate(Expression left, Expression right) const = 0;
-    virtual std::string SortTerm(const Expression& term, bool descending) const = 0;
+    /// `mayCompute`: the term may be something else than what the select shows.
+    virtual std::string SortTerm(Expression term, bool descending, bool mayCompute) const = 0;
     /// Stands in for the name that a subquery was not given; empty when it needs none.
     virtual std::string SubqueryName(int) const { return {}; }
     /// Whether each row has a number "rowid" beside its columns.

@@ -1,5 +1,7 @@
 -- The tables of the system for SQL Server 2005 or later. The database's collation should compare
--- texts without regard to letter case (a collation whose name holds "_CI_").
+-- texts without regard to letter case (a collation whose name holds "_CI_"). Every table has a key,
+-- without which a recordset that follows changes cannot be opened on it; "rowkey" stands in where
+-- the rows have none of their own.
 
 create table [tTaskSet] (
   [TaskID]      int not null primary key,
@@ -41,7 +43,9 @@ create table [tTaskList] (
   [fOther5]   nvarchar(255)
 );
 create index [tTaskList_plan] on [tTaskList] ([TaskID], [taskTime]);
-create index [tTaskList_window] on [tTaskList] ([tDuring2], [tDuring1]);
+-- Holds all that the list of items shows, so that reading it does not touch the table.
+create index [tTaskList_window] on [tTaskList] ([tDuring2], [tDuring1])
+  include ([TaskID], [taskTitle], [taskTime], [tDone], [fType]);
 
 create table [cards] (
   [fID]       int identity(1,1) not null primary key,
@@ -66,13 +70,15 @@ create index [cards_code] on [cards] ([CompCode]);
 create index [cards_name] on [cards] ([CompName], [Name]);
 
 create table [tRsBasic] (
-  [fCode] nvarchar(50),
-  [fName] nvarchar(100)
+  [fCode]  nvarchar(50),
+  [fName]  nvarchar(100),
+  [rowkey] int identity(1,1) not null primary key
 );
 
 create table [Employees] (
   [employcode] nvarchar(50),
-  [employee]   nvarchar(100)
+  [employee]   nvarchar(100),
+  [rowkey]     int identity(1,1) not null primary key
 );
 
 create table [rptListDetail] (
@@ -81,7 +87,8 @@ create table [rptListDetail] (
   [FieldName_0] nvarchar(100),
   [FieldName_1] nvarchar(100),
   [FieldType]   smallint default 0,
-  [fieldID]     int
+  [fieldID]     int,
+  [rowkey]      int identity(1,1) not null primary key
 );
 
 create table [tSysFunc] (
@@ -91,5 +98,6 @@ create table [tSysFunc] (
   [Model_Name_1] nvarchar(100),
   [SecondPass]   nvarchar(50),
   [password]     nvarchar(50),
-  [NoUse_]       smallint default 0
+  [NoUse_]       smallint default 0,
+  [rowkey]       int identity(1,1) not null primary key
 );
