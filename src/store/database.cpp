@@ -32,7 +32,8 @@ bool Database::IsOpen() const {
 
 void Database::Close() {
     // Let go first: a connection that fails to close is of no further use.
-    if (const auto connection = std::move(connection_)) connection->Close();
+    const auto connection = std::move(connection_);
+    if (connection && connection->State() != Connection::kStateClosed) connection->Close();
 }
 
 int Database::Execute(const std::string& sql) {

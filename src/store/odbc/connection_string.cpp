@@ -103,16 +103,15 @@ ConnectionEntries PostgreSqlEntries(std::string_view path) {
 
 ConnectionEntries SqlServerEntries(std::string_view path) {
     const std::string driver = ChooseDriver(kSqlServerDrivers, "SQL Server");
-    const auto [host, port] = HostAndPort(path);
     ConnectionEntries entries;
     entries.Add("Driver", driver);
     if (text::EqualsIgnoreCase(driver, "FreeTDS")) {
+        const auto [host, port] = HostAndPort(path);
         entries.Add("Server", host);
         if (!port.empty()) entries.Add("Port", port);
         entries.Add("TDS_Version", "7.4");
     } else {
-        entries.Add("Server",
-                    port.empty() ? std::string(host) : std::string(host) + "," + std::string(port));
+        entries.Add("Server", SqlServerAddress(path));
     }
     return entries;
 }
@@ -279,6 +278,11 @@ OdbcOptions OptionsFor(const ConnectionSettings& settings) {
     return options;
 }
 
+std::string SqlServerAddress(std::string_view path) {
+    const auto [host, port] = HostAndPort(path);
+    return port.empty() ? std::string(host) : std::string(host) + "," + std::string(port);
+}
+
 std::string DisplayName(const ConnectionSettings& settings) {
     std::string_view path = text::Trim(settings.dataPath);
     if (IsOdbcConnectionString(path)) {
@@ -287,8 +291,12 @@ std::string DisplayName(const ConnectionSettings& settings) {
         if (name.empty()) name = entries.FirstOf(kPlaceNames);
         return name.empty() ? std::string(entries.Value("Driver")) : name;
     }
-    if (const std::size_t at = path.rfind('@'); at != std::string_view::npos) {
-        path.remove_prefix(at + 1);
+    if (text::ToLower(path).starts_with(kPostgreSql)) {
+        path.remove_prefix(kPostgreSql.size());
+        if (path.starts_with("//")) path.remove_prefix(2);
+        if (const std::size_t at = path.rfind('@'); at != std::string_view::npos) {
+            path.remove_prefix(at + 1);
+        }
     }
     return std::string(path);
 }

@@ -45,6 +45,9 @@ bool IsOdbcConnectionString(std::string_view dataPath);
 /// Throws CannotCreateObject when no driver for the server is installed.
 OdbcOptions OptionsFor(const ConnectionSettings& settings);
 
+/// "HOST:PORT" as SQL Server's drivers take it, "HOST,PORT"; anything else as it stands.
+std::string SqlServerAddress(std::string_view path);
+
 /// What messages may call the database of these settings: its server and database, never a login or
 /// a password.
 std::string DisplayName(const ConnectionSettings& settings);

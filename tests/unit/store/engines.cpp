@@ -20,6 +20,7 @@ constexpr std::array<EngineTraits, 3> kTraits{{
      .knowsItsColumns = true,
      .keepsNameCase = true,
      .keepsNulCharacters = true,
+     .takesRareCharactersInStatements = true,
      .foldsAllAlphabets = false},
     {.kind = EngineKind::SqliteOverOdbc,
      .name = "SqliteOverOdbc",
@@ -27,6 +28,7 @@ constexpr std::array<EngineTraits, 3> kTraits{{
      .knowsItsColumns = false,
      .keepsNameCase = true,
      .keepsNulCharacters = false,
+     .takesRareCharactersInStatements = false,
      .foldsAllAlphabets = false},
     {.kind = EngineKind::PostgreSql,
      .name = "PostgreSql",
@@ -34,6 +36,7 @@ constexpr std::array<EngineTraits, 3> kTraits{{
      .knowsItsColumns = true,
      .keepsNameCase = false,
      .keepsNulCharacters = false,
+     .takesRareCharactersInStatements = true,
      .foldsAllAlphabets = true},
 }};
 

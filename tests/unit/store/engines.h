@@ -26,6 +26,9 @@ struct EngineTraits {
     bool keepsNameCase;
     /// A text with a character 0 in it is kept whole.
     bool keepsNulCharacters;
+    /// A statement's text may hold characters beyond the first 65,536. The driver manager loses
+    /// them for drivers without wide functions.
+    bool takesRareCharactersInStatements;
     /// Texts outside ASCII compare without regard to case, too.
     bool foldsAllAlphabets;
 };
