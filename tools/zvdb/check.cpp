@@ -46,7 +46,9 @@ std::uint32_t BigEndian(const std::array<unsigned char, 100>& header, std::size_
            static_cast<std::uint32_t>(header[at + 2]) << 8 | header[at + 3];
 }
 
-/// What can be told of the file without the engine, which would only say that it is malformed.
+}  // namespace
+
+// The engine itself would only say that the file is malformed.
 void CheckFile(const std::string& path) {
     namespace fs = std::filesystem;
     const fs::path file(std::u8string(path.begin(), path.end()));
@@ -94,6 +96,8 @@ void CheckFile(const std::string& path) {
             throw FileError(std::string("the file cannot be read: ") + error.what());
     }
 }
+
+namespace {
 
 void CheckIntegrity(Engine& engine, std::vector<std::string>& problems) {
     Statement check(engine, "pragma integrity_check(20)");

@@ -25,6 +25,11 @@ struct Report {
     std::vector<std::string> problems;
 };
 
+/// Throws FileError for what can be told of a file before the engine opens it.
+void CheckFile(const std::string& path);
+/// The engine's error as a FileError.
+[[noreturn]] void ThrowFileError(const EngineError& error);
+
 /// The tables and columns that are missing, and the counts; does not look at the rows.
 Report CheckSchema(Engine& engine);
 

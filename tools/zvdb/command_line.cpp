@@ -6,7 +6,7 @@
 namespace zv::zvdb {
 
 const char kHelp[] =
-    R"(zvdb - makes, fills and checks embedded databases of the task manager
+    R"(zvdb - makes, fills, checks and moves databases of the task manager
 
   zvdb create FILE [--force]
       Creates an empty database with all tables.
@@ -18,12 +18,19 @@ const char kHelp[] =
   zvdb check FILE
       Tells the rows of each table, and everything that is wrong: damage, missing
       tables and columns, references to rows that are gone, values out of range.
+  zvdb import FROM TO [--dry-run] [--replace] [--quiet]
+      Copies all tables of an Access file or an embedded file into an embedded
+      file, compares counts and sums, and tells what did not fit. FROM is only
+      read. A TO that holds rows is refused without --replace.
 
+  --dry-run reads and judges everything, writes nothing
+  --replace empties the tables of TO first; all in one step with the import
   --force   replaces a FILE that is there; without it no file is ever overwritten
   --quiet   shows no progress
 
-Exit status: 0 all is well, 1 check found something wrong, 2 wrong arguments or a
-file that cannot be made or read.
+Exit status: 0 all is well, 1 check found something wrong, or an import is complete
+with remarks, 2 wrong arguments, a file that cannot be made or read, or an import
+that was not made: TO is as it was.
 )";
 
 namespace {
@@ -51,7 +58,31 @@ Command CommandNamed(const std::string& name) {
     if (name == "create") return Command::Create;
     if (name == "sample") return Command::Sample;
     if (name == "check") return Command::Check;
+    if (name == "import") return Command::Import;
     throw UsageError("there is no command \"" + name + "\"");
+}
+
+ImportCommand ParseImport(const std::vector<std::string>& arguments) {
+    ImportCommand command;
+    std::vector<std::string> names;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (argument == "--dry-run") {
+            command.dryRun = true;
+        } else if (argument == "--replace") {
+            command.replace = true;
+        } else if (argument == "--quiet") {
+            command.quiet = true;
+        } else if (argument.starts_with("--")) {
+            throw UsageError("\"import\" has no option \"" + argument + "\"");
+        } else {
+            names.push_back(argument);
+        }
+    }
+    if (names.size() != 2) throw UsageError("import wants two names, FROM and TO");
+    command.from = names[0];
+    command.to = names[1];
+    return command;
 }
 
 }  // namespace
@@ -64,6 +95,10 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
         if (argument == "--help" || argument == "-h") return line;
     }
     line.command = CommandNamed(arguments[0]);
+    if (line.command == Command::Import) {
+        line.import = ParseImport(arguments);
+        return line;
+    }
     const bool sample = line.command == Command::Sample;
     const bool writes = sample || line.command == Command::Create;
     for (std::size_t i = 1; i < arguments.size(); ++i) {

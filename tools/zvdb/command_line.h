@@ -5,11 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "zvdb/import/command.h"
 #include "zvdb/sample.h"
 
 namespace zv::zvdb {
 
-enum class Command { Help, Create, Sample, Check };
+enum class Command { Help, Create, Sample, Check, Import };
 
 struct CommandLine {
     Command command = Command::Help;
@@ -17,6 +18,7 @@ struct CommandLine {
     bool force = false;
     bool quiet = false;
     SampleOptions sample;
+    ImportCommand import;
 };
 
 class UsageError : public std::runtime_error {

@@ -2,9 +2,9 @@
 
 namespace zv::zvdb {
 
-Engine::Engine(const std::string& path) {
+Engine::Engine(const std::string& path, int flags) {
     sqlite3* handle = nullptr;
-    const int code = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr);
+    const int code = sqlite3_open_v2(path.c_str(), &handle, flags, nullptr);
     handle_.reset(handle);
     if (code != SQLITE_OK) {
         throw EngineError(code & 0xFF,
@@ -55,6 +55,11 @@ Statement& Statement::Bind(std::string_view text) {
     // An empty view may carry a null pointer, which the engine would take for NULL.
     Check(sqlite3_bind_text(handle_.get(), next_++, text.empty() ? "" : text.data(),
                             static_cast<int>(text.size()), SQLITE_STATIC));
+    return *this;
+}
+
+Statement& Statement::Bind(double number) {
+    Check(sqlite3_bind_double(handle_.get(), next_++, number));
     return *this;
 }
 

@@ -23,8 +23,8 @@ class EngineError : public std::runtime_error {
 
 class Engine {
  public:
-    /// Opens an existing file; never creates one.
-    explicit Engine(const std::string& path);
+    /// Opens an existing file; never creates one. `flags` as the engine knows them.
+    explicit Engine(const std::string& path, int flags = SQLITE_OPEN_READWRITE);
 
     void Run(const std::string& sql);
     /// First column of the first row, as text; empty without a row.
@@ -48,6 +48,7 @@ class Statement {
     Statement& Bind(std::int64_t number);
     /// The text must stay alive until Run or Step.
     Statement& Bind(std::string_view text);
+    Statement& Bind(double number);
     Statement& BindNull();
     /// Runs to the end and makes ready for the next row of parameters.
     void Run();
@@ -57,6 +58,7 @@ class Statement {
     bool IsNull(int column) const;
     std::int64_t Number(int column) const;
     std::string Text(int column) const;
+    sqlite3_stmt* Handle() const { return handle_.get(); }
 
  private:
     struct Finalize {

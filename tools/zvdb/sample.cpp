@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "store/schema/schema.h"
+#include "zvdb/indexes_aside.h"
 #include "zvdb/sample_parts.h"
 
 namespace zv::zvdb {
@@ -32,36 +33,6 @@ void RefuseWhileInUse(const std::string& path) {
         if (error.Code() == SQLITE_BUSY) throw;
     }
 }
-
-/// Takes the indexes off the tables for as long as rows pour in: making them once from sorted rows
-/// is several times faster, and leaves them compact.
-class IndexesAside {
- public:
-    explicit IndexesAside(Engine& engine) : engine_(engine) {
-        std::vector<std::string> names;
-        {
-            Statement indexes(engine,
-                              "select name,sql from sqlite_master where type='index' and sql is "
-                              "not null order by rowid");
-            while (indexes.Step()) {
-                names.push_back(indexes.Text(0));
-                statements_.push_back(indexes.Text(1));
-            }
-        }
-        for (const std::string& name : names) engine.Run("drop index \"" + name + "\"");
-    }
-    void MakeAgain(Progress& progress) {
-        progress.Begin("indexes", static_cast<int>(statements_.size()));
-        for (const std::string& statement : statements_) {
-            engine_.Run(statement);
-            progress.AdvanceSlowly();
-        }
-    }
-
- private:
-    Engine& engine_;
-    std::vector<std::string> statements_;
-};
 
 }  // namespace
 

@@ -68,6 +68,8 @@ int RunTool(const std::vector<std::string>& arguments, DateTime today, const Con
                 return Create(line, console);
             case Command::Check:
                 return Check(line, console);
+            case Command::Import:
+                return RunImport(line.import, console);
         }
         return kCannot;
     } catch (const UsageError& error) {

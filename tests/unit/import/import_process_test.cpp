@@ -1,0 +1,162 @@
+// Imports that something outside ends: a signal, a full disk, locks of other processes.
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <thread>
+
+#include "access_rows_file.h"
+#include "scratch.h"
+#include "zvdb/engine.h"
+
+namespace zv::zvdb {
+namespace {
+
+class ImportProcess : public Scratch {
+ protected:
+    /// Starts the program itself; what it says to stderr goes to the file "said".
+    pid_t Start(
+        const std::vector<std::string>& arguments, const std::function<void()>& before = [] {}) {
+        const std::string said = Path("said");
+        const pid_t child = fork();
+        if (child != 0) return child;
+        before();
+        const int file = open(said.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        dup2(file, STDERR_FILENO);
+        dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+        std::vector<char*> values{const_cast<char*>("zvdb")};
+        for (const std::string& argument : arguments) {
+            values.push_back(const_cast<char*>(argument.c_str()));
+        }
+        values.push_back(nullptr);
+        execv(ZV_ZVDB, values.data());
+        _exit(99);
+    }
+    static int StatusOf(pid_t child) {
+        int status = 0;
+        waitpid(child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
+    }
+    /// A process has a transaction open that writes: the lock that the engine has for it is taken.
+    bool IsBeingWritten(const std::string& name) const {
+        const int file = open(Path(name + "-shm").c_str(), O_RDWR);
+        if (file < 0) return false;
+        struct flock lock {};
+        lock.l_type = F_WRLCK;
+        lock.l_whence = SEEK_SET;
+        lock.l_start = 120;
+        lock.l_len = 1;
+        const bool taken = fcntl(file, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+        close(file);
+        return taken;
+    }
+    bool Exists(const std::string& name) const { return std::filesystem::exists(File(name)); }
+};
+
+TEST_F(ImportProcess, ASignalToEndLeavesNothingBehind) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        const pid_t child = Start({"import", Path("a.db"), Path("b.db")});
+        // The name under which it is filled is there as soon as the work is.
+        while (!Exists("b.db.zvdb-part") && !Exists("b.db")) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        kill(child, signal);
+        EXPECT_EQ(StatusOf(child), 2) << signal;
+        EXPECT_NE(Read("said").find("interrupted, nothing was imported"), std::string::npos)
+            << Read("said");
+        EXPECT_FALSE(Exists("b.db"));
+        EXPECT_FALSE(Exists("b.db.zvdb-part"));
+    }
+}
+
+TEST_F(ImportProcess, ASignalLeavesAPresentTargetAsItWas) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
+    ASSERT_EQ(RunZvdb({"sample", Path("b.db"), "--items", "50"}).status, 0);
+    const std::string before = Read("b.db");
+    const pid_t child = Start({"import", Path("a.db"), Path("b.db"), "--replace"});
+    while (!IsBeingWritten("b.db")) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        if (waitpid(child, nullptr, WNOHANG) == child) FAIL() << "over too soon";
+    }
+    kill(child, SIGTERM);
+    EXPECT_EQ(StatusOf(child), 2);
+    EXPECT_EQ(Engine(Path("b.db")).Number("select count(*) from tTaskList"), 50);
+    EXPECT_EQ(RunZvdb({"check", Path("b.db")}).status, 0);
+}
+
+TEST_F(ImportProcess, ADiskThatTakesNoMoreIsAnError) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "5000", "--quiet"}).status, 0);
+    const auto limit = [] {
+        const rlimit size{200000, 200000};
+        setrlimit(RLIMIT_FSIZE, &size);
+    };
+    EXPECT_EQ(StatusOf(Start({"import", Path("a.db"), Path("b.db"), "--quiet"}, limit)), 2);
+    EXPECT_NE(Read("said").find("no room"), std::string::npos) << Read("said");
+    EXPECT_FALSE(Exists("b.db"));
+    EXPECT_FALSE(Exists("b.db.zvdb-part"));
+
+    ASSERT_EQ(RunZvdb({"sample", Path("b.db"), "--items", "50"}).status, 0);
+    EXPECT_EQ(
+        StatusOf(Start({"import", Path("a.db"), Path("b.db"), "--replace", "--quiet"}, limit)), 2);
+    EXPECT_NE(Read("said").find("no room"), std::string::npos) << Read("said");
+    EXPECT_EQ(Engine(Path("b.db")).Number("select count(*) from tTaskList"), 50);
+    EXPECT_EQ(RunZvdb({"check", Path("b.db")}).status, 0);
+}
+
+TEST_F(ImportProcess, AnAccessFileThatIsLockedIsNamed) {
+    std::filesystem::copy_file(AccessFixture("taskAlert-2003.mdb"), File("a.mdb"));
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const std::string path = Path("a.mdb");
+    const pid_t holder = fork();
+    if (holder == 0) {
+        const int file = open(path.c_str(), O_RDWR);
+        struct flock lock {};
+        lock.l_type = F_WRLCK;
+        lock.l_whence = SEEK_SET;
+        const bool locked = fcntl(file, F_SETLK, &lock) == 0;
+        [[maybe_unused]] const auto told = write(ready[1], locked ? "y" : "n", 1);
+        pause();
+        _exit(0);
+    }
+    char answer = 0;
+    ASSERT_EQ(read(ready[0], &answer, 1), 1);
+    EXPECT_EQ(answer, 'y');
+    const Outcome import = RunZvdb({"import", path, Path("b.db")});
+    EXPECT_EQ(import.status, 2);
+    EXPECT_NE(import.err.find("another program has locked the file"), std::string::npos)
+        << import.err;
+    kill(holder, SIGKILL);
+    waitpid(holder, nullptr, 0);
+    close(ready[0]);
+    close(ready[1]);
+}
+
+TEST_F(ImportProcess, AFolderThatCannotBeWrittenIsNamed) {
+    if (geteuid() != 0) GTEST_SKIP() << "needs the right to take rights away";
+    std::filesystem::copy_file(AccessFixture("taskAlert-2003.mdb"), File("a.mdb"));
+    std::filesystem::create_directory(File("closed"));
+    std::filesystem::permissions(File("closed"), std::filesystem::perms(0555));
+    for (auto folder = File("a.mdb"); folder.has_relative_path(); folder = folder.parent_path()) {
+        std::error_code ignored;
+        std::filesystem::permissions(folder, std::filesystem::perms(0055),
+                                     std::filesystem::perm_options::add, ignored);
+    }
+    const int said = open(Path("said").c_str(), O_WRONLY | O_CREAT, 0666);
+    close(said);
+    std::filesystem::permissions(File("said"), std::filesystem::perms(0666));
+    const auto nobody = [] {
+        if (setgid(65534) != 0 || setuid(65534) != 0) _exit(98);
+    };
+    EXPECT_EQ(StatusOf(Start({"import", Path("a.mdb"), Path("closed/b.db")}, nobody)), 2);
+    EXPECT_NE(Read("said").find("cannot be created"), std::string::npos) << Read("said");
+}
+
+}  // namespace
+}  // namespace zv::zvdb

@@ -1,0 +1,66 @@
+#include "zvdb/import/import_report.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "zvdb/import/endpoint.h"
+#include "zvdb/import/system_tables.h"
+
+namespace zv::zvdb {
+namespace {
+
+std::string Printed(const ImportReport& report) {
+    std::ostringstream out;
+    report.Print(out);
+    return out.str();
+}
+
+TEST(ImportReport, EachKindIsALineWithItsRows) {
+    ImportReport report;
+    EXPECT_TRUE(report.IsEmpty());
+    report.Add(Weight::Remark, "t.c: long", "fID 3");
+    report.Add(Weight::Remark, "table x is missing");
+    report.Add(Weight::Remark, "t.c: long", "fID 9");
+    EXPECT_EQ(Printed(report),
+              "remark: t.c: long: fID 3, fID 9 (2 in all)\nremark: table x is missing\n");
+    EXPECT_FALSE(report.HasRefusals());
+    report.Add(Weight::Refusal, "t.d: wrong", "fID 1");
+    EXPECT_TRUE(report.HasRefusals());
+}
+
+TEST(ImportReport, AHundredRowsAreNamedAllAreCounted) {
+    ImportReport report;
+    for (int i = 1; i <= 250; ++i) report.Add(Weight::Refusal, "t.c: x", std::to_string(i));
+    const std::string text = Printed(report);
+    EXPECT_NE(text.find(", 100, ... (250 in all)"), std::string::npos) << text;
+    EXPECT_EQ(text.find("101"), std::string::npos);
+}
+
+TEST(SystemTables, AreThoseOfTheSchemaWithKindsSizesAndKeys) {
+    ASSERT_EQ(SystemTables().size(), 7U);
+    const TableRule* items = FindTable(SystemTables(), "TTASKLIST");
+    ASSERT_NE(items, nullptr);
+    EXPECT_TRUE(items->countsByItself);
+    ASSERT_EQ(items->columns.size(), 19U);
+    EXPECT_TRUE(items->columns[0].isKey);
+    EXPECT_EQ(items->columns[0].kind, ColumnKind::Whole32);
+    EXPECT_EQ(items->columns[2].size, 255U);
+    EXPECT_EQ(items->columns[3].size, 0U);
+    EXPECT_EQ(items->columns[4].kind, ColumnKind::Date);
+    EXPECT_EQ(items->columns[7].kind, ColumnKind::Whole16);
+    EXPECT_FALSE(FindTable(SystemTables(), "tTaskSet")->countsByItself);
+    EXPECT_EQ(FindTable(SystemTables(), "other"), nullptr);
+}
+
+TEST(Endpoint, AConnectionStringIsShownWithoutItsSecrets) {
+    const std::string text = "Driver=X;Server=host;Database=tasks;UID=me;PWD=secret";
+    EXPECT_TRUE(IsConnectionString(text));
+    EXPECT_EQ(ShownName(text), "Server=host;Database=tasks");
+    EXPECT_EQ(ShownName("PWD=secret"), "the server");
+    EXPECT_FALSE(IsConnectionString("tasks.db"));
+    EXPECT_FALSE(IsConnectionString("a/b=c.db"));
+}
+
+}  // namespace
+}  // namespace zv::zvdb

@@ -1,0 +1,109 @@
+#include "zvdb/import/embedded_source.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "zvdb/check.h"
+#include "zvdb/import/embedded_rows.h"
+
+namespace zv::zvdb {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool UsesLog(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    in.seekg(18);
+    return in.get() == 2;
+}
+
+bool HasPendingLog(fs::path file) {
+    file += "-wal";
+    std::error_code failed;
+    const auto size = fs::file_size(file, failed);
+    return !failed && size > 0;
+}
+
+[[noreturn]] void Throw(const EngineError& error) {
+    try {
+        ThrowFileError(error);
+    } catch (const FileError& readable) {
+        throw SourceError(readable.what());
+    }
+}
+
+/// The engine's errors while rows are read, as errors of the source.
+class SourceRows : public RowReader {
+ public:
+    SourceRows(Engine& engine, const std::string& table, const std::vector<std::string>& columns)
+        : rows_(engine, table, columns) {}
+    bool Next(std::vector<store::Value>& row) override {
+        try {
+            return rows_.Next(row);
+        } catch (const EngineError& error) {
+            Throw(error);
+        }
+    }
+    const std::vector<CellRemark>& Remarks() const override { return rows_.Remarks(); }
+
+ private:
+    EmbeddedRows rows_;
+};
+
+}  // namespace
+
+EmbeddedSource::EmbeddedSource(const std::string& path) {
+    try {
+        CheckFile(path);
+        Open(path);
+        ReadTables();
+    } catch (const FileError& error) {
+        throw SourceError(error.what());
+    } catch (const EngineError& error) {
+        Throw(error);
+    }
+}
+
+void EmbeddedSource::Open(const std::string& path) {
+    const fs::path file(std::u8string(path.begin(), path.end()));
+    // A file with a write-ahead log is opened for writing, so that the empty log which every reader
+    // makes goes away again; without one, opening for writing could finish somebody's broken-off
+    // change.
+    const bool log = UsesLog(file);
+    const bool pending = HasPendingLog(file);
+    engine_ = std::make_unique<Engine>(path, log ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
+    if (pending) {
+        // The last one to close would move the log into the file.
+        sqlite3_db_config(engine_->Handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    }
+    engine_->Run("pragma query_only=on");
+    // One snapshot for everything, whatever others write meanwhile.
+    engine_->Run("begin; select count(*) from sqlite_master");
+    const std::string damage = engine_->Text("pragma quick_check(1)");
+    if (damage != "ok") throw SourceError("the file is damaged: " + damage);
+}
+
+void EmbeddedSource::ReadTables() {
+    Statement names(*engine_,
+                    "select name from sqlite_master where type='table' and name not like "
+                    "'sqlite\\_%' escape '\\' order by rowid");
+    while (names.Step()) {
+        SourceTable& table = tables_.emplace_back();
+        table.name = names.Text(0);
+        table.rows = engine_->Number("select count(*) from " + QuotedName(table.name));
+        Statement columns(*engine_, "select name from pragma_table_info(?)");
+        columns.Bind(table.name);
+        while (columns.Step()) table.columns.push_back(columns.Text(0));
+    }
+}
+
+std::unique_ptr<RowReader> EmbeddedSource::Read(const SourceTable& table,
+                                                const std::vector<std::string>& columns) {
+    try {
+        return std::make_unique<SourceRows>(*engine_, table.name, columns);
+    } catch (const EngineError& error) {
+        Throw(error);
+    }
+}
+
+}  // namespace zv::zvdb

@@ -1,0 +1,32 @@
+// A file of the embedded engine as the source of an import.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "zvdb/engine.h"
+#include "zvdb/import/table_source.h"
+
+namespace zv::zvdb {
+
+class EmbeddedSource : public TableSource {
+ public:
+    /// Leaves the file's bytes as they are, and the write-ahead log that others left with them.
+    /// Throws SourceError.
+    explicit EmbeddedSource(const std::string& path);
+
+    std::string Kind() const override { return "embedded file"; }
+    bool IsEmbedded() const override { return true; }
+    const std::vector<SourceTable>& Tables() override { return tables_; }
+    std::unique_ptr<RowReader> Read(const SourceTable& table,
+                                    const std::vector<std::string>& columns) override;
+
+ private:
+    void Open(const std::string& path);
+    void ReadTables();
+
+    std::unique_ptr<Engine> engine_;
+    std::vector<SourceTable> tables_;
+};
+
+}  // namespace zv::zvdb

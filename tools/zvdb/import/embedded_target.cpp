@@ -1,0 +1,203 @@
+#include "zvdb/import/embedded_target.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "base/errors.h"
+#include "store/schema/schema.h"
+#include "zvdb/check.h"
+#include "zvdb/import/embedded_rows.h"
+#include "zvdb/import/interruption.h"
+
+namespace zv::zvdb {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path PathOf(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::vector<std::string> Names(const std::vector<ColumnRule>& columns) {
+    std::vector<std::string> names;
+    for (const ColumnRule& column : columns) names.push_back(column.name);
+    return names;
+}
+
+}  // namespace
+
+EmbeddedTarget::EmbeddedTarget(const std::string& path, Progress& progress)
+    : path_(path), progress_(progress), isNew_(!fs::exists(PathOf(path))) {
+    if (isNew_) {
+        const fs::path folder = PathOf(path).parent_path();
+        if (!folder.empty() && !fs::is_directory(folder)) {
+            throw TargetError("its folder does not exist");
+        }
+        return;
+    }
+    try {
+        CheckFile(path);
+        Guarded([&] {
+            engine_ = std::make_unique<Engine>(path);
+            const Report report = CheckSchema(*engine_);
+            if (!report.problems.empty()) throw TargetError(report.problems.front());
+        });
+    } catch (const FileError& error) {
+        throw TargetError(error.what());
+    }
+}
+
+EmbeddedTarget::~EmbeddedTarget() {
+    insert_.reset();
+    if (engine_ && sqlite3_get_autocommit(engine_->Handle()) == 0) {
+        sqlite3_exec(engine_->Handle(), "rollback", nullptr, nullptr, nullptr);
+    }
+    engine_.reset();
+    if (isNew_) RemovePart();
+}
+
+void EmbeddedTarget::RemovePart() {
+    std::error_code ignored;
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        fs::remove(PathOf(PartPath() + suffix), ignored);
+    }
+}
+
+void EmbeddedTarget::Fail(const EngineError& error) const {
+    switch (error.Code()) {
+        case SQLITE_INTERRUPT:
+            throw Interrupted();
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            throw TargetError("another program has the file open");
+        case SQLITE_FULL:
+            throw TargetError("there is no room for it on the disk");
+        case SQLITE_IOERR:
+            throw TargetError(
+                "the disk does not take it: no room, or a limit on the size of files");
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+        case SQLITE_CANTOPEN:
+            throw TargetError("the file cannot be written");
+        default:
+            throw TargetError(error.what());
+    }
+}
+
+TargetLimits EmbeddedTarget::Limits() const {
+    TargetLimits limits;
+    limits.strict = false;
+    limits.datesAreTexts = true;
+    return limits;
+}
+
+std::vector<std::pair<std::string, std::int64_t>> EmbeddedTarget::RowsPresent() {
+    std::vector<std::pair<std::string, std::int64_t>> present;
+    if (isNew_) return present;
+    Guarded([&] {
+        for (const auto& [table, rows] : CheckSchema(*engine_).counts) {
+            if (rows > 0) present.emplace_back(table, rows);
+        }
+    });
+    return present;
+}
+
+void EmbeddedTarget::CheckWritable() {
+    if (!isNew_) {
+        Guarded([&] { engine_->Run("begin immediate; rollback"); });
+        return;
+    }
+    RemovePart();
+    try {
+        store::CreateSqliteDatabase(PartPath());
+    } catch (const RuntimeError& error) {
+        throw TargetError(error.Text());
+    }
+    RemovePart();
+}
+
+void EmbeddedTarget::Begin() {
+    if (isNew_) {
+        try {
+            store::CreateSqliteDatabase(PartPath());
+        } catch (const RuntimeError& error) {
+            throw TargetError(error.Text());
+        }
+    }
+    Guarded([&] {
+        if (isNew_) {
+            engine_ = std::make_unique<Engine>(PartPath());
+            // A failure throws the file away, so there is nothing to go back to.
+            engine_->Run("pragma locking_mode=exclusive; pragma journal_mode=off");
+        }
+        engine_->Run("pragma cache_size=-65536");
+        sqlite3_progress_handler(
+            engine_->Handle(), 10000, [](void*) { return IsInterrupted() ? 1 : 0; }, nullptr);
+        engine_->Run("begin immediate");
+        indexes_.emplace(*engine_);
+        if (isNew_) return;
+        for (const TableRule& table : SystemTables()) {
+            engine_->Run("delete from " + QuotedName(table.name));
+            engine_->Run("delete from sqlite_sequence where name='" + table.name + "'");
+        }
+    });
+}
+
+void EmbeddedTarget::BeginTable(const TableRule& table, const std::vector<ColumnRule>& columns) {
+    std::string places;
+    for (std::size_t i = 0; i < columns.size(); ++i) places += i == 0 ? "?" : ",?";
+    Guarded([&] {
+        insert_.emplace(*engine_, "insert into " + QuotedName(table.name) + "(" +
+                                      QuotedList(Names(columns)) + ") values(" + places + ")");
+    });
+}
+
+void EmbeddedTarget::Bind(const store::Value& value) {
+    if (const std::string* text = value.TextIf()) {
+        insert_->Bind(*text);
+    } else if (const auto* number = std::get_if<std::int64_t>(&value.Data())) {
+        insert_->Bind(*number);
+    } else if (const auto* real = std::get_if<double>(&value.Data())) {
+        insert_->Bind(*real);
+    } else if (value.IsNull()) {
+        insert_->BindNull();
+    } else {
+        throw TargetError("a date came in another form than the file holds them");
+    }
+}
+
+void EmbeddedTarget::Add(const std::vector<store::Value>& row) {
+    Guarded([&] {
+        for (const store::Value& value : row) Bind(value);
+        insert_->Run();
+    });
+}
+
+void EmbeddedTarget::EndTable() {
+    insert_.reset();
+}
+
+void EmbeddedTarget::Finish() {
+    Guarded([&] { indexes_->MakeAgain(progress_); });
+}
+
+std::unique_ptr<RowReader> EmbeddedTarget::Read(const TableRule& table,
+                                                const std::vector<ColumnRule>& columns) {
+    return Guarded(
+        [&] { return std::make_unique<EmbeddedRows>(*engine_, table.name, Names(columns)); });
+}
+
+void EmbeddedTarget::Commit() {
+    Guarded([&] {
+        engine_->Run("commit");
+        if (isNew_) engine_->Run("pragma locking_mode=normal; pragma journal_mode=wal");
+    });
+    engine_.reset();
+    if (!isNew_) return;
+    if (fs::exists(PathOf(path_))) throw TargetError("somebody else made the file meanwhile");
+    std::error_code failed;
+    fs::rename(PathOf(PartPath()), PathOf(path_), failed);
+    if (failed) throw TargetError(failed.message());
+}
+
+}  // namespace zv::zvdb

@@ -1,0 +1,61 @@
+// A file of the embedded engine as the target of an import. A file that is not there yet is filled
+// under another name and renamed at the end; one that is there is filled in one transaction, so
+// that programs which have it open see all or nothing.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "zvdb/engine.h"
+#include "zvdb/import/table_target.h"
+#include "zvdb/indexes_aside.h"
+#include "zvdb/progress.h"
+
+namespace zv::zvdb {
+
+class EmbeddedTarget : public TableTarget {
+ public:
+    /// Throws TargetError when something is there that is no database of the system.
+    EmbeddedTarget(const std::string& path, Progress& progress);
+    ~EmbeddedTarget() override;
+
+    std::string Kind() const override { return isNew_ ? "new embedded file" : "embedded file"; }
+    bool IsEmbedded() const override { return true; }
+    TargetLimits Limits() const override;
+    const std::vector<TableRule>& Tables() override { return SystemTables(); }
+    std::vector<std::pair<std::string, std::int64_t>> RowsPresent() override;
+    void CheckWritable() override;
+
+    void Begin() override;
+    void BeginTable(const TableRule& table, const std::vector<ColumnRule>& columns) override;
+    void Add(const std::vector<store::Value>& row) override;
+    void EndTable() override;
+    void Finish() override;
+    std::unique_ptr<RowReader> Read(const TableRule& table,
+                                    const std::vector<ColumnRule>& columns) override;
+    void Commit() override;
+
+ private:
+    [[noreturn]] void Fail(const EngineError& error) const;
+    template <class Do>
+    auto Guarded(Do work) {
+        try {
+            return work();
+        } catch (const EngineError& error) {
+            Fail(error);
+        }
+    }
+    void Bind(const store::Value& value);
+    std::string PartPath() const { return path_ + ".zvdb-part"; }
+    void RemovePart();
+
+    std::string path_;
+    Progress& progress_;
+    bool isNew_;
+    std::unique_ptr<Engine> engine_;
+    std::optional<IndexesAside> indexes_;
+    std::optional<Statement> insert_;
+};
+
+}  // namespace zv::zvdb

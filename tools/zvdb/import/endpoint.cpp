@@ -1,0 +1,145 @@
+#include "zvdb/import/endpoint.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+
+#include "base/text.h"
+#include "zvdb/access/access_source.h"
+#include "zvdb/import/embedded_source.h"
+#include "zvdb/import/embedded_target.h"
+
+namespace zv::zvdb {
+namespace {
+
+namespace fs = std::filesystem;
+
+enum class Content { Missing, Folder, Special, Unreadable, Empty, Embedded, Access, Other };
+
+fs::path PathOf(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+Content ContentOf(const std::string& name) {
+    std::error_code failed;
+    const fs::path file = PathOf(name);
+    const fs::file_status status = fs::status(file, failed);
+    if (status.type() == fs::file_type::not_found) return Content::Missing;
+    if (fs::is_directory(status)) return Content::Folder;
+    if (!fs::is_regular_file(status)) return failed ? Content::Unreadable : Content::Special;
+    std::ifstream in(file, std::ios::binary);
+    if (!in) return Content::Unreadable;
+    std::array<char, 20> head{};
+    in.read(head.data(), head.size());
+    const std::string_view begin(head.data(), static_cast<std::size_t>(in.gcount()));
+    if (begin.empty()) return Content::Empty;
+    if (begin.starts_with(std::string_view("SQLite format 3\0", 16))) return Content::Embedded;
+    const std::string_view product = begin.substr(std::min<std::size_t>(4, begin.size()));
+    if (product.starts_with("Standard Jet DB") || product.starts_with("Standard ACE DB")) {
+        return Content::Access;
+    }
+    return Content::Other;
+}
+
+std::string Extension(const std::string& name) {
+    return text::ToLower(PathOf(name).extension().string());
+}
+
+bool IsAccessExtension(const std::string& extension) {
+    return extension == ".mdb" || extension == ".accdb" || extension == ".mde" ||
+           extension == ".accde";
+}
+
+}  // namespace
+
+bool IsConnectionString(const std::string& name) {
+    const auto equals = name.find('=');
+    if (equals == std::string::npos || equals == 0) return false;
+    const std::string_view key = std::string_view(name).substr(0, equals);
+    const bool isWord = std::all_of(key.begin(), key.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == ' ' || c == '_';
+    });
+    std::error_code failed;
+    return isWord && !fs::exists(PathOf(name), failed);
+}
+
+std::string ShownName(const std::string& name) {
+    if (!IsConnectionString(name)) return name;
+    std::string shown;
+    for (const std::string& entry : text::Split(name, ";")) {
+        const std::string key =
+            text::ToLower(std::string(text::Trim(entry.substr(0, entry.find('=')))));
+        if (key == "server" || key == "servername" || key == "dsn" || key == "database") {
+            shown += (shown.empty() ? "" : ";") + entry;
+        }
+    }
+    return shown.empty() ? "the server" : shown;
+}
+
+std::unique_ptr<TableSource> OpenSource(const std::string& name) {
+    if (IsConnectionString(name)) throw SourceError("servers are not read yet");
+    switch (ContentOf(name)) {
+        case Content::Missing:
+            throw SourceError("there is no such file");
+        case Content::Folder:
+            throw SourceError("this is a folder, not a database file");
+        case Content::Special:
+            throw SourceError("this is not a file");
+        case Content::Unreadable:
+            throw SourceError("the file cannot be read");
+        case Content::Empty:
+            throw SourceError("the file is empty");
+        case Content::Embedded:
+            return std::make_unique<EmbeddedSource>(name);
+        case Content::Access:
+            return OpenAccessFile(name);
+        case Content::Other:
+            break;
+    }
+    throw SourceError(IsAccessExtension(Extension(name))
+                          ? "this is not an Access file, or its head is damaged"
+                          : "this is neither an Access file nor an embedded database");
+}
+
+std::unique_ptr<TableTarget> OpenTarget(const std::string& name, Progress& progress) {
+    if (IsConnectionString(name)) throw TargetError("servers are not written yet");
+    const std::string extension = Extension(name);
+    switch (ContentOf(name)) {
+        case Content::Missing:
+            if (IsAccessExtension(extension)) {
+                throw TargetError("Access files are read, not written");
+            }
+            if (extension != ".db" && extension != ".db3" && extension != ".sqlite" &&
+                extension != ".sqlite3") {
+                throw TargetError(
+                    "a new embedded file ends in .db, .db3, .sqlite or .sqlite3; a server is "
+                    "named by a connection string");
+            }
+            return std::make_unique<EmbeddedTarget>(name, progress);
+        case Content::Embedded:
+            return std::make_unique<EmbeddedTarget>(name, progress);
+        case Content::Access:
+            throw TargetError("Access files are read, not written");
+        case Content::Folder:
+            throw TargetError("this is a folder, not a database file");
+        case Content::Unreadable:
+            throw TargetError("the file cannot be read");
+        case Content::Special:
+        case Content::Empty:
+        case Content::Other:
+            break;
+    }
+    throw TargetError("something else is there already, not an embedded database");
+}
+
+bool IsSameDatabase(const std::string& from, const std::string& to) {
+    if (IsConnectionString(from) != IsConnectionString(to)) return false;
+    if (IsConnectionString(from)) return from == to;
+    std::error_code failed;
+    return fs::equivalent(PathOf(from), PathOf(to), failed) && !failed;
+}
+
+}  // namespace zv::zvdb

@@ -1,0 +1,24 @@
+#include "zvdb/import/import_report.h"
+
+namespace zv::zvdb {
+
+void ImportReport::Add(Weight weight, const std::string& what, const std::string& row) {
+    if (weight == Weight::Refusal) ++refusals_;
+    const auto [place, isNew] = byText_.try_emplace(what, entries_.size());
+    if (isNew) entries_.push_back({weight, what, {}, 0});
+    Entry& entry = entries_[place->second];
+    if (row.empty()) return;
+    if (++entry.count <= kRowsShown) entry.rows += (entry.count > 1 ? ", " : "") + row;
+}
+
+void ImportReport::Print(std::ostream& out) const {
+    for (const Entry& entry : entries_) {
+        out << (entry.weight == Weight::Refusal ? "refused: " : "remark: ") << entry.what;
+        if (entry.count > 0) out << ": " << entry.rows;
+        if (entry.count > kRowsShown) out << ", ...";
+        if (entry.count > 1) out << " (" << entry.count << " in all)";
+        out << '\n';
+    }
+}
+
+}  // namespace zv::zvdb

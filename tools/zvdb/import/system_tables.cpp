@@ -1,0 +1,63 @@
+#include "zvdb/import/system_tables.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "base/text.h"
+#include "store/schema/schema.h"
+#include "zvdb/engine.h"
+
+namespace zv::zvdb {
+namespace {
+
+ColumnRule RuleOf(const std::string& name, const std::string& type) {
+    ColumnRule rule;
+    rule.name = name;
+    if (type == "smallint") {
+        rule.kind = ColumnKind::Whole16;
+    } else if (type == "integer") {
+        rule.kind = ColumnKind::Whole32;
+    } else if (type == "datetime") {
+        rule.kind = ColumnKind::Date;
+    } else if (const auto open = type.find('('); open != std::string::npos) {
+        std::from_chars(type.data() + open + 1, type.data() + type.size(), rule.size);
+    }
+    return rule;
+}
+
+std::vector<TableRule> ReadSchema() {
+    Engine engine(":memory:");
+    engine.Run(std::string(store::SqliteSchema()));
+    std::vector<TableRule> tables;
+    Statement names(engine,
+                    "select name,sql like '%autoincrement%' from sqlite_master where type='table' "
+                    "and name not like 'sqlite%' order by rowid");
+    while (names.Step()) {
+        TableRule& table = tables.emplace_back();
+        table.name = names.Text(0);
+        table.countsByItself = names.Number(1) != 0;
+        Statement columns(engine, "select name,lower(type),pk from pragma_table_info(?)");
+        columns.Bind(table.name);
+        while (columns.Step()) {
+            table.columns.push_back(RuleOf(columns.Text(0), columns.Text(1)));
+            table.columns.back().isKey = columns.Number(2) != 0;
+        }
+    }
+    return tables;
+}
+
+}  // namespace
+
+const std::vector<TableRule>& SystemTables() {
+    static const std::vector<TableRule> kTables = ReadSchema();
+    return kTables;
+}
+
+const TableRule* FindTable(const std::vector<TableRule>& tables, std::string_view name) {
+    const auto found = std::find_if(tables.begin(), tables.end(), [&](const TableRule& table) {
+        return text::EqualsIgnoreCase(table.name, name);
+    });
+    return found == tables.end() ? nullptr : &*found;
+}
+
+}  // namespace zv::zvdb

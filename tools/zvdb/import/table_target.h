@@ -1,0 +1,59 @@
+// Where an import writes to: an embedded file or a server.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/date_time.h"
+#include "zvdb/import/system_tables.h"
+#include "zvdb/import/table_source.h"
+
+namespace zv::zvdb {
+
+/// The target cannot be written; the text says why.
+class TargetError : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+/// What a target takes beyond the rules of the tables.
+struct TargetLimits {
+    /// Refuses what is longer or larger than the column is declared; otherwise it is kept whole.
+    bool strict = true;
+    bool datesAreTexts = false;
+    DateTime firstDate{100, 1, 1};
+    DateTime lastDate{9999, 12, 31, 23, 59, 59};
+};
+
+/// Nothing is to be seen of it before Commit; without Commit the target stays as it was.
+class TableTarget {
+ public:
+    virtual ~TableTarget() = default;
+    virtual std::string Kind() const = 0;
+    virtual bool IsEmbedded() const { return false; }
+    virtual TargetLimits Limits() const = 0;
+    /// The tables as the target has them. Throws TargetError when one is missing.
+    virtual const std::vector<TableRule>& Tables() = 0;
+    /// Tables that hold rows, with their number.
+    virtual std::vector<std::pair<std::string, std::int64_t>> RowsPresent() = 0;
+    /// Throws when writing cannot succeed; writes nothing.
+    virtual void CheckWritable() = 0;
+
+    /// Everything below throws TargetError.
+    virtual void Begin() = 0;
+    virtual void BeginTable(const TableRule& table, const std::vector<ColumnRule>& columns) = 0;
+    virtual void Add(const std::vector<store::Value>& row) = 0;
+    virtual void EndTable() = 0;
+    /// After the last table: indexes and counters.
+    virtual void Finish() = 0;
+    /// Rows as they will be after Commit.
+    virtual std::unique_ptr<RowReader> Read(const TableRule& table,
+                                            const std::vector<ColumnRule>& columns) = 0;
+    virtual void Commit() = 0;
+};
+
+}  // namespace zv::zvdb
