@@ -191,6 +191,7 @@ const Table& Session::FindTable(const std::string& name) {
     for (std::size_t i = 0; i < table.columns.size(); i++) {
         schema_.AddColumn(table.columns[i].name, table.typeNames[i]);
     }
+    if (table.key.size() == 1) schema_.AddKey(name, table.key.front());
     return tables_.emplace(key, std::move(table)).first->second;
 }
 
@@ -210,6 +211,9 @@ const dialect::SchemaInfo& Session::SchemaFor(const std::string& sql) {
         if (found.rows.Advance()) found.rows.Read(0, making);
         schema_.hasWindowIndex =
             dialect::SameStatement(making.ToText(), dialect::WindowIndexStatement());
+    }
+    if (facts_.server == Server::PostgreSql && tables_.empty()) {
+        schema_.hasWindowIndex = Run(dialect::FindPostgreSqlWindowIndex()).rows.Advance();
     }
     for (const std::string& name : TablesNamedIn(sql)) FindTable(name);
     return schema_;
