@@ -19,11 +19,14 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: zvscript [--backend headless|win32] [--print] [--keep DIR]\n"
+    "usage: zvscript [--backend headless|win32] [--engine NAME] [--print] [--keep DIR]\n"
     "                [--statements FILE] FILE...\n"
     "\n"
     "Plays each scenario file in a fresh folder and writes one line for it.\n"
     "  --backend  headless (the default): windows without a display; win32: real windows\n"
+    "  --engine   embedded (the default); sqlite-odbc: the same over ODBC; postgresql: a server "
+    "that\n"
+    "             the environment variable ZV_TEST_POSTGRESQL names\n"
     "  --print    writes what each \"show\" line asks for, too\n"
     "  --keep     keeps the folders of the scenarios below DIR\n"
     "  --statements\n"
@@ -62,6 +65,8 @@ Command ParseArguments(const std::vector<std::string>& arguments) {
             onlyFiles = true;
         } else if (word == "--backend") {
             command.options.backend = ToBackend(value());
+        } else if (word == "--engine") {
+            command.options.engine = value();
         } else if (word == "--print") {
             command.options.print = true;
         } else if (word == "--keep") {

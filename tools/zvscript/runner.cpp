@@ -45,7 +45,9 @@ class Folder {
 }  // namespace
 
 Runner::Runner(RunOptions options, std::function<void(const std::string&)> write)
-    : options_(std::move(options)), write_(std::move(write)) {
+    : options_(std::move(options)),
+      engine_(MakeScriptEngine(options_.engine)),
+      write_(std::move(write)) {
     if (options_.statements.empty()) return;
     statements_.open(options_.statements, std::ios::binary);
     if (!statements_) throw ScriptError("the file of the statements cannot be written");
@@ -74,7 +76,7 @@ Runner::Outcome Runner::Play(const std::string& file) {
         const Folder folder(MakeFolder(file), !options_.keep.empty());
         {
             Stage* playing = nullptr;
-            Stage stage(folder.Path(), options_.backend,
+            Stage stage(folder.Path(), options_.backend, *engine_,
                         [&](forms::Form& form) { playback.RunInside(*playing, form); });
             playing = &stage;
             if (options_.print) stage.print = write_;
@@ -85,6 +87,7 @@ Runner::Outcome Runner::Play(const std::string& file) {
             }
             playback.Run(stage);
         }
+        engine_->Clear();
         if (!playback.Failed()) {
             write_("ok " + file);
             return Outcome::Passed;

@@ -4,15 +4,18 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "backend_stand.h"
+#include "script_engine.h"
 
 namespace zv::script {
 
 struct RunOptions {
     BackendKind backend = BackendKind::Headless;
+    std::string engine = "embedded";   ///< see MakeScriptEngine
     bool print = false;                ///< write what "show" asks for
     std::filesystem::path keep;        ///< where the folders stay; empty: they are removed
     std::filesystem::path statements;  ///< a file that takes every statement; empty: none does
@@ -33,6 +36,7 @@ class Runner {
     std::filesystem::path MakeFolder(const std::string& file);
 
     RunOptions options_;
+    std::unique_ptr<ScriptEngine> engine_;
     std::function<void(const std::string&)> write_;
     std::ofstream statements_;
     int folders_ = 0;

@@ -1,8 +1,6 @@
 #include "scripted_database.h"
 
 #include "base/errors.h"
-#include "store/schema/schema.h"
-#include "store/sqlite/sqlite_connection.h"
 
 namespace zv::script {
 namespace {
@@ -20,7 +18,7 @@ std::unique_ptr<store::Connection> ScriptedOpener::Open(const store::ConnectionS
         failNext_ = false;
         throw RuntimeError(ErrorNumber::DatabaseFailure, "The scenario lets this opening fail");
     }
-    return store::OpenSqlite(ResolvedPath(files_, settings.dataPath));
+    return engine_.Open(ResolvedPath(files_, settings.dataPath));
 }
 
 void ScriptedStatements::Fail(int position, std::string text) {
@@ -41,7 +39,7 @@ void ScriptedStatements::Count() {
 
 void HostDatabase::Create(const std::string& path) {
     Use(path);
-    store::CreateSqliteDatabase(ResolvedPath(files_, path));
+    engine_.Create(ResolvedPath(files_, path));
 }
 
 void HostDatabase::Use(std::string path) {
@@ -53,11 +51,7 @@ store::Connection& HostDatabase::Open() {
     if (path_.empty()) {
         throw RuntimeError(ErrorNumber::FileNotFound, "no database: see the command database");
     }
-    if (!connection_) {
-        store::SqliteOptions options;
-        options.datesAsText = true;
-        connection_ = store::OpenSqlite(ResolvedPath(files_, path_), options);
-    }
+    if (!connection_) connection_ = engine_.OpenForHost(ResolvedPath(files_, path_));
     return *connection_;
 }
 

@@ -7,20 +7,23 @@
 #include <vector>
 
 #include "platform/scripted/scripted_machine.h"
+#include "script_engine.h"
 #include "store/connection_opener.h"
 #include "store/statement_log.h"
 
 namespace zv::script {
 
-/// Opens embedded databases, whatever kind is asked for.
+/// Opens databases of the scenarios' engine, whatever kind is asked for.
 class ScriptedOpener : public store::ConnectionOpener {
  public:
-    explicit ScriptedOpener(const platform::scripted::ScriptedFiles& files) : files_(files) {}
+    ScriptedOpener(const platform::scripted::ScriptedFiles& files, ScriptEngine& engine)
+        : files_(files), engine_(engine) {}
     void FailNext() { failNext_ = true; }
     std::unique_ptr<store::Connection> Open(const store::ConnectionSettings& settings) override;
 
  private:
     const platform::scripted::ScriptedFiles& files_;
+    ScriptEngine& engine_;
     bool failNext_ = false;
 };
 
@@ -45,7 +48,8 @@ class ScriptedStatements : public store::StatementObserver {
 /// The connection of the host application, apart from the control's.
 class HostDatabase {
  public:
-    explicit HostDatabase(const platform::scripted::ScriptedFiles& files) : files_(files) {}
+    HostDatabase(const platform::scripted::ScriptedFiles& files, ScriptEngine& engine)
+        : files_(files), engine_(engine) {}
     /// Makes an empty database with the full schema.
     void Create(const std::string& path);
     /// The file that later statements run on; it need not exist.
@@ -60,6 +64,7 @@ class HostDatabase {
     store::Connection& Open();
 
     const platform::scripted::ScriptedFiles& files_;
+    ScriptEngine& engine_;
     std::string path_;
     std::unique_ptr<store::Connection> connection_;
 };

@@ -7,11 +7,12 @@
 
 namespace zv::script {
 
-Stage::Stage(const std::filesystem::path& folder, BackendKind backend, ModalLoop loop)
+Stage::Stage(const std::filesystem::path& folder, BackendKind backend, ScriptEngine& engine,
+             ModalLoop loop)
     : machine(folder),
       settings(folder / "settings.ini"),
-      opener(machine.files),
-      host(machine.files),
+      opener(machine.files, engine),
+      host(machine.files, engine),
       stand(MakeStand(backend, dialogs, std::move(loop))),
       windows(stand->GetBackend()),
       session(machine.machine, settings, opener, windows, &statements),

@@ -24,7 +24,8 @@ namespace zv::script {
 
 class Stage {
  public:
-    Stage(const std::filesystem::path& folder, BackendKind backend, ModalLoop loop);
+    Stage(const std::filesystem::path& folder, BackendKind backend, ScriptEngine& engine,
+          ModalLoop loop);
     /// Unloads the windows that are left; what they ask is cancelled.
     ~Stage();
 

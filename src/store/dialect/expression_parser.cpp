@@ -209,7 +209,7 @@ Expression Parser::ParsePrimary() {
         case TokenKind::Text:
             result.kind = ColumnKind::Text;
             result.literal = token.text;
-            result.sql = QuoteText(token.text);
+            result.sql = target_.TextLiteral(token.text);
             break;
         case TokenKind::Date:
             result.kind = ColumnKind::Date;

@@ -1,8 +1,10 @@
 // The embedded engine: dates are texts in stored form, a condition is a number, and operands of
 // any kind meet.
+#include <cstdint>
 #include <utility>
 
 #include "base/date_time.h"
+#include "base/text.h"
 #include "store/dialect/target.h"
 #include "store/dialect/targets.h"
 #include "store/dialect/window_index.h"
@@ -47,7 +49,7 @@ bool NeedsCollation(const Expression& a, const Expression& b) {
            b.column.empty();
 }
 
-class SqliteTarget final : public Target {
+class SqliteTarget : public Target {
  public:
     const char* Engine() const override { return "SQLite"; }
     std::string Name(const std::string& name) const override { return QuoteName(name); }
@@ -144,6 +146,33 @@ class SqliteTarget final : public Target {
 };
 
 }  // namespace
+
+// Outside of any literal, "[...]" is a name and nothing else.
+class SqliteOverOdbcTarget final : public SqliteTarget {
+ public:
+    std::string Name(const std::string& name) const override {
+        return text::Contains(name, "]") ? QuoteName(name) : '[' + name + ']';
+    }
+
+    std::string TextLiteral(const std::string& text) const override {
+        std::string codes;
+        bool basic = true;
+        for (std::size_t at = 0; at < text.size();) {
+            const char32_t character = text::NextCodePoint(text, at);
+            basic = basic && character <= kLastOfBasicPlane;
+            codes += (codes.empty() ? "" : ",") + std::to_string(std::uint32_t{character});
+        }
+        return basic ? QuoteText(text) : "char(" + codes + ")";
+    }
+
+ private:
+    static constexpr char32_t kLastOfBasicPlane = 0xFFFF;
+};
+
+const Target& SqliteOverOdbc() {
+    static const SqliteOverOdbcTarget target;
+    return target;
+}
 
 const Target& Sqlite() {
     static const SqliteTarget target;

@@ -60,7 +60,7 @@ std::string Parser::ParseSelect(Translation* translation) {
     // The rows of a table are distinct where its key is shown; engines do not look for that.
     if (select.source.single && ShowsKey(select)) select.distinct = false;
     select.orderBy = ParseOrder(select, !united && !select.distinct);
-    if (writable) translation->table = select.source.firstTable;
+    if (writable) translation->table = select.source.firstName;
     if (writable && target_.NumbersRows()) {
         const std::string key = select.source.firstAlias + ".\"rowid\"";
         Select keys = select;

@@ -36,6 +36,7 @@ class Target {
     virtual const char* Engine() const = 0;
 
     virtual std::string Name(const std::string& name) const = 0;
+    virtual std::string TextLiteral(const std::string& text) const { return QuoteText(text); }
     /// `stored`: "YYYY-MM-DD HH:MM:SS".
     virtual std::string DateLiteral(const std::string& stored) const = 0;
 

@@ -9,6 +9,9 @@ class Target;
 
 /// The embedded engine, 3.9 or later.
 const Target& Sqlite();
+/// The same engine behind its ODBC driver, which garbles characters beyond the basic plane in a
+/// statement, and which takes a quoted name that it does not know for a text.
+const Target& SqliteOverOdbc();
 /// PostgreSQL 12 or later, with the tables of schema/postgresql.sql: texts of the type citext,
 /// dates of the type timestamp, names in lower case.
 const Target& PostgreSql();

@@ -20,7 +20,7 @@ struct Translation {
     StatementKind kind = StatementKind::Select;
     std::string sql;
 
-    /// The table (quoted) whose rows a select shows when they can be written back: one table, no
+    /// The name of the table whose rows a select shows when they can be written back: one table, no
     /// grouping, no "distinct". Empty otherwise.
     std::string table;
     /// Two statements for an engine that numbers its rows; empty for others and without a table.

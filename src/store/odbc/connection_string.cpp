@@ -227,7 +227,9 @@ void ConnectionEntries::Remove(std::string_view name) {
 std::string ConnectionEntries::Text() const {
     std::string text;
     for (const auto& [name, value] : entries_) {
-        const bool braces = value.find_first_of("[]{}(),;?*=!@ ") != std::string::npos ||
+        // Not every driver reads braces, so they stand only where nothing else will do.
+        const bool braces = value.find_first_of("[]{}(),;?*=!@") != std::string::npos ||
+                            value.starts_with(' ') || value.ends_with(' ') ||
                             text::EqualsIgnoreCase(name, "Driver");
         text += name + "=";
         text += braces ? "{" + text::Replace(value, "}", "}}") + "}" : value;

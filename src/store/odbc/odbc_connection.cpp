@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "base/errors.h"
-#include "base/text.h"
 #include "store/odbc/keyset_recordset.h"
 #include "store/odbc/reading_recordset.h"
 #include "store/odbc/session.h"
@@ -35,7 +34,7 @@ class OdbcConnection final : public Connection {
         if (translation->kind != dialect::StatementKind::Select) ThrowNoRows(" at character 1");
         if (lock != LockType::ReadOnly && !translation->table.empty()) {
             return std::make_unique<KeysetRecordset>(session_, translation->sql,
-                                                     PlainName(translation->table));
+                                                     translation->table);
         }
         Result result = session_->Run(translation->sql);
         if (result.columns.empty()) ThrowNoRows("");
@@ -46,11 +45,6 @@ class OdbcConnection final : public Connection {
     [[noreturn]] static void ThrowNoRows(const std::string& place) {
         throw RuntimeError(ErrorNumber::DatabaseStatement, "the statement yields no rows" + place,
                            kErrorSource);
-    }
-    /// Without the quotes that the translation gives it.
-    static std::string PlainName(const std::string& table) {
-        if (table.size() < 2 || table.front() != '"') return table;
-        return text::Replace(table.substr(1, table.size() - 2), "\"\"", "\"");
     }
 
     std::shared_ptr<Session> session_;

@@ -9,6 +9,7 @@
 #include "store/dialect/lexer.h"
 #include "store/dialect/targets.h"
 #include "store/dialect/window_index.h"
+#include "store/odbc/written_names.h"
 
 namespace zv::store::odbc {
 namespace {
@@ -77,7 +78,7 @@ dialect::Translation TranslationFor(const std::string& sql, Server server,
                                     const dialect::SchemaInfo& schema) {
     switch (server) {
         case Server::Sqlite:
-            return dialect::Translate(sql, schema);
+            return dialect::Translate(sql, schema, dialect::SqliteOverOdbc());
         case Server::PostgreSql:
             return dialect::Translate(sql, schema, dialect::PostgreSql());
         default:
@@ -171,9 +172,19 @@ void Session::CheckOpen() const {
 }
 
 Result Session::Run(const std::string& sql, std::vector<Parameter> parameters, bool asStored) {
-    return Do([sql, parameters = std::move(parameters),
-               asStored](Link& link) { return link.Run(sql, parameters, asStored); },
-              options_.statementLimit);
+    try {
+        return Do([sql, parameters = std::move(parameters),
+                   asStored](Link& link) { return link.Run(sql, parameters, asStored); },
+                  options_.statementLimit);
+    } catch (const RuntimeError& error) {
+        const bool ofNames = error.Number() == ErrorNumber::DatabaseTable ||
+                             error.Number() == ErrorNumber::DatabaseColumn;
+        const auto sent = std::find_if(translations_.begin(), translations_.end(),
+                                       [&](const auto& entry) { return entry.second->sql == sql; });
+        if (!ofNames || sent == translations_.end()) throw;
+        throw RuntimeError(error.Number(), WithNamesAsWritten(error.Text(), sent->first),
+                           error.Source(), error.Code());
+    }
 }
 
 std::vector<Column> Session::Describe(const std::string& sql) {

@@ -1,5 +1,4 @@
-// The tables of the system for the embedded engine. The scripts beside this file make the same
-// tables in Access and in SQL Server.
+// The tables of the system, for each engine. The script for Access beside this file is for people.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +10,10 @@ namespace zv::store {
 /// Marks a file of the embedded engine as one of ours (the header field "application id").
 inline constexpr std::int32_t kApplicationId = 0x7A764442;
 
-/// The text of sqlite.sql.
+/// The scripts beside this file, whole.
 std::string_view SqliteSchema();
+std::string_view PostgreSqlSchema();
+std::string_view SqlServerSchema();
 
 /// Makes a new database file with empty tables (UTF-8 path). Throws RuntimeError: error 58 when
 /// something of that name exists, DatabaseFailure with reason and path when the file cannot be

@@ -137,7 +137,7 @@ void KeysetRecordset::Insert() {
         names += (names.empty() ? "" : ",") + dialect::QuoteName(columns_.Name(column));
         places += places.empty() ? "?" : ",?";
     }
-    const std::string target = "insert into " + translation_->table;
+    const std::string target = "insert into " + dialect::QuoteName(translation_->table);
     Statement insert =
         session_->Prepare(changes_.empty() ? target + " default values"
                                            : target + "(" + names + ") values(" + places + ")",
@@ -164,9 +164,10 @@ void KeysetRecordset::Write() {
         // Only an exact comparison notices a change of letter case.
         unchanged += " and " + name + " collate binary is ?";
     }
-    Statement update = session_->Prepare(
-        "update " + translation_->table + " set " + assignments + " where \"rowid\"=?" + unchanged,
-        source_);
+    Statement update =
+        session_->Prepare("update " + dialect::QuoteName(translation_->table) + " set " +
+                              assignments + " where \"rowid\"=?" + unchanged,
+                          source_);
     int parameter = 1;
     for (const auto& [column, value] : changes_) update.Bind(parameter++, value);
     update.Bind(parameter++, keys_[at_]);

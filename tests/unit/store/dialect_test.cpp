@@ -4,6 +4,7 @@
 #include <random>
 
 #include "database_fixture.h"
+#include "store/dialect/targets.h"
 #include "store/dialect/translator.h"
 
 namespace zv::store {
@@ -436,6 +437,24 @@ TEST_F(DialectError, SurvivesDeepNesting) {
     std::string nots = "select 1 where ";
     for (int i = 0; i < 50000; i++) nots += "not ";
     EXPECT_EQ(Refused(nots + "1=1").Number(), ErrorNumber::DatabaseStatement);
+}
+
+// The ODBC driver for the embedded engine has two weaknesses that the door makes up for.
+TEST(DialectOverOdbc, NamesCannotBeTakenForTexts) {
+    EXPECT_EQ(dialect::Translate("select fID from tTaskList a where a.fID=1", {},
+                                 dialect::SqliteOverOdbc())
+                  .sql,
+              "select [fID] from [tTaskList] as [a] where [a].[fID]=1");
+}
+
+TEST(DialectOverOdbc, TextsBeyondTheBasicPlaneAreMadeFromTheirCodes) {
+    const auto where = [](const std::string& literal) {
+        return dialect::Translate("select fID from t where a='" + literal + "'", {},
+                                  dialect::SqliteOverOdbc())
+            .sql;
+    };
+    EXPECT_EQ(where("a😀"), "select [fID] from [t] where [a]=char(97,128512)");
+    EXPECT_EQ(where("任务"), "select [fID] from [t] where [a]='任务'");
 }
 
 }  // namespace
