@@ -3,14 +3,18 @@
 # started again. In the end the database must be sound, and nothing may be missing of what a user
 # was told is done.
 #
-#   ZV_NATIVE_BIN=FOLDER tests/torture/run.sh [SECONDS [DATABASE]]
+#   ZV_NATIVE_BIN=FOLDER tests/torture/run.sh [SECONDS [ENGINE]]
 #
-# DATABASE: a server's ODBC connection string, with empty tables; without it an embedded file is
-# made. Closes with "N passed, N failed".
+# ENGINE: embedded (the default), sqlite-odbc (the same file over ODBC), or postgresql, with a
+# server of its own for the time. Closes with "N passed, N failed".
 set -uo pipefail
 cd "$(dirname "$0")/../.."
 : "${ZV_NATIVE_BIN:?folder of the native programs}"
 seconds=${1:-30}
+engine=${2:-embedded}
+if [ "$engine" = postgresql ] && [ -z "${ZV_TORTURE_SERVER:-}" ]; then
+    ZV_TORTURE_SERVER=1 exec tests/server/postgresql.sh with "$PWD/tests/torture/run.sh" "$seconds" "$engine"
+fi
 work=$(mktemp -d)
 workers=(anna bert carl dora)
 declare -A pids=()
@@ -29,14 +33,16 @@ check() { # NAME COMMAND...
     tail -n 20 "$work/check.log"
 }
 
-if [ $# -gt 1 ]; then
-    database=$2
-    checking=(--to "$database")
+if [ "$engine" = postgresql ]; then
+    database=${ZV_TEST_POSTGRESQL:?}
+    checked=(--to "$database")
 else
-    database=$work/t.db
-    "$ZV_NATIVE_BIN/zvdb" create "$database" || exit 1
-    checking=("$database")
+    file=$work/t.db
+    checked=("$file")
+    database=$file
+    [ "$engine" = sqlite-odbc ] && database="Driver={SQLite3};Timeout=5000;Database=$file"
 fi
+"$ZV_NATIVE_BIN/zvdb" create "${checked[@]}" || exit 1
 "$ZV_NATIVE_BIN/zvTorture" prepare "$database" || exit 1
 
 starts=0
@@ -64,6 +70,6 @@ done
 echo "$seconds s, ${#workers[@]} workers, $kills kills"
 check "every few seconds one was killed" test "$kills" -ge $((seconds / 6))
 check "nothing acknowledged is missing" "$ZV_NATIVE_BIN/zvTorture" verify "$database" "$work"/*.journal
-check "the database is sound" "$ZV_NATIVE_BIN/zvdb" check "${checking[@]}"
+check "the database is sound" "$ZV_NATIVE_BIN/zvdb" check "${checked[@]}"
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

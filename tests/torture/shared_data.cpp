@@ -1,5 +1,7 @@
 #include "shared_data.h"
 
+#include "store/odbc/connection_string.h"
+#include "store/odbc/odbc_connection.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::torture {
@@ -9,7 +11,11 @@ bool Target::IsServer() const {
 }
 
 std::unique_ptr<store::Connection> Target::Open() const {
-    return store::OpenSqlite(address);
+    if (!IsServer()) return store::OpenSqlite(address);
+    store::ConnectionSettings settings;
+    settings.kind = 1;
+    settings.dataPath = address;
+    return store::odbc::OpenOdbc(store::odbc::OptionsFor(settings));
 }
 
 std::string SharedTitle(int number) {
