@@ -5,6 +5,7 @@
 #include "connection_object.h"
 #include "database_file.h"
 #include "provider_connection.h"
+#include "store/odbc/connection_string.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::host {
@@ -28,7 +29,13 @@ store::ConnectionSettings ReadSettings(const Arguments& arguments, std::size_t f
 }  // namespace
 
 ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings) {
-    if (settings.kind >= 1) return OpenServer(settings);
+    if (settings.kind >= 1) {
+        if (!store::odbc::IsForOdbc(settings.dataPath)) return OpenServer(settings);
+        auto connection = win32::MakeCom<ConnectionObject>(
+            [settings] { return store::odbc::OpenOdbc(store::odbc::OptionsFor(settings)); },
+            ConnectionEntry("Data Source", store::odbc::DisplayName(settings)));
+        return ComPtr<IDispatch>(connection.Get());
+    }
     if (RecogniseDatabase(settings.dataPath) == DatabaseFile::Access) return OpenAccess(settings);
     const std::string& path = settings.dataPath;
     auto connection = win32::MakeCom<ConnectionObject>([path] { return store::OpenSqlite(path); },

@@ -25,7 +25,8 @@ class OpenerObject final : public DispatchObject<OpenerObject> {
 };
 
 /// Kind 0 (or less): an embedded database file or an Access file, told apart by its content; kind
-/// 1 or more: a server. Throws RuntimeError with the path and the reason.
+/// 1 or more: a server, over ODBC when the path says so (store/odbc/connection_string.h) and by ADO
+/// otherwise. Throws RuntimeError with the path and the reason.
 win32::ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings);
 
 }  // namespace zv::host

@@ -1,19 +1,25 @@
 #include "provider_connection.h"
 
 #include <array>
+#include <initializer_list>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/text.h"
 #include "base/win32/com_error.h"
 #include "open_errors.h"
 #include "store/ado/automation.h"
+#include "store/odbc/connection_string.h"
+#include "store/secrets.h"
 
 namespace zv::host {
 namespace {
 
 using win32::ComPtr;
 using win32::Variant;
+
+constexpr auto kPasswordNames = std::to_array<std::string_view>({"Password", "PWD"});
 
 // The newest first.
 constexpr std::array kAccessProviders = {L"Microsoft.ACE.OLEDB.16.0", L"Microsoft.ACE.OLEDB.15.0",
@@ -34,7 +40,9 @@ std::string ChooseProvider(std::span<const wchar_t* const> providers, std::strin
         "No data provider for " + std::string(kind) + " is installed (" + names + ").");
 }
 
-ComPtr<IDispatch> OpenAdo(const std::string& connectionString, std::string_view path) {
+/// `secrets` stay out of the text of an error.
+ComPtr<IDispatch> OpenAdo(const std::string& connectionString, std::string_view path,
+                          const std::vector<std::string>& secrets) {
     CLSID classId{};
     ComPtr<IDispatch> connection;
     HRESULT hr = CLSIDFromProgID(L"ADODB.Connection", &classId);
@@ -50,7 +58,8 @@ ComPtr<IDispatch> OpenAdo(const std::string& connectionString, std::string_view 
     try {
         store::ado::Call(*connection, open, {Variant(std::string_view(connectionString)).Get()});
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.Number(), CannotOpen(error.Number(), path, error.Text()).Text(),
+        const std::string reason = store::WithoutSecrets(error.Text(), secrets);
+        throw RuntimeError(error.Number(), CannotOpen(error.Number(), path, reason).Text(),
                            error.Source());
     }
     return connection;
@@ -70,24 +79,37 @@ ComPtr<IDispatch> OpenAccess(const store::ConnectionSettings& settings) {
     if (!settings.password.empty()) {
         entries += ConnectionEntry("Jet OLEDB:Database Password", settings.password);
     }
-    return OpenAdo(entries, settings.dataPath);
+    return OpenAdo(entries, settings.dataPath, {settings.password});
 }
 
 ComPtr<IDispatch> OpenServer(const store::ConnectionSettings& settings) {
-    const std::string provider = ChooseProvider(kServerProviders, settings.dataPath, "SQL Server");
-    std::string entries = "Provider=" + provider + ";";
-    entries += ConnectionEntry("Data Source", settings.dataPath);
-    if (!settings.database.empty()) {
+    const std::string name = store::odbc::DisplayName(settings);
+    const store::odbc::ConnectionEntries given(settings.dataPath);
+    const bool isWhole = given.Has("Provider");
+    std::string entries;
+    if (isWhole) {
+        entries = settings.dataPath + (text::Trim(settings.dataPath).ends_with(';') ? "" : ";");
+    } else {
+        entries = "Provider=" + ChooseProvider(kServerProviders, name, "SQL Server") + ";";
+        entries += ConnectionEntry("Data Source", settings.dataPath);
+    }
+    const auto holds = [&](std::initializer_list<std::string_view> names) {
+        return isWhole && given.HasAnyOf({names.begin(), names.size()});
+    };
+    if (!settings.database.empty() && !holds({"Initial Catalog", "Database"})) {
         entries += ConnectionEntry("Initial Catalog", settings.database);
     }
-    if (settings.login.empty()) {
-        // Without a login the user's own account is asked for.
-        entries += "Integrated Security=SSPI;";
-    } else {
-        entries += ConnectionEntry("User ID", settings.login);
-        entries += ConnectionEntry("Password", settings.password);
+    if (!holds({"User ID", "UID", "Integrated Security", "Trusted_Connection"})) {
+        if (settings.login.empty()) {
+            // Without a login the user's own account is asked for.
+            entries += "Integrated Security=SSPI;";
+        } else {
+            entries += ConnectionEntry("User ID", settings.login);
+            entries += ConnectionEntry("Password", settings.password);
+        }
     }
-    return OpenAdo(entries, settings.dataPath);
+    return OpenAdo(entries, name,
+                   {settings.login, settings.password, std::string(given.FirstOf(kPasswordNames))});
 }
 
 }  // namespace zv::host

@@ -13,6 +13,7 @@
 #include "recordset_object.h"
 #include "registration.h"
 #include "report/windows/print_object.h"
+#include "store/odbc/worker.h"
 
 namespace zv::host {
 namespace {
@@ -118,7 +119,9 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
 }
 
 STDAPI DllCanUnloadNow() {
-    return zv::host::liveObjects == 0 ? S_OK : S_FALSE;
+    // A thread that waits for a driver would return into nothing.
+    const bool idle = zv::host::liveObjects == 0 && zv::store::odbc::AbandonedThreads() == 0;
+    return idle ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {

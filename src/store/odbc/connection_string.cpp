@@ -40,6 +40,8 @@ constexpr auto kSourceNames = std::to_array<std::string_view>({"Driver", "DSN", 
 // What tells where a database is when no server is named.
 constexpr auto kPlaceNames = std::to_array<std::string_view>({"DSN", "FileDSN", "Database", "DBQ"});
 
+constexpr auto kProductNames = std::to_array<std::string_view>({"Driver", "Provider"});
+
 template <std::size_t Count>
 std::string ChooseDriver(const std::array<std::string_view, Count>& names, const char* product) {
     const std::vector<std::string> installed = InstalledDrivers();
@@ -242,6 +244,11 @@ bool IsOdbcConnectionString(std::string_view dataPath) {
     return ConnectionEntries(dataPath).HasAnyOf(kSourceNames);
 }
 
+bool IsForOdbc(std::string_view dataPath) {
+    return IsOdbcConnectionString(dataPath) ||
+           text::ToLower(text::Trim(dataPath)).starts_with(kPostgreSql);
+}
+
 OdbcOptions OptionsFor(const ConnectionSettings& settings) {
     OdbcOptions options;
     const std::string_view path = text::Trim(settings.dataPath);
@@ -287,11 +294,12 @@ std::string SqlServerAddress(std::string_view path) {
 
 std::string DisplayName(const ConnectionSettings& settings) {
     std::string_view path = text::Trim(settings.dataPath);
-    if (IsOdbcConnectionString(path)) {
-        const ConnectionEntries entries(path);
+    if (const ConnectionEntries entries(path);
+        entries.HasAnyOf(kSourceNames) || entries.Has("Provider")) {
         std::string name(entries.FirstOf(kServerNames));
         if (name.empty()) name = entries.FirstOf(kPlaceNames);
-        return name.empty() ? std::string(entries.Value("Driver")) : name;
+        if (name.empty()) name = entries.FirstOf(kProductNames);
+        return name;
     }
     if (text::ToLower(path).starts_with(kPostgreSql)) {
         path.remove_prefix(kPostgreSql.size());

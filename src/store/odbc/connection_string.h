@@ -36,6 +36,8 @@ class ConnectionEntries {
 
 /// Whether a data path is a whole connection string of ODBC: it names a driver or a data source.
 bool IsOdbcConnectionString(std::string_view dataPath);
+/// As above, or it names a PostgreSQL server: nothing that an OLE DB provider could open.
+bool IsForOdbc(std::string_view dataPath);
 
 /// Options to open a server by. The data path is
 ///   - a whole connection string ("Driver={…};Server=…", "DSN=…"): login, password and database are
@@ -48,8 +50,8 @@ OdbcOptions OptionsFor(const ConnectionSettings& settings);
 /// "HOST:PORT" as SQL Server's drivers take it, "HOST,PORT"; anything else as it stands.
 std::string SqlServerAddress(std::string_view path);
 
-/// What messages may call the database of these settings: its server and database, never a login or
-/// a password.
+/// What messages may call the database of these settings: its server, never a login or a password.
+/// Understands whole connection strings of OLE DB, too.
 std::string DisplayName(const ConnectionSettings& settings);
 
 }  // namespace zv::store::odbc

@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "store/odbc/odbc_connection.h"
+#include "store/secrets.h"
 
 namespace zv::store::odbc {
 namespace {
@@ -141,29 +142,6 @@ std::string CodeText(const ServerCode& code) {
     return " (SQLSTATE " + code.sqlState + ", code " + std::to_string(code.native) + ")";
 }
 
-bool IsWordCharacter(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-
-constexpr std::string_view kHidden = "***";
-
-void HideWords(std::string& text, const std::string& secret) {
-    // A secret of one or two characters would be found inside other words.
-    constexpr std::size_t kUnmistakable = 4;
-    for (std::size_t at = text.find(secret); at != std::string::npos;) {
-        const std::size_t end = at + secret.size();
-        const bool whole = (at == 0 || !IsWordCharacter(text[at - 1])) &&
-                           (end == text.size() || !IsWordCharacter(text[end]));
-        if (whole || secret.size() >= kUnmistakable) {
-            text.replace(at, secret.size(), kHidden);
-            at = text.find(secret, at + kHidden.size());
-        } else {
-            at = text.find(secret, end);
-        }
-    }
-}
-
 }  // namespace
 
 Diagnosis Diagnose(std::string sqlState, std::int32_t native, std::string_view driverText,
@@ -203,25 +181,6 @@ Diagnosis Diagnose(SQLSMALLINT kind, SQLHANDLE handle, bool connecting) {
         best.text = "the driver reports a failure without a reason";
     }
     return best;
-}
-
-std::string WithoutSecrets(std::string text, const std::vector<std::string>& secrets) {
-    for (const std::string_view name : {"pwd=", "password=", "uid=", "user=", "user id="}) {
-        for (std::size_t from = 0;;) {
-            const std::size_t at = text::ToLower(text).find(name, from);
-            if (at == std::string::npos) break;
-            const std::size_t start = at + name.size();
-            std::size_t end =
-                text.find_first_of(start < text.size() && text[start] == '{' ? "}" : "; \n", start);
-            if (end == std::string::npos) end = text.size();
-            text.replace(start, end - start, kHidden);
-            from = start + kHidden.size();
-        }
-    }
-    for (const std::string& secret : secrets) {
-        if (!secret.empty()) HideWords(text, secret);
-    }
-    return text;
 }
 
 RuntimeError ConnectError(const Diagnosis& diagnosis, const std::string& name,

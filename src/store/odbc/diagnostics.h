@@ -38,10 +38,6 @@ Diagnosis Diagnose(SQLSMALLINT kind, SQLHANDLE handle, bool connecting);
 Diagnosis Diagnose(std::string sqlState, std::int32_t native, std::string_view driverText,
                    bool connecting);
 
-/// `text` without each of `secrets`, and without what stands behind the names of secret entries
-/// (PWD=…) of a connection string.
-std::string WithoutSecrets(std::string text, const std::vector<std::string>& secrets);
-
 /// The error for a failure to connect to `name`.
 RuntimeError ConnectError(const Diagnosis& diagnosis, const std::string& name,
                           const std::vector<std::string>& secrets);

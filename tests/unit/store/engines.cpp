@@ -1,8 +1,13 @@
 #include "engines.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 #include <array>
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -53,6 +58,23 @@ class EmbeddedDatabase final : public TestDatabase {
     std::string path_;
 };
 
+/// The path as the driver understands it: under Wine the drivers are those of the machine around
+/// it.
+std::string DriverPath(const std::filesystem::path& path) {
+#ifdef _WIN32
+    using ToUnixPath = char*(CDECL*)(const wchar_t*);
+    const auto convert = reinterpret_cast<ToUnixPath>(
+        GetProcAddress(GetModuleHandleW(L"kernel32"), "wine_get_unix_file_name"));
+    if (convert) {
+        char* const converted = convert(path.c_str());
+        const std::string result = converted ? converted : "";
+        HeapFree(GetProcessHeap(), 0, converted);
+        return result;
+    }
+#endif
+    return Utf8(path);
+}
+
 std::string SqliteDriver() {
     for (const std::string& driver : odbc::InstalledDrivers()) {
         if (driver.starts_with("SQLite3")) return driver;
@@ -75,18 +97,18 @@ class OdbcDatabase : public TestDatabase {
 
 class SqliteOdbcDatabase final : public OdbcDatabase {
  public:
-    SqliteOdbcDatabase() : path_(Utf8(folder_ / u8"t.db")) { CreateSqliteDatabase(path_); }
+    SqliteOdbcDatabase() : path_(folder_ / u8"t.db") { CreateSqliteDatabase(Utf8(path_)); }
 
  private:
     odbc::OdbcOptions Options() const override {
         ConnectionSettings settings;
         settings.kind = 1;
-        settings.dataPath = "Driver={" + SqliteDriver() + "};Database=" + path_;
+        settings.dataPath = "Driver={" + SqliteDriver() + "};Database=" + DriverPath(path_);
         return odbc::OptionsFor(settings);
     }
 
     TemporaryFolder folder_;
-    std::string path_;
+    std::filesystem::path path_;
 };
 
 std::string ServerString() {

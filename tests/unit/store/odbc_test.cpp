@@ -5,6 +5,7 @@
 #include "store/odbc/diagnostics.h"
 #include "store/odbc/row_store.h"
 #include "store/odbc/worker.h"
+#include "store/secrets.h"
 
 namespace zv::store::odbc {
 namespace {
