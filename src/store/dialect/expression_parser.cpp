@@ -127,6 +127,7 @@ Expression Parser::ParseComparisonTail(Expression left) {
         Expression high = ParseAdditive();
         target_.Match(left, low);
         target_.Match(left, high);
+        target_.FoldCase(left);
         low.sql = At(low, Level::Add) + " and " + At(high, Level::Add);
         low.level = Level::Primary;
         return Test(left, no + " between ", low, Level::Compare, Level::Add);
@@ -139,7 +140,7 @@ Expression Parser::ParseIn(Expression left, bool negated) {
     ExpectSymbol("(");
     std::string list;
     if (IsKeyword("select")) {
-        target_.MakeColumn(left);
+        target_.MakeValue(left);
         list = ParseSelect(nullptr);
     } else {
         do {
@@ -148,6 +149,7 @@ Expression Parser::ParseIn(Expression left, bool negated) {
             list += (list.empty() ? "" : ",") + item.sql;
         } while (AcceptSymbol(","));
     }
+    target_.FoldCase(left);
     ExpectSymbol(")");
     Expression set;
     set.sql = "(" + list + ")";
@@ -336,6 +338,7 @@ Expression Parser::ParseCase() {
     std::vector<Expression*> alternatives;
     for (Expression& value : values) alternatives.push_back(&value);
     result.kind = target_.Unify(alternatives, result.kind);
+    if (compared) target_.FoldCase(*compared);
     result.sql = compared ? "case " + compared->sql : "case";
     for (std::size_t i = 0; i < tests.size(); i++) {
         result.sql += " when " + tests[i].sql + " then " + values[i].sql;

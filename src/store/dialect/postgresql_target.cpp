@@ -43,16 +43,6 @@ std::string Cast(const Expression& value, const char* type) {
     return At(value, Level::Primary) + "::" + type;
 }
 
-/// A column or a literal compares as it should; what is computed is told to.
-void FoldCase(Expression& value) {
-    if (value.kind != ColumnKind::Text || value.foldsCase || value.literal ||
-        !value.column.empty()) {
-        return;
-    }
-    Become(value, Cast(value, "citext"), ColumnKind::Text);
-    value.foldsCase = true;
-}
-
 /// A text literal becomes the number that is written in it.
 void TakeAsNumber(Expression& literal) {
     const std::string written(text::Trim(*literal.literal));
@@ -168,6 +158,15 @@ class PostgreSqlTarget final : public Target {
         return ColumnKind::Text;
     }
 
+    /// A column or a literal compares as it should; what is computed is told to.
+    void FoldCase(Expression& value) const override {
+        if (value.kind != ColumnKind::Text || value.foldsCase || value.literal ||
+            !value.column.empty()) {
+            return;
+        }
+        Become(value, Cast(value, "citext"), ColumnKind::Text);
+        value.foldsCase = true;
+    }
     Expression Compare(const Expression& left, std::string_view op,
                        const Expression& right) const override {
         Expression result = Target::Compare(left, op, right);

@@ -55,6 +55,12 @@ class SqliteTarget : public Target {
     std::string Name(const std::string& name) const override { return QuoteName(name); }
     std::string DateLiteral(const std::string& stored) const override { return QuoteText(stored); }
 
+    void FoldCase(Expression& value) const override {
+        if (value.kind != ColumnKind::Text || !value.column.empty() || value.foldsCase) return;
+        value.sql = At(value, Level::Primary) + " collate nocase";
+        value.level = Level::Primary;
+        value.foldsCase = true;
+    }
     Expression Compare(const Expression& left, std::string_view op,
                        const Expression& right) const override {
         Expression result = Target::Compare(left, op, right);

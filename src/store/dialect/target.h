@@ -58,6 +58,8 @@ class Target {
     /// Alternatives for one value; answers their kind, `usual` where nobody insists.
     virtual ColumnKind Unify(std::vector<Expression*>, ColumnKind usual) const { return usual; }
 
+    /// A text that several others are compared with.
+    virtual void FoldCase(Expression&) const {}
     virtual Expression Compare(const Expression& left, std::string_view op,
                                const Expression& right) const;
     virtual std::string Like(Expression left, Expression pattern, bool negated) const = 0;
