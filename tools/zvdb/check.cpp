@@ -3,8 +3,6 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
-#include <optional>
-#include <set>
 
 #include "base/text.h"
 
@@ -97,45 +95,28 @@ void CheckFile(const std::string& path) {
     }
 }
 
-namespace {
-
-void CheckIntegrity(Engine& engine, std::vector<std::string>& problems) {
-    Statement check(engine, "pragma integrity_check(20)");
-    while (check.Step()) {
-        const std::string text = check.Text(0);
-        if (text != "ok") problems.push_back("damaged file: " + text);
-    }
-}
-
-std::set<std::string> Columns(Engine& engine, const char* table) {
-    std::set<std::string> names;
-    Statement columns(engine, "select name from pragma_table_info(?)");
-    columns.Bind(table);
-    while (columns.Step()) names.insert(text::ToLower(columns.Text(0)));
-    return names;
-}
-
-}  // namespace
-
-void rules::Find(Engine& engine, std::vector<std::string>& problems, const std::string& what,
-                 const std::string& select) {
+void rules::Find(Inspected& database, std::vector<std::string>& problems, const std::string& what,
+                 const std::string& select, int keyColumns) {
     constexpr int kShown = 5;
     std::int64_t found = 0;
     std::string keys;
     // By key, so that the same file always gives the same answer.
-    Statement rows(engine, select + " order by 1");
-    while (rows.Step()) {
-        if (++found <= kShown) keys += (found > 1 ? ", " : "") + rows.Text(0);
+    const auto rows = database.Select(select + " order by 1");
+    while (rows->Next()) {
+        if (++found > kShown) continue;
+        for (int column = 0; column < keyColumns; column++) {
+            keys += (column > 0 ? "." : found > 1 ? ", " : "") + rows->Text(column);
+        }
     }
     if (found == 0) return;
     problems.push_back(what + ": " + keys +
                        (found > kShown ? ", ... (" + std::to_string(found) + " in all)" : ""));
 }
 
-Report CheckSchema(Engine& engine) {
+Report CheckSchema(Inspected& database) {
     Report report;
     for (const Table& table : Schema()) {
-        const auto columns = Columns(engine, table.name);
+        const auto columns = database.Columns(table.name);
         if (columns.empty()) {
             report.problems.push_back(std::string("table ") + table.name + " is missing");
             continue;
@@ -147,36 +128,43 @@ Report CheckSchema(Engine& engine) {
             }
         }
         report.counts.emplace_back(
-            table.name, engine.Number(std::string("select count(*) from ") + table.name));
+            table.name, database.Number(std::string("select count(*) from ") + table.name));
+    }
+    return report;
+}
+
+Report CheckSchema(Engine& engine) {
+    return CheckSchema(*InspectEmbedded(engine));
+}
+
+Report CheckContents(Inspected& database) {
+    Report report;
+    report.problems = database.Damage();
+    if (!report.problems.empty()) return report;
+    report = CheckSchema(database);
+    if (report.problems.empty()) {
+        rules::CheckPlans(database, report.problems);
+        rules::CheckItems(database, report.problems);
+        rules::CheckRegistry(database, report.problems);
     }
     return report;
 }
 
 Report CheckDatabase(const std::string& path) {
     CheckFile(path);
-    Report report;
     try {
         Engine engine(path);
         engine.Run("pragma query_only=on");
         // One snapshot for all the questions, so that a program at work cannot make them disagree.
         engine.Run("begin; select count(*) from sqlite_master");
-        CheckIntegrity(engine, report.problems);
-        if (!report.problems.empty()) return report;
-        report = CheckSchema(engine);
-        if (report.problems.empty()) {
-            rules::CheckPlans(engine, report.problems);
-            rules::CheckItems(engine, report.problems);
-            rules::CheckRegistry(engine, report.problems);
-        }
+        return CheckContents(*InspectEmbedded(engine));
     } catch (const EngineError& error) {
         // Pages may be damaged so badly that even the check for damage gives up.
         if (error.Code() == SQLITE_CORRUPT) {
-            report.problems.push_back(std::string("damaged file: ") + error.what());
-            return report;
+            return {{}, {std::string("damaged file: ") + error.what()}};
         }
         ThrowFileError(error);
     }
-    return report;
 }
 
 }  // namespace zv::zvdb

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "zvdb/engine.h"
+#include "zvdb/inspected.h"
 
 namespace zv::zvdb {
 
@@ -31,7 +32,11 @@ void CheckFile(const std::string& path);
 [[noreturn]] void ThrowFileError(const EngineError& error);
 
 /// The tables and columns that are missing, and the counts; does not look at the rows.
+Report CheckSchema(Inspected& database);
 Report CheckSchema(Engine& engine);
+
+/// Everything, on whatever engine.
+Report CheckContents(Inspected& database);
 
 /// Never writes to the file. Throws FileError.
 Report CheckDatabase(const std::string& path);
@@ -40,13 +45,14 @@ namespace rules {
 
 /// Each adds what it finds to `problems`; only called when the tables and columns that it reads
 /// are there.
-void CheckItems(Engine& engine, std::vector<std::string>& problems);
-void CheckPlans(Engine& engine, std::vector<std::string>& problems);
-void CheckRegistry(Engine& engine, std::vector<std::string>& problems);
+void CheckItems(Inspected& database, std::vector<std::string>& problems);
+void CheckPlans(Inspected& database, std::vector<std::string>& problems);
+void CheckRegistry(Inspected& database, std::vector<std::string>& problems);
 
-/// Adds "N <what>: <first few keys>" when `select` (its first column is the key) yields rows.
-void Find(Engine& engine, std::vector<std::string>& problems, const std::string& what,
-          const std::string& select);
+/// Adds "<what>: <first few keys> (N in all)" when `select` (its first columns are the key) yields
+/// rows.
+void Find(Inspected& database, std::vector<std::string>& problems, const std::string& what,
+          const std::string& select, int keyColumns = 1);
 
 }  // namespace rules
 

@@ -9,13 +9,6 @@
 namespace zv::zvdb::rules {
 namespace {
 
-/// True for rows whose `column` holds something that is not a date in the stored form. A text such
-/// as "2003-02-30" is turned into another day by the engine, which gives it away.
-std::string NotADate(const std::string& column) {
-    return column + " is not null and (typeof(" + column + ")<>'text' or datetime(" + column +
-           ") is null or datetime(" + column + ")<>" + column + ")";
-}
-
 /// Bytes of the text in a double-byte code page.
 std::size_t DoubleByteLength(std::string_view text) {
     std::size_t length = 0;
@@ -26,7 +19,7 @@ std::size_t DoubleByteLength(std::string_view text) {
 
 class PlanRow {
  public:
-    PlanRow(const Statement& row, std::vector<std::string>& problems)
+    PlanRow(const InspectedRows& row, std::vector<std::string>& problems)
         : row_(row), problems_(problems), key_(row.Text(0)) {}
 
     void Check() {
@@ -85,70 +78,74 @@ class PlanRow {
         }
     }
 
-    const Statement& row_;
+    const InspectedRows& row_;
     std::vector<std::string>& problems_;
     std::string key_;
 };
 
 }  // namespace
 
-void CheckPlans(Engine& engine, std::vector<std::string>& problems) {
-    Statement plans(engine,
-                    "select TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,taskMonth,taskday,"
-                    "TaskWeek,Type,TypeValue,SetMan,DoneMan from tTaskSet order by TaskID");
-    while (plans.Step()) PlanRow(plans, problems).Check();
-    Find(engine, problems, "plan numbers used more than once",
+void CheckPlans(Inspected& database, std::vector<std::string>& problems) {
+    const auto plans = database.Select(
+        "select TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,taskMonth,taskday,"
+        "TaskWeek,Type,TypeValue,SetMan,DoneMan from tTaskSet order by TaskID");
+    while (plans->Next()) PlanRow(*plans, problems).Check();
+    Find(database, problems, "plan numbers used more than once",
          "select TaskID from tTaskSet group by TaskID having count(*)>1");
-    Find(engine, problems, "plan titles used more than once",
+    Find(database, problems, "plan titles used more than once",
          "select taskTitle from tTaskSet where taskTitle<>'' group by taskTitle having count(*)>1");
 }
 
-void CheckItems(Engine& engine, std::vector<std::string>& problems) {
+void CheckItems(Inspected& database, std::vector<std::string>& problems) {
     // "not in" looks the numbers up in a list made once, whatever indexes the file has.
-    Find(engine, problems, "guest items without a card",
+    Find(database, problems, "guest items without a card",
          "select fID from tTaskList where fType=1 and "
          "coalesce(TaskID,0) not in (select fID from cards where fID is not null)");
     // A task that a user entered while a card was shown carries that card's number; one that was
     // made from a plan has no user.
-    Find(engine, problems, "task items whose plan is gone",
+    Find(database, problems, "task items whose plan is gone",
          "select fID from tTaskList where fType=0 and TaskID<>0 "
          "and TaskID not in (select TaskID from tTaskSet where TaskID is not null) "
          "and (coalesce(fUser,'')='' "
          "or TaskID not in (select fID from cards where fID is not null))");
-    Find(engine, problems, "items of an unknown kind (fType 0 to 2)",
+    Find(database, problems, "items of an unknown kind (fType 0 to 2)",
          "select fID from tTaskList where fType is null or fType not in (0,1,2)");
-    Find(engine, problems, "items in an unknown state (tDone 0 to 2)",
+    Find(database, problems, "items in an unknown state (tDone 0 to 2)",
          "select fID from tTaskList where tDone is null or tDone not in (0,1,2)");
-    Find(engine, problems, "items without a valid date",
-         "select fID from tTaskList where taskTime is null or " + NotADate("taskTime"));
-    Find(engine, problems, "items whose alert window is not made of dates",
-         "select fID from tTaskList where (" + NotADate("tDuring1") + ") or (" +
-             NotADate("tDuring2") + ") or (tDuring1 is null)<>(tDuring2 is null)");
-    Find(engine, problems, "items whose alert window ends before it begins",
+    Find(database, problems, "items without a valid date",
+         "select fID from tTaskList where taskTime is null or " + database.NotADate("taskTime"));
+    Find(database, problems, "items whose alert window is not made of dates",
+         "select fID from tTaskList where (" + database.NotADate("tDuring1") + ") or (" +
+             database.NotADate("tDuring2") +
+             ") or (tDuring1 is null and tDuring2 is not null) or (tDuring1 is not null and "
+             "tDuring2 is "
+             "null)");
+    Find(database, problems, "items whose alert window ends before it begins",
          "select fID from tTaskList where tDuring1>tDuring2");
-    Find(engine, problems, "items without a title",
-         "select fID from tTaskList where trim(coalesce(taskTitle,''))=''");
-    Find(engine, problems, "cards whose birthday is not a date",
-         "select fID from cards where " + NotADate("Birthday"));
-    Find(engine, problems, "card numbers used more than once",
+    Find(database, problems, "items without a title",
+         "select fID from tTaskList where ltrim(rtrim(coalesce(taskTitle,'')))=''");
+    Find(database, problems, "cards whose birthday is not a date",
+         "select fID from cards where " + database.NotADate("Birthday"));
+    Find(database, problems, "card numbers used more than once",
          "select fID from cards group by fID having count(*)>1");
 }
 
-void CheckRegistry(Engine& engine, std::vector<std::string>& problems) {
-    Find(engine, problems, "staff codes used more than once",
+void CheckRegistry(Inspected& database, std::vector<std::string>& problems) {
+    Find(database, problems, "staff codes used more than once",
          "select fCode from tRsBasic group by fCode having count(*)>1 union all "
          "select employcode from Employees group by employcode having count(*)>1");
-    Find(engine, problems, "staff without a name",
-         "select fCode from tRsBasic where trim(coalesce(fName,''))='' union all "
-         "select employcode from Employees where trim(coalesce(employee,''))=''");
-    Find(engine, problems, "modules without a position in the rights (SerialNo 1 to 350)",
+    Find(database, problems, "staff without a name",
+         "select fCode from tRsBasic where ltrim(rtrim(coalesce(fName,'')))='' union all "
+         "select employcode from Employees where ltrim(rtrim(coalesce(employee,'')))=''");
+    Find(database, problems, "modules without a position in the rights (SerialNo 1 to 350)",
          "select model_Name from tSysFunc where NoUse_=0 and "
          "(SerialNo is null or SerialNo not between 1 and 350)");
-    Find(engine, problems, "modules registered more than once",
+    Find(database, problems, "modules registered more than once",
          "select model_Name from tSysFunc where NoUse_=0 group by model_Name having count(*)>1");
-    Find(engine, problems, "fields with more than one caption",
-         "select fTable||'.'||FieldName from rptListDetail group by lower(fTable),lower(FieldName) "
-         "having count(*)>1");
+    Find(database, problems, "fields with more than one caption",
+         "select min(fTable),min(FieldName) from rptListDetail group by lower(fTable),"
+         "lower(FieldName) having count(*)>1",
+         2);
 }
 
 }  // namespace zv::zvdb::rules

@@ -101,7 +101,7 @@ TEST_F(PostgreSqlText, OperandsHaveOneType) {
     EXPECT_EQ(Condition("(tDone=1)=1"), R"(("tdone"=1)::integer=1)");
 }
 TEST_F(PostgreSqlText, TheTableOfAWritableSelectIsTold) {
-    EXPECT_EQ(Translate("select * from tTasklist", schema_, PostgreSql()).table, "\"ttasklist\"");
+    EXPECT_EQ(Translate("select * from tTasklist", schema_, PostgreSql()).table, "tTasklist");
     EXPECT_EQ(Translate("select distinct fID from tTasklist", schema_, PostgreSql()).table, "");
     EXPECT_EQ(Translate("select * from tTasklist", schema_, PostgreSql()).keySql, "");
 }
