@@ -4,32 +4,17 @@
 #include <set>
 #include <thread>
 
-#include "base/text.h"
 #include "scheduling/task_generation.h"
 
 namespace zv::torture {
 namespace {
 
 using forms::Answer;
-using mainwindow::frmTaskMain;
 using Clock = std::chrono::steady_clock;
 
 // A user's number of items, so that lists stay short and the marks stay within their 16 bits.
 constexpr std::size_t kMostItems = 12;
 constexpr auto kPause = std::chrono::milliseconds(5);
-constexpr std::int32_t kGreatestMarked = 32767;
-
-constexpr const char* kErrorStyle = "16|";
-
-/// "Z12" of a node's line "Z12|A1|image|text" whose text ends with the title.
-std::string KeyOf(const std::string& nodes, const std::string& title) {
-    for (const std::string& line : text::Split(nodes, "\n")) {
-        if (line.starts_with("Z") && line.ends_with("\t" + title)) {
-            return line.substr(0, line.find('|'));
-        }
-    }
-    return {};
-}
 
 }  // namespace
 
@@ -39,13 +24,13 @@ Worker::Worker(const Target& target, std::string name, const std::string& journa
     for (const Step& step : Journal::Read(journal)) {
         if (step.act == Act::Add) present.insert(step.title);
         if (step.act == Act::Remove) present.erase(step.title);
-        serial_++;
+        serial_ += 2;  // the most that a step takes
     }
     own_.assign(present.begin(), present.end());
     stage_.opener.open = [target](const store::ConnectionSettings&) { return target.Open(); };
     stage_.session.state.UserName = name_;
     stage_.session.state.SQLData = target.IsServer() ? 1 : 0;
-    stage_.Refresh(mainwindow::kManagerMode);
+    user_.emplace(stage_);
 }
 
 int Worker::Work(std::chrono::seconds time) {
@@ -103,16 +88,6 @@ bool Worker::Do(const Step& step) {
     return false;
 }
 
-bool Worker::Failed() const {
-    return std::any_of(stage_.dialogs.messages.begin(), stage_.dialogs.messages.end(),
-                       [](const std::string& line) { return line.starts_with(kErrorStyle); });
-}
-
-bool Worker::Said(const std::string& text) const {
-    return std::any_of(stage_.dialogs.messages.begin(), stage_.dialogs.messages.end(),
-                       [&](const std::string& line) { return text::Contains(line, text); });
-}
-
 std::string Worker::NewContent() {
     return name_ + "-content-" + std::to_string(++serial_);
 }
@@ -121,61 +96,36 @@ std::string Worker::RandomOf(const std::vector<std::string>& titles) {
     return titles[random_() % titles.size()];
 }
 
-void Worker::Filter(const std::string& beginning) {
-    frmTaskMain& window = *stage_.Window();
-    if (window.state.Editing()) stage_.user.Click(window.cmdAction[0]);
-    stage_.user.SelectTab(window.SSTab1, mainwindow::kFilterTab);
-    stage_.user.Type(window.txtTitle0, beginning + '%');
-    stage_.user.Click(window.cmdSeek);
-}
-
-bool Worker::Select(const std::string& title) {
-    const std::string key = KeyOf(stage_.Nodes(), title);
-    if (key.empty()) return false;
-    stage_.user.ClickNode(stage_.Window()->tvwTask, key);
-    return true;
-}
-
 bool Worker::AddItem(const Step& step) {
-    Filter(name_ + '-');
-    frmTaskMain& window = *stage_.Window();
-    stage_.user.Choose(window.menus.mnuTaskAdd);
-    stage_.user.Type(window.txtTitle2, step.title);
-    stage_.user.Type(window.txtTaskCon, step.content);
-    stage_.user.SetDate(window.DTPicker2, DateTime(2003, 3, 7));
-    stage_.user.Click(window.cmdSave);
-    return Said("[" + step.title + "]");
+    user_->Seek(name_ + '-');
+    user_->Add(step.title, step.content);
+    return user_->Said("[" + step.title + "]");
 }
 
 bool Worker::ChangeItem(const Step& step) {
-    Filter(step.title);
-    if (!Select(step.title)) return false;
-    frmTaskMain& window = *stage_.Window();
-    stage_.user.Choose(window.menus.mnuTaskChg);
-    stage_.user.Type(window.txtTaskCon, step.content);
+    user_->Seek(step.title);
+    if (!user_->Select(step.title)) return false;
+    user_->Change(step.content);
     // Somebody else may have stored the same item by now: the user decides.
     std::this_thread::sleep_for(std::chrono::milliseconds(random_() % 4));
     stage_.dialogs.answers = {random_() % 2 == 0 ? Answer::Yes : Answer::No, Answer::Ok};
-    stage_.user.Click(window.cmdSave);
-    return Said("[" + step.title + "]");
+    user_->Save();
+    return user_->Said("[" + step.title + "]");
 }
 
 bool Worker::CompleteItem(const Step& step) {
-    Filter(name_ + '-');
-    if (!Select(step.title)) return false;
-    frmTaskMain& window = *stage_.Window();
-    if (window.cboDone2.ListIndex() == mainwindow::kDone) return false;
-    stage_.dialogs.answers = {Answer::Ok};
-    stage_.windows.FromUser([&] { window.completion.SetItemState(0); });
-    return !Failed();
+    user_->Seek(name_ + '-');
+    if (!user_->Select(step.title)) return false;
+    if (stage_.Window()->cboDone2.ListIndex() == mainwindow::kDone) return false;
+    user_->Complete();
+    return !user_->SaidError();
 }
 
 bool Worker::RemoveItem(const Step& step) {
-    Filter(name_ + '-');
-    if (!Select(step.title)) return false;
-    stage_.dialogs.answers = {Answer::Ok};
-    stage_.user.Choose(stage_.Window()->menus.mnuTaskDel);
-    return !Failed() && KeyOf(stage_.Nodes(), step.title).empty();
+    user_->Seek(name_ + '-');
+    if (!user_->Select(step.title)) return false;
+    user_->Delete();
+    return !user_->SaidError() && !user_->Shows(step.title);
 }
 
 bool Worker::Generate() {

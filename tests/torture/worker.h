@@ -2,13 +2,14 @@
 #pragma once
 
 #include <chrono>
-#include <memory>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "journal.h"
 #include "shared_data.h"
+#include "stage/item_user.h"
 #include "stage/stage.h"
 
 namespace zv::torture {
@@ -23,7 +24,6 @@ class Worker {
     int Work(std::chrono::seconds time);
 
  private:
-    void Play(Act act);
     bool Do(const Step& step);
     bool AddItem(const Step& step);
     bool ChangeItem(const Step& step);
@@ -31,13 +31,6 @@ class Worker {
     bool RemoveItem(const Step& step);
     bool Generate();
 
-    /// Shows the items whose title begins so.
-    void Filter(const std::string& beginning);
-    /// The node of the item with that title, selected. False when the tree has none.
-    bool Select(const std::string& title);
-    bool Said(const std::string& text) const;
-    /// Something went wrong since the last step, as the user was told.
-    bool Failed() const;
     std::string NewContent();
     std::string RandomOf(const std::vector<std::string>& titles);
 
@@ -45,7 +38,8 @@ class Worker {
     Journal journal_;
     std::mt19937 random_;
     stage::Stage stage_;
-    std::vector<std::string> own_;  ///< titles of the own items as far as known
+    std::optional<stage::ItemUser> user_;  ///< once the stage knows the database
+    std::vector<std::string> own_;         ///< titles of the own items as far as known
     int serial_ = 0;
 };
 
