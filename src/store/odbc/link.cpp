@@ -269,6 +269,10 @@ Result Link::Run(const std::string& sql, const std::vector<Parameter>& parameter
 }
 
 std::vector<Column> Link::Describe(const std::string& sql) {
+    // This driver loses memory for every statement that is prepared and never run.
+    if (facts_.server == Server::PostgreSql) {
+        return Run("select * from (" + sql + ") as described limit 0", {}, false).columns;
+    }
     SQLHSTMT statement = PreparedFor(sql);
     SQLSMALLINT count = 0;
     try {
