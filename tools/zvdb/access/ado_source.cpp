@@ -19,7 +19,6 @@ using store::Recordset;
 using win32::ComPtr;
 using win32::Variant;
 
-constexpr std::int32_t kModeRead = 1;
 constexpr std::int32_t kSchemaTables = 20;
 // The newest first; which of them is there depends on the system and its width.
 constexpr const char* kProviders[] = {"Microsoft.ACE.OLEDB.16.0", "Microsoft.ACE.OLEDB.12.0",
@@ -54,13 +53,11 @@ ComPtr<IDispatch> Open(const std::string& path, std::string& provider) {
     std::string reason;
     for (const char* name : kProviders) {
         ComPtr<IDispatch> connection = NewConnection();
-        store::ado::Member mode(L"Mode");
         store::ado::Member open(L"Open");
         try {
-            store::ado::PutProperty(*connection, mode, Variant(kModeRead).Get());
-            const Variant text{std::string_view("Provider=" + std::string(name) +
-                                                ";Data Source=\"" + path + "\"")};
-            store::ado::Call(*connection, open, {text.Get()});
+            const std::string text =
+                "Provider=" + std::string(name) + ";Data Source=\"" + path + "\";Mode=Read";
+            store::ado::Call(*connection, open, {Variant(std::string_view(text)).Get()});
             provider = name;
             return connection;
         } catch (const RuntimeError& error) {

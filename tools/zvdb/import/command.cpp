@@ -39,18 +39,22 @@ class ImportRun {
 
  private:
     int Import() {
-        if (IsSameDatabase(command_.from, command_.to)) {
+        if (IsSameFile(command_.from, command_.to)) {
             throw TargetError("source and target are the same");
         }
         const InterruptionGuard guard;
         Progress progress(command_.quiet ? nullptr : &console_.err, console_.terminal);
         const auto source = OpenSource(command_.from);
         const auto target = OpenTarget(command_.to, progress);
+        const std::string identity = source->Identity();
+        if (!identity.empty() && identity == target->Identity()) {
+            throw TargetError("source and target are the same");
+        }
         RefuseWhenFilled(*target);
         console_.out << "from " << ShownName(command_.from) << ", " << source->Kind() << "\nto   "
                      << ShownName(command_.to) << ", " << target->Kind() << '\n';
         Importer importer(*source, *target, report_, progress);
-        importer.Run(command_.dryRun);
+        importer.Run(command_.dryRun, command_.replace);
         progress.Finish();
         return Tell(importer);
     }

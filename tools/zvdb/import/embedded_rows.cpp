@@ -21,7 +21,7 @@ std::string QuotedList(const std::vector<std::string>& names) {
 
 EmbeddedRows::EmbeddedRows(Engine& engine, const std::string& table,
                            const std::vector<std::string>& columns)
-    : statement_(engine, "select " + QuotedList(columns) + " from " + QuotedName(table)) {}
+    : statement_(engine, "select " + QuotedList(columns) + " from " + table) {}
 
 void EmbeddedRows::Read(int column, store::Value& value) {
     sqlite3_stmt* handle = statement_.Handle();

@@ -15,6 +15,7 @@ std::string QuotedList(const std::vector<std::string>& names);
 
 class EmbeddedRows : public RowReader {
  public:
+    /// `table` with its quotes.
     EmbeddedRows(Engine& engine, const std::string& table, const std::vector<std::string>& columns);
 
     bool Next(std::vector<store::Value>& row) override;

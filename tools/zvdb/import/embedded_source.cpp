@@ -52,10 +52,10 @@ class SourceRows : public RowReader {
 
 }  // namespace
 
-EmbeddedSource::EmbeddedSource(const std::string& path) {
+EmbeddedSource::EmbeddedSource(const std::string& path) : path_(path) {
     try {
         CheckFile(path);
-        Open(path);
+        Open();
         ReadTables();
     } catch (const FileError& error) {
         throw SourceError(error.what());
@@ -64,14 +64,14 @@ EmbeddedSource::EmbeddedSource(const std::string& path) {
     }
 }
 
-void EmbeddedSource::Open(const std::string& path) {
-    const fs::path file(std::u8string(path.begin(), path.end()));
+void EmbeddedSource::Open() {
+    const fs::path file(std::u8string(path_.begin(), path_.end()));
     // A file with a write-ahead log is opened for writing, so that the empty log which every reader
     // makes goes away again; without one, opening for writing could finish somebody's broken-off
     // change.
     const bool log = UsesLog(file);
     const bool pending = HasPendingLog(file);
-    engine_ = std::make_unique<Engine>(path, log ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
+    engine_ = std::make_unique<Engine>(path_, log ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
     if (pending) {
         // The last one to close would move the log into the file.
         sqlite3_db_config(engine_->Handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
@@ -100,7 +100,7 @@ void EmbeddedSource::ReadTables() {
 std::unique_ptr<RowReader> EmbeddedSource::Read(const SourceTable& table,
                                                 const std::vector<std::string>& columns) {
     try {
-        return std::make_unique<SourceRows>(*engine_, table.name, columns);
+        return std::make_unique<SourceRows>(*engine_, QuotedName(table.name), columns);
     } catch (const EngineError& error) {
         Throw(error);
     }

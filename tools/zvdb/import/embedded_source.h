@@ -16,15 +16,16 @@ class EmbeddedSource : public TableSource {
     explicit EmbeddedSource(const std::string& path);
 
     std::string Kind() const override { return "embedded file"; }
-    bool IsEmbedded() const override { return true; }
+    std::string EmbeddedFile() const override { return path_; }
     const std::vector<SourceTable>& Tables() override { return tables_; }
     std::unique_ptr<RowReader> Read(const SourceTable& table,
                                     const std::vector<std::string>& columns) override;
 
  private:
-    void Open(const std::string& path);
+    void Open();
     void ReadTables();
 
+    std::string path_;
     std::unique_ptr<Engine> engine_;
     std::vector<SourceTable> tables_;
 };

@@ -116,7 +116,7 @@ void EmbeddedTarget::CheckWritable() {
     RemovePart();
 }
 
-void EmbeddedTarget::Begin() {
+void EmbeddedTarget::Begin(bool replace) {
     if (isNew_) {
         try {
             store::CreateSqliteDatabase(PartPath());
@@ -128,25 +128,66 @@ void EmbeddedTarget::Begin() {
         if (isNew_) {
             engine_ = std::make_unique<Engine>(PartPath());
             // A failure throws the file away, so there is nothing to go back to.
-            engine_->Run("pragma locking_mode=exclusive; pragma journal_mode=off");
+            engine_->Run("pragma main.locking_mode=exclusive; pragma main.journal_mode=off");
         }
         engine_->Run("pragma cache_size=-65536");
+        if (!attached_.empty()) {
+            // Within a transaction nothing can be attached.
+            Statement attach(*engine_, "attach ? as source");
+            attach.Bind(attached_).Run();
+        }
         sqlite3_progress_handler(
             engine_->Handle(), 10000, [](void*) { return IsInterrupted() ? 1 : 0; }, nullptr);
         engine_->Run("begin immediate");
-        indexes_.emplace(*engine_);
-        if (isNew_) return;
+        if (!replace) return;
         for (const TableRule& table : SystemTables()) {
             engine_->Run("delete from " + QuotedName(table.name));
             engine_->Run("delete from sqlite_sequence where name='" + table.name + "'");
         }
     });
+    if (!RowsPresent().empty()) throw TargetError("somebody else filled it meanwhile");
+}
+
+bool EmbeddedTarget::Attach(const TableSource& source) {
+    attached_ = source.EmbeddedFile();
+    return !attached_.empty();
+}
+
+std::unique_ptr<RowReader> EmbeddedTarget::ReadAttached(const std::string& table,
+                                                        const std::vector<std::string>& columns) {
+    return Guarded([&] {
+        return std::make_unique<EmbeddedRows>(*engine_, "source." + QuotedName(table), columns);
+    });
+}
+
+void EmbeddedTarget::CopyAttached(const TableRule& table, const std::vector<ColumnRule>& columns,
+                                  const std::string& from, const std::vector<std::string>& names) {
+    // Without lists of columns, and with the same indexes at both ends, the engine moves the rows
+    // as they are stored.
+    const bool isWhole = Names(columns) == names && Names(columns) == Names(table.columns) &&
+                         Names(columns) == AttachedColumns(from);
+    const std::string to = "insert into main." + QuotedName(table.name);
+    const std::string source = " from source." + QuotedName(from);
+    Guarded([&] {
+        engine_->Run(isWhole ? to + " select *" + source
+                             : to + "(" + QuotedList(Names(columns)) + ") select " +
+                                   QuotedList(names) + source);
+    });
+}
+
+std::vector<std::string> EmbeddedTarget::AttachedColumns(const std::string& table) {
+    std::vector<std::string> columns;
+    Statement names(*engine_, "select name from pragma_table_info(?,'source')");
+    names.Bind(table);
+    while (names.Step()) columns.push_back(names.Text(0));
+    return columns;
 }
 
 void EmbeddedTarget::BeginTable(const TableRule& table, const std::vector<ColumnRule>& columns) {
     std::string places;
     for (std::size_t i = 0; i < columns.size(); ++i) places += i == 0 ? "?" : ",?";
     Guarded([&] {
+        if (!indexes_) indexes_.emplace(*engine_);
         insert_.emplace(*engine_, "insert into " + QuotedName(table.name) + "(" +
                                       QuotedList(Names(columns)) + ") values(" + places + ")");
     });
@@ -178,19 +219,22 @@ void EmbeddedTarget::EndTable() {
 }
 
 void EmbeddedTarget::Finish() {
-    Guarded([&] { indexes_->MakeAgain(progress_); });
+    if (indexes_) Guarded([&] { indexes_->MakeAgain(progress_); });
 }
 
 std::unique_ptr<RowReader> EmbeddedTarget::Read(const TableRule& table,
                                                 const std::vector<ColumnRule>& columns) {
-    return Guarded(
-        [&] { return std::make_unique<EmbeddedRows>(*engine_, table.name, Names(columns)); });
+    return Guarded([&] {
+        return std::make_unique<EmbeddedRows>(*engine_, QuotedName(table.name), Names(columns));
+    });
 }
 
 void EmbeddedTarget::Commit() {
     Guarded([&] {
         engine_->Run("commit");
-        if (isNew_) engine_->Run("pragma locking_mode=normal; pragma journal_mode=wal");
+        if (isNew_) {
+            engine_->Run("pragma main.locking_mode=normal; pragma main.journal_mode=wal");
+        }
     });
     engine_.reset();
     if (!isNew_) return;

@@ -27,7 +27,12 @@ class EmbeddedTarget : public TableTarget {
     std::vector<std::pair<std::string, std::int64_t>> RowsPresent() override;
     void CheckWritable() override;
 
-    void Begin() override;
+    void Begin(bool replace) override;
+    bool Attach(const TableSource& source) override;
+    std::unique_ptr<RowReader> ReadAttached(const std::string& table,
+                                            const std::vector<std::string>& columns) override;
+    void CopyAttached(const TableRule& table, const std::vector<ColumnRule>& columns,
+                      const std::string& from, const std::vector<std::string>& names) override;
     void BeginTable(const TableRule& table, const std::vector<ColumnRule>& columns) override;
     void Add(const std::vector<store::Value>& row) override;
     void EndTable() override;
@@ -49,10 +54,12 @@ class EmbeddedTarget : public TableTarget {
     void Bind(const store::Value& value);
     std::string PartPath() const { return path_ + ".zvdb-part"; }
     void RemovePart();
+    std::vector<std::string> AttachedColumns(const std::string& table);
 
     std::string path_;
     Progress& progress_;
     bool isNew_;
+    std::string attached_;
     std::unique_ptr<Engine> engine_;
     std::optional<IndexesAside> indexes_;
     std::optional<Statement> insert_;

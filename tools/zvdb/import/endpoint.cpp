@@ -8,9 +8,12 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "store/odbc/connection_string.h"
 #include "zvdb/access/access_source.h"
 #include "zvdb/import/embedded_source.h"
 #include "zvdb/import/embedded_target.h"
+#include "zvdb/import/server_source.h"
+#include "zvdb/import/server_target.h"
 
 namespace zv::zvdb {
 namespace {
@@ -55,32 +58,22 @@ bool IsAccessExtension(const std::string& extension) {
 
 }  // namespace
 
-bool IsConnectionString(const std::string& name) {
-    const auto equals = name.find('=');
-    if (equals == std::string::npos || equals == 0) return false;
-    const std::string_view key = std::string_view(name).substr(0, equals);
-    const bool isWord = std::all_of(key.begin(), key.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == ' ' || c == '_';
-    });
+bool IsServer(const std::string& name) {
     std::error_code failed;
-    return isWord && !fs::exists(PathOf(name), failed);
+    if (fs::exists(PathOf(name), failed)) return false;
+    return store::odbc::IsOdbcConnectionString(name) || name.starts_with("postgresql:");
 }
 
 std::string ShownName(const std::string& name) {
-    if (!IsConnectionString(name)) return name;
-    std::string shown;
-    for (const std::string& entry : text::Split(name, ";")) {
-        const std::string key =
-            text::ToLower(std::string(text::Trim(entry.substr(0, entry.find('=')))));
-        if (key == "server" || key == "servername" || key == "dsn" || key == "database") {
-            shown += (shown.empty() ? "" : ";") + entry;
-        }
-    }
-    return shown.empty() ? "the server" : shown;
+    if (!IsServer(name)) return name;
+    store::ConnectionSettings settings;
+    settings.kind = 1;
+    settings.dataPath = name;
+    return store::odbc::DisplayName(settings);
 }
 
 std::unique_ptr<TableSource> OpenSource(const std::string& name) {
-    if (IsConnectionString(name)) throw SourceError("servers are not read yet");
+    if (IsServer(name)) return std::make_unique<ServerSource>(name);
     switch (ContentOf(name)) {
         case Content::Missing:
             throw SourceError("there is no such file");
@@ -105,7 +98,7 @@ std::unique_ptr<TableSource> OpenSource(const std::string& name) {
 }
 
 std::unique_ptr<TableTarget> OpenTarget(const std::string& name, Progress& progress) {
-    if (IsConnectionString(name)) throw TargetError("servers are not written yet");
+    if (IsServer(name)) return std::make_unique<ServerTarget>(name);
     const std::string extension = Extension(name);
     switch (ContentOf(name)) {
         case Content::Missing:
@@ -135,9 +128,8 @@ std::unique_ptr<TableTarget> OpenTarget(const std::string& name, Progress& progr
     throw TargetError("something else is there already, not an embedded database");
 }
 
-bool IsSameDatabase(const std::string& from, const std::string& to) {
-    if (IsConnectionString(from) != IsConnectionString(to)) return false;
-    if (IsConnectionString(from)) return from == to;
+bool IsSameFile(const std::string& from, const std::string& to) {
+    if (IsServer(from) || IsServer(to)) return false;
     std::error_code failed;
     return fs::equivalent(PathOf(from), PathOf(to), failed) && !failed;
 }

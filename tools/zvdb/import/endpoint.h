@@ -10,10 +10,11 @@
 
 namespace zv::zvdb {
 
-/// "Driver=...;Server=..." and not the name of a file that is there.
-bool IsConnectionString(const std::string& name);
+/// Names a server, as the control's data path does: "postgresql:HOST", "Driver={...};Server=..." or
+/// "DSN=...", and not a file that is there.
+bool IsServer(const std::string& name);
 
-/// How messages call it: a connection string without what must stay secret.
+/// How messages call it: never with a login or a password.
 std::string ShownName(const std::string& name);
 
 /// Files are told by their content, not by their names. Throws SourceError.
@@ -21,7 +22,7 @@ std::unique_ptr<TableSource> OpenSource(const std::string& name);
 /// Throws TargetError. `progress` must outlive the target.
 std::unique_ptr<TableTarget> OpenTarget(const std::string& name, Progress& progress);
 
-/// Both name one database, by whatever paths.
-bool IsSameDatabase(const std::string& from, const std::string& to);
+/// Both name one file, by whatever paths. Servers tell themselves apart once they are open.
+bool IsSameFile(const std::string& from, const std::string& to);
 
 }  // namespace zv::zvdb

@@ -133,19 +133,25 @@ void Importer::Match() {
 void Importer::Copy(Way& way, bool write) {
     progress_.Begin(way.to->name, ProgressTotal(way.from->rows));
     RowJudge judge(way.to->name, way.columns, target_.Limits(),
-                   source_.IsEmbedded() && target_.IsEmbedded(), report_);
-    if (write) target_.BeginTable(*way.to, way.columns);
-    const auto reader = source_.Read(*way.from, way.names);
+                   !source_.EmbeddedFile().empty() && target_.IsEmbedded(), report_);
+    const bool handOver = write && !attached_;
+    if (handOver) target_.BeginTable(*way.to, way.columns);
+    const auto reader = write && attached_ ? target_.ReadAttached(way.from->name, way.names)
+                                           : source_.Read(*way.from, way.names);
     std::vector<store::Value> row;
     while (reader->Next(row)) {
         judge.Judge(row, reader->Remarks());
         // Once something is refused, the rest is only read for the report.
-        if (write && !report_.HasRefusals()) target_.Add(row);
+        if (handOver && !report_.HasRefusals()) target_.Add(row);
         way.sums.Add(row);
         progress_.Advance();
         StopIfInterrupted();
     }
-    if (write) target_.EndTable();
+    if (handOver) {
+        target_.EndTable();
+    } else if (write && !report_.HasRefusals()) {
+        target_.CopyAttached(*way.to, way.columns, way.from->name, way.names);
+    }
     counts_.emplace_back(way.to->name, way.sums.Rows());
 }
 
@@ -166,12 +172,15 @@ void Importer::Compare(const Way& way) {
     }
 }
 
-void Importer::Run(bool dryRun) {
+void Importer::Run(bool dryRun, bool replace) {
     for (const std::string& warning : source_.Warnings()) report_.Add(Weight::Remark, warning);
     Match();
     target_.CheckWritable();
     const bool write = !dryRun && !report_.HasRefusals();
-    if (write) target_.Begin();
+    if (write) {
+        attached_ = target_.Attach(source_);
+        target_.Begin(replace);
+    }
     for (Way& way : ways_) Copy(way, write);
     source_.CheckUnchanged();
     if (!write || report_.HasRefusals()) return;

@@ -19,7 +19,7 @@ class Importer {
     /// Reads and judges everything, and writes it unless `dryRun`. Afterwards either all is in the
     /// target and compared with the source, or the report has refusals and the target is as it was.
     /// Throws SourceError, TargetError, Interrupted; the target is as it was then.
-    void Run(bool dryRun);
+    void Run(bool dryRun, bool replace);
     /// Rows of each table that was copied, or would be.
     const std::vector<std::pair<std::string, std::int64_t>>& Counts() const { return counts_; }
 
@@ -41,6 +41,7 @@ class Importer {
     TableTarget& target_;
     ImportReport& report_;
     Progress& progress_;
+    bool attached_ = false;  ///< the engine itself copies the rows
     std::vector<Way> ways_;
     std::vector<std::pair<std::string, std::int64_t>> counts_;
 };

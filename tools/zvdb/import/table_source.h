@@ -50,13 +50,16 @@ class TableSource {
     virtual ~TableSource() = default;
     /// What it is, for the user: "Access file (Jet 4)".
     virtual std::string Kind() const = 0;
+    /// Tells databases apart that no file name can; empty for files.
+    virtual std::string Identity() { return {}; }
     /// The tables of users, in the source's order. Throws SourceError.
     virtual const std::vector<SourceTable>& Tables() = 0;
     /// Throws SourceError.
     virtual std::unique_ptr<RowReader> Read(const SourceTable& table,
                                             const std::vector<std::string>& columns) = 0;
-    /// Its values are those of the embedded engine and fit another embedded file as they stand.
-    virtual bool IsEmbedded() const { return false; }
+    /// The path, when it is a file of the embedded engine: its values fit another such file as they
+    /// stand.
+    virtual std::string EmbeddedFile() const { return {}; }
     /// What the user should know of the source as a whole, a sentence each.
     virtual std::vector<std::string> Warnings() { return {}; }
     /// Throws SourceError when somebody changed the source since it was opened.

@@ -35,6 +35,8 @@ class TableTarget {
     virtual ~TableTarget() = default;
     virtual std::string Kind() const = 0;
     virtual bool IsEmbedded() const { return false; }
+    /// As of a source.
+    virtual std::string Identity() { return {}; }
     virtual TargetLimits Limits() const = 0;
     /// The tables as the target has them. Throws TargetError when one is missing.
     virtual const std::vector<TableRule>& Tables() = 0;
@@ -43,8 +45,18 @@ class TableTarget {
     /// Throws when writing cannot succeed; writes nothing.
     virtual void CheckWritable() = 0;
 
-    /// Everything below throws TargetError.
-    virtual void Begin() = 0;
+    /// Everything below throws TargetError. `replace` empties the tables, otherwise they must be
+    /// empty.
+    virtual void Begin(bool replace) = 0;
+    /// Both ends are files of one engine, which copies a table faster than rows can be handed over:
+    /// the table's rows are read by way of the target then, which sees them as it copies them.
+    /// False when this is not so. Before Begin.
+    virtual bool Attach(const TableSource&) { return false; }
+    virtual std::unique_ptr<RowReader> ReadAttached(const std::string& table,
+                                                    const std::vector<std::string>& columns);
+    /// Column for column.
+    virtual void CopyAttached(const TableRule& table, const std::vector<ColumnRule>& columns,
+                              const std::string& from, const std::vector<std::string>& names);
     virtual void BeginTable(const TableRule& table, const std::vector<ColumnRule>& columns) = 0;
     virtual void Add(const std::vector<store::Value>& row) = 0;
     virtual void EndTable() = 0;
@@ -55,5 +67,15 @@ class TableTarget {
                                             const std::vector<ColumnRule>& columns) = 0;
     virtual void Commit() = 0;
 };
+
+inline std::unique_ptr<RowReader> TableTarget::ReadAttached(const std::string&,
+                                                            const std::vector<std::string>&) {
+    throw TargetError("nothing is attached");
+}
+
+inline void TableTarget::CopyAttached(const TableRule&, const std::vector<ColumnRule>&,
+                                      const std::string&, const std::vector<std::string>&) {
+    throw TargetError("nothing is attached");
+}
 
 }  // namespace zv::zvdb

@@ -1,0 +1,59 @@
+// A server at one end of an import: its kind, and how its statements are written.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/connection.h"
+
+namespace zv::zvdb {
+
+enum class ServerKind { PostgreSql, SqlServer };
+
+class ServerLink {
+ public:
+    /// `name` is a data path that the control takes for a server. Throws RuntimeError.
+    explicit ServerLink(const std::string& name);
+
+    ServerKind Kind() const { return kind_; }
+    std::string Product() const;
+    /// Tells two connections to the same tables, whatever they were named by.
+    std::string Identity();
+
+    void Run(const std::string& sql) { connection_->Execute(sql); }
+    std::unique_ptr<store::Recordset> Select(const std::string& sql);
+    /// First field of the first row.
+    store::Value Ask(const std::string& sql);
+
+    /// A name as it is stored, in quotes. The system's own names are stored in lower case by
+    /// servers that fold them.
+    std::string Quoted(std::string_view name) const;
+    /// "'text'", without regard to what the server makes of backslashes.
+    void AppendLiteral(std::string& sql, const store::Value& value) const;
+    /// "select ... from table where key > after order by key", at most `rows` of them.
+    std::string SelectPart(const std::string& columns, const std::string& table,
+                           const std::string& key, const std::string& after,
+                           std::size_t rows) const;
+
+ private:
+    std::unique_ptr<store::Connection> connection_;
+    ServerKind kind_ = ServerKind::PostgreSql;
+};
+
+/// Columns of a table as the server tells them.
+struct ServerColumn {
+    std::string name;
+    std::size_t size = 0;  ///< of a text, 0 is any length
+};
+struct ServerTable {
+    std::string name;
+    std::vector<ServerColumn> columns;
+};
+
+/// The tables that are seen without naming a schema.
+std::vector<ServerTable> ReadServerTables(ServerLink& link);
+
+}  // namespace zv::zvdb
