@@ -143,6 +143,7 @@ Report CheckContents(Inspected& database) {
     if (!report.problems.empty()) return report;
     report = CheckSchema(database);
     if (report.problems.empty()) {
+        report.problems = database.CheckKeys();
         rules::CheckPlans(database, report.problems);
         rules::CheckItems(database, report.problems);
         rules::CheckRegistry(database, report.problems);

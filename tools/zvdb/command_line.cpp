@@ -9,13 +9,17 @@ const char kHelp[] =
     R"(zvdb - makes, fills, checks and moves databases of the task manager
 
   zvdb create FILE [--force]
-      Creates an empty database with all tables.
+  zvdb create --to SERVER [--force] [options of sample]
+      Creates an empty database with all tables, or all tables in a database of a
+      server.
   zvdb sample FILE [--items N] [--cards N] [--plans N] [--today DATE] [--seed S]
                    [--force] [--quiet]
+  zvdb sample --to SERVER with the same options
       Creates a database with sample data around DATE (YYYY-MM-DD; this day when
       left out). The same numbers, day and seed give the same data. 400 items when
       left out; cards and plans grow with the items.
   zvdb check FILE
+  zvdb check --to SERVER
       Tells the rows of each table, and everything that is wrong: damage, missing
       tables and columns, references to rows that are gone, values out of range.
   zvdb import FROM TO [--dry-run] [--replace] [--quiet]
@@ -25,7 +29,13 @@ const char kHelp[] =
 
   --dry-run reads and judges everything, writes nothing
   --replace empties the tables of TO first; all in one step with the import
-  --force   replaces a FILE that is there; without it no file is ever overwritten
+  SERVER is named as the control's data path names it: "postgresql:HOST",
+  "postgresql://HOST:PORT/DATABASE", "HOST" or "HOST\INSTANCE" for SQL Server, or a
+  whole connection string ("Driver={PostgreSQL Unicode};Server=HOST;Database=NAME;
+  Uid=USER;Pwd=PASSWORD"). Its tables are those seen without naming a schema.
+
+  --force   replaces a FILE that is there, or the tables of the system on a SERVER;
+            without it nothing is ever overwritten
   --quiet   shows no progress
 
 Exit status: 0 all is well, 1 check found something wrong, or an import is complete
@@ -99,8 +109,12 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
         line.import = ParseImport(arguments);
         return line;
     }
-    const bool sample = line.command == Command::Sample;
-    const bool writes = sample || line.command == Command::Create;
+    const bool writes = line.command == Command::Sample || line.command == Command::Create;
+    std::string sampleOption;
+    const auto samples = [&](const std::string& option) {
+        sampleOption = option;
+        return writes;
+    };
     for (std::size_t i = 1; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         const auto value = [&]() -> const std::string& {
@@ -110,25 +124,37 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
         if (argument.rfind("--", 0) != 0) {
             if (!line.file.empty()) throw UsageError("one file only: \"" + argument + "\"");
             line.file = argument;
+        } else if (argument == "--to") {
+            line.server = value();
         } else if (argument == "--force" && writes) {
             line.force = true;
-        } else if (argument == "--quiet" && sample) {
+        } else if (argument == "--quiet" && writes) {
             line.quiet = true;
-        } else if (argument == "--items" && sample) {
+        } else if (argument == "--items" && samples(argument)) {
             line.sample.items = Whole(argument, value(), 0, SampleOptions::kMaxItems);
-        } else if (argument == "--cards" && sample) {
+        } else if (argument == "--cards" && samples(argument)) {
             line.sample.cards = Whole(argument, value(), 0, SampleOptions::kMaxCards);
-        } else if (argument == "--plans" && sample) {
+        } else if (argument == "--plans" && samples(argument)) {
             line.sample.plans = Whole(argument, value(), 0, SampleOptions::kMaxPlans);
-        } else if (argument == "--today" && sample) {
+        } else if (argument == "--today" && samples(argument)) {
             line.sample.today = Day(value());
-        } else if (argument == "--seed" && sample) {
+        } else if (argument == "--seed" && samples(argument)) {
             line.sample.seed = Whole<std::uint64_t>(argument, value(), 0, UINT64_MAX);
         } else {
             throw UsageError("\"" + arguments[0] + "\" has no option \"" + argument + "\"");
         }
     }
-    if (line.file.empty()) throw UsageError("a file name is missing");
+    if (line.file.empty() && line.server.empty()) {
+        throw UsageError("a file name is missing, or --to and a server");
+    }
+    if (!line.file.empty() && !line.server.empty()) {
+        throw UsageError("a file or a server, not both");
+    }
+    if (line.command == Command::Create && !sampleOption.empty()) {
+        if (line.server.empty())
+            throw UsageError("\"create\" has no option \"" + sampleOption + "\"");
+        line.command = Command::Sample;
+    }
     return line;
 }
 

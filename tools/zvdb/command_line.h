@@ -14,7 +14,8 @@ enum class Command { Help, Create, Sample, Check, Import };
 
 struct CommandLine {
     Command command = Command::Help;
-    std::string file;
+    std::string file;    ///< empty with a server
+    std::string server;  ///< empty with a file
     bool force = false;
     bool quiet = false;
     SampleOptions sample;

@@ -35,6 +35,9 @@ class Inspected {
     virtual std::string NotADate(const std::string& column) const = 0;
     /// What is wrong with the database as its engine keeps it, a sentence each.
     virtual std::vector<std::string> Damage() { return {}; }
+    /// What is wrong with the numbers that the engine gives new rows; asked when all tables are
+    /// there.
+    virtual std::vector<std::string> CheckKeys() { return {}; }
 
     std::int64_t Number(const std::string& sql) {
         const auto rows = Select(sql);

@@ -5,6 +5,8 @@
 
 #include "zvdb/check.h"
 #include "zvdb/command_line.h"
+#include "zvdb/import/endpoint.h"
+#include "zvdb/server_database.h"
 
 namespace zv::zvdb {
 namespace {
@@ -21,6 +23,17 @@ void PrintCounts(const Report& report, std::ostream& out) {
 }
 
 int Create(const CommandLine& line, const Console& console) {
+    Progress progress(line.quiet ? nullptr : &console.err, console.terminal);
+    const bool sample = line.command == Command::Sample;
+    if (!line.server.empty()) {
+        if (!sample) {
+            CreateServerTables(line.server, line.force);
+            return kFine;
+        }
+        CreateServerSample(line.server, line.force, line.sample, progress);
+        PrintCounts(CheckServer(line.server), console.out);
+        return kFine;
+    }
     const std::filesystem::path file(std::u8string(line.file.begin(), line.file.end()));
     if (std::filesystem::is_directory(file)) throw FileError("this is a folder");
     if (file.has_parent_path() && !std::filesystem::is_directory(file.parent_path())) {
@@ -29,8 +42,6 @@ int Create(const CommandLine& line, const Console& console) {
     if (!line.force && std::filesystem::exists(file)) {
         throw FileError("the file is there already (--force replaces it)");
     }
-    Progress progress(line.quiet ? nullptr : &console.err, console.terminal);
-    const bool sample = line.command == Command::Sample;
     CreateDatabase(line.file, sample ? &line.sample : nullptr, progress);
     if (sample) {
         Engine engine(line.file);
@@ -40,7 +51,7 @@ int Create(const CommandLine& line, const Console& console) {
 }
 
 int Check(const CommandLine& line, const Console& console) {
-    const Report report = CheckDatabase(line.file);
+    const Report report = line.server.empty() ? CheckDatabase(line.file) : CheckServer(line.server);
     PrintCounts(report, console.out);
     for (const std::string& problem : report.problems) console.out << "wrong: " << problem << '\n';
     if (!report.problems.empty()) return kFoundWrong;
@@ -48,8 +59,9 @@ int Check(const CommandLine& line, const Console& console) {
     return kFine;
 }
 
-int Refuse(const Console& console, const std::string& file, const std::string& reason) {
-    console.err << "zvdb: " << file << ": " << reason << '\n';
+int Refuse(const Console& console, const CommandLine& line, const std::string& reason) {
+    const std::string name = line.server.empty() ? line.file : ShownName(line.server);
+    console.err << "zvdb: " << name << ": " << reason << '\n';
     return kCannot;
 }
 
@@ -77,12 +89,11 @@ int RunTool(const std::vector<std::string>& arguments, DateTime today, const Con
         return kCannot;
     } catch (const EngineError& error) {
         const bool busy = error.Code() == SQLITE_BUSY;
-        return Refuse(console, line.file,
-                      busy ? "another program has the file open" : error.what());
+        return Refuse(console, line, busy ? "another program has the file open" : error.what());
     } catch (const std::filesystem::filesystem_error& error) {
-        return Refuse(console, line.file, error.code().message());
+        return Refuse(console, line, error.code().message());
     } catch (const std::exception& error) {
-        return Refuse(console, line.file, error.what());
+        return Refuse(console, line, error.what());
     }
 }
 

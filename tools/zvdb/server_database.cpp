@@ -1,0 +1,146 @@
+#include "zvdb/server_database.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <random>
+#include <sstream>
+#include <system_error>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "store/schema/schema.h"
+#include "zvdb/import/endpoint.h"
+#include "zvdb/import/importer.h"
+#include "zvdb/import/server_link.h"
+#include "zvdb/server_inspected.h"
+
+namespace zv::zvdb {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Undone unless it is committed.
+class ServerTransaction {
+ public:
+    explicit ServerTransaction(ServerLink& link) : link_(link) { link_.Run("begin transaction"); }
+    ~ServerTransaction() {
+        if (committed_) return;
+        try {
+            link_.Run("rollback");
+        } catch (const std::exception&) {
+            // The connection is gone, and the server has rolled back by itself.
+        }
+    }
+    ServerTransaction(const ServerTransaction&) = delete;
+    ServerTransaction& operator=(const ServerTransaction&) = delete;
+    void Commit() {
+        link_.Run("commit");
+        committed_ = true;
+    }
+
+ private:
+    ServerLink& link_;
+    bool committed_ = false;
+};
+
+/// The tables of the system that are there where new ones would be made, as the server writes them.
+std::vector<std::string> TablesPresent(ServerLink& link) {
+    const bool postgreSql = link.Kind() == ServerKind::PostgreSql;
+    const auto rows = link.Select(
+        std::string("select table_name from information_schema.tables where table_type='BASE "
+                    "TABLE' and table_schema=") +
+        (postgreSql ? "current_schema()" : "schema_name()") + " order by table_name");
+    std::vector<std::string> names;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const std::string name = rows->Field(0).ToText();
+        if (FindTable(SystemTables(), name) != nullptr) names.push_back(name);
+    }
+    return names;
+}
+
+void Create(ServerLink& link, bool replace) {
+    const std::vector<std::string> present = TablesPresent(link);
+    if (!present.empty() && !replace) {
+        throw FileError("it has tables of the system already (" + text::Join(present, ", ") +
+                        "; --force replaces them)");
+    }
+    const bool postgreSql = link.Kind() == ServerKind::PostgreSql;
+    ServerTransaction transaction(link);
+    for (const std::string& table : present) link.Run("drop table " + link.Quoted(table));
+    if (postgreSql) link.Run("drop function if exists zv_take_key()");
+    link.Run(std::string(postgreSql ? store::PostgreSqlSchema() : store::SqlServerSchema()));
+    transaction.Commit();
+}
+
+/// So that the first questions are answered well; later the server sees to it by itself.
+void LearnTheData(const std::string& server) {
+    ServerLink link(server);
+    if (link.Kind() != ServerKind::PostgreSql) return;
+    for (const std::string& table : TablesPresent(link)) link.Run("analyze " + link.Quoted(table));
+}
+
+/// A file that is gone at the end.
+class TemporaryFile {
+ public:
+    TemporaryFile() {
+        const unsigned number = std::random_device()();
+        path_ = fs::temp_directory_path() / ("zvdb-sample-" + std::to_string(number) + ".db");
+    }
+    ~TemporaryFile() {
+        std::error_code ignored;
+        for (const char* suffix : {"", "-wal", "-shm"}) {
+            fs::path file = path_;
+            fs::remove(file += suffix, ignored);
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    std::string Path() const {
+        const std::u8string path = path_.u8string();
+        return {path.begin(), path.end()};
+    }
+
+ private:
+    fs::path path_;
+};
+
+}  // namespace
+
+void CreateServerTables(const std::string& server, bool replace) {
+    ServerLink link(server);
+    Create(link, replace);
+}
+
+void CreateServerSample(const std::string& server, bool replace, const SampleOptions& options,
+                        Progress& progress) {
+    auto link = std::make_unique<ServerLink>(server);
+    if (const auto present = TablesPresent(*link); !present.empty() && !replace) {
+        // Before the work of making the data.
+        Create(*link, replace);
+    }
+    const TemporaryFile file;
+    CreateDatabase(file.Path(), &options, progress);
+    Create(*link, replace);
+    link.reset();
+
+    const auto source = OpenSource(file.Path());
+    const auto target = OpenTarget(server, progress);
+    ImportReport report;
+    Importer(*source, *target, report, progress).Run(false, false);
+    progress.Finish();
+    if (!report.HasRefusals()) {
+        LearnTheData(server);
+    } else {
+        std::ostringstream reasons;
+        report.Print(reasons);
+        throw FileError("the sample data does not fit:\n" + reasons.str());
+    }
+}
+
+Report CheckServer(const std::string& server) {
+    ServerLink link(server);
+    return CheckContents(*InspectServer(link));
+}
+
+}  // namespace zv::zvdb
