@@ -31,7 +31,7 @@ for folder in "${order[@]}"; do
 done
 
 check "no test for the operating system outside the ports" \
-    "$(sources src | grep -vE '^src/(com|[a-z]+/(win32|ado|sqlite|headless|scripted))/' |
+    "$(sources src | grep -vE '^src/(com|[a-z]+/(win32|ado|odbc|sqlite|headless|scripted))/' |
         xargs grep -nE '_WIN32|windows\.h')"
 
 check "no source file is longer than 600 lines" \
