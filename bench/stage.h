@@ -11,6 +11,8 @@
 #include "control/zv_task.h"
 #include "mainwindow/frm_task_main.h"
 #include "session/session.h"
+#include "store/odbc/connection_string.h"
+#include "store/odbc/odbc_connection.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::bench {
@@ -54,7 +56,8 @@ class NoSettings : public resources::SettingsStore {
 class EngineOpener : public store::ConnectionOpener {
  public:
     std::unique_ptr<store::Connection> Open(const store::ConnectionSettings& settings) override {
-        return store::OpenSqlite(settings.dataPath);
+        if (settings.kind == 0) return store::OpenSqlite(settings.dataPath);
+        return store::odbc::OpenOdbc(store::odbc::OptionsFor(settings));
     }
 };
 
@@ -76,7 +79,7 @@ class NoDialogs : public forms::Dialogs {
 
 class Stage {
  public:
-    /// `observer` may be null.
+    /// `path`: of an embedded file, or an ODBC connection string. `observer` may be null.
     Stage(forms::Backend& backend, const std::string& path,
           store::StatementObserver* observer = nullptr)
         : windows_(backend),
@@ -85,6 +88,7 @@ class Stage {
           control_(session_) {
         control_.UserControl_InitProperties();
         session_.state.UserPath = path;
+        session_.state.SQLData = store::odbc::IsOdbcConnectionString(path) ? 1 : 0;
         session_.state.myPower = std::string(350, '1');
     }
     ~Stage() { windows_.UnloadAll(); }
