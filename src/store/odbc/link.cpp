@@ -184,17 +184,29 @@ void Link::Forget(SQLHSTMT statement) {
     prepared_.remove_if([&](const Prepared& entry) { return entry.handle.Get() == statement; });
 }
 
-std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) const {
+std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
     SQLSMALLINT count = 0;
     SQLNumResultCols(statement, &count);
+    const auto attribute = [&](SQLUSMALLINT number, SQLUSMALLINT what) {
+        SQLLEN value = 0;
+        SQLColAttributeW(statement, number, what, nullptr, 0, nullptr, &value);
+        return static_cast<SQLSMALLINT>(value);
+    };
     std::vector<Column> columns;
     for (SQLUSMALLINT number = 1; number <= count; number++) {
         Column column;
         SQLWCHAR name[kNameUnits]{};
-        SQLSMALLINT length = 0, digits = 0, nullable = 0;
-        if (!SQL_SUCCEEDED(SQLDescribeColW(statement, number, name, kNameUnits, &length,
-                                           &column.sqlType, &column.size, &digits, &nullable))) {
-            return {};
+        SQLSMALLINT length = 0;
+        // Whoever asks for the type here makes the driver of PostgreSQL ask its server for more.
+        if (!SQL_SUCCEEDED(SQLDescribeColW(statement, number, name, kNameUnits, &length, nullptr,
+                                           &column.size, nullptr, nullptr))) {
+            Throw(statement);
+        }
+        column.sqlType = attribute(number, SQL_DESC_TYPE);
+        // Not every driver knows the second; a time alone then comes as a moment of today.
+        if (column.sqlType == SQL_DATETIME &&
+            attribute(number, SQL_DESC_DATETIME_INTERVAL_CODE) == SQL_CODE_TIME) {
+            column.sqlType = SQL_TYPE_TIME;
         }
         const auto* first = reinterpret_cast<const char16_t*>(name);
         column.name = text::FromUtf16({first, std::find(first, first + kNameUnits - 1, u'\0')});

@@ -80,7 +80,7 @@ class Link {
     StatementHandle NewStatement();
     SQLHSTMT PreparedFor(const std::string& sql);
     void Forget(SQLHSTMT statement);
-    std::vector<Column> ColumnsOf(SQLHSTMT statement) const;
+    std::vector<Column> ColumnsOf(SQLHSTMT statement);
     Result Finish(SQLHSTMT statement, bool asStored);
     template <class Call>
     void Check(SQLHSTMT statement, Call call);
