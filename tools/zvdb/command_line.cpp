@@ -23,9 +23,11 @@ const char kHelp[] =
       Tells the rows of each table, and everything that is wrong: damage, missing
       tables and columns, references to rows that are gone, values out of range.
   zvdb import FROM TO [--dry-run] [--replace] [--quiet]
-      Copies all tables of an Access file or an embedded file into an embedded
-      file, compares counts and sums, and tells what did not fit. FROM is only
-      read. A TO that holds rows is refused without --replace.
+      Copies all tables, compares counts and sums, and tells what did not fit. FROM
+      is an Access file, an embedded file or a server, TO an embedded file or a
+      server; a server is named as in the control's data path (postgresql:HOST/NAME,
+      or a connection string of ODBC). FROM is only read. A TO that holds rows is
+      refused without --replace.
 
   --dry-run reads and judges everything, writes nothing
   --replace empties the tables of TO first; all in one step with the import

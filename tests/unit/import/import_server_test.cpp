@@ -82,7 +82,7 @@ TEST_F(ImportServer, AnAccessFileGoesThereAndComesBackCellByCell) {
 }
 
 TEST_F(ImportServer, AnEmbeddedFileOfManyPartsGoesThereAndComesBack) {
-    Sample(45000);
+    Sample(12000);
     ASSERT_EQ(RunZvdb({"import", Path("a.db"), server_}).status, 0);
     ASSERT_EQ(RunZvdb({"import", server_, Path("b.db")}).status, 0);
     EXPECT_EQ(StoredRows(Path("a.db")), StoredRows(Path("b.db")));
@@ -162,22 +162,12 @@ TEST_F(ImportServer, AFailureOfTheServerLeavesItAsItWas) {
     EXPECT_GT(Ask("select count(*) from pg_indexes where indexname='ttasklist_plan'"), 0);
 }
 
-TEST_F(ImportServer, RowsThatTheServerChangesAreNoticed) {
-    Run("create function spoil() returns trigger language plpgsql as "
-        "$$begin new.fname := upper(new.fname); return new; end$$;"
-        "create trigger spoil before insert on trsbasic for each row execute function spoil();"
-        "alter table trsbasic enable always trigger spoil");
-    Sample(50);
-    Engine(Path("a.db")).Run("update tRsBasic set fName='abc' where fCode='XS001'");
-    ServerLink(server_).Run("select 1");
-    const Outcome import = RunZvdb({"import", Path("a.db"), server_});
-    // The import takes triggers aside where it may, so the row came over as it was read, or the
-    // difference is told.
-    if (import.status == 2) {
-        ExpectRefused(import, "was not written as it was read");
-    } else {
-        EXPECT_EQ(Ask("select count(*) from trsbasic where fname::text='abc'"), 1);
-    }
+TEST_F(ImportServer, ValuesThatTheServerChangesAreNoticed) {
+    // Texts of this type are filled up with blanks.
+    Run("alter table trsbasic alter column fname type char(60)");
+    ExpectRefused(RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), server_}),
+                  "table tRsBasic was not written as it was read: column fName has another sum");
+    EXPECT_EQ(Ask("select count(*) from ttasklist"), 0);
 }
 
 TEST_F(ImportServer, SourceAndTargetMustDiffer) {
@@ -206,7 +196,7 @@ TEST_F(ImportServer, ARefusedLoginIsToldWithoutThePassword) {
 }
 
 TEST_F(ImportServer, ASignalToEndLeavesItAsItWas) {
-    Sample(60000);
+    Sample(30000);
     Run("insert into employees(employee) values('mine')");
     const std::string from = Path("a.db");
     const pid_t child = fork();

@@ -21,7 +21,7 @@ class ServerRows : public RowReader {
     bool Next(std::vector<store::Value>& row) override;
 
  private:
-    static constexpr std::size_t kRowsInPart = 20000;
+    static constexpr std::size_t kRowsInPart = 5000;
     void Open(const std::string& after);
 
     ServerLink& link_;
