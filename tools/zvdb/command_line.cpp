@@ -25,12 +25,9 @@ const char kHelp[] =
   zvdb import FROM TO [--dry-run] [--replace] [--quiet]
       Copies all tables, compares counts and sums, and tells what did not fit. FROM
       is an Access file, an embedded file or a server, TO an embedded file or a
-      server; a server is named as in the control's data path (postgresql:HOST/NAME,
-      or a connection string of ODBC). FROM is only read. A TO that holds rows is
-      refused without --replace.
+      SERVER with tables (create --to), but not by "HOST" alone. FROM is only read. A
+      TO that holds rows is refused without --replace.
 
-  --dry-run reads and judges everything, writes nothing
-  --replace empties the tables of TO first; all in one step with the import
   SERVER is named as the control's data path names it: "postgresql:HOST",
   "postgresql://HOST:PORT/DATABASE", "HOST" or "HOST\INSTANCE" for SQL Server, or a
   whole connection string ("Driver={PostgreSQL Unicode};Server=HOST;Database=NAME;
@@ -38,6 +35,8 @@ const char kHelp[] =
 
   --force   replaces a FILE that is there, or the tables of the system on a SERVER;
             without it nothing is ever overwritten
+  --dry-run reads and judges everything, writes nothing
+  --replace empties the tables of TO first; all in one step with the import
   --quiet   shows no progress
 
 Exit status: 0 all is well, 1 check found something wrong, or an import is complete

@@ -248,6 +248,15 @@ std::unique_ptr<RowReader> ServerTarget::Read(const TableRule& table,
 void ServerTarget::Commit() {
     Guarded([&] { link_->Run("commit"); });
     begun_ = false;
+    if (link_->Kind() != ServerKind::PostgreSql) return;
+    try {
+        // So that the first questions are answered well.
+        for (const TableRule& table : tables_) {
+            link_->Run("analyze " + link_->Quoted(NameOf(table)));
+        }
+    } catch (const RuntimeError&) {
+        // The server does it later by itself.
+    }
 }
 
 }  // namespace zv::zvdb
