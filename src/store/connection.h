@@ -1,5 +1,5 @@
 // The database port, in the shape of ADO's Connection and Recordset. Engines stand behind it:
-// sqlite/ (embedded) and ado/ (automation objects handed over by the host).
+// sqlite/ (embedded), odbc/ (servers) and ado/ (automation objects handed over by the host).
 #pragma once
 
 #include <memory>

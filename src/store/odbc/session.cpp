@@ -1,14 +1,12 @@
 #include "store/odbc/session.h"
 
 #include <algorithm>
-#include <array>
-#include <string_view>
 
 #include "base/text.h"
 #include "store/dialect/expression.h"
-#include "store/dialect/lexer.h"
 #include "store/dialect/targets.h"
 #include "store/dialect/window_index.h"
+#include "store/odbc/named_tables.h"
 #include "store/odbc/written_names.h"
 
 namespace zv::store::odbc {
@@ -32,46 +30,6 @@ std::chrono::seconds DriverLimit(milliseconds limit) {
 
 std::string SecondsText(milliseconds limit) {
     return std::to_string((limit.count() + 500) / 1000) + " s";
-}
-
-/// The tables that a statement names, as written. A statement that cannot be read names none: what
-/// is wrong with it is for the translation to say.
-std::vector<std::string> TablesNamedIn(const std::string& sql) {
-    using dialect::Token;
-    using dialect::TokenKind;
-    constexpr std::array<std::string_view, 4> kBefore{"from", "join", "into", "update"};
-    constexpr std::array<std::string_view, 8> kBehind{"where", "group", "order",  "having",
-                                                      "on",    "set",   "select", "values"};
-    const auto isOneOf = [](const Token& token, const auto& words) {
-        return token.kind == TokenKind::Name &&
-               std::find(words.begin(), words.end(), text::ToLower(token.text)) != words.end();
-    };
-    std::vector<std::string> names;
-    bool amongTables = false;  // behind "from", where a comma leads to another table
-    bool expected = false;
-    std::vector<Token> tokens;
-    try {
-        tokens = dialect::Tokenise(sql);
-    } catch (const RuntimeError&) {
-        return names;
-    }
-    for (std::size_t i = 0; i < tokens.size(); i++) {
-        const Token& token = tokens[i];
-        if (isOneOf(token, kBefore)) {
-            amongTables = expected = true;
-        } else if (isOneOf(token, kBehind)) {
-            amongTables = expected = false;
-        } else if (token.kind == TokenKind::Symbol) {
-            const bool leadsOn = token.text == "," || token.text == "(" || token.text == ".";
-            expected = amongTables && (token.text == "," || (expected && leadsOn));
-        } else if (expected &&
-                   (token.kind == TokenKind::Name || token.kind == TokenKind::QuotedName)) {
-            // The name in front of a point is a schema.
-            expected = tokens[i + 1].kind == TokenKind::Symbol && tokens[i + 1].text == ".";
-            if (!expected) names.push_back(token.text);
-        }
-    }
-    return names;
 }
 
 dialect::Translation TranslationFor(const std::string& sql, Server server,
@@ -226,7 +184,7 @@ const dialect::SchemaInfo& Session::SchemaFor(const std::string& sql) {
     if (facts_.server == Server::PostgreSql && tables_.empty()) {
         schema_.hasWindowIndex = Run(dialect::FindPostgreSqlWindowIndex()).rows.Advance();
     }
-    for (const std::string& name : TablesNamedIn(sql)) FindTable(name);
+    for (const std::string& name : NamedTables(sql)) FindTable(name);
     return schema_;
 }
 

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "database_fixture.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/diagnostics.h"
+#include "store/odbc/named_tables.h"
 #include "store/odbc/row_store.h"
 #include "store/odbc/worker.h"
 #include "store/secrets.h"
@@ -185,6 +187,24 @@ TEST(WithoutSecrets, HidesLoginsPasswordsAndTheirEntries) {
               "in Driver=x;UID=***;Pwd=***}; there");
     EXPECT_EQ(WithoutSecrets("glued:secret1secret1.", {"secret1"}), "glued:******.");
     EXPECT_EQ(WithoutSecrets("PWD=", {}), "PWD=***");
+}
+
+TEST(NamedTables, AreThoseBehindTheWordsThatLeadToTables) {
+    const auto tables = [](const char* sql) { return text::Join(NamedTables(sql), " "); };
+    EXPECT_EQ(tables("select fID,TaskID from tTaskList where tDone=1 order by fID,x"), "tTaskList");
+    EXPECT_EQ(tables("select * from tTaskList a, cards as b where a.x=b.y"), "tTaskList cards");
+    EXPECT_EQ(tables("select * from tTaskList a Left Join [my cards] b on f(a.x,b.y)=1"),
+              "tTaskList my cards");
+    EXPECT_EQ(tables("select * from (select a,b from T1 where c in (select d from T2)) x"),
+              "T1 T2");
+    EXPECT_EQ(tables("select * from dbo.cards"), "cards");
+    EXPECT_EQ(tables("insert into cards(fID,Name) values(1,'from x')"), "cards");
+    EXPECT_EQ(tables("insert into cards(fID,Name) select a,b from Employees"), "cards Employees");
+    EXPECT_EQ(tables("Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =1"), "tTaskList");
+    EXPECT_EQ(tables("delete from tTaskList where taskID =1"), "tTaskList");
+    EXPECT_EQ(tables("select 1"), "");
+    EXPECT_EQ(tables("select * from"), "");
+    EXPECT_EQ(tables("select 'open"), "");
 }
 
 TEST(RowStore, GivesRowsBackInTheirOrder) {
