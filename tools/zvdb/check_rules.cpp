@@ -97,17 +97,17 @@ void CheckPlans(Inspected& database, std::vector<std::string>& problems) {
 }
 
 void CheckItems(Inspected& database, std::vector<std::string>& problems) {
-    // "not in" looks the numbers up in a list made once, whatever indexes the file has.
+    // Engines join however many rows there are, whatever indexes they have; not all of them look a
+    // number up in a long list.
     Find(database, problems, "guest items without a card",
-         "select fID from tTaskList where fType=1 and "
-         "coalesce(TaskID,0) not in (select fID from cards where fID is not null)");
+         "select distinct a.fID from tTaskList a left join cards c on c.fID=a.TaskID "
+         "where a.fType=1 and c.fID is null");
     // A task that a user entered while a card was shown carries that card's number; one that was
     // made from a plan has no user.
     Find(database, problems, "task items whose plan is gone",
-         "select fID from tTaskList where fType=0 and TaskID<>0 "
-         "and TaskID not in (select TaskID from tTaskSet where TaskID is not null) "
-         "and (coalesce(fUser,'')='' "
-         "or TaskID not in (select fID from cards where fID is not null))");
+         "select distinct a.fID from tTaskList a left join tTaskSet p on p.TaskID=a.TaskID "
+         "left join cards c on c.fID=a.TaskID where a.fType=0 and a.TaskID<>0 "
+         "and p.TaskID is null and (coalesce(a.fUser,'')='' or c.fID is null)");
     Find(database, problems, "items of an unknown kind (fType 0 to 2)",
          "select fID from tTaskList where fType is null or fType not in (0,1,2)");
     Find(database, problems, "items in an unknown state (tDone 0 to 2)",
