@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 
 #include "store/odbc/connection_string.h"
@@ -163,6 +164,22 @@ class PostgreSqlDatabase final : public OdbcDatabase {
     std::string schema_;
 };
 
+/// Says once a program which engines its tests ran on and which are missing.
+class EngineSummary final : public ::testing::Environment {
+ public:
+    void TearDown() override {
+        for (const EngineTraits& traits : kTraits) {
+            const std::string reason = WhyMissing(traits.kind);
+            std::cout << (reason.empty() ? "ENGINE " : "ENGINE MISSING ") << traits.name
+                      << (reason.empty() ? "" : ": " + reason)
+                      << "; tests not run: " << skipped[static_cast<std::size_t>(traits.kind)]
+                      << '\n';
+        }
+    }
+    static inline std::array<int, kTraits.size()> skipped{};
+};
+[[maybe_unused]] const auto* const summary = ::testing::AddGlobalTestEnvironment(new EngineSummary);
+
 }  // namespace
 
 const EngineTraits& TraitsOf(EngineKind kind) {
@@ -200,6 +217,7 @@ std::unique_ptr<TestDatabase> MakeTestDatabase(EngineKind kind) {
 
 void EngineTest::SetUp() {
     if (const std::string reason = WhyMissing(GetParam()); !reason.empty()) {
+        EngineSummary::skipped[static_cast<std::size_t>(GetParam())]++;
         GTEST_SKIP() << "engine " << Traits().name << " is missing: " << reason;
     }
     database_ = MakeTestDatabase(GetParam());
