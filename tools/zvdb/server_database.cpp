@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <random>
 #include <sstream>
 #include <system_error>
@@ -59,25 +58,24 @@ std::vector<std::string> TablesPresent(ServerLink& link) {
     return names;
 }
 
-void Create(ServerLink& link, bool replace) {
-    const std::vector<std::string> present = TablesPresent(link);
+/// The tables that would be replaced; throws FileError when that is not wanted.
+std::vector<std::string> TablesInTheWay(ServerLink& link, bool replace) {
+    std::vector<std::string> present = TablesPresent(link);
     if (!present.empty() && !replace) {
         throw FileError("it has tables of the system already (" + text::Join(present, ", ") +
                         "; --force replaces them)");
     }
+    return present;
+}
+
+void Create(ServerLink& link, bool replace) {
+    const std::vector<std::string> present = TablesInTheWay(link, replace);
     const bool postgreSql = link.Kind() == ServerKind::PostgreSql;
     ServerTransaction transaction(link);
     for (const std::string& table : present) link.Run("drop table " + link.Quoted(table));
     if (postgreSql) link.Run("drop function if exists zv_take_key()");
     link.Run(std::string(postgreSql ? store::PostgreSqlSchema() : store::SqlServerSchema()));
     transaction.Commit();
-}
-
-/// So that the first questions are answered well; later the server sees to it by itself.
-void LearnTheData(const std::string& server) {
-    ServerLink link(server);
-    if (link.Kind() != ServerKind::PostgreSql) return;
-    for (const std::string& table : TablesPresent(link)) link.Run("analyze " + link.Quoted(table));
 }
 
 /// A file that is gone at the end.
@@ -114,24 +112,20 @@ void CreateServerTables(const std::string& server, bool replace) {
 
 void CreateServerSample(const std::string& server, bool replace, const SampleOptions& options,
                         Progress& progress) {
-    auto link = std::make_unique<ServerLink>(server);
-    if (const auto present = TablesPresent(*link); !present.empty() && !replace) {
-        // Before the work of making the data.
-        Create(*link, replace);
-    }
     const TemporaryFile file;
-    CreateDatabase(file.Path(), &options, progress);
-    Create(*link, replace);
-    link.reset();
-
+    {
+        ServerLink link(server);
+        // Known before the work of making the data.
+        TablesInTheWay(link, replace);
+        CreateDatabase(file.Path(), &options, progress);
+        Create(link, replace);
+    }
     const auto source = OpenSource(file.Path());
     const auto target = OpenTarget(server, progress);
     ImportReport report;
     Importer(*source, *target, report, progress).Run(false, false);
     progress.Finish();
-    if (!report.HasRefusals()) {
-        LearnTheData(server);
-    } else {
+    if (report.HasRefusals()) {
         std::ostringstream reasons;
         report.Print(reasons);
         throw FileError("the sample data does not fit:\n" + reasons.str());
