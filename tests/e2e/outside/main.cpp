@@ -15,6 +15,7 @@
 //   message                    text of the message box that is open
 //   press ID                   its button (1 OK, 2 Cancel, 6 Yes, 7 No)
 //   place PATH                 on the screen, WIDTHxHEIGHT+LEFT+TOP
+//   processes WINDOW           numbers of the processes that have such a window
 //   close PATH
 //
 // The commands below use the keyboard and the mouse; they reach the window in the foreground.
@@ -32,6 +33,8 @@
 //   menu                       whether a menu is open
 //   image PATH PART            number of the picture of such a node, and of the one for a selected
 //   rows PATH                  every row of a grid, its columns apart by tabs
+//
+// With the environment variable ZV_PROCESS it sees the windows of that process alone.
 //
 // PATH is WINDOW or WINDOW.CONTROL. Prints UTF-8; exit status 1 with a reason when it cannot.
 #include <windows.h>
@@ -231,6 +234,12 @@ HWND OpenMessageBox() {
 }
 
 // A box that is not yet ready for keys is not yet told: they would reach the window before it.
+void PrintProcesses(const Arguments& a) {
+    for (const HWND window : TopLevelWindows()) {
+        if (IsCalled(window, a.at(0))) Print(std::to_wstring(ProcessOf(window)));
+    }
+}
+
 void PrintMessage(const Arguments&) {
     const HWND box = OpenMessageBox();
     if (!IsChild(box, FocusWindow())) throw std::runtime_error("the box has no keyboard yet");
@@ -292,6 +301,7 @@ const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() 
              Ask(FindPath(a.at(0)), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(a.at(1).c_str()));
          }},
         {L"click", [](const Arguments& a) { PostMessageW(FindPath(a.at(0)), BM_CLICK, 0, 0); }},
+        {L"processes", PrintProcesses},
         {L"checked",
          [](const Arguments& a) { Print(std::to_wstring(Ask(FindPath(a.at(0)), BM_GETCHECK))); }},
         {L"pick", PickRow},

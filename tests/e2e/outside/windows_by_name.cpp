@@ -1,5 +1,6 @@
 #include "windows_by_name.h"
 
+#include <cwchar>
 #include <stdexcept>
 
 namespace zv::outside {
@@ -64,17 +65,31 @@ bool IsNamed(HWND window, const std::wstring& name) {
 
 }  // namespace
 
+DWORD ProcessOf(HWND window) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process;
+}
+
 std::vector<HWND> TopLevelWindows() {
     std::vector<HWND> windows;
     EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
+    wchar_t only[16] = {};
+    if (GetEnvironmentVariableW(L"ZV_PROCESS", only, 16) > 0) {
+        const DWORD process = std::wcstoul(only, nullptr, 10);
+        std::erase_if(windows, [&](HWND window) { return ProcessOf(window) != process; });
+    }
     return windows;
+}
+
+bool IsCalled(HWND window, const std::wstring& name) {
+    return IsWindowVisible(window) &&
+           (NameOf(window) == name || TextOf(window).find(name) != std::wstring::npos);
 }
 
 HWND FindTop(const std::wstring& name) {
     for (const HWND window : TopLevelWindows()) {
-        if (!IsWindowVisible(window)) continue;
-        if (NameOf(window) == name || TextOf(window).find(name) != std::wstring::npos)
-            return window;
+        if (IsCalled(window, name)) return window;
     }
     return nullptr;
 }

@@ -16,6 +16,10 @@ std::wstring Wide(const std::string& text);
 std::wstring NameOf(HWND window);
 std::wstring TextOf(HWND window);
 std::wstring ClassOf(HWND window);
+/// Visible, and has that name or a title that holds it.
+bool IsCalled(HWND window, const std::wstring& name);
+DWORD ProcessOf(HWND window);
+/// With the environment variable ZV_PROCESS, the number of a process, only those of that one.
 std::vector<HWND> TopLevelWindows();
 
 /// A visible top-level window whose name is `name` or whose title contains it; null when none.

@@ -1,0 +1,150 @@
+#!/usr/bin/env bash
+# Two workstations, each the real control in a process of its own, on one PostgreSQL server: what
+# one user does the other sees at the next refill, neither loses the other's work unasked, and both
+# outlive a server that goes and comes back. The server is the suite's own.
+#
+# Needs ZV_BIN (folder of the Windows programs). Closes with "N passed, N failed".
+set -uo pipefail
+cd "$(dirname "$0")/../../.."
+source tests/e2e/playing.sh
+host=演示主程序
+folder=$work/server
+first_process=
+second_process=
+
+# A workstation is the process that the name stands for.
+at() { # first|second COMMAND...
+    local process=$1_process
+    ZV_PROCESS=${!process} outside "${@:2}"
+}
+main() { at "$1" "$2" "frmTaskMain.$3" "${@:4}"; }
+rows_are() { [ "$(psql -X -q -A -t -c "$1")" = "$2" ]; }
+holds() { main "$1" tree tvwTask | grep -qF -- "$2"; }
+lacks() { ! holds "$@"; }
+# The text may hold * for what does not matter.
+is_asked() { [[ "$(at "$1" message)" == $2 ]]; }
+is_not_asked() { ! at "$1" message >/dev/null; }
+answer() { # WHO NAME TEXT BUTTON
+    expect "$2" is_asked "$1" "$3"
+    at "$1" press "$4"
+    expect "$2: the box closes" is_not_asked "$1"
+}
+text_at_is() { [ "$(main "$1" text "$2")" = "$3" ]; }
+refill() { main "$1" click cmdSeek; }
+change() { # WHO TITLE CONTENT
+    main "$1" node tvwTask "$2"
+    expect "$1 shows $2" text_at_is "$1" txtTitle2 "$2"
+    main "$1" click "cmdAction(2)"
+    expect "$1 may save" text_at_is "$1" cmdSave 任务修改
+    main "$1" settext txtTaskCon "$3"
+}
+# start WHO USER: the host is the newest one; the other is not looked at.
+start() {
+    ZV_WINE_TIMEOUT=400 wine_run "$ZV_BIN/zvDemo.exe" --data "$ZV_TEST_POSTGRESQL" --user "$2" &
+    pids[$1]=$!
+    expect "$1 starts" host_of "$1"
+    at "$1" pick "$host.cboKind" 1
+    at "$1" click "$host.cmdRefresh1"
+    expect "$1 has the manager" at "$1" wait frmTaskMain 30
+    at "$1" tab frmTaskMain.SSTab1 1
+}
+host_of() {
+    local process
+    for process in $(outside processes "$host"); do
+        [ "$process" = "$first_process" ] && continue
+        printf -v "$1_process" '%s' "$process"
+        return 0
+    done
+    return 1
+}
+end() {
+    tests/server/postgresql.sh stop "$folder"
+    finish
+}
+
+declare -A pids=()
+chmod 755 "$work"
+facts=$(tests/server/postgresql.sh start "$folder") || { echo "0 passed, 1 failed"; exit 1; }
+eval "$facts"
+data=$work/none
+set_up_workstation
+expect "the tables are made over the driver" wine_run "$ZV_BIN/zvdb.exe" create --to "$ZV_TEST_POSTGRESQL"
+day=$(date +%F)
+psql -X -q <<SQL
+insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask');
+insert into tTaskList(fType,TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,tDone)
+    values(0,0,'报价','原文','$day','$day','$day',0),(0,0,'收款','','$day','$day','$day',0);
+SQL
+
+start first 张三
+start second 李四
+expect "the first shows the items of the server" holds first 报价
+expect "so does the second" holds second 报价
+
+# What one does, the other sees at the next refill.
+main first node tvwTask 报价
+expect "the first shows the item" text_at_is first txtTitle2 报价
+main first click "cmdAction(2)"
+main first settext txtTitle2 报价单
+main first click cmdSave
+answer first "the change is told" "[[]报价单[]]: 修改完毕 ！" 1
+expect "it is on the server" rows_are "select taskTitle from tTaskList where fID=1" 报价单
+expect "the second does not know yet" lacks second 报价单
+refill second
+expect "and sees it at the next refill" holds second 报价单
+
+# Both change the same item.
+change first 报价单 甲写的
+change second 报价单 乙写的
+main second click cmdSave
+answer second "the second's change is told" "[[]报价单[]]: 修改完毕 ！" 1
+main first click cmdSave
+answer first "the first is shown both texts" "*乙写的*甲写的*" 7
+expect "the second's text stays" rows_are "select fContent from tTaskList where fID=1" 乙写的
+main first click cmdSave
+answer first "the first is asked again" "*乙写的*甲写的*" 6
+answer first "and told of the change" "[[]报价单[]]: 修改完毕 ！" 1
+expect "the first's text is there" rows_are "select fContent from tTaskList where fID=1" 甲写的
+
+# One deletes what the other changes.
+refill first
+change first 收款 甲写的
+refill second
+main second node tvwTask 收款
+main second click "cmdAction(3)"
+answer second "deleting is asked for" "[[]收款[]]: 是否删除 ?" 1
+expect "the item is gone" rows_are "select count(*) from tTaskList" 1
+main first click cmdSave
+answer first "the first is told" "原记录未有存在，操作取消！" 1
+expect "nothing came back" rows_are "select count(*) from tTaskList" 1
+main first click "cmdAction(0)"
+
+# The server goes, and comes back.
+tests/server/postgresql.sh halt "$folder"
+refill first
+secret=$(sed -nE 's/.*Pwd=\{?([^;}]*).*/\1/p' <<<"$ZV_TEST_POSTGRESQL")
+expect "the loss is told in one message" is_asked first "*server*"
+expect "without the password" test "$(at first message | grep -cF -- "$secret")" = 0
+at first press 1
+expect "the box closes" is_not_asked first
+expect "the window is alive" text_at_is first cmdSeek "$(main second text cmdSeek)"
+tests/server/postgresql.sh resume "$folder"
+refill first
+expect "the connection comes back by itself" holds first 报价单
+expect "no message is left" is_not_asked first
+refill second
+at second press 1
+refill second
+expect "so it does for the second" holds second 报价单
+
+for who in first second; do
+    at "$who" close frmTaskMain
+    expect "$who closes its window" at "$who" gone frmTaskMain 20
+    at "$who" close "$host"
+    expect "$who closes" at "$who" gone "$host" 20
+    wait "${pids[$who]}"
+    expect "$who ends well" test $? -eq 0
+done
+expect "no connection is left" rows_are \
+    "select count(*) from pg_stat_activity where backend_type='client backend' and pid<>pg_backend_pid()" 0
+end
