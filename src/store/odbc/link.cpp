@@ -296,6 +296,12 @@ std::vector<Column> Link::Describe(const std::string& sql) {
     return ColumnsOf(statement);
 }
 
+bool Link::Fetch(SQLHSTMT statement) {
+    const SQLRETURN code = SQLFetch(statement);
+    if (!HasSucceeded(code)) Throw(statement);
+    return code != SQL_NO_DATA;
+}
+
 Table Link::DescribeTable(const std::string& name) {
     constexpr SQLUSMALLINT kTableName = 3, kColumnName = 4, kDataType = 5, kTypeName = 6, kSize = 7;
     const std::u16string wide = text::ToUtf16(name);
@@ -307,7 +313,7 @@ Table Link::DescribeTable(const std::string& name) {
             return SQLColumnsW(statement.Get(), nullptr, 0, nullptr, 0, Wide(wide), length, nullptr,
                                0);
         });
-        while (SQL_SUCCEEDED(SQLFetch(statement.Get()))) {
+        while (Fetch(statement.Get())) {
             // The name is taken as a pattern, in which "_" stands for any character.
             const std::string found = TextOf(statement.Get(), kTableName);
             if (!text::EqualsIgnoreCase(found, name)) continue;
@@ -327,7 +333,7 @@ Table Link::DescribeTable(const std::string& name) {
     Check(statement.Get(), [&] {
         return SQLPrimaryKeysW(statement.Get(), nullptr, 0, nullptr, 0, Wide(wide), length);
     });
-    while (SQL_SUCCEEDED(SQLFetch(statement.Get()))) {
+    while (Fetch(statement.Get())) {
         table.key.push_back(TextOf(statement.Get(), kColumnName));
     }
     return table;

@@ -81,6 +81,8 @@ class Link {
     SQLHSTMT PreparedFor(const std::string& sql);
     void Forget(SQLHSTMT statement);
     std::vector<Column> ColumnsOf(SQLHSTMT statement);
+    /// False behind the last row.
+    bool Fetch(SQLHSTMT statement);
     Result Finish(SQLHSTMT statement, bool asStored);
     template <class Call>
     void Check(SQLHSTMT statement, Call call);
