@@ -23,20 +23,21 @@ holds() { main "$1" tree tvwTask | grep -qF -- "$2"; }
 lacks() { ! holds "$@"; }
 # The text may hold * for what does not matter.
 is_asked() { [[ "$(at "$1" message)" == $2 ]]; }
+is_not_asked_for() { ! is_asked "$@"; }
 is_not_asked() { ! at "$1" message >/dev/null; }
 answer() { # WHO NAME TEXT BUTTON
     expect "$2" is_asked "$1" "$3"
     at "$1" press "$4"
-    expect "$2: the box closes" is_not_asked "$1"
+    expect "$2: the box closes" is_not_asked_for "$1" "$3"
 }
 text_at_is() { [ "$(main "$1" text "$2")" = "$3" ]; }
 refill() { main "$1" click cmdSeek; }
-change() { # WHO TITLE CONTENT
+change() { # WHO TITLE TEXT
     main "$1" node tvwTask "$2"
     expect "$1 shows $2" text_at_is "$1" txtTitle2 "$2"
     main "$1" click "cmdAction(2)"
     expect "$1 may save" text_at_is "$1" cmdSave 任务修改
-    main "$1" settext txtTaskCon "$3"
+    main "$1" settext "txtOther(0)" "$3"
 }
 # start WHO USER: the host is the newest one; the other is not looked at.
 start() {
@@ -100,11 +101,11 @@ main second click cmdSave
 answer second "the second's change is told" "[[]报价单[]]: 修改完毕 ！" 1
 main first click cmdSave
 answer first "the first is shown both texts" "*乙写的*甲写的*" 7
-expect "the second's text stays" rows_are "select fContent from tTaskList where fID=1" 乙写的
+expect "the second's text stays" rows_are "select fOther0 from tTaskList where fID=1" 乙写的
 main first click cmdSave
 answer first "the first is asked again" "*乙写的*甲写的*" 6
 answer first "and told of the change" "[[]报价单[]]: 修改完毕 ！" 1
-expect "the first's text is there" rows_are "select fContent from tTaskList where fID=1" 甲写的
+expect "the first's text is there" rows_are "select fOther0 from tTaskList where fID=1" 甲写的
 
 # One deletes what the other changes.
 refill first
