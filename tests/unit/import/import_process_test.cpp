@@ -24,6 +24,8 @@ class ImportProcess : public Scratch {
         const std::string said = Path("said");
         const pid_t child = fork();
         if (child != 0) return child;
+        // Whoever it becomes may lack the way to the program.
+        const int program = open(ZV_ZVDB, O_RDONLY);
         before();
         const int file = open(said.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         dup2(file, STDERR_FILENO);
@@ -33,7 +35,7 @@ class ImportProcess : public Scratch {
             values.push_back(const_cast<char*>(argument.c_str()));
         }
         values.push_back(nullptr);
-        execv(ZV_ZVDB, values.data());
+        fexecve(program, values.data(), environ);
         _exit(99);
     }
     static int StatusOf(pid_t child) {
