@@ -174,7 +174,8 @@ class Verdict {
 
 std::vector<Reading> PlayRounds(const fs::path& scripts, int rounds, const fs::path& folder) {
     const std::string round = ReadFile(scripts / "round.zvs");
-    script::Stage stage(folder, script::BackendKind::Win32, [](forms::Form& form) {
+    const auto engine = script::MakeScriptEngine("embedded");
+    script::Stage stage(folder, script::BackendKind::Win32, *engine, [](forms::Form& form) {
         throw std::runtime_error("a modal window: " + form.Name());
     });
     Play(stage, ReadFile(scripts / "begin.zvs"), "begin.zvs");
