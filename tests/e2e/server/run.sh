@@ -35,23 +35,23 @@ press() { # WHO NAME CONTROL TEXT BUTTON: the box that the control brings, and i
     expect "$2" brings "$1" "$3" "$4"
     answer "$1" "$2" "$4" "$5"
 }
-brings() {
-    main "$1" click "$2"
+brings() { main "$1" click "$2"; settles is_asked "$1" "$3"; }
+text_at_is() { [ "$(main "$1" text "$2")" = "$3" ]; }
+refill() { main "$1" click cmdSeek; }
+# What an act leads to may take a while; the act is made again only when nothing came of it.
+settles() {
     local i
     for i in $(seq 20); do
-        is_asked "$1" "$3" && return 0
+        "$@" && return 0
         sleep 0.1
     done
     return 1
 }
-text_at_is() { [ "$(main "$1" text "$2")" = "$3" ]; }
-refill() { main "$1" click cmdSeek; }
-# After a refill, the tree holds that.
-finds() { refill "$1"; sleep 0.5; holds "$1" "$2"; }
-may_save() { main "$1" click "cmdAction(2)"; sleep 0.5; text_at_is "$1" cmdSave 任务修改; }
+finds() { refill "$1"; settles holds "$1" "$2"; }
+selects() { main "$1" node tvwTask "$2"; settles text_at_is "$1" txtTitle2 "$2"; }
+may_save() { main "$1" click "cmdAction(2)"; settles text_at_is "$1" cmdSave 任务修改; }
 change() { # WHO TITLE TEXT
-    main "$1" node tvwTask "$2"
-    expect "$1 shows $2" text_at_is "$1" txtTitle2 "$2"
+    expect "$1 shows $2" selects "$1" "$2"
     expect "$1 may save" may_save "$1"
     main "$1" settext "txtOther(0)" "$3"
 }
@@ -99,8 +99,7 @@ expect "the first shows the items of the server" holds first 报价
 expect "so does the second" holds second 报价
 
 # What one does, the other sees at the next refill.
-main first node tvwTask 报价
-expect "the first shows the item" text_at_is first txtTitle2 报价
+expect "the first shows the item" selects first 报价
 expect "it may change it" may_save first
 main first settext txtTitle2 报价单
 press first "the change is told" cmdSave "[[]报价单[]]: 修改完毕 ！" 1
@@ -119,10 +118,10 @@ answer first "and told of the change" "[[]报价单[]]: 修改完毕 ！" 1
 expect "the first's text is there" rows_are "select fOther0 from tTaskList where fID=1" 甲写的
 
 # One deletes what the other changes.
-refill first
+expect "the first still finds it" finds first 收款
 change first 收款 甲写的
-refill second
-main second node tvwTask 收款
+expect "so does the second" finds second 收款
+expect "the second shows it" selects second 收款
 press second "deleting is asked for" "cmdAction(3)" "[[]收款[]]: 是否删除 ?" 1
 expect "the item is gone" rows_are "select count(*) from tTaskList" 1
 press first "the first is told" cmdSave "原记录未有存在，操作取消！" 1
