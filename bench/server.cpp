@@ -40,7 +40,9 @@ std::unique_ptr<zv::store::Connection> Connect() {
 /// A statement as it goes over the wire.
 std::string OnTheWire(const std::string& statement) {
     zv::store::dialect::SchemaInfo schema;
-    const auto connection = Connect();
+    zv::store::odbc::OdbcOptions options = zv::store::odbc::OptionsFor({1, Server(), {}, {}, {}});
+    options.translate = false;
+    const auto connection = zv::store::odbc::OpenOdbc(options);
     const auto columns =
         connection->Open("select column_name,udt_name from information_schema.columns",
                          zv::store::CursorType::Static, zv::store::LockType::ReadOnly);

@@ -56,7 +56,9 @@ class NoSettings : public resources::SettingsStore {
 class EngineOpener : public store::ConnectionOpener {
  public:
     std::unique_ptr<store::Connection> Open(const store::ConnectionSettings& settings) override {
-        if (settings.kind == 0) return store::OpenSqlite(settings.dataPath);
+        if (!store::odbc::IsOdbcConnectionString(settings.dataPath)) {
+            return store::OpenSqlite(settings.dataPath);
+        }
         return store::odbc::OpenOdbc(store::odbc::OptionsFor(settings));
     }
 };

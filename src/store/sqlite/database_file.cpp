@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "base/errors.h"
+#include "store/secrets.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::store {
@@ -23,7 +24,8 @@ bool HasSignature(std::istream& file) {
 }
 
 [[noreturn]] void Refuse(ErrorNumber number, const char* reason, const std::string& path) {
-    throw RuntimeError(number, std::string(reason) + ": " + path, kErrorSource);
+    // A server's connection string may have come here by a wrong setting.
+    throw RuntimeError(number, std::string(reason) + ": " + WithoutSecrets(path, {}), kErrorSource);
 }
 
 }  // namespace

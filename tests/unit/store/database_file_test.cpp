@@ -32,6 +32,12 @@ TEST_F(DatabaseFile, MissingIsRefusedAndNotCreated) {
     EXPECT_FALSE(IsSqliteFile(path));
     ExpectRefused("", ErrorNumber::FileNotFound, "The database file was not found");
 }
+TEST_F(DatabaseFile, AConnectionStringInItsPlaceKeepsItsPasswordToItself) {
+    const auto error = ErrorOf([] { OpenSqlite("Driver=x;Server=db;Uid=me;Pwd=secret"); });
+    EXPECT_EQ(error.Number(), ErrorNumber::FileNotFound);
+    EXPECT_EQ(error.Text(), "The database file was not found: Driver=x;Server=db;Uid=***;Pwd=***");
+}
+
 TEST_F(DatabaseFile, FolderIsRefused) {
     std::filesystem::create_directory(folder_ / u8"folder");
     ExpectRefused(Path(u8"folder"), ErrorNumber::PathFileAccess,
