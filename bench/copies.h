@@ -16,7 +16,7 @@ class AgreeingDialogs : public NoDialogs {
                               const std::string& title) override {
         constexpr int kButtons = 15;
         const int buttons = style & kButtons;
-        const bool told = style == forms::box::kOkOnly;
+        const bool told = style == forms::box::kOkOnly || style == forms::box::kInformation;
         if (told || buttons == forms::box::kOkCancel) return forms::Answer::Ok;
         return NoDialogs::ShowMessage(owner, text, style, title);
     }
