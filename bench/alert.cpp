@@ -38,14 +38,8 @@ void Measure(const std::string& path, const std::string& floorPath, int due, int
     InTurn(
         runs,
         [&] {
-            const Stopwatch watch;
-            stage.Control().refresh(0, 0);
-            const double time = watch.Milliseconds();
-            if (stage.Window() == nullptr || stage.Window()->tvwTask.Count() < due + 1) {
-                throw std::runtime_error("the alert pass shows too few items");
-            }
-            rows = stage.Window()->tvwTask.Count();
-            stage.UnloadWindows();
+            const double time = TimeOfAlertPass(stage, rows);
+            if (rows < due + 1) throw std::runtime_error("the alert pass shows too few items");
             return time;
         },
         ours,

@@ -156,17 +156,8 @@ void MeasureAlert(int runs) {
     Series ours;
     Series floor;
     InTurn(
-        runs,
-        [&] {
-            const Stopwatch watch;
-            stage.Control().refresh(0, 0);
-            const double time = watch.Milliseconds();
-            if (stage.Window() == nullptr) throw std::runtime_error("nothing is due");
-            nodes = stage.Window()->tvwTask.Count();
-            stage.UnloadWindows();
-            return time;
-        },
-        ours, [&] { return ClientTime(sent); }, floor);
+        runs, [&] { return TimeOfAlertPass(stage, nodes); }, ours, [&] { return ClientTime(sent); },
+        floor);
     const auto connection = Connect();
     const auto all =
         connection->Open("select count(*) from tTaskList", zv::store::CursorType::ForwardOnly,

@@ -10,6 +10,7 @@
 #include "bench_day.h"
 #include "control/zv_task.h"
 #include "mainwindow/frm_task_main.h"
+#include "measure.h"
 #include "session/session.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/odbc_connection.h"
@@ -120,5 +121,17 @@ class Stage {
     Session session_;
     ZvTask control_;
 };
+
+/// Milliseconds of an alert pass, whose window goes again afterwards; `nodes` become those of its
+/// tree.
+inline double TimeOfAlertPass(Stage& stage, int& nodes) {
+    const Stopwatch watch;
+    stage.Control().refresh(0, 0);
+    const double time = watch.Milliseconds();
+    if (stage.Window() == nullptr) throw std::runtime_error("nothing is due");
+    nodes = stage.Window()->tvwTask.Count();
+    stage.UnloadWindows();
+    return time;
+}
 
 }  // namespace zv::bench
