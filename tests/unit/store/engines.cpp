@@ -8,9 +8,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 
 #include "store/odbc/connection_string.h"
 #include "store/odbc/installed_drivers.h"
@@ -129,10 +127,7 @@ class PostgreSqlDatabase final : public OdbcDatabase {
         server->Execute("create extension if not exists citext schema public");
         server->Execute("select pg_advisory_unlock(7306)");
         server->Execute("create schema " + schema_);
-        std::ifstream file(ZV_SCHEMA_FOLDER "/postgresql.sql");
-        const std::string script{std::istreambuf_iterator<char>(file), {}};
-        if (script.empty()) throw RuntimeError(ErrorNumber::FileNotFound, "postgresql.sql");
-        ConnectRaw()->Execute(script);
+        ConnectRaw()->Execute(std::string(PostgreSqlSchema()));
     }
     ~PostgreSqlDatabase() override {
         try {
