@@ -196,6 +196,14 @@ std::vector<Token> Tokenise(std::string_view statement) {
     return Lexer(statement).Run();
 }
 
+std::vector<Token> TokensIfReadable(std::string_view statement) {
+    try {
+        return Tokenise(statement);
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
 std::string StoredDate(std::string_view text) {
     text = text::Trim(text);
     DateReader reader(text);

@@ -28,6 +28,9 @@ struct Token {
 /// that names the position of a character, text or date that cannot be read.
 std::vector<Token> Tokenise(std::string_view statement);
 
+/// The same for a statement that need not be in the dialect: none where it cannot be read.
+std::vector<Token> TokensIfReadable(std::string_view statement);
+
 /// A date as the dialect writes it - "m/d/yyyy" or "yyyy-m-d", optionally with "h:mm" or "h:mm:ss"
 /// - in stored form; empty when it is none.
 std::string StoredDate(std::string_view text);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "base/errors.h"
 #include "base/text.h"
 #include "store/dialect/lexer.h"
 
@@ -29,21 +28,13 @@ bool IsSymbol(const Token& token, std::string_view symbol) {
     return token.kind == TokenKind::Symbol && token.text == symbol;
 }
 
-std::vector<Token> TokensOf(std::string_view statement) {
-    try {
-        return dialect::Tokenise(statement);
-    } catch (const RuntimeError&) {
-        return {};
-    }
-}
-
 }  // namespace
 
 std::vector<std::string> NamedTables(std::string_view statement) {
     std::vector<std::string> names;
     bool commaLeadsOn = false;
     bool expected = false;
-    const std::vector<Token> tokens = TokensOf(statement);
+    const std::vector<Token> tokens = dialect::TokensIfReadable(statement);
     for (std::size_t i = 0; i < tokens.size(); i++) {
         const Token& token = tokens[i];
         if (IsOneOf(token, kBeforeTables)) {

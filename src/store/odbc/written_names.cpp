@@ -17,7 +17,7 @@ bool IsWordCharacter(char c) {
 /// they are, so only the others matter.
 std::map<std::string, std::string> NamesIn(std::string_view statement) {
     std::map<std::string, std::string> names;
-    for (const dialect::Token& token : dialect::Tokenise(statement)) {
+    for (const dialect::Token& token : dialect::TokensIfReadable(statement)) {
         const bool name =
             token.kind == dialect::TokenKind::Name || token.kind == dialect::TokenKind::QuotedName;
         const std::string lower = text::ToLower(token.text);

@@ -46,16 +46,13 @@ std::string PlaceOf(std::string_view message, const std::string& source) {
         name.remove_prefix(point + 1);
     }
     if (name.empty()) return {};
-    try {
-        for (const dialect::Token& token : dialect::Tokenise(source)) {
-            const bool isName = token.kind == dialect::TokenKind::Name ||
-                                token.kind == dialect::TokenKind::QuotedName;
-            if (isName && text::EqualsIgnoreCase(token.text, name)) {
-                return " at character " + std::to_string(token.position);
-            }
+    // A statement in the engine's own dialect has no tokens: the message goes without a place.
+    for (const dialect::Token& token : dialect::TokensIfReadable(source)) {
+        const bool isName = token.kind == dialect::TokenKind::Name ||
+                            token.kind == dialect::TokenKind::QuotedName;
+        if (isName && text::EqualsIgnoreCase(token.text, name)) {
+            return " at character " + std::to_string(token.position);
         }
-    } catch (const RuntimeError&) {
-        // A statement in the engine's own dialect: the message goes without a place.
     }
     return {};
 }

@@ -20,5 +20,10 @@ TEST(WithNamesAsWritten, LeavesPartsOfWordsAndOtherWords) {
     EXPECT_EQ(WithNamesAsWritten("", "select fID from t"), "");
 }
 
+TEST(WithNamesAsWritten, LeavesAllWhereTheStatementIsOfAnotherLanguage) {
+    EXPECT_EQ(WithNamesAsWritten("relation \"t\" does not exist", "select A||'x' from T"),
+              "relation \"t\" does not exist");
+}
+
 }  // namespace
 }  // namespace zv::store::odbc

@@ -7,6 +7,7 @@
 #include "store/odbc/connection_string.h"
 #include "store/odbc/odbc_connection.h"
 #include "zvdb/engine.h"
+#include "zvdb/import/server_link.h"
 
 namespace zv::zvdb {
 namespace {
@@ -187,6 +188,25 @@ TEST_F(ZvdbServer, TheCheckFindsWhatIsPlanted) {
     Run("alter table cards drop column http");
     ExpectWrong("column cards.http is missing");
     ExpectWrong("table tSysFunc is missing");
+}
+
+TEST_F(ZvdbServer, ATableThatSomebodyDropsElsewhereDisturbsNobody) {
+    Run("create table cards(fid int, name varchar(40), note text)");
+    const std::string elsewhere = schema_ + "_2";
+    Run("create schema " + elsewhere);
+    Run("create table " + elsewhere + ".gone(n int)");
+    ServerLink link(name_);
+    // From here on the link sees the server as it is now, whatever others do.
+    link.Run("begin transaction isolation level repeatable read, read only");
+    link.Ask("select count(*) from cards");
+    Run("drop schema " + elsewhere + " cascade");
+    const std::vector<ServerTable> tables = ReadServerTables(link);
+    ASSERT_EQ(tables.size(), 1U);
+    EXPECT_EQ(tables[0].name, "cards");
+    ASSERT_EQ(tables[0].columns.size(), 3U);
+    EXPECT_EQ(tables[0].columns[1].name, "name");
+    EXPECT_EQ(tables[0].columns[1].size, 40U);
+    EXPECT_EQ(tables[0].columns[2].size, 0U);
 }
 
 TEST_F(ZvdbServer, WhatCannotBeReachedIsToldWithoutThePassword) {

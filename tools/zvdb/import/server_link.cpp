@@ -13,6 +13,21 @@ namespace {
 // The key that servers give tables which have none of their own; no data of the system.
 constexpr std::string_view kRowKey = "rowkey";
 
+// Name of the table, name of the column, longest text; by table. PostgreSQL's own catalogue is
+// asked by numbers: a table of somebody else that goes away meanwhile is then merely not seen, while
+// its name could not be looked up any more.
+constexpr const char* kPostgreSqlColumns =
+    "select c.relname,a.attname,case when a.atttypid in ('char'::regtype,'varchar'::regtype) and "
+    "a.atttypmod>4 then a.atttypmod-4 end from pg_class c join pg_namespace n on "
+    "n.oid=c.relnamespace join pg_attribute a on a.attrelid=c.oid where c.relkind in ('r','p') and "
+    "n.nspname not in ('pg_catalog','information_schema') and pg_table_is_visible(c.oid) and "
+    "a.attnum>0 and not a.attisdropped order by c.relname,a.attnum";
+constexpr const char* kSqlServerColumns =
+    "select c.table_name,c.column_name,c.character_maximum_length from information_schema.columns c "
+    "join information_schema.tables t on t.table_schema=c.table_schema and "
+    "t.table_name=c.table_name where t.table_type='BASE TABLE' and c.table_schema=schema_name() "
+    "order by c.table_name,c.ordinal_position";
+
 std::unique_ptr<store::Connection> Connect(const std::string& name) {
     store::ConnectionSettings settings;
     settings.kind = 1;
@@ -116,17 +131,8 @@ std::string ServerLink::SelectPart(const std::string& columns, const std::string
 }
 
 std::vector<ServerTable> ReadServerTables(ServerLink& link) {
-    const std::string seen =
-        link.Kind() == ServerKind::PostgreSql
-            ? "c.table_schema not in ('pg_catalog','information_schema') and pg_table_is_visible("
-              "(quote_ident(c.table_schema)||'.'||quote_ident(c.table_name))::regclass)"
-            : "c.table_schema=schema_name()";
-    const auto rows = link.Select(
-        "select c.table_name,c.column_name,c.character_maximum_length from "
-        "information_schema.columns c join information_schema.tables t on "
-        "t.table_schema=c.table_schema and t.table_name=c.table_name where t.table_type='BASE "
-        "TABLE' and " +
-        seen + " order by c.table_name,c.ordinal_position");
+    const auto rows = link.Select(link.Kind() == ServerKind::PostgreSql ? kPostgreSqlColumns
+                                                                       : kSqlServerColumns);
     std::vector<ServerTable> tables;
     for (; !rows->Eof(); rows->MoveNext()) {
         const std::string table = rows->Field(0).ToText();
