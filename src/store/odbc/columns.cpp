@@ -2,9 +2,9 @@
 
 #include <charconv>
 
-#include "base/errors.h"
 #include "base/text.h"
 #include "store/odbc/odbc_connection.h"
+#include "store/rows/date_text.h"
 
 namespace zv::store::odbc {
 namespace {
@@ -50,18 +50,15 @@ bool IsLongType(SQLSMALLINT sqlType) {
            sqlType == SQL_LONGVARBINARY;
 }
 
-void Columns::Check(int column) const {
-    if (column >= 0 && column < Count()) return;
-    throw RuntimeError(ErrorNumber::DatabaseColumn, "no field number " + std::to_string(column),
-                       kErrorSource);
+rows::FieldUse UseOf(const Column& column) {
+    if (column.type == ColumnType::Date) return rows::FieldUse::Date;
+    return column.isComputed ? rows::FieldUse::Computed : rows::FieldUse::Plain;
 }
 
-int Columns::Index(std::string_view name) const {
-    for (int column = 0; column < Count(); column++) {
-        if (text::EqualsIgnoreCase(At(column).name, name)) return column;
-    }
-    throw RuntimeError(ErrorNumber::DatabaseColumn, "no such field: " + std::string(name),
-                       kErrorSource);
+rows::FieldList FieldsOf(const std::vector<Column>& columns) {
+    std::vector<rows::FieldFacts> fields;
+    for (const Column& column : columns) fields.push_back({column.name, UseOf(column)});
+    return {kErrorSource, std::move(fields)};
 }
 
 const Column* Table::Find(std::string_view column) const {
@@ -72,16 +69,7 @@ const Column* Table::Find(std::string_view column) const {
 }
 
 void TakeStoredText(Value& value, std::string_view text, const Column& column) {
-    constexpr std::size_t kStoredLength = 19;  // "YYYY-MM-DD HH:MM:SS"
-    const bool tryDate =
-        column.type == ColumnType::Date ||
-        (column.isComputed && text.size() == kStoredLength && text[4] == '-' && text[10] == ' ');
-    if (tryDate) {
-        if (const auto date = DateTime::Parse(text)) {
-            value = *date;
-            return;
-        }
-    }
+    if (rows::TakeStoredDate(value, text, UseOf(column))) return;
     const bool number = column.type == ColumnType::Integer || column.type == ColumnType::Real ||
                         column.type == ColumnType::Decimal;
     if (number && column.type != ColumnType::Real) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "store/odbc/odbc_api.h"
+#include "store/rows/field_list.h"
 #include "store/value.h"
 
 namespace zv::store::odbc {
@@ -25,22 +26,8 @@ struct Column {
 ColumnType TypeOf(SQLSMALLINT sqlType);
 bool IsLongType(SQLSMALLINT sqlType);
 
-/// The columns of a recordset, by number and name.
-class Columns {
- public:
-    Columns() = default;
-    explicit Columns(std::vector<Column> columns) : columns_(std::move(columns)) {}
-
-    int Count() const { return static_cast<int>(columns_.size()); }
-    const Column& At(int column) const { return columns_[static_cast<std::size_t>(column)]; }
-    const std::vector<Column>& All() const { return columns_; }
-    /// These throw DatabaseColumn when there is no such column; names in any case.
-    void Check(int column) const;
-    int Index(std::string_view name) const;
-
- private:
-    std::vector<Column> columns_;
-};
+rows::FieldUse UseOf(const Column& column);
+rows::FieldList FieldsOf(const std::vector<Column>& columns);
 
 /// What must be known of a table to write its rows.
 struct Table {

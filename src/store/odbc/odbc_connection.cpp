@@ -3,9 +3,11 @@
 #include <utility>
 
 #include "base/errors.h"
-#include "store/odbc/keyset_recordset.h"
-#include "store/odbc/reading_recordset.h"
+#include "store/odbc/result_rows.h"
 #include "store/odbc/session.h"
+#include "store/odbc/table_rows.h"
+#include "store/rows/keyset_recordset.h"
+#include "store/rows/reading_recordset.h"
 
 namespace zv::store::odbc {
 namespace {
@@ -33,12 +35,14 @@ class OdbcConnection final : public Connection {
         const auto translation = session_->Translated(sql);
         if (translation->kind != dialect::StatementKind::Select) ThrowNoRows(" at character 1");
         if (lock != LockType::ReadOnly && !translation->table.empty()) {
-            return std::make_unique<KeysetRecordset>(session_, translation->sql,
-                                                     translation->table);
+            return std::make_unique<rows::KeysetRecordset>(
+                session_->Recordsets(),
+                std::make_unique<TableRows>(session_, translation->sql, translation->table));
         }
         Result result = session_->Run(translation->sql);
         if (result.columns.empty()) ThrowNoRows("");
-        return std::make_unique<ReadingRecordset>(session_, std::move(result));
+        return std::make_unique<rows::ReadingRecordset>(
+            session_->Recordsets(), std::make_unique<ResultRows>(std::move(result)));
     }
 
  private:

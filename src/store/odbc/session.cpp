@@ -90,7 +90,7 @@ Session::~Session() {
 }
 
 void Session::Close() noexcept {
-    for (OpenRecordset* recordset : std::exchange(recordsets_, {})) recordset->Abandon();
+    recordsets_->Abandon();
     if (!link_) return;
     // The driver's farewell to the server must not keep anyone either.
     worker_->Run(

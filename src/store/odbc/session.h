@@ -14,16 +14,9 @@
 #include "store/odbc/link.h"
 #include "store/odbc/odbc_connection.h"
 #include "store/odbc/worker.h"
+#include "store/rows/open_recordsets.h"
 
 namespace zv::store::odbc {
-
-/// What a session must reach of the recordsets that are open on it.
-class OpenRecordset {
- public:
-    virtual ~OpenRecordset() = default;
-    /// The connection closes.
-    virtual void Abandon() noexcept = 0;
-};
 
 class Session {
  public:
@@ -53,8 +46,7 @@ class Session {
     /// A name as the server takes it, in quotes.
     std::string Quoted(const std::string& name) const;
 
-    void Register(OpenRecordset* recordset) { recordsets_.push_back(recordset); }
-    void Unregister(OpenRecordset* recordset) { std::erase(recordsets_, recordset); }
+    const std::shared_ptr<rows::OpenRecordsets>& Recordsets() const { return recordsets_; }
 
  private:
     /// What a job answers on the worker's thread, within the time limit.
@@ -73,7 +65,7 @@ class Session {
     std::list<std::pair<std::string, std::shared_ptr<const dialect::Translation>>> translations_;
     std::map<std::string, Table> tables_;  ///< by lower-case name; without columns when missing
     dialect::SchemaInfo schema_;
-    std::vector<OpenRecordset*> recordsets_;
+    std::shared_ptr<rows::OpenRecordsets> recordsets_ = std::make_shared<rows::OpenRecordsets>();
 };
 
 }  // namespace zv::store::odbc

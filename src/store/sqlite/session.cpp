@@ -48,8 +48,8 @@ std::string PlaceOf(std::string_view message, const std::string& source) {
     if (name.empty()) return {};
     // A statement in the engine's own dialect has no tokens: the message goes without a place.
     for (const dialect::Token& token : dialect::TokensIfReadable(source)) {
-        const bool isName = token.kind == dialect::TokenKind::Name ||
-                            token.kind == dialect::TokenKind::QuotedName;
+        const bool isName =
+            token.kind == dialect::TokenKind::Name || token.kind == dialect::TokenKind::QuotedName;
         if (isName && text::EqualsIgnoreCase(token.text, name)) {
             return " at character " + std::to_string(token.position);
         }
@@ -196,8 +196,7 @@ void Session::Refuse(int code) const {
 
 void Session::Close() noexcept {
     if (!handle_) return;
-    for (OpenRecordset* recordset : recordsets_) recordset->Abandon();
-    recordsets_.clear();
+    recordsets_->Abandon();
     for (sqlite3_stmt* statement : idle_) sqlite3_finalize(statement);
     idle_.clear();
     sqlite3_close_v2(std::exchange(handle_, nullptr));
@@ -256,10 +255,6 @@ void Session::TakeBack(sqlite3_stmt* handle) noexcept {
         sqlite3_finalize(idle_.back());
         idle_.pop_back();
     }
-}
-
-void Session::DetachRecordsets() {
-    for (OpenRecordset* recordset : recordsets_) recordset->Detach();
 }
 
 void Session::ForgetSchema() {

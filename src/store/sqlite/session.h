@@ -6,9 +6,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "store/dialect/translator.h"
+#include "store/rows/open_recordsets.h"
 #include "store/sqlite/sqlite_connection.h"
 #include "store/value.h"
 
@@ -51,16 +51,6 @@ class Statement {
     sqlite3_stmt* handle_ = nullptr;
 };
 
-/// What a session must reach of the recordsets that are open on it.
-class OpenRecordset {
- public:
-    virtual ~OpenRecordset() = default;
-    /// The connection is about to write: hold no half-read statement any longer.
-    virtual void Detach() = 0;
-    /// The connection closes.
-    virtual void Abandon() noexcept = 0;
-};
-
 class Session {
  public:
     Session(const std::string& path, const SqliteOptions& options);
@@ -82,9 +72,7 @@ class Session {
     Statement Prepare(const std::string& sql, const std::string& source);
     void TakeBack(sqlite3_stmt* handle) noexcept;
 
-    void Register(OpenRecordset* recordset) { recordsets_.push_back(recordset); }
-    void Unregister(OpenRecordset* recordset) { std::erase(recordsets_, recordset); }
-    void DetachRecordsets();
+    const std::shared_ptr<rows::OpenRecordsets>& Recordsets() const { return recordsets_; }
     /// Forgets what was learnt of the tables.
     void ForgetSchema();
 
@@ -105,7 +93,7 @@ class Session {
     sqlite3* handle_ = nullptr;
     std::list<sqlite3_stmt*> idle_;  ///< most recently used first
     std::list<std::pair<std::string, std::shared_ptr<const dialect::Translation>>> translations_;
-    std::vector<OpenRecordset*> recordsets_;
+    std::shared_ptr<rows::OpenRecordsets> recordsets_ = std::make_shared<rows::OpenRecordsets>();
     std::optional<dialect::SchemaInfo> schema_;
 };
 

@@ -5,10 +5,12 @@
 #include <utility>
 
 #include "base/errors.h"
+#include "store/rows/keyset_recordset.h"
+#include "store/rows/reading_recordset.h"
 #include "store/sqlite/database_file.h"
-#include "store/sqlite/keyset_recordset.h"
-#include "store/sqlite/reading_recordset.h"
+#include "store/sqlite/result_rows.h"
 #include "store/sqlite/session.h"
+#include "store/sqlite/table_rows.h"
 
 namespace zv::store {
 namespace {
@@ -31,7 +33,7 @@ class SqliteConnection final : public Connection {
     int Execute(const std::string& sql) override {
         const auto translation = session_->Translated(sql);
         Statement statement = session_->Prepare(translation->sql, sql);
-        if (!sqlite3_stmt_readonly(statement.Handle())) session_->DetachRecordsets();
+        if (!sqlite3_stmt_readonly(statement.Handle())) session_->Recordsets()->Detach();
         const int before = session_->TotalChanges();
         while (statement.Step()) {
         }
@@ -46,11 +48,15 @@ class SqliteConnection final : public Connection {
                                "the statement yields no rows at character 1", sqlite::kErrorSource);
         }
         if (lock != LockType::ReadOnly && !translation->table.empty()) {
-            return std::make_unique<sqlite::KeysetRecordset>(session_, std::move(translation), sql);
+            return std::make_unique<rows::KeysetRecordset>(
+                session_->Recordsets(),
+                std::make_unique<sqlite::TableRows>(session_, std::move(translation), sql));
         }
         Statement statement = session_->Prepare(translation->sql, sql);
-        if (!sqlite3_stmt_readonly(statement.Handle())) session_->DetachRecordsets();
-        return std::make_unique<sqlite::ReadingRecordset>(session_, std::move(statement));
+        if (!sqlite3_stmt_readonly(statement.Handle())) session_->Recordsets()->Detach();
+        return std::make_unique<rows::ReadingRecordset>(
+            session_->Recordsets(),
+            std::make_unique<sqlite::ResultRows>(session_, std::move(statement)));
     }
 
  private:

@@ -189,6 +189,35 @@ TEST_P(KeysetRecordsetTest, RefusesToOverwriteAnotherUsersChange) {
     EXPECT_EQ(ErrorOf([&] { rows->Update(); }).Number(), ErrorNumber::DatabaseConflict);
     EXPECT_EQ(Rows("select taskTitle from tTaskList"), "A");
 }
+TEST_P(KeysetRecordsetTest, AConflictDoesNotPassByTryingAgain) {
+    Execute("insert into tTaskList(fID,taskTitle) values(1,'a')");
+    const auto rows = Edit("select * from tTaskList");
+    rows->SetField("taskTitle", "x");
+    Another()->Execute("Update tTaskList Set taskTitle='b' where fID=1");
+    for (int attempt = 0; attempt < 3; attempt++) {
+        const auto error = ErrorOf([&] { rows->Update(); });
+        EXPECT_EQ(error.Number(), ErrorNumber::DatabaseConflict);
+        EXPECT_EQ(error.Text(), "the row has been changed by another user since it was read");
+        EXPECT_EQ(rows->Field("taskTitle").ToText(), "x");
+    }
+    EXPECT_EQ(Rows("select taskTitle from tTaskList"), "b");
+}
+TEST_P(KeysetRecordsetTest, ANewRowWhoseKeyCannotBeToldIsNotWrittenAgain) {
+    database_->ConnectRaw()->Execute(
+        "create table pairs(a integer not null, b integer default 7 not null, c varchar(9),"
+        " primary key(a,b))");
+    const auto rows = Edit("select a,b,c from pairs");
+    rows->AddNew();
+    rows->SetField("a", 1);
+    rows->SetField("c", "x");
+    rows->Update();
+    EXPECT_EQ(Rows("select a,b,c from pairs"), "1|7|x");
+    EXPECT_EQ(rows->Field("c").ToText(), "x");
+    if (GetParam() == EngineKind::Embedded) return;  // which has a number for every row
+    const auto error = ErrorOf([&] { rows->SetField("c", "y"); });
+    EXPECT_EQ(error.Number(), ErrorNumber::DatabaseFailure);
+    EXPECT_EQ(error.Text(), "the rows have no key by which they could be written");
+}
 TEST_P(KeysetRecordsetTest, LeavesAnotherUsersChangeOfOtherFieldsAlone) {
     Execute("insert into tTaskList(fID,taskTitle) values(1,'a')");
     const auto rows = Edit("select * from tTaskList");
