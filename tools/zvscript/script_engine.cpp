@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <vector>
@@ -15,6 +14,7 @@
 #include "store/schema/schema.h"
 #include "store/sqlite/database_file.h"
 #include "store/sqlite/sqlite_connection.h"
+#include "test_server/scratch_schema.h"
 
 namespace zv::script {
 namespace {
@@ -86,23 +86,19 @@ class SqliteOdbcEngine final : public ScriptEngine {
 class ServerEngine final : public ScriptEngine {
  public:
     ServerEngine() {
-        const char* connection = std::getenv("ZV_TEST_POSTGRESQL");
-        if (!connection) {
+        if (server_.empty()) {
             throw RuntimeError(ErrorNumber::CannotCreateObject,
                                "ZV_TEST_POSTGRESQL names no server");
         }
-        connection_ = connection;
-        Raw(connection_)->Execute("create extension if not exists citext schema public");
+        // What is wrong with the server is told before the first scenario.
+        test_server::ConnectRaw(server_);
     }
 
     void Create(const std::string& path) override {
-        const std::string schema =
-            "zv_script_" +
-            std::to_string(std::chrono::steady_clock::now().time_since_epoch().count());
-        Raw(connection_)->Execute("create schema " + schema);
-        schemas_.push_back(schema);
-        Raw(Within(schema))->Execute(std::string(store::PostgreSqlSchema()));
-        std::ofstream(FileOf(path)) << schema;
+        auto& schema = schemas_.emplace_back(
+            std::make_unique<test_server::ScratchSchema>(server_, "zv_script"));
+        schema->CreateTables();
+        std::ofstream(FileOf(path)) << schema->Name();
     }
 
     std::unique_ptr<store::Connection> Open(const std::string& path) override {
@@ -112,30 +108,17 @@ class ServerEngine final : public ScriptEngine {
             store::sqlite::CheckDatabaseFile(path);
             throw RuntimeError(ErrorNumber::DatabaseFailure, "no database: " + path);
         }
-        return store::odbc::OpenOdbc(OptionsOf(Within(schema)));
+        return store::odbc::OpenOdbc(OptionsOf(test_server::AddressWithin(server_, schema)));
     }
 
     void Clear() override {
-        for (const std::string& schema : schemas_) {
-            Raw(connection_)->Execute("drop schema " + schema + " cascade");
-        }
+        for (const auto& schema : schemas_) schema->Drop();
         schemas_.clear();
     }
 
  private:
-    std::string Within(const std::string& schema) const {
-        return connection_ + ";ConnSettings={set search_path to " + schema + ",public}";
-    }
-    static std::unique_ptr<store::Connection> Raw(const std::string& connection) {
-        store::odbc::OdbcOptions options = OptionsOf(connection);
-        options.translate = false;
-        auto opened = store::odbc::OpenOdbc(options);
-        opened->Execute("set client_min_messages=warning");
-        return opened;
-    }
-
-    std::string connection_;
-    std::vector<std::string> schemas_;
+    std::string server_ = test_server::Address();
+    std::vector<std::unique_ptr<test_server::ScratchSchema>> schemas_;
 };
 
 }  // namespace

@@ -4,48 +4,34 @@
 
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
+#include <memory>
 #include <thread>
 
 #include "access_rows_file.h"
 #include "base/errors.h"
 #include "scratch.h"
-#include "store/schema/schema.h"
+#include "test_server/scratch_schema.h"
 #include "zvdb/engine.h"
 #include "zvdb/import/server_link.h"
 
 namespace zv::zvdb {
 namespace {
 
-std::string TestServer() {
-    const char* text = std::getenv("ZV_TEST_POSTGRESQL");
-    return text != nullptr ? text : "";
-}
-
 /// A schema of its own for each test.
 class ImportServer : public Scratch {
  protected:
     void SetUp() override {
-        if (TestServer().empty()) {
+        if (test_server::Address().empty()) {
             GTEST_SKIP() << "engine PostgreSql is missing: ZV_TEST_POSTGRESQL names no server";
         }
         Scratch::SetUp();
-        const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-        schema_ = "zv_import_" + std::to_string(ticks);
-        ServerLink link(TestServer());
-        link.Run("set client_min_messages=warning");
-        link.Ask("select pg_advisory_lock(7306)");
-        link.Run("create extension if not exists citext schema public");
-        link.Ask("select pg_advisory_unlock(7306)");
-        link.Run("create schema " + schema_);
-        server_ = TestServer() + ";ConnSettings={set search_path to " + schema_ + ",public}";
-        Run(std::string(store::PostgreSqlSchema()));
+        schema_ = std::make_unique<test_server::ScratchSchema>(test_server::Address(), "zv_import");
+        schema_->CreateTables();
+        server_ = schema_->Address();
     }
     void TearDown() override {
-        if (schema_.empty()) return;
-        ServerLink link(TestServer());
-        link.Run("set client_min_messages=warning");
-        link.Run("drop schema " + schema_ + " cascade");
+        if (!schema_) return;
+        schema_->Drop();
         Scratch::TearDown();
     }
     void Run(const std::string& sql) {
@@ -68,7 +54,7 @@ class ImportServer : public Scratch {
     std::string server_;
 
  private:
-    std::string schema_;
+    std::unique_ptr<test_server::ScratchSchema> schema_;
 };
 
 TEST_F(ImportServer, AnAccessFileGoesThereAndComesBackCellByCell) {
@@ -185,7 +171,7 @@ TEST_F(ImportServer, MissingTablesAndColumnsOfTheTargetAreNamed) {
 }
 
 TEST_F(ImportServer, ARefusedLoginIsToldWithoutThePassword) {
-    std::string wrong = TestServer();
+    std::string wrong = test_server::Address();
     const auto at = wrong.find("Pwd=");
     ASSERT_NE(at, std::string::npos);
     wrong = wrong.substr(0, at) + "Pwd=not-this-one";

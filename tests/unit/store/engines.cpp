@@ -5,14 +5,13 @@
 #endif
 
 #include <array>
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
 #include "store/odbc/connection_string.h"
 #include "store/odbc/installed_drivers.h"
 #include "store/odbc/odbc_connection.h"
+#include "test_server/scratch_schema.h"
 
 namespace zv::store {
 namespace {
@@ -81,6 +80,13 @@ std::string SqliteDriver() {
     return {};
 }
 
+odbc::OdbcOptions OptionsOf(const std::string& connectionString) {
+    ConnectionSettings settings;
+    settings.kind = 1;
+    settings.dataPath = connectionString;
+    return odbc::OptionsFor(settings);
+}
+
 class OdbcDatabase : public TestDatabase {
  public:
     std::unique_ptr<Connection> Connect() override { return odbc::OpenOdbc(Options()); }
@@ -100,63 +106,29 @@ class SqliteOdbcDatabase final : public OdbcDatabase {
 
  private:
     odbc::OdbcOptions Options() const override {
-        ConnectionSettings settings;
-        settings.kind = 1;
-        settings.dataPath = "Driver={" + SqliteDriver() + "};Database=" + DriverPath(path_);
-        return odbc::OptionsFor(settings);
+        return OptionsOf("Driver={" + SqliteDriver() + "};Database=" + DriverPath(path_));
     }
 
     TemporaryFolder folder_;
     std::filesystem::path path_;
 };
 
-std::string ServerString() {
-    const char* text = std::getenv("ZV_TEST_POSTGRESQL");
-    return text ? text : "";
-}
-
 /// A schema of its own on the server that the environment names.
 class PostgreSqlDatabase final : public OdbcDatabase {
  public:
-    PostgreSqlDatabase() {
-        const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-        schema_ = "zv_test_" + std::to_string(ticks);
-        auto server = Server();
-        server->Execute("set client_min_messages=warning");
-        server->Execute("select pg_advisory_lock(7306)");
-        server->Execute("create extension if not exists citext schema public");
-        server->Execute("select pg_advisory_unlock(7306)");
-        server->Execute("create schema " + schema_);
-        ConnectRaw()->Execute(std::string(PostgreSqlSchema()));
-    }
+    PostgreSqlDatabase() { schema_.CreateTables(); }
     ~PostgreSqlDatabase() override {
         try {
-            auto server = Server();
-            server->Execute("set client_min_messages=warning");
-            server->Execute("drop schema " + schema_ + " cascade");
+            schema_.Drop();
         } catch (const RuntimeError& error) {
             ADD_FAILURE() << "the test's schema cannot be removed: " << error.Text();
         }
     }
 
  private:
-    static std::unique_ptr<Connection> Server() {
-        odbc::OdbcOptions options = OptionsOf(ServerString());
-        options.translate = false;
-        return odbc::OpenOdbc(options);
-    }
-    static odbc::OdbcOptions OptionsOf(const std::string& text) {
-        ConnectionSettings settings;
-        settings.kind = 1;
-        settings.dataPath = text;
-        return odbc::OptionsFor(settings);
-    }
-    odbc::OdbcOptions Options() const override {
-        return OptionsOf(ServerString() + ";ConnSettings={set search_path to " + schema_ +
-                         ",public}");
-    }
+    odbc::OdbcOptions Options() const override { return OptionsOf(schema_.Address()); }
 
-    std::string schema_;
+    test_server::ScratchSchema schema_{test_server::Address(), "zv_test"};
 };
 
 /// Says once a program which engines its tests ran on and which are missing.
@@ -192,7 +164,7 @@ std::string WhyMissing(EngineKind kind) {
             if (SqliteDriver().empty()) return "no ODBC driver for SQLite is installed";
             break;
         case EngineKind::PostgreSql:
-            if (ServerString().empty()) return "ZV_TEST_POSTGRESQL names no server";
+            if (test_server::Address().empty()) return "ZV_TEST_POSTGRESQL names no server";
             break;
     }
     return {};

@@ -9,6 +9,7 @@
 #include "store/database.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/worker.h"
+#include "test_server/scratch_schema.h"
 
 namespace zv::store {
 namespace {
@@ -20,10 +21,10 @@ using std::chrono::steady_clock;
 class ServerFault : public ::testing::Test, protected ConnectionOpener {
  protected:
     void SetUp() override {
-        const char* text = std::getenv("ZV_TEST_POSTGRESQL");
-        if (!text)
+        direct_ = test_server::Address();
+        if (direct_.empty()) {
             GTEST_SKIP() << "engine PostgreSql is missing: ZV_TEST_POSTGRESQL names no server";
-        direct_ = text;
+        }
         const std::string port(ConnectionEntries(direct_).Value("Port"));
         proxy_ = std::make_unique<Proxy>(std::atoi(port.c_str()));
         entries_ = ConnectionEntries(direct_);

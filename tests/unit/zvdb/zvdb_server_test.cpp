@@ -1,11 +1,9 @@
 // The commands on a server, each test in a schema of its own.
-#include <chrono>
-#include <cstdlib>
+#include <memory>
 
 #include "base/errors.h"
 #include "scratch.h"
-#include "store/odbc/connection_string.h"
-#include "store/odbc/odbc_connection.h"
+#include "test_server/scratch_schema.h"
 #include "zvdb/engine.h"
 #include "zvdb/import/server_link.h"
 
@@ -16,41 +14,21 @@ class ZvdbServer : public Scratch {
  protected:
     void SetUp() override {
         Scratch::SetUp();
-        const char* server = std::getenv("ZV_TEST_POSTGRESQL");
-        if (server == nullptr) {
+        server_ = test_server::Address();
+        if (server_.empty()) {
             GTEST_SKIP() << "engine PostgreSql is missing: ZV_TEST_POSTGRESQL names no server";
         }
-        server_ = server;
-        const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-        schema_ = "zvdb_test_" + std::to_string(ticks);
-        const auto connection = Connect(server_);
-        connection->Execute("set client_min_messages=warning");
-        connection->Execute("select pg_advisory_lock(7306)");
-        connection->Execute("create extension if not exists citext schema public");
-        connection->Execute("select pg_advisory_unlock(7306)");
-        connection->Execute("create schema " + schema_);
-        name_ = server_ + ";ConnSettings={set search_path to " + schema_ + ",public}";
+        schema_ = std::make_unique<test_server::ScratchSchema>(server_, "zvdb_test");
+        name_ = schema_->Address();
     }
     void TearDown() override {
-        if (!schema_.empty()) {
-            const auto connection = Connect(server_);
-            connection->Execute("set client_min_messages=warning");
-            connection->Execute("drop schema " + schema_ + " cascade");
-        }
+        if (schema_) schema_->Drop();
         Scratch::TearDown();
     }
 
-    static std::unique_ptr<store::Connection> Connect(const std::string& name) {
-        store::ConnectionSettings settings;
-        settings.kind = 1;
-        settings.dataPath = name;
-        store::odbc::OdbcOptions options = store::odbc::OptionsFor(settings);
-        options.translate = false;
-        return store::odbc::OpenOdbc(options);
-    }
-    void Run(const std::string& sql) { Connect(name_)->Execute(sql); }
+    void Run(const std::string& sql) { test_server::ConnectRaw(name_)->Execute(sql); }
     std::string Text(const std::string& sql) {
-        const auto connection = Connect(name_);
+        const auto connection = test_server::ConnectRaw(name_);
         return connection->Open(sql, store::CursorType::ForwardOnly, store::LockType::ReadOnly)
             ->Field(0)
             .ToText();
@@ -78,7 +56,7 @@ class ZvdbServer : public Scratch {
     }
 
     std::string server_;
-    std::string schema_;
+    std::unique_ptr<test_server::ScratchSchema> schema_;
     std::string name_;
 };
 
@@ -192,7 +170,7 @@ TEST_F(ZvdbServer, TheCheckFindsWhatIsPlanted) {
 
 TEST_F(ZvdbServer, ATableThatSomebodyDropsElsewhereDisturbsNobody) {
     Run("create table cards(fid int, name varchar(40), note text)");
-    const std::string elsewhere = schema_ + "_2";
+    const std::string elsewhere = schema_->Name() + "_2";
     Run("create schema " + elsewhere);
     Run("create table " + elsewhere + ".gone(n int)");
     ServerLink link(name_);
