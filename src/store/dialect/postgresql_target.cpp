@@ -311,9 +311,11 @@ class PostgreSqlTarget final : public Target {
 }  // namespace
 
 std::string FindPostgreSqlWindowIndex() {
-    return "select indexname from pg_indexes where tablename='ttasklist' and"
-           " indexname='ttasklist_window' and indexdef like '%point%' and"
-           " schemaname=any(current_schemas(false))";
+    // Only the connection's own index is looked into: those of other schemas may be locked, or
+    // dropped while the server reads them.
+    return "select indexrelid from pg_index where indexrelid=to_regclass('ttasklist_window') and"
+           " indrelid=to_regclass('ttasklist') and"
+           " pg_get_indexdef(to_regclass('ttasklist_window')) like '%point%'";
 }
 
 const Target& PostgreSql() {
