@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "resources/catalogue.h"
 #include "resources/design_texts.h"
+#include "resources/text_ids.h"
 #include "resources/text_table.h"
 
 namespace zv::report {
@@ -67,8 +68,6 @@ constexpr auto kTexts = std::to_array<resources::TextEntry<ReportText>>({
 
 static_assert(resources::IsInOrder(kTexts, ReportText::Saving));
 
-constexpr std::int16_t kCatalogueTask = 5;
-
 std::optional<resources::DesignText> OfWindows(ReportText id) {
     using resources::DesignText;
     switch (id) {
@@ -91,7 +90,7 @@ std::optional<resources::DesignText> OfWindows(ReportText id) {
 
 std::string GetReportText(ReportText id, std::int16_t language) {
     if (id == ReportText::KindTask) {
-        return resources::LoadText(kCatalogueTask, language == resources::kTraditionalLanguage
+        return resources::LoadText(text_id::kTask, language == resources::kTraditionalLanguage
                                                        ? language
                                                        : std::int16_t{0});
     }

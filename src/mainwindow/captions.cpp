@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "mainwindow/frm_task_main.h"
+#include "resources/text_ids.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -11,26 +12,6 @@ namespace {
 using resources::DesignText;
 
 // Catalogue texts that several captions are made of.
-constexpr std::int16_t kTaskText = 5;
-constexpr std::int16_t kEventText = 6;
-constexpr std::int16_t kTitleText = 7;
-constexpr std::int16_t kDoerText = 10;
-constexpr std::int16_t kSetterText = 11;
-constexpr std::int16_t kStateText = 13;
-constexpr std::int16_t kDateText = 14;
-constexpr std::int16_t kListText = 19;
-constexpr std::int16_t kExitText = 22;
-constexpr std::int16_t kQueryText = 23;
-constexpr std::int16_t kAddText = 24;
-constexpr std::int16_t kChangeText = 25;
-constexpr std::int16_t kDeleteText = 26;
-constexpr std::int16_t kPrintText = 27;
-constexpr std::int16_t kBeginText = 35;
-constexpr std::int16_t kEndText = 36;
-constexpr std::int16_t kManageText = 44;
-constexpr std::int16_t kStartupText = 134;
-constexpr std::int16_t kIntervalText = 135;
-constexpr std::int16_t kDesktopPathText = 138;
 
 constexpr std::string_view kExitPrefix = "&X ";
 constexpr std::string_view kQueryAccessKey = "(&T)";
@@ -46,22 +27,22 @@ std::string Captions::Catalogue(std::int16_t id) const {
 }
 
 void Captions::Load() {
-    window_.menus.mnuEventAdd.SetCaption(Catalogue(kAddText) + Catalogue(kEventText));
-    window_.menus.mnuEventChg.SetCaption(Catalogue(kChangeText) + Catalogue(kEventText));
-    window_.menus.mnuEventDel.SetCaption(Catalogue(kDeleteText) + Catalogue(kEventText));
-    window_.cmdExit.SetCaption(std::string(kExitPrefix) + Catalogue(kExitText));
-    window_.menus.mnuPrintList.SetCaption(Catalogue(kPrintText) + Catalogue(kListText));
-    window_.chkEvent.SetCaption(Catalogue(kManageText) + Catalogue(kEventText));
-    window_.optAccess.SetCaption(Catalogue(kDesktopPathText));
-    window_.chkStartup.SetCaption(Catalogue(kStartupText));
-    window_.chkTimeSet.SetCaption(Catalogue(kIntervalText));
-    window_.menus.mnuAsk.SetCaption(Catalogue(kQueryText) + Catalogue(kTaskText) +
+    window_.menus.mnuEventAdd.SetCaption(Catalogue(text_id::kAdd) + Catalogue(text_id::kEvent));
+    window_.menus.mnuEventChg.SetCaption(Catalogue(text_id::kChange) + Catalogue(text_id::kEvent));
+    window_.menus.mnuEventDel.SetCaption(Catalogue(text_id::kDelete) + Catalogue(text_id::kEvent));
+    window_.cmdExit.SetCaption(std::string(kExitPrefix) + Catalogue(text_id::kLeave));
+    window_.menus.mnuPrintList.SetCaption(Catalogue(text_id::kPrint) + Catalogue(text_id::kList));
+    window_.chkEvent.SetCaption(Catalogue(text_id::kManage) + Catalogue(text_id::kEvent));
+    window_.optAccess.SetCaption(Catalogue(text_id::kDesktopPath));
+    window_.chkStartup.SetCaption(Catalogue(text_id::kStartWithSystem));
+    window_.chkTimeSet.SetCaption(Catalogue(text_id::kReadInterval));
+    window_.menus.mnuAsk.SetCaption(Catalogue(text_id::kQuery) + Catalogue(text_id::kTask) +
                                     std::string(kQueryAccessKey));
     LoadDesign();
 }
 
 void Captions::LoadDesign() {
-    window_.chkType[kTask].SetCaption(Catalogue(kTaskText));
+    window_.chkType[kTask].SetCaption(Catalogue(text_id::kTask));
     window_.chkType[kGuest].SetCaption(Text(DesignText::KindGuest));
     window_.chkType[kDiary].SetCaption(Text(DesignText::KindDiary));
     LoadLabels();
@@ -76,15 +57,15 @@ void Captions::LoadLabels() {
         target.SetCaption(std::move(caption));
     };
     w.labels.ShowCaptions();
-    label(w.lblFilter[0], Catalogue(kBeginText), w.DTPicker0);
-    label(w.lblFilter[1], Catalogue(kEndText), w.DTPicker1);
-    label(w.lblFilter[2], Catalogue(kTitleText), w.txtTitle0);
+    label(w.lblFilter[0], Catalogue(text_id::kBegin), w.DTPicker0);
+    label(w.lblFilter[1], Catalogue(text_id::kEnd), w.DTPicker1);
+    label(w.lblFilter[2], Catalogue(text_id::kTitle), w.txtTitle0);
     label(w.lblFilter[3], Text(DesignText::Content), w.txtContent0);
-    label(w.lblFilter[4], Catalogue(kDoerText), w.txtJBR0);
-    label(w.lblFilter[5], Catalogue(kSetterText), w.txtUser0);
+    label(w.lblFilter[4], Catalogue(text_id::kExecutor), w.txtJBR0);
+    label(w.lblFilter[5], Catalogue(text_id::kSetter), w.txtUser0);
     label(w.lblFilter[6], Text(DesignText::Contact), w.txtName0);
     label(w.lblFilter[7], Text(DesignText::Company), w.txtComp);
-    label(w.lblFilter[8], Catalogue(kStateText), w.cboState);
+    label(w.lblFilter[8], Catalogue(text_id::kState), w.cboState);
     w.lblNoFilter.SetCaption(Text(DesignText::FilterNotForPlans));
 
     label(w.lblTel[0], Text(DesignText::Telephone), w.txtTel[0]);
@@ -98,8 +79,8 @@ void Captions::LoadLabels() {
 
     label(w.lblDays, Text(DesignText::DaysAhead), w.txtBirthDay0);
     label(w.lblTimeSet, Text(DesignText::Minutes), w.txtTimeSet);
-    w.txtAccess.SetAccessibleName(Catalogue(kDesktopPathText));
-    w.tvwTask.SetAccessibleName(Catalogue(kTaskText) + Catalogue(kListText));
+    w.txtAccess.SetAccessibleName(Catalogue(text_id::kDesktopPath));
+    w.tvwTask.SetAccessibleName(Catalogue(text_id::kTask) + Catalogue(text_id::kList));
     w.Grid1.SetAccessibleName(Text(DesignText::Birthday));
 
     w.SSTab1.SetTabCaption(kItemTab, Text(DesignText::TabItem));

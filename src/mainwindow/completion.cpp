@@ -6,13 +6,12 @@
 #include "base/text.h"
 #include "mainwindow/frm_task_main.h"
 #include "mainwindow/rights.h"
+#include "resources/text_ids.h"
 #include "scheduling/task_generation.h"
 
 namespace zv::mainwindow {
 namespace {
 
-constexpr std::int16_t kConfirmDone = 129;
-constexpr std::int16_t kItemNotFound = 132;
 constexpr std::int16_t kCompletionRight = 4;
 
 constexpr char kDoneDigit = '4';
@@ -62,7 +61,7 @@ void Completion::SetItemState(std::int16_t mode) {
     Session& session = window_.session;
     const std::string title = " [" + window_.txtTitle2.Text() + "] ?";
     const std::string question =
-        newState == kDone ? session.LoadText(kConfirmDone) + title
+        newState == kDone ? session.LoadText(text_id::kConfirmDone) + title
                           : WithoutAccessKey(window_.menus.mnuTaskDoing.Caption()) + ":" + title;
     if (session.windows.ShowMessage(question, forms::box::kOkCancel + forms::box::kQuestion) ==
         forms::Answer::Cancel) {
@@ -76,7 +75,8 @@ void Completion::SetItemState(std::int16_t mode) {
     }
     if (session.database.ChangedNothing()) {
         // Somebody else has deleted the item: there is nothing that could be shown as done.
-        session.windows.ShowMessage(session.LoadText(kItemNotFound), forms::box::kExclamation);
+        session.windows.ShowMessage(session.LoadText(text_id::kItemNotFound),
+                                    forms::box::kExclamation);
         return;
     }
     window_.editor.NoteStored("tDone", newState);

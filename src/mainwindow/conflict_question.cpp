@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "mainwindow/frm_task_main.h"
 #include "resources/item_texts.h"
+#include "resources/text_ids.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -69,13 +70,12 @@ std::string ConflictQuestion::Line(std::size_t field) const {
 }
 
 std::string ConflictQuestion::Caption(std::string_view field) const {
-    constexpr std::int16_t kAlertRangeText = 33;
     if (field == "TaskID") {
         return IsVisitNow() || IsVisitInEditor() ? window_.lblList2[8].Caption()
                                                  : window_.chkEvent.Caption();
     }
     if (const forms::Label* label = window_.labels.Of(field)) return label->Caption();
-    return window_.session.LoadText(kAlertRangeText);
+    return window_.session.LoadText(text_id::kAlertRange);
 }
 
 std::string ConflictQuestion::Shown(std::string_view field, const Value& value, bool visit) const {

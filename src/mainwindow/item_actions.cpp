@@ -4,6 +4,7 @@
 
 #include "mainwindow/frm_task_main.h"
 #include "mainwindow/rights.h"
+#include "resources/text_ids.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -168,16 +169,14 @@ void ItemActions::DeleteItem(std::uint8_t kind) {
 }
 
 std::string ItemActions::DeleteQuestion(bool plan) const {
-    constexpr std::int16_t kDeleteText = 113;
-    constexpr std::int16_t kDeletesItemsText = 114;
     const Session& session = window_.session;
     // The title being typed for a new item is not that of the one to be deleted.
     const bool adds = window_.state.openedFor == kAdding && !window_.editor.RowAsRead();
     const std::string title =
         "[" + (adds ? window_.editor.StoredTitle() : window_.txtTitle2.Text()) + "]";
-    if (!plan) return title + ": " + session.LoadText(kDeleteText) + " ?";
-    return session.LoadText(kDeleteText) + window_.chkEvent.Caption() + ": " + title + "\r" +
-           session.LoadText(kDeletesItemsText);
+    if (!plan) return title + ": " + session.LoadText(text_id::kConfirmDelete) + " ?";
+    return session.LoadText(text_id::kConfirmDelete) + window_.chkEvent.Caption() + ": " + title +
+           "\r" + session.LoadText(text_id::kDeletesItemsToo);
 }
 
 void ItemActions::RemoveNode(std::int32_t id) {

@@ -5,6 +5,7 @@
 #include "base/number.h"
 #include "mainwindow/frm_task_main.h"
 #include "reports/item_names.h"
+#include "resources/text_ids.h"
 #include "session/module_gate.h"
 
 namespace zv::mainwindow {
@@ -88,10 +89,9 @@ void Lifecycle::Start() {
     } else {
         window_.tree.chkEvent_Click();
     }
-    constexpr std::int16_t kManagerCaption = 105;
-    constexpr std::int16_t kAlertCaption = 106;
-    if (mode == kAlertMode) window_.SetCaption(window_.session.LoadText(kAlertCaption));
-    if (mode == kManagerMode) window_.SetCaption(window_.session.LoadText(kManagerCaption));
+    if (mode == kAlertMode) window_.SetCaption(window_.session.LoadText(text_id::kAlertCaption));
+    if (mode == kManagerMode)
+        window_.SetCaption(window_.session.LoadText(text_id::kManagerCaption));
     // A reminder left over from another mode is switched off, or filled anew.
     window_.chkBirthDay0.SetValue(0);
     window_.lblBirthDay.SetCaption(window_.session.machine.clock.Today().IsoDate());
@@ -123,14 +123,13 @@ void Lifecycle::LimitSearch() {
 }
 
 void Lifecycle::StartCards() {
-    constexpr std::int16_t kCardBoxText = 45;
     constexpr std::string_view kMemoPrefix = "◆ ";
     const ControlState& control = window_.session.state;
     window_.SetCaption(window_.captions.Text(resources::DesignText::CardView));
     if (control.AlertType > 0) {
         window_.menus.mnuPrintList.SetEnabled(false);
         window_.lblCardMemo.SetCaption(std::string(kMemoPrefix) +
-                                       window_.session.LoadText(kCardBoxText) + " " +
+                                       window_.session.LoadText(text_id::kCardBox) + " " +
                                        std::to_string(control.AlertType));
     }
     window_.SSTab1.SetTab(kCardTab);

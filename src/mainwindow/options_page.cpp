@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "mainwindow/frm_task_main.h"
+#include "resources/text_ids.h"
 
 namespace zv::mainwindow {
 
@@ -36,12 +37,10 @@ void OptionsPage::optSQL_Click() {
 }
 
 void OptionsPage::cmdAccess_Click() {
-    constexpr std::int16_t kOpenFileText = 103;
-    constexpr std::int16_t kDatabaseFileText = 104;
     constexpr std::int16_t kExistingFile = 1;
     const std::string path = window_.getFilePath(
-        kExistingFile, window_.session.LoadText(kDatabaseFileText) + " (*.MDB)|*.mdb",
-        window_.txtAccess.Text(), window_.session.LoadText(kOpenFileText), "");
+        kExistingFile, window_.session.LoadText(text_id::kDatabaseFile) + " (*.MDB)|*.mdb",
+        window_.txtAccess.Text(), window_.session.LoadText(text_id::kOpenFile), "");
     if (path.empty()) return;
     window_.txtAccess.SetText(path);
     window_.txtAccess.tag = path;

@@ -5,6 +5,7 @@
 #include "reports/layout_chooser.h"
 #include "reports/print_grid.h"
 #include "reports/print_report.h"
+#include "resources/text_ids.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -63,13 +64,11 @@ void Printing::FillParameters() {
 }
 
 void Printing::PrintItemList() {
-    constexpr std::int16_t kTaskText = 5;
-    constexpr std::int16_t kListText = 19;
     Session& session = window_.session;
     session.state.reportParameters.clear();
     reports::Report report;
     report.name = "zvTask02";
-    report.title = session.LoadText(kTaskText) + session.LoadText(kListText);
+    report.title = session.LoadText(text_id::kTask) + session.LoadText(text_id::kList);
     report.filter = window_.list.ShownCondition();
     // Keeps the condition's end and the order apart.
     if (!report.filter.empty()) report.filter += ' ';

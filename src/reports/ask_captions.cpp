@@ -4,21 +4,13 @@
 #include "reports/item_names.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
+#include "resources/text_ids.h"
 
 namespace zv::reports {
 namespace {
 
 using resources::AskText;
 using resources::DesignText;
-
-constexpr std::int16_t kTaskText = 5;
-constexpr std::int16_t kTitleText = 7;
-constexpr std::int16_t kDoerText = 10;
-constexpr std::int16_t kStateText = 13;
-constexpr std::int16_t kQuitText = 22;
-constexpr std::int16_t kAskText = 23;
-constexpr std::int16_t kPrintText = 27;
-constexpr std::int16_t kDateText = 101;
 
 }  // namespace
 
@@ -27,18 +19,18 @@ void frmAsk::SetCaptions() {
     const auto design = [this](DesignText id) {
         return resources::GetDesignText(id, session_.state.Language);
     };
-    SetCaption(text(kAskText) + text(kTaskText));
+    SetCaption(text(text_id::kQuery) + text(text_id::kTask));
     chkUser.SetCaption(GetAskText(AskText::WrittenBy, session_.state.Language));
     chkType.SetCaption(design(DesignText::Kind));
-    Check1[kTitleCheck].SetCaption(text(kTitleText));
-    Check1[kDateCheck].SetCaption(text(kDateText));
-    Check1[kStateCheck].SetCaption(text(kStateText));
-    chkDoneMan.SetCaption(text(kDoerText));
+    Check1[kTitleCheck].SetCaption(text(text_id::kTitle));
+    Check1[kDateCheck].SetCaption(text(text_id::kScheduledDate));
+    Check1[kStateCheck].SetCaption(text(text_id::kState));
+    chkDoneMan.SetCaption(text(text_id::kExecutor));
     lblUntil.SetCaption("-");
-    cmdAsk.SetCaption(text(kAskText));
-    cmdPrint.SetCaption(text(kPrintText));
+    cmdAsk.SetCaption(text(text_id::kQuery));
+    cmdPrint.SetCaption(text(text_id::kPrint));
     cmdExport.SetCaption(GetAskText(AskText::ButtonExport, session_.state.Language));
-    cmdQuit.SetCaption(text(kQuitText));
+    cmdQuit.SetCaption(text(text_id::kLeave));
     lblCount.SetCaption({});
 
     txtUser.SetAccessibleName(chkUser.Caption());

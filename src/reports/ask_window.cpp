@@ -4,6 +4,7 @@
 #include "reports/long_work.h"
 #include "reports/print_grid.h"
 #include "resources/ask_texts.h"
+#include "resources/text_ids.h"
 #include "session/text_checks.h"
 
 namespace zv::reports {
@@ -11,16 +12,11 @@ namespace {
 
 using resources::AskText;
 
-constexpr std::int16_t kBeginAfterEndText = 119;
-
 class Reading : public LongWork {
  public:
     Reading(AskRows& rows, forms::Grid& grid, std::int16_t language)
         : rows_(rows), grid_(grid), language_(language) {}
-    bool Continue() override {
-        constexpr int kPiece = 10000;
-        return rows_.Fill(grid_, kPiece);
-    }
+    bool Continue() override { return rows_.Fill(grid_, kRowsInPiece); }
     std::string State() const override {
         return GetAskText(AskText::RowsSoFar, language_, grid_.DataRowCount());
     }
@@ -158,7 +154,7 @@ std::string frmAsk::TellFound(bool cancelled) const {
     if (count > 0) return GetAskText(AskText::RowsFound, language, count);
     const AskCriteria criteria = Criteria();
     if (criteria.dates && criteria.dates->first > criteria.dates->second) {
-        return session_.LoadText(kBeginAfterEndText);
+        return session_.LoadText(text_id::kBeginAfterEnd);
     }
     return GetAskText(AskText::NothingFound, language);
 }

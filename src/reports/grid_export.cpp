@@ -20,8 +20,7 @@ class Export : public LongWork {
     }
 
     bool Continue() override {
-        constexpr int kPiece = 10000;
-        const int end = std::min(grid_.DataRowCount(), row_ + kPiece);
+        const int end = std::min(grid_.DataRowCount(), row_ + kRowsInPiece);
         while (row_ < end) {
             row_++;
             WriteRow([this](const forms::Grid& source, int column) {

@@ -7,13 +7,13 @@
 
 #include "base/text.h"
 #include "resources/design_texts.h"
+#include "resources/text_ids.h"
 
 namespace zv::reports {
 namespace {
 
 using resources::DesignText;
 
-constexpr std::int16_t kTaskText = 5;
 constexpr std::string_view kOtherField = "fOther";
 
 struct Name {
@@ -64,7 +64,7 @@ std::vector<std::string> CaptionedFields() {
 }
 
 std::vector<std::string> KindNames(const Session& session) {
-    return {session.LoadText(kTaskText), Design(session, DesignText::KindGuest),
+    return {session.LoadText(text_id::kTask), Design(session, DesignText::KindGuest),
             Design(session, DesignText::KindDiary)};
 }
 

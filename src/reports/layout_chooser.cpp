@@ -6,15 +6,13 @@
 #include "base/text.h"
 #include "reports/list_layout.h"
 #include "resources/report_texts.h"
+#include "resources/text_ids.h"
 #include "scheduling/row_layout.h"
 
 namespace zv::reports {
 namespace {
 
 using resources::ReportText;
-
-constexpr std::int16_t kOkText = 28;
-constexpr std::int16_t kCancelText = 29;
 
 std::vector<std::string> Captions(const std::vector<ListField>& fields) {
     std::vector<std::string> captions;
@@ -75,8 +73,8 @@ void frmItemSet::SetCaptions() {
     cmdUp.SetCaption(text(ReportText::ButtonUp));
     cmdDown.SetCaption(text(ReportText::ButtonDown));
     cmdUsual.SetCaption(text(ReportText::ButtonUsual));
-    cmdOK.SetCaption(session_.LoadText(kOkText));
-    cmdCancel.SetCaption(session_.LoadText(kCancelText));
+    cmdOK.SetCaption(session_.LoadText(text_id::kOk));
+    cmdCancel.SetCaption(session_.LoadText(text_id::kCancel));
 }
 
 void frmItemSet::PlaceControls() {

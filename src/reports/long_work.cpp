@@ -4,12 +4,12 @@
 
 #include "resources/ask_texts.h"
 #include "resources/catalogue.h"
+#include "resources/text_ids.h"
 #include "scheduling/row_layout.h"
 
 namespace zv::reports {
 namespace {
 
-constexpr std::int16_t kCancelText = 29;
 constexpr int kTickMs = 10;
 
 }  // namespace
@@ -31,7 +31,7 @@ frmProgress::frmProgress(forms::WindowSystem& windows, std::int16_t language,
 }
 
 void frmProgress::Form_Load() {
-    cmdCancel.SetCaption(resources::LoadText(kCancelText, language_));
+    cmdCancel.SetCaption(resources::LoadText(text_id::kCancel, language_));
     ShowState();
     PlaceControls();
     Center();

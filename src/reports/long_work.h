@@ -20,6 +20,8 @@ class LongWork {
  public:
     /// Pieces that are done before the user is shown anything, as long as they take no second.
     static constexpr int kPiecesAtOnce = 10;
+    /// A piece of work that goes through rows.
+    static constexpr int kRowsInPiece = 10000;
 
     virtual ~LongWork() = default;
     /// Does the next piece, a fraction of a second's work; false when nothing is left to do.

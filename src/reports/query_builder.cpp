@@ -5,16 +5,13 @@
 
 #include "forms/field_keys.h"
 #include "reports/item_names.h"
+#include "resources/text_ids.h"
 #include "session/text_checks.h"
 
 namespace zv::reports {
 namespace {
 
 using resources::ReportText;
-
-constexpr std::int16_t kOkText = 28;
-constexpr std::int16_t kCancelText = 29;
-constexpr std::int16_t kNotEmptyText = 108;
 
 constexpr int kLongestValue = 250;
 
@@ -96,8 +93,8 @@ void frmSeek::SetCaptions() {
     cmdAdd.SetCaption(Text(ReportText::ButtonAddCondition));
     cmdRemove.SetCaption(Text(ReportText::ButtonRemove));
     cmdClear.SetCaption(Text(ReportText::ButtonClear));
-    cmdOK.SetCaption(session_.LoadText(kOkText));
-    cmdCancel.SetCaption(session_.LoadText(kCancelText));
+    cmdOK.SetCaption(session_.LoadText(text_id::kOk));
+    cmdCancel.SetCaption(session_.LoadText(text_id::kCancel));
 }
 
 const ListField* frmSeek::Field() const {
@@ -159,7 +156,7 @@ bool frmSeek::ValueIsFit() {
         return false;
     }
     if (!txtValue.Text().empty()) return true;
-    session_.windows.ShowMessage(field->caption + session_.LoadText(kNotEmptyText),
+    session_.windows.ShowMessage(field->caption + session_.LoadText(text_id::kMustNotBeEmpty),
                                  forms::box::kExclamation);
     txtValue.SetFocus();
     return false;

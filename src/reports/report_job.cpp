@@ -1,6 +1,7 @@
 #include "reports/report_job.h"
 
 #include "resources/settings.h"
+#include "resources/text_ids.h"
 
 namespace zv::reports {
 
@@ -15,10 +16,10 @@ platform::ReportJob NewJob(const Session& session) {
 }
 
 std::string CompanyHeading(const Session& session) {
-    constexpr std::int16_t kCompanyName = 3;
     const std::string setting = session.GetSetting(resources::kTaskSection, "FullName", "");
     if (!setting.empty()) return setting;
-    return session.state.CompName.empty() ? session.LoadText(kCompanyName) : session.state.CompName;
+    return session.state.CompName.empty() ? session.LoadText(text_id::kCompanyName)
+                                          : session.state.CompName;
 }
 
 }  // namespace zv::reports

@@ -6,6 +6,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "forms/field_keys.h"
+#include "resources/text_ids.h"
 #include "scheduling/plan_editor_layout.h"
 #include "scheduling/staff_list.h"
 #include "scheduling/task_generation.h"
@@ -13,17 +14,6 @@
 
 namespace zv::scheduling {
 namespace {
-
-constexpr std::int16_t kTaskText = 5;
-constexpr std::int16_t kTitleText = 7;
-constexpr std::int16_t kExecutorText = 10;
-constexpr std::int16_t kSetterText = 11;
-constexpr std::int16_t kFinishedText = 17;
-constexpr std::int16_t kAddText = 24;
-constexpr std::int16_t kChangeText = 25;
-constexpr std::int16_t kNoSuchPlan = 116;
-constexpr std::int16_t kStartGenerating = 122;
-constexpr std::int16_t kNoSetter = 126;
 
 // What the staff list is opened for; none of them lets a cancel clear the picked name.
 constexpr std::int16_t kPickSetter = 1;
@@ -154,9 +144,9 @@ void frmTaskSet::CheckBoxText(PlanField field, forms::TextBox& box, bool& cancel
         return;
     }
     if (!IsCutOnLeaving(field)) return;
-    const std::int16_t name = field == PlanField::Title    ? kTitleText
-                              : field == PlanField::SetMan ? kSetterText
-                                                           : kExecutorText;
+    const std::int16_t name = field == PlanField::Title    ? text_id::kTitle
+                              : field == PlanField::SetMan ? text_id::kSetter
+                                                           : text_id::kExecutor;
     box.SetText(
         FitTextBytes(session_, OnOneLine(box.Text()), kMaximumTextBytes, session_.LoadText(name)));
 }
@@ -219,7 +209,7 @@ void frmTaskSet::ShowPlan() {
     const DateTime today = session_.machine.clock.Today();
     dateBegin.SetValue(today);
     dateEnd.SetValue(today);
-    session_.windows.ShowMessage(session_.LoadText(kNoSuchPlan), forms::box::kExclamation);
+    session_.windows.ShowMessage(session_.LoadText(text_id::kNoSuchPlan), forms::box::kExclamation);
 }
 
 void frmTaskSet::cobCircleType_Click() {
@@ -286,21 +276,23 @@ void frmTaskSet::cmdOK_Click() {
     if (generating_) return;
     const PlanEntry entry = Entry();
     if (const auto refusal = CheckEntry(entry)) return Refuse(*refusal);
-    if (AsksForSetter(entry) && !Ask(kNoSetter, forms::box::kOkCancel, forms::Answer::Ok)) {
+    if (AsksForSetter(entry) &&
+        !Ask(text_id::kNoSetter, forms::box::kOkCancel, forms::Answer::Ok)) {
         txtSetMan.SetFocus();
         return;
     }
     const Plan plan = MakePlan(entry);
     if (const auto refusal = SavePlan(session_, plan, edited_)) return Refuse(*refusal);
     session_.windows.ShowMessage(
-        session_.LoadText(kTaskText) +
-            session_.LoadText(edited_.taskId == 0 ? kAddText : kChangeText) +
-            session_.LoadText(kFinishedText) + "!",
+        session_.LoadText(text_id::kTask) +
+            session_.LoadText(edited_.taskId == 0 ? text_id::kAdd : text_id::kChange) +
+            session_.LoadText(text_id::kFinished) + "!",
         forms::box::kInformation);
     // From here on the plan exists: should the generation fail, a second confirmation changes it.
     edited_ = {plan.taskId, plan.title};
     SetModeCaption();
-    if (chkTaskSet.Checked() && Ask(kStartGenerating, forms::box::kYesNo, forms::Answer::Yes)) {
+    if (chkTaskSet.Checked() &&
+        Ask(text_id::kStartGenerating, forms::box::kYesNo, forms::Answer::Yes)) {
         Generate();
     }
     Unload();

@@ -1,36 +1,12 @@
 // What every part of the plan editor is called, in the language at hand.
 #include "resources/plan_texts.h"
+#include "resources/text_ids.h"
 #include "scheduling/plan_editor.h"
 
 namespace zv::scheduling {
 namespace {
 
 using resources::PlanText;
-
-constexpr std::int16_t kTitleText = 7;
-constexpr std::int16_t kTaskNumberText = 8;
-constexpr std::int16_t kExecutorText = 10;
-constexpr std::int16_t kSetterText = 11;
-constexpr std::int16_t kListText = 19;
-constexpr std::int16_t kLeaveText = 22;
-constexpr std::int16_t kAddText = 24;
-constexpr std::int16_t kChangeText = 25;
-constexpr std::int16_t kOkText = 28;
-constexpr std::int16_t kGenerateText = 31;
-constexpr std::int16_t kContentText = 32;
-constexpr std::int16_t kAlertRangeText = 33;
-constexpr std::int16_t kScheduleText = 34;
-constexpr std::int16_t kBeginText = 35;
-constexpr std::int16_t kEndText = 36;
-constexpr std::int16_t kDayText = 37;
-constexpr std::int16_t kDaysText = 38;
-constexpr std::int16_t kMonthText = 39;
-constexpr std::int16_t kEveryText = 40;
-constexpr std::int16_t kAheadText = 41;
-constexpr std::int16_t kAfterText = 42;
-constexpr std::int16_t kBothText = 43;
-constexpr std::int16_t kStaffText = 46;
-constexpr std::int16_t kEditorText = 107;
 
 }  // namespace
 
@@ -40,46 +16,46 @@ void frmTaskSet::SetCaptions() {
         return resources::GetPlanText(id, session_.state.Language);
     };
     SetModeCaption();
-    lblTaskID.SetCaption(text(kTaskNumberText));
-    lblTaskTitle.SetCaption(text(kTitleText));
-    lblBegin.SetCaption(text(kBeginText));
-    lblEnd.SetCaption(text(kEndText));
-    fraSchedule.SetCaption(text(kScheduleText));
-    lblEvery.SetCaption(text(kEveryText));
+    lblTaskID.SetCaption(text(text_id::kTaskNumber));
+    lblTaskTitle.SetCaption(text(text_id::kTitle));
+    lblBegin.SetCaption(text(text_id::kBegin));
+    lblEnd.SetCaption(text(text_id::kEnd));
+    fraSchedule.SetCaption(text(text_id::kSchedule));
+    lblEvery.SetCaption(text(text_id::kEvery));
     lblDE.SetCaption(planText(PlanText::On));
-    lblMonth.SetCaption(text(kMonthText));
-    lblDay.SetCaption(text(kDayText));
-    fraAlert.SetCaption(text(kAlertRangeText));
-    optEarlyCall.SetCaption(text(kAheadText));
-    optLastCall.SetCaption(text(kAfterText));
-    optBothCall.SetCaption(text(kBothText));
-    lblDays.SetCaption(text(kDaysText));
-    lblSetMan.SetCaption(text(kSetterText));
-    lblDoneMan.SetCaption(text(kExecutorText));
-    lblTaskCon.SetCaption(text(kContentText));
-    chkTaskSet.SetCaption(text(kGenerateText));
+    lblMonth.SetCaption(text(text_id::kMonth));
+    lblDay.SetCaption(text(text_id::kDayOfMonth));
+    fraAlert.SetCaption(text(text_id::kAlertRange));
+    optEarlyCall.SetCaption(text(text_id::kAhead));
+    optLastCall.SetCaption(text(text_id::kAfter));
+    optBothCall.SetCaption(text(text_id::kBoth));
+    lblDays.SetCaption(text(text_id::kDays));
+    lblSetMan.SetCaption(text(text_id::kSetter));
+    lblDoneMan.SetCaption(text(text_id::kExecutor));
+    lblTaskCon.SetCaption(text(text_id::kContent));
+    chkTaskSet.SetCaption(text(text_id::kGenerate));
     cmdSetMan.SetCaption("...");
     cmdSetMan.SetAccessibleName(planText(PlanText::PickSetter));
     cmdDoneMan.SetCaption("...");
     cmdDoneMan.SetAccessibleName(planText(PlanText::PickExecutor));
-    cmdOnlySeeMan.SetCaption(text(kStaffText) + text(kListText));
-    cmdOK.SetCaption(text(kOkText));
-    cmdExit.SetCaption(text(kLeaveText));
+    cmdOnlySeeMan.SetCaption(text(text_id::kStaff) + text(text_id::kList));
+    cmdOK.SetCaption(text(text_id::kOk));
+    cmdExit.SetCaption(text(text_id::kLeave));
 
-    txtTaskID.SetAccessibleName(text(kTaskNumberText));
-    txtTaskTitle.SetAccessibleName(text(kTitleText));
-    dateBegin.SetAccessibleName(text(kBeginText));
-    dateEnd.SetAccessibleName(text(kEndText));
-    txtCircleValue.SetAccessibleName(text(kEveryText));
-    cobCircleType.SetAccessibleName(text(kScheduleText));
-    txtMonth.SetAccessibleName(text(kMonthText));
-    txtDay.SetAccessibleName(text(kDayText));
-    cobWeek.SetAccessibleName(text(kScheduleText));
-    txtUpDown.SetAccessibleName(text(kAlertRangeText));
-    UpDown1.SetAccessibleName(text(kAlertRangeText));
-    txtSetMan.SetAccessibleName(text(kSetterText));
-    txtDoneMan.SetAccessibleName(text(kExecutorText));
-    txtTaskCon.SetAccessibleName(text(kContentText));
+    txtTaskID.SetAccessibleName(text(text_id::kTaskNumber));
+    txtTaskTitle.SetAccessibleName(text(text_id::kTitle));
+    dateBegin.SetAccessibleName(text(text_id::kBegin));
+    dateEnd.SetAccessibleName(text(text_id::kEnd));
+    txtCircleValue.SetAccessibleName(text(text_id::kEvery));
+    cobCircleType.SetAccessibleName(text(text_id::kSchedule));
+    txtMonth.SetAccessibleName(text(text_id::kMonth));
+    txtDay.SetAccessibleName(text(text_id::kDayOfMonth));
+    cobWeek.SetAccessibleName(text(text_id::kSchedule));
+    txtUpDown.SetAccessibleName(text(text_id::kAlertRange));
+    UpDown1.SetAccessibleName(text(text_id::kAlertRange));
+    txtSetMan.SetAccessibleName(text(text_id::kSetter));
+    txtDoneMan.SetAccessibleName(text(text_id::kExecutor));
+    txtTaskCon.SetAccessibleName(text(text_id::kContent));
 
     cobCircleType.SetItems({planText(PlanText::KindYear), planText(PlanText::KindMonth),
                             planText(PlanText::KindDay), planText(PlanText::KindWeek)});
@@ -90,9 +66,9 @@ void frmTaskSet::SetCaptions() {
 }
 
 void frmTaskSet::SetModeCaption() {
-    SetCaption(session_.LoadText(edited_.taskId != 0 ? kChangeText : kAddText) +
+    SetCaption(session_.LoadText(edited_.taskId != 0 ? text_id::kChange : text_id::kAdd) +
                resources::GetPlanText(PlanText::CaptionSeparator, session_.state.Language) +
-               session_.LoadText(kEditorText));
+               session_.LoadText(text_id::kPlanEditor));
 }
 
 }  // namespace zv::scheduling

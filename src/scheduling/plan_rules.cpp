@@ -5,28 +5,11 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "resources/text_ids.h"
 #include "session/text_checks.h"
 
 namespace zv::scheduling {
 namespace {
-
-constexpr std::int16_t kTitleText = 7;
-constexpr std::int16_t kTaskNumberText = 8;
-constexpr std::int16_t kDateText = 14;
-constexpr std::int16_t kMonthText = 15;
-constexpr std::int16_t kScheduleText = 34;
-constexpr std::int16_t kMustNotBeEmpty = 108;
-constexpr std::int16_t kWrongEntry = 109;
-constexpr std::int16_t kExistsAlready = 110;
-constexpr std::int16_t kExistsNoMore = 111;
-constexpr std::int16_t kWindowsOverlap = 117;
-constexpr std::int16_t kMoreThanFiveYears = 118;
-constexpr std::int16_t kBeginAfterEnd = 119;
-constexpr std::int16_t kEndBeforeBegin = 120;
-constexpr std::int16_t kStepIsZero = 123;
-constexpr std::int16_t kNumberIsNone = 124;
-constexpr std::int16_t kWidthIsEmpty = 125;
-constexpr std::int16_t kBeyondRange = 140;
 
 constexpr int kMaximumYears = 5;
 
@@ -62,18 +45,18 @@ std::optional<int> UpperBound(PlanField field) {
 std::optional<Refusal> CheckDay(const PlanEntry& entry) {
     const bool used = entry.circleType == circle::kYearly || entry.circleType == circle::kMonthly;
     if (!used || Within(entry.day, 1, 31)) return {};
-    return Refusal{PlanField::Day, {kDateText, kWrongEntry}};
+    return Refusal{PlanField::Day, {text_id::kDate, text_id::kWrongEntry}};
 }
 
 std::optional<Refusal> CheckRecurrence(const PlanEntry& entry) {
     if (entry.circleType < circle::kYearly || entry.circleType > circle::kWeekly) {
-        return Refusal{PlanField::CircleType, {kScheduleText, kWrongEntry}};
+        return Refusal{PlanField::CircleType, {text_id::kSchedule, text_id::kWrongEntry}};
     }
     if (entry.circleType == circle::kWeekly && (entry.week < 0 || entry.week > 6)) {
-        return Refusal{PlanField::Week, {kScheduleText, kWrongEntry}};
+        return Refusal{PlanField::Week, {text_id::kSchedule, text_id::kWrongEntry}};
     }
     if (entry.circleType == circle::kYearly && !Within(entry.month, 1, 12)) {
-        return Refusal{PlanField::Month, {kMonthText, kWrongEntry}};
+        return Refusal{PlanField::Month, {text_id::kMonths, text_id::kWrongEntry}};
     }
     return CheckDay(entry);
 }
@@ -121,12 +104,12 @@ std::int16_t CheckFieldOnLeaving(PlanField field, std::string_view text) {
     // The other numbers are asked for their lower bound when the plan is confirmed; a negative
     // width would pass there.
     const bool tooSmall = field == PlanField::TypeValue && value < 0;
-    return value > *bound || tooSmall ? kBeyondRange : std::int16_t{0};
+    return value > *bound || tooSmall ? text_id::kBeyondRange : std::int16_t{0};
 }
 
 std::int16_t CheckDateOnLeaving(PlanField field, DateTime begin, DateTime end) {
     if (begin.Date() <= end.Date()) return 0;
-    return field == PlanField::Begin ? kBeginAfterEnd : kEndBeforeBegin;
+    return field == PlanField::Begin ? text_id::kBeginAfterEnd : text_id::kEndBeforeBegin;
 }
 
 bool IsCutOnLeaving(PlanField field) {
@@ -135,14 +118,16 @@ bool IsCutOnLeaving(PlanField field) {
 
 std::optional<Refusal> CheckEntry(const PlanEntry& entry) {
     if (auto refusal = CheckRecurrence(entry)) return refusal;
-    if (WindowsOverlap(entry)) return Refusal{PlanField::TypeValue, {kWindowsOverlap}};
+    if (WindowsOverlap(entry)) return Refusal{PlanField::TypeValue, {text_id::kWindowsOverlap}};
     if (entry.end.Year() - entry.begin.Year() > kMaximumYears) {
-        return Refusal{PlanField::End, {kMoreThanFiveYears}};
+        return Refusal{PlanField::End, {text_id::kMoreThanFiveYears}};
     }
-    if (IsBlank(entry.title)) return Refusal{PlanField::Title, {kTitleText, kMustNotBeEmpty}};
-    if (!IsTaskNumber(entry.taskId)) return Refusal{PlanField::TaskID, {kNumberIsNone}};
-    if (WholeNumber(entry.circleValue) == 0) return Refusal{PlanField::CircleValue, {kStepIsZero}};
-    if (IsBlank(entry.typeValue)) return Refusal{PlanField::TypeValue, {kWidthIsEmpty}};
+    if (IsBlank(entry.title))
+        return Refusal{PlanField::Title, {text_id::kTitle, text_id::kMustNotBeEmpty}};
+    if (!IsTaskNumber(entry.taskId)) return Refusal{PlanField::TaskID, {text_id::kNumberIsNone}};
+    if (WholeNumber(entry.circleValue) == 0)
+        return Refusal{PlanField::CircleValue, {text_id::kStepIsZero}};
+    if (IsBlank(entry.typeValue)) return Refusal{PlanField::TypeValue, {text_id::kWidthIsEmpty}};
     return {};
 }
 
@@ -155,12 +140,13 @@ std::optional<Refusal> CheckUniqueness(std::int32_t number, std::int32_t edited,
     const bool isEdited = edited != 0 && number == edited;
     // Another number would move the change to another plan.
     if (present.numberExists && !isEdited) {
-        return Refusal{PlanField::TaskID, {kTaskNumberText, kExistsAlready}};
+        return Refusal{PlanField::TaskID, {text_id::kTaskNumber, text_id::kExistsAlready}};
     }
     if (!present.numberExists && edited != 0) {
-        return Refusal{PlanField::TaskID, {kTaskNumberText, kExistsNoMore}};
+        return Refusal{PlanField::TaskID, {text_id::kTaskNumber, text_id::kExistsNoMore}};
     }
-    if (present.titleOfAnother) return Refusal{PlanField::Title, {kTitleText, kExistsNoMore}};
+    if (present.titleOfAnother)
+        return Refusal{PlanField::Title, {text_id::kTitle, text_id::kExistsNoMore}};
     return {};
 }
 

@@ -3,15 +3,10 @@
 #include <algorithm>
 
 #include "resources/plan_texts.h"
+#include "resources/text_ids.h"
 
 namespace zv::scheduling {
 namespace {
-
-constexpr std::int16_t kListText = 19;
-constexpr std::int16_t kOptionsText = 20;
-constexpr std::int16_t kTakeText = 21;
-constexpr std::int16_t kLeaveText = 22;
-constexpr std::int16_t kStaffText = 46;
 
 constexpr char kKeySeparator = '\t';
 
@@ -39,14 +34,14 @@ void frmList::Form_Load() {
 }
 
 void frmList::SetCaptions() {
-    SetCaption(session_.LoadText(kOptionsText) + session_.LoadText(kListText));
+    SetCaption(session_.LoadText(text_id::kOptions) + session_.LoadText(text_id::kList));
     const std::string heading =
         resources::GetPlanText(resources::PlanText::ListPrefix, session_.state.Language) +
-        session_.LoadText(kListText) + session_.LoadText(kStaffText);
+        session_.LoadText(text_id::kList) + session_.LoadText(text_id::kStaff);
     lblList.SetCaption(heading);
     List1.SetAccessibleName(heading);
-    cmdLogOK.SetCaption(session_.LoadText(kTakeText));
-    cmdCancel.SetCaption(session_.LoadText(kLeaveText));
+    cmdLogOK.SetCaption(session_.LoadText(text_id::kTake));
+    cmdCancel.SetCaption(session_.LoadText(text_id::kLeave));
 }
 
 void frmList::FillList() {

@@ -4,19 +4,12 @@
 
 #include "base/number.h"
 #include "forms/field_keys.h"
+#include "resources/text_ids.h"
 #include "scheduling/row_layout.h"
 #include "scheduling/task_generation.h"
 
 namespace zv::scheduling {
 namespace {
-
-constexpr std::int16_t kTaskText = 5;
-constexpr std::int16_t kDateText = 14;
-constexpr std::int16_t kCompletedText = 16;
-constexpr std::int16_t kAddText = 24;
-constexpr std::int16_t kOkText = 28;
-constexpr std::int16_t kCancelText = 29;
-constexpr std::int16_t kItemNotFound = 132;
 
 constexpr std::int16_t kDone = 1;
 constexpr char kNumberSeparator = '\t';
@@ -66,8 +59,8 @@ void frmTaskDone::WireKeys() {
 
 void frmTaskDone::TaskType(std::int16_t type) {
     type_ = type;
-    SetCaption(session_.LoadText(kTaskText) +
-               session_.LoadText(Completes() ? kCompletedText : kAddText));
+    SetCaption(session_.LoadText(text_id::kTask) +
+               session_.LoadText(Completes() ? text_id::kCompleted : text_id::kAdd));
 }
 
 void frmTaskDone::Form_Load() {
@@ -79,10 +72,10 @@ void frmTaskDone::Form_Load() {
 }
 
 void frmTaskDone::SetCaptions() {
-    lblTitle.SetCaption(session_.LoadText(kTaskText));
-    lblDate.SetCaption(session_.LoadText(kDateText));
-    cmdTaskDone.SetCaption(session_.LoadText(kOkText));
-    cmdTaskQuit.SetCaption(session_.LoadText(kCancelText));
+    lblTitle.SetCaption(session_.LoadText(text_id::kTask));
+    lblDate.SetCaption(session_.LoadText(text_id::kDate));
+    cmdTaskDone.SetCaption(session_.LoadText(text_id::kOk));
+    cmdTaskQuit.SetCaption(session_.LoadText(text_id::kCancel));
     txtTitle.SetAccessibleName(lblTitle.Caption());
     DTPicker1.SetAccessibleName(lblDate.Caption());
 }
@@ -133,7 +126,8 @@ bool frmTaskDone::Complete(std::int16_t item) {
     session_.EnsureConnection();
     if (session_.database.MarkItemState(item, kDone, session_.state.UserName) != 1) return false;
     if (session_.database.ChangedNothing()) {
-        session_.windows.ShowMessage(session_.LoadText(kItemNotFound), forms::box::kExclamation);
+        session_.windows.ShowMessage(session_.LoadText(text_id::kItemNotFound),
+                                     forms::box::kExclamation);
     }
     return true;
 }

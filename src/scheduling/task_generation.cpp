@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "resources/text_ids.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan.h"
 
@@ -12,13 +13,6 @@ namespace {
 using store::CursorType;
 using store::LockType;
 using store::Recordset;
-
-constexpr std::int16_t kTaskNumberText = 8;
-constexpr std::int16_t kCompletedText = 16;
-constexpr std::int16_t kGenerateText = 31;
-constexpr std::int16_t kExistsNoMore = 111;
-constexpr std::int16_t kDeleteDoneToo = 121;
-constexpr std::int16_t kConfirmInstance = 128;
 
 constexpr int kNotDone = 0;
 
@@ -37,7 +31,7 @@ bool HasDoneItems(Session& session, const std::string& taskId) {
 void DeleteOldItems(Session& session, const std::string& taskId) {
     std::string statement = "delete from tTaskList where taskID =" + taskId;
     if (HasDoneItems(session, taskId) &&
-        session.windows.ShowMessage(session.LoadText(kDeleteDoneToo),
+        session.windows.ShowMessage(session.LoadText(text_id::kDeleteDoneToo),
                                     forms::box::kYesNo + forms::box::kQuestion) !=
             forms::Answer::Yes) {
         statement += " And tDone=0";
@@ -89,9 +83,9 @@ void GenerateTaskList(Session& session, const std::string& taskId,
     // The stamp overwrites the executor that was entered; whoever generates the items takes them.
     session.database.Execute("Update tTaskSet Set DoneMan='" + session.state.UserName +
                              "' where taskID=" + taskId);
-    session.windows.ShowMessage(
-        "[" + session.LoadText(kGenerateText) + "]" + session.LoadText(kCompletedText) + "!",
-        forms::box::kInformation);
+    session.windows.ShowMessage("[" + session.LoadText(text_id::kGenerate) + "]" +
+                                    session.LoadText(text_id::kCompleted) + "!",
+                                forms::box::kInformation);
 }
 
 std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime date) {
@@ -100,9 +94,9 @@ std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime dat
     const auto plan = OpenForChange(session, "select * from tTaskSet where taskID =" + id);
     if (plan->Eof()) {
         plan->Close();
-        session.windows.ShowMessage(
-            session.LoadText(kTaskNumberText) + " [" + id + "] " + session.LoadText(kExistsNoMore),
-            forms::box::kExclamation);
+        session.windows.ShowMessage(session.LoadText(text_id::kTaskNumber) + " [" + id + "] " +
+                                        session.LoadText(text_id::kExistsNoMore),
+                                    forms::box::kExclamation);
         return 0;
     }
     const int type = plan->Field("Type").ToInt16();
@@ -116,7 +110,7 @@ std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime dat
     std::int16_t result = 1;
     if (rows->Eof()) {
         const std::string question =
-            session.LoadText(kConfirmInstance) + " [" + id + " - " + title + "] ?";
+            session.LoadText(text_id::kConfirmInstance) + " [" + id + " - " + title + "] ?";
         if (session.windows.ShowMessage(question, forms::box::kOkCancel + forms::box::kQuestion) ==
             forms::Answer::Cancel) {
             result = 0;

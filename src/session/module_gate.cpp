@@ -4,6 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "resources/text_ids.h"
 #include "session/session.h"
 
 namespace zv {
@@ -44,10 +45,8 @@ Module LookUpModule(Session& session, const std::string& name) {
 std::string Heading(const Session& session, std::int16_t mode) {
     constexpr std::int16_t kChange = 2;
     constexpr std::int16_t kDelete = 3;
-    constexpr std::int16_t kChangeText = 25;
-    constexpr std::int16_t kDeleteText = 26;
-    if (mode == kChange) return session.LoadText(kChangeText).append(kHeadingSeparator);
-    if (mode == kDelete) return session.LoadText(kDeleteText).append(kHeadingSeparator);
+    if (mode == kChange) return session.LoadText(text_id::kChange).append(kHeadingSeparator);
+    if (mode == kDelete) return session.LoadText(text_id::kDelete).append(kHeadingSeparator);
     return {};
 }
 

@@ -1,5 +1,7 @@
 #include "session/session.h"
 
+#include "resources/text_ids.h"
+
 namespace zv {
 
 Session::Session(platform::Machine& machinePort, resources::SettingsStore& settingsPort,
@@ -40,12 +42,11 @@ void Session::SaveSetting(std::string_view section, std::string_view key, std::s
 }
 
 void Session::SetApplicationTitle() {
-    constexpr std::int16_t kProductTitle = 1;
     // A title is no reason to fail: a language without texts shows the first one's.
     try {
-        state.applicationTitle = LoadText(kProductTitle);
+        state.applicationTitle = LoadText(text_id::kProductTitle);
     } catch (const RuntimeError&) {
-        state.applicationTitle = resources::LoadText(kProductTitle, 0);
+        state.applicationTitle = resources::LoadText(text_id::kProductTitle, 0);
     }
     windows.title = state.applicationTitle;
 }

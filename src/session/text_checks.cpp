@@ -3,14 +3,11 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "forms/text_box.h"
+#include "resources/text_ids.h"
 #include "session/session.h"
 
 namespace zv {
 namespace {
-
-constexpr std::int16_t kOnlyNumbersText = 130;
-constexpr std::int16_t kNoQuoteText = 131;
-constexpr std::int16_t kQuoteInTextText = 183;
 
 bool HasQuote(std::string_view text) {
     return text.find('\'') != std::string_view::npos;
@@ -20,13 +17,13 @@ bool HasQuote(std::string_view text) {
 
 bool CheckText(Session& session, std::string_view text) {
     if (!HasQuote(text)) return true;
-    session.windows.ShowMessage(session.LoadText(kQuoteInTextText), forms::box::kExclamation);
+    session.windows.ShowMessage(session.LoadText(text_id::kQuoteInText), forms::box::kExclamation);
     return false;
 }
 
 std::int16_t FieldTextMessage(std::string_view text, bool numericOnly) {
-    if (HasQuote(text)) return kNoQuoteText;
-    if (numericOnly && !text.empty() && !number::IsNumeric(text)) return kOnlyNumbersText;
+    if (HasQuote(text)) return text_id::kNoQuote;
+    if (numericOnly && !text.empty() && !number::IsNumeric(text)) return text_id::kOnlyNumbers;
     return 0;
 }
 
