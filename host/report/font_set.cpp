@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "base/text.h"
 
 namespace zv::report {
@@ -41,7 +42,7 @@ class OpenFont {
  public:
     /// Throws a text that says why not.
     OpenFont(FT_Library library, const FontSource& font) : source(font) {
-        const std::filesystem::path path(std::u8string(font.path.begin(), font.path.end()));
+        const std::filesystem::path path = PathOf(font.path);
         file_.open(path, std::ios::binary);
         std::error_code error;
         const auto size = std::filesystem::file_size(path, error);

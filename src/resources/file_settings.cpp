@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "base/text.h"
 
 namespace zv::resources {
@@ -71,8 +72,7 @@ std::string Unescape(std::string_view text) {
 }
 
 [[noreturn]] void Refuse(const std::filesystem::path& file) {
-    const std::u8string name = file.u8string();
-    throw RuntimeError(ErrorNumber::PathFileAccess, std::string(name.begin(), name.end()));
+    throw RuntimeError(ErrorNumber::PathFileAccess, Utf8Of(file));
 }
 
 std::vector<Section> Read(const std::filesystem::path& file) {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/path.h"
 #include "base/text.h"
 
 namespace zv::zvdb {
@@ -49,7 +50,7 @@ std::uint32_t BigEndian(const std::array<unsigned char, 100>& header, std::size_
 // The engine itself would only say that the file is malformed.
 void CheckFile(const std::string& path) {
     namespace fs = std::filesystem;
-    const fs::path file(std::u8string(path.begin(), path.end()));
+    const fs::path file = PathOf(path);
     std::error_code failed;
     if (!fs::exists(file, failed)) throw FileError("there is no such file");
     if (!fs::is_regular_file(file, failed)) throw FileError("this is not a file");

@@ -4,16 +4,13 @@
 #include <filesystem>
 #include <vector>
 
+#include "base/path.h"
 #include "store/schema/schema.h"
 #include "zvdb/indexes_aside.h"
 #include "zvdb/sample_parts.h"
 
 namespace zv::zvdb {
 namespace {
-
-std::filesystem::path PathOf(const std::string& utf8) {
-    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 void RemoveWithLog(const std::string& path) {
     for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {

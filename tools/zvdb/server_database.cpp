@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "base/text.h"
 #include "store/schema/schema.h"
 #include "zvdb/import/endpoint.h"
@@ -94,10 +95,7 @@ class TemporaryFile {
     }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
-    std::string Path() const {
-        const std::u8string path = path_.u8string();
-        return {path.begin(), path.end()};
-    }
+    std::string Path() const { return Utf8Of(path_); }
 
  private:
     fs::path path_;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <iomanip>
 
+#include "base/path.h"
 #include "zvdb/check.h"
 #include "zvdb/command_line.h"
 #include "zvdb/import/endpoint.h"
@@ -34,7 +35,7 @@ int Create(const CommandLine& line, const Console& console) {
         PrintCounts(CheckServer(line.server), console.out);
         return kFine;
     }
-    const std::filesystem::path file(std::u8string(line.file.begin(), line.file.end()));
+    const std::filesystem::path file = PathOf(line.file);
     if (std::filesystem::is_directory(file)) throw FileError("this is a folder");
     if (file.has_parent_path() && !std::filesystem::is_directory(file.parent_path())) {
         throw FileError("its folder does not exist");

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/path.h"
 #include "runner.h"
 #include "script_text.h"
 
@@ -70,12 +71,9 @@ Command ParseArguments(const std::vector<std::string>& arguments) {
         } else if (word == "--print") {
             command.options.print = true;
         } else if (word == "--keep") {
-            const std::string& folder = value();
-            command.options.keep =
-                std::filesystem::absolute(std::u8string(folder.begin(), folder.end()));
+            command.options.keep = std::filesystem::absolute(zv::PathOf(value()));
         } else if (word == "--statements") {
-            const std::string& file = value();
-            command.options.statements = std::u8string(file.begin(), file.end());
+            command.options.statements = zv::PathOf(value());
         } else {
             throw zv::script::ScriptError("unknown option " + word);
         }

@@ -3,6 +3,7 @@
 #include <iterator>
 #include <random>
 
+#include "base/path.h"
 #include "base/text.h"
 #include "playback.h"
 #include "stage.h"
@@ -10,12 +11,8 @@
 namespace zv::script {
 namespace {
 
-std::filesystem::path FromUtf8(const std::string& text) {
-    return std::filesystem::path(std::u8string(text.begin(), text.end()));
-}
-
 std::string ReadFile(const std::string& file) {
-    const std::filesystem::path path = FromUtf8(file);
+    const std::filesystem::path path = PathOf(file);
     std::error_code failure;
     if (!std::filesystem::is_regular_file(path, failure)) throw ScriptError("no such file");
     std::ifstream stream(path, std::ios::binary);
@@ -104,11 +101,10 @@ Runner::Outcome Runner::Play(const std::string& file) {
 
 std::filesystem::path Runner::MakeFolder(const std::string& file) {
     if (!options_.keep.empty()) {
-        const std::u8string stem = FromUtf8(file).stem().u8string();
-        const std::string name(stem.begin(), stem.end());
+        const std::string name = Utf8Of(PathOf(file).stem());
         for (int number = 1;; number++) {
             const std::string suffix = number == 1 ? "" : '-' + std::to_string(number);
-            const std::filesystem::path folder = options_.keep / FromUtf8(name + suffix);
+            const std::filesystem::path folder = options_.keep / PathOf(name + suffix);
             std::filesystem::create_directories(options_.keep);
             if (std::filesystem::create_directory(folder)) return folder;
         }
@@ -116,9 +112,8 @@ std::filesystem::path Runner::MakeFolder(const std::string& file) {
     static const unsigned run = std::random_device()();
     const std::filesystem::path temporary = std::filesystem::temp_directory_path();
     for (;;) {
-        const std::filesystem::path folder =
-            temporary /
-            FromUtf8("zvscript-" + std::to_string(run) + '-' + std::to_string(++folders_));
+        const std::filesystem::path folder = temporary / PathOf("zvscript-" + std::to_string(run) +
+                                                                '-' + std::to_string(++folders_));
         if (std::filesystem::create_directory(folder)) return folder;
     }
 }

@@ -1,14 +1,14 @@
 #include "scripted_database.h"
 
 #include "base/errors.h"
+#include "base/path.h"
 
 namespace zv::script {
 namespace {
 
 std::string ResolvedPath(const platform::scripted::ScriptedFiles& files, const std::string& path) {
     if (path.empty()) return path;
-    const std::u8string resolved = files.Resolve(path).u8string();
-    return std::string(resolved.begin(), resolved.end());
+    return Utf8Of(files.Resolve(path));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Setting the stage: clock, code page, databases, properties, settings, failures to come.
 #include <array>
 
+#include "base/path.h"
 #include "command.h"
 #include "control_properties.h"
 #include "failure.h"
@@ -45,8 +46,7 @@ Action Database(Words words) {
     const bool create = words.size() == 1;
     if (!create && words[1] != "none") throw ScriptError("database NAME [none]");
     return [name = words[0], create](Stage& stage) {
-        const std::u8string path = stage.machine.files.Resolve(name).u8string();
-        const std::string file(path.begin(), path.end());
+        const std::string file = Utf8Of(stage.machine.files.Resolve(name));
         if (create) {
             stage.host.Create(file);
         } else {
@@ -128,7 +128,7 @@ Action DatabaseError(Words words) {
     return [position, text = words[1]](Stage& stage) { stage.statements.Fail(position, text); };
 }
 
-constexpr std::array kCommands = std::to_array<CommandSpec>({
+constexpr std::array kStage = std::to_array<CommandSpec>({
     {"clock", 1, 1, "2003-03-07T09:30:00", Clock},
     {"advance", 1, 1, "5m", Advance},
     {"codepage", 1, 1, "936|950|1252", CodePage},
@@ -145,7 +145,7 @@ constexpr std::array kCommands = std::to_array<CommandSpec>({
 }  // namespace
 
 std::span<const CommandSpec> StageCommands() {
-    return kCommands;
+    return kStage;
 }
 
 }  // namespace zv::script

@@ -1,22 +1,16 @@
 #include <algorithm>
 
+#include "base/path.h"
+
 #include "platform/scripted/scripted_machine.h"
 
 namespace zv::platform::scripted {
-namespace {
-
-std::filesystem::path FromUtf8(std::string_view text) {
-    return std::filesystem::path(std::u8string(text.begin(), text.end()));
-}
-
-}  // namespace
-
 std::filesystem::path ScriptedFiles::Resolve(std::string_view path) const {
     std::string native(path);
     if constexpr (std::filesystem::path::preferred_separator == '/') {
         std::replace(native.begin(), native.end(), '\\', '/');
     }
-    return folder_ / FromUtf8(native);
+    return folder_ / PathOf(native);
 }
 
 bool ScriptedFiles::FileExists(const std::string& path) const {
@@ -25,8 +19,7 @@ bool ScriptedFiles::FileExists(const std::string& path) const {
 }
 
 std::string ScriptedFiles::ApplicationFolder() const {
-    const std::u8string text = folder_.u8string();
-    return std::string(text.begin(), text.end());
+    return Utf8Of(folder_);
 }
 
 }  // namespace zv::platform::scripted

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "store/schema/schema.h"
 #include "store/sqlite/database_file.h"
 
@@ -19,7 +20,7 @@ struct CloseDatabase {
 
 void CreateSqliteDatabase(const std::string& path) {
     namespace fs = std::filesystem;
-    const fs::path file = sqlite::PathOf(path);
+    const fs::path file = PathOf(path);
     std::error_code error;
     if (fs::exists(file, error)) {
         throw RuntimeError(ErrorNumber::FileAlreadyExists, "The file exists already: " + path,

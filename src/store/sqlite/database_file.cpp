@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "store/secrets.h"
 #include "store/sqlite/sqlite_connection.h"
 
@@ -29,10 +30,6 @@ bool HasSignature(std::istream& file) {
 }
 
 }  // namespace
-
-std::filesystem::path PathOf(const std::string& utf8) {
-    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 void CheckDatabaseFile(const std::string& path) {
     namespace fs = std::filesystem;
@@ -61,7 +58,7 @@ void CheckDatabaseFile(const std::string& path) {
 }  // namespace sqlite
 
 bool IsSqliteFile(const std::string& path) {
-    std::ifstream stream(sqlite::PathOf(path), std::ios::binary);
+    std::ifstream stream(PathOf(path), std::ios::binary);
     return stream && sqlite::HasSignature(stream);
 }
 

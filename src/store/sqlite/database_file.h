@@ -1,14 +1,11 @@
 // What can be told of a database file before the engine opens it.
 #pragma once
 
-#include <filesystem>
 #include <string>
 
 namespace zv::store::sqlite {
 
 inline constexpr const char* kErrorSource = "SQLite";
-
-std::filesystem::path PathOf(const std::string& utf8);
 
 /// Throws the errors of OpenSqlite for a file that is missing, unreadable, empty or no database.
 void CheckDatabaseFile(const std::string& path);

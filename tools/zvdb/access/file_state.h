@@ -6,6 +6,8 @@
 #include <string>
 #include <system_error>
 
+#include "base/path.h"
+
 namespace zv::zvdb::access {
 
 struct FileState {
@@ -16,7 +18,7 @@ struct FileState {
 };
 
 inline FileState StateOf(const std::string& utf8) {
-    const std::filesystem::path file(std::u8string(utf8.begin(), utf8.end()));
+    const std::filesystem::path file = PathOf(utf8);
     std::error_code failed;
     return {std::filesystem::file_size(file, failed),
             std::filesystem::last_write_time(file, failed)};

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/path.h"
 #include "zvdb/check.h"
 #include "zvdb/import/embedded_rows.h"
 
@@ -65,7 +66,7 @@ EmbeddedSource::EmbeddedSource(const std::string& path) : path_(path) {
 }
 
 void EmbeddedSource::Open() {
-    const fs::path file(std::u8string(path_.begin(), path_.end()));
+    const fs::path file = PathOf(path_);
     // A file with a write-ahead log is opened for writing, so that the empty log which every reader
     // makes goes away again; without one, opening for writing could finish somebody's broken-off
     // change.

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "store/schema/schema.h"
 #include "zvdb/check.h"
 #include "zvdb/import/embedded_rows.h"
@@ -13,10 +14,6 @@ namespace zv::zvdb {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 std::vector<std::string> Names(const std::vector<ColumnRule>& columns) {
     std::vector<std::string> names;

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/path.h"
 #include "base/text.h"
 #include "store/odbc/connection_string.h"
 #include "zvdb/access/access_source.h"
@@ -21,10 +22,6 @@ namespace {
 namespace fs = std::filesystem;
 
 enum class Content { Missing, Folder, Special, Unreadable, Empty, Embedded, Access, Other };
-
-fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 Content ContentOf(const std::string& name) {
     std::error_code failed;
