@@ -15,6 +15,8 @@ std::string_view TrimLeft(std::string_view text);
 /// ASCII letters only; other characters stay as they are.
 std::string ToLower(std::string_view text);
 std::string ToUpper(std::string_view text);
+/// Of a name: an ASCII letter or digit, "_", or any part of a character beyond ASCII.
+bool IsWordCharacter(char c);
 bool EqualsIgnoreCase(std::string_view a, std::string_view b);
 bool Contains(std::string_view text, std::string_view part);
 std::string Replace(std::string_view text, std::string_view from, std::string_view to);

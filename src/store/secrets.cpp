@@ -7,11 +7,6 @@
 namespace zv::store {
 namespace {
 
-bool IsWordCharacter(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-
 constexpr std::string_view kHidden = "***";
 
 void HideWords(std::string& text, const std::string& secret) {
@@ -19,8 +14,8 @@ void HideWords(std::string& text, const std::string& secret) {
     constexpr std::size_t kUnmistakable = 4;
     for (std::size_t at = text.find(secret); at != std::string::npos;) {
         const std::size_t end = at + secret.size();
-        const bool whole = (at == 0 || !IsWordCharacter(text[at - 1])) &&
-                           (end == text.size() || !IsWordCharacter(text[end]));
+        const bool whole = (at == 0 || !text::IsWordCharacter(text[at - 1])) &&
+                           (end == text.size() || !text::IsWordCharacter(text[end]));
         if (whole || secret.size() >= kUnmistakable) {
             text.replace(at, secret.size(), kHidden);
             at = text.find(secret, at + kHidden.size());

@@ -7,14 +7,10 @@
 namespace zv::store {
 namespace {
 
-bool IsWordCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-
 bool IsWordAt(std::string_view lower, std::size_t at, std::string_view word) {
-    return lower.substr(at, word.size()) == word && (at == 0 || !IsWordCharacter(lower[at - 1])) &&
-           (at + word.size() >= lower.size() || !IsWordCharacter(lower[at + word.size()]));
+    return lower.substr(at, word.size()) == word &&
+           (at == 0 || !text::IsWordCharacter(lower[at - 1])) &&
+           (at + word.size() >= lower.size() || !text::IsWordCharacter(lower[at + word.size()]));
 }
 
 /// The position of the next "and" that joins two conditions: outside quotes and not the one of a
@@ -38,7 +34,7 @@ std::size_t NextAnd(std::string_view lower, std::size_t from) {
 
 bool StartsWithName(std::string_view condition) {
     return !condition.empty() &&
-           (condition.front() == '[' || (IsWordCharacter(condition.front()) &&
+           (condition.front() == '[' || (text::IsWordCharacter(condition.front()) &&
                                          !(condition.front() >= '0' && condition.front() <= '9')));
 }
 

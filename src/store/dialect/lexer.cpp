@@ -14,11 +14,10 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 bool IsNameStart(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
+    return text::IsWordCharacter(c) && !IsDigit(c);
 }
 bool IsNameCharacter(char c) {
-    return IsNameStart(c) || IsDigit(c) || c == '$';
+    return text::IsWordCharacter(c) || c == '$';
 }
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';

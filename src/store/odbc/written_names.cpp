@@ -8,11 +8,6 @@
 namespace zv::store::odbc {
 namespace {
 
-bool IsWordCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-
 /// Names by their lower-case form. Words of the language that are written in lower case stay what
 /// they are, so only the others matter.
 std::map<std::string, std::string> NamesIn(std::string_view statement) {
@@ -33,7 +28,7 @@ std::string WithNamesAsWritten(std::string_view text, std::string_view statement
     std::string result;
     for (std::size_t at = 0; at < text.size();) {
         std::size_t end = at;
-        while (end < text.size() && IsWordCharacter(text[end])) end++;
+        while (end < text.size() && text::IsWordCharacter(text[end])) end++;
         if (end == at) {
             result += text[at++];
             continue;
