@@ -6,16 +6,15 @@
 namespace zv::forms::win32 {
 namespace {
 
-constexpr wchar_t kClassName[] = L"zv.Canvas";
+constexpr wchar_t kCanvasClass[] = L"zv.Canvas";
 constexpr int kLineStep = 32;
-std::weak_ptr<WindowClass> sharedClass;
 
 }  // namespace
 
 void NativeCanvas::Create(HWND parent, int id) {
-    class_ = WindowClass::Get(Owner().Module(), kClassName, &DefWindowProcW, sharedClass);
+    class_ = WindowClass::Get(Owner().Module(), kCanvasClass, &DefWindowProcW);
     Area().SetScrollBarSize(GetScale().ToUnits(GetSystemMetrics(SM_CXVSCROLL)));
-    CreateNative(parent, id, kClassName, WS_TABSTOP | WS_VSCROLL | WS_HSCROLL);
+    CreateNative(parent, id, kCanvasClass, WS_TABSTOP | WS_VSCROLL | WS_HSCROLL);
     ShowScroll();
 }
 

@@ -18,8 +18,6 @@ constexpr wchar_t kNameProperty[] = L"zv.Name";
 constexpr UINT kKeyMessage = WM_APP + 1;
 constexpr UINT kMenuMessage = WM_APP + 2;
 
-std::weak_ptr<WindowClass> sharedClass;
-
 }  // namespace
 
 FormWindow::FormWindow(Win32Backend& backend, Form& form)
@@ -46,7 +44,7 @@ DWORD FormWindow::ExtendedStyle() const {
 
 void FormWindow::Build() {
     const ManifestInForce manifest(backend_.Controls().Manifest());
-    class_ = WindowClass::Get(Module(), kClassName, &FormWindow::Procedure, sharedClass);
+    class_ = WindowClass::Get(Module(), kClassName, &FormWindow::Procedure);
     scale_ = Scale(SystemDpi());
     placing_++;
     handle_.reset(CreateWindowExW(ExtendedStyle(), kClassName, ToWide(form_.Caption()).c_str(),
@@ -98,7 +96,7 @@ void FormWindow::Destroy() {
 }
 
 FormWindow* FormWindow::Owning(HWND window) {
-    const std::shared_ptr<WindowClass> ours = sharedClass.lock();
+    const std::shared_ptr<WindowClass> ours = WindowClass::Find(kClassName);
     const HWND root = ours && window ? GetAncestor(window, GA_ROOT) : nullptr;
     if (!root || GetClassLongPtrW(root, GCW_ATOM) != ours->Id()) return nullptr;
     return reinterpret_cast<FormWindow*>(GetWindowLongPtrW(root, GWLP_USERDATA));

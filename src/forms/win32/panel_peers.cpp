@@ -9,8 +9,7 @@
 namespace zv::forms::win32 {
 namespace {
 
-constexpr wchar_t kClassName[] = L"zv.Panel";
-std::weak_ptr<WindowClass> sharedClass;
+constexpr wchar_t kPanelClass[] = L"zv.Panel";
 
 // The nearest page of tabs that the window is or lies in.
 NativePanel* PageOf(const FormWindow& form, HWND window) {
@@ -38,8 +37,8 @@ NativePanel::NativePanel(FormWindow& window, Control& control) : NativeControl(w
 NativePanel::~NativePanel() = default;
 
 void NativePanel::Create(HWND parent, int id) {
-    class_ = WindowClass::Get(Owner().Module(), kClassName, &DefWindowProcW, sharedClass);
-    CreateNative(parent, id, kClassName, WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT);
+    class_ = WindowClass::Get(Owner().Module(), kPanelClass, &DefWindowProcW);
+    CreateNative(parent, id, kPanelClass, WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT);
     ApplyBounds();
     Mirror(Aspect::Caption);
 }

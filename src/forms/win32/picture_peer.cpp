@@ -9,14 +9,13 @@
 namespace zv::forms::win32 {
 namespace {
 
-constexpr wchar_t kClassName[] = L"zv.Picture";
-std::weak_ptr<WindowClass> sharedClass;
+constexpr wchar_t kPictureClass[] = L"zv.Picture";
 
 }  // namespace
 
 void NativePicture::Create(HWND parent, int id) {
-    class_ = WindowClass::Get(Owner().Module(), kClassName, &DefWindowProcW, sharedClass);
-    CreateNative(parent, id, kClassName, 0);
+    class_ = WindowClass::Get(Owner().Module(), kPictureClass, &DefWindowProcW);
+    CreateNative(parent, id, kPictureClass, 0);
 }
 
 void NativePicture::ResolutionChanged() {

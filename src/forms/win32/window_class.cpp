@@ -1,9 +1,25 @@
 #include "forms/win32/window_class.h"
 
+#include <map>
+#include <mutex>
+#include <string>
+
 #include "base/errors.h"
 #include "forms/win32/handles.h"
 
 namespace zv::forms::win32 {
+namespace {
+
+// By name. Each control works on the thread of its host, and a host may have several.
+std::map<std::wstring, std::weak_ptr<WindowClass>> shared;
+std::mutex guard;
+
+std::shared_ptr<WindowClass> Present(const wchar_t* name) {
+    const auto found = shared.find(name);
+    return found == shared.end() ? nullptr : found->second.lock();
+}
+
+}  // namespace
 
 WindowClass::WindowClass(HINSTANCE module, const wchar_t* name, WNDPROC procedure)
     : module_(module) {
@@ -28,14 +44,19 @@ WindowClass::~WindowClass() {
 }
 
 std::shared_ptr<WindowClass> WindowClass::Get(HINSTANCE module, const wchar_t* name,
-                                              WNDPROC procedure,
-                                              std::weak_ptr<WindowClass>& shared) {
-    std::shared_ptr<WindowClass> present = shared.lock();
+                                              WNDPROC procedure) {
+    const std::lock_guard lock(guard);
+    std::shared_ptr<WindowClass> present = Present(name);
     if (!present) {
         present = std::make_shared<WindowClass>(module, name, procedure);
-        shared = present;
+        shared[name] = present;
     }
     return present;
+}
+
+std::shared_ptr<WindowClass> WindowClass::Find(const wchar_t* name) {
+    const std::lock_guard lock(guard);
+    return Present(name);
 }
 
 }  // namespace zv::forms::win32

@@ -18,7 +18,9 @@ class WindowClass {
 
     /// Registers the class unless another window has done so.
     static std::shared_ptr<WindowClass> Get(HINSTANCE module, const wchar_t* name,
-                                            WNDPROC procedure, std::weak_ptr<WindowClass>& shared);
+                                            WNDPROC procedure);
+    /// The class while a window needs it, otherwise none.
+    static std::shared_ptr<WindowClass> Find(const wchar_t* name);
 
  private:
     HINSTANCE module_;
