@@ -2,17 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "refusal.h"
+
 namespace zv::script {
 namespace {
-
-std::string RefusalOf(const std::string& text) {
-    try {
-        CompileScript(text);
-    } catch (const ScriptError& error) {
-        return std::to_string(error.Line()) + ": " + error.Reason();
-    }
-    return "accepted";
-}
 
 TEST(CompileScript, AcceptsEveryCommand) {
     constexpr const char* kLines[] = {
@@ -65,33 +58,40 @@ TEST(CompileScript, AcceptsEveryCommand) {
         "expect frmTaskMain.Grid1.cell(1,2) ~ \"x\"",
         "expect rows \"select 1\" !~ \"x\"",
     };
-    for (const char* line : kLines) EXPECT_EQ(RefusalOf(line), "accepted") << line;
+    for (const char* line : kLines) EXPECT_EQ(RefusalBy(CompileScript, line), "accepted") << line;
 }
 
 TEST(CompileScript, RefusesAnUnknownCommand) {
-    EXPECT_EQ(RefusalOf("\nclik frmTaskMain.cmdExit"), "2: unknown command \"clik\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "\nclik frmTaskMain.cmdExit"),
+              "2: unknown command \"clik\"");
 }
 
 TEST(CompileScript, RefusesAWrongNumberOfWords) {
-    EXPECT_EQ(RefusalOf("clock"), "1: wrong number of words: clock 2003-03-07T09:30:00");
+    EXPECT_EQ(RefusalBy(CompileScript, "clock"),
+              "1: wrong number of words: clock 2003-03-07T09:30:00");
     for (const char* line :
          {"clock 2003-03-07 09:30:00", "refresh 0", "refresh 0 0 0", "set UserName", "bag init x",
           "bag write x", "expect error ==", "expect error == a b", "expect rows == a", "show rows",
           "show error bag", "call MakeLikePattern", "call LoadText 1 2", "close",
           "mouse frmTaskMain.tvwTask 1", "database a none b"}) {
-        EXPECT_NE(RefusalOf(line), "accepted") << line;
+        EXPECT_NE(RefusalBy(CompileScript, line), "accepted") << line;
     }
 }
 
 TEST(CompileScript, RefusesUnknownNames) {
-    EXPECT_EQ(RefusalOf("click frmMain.cmdExit"), "1: unknown window \"frmMain\"");
-    EXPECT_EQ(RefusalOf("set userName x"), "1: unknown control property \"userName\"");
-    EXPECT_EQ(RefusalOf("set showMode 1"), "1: unknown control property \"showMode\"");
-    EXPECT_EQ(RefusalOf("show control.Nothing"), "1: unknown control property \"Nothing\"");
-    EXPECT_EQ(RefusalOf("show frmTaskMain.cmdExit.colour"), "1: unknown property \"colour\"");
-    EXPECT_EQ(RefusalOf("show frmTaskMain.text"), "1: a window has no property \"text\"");
-    EXPECT_EQ(RefusalOf("call Nothing"), "1: unknown operation \"Nothing\"");
-    EXPECT_EQ(RefusalOf("show nothing"), "1: unknown query \"nothing\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "click frmMain.cmdExit"), "1: unknown window \"frmMain\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "set userName x"),
+              "1: unknown control property \"userName\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "set showMode 1"),
+              "1: unknown control property \"showMode\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "show control.Nothing"),
+              "1: unknown control property \"Nothing\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "show frmTaskMain.cmdExit.colour"),
+              "1: unknown property \"colour\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "show frmTaskMain.text"),
+              "1: a window has no property \"text\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "call Nothing"), "1: unknown operation \"Nothing\"");
+    EXPECT_EQ(RefusalBy(CompileScript, "show nothing"), "1: unknown query \"nothing\"");
 }
 
 TEST(CompileScript, RefusesWordsOutOfTheirRange) {
@@ -117,7 +117,7 @@ TEST(CompileScript, RefusesWordsOutOfTheirRange) {
                              "expect error = x",
                              "close frmMain",
                              "show setting.zvTask"}) {
-        EXPECT_NE(RefusalOf(line), "accepted") << line;
+        EXPECT_NE(RefusalBy(CompileScript, line), "accepted") << line;
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "refusal.h"
+
 namespace zv::script {
 namespace {
 
@@ -12,15 +14,6 @@ std::vector<std::string> WordsOf(const std::string& line) {
         for (const Word& word : lines[0].words) words.push_back(word.text);
     }
     return words;
-}
-
-std::string RefusalOf(const std::string& text) {
-    try {
-        ReadScript(text);
-    } catch (const ScriptError& error) {
-        return std::to_string(error.Line()) + ": " + error.Reason();
-    }
-    return "accepted";
 }
 
 using List = std::vector<std::string>;
@@ -71,20 +64,22 @@ TEST(ReadScript, AcceptsByteOrderMarkAndWindowsLineEnds) {
 }
 
 TEST(ReadScript, RefusesWhatIsWrongWithItsLine) {
-    EXPECT_EQ(RefusalOf("show error\nsql \"abc"), "2: a quote is not closed");
-    EXPECT_EQ(RefusalOf("sql \"abc\\"), "1: a quote is not closed");
-    EXPECT_EQ(RefusalOf("sql \"a\\x\""), "1: unknown escape \\x");
-    EXPECT_EQ(RefusalOf("sql a\"b\""), "1: a quote inside a word: quote the whole word");
-    EXPECT_EQ(RefusalOf("sql \"a\"b"), "1: a blank is missing behind a closing quote");
+    EXPECT_EQ(RefusalBy(ReadScript, "show error\nsql \"abc"), "2: a quote is not closed");
+    EXPECT_EQ(RefusalBy(ReadScript, "sql \"abc\\"), "1: a quote is not closed");
+    EXPECT_EQ(RefusalBy(ReadScript, "sql \"a\\x\""), "1: unknown escape \\x");
+    EXPECT_EQ(RefusalBy(ReadScript, "sql a\"b\""),
+              "1: a quote inside a word: quote the whole word");
+    EXPECT_EQ(RefusalBy(ReadScript, "sql \"a\"b"), "1: a blank is missing behind a closing quote");
 }
 
 TEST(ReadScript, RefusesTextThatIsNotUtf8) {
-    EXPECT_EQ(RefusalOf("show error\nset UserName \xD5\xC5"), "2: the text is not UTF-8");
-    EXPECT_EQ(RefusalOf("x \xC0\x80"), "1: the text is not UTF-8");
-    EXPECT_EQ(RefusalOf("x \xE4\xBB"), "1: the text is not UTF-8");
-    EXPECT_EQ(RefusalOf("x \xED\xA0\x80"), "1: the text is not UTF-8");
-    EXPECT_EQ(RefusalOf("x \xF4\x90\x80\x80"), "1: the text is not UTF-8");
-    EXPECT_EQ(RefusalOf("x \xF0\x9F\x98\x80"), "accepted");
+    EXPECT_EQ(RefusalBy(ReadScript, "show error\nset UserName \xD5\xC5"),
+              "2: the text is not UTF-8");
+    EXPECT_EQ(RefusalBy(ReadScript, "x \xC0\x80"), "1: the text is not UTF-8");
+    EXPECT_EQ(RefusalBy(ReadScript, "x \xE4\xBB"), "1: the text is not UTF-8");
+    EXPECT_EQ(RefusalBy(ReadScript, "x \xED\xA0\x80"), "1: the text is not UTF-8");
+    EXPECT_EQ(RefusalBy(ReadScript, "x \xF4\x90\x80\x80"), "1: the text is not UTF-8");
+    EXPECT_EQ(RefusalBy(ReadScript, "x \xF0\x9F\x98\x80"), "accepted");
 }
 
 TEST(Quote, WritesAWordThatReadsBack) {
