@@ -174,7 +174,7 @@ Action Mouse(Words words) {
 
 Action Close(Words words) {
     return [name = ParseWindow(words[0])](Stage& stage) {
-        forms::Form& form = FindWindow(stage.windows, name);
+        forms::Form& form = FindForm(stage.windows, name);
         try {
             stage.driver.Close(form);
         } catch (const forms::DriverError& error) {
@@ -183,7 +183,7 @@ Action Close(Words words) {
     };
 }
 
-constexpr std::array kCommands = std::to_array<CommandSpec>({
+constexpr std::array kActing = std::to_array<CommandSpec>({
     {"answer", 1, 1, "ok|cancel|yes|no", Answer},
     {"input", 1, 1, "\"TEXT\"|cancel", Input},
     {"refresh", 2, 2, "MODE MODAL", Refresh},
@@ -207,7 +207,7 @@ constexpr std::array kCommands = std::to_array<CommandSpec>({
 }  // namespace
 
 std::span<const CommandSpec> ActingCommands() {
-    return kCommands;
+    return kActing;
 }
 
 }  // namespace zv::script

@@ -164,7 +164,7 @@ constexpr std::array kOperations = std::to_array<Operation>({
     {"frmAsk", 0, "", CallAsk},
 });
 
-const Operation* Find(const std::string& name) {
+const Operation* FindOperation(const std::string& name) {
     for (const Operation& operation : kOperations) {
         if (operation.name == name) return &operation;
     }
@@ -174,7 +174,7 @@ const Operation* Find(const std::string& name) {
 }  // namespace
 
 Action CompileCall(Words words) {
-    const Operation* operation = Find(words[0]);
+    const Operation* operation = FindOperation(words[0]);
     if (!operation) throw ScriptError("unknown operation " + Quote(words[0]));
     Arguments arguments;
     for (std::size_t i = 1; i < words.size(); i++) arguments.push_back(words[i]);
@@ -184,9 +184,7 @@ Action CompileCall(Words words) {
     }
     return [operation, arguments](Stage& stage) {
         stage.result.clear();
-        stage.AsHost([&] {
-            stage.result = operation->run(stage, arguments);
-        });
+        stage.AsHost([&] { stage.result = operation->run(stage, arguments); });
     };
 }
 

@@ -3,7 +3,7 @@
 namespace zv::script {
 namespace {
 
-const CommandSpec* Find(const std::string& name) {
+const CommandSpec* FindCommand(const std::string& name) {
     for (const auto family : {StageCommands(), ActingCommands(), LookingCommands()}) {
         for (const CommandSpec& command : family) {
             if (command.name == name) return &command;
@@ -13,7 +13,7 @@ const CommandSpec* Find(const std::string& name) {
 }
 
 Action Compile(const ScriptLine& line) {
-    const CommandSpec* command = Find(line.words[0].text);
+    const CommandSpec* command = FindCommand(line.words[0].text);
     if (!command) throw ScriptError("unknown command " + Quote(line.words[0].text));
     const Words words = Words(line.words).From(1);
     if (words.size() < command->minWords || words.size() > command->maxWords) {

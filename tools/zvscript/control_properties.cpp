@@ -100,7 +100,7 @@ constexpr std::array kProperties = std::to_array<Property>({
     {"dateDelimiter", nullptr, ReadDelimiter},
 });
 
-const Property* Find(std::string_view name) {
+const Property* FindProperty(std::string_view name) {
     const auto at = std::find_if(kProperties.begin(), kProperties.end(),
                                  [&](const Property& property) { return property.name == name; });
     return at == kProperties.end() ? nullptr : &*at;
@@ -109,20 +109,20 @@ const Property* Find(std::string_view name) {
 }  // namespace
 
 bool IsSettable(std::string_view name) {
-    const Property* property = Find(name);
+    const Property* property = FindProperty(name);
     return property && property->set;
 }
 
 bool IsReadable(std::string_view name) {
-    return Find(name) != nullptr;
+    return FindProperty(name) != nullptr;
 }
 
 void SetProperty(ZvTask& control, std::string_view name, const std::string& text) {
-    Find(name)->set(control, text);
+    FindProperty(name)->set(control, text);
 }
 
 std::string ReadProperty(ZvTask& control, std::string_view name) {
-    return Find(name)->read(control);
+    return FindProperty(name)->read(control);
 }
 
 }  // namespace zv::script

@@ -68,7 +68,7 @@ Action Expect(Words words) {
     };
 }
 
-constexpr std::array kCommands = std::to_array<CommandSpec>({
+constexpr std::array kLooking = std::to_array<CommandSpec>({
     {"show", 1, 2, "QUERY", Show},
     {"expect", 3, 4, "QUERY ==|~|!~ \"VALUE\"", Expect},
 });
@@ -76,7 +76,7 @@ constexpr std::array kCommands = std::to_array<CommandSpec>({
 }  // namespace
 
 std::span<const CommandSpec> LookingCommands() {
-    return kCommands;
+    return kLooking;
 }
 
 }  // namespace zv::script

@@ -79,13 +79,13 @@ std::optional<std::string> ReadMenu(const forms::MenuItem& item, const std::stri
 }
 
 std::string ReadWindow(Stage& stage, const PropertyPath& path) {
-    forms::Form& form = FindWindow(stage.windows, path.target.window);
+    forms::Form& form = FindForm(stage.windows, path.target.window);
     return path.property == "modal" ? Truth(form.IsModal()) : stage.driver.ReadCaption(form);
 }
 
 std::string ReadItem(Stage& stage, const PropertyPath& path) {
     const Target& target = path.target;
-    const forms::Form& form = FindWindow(stage.windows, target.window);
+    const forms::Form& form = FindForm(stage.windows, target.window);
     std::optional<std::string> value;
     if (const forms::MenuItem* item = form.FindMenu(target.control, target.index)) {
         value = ReadMenu(*item, path.property);

@@ -147,14 +147,14 @@ PropertyPath ParsePropertyPath(const std::string& word) {
     return path;
 }
 
-forms::Form& FindWindow(const forms::WindowSystem& windows, const std::string& name) {
+forms::Form& FindForm(const forms::WindowSystem& windows, const std::string& name) {
     forms::Form* form = windows.Find(name);
     if (!form) throw Failure(name + " does not exist now");
     return *form;
 }
 
 forms::Control& FindControl(const forms::WindowSystem& windows, const Target& target) {
-    const forms::Form& form = FindWindow(windows, target.window);
+    const forms::Form& form = FindForm(windows, target.window);
     if (forms::Control* control = form.FindControl(target.control, target.index)) return *control;
     if (!HasName(form.Controls(), target.control)) {
         throw ScriptError(target.window + " has no control " + Quote(target.control));
@@ -163,7 +163,7 @@ forms::Control& FindControl(const forms::WindowSystem& windows, const Target& ta
 }
 
 forms::MenuItem& FindMenu(const forms::WindowSystem& windows, const Target& target) {
-    const forms::Form& form = FindWindow(windows, target.window);
+    const forms::Form& form = FindForm(windows, target.window);
     if (forms::MenuItem* item = form.FindMenu(target.control, target.index)) return *item;
     if (!HasName(form.Menus(), target.control)) {
         throw ScriptError(target.window + " has no menu entry " + Quote(target.control));

@@ -40,7 +40,7 @@ PropertyPath ParsePropertyPath(const std::string& word);
 std::string ParseWindow(const std::string& word);
 
 /// The window, which must exist: throws Failure otherwise.
-forms::Form& FindWindow(const forms::WindowSystem& windows, const std::string& name);
+forms::Form& FindForm(const forms::WindowSystem& windows, const std::string& name);
 /// Throw Failure when the window does not exist, ScriptError when it has no such control or entry.
 forms::Control& FindControl(const forms::WindowSystem& windows, const Target& target);
 forms::MenuItem& FindMenu(const forms::WindowSystem& windows, const Target& target);

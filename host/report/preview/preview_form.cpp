@@ -11,8 +11,8 @@
 namespace zv::report {
 namespace {
 
-constexpr int kMargin = 8;
-constexpr int kGap = 4;
+constexpr int kBarMargin = 8;
+constexpr int kButtonGap = 4;
 constexpr int kGroupGap = 14;
 constexpr int kBarHeight = 26;
 constexpr int kButtonPadding = 18;
@@ -125,22 +125,22 @@ void PreviewForm::SetCaptions() {
 
 void PreviewForm::PlaceToolbar() {
     forms::Backend& backend = Windows().GetBackend();
-    int x = kMargin;
+    int x = kBarMargin;
     const auto place = [&](forms::Control& control, int width) {
-        control.Move({x, kMargin, width, kBarHeight});
-        x += width + kGap;
+        control.Move({x, kBarMargin, width, kBarHeight});
+        x += width + kButtonGap;
     };
     const auto button = [&](forms::CommandButton& command) {
         const std::string caption = text::Replace(command.Caption(), "&", "");
         place(command, backend.MeasureText(caption).width + kButtonPadding);
     };
-    const auto group = [&] { x += kGroupGap - kGap; };
+    const auto group = [&] { x += kGroupGap - kButtonGap; };
     button(cmdFirst);
     button(cmdPrevious);
     place(txtPage, 48);
     const int labelWidth = backend.MeasureText(lblPages.Caption()).width + 8;
-    lblPages.Move({x, kMargin + 5, labelWidth, kBarHeight - 6});
-    x += labelWidth + kGap;
+    lblPages.Move({x, kBarMargin + 5, labelWidth, kBarHeight - 6});
+    x += labelWidth + kButtonGap;
     button(cmdNext);
     button(cmdLast);
     group();
@@ -153,11 +153,11 @@ void PreviewForm::PlaceToolbar() {
     button(cmdCsv);
     group();
     button(cmdClose);
-    SetMinimumClientSize({x - kGap + kMargin, kLeastHeight});
+    SetMinimumClientSize({x - kButtonGap + kBarMargin, kLeastHeight});
 }
 
 void PreviewForm::PlaceCanvas() {
-    constexpr int kTop = kMargin + kBarHeight + kMargin;
+    constexpr int kTop = kBarMargin + kBarHeight + kBarMargin;
     picPage.Move(
         {0, kTop, std::max(0, ClientSize().width), std::max(0, ClientSize().height - kTop)});
     view_.SetArea(picPage.ViewSize());

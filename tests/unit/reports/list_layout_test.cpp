@@ -7,7 +7,7 @@
 namespace zv::reports {
 namespace {
 
-constexpr const char* kSetting = "zvTask.PrintColumns";
+constexpr const char* kChosenColumns = "zvTask.PrintColumns";
 
 class ListLayout : public testing::Test {
  protected:
@@ -28,7 +28,7 @@ TEST_F(ListLayout, WithoutAChoiceHasTheUsualColumns) {
 
 TEST_F(ListLayout, KeepsTheChoiceAndItsOrder) {
     KeepLayout(stage.session, "fOther0,taskTitle");
-    EXPECT_EQ(stage.settings.values[kSetting], "fOther0,taskTitle");
+    EXPECT_EQ(stage.settings.values[kChosenColumns], "fOther0,taskTitle");
     EXPECT_EQ(Chosen(), "fOther0,taskTitle");
     EXPECT_EQ(ChosenColumns(stage.session)[1].caption, "主题");
 }
@@ -52,7 +52,7 @@ TEST_F(ListLayout, WithNoneOfTheUsualColumnsHasAllThatAreOffered) {
 
 TEST_F(ListLayout, IsWrittenOnlyWhenItChanged) {
     KeepLayout(stage.session, "");
-    EXPECT_FALSE(stage.settings.values.contains(kSetting));
+    EXPECT_FALSE(stage.settings.values.contains(kChosenColumns));
 }
 
 }  // namespace
