@@ -30,6 +30,11 @@ if(ZV_PRECOMPILED_HEADERS)
         target_compile_options(zv_options INTERFACE -fpch-preprocess)
     endif()
 endif()
+# So are the files of a library, a few at a time. A class that only its own file knows then looks as
+# if a header had it.
+if(CMAKE_UNITY_BUILD)
+    target_compile_options(zv_options INTERFACE -Wno-subobject-linkage)
+endif()
 set(ZV_STANDARD_HEADERS <algorithm> <array> <functional> <map> <memory> <optional> <string>
                         <string_view> <utility> <variant> <vector>)
 

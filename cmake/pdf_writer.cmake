@@ -86,6 +86,7 @@ foreach(file IN LISTS ZV_PDF_SOURCES)
     math(EXPR next "(${next} + 1) % ${ZV_PDF_BATCHES}")
 endforeach()
 set_source_files_properties(${ZV_AES_SOURCES} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+set_target_properties(zv_freetype PROPERTIES UNITY_BUILD OFF)
 set_target_properties(zv_pdf_writer PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
 
 foreach(library zv_freetype zv_pdf_writer)
