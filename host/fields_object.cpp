@@ -3,6 +3,7 @@
 #include <array>
 
 #include "ado_errors.h"
+#include "base/win32/enumerator.h"
 
 namespace zv::host {
 namespace {
@@ -10,67 +11,27 @@ namespace {
 using win32::ComPtr;
 using win32::Variant;
 
-/// Walks the fields for a loop over each of them.
-class FieldEnumerator final : public IEnumVARIANT {
+/// What goes through the fields for a loop over each of them.
+class FieldItems {
  public:
-    FieldEnumerator(ComPtr<RecordsetObject> recordset, int position)
-        : recordset_(std::move(recordset)), position_(position) {
-        ++liveObjects;
-    }
-    FieldEnumerator(const FieldEnumerator&) = delete;
-    FieldEnumerator& operator=(const FieldEnumerator&) = delete;
+    explicit FieldItems(ComPtr<RecordsetObject> recordset) : recordset_(std::move(recordset)) {}
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) return E_POINTER;
-        if (iid != IID_IUnknown && iid != IID_IEnumVARIANT) {
-            *object = nullptr;
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        *object = static_cast<IEnumVARIANT*>(this);
-        return S_OK;
+    /// A closed recordset has one item, which cannot be had: the error says why.
+    std::size_t Count() const noexcept {
+        return recordset_->IsOpen() ? static_cast<std::size_t>(recordset_->Rows().FieldCount()) : 1;
     }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const long left = --references_;
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
-    }
-    STDMETHODIMP Next(ULONG count, VARIANT* values, ULONG* fetched) override {
-        if (!values) return E_POINTER;
-        ULONG done = 0;
-        const HRESULT hr = win32::Guarded(FieldsObject::kSourceName, [&] {
-            for (; done < count && position_ < recordset_->Rows().FieldCount(); ++done) {
-                auto field = win32::MakeCom<FieldObject>(recordset_, position_++);
-                values[done] = Variant(static_cast<IDispatch*>(field.Get())).Detach();
-            }
+    HRESULT Copy(std::size_t index, VARIANT* item) const noexcept {
+        return win32::Guarded(FieldsObject::kSourceName, [&] {
+            recordset_->Rows();
+            auto field = win32::MakeCom<FieldObject>(recordset_, static_cast<int>(index));
+            *item = Variant(static_cast<IDispatch*>(field.Get())).Detach();
         });
-        if (fetched) *fetched = done;
-        if (FAILED(hr)) return hr;
-        return done == count ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Skip(ULONG count) override {
-        position_ += static_cast<int>(count);
-        return S_OK;
-    }
-    STDMETHODIMP Reset() override {
-        position_ = 0;
-        return S_OK;
-    }
-    STDMETHODIMP Clone(IEnumVARIANT** copy) override {
-        if (!copy) return E_POINTER;
-        return win32::Guarded(FieldsObject::kSourceName,
-                              [&] { *copy = new FieldEnumerator(recordset_, position_); });
     }
 
  private:
-    ~FieldEnumerator() { --liveObjects; }
-
-    std::atomic<long> references_{1};
     ComPtr<RecordsetObject> recordset_;
-    int position_;
 };
-
+using FieldEnumerator = win32::Enumerator<IEnumVARIANT, VARIANT, FieldItems>;
 }  // namespace
 
 std::span<const MemberEntry<FieldsObject>> FieldsObject::Members() {
@@ -100,7 +61,7 @@ Variant FieldsObject::Count(const Arguments&) {
 }
 
 Variant FieldsObject::NewEnum(const Arguments&) {
-    auto walker = ComPtr<IUnknown>::Attach(new FieldEnumerator(recordset_, 0));
+    auto walker = ComPtr<IUnknown>::Attach(new FieldEnumerator(FieldItems(recordset_)));
     return Variant(walker.Get());
 }
 

@@ -23,6 +23,7 @@ class RecordsetObject final : public DispatchObject<RecordsetObject> {
                   store::CursorType cursor, store::LockType lock);
     void ConnectionClosed();
 
+    bool IsOpen() const { return rows_ != nullptr; }
     /// Throws ObjectClosed.
     store::Recordset& Rows() const;
     /// Rows that may be written; throws when they were opened to be read only.

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
+#include "base/win32/enumerator.h"
 #include "com/boundary.h"
-#include "com/enumerator.h"
+#include "com/held_items.h"
 #include "com/ids.h"
 
 namespace zv::com {
@@ -23,9 +24,10 @@ HRESULT CopyPoint(const HeldPoint& held, IConnectionPoint** item) {
     return S_OK;
 }
 
-using ConnectionEnumerator =
-    Enumerator<IEnumConnections, ConnectionPoint::Connection, CONNECTDATA, &CopyConnection>;
-using PointEnumerator = Enumerator<IEnumConnectionPoints, HeldPoint, IConnectionPoint*, &CopyPoint>;
+using ConnectionItems = HeldItems<ConnectionPoint::Connection, CONNECTDATA, &CopyConnection>;
+using ConnectionEnumerator = win32::Enumerator<IEnumConnections, CONNECTDATA, ConnectionItems>;
+using PointItems = HeldItems<HeldPoint, IConnectionPoint*, &CopyPoint>;
+using PointEnumerator = win32::Enumerator<IEnumConnectionPoints, IConnectionPoint*, PointItems>;
 
 }  // namespace
 
@@ -78,7 +80,8 @@ STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) noexcept {
 STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) noexcept {
     if (!connections) return E_POINTER;
     *connections = nullptr;
-    return Boundary([&] { *connections = new ConnectionEnumerator(connections_); });
+    return Boundary(
+        [&] { *connections = new ConnectionEnumerator(ConnectionItems(connections_)); });
 }
 
 ConnectionPoints::ConnectionPoints(Core& core)
@@ -90,8 +93,7 @@ STDMETHODIMP ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** poin
     if (!points) return E_POINTER;
     *points = nullptr;
     return Boundary([&] {
-        *points = new PointEnumerator(
-            std::vector<HeldPoint>{HeldPoint(&events_), HeldPoint(&properties_)});
+        *points = new PointEnumerator(PointItems({HeldPoint(&events_), HeldPoint(&properties_)}));
     });
 }
 

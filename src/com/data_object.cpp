@@ -2,7 +2,7 @@
 
 #include "com/boundary.h"
 #include "com/design_view.h"
-#include "com/enumerator.h"
+#include "com/held_items.h"
 
 namespace zv::com {
 
@@ -18,7 +18,8 @@ HRESULT CopyFormat(const FORMATETC& held, FORMATETC* item) {
     return S_OK;
 }
 
-using FormatEnumerator = Enumerator<IEnumFORMATETC, FORMATETC, FORMATETC, &CopyFormat>;
+using FormatItems = HeldItems<FORMATETC, FORMATETC, &CopyFormat>;
+using FormatEnumerator = win32::Enumerator<IEnumFORMATETC, FORMATETC, FormatItems>;
 
 HRESULT Check(const FORMATETC* format, const FORMATETC& offered) {
     if (format->cfFormat != offered.cfFormat) return DV_E_FORMATETC;
@@ -104,8 +105,7 @@ STDMETHODIMP DataObject::EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats
     *formats = nullptr;
     if (direction != DATADIR_GET) return E_NOTIMPL;
     return Boundary([&] {
-        *formats =
-            new FormatEnumerator(std::vector<FORMATETC>{kEnhancedMetafile, kMetafilePicture});
+        *formats = new FormatEnumerator(FormatItems({kEnhancedMetafile, kMetafilePicture}));
     });
 }
 

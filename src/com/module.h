@@ -23,7 +23,7 @@ class Reference {
  public:
     Reference() { Lock(); }
     ~Reference() { Unlock(); }
-    Reference(const Reference&) = delete;
+    Reference(const Reference&) : Reference() {}
     Reference& operator=(const Reference&) = delete;
 };
 

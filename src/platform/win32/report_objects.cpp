@@ -8,6 +8,7 @@
 #include "base/errors.h"
 #include "base/win32/bstr.h"
 #include "base/win32/com_error.h"
+#include "base/win32/enumerator.h"
 
 namespace zv::platform::win32 {
 
@@ -34,63 +35,25 @@ HRESULT Report(HRESULT hr, const std::string& text, EXCEPINFO* info) {
     return DISP_E_EXCEPTION;
 }
 
-class TextEnumerator final : public IEnumVARIANT {
+/// What goes through the texts of a collection.
+class TextItems {
  public:
-    TextEnumerator(ComPtr<TextCollection> texts, std::size_t position)
-        : texts_(std::move(texts)), position_(position) {}
+    explicit TextItems(ComPtr<TextCollection> texts) : texts_(std::move(texts)) {}
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-        if (!object) return E_POINTER;
-        *object = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IEnumVARIANT) return E_NOINTERFACE;
-        *object = static_cast<IEnumVARIANT*>(this);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() noexcept override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-    STDMETHODIMP Next(ULONG count, VARIANT* items, ULONG* fetched) noexcept override {
-        if (fetched) *fetched = 0;
-        if (!items || (count != 1 && !fetched)) return E_POINTER;
-        ULONG done = 0;
+    std::size_t Count() const { return texts_->Texts().size(); }
+    HRESULT Copy(std::size_t index, VARIANT* item) const noexcept {
         try {
-            for (; done < count && position_ < texts_->Texts().size(); done++, position_++) {
-                items[done] = Variant(texts_->Texts()[position_]).Detach();
-            }
+            *item = Variant(texts_->Texts()[index]).Detach();
+            return S_OK;
         } catch (const std::bad_alloc&) {
-            while (done > 0) VariantClear(&items[--done]);
             return E_OUTOFMEMORY;
         }
-        if (fetched) *fetched = done;
-        return done == count ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Skip(ULONG count) noexcept override {
-        const std::size_t left = texts_->Texts().size() - position_;
-        position_ += std::min<std::size_t>(count, left);
-        return count <= left ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Reset() noexcept override {
-        position_ = 0;
-        return S_OK;
-    }
-    STDMETHODIMP Clone(IEnumVARIANT** copy) noexcept override {
-        if (!copy) return E_POINTER;
-        *copy = new (std::nothrow) TextEnumerator(texts_, position_);
-        return *copy ? S_OK : E_OUTOFMEMORY;
     }
 
  private:
-    ~TextEnumerator() = default;
-
     ComPtr<TextCollection> texts_;
-    std::size_t position_;
-    std::atomic<ULONG> references_{1};
 };
-
+using TextEnumerator = zv::win32::Enumerator<IEnumVARIANT, VARIANT, TextItems>;
 }  // namespace
 
 STDMETHODIMP ReadingObject::QueryInterface(REFIID iid, void** object) noexcept {
@@ -191,7 +154,8 @@ TextCollection::TextCollection(std::vector<std::string> texts)
 Variant TextCollection::Read(DISPID id, const Numbers& arguments) {
     if (id == kCount) return Variant(static_cast<std::int32_t>(texts_.size()));
     if (id == DISPID_NEWENUM) {
-        const auto texts = zv::win32::MakeCom<TextEnumerator>(ComPtr<TextCollection>(this), 0u);
+        const auto texts =
+            zv::win32::MakeCom<TextEnumerator>(TextItems(ComPtr<TextCollection>(this)));
         return Variant(static_cast<IUnknown*>(texts.Get()));
     }
     const auto position = static_cast<std::size_t>(arguments[0]);

@@ -135,6 +135,20 @@ TEST_F(HostObjects, FieldsAreCountedNamedAndWalked) {
     ULONG fetched = 0;
     EXPECT_EQ(walker->Next(3, &items[0].Ref(), &fetched), S_FALSE);
     EXPECT_EQ(fetched, 2u);
+
+    EXPECT_EQ(walker->Reset(), S_OK);
+    EXPECT_EQ(walker->Skip(1), S_OK);
+    ComPtr<IEnumVARIANT> copy;
+    ASSERT_EQ(walker->Clone(copy.Put()), S_OK);
+    Variant last;
+    EXPECT_EQ(copy->Next(1, &last.Ref(), nullptr), S_OK);
+    EXPECT_EQ(win32::ToUtf8(Get(last.Object(), L"Name").Get().bstrVal), "Name");
+    EXPECT_EQ(copy->Skip(1), S_FALSE);
+
+    Run(recordset, L"Close");
+    walker->Reset();
+    Variant none;
+    EXPECT_TRUE(FAILED(walker->Next(1, &none.Ref(), nullptr)));
 }
 
 TEST_F(HostObjects, AnUnknownFieldAnswers3265) {
