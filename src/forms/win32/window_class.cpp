@@ -1,7 +1,6 @@
 #include "forms/win32/window_class.h"
 
 #include <map>
-#include <mutex>
 #include <string>
 
 #include "base/errors.h"
@@ -10,14 +9,8 @@
 namespace zv::forms::win32 {
 namespace {
 
-// By name. Each control works on the thread of its host, and a host may have several.
+// By name. All windows of the module belong to one thread.
 std::map<std::wstring, std::weak_ptr<WindowClass>> shared;
-std::mutex guard;
-
-std::shared_ptr<WindowClass> Present(const wchar_t* name) {
-    const auto found = shared.find(name);
-    return found == shared.end() ? nullptr : found->second.lock();
-}
 
 }  // namespace
 
@@ -45,8 +38,7 @@ WindowClass::~WindowClass() {
 
 std::shared_ptr<WindowClass> WindowClass::Get(HINSTANCE module, const wchar_t* name,
                                               WNDPROC procedure) {
-    const std::lock_guard lock(guard);
-    std::shared_ptr<WindowClass> present = Present(name);
+    std::shared_ptr<WindowClass> present = Find(name);
     if (!present) {
         present = std::make_shared<WindowClass>(module, name, procedure);
         shared[name] = present;
@@ -55,8 +47,8 @@ std::shared_ptr<WindowClass> WindowClass::Get(HINSTANCE module, const wchar_t* n
 }
 
 std::shared_ptr<WindowClass> WindowClass::Find(const wchar_t* name) {
-    const std::lock_guard lock(guard);
-    return Present(name);
+    const auto found = shared.find(name);
+    return found == shared.end() ? nullptr : found->second.lock();
 }
 
 }  // namespace zv::forms::win32
