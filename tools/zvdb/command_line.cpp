@@ -2,6 +2,11 @@
 
 #include <charconv>
 #include <cstdint>
+#include <fstream>
+#include <string_view>
+
+#include "base/path.h"
+#include "base/text.h"
 
 namespace zv::zvdb {
 
@@ -31,7 +36,9 @@ const char kHelp[] =
   SERVER is named as the control's data path names it: "postgresql:HOST",
   "postgresql://HOST:PORT/DATABASE", "HOST" or "HOST\INSTANCE" for SQL Server, or a
   whole connection string ("Driver={PostgreSQL Unicode};Server=HOST;Database=NAME;
-  Uid=USER;Pwd=PASSWORD"). Its tables are those seen without naming a schema.
+  Uid=USER;Pwd=PASSWORD"). Its tables are those seen without naming a schema. "@FILE"
+  stands for the first line of FILE: other users can read a command line, and the
+  password in it.
 
   --force   replaces a FILE that is there, or the tables of the system on a SERVER;
             without it nothing is ever overwritten
@@ -55,6 +62,20 @@ T Whole(const std::string& option, const std::string& text, T low, T high) {
                          std::to_string(high) + ", not \"" + text + "\"");
     }
     return number;
+}
+
+/// What the argument names, or the file that it refers to.
+std::string Named(const std::string& argument) {
+    if (!argument.starts_with('@')) return argument;
+    const std::string file = argument.substr(1);
+    std::ifstream in(PathOf(file), std::ios::binary);
+    std::string line;
+    if (!std::getline(in, line)) throw UsageError("\"" + file + "\" has no line that can be read");
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+    line = text::Trim(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line);
+    if (line.empty()) throw UsageError("the first line of \"" + file + "\" is empty");
+    return line;
 }
 
 DateTime Day(const std::string& text) {
@@ -91,8 +112,8 @@ ImportCommand ParseImport(const std::vector<std::string>& arguments) {
         }
     }
     if (names.size() != 2) throw UsageError("import wants two names, FROM and TO");
-    command.from = names[0];
-    command.to = names[1];
+    command.from = Named(names[0]);
+    command.to = Named(names[1]);
     return command;
 }
 
@@ -126,7 +147,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
             if (!line.file.empty()) throw UsageError("one file only: \"" + argument + "\"");
             line.file = argument;
         } else if (argument == "--to") {
-            line.server = value();
+            line.server = Named(value());
         } else if (argument == "--force" && writes) {
             line.force = true;
         } else if (argument == "--quiet" && writes) {

@@ -168,6 +168,14 @@ TEST_F(ZvdbServer, TheCheckFindsWhatIsPlanted) {
     ExpectWrong("table tSysFunc is missing");
 }
 
+TEST_F(ZvdbServer, TheConnectionMayStandInAFile) {
+    Write("server.txt", "\xEF\xBB\xBF" + name_ + " \r\nnot this\r\n");
+    const std::string server = "@" + Path("server.txt");
+    EXPECT_EQ(ZvdbTo({"sample", "--to", server, "--items", "30", "--cards", "3"}).status, 0);
+    EXPECT_EQ(ZvdbTo({"import", server, Path("b.db")}).status, 0);
+    EXPECT_EQ(ZvdbTo({"check", "--to", server}).out, ZvdbTo({"check", Path("b.db")}).out);
+}
+
 TEST_F(ZvdbServer, ATableThatSomebodyDropsElsewhereDisturbsNobody) {
     Run("create table cards(fid int, name varchar(40), note text)");
     const std::string elsewhere = schema_->Name() + "_2";
@@ -201,6 +209,17 @@ TEST_F(ZvdbServer, WhatCannotBeReachedIsToldWithoutThePassword) {
                                      Password()});
     EXPECT_EQ(away.status, 2);
     EXPECT_NE(away.err.find("127.0.0.1"), std::string::npos) << away.err;
+}
+
+TEST(ZvdbServerUsage, AFileThatNamesAServerMustBeReadable) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"check", "--to", "@/gone/server.txt"},
+          {"check", "--to", "@"},
+          {"import", "@/gone/server.txt", "b.db"}}) {
+        const Outcome refused = RunZvdb(arguments);
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_NE(refused.err.find("no line that can be read"), std::string::npos) << refused.err;
+    }
 }
 
 TEST(ZvdbServerUsage, AFileOrAServer) {
