@@ -24,7 +24,7 @@ expect() {
             failed=$((failed + 1))
             echo "FAIL $name"
             echo "  windows: $(outside list | tr '\n' ' ')"
-            echo "  keyboard: $(outside focus)"
+            echo "  keyboard: $(outside focus), held: $(outside held | tr '\n' ' ')"
             [ -z "${ZV_PICTURES:-}" ] || import -window root "$ZV_PICTURES/failure-$failed.png"
             return
         fi

@@ -25,6 +25,7 @@
 //   keys KEY...                presses keys one after the other (input.h)
 //   write TEXT                 types a text
 //   focus                      name of the control that has the keyboard
+//   held                       those of Shift, Ctrl and Alt that are down
 //   date PATH                  what a date picker holds, YYYY-MM-DD
 //   right PATH [X Y]           as mouse, with the right button
 //   mousenode PATH PART        as node, with the mouse
@@ -45,6 +46,7 @@
 #include <functional>
 #include <map>
 #include <stdexcept>
+#include <utility>
 
 #include "input.h"
 #include "remote_memory.h"
@@ -246,6 +248,15 @@ void PrintMessage(const Arguments&) {
     Print(TextOf(GetDlgItem(box, 65535)));
 }
 
+// Keys that stay down by mistake change what the others mean.
+void PrintHeldKeys(const Arguments&) {
+    constexpr std::pair<int, const wchar_t*> kKeys[] = {
+        {VK_SHIFT, L"Shift"}, {VK_CONTROL, L"Ctrl"}, {VK_MENU, L"Alt"}};
+    for (const auto& [key, name] : kKeys) {
+        if (GetAsyncKeyState(key) < 0) Print(name);
+    }
+}
+
 void FindOpenMenu(const Arguments&) {
     const HWND menu = FindWindowW(L"#32768", nullptr);
     if (!menu || !IsWindowVisible(menu)) throw std::runtime_error("no menu is open");
@@ -344,6 +355,7 @@ const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() 
              const std::wstring name = NameOf(window);
              Print(name.empty() ? NameOf(GetParent(window)) : name);
          }},
+        {L"held", PrintHeldKeys},
         {L"date", PrintDate},
         {L"place", PrintPlace},
         {L"close", [](const Arguments& a) { PostMessageW(FindPath(a.at(0)), WM_CLOSE, 0, 0); }},

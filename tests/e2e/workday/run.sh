@@ -19,6 +19,7 @@ main() { outside "$1" "frmTaskMain.$2" "${@:3}"; }
 shows() { main visible "$1" >/dev/null; }
 grid_is() { [ "$(main rows Grid1)" = "$1" ]; }
 menu_is_open() { outside menu >/dev/null; }
+menu_is_closed() { ! menu_is_open; }
 image_is_not() { [ "$(main image tvwTask "$1")" != "$2" ]; }
 received() { [ "$(tail -n 1 "$work/received" 2>/dev/null)" = "$1" ]; }
 setting_is() { registry query "$switches" /v "$1" | grep -qE "$1 +REG_SZ +$2\$"; }
@@ -32,12 +33,27 @@ fill() {
     outside keys Ctrl+Home Ctrl+Shift+End Delete
     outside write "$2"
 }
-# choose MENU PART KEY...: from the context menu of a node.
+# choose MENU PART KEY...: from the context menu of a node. A menu that has not taken the keys after
+# some seconds is closed and opened once more, which the output tells.
 choose() {
     main rightnode tvwTask "$2"
     expect "a right click opens $1" menu_is_open
     picture "menu-$1"
     outside keys "${@:3}"
+    local patience=30
+    until menu_is_closed; do
+        patience=$((patience - 1))
+        [ "$patience" -gt 0 ] || break
+        sleep 0.1
+    done
+    if [ "$patience" -eq 0 ]; then
+        echo "the menu of $2 has not taken ${*:3} (held: $(outside held | tr '\n' ' '))"
+        outside keys Escape
+        expect "the menu of $2 closes" menu_is_closed
+        main rightnode tvwTask "$2"
+        expect "a right click opens $1 again" menu_is_open
+        outside keys "${@:3}"
+    fi
 }
 script=simplified
 picture() {
