@@ -148,7 +148,7 @@ TEST_F(WindowIndexTest, AnswersAsAScanDoesForAnyDistribution) {
         ASSERT_EQ(RawRows(fast), expected) << query;
         found += !expected.empty();
     }
-    EXPECT_GT(found, 60);
+    EXPECT_GT(found, 67);
     EXPECT_EQ(RawRows("pragma integrity_check"), "ok|\n");
 }
 
