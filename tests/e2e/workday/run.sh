@@ -33,27 +33,13 @@ fill() {
     outside keys Ctrl+Home Ctrl+Shift+End Delete
     outside write "$2"
 }
-# choose MENU PART KEY...: from the context menu of a node. A menu that has not taken the keys after
-# some seconds is closed and opened once more, which the output tells.
+# choose MENU PART KEY...: from the context menu of a node.
 choose() {
     main rightnode tvwTask "$2"
     expect "a right click opens $1" menu_is_open
     picture "menu-$1"
     outside keys "${@:3}"
-    local patience=30
-    until menu_is_closed; do
-        patience=$((patience - 1))
-        [ "$patience" -gt 0 ] || break
-        sleep 0.1
-    done
-    if [ "$patience" -eq 0 ]; then
-        echo "the menu of $2 has not taken ${*:3} (held: $(outside held | tr '\n' ' '))"
-        outside keys Escape
-        expect "the menu of $2 closes" menu_is_closed
-        main rightnode tvwTask "$2"
-        expect "a right click opens $1 again" menu_is_open
-        outside keys "${@:3}"
-    fi
+    expect "the menu of $2 takes ${*:3}" menu_is_closed
 }
 script=simplified
 picture() {

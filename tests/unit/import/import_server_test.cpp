@@ -67,8 +67,8 @@ TEST_F(ImportServer, AnAccessFileGoesThereAndComesBackCellByCell) {
     }
 }
 
-TEST_F(ImportServer, AnEmbeddedFileOfMoreThanOnePartGoesThereAndComesBack) {
-    Sample(5500);
+TEST_F(ImportServer, AnEmbeddedFileOfManyPartsGoesThereAndComesBack) {
+    Sample(12000);
     ASSERT_EQ(RunZvdb({"import", Path("a.db"), server_}).status, 0);
     ASSERT_EQ(RunZvdb({"import", server_, Path("b.db")}).status, 0);
     EXPECT_EQ(StoredRows(Path("a.db")), StoredRows(Path("b.db")));
