@@ -32,10 +32,7 @@ std::string AddressWithin(const std::string& address, const std::string& schema)
 }
 
 std::unique_ptr<store::Connection> ConnectRaw(const std::string& address) {
-    store::ConnectionSettings settings;
-    settings.kind = 1;
-    settings.dataPath = address;
-    store::odbc::OdbcOptions options = store::odbc::OptionsFor(settings);
+    store::odbc::OdbcOptions options = store::odbc::OptionsFor(address);
     options.translate = false;
     auto connection = store::odbc::OpenOdbc(options);
     connection->Execute("set client_min_messages=warning");

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "script_text.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/installed_drivers.h"
@@ -30,17 +31,6 @@ class EmbeddedEngine final : public ScriptEngine {
     }
 };
 
-std::filesystem::path FileOf(const std::string& path) {
-    return std::u8string(path.begin(), path.end());
-}
-
-store::odbc::OdbcOptions OptionsOf(std::string connection) {
-    store::ConnectionSettings settings;
-    settings.kind = 1;
-    settings.dataPath = std::move(connection);
-    return store::odbc::OptionsFor(settings);
-}
-
 class SqliteOdbcEngine final : public ScriptEngine {
  public:
     SqliteOdbcEngine() {
@@ -56,8 +46,8 @@ class SqliteOdbcEngine final : public ScriptEngine {
     std::unique_ptr<store::Connection> Open(const std::string& path) override {
         // The driver would make a file that is missing.
         store::sqlite::CheckDatabaseFile(path);
-        return store::odbc::OpenOdbc(
-            OptionsOf("Driver={" + driver_ + "};Timeout=5000;Database=" + PlainPath(path)));
+        return store::odbc::OpenOdbc(store::odbc::OptionsFor(
+            "Driver={" + driver_ + "};Timeout=5000;Database=" + PlainPath(path)));
     }
     void Clear() override {
         for (const std::string& link : links_) std::filesystem::remove(link);
@@ -74,7 +64,7 @@ class SqliteOdbcEngine final : public ScriptEngine {
         links_.push_back((std::filesystem::temp_directory_path() /
                           ("zvscript-link-" + std::to_string(ticks) + ".db"))
                              .string());
-        std::filesystem::create_symlink(FileOf(path), links_.back());
+        std::filesystem::create_symlink(PathOf(path), links_.back());
         return links_.back();
     }
 
@@ -98,17 +88,18 @@ class ServerEngine final : public ScriptEngine {
         auto& schema = schemas_.emplace_back(
             std::make_unique<test_server::ScratchSchema>(server_, "zv_script"));
         schema->CreateTables();
-        std::ofstream(FileOf(path)) << schema->Name();
+        std::ofstream(PathOf(path)) << schema->Name();
     }
 
     std::unique_ptr<store::Connection> Open(const std::string& path) override {
         std::string schema;
-        if (!(std::ifstream(FileOf(path)) >> schema)) {
+        if (!(std::ifstream(PathOf(path)) >> schema)) {
             // A file that is missing is refused as the embedded engine refuses it.
             store::sqlite::CheckDatabaseFile(path);
             throw RuntimeError(ErrorNumber::DatabaseFailure, "no database: " + path);
         }
-        return store::odbc::OpenOdbc(OptionsOf(test_server::AddressWithin(server_, schema)));
+        return store::odbc::OpenOdbc(
+            store::odbc::OptionsFor(test_server::AddressWithin(server_, schema)));
     }
 
     void Clear() override {

@@ -287,6 +287,13 @@ OdbcOptions OptionsFor(const ConnectionSettings& settings) {
     return options;
 }
 
+OdbcOptions OptionsFor(const std::string& dataPath) {
+    ConnectionSettings settings;
+    settings.kind = 1;
+    settings.dataPath = dataPath;
+    return OptionsFor(settings);
+}
+
 std::string SqlServerAddress(std::string_view path) {
     const auto [host, port] = HostAndPort(path);
     return port.empty() ? std::string(host) : std::string(host) + "," + std::string(port);

@@ -46,6 +46,8 @@ bool IsForOdbc(std::string_view dataPath);
 ///   - otherwise a machine with SQL Server: "HOST", "HOST\INSTANCE", "HOST,PORT", "HOST:PORT".
 /// Throws CannotCreateObject when no driver for the server is installed.
 OdbcOptions OptionsFor(const ConnectionSettings& settings);
+/// The same for a server that the data path alone names.
+OdbcOptions OptionsFor(const std::string& dataPath);
 
 /// "HOST:PORT" as SQL Server's drivers take it, "HOST,PORT"; anything else as it stands.
 std::string SqlServerAddress(std::string_view path);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "base/win32/wide.h"
 #include "platform/win32/host_module_runner.h"
 #include "platform/win32/machine.h"
@@ -66,10 +67,7 @@ class OutputFolder {
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);
     }
-    std::string Path(const std::string& name) const {
-        const std::u8string folder = path_.u8string();
-        return std::string(folder.begin(), folder.end()) + "\\" + name;
-    }
+    std::string Path(const std::string& name) const { return Utf8Of(path_) + "\\" + name; }
     std::filesystem::path File(const char* name) const { return path_ / name; }
     std::ptrdiff_t Count() const {
         return std::distance(std::filesystem::directory_iterator(path_), {});

@@ -4,6 +4,8 @@
 #include <random>
 #include <string>
 
+#include "base/path.h"
+
 namespace zv::test {
 
 /// An empty folder that is removed with everything in it.
@@ -22,10 +24,7 @@ class TemporaryFolder {
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::filesystem::path& Path() const { return path_; }
-    std::filesystem::path operator/(const char* utf8) const {
-        const std::string name = utf8;
-        return path_ / std::filesystem::path(std::u8string(name.begin(), name.end()));
-    }
+    std::filesystem::path operator/(const char* utf8) const { return path_ / PathOf(utf8); }
 
  private:
     std::filesystem::path path_;

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/path.h"
 #include "control/zv_task.h"
 #include "forms/driver.h"
 #include "forms/headless/headless_backend.h"
@@ -152,10 +153,7 @@ class Stage {
     /// A line a row, columns joined by "|", dates as the file holds them.
     std::string Rows(const std::string& query);
     /// A path in the stage's folder; the name and the answer are UTF-8.
-    std::string Path(const std::string& name) const {
-        const std::u8string path = (folder / std::u8string(name.begin(), name.end())).u8string();
-        return {path.begin(), path.end()};
-    }
+    std::string Path(const std::string& name) const { return Utf8Of(folder / PathOf(name)); }
 
     /// The number of the error that leaves refresh; 0 when none does.
     int Refresh(std::int32_t mode, std::int16_t modal = 0);

@@ -3,6 +3,7 @@
 
 #include <fstream>
 
+#include "base/path.h"
 #include "database_fixture.h"
 
 namespace zv::store {
@@ -10,7 +11,7 @@ namespace {
 
 class DatabaseFile : public ::testing::Test {
  protected:
-    std::string Path(const char8_t* name) { return Utf8(folder_ / name); }
+    std::string Path(const char8_t* name) { return Utf8Of(folder_ / name); }
     std::string Write(const char8_t* name, const std::string& content) {
         std::ofstream(folder_ / name, std::ios::binary) << content;
         return Path(name);

@@ -11,15 +11,11 @@
 #include <system_error>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "store/schema/schema.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::store {
-
-inline std::string Utf8(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
 
 class TemporaryFolder {
  public:
@@ -71,7 +67,7 @@ inline std::string RowsOf(Connection& connection, const std::string& sql) {
 
 class DatabaseTest : public ::testing::Test {
  protected:
-    DatabaseTest() : path_(Utf8(folder_ / u8"t.db")) {
+    DatabaseTest() : path_(Utf8Of(folder_ / u8"t.db")) {
         CreateSqliteDatabase(path_);
         connection_ = OpenSqlite(path_);
     }

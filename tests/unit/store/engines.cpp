@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "base/path.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/installed_drivers.h"
 #include "store/odbc/odbc_connection.h"
@@ -45,7 +46,7 @@ constexpr std::array<EngineTraits, 3> kTraits{{
 
 class EmbeddedDatabase final : public TestDatabase {
  public:
-    EmbeddedDatabase() : path_(Utf8(folder_ / u8"t.db")) { CreateSqliteDatabase(path_); }
+    EmbeddedDatabase() : path_(Utf8Of(folder_ / u8"t.db")) { CreateSqliteDatabase(path_); }
     std::unique_ptr<Connection> Connect() override { return OpenSqlite(path_); }
     std::unique_ptr<Connection> ConnectRaw() override {
         return OpenSqlite(path_, {.translate = false});
@@ -70,7 +71,7 @@ std::string DriverPath(const std::filesystem::path& path) {
         return result;
     }
 #endif
-    return Utf8(path);
+    return Utf8Of(path);
 }
 
 std::string SqliteDriver() {
@@ -78,13 +79,6 @@ std::string SqliteDriver() {
         if (driver.starts_with("SQLite3")) return driver;
     }
     return {};
-}
-
-odbc::OdbcOptions OptionsOf(const std::string& connectionString) {
-    ConnectionSettings settings;
-    settings.kind = 1;
-    settings.dataPath = connectionString;
-    return odbc::OptionsFor(settings);
 }
 
 class OdbcDatabase : public TestDatabase {
@@ -102,11 +96,11 @@ class OdbcDatabase : public TestDatabase {
 
 class SqliteOdbcDatabase final : public OdbcDatabase {
  public:
-    SqliteOdbcDatabase() : path_(folder_ / u8"t.db") { CreateSqliteDatabase(Utf8(path_)); }
+    SqliteOdbcDatabase() : path_(folder_ / u8"t.db") { CreateSqliteDatabase(Utf8Of(path_)); }
 
  private:
     odbc::OdbcOptions Options() const override {
-        return OptionsOf("Driver={" + SqliteDriver() + "};Database=" + DriverPath(path_));
+        return odbc::OptionsFor("Driver={" + SqliteDriver() + "};Database=" + DriverPath(path_));
     }
 
     TemporaryFolder folder_;
@@ -126,7 +120,7 @@ class PostgreSqlDatabase final : public OdbcDatabase {
     }
 
  private:
-    odbc::OdbcOptions Options() const override { return OptionsOf(schema_.Address()); }
+    odbc::OdbcOptions Options() const override { return odbc::OptionsFor(schema_.Address()); }
 
     test_server::ScratchSchema schema_{test_server::Address(), "zv_test"};
 };

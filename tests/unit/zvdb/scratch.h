@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/path.h"
 #include "zvdb/tool.h"
 
 namespace zv::zvdb {
@@ -44,10 +45,7 @@ class Scratch : public testing::Test {
     }
     void TearDown() override { std::filesystem::remove_all(folder_.parent_path()); }
 
-    std::string Path(const std::string& name) const {
-        const std::u8string path = (folder_ / name).u8string();
-        return std::string(path.begin(), path.end());
-    }
+    std::string Path(const std::string& name) const { return Utf8Of(folder_ / name); }
     std::filesystem::path File(const std::string& name) const { return folder_ / name; }
 
     void Write(const std::string& name, const std::string& bytes) const {

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "../scripted/temporary_folder.h"
+#include "base/path.h"
 #include "base/text.h"
 
 namespace zv::script {
@@ -16,8 +17,7 @@ class RunnerTest : public ::testing::Test {
     std::string Write(const char* name, const std::string& text) {
         const std::filesystem::path path = folder / name;
         std::ofstream(path, std::ios::binary) << text;
-        const std::u8string utf8 = path.u8string();
-        return std::string(utf8.begin(), utf8.end());
+        return Utf8Of(path);
     }
 
     int Run(const std::vector<std::string>& files) {

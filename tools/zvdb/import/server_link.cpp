@@ -14,8 +14,8 @@ namespace {
 constexpr std::string_view kRowKey = "rowkey";
 
 // Name of the table, name of the column, longest text; by table. PostgreSQL's own catalogue is
-// asked by numbers: a table of somebody else that goes away meanwhile is then merely not seen, while
-// its name could not be looked up any more.
+// asked by numbers: a table of somebody else that goes away meanwhile is then merely not seen,
+// while its name could not be looked up any more.
 constexpr const char* kPostgreSqlColumns =
     "select c.relname,a.attname,case when a.atttypid in ('char'::regtype,'varchar'::regtype) and "
     "a.atttypmod>4 then a.atttypmod-4 end from pg_class c join pg_namespace n on "
@@ -23,16 +23,14 @@ constexpr const char* kPostgreSqlColumns =
     "n.nspname not in ('pg_catalog','information_schema') and pg_table_is_visible(c.oid) and "
     "a.attnum>0 and not a.attisdropped order by c.relname,a.attnum";
 constexpr const char* kSqlServerColumns =
-    "select c.table_name,c.column_name,c.character_maximum_length from information_schema.columns c "
+    "select c.table_name,c.column_name,c.character_maximum_length from information_schema.columns "
+    "c "
     "join information_schema.tables t on t.table_schema=c.table_schema and "
     "t.table_name=c.table_name where t.table_type='BASE TABLE' and c.table_schema=schema_name() "
     "order by c.table_name,c.ordinal_position";
 
 std::unique_ptr<store::Connection> Connect(const std::string& name) {
-    store::ConnectionSettings settings;
-    settings.kind = 1;
-    settings.dataPath = name;
-    store::odbc::OdbcOptions options = store::odbc::OptionsFor(settings);
+    store::odbc::OdbcOptions options = store::odbc::OptionsFor(name);
     options.translate = false;
     // Statements here move many rows, and nobody's window waits for them.
     options.statementLimit = std::chrono::minutes(30);
@@ -131,8 +129,8 @@ std::string ServerLink::SelectPart(const std::string& columns, const std::string
 }
 
 std::vector<ServerTable> ReadServerTables(ServerLink& link) {
-    const auto rows = link.Select(link.Kind() == ServerKind::PostgreSql ? kPostgreSqlColumns
-                                                                       : kSqlServerColumns);
+    const auto rows =
+        link.Select(link.Kind() == ServerKind::PostgreSql ? kPostgreSqlColumns : kSqlServerColumns);
     std::vector<ServerTable> tables;
     for (; !rows->Eof(); rows->MoveNext()) {
         const std::string table = rows->Field(0).ToText();
