@@ -6,6 +6,7 @@
 
 #include "base/errors.h"
 #include "base/number.h"
+#include "base/spreadsheet_text.h"
 #include "forms/form.h"
 
 namespace zv::forms {
@@ -41,11 +42,12 @@ SortKey KeyOf(std::string_view text) {
 void AppendForSpreadsheets(std::string& target, std::string_view text) {
     const bool quoted =
         text.starts_with('"') || text.find_first_of("\t\r\n") != std::string_view::npos;
+    if (quoted) target += '"';
+    if (WouldBeComputed(text)) target += '\'';
     if (!quoted) {
         target += text;
         return;
     }
-    target += '"';
     for (const char c : text) {
         if (c == '"') target += '"';
         target += c;

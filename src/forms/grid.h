@@ -67,7 +67,8 @@ class Grid : public Control {
 
     /// The selected rows as they are shown, or all: visible columns separated by tabs, rows ended
     /// by CR LF. A text that holds a tab, a line break or begins with a quote stands between
-    /// quotes, as spreadsheet programs have it.
+    /// quotes, as spreadsheet programs have it; one that they would compute gets an apostrophe in
+    /// front.
     std::string SelectedText() const;
     /// Puts the selected rows into the clipboard; does nothing when there are none.
     void CopySelected() const;

@@ -1,30 +1,12 @@
 #include "reports/csv_writer.h"
 
-#include <algorithm>
+#include "base/spreadsheet_text.h"
 
 namespace zv::reports {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kPiece = 64 * 1024;
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// An optional sign, digits, at most one point among them.
-bool IsPlainNumber(std::string_view text) {
-    if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
-    if (std::count(text.begin(), text.end(), '.') > 1) return false;
-    return std::any_of(text.begin(), text.end(), IsDigit) &&
-           std::all_of(text.begin(), text.end(), [](char c) { return IsDigit(c) || c == '.'; });
-}
-
-bool WouldBeComputed(std::string_view text) {
-    constexpr std::string_view kStarts = "=+-@\t\r";
-    return !text.empty() && kStarts.find(text.front()) != std::string_view::npos &&
-           !IsPlainNumber(text);
-}
 
 }  // namespace
 

@@ -12,8 +12,7 @@ namespace zv::reports {
 /// every row ended by CR LF. Fields that hold a comma, a quote or a line break stand between
 /// quotes.
 ///
-/// A spreadsheet program would compute a field that begins with =, +, -, @, tab or CR, whoever
-/// typed it. Such a field gets an apostrophe in front, unless it is a plain number.
+/// A field that a spreadsheet program would compute gets an apostrophe in front.
 class CsvWriter {
  public:
     /// The file must outlive the writer. Nothing is written yet. Every operation throws what

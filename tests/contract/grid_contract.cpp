@@ -181,6 +181,14 @@ TEST_F(Grids, TabsAndLineBreaksInATextDoNotBreakTheCopiedTable) {
               "\"a\tb\"\t\"c\r\nd\"\t\"\"\"e\"\"\"\r\nf\"g\th\ti\r\n");
 }
 
+TEST_F(Grids, CopiedTextsAreNoFormulas) {
+    Fill({{"=1+2", "＝1", "-5", "\n=1"}});
+    form.Show(false);
+    driver().ControlKey(grid, key::kA);
+    driver().ControlKey(grid, key::kC);
+    EXPECT_EQ(stand_->GetBackend().ClipboardText(), "'=1+2\t'＝1\t\"'\n=1\"\r\n");
+}
+
 TEST_F(Grids, ALongTextIsShownCutAndCopiedWhole) {
     const std::string text(100000, 'x');
     const std::string chinese = [] {

@@ -58,6 +58,11 @@ TEST(CsvWriter, DisarmsWhatASpreadsheetWouldCompute) {
               "\"'=HYPERLINK(\"\"x\"\",\"\"y\"\")\",\"'\rx\"\r\n");
 }
 
+TEST(CsvWriter, DisarmsALineFeedAndFullWidthSigns) {
+    EXPECT_EQ(Written({{"\n=1", "＝1+2", "＋1", "－x", "＠SUM(A1)"}}),
+              "\"'\n=1\",'＝1+2,'＋1,'－x,'＠SUM(A1)\r\n");
+}
+
 TEST(CsvWriter, LeavesPlainNumbersAlone) {
     EXPECT_EQ(Written({{"-5", "+5", "-0.50", "-.5", "a=b"}}), "-5,+5,-0.50,-.5,a=b\r\n");
     EXPECT_EQ(Written({{"-", "+.", "-1.2.3", "-1e5"}}), "'-,'+.,'-1.2.3,'-1e5\r\n");
