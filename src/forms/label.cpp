@@ -8,4 +8,20 @@ void Label::SetCaption(std::string caption) {
     Notify(Aspect::Caption);
 }
 
+void Label::SetUseMnemonic(bool use) {
+    if (use == useMnemonic_) return;
+    useMnemonic_ = use;
+    Notify(Aspect::Caption);
+}
+
+std::string Label::ShownText() const {
+    if (!useMnemonic_) return caption_;
+    std::string shown;
+    for (std::size_t i = 0; i < caption_.size(); i++) {
+        if (caption_[i] == '&' && ++i == caption_.size()) break;
+        shown += caption_[i];
+    }
+    return shown;
+}
+
 }  // namespace zv::forms

@@ -12,9 +12,17 @@ class Label : public Control {
         : Control(form, ControlKind::Label, std::move(name), parent, index) {}
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
+    /// Whether an "&" in the caption underlines the next letter and makes it an access key, "&&"
+    /// being one "&"; true at first. Without, the caption is shown as it stands, which is what a
+    /// text that somebody typed needs.
+    bool UseMnemonic() const { return useMnemonic_; }
+    void SetUseMnemonic(bool use);
+    /// The caption as the user reads it.
+    std::string ShownText() const;
 
  private:
     std::string caption_;
+    bool useMnemonic_ = true;
 };
 
 }  // namespace zv::forms

@@ -86,7 +86,9 @@ void FieldLabels::ShowCaptions() {
     ForEachLabel(window_, [&](forms::Label& label, forms::Control* field) {
         for (const reports::FieldCaption& entry : captions_) {
             const bool names = !label.tag.empty() && text::EqualsIgnoreCase(entry.field, label.tag);
-            if (names && !entry.caption.empty()) SetCaption(label, field, entry.caption);
+            if (!names || entry.caption.empty()) continue;
+            SetCaption(label, field, entry.caption);
+            label.SetUseMnemonic(false);
         }
     });
 }
@@ -96,6 +98,7 @@ void FieldLabels::ShowDesign() {
         window_.lblList2[heading.label].SetCaption(window_.captions.Text(heading.text));
     }
     ForEachLabel(window_, [&](forms::Label& label, forms::Control* field) {
+        label.SetUseMnemonic(true);
         SetCaption(label, field,
                    label.tag.empty() ? label.Caption()
                                      : reports::DesignCaption(window_.session, label.tag));

@@ -8,21 +8,6 @@
 #include "resources/text_ids.h"
 
 namespace zv::mainwindow {
-namespace {
-
-// A label shows no "&" but that of "&&"; the others only underline.
-std::string ShownCaption(const forms::Label& label) {
-    std::string shown;
-    const std::string& caption = label.Caption();
-    for (std::size_t i = 0; i < caption.size(); i++) {
-        if (caption[i] == '&' && ++i == caption.size()) break;
-        shown += caption[i];
-    }
-    return shown;
-}
-
-}  // namespace
-
 void Printing::Wire() {
     window_.cmdPrint.onClick = [this] { cmdPrint_Click(); };
     window_.cmdItemSet.onClick = [this] { cmdItemSet_Click(); };
@@ -48,7 +33,7 @@ void Printing::FillParameters() {
     parameters.clear();
     const auto add = [&](const forms::Label& label, const std::string& key,
                          const std::string& value) {
-        parameters.push_back(platform::HeadingEntry(ShownCaption(label), key));
+        parameters.push_back(platform::HeadingEntry(label.ShownText(), key));
         parameters.push_back(value);
     };
     const auto& date = w.DTPicker2.Value();

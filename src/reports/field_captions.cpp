@@ -1,5 +1,9 @@
 #include "reports/field_captions.h"
 
+#include <utility>
+
+#include "base/text.h"
+
 namespace zv::reports {
 
 std::vector<FieldCaption> ReadFieldCaptions(Session& session) {
@@ -11,7 +15,11 @@ std::vector<FieldCaption> ReadFieldCaptions(Session& session) {
             "select FieldName," + column +
             " from rptListDetail Where fTable='ttasklist' And FieldType>-1 Order by fieldID");
         for (; !rows->Eof(); rows->MoveNext()) {
-            captions.push_back({rows->Field(0).ToText(), rows->Field(1).ToText()});
+            FieldCaption row{rows->Field(0).ToText(), rows->Field(1).ToText()};
+            std::erase_if(captions, [&](const FieldCaption& earlier) {
+                return text::EqualsIgnoreCase(earlier.field, row.field);
+            });
+            captions.push_back(std::move(row));
         }
         rows->Close();
     } catch (const RuntimeError& error) {

@@ -14,8 +14,9 @@ struct FieldCaption {
 };
 
 /// The captions of rptListDetail in the control's language, in their order there, hidden fields
-/// left out. None when the database has no such table or the table no such language; any other
-/// database error reaches the caller.
+/// left out. A field that is described twice is there once, as its last row describes it. None when
+/// the database has no such table or the table no such language; any other database error reaches
+/// the caller.
 std::vector<FieldCaption> ReadFieldCaptions(Session& session);
 
 }  // namespace zv::reports

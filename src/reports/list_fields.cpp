@@ -58,8 +58,7 @@ std::vector<ListField> ReadListFields(Session& session) {
     }
     std::vector<ListField> fields;
     for (const FieldCaption& entry : described) {
-        const bool known = std::any_of(fields.begin(), fields.end(), Named(entry.field));
-        if (known || !IsIdentifier(entry.field)) continue;
+        if (!IsIdentifier(entry.field)) continue;
         fields.push_back({entry.field, CaptionOf(session, entry), KindOfField(entry.field)});
     }
     return fields;

@@ -19,8 +19,8 @@ struct ListField {
 };
 
 /// The fields in the order and under the captions of rptListDetail. A field without a caption there
-/// keeps that of the windows, or its own name; a name that is no plain identifier and a name given
-/// twice are left out. A database that describes no field yields those that the windows show.
+/// keeps that of the windows, or its own name; a name that is no plain identifier is left out. A
+/// database that describes no field yields those that the windows show.
 std::vector<ListField> ReadListFields(Session& session);
 
 FieldKind KindOfField(std::string_view field);

@@ -191,6 +191,19 @@ TEST_F(Native, AnAccessKeyPressesItsButton) {
     EXPECT_TRUE(form.cmdOK.HasFocus());
 }
 
+TEST_F(Native, ALabelWithoutMnemonicShowsItsCaptionAsItStands) {
+    form.lblText.SetCaption("甲&乙");
+    form.Show(false);
+    const auto isLiteral = [this] {
+        return (GetWindowLongPtrW(Named("lblText"), GWL_STYLE) & SS_NOPREFIX) != 0;
+    };
+    EXPECT_FALSE(isLiteral());
+    form.lblText.SetUseMnemonic(false);
+    EXPECT_TRUE(isLiteral());
+    form.lblText.SetUseMnemonic(true);
+    EXPECT_FALSE(isLiteral());
+}
+
 TEST_F(Native, AKeyThatAHandlerSwallowsDoesNothingMore) {
     form.txtTitle.onKeyDown = [](KeyEvent& event) { event.code = 0; };
     form.Show(false);

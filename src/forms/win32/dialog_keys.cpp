@@ -23,8 +23,10 @@ void Pass(const MSG& message) {
 
 const std::string* CaptionOf(const Control& control) {
     switch (control.Kind()) {
-        case ControlKind::Label:
-            return &static_cast<const Label&>(control).Caption();
+        case ControlKind::Label: {
+            const auto& label = static_cast<const Label&>(control);
+            return label.UseMnemonic() ? &label.Caption() : nullptr;
+        }
         case ControlKind::Frame:
             return &static_cast<const Frame&>(control).Caption();
         case ControlKind::CommandButton:

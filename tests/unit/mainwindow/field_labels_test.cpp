@@ -51,6 +51,31 @@ TEST_F(FieldLabelsTest, AreNotEmptiedByAnEmptyCaption) {
     EXPECT_EQ(window.lblOther[2].Caption(), "備註 3");
 }
 
+TEST_F(FieldLabelsTest, ShowAnAmpersandOfTheDatabaseAsItStands) {
+    stage.Sql(
+        "insert into rptListDetail(fTable,FieldName,FieldName_0,FieldName_1,FieldType,fieldID) "
+        "values('ttasklist','fOther1','甲&乙','&&丙&',0,9)");
+    frmTaskMain& window = Open();
+    EXPECT_EQ(window.lblOther[1].Caption(), "甲&乙");
+    EXPECT_EQ(window.lblOther[1].ShownText(), "甲&乙");
+    EXPECT_FALSE(window.lblOther[1].UseMnemonic());
+    EXPECT_TRUE(window.lblOther[3].UseMnemonic());
+    stage.session.state.Language = 1;
+    window.labels.FillIfNeeded();
+    EXPECT_EQ(window.lblOther[1].ShownText(), "&&丙&");
+}
+
+TEST_F(FieldLabelsTest, ThatAreDescribedTwiceTakeTheLaterRow) {
+    stage.Sql(
+        "insert into rptListDetail(fTable,FieldName,FieldName_0,FieldName_1,FieldType,fieldID) "
+        "values('ttasklist','TASKTITLE','','名称二',0,9)");
+    frmTaskMain& window = Open();
+    EXPECT_EQ(window.lblList2[0].Caption(), "主题");
+    stage.session.state.Language = 1;
+    window.labels.FillIfNeeded();
+    EXPECT_EQ(window.lblList2[0].Caption(), "名称二");
+}
+
 TEST_F(FieldLabelsTest, AreReadByOneStatementForEachLanguage) {
     frmTaskMain& window = Open();
     window.labels.LoadFieldCaptions();

@@ -82,15 +82,15 @@ TEST_F(PrintingTest, PrintItemTakesTheTextsAsTheyStandInTheEditor) {
     EXPECT_EQ(Last().job.parameters[1], "还没有保存");
 }
 
-TEST_F(PrintingTest, PrintItemTakesTheCaptionsOfTheDatabaseWithoutAccessKeys) {
+TEST_F(PrintingTest, PrintItemTakesTheCaptionsOfTheDatabaseLetterByLetter) {
     AddItem(0, "报表");
     stage.Sql(
         "insert into rptListDetail(fTable,FieldName,FieldName_0) values"
         "('ttasklist','TASKTITLE','名称(&N)'),('ttasklist','fOther0','R&&D &')");
     frmTaskMain& window = Open();
     window.printing.PrintItem(0);
-    EXPECT_EQ(Last().job.parameters[0], "(名称(N))\tTaskTitle");
-    EXPECT_EQ(Last().job.parameters[12], "(R&D )\tTaskOther0");
+    EXPECT_EQ(Last().job.parameters[0], "(名称(&N))\tTaskTitle");
+    EXPECT_EQ(Last().job.parameters[12], "(R&&D &)\tTaskOther0");
 }
 
 TEST_F(PrintingTest, PrintItemOfAWindowThatWasNeverShownHasTheCaptionsToo) {

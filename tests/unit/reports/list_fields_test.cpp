@@ -59,9 +59,11 @@ TEST_F(ListFields, ANameThatIsNoIdentifierIsLeftOut) {
     EXPECT_EQ(Read(), "fWay:好");
 }
 
-TEST_F(ListFields, ANameGivenTwiceCountsOnce) {
-    Describe("('ttasklist','fUser','甲','',0,1),('ttasklist','FUSER','乙','',0,2)");
-    EXPECT_EQ(Read(), "fUser:甲");
+TEST_F(ListFields, OfAFieldThatIsDescribedTwiceTheLaterRowHolds) {
+    Describe("('ttasklist','FUSER','乙','',0,2),('ttasklist','fUser','甲','',0,1)");
+    EXPECT_EQ(Read(), "FUSER:乙");
+    Describe("('ttasklist','fUser','','',0,3)");
+    EXPECT_EQ(Read(), "fUser:设置人");
 }
 
 TEST_F(ListFields, ADatabaseThatDescribesNoneYieldsThoseOfTheWindows) {
