@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "base/number.h"
 #include "base/text.h"
 #include "mainwindow/frm_task_main.h"
 #include "mainwindow/rights.h"
@@ -67,10 +66,10 @@ void Completion::SetItemState(std::int16_t mode) {
         forms::Answer::Cancel) {
         return;
     }
-    const std::int16_t item = number::ToInt16(static_cast<double>(window_.state.currentItemId));
+    const std::int32_t item = window_.state.currentItemId;
     session.EnsureConnection();
-    if (session.database.MarkItemState(item, static_cast<std::int16_t>(newState),
-                                       session.state.UserName) != 1) {
+    if (session.database.MarkItem(item, static_cast<std::int16_t>(newState),
+                                  session.state.UserName) != 1) {
         return;
     }
     if (session.database.ChangedNothing()) {

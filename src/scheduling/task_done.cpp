@@ -20,7 +20,7 @@ bool IsDigit(char c) {
 
 }  // namespace
 
-std::int16_t ReadTaskNumber(std::string_view text) {
+std::int32_t ReadTaskNumber(std::string_view text) {
     text = text.substr(0, text.find(' '));
     std::string digits;
     for (const char c : text) {
@@ -29,7 +29,7 @@ std::int16_t ReadTaskNumber(std::string_view text) {
         else if (c != kNumberSeparator)
             break;
     }
-    return digits.empty() ? std::int16_t{0} : number::ToInt16(digits);
+    return digits.empty() ? 0 : number::ToInt32(digits);
 }
 
 frmTaskDone::frmTaskDone(forms::WindowSystem& windows, Session& session)
@@ -115,16 +115,20 @@ void frmTaskDone::PlaceControls() {
 }
 
 void frmTaskDone::cmdTaskDone_Click() {
-    const std::int16_t number = ReadTaskNumber(txtTitle.Text());
+    const std::int32_t number = ReadTaskNumber(txtTitle.Text());
     if (number == 0) return;
-    const bool finished =
-        Completes() ? Complete(number) : AddTaskInstance(session_, number, *DTPicker1.Value()) == 1;
-    if (finished) Unload();
+    if (Completes() ? Complete(number) : AddInstance(number)) Unload();
 }
 
-bool frmTaskDone::Complete(std::int16_t item) {
+// Plans are numbered in 16 bits.
+bool frmTaskDone::AddInstance(std::int32_t plan) {
+    return AddTaskInstance(session_, number::ToInt16(static_cast<double>(plan)),
+                           *DTPicker1.Value()) == 1;
+}
+
+bool frmTaskDone::Complete(std::int32_t item) {
     session_.EnsureConnection();
-    if (session_.database.MarkItemState(item, kDone, session_.state.UserName) != 1) return false;
+    if (session_.database.MarkItem(item, kDone, session_.state.UserName) != 1) return false;
     if (session_.database.ChangedNothing()) {
         session_.windows.ShowMessage(session_.LoadText(text_id::kItemNotFound),
                                      forms::box::kExclamation);

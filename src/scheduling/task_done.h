@@ -17,8 +17,8 @@ namespace zv::scheduling {
 /// The number at the head of the dialog's text: of a text that holds a blank the part before the
 /// first one, otherwise the whole; tabs are skipped and the first other character that is no digit
 /// ends the number. 0 when there is none. The digits of a title that begins with digits join the
-/// number. Throws error 6 for a number above 32,767.
-std::int16_t ReadTaskNumber(std::string_view text);
+/// number. Throws error 6 for a number above 2,147,483,647.
+std::int32_t ReadTaskNumber(std::string_view text);
 
 class frmTaskDone : public forms::Form {
  public:
@@ -52,7 +52,8 @@ class frmTaskDone : public forms::Form {
     void SetCaptions();
     void ShowPlan(std::int16_t number);
     void PlaceControls();
-    bool Complete(std::int16_t item);
+    bool Complete(std::int32_t item);
+    bool AddInstance(std::int32_t plan);
 
     Session& session_;
     std::int16_t type_ = kCompleteItem;

@@ -1,10 +1,19 @@
 #include "store/database.h"
 
+#include <limits>
 #include <utility>
 
 #include "base/errors.h"
 
 namespace zv::store {
+namespace {
+
+bool FitsIn16Bits(std::int32_t number) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    return number >= Limits::min() && number <= Limits::max();
+}
+
+}  // namespace
 
 Database::Database(ConnectionOpener& opener, std::function<ConnectionSettings()> settings,
                    StatementObserver* observer)
@@ -62,11 +71,34 @@ std::int16_t Database::CountRows(std::string_view table, std::string_view filter
     }
 }
 
+bool Database::SetFields(const std::string& select, const std::vector<FieldValue>& fields) {
+    rowsChanged_ = -1;
+    const auto row = Open(select, CursorType::ForwardOnly, LockType::Optimistic);
+    const bool found = !row->Eof();
+    if (found) {
+        for (const auto& [field, value] : fields) row->SetField(field, value);
+        row->Update();
+    }
+    row->Close();
+    rowsChanged_ = found ? 1 : 0;
+    return found;
+}
+
 std::uint8_t Database::MarkItemState(std::int16_t fID, std::int16_t state,
                                      std::string_view doneMan) {
+    return MarkItem(fID, state, doneMan);
+}
+
+std::uint8_t Database::MarkItem(std::int32_t fID, std::int16_t state, std::string_view doneMan) {
     if (fID == 0) return 0;
-    Execute("Update tTaskList Set tDone=" + std::to_string(state) + ",tDoneMan = '" +
-            std::string(doneMan) + "' where fID =" + std::to_string(fID));
+    const std::string number = std::to_string(fID);
+    if (!FitsIn16Bits(fID) || doneMan.find('\'') != std::string_view::npos) {
+        SetFields("select * from tTaskList where fID=" + number,
+                  {{"tDone", Value(state)}, {"tDoneMan", Value(doneMan)}});
+    } else {
+        Execute("Update tTaskList Set tDone=" + std::to_string(state) + ",tDoneMan = '" +
+                std::string(doneMan) + "' where fID =" + number);
+    }
     return 1;
 }
 

@@ -6,11 +6,15 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "store/connection_opener.h"
 #include "store/statement_log.h"
 
 namespace zv::store {
+
+using FieldValue = std::pair<std::string_view, Value>;
 
 /// One connection for the whole control, opened on demand. Database errors reach the caller as
 /// RuntimeError unless an operation says otherwise.
@@ -33,7 +37,7 @@ class Database {
 
     /// Runs a statement on the open connection; answers the number of rows changed.
     int Execute(const std::string& sql);
-    /// The last statement that was executed changed no row, as far as the engine tells.
+    /// What was executed or set last changed no row. An engine that does not tell has not said so.
     bool ChangedNothing() const { return rowsChanged_ == 0; }
     std::unique_ptr<Recordset> Open(const std::string& sql,
                                     CursorType cursor = CursorType::ForwardOnly,
@@ -41,8 +45,15 @@ class Database {
 
     /// "select count(*) from " table [" Where " filter]; a failure is trapped and answers -1.
     std::int16_t CountRows(std::string_view table, std::string_view filter);
-    /// Writes the completion state of an item: 1 when the statement was sent, 0 for fID 0.
+    /// Sets fields of the first row that a select finds, through a recordset with an optimistic
+    /// lock: for values that must not stand in a statement. False when there is no row.
+    bool SetFields(const std::string& select, const std::vector<FieldValue>& fields);
+
+    /// Writes the completion state of an item: 1 when it was written or the item is gone, see
+    /// ChangedNothing; 0 for fID 0. A name with an apostrophe goes through a recordset.
     std::uint8_t MarkItemState(std::int16_t fID, std::int16_t state, std::string_view doneMan);
+    /// The same for numbers of any width; those beyond 16 bits go through a recordset.
+    std::uint8_t MarkItem(std::int32_t fID, std::int16_t state, std::string_view doneMan);
 
     /// The character that brackets a date literal: '#' for Access, '\'' for a server.
     void SetDateDelimiter(char delimiter) { dateDelimiter_ = delimiter; }

@@ -47,12 +47,16 @@ class StoreTest : public EngineTest {
 class EnsureConnection : public StoreTest {};
 class CountRows : public StoreTest {};
 class MarkItemState : public StoreTest {};
+class MarkItem : public StoreTest {};
+class SetFields : public StoreTest {};
 class DateLiteral : public StoreTest {};
 class StatementLog : public StoreTest {};
 
 ZV_ON_EVERY_ENGINE(EnsureConnection);
 ZV_ON_EVERY_ENGINE(CountRows);
 ZV_ON_EVERY_ENGINE(MarkItemState);
+ZV_ON_EVERY_ENGINE(MarkItem);
+ZV_ON_EVERY_ENGINE(SetFields);
 ZV_ON_EVERY_ENGINE(DateLiteral);
 ZV_ON_EVERY_ENGINE(StatementLog);
 
@@ -132,13 +136,64 @@ TEST_P(MarkItemState, AnswersOneForAnUnknownItem) {
     database_.EnsureConnection();
     EXPECT_EQ(database_.MarkItemState(77, 1, "x"), 1);
 }
-TEST_P(MarkItemState, FailsInTheDatabaseForANameWithAnApostrophe) {
+TEST_P(MarkItemState, KeepsANameWithAnApostropheOutOfTheStatement) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fID,taskTitle) values(5,'x')");
-    const auto error = ErrorOf([&] { database_.MarkItemState(5, 1, "O'Brien"); });
-    EXPECT_EQ(error.Number(), ErrorNumber::DatabaseStatement);
-    EXPECT_EQ(error.Source(), Traits().dialect);
-    EXPECT_EQ(Rows("select tDone,tDoneMan from tTaskList"), "0|");
+    EXPECT_EQ(database_.MarkItemState(5, 1, "O'Brien"), 1);
+    EXPECT_FALSE(database_.ChangedNothing());
+    EXPECT_EQ(log_.statements, std::vector<std::string>{"select * from tTaskList where fID=5"});
+    EXPECT_EQ(log_.updates, 1);
+    EXPECT_EQ(Rows("select taskTitle,tDone,tDoneMan from tTaskList"), "x|1|O'Brien");
+}
+TEST_P(MarkItemState, TellsThatNoRowWasChangedEitherWay) {
+    database_.EnsureConnection();
+    EXPECT_EQ(database_.MarkItemState(77, 1, "x"), 1);
+    EXPECT_TRUE(database_.ChangedNothing());
+    EXPECT_EQ(database_.MarkItemState(77, 1, "O'Brien"), 1);
+    EXPECT_TRUE(database_.ChangedNothing());
+}
+
+TEST_P(MarkItem, SendsTheStatementUpToSixteenBits) {
+    database_.EnsureConnection();
+    EXPECT_EQ(database_.MarkItem(32767, 1, "x"), 1);
+    EXPECT_EQ(log_.statements.back(),
+              "Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =32767");
+}
+TEST_P(MarkItem, GoesThroughARecordsetBeyondSixteenBits) {
+    database_.EnsureConnection();
+    Execute("insert into tTaskList(fID,taskTitle) values(32768,'x')");
+    EXPECT_EQ(database_.MarkItem(32768, 2, "张三"), 1);
+    EXPECT_FALSE(database_.ChangedNothing());
+    EXPECT_EQ(log_.statements, std::vector<std::string>{"select * from tTaskList where fID=32768"});
+    EXPECT_EQ(Rows("select taskTitle,tDone,tDoneMan from tTaskList"), "x|2|张三");
+}
+TEST_P(MarkItem, TellsThatAGreatItemIsGone) {
+    database_.EnsureConnection();
+    EXPECT_EQ(database_.MarkItem(70000, 1, "x"), 1);
+    EXPECT_TRUE(database_.ChangedNothing());
+    EXPECT_EQ(log_.updates, 0);
+}
+TEST_P(MarkItem, DoesNothingForItemZero) {
+    database_.EnsureConnection();
+    EXPECT_EQ(database_.MarkItem(0, 1, "O'Brien"), 0);
+    EXPECT_TRUE(log_.statements.empty());
+}
+
+TEST_P(SetFields, SetsAFieldOfAPlan) {
+    database_.EnsureConnection();
+    Execute("insert into tTaskSet(TaskID,taskTitle) values(3,'x')");
+    EXPECT_TRUE(database_.SetFields("select * from tTaskSet where taskID=3",
+                                    {{"DoneMan", Value("O'Brien")}}));
+    EXPECT_EQ(Rows("select taskTitle,DoneMan from tTaskSet"), "x|O'Brien");
+    EXPECT_FALSE(database_.SetFields("select * from tTaskSet where taskID=4",
+                                     {{"DoneMan", Value("O'Brien")}}));
+}
+TEST_P(SetFields, LeavesNothingSaidAboutTheRowsWhenItFails) {
+    database_.EnsureConnection();
+    database_.MarkItemState(77, 1, "x");
+    log_.fail = true;
+    ErrorOf([&] { database_.MarkItem(70000, 1, "x"); });
+    EXPECT_FALSE(database_.ChangedNothing());
 }
 
 TEST_P(DateLiteral, FollowsTheDelimiter) {
