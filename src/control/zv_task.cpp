@@ -119,9 +119,10 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
             }
             break;
         case kCards: {
-            frmTaskMain& window = OpenMainWindow(kCards, modal);
-            if (!modal && window.State() == forms::WindowState::Minimised) {
-                window.SetState(forms::WindowState::Normal);
+            OpenMainWindow(kCards, modal);
+            auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
+            if (!modal && window && window->State() == forms::WindowState::Minimised) {
+                window->SetState(forms::WindowState::Normal);
             }
             break;
         }
@@ -134,7 +135,7 @@ void ZvTask::RunAlertPass() {
     constexpr int kNodesOfAnAlert = 4;
     const bool modal = session_.state.showMode != 0;
     auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
-    if (window) {
+    if (window && window->IsShown()) {
         // A window that the user works with is never closed by an alert pass, and an edit under
         // way is left alone.
         if (window->state.Editing()) return;
@@ -144,21 +145,18 @@ void ZvTask::RunAlertPass() {
         if (alert) window->Show(false);
         return;
     }
-    window = &session_.windows.Create<frmTaskMain>(session_);
-    window->TaskAlert(mainwindow::kAlertMode);
-    window->Load();
-    if (window->tvwTask.Count() >= kNodesOfAnAlert)
-        window->Show(modal);
-    else
-        window->Unload();
+    // One pass is enough: a box of another one stands, or it would be shown.
+    if (window && window->IsLoading()) return;
+    // One that was loaded for something else and never shown is not the user's.
+    if (window) window->Unload();
+    session_.windows.OpenIf<frmTaskMain>(
+        modal, [](frmTaskMain& made) { made.TaskAlert(mainwindow::kAlertMode); },
+        [](const frmTaskMain& made) { return made.tvwTask.Count() >= kNodesOfAnAlert; }, session_);
 }
 
-ZvTask::frmTaskMain& ZvTask::OpenMainWindow(std::int16_t mode, bool modal) {
-    auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
-    if (!window) window = &session_.windows.Create<frmTaskMain>(session_);
-    window->TaskAlert(mode);
-    window->Show(modal);
-    return *window;
+void ZvTask::OpenMainWindow(std::int16_t mode, bool modal) {
+    session_.windows.Open<frmTaskMain>(
+        modal, [mode](frmTaskMain& window) { window.TaskAlert(mode); }, session_);
 }
 
 bool ZvTask::MarkDirectly() {

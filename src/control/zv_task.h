@@ -48,7 +48,7 @@ class ZvTask {
     /// filled anew instead.
     void RunAlertPass();
     /// Shows the main window in a start mode; one that exists comes to the front.
-    frmTaskMain& OpenMainWindow(std::int16_t mode, bool modal);
+    void OpenMainWindow(std::int16_t mode, bool modal);
     /// Marks the item myTaskID with the flag myDate; false when there is no item.
     bool MarkDirectly();
     /// Adds the item of plan myTaskID for myDate; false when there is no plan or the user cancels.

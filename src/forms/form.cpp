@@ -1,6 +1,7 @@
 #include "forms/form.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/buttons.h"
 #include "forms/menu.h"
@@ -20,44 +21,66 @@ void Form::SetCaption(std::string caption) {
 }
 
 void Form::Load() {
-    if (loaded_) return;
+    if (loaded_ || gone_) return;
     loaded_ = true;
+    loading_ = true;
     try {
         Form_Load();
     } catch (...) {
-        // A window that could not be loaded does not exist.
-        windows_.Retire(*this);
+        loading_ = false;
+        Vanish();
         throw;
     }
+    loading_ = false;
 }
 
 void Form::Show(bool modal) {
-    if (shown_ && modal) throw RuntimeError(ErrorNumber::FormAlreadyShown);
-    if (!modal && windows_.ModalForm() && windows_.ModalForm() != this) {
-        throw RuntimeError(ErrorNumber::ModalFormShown);
-    }
-    Load();
-    if (shown_) {
-        if (peer_) peer_->Show();
-        Activate();
-        return;
-    }
+    // Whoever unloads the window meanwhile, it is destroyed only after this has let it go.
+    windows_.FromHost([&] {
+        windows_.RefuseBeside(modal, this);
+        Load();
+        if (shown_) {
+            if (peer_) peer_->Show();
+            Activate();
+            return;
+        }
+        try {
+            Appear(modal);
+        } catch (...) {
+            Hide();
+            throw;
+        }
+        if (!modal) return;
+        try {
+            if (shown_) windows_.GetBackend().RunModal(*this);
+        } catch (...) {
+            EndModal();
+            throw;
+        }
+        EndModal();
+    });
+}
+
+void Form::Appear(bool modal) {
+    // A box shown while it loaded lets others in, who may have unloaded it.
+    if (gone_) return;
     if (!peer_) {
         Form_Resize();
         peer_ = windows_.GetBackend().Realize(*this);
     }
     shown_ = true;
+    seen_ = true;
     modal_ = modal;
     if (modal) windows_.EnterModal(*this);
     if (peer_) peer_->Show();
     if (!active_) MoveFocus(+1);
     Activate();
-    if (!modal) return;
-    // Whoever unloads the window meanwhile, it is destroyed only after the loop has let it go.
-    windows_.FromHost([this] {
-        windows_.GetBackend().RunModal(*this);
-        windows_.LeaveModal(*this);
-    });
+}
+
+void Form::EndModal() noexcept {
+    windows_.LeaveModal(*this);
+    // A loop that ends for another reason leaves a window that nobody could close any more.
+    if (windows_.Holds(*this)) Dismiss();
 }
 
 void Form::Hide() {
@@ -83,12 +106,35 @@ void Form::Unload() {
         unloading_ = false;
         return;
     }
+    Vanish();
+}
+
+void Form::Vanish() {
     Hide();
+    gone_ = true;
     loaded_ = false;
     active_ = nullptr;
     for (Control* control : controls_) control->DetachPeer();
     peer_.reset();
     windows_.Retire(*this);
+}
+
+void Form::Dismiss() noexcept {
+    const bool told = std::exchange(unloading_, true) || !loaded_;
+    bool cancel = false;
+    try {
+        if (!told && seen_) Form_QueryUnload(cancel, true);
+        if (!told) Form_Unload(cancel);
+    } catch (const std::exception&) {
+        // The window goes all the same. What is told is the error that ends it, where there is one.
+    }
+    Vanish();
+}
+
+void Form::Discard() noexcept {
+    if (!windows_.Holds(*this)) return;
+    seen_ = false;
+    Dismiss();
 }
 
 void Form::Form_QueryUnload(bool&, bool) {}

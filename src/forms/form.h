@@ -29,18 +29,23 @@ class Form {
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
 
-    /// Runs Form_Load once.
+    /// Runs Form_Load once. A window that cannot be loaded does not exist afterwards.
     void Load();
     bool IsLoaded() const { return loaded_; }
+    /// True inside Form_Load.
+    bool IsLoading() const { return loading_; }
     /// Loads the window when that has not been done, shows it and, when modal, returns after it is
     /// gone. Throws error 400 when shown already and modal is asked for, 401 when a modal window is
-    /// open and this one would be modeless.
+    /// open and this one would be modeless; whatever is thrown, the window is as hidden as before.
+    /// Callers that make the window for this use WindowSystem::Open.
     void Show(bool modal);
     void Hide();
     /// Runs Form_Unload; unless that cancels, the window is gone and the object dies when the
     /// outermost handler returns.
     void Unload();
     bool IsShown() const { return shown_; }
+    /// Whether it was ever shown. Unloading one that was not must take nothing with it.
+    bool WasSeen() const { return seen_; }
     bool IsModal() const { return modal_; }
 
     /// Outer place on the screen, and the size inside the frame.
@@ -108,6 +113,14 @@ class Form {
  private:
     friend class Control;
     friend class MenuItem;
+    friend class WindowSystem;
+    void Appear(bool modal);
+    void Vanish();
+    /// Unloads the window whatever its handlers say.
+    void Dismiss() noexcept;
+    /// As Dismiss, for a window whose opening was refused: it counts as never seen.
+    void Discard() noexcept;
+    void EndModal() noexcept;
     void Register(Control& control) { controls_.push_back(&control); }
     void Register(MenuItem& item) { menus_.push_back(&item); }
     void Unregister(Control& control);
@@ -127,8 +140,11 @@ class Form {
     Control* active_ = nullptr;
     bool sizable_ = false;
     bool loaded_ = false;
+    bool loading_ = false;
     bool unloading_ = false;
+    bool gone_ = false;
     bool shown_ = false;
+    bool seen_ = false;
     bool modal_ = false;
     std::unique_ptr<FormPeer> peer_;
 };

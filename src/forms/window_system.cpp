@@ -6,20 +6,9 @@
 
 namespace zv::forms {
 
-// Counts how deep handlers are nested; a window that was unloaded by one of them may still have
-// functions on the stack, so it is destroyed only when none is left.
-class WindowSystem::Scope {
- public:
-    explicit Scope(WindowSystem& windows) : windows_(windows) { windows_.depth_++; }
-    ~Scope() {
-        if (--windows_.depth_ == 0) windows_.retired_.clear();
-    }
-    Scope(const Scope&) = delete;
-    Scope& operator=(const Scope&) = delete;
-
- private:
-    WindowSystem& windows_;
-};
+WindowSystem::Scope::~Scope() {
+    if (--windows_.depth_ == 0) windows_.retired_.clear();
+}
 
 WindowSystem::WindowSystem(Backend& backend) : backend_(backend) {}
 WindowSystem::~WindowSystem() = default;
@@ -35,6 +24,37 @@ void WindowSystem::Retire(Form& form) {
     std::unique_ptr<Form> owned = std::move(*at);
     forms_.erase(at);
     if (depth_ > 0) retired_.push_back(std::move(owned));
+}
+
+bool WindowSystem::Holds(const Form& form) const {
+    return std::any_of(forms_.begin(), forms_.end(),
+                       [&](const auto& candidate) { return candidate.get() == &form; });
+}
+
+void WindowSystem::RefuseBeside(bool modal, const Form* window) const {
+    if (modal && window && window->IsShown()) {
+        throw RuntimeError(ErrorNumber::FormAlreadyShown);
+    }
+    // A window is met while it loads only when a box stands that its loading has shown.
+    const bool blocked = ModalForm() && ModalForm() != window;
+    if ((!modal && blocked) || (window && window->IsLoading())) {
+        throw RuntimeError(ErrorNumber::ModalFormShown);
+    }
+}
+
+void WindowSystem::Present(Form& form, bool made, bool modal, const std::function<void()>& prepare,
+                           const std::function<bool()>& wanted) {
+    try {
+        prepare();
+        if (wanted) {
+            form.Load();
+            if (!wanted()) return form.Discard();
+        }
+        form.Show(modal);
+    } catch (...) {
+        if (made) form.Discard();
+        throw;
+    }
 }
 
 void WindowSystem::LeaveModal(Form& form) {

@@ -31,6 +31,40 @@ class WindowSystem {
         Adopt(std::move(window));
         return result;
     }
+    /// Shows the window `Window::kName`, made from `args` when there is none; `prepare` sets what
+    /// the caller wants of it before it is loaded or comes to the front. When the window may not be
+    /// shown, or anything throws, the error leaves and a window made here is gone as though it had
+    /// never been. Returns when the window is shown, or gone when it is modal.
+    template <typename Window, typename... Args>
+    void Open(bool modal, const std::function<void(Window&)>& prepare, Args&&... args) {
+        const Scope scope(*this);
+        auto* window = Find<Window>(Window::kName);
+        const bool made = window == nullptr;
+        RefuseBeside(modal, window);
+        if (made) window = &Create<Window>(std::forward<Args>(args)...);
+        Present(*window, made, modal, [&] { prepare(*window); });
+    }
+    /// As Open, beside any window of that name.
+    template <typename Window, typename... Args>
+    void OpenNew(bool modal, const std::function<void(Window&)>& prepare, Args&&... args) {
+        const Scope scope(*this);
+        RefuseBeside(modal, nullptr);
+        auto& window = Create<Window>(std::forward<Args>(args)...);
+        Present(window, true, modal, [&] { prepare(window); });
+    }
+    /// As OpenNew, but the window is shown only when `wanted` says so once it is loaded. Otherwise
+    /// it is gone again, and nothing with it.
+    template <typename Window, typename... Args>
+    void OpenIf(bool modal, const std::function<void(Window&)>& prepare,
+                const std::function<bool(Window&)>& wanted, Args&&... args) {
+        const Scope scope(*this);
+        auto& window = Create<Window>(std::forward<Args>(args)...);
+        Present(
+            window, true, modal, [&] { prepare(window); }, [&] { return wanted(window); });
+    }
+    /// Throws error 401 when a modal window other than `window` is open and one that is not modal is
+    /// asked for; error 400 when `window` is shown and shall be modal.
+    void RefuseBeside(bool modal, const Form* window) const;
     /// The window of that name, or null.
     Form* Find(std::string_view name) const;
     template <typename Window>
@@ -60,7 +94,21 @@ class WindowSystem {
 
  private:
     friend class Form;
-    class Scope;
+    // Counts how deep handlers are nested; a window that was unloaded by one of them may still have
+    // functions on the stack, so it is destroyed only when none is left.
+    class Scope {
+     public:
+        explicit Scope(WindowSystem& windows) : windows_(windows) { windows_.depth_++; }
+        ~Scope();
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+
+     private:
+        WindowSystem& windows_;
+    };
+    void Present(Form& form, bool made, bool modal, const std::function<void()>& prepare,
+                 const std::function<bool()>& wanted = {});
+    bool Holds(const Form& form) const;
     void Adopt(std::unique_ptr<Form> form);
     void Retire(Form& form);
     void EnterModal(Form& form) { modal_.push_back(&form); }

@@ -224,8 +224,8 @@ void frmTaskMain::Form_Load() {
     try {
         lifecycle.Form_Load();
     } catch (...) {
-        // Such a window is never unloaded, so it closes the store here.
-        session.database.Close();
+        // Such a window is never unloaded.
+        lifecycle.CloseStoreIfLast();
         throw;
     }
 }

@@ -1,5 +1,6 @@
 #include "mainwindow/lifecycle.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/number.h"
@@ -166,7 +167,16 @@ void Lifecycle::cmdExit_Click() {
     window_.Unload();
 }
 
+void Lifecycle::CloseStoreIfLast() {
+    const auto windows = window_.session.windows.Windows();
+    const bool last = std::all_of(windows.begin(), windows.end(),
+                                  [this](const forms::Form* one) { return one == &window_; });
+    if (last) window_.session.database.Close();
+}
+
 void Lifecycle::Form_Unload() {
+    // A window that the user never saw takes nothing with it.
+    if (!window_.WasSeen()) return CloseStoreIfLast();
     window_.session.database.Close();
     for (forms::Form* other : window_.session.windows.Windows()) {
         if (other != &window_) other->Unload();

@@ -12,6 +12,8 @@ class Lifecycle {
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
+    /// Closes the connection unless another window is left, which may be working with it.
+    void CloseStoreIfLast();
     void cmdExit_Click();
     /// Sets the window up for its start mode and fills the tree.
     void Start();

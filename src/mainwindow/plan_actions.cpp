@@ -23,7 +23,8 @@ void PlanActions::mnuEventChg_Click() {
 
 void PlanActions::Edit(std::int16_t taskId) {
     // Modal, so that the tree can show the change; one that the host opened comes forward as it is.
-    const bool open = window_.Windows().Find(scheduling::frmTaskSet::kName) != nullptr;
+    const forms::Form* editor = window_.Windows().Find(scheduling::frmTaskSet::kName);
+    const bool open = editor && editor->IsShown();
     scheduling::ShowPlanEditor(window_.session, taskId, !open);
     // The host may have closed everything meanwhile. Input of an item is not dropped for a plan.
     if (window_.IsLoaded() && window_.state.openedFor == kNoEdit) window_.tree.FillAgain();

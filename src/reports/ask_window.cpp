@@ -180,11 +180,13 @@ void ShowAsk(Session& session, bool modal, const std::vector<FieldCaption>& fiel
         window->Unload();
         window = nullptr;
     }
-    if (!window) {
-        window = &session.windows.Create<frmAsk>(session);
-        window->fieldCaptions = fieldCaptions;
-    }
-    window->Show(modal && !window->IsShown());
+    const bool shown = window && window->IsShown();
+    session.windows.Open<frmAsk>(
+        modal && !shown,
+        [&](frmAsk& asked) {
+            if (!shown) asked.fieldCaptions = fieldCaptions;
+        },
+        session);
 }
 
 }  // namespace zv::reports

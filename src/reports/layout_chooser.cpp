@@ -205,12 +205,15 @@ void frmItemSet::cmdCancel_Click() {
 
 std::string ChooseListLayout(Session& session) {
     std::string layout;
-    auto& window = session.windows.Create<frmItemSet>(session);
-    window.onAccepted = [&](const std::string& accepted) {
-        KeepLayout(session, accepted);
-        layout = accepted;
-    };
-    window.Show(true);
+    session.windows.OpenNew<frmItemSet>(
+        true,
+        [&](frmItemSet& window) {
+            window.onAccepted = [&](const std::string& accepted) {
+                KeepLayout(session, accepted);
+                layout = accepted;
+            };
+        },
+        session);
     return layout;
 }
 

@@ -93,7 +93,8 @@ WorkEnd RunLongWork(forms::WindowSystem& windows, const platform::Clock& clock,
         if (clock.Now() > patience) break;
     }
     frmProgress::Result result;
-    windows.Create<frmProgress>(language, caption, work, result).Show(true);
+    windows.OpenNew<frmProgress>(
+        true, [](frmProgress&) {}, language, caption, work, result);
     if (result.error) std::rethrow_exception(result.error);
     return result.end;
 }

@@ -246,14 +246,18 @@ void frmSeek::cmdCancel_Click() {
 
 std::string AskForConditions(Session& session, std::vector<Condition>& conditions) {
     std::string where;
-    auto& window = session.windows.Create<frmSeek>(session);
-    window.conditions = conditions;
-    window.onAccepted = [&](const std::vector<Condition>& accepted) {
+    const auto accept = [&](const std::vector<Condition>& accepted) {
         conditions = accepted;
         where = WhereText(accepted,
                           [&session](DateTime date) { return session.database.DateLiteral(date); });
     };
-    window.Show(true);
+    session.windows.OpenNew<frmSeek>(
+        true,
+        [&](frmSeek& window) {
+            window.conditions = conditions;
+            window.onAccepted = accept;
+        },
+        session);
     return where;
 }
 

@@ -324,10 +324,8 @@ void frmTaskSet::cmdExit_Click() {
 }
 
 void ShowPlanEditor(Session& session, std::int16_t taskId, bool modal) {
-    auto* editor = session.windows.Find<frmTaskSet>(frmTaskSet::kName);
-    if (!editor) editor = &session.windows.Create<frmTaskSet>(session);
-    editor->TaskID(taskId);
-    editor->Show(modal);
+    session.windows.Open<frmTaskSet>(
+        modal, [taskId](frmTaskSet& editor) { editor.TaskID(taskId); }, session);
 }
 
 }  // namespace zv::scheduling

@@ -110,20 +110,21 @@ void frmList::Form_QueryUnload(bool&, bool byUser) {
 }
 
 void ShowStaffList(Session& session, std::int16_t action, bool modal) {
-    auto* list = session.windows.Find<frmList>(frmList::kName);
-    if (!list) list = &session.windows.Create<frmList>(session);
-    list->Action = action;
-    list->Show(modal);
+    session.windows.Open<frmList>(
+        modal, [action](frmList& list) { list.Action = action; }, session);
 }
 
 void PickStaff(Session& session, std::int16_t action,
                std::function<void(const std::string& name)> onPicked) {
     // A list that stands open beside the other windows gives way to the modal one.
     if (auto* open = session.windows.Find<frmList>(frmList::kName)) open->Unload();
-    auto& list = session.windows.Create<frmList>(session);
-    list.Action = action;
-    list.onPicked = std::move(onPicked);
-    list.Show(true);
+    session.windows.OpenNew<frmList>(
+        true,
+        [&](frmList& list) {
+            list.Action = action;
+            list.onPicked = std::move(onPicked);
+        },
+        session);
 }
 
 }  // namespace zv::scheduling

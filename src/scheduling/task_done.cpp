@@ -142,14 +142,13 @@ void frmTaskDone::cmdTaskQuit_Click() {
 
 void ShowTaskDone(Session& session, std::int16_t taskType, bool modal) {
     auto* dialog = session.windows.Find<frmTaskDone>(frmTaskDone::kName);
+    session.windows.RefuseBeside(modal, nullptr);
     // What was entered as the number of a plan must not be taken for that of an item.
     if (dialog && dialog->Completes() != (taskType == frmTaskDone::kCompleteItem)) {
         dialog->Unload();
-        dialog = nullptr;
     }
-    if (!dialog) dialog = &session.windows.Create<frmTaskDone>(session);
-    dialog->TaskType(taskType);
-    dialog->Show(modal);
+    session.windows.Open<frmTaskDone>(
+        modal, [taskType](frmTaskDone& window) { window.TaskType(taskType); }, session);
 }
 
 }  // namespace zv::scheduling

@@ -14,8 +14,23 @@ struct PlainForm : TestForm {
     Label lblText{*this, "lblText"};
 };
 
+struct NamedForm : PlainForm {
+    static constexpr std::string_view kName = "frmTest";
+    explicit NamedForm(WindowSystem& windows) : PlainForm(windows, std::string(kName)) {}
+};
+
 class Windows : public Contract {
  protected:
+    using Prepare = std::function<void(NamedForm&)>;
+    /// Number of the error that opening the window ended with; 0 none.
+    int Opening(bool modal, const Prepare& prepare) {
+        try {
+            windows_.Open<NamedForm>(modal, prepare);
+            return 0;
+        } catch (const RuntimeError& error) {
+            return static_cast<int>(error.Number());
+        }
+    }
     PlainForm& Make(const std::string& name = "frmTest") {
         auto& form = windows_.Create<PlainForm>(name);
         Arrange(form);
@@ -166,6 +181,95 @@ TEST_F(Windows, ModalAndModelessDoNotMix) {
         driver().Close(form);
     });
     windows_.FromHost([&] { modal.Show(true); });
+}
+
+TEST_F(Windows, OpeningMakesAWindowOnce) {
+    int made = 0;
+    const Prepare prepare = [&](NamedForm& form) {
+        form.onLoad = [&] { made++; };
+        form.SetCaption("第" + std::to_string(made) + "次");
+    };
+    EXPECT_EQ(Opening(false, prepare), 0);
+    EXPECT_EQ(Opening(false, prepare), 0);
+    EXPECT_EQ(made, 1);
+    ASSERT_EQ(windows_.Windows().size(), 1u);
+    EXPECT_EQ(windows_.Windows()[0]->Caption(), "第1次");
+}
+
+TEST_F(Windows, ARefusedOpeningLeavesEverythingAsItWas) {
+    auto& modal = Make("frmModal");
+    int prepared = 0;
+    stand_->SetModalLoop([&](Form& form) {
+        EXPECT_EQ(Opening(false, [&](NamedForm&) { prepared++; }), 401);
+        EXPECT_EQ(windows_.Windows(), std::vector<Form*>{&modal});
+        driver().Close(form);
+    });
+    windows_.FromHost([&] { modal.Show(true); });
+    EXPECT_EQ(Opening(false, [](NamedForm&) {}), 0);
+    EXPECT_EQ(Opening(true, [&](NamedForm&) { prepared++; }), 400);
+    EXPECT_TRUE(windows_.Windows()[0]->IsShown());
+    EXPECT_EQ(prepared, 0);
+}
+
+TEST_F(Windows, AnOpeningThatFailsAnywhereLeavesNoWindowAndBlocksNothing) {
+    auto& other = Make("frmOther");
+    other.cmdOK.onClick = [this] { events_.push_back("other"); };
+    other.Show(false);
+    const auto fail = [] { throw RuntimeError(ErrorNumber::Overflow); };
+    for (const bool modal : {false, true}) {
+        EXPECT_EQ(Opening(modal, [&](NamedForm&) { fail(); }), 6);
+        EXPECT_EQ(Opening(modal, [&](NamedForm& form) { form.onLoad = fail; }), 6);
+        EXPECT_EQ(Opening(modal, [&](NamedForm& form) { form.onResize = fail; }), 6);
+        EXPECT_EQ(Opening(modal, [&](NamedForm& form) { form.onActivate = fail; }), 6);
+        EXPECT_EQ(windows_.Windows(), std::vector<Form*>{&other});
+        EXPECT_EQ(windows_.ModalForm(), nullptr);
+        driver().Click(other.cmdOK);
+    }
+    EXPECT_EQ(events_, (std::vector<std::string>{"other", "other"}));
+}
+
+TEST_F(Windows, AWindowThatIsNotWantedIsGoneUnseen) {
+    bool seen = true;
+    windows_.OpenIf<NamedForm>(
+        false,
+        [&](NamedForm& form) {
+            form.onUnload = [&](bool&) { seen = form.WasSeen(); };
+        },
+        [](NamedForm&) { return false; });
+    EXPECT_FALSE(seen);
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
+TEST_F(Windows, AWindowIsNotShownWhileItLoads) {
+    int inside = 0;
+    EXPECT_EQ(Opening(false,
+                      [&](NamedForm& form) {
+                          form.onLoad = [&] { inside = Opening(false, [](NamedForm&) {}); };
+                      }),
+              0);
+    EXPECT_EQ(inside, 401);
+    EXPECT_TRUE(windows_.Windows()[0]->IsShown());
+}
+
+TEST_F(Windows, AWindowThatIsUnloadedWhileItLoadsIsNotShown) {
+    EXPECT_EQ(Opening(true, [](NamedForm& form) { form.onLoad = [&form] { form.Unload(); }; }), 0);
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
+TEST_F(Windows, AModalLoopThatEndsTakesItsWindowAlong) {
+    bool unloaded = false;
+    stand_->SetModalLoop([](Form&) {});
+    EXPECT_EQ(Opening(true,
+                      [&](NamedForm& form) {
+                          form.onUnload = [&](bool& cancel) { cancel = unloaded = true; };
+                      }),
+              0);
+    EXPECT_TRUE(unloaded);
+    EXPECT_TRUE(windows_.Windows().empty());
+    stand_->SetModalLoop([](Form&) { throw RuntimeError(ErrorNumber::Overflow); });
+    EXPECT_EQ(Opening(true, [](NamedForm&) {}), 6);
+    EXPECT_TRUE(windows_.Windows().empty());
+    EXPECT_EQ(windows_.ModalForm(), nullptr);
 }
 
 TEST_F(Windows, ResizingTellsTheWindow) {

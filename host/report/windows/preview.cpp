@@ -166,9 +166,9 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
         PaintOn(surface, report.Pages().Fonts(), page, scale, left, top);
     };
     windows.FromHost([&] {
-        auto& preview = windows.Create<PreviewForm>(report.Pages(), std::move(actions));
-        window = &preview;
-        preview.Show(true);
+        windows.OpenNew<PreviewForm>(
+            true, [&](PreviewForm& preview) { window = &preview; }, report.Pages(),
+            std::move(actions));
     });
 }
 

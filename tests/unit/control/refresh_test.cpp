@@ -323,6 +323,40 @@ TEST_F(Refresh, TheManagerTakesOverAnAlertWindow) {
     EXPECT_EQ(stage.Window()->cboState.ListIndex(), mainwindow::kAllStates);
 }
 
+TEST_F(Refresh, AnAlertPassWithNothingDueLeavesEditorAndConnection) {
+    EXPECT_EQ(stage.Refresh(2), 0);
+    EXPECT_EQ(stage.Refresh(0), 0);
+    ASSERT_EQ(stage.windows.Windows().size(), 1u);
+    EXPECT_TRUE(stage.windows.Find(scheduling::frmTaskSet::kName)->IsShown());
+    EXPECT_TRUE(stage.session.database.IsOpen());
+}
+
+TEST_F(Refresh, AnAlertPassTakesNoWindowForTheUsersThatWasNeverShown) {
+    using mainwindow::frmTaskMain;
+    auto& hidden = stage.windows.Create<frmTaskMain>(stage.session);
+    hidden.TaskAlert(1);
+    hidden.Load();
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_TRUE(stage.windows.Windows().empty());
+    AddDueItem();
+    stage.windows.Create<frmTaskMain>(stage.session);
+    EXPECT_EQ(stage.Refresh(0), 0);
+    ASSERT_EQ(stage.windows.Windows().size(), 1u);
+    EXPECT_TRUE(stage.Window()->IsShown());
+    EXPECT_EQ(stage.Window()->Caption(), "任务报警器");
+}
+
+TEST_F(Refresh, AnAlertPassDuringTheLoadingOfAnotherDoesNothing) {
+    AddDueItem();
+    stage.Sql("update tTaskList set fType=7");
+    int inside = -1;
+    stage.dialogs.onMessage = [&](const std::string&) { inside = stage.Refresh(0); };
+    EXPECT_EQ(stage.Refresh(1), 0);
+    EXPECT_EQ(inside, 0);
+    ASSERT_EQ(stage.windows.Windows().size(), 1u);
+    EXPECT_TRUE(stage.Window()->IsShown());
+}
+
 TEST_F(Refresh, CardModeRestoresAMinimisedWindow) {
     EXPECT_EQ(stage.Refresh(9), 0);
     stage.Window()->SetState(forms::WindowState::Minimised);
