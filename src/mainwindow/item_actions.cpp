@@ -5,6 +5,7 @@
 #include "mainwindow/frm_task_main.h"
 #include "mainwindow/rights.h"
 #include "resources/text_ids.h"
+#include "scheduling/plan_items.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -158,7 +159,8 @@ void ItemActions::DeleteItem(std::uint8_t kind) {
     store::Database& database = window_.session.database;
     const std::string number = std::to_string(id);
     if (plan) {
-        database.Execute("Delete from tTaskList where taskID =" + number);
+        database.Execute("Delete from tTaskList where taskID =" + number +
+                         scheduling::OnlyItemsOfPlan(window_.session, number));
         database.Execute("Delete from tTaskSet where taskID =" + number);
     } else {
         database.Execute("Delete from tTaskList where fID =" + number);

@@ -6,6 +6,7 @@
 #include "resources/text_ids.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan.h"
+#include "scheduling/plan_items.h"
 
 namespace zv::scheduling {
 namespace {
@@ -20,9 +21,9 @@ std::unique_ptr<Recordset> OpenForChange(Session& session, const std::string& sq
     return session.database.Open(sql, CursorType::Keyset, LockType::Optimistic);
 }
 
-bool HasDoneItems(Session& session, const std::string& taskId) {
-    const auto rows =
-        OpenForChange(session, "select * from tTaskList where taskID =" + taskId + " And tDone=1");
+bool HasDoneItems(Session& session, const std::string& taskId, const std::string& own) {
+    const auto rows = OpenForChange(
+        session, "select * from tTaskList where taskID =" + taskId + " And tDone=1" + own);
     const bool found = !rows->Eof();
     rows->Close();
     return found;
@@ -30,13 +31,18 @@ bool HasDoneItems(Session& session, const std::string& taskId) {
 
 void DeleteOldItems(Session& session, const std::string& taskId) {
     std::string statement = "delete from tTaskList where taskID =" + taskId;
-    if (HasDoneItems(session, taskId) &&
-        session.windows.ShowMessage(session.LoadText(text_id::kDeleteDoneToo),
-                                    forms::box::kYesNo + forms::box::kQuestion) !=
+    std::string own = OnlyItemsOfPlan(session, taskId);
+    if (HasDoneItems(session, taskId, own)) {
+        if (session.windows.ShowMessage(session.LoadText(text_id::kDeleteDoneToo),
+                                        forms::box::kYesNo + forms::box::kQuestion) !=
             forms::Answer::Yes) {
-        statement += " And tDone=0";
+            statement += " And tDone=0";
+        }
+        // The question may have stood for long enough for a visit to be entered.
+        session.EnsureConnection();
+        own = OnlyItemsOfPlan(session, taskId);
     }
-    session.database.Execute(statement);
+    session.database.Execute(statement + own);
 }
 
 void SetAlertWindow(Recordset& row, DateTime date, int type, int width) {
@@ -104,9 +110,10 @@ std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime dat
     const std::string title = plan->Field("taskTitle").ToText();
     plan->Close();
 
-    const auto rows = OpenForChange(
-        session, "select * from tTasklist where taskID =" + id + " And " +
-                     "taskTime = " + session.database.DateLiteral(date) + " and tDone=0");
+    const auto rows =
+        OpenForChange(session, "select * from tTasklist where taskID =" + id + " And " +
+                                   "taskTime = " + session.database.DateLiteral(date) +
+                                   " and tDone=0" + OnlyItemsOfPlan(session, id));
     std::int16_t result = 1;
     if (rows->Eof()) {
         const std::string question =

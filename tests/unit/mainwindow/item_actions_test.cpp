@@ -277,13 +277,25 @@ TEST_F(Actions, DeletingAPlanDeletesItsItemsOfEveryStateFirst) {
               Lines{"49|是否删除管理事件: "
                     "[计划]\r如果确定,同时将会删除该项任务的所有已完成和未完成的计划 !?"});
     const Lines sent = stage.statements.Take();
-    ASSERT_GE(sent.size(), 2u);
-    EXPECT_EQ(sent[0], "Delete from tTaskList where taskID =7");
-    EXPECT_EQ(sent[1], "Delete from tTaskSet where taskID =7");
+    ASSERT_GE(sent.size(), 3u);
+    EXPECT_EQ(sent[0], "select count(*) from tTaskList Where taskID =7 And fType<>0");
+    EXPECT_EQ(sent[1], "Delete from tTaskList where taskID =7");
+    EXPECT_EQ(sent[2], "Delete from tTaskSet where taskID =7");
     EXPECT_EQ(Count(), "2");
     EXPECT_EQ(Count("tTaskSet"), "1");
     EXPECT_EQ(stage.NodeKeys(), "E0 Z8");
     EXPECT_EQ(window.state.currentItemId, 8);
+}
+
+TEST_F(Actions, DeletingAPlanLeavesAVisitThatIsEnteredWhileTheQuestionStands) {
+    frmTaskMain& window = OpenPlans();
+    ClickNode("Z7");
+    stage.dialogs.onMessage = [this](const std::string&) {
+        stage.Sql("insert into tTaskList(fType,TaskID,taskTitle,tDone) values(1,7,'拜访',0)");
+    };
+    stage.user.Choose(window.menus.mnuEventDel);
+    EXPECT_EQ(stage.Query("select group_concat(taskTitle) from tTaskList where TaskID=7"), "拜访");
+    EXPECT_EQ(Count("tTaskSet"), "1");
 }
 
 TEST_F(Actions, ItemEntriesDoNotTouchPlansNorPlanEntriesItems) {

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "base/text.h"
 #include "plan_stage.h"
 #include "scheduling/occurrences.h"
 
@@ -16,6 +17,8 @@ using Lines = std::vector<std::string>;
 constexpr const char* kDone = "64|[生成任务]执行完毕!";
 constexpr const char* kQuestion =
     "36|该任务此前已有完成: 是[Y] - 删除该事件的所有任务;否[N] - 仅删除所有未完成之任务?";
+
+constexpr const char* kLook = "select count(*) from tTaskList Where taskID =7 And fType<>0";
 
 class GenerateTaskListTest : public testing::Test, protected PlanStage {
  protected:
@@ -41,7 +44,7 @@ constexpr const char* kFourDates = "2003-01-31\n2003-02-28\n2003-03-31\n2003-04-
 TEST_F(GenerateTaskListTest, SendsTheStatementsInOrder) {
     GenerateTaskList(session, "7");
     EXPECT_EQ(statements.Take(),
-              (Lines{"select * from tTaskList where taskID =7 And tDone=1",
+              (Lines{kLook, "select * from tTaskList where taskID =7 And tDone=1",
                      "delete from tTaskList where taskID =7",
                      "select * from tTaskSet where taskID=7", "select * from tTasklist", "row",
                      "row", "row", "row", "Update tTaskSet Set DoneMan='张三' where taskID=7"}));
@@ -93,7 +96,7 @@ TEST_F(GenerateTaskListTest, DeletesDoneItemsTooWhenTheUserSaysYes) {
     dialogs.answers = {Answer::Yes};
     GenerateTaskList(session, "7");
     const Lines sent = statements.Take();
-    EXPECT_EQ(sent[1], "delete from tTaskList where taskID =7");
+    EXPECT_EQ(sent[3], "delete from tTaskList where taskID =7");
     EXPECT_EQ(dialogs.messages, (Lines{kQuestion, kDone}));
     EXPECT_EQ(Dates(), kFourDates);
     EXPECT_EQ(Rows("select count(*) from tTaskList where tDone=1"), "0");
@@ -105,11 +108,31 @@ TEST_F(GenerateTaskListTest, KeepsDoneItemsByteForByteWhenTheUserSaysNo) {
     const std::string done = Rows("select * from tTaskList where tDone=1");
     dialogs.answers = {Answer::No};
     GenerateTaskList(session, "7");
-    EXPECT_EQ(statements.Take()[1], "delete from tTaskList where taskID =7 And tDone=0");
+    EXPECT_EQ(statements.Take()[3], "delete from tTaskList where taskID =7 And tDone=0");
     EXPECT_EQ(Rows("select * from tTaskList where tDone=1"), done);
     // An item in hand is not undone, and the date of the done one is there twice.
     EXPECT_EQ(Rows("select tDone,count(*) from tTaskList group by tDone"), "0|4\n1|1\n2|1");
     EXPECT_EQ(Rows("select count(*) from tTaskList where taskTime='2003-01-31 00:00:00'"), "2");
+}
+
+TEST_F(GenerateTaskListTest, AVisitThatIsEnteredWhileTheQuestionStandsStays) {
+    AddDoneItem();
+    dialogs.answers = {Answer::Yes};
+    dialogs.onMessage = [this](const std::string& text) {
+        if (text::Contains(text, "此前")) {
+            Sql("insert into tTaskList(fType,TaskID,taskTitle,tDone) values(1,7,'拜访',1)");
+        }
+    };
+    GenerateTaskList(session, "7");
+    EXPECT_EQ(Rows("select taskTitle,tDone from tTaskList where fType=1"), "拜访|1");
+    EXPECT_EQ(Rows("select count(*) from tTaskList where fType=0"), "4");
+}
+
+TEST_F(GenerateTaskListTest, NothingIsDeletedWhenTheLookForOtherKindsFails) {
+    Sql("insert into tTaskList(fType,TaskID,tDone) values(1,7,0),(0,7,0)");
+    statements.failing = "fType<>0";
+    EXPECT_THROW(GenerateTaskList(session, "7"), RuntimeError);
+    EXPECT_EQ(Rows("select count(*) from tTaskList"), "2");
 }
 
 TEST_F(GenerateTaskListTest, GivesTheSameRowsAgain) {
@@ -125,10 +148,12 @@ TEST_F(GenerateTaskListTest, GivesTheSameRowsAgain) {
 TEST_F(GenerateTaskListTest, DeletesAndStampsWhenThePlanIsGone) {
     Sql("insert into tTaskList(TaskID,tDone) values(9,0)");
     GenerateTaskList(session, "9");
-    EXPECT_EQ(statements.Take(), (Lines{"select * from tTaskList where taskID =9 And tDone=1",
-                                        "delete from tTaskList where taskID =9",
-                                        "select * from tTaskSet where taskID=9",
-                                        "Update tTaskSet Set DoneMan='张三' where taskID=9"}));
+    EXPECT_EQ(
+        statements.Take(),
+        (Lines{"select count(*) from tTaskList Where taskID =9 And fType<>0",
+               "select * from tTaskList where taskID =9 And tDone=1",
+               "delete from tTaskList where taskID =9", "select * from tTaskSet where taskID=9",
+               "Update tTaskSet Set DoneMan='张三' where taskID=9"}));
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "0");
     EXPECT_EQ(dialogs.messages, Lines{kDone});
     EXPECT_EQ(Executor(), "王五");
@@ -248,7 +273,7 @@ TEST_F(AddTaskInstanceTest, AddsTheItemAfterAsking) {
     dialogs.answers = {Answer::Ok};
     EXPECT_EQ(AddTaskInstance(session, 7, date), 1);
     EXPECT_EQ(statements.Take(),
-              (Lines{"select * from tTaskSet where taskID =7",
+              (Lines{"select * from tTaskSet where taskID =7", kLook,
                      "select * from tTasklist where taskID =7 And taskTime = #03/10/2003# and "
                      "tDone=0",
                      "row"}));
@@ -290,7 +315,7 @@ TEST_F(AddTaskInstanceTest, WritesServerDatesBetweenQuotes) {
     session.database.SetDateDelimiter('\'');
     dialogs.answers = {Answer::Cancel};
     AddTaskInstance(session, 7, date);
-    EXPECT_EQ(statements.Take()[1],
+    EXPECT_EQ(statements.Take()[2],
               "select * from tTasklist where taskID =7 And taskTime = '03/10/2003' and tDone=0");
 }
 
