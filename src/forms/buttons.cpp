@@ -59,4 +59,32 @@ void OptionButton::UserClick() {
     FromUser([this] { SetValue(true); });
 }
 
+std::function<void()> CommandButton::Remember() {
+    return [this, base = Control::Remember(), caption = caption_] {
+        caption_ = caption;
+        Notify(Aspect::Caption);
+        base();
+    };
+}
+
+std::function<void()> CheckBox::Remember() {
+    return [this, base = Control::Remember(), caption = caption_, value = value_] {
+        caption_ = caption;
+        value_ = value;
+        Notify(Aspect::Caption);
+        Notify(Aspect::Value);
+        base();
+    };
+}
+
+std::function<void()> OptionButton::Remember() {
+    return [this, base = Control::Remember(), caption = caption_, value = value_] {
+        caption_ = caption;
+        value_ = value;
+        Notify(Aspect::Caption);
+        Notify(Aspect::Value);
+        base();
+    };
+}
+
 }  // namespace zv::forms

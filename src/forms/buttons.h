@@ -15,6 +15,7 @@ class CommandButton : public Control {
         : Control(form, ControlKind::CommandButton, std::move(name), parent, index) {
         SetTabStop(true);
     }
+    std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
     std::function<void()> onClick;
@@ -30,6 +31,7 @@ class CheckBox : public Control {
         : Control(form, ControlKind::CheckBox, std::move(name), parent, index) {
         SetTabStop(true);
     }
+    std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
     /// 0 or 1.
@@ -52,6 +54,7 @@ class OptionButton : public Control {
         : Control(form, ControlKind::OptionButton, std::move(name), parent, index) {
         SetTabStop(true);
     }
+    std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
     bool Value() const { return value_; }

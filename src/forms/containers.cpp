@@ -46,4 +46,22 @@ bool TabPanel::ShowsChild(const Control& child) const {
     return pages_[static_cast<std::size_t>(tab_)].get() == &child;
 }
 
+std::function<void()> Frame::Remember() {
+    return [this, base = Control::Remember(), caption = caption_] {
+        caption_ = caption;
+        Notify(Aspect::Caption);
+        base();
+    };
+}
+
+std::function<void()> TabPanel::Remember() {
+    return [this, base = Control::Remember(), captions = captions_, tab = tab_] {
+        captions_ = captions;
+        tab_ = tab;
+        Notify(Aspect::Items);
+        Notify(Aspect::Value);
+        base();
+    };
+}
+
 }  // namespace zv::forms

@@ -22,6 +22,7 @@ class Frame : public Control {
  public:
     Frame(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::Frame, std::move(name), parent, index) {}
+    std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
 
@@ -41,6 +42,7 @@ class TabPanel : public Control {
     }
     void SetTabCaption(int tab, std::string caption);
     int Tab() const { return tab_; }
+    std::function<void()> Remember() override;
     /// Raises Click when it changes; throws error 5 for a tab that does not exist.
     void SetTab(int tab);
     std::function<void()> onClick;

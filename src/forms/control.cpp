@@ -84,6 +84,16 @@ void Control::AttachPeer(std::unique_ptr<ControlPeer> peer) {
     peer_ = std::move(peer);
 }
 
+std::function<void()> Control::Remember() {
+    return [this, visible = visible_, enabled = enabled_, text = tag] {
+        visible_ = visible;
+        enabled_ = enabled;
+        tag = text;
+        Notify(Aspect::Visible);
+        Notify(Aspect::Enabled);
+    };
+}
+
 void Control::Notify(Aspect aspect) {
     if (peer_) peer_->Changed(aspect);
 }

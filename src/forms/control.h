@@ -101,6 +101,10 @@ class Control {
     void SetAccessibleName(std::string name);
     const std::string& AccessibleName() const { return accessibleName_; }
 
+    /// Keeps what the control shows and allows; the answer puts it back and raises no event.
+    /// Places and handlers are not part of it.
+    virtual std::function<void()> Remember();
+
     std::string tag;
     bool causesValidation = true;
 

@@ -28,4 +28,12 @@ void DatePicker::UserPickDay(DateTime day) {
     UserPick(day.Date().AddSeconds(timeOfDay));
 }
 
+std::function<void()> DatePicker::Remember() {
+    return [this, base = Control::Remember(), value = value_] {
+        value_ = value;
+        Notify(Aspect::Value);
+        base();
+    };
+}
+
 }  // namespace zv::forms

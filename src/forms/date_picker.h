@@ -31,6 +31,7 @@ class DatePicker : public Control {
     /// where one must be.
     void SetValue(std::optional<DateTime> value);
     bool MayBeEmpty() const { return mayBeEmpty_; }
+    std::function<void()> Remember() override;
     /// Set before the window is shown. A picker that may be empty starts empty, another at
     /// 1899-12-30.
     void SetMayBeEmpty(bool mayBeEmpty);

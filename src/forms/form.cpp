@@ -167,6 +167,18 @@ void Form::SetState(WindowState state) {
     if (peer_) peer_->WindowStateChanged();
 }
 
+std::function<void()> Form::Remember() {
+    std::vector<std::function<void()>> parts;
+    for (Control* control : controls_) parts.push_back(control->Remember());
+    for (MenuItem* item : menus_) parts.push_back(item->Remember());
+    return [this, parts = std::move(parts), caption = caption_, active = active_] {
+        SetCaption(caption);
+        for (const auto& part : parts) part();
+        active_ = active;
+        if (active_ && active_->Peer()) active_->Peer()->TakeFocus();
+    };
+}
+
 void Form::Refresh() {
     if (peer_) peer_->PaintNow();
 }

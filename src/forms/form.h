@@ -1,6 +1,7 @@
 // A window: its controls and menus, its lifecycle, and where the focus is.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -61,6 +62,9 @@ class Form {
     WindowState State() const { return state_; }
     void SetState(WindowState state);
 
+    /// Keeps the caption and what controls and menus show and allow; the answer puts it back
+    /// without an event, so that what failed half way can be undone.
+    std::function<void()> Remember();
     /// Shows the present state of the controls at once, for a handler that works long.
     void Refresh();
 

@@ -1,6 +1,7 @@
 #include "forms/grid.h"
 
 #include <algorithm>
+#include <memory>
 #include <numeric>
 #include <optional>
 
@@ -219,6 +220,24 @@ void Grid::OwnKey(KeyEvent& event) {
         return;
     }
     event.code = 0;
+}
+
+std::function<void()> Grid::Remember() {
+    return [this, base = Control::Remember(), columns = columns_,
+            rows = std::make_shared<PackedRows>(rows_.Copy()), selected = selected_,
+            selectedCount = selectedCount_, selectedRow = selectedRow_, sortColumn = sortColumn_,
+            descending = descending_] {
+        columns_ = columns;
+        rows_ = rows->Copy();
+        selected_ = selected;
+        selectedCount_ = selectedCount;
+        selectedRow_ = selectedRow;
+        sortColumn_ = sortColumn;
+        descending_ = descending;
+        Notify(Aspect::Items);
+        Notify(Aspect::Selection);
+        base();
+    };
 }
 
 }  // namespace zv::forms

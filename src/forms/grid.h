@@ -26,6 +26,7 @@ class Grid : public Control {
         SetTabStop(true);
     }
     int ColumnCount() const { return static_cast<int>(columns_.size()); }
+    std::function<void()> Remember() override;
     const Column& GetColumn(int column) const;
     void SetColumns(std::vector<Column> columns);
     int DataRowCount() const { return static_cast<int>(rows_.Count()); }

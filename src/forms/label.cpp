@@ -24,4 +24,13 @@ std::string Label::ShownText() const {
     return shown;
 }
 
+std::function<void()> Label::Remember() {
+    return [this, base = Control::Remember(), caption = caption_, useMnemonic = useMnemonic_] {
+        caption_ = caption;
+        useMnemonic_ = useMnemonic;
+        Notify(Aspect::Caption);
+        base();
+    };
+}
+
 }  // namespace zv::forms

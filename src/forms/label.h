@@ -10,6 +10,7 @@ class Label : public Control {
  public:
     Label(Form& form, std::string name, Control* parent = nullptr, int index = -1)
         : Control(form, ControlKind::Label, std::move(name), parent, index) {}
+    std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
     /// Whether an "&" in the caption underlines the next letter and makes it an access key, "&&"

@@ -96,4 +96,24 @@ void ComboBox::UserText(const std::string& text) {
     if (onChange) FromUser([this] { onChange(); });
 }
 
+std::function<void()> ListControl::Remember() {
+    return [this, base = Control::Remember(), items = items_, listIndex = listIndex_] {
+        items_ = items;
+        listIndex_ = listIndex;
+        Notify(Aspect::Items);
+        Notify(Aspect::Selection);
+        base();
+    };
+}
+
+std::function<void()> ComboBox::Remember() {
+    return [this, base = ListControl::Remember(), text = text_, locked = locked_] {
+        text_ = text;
+        locked_ = locked;
+        Notify(Aspect::Text);
+        Notify(Aspect::Locked);
+        base();
+    };
+}
+
 }  // namespace zv::forms

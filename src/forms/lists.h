@@ -23,6 +23,7 @@ class ListControl : public Control {
     int ListIndex() const { return listIndex_; }
     /// Raises Click when it changes; throws error 5 for a position without an entry.
     void SetListIndex(int position);
+    std::function<void()> Remember() override;
 
     std::function<void()> onClick;
     void UserPick(int position);
@@ -61,6 +62,7 @@ class ComboBox : public ListControl {
         SetTabStop(true);
     }
     ComboStyle Style() const { return style_; }
+    std::function<void()> Remember() override;
     /// Of a list-only box: the selected entry.
     const std::string& Text() const { return text_; }
     /// Free text: sets it, selects no entry, raises Change. List only: selects the entry with that

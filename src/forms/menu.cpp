@@ -50,4 +50,14 @@ void MenuItem::Notify() {
     if (form_.peer_) form_.peer_->MenuChanged(*this);
 }
 
+std::function<void()> MenuItem::Remember() {
+    return [this, caption = caption_, enabled = enabled_, visible = visible_, checked = checked_] {
+        caption_ = caption;
+        enabled_ = enabled;
+        visible_ = visible;
+        checked_ = checked;
+        Notify();
+    };
+}
+
 }  // namespace zv::forms

@@ -35,6 +35,9 @@ class MenuItem {
     /// The entry and every parent but the root are visible, all are enabled.
     bool CanChoose() const;
 
+    /// As Control::Remember.
+    std::function<void()> Remember();
+
     std::function<void()> onClick;
     void UserChosen();
 

@@ -45,6 +45,16 @@ PackedRows::Row PackedRows::Pack(std::span<const std::string_view> texts) {
     return row;
 }
 
+PackedRows PackedRows::Copy() const {
+    PackedRows copy;
+    copy.columns_ = columns_;
+    copy.rows_.resize(rows_.size());
+    for (std::size_t row = 0; row < rows_.size(); row++) {
+        if (rows_[row]) copy.rows_[row] = Pack(Texts(row));
+    }
+    return copy;
+}
+
 std::string_view PackedRows::Get(std::size_t row, std::size_t column) const {
     const char* at = rows_[row].get();
     if (!at) return {};

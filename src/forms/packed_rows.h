@@ -12,6 +12,11 @@ namespace zv::forms {
 /// Rows and columns are counted from 0. A row that was never written takes a pointer's room.
 class PackedRows {
  public:
+    PackedRows() = default;
+    PackedRows(PackedRows&&) = default;
+    PackedRows& operator=(PackedRows&&) = default;
+    PackedRows Copy() const;
+
     std::size_t Count() const { return rows_.size(); }
     std::size_t Columns() const { return columns_; }
     /// Rows keep the texts of the columns that remain.

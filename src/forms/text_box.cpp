@@ -53,4 +53,14 @@ void TextBox::UserText(const std::string& text) {
     if (onChange) FromUser([this] { onChange(); });
 }
 
+std::function<void()> TextBox::Remember() {
+    return [this, base = Control::Remember(), text = text_, locked = locked_] {
+        text_ = text;
+        locked_ = locked;
+        Notify(Aspect::Text);
+        Notify(Aspect::Locked);
+        base();
+    };
+}
+
 }  // namespace zv::forms

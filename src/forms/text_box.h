@@ -25,6 +25,7 @@ class TextBox : public Control {
     void SetLocked(bool locked);
     bool MultiLine() const { return multiLine_; }
     void SetMultiLine(bool multiLine) { multiLine_ = multiLine; }
+    std::function<void()> Remember() override;
     /// A box of one line in which a tab character shows as a gap. Set before the window is shown.
     bool ShowsTabs() const { return showsTabs_; }
     void SetShowsTabs(bool showsTabs) { showsTabs_ = showsTabs; }

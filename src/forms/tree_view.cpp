@@ -244,4 +244,30 @@ TreeView::Fill::~Fill() {
     if (--tree_.fills_ == 0 && tree_.Native()) tree_.Native()->FillEnds();
 }
 
+std::function<void()> TreeView::Remember() {
+    return [this, base = Control::Remember(), nodes = nodes_, texts = texts_, buckets = buckets_,
+            count = count_, firstRoot = firstRoot_, lastRoot = lastRoot_, selected = selected_,
+            used = used_] {
+        {
+            const Fill deferred(*this);
+            Clear();
+            nodes_ = nodes;
+            texts_ = texts;
+            buckets_ = buckets;
+            count_ = count;
+            firstRoot_ = firstRoot;
+            lastRoot_ = lastRoot;
+            selected_ = selected;
+            used_ = used;
+            if (TreePeer* native = Native()) {
+                for (std::size_t i = 0; i < nodes_.size(); i++) {
+                    if (nodes_[i].alive) native->NodeAdded(static_cast<int>(i));
+                }
+            }
+        }
+        Notify(Aspect::Selection);
+        base();
+    };
+}
+
 }  // namespace zv::forms

@@ -21,6 +21,7 @@ class TreeView : public Control {
 
     TreeView(Form& form, std::string name, Control* parent = nullptr, int index = -1);
     ~TreeView() override;
+    std::function<void()> Remember() override;
 
     /// Must outlive the control; set before nodes are added.
     void SetImageList(const ImageList* images) { images_ = images; }

@@ -194,8 +194,26 @@ void frmTaskMain::Wire() {
 void frmTaskMain::TaskAlert(std::int16_t mode) {
     if (mode == state.startMode) return;
     if (IsLoaded() && state.Editing()) return;
+    if (!IsLoaded()) {
+        state.startMode = mode;
+        return;
+    }
+    SwitchTo(mode);
+}
+
+void frmTaskMain::SwitchTo(std::int16_t mode) {
+    const MainState before = state;
+    const std::int32_t card = session.state.cardId;
+    const std::function<void()> undo[] = {Remember(), list.Remember(), editor.Remember()};
     state.startMode = mode;
-    if (IsLoaded()) lifecycle.Start();
+    try {
+        lifecycle.Start();
+    } catch (...) {
+        for (const auto& part : undo) part();
+        state = before;
+        session.state.cardId = card;
+        throw;
+    }
 }
 
 std::string frmTaskMain::getFilePath(std::int16_t kind, const std::string& filterText,

@@ -183,6 +183,8 @@ class frmTaskMain : public forms::Form {
 
  private:
     void Wire();
+    /// Sets the window up for another start mode: altogether, or when that fails not at all.
+    void SwitchTo(std::int16_t mode);
 };
 
 }  // namespace zv::mainwindow

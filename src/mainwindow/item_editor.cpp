@@ -194,4 +194,11 @@ void ItemEditor::SetLocked(bool locked) {
     window_.cmdSave.SetEnabled(!locked);
 }
 
+std::function<void()> ItemEditor::Remember() {
+    return [this, row = asRead_, title = title_] {
+        asRead_ = row;
+        title_ = title;
+    };
+}
+
 }  // namespace zv::mainwindow

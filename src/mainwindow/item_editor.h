@@ -38,6 +38,8 @@ class ItemEditor {
     /// The row that the editor shows got this value by an act of this window.
     void NoteStored(std::string_view field, store::Value value);
     void ForgetRow() { asRead_.reset(); }
+    /// As forms::Control::Remember, for what stands behind the fields.
+    std::function<void()> Remember();
 
  private:
     /// Empties the editor and sets the current number to 0 unless `load` shows what it has.

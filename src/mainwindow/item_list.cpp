@@ -133,6 +133,13 @@ void ItemList::Rebuild(store::Recordset& rows, const std::function<void()>& fill
     if (!reason.empty() || rowsLeftOut_ > 0) Tell(reason);
 }
 
+std::function<void()> ItemList::Remember() {
+    return [this, condition = shownCondition_, order = shownOrder_] {
+        shownCondition_ = condition;
+        shownOrder_ = order;
+    };
+}
+
 void ItemList::FillItems(store::Recordset& rows) {
     TreeView& tree = window_.tvwTask;
     for (int kind = 0; kind < kItemKinds; kind++) window_.chkType[kind].tag = "0";

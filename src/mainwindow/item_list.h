@@ -27,6 +27,8 @@ class ItemList {
     const std::string& ShownCondition() const { return shownCondition_; }
     /// Their order, without the words.
     const std::string& ShownOrder() const { return shownOrder_; }
+    /// As forms::Control::Remember.
+    std::function<void()> Remember();
 
  private:
     std::string Source() const;
