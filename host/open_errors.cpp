@@ -3,12 +3,13 @@
 #include <windows.h>
 
 #include "base/win32/com_error.h"
+#include "store/connection_text.h"
 
 namespace zv::host {
 
 RuntimeError CannotOpen(ErrorNumber number, std::string_view path, std::string_view reason) {
     std::string text = "Cannot open the database \"";
-    text.append(path).append("\": ").append(reason);
+    text.append(store::ConnectionText(std::string(path)).ForMessage()).append("\": ").append(reason);
     return RuntimeError(number, std::move(text));
 }
 

@@ -30,16 +30,16 @@ store::ConnectionSettings ReadSettings(const Arguments& arguments, std::size_t f
 
 ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings) {
     if (settings.kind >= 1) {
-        if (!store::odbc::IsForOdbc(settings.dataPath)) return OpenServer(settings);
+        if (!store::odbc::IsForOdbc(settings.dataPath.ForDriver())) return OpenServer(settings);
         auto connection = win32::MakeCom<ConnectionObject>(
             [settings] { return store::odbc::OpenOdbc(store::odbc::OptionsFor(settings)); },
-            ConnectionEntry("Data Source", store::odbc::DisplayName(settings)));
+            ConnectionEntry("Data Source", settings.ForMessage()));
         return ComPtr<IDispatch>(connection.Get());
     }
-    if (RecogniseDatabase(settings.dataPath) == DatabaseFile::Access) return OpenAccess(settings);
-    const std::string& path = settings.dataPath;
+    if (RecogniseDatabase(settings.dataPath.ForDriver()) == DatabaseFile::Access) return OpenAccess(settings);
+    const std::string& path = settings.dataPath.ForDriver();
     auto connection = win32::MakeCom<ConnectionObject>([path] { return store::OpenSqlite(path); },
-                                                       ConnectionEntry("Data Source", path));
+                                                       ConnectionEntry("Data Source", settings.ForMessage()));
     return ComPtr<IDispatch>(connection.Get());
 }
 

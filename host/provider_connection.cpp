@@ -10,16 +10,13 @@
 #include "base/win32/com_error.h"
 #include "open_errors.h"
 #include "store/ado/automation.h"
-#include "store/odbc/connection_string.h"
-#include "store/secrets.h"
+#include "store/connection_entries.h"
 
 namespace zv::host {
 namespace {
 
 using win32::ComPtr;
 using win32::Variant;
-
-constexpr auto kPasswordNames = std::to_array<std::string_view>({"Password", "PWD"});
 
 // The newest first.
 constexpr std::array kAccessProviders = {L"Microsoft.ACE.OLEDB.16.0", L"Microsoft.ACE.OLEDB.15.0",
@@ -40,9 +37,9 @@ std::string ChooseProvider(std::span<const wchar_t* const> providers, std::strin
         "No data provider for " + std::string(kind) + " is installed (" + names + ").");
 }
 
-/// `secrets` stay out of the text of an error.
-ComPtr<IDispatch> OpenAdo(const std::string& connectionString, std::string_view path,
-                          const std::vector<std::string>& secrets) {
+ComPtr<IDispatch> OpenAdo(const std::string& connectionString,
+                          const store::ConnectionSettings& settings) {
+    const std::string path = settings.ForMessage();
     CLSID classId{};
     ComPtr<IDispatch> connection;
     HRESULT hr = CLSIDFromProgID(L"ADODB.Connection", &classId);
@@ -58,7 +55,7 @@ ComPtr<IDispatch> OpenAdo(const std::string& connectionString, std::string_view 
     try {
         store::ado::Call(*connection, open, {Variant(std::string_view(connectionString)).Get()});
     } catch (const RuntimeError& error) {
-        const std::string reason = store::WithoutSecrets(error.Text(), secrets);
+        const std::string reason = settings.WithoutSecrets(error.Text());
         throw RuntimeError(error.Number(), CannotOpen(error.Number(), path, reason).Text(),
                            error.Source());
     }
@@ -73,43 +70,44 @@ std::string ConnectionEntry(std::string_view name, std::string_view value) {
 
 ComPtr<IDispatch> OpenAccess(const store::ConnectionSettings& settings) {
     const std::string provider =
-        ChooseProvider(kAccessProviders, settings.dataPath, "Access databases");
+        ChooseProvider(kAccessProviders, settings.ForMessage(), "Access databases");
     std::string entries = "Provider=" + provider + ";";
-    entries += ConnectionEntry("Data Source", settings.dataPath);
-    if (!settings.password.empty()) {
-        entries += ConnectionEntry("Jet OLEDB:Database Password", settings.password);
+    entries += ConnectionEntry("Data Source", settings.dataPath.ForDriver());
+    if (!settings.password.IsEmpty()) {
+        entries += ConnectionEntry("Jet OLEDB:Database Password", settings.password.ForDriver());
     }
-    return OpenAdo(entries, settings.dataPath, {settings.password});
+    return OpenAdo(entries, settings);
 }
 
 ComPtr<IDispatch> OpenServer(const store::ConnectionSettings& settings) {
-    const std::string name = store::odbc::DisplayName(settings);
-    const store::odbc::ConnectionEntries given(settings.dataPath);
+    const std::string name = settings.ForMessage();
+    const store::ConnectionEntries given(settings.dataPath.ForDriver(),
+                                         store::ConnectionEntries::Quoting::BracesAndQuotes);
     const bool isWhole = given.Has("Provider");
     std::string entries;
     if (isWhole) {
-        entries = settings.dataPath + (text::Trim(settings.dataPath).ends_with(';') ? "" : ";");
+        entries = settings.dataPath.ForDriver() +
+                  (text::Trim(settings.dataPath.ForDriver()).ends_with(';') ? "" : ";");
     } else {
         entries = "Provider=" + ChooseProvider(kServerProviders, name, "SQL Server") + ";";
-        entries += ConnectionEntry("Data Source", settings.dataPath);
+        entries += ConnectionEntry("Data Source", settings.dataPath.ForDriver());
     }
     const auto holds = [&](std::initializer_list<std::string_view> names) {
         return isWhole && given.HasAnyOf({names.begin(), names.size()});
     };
-    if (!settings.database.empty() && !holds({"Initial Catalog", "Database"})) {
-        entries += ConnectionEntry("Initial Catalog", settings.database);
+    if (!settings.database.IsEmpty() && !holds({"Initial Catalog", "Database"})) {
+        entries += ConnectionEntry("Initial Catalog", settings.database.ForDriver());
     }
     if (!holds({"User ID", "UID", "Integrated Security", "Trusted_Connection"})) {
-        if (settings.login.empty()) {
+        if (settings.login.IsEmpty()) {
             // Without a login the user's own account is asked for.
             entries += "Integrated Security=SSPI;";
         } else {
-            entries += ConnectionEntry("User ID", settings.login);
-            entries += ConnectionEntry("Password", settings.password);
+            entries += ConnectionEntry("User ID", settings.login.ForDriver());
+            entries += ConnectionEntry("Password", settings.password.ForDriver());
         }
     }
-    return OpenAdo(entries, name,
-                   {settings.login, settings.password, std::string(given.FirstOf(kPasswordNames))});
+    return OpenAdo(entries, settings);
 }
 
 }  // namespace zv::host

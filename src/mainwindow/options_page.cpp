@@ -76,7 +76,7 @@ void OptionsPage::Reopen() {
                                     forms::box::kExclamation);
         return;
     }
-    session.state.UserPath = settings.dataPath;
+    session.state.UserPath = settings.dataPath.ForDriver();
     window_.staff.Fill();
     window_.tree.FillItems();
 }

@@ -61,10 +61,12 @@ namespace {
 // The reason and what could not be opened.
 RuntimeError CannotOpen(const RuntimeError& error, const store::ConnectionSettings& connection,
                         std::int16_t language) {
-    const std::string& place = connection.kind >= 1 ? connection.database : connection.dataPath;
-    std::string text = resources::DescribeError(error, language);
+    const std::string place =
+        (connection.kind >= 1 ? connection.database : connection.dataPath).ForMessage();
+    // The opener is a component of somebody else, which may repeat what it was given.
+    std::string text = connection.WithoutSecrets(resources::DescribeError(error, language));
     if (!place.empty() && text.find(place) == std::string::npos) text += "\r\n" + place;
-    return RuntimeError(error.Number(), text, error.Source());
+    return RuntimeError(error.Number(), text, connection.WithoutSecrets(error.Source()));
 }
 
 }  // namespace

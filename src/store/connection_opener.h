@@ -4,17 +4,28 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "store/connection.h"
+#include "store/connection_text.h"
 
 namespace zv::store {
 
 struct ConnectionSettings {
     int kind = 0;  ///< 0 Access or embedded file, 1 or more server
-    std::string dataPath;
-    std::string password;
-    std::string login;
-    std::string database;
+    ConnectionText dataPath;
+    Secret password;
+    Secret login;
+    ConnectionText database;
+
+    /// What no text may show of these settings.
+    std::vector<std::string> Secrets() const;
+    /// What messages call the database of these settings: its file or its server.
+    std::string ForMessage() const;
+    /// A text that came back from opening or using the database, without what is secret in these
+    /// settings.
+    std::string WithoutSecrets(const std::string& text) const;
+    friend bool operator==(const ConnectionSettings&, const ConnectionSettings&) = default;
 };
 
 class ConnectionOpener {

@@ -18,7 +18,7 @@ std::unique_ptr<store::Connection> ScriptedOpener::Open(const store::ConnectionS
         failNext_ = false;
         throw RuntimeError(ErrorNumber::DatabaseFailure, "The scenario lets this opening fail");
     }
-    return engine_.Open(ResolvedPath(files_, settings.dataPath));
+    return engine_.Open(ResolvedPath(files_, settings.dataPath.ForDriver()));
 }
 
 void ScriptedStatements::Fail(int position, std::string text) {

@@ -10,11 +10,11 @@ void HostModuleRunner::Run(const ModuleStart& start) {
     LateBound runner = LateBound::Create(kProgId);
     runner.Put(L"Language", Variant(std::int32_t{start.language}));
     runner.Put(L"StartMode", Variant(std::int32_t{start.startMode}));
-    runner.Put(L"UserPath", Variant(start.connection.dataPath));
-    runner.Put(L"Password", Variant(start.connection.password));
+    runner.Put(L"UserPath", Variant(start.connection.dataPath.ForDriver()));
+    runner.Put(L"Password", Variant(start.connection.password.ForDriver()));
     runner.Put(L"SQLData", Variant(std::int32_t{start.connection.kind}));
-    runner.Put(L"UserID", Variant(start.connection.login));
-    runner.Put(L"Default", Variant(start.connection.database));
+    runner.Put(L"UserID", Variant(start.connection.login.ForDriver()));
+    runner.Put(L"Default", Variant(start.connection.database.ForDriver()));
     runner.Put(L"UserName", Variant(start.userName));
     runner.Put(L"Heading", Variant(start.heading));
     runner.Put(L"ModuleName", Variant(start.moduleName));

@@ -51,11 +51,11 @@ Variant RecordsetOf(const ReportJob& job) {
 }
 
 void PutSettings(LateBound& component, const ReportJob& job) {
-    component.Put(L"UserPath", Variant(job.connection.dataPath));
-    component.Put(L"Password", Variant(job.connection.password));
+    component.Put(L"UserPath", Variant(job.connection.dataPath.ForDriver()));
+    component.Put(L"Password", Variant(job.connection.password.ForDriver()));
     component.Put(L"SQLData", Variant(std::int32_t{job.connection.kind}));
-    component.Put(L"UserID", Variant(job.connection.login));
-    component.Put(L"Default", Variant(job.connection.database));
+    component.Put(L"UserID", Variant(job.connection.login.ForDriver()));
+    component.Put(L"Default", Variant(job.connection.database.ForDriver()));
     component.Put(L"UserName", Variant(job.userName));
     component.Put(L"CompName", Variant(job.companyHeading));
     component.Put(L"Language", Variant(std::int32_t{job.language}));

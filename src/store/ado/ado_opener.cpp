@@ -32,10 +32,10 @@ std::unique_ptr<Connection> AdoOpener::Open(const ConnectionSettings& settings) 
             "The connection opener \"" + win32::ToUtf8(kOpenerProgId) + "\" " + Reason(hr));
     }
     Member openConnection(kOpenConnection);
-    const Variant path{std::string_view(settings.dataPath)};
-    const Variant password{std::string_view(settings.password)};
-    const Variant login{std::string_view(settings.login)};
-    const Variant database{std::string_view(settings.database)};
+    const Variant path{std::string_view(settings.dataPath.ForDriver())};
+    const Variant password{std::string_view(settings.password.ForDriver())};
+    const Variant login{std::string_view(settings.login.ForDriver())};
+    const Variant database{std::string_view(settings.database.ForDriver())};
     const Variant result = Call(*opener, openConnection,
                                 {Variant(std::int32_t{settings.kind}).Get(), path.Get(),
                                  password.Get(), login.Get(), database.Get()});

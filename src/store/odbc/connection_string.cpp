@@ -32,15 +32,9 @@ constexpr auto kLoginNames =
 constexpr auto kPasswordNames = std::to_array<std::string_view>({"PWD", "Password"});
 constexpr auto kDatabaseNames =
     std::to_array<std::string_view>({"Database", "Initial Catalog", "DBQ"});
-constexpr auto kServerNames =
-    std::to_array<std::string_view>({"Server", "Servername", "Data Source", "Address", "Host"});
 
 // What makes a text a whole connection string.
 constexpr auto kSourceNames = std::to_array<std::string_view>({"Driver", "DSN", "FileDSN"});
-// What tells where a database is when no server is named.
-constexpr auto kPlaceNames = std::to_array<std::string_view>({"DSN", "FileDSN", "Database", "DBQ"});
-
-constexpr auto kProductNames = std::to_array<std::string_view>({"Driver", "Provider"});
 
 template <std::size_t Count>
 std::string ChooseDriver(const std::array<std::string_view, Count>& names, const char* product) {
@@ -76,29 +70,23 @@ std::pair<std::string_view, std::string_view> HostAndPort(std::string_view text)
 }
 
 ConnectionEntries PostgreSqlEntries(std::string_view path) {
-    path.remove_prefix(kPostgreSql.size());
-    if (path.starts_with("//")) path.remove_prefix(2);
+    const Address address = ReadAddress(path);
+    std::string_view place = address.place;
     std::string_view database;
-    if (const std::size_t slash = path.find('/'); slash != std::string_view::npos) {
-        database = path.substr(slash + 1);
-        path = path.substr(0, slash);
+    if (const std::size_t slash = place.find('/'); slash != std::string_view::npos) {
+        database = place.substr(slash + 1);
+        place = place.substr(0, slash);
     }
-    // A login may stand in front; what belongs to the properties stays out of the path otherwise.
-    std::string_view login;
-    if (const std::size_t at = path.rfind('@'); at != std::string_view::npos) {
-        login = path.substr(0, at);
-        path = path.substr(at + 1);
-    }
-    const auto [host, port] = HostAndPort(path);
+    const auto [host, port] = HostAndPort(place);
     ConnectionEntries entries;
     entries.Add("Driver", ChooseDriver(kPostgreSqlDrivers, "PostgreSQL"));
     entries.Add("Server", host.empty() ? "localhost" : host);
     if (!port.empty()) entries.Add("Port", port);
     if (!database.empty()) entries.Add("Database", database);
-    if (!login.empty()) {
-        const std::size_t colon = login.find(':');
-        entries.Add("UID", login.substr(0, colon));
-        if (colon != std::string_view::npos) entries.Add("PWD", login.substr(colon + 1));
+    if (!address.login.empty()) {
+        const std::size_t colon = address.login.find(':');
+        entries.Add("UID", address.login.substr(0, colon));
+        if (colon != std::string_view::npos) entries.Add("PWD", address.login.substr(colon + 1));
     }
     return entries;
 }
@@ -157,88 +145,7 @@ void Complete(ConnectionEntries& entries, const OdbcOptions& options) {
     }
 }
 
-void AddSecret(OdbcOptions& options, std::string_view secret) {
-    if (!secret.empty()) options.secrets.emplace_back(secret);
-}
-
 }  // namespace
-
-ConnectionEntries::ConnectionEntries(std::string_view text) {
-    std::size_t at = 0;
-    while (at < text.size()) {
-        const std::size_t equals = text.find_first_of("=;", at);
-        if (equals == std::string_view::npos) break;
-        if (text[equals] == ';') {
-            at = equals + 1;
-            continue;
-        }
-        const std::string_view name = text::Trim(text.substr(at, equals - at));
-        std::size_t start = text.find_first_not_of(' ', equals + 1);
-        if (start == std::string_view::npos) start = text.size();
-        std::string value;
-        if (start < text.size() && text[start] == '{') {
-            at = start + 1;
-            while (at < text.size()) {
-                if (text[at] == '}' && (at + 1 >= text.size() || text[at + 1] != '}')) break;
-                if (text[at] == '}') at++;
-                value += text[at++];
-            }
-            at = std::min(text.find(';', at), text.size() - 1) + 1;
-        } else {
-            const std::size_t end = std::min(text.find(';', start), text.size());
-            value = text::Trim(text.substr(start, end - start));
-            at = end + 1;
-        }
-        if (!name.empty()) entries_.emplace_back(name, std::move(value));
-    }
-}
-
-std::string_view ConnectionEntries::Value(std::string_view name) const {
-    for (const auto& [known, value] : entries_) {
-        if (text::EqualsIgnoreCase(known, name)) return value;
-    }
-    return {};
-}
-
-std::string_view ConnectionEntries::FirstOf(std::span<const std::string_view> names) const {
-    for (const std::string_view name : names) {
-        if (Has(name)) return Value(name);
-    }
-    return {};
-}
-
-bool ConnectionEntries::Has(std::string_view name) const {
-    return std::any_of(entries_.begin(), entries_.end(), [&](const auto& entry) {
-        return text::EqualsIgnoreCase(entry.first, name);
-    });
-}
-
-bool ConnectionEntries::HasAnyOf(std::span<const std::string_view> names) const {
-    return std::any_of(names.begin(), names.end(), [&](const auto name) { return Has(name); });
-}
-
-void ConnectionEntries::Add(std::string_view name, std::string_view value) {
-    entries_.emplace_back(name, value);
-}
-
-void ConnectionEntries::Remove(std::string_view name) {
-    std::erase_if(entries_,
-                  [&](const auto& entry) { return text::EqualsIgnoreCase(entry.first, name); });
-}
-
-std::string ConnectionEntries::Text() const {
-    std::string text;
-    for (const auto& [name, value] : entries_) {
-        // Not every driver reads braces, so they stand only where nothing else will do.
-        const bool braces = value.find_first_of("[]{}(),;?*=!@") != std::string::npos ||
-                            value.starts_with(' ') || value.ends_with(' ') ||
-                            text::EqualsIgnoreCase(name, "Driver");
-        text += name + "=";
-        text += braces ? "{" + text::Replace(value, "}", "}}") + "}" : value;
-        text += ";";
-    }
-    return text;
-}
 
 bool IsOdbcConnectionString(std::string_view dataPath) {
     return ConnectionEntries(dataPath).HasAnyOf(kSourceNames);
@@ -251,7 +158,7 @@ bool IsForOdbc(std::string_view dataPath) {
 
 OdbcOptions OptionsFor(const ConnectionSettings& settings) {
     OdbcOptions options;
-    const std::string_view path = text::Trim(settings.dataPath);
+    const std::string_view path = text::Trim(settings.dataPath.ForDriver());
     ConnectionEntries entries;
     if (IsOdbcConnectionString(path)) {
         entries = ConnectionEntries(path);
@@ -262,28 +169,25 @@ OdbcOptions OptionsFor(const ConnectionSettings& settings) {
     }
     const bool sqlServer = Names(entries.Value("Driver"), "sql server") ||
                            Names(entries.Value("Driver"), "sql server native");
-    if (!entries.HasAnyOf(kDatabaseNames) && !settings.database.empty()) {
-        entries.Add("Database", settings.database);
+    if (!entries.HasAnyOf(kDatabaseNames) && !settings.database.IsEmpty()) {
+        entries.Add("Database", settings.database.ForDriver());
     }
     if (!entries.HasAnyOf(kLoginNames)) {
-        if (!settings.login.empty()) {
-            entries.Add("UID", settings.login);
+        if (!settings.login.IsEmpty()) {
+            entries.Add("UID", settings.login.ForDriver());
         } else if (sqlServer && !entries.Has("Trusted_Connection")) {
             // Without a login the user's own account is asked for.
             entries.Add("Trusted_Connection", "Yes");
         }
     }
     const bool hasLogin = entries.HasAnyOf(kLoginNames);
-    if (hasLogin && !entries.HasAnyOf(kPasswordNames) && !settings.password.empty()) {
-        entries.Add("PWD", settings.password);
+    if (hasLogin && !entries.HasAnyOf(kPasswordNames) && !settings.password.IsEmpty()) {
+        entries.Add("PWD", settings.password.ForDriver());
     }
-    AddSecret(options, settings.password);
-    AddSecret(options, settings.login);
-    AddSecret(options, entries.FirstOf(kPasswordNames));
-    AddSecret(options, entries.FirstOf(kLoginNames));
+    options.secrets = settings.Secrets();
     Complete(entries, options);
     options.connectionString = entries.Text();
-    options.name = DisplayName(settings);
+    options.name = settings.ForMessage();
     return options;
 }
 
@@ -297,25 +201,6 @@ OdbcOptions OptionsFor(const std::string& dataPath) {
 std::string SqlServerAddress(std::string_view path) {
     const auto [host, port] = HostAndPort(path);
     return port.empty() ? std::string(host) : std::string(host) + "," + std::string(port);
-}
-
-std::string DisplayName(const ConnectionSettings& settings) {
-    std::string_view path = text::Trim(settings.dataPath);
-    if (const ConnectionEntries entries(path);
-        entries.HasAnyOf(kSourceNames) || entries.Has("Provider")) {
-        std::string name(entries.FirstOf(kServerNames));
-        if (name.empty()) name = entries.FirstOf(kPlaceNames);
-        if (name.empty()) name = entries.FirstOf(kProductNames);
-        return name;
-    }
-    if (text::ToLower(path).starts_with(kPostgreSql)) {
-        path.remove_prefix(kPostgreSql.size());
-        if (path.starts_with("//")) path.remove_prefix(2);
-        if (const std::size_t at = path.rfind('@'); at != std::string_view::npos) {
-            path.remove_prefix(at + 1);
-        }
-    }
-    return std::string(path);
 }
 
 }  // namespace zv::store::odbc

@@ -7,7 +7,7 @@
 
 #include "base/errors.h"
 #include "base/path.h"
-#include "store/secrets.h"
+#include "store/connection_text.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::store {
@@ -26,7 +26,7 @@ bool HasSignature(std::istream& file) {
 
 [[noreturn]] void Refuse(ErrorNumber number, const char* reason, const std::string& path) {
     // A server's connection string may have come here by a wrong setting.
-    throw RuntimeError(number, std::string(reason) + ": " + WithoutSecrets(path, {}), kErrorSource);
+    throw RuntimeError(number, std::string(reason) + ": " + ConnectionText(path).ForMessage(), kErrorSource);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "base/errors.h"
 #include "base/text.h"
+#include "store/connection_text.h"
 #include "store/dialect/lexer.h"
 #include "store/dialect/window_index.h"
 #include "store/sqlite/database_file.h"
@@ -191,7 +192,7 @@ void Session::Refuse(int code) const {
             reason = handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code);
             break;
     }
-    throw RuntimeError(number, reason + ": " + path_, kErrorSource);
+    throw RuntimeError(number, reason + ": " + ConnectionText(path_).ForMessage(), kErrorSource);
 }
 
 void Session::Close() noexcept {

@@ -35,7 +35,7 @@ class Opener : public testing::Test {
         file_ = folder_ + L"\\任务 提醒.db";
         settings_.dataPath = win32::ToUtf8(file_);
         settings_.password = "0";
-        CreateSqliteDatabase(settings_.dataPath);
+        CreateSqliteDatabase(settings_.dataPath.ForDriver());
     }
     void TearDown() override {
         CoFreeUnusedLibrariesEx(0, 0);
@@ -46,7 +46,7 @@ class Opener : public testing::Test {
         RemoveDirectoryW(folder_.c_str());
     }
     void Overwrite(std::string_view content) {
-        const HANDLE file = CreateFileW(win32::ToWide(settings_.dataPath).c_str(), GENERIC_WRITE, 0,
+        const HANDLE file = CreateFileW(win32::ToWide(settings_.dataPath.ForDriver()).c_str(), GENERIC_WRITE, 0,
                                         nullptr, CREATE_ALWAYS, 0, nullptr);
         DWORD written = 0;
         WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
@@ -128,11 +128,11 @@ TEST_F(Opener, AnApostropheInATextIsAnErrorAndTheConnectionLivesOn) {
 }
 
 TEST_F(Opener, AMissingFileIsToldWithItsPathAndIsNotMade) {
-    settings_.dataPath += ".gone";
+    settings_.dataPath = settings_.dataPath.ForDriver() + ".gone";
     const auto error = OpenFails();
     EXPECT_EQ(error.Number(), ErrorNumber::FileNotFound);
-    EXPECT_NE(error.Text().find(settings_.dataPath), std::string::npos) << error.Text();
-    EXPECT_EQ(GetFileAttributesW(win32::ToWide(settings_.dataPath).c_str()),
+    EXPECT_NE(error.Text().find(settings_.dataPath.ForDriver()), std::string::npos) << error.Text();
+    EXPECT_EQ(GetFileAttributesW(win32::ToWide(settings_.dataPath.ForDriver()).c_str()),
               INVALID_FILE_ATTRIBUTES);
 }
 
@@ -141,7 +141,7 @@ TEST_F(Opener, EmptyForeignAndTruncatedFilesAreToldWithTheirPath) {
     for (const std::string_view content : {""sv, "no database at all"sv, "SQLite format 3\0"sv}) {
         Overwrite(content);
         const auto error = OpenFails();
-        EXPECT_NE(error.Text().find(settings_.dataPath), std::string::npos) << error.Text();
+        EXPECT_NE(error.Text().find(settings_.dataPath.ForDriver()), std::string::npos) << error.Text();
     }
 }
 
@@ -150,7 +150,7 @@ TEST_F(Opener, AnAccessFileNeedsAProviderThatIsInstalled) {
     Overwrite("\0\1\0\0Standard Jet DB\0\0\0\0\0"sv);
     settings_.password = "s3cret";
     const auto error = OpenFails();
-    EXPECT_NE(error.Text().find(settings_.dataPath), std::string::npos) << error.Text();
+    EXPECT_NE(error.Text().find(settings_.dataPath.ForDriver()), std::string::npos) << error.Text();
     EXPECT_EQ(error.Text().find("s3cret"), std::string::npos);
 }
 

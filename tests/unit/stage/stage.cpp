@@ -113,7 +113,7 @@ std::vector<std::string> Statements::Take() {
 std::unique_ptr<store::Connection> Opener::Open(const store::ConnectionSettings& settings) {
     openings++;
     last = settings;
-    return open ? open(settings) : store::OpenSqlite(settings.dataPath);
+    return open ? open(settings) : store::OpenSqlite(settings.dataPath.ForDriver());
 }
 
 BagValue Bag::Read(std::string_view key, const BagValue& fallback) {

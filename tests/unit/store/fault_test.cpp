@@ -15,7 +15,6 @@ namespace zv::store {
 namespace {
 
 using namespace std::chrono_literals;
-using odbc::ConnectionEntries;
 using std::chrono::steady_clock;
 
 class ServerFault : public ::testing::Test, protected ConnectionOpener {

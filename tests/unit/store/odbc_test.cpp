@@ -109,11 +109,11 @@ TEST(SqlServerAddress, NamesMachineInstanceAndPort) {
     EXPECT_EQ(SqlServerAddress("db:1433"), "db,1433");
     EXPECT_EQ(SqlServerAddress("tcp:db,1433"), "tcp:db,1433");
 }
-TEST(DisplayName, HoldsNoLoginAndNoPassword) {
-    EXPECT_EQ(DisplayName(Settings("postgresql://me:secret@db:5433/x")), "db:5433/x");
-    EXPECT_EQ(DisplayName(Settings("Driver={A};Server=db;UID=me;PWD=secret")), "db");
-    EXPECT_EQ(DisplayName(Settings("DSN=Tasks;UID=me;PWD=secret")), "Tasks");
-    EXPECT_EQ(DisplayName(Settings("db\\instance")), "db\\instance");
+TEST(ConnectionSettings, AreNamedWithoutLoginAndPassword) {
+    EXPECT_EQ(Settings("postgresql://me:secret@db:5433/x").ForMessage(), "db:5433/x");
+    EXPECT_EQ(Settings("Driver={A};Server=db;UID=me;PWD=secret").ForMessage(), "db");
+    EXPECT_EQ(Settings("DSN=Tasks;UID=me;PWD=secret").ForMessage(), "Tasks");
+    EXPECT_EQ(Settings("db\\instance").ForMessage(), "db\\instance");
 }
 TEST(IsOdbcConnectionString, AsksForADriverOrADataSource) {
     EXPECT_TRUE(IsOdbcConnectionString("driver={A};Server=b"));
@@ -184,7 +184,7 @@ TEST(WithoutSecrets, HidesLoginsPasswordsAndTheirEntries) {
               "login failed for user \"***\" (***)");
     EXPECT_EQ(WithoutSecrets("a sad message", {"a", "sa"}), "*** sad message");
     EXPECT_EQ(WithoutSecrets("in Driver=x;UID=me;Pwd={a;b}; there", {}),
-              "in Driver=x;UID=***;Pwd=***}; there");
+              "in Driver=x;UID=***;Pwd=***; there");
     EXPECT_EQ(WithoutSecrets("glued:secret1secret1.", {"secret1"}), "glued:******.");
     EXPECT_EQ(WithoutSecrets("PWD=", {}), "PWD=***");
 }

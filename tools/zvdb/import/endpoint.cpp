@@ -62,11 +62,7 @@ bool IsServer(const std::string& name) {
 }
 
 std::string ShownName(const std::string& name) {
-    if (!IsServer(name)) return name;
-    store::ConnectionSettings settings;
-    settings.kind = 1;
-    settings.dataPath = name;
-    return store::odbc::DisplayName(settings);
+    return store::ConnectionText(name).ForMessage();
 }
 
 std::unique_ptr<TableSource> OpenSource(const std::string& name) {

@@ -1,0 +1,87 @@
+// What messages call a database, and what is kept out of texts.
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "secrets/connection_texts.h"
+#include "store/connection_opener.h"
+#include "store/secrets.h"
+
+namespace zv::secrets {
+namespace {
+
+store::ConnectionSettings SettingsOf(const ConnectionCase& given) {
+    store::ConnectionSettings settings;
+    settings.kind = given.kind;
+    settings.dataPath = given.path;
+    settings.password = given.password;
+    settings.login = given.login;
+    return settings;
+}
+bool HoldsCanary(const std::string& text) {
+    return text::Contains(text::ToLower(text), text::ToLower(kCanary));
+}
+
+TEST(ConnectionText, IsCalledByItsServerItsSourceOrItsFile) {
+    ASSERT_GE(kConnectionCases.size(), 40u);
+    for (const ConnectionCase& given : kConnectionCases) {
+        const std::string name = SettingsOf(given).ForMessage();
+        EXPECT_FALSE(HoldsCanary(name)) << given.path << " is called " << name;
+        EXPECT_FALSE(name.empty()) << given.path;
+        if (given.shown) {
+            EXPECT_EQ(name, given.shown) << given.path;
+        }
+    }
+}
+
+TEST(ConnectionText, ShowsPathsOfFilesWhole) {
+    for (const char* path :
+         {"C:\\Users\\me\\taskAlert.mdb", "C:\\数据 库\\a@b.db", "/home/user/a=b;c.db", "a.db",
+          "\\\\server\\share\\password\\a.mdb", "C:\\Driver=\\x.mdb", "srv\\instance",
+          "tcp:db,1433", "O'Brien.db", "12:30.db", ""}) {
+        EXPECT_EQ(store::ConnectionText(path).ForMessage(), path);
+    }
+}
+
+TEST(ConnectionText, OfAFileOfConnectionsIsCalledByThatFileUnlessAServerIsRecognised) {
+    using store::ConnectionText;
+    EXPECT_EQ(ConnectionText("Kanarie", "@server.txt").ForMessage(), "@server.txt");
+    EXPECT_EQ(ConnectionText("Pwd=Kanarie", "@server.txt").ForMessage(), "@server.txt");
+    EXPECT_EQ(ConnectionText("postgresql://me:x@db/t", "@server.txt").ForMessage(), "db/t");
+    EXPECT_EQ(ConnectionText("Driver=x;Server=db;Pwd=x", "@server.txt").ForMessage(), "db");
+    EXPECT_EQ(store::WithoutSecrets("no file Kanarie", ConnectionText("Kanarie", "@f").Secrets()),
+              "no file ***");
+}
+
+TEST(ConnectionSettings, TakeTheirSecretsOutOfAnyText) {
+    for (const ConnectionCase& given : kConnectionCases) {
+        const store::ConnectionSettings settings = SettingsOf(given);
+        std::vector<std::string> texts{given.path, given.password, given.login};
+        for (const std::string& secret : settings.Secrets()) texts.push_back("x" + secret + "x");
+        for (const std::string& text : texts) {
+            const std::string told = settings.WithoutSecrets("The driver says \"" + text + "\".");
+            EXPECT_FALSE(HoldsCanary(told)) << given.path << " tells " << told;
+        }
+    }
+}
+
+TEST(ConnectionSettings, LeaveTheRestOfATextAlone) {
+    store::ConnectionSettings settings;
+    settings.password = "0";
+    settings.login = "data";
+    settings.dataPath = "C:\\data\\a.mdb";
+    const std::string text = "Cannot open C:\\data\\a.mdb: where fUser = 'x' (code 0)";
+    EXPECT_EQ(settings.WithoutSecrets(text), text);
+}
+
+TEST(IsSecretName, TellsLoginsAndPasswordsFromColumns) {
+    for (const char* name : {"PWD", "Uid ", "User ID", "Jet OLEDB:Database Password", "sslpassword",
+                             "AccessToken", "db user", "x;uid"}) {
+        EXPECT_TRUE(store::IsSecretName(name)) << name;
+    }
+    for (const char* name : {"fUser", "Server", "Database", "a.fUser", "Port", ""}) {
+        EXPECT_FALSE(store::IsSecretName(name)) << name;
+    }
+}
+
+}  // namespace
+}  // namespace zv::secrets
