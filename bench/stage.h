@@ -57,8 +57,8 @@ class NoSettings : public resources::SettingsStore {
 class EngineOpener : public store::ConnectionOpener {
  public:
     std::unique_ptr<store::Connection> Open(const store::ConnectionSettings& settings) override {
-        if (!store::odbc::IsOdbcConnectionString(settings.dataPath)) {
-            return store::OpenSqlite(settings.dataPath);
+        if (!store::odbc::IsOdbcConnectionString(settings.dataPath.ForDriver())) {
+            return store::OpenSqlite(settings.dataPath.ForDriver());
         }
         return store::odbc::OpenOdbc(store::odbc::OptionsFor(settings));
     }
