@@ -82,8 +82,9 @@ void ZvTask::Connect() {
     try {
         session_.EnsureConnection();
     } catch (const RuntimeError& error) {
-        session_.windows.ShowMessage(resources::DescribeError(error, session_.state.Language),
-                                     forms::box::kExclamation);
+        session_.windows.ShowMessage(
+            forms::Inserted{resources::DescribeError(error, session_.state.Language)},
+            forms::box::kExclamation, {}, &error);
         throw;
     }
 }

@@ -68,6 +68,8 @@ class FormPeer {
     /// x and y are client coordinates of the form. Returns when the menu is closed; the entry
     /// chosen has been told by then.
     virtual void PopupMenu(MenuItem& menu, int x, int y) = 0;
+    /// A menu of the window's bar is open.
+    virtual bool InMenu() const { return false; }
 };
 
 class Backend {

@@ -36,29 +36,28 @@ void Form::Load() {
 
 void Form::Show(bool modal) {
     // Whoever unloads the window meanwhile, it is destroyed only after this has let it go.
-    windows_.FromHost([&] {
-        windows_.RefuseBeside(modal, this);
-        Load();
-        if (shown_) {
-            if (peer_) peer_->Show();
-            Activate();
-            return;
-        }
-        try {
-            Appear(modal);
-        } catch (...) {
-            Hide();
-            throw;
-        }
-        if (!modal) return;
-        try {
-            if (shown_) windows_.GetBackend().RunModal(*this);
-        } catch (...) {
-            EndModal();
-            throw;
-        }
+    const WindowSystem::Scope scope(windows_);
+    windows_.RefuseBeside(modal, this);
+    Load();
+    if (shown_) {
+        if (peer_) peer_->Show();
+        Activate();
+        return;
+    }
+    try {
+        Appear(modal);
+    } catch (...) {
+        Hide();
+        throw;
+    }
+    if (!modal) return;
+    try {
+        if (shown_) windows_.RunModalLoop(*this);
+    } catch (...) {
         EndModal();
-    });
+        throw;
+    }
+    EndModal();
 }
 
 void Form::Appear(bool modal) {
@@ -255,7 +254,7 @@ void Form::FocusMayBeLost() {
 
 void Form::PopupMenu(MenuItem& menu, int x, int y) {
     lastPopup_ = menu.Name();
-    if (peer_) peer_->PopupMenu(menu, x, y);
+    if (peer_) windows_.ShowMenu([&] { peer_->PopupMenu(menu, x, y); });
 }
 
 void Form::Activate() {

@@ -1,5 +1,7 @@
 #include "forms/timer.h"
 
+#include "forms/form.h"
+
 namespace zv::forms {
 
 void Timer::SetRunning(bool running) {
@@ -15,7 +17,7 @@ void Timer::SetIntervalMs(int interval) {
 
 void Timer::UserTick() {
     if (!running_ || !onTimer) return;
-    FromUser([this] { onTimer(); });
+    Owner().Windows().FromTimer([this] { onTimer(); });
 }
 
 }  // namespace zv::forms

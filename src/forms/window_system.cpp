@@ -1,14 +1,48 @@
 #include "forms/window_system.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/form.h"
 
 namespace zv::forms {
 
 WindowSystem::Scope::~Scope() {
+    windows_.actor_ = before_;
     if (--windows_.depth_ == 0) windows_.retired_.clear();
 }
+
+// Whatever happens while a box stands is nobody's act until a handler says whose.
+class WindowSystem::Standing {
+ public:
+    Standing(WindowSystem& windows, const BoxText& box)
+        : scope_(windows, Actor::Nobody), windows_(windows), box_(box) {
+        windows_.standing_.push_back(&box_);
+    }
+    // Boxes need not fall in the order in which they rose.
+    ~Standing() { std::erase(windows_.standing_, &box_); }
+    Standing(const Standing&) = delete;
+    Standing& operator=(const Standing&) = delete;
+
+ private:
+    Scope scope_;
+    WindowSystem& windows_;
+    BoxText box_;
+};
+
+namespace {
+
+// Inputs, files and menus have no text in common with message boxes.
+constexpr const char* kInput = "\x02";
+constexpr const char* kFile = "\x03";
+constexpr const char* kMenu = "\x04";
+
+bool IsQuestion(int style) {
+    constexpr int kButtons = 0xF;
+    return (style & kButtons) != box::kOkOnly;
+}
+
+}  // namespace
 
 WindowSystem::WindowSystem(Backend& backend) : backend_(backend) {}
 WindowSystem::~WindowSystem() = default;
@@ -74,6 +108,12 @@ std::vector<Form*> WindowSystem::Windows() const {
     return result;
 }
 
+bool WindowSystem::HasModal() const {
+    if (!modal_.empty() || !standing_.empty()) return true;
+    return std::any_of(forms_.begin(), forms_.end(),
+                       [](const auto& form) { return form->Peer() && form->Peer()->InMenu(); });
+}
+
 void WindowSystem::UnloadAll() {
     const Scope scope(*this);
     for (Form* form : Windows()) {
@@ -82,10 +122,11 @@ void WindowSystem::UnloadAll() {
     }
 }
 
-void WindowSystem::FromUser(const std::function<void()>& handler) {
-    const Scope scope(*this);
+void WindowSystem::Guard(const std::function<void()>& handler) {
     try {
         handler();
+    } catch (const BoxStands& error) {
+        Refuse(error);
     } catch (const RuntimeError& error) {
         Report(error);
     } catch (const std::exception& error) {
@@ -93,14 +134,49 @@ void WindowSystem::FromUser(const std::function<void()>& handler) {
     }
 }
 
+void WindowSystem::FromUser(const std::function<void()>& handler) {
+    const Scope scope(*this, actor_ == Actor::Nobody ? Actor::User : actor_);
+    Guard(handler);
+}
+
+void WindowSystem::FromTimer(const std::function<void()>& handler) {
+    const Scope scope(*this, Actor::Timer);
+    Guard(handler);
+}
+
 void WindowSystem::FromHost(const std::function<void()>& handler) {
-    const Scope scope(*this);
-    handler();
+    const Scope scope(*this, Actor::Host);
+    const auto outer = std::exchange(refused_, std::nullopt);
+    std::optional<RuntimeError> refused;
+    try {
+        handler();
+        refused = std::exchange(refused_, outer);
+    } catch (...) {
+        refused_ = outer;
+        throw;
+    }
+    if (refused) throw BoxStands(*refused);
 }
 
 void WindowSystem::Report(const RuntimeError& error) {
     const std::string text = describeError ? describeError(error) : error.Text();
-    ShowMessage(text, box::kCritical);
+    ShowMessage(text, box::kCritical, {}, &error);
+}
+
+bool WindowSystem::MayStand(const BoxText& box) const {
+    if (actor_ != Actor::Host && actor_ != Actor::Timer) return true;
+    return std::none_of(standing_.begin(), standing_.end(), [&](const BoxText* other) {
+        return other->Kind() == box.Kind() || other->Text() == box.Text();
+    });
+}
+
+void WindowSystem::Refuse(const RuntimeError& error) {
+    if (actor_ == Actor::Host && !refused_) refused_ = error;
+}
+
+void WindowSystem::WhileStanding(const BoxText& box, const std::function<void()>& loop) {
+    const Standing standing(*this, box);
+    loop();
 }
 
 Form* WindowSystem::DialogOwner() const {
@@ -111,17 +187,45 @@ Form* WindowSystem::DialogOwner() const {
     return nullptr;
 }
 
-Answer WindowSystem::ShowMessage(const std::string& text, int style, const std::string& boxTitle) {
-    return backend_.GetDialogs().ShowMessage(DialogOwner(), text, style,
-                                             boxTitle.empty() ? title : boxTitle);
+Answer WindowSystem::ShowMessage(const BoxText& text, int style, const std::string& boxTitle,
+                                 const RuntimeError* error) {
+    if (!MayStand(text)) {
+        const RuntimeError refusal = error ? *error : RuntimeError(ErrorNumber::ModalFormShown);
+        if (IsQuestion(style)) throw BoxStands(refusal);
+        Refuse(refusal);
+        return Answer::Ok;
+    }
+    Answer answer = Answer::Ok;
+    WhileStanding(text, [&] {
+        answer = backend_.GetDialogs().ShowMessage(DialogOwner(), text.Text(), style,
+                                                   boxTitle.empty() ? title : boxTitle);
+    });
+    return answer;
 }
 
 std::optional<std::string> WindowSystem::AskText(const std::string& prompt, bool secret) {
-    return backend_.GetDialogs().AskText(DialogOwner(), prompt, title, secret);
+    const BoxText text(kInput + prompt);
+    if (!MayStand(text)) throw BoxStands(RuntimeError(ErrorNumber::ModalFormShown));
+    std::optional<std::string> typed;
+    WhileStanding(
+        text, [&] { typed = backend_.GetDialogs().AskText(DialogOwner(), prompt, title, secret); });
+    return typed;
 }
 
 std::optional<std::string> WindowSystem::ChooseFile(const FileRequest& request) {
-    return backend_.GetDialogs().ChooseFile(DialogOwner(), request);
+    std::optional<std::string> chosen;
+    WhileStanding(kFile,
+                  [&] { chosen = backend_.GetDialogs().ChooseFile(DialogOwner(), request); });
+    return chosen;
+}
+
+void WindowSystem::ShowMenu(const std::function<void()>& loop) {
+    WhileStanding(kMenu, loop);
+}
+
+void WindowSystem::RunModalLoop(Form& form) {
+    const Scope scope(*this, Actor::Nobody);
+    backend_.RunModal(form);
 }
 
 }  // namespace zv::forms

@@ -11,10 +11,18 @@
 
 #include "base/errors.h"
 #include "forms/backend.h"
+#include "forms/box_text.h"
 
 namespace zv::forms {
 
 class Form;
+
+/// What a call of the host fails with where a box of the same kind stands already: the error that
+/// the box would have told, else error 401.
+class BoxStands : public RuntimeError {
+ public:
+    explicit BoxStands(const RuntimeError& error) : RuntimeError(error) {}
+};
 
 class WindowSystem {
  public:
@@ -74,15 +82,25 @@ class WindowSystem {
     /// In order of creation.
     std::vector<Form*> Windows() const;
     Form* ModalForm() const { return modal_.empty() ? nullptr : modal_.back(); }
+    /// A modal window, a box of any sort or a menu stands.
+    bool HasModal() const;
     void UnloadAll();
 
     /// Runs what the user caused: an error that leaves `handler` is shown in a message box. Windows
-    /// unloaded meanwhile are destroyed when the outermost scope ends.
+    /// unloaded meanwhile are destroyed when the outermost scope ends. Within a call of the host,
+    /// and outside of boxes and modal windows, it is still the host that acts.
     void FromUser(const std::function<void()>& handler);
-    /// Runs what the host caused: an error leaves as it is.
+    /// As FromUser for a timer of this system: what stands in a box already is not told again.
+    void FromTimer(const std::function<void()>& handler);
+    /// Runs what the host caused: an error leaves as it is. A box of a kind that stands already is
+    /// not shown once more; the call fails with BoxStands instead, at once where the box would have
+    /// asked something, else when `handler` has ended.
     void FromHost(const std::function<void()>& handler);
 
-    Answer ShowMessage(const std::string& text, int style, const std::string& title = {});
+    /// `error` is what the box tells, where it tells of an error: a call of the host fails with it
+    /// when a box of this kind stands.
+    Answer ShowMessage(const BoxText& text, int style, const std::string& title = {},
+                       const RuntimeError* error = nullptr);
     std::optional<std::string> AskText(const std::string& prompt, bool secret = false);
     std::optional<std::string> ChooseFile(const FileRequest& request);
 
@@ -94,18 +112,26 @@ class WindowSystem {
 
  private:
     friend class Form;
+    enum class Actor { Nobody, User, Timer, Host };
     // Counts how deep handlers are nested; a window that was unloaded by one of them may still have
-    // functions on the stack, so it is destroyed only when none is left.
+    // functions on the stack, so it is destroyed only when none is left. Remembers who acts in it.
     class Scope {
      public:
-        explicit Scope(WindowSystem& windows) : windows_(windows) { windows_.depth_++; }
+        Scope(WindowSystem& windows, Actor actor)
+            : windows_(windows), before_(std::exchange(windows.actor_, actor)) {
+            windows_.depth_++;
+        }
+        /// Whoever acts already.
+        explicit Scope(WindowSystem& windows) : Scope(windows, windows.actor_) {}
         ~Scope();
         Scope(const Scope&) = delete;
         Scope& operator=(const Scope&) = delete;
 
      private:
         WindowSystem& windows_;
+        Actor before_;
     };
+    class Standing;
     void Present(Form& form, bool made, bool modal, const std::function<void()>& prepare,
                  const std::function<bool()>& wanted = {});
     bool Holds(const Form& form) const;
@@ -113,13 +139,23 @@ class WindowSystem {
     void Retire(Form& form);
     void EnterModal(Form& form) { modal_.push_back(&form); }
     void LeaveModal(Form& form);
+    void RunModalLoop(Form& form);
+    void ShowMenu(const std::function<void()>& loop);
+    void Guard(const std::function<void()>& handler);
     void Report(const RuntimeError& error);
+    bool MayStand(const BoxText& box) const;
+    void Refuse(const RuntimeError& error);
+    /// Runs a loop of its own in which others may act.
+    void WhileStanding(const BoxText& box, const std::function<void()>& loop);
     Form* DialogOwner() const;
 
     Backend& backend_;
     std::vector<std::unique_ptr<Form>> forms_;
     std::vector<std::unique_ptr<Form>> retired_;
     std::vector<Form*> modal_;
+    std::vector<const BoxText*> standing_;  ///< boxes and menus
+    Actor actor_ = Actor::Nobody;
+    std::optional<RuntimeError> refused_;  ///< a box that the present call of the host may not show
     int depth_ = 0;
 };
 

@@ -92,9 +92,10 @@ bool Birthdays::FillForTypedDays() {
 
 void Birthdays::TellThatThereAreNone() {
     if (!window_.IsShown()) return;
-    window_.session.windows.ShowMessage(
-        "今天未有[客户生日报警] （提前" + window_.txtBirthDay0.Text() + "天）！",
-        forms::box::kInformation, window_.session.machine.clock.Today().IsoDate());
+    window_.session.windows.ShowMessage(forms::BoxText("今天未有[客户生日报警] （提前") +
+                                            forms::Inserted{window_.txtBirthDay0.Text()} + "天）！",
+                                        forms::box::kInformation,
+                                        window_.session.machine.clock.Today().IsoDate());
 }
 
 void Birthdays::chkBirthDay0_Click() {

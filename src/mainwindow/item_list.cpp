@@ -216,10 +216,11 @@ void ItemList::FillPlans(store::Recordset& rows) {
 }
 
 void ItemList::Tell(const std::string& reason) {
-    std::string message = window_.captions.Text(resources::DesignText::RowsNotShown);
+    const std::string heading = window_.captions.Text(resources::DesignText::RowsNotShown);
+    std::string message = heading;
     if (rowsLeftOut_ > 0) message += ": " + std::to_string(rowsLeftOut_);
     if (!reason.empty()) message += "\r\n" + reason;
-    window_.session.windows.ShowMessage(message, forms::box::kExclamation);
+    window_.session.windows.ShowMessage({message, heading}, forms::box::kExclamation);
 }
 
 }  // namespace zv::mainwindow

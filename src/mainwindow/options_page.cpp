@@ -72,8 +72,9 @@ void OptionsPage::Reopen() {
     try {
         session.OpenConnection(settings);
     } catch (const RuntimeError& error) {
-        session.windows.ShowMessage(resources::DescribeError(error, session.state.Language),
-                                    forms::box::kExclamation);
+        session.windows.ShowMessage(
+            forms::Inserted{resources::DescribeError(error, session.state.Language)},
+            forms::box::kExclamation);
         return;
     }
     session.state.UserPath = settings.dataPath.ForDriver();

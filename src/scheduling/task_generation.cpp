@@ -100,7 +100,8 @@ std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime dat
     const auto plan = OpenForChange(session, "select * from tTaskSet where taskID =" + id);
     if (plan->Eof()) {
         plan->Close();
-        session.windows.ShowMessage(session.LoadText(text_id::kTaskNumber) + " [" + id + "] " +
+        session.windows.ShowMessage(forms::BoxText(session.LoadText(text_id::kTaskNumber)) + " [" +
+                                        forms::Inserted{id} + "] " +
                                         session.LoadText(text_id::kExistsNoMore),
                                     forms::box::kExclamation);
         return 0;
@@ -116,8 +117,9 @@ std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime dat
                                    " and tDone=0" + OnlyItemsOfPlan(session, id));
     std::int16_t result = 1;
     if (rows->Eof()) {
-        const std::string question =
-            session.LoadText(text_id::kConfirmInstance) + " [" + id + " - " + title + "] ?";
+        const forms::BoxText question =
+            forms::BoxText(session.LoadText(text_id::kConfirmInstance)) + " [" +
+            forms::Inserted{id + " - " + title} + "] ?";
         if (session.windows.ShowMessage(question, forms::box::kOkCancel + forms::box::kQuestion) ==
             forms::Answer::Cancel) {
             result = 0;

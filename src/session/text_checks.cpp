@@ -57,9 +57,10 @@ std::string FitTextBytes(Session& session, std::string_view text, std::int16_t m
                          std::string_view fieldName) {
     std::string result = CutToBytes(session.machine.codePage, text, maximum);
     if (result.size() < text.size() && !fieldName.empty()) {
-        session.windows.ShowMessage(
-            "[" + std::string(fieldName) + "] over max length (" + std::to_string(maximum) + ") !",
-            forms::box::kInformation);
+        session.windows.ShowMessage(forms::BoxText("[") + forms::Inserted{std::string(fieldName)} +
+                                        "] over max length (" +
+                                        forms::Inserted{std::to_string(maximum)} + ") !",
+                                    forms::box::kInformation);
     }
     return result;
 }

@@ -74,6 +74,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void SetComposing(bool composing) { composing_ = composing; }
     bool Composing() const { return composing_; }
 
+    bool InMenu() const { return inMenu_; }
     /// Whether a key message of this window is to be handled by HandleKey.
     bool TakesKeys() const { return !gone_ && !inMenu_ && !beingMoved_; }
     /// Keeps a key message until the message loop hands over what it becomes.

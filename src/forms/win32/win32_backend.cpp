@@ -26,6 +26,7 @@ class NativeFormPeer : public FormPeer {
     void PaintNow() override { window_->PaintNow(); }
     void MenuChanged(MenuItem&) override { window_->MenuChanged(); }
     void PopupMenu(MenuItem& menu, int x, int y) override { window_->PopupMenu(menu, x, y); }
+    bool InMenu() const override { return window_->InMenu(); }
 
  private:
     std::shared_ptr<FormWindow> window_;

@@ -127,6 +127,53 @@ TEST_F(Refresh, ASettingThatIsNoNumberIsATypeMismatch) {
     EXPECT_EQ(stage.Window(), nullptr);
 }
 
+TEST_F(Refresh, ByATimerWhileItsRefusalStandsShowsNoSecondBox) {
+    stage.session.state.UserPath = stage.Path("missing.db");
+    int depth = 0;
+    int inner = 0;
+    stage.dialogs.onMessage = [&](const std::string&) {
+        if (++depth < 20) inner = stage.Refresh(0);
+    };
+    const int outer = stage.Refresh(0);
+    EXPECT_NE(outer, 0);
+    EXPECT_EQ(inner, outer);
+    EXPECT_NE(stage.errorText.find("missing.db"), std::string::npos);
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+    stage.dialogs.onMessage = nullptr;
+    EXPECT_EQ(stage.Refresh(0), outer);
+    EXPECT_EQ(stage.dialogs.messages.size(), 2u);
+}
+
+TEST_F(Refresh, ByATimerWhileTheFillsFailureStandsShowsNoSecondBox) {
+    EXPECT_EQ(stage.Refresh(1), 0);
+    AddDueItem();
+    stage.Sql("update tTaskList set fType=9");
+    int inner = 0;
+    int depth = 0;
+    stage.dialogs.onMessage = [&](const std::string&) {
+        if (++depth < 20) inner = stage.Refresh(0);
+    };
+    stage.user.Click(stage.Window()->cmdSeek);
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_EQ(inner, static_cast<int>(ErrorNumber::ModalFormShown));
+}
+
+TEST_F(Refresh, ByATimerWhileItsQuestionStandsAsksNothingMore) {
+    stage.Sql("insert into tTaskSet(TaskID,taskTitle,Type,TypeValue) values(5,'a',1,0)");
+    stage.session.state.myTaskID = 5;
+    stage.session.state.myDate = 37687;
+    stage.dialogs.answers = {forms::Answer::Ok};
+    int inner = 0;
+    int depth = 0;
+    stage.dialogs.onMessage = [&](const std::string&) {
+        if (++depth == 1) inner = stage.Refresh(6);
+    };
+    EXPECT_EQ(stage.Refresh(6), 0);
+    EXPECT_EQ(inner, static_cast<int>(ErrorNumber::ModalFormShown));
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_EQ(stage.Query("select count(*) from tTaskList"), "1");
+}
+
 TEST_F(Refresh, ModeTwoOpensThePlanEditorForANewPlan) {
     EXPECT_EQ(stage.Refresh(2), 0);
     auto* editor = stage.windows.Find<scheduling::frmTaskSet>(scheduling::frmTaskSet::kName);
