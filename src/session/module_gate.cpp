@@ -14,6 +14,12 @@ constexpr std::int16_t kNotRegistered = -1000;
 constexpr std::int16_t kLaunch = 1;
 constexpr std::string_view kHeadingSeparator = ": ";
 
+// Nothing uses the number, but a value that is none is a fault of the row that is not passed over.
+void RequireNumber(const store::Value& value) {
+    const std::string* text = value.TextIf();
+    if (!text || !text->empty()) static_cast<void>(value.ToDouble());
+}
+
 struct Module {
     std::int16_t serialNo = -1;  ///< -1: no such module
     std::string key;
@@ -35,19 +41,20 @@ Module LookUpModule(Session& session, const std::string& name) {
         result.serialNo = rows->Field(0).ToInt16();
         result.key = rows->Field(1).ToText();
         result.caption = rows->Field(2).ToText();
+        RequireNumber(rows->Field(3));
         result.password = rows->Field(4).ToText();
     }
     rows->Close();
     return result;
 }
 
-// The operations of a module are numbered as the action buttons are: 2 changes, 3 deletes.
+// The operations of a module are numbered as the action buttons are: 3 deletes. Every other one
+// writes: adding, changing, completing.
 std::string Heading(const Session& session, std::int16_t mode) {
-    constexpr std::int16_t kChange = 2;
     constexpr std::int16_t kDelete = 3;
-    if (mode == kChange) return session.LoadText(text_id::kChange).append(kHeadingSeparator);
-    if (mode == kDelete) return session.LoadText(text_id::kDelete).append(kHeadingSeparator);
-    return {};
+    if (mode <= 0) return {};
+    return session.LoadText(mode == kDelete ? text_id::kDelete : text_id::kChange)
+        .append(kHeadingSeparator);
 }
 
 bool HasRight(const std::string& rights, std::int16_t position) {
@@ -71,6 +78,12 @@ bool PasswordAccepted(Session& session, const std::string& password) {
 std::int16_t CheckModule(Session& session, const std::string& name, std::int16_t mode,
                          std::int16_t launch) {
     if (name.empty()) return 1;
+    // Whatever the host sets while the password is asked for, the module starts as it was asked
+    // for.
+    platform::ModuleStart start;
+    start.language = session.state.Language;
+    start.userName = session.state.UserName;
+    start.connection = session.Settings();
     const std::string heading = Heading(session, mode);
     const Module module = LookUpModule(session, name);
     if (module.serialNo == -1 || module.serialNo == 0) return kNotRegistered;
@@ -81,12 +94,8 @@ std::int16_t CheckModule(Session& session, const std::string& name, std::int16_t
     if (!PasswordAccepted(session, module.password)) return refused;
 
     if (launch == kLaunch) {
-        platform::ModuleStart start;
         start.moduleName = module.key;
         start.heading = heading + module.caption;
-        start.language = session.state.Language;
-        start.userName = session.state.UserName;
-        start.connection = session.Settings();
         session.machine.modules.Run(start);
     }
     return position;

@@ -134,6 +134,37 @@ TEST_F(ModuleGate, LaunchHandsTheModuleToTheRunner) {
     EXPECT_EQ(stage.modules.started[2].heading, "客户计划");
 }
 
+TEST_F(ModuleGate, EveryModeAboveZeroHasAHeading) {
+    for (std::int16_t mode = 1; mode <= 5; mode++) Check("mnuCardPlan", mode, 1);
+    std::vector<std::string> headings;
+    for (const auto& start : stage.modules.started) headings.push_back(start.heading);
+    EXPECT_EQ(headings,
+              (std::vector<std::string>{"修改: 客户计划", "修改: 客户计划", "删除: 客户计划",
+                                        "修改: 客户计划", "修改: 客户计划"}));
+}
+
+TEST_F(ModuleGate, AModeBelowOneHasNoHeading) {
+    Check("mnuCardPlan", -1, 1);
+    Check("mnuCardPlan", 0, 1);
+    ASSERT_EQ(stage.modules.started.size(), 2u);
+    EXPECT_EQ(stage.modules.started[0].heading, "客户计划");
+    EXPECT_EQ(stage.modules.started[1].heading, "客户计划");
+}
+
+TEST_F(ModuleGate, TheSecondPassIsANumber) {
+    stage.Sql("update tSysFunc set SecondPass='2.5' where model_Name='mnuCardPlan'");
+    EXPECT_EQ(Check("mnuCardPlan"), 10);
+    stage.Sql("update tSysFunc set SecondPass='' where model_Name='mnuCardPlan'");
+    EXPECT_EQ(Check("mnuCardPlan"), 10);
+    stage.Sql("update tSysFunc set SecondPass='two' where model_Name='mnuCardPlan'");
+    try {
+        Check("mnuCardPlan");
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::TypeMismatch);
+    }
+}
+
 TEST_F(ModuleGate, ADeniedModuleIsNotLaunched) {
     Deny(10);
     Check("mnuCardPlan", 0, 1);
