@@ -227,6 +227,7 @@ void TreeView::UserExpanded(int node, bool expanded) {
 
 void TreeView::UserRightClick(int node, int xTwips, int yTwips) {
     FromUser([&] {
+        if (node != kNone && mayRightClick && !mayRightClick(node)) return;
         if (node != kNone) Select(node);
         if (onMouseDown) onMouseDown({MouseButton::Right, xTwips, yTwips});
     });

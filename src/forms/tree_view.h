@@ -74,7 +74,9 @@ class TreeView : public Control {
     std::function<void(int node)> onNodeClick;
     void UserClick(int node);  ///< selects the node and raises NodeClick
     void UserExpanded(int node, bool expanded);
-    /// Selects the node and raises MouseDown with the right button.
+    /// Asked before a right press takes effect on a node; without it every node takes it.
+    std::function<bool(int node)> mayRightClick;
+    /// Selects the node and raises MouseDown with the right button, unless the node takes none.
     void UserRightClick(int node, int xTwips, int yTwips);
 
     std::size_t MemoryBytes() const;

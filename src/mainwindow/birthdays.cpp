@@ -101,8 +101,9 @@ void Birthdays::TellThatThereAreNone() {
 void Birthdays::chkBirthDay0_Click() {
     const bool on = window_.chkBirthDay0.Checked();
     if (on && !FillForTypedDays()) {
-        TellThatThereAreNone();
+        // While the box stands a host may switch the reminder on again.
         window_.chkBirthDay0.SetValue(0);
+        TellThatThereAreNone();
         return;
     }
     const std::string today = TodayInBrackets(window_.session.machine.clock.Today().IsoDate());

@@ -51,12 +51,16 @@ void CardPanel::LoadStartList() {
     std::string filter;
     const std::string& company = window_.session.state.myName;
     if (!company.empty()) filter = "CompName like '" + store::MakeLikePattern(company) + "'";
-    LoadCardList(filter + (filter.empty() ? text::Replace(BoxClause(), " And ", "") : BoxClause()));
+    LoadCardList(filter.empty() ? BoxFilter() : filter + BoxClause());
 }
 
 std::string CardPanel::BoxClause() const {
     const std::int16_t box = window_.session.state.AlertType;
     return box > 0 ? " And BoxID=" + std::to_string(box) : std::string();
+}
+
+std::string CardPanel::BoxFilter() const {
+    return text::Replace(BoxClause(), " And ", "");
 }
 
 void CardPanel::ShowCard(std::int32_t cardId) {
@@ -126,8 +130,8 @@ void CardPanel::cboComp2_Click() {
 }
 
 void CardPanel::cboComp2_LostFocus() {
-    const MainState& state = window_.state;
-    if (state.editMode != kAdding && state.editMode != kChanging) return;
+    // Not the edit mode, which a delete that was called off leaves behind.
+    if (window_.state.openedFor == kNoEdit) return;
     // Without a company there is nothing to propose.
     if (window_.cboComp2.ListIndex() < 0) return;
     const std::string company = text::Left(window_.cboComp2.Text(), kCompanyWidth);

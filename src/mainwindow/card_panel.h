@@ -41,6 +41,8 @@ class CardPanel {
     std::int32_t PickedCard() const;
     /// What narrows a filter to the control's card box: empty when it has none.
     std::string BoxClause() const;
+    /// The same as a filter by itself.
+    std::string BoxFilter() const;
 
  private:
     void FillDetail(const store::Recordset& row);

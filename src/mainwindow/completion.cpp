@@ -58,6 +58,8 @@ void Completion::SetItemState(std::int16_t mode) {
     const int newState = mode == 0 ? kDone : kInHand;
     if (!ShowsStoredItem() || window_.cboDone2.ListIndex() == newState) return;
     Session& session = window_.session;
+    const NamedItem item(window_);
+    const std::string doer = session.state.UserName;
     const std::string title = " [" + window_.txtTitle2.Text() + "] ?";
     const std::string question =
         newState == kDone ? session.LoadText(text_id::kConfirmDone) + title
@@ -66,10 +68,8 @@ void Completion::SetItemState(std::int16_t mode) {
         forms::Answer::Cancel) {
         return;
     }
-    const std::int32_t item = window_.state.currentItemId;
     session.EnsureConnection();
-    if (session.database.MarkItem(item, static_cast<std::int16_t>(newState),
-                                  session.state.UserName) != 1) {
+    if (session.database.MarkItem(item.Number(), static_cast<std::int16_t>(newState), doer) != 1) {
         return;
     }
     if (session.database.ChangedNothing()) {
@@ -78,17 +78,24 @@ void Completion::SetItemState(std::int16_t mode) {
                                     forms::box::kExclamation);
         return;
     }
-    window_.editor.NoteStored("tDone", newState);
-    window_.editor.NoteStored("tDoneMan", session.state.UserName);
-    window_.cboDone2.SetListIndex(newState);
-    // A later change stores what the box shows; who is typing a name keeps it.
-    if (!window_.state.Editing()) window_.cboJbr2.SetText(session.state.UserName);
-    SetNodeState(newState == kDone ? kDoneDigit : kInHandDigit);
+    ShowAsMarked(item, newState, doer);
 }
 
-void Completion::SetNodeState(char stateDigit) {
+void Completion::ShowAsMarked(const NamedItem& item, int newState, const std::string& doer) {
+    if (!window_.IsLoaded()) return;
+    SetNodeState(item, newState == kDone ? kDoneDigit : kInHandDigit);
+    // The editor may show something else by now.
+    if (!item.IsCurrent(window_)) return;
+    window_.editor.NoteStored("tDone", newState);
+    window_.editor.NoteStored("tDoneMan", doer);
+    window_.cboDone2.SetListIndex(newState);
+    // A later change stores what the box shows; who is typing a name keeps it.
+    if (!window_.state.Editing()) window_.cboJbr2.SetText(doer);
+}
+
+void Completion::SetNodeState(const NamedItem& item, char stateDigit) {
     forms::TreeView& tree = window_.tvwTask;
-    const int node = tree.Find(tree.tag);
+    const int node = item.Node(window_);
     if (node == forms::TreeView::kNone) return;
     std::string image = tree.Image(node);
     image.back() = stateDigit;
@@ -96,23 +103,26 @@ void Completion::SetNodeState(char stateDigit) {
 }
 
 void Completion::cmdTaskOK_Click() {
-    if (HasRightToItems(window_, kCompletionRight)) SetItemState(0);
+    const NamedItem item(window_);
+    if (HasRightToItems(window_, kCompletionRight) && item.MakeCurrent(window_)) SetItemState(0);
 }
 
 void Completion::cmdTaskOK_MouseDown(const forms::MouseEvent& event) {
     if (event.button != forms::MouseButton::Right) return;
+    const NamedItem item(window_);
     if (!HasRight(window_, "mnuZjComp", kCompletionRight)) return;
+    if (!item.MakeCurrent(window_) || !window_.IsLoaded()) return;
     const forms::Rect& bar = window_.fraTop.Bounds();
     const forms::Rect& button = window_.cmdTaskOK.Bounds();
     window_.PopupMenu(window_.menus.mnuDone, bar.left + button.left, bar.top + button.Bottom());
 }
 
 void Completion::mnuEventDone_Click() {
-    const MainState& state = window_.state;
+    const NamedItem plan(window_);
     // Without a selected plan the engine would take free items for those of a plan.
-    if (state.currentType != kPlan || state.currentItemId == 0) return;
-    scheduling::GenerateTaskList(window_.session, std::to_string(state.currentItemId));
-    SetNodeState(kDoneDigit);
+    if (!plan.IsPlan() || plan.Number() == 0) return;
+    scheduling::GenerateTaskList(window_.session, std::to_string(plan.Number()));
+    if (window_.IsLoaded()) SetNodeState(plan, kDoneDigit);
 }
 
 }  // namespace zv::mainwindow

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "forms/control.h"
+#include "mainwindow/named_item.h"
 
 namespace zv::mainwindow {
 
@@ -25,7 +27,8 @@ class Completion {
 
  private:
     bool ShowsStoredItem() const;
-    void SetNodeState(char stateDigit);
+    void ShowAsMarked(const NamedItem& item, int newState, const std::string& doer);
+    void SetNodeState(const NamedItem& item, char stateDigit);
 
     frmTaskMain& window_;
 };

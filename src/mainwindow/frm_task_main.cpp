@@ -140,6 +140,7 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
 void frmTaskMain::Wire() {
     tvwTask.onNodeClick = [this](int node) { tree.tvwTask_NodeClick(node); };
     tvwTask.onKeyDown = [this](forms::KeyEvent& event) { tree.tvwTask_KeyDown(event); };
+    tvwTask.mayRightClick = [this](int node) { return tree.MayRightClick(node); };
     tvwTask.onMouseDown = [this](const forms::MouseEvent& event) { tree.tvwTask_MouseDown(event); };
     chkEvent.onClick = [this] { tree.chkEvent_Click(); };
     cboOrder.onClick = [this] { tree.cboOrder_Click(); };

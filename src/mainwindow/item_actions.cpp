@@ -48,7 +48,10 @@ void ItemActions::Wire() {
 
 void ItemActions::cmdAction_Click(std::int16_t index) {
     MainState& state = window_.state;
-    if (!HasRightToItems(window_, index)) return;
+    const NamedItem item(window_);
+    const std::uint8_t kind = state.currentType;
+    if (!HasRightToItems(window_, index) || !window_.IsLoaded()) return;
+    if ((index == kChanging || index == kDeleting) && !item.MakeCurrent(window_)) return;
     // A plan, and a change without an item, open no edit; what is open goes on.
     struct Settle {
         MainState& state;
@@ -57,11 +60,10 @@ void ItemActions::cmdAction_Click(std::int16_t index) {
         }
     } const settle{state};
     state.editMode = static_cast<std::uint8_t>(index);
-    Dispatch(index);
+    Dispatch(index, kind);
 }
 
-void ItemActions::Dispatch(std::int16_t index) {
-    const std::uint8_t kind = window_.state.currentType;
+void ItemActions::Dispatch(std::int16_t index, std::uint8_t kind) {
     switch (index) {
         case kAdding:
             return kind < kPlan ? StartAddItem(kind) : window_.plans.mnuEventAdd_Click();
@@ -77,6 +79,8 @@ void ItemActions::Dispatch(std::int16_t index) {
 void ItemActions::StartAddItem(std::uint8_t kind) {
     const bool keepsCard = kind == kGuest && window_.state.startMode == kCardMode;
     const int card = keepsCard ? window_.cboComp2.ListIndex() : -1;
+    // Outside the card mode the list holds whatever was shown or searched for last.
+    if (kind == kGuest && !keepsCard) window_.cards.LoadCardList(window_.cards.BoxFilter());
     window_.editor.ClearItemEditor();
     window_.session.state.cardId = 0;
     window_.cboType2.SetListIndex(kind);
@@ -103,6 +107,7 @@ void ItemActions::StartChangeItem(std::uint8_t kind) {
     if (stale && state.currentItemId != 0 && state.currentType < kPlan) window_.editor.ShowItem();
     if (kind == kGuest && state.currentItemId == 0) return;
     OpenEditor(kind, kChanging);
+    window_.editor.TellAboutCard();
 }
 
 void ItemActions::OpenEditor(std::uint8_t kind, std::uint8_t mode) {
@@ -146,18 +151,17 @@ void ItemActions::cmdCancel_Click() {
 }
 
 void ItemActions::DeleteItem(std::uint8_t kind) {
-    MainState& state = window_.state;
-    const std::int32_t id = state.currentItemId;
+    const NamedItem item(window_);
     const bool plan = kind >= kPlan;
     // The number of a plan is not an item's, nor the other way round.
-    if (id == 0 || plan != (state.currentType == kPlan)) return;
+    if (item.Number() == 0 || plan != item.IsPlan()) return;
     const forms::Answer answer = window_.session.windows.ShowMessage(
         DeleteQuestion(plan), forms::box::kOkCancel + forms::box::kExclamation);
     if (answer == forms::Answer::Cancel) return;
 
     window_.session.EnsureConnection();
     store::Database& database = window_.session.database;
-    const std::string number = std::to_string(id);
+    const std::string number = std::to_string(item.Number());
     if (plan) {
         database.Execute("Delete from tTaskList where taskID =" + number +
                          scheduling::OnlyItemsOfPlan(window_.session, number));
@@ -165,9 +169,7 @@ void ItemActions::DeleteItem(std::uint8_t kind) {
     } else {
         database.Execute("Delete from tTaskList where fID =" + number);
     }
-    // What was typed belonged to an item that is gone.
-    if (state.editMode == kDeleting && state.openedFor != kNoEdit) LockEditor();
-    RemoveNode(id);
+    if (window_.IsLoaded()) ShowAsDeleted(item);
 }
 
 std::string ItemActions::DeleteQuestion(bool plan) const {
@@ -181,10 +183,15 @@ std::string ItemActions::DeleteQuestion(bool plan) const {
            "\r" + session.LoadText(text_id::kDeletesItemsToo);
 }
 
-void ItemActions::RemoveNode(std::int32_t id) {
+void ItemActions::ShowAsDeleted(const NamedItem& item) {
     forms::TreeView& tree = window_.tvwTask;
-    const int node = tree.Find("Z" + std::to_string(id));
-    if (node != forms::TreeView::kNone) tree.Remove(node);
+    const bool current = item.IsCurrent(window_);
+    if (const int node = item.Node(window_); node != forms::TreeView::kNone) tree.Remove(node);
+    // What the tree was filled with while the question stood is not the item's.
+    if (!current) return;
+    const MainState& state = window_.state;
+    // What was typed belonged to an item that is gone.
+    if (state.editMode == kDeleting && state.openedFor != kNoEdit) LockEditor();
     if (tree.Selected() != forms::TreeView::kNone) {
         window_.tree.tvwTask_NodeClick(tree.Selected());
     } else {

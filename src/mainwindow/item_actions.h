@@ -5,6 +5,7 @@
 #include <string>
 
 #include "forms/control.h"
+#include "mainwindow/named_item.h"
 
 namespace zv::mainwindow {
 
@@ -28,13 +29,13 @@ class ItemActions {
     std::string SaveCaption(std::uint8_t kind, std::uint8_t mode) const;
 
  private:
-    void Dispatch(std::int16_t index);
+    void Dispatch(std::int16_t index, std::uint8_t kind);
     void OpenEditor(std::uint8_t kind, std::uint8_t mode);
     void LockEditor();
     /// Where the input of a new item begins.
     forms::Control& FirstEntry(std::uint8_t kind, bool hasCard) const;
     std::string DeleteQuestion(bool plan) const;
-    void RemoveNode(std::int32_t id);
+    void ShowAsDeleted(const NamedItem& item);
 
     frmTaskMain& window_;
 };

@@ -51,6 +51,7 @@ void ItemEditor::ShowEventPlan() {
 
 void ItemEditor::ShowOrClear(const std::function<bool()>& load) {
     asRead_.reset();
+    cardNotice_.clear();
     bool shown = false;
     const auto clear = [this] {
         window_.state.currentItemId = 0;
@@ -115,13 +116,19 @@ void ItemEditor::ShowWay(const std::string& way) {
 
 void ItemEditor::ShowGuestCard(std::int32_t card) {
     if (card < 1) {
-        window_.session.windows.ShowMessage("该客户资料不存在！", forms::box::kExclamation);
+        cardNotice_ = "该客户资料不存在！";
         // With the selection goes what is shown of the card before: it would be dialed for this
         // visit.
         window_.cards.ClearCardDetail();
     } else if (!window_.cards.LoadCardList("fid=" + std::to_string(card))) {
-        window_.session.windows.ShowMessage("该客户资料已不存在！", forms::box::kExclamation);
+        cardNotice_ = "该客户资料已不存在！";
     }
+}
+
+void ItemEditor::TellAboutCard() {
+    const std::string notice = std::exchange(cardNotice_, {});
+    if (notice.empty()) return;
+    window_.session.windows.ShowMessage(notice, forms::box::kExclamation);
 }
 
 void ItemEditor::ShowCardAgain() {
@@ -130,6 +137,7 @@ void ItemEditor::ShowCardAgain() {
     if (card == window_.session.state.cardId && card > 0) return;
     ShowGuestCard(card);
     window_.txtName2.SetText((*asRead_)[ItemFieldIndex("fGuest")].ToText());
+    TellAboutCard();
 }
 
 void ItemEditor::NoteStored(std::string_view field, store::Value value) {

@@ -21,6 +21,9 @@ class ItemEditor {
     /// Shows the item whose fID is the current item id; without such an item, and when it cannot be
     /// read, empties the editor and sets the id to 0. Database errors reach the caller.
     void ShowItem();
+    /// Tells what ShowItem found wrong with the card of a visit, once. Apart from it, because the
+    /// tree and the editor may be filled anew while the box stands.
+    void TellAboutCard();
     /// Shows the plan whose TaskID is the current item id; without it the same.
     void ShowEventPlan();
     void ClearItemEditor();
@@ -54,6 +57,7 @@ class ItemEditor {
     frmTaskMain& window_;
     std::optional<ItemRecord> asRead_;
     std::string title_;
+    std::string cardNotice_;
     bool loading_ = false;
 };
 

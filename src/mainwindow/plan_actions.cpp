@@ -17,7 +17,7 @@ void PlanActions::mnuEventAdd_Click() {
 
 void PlanActions::mnuEventChg_Click() {
     // While items are shown the current number is not a plan's.
-    if (window_.state.currentType != kPlan || window_.state.currentItemId == 0) return;
+    if (window_.state.currentType != kPlan) return;
     Edit(number::ToInt16(static_cast<double>(window_.state.currentItemId)));
 }
 

@@ -34,11 +34,12 @@ std::uint8_t KindFromKeyLetter(char letter, std::uint8_t present) {
 void TaskTree::chkEvent_Click() {
     if (window_.chkEvent.Checked()) {
         window_.list.LoadTaskPlanList();
-        window_.state.currentType = kPlan;
     } else {
         window_.list.LoadItemList(window_.filter.BuildItemFilter());
-        window_.state.currentType = kTask;
     }
+    if (!window_.IsLoaded()) return;
+    // A box of the fill may have stood while the host changed what the tree shows.
+    window_.state.currentType = window_.chkEvent.Checked() ? kPlan : kTask;
     ShowFilterFor(window_.chkEvent.Checked());
     ShowItemControls(!window_.chkEvent.Checked());
     window_.cmdTaskOK.SetEnabled(false);
@@ -86,6 +87,7 @@ void TaskTree::cmdSeek_Click() {
 void TaskTree::tvwTask_NodeClick(int node) {
     const forms::TreeView& tree = window_.tvwTask;
     const std::string key(tree.Key(node));
+    const char stateDigit = LastCharacter(tree.Image(node));
     MainState& state = window_.state;
     if (key.starts_with(kItemLetter)) {
         state.currentItemId = number::ToInt32(number::Val(std::string_view(key).substr(1)));
@@ -102,7 +104,16 @@ void TaskTree::tvwTask_NodeClick(int node) {
         state.currentItemId = 0;
         window_.editor.ClearItemEditor();
     }
-    EnableCommands(LastCharacter(tree.Image(node)));
+    EnableCommands(stateDigit);
+    // At the end, because the tree may be filled anew while the box stands.
+    window_.editor.TellAboutCard();
+}
+
+bool TaskTree::MayRightClick(int node) const {
+    const MainState& state = window_.state;
+    if (!state.Editing()) return true;
+    return state.openedFor == kChanging &&
+           window_.tvwTask.Key(node) == kItemLetter + std::to_string(state.currentItemId);
 }
 
 void TaskTree::ShowNodeItem() {
@@ -157,12 +168,16 @@ void TaskTree::PopupContextMenu(int x, int y) {
     if (node == forms::TreeView::kNone || !tree.Key(node).starts_with(kItemLetter)) return;
     const int parent = tree.Parent(node);
     if (parent == forms::TreeView::kNone) return;
+    if (!MayRightClick(node)) return;
+    const char letter = tree.Key(parent).front();
     // The press selects the node but does not click it: without this the menu would act on the
     // item clicked before.
     const auto id = number::ToInt32(number::Val(tree.Key(node).substr(1)));
     if (id != window_.state.currentItemId) tvwTask_NodeClick(node);
+    // While a box about the item stood the host may have closed the window.
+    if (!window_.IsLoaded()) return;
 
-    switch (tree.Key(parent).front()) {
+    switch (letter) {
         case 'A':
             return window_.PopupMenu(window_.menus.mnuTask, x, y);
         case 'B':

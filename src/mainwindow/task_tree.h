@@ -24,6 +24,8 @@ class TaskTree {
     void tvwTask_NodeClick(int node);
     void tvwTask_KeyDown(forms::KeyEvent& event);
     void tvwTask_MouseDown(const forms::MouseEvent& event);
+    /// During an edit only the node of the item being changed takes a right click.
+    bool MayRightClick(int node) const;
 
     /// Fills the tree anew in its present mode and clicks the node that was selected, where it
     /// still exists.

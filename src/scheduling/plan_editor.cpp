@@ -254,10 +254,8 @@ void frmTaskSet::cmdDoneMan_Click() {
 }
 
 void frmTaskSet::cmdOnlySeeMan_Click() {
-    // Looking picks nobody.
-    const std::string name = session_.state.myName;
+    // No field of the plan takes the name; the host finds an accepted one in myName.
     PickStaff(session_, kBrowseStaff, {});
-    session_.state.myName = name;
 }
 
 void frmTaskSet::Refuse(const Refusal& refusal) {

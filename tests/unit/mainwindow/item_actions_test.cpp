@@ -235,6 +235,22 @@ TEST_F(Actions, DeletingAnItemAsksAndRemovesItsNode) {
     EXPECT_EQ(window.state.editMode, kNoEdit);
 }
 
+TEST_F(Actions, TheGuestEntryDeletesTheVisitAndLeavesItsCard) {
+    frmTaskMain& window = Open();
+    ClickNode("Z4");
+    stage.statements.Take();
+    stage.user.Choose(window.menus.mnuGuestDel);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"49|[丁]: 是否删除 ?"});
+    EXPECT_EQ(stage.statements.Take()[0], "Delete from tTaskList where fID =4");
+    EXPECT_EQ(Count("tTaskList where fID=4"), "0");
+    EXPECT_EQ(Count("cards"), "1");
+    EXPECT_EQ(window.tvwTask.Find("Z4"), forms::TreeView::kNone);
+    // Nothing is left of the visit, so there is nothing to ask about either.
+    ClickNode("B2");
+    stage.user.Choose(window.menus.mnuGuestDel);
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+}
+
 TEST_F(Actions, ADeleteCalledOffRunsNothing) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
@@ -330,6 +346,29 @@ TEST_F(Actions, TheDeleteButtonLeavesItsModeUntilTheNextAction) {
     EXPECT_FALSE(window.state.Editing());
     Press(0);
     EXPECT_EQ(window.state.editMode, kNoEdit);
+}
+
+TEST_F(Actions, AnAddGoesOnProposingTitlesAfterADeleteCalledOff) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    stage.dialogs.answers = {forms::Answer::Cancel};
+    Press(3);
+    EXPECT_EQ(window.state.editMode, kDeleting);
+    stage.user.Pick(window.cboComp2, 0);
+    window.cards.cboComp2_LostFocus();
+    EXPECT_EQ(window.txtTitle2.Text(), "某公司--拜访记录");
+}
+
+TEST_F(Actions, CustomersThatCannotBeReadBeginNoVisit) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.statements.failing = "from cards";
+    stage.user.Choose(window.menus.mnuGuestAdd);
+    EXPECT_EQ(window.state.editMode, kNoEdit);
+    EXPECT_TRUE(window.txtTitle2.Locked());
+    EXPECT_EQ(window.txtTitle2.Text(), "甲");
+    EXPECT_EQ(window.state.currentItemId, 1);
 }
 
 TEST_F(Actions, ADeleteCalledOffDuringAnAddDoesNotTurnItIntoAChange) {

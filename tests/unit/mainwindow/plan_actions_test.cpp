@@ -83,10 +83,16 @@ TEST_F(Plans, ANodeThatIsGoneLeavesTheFirstSelected) {
     EXPECT_EQ(window.state.currentItemId, 0);
 }
 
-TEST_F(Plans, NoPlanSelectedOpensNothing) {
+TEST_F(Plans, AChangeOnTheRootOpensANewPlan) {
     frmTaskMain& window = OpenPlans();
     ClickNode("E0");
     stage.user.Choose(window.menus.mnuEventChg);
+    stage.user.Click(window.cmdAction[2]);
+    EXPECT_EQ(edited, (Lines{"40001|", "40001|"}));
+}
+
+TEST_F(Plans, AnItemIsNoPlanToChange) {
+    frmTaskMain& window = OpenPlans();
     stage.user.Click(window.chkEvent);
     ClickNode("Z1");
     stage.user.Choose(window.menus.mnuEventChg);

@@ -206,6 +206,38 @@ TEST_F(Tree, ARightClickOpensTheMenuOfTheKind) {
     EXPECT_EQ(popup("E0"), "");
 }
 
+TEST_F(Tree, ARightClickElsewhereDuringAChangeDoesNothing) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.Type(window.txtTitle2, "改");
+    for (const char* key : {"Z4", "A1", "B2"}) {
+        stage.user.RightClickNode(window.tvwTask, key);
+        EXPECT_EQ(window.LastPopup(), "") << key;
+        EXPECT_EQ(window.tvwTask.Key(window.tvwTask.Selected()), "Z1") << key;
+    }
+    EXPECT_EQ(window.txtTitle2.Text(), "改");
+    stage.user.RightClickNode(window.tvwTask, "Z1");
+    EXPECT_EQ(window.LastPopup(), "mnuTask");
+    EXPECT_EQ(window.txtTitle2.Text(), "改");
+    // Beside the nodes the menu key means the selected one.
+    window.ForgetPopup();
+    window.tree.PopupContextMenu(0, 0);
+    EXPECT_EQ(window.LastPopup(), "mnuTask");
+}
+
+TEST_F(Tree, ARightClickDuringAnAddDoesNothing) {
+    frmTaskMain& window = Open();
+    ClickNode("Z1");
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    for (const char* key : {"Z1", "Z4"}) {
+        stage.user.RightClickNode(window.tvwTask, key);
+        EXPECT_EQ(window.LastPopup(), "") << key;
+    }
+    window.tree.PopupContextMenu(0, 0);
+    EXPECT_EQ(window.LastPopup(), "");
+}
+
 TEST_F(Tree, ARightClickMakesItsItemTheCurrentOne) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
