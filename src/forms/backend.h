@@ -65,9 +65,9 @@ class FormPeer {
     /// Paints at once what waits to be painted, also while no message loop runs.
     virtual void PaintNow() {}
     virtual void MenuChanged(MenuItem& item) = 0;
-    /// x and y are client coordinates of the form. Returns when the menu is closed; the entry
-    /// chosen has been told by then.
-    virtual void PopupMenu(MenuItem& menu, int x, int y) = 0;
+    /// x and y are client coordinates of the form. Returns when the menu is closed: the entry
+    /// chosen, or null.
+    virtual MenuItem* PopupMenu(MenuItem& menu, int x, int y) = 0;
     /// A menu of the window's bar is open.
     virtual bool InMenu() const { return false; }
 };

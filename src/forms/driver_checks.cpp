@@ -139,6 +139,13 @@ void RequireChoosable(const MenuItem& item) {
     if (!item.CanChoose()) throw DriverError(item.Name() + " cannot be chosen");
 }
 
+bool ChoseInStandingMenu(MenuItem& item) {
+    WindowSystem& windows = item.Owner().Windows();
+    if (!windows.StandingMenu() || !item.IsBelow(*windows.StandingMenu())) return false;
+    windows.ChooseInStandingMenu(item);
+    return true;
+}
+
 Grid& RequireRow(Control& control, int row) {
     auto& grid = As<Grid>(control);
     if (row < 1 || row > grid.DataRowCount()) {

@@ -26,6 +26,8 @@ T& As(Control& control) {
 void RequireReachable(const Form& form);
 void RequireUsable(const Control& control);
 void RequireChoosable(const MenuItem& item);
+/// True when the entry belongs to the popup menu that is open: it is told when the menu closes.
+bool ChoseInStandingMenu(MenuItem& item);
 /// The grid, when it has that row; throws DriverError otherwise.
 Grid& RequireRow(Control& grid, int row);
 /// The grid, when it shows that column; throws DriverError otherwise.

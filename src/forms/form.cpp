@@ -253,8 +253,13 @@ void Form::FocusMayBeLost() {
 }
 
 void Form::PopupMenu(MenuItem& menu, int x, int y) {
+    // As on a screen, where a second menu is refused while one is open.
+    if (windows_.StandingMenu()) return;
     lastPopup_ = menu.Name();
-    if (peer_) windows_.ShowMenu([&] { peer_->PopupMenu(menu, x, y); });
+    MenuItem* chosen =
+        peer_ ? windows_.ShowMenu(menu, [&] { return peer_->PopupMenu(menu, x, y); }) : nullptr;
+    // While it was open the window may have gone, or the entry may have become grey.
+    if (chosen && chosen->CanChoose()) chosen->UserChosen();
 }
 
 void Form::Activate() {

@@ -88,7 +88,8 @@ class Form {
     CommandButton* cancelButton = nullptr;   ///< pressed by Escape
     CommandButton* defaultButton = nullptr;  ///< pressed by Enter where nothing else takes it
 
-    /// Opens a menu at a client position and returns when it is closed.
+    /// Opens a menu at a client position and returns when it is closed and the entry chosen has
+    /// been told. Opens none while another one is open.
     void PopupMenu(MenuItem& menu, int x, int y);
     /// The last menu opened by PopupMenu; emptied by ForgetPopup.
     const std::string& LastPopup() const { return lastPopup_; }

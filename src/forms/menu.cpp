@@ -41,6 +41,12 @@ bool MenuItem::CanChoose() const {
     return children_.empty() && form_.IsShown();
 }
 
+bool MenuItem::IsBelow(const MenuItem& root) const {
+    const MenuItem* item = parent_;
+    while (item && item != &root) item = item->parent_;
+    return item != nullptr;
+}
+
 void MenuItem::UserChosen() {
     if (!onClick) return;
     form_.Windows().FromUser([this] { onClick(); });

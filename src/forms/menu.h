@@ -34,6 +34,8 @@ class MenuItem {
     void SetChecked(bool checked);
     /// The entry and every parent but the root are visible, all are enabled.
     bool CanChoose() const;
+    /// Stands below `root`, at any depth.
+    bool IsBelow(const MenuItem& root) const;
 
     /// As Control::Remember.
     std::function<void()> Remember();

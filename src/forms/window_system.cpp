@@ -219,8 +219,16 @@ std::optional<std::string> WindowSystem::ChooseFile(const FileRequest& request) 
     return chosen;
 }
 
-void WindowSystem::ShowMenu(const std::function<void()>& loop) {
-    WhileStanding(kMenu, loop);
+MenuItem* WindowSystem::ShowMenu(MenuItem& menu, const std::function<MenuItem*()>& loop) {
+    struct Closed {
+        WindowSystem& windows;
+        ~Closed() { windows.standingMenu_ = nullptr; }
+    } const closed{*this};
+    standingMenu_ = &menu;
+    chosenItem_ = nullptr;
+    MenuItem* chosen = nullptr;
+    WhileStanding(kMenu, [&] { chosen = loop(); });
+    return chosen ? chosen : chosenItem_;
 }
 
 void WindowSystem::RunModalLoop(Form& form) {

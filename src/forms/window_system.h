@@ -16,6 +16,7 @@
 namespace zv::forms {
 
 class Form;
+class MenuItem;
 
 /// What a call of the host fails with where a box of the same kind stands already: the error that
 /// the box would have told, else error 401.
@@ -70,8 +71,8 @@ class WindowSystem {
         Present(
             window, true, modal, [&] { prepare(window); }, [&] { return wanted(window); });
     }
-    /// Throws error 401 when a modal window other than `window` is open and one that is not modal is
-    /// asked for; error 400 when `window` is shown and shall be modal.
+    /// Throws error 401 when a modal window other than `window` is open and one that is not modal
+    /// is asked for; error 400 when `window` is shown and shall be modal.
     void RefuseBeside(bool modal, const Form* window) const;
     /// The window of that name, or null.
     Form* Find(std::string_view name) const;
@@ -85,6 +86,11 @@ class WindowSystem {
     /// A modal window, a box of any sort or a menu stands.
     bool HasModal() const;
     void UnloadAll();
+
+    /// The root of the popup menu that is open, or null.
+    MenuItem* StandingMenu() const { return standingMenu_; }
+    /// The entry is what the open menu answers when it closes.
+    void ChooseInStandingMenu(MenuItem& item) { chosenItem_ = &item; }
 
     /// Runs what the user caused: an error that leaves `handler` is shown in a message box. Windows
     /// unloaded meanwhile are destroyed when the outermost scope ends. Within a call of the host,
@@ -140,7 +146,8 @@ class WindowSystem {
     void EnterModal(Form& form) { modal_.push_back(&form); }
     void LeaveModal(Form& form);
     void RunModalLoop(Form& form);
-    void ShowMenu(const std::function<void()>& loop);
+    /// Runs the loop of a popup menu and answers the entry chosen, or null.
+    MenuItem* ShowMenu(MenuItem& menu, const std::function<MenuItem*()>& loop);
     void Guard(const std::function<void()>& handler);
     void Report(const RuntimeError& error);
     bool MayStand(const BoxText& box) const;
@@ -156,6 +163,8 @@ class WindowSystem {
     std::vector<const BoxText*> standing_;  ///< boxes and menus
     Actor actor_ = Actor::Nobody;
     std::optional<RuntimeError> refused_;  ///< a box that the present call of the host may not show
+    MenuItem* standingMenu_ = nullptr;
+    MenuItem* chosenItem_ = nullptr;
     int depth_ = 0;
 };
 

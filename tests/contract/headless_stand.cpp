@@ -12,6 +12,7 @@ class HeadlessStand : public Stand {
     void SetModalLoop(std::function<void(forms::Form&)> loop) override {
         backend_.modalLoop = std::move(loop);
     }
+    void SetMenuLoop(std::function<void()> loop) override { backend_.onMenuIdle = std::move(loop); }
 
  private:
     forms::headless::HeadlessBackend backend_{dialogs};

@@ -67,6 +67,68 @@ TEST_F(Menus, AMenuWithEntriesIsNoEntry) {
     EXPECT_THROW(driver().Choose(form.mnuTask), DriverError);
 }
 
+class StandingMenu : public Menus {
+ protected:
+    StandingMenu() {
+        form.cmdMenu.onClick = [this] {
+            form.PopupMenu(form.mnuTask, 10, 10);
+            events_.push_back("closed");
+        };
+    }
+    void Open(std::function<void()> whileOpen) {
+        stand_->SetMenuLoop(std::move(whileOpen));
+        form.Show(false);
+        driver().Click(form.cmdMenu);
+    }
+};
+
+TEST_F(StandingMenu, AnEntryIsToldWhenTheMenuHasClosed) {
+    form.mnuTaskAdd.onClick = [this] {
+        EXPECT_EQ(windows_.StandingMenu(), nullptr);
+        events_.push_back("add");
+    };
+    Open([this] {
+        EXPECT_EQ(windows_.StandingMenu(), &form.mnuTask);
+        driver().Choose(form.mnuTaskAdd);
+        EXPECT_TRUE(events_.empty());
+    });
+    EXPECT_EQ(events_, (std::vector<std::string>{"add", "closed"}));
+}
+
+TEST_F(StandingMenu, WithoutAChoiceItClosesAndTellsNothing) {
+    Open([] {});
+    EXPECT_EQ(events_, std::vector<std::string>{"closed"});
+    EXPECT_EQ(windows_.StandingMenu(), nullptr);
+}
+
+TEST_F(StandingMenu, AnEntryThatWentGreyMeanwhileIsNotTold) {
+    Open([this] {
+        driver().Choose(form.mnuTaskAdd);
+        form.mnuTaskAdd.SetEnabled(false);
+    });
+    EXPECT_EQ(events_, std::vector<std::string>{"closed"});
+}
+
+TEST_F(StandingMenu, ASecondMenuDoesNotOpen) {
+    Open([this] {
+        form.PopupMenu(form.mnuImg, 0, 0);
+        EXPECT_EQ(form.LastPopup(), "mnuTask");
+        EXPECT_EQ(windows_.StandingMenu(), &form.mnuTask);
+    });
+    EXPECT_EQ(events_, std::vector<std::string>{"closed"});
+}
+
+TEST_F(StandingMenu, TheWindowMayGoWhileItsMenuIsOpen) {
+    form.cmdMenu.onClick = [this] { form.PopupMenu(form.mnuTask, 10, 10); };
+    Open([this] {
+        driver().Choose(form.mnuTaskAdd);
+        form.Unload();
+    });
+    EXPECT_TRUE(events_.empty());
+    EXPECT_TRUE(windows_.Windows().empty());
+    EXPECT_EQ(windows_.StandingMenu(), nullptr);
+}
+
 TEST_F(Menus, CaptionsMayChangeWhileShown) {
     form.Show(false);
     form.mnuTaskAdd.SetCaption("新增事件");

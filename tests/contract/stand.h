@@ -41,6 +41,8 @@ class Stand {
     virtual forms::Driver& GetDriver() = 0;
     /// What runs while a modal window is open; it must close that window.
     virtual void SetModalLoop(std::function<void(forms::Form&)> loop) = 0;
+    /// What runs while a popup menu is open; the menu closes when it returns.
+    virtual void SetMenuLoop(std::function<void()> loop) = 0;
     /// Native windows and graphics objects that are still held; 0 after the last window is gone.
     virtual int LiveHandles() const { return 0; }
 

@@ -15,6 +15,12 @@ class Win32Stand : public Stand {
     void SetModalLoop(std::function<void(forms::Form&)> loop) override {
         backend_.modalLoop = std::move(loop);
     }
+    void SetMenuLoop(std::function<void()> loop) override {
+        backend_.onMenuIdle = [loop = std::move(loop)] {
+            loop();
+            EndMenu();
+        };
+    }
     int LiveHandles() const override {
         return forms::win32::LiveHandles() - before_ + forms::win32::Win32Backend::OpenWindows();
     }

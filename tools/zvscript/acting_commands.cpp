@@ -21,6 +21,7 @@ using Act = std::function<void(Stage& stage, forms::Control& control)>;
 Action AtControl(const std::string& word, Act act) {
     return [target = ParseTarget(word), act = std::move(act)](Stage& stage) {
         forms::Control& control = FindControl(stage.windows, target);
+        stage.RequireReachable(control.Owner());
         try {
             act(stage, control);
         } catch (const forms::DriverError& error) {
@@ -55,6 +56,7 @@ Action Click(Words words) {
 Action Menu(Words words) {
     return [target = ParseTarget(words[0])](Stage& stage) {
         forms::MenuItem& item = FindMenu(stage.windows, target);
+        stage.RequireReachable(item.Owner());
         try {
             stage.driver.Choose(item);
         } catch (const forms::DriverError& error) {
@@ -158,11 +160,13 @@ Action Spin(Words words) {
 }
 
 Action Tick(Words words) {
-    return AtControl(words[0], [](Stage& stage, forms::Control& control) {
+    // A timer asks nobody whether something stands in front of its window.
+    return [target = ParseTarget(words[0])](Stage& stage) {
+        forms::Control& control = FindControl(stage.windows, target);
         const auto* timer = dynamic_cast<forms::Timer*>(&control);
-        if (!timer) throw forms::DriverError(control.Name() + " is not a timer");
+        if (!timer) throw Failure(target.window + ": " + control.Name() + " is not a timer");
         if (timer->Running()) stage.driver.Tick(control);
-    });
+    };
 }
 
 Action Mouse(Words words) {
@@ -184,11 +188,11 @@ Action Close(Words words) {
 }
 
 constexpr std::array kActing = std::to_array<CommandSpec>({
-    {"answer", 1, 1, "ok|cancel|yes|no", Answer},
-    {"input", 1, 1, "\"TEXT\"|cancel", Input},
+    {"answer", 1, 1, "ok|cancel|yes|no", Answer, OpenMenu::Stays},
+    {"input", 1, 1, "\"TEXT\"|cancel", Input, OpenMenu::Stays},
     {"refresh", 2, 2, "MODE MODAL", Refresh},
     {"click", 1, 1, "W.C", Click},
-    {"menu", 1, 1, "W.C", Menu},
+    {"menu", 1, 1, "W.C", Menu, OpenMenu::Chooses},
     {"node", 2, 2, "W.C KEY", Node},
     {"rightclick", 1, 2, "W.C [KEY]", RightClick},
     {"type", 2, 2, "W.C \"TEXT\"", Type},

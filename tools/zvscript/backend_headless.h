@@ -10,8 +10,9 @@ namespace zv::script {
 
 class HeadlessStand : public BackendStand {
  public:
-    HeadlessStand(forms::Dialogs& dialogs, ModalLoop loop) : backend_(dialogs) {
-        backend_.modalLoop = std::move(loop);
+    HeadlessStand(forms::Dialogs& dialogs, Loops loops) : backend_(dialogs) {
+        backend_.modalLoop = std::move(loops.modal);
+        backend_.onMenuIdle = std::move(loops.menu);
     }
     forms::Backend& GetBackend() override { return backend_; }
     forms::Driver& GetDriver() override { return driver_; }

@@ -11,8 +11,11 @@ namespace zv::script {
 
 enum class BackendKind { Headless, Win32 };
 
-/// Runs while a modal window is open; returns when it is gone.
-using ModalLoop = std::function<void(forms::Form&)>;
+/// What runs while something waits for the user.
+struct Loops {
+    std::function<void(forms::Form&)> modal;  ///< returns when the modal window is gone
+    std::function<void()> menu;               ///< the menu closes when it returns
+};
 
 class BackendStand {
  public:
@@ -25,6 +28,6 @@ class BackendStand {
 
 bool IsAvailable(BackendKind kind);
 /// `dialogs` must outlive the stand.
-std::unique_ptr<BackendStand> MakeStand(BackendKind kind, forms::Dialogs& dialogs, ModalLoop loop);
+std::unique_ptr<BackendStand> MakeStand(BackendKind kind, forms::Dialogs& dialogs, Loops loops);
 
 }  // namespace zv::script

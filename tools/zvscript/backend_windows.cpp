@@ -11,9 +11,13 @@ namespace {
 
 class Win32Stand : public BackendStand {
  public:
-    Win32Stand(forms::Dialogs& dialogs, ModalLoop loop)
+    Win32Stand(forms::Dialogs& dialogs, Loops loops)
         : backend_(GetModuleHandleW(nullptr), &dialogs), driver_(backend_) {
-        backend_.modalLoop = std::move(loop);
+        backend_.modalLoop = std::move(loops.modal);
+        backend_.onMenuIdle = [menu = std::move(loops.menu)] {
+            menu();
+            EndMenu();
+        };
         backend_.timersRun = false;  // a scenario has its own clock
     }
     forms::Backend& GetBackend() override { return backend_; }
@@ -31,9 +35,9 @@ bool IsAvailable(BackendKind) {
     return true;
 }
 
-std::unique_ptr<BackendStand> MakeStand(BackendKind kind, forms::Dialogs& dialogs, ModalLoop loop) {
-    if (kind == BackendKind::Win32) return std::make_unique<Win32Stand>(dialogs, std::move(loop));
-    return std::make_unique<HeadlessStand>(dialogs, std::move(loop));
+std::unique_ptr<BackendStand> MakeStand(BackendKind kind, forms::Dialogs& dialogs, Loops loops) {
+    if (kind == BackendKind::Win32) return std::make_unique<Win32Stand>(dialogs, std::move(loops));
+    return std::make_unique<HeadlessStand>(dialogs, std::move(loops));
 }
 
 }  // namespace zv::script

@@ -3,11 +3,14 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "script_text.h"
+#include "target.h"
 
 namespace zv::script {
 
@@ -16,6 +19,13 @@ class Stage;
 /// Throws Failure when the scenario fails, ScriptError for a control that does not exist; a
 /// RuntimeError is a failure, too.
 using Action = std::function<void(Stage&)>;
+
+/// What a line does to a popup menu that is open.
+enum class OpenMenu {
+    Closes,  ///< without a choice, before the line runs
+    Stays,   ///< the line looks, or arranges what neither host nor user do
+    Chooses  ///< from it, when the entry is one of the menu's; otherwise as Closes
+};
 
 struct CommandSpec {
     static constexpr std::size_t kMany = 1000;
@@ -26,15 +36,19 @@ struct CommandSpec {
     std::string_view usage;  ///< the words as a reader would write them
     /// `words` are those behind the name. Throws ScriptError when they are wrong.
     Action (*compile)(Words words);
+    OpenMenu openMenu = OpenMenu::Closes;
 };
 
 std::span<const CommandSpec> StageCommands();
+std::span<const CommandSpec> RowCommands();
 std::span<const CommandSpec> ActingCommands();
 std::span<const CommandSpec> LookingCommands();
 
 struct Step {
     int line = 0;
     Action action;
+    OpenMenu openMenu = OpenMenu::Closes;
+    std::optional<Target> entry;  ///< the menu entry that the line chooses
 };
 
 /// Throws ScriptError with the line.

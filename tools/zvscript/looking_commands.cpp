@@ -69,8 +69,8 @@ Action Expect(Words words) {
 }
 
 constexpr std::array kLooking = std::to_array<CommandSpec>({
-    {"show", 1, 2, "QUERY", Show},
-    {"expect", 3, 4, "QUERY ==|~|!~ \"VALUE\"", Expect},
+    {"show", 1, 2, "QUERY", Show, OpenMenu::Stays},
+    {"expect", 3, 4, "QUERY ==|~|!~ \"VALUE\"", Expect, OpenMenu::Stays},
 });
 
 }  // namespace

@@ -1,27 +1,57 @@
 #include "playback.h"
 
+#include <utility>
+
 #include "failure.h"
 #include "forms/form.h"
+#include "forms/menu.h"
+#include "interludes.h"
 #include "stage.h"
 
 namespace zv::script {
 
 void Playback::Run(Stage& stage) {
     while (!AtEnd()) PlayNext(stage);
+    if (const Interlude* missed = stage.interludes.First()) {
+        Fail(missed->line, std::string("expected a ") + NameOf(missed->kind) +
+                               " to stand got none until the end");
+    }
 }
 
 void Playback::RunInside(Stage& stage, forms::Form& form) {
     while (!AtEnd() && form.IsShown()) PlayNext(stage);
     if (!form.IsShown()) return;
-    const int line = steps_.empty() ? 1 : steps_.back().line;
+    const int line = part_->steps.empty() ? 1 : part_->steps.back().line;
     if (!Failed()) Attempt(stage, line, [&] { stage.driver.Close(form); });
     // A window that does not want to close must not hold up the other files.
     if (form.IsShown()) Attempt(stage, line, [&] { form.Unload(); });
     if (form.IsShown()) form.Hide();
 }
 
+void Playback::RunWhileStanding(Stage& stage, Standing kind) {
+    if (Failed()) return;
+    const std::optional<Interlude> interlude = stage.interludes.Take(kind);
+    if (!interlude) return;
+    Part part{*interlude->steps};
+    Part* const outer = std::exchange(part_, &part);
+    stage.InFront(kind, [&] {
+        while (!AtEnd()) PlayNext(stage);
+    });
+    part_ = outer;
+}
+
+void Playback::RunInMenu(Stage& stage) {
+    RunWhileStanding(stage, Standing::Menu);
+    while (!AtEnd() && Next().openMenu == OpenMenu::Stays) PlayNext(stage);
+    if (AtEnd() || Next().openMenu != OpenMenu::Chooses) return;
+    const Target& target = *Next().entry;
+    const forms::Form* form = stage.windows.Find(target.window);
+    const forms::MenuItem* entry = form ? form->FindMenu(target.control, target.index) : nullptr;
+    if (entry && entry->IsBelow(*stage.windows.StandingMenu())) PlayNext(stage);
+}
+
 void Playback::PlayNext(Stage& stage) {
-    const Step& step = steps_[next_++];
+    const Step& step = part_->steps[part_->next++];
     Attempt(stage, step.line, [&] {
         step.action(stage);
         stage.stand->Settle();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "command.h"
+#include "scripted_dialogs.h"
 
 namespace zv::forms {
 class Form;
@@ -16,10 +17,17 @@ namespace zv::script {
 class Playback {
  public:
     explicit Playback(std::vector<Step> steps) : steps_(std::move(steps)) {}
+    Playback(const Playback&) = delete;
+    Playback& operator=(const Playback&) = delete;
 
     void Run(Stage& stage);
     /// Plays on until the window is gone; when the lines end or fail before, closes it.
     void RunInside(Stage& stage, forms::Form& form);
+    /// Plays the lines that wait for such a thing to stand, when there are any.
+    void RunWhileStanding(Stage& stage, Standing kind);
+    /// Plays on while a popup menu is open: what waits for a menu, then every line that lets the
+    /// menu stand, up to the one that chooses from it.
+    void RunInMenu(Stage& stage);
 
     bool Failed() const { return line_ != 0; }
     /// The file itself turned out to be wrong.
@@ -28,13 +36,20 @@ class Playback {
     const std::string& Reason() const { return reason_; }
 
  private:
-    bool AtEnd() const { return Failed() || next_ == steps_.size(); }
+    /// Lines that are played from the first to the last.
+    struct Part {
+        const std::vector<Step>& steps;
+        std::size_t next = 0;
+    };
+    bool AtEnd() const { return Failed() || part_->next == part_->steps.size(); }
+    const Step& Next() const { return part_->steps[part_->next]; }
     void PlayNext(Stage& stage);
     void Attempt(Stage& stage, int line, const std::function<void()>& act);
     void Fail(int line, std::string reason);
 
     std::vector<Step> steps_;
-    std::size_t next_ = 0;
+    Part whole_{steps_};
+    Part* part_ = &whole_;  ///< the one under way: the whole, or lines of a "during"
     int line_ = 0;
     bool wrong_ = false;
     std::string reason_;

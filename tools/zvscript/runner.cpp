@@ -74,8 +74,12 @@ Runner::Outcome Runner::Play(const std::string& file) {
         {
             Stage* playing = nullptr;
             Stage stage(folder.Path(), options_.backend, *engine_,
-                        [&](forms::Form& form) { playback.RunInside(*playing, form); });
+                        {.modal = [&](forms::Form& form) { playback.RunInside(*playing, form); },
+                         .menu = [&] { playback.RunInMenu(*playing); }});
             playing = &stage;
+            stage.dialogs.whileStanding = [&](Standing kind) {
+                playback.RunWhileStanding(stage, kind);
+            };
             if (options_.print) stage.print = write_;
             if (statements_.is_open()) {
                 stage.statements.watch = [this](const std::string& sql) {

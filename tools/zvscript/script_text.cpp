@@ -1,5 +1,6 @@
 #include "script_text.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace zv::script {
@@ -120,7 +121,8 @@ std::vector<ScriptLine> ReadScript(std::string_view text) {
         }
         try {
             auto words = LineReader(line).Words();
-            if (!words.empty()) lines.push_back({number, std::move(words)});
+            const std::size_t indent = std::min(line.find_first_not_of(" \t"), line.size());
+            if (!words.empty()) lines.push_back({number, indent, std::move(words)});
         } catch (const ScriptError& error) {
             throw ScriptError(error.Reason(), number);
         }

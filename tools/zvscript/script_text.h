@@ -32,6 +32,7 @@ struct Word {
 
 struct ScriptLine {
     int number = 0;
+    std::size_t indent = 0;   ///< blanks before the first word
     std::vector<Word> words;  ///< at least one
 };
 

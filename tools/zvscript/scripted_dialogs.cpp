@@ -47,19 +47,34 @@ std::optional<Answer> ParseAnswer(const std::string& word) {
     return {};
 }
 
+// What was queued when the box came up belongs to it; a box that comes up while it stands takes
+// what is queued behind. Only without one it takes what is queued while it stands.
+template <typename Entry>
+std::optional<Entry> ScriptedDialogs::TakeWhileStanding(Standing kind, std::deque<Entry>& queue) {
+    std::optional<Entry> taken;
+    const auto take = [&] {
+        if (taken || queue.empty()) return;
+        taken = std::move(queue.front());
+        queue.pop_front();
+    };
+    take();
+    if (whileStanding) whileStanding(kind);
+    take();
+    return taken;
+}
+
 Answer ScriptedDialogs::Choose(const std::string& text, int style) {
     const std::vector<Answer> buttons = Buttons(style);
-    if (answers_.empty()) {
+    const std::optional<Answer> answer = TakeWhileStanding(Standing::Box, answers_);
+    if (!answer) {
         if (buttons.size() > 1) onProblem("no answer is queued for the message box " + Quote(text));
         return buttons.back();
     }
-    const Answer answer = answers_.front();
-    answers_.pop_front();
-    if (std::find(buttons.begin(), buttons.end(), answer) == buttons.end()) {
-        onProblem("no button \"" + Name(answer) + "\" in the message box " + Quote(text));
+    if (std::find(buttons.begin(), buttons.end(), *answer) == buttons.end()) {
+        onProblem("no button \"" + Name(*answer) + "\" in the message box " + Quote(text));
         return buttons.back();
     }
-    return answer;
+    return *answer;
 }
 
 Answer ScriptedDialogs::ShowMessage(forms::Form*, const std::string& text, int style,
@@ -70,13 +85,9 @@ Answer ScriptedDialogs::ShowMessage(forms::Form*, const std::string& text, int s
 }
 
 std::optional<std::string> ScriptedDialogs::TakeInput(const std::string& box) {
-    if (inputs_.empty()) {
-        onProblem("no input is queued for " + box);
-        return {};
-    }
-    std::optional<std::string> text = std::move(inputs_.front());
-    inputs_.pop_front();
-    return text;
+    auto input = TakeWhileStanding(Standing::Input, inputs_);
+    if (!input) onProblem("no input is queued for " + box);
+    return input.value_or(std::nullopt);
 }
 
 std::optional<std::string> ScriptedDialogs::AskText(forms::Form*, const std::string& prompt,

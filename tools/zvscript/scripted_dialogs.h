@@ -11,12 +11,18 @@
 
 namespace zv::script {
 
+/// What stands in front of the windows and waits for the user. The file dialog is an input box.
+enum class Standing { Box, Input, Menu };
+
 class ScriptedDialogs : public forms::Dialogs {
  public:
     /// Told what the scenario should have foreseen: a box with several buttons or an input box
     /// without a queued answer, a queued answer that the box has no button for. The box is
     /// cancelled then.
     std::function<void(const std::string& problem)> onProblem;
+
+    /// Runs while a box stands, before it is answered; may be empty.
+    std::function<void(Standing)> whileStanding;
 
     void QueueAnswer(forms::Answer answer) { answers_.push_back(answer); }
     /// Nothing: cancelled. The file dialog takes its path from the same queue.
@@ -29,10 +35,12 @@ class ScriptedDialogs : public forms::Dialogs {
     std::optional<std::string> ChooseFile(forms::Form* owner,
                                           const forms::FileRequest& request) override;
 
-    /// The message boxes shown, "STYLE|TEXT|ANSWER" each.
+    /// The message boxes answered, "STYLE|TEXT|ANSWER" each.
     std::vector<std::string> messages;
 
  private:
+    template <typename Entry>
+    std::optional<Entry> TakeWhileStanding(Standing kind, std::deque<Entry>& queue);
     forms::Answer Choose(const std::string& text, int style);
     std::optional<std::string> TakeInput(const std::string& box);
 

@@ -1,5 +1,7 @@
 #include "stage.h"
 
+#include <algorithm>
+
 #include "failure.h"
 #include "resources/catalogue.h"
 #include "script_text.h"
@@ -8,12 +10,12 @@
 namespace zv::script {
 
 Stage::Stage(const std::filesystem::path& folder, BackendKind backend, ScriptEngine& engine,
-             ModalLoop loop)
+             Loops loops)
     : machine(folder),
       settings(folder / "settings.ini"),
       opener(machine.files, engine),
       host(machine.files, engine),
-      stand(MakeStand(backend, dialogs, std::move(loop))),
+      stand(MakeStand(backend, dialogs, std::move(loops))),
       windows(stand->GetBackend()),
       session(machine.machine, settings, opener, windows, &statements),
       control(session),
@@ -44,6 +46,29 @@ std::string Stage::TakeError() {
     const std::string text = error_.value_or("");
     error_.reset();
     return text;
+}
+
+void Stage::InFront(Standing kind, const std::function<void()>& act) {
+    Front& front = fronts_.emplace_back(Front{kind, {}});
+    for (const forms::Form* form : windows.Windows()) {
+        if (form->IsShown()) front.behind.push_back(form);
+    }
+    try {
+        act();
+    } catch (...) {
+        fronts_.pop_back();
+        throw;
+    }
+    fronts_.pop_back();
+}
+
+void Stage::RequireReachable(const forms::Form& form) const {
+    for (const Front& front : fronts_) {
+        if (std::find(front.behind.begin(), front.behind.end(), &form) == front.behind.end()) {
+            continue;
+        }
+        throw Failure(form.Name() + " is behind the " + NameOf(front.kind) + " that stands");
+    }
 }
 
 std::optional<std::string> Stage::TakeProblem() {

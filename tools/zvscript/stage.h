@@ -11,7 +11,9 @@
 
 #include "backend_stand.h"
 #include "control/zv_task.h"
+#include "forms/form.h"
 #include "forms/window_system.h"
+#include "interludes.h"
 #include "platform/scripted/scripted_machine.h"
 #include "resources/file_settings.h"
 #include "scripted_bag.h"
@@ -25,7 +27,7 @@ namespace zv::script {
 class Stage {
  public:
     Stage(const std::filesystem::path& folder, BackendKind backend, ScriptEngine& engine,
-          ModalLoop loop);
+          Loops loops);
     /// Unloads the windows that are left; what they ask is cancelled.
     ~Stage();
 
@@ -34,6 +36,10 @@ class Stage {
     /// Number, a blank and text of the last error that reached the host; empty when none has since
     /// the last look.
     std::string TakeError();
+    /// Runs `act` while something of that kind stands in front of the windows shown so far.
+    void InFront(Standing kind, const std::function<void()>& act);
+    /// Throws Failure when the user cannot reach the window for what stands in front of it.
+    void RequireReachable(const forms::Form& form) const;
     /// What a message box or an input box lacked since the last call.
     std::optional<std::string> TakeProblem();
     /// What was handed to the shell and to the module runner.
@@ -46,6 +52,7 @@ class Stage {
     ScriptedOpener opener;
     ScriptedStatements statements;
     ScriptedDialogs dialogs;
+    Interludes interludes;
     HostDatabase host;
     std::unique_ptr<BackendStand> stand;
     forms::WindowSystem windows;
@@ -59,6 +66,11 @@ class Stage {
     std::function<void(const std::string&)> print;  ///< takes what "show" asks for; may be empty
 
  private:
+    struct Front {
+        Standing kind;
+        std::vector<const forms::Form*> behind;
+    };
+    std::vector<Front> fronts_;
     std::optional<std::string> error_;
     std::optional<std::string> problem_;
 };

@@ -129,17 +129,17 @@ Action DatabaseError(Words words) {
 }
 
 constexpr std::array kStage = std::to_array<CommandSpec>({
-    {"clock", 1, 1, "2003-03-07T09:30:00", Clock},
-    {"advance", 1, 1, "5m", Advance},
-    {"codepage", 1, 1, "936|950|1252", CodePage},
+    {"clock", 1, 1, "2003-03-07T09:30:00", Clock, OpenMenu::Stays},
+    {"advance", 1, 1, "5m", Advance, OpenMenu::Stays},
+    {"codepage", 1, 1, "936|950|1252", CodePage, OpenMenu::Stays},
     {"database", 1, 2, "NAME [none]", Database},
-    {"sql", 1, 1, "\"STATEMENT\"", Sql},
+    {"sql", 1, 1, "\"STATEMENT\"", Sql, OpenMenu::Stays},
     {"set", 2, 2, "NAME VALUE", Set},
     {"setting", 3, 3, "SECTION KEY VALUE", Setting},
     {"bag", 1, CommandSpec::kMany, "init|read KEY=VALUE...|write", Bag},
-    {"locale", 1, 1, "zh-CN|en-US|de-DE", Locale},
-    {"opener", 1, 1, "fail", Opener},
-    {"dberror", 2, 2, "N \"TEXT\"", DatabaseError},
+    {"locale", 1, 1, "zh-CN|en-US|de-DE", Locale, OpenMenu::Stays},
+    {"opener", 1, 1, "fail", Opener, OpenMenu::Stays},
+    {"dberror", 2, 2, "N \"TEXT\"", DatabaseError, OpenMenu::Stays},
 });
 
 }  // namespace

@@ -8,8 +8,31 @@
 
 namespace zv::forms::headless {
 
+namespace {
+
+// A window that nobody sees; only its menus take their time.
+class HeadlessFormPeer : public FormPeer {
+ public:
+    explicit HeadlessFormPeer(HeadlessBackend& backend) : backend_(backend) {}
+    void Show() override {}
+    void Hide() override {}
+    void CaptionChanged() override {}
+    void BoundsChanged() override {}
+    void WindowStateChanged() override {}
+    void MenuChanged(MenuItem&) override {}
+    MenuItem* PopupMenu(MenuItem&, int, int) override {
+        if (backend_.onMenuIdle) backend_.onMenuIdle();
+        return nullptr;
+    }
+
+ private:
+    HeadlessBackend& backend_;
+};
+
+}  // namespace
+
 std::unique_ptr<FormPeer> HeadlessBackend::Realize(Form&) {
-    return nullptr;
+    return std::make_unique<HeadlessFormPeer>(*this);
 }
 
 void HeadlessBackend::RunModal(Form& form) {

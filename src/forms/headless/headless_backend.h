@@ -18,6 +18,10 @@ class HeadlessBackend : public Backend {
     /// closing it would. Without one a modal window is an error, because nobody could close it.
     std::function<void(Form&)> modalLoop;
 
+    /// Called while a popup menu is open and the user does nothing; the menu closes when it
+    /// returns.
+    std::function<void()> onMenuIdle;
+
     std::unique_ptr<FormPeer> Realize(Form& form) override;
     void RunModal(Form& form) override;
     /// By fixed widths: 12 for a wide character, 6 for any other, 16 a line.

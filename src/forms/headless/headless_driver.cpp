@@ -55,6 +55,7 @@ void HeadlessDriver::Click(Control& control) {
 
 void HeadlessDriver::Choose(MenuItem& item) {
     RequireChoosable(item);
+    if (ChoseInStandingMenu(item)) return;
     item.UserChosen();
 }
 

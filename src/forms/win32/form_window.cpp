@@ -368,7 +368,7 @@ void FormWindow::MenuChanged() {
     PostMessageW(Handle(), kMenuMessage, 0, 0);
 }
 
-void FormWindow::PopupMenu(MenuItem& menu, int x, int y) {
+MenuItem* FormWindow::PopupMenu(MenuItem& menu, int x, int y) {
     const ManifestInForce manifest(backend_.Controls().Manifest());
     const Menu native = menu_.CreatePopup(menu);
     POINT at{scale_.ToPixels(x), scale_.ToPixels(y)};
@@ -376,10 +376,9 @@ void FormWindow::PopupMenu(MenuItem& menu, int x, int y) {
     SetForegroundWindow(Handle());
     const UINT id = static_cast<UINT>(TrackPopupMenuEx(
         native.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, Handle(), nullptr));
-    if (gone_) return;
+    if (gone_) return nullptr;
     PostMessageW(Handle(), WM_NULL, 0, 0);
-    MenuItem* chosen = id ? menu_.Find(id) : nullptr;
-    if (chosen && chosen->CanChoose()) chosen->UserChosen();
+    return id ? menu_.Find(id) : nullptr;
 }
 
 void FormWindow::Show() {

@@ -44,7 +44,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void WindowStateChanged();
     void PaintNow();
     void MenuChanged();
-    void PopupMenu(MenuItem& menu, int x, int y);
+    MenuItem* PopupMenu(MenuItem& menu, int x, int y);
 
     HWND Handle() const { return handle_.get(); }
     Form& Logical() const { return form_; }

@@ -25,7 +25,11 @@ class NativeFormPeer : public FormPeer {
     void WindowStateChanged() override { window_->WindowStateChanged(); }
     void PaintNow() override { window_->PaintNow(); }
     void MenuChanged(MenuItem&) override { window_->MenuChanged(); }
-    void PopupMenu(MenuItem& menu, int x, int y) override { window_->PopupMenu(menu, x, y); }
+    MenuItem* PopupMenu(MenuItem& menu, int x, int y) override {
+        // While the menu is open the form may let its window go, and this with it.
+        const std::shared_ptr<FormWindow> window = window_;
+        return window->PopupMenu(menu, x, y);
+    }
     bool InMenu() const override { return window_->InMenu(); }
 
  private:

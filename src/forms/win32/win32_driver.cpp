@@ -115,6 +115,7 @@ void Win32Driver::Click(Control& control) {
 
 void Win32Driver::Choose(MenuItem& item) {
     RequireChoosable(item);
+    if (ChoseInStandingMenu(item)) return;
     backend_.PumpMessages();
     const FormWindow* window = backend_.Find(item.Owner());
     if (!window) throw DriverError(item.Name() + " has no native window");

@@ -22,6 +22,14 @@ TEST(CompileScript, AcceptsEveryCommand) {
         "bag read",
         "bag read Language=1 \"UserName=a b\"",
         "bag write",
+        "item",
+        "item fID=3 taskTitle=\"a b\" TASKTIME=2003-03-07T10:00:00 tDuring2=2003-03-07 tDone=",
+        "plan TaskID=3 Type=2",
+        "card CompName=x Birthday=1970-01-01",
+        "staff fName=x",
+        "during box\n  show error",
+        "during input\n\tshow error",
+        "during menu\n # first\n\n show error\nshow error",
         "locale de-DE",
         "opener fail",
         "dberror 1 \"text\"",
@@ -105,6 +113,16 @@ TEST(CompileScript, RefusesWordsOutOfTheirRange) {
                              "bag maybe",
                              "bag read =x",
                              "bag read x",
+                             "item taskTitle",
+                             "item =x",
+                             "item nothing=1",
+                             "item fType=x",
+                             "item taskTime=yesterday",
+                             "item tDone=1 TDONE=2",
+                             "plan fID=1",
+                             "card fName=x",
+                             "card",
+                             "staff",
                              "locale fr-FR",
                              "opener works",
                              "dberror 0 x",
@@ -119,6 +137,34 @@ TEST(CompileScript, RefusesWordsOutOfTheirRange) {
                              "show setting.zvTask"}) {
         EXPECT_NE(RefusalBy(CompileScript, line), "accepted") << line;
     }
+}
+
+TEST(CompileScript, ADuringTakesTheLinesThatAreIndentedDeeper) {
+    const auto steps = CompileScript(
+        "  during box\n"
+        "      during input\n"
+        "          show error\n"
+        "      show error\n"
+        "  # no line\n"
+        "  show error\n"
+        "    show error\n");
+    ASSERT_EQ(steps.size(), 3u);
+    EXPECT_EQ(steps[0].line, 1);
+    EXPECT_EQ(steps[1].line, 6);
+    EXPECT_EQ(steps[2].line, 7);
+}
+
+TEST(CompileScript, RefusesADuringThatIsWrong) {
+    EXPECT_EQ(RefusalBy(CompileScript, "during\n show error"),
+              "1: wrong number of words: during box, during input or during menu");
+    EXPECT_EQ(RefusalBy(CompileScript, "during window\n show error"),
+              "1: during box, during input or during menu");
+    for (const char* text : {"during box", "during box\nshow error", "  during box\n show error"}) {
+        EXPECT_EQ(RefusalBy(CompileScript, text),
+                  "1: no line follows that is indented deeper: during box");
+    }
+    EXPECT_EQ(RefusalBy(CompileScript, "during box\n  during menu\n    clik x\n"),
+              "3: unknown command \"clik\"");
 }
 
 }  // namespace

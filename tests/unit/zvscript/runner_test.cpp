@@ -177,6 +177,65 @@ TEST_F(RunnerTest, AFailureInsideAModalWindowNamesItsOwnLine) {
     EXPECT_EQ(output[0], "FAIL " + failing + ":4: expected \"maybe\" got \"true\"");
 }
 
+TEST_F(RunnerTest, WhatNeverStoodFailsTheScenario) {
+    const std::string box = Write("box.zvs", "show error\nduring box\n  show error\nshow error\n");
+    const std::string second = Write("second.zvs",
+                                     "database t.db\n"
+                                     "during box\n  show error\n"
+                                     "during box\n  show error\n"
+                                     "call CheckText \"it's\"\n");
+    const std::string nested = Write("nested.zvs",
+                                     "during box\n  during menu\n    show error\n"
+                                     "call CheckText \"it's\"\n");
+    EXPECT_EQ(Run({box, second, nested}), 1);
+    EXPECT_EQ(output[0],
+              "FAIL " + box + ":2: expected a message box to stand got none until the end");
+    EXPECT_EQ(output[1],
+              "FAIL " + second + ":4: expected a message box to stand got none until the end");
+    EXPECT_EQ(output[2], "FAIL " + nested + ":2: expected a menu to stand got none until the end");
+}
+
+TEST_F(RunnerTest, AFailureWhileABoxStandsNamesItsOwnLine) {
+    const std::string file = Write("f.zvs",
+                                   "during box\n"
+                                   "  expect error == maybe\n"
+                                   "  expect error == never\n"
+                                   "call CheckText \"it's\"\n"
+                                   "expect messages == never\n");
+    EXPECT_EQ(Run({file}), 1);
+    EXPECT_EQ(output[0], "FAIL " + file + ":2: expected \"maybe\" got \"\"");
+}
+
+TEST_F(RunnerTest, TheUserReachesNoWindowBehindABox) {
+    const std::string start = "clock 2003-03-07T09:30:00\ndatabase t.db\nrefresh 1 0\nduring box\n";
+    const std::string act = "call CheckText \"it's\"\n";
+    const std::string click = Write("click.zvs", start + "  click frmTaskMain.cmdExit\n" + act);
+    const std::string menu = Write("menu.zvs", start + "  menu frmTaskMain.mnuAsk\n" + act);
+    const std::string free = Write("free.zvs", start +
+                                                   "  call frmAsk\n"
+                                                   "  click frmAsk.cmdAsk\n"
+                                                   "  tick frmTaskMain.Timer1\n"
+                                                   "  close frmTaskMain\n"
+                                                   "  expect windows == \"\"\n" +
+                                                   act);
+    EXPECT_EQ(Run({click, menu, free}), 1);
+    EXPECT_EQ(output[0], "FAIL " + click + ":5: frmTaskMain is behind the message box that stands");
+    EXPECT_EQ(output[1], "FAIL " + menu + ":5: frmTaskMain is behind the message box that stands");
+    EXPECT_EQ(output[2], "ok " + free);
+}
+
+TEST_F(RunnerTest, AModalWindowOpenedWhileABoxStandsIsClosedWithTheLines) {
+    const std::string file = Write("m.zvs",
+                                   "clock 2003-03-07T09:30:00\ndatabase t.db\n"
+                                   "during box\n"
+                                   "  refresh 1 1\n"
+                                   "  expect windows == \"frmTaskMain shown\"\n"
+                                   "call CheckText \"it's\"\n"
+                                   "expect windows == \"\"\n"
+                                   "expect error == \"\"\n");
+    EXPECT_EQ(Run({file}), 0) << output[0];
+}
+
 TEST_F(RunnerTest, AModalWindowLeftOpenIsClosedAtTheEnd) {
     const std::string file = Write("open.zvs",
                                    "clock 2003-03-07T09:30:00\ndatabase t.db\nrefresh 1 1\n"

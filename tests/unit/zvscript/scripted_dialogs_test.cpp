@@ -55,5 +55,32 @@ TEST_F(ScriptedDialogsTest, InputBoxesAndTheFileDialogTakeQueuedTexts) {
     EXPECT_EQ(problems.size(), 1u);
 }
 
+TEST_F(ScriptedDialogsTest, WhatIsQueuedWhenABoxComesUpIsItsOwn) {
+    int depth = 0;
+    dialogs.whileStanding = [&](Standing kind) {
+        EXPECT_EQ(kind, Standing::Box);
+        EXPECT_TRUE(dialogs.messages.empty());
+        if (depth++ > 0) return;
+        dialogs.QueueAnswer(Answer::No);
+        EXPECT_EQ(dialogs.ShowMessage(nullptr, "inner", forms::box::kYesNo, ""), Answer::No);
+        dialogs.messages.clear();
+    };
+    dialogs.QueueAnswer(Answer::Ok);
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, "outer", forms::box::kOkCancel, ""), Answer::Ok);
+    EXPECT_EQ(dialogs.messages, (std::vector<std::string>{"1|outer|ok"}));
+    EXPECT_TRUE(problems.empty());
+}
+
+TEST_F(ScriptedDialogsTest, ABoxWithoutAnAnswerTakesWhatIsQueuedWhileItStands) {
+    dialogs.whileStanding = [&](Standing kind) {
+        if (kind == Standing::Box) dialogs.QueueAnswer(Answer::Yes);
+        if (kind == Standing::Input) dialogs.QueueInput("late");
+    };
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, "a", forms::box::kYesNo, ""), Answer::Yes);
+    EXPECT_EQ(dialogs.AskText(nullptr, "?", "", false), "late");
+    EXPECT_EQ(dialogs.ChooseFile(nullptr, {}), "late");
+    EXPECT_TRUE(problems.empty());
+}
+
 }  // namespace
 }  // namespace zv::script
