@@ -140,6 +140,7 @@ void ZvTask::RunAlertPass() {
         // A window that the user works with is never closed by an alert pass, and an edit under
         // way is left alone.
         if (window->state.Editing()) return;
+        window->lifecycle.FollowTheDay();
         window->tree.chkEvent_Click();
         const bool alert = window->state.startMode == mainwindow::kAlertMode &&
                            window->tvwTask.Count() >= kNodesOfAnAlert;

@@ -106,14 +106,39 @@ void Birthdays::chkBirthDay0_Click() {
         TellThatThereAreNone();
         return;
     }
-    const std::string today = TodayInBrackets(window_.session.machine.clock.Today().IsoDate());
+    TellDay(on);
     window_.Grid1.SetVisible(on);
     if (on) window_.Grid1.BringToFront();
-    window_.lblBirthDay.SetCaption(on ? "客户生日报警 " + today : today);
     window_.cmdSeek.SetVisible(!on);
     for (int action = 1; action <= 3; action++) window_.cmdAction[action].SetVisible(!on);
     window_.cmdTaskOK.SetVisible(!on);
     window_.printing.UpdateButton();
+}
+
+void Birthdays::ShowDay() {
+    shownDay_ = window_.session.machine.clock.Today();
+    window_.lblBirthDay.SetCaption(shownDay_.IsoDate());
+}
+
+void Birthdays::TellDay(bool on) {
+    shownDay_ = window_.session.machine.clock.Today();
+    const std::string today = TodayInBrackets(shownDay_.IsoDate());
+    window_.lblBirthDay.SetCaption(on ? "客户生日报警 " + today : today);
+}
+
+void Birthdays::FollowTheDay() {
+    if (shownDay_ == window_.session.machine.clock.Today()) return;
+    if (!window_.chkBirthDay0.Checked()) {
+        ShowDay();
+    } else if (FillForTypedDays()) {
+        TellDay(true);
+    } else {
+        window_.chkBirthDay0.SetValue(0);
+    }
+}
+
+std::function<void()> Birthdays::Remember() {
+    return [this, day = shownDay_] { shownDay_ = day; };
 }
 
 void Birthdays::txtBirthDay0_GotFocus() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "base/date_time.h"
@@ -25,6 +26,15 @@ class Birthdays {
     /// Database errors reach the caller; the grid is empty then.
     void ListBirthdays(std::int16_t days);
 
+    /// Names the present day where the reminder stands; the window starts with this.
+    void ShowDay();
+    /// When the day has changed since it was named: names the present one, and a reminder that is
+    /// on is filled for it. Database errors as above.
+    void FollowTheDay();
+    DateTime ShownDay() const { return shownDay_; }
+    /// As forms::Control::Remember.
+    std::function<void()> Remember();
+
     void chkBirthDay0_Click();
     void txtBirthDay0_GotFocus();
     void txtBirthDay0_Validate();
@@ -32,9 +42,11 @@ class Birthdays {
 
  private:
     bool FillForTypedDays();
+    void TellDay(bool on);
     void TellThatThereAreNone();
 
     frmTaskMain& window_;
+    DateTime shownDay_;
     std::string daysBefore_;  ///< text of the day box when it got the focus
 };
 

@@ -22,6 +22,8 @@ void FilterPanel::Wire() {
     }
     window_.chkJbr.onClick = [this] { chkJbr_Click(); };
     window_.chkUser.onClick = [this] { chkUser_Click(); };
+    window_.DTPicker0.onChange = [this] { fromTouched_ = true; };
+    window_.DTPicker1.onChange = [this] { untilTouched_ = true; };
 }
 
 void FilterPanel::SetStartValues() {
@@ -29,12 +31,36 @@ void FilterPanel::SetStartValues() {
     for (int kind = 0; kind < kItemKinds; kind++) {
         window_.chkType[kind].SetValue(!cards || kind == kGuest ? 1 : 0);
     }
-    window_.DTPicker0.SetValue(window_.session.machine.clock.Today());
-    window_.DTPicker1.SetValue(std::nullopt);
+    fromTouched_ = untilTouched_ = false;
+    FollowTheDay();
     for (forms::TextBox* text : TextBoxes(window_)) {
         if (!text->Locked()) text->SetText("");
     }
-    window_.cboState.SetListIndex(window_.state.startMode == kAlertMode ? kNotDone : kAllStates);
+    window_.cboState.SetListIndex(window_.state.startMode == kAlertMode ? kNotYetDone : kAllStates);
+}
+
+bool FilterPanel::FollowTheDay() {
+    const DateTime today = window_.session.machine.clock.Today();
+    // An item of today with a time of day ends after midnight: the window reaches to the next one.
+    std::optional<DateTime> until;
+    if (window_.state.startMode == kManagerMode) until = today.AddDays(1);
+    if (until && until->Year() > forms::DatePicker::kLastYear) until.reset();
+    const bool fromFollows = Follow(window_.DTPicker0, fromTouched_, today);
+    return Follow(window_.DTPicker1, untilTouched_, until) || fromFollows;
+}
+
+std::function<void()> FilterPanel::Remember() {
+    return [this, from = fromTouched_, until = untilTouched_] {
+        fromTouched_ = from;
+        untilTouched_ = until;
+    };
+}
+
+bool FilterPanel::Follow(forms::DatePicker& picker, bool& touched, std::optional<DateTime> day) {
+    if (touched || picker.Value() == day) return false;
+    picker.SetValue(day);
+    touched = false;
+    return true;
 }
 
 FilterChoice FilterPanel::Choice() const {

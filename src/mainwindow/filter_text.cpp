@@ -44,6 +44,8 @@ std::string BuildFilterText(const FilterChoice& choice,
     where += LikeClause("b.CompName", choice.company);
     if (choice.state >= kNotDone && choice.state <= kInHand) {
         where += " And a.tDone=" + std::to_string(choice.state);
+    } else if (choice.state == kNotYetDone) {
+        where += " And a.tDone<>" + std::to_string(kDone);
     }
     return where;
 }

@@ -22,7 +22,7 @@ struct FilterChoice {
     std::string user;
     std::string guest;
     std::string company;
-    int state = kAllStates;  ///< 0 to 2; any other filters nothing
+    int state = kAllStates;  ///< 0 to 2 or kNotYetDone; any other filters nothing
 };
 
 /// Begins with " Where 1=1". `dateLiteral` writes a date in the database's dialect. Without any

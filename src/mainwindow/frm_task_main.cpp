@@ -193,22 +193,32 @@ void frmTaskMain::Wire() {
 }
 
 void frmTaskMain::TaskAlert(std::int16_t mode) {
-    if (mode == state.startMode) return;
-    if (IsLoaded() && state.Editing()) return;
     if (!IsLoaded()) {
         state.startMode = mode;
         return;
     }
-    SwitchTo(mode);
+    if (state.Editing()) return;
+    if (mode == state.startMode) {
+        if (birthdays.ShownDay() == session.machine.clock.Today()) return;
+        AllOrNothing([this] {
+            if (lifecycle.FollowTheDay()) tree.chkEvent_Click();
+        });
+        return;
+    }
+    AllOrNothing([this, mode] {
+        state.startMode = mode;
+        lifecycle.Start();
+    });
 }
 
-void frmTaskMain::SwitchTo(std::int16_t mode) {
+void frmTaskMain::AllOrNothing(const std::function<void()>& change) {
     const MainState before = state;
     const std::int32_t card = session.state.cardId;
-    const std::function<void()> undo[] = {Remember(), list.Remember(), editor.Remember()};
-    state.startMode = mode;
+    // What the controls tell while they are put back is forgotten last.
+    const std::function<void()> undo[] = {Remember(), list.Remember(), editor.Remember(),
+                                          filter.Remember(), birthdays.Remember()};
     try {
-        lifecycle.Start();
+        change();
     } catch (...) {
         for (const auto& part : undo) part();
         state = before;

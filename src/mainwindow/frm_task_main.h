@@ -50,8 +50,8 @@ class frmTaskMain : public forms::Form {
     /// The session must outlive the window.
     frmTaskMain(forms::WindowSystem& windows, Session& session);
 
-    /// The start mode: 0 alert, 1 manager, 9 cards. A loaded window that is in another mode and
-    /// has no edit under way is set up for the new one.
+    /// The start mode: 0 alert, 1 manager, 9 cards. A loaded window without an edit under way is
+    /// set up for it when it is in another mode, and moves to the present day otherwise.
     void TaskAlert(std::int16_t mode);
 
     /// Asks for a file; empty when the user cancels or the dialog fails. Kind 1: the file must
@@ -183,8 +183,8 @@ class frmTaskMain : public forms::Form {
 
  private:
     void Wire();
-    /// Sets the window up for another start mode: altogether, or when that fails not at all.
-    void SwitchTo(std::int16_t mode);
+    /// Changes the window altogether, or when that fails not at all.
+    void AllOrNothing(const std::function<void()>& change);
 };
 
 }  // namespace zv::mainwindow

@@ -138,6 +138,15 @@ void ItemActions::cmdSave_Click() {
     state.editMode = kNoEdit;
     LockEditor();
     window_.tree.chkEvent_Click();
+    TellWhenNotListed();
+}
+
+void ItemActions::TellWhenNotListed() {
+    const SavedItem& saved = window_.saving.Saved();
+    if (window_.list.Shows(saved)) return;
+    window_.session.windows.ShowMessage(
+        "[" + saved.title + "]: " + window_.captions.Text(resources::DesignText::NotListed),
+        forms::box::kInformation);
 }
 
 void ItemActions::cmdCancel_Click() {

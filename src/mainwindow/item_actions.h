@@ -32,6 +32,7 @@ class ItemActions {
     void Dispatch(std::int16_t index, std::uint8_t kind);
     void OpenEditor(std::uint8_t kind, std::uint8_t mode);
     void LockEditor();
+    void TellWhenNotListed();
     /// Where the input of a new item begins.
     forms::Control& FirstEntry(std::uint8_t kind, bool hasCard) const;
     std::string DeleteQuestion(bool plan) const;

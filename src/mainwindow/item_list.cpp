@@ -215,6 +215,22 @@ void ItemList::FillPlans(store::Recordset& rows) {
     }
 }
 
+bool ItemList::Shows(const SavedItem& item) const {
+    const TreeView& tree = window_.tvwTask;
+    // The numbers of plans are not those of items.
+    if (window_.chkEvent.Checked()) return false;
+    if (item.id != 0) return tree.Find("Z" + std::to_string(item.id)) != TreeView::kNone;
+    const std::string text = "(" + item.date.IsoDate() + ")\t" + item.title;
+    for (int group = tree.FirstRoot(); group != TreeView::kNone; group = tree.NextSibling(group)) {
+        if (!tree.Key(group).starts_with(kGroupLetters.at(item.kind))) continue;
+        for (int node = tree.FirstChild(group); node != TreeView::kNone;
+             node = tree.NextSibling(node)) {
+            if (tree.Text(node) == text) return true;
+        }
+    }
+    return false;
+}
+
 void ItemList::Tell(const std::string& reason) {
     const std::string heading = window_.captions.Text(resources::DesignText::RowsNotShown);
     std::string message = heading;

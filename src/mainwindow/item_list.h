@@ -9,6 +9,7 @@
 namespace zv::mainwindow {
 
 class frmTaskMain;
+struct SavedItem;
 
 class ItemList {
  public:
@@ -21,6 +22,9 @@ class ItemList {
     void LoadItemList(const std::string& where);
     /// Rebuilds the tree with the plans. Failures as above.
     void LoadTaskPlanList();
+
+    /// Whether the tree lists this item. One without a number is looked for by what is seen of it.
+    bool Shows(const SavedItem& item) const;
 
     /// The condition, without the word, under which the items shown last were read: true for just
     /// these rows of "tTaskList a", without any other table. May be empty.

@@ -51,13 +51,28 @@ bool ItemSaving::SaveItem() {
         if (entry[i]) row->SetField(kItemFields[i], *entry[i]);
     }
     row->Update();
+    Remember(*row, entry);
     row->Close();
     window_.editor.ForgetRow();
     window_.txtUser2.SetText(session.state.UserName);
-    const Value& title = *entry[ItemFieldIndex("taskTitle")];
-    session.windows.ShowMessage("[" + title.ToText() + "]: " + ModeWord(state.editMode) + "完毕 ！",
+    session.windows.ShowMessage("[" + saved_.title + "]: " + ModeWord(state.editMode) + "完毕 ！",
                                 forms::box::kOkOnly);
     return true;
+}
+
+void ItemSaving::Remember(const store::Recordset& row, const ItemEntry& entry) {
+    saved_ = {};
+    saved_.title = entry[ItemFieldIndex("taskTitle")]->ToText();
+    saved_.date = entry[ItemFieldIndex("taskTime")]->ToDate();
+    if (const auto& kind = entry[ItemFieldIndex("fType")]) {
+        saved_.kind = static_cast<std::uint8_t>(kind->ToInt32());
+    }
+    try {
+        saved_.id = row.Field("fID").ToInt32();
+    } catch (const RuntimeError&) {
+        // Not every database tells the number of a row that it has just taken.
+        saved_.id = 0;
+    }
 }
 
 std::unique_ptr<store::Recordset> ItemSaving::OpenRow(std::int32_t id) const {

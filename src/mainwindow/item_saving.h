@@ -12,6 +12,14 @@ namespace zv::mainwindow {
 
 class frmTaskMain;
 
+/// An item as it was written.
+struct SavedItem {
+    std::int32_t id = 0;  ///< fID; 0 when the database does not tell that of a new row
+    std::uint8_t kind = 0;
+    std::string title;
+    DateTime date;
+};
+
 class ItemSaving {
  public:
     explicit ItemSaving(frmTaskMain& window) : window_(window) {}
@@ -20,6 +28,8 @@ class ItemSaving {
     /// False when nothing was written, which the user has been told then. Database errors reach
     /// the caller and leave the editor as it is.
     bool SaveItem();
+    /// What was written last.
+    const SavedItem& Saved() const { return saved_; }
 
  private:
     ItemEntry Entry() const;
@@ -30,7 +40,10 @@ class ItemSaving {
     bool SettleConflicts(std::unique_ptr<store::Recordset>& row, std::int32_t id,
                          const ItemEntry& entry) const;
 
+    void Remember(const store::Recordset& row, const ItemEntry& entry);
+
     frmTaskMain& window_;
+    SavedItem saved_;
 };
 
 }  // namespace zv::mainwindow

@@ -53,6 +53,7 @@ void Lifecycle::LoadLists() {
     std::vector<std::string> states = reports::StateNames(window_.session);
     window_.cboDone2.SetItems(states);
     states.push_back(text(DesignText::StateAll));
+    states.push_back(text(DesignText::StateNotYetDone));
     window_.cboState.SetItems(std::move(states));
     window_.cboWay.SetItems(
         {text(DesignText::WayTelephone), text(DesignText::WayEmail), text(DesignText::WayWeb)});
@@ -95,8 +96,13 @@ void Lifecycle::Start() {
         window_.SetCaption(window_.session.LoadText(text_id::kManagerCaption));
     // A reminder left over from another mode is switched off, or filled anew.
     window_.chkBirthDay0.SetValue(0);
-    window_.lblBirthDay.SetCaption(window_.session.machine.clock.Today().IsoDate());
+    window_.birthdays.ShowDay();
     if (mode != kCardMode) window_.chkBirthDay0.SetValue(window_.chkBirthDay.Value());
+}
+
+bool Lifecycle::FollowTheDay() {
+    window_.birthdays.FollowTheDay();
+    return window_.filter.FollowTheDay();
 }
 
 void Lifecycle::LoadOwnFilters() {

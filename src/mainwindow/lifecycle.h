@@ -17,6 +17,9 @@ class Lifecycle {
     void cmdExit_Click();
     /// Sets the window up for its start mode and fills the tree.
     void Start();
+    /// Moves what stands on the day of the last look to the present day; true when the tree is to
+    /// be filled again.
+    bool FollowTheDay();
 
  private:
     void LoadLists();

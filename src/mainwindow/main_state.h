@@ -23,7 +23,8 @@ inline constexpr int kItemKinds = 3;
 inline constexpr int kNotDone = 0;
 inline constexpr int kDone = 1;
 inline constexpr int kInHand = 2;
-inline constexpr int kAllStates = 3;  ///< the filter's row for all
+inline constexpr int kAllStates = 3;   ///< the filter's row for all
+inline constexpr int kNotYetDone = 4;  ///< the filter's row for what is not done or in hand
 
 /// Pages of the tab panel.
 inline constexpr int kItemTab = 0;

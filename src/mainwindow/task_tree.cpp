@@ -32,6 +32,7 @@ std::uint8_t KindFromKeyLetter(char letter, std::uint8_t present) {
 }
 
 void TaskTree::chkEvent_Click() {
+    window_.filter.FollowTheDay();
     if (window_.chkEvent.Checked()) {
         window_.list.LoadTaskPlanList();
     } else {

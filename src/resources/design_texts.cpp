@@ -14,6 +14,7 @@ constexpr auto kTexts = std::to_array<TextEntry<DesignText>>({
     {DesignText::StateDone, "已完成", "已完成"},
     {DesignText::StateInHand, "办理中", "辦理中"},
     {DesignText::StateAll, "全部", "全部"},
+    {DesignText::StateNotYetDone, "未办结", "未辦結"},
     {DesignText::Order, "排列", "排列"},
     {DesignText::OrderByDate, "按类型和日期", "按類型和日期"},
     {DesignText::OrderByTitle, "按类型和主题", "按類型和主題"},
@@ -94,10 +95,11 @@ constexpr auto kTexts = std::to_array<TextEntry<DesignText>>({
     {DesignText::MenuClose, "退出(&X)", "退出(&X)"},
     {DesignText::MenuRestore, "还原(&R)", "還原(&R)"},
     {DesignText::RowsNotShown, "有记录无法显示", "有記錄無法顯示"},
+    {DesignText::NotListed, "已保存，但当前列表不显示该项！", "已儲存，但目前列表不顯示該項！"},
 });
 // clang-format on
 
-static_assert(IsInOrder(kTexts, DesignText::RowsNotShown));
+static_assert(IsInOrder(kTexts, DesignText::NotListed));
 
 }  // namespace
 

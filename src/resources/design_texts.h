@@ -13,6 +13,7 @@ enum class DesignText {
     StateDone,
     StateInHand,
     StateAll,
+    StateNotYetDone,
     Order,
     OrderByDate,
     OrderByTitle,
@@ -93,6 +94,7 @@ enum class DesignText {
     MenuClose,
     MenuRestore,
     RowsNotShown,
+    NotListed,
 };
 
 /// The caption in the control's language: 1 Traditional, any other Simplified.

@@ -112,10 +112,11 @@ expect "whoever generates is the executor" rows_are "select DoneMan from tTaskSe
 outside mouse 演示主程序.cmdRefresh1
 expect "the manager opens" appears frmTaskMain
 expect "it is the manager" title_is frmTaskMain 任务管理器
-# It begins with the tasks of today.
+# It begins with the tasks of today and tomorrow.
 outside tab frmTaskMain.SSTab1 1
 expect "the filter page comes forward" appears frmTaskMain.DTPicker0
 outside mouse frmTaskMain.DTPicker0 10 12
+outside mouse frmTaskMain.DTPicker1 10 12
 outside mouse frmTaskMain.cmdSeek
 expect "its tree shows every task of the plan" tree_shows "$count"
 first=$(query "select date(min(taskTime)) from tTaskList where TaskID=4")

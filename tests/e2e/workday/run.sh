@@ -124,6 +124,7 @@ fill txtTaskCon 交财务，已寄出
 fill "txtOther(0)" 三楼
 main mouse cmdSave
 answer "the change is told" "[[]月报[]]: 修改完毕 ！" Enter
+answer "an alert does not list what is done" "[[]月报[]]: 已保存，但当前列表不显示该项！" Enter
 expect "the change is in the file" rows_are \
     "select tDone,fContent,fOther0 from tTaskList where fID=1" "1|交财务，已寄出|三楼"
 
@@ -284,7 +285,7 @@ main mousetab SSTab1 1
 expect "the filter page comes forward" shows DTPicker0
 main mouse DTPicker0 10 12
 main mouse cboState
-outside keys End Enter
+outside keys End Up Enter
 main mouse cmdSeek
 expect "what is done is shown too" tree_holds 月报
 picture tab-filter

@@ -47,8 +47,60 @@ TEST_F(Refresh, AnAlertPassSendsOnlyTheListQuery) {
     EXPECT_EQ(stage.statements.Take(),
               Messages{"select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID from "
                        "tTaskList a  Where 1=1 And a.tDuring1<=#03/07/2003# and "
-                       "a.tDuring2>=#03/07/2003# And a.tDone=0 Order by a.fType,a.taskTime "
+                       "a.tDuring2>=#03/07/2003# And a.tDone<>1 Order by a.fType,a.taskTime "
                        "desc,a.taskTitle"});
+}
+
+TEST_F(Refresh, ATaskInHandRaisesAnAlert) {
+    AddDueItem();
+    stage.Sql("update tTaskList set tDone=2");
+    EXPECT_EQ(stage.Refresh(0), 0);
+    ASSERT_NE(stage.Window(), nullptr);
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
+}
+
+TEST_F(Refresh, AWindowLeftOpenOvernightShowsTheNewDay) {
+    for (const std::int32_t mode : {0, 1, 9}) {
+        stage.clock.now = DateTime(2003, 3, 7, 9, 30);
+        AddDueItem();
+        EXPECT_EQ(stage.Refresh(mode), 0);
+        stage.clock.now = DateTime(2003, 3, 8, 7, 0);
+        stage.statements.Take();
+        EXPECT_EQ(stage.Refresh(mode), 0);
+        const Messages sent = stage.statements.Take();
+        ASSERT_EQ(sent.size(), 1u) << mode;
+        EXPECT_NE(sent[0].find(" and a.tDuring2>=#03/08/2003#"), std::string::npos) << sent[0];
+        EXPECT_EQ(stage.Window()->lblBirthDay.Caption(), "2003-03-08") << mode;
+        // On the same day nothing is filled again but by an alert pass.
+        EXPECT_EQ(stage.Refresh(mode), 0);
+        EXPECT_EQ(stage.statements.Take().size(), mode == 0 ? 1u : 0u);
+        stage.Window()->Unload();
+    }
+}
+
+TEST_F(Refresh, ANewDayThatCannotBeShownIsTriedAgain) {
+    EXPECT_EQ(stage.Refresh(1), 0);
+    stage.clock.now = DateTime(2003, 3, 8, 7, 0);
+    stage.statements.failing = "tTaskList";
+    EXPECT_NE(stage.Refresh(1), 0);
+    EXPECT_EQ(stage.Window()->DTPicker0.Value(), DateTime(2003, 3, 7));
+    stage.statements.failing.clear();
+    AddDueItem();
+    stage.Sql(
+        "update tTaskList set taskTime='2003-03-08',tDuring1='2003-03-08',"
+        "tDuring2='2003-03-08'");
+    EXPECT_EQ(stage.Refresh(1), 0);
+    EXPECT_EQ(stage.Window()->DTPicker0.Value(), DateTime(2003, 3, 8));
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
+}
+
+TEST_F(Refresh, TheNewDayWaitsForAnEditToEnd) {
+    EXPECT_EQ(stage.Refresh(1), 0);
+    stage.Window()->state.editMode = 1;
+    stage.clock.now = DateTime(2003, 3, 8, 7, 0);
+    stage.statements.Take();
+    EXPECT_EQ(stage.Refresh(1), 0);
+    EXPECT_TRUE(stage.statements.Take().empty());
 }
 
 TEST_F(Refresh, ATaskThatIsDoneRaisesNoAlert) {

@@ -51,13 +51,19 @@ TEST(BuildFilterText, TextsBecomePatternsOrAreComparedAsTheyStand) {
               " And b.CompName like '%' And a.tDone=2");
 }
 
+TEST(BuildFilterText, TheRowForWhatIsNotDoneTakesWhatIsInHandToo) {
+    FilterChoice choice;
+    choice.state = kNotYetDone;
+    EXPECT_EQ(Build(choice), " Where 1=1 And a.tDone<>1");
+}
+
 TEST(BuildFilterText, OnlyTheThreeStatesFilter) {
     FilterChoice choice;
     choice.state = kNotDone;
     EXPECT_EQ(Build(choice), " Where 1=1 And a.tDone=0");
     choice.state = kDone;
     EXPECT_EQ(Build(choice), " Where 1=1 And a.tDone=1");
-    for (const int state : {-1, 3, 4}) {
+    for (const int state : {-1, 3, 5}) {
         choice.state = state;
         EXPECT_EQ(Build(choice), " Where 1=1");
     }
@@ -80,18 +86,43 @@ constexpr const char* kByDate = " Order by a.fType,a.taskTime desc,a.taskTitle";
 
 TEST_F(Filter, StartsWithTodayAllKindsAndAllStates) {
     EXPECT_EQ(window.filter.BuildItemFilter(),
-              " Where 1=1 And a.tDuring1<=#03/07/2003# and a.tDuring2>=#03/07/2003#");
+              " Where 1=1 And a.tDuring1<=#03/08/2003# and a.tDuring2>=#03/07/2003#");
+}
+
+TEST_F(Filter, PickersThatNobodyTouchedFollowTheDay) {
+    stage.clock.now = DateTime(2003, 3, 8, 0, 5);
+    stage.user.Pick(window.cboOrder, 1);
+    EXPECT_EQ(window.DTPicker0.Value(), DateTime(2003, 3, 8));
+    EXPECT_EQ(window.DTPicker1.Value(), DateTime(2003, 3, 9));
+    EXPECT_NE(Sent().find(" And a.tDuring1<=#03/09/2003# and a.tDuring2>=#03/08/2003#"),
+              std::string::npos);
+    // Even one that holds the day that it would hold anyway is the user's choice.
+    stage.user.SetDate(window.DTPicker0, std::nullopt);
+    stage.user.SetDate(window.DTPicker0, DateTime(2003, 3, 8));
+    stage.clock.now = DateTime(2003, 3, 9, 0, 5);
+    stage.user.Pick(window.cboOrder, 0);
+    EXPECT_EQ(window.DTPicker0.Value(), DateTime(2003, 3, 8));
+    EXPECT_EQ(window.DTPicker1.Value(), DateTime(2003, 3, 10));
+}
+
+TEST_F(Filter, ThereIsNoDayBehindTheLastOne) {
+    stage.clock.now = DateTime(9999, 12, 31, 9, 30);
+    stage.user.Pick(window.cboOrder, 1);
+    EXPECT_EQ(window.DTPicker0.Value(), DateTime(9999, 12, 31));
     EXPECT_FALSE(window.DTPicker1.Value());
+    EXPECT_TRUE(stage.dialogs.messages.empty());
 }
 
 TEST_F(Filter, SearchingWithBothPickersEmptyListsEverything) {
     stage.user.SetDate(window.DTPicker0, std::nullopt);
+    stage.user.SetDate(window.DTPicker1, std::nullopt);
     stage.user.Click(window.cmdSeek);
     EXPECT_EQ(Sent(), std::string(kSelect) + " Where 1=1" + kByDate);
 }
 
 TEST_F(Filter, ACompanyAloneNeedsTheJoinAndNoMore) {
     stage.user.SetDate(window.DTPicker0, std::nullopt);
+    stage.user.SetDate(window.DTPicker1, std::nullopt);
     stage.user.Type(window.txtComp, "公司");
     stage.user.Click(window.cmdSeek);
     EXPECT_EQ(Sent(), std::string(kSelect) +
@@ -103,7 +134,7 @@ TEST_F(Filter, ACompanyAloneNeedsTheJoinAndNoMore) {
 TEST_F(Filter, ServersTakeTheirOwnDelimiter) {
     stage.session.database.SetDateDelimiter('\'');
     EXPECT_EQ(window.filter.BuildItemFilter(),
-              " Where 1=1 And a.tDuring1<='03/07/2003' and a.tDuring2>='03/07/2003'");
+              " Where 1=1 And a.tDuring1<='03/08/2003' and a.tDuring2>='03/07/2003'");
 }
 
 TEST_F(Filter, AQuoteKeepsTheFocus) {

@@ -29,7 +29,7 @@ TEST_F(LifecycleTest, TheManagerSendsTheListTheStaffAndTheCaptionsOnly) {
 TEST_F(LifecycleTest, StartValuesOfTheFilter) {
     frmTaskMain& window = Open();
     EXPECT_EQ(window.DTPicker0.Value(), DateTime(2003, 3, 7));
-    EXPECT_FALSE(window.DTPicker1.Value());
+    EXPECT_EQ(window.DTPicker1.Value(), DateTime(2003, 3, 8));
     for (int kind = 0; kind < 3; kind++) EXPECT_TRUE(window.chkType[kind].Checked());
     EXPECT_EQ(window.cboState.ListIndex(), kAllStates);
     EXPECT_EQ(window.cboOrder.ListIndex(), 0);
@@ -41,8 +41,18 @@ TEST_F(LifecycleTest, StartValuesOfTheFilter) {
 TEST_F(LifecycleTest, AlertModeListsWhatIsNotDone) {
     for (int i = 0; i < 2; i++) AddItem(0, "x");
     frmTaskMain& window = Open(kAlertMode);
-    EXPECT_EQ(window.cboState.ListIndex(), kNotDone);
+    EXPECT_EQ(window.cboState.ListIndex(), kNotYetDone);
+    EXPECT_EQ(window.cboState.Text(), "未办结");
+    EXPECT_EQ(window.DTPicker0.Value(), DateTime(2003, 3, 7));
+    EXPECT_FALSE(window.DTPicker1.Value());
     EXPECT_EQ(window.Caption(), "任务报警器");
+}
+
+TEST_F(LifecycleTest, TheCardViewStartsWithItsOwnDayAlone) {
+    frmTaskMain& window = Open(kCardMode);
+    EXPECT_EQ(window.DTPicker0.Value(), DateTime(2003, 3, 7));
+    EXPECT_FALSE(window.DTPicker1.Value());
+    EXPECT_EQ(window.cboState.ListIndex(), kAllStates);
 }
 
 TEST_F(LifecycleTest, CaptionsFollowTheLanguage) {

@@ -189,6 +189,7 @@ TEST_F(PrintingTest, TheListHasTheItemsOfTheTreeInItsOrder) {
     AddItem(1, "d", 0, "2003-03-06");
     frmTaskMain& window = Open();
     window.DTPicker0.SetValue(std::nullopt);
+    window.DTPicker1.SetValue(std::nullopt);
     window.chkType[1].SetValue(0);
     stage.user.Choose(window.menus.mnuSeek1);
     stage.user.Choose(window.menus.mnuPrintList);

@@ -70,8 +70,11 @@ TEST_F(SaveItem, TheAlertWindowBecomesTheMomentOfTheItem) {
 TEST_F(SaveItem, AMomentIsListedBetweenTwoDaysAndAMidnightOnItsOwn) {
     frmTaskMain& window = Change();
     Save();
-    EXPECT_EQ(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
+    EXPECT_NE(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
     ShowTab(kFilterTab);
+    stage.user.SetDate(window.DTPicker1, std::nullopt);
+    stage.user.Click(window.cmdSeek);
+    EXPECT_EQ(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
     stage.user.SetDate(window.DTPicker1, DateTime(2003, 3, 8));
     stage.user.Click(window.cmdSeek);
     ClickNode("Z1");
@@ -81,6 +84,44 @@ TEST_F(SaveItem, AMomentIsListedBetweenTwoDaysAndAMidnightOnItsOwn) {
     stage.user.SetDate(window.DTPicker1, std::nullopt);
     Save();
     EXPECT_NE(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
+}
+
+TEST_F(SaveItem, AnItemThatTheListDoesNotShowIsTold) {
+    frmTaskMain& window = Open();
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Type(window.txtTitle2, "今天");
+    Save();
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[今天]: 新增完毕 ！"});
+    EXPECT_NE(window.tvwTask.Find("Z2"), forms::TreeView::kNone);
+    stage.dialogs.messages.clear();
+    // The twin of an item that is shown is not shown itself.
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Type(window.txtTitle2, "今天");
+    ShowTab(kFilterTab);
+    stage.user.Type(window.txtContent0, "x");
+    stage.Sql("update tTaskList set fContent='x' where fID=2");
+    Save();
+    EXPECT_NE(window.tvwTask.Find("Z2"), forms::TreeView::kNone);
+    EXPECT_EQ(stage.dialogs.messages,
+              (Lines{"0|[今天]: 新增完毕 ！", "64|[今天]: 已保存，但当前列表不显示该项！"}));
+    stage.dialogs.messages.clear();
+    ClickNode("Z2");
+    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.Type(window.txtTaskCon, "");
+    Save();
+    EXPECT_EQ(stage.dialogs.messages,
+              (Lines{"0|[今天]: 修改完毕 ！", "64|[今天]: 已保存，但当前列表不显示该项！"}));
+}
+
+TEST_F(SaveItem, AnItemSavedWhilePlansAreShownIsToldToo) {
+    stage.session.state.Language = 1;
+    frmTaskMain& window = Open();
+    stage.user.Click(window.chkEvent);
+    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Type(window.txtTitle2, "今天");
+    Save();
+    EXPECT_EQ(stage.dialogs.messages,
+              (Lines{"0|[今天]: 新增完毕 ！", "64|[今天]: 已儲存，但目前列表不顯示該項！"}));
 }
 
 TEST_F(SaveItem, KeepsWhatTheItemBelongsTo) {
