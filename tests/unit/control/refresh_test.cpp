@@ -336,12 +336,14 @@ TEST_F(Refresh, ModeFiveAsksWhateverTheDateIs) {
     EXPECT_TRUE(CompletionDialog());
 }
 
-TEST_F(Refresh, AUserNameWithAnApostropheFailsInTheDatabase) {
+TEST_F(Refresh, AUserNameWithAnApostropheMarksThroughTheRow) {
+    AddDueItem();
     stage.session.state.UserName = "O'Brien";
     stage.session.state.myTaskID = 1;
-    EXPECT_NE(stage.Refresh(4), 0);
-    EXPECT_EQ(stage.statements.Take(),
-              Messages{"Update tTaskList Set tDone=0,tDoneMan = 'O'Brien' where fID =1"});
+    stage.session.state.myDate = 1;
+    EXPECT_EQ(stage.Refresh(4), 0);
+    EXPECT_EQ(stage.statements.Take(), Messages{"select * from tTaskList where fID=1"});
+    EXPECT_EQ(stage.Rows("select tDone,tDoneMan from tTaskList"), "1|O'Brien");
 }
 
 TEST_F(Refresh, AStoreThatCannotBeOpenedIsToldOnceAndIsAnErrorForTheHost) {
