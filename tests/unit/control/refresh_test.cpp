@@ -87,8 +87,8 @@ TEST_F(Refresh, ANewDayThatCannotBeShownIsTriedAgain) {
     stage.statements.failing.clear();
     AddDueItem();
     stage.Sql(
-        "update tTaskList set taskTime='2003-03-08',tDuring1='2003-03-08',"
-        "tDuring2='2003-03-08'");
+        "update tTaskList set taskTime='2003-03-08 00:00:00',tDuring1='2003-03-08 00:00:00',"
+        "tDuring2='2003-03-08 00:00:00'");
     EXPECT_EQ(stage.Refresh(1), 0);
     EXPECT_EQ(stage.Window()->DTPicker0.Value(), DateTime(2003, 3, 8));
     EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
