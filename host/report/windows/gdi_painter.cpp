@@ -14,17 +14,25 @@ COLORREF ColorOf(Grey grey) {
     return RGB(level, level, level);
 }
 
+// Of a font's characters, as the system takes it for a wish of another width.
+double AverageWidth(HDC dc, HFONT font) {
+    const forms::win32::Selected selected(dc, font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc, &metrics);
+    return static_cast<double>(metrics.tmAveCharWidth);
+}
+
 }  // namespace
 
-GdiPainter::GdiPainter(HDC dc, const FontSet& fonts, double scale, double left, double top)
-    : dc_(dc), fonts_(fonts), scale_(scale), left_(left), top_(top) {}
+GdiPainter::GdiPainter(HDC dc, const FontSet& fonts, const Placement& place)
+    : dc_(dc), fonts_(fonts), place_(place) {}
 
 int GdiPainter::X(double points) const {
-    return static_cast<int>(std::lround(left_ + points * scale_));
+    return static_cast<int>(std::lround(place_.left + points * place_.scaleX));
 }
 
 int GdiPainter::Y(double points) const {
-    return static_cast<int>(std::lround(top_ + points * scale_));
+    return static_cast<int>(std::lround(place_.top + points * place_.scaleY));
 }
 
 void GdiPainter::Fill(const RECT& area, Grey grey) {
@@ -38,9 +46,11 @@ void GdiPainter::Draw(const Page& page) {
              ground.grey);
     }
     for (const Rule& rule : page.rules) {
-        const int width = std::max(1, static_cast<int>(std::lround(rule.width * scale_)));
+        const bool isHorizontal = rule.y1 == rule.y2;
+        const double scale = isHorizontal ? place_.scaleY : place_.scaleX;
+        const int width = std::max(1, static_cast<int>(std::lround(rule.width * scale)));
         RECT area{X(rule.x1), Y(rule.y1), X(rule.x2), Y(rule.y2)};
-        if (rule.y1 == rule.y2) {
+        if (isHorizontal) {
             area.top -= width / 2;
             area.bottom = area.top + width;
         } else {
@@ -102,7 +112,7 @@ void GdiPainter::Show(const std::u16string& text, const std::vector<int>& advanc
 }
 
 HFONT GdiPainter::FontOf(std::uint16_t font, double size, bool bold) {
-    const int height = std::max(1, static_cast<int>(std::lround(size * scale_)));
+    const int height = std::max(1, static_cast<int>(std::lround(size * place_.scaleY)));
     forms::win32::Font& made = made_[{font, height, bold}];
     if (!made) {
         LOGFONTW wanted{};
@@ -114,6 +124,11 @@ HFONT GdiPainter::FontOf(std::uint16_t font, double size, bool bold) {
         lstrcpynW(wanted.lfFaceName, win32::ToWide(fonts_.Fonts()[font].family).c_str(),
                   LF_FACESIZE);
         made.reset(CreateFontIndirectW(&wanted));
+        if (place_.scaleX != place_.scaleY) {
+            wanted.lfWidth = std::max(
+                1L, std::lround(AverageWidth(dc_, made.get()) * place_.scaleX / place_.scaleY));
+            made.reset(CreateFontIndirectW(&wanted));
+        }
     }
     return made.get();
 }

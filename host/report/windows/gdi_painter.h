@@ -9,13 +9,13 @@
 #include "forms/win32/handles.h"
 #include "report/font_set.h"
 #include "report/page.h"
+#include "report/paper_fit.h"
 
 namespace zv::report {
 
 class GdiPainter {
  public:
-    /// `scale`: pixels per point; the page's upper left corner lies at (left, top) of `dc`.
-    GdiPainter(HDC dc, const FontSet& fonts, double scale, double left, double top);
+    GdiPainter(HDC dc, const FontSet& fonts, const Placement& place);
 
     /// Characters stand where the layout has put them, whatever the device's own widths are.
     void Draw(const Page& page);
@@ -31,9 +31,7 @@ class GdiPainter {
 
     HDC dc_;
     const FontSet& fonts_;
-    double scale_;
-    double left_;
-    double top_;
+    Placement place_;
     std::map<std::tuple<int, int, bool>, forms::win32::Font> made_;
 };
 

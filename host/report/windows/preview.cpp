@@ -4,6 +4,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <new>
 
 #include "base/errors.h"
 #include "base/win32/wide.h"
@@ -32,7 +33,7 @@ void PaintOn(const forms::CanvasSurface& surface, const FontSet& fonts, const Pa
     RECT frame{paper.left - 1, paper.top - 1, paper.right + 1, paper.bottom + 1};
     FillRect(dc, &frame, GetSysColorBrush(COLOR_3DDKSHADOW));
     FillRect(dc, &paper, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    GdiPainter(dc, fonts, scale, left, top).Draw(page);
+    GdiPainter(dc, fonts, {scale, scale, left, top}).Draw(page);
 }
 
 class GlobalBytes {
@@ -54,7 +55,18 @@ class GlobalBytes {
     void* bytes_;
 };
 
-// The system's printer dialog; false when the user cancels it.
+HGLOBAL Copied(const std::vector<unsigned char>& bytes) {
+    if (bytes.empty()) return nullptr;
+    const HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+    void* target = handle ? GlobalLock(handle) : nullptr;
+    if (!target) throw std::bad_alloc();
+    std::copy(bytes.begin(), bytes.end(), static_cast<unsigned char*>(target));
+    GlobalUnlock(handle);
+    return handle;
+}
+
+// The system's printer dialog, which proposes `printer` and paper as the pages lie; what the user
+// chooses instead holds. False when the user cancels it.
 bool ChoosePrinter(HWND owner, const Layout& layout, PrinterChoice& printer) {
     PRINTDLGW dialog{};
     dialog.lStructSize = sizeof dialog;
@@ -65,6 +77,7 @@ bool ChoosePrinter(HWND owner, const Layout& layout, PrinterChoice& printer) {
     dialog.nCopies = static_cast<WORD>(printer.copies);
     dialog.nMinPage = dialog.nFromPage = 1;
     dialog.nMaxPage = dialog.nToPage = static_cast<WORD>(std::min(layout.PageCount(), 0xFFFE));
+    dialog.hDevMode = Copied(ProposeSettings(printer, layout));
     const BOOL chosen = PrintDlgW(&dialog);
     const DWORD failure = chosen ? 0 : CommDlgExtendedError();
     if (dialog.hDevMode) {
@@ -72,7 +85,6 @@ bool ChoosePrinter(HWND owner, const Layout& layout, PrinterChoice& printer) {
         if (const auto* settings = mode.As<DEVMODEW>(); chosen && settings) {
             const auto* bytes = mode.As<unsigned char>();
             printer.settings.assign(bytes, bytes + settings->dmSize + settings->dmDriverExtra);
-            if (settings->dmFields & DM_COPIES) printer.copies = settings->dmCopies;
         }
     }
     if (dialog.hDevNames) {
@@ -134,8 +146,8 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
     };
     PreviewActions actions;
     actions.print = [&] {
-        DefaultPrinter(request.Script());  // throws when there is none at all
         PrinterChoice printer;
+        printer.name = DefaultPrinter(request.Script());
         printer.copies = request.copies;
         const HWND owner = backend.Handle(*window);
         bool chosen = false;
@@ -144,8 +156,9 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
             chosen = ChoosePrinter(owner, report.Pages(), printer);
         }
         if (!chosen) return;
-        PrintJob job(report.Pages(), printer, {});
-        run(ReportText::Printing, ReportText::PrintCancelled, job);
+        if (const auto job = PrintJob::Begin(report.Pages(), printer, {})) {
+            run(ReportText::Printing, ReportText::PrintCancelled, *job);
+        }
     };
     actions.savePdf = [&] {
         const std::string path =

@@ -46,8 +46,9 @@ void Print(const PrintRequest& request, const PreparedReport& report) {
     printer.name = request.printerName.empty() ? DefaultPrinter(request.Script())
                                                : win32::ToWide(request.printerName);
     printer.copies = request.copies;
-    PrintJob job(report.Pages(), printer, request.outputFile);
-    Finish(request, report, ReportText::Printing, job);
+    if (const auto job = PrintJob::Begin(report.Pages(), printer, request.outputFile)) {
+        Finish(request, report, ReportText::Printing, *job);
+    }
 }
 
 }  // namespace

@@ -4,19 +4,19 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "base/errors.h"
 #include "base/win32/com_error.h"
 #include "base/win32/wide.h"
 #include "forms/win32/handles.h"
+#include "report/paper_fit.h"
 #include "report/report_texts.h"
 #include "report/saving.h"
 #include "report/windows/gdi_painter.h"
 
 namespace zv::report {
 namespace {
-
-constexpr double kPointsPerInch = 72;
 
 [[noreturn]] void Fail(DWORD error, std::int16_t language) {
     const std::string reason =
@@ -31,63 +31,61 @@ struct PrinterPolicy {
 };
 using OpenedPrinter = forms::win32::UniqueHandle<PrinterPolicy>;
 
-// The driver's settings with what this job needs of them.
-std::vector<unsigned char> SettingsFor(const PrinterChoice& printer, bool isLandscape,
-                                       std::int16_t language) {
+OpenedPrinter Open(const PrinterChoice& printer, std::int16_t language) {
     HANDLE handle = nullptr;
-    auto* name = const_cast<wchar_t*>(printer.name.c_str());
-    if (!OpenPrinterW(name, &handle, nullptr)) {
+    if (!OpenPrinterW(const_cast<wchar_t*>(printer.name.c_str()), &handle, nullptr)) {
         throw RuntimeError(ErrorNumber::PrinterError,
                            FormatReportText(ReportText::UnknownPrinter, language,
                                             zv::win32::ToUtf8(printer.name)));
     }
-    const OpenedPrinter opened(handle);
-    const LONG size = DocumentPropertiesW(nullptr, handle, name, nullptr, nullptr, 0);
-    if (size < static_cast<LONG>(sizeof(DEVMODEW))) return printer.settings;
-    std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
-    auto* settings = reinterpret_cast<DEVMODEW*>(bytes.data());
-    if (!printer.settings.empty() && printer.settings.size() <= bytes.size()) {
-        std::copy(printer.settings.begin(), printer.settings.end(), bytes.begin());
-    } else if (DocumentPropertiesW(nullptr, handle, name, settings, nullptr, DM_OUT_BUFFER) < 0) {
-        return printer.settings;
-    }
-    settings->dmFields |= DM_ORIENTATION | DM_PAPERSIZE | DM_COPIES | DM_COLLATE;
-    settings->dmOrientation = isLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
-    settings->dmPaperSize = DMPAPER_A4;
-    settings->dmCopies = static_cast<short>(std::clamp(printer.copies, 1, 999));
-    settings->dmCollate = DMCOLLATE_TRUE;
-    // A driver that does not know A4 says so by keeping its own paper.
-    DocumentPropertiesW(nullptr, handle, name, settings, settings, DM_IN_BUFFER | DM_OUT_BUFFER);
-    return bytes;
+    return OpenedPrinter(handle);
+}
+
+// A printer that stands at "FILE:" asks for the file when the document begins.
+bool IsCancelled(int result, DWORD error) {
+    return result == SP_USERABORT || result == SP_APPABORT || error == ERROR_CANCELLED ||
+           error == ERROR_PRINT_CANCELLED;
 }
 
 // Ends the job on every way out: as printed when it was finished, else without a page.
 class Job {
  public:
-    Job(HDC dc, const std::wstring& title, const std::wstring& file, std::int16_t language)
-        : dc_(dc) {
+    explicit Job(HDC dc) : dc_(dc) {}
+    ~Job() {
+        if (begun_) AbortDoc(dc_);
+    }
+    Job(const Job&) = delete;
+    Job& operator=(const Job&) = delete;
+    /// False when the user cancels.
+    bool Begin(const std::wstring& title, const std::wstring& file, std::int16_t language) {
         DOCINFOW info{};
         info.cbSize = sizeof info;
         info.lpszDocName = title.c_str();
         info.lpszOutput = file.empty() ? nullptr : file.c_str();
         SetLastError(0);
-        if (StartDocW(dc_, &info) <= 0) Fail(GetLastError(), language);
+        const int result = StartDocW(dc_, &info);
+        begun_ = result > 0;
+        if (begun_) return true;
+        const DWORD error = GetLastError();
+        if (IsCancelled(result, error)) return false;
+        Fail(error, language);
     }
-    ~Job() {
-        if (!finished_) AbortDoc(dc_);
-    }
-    Job(const Job&) = delete;
-    Job& operator=(const Job&) = delete;
     void Finish(std::int16_t language) {
-        finished_ = true;
+        begun_ = false;
         SetLastError(0);
         if (EndDoc(dc_) <= 0) Fail(GetLastError(), language);
     }
 
  private:
     HDC dc_;
-    bool finished_ = false;
+    bool begun_ = false;
 };
+
+Sheet SheetOf(HDC dc) {
+    const auto tell = [dc](int what) { return GetDeviceCaps(dc, what); };
+    return {tell(LOGPIXELSX),     tell(LOGPIXELSY),      tell(PHYSICALWIDTH),
+            tell(PHYSICALHEIGHT), tell(PHYSICALOFFSETX), tell(PHYSICALOFFSETY)};
+}
 
 }  // namespace
 
@@ -103,27 +101,53 @@ std::wstring DefaultPrinter(std::int16_t language) {
     return name;
 }
 
+std::vector<unsigned char> ProposeSettings(const PrinterChoice& printer, const Layout& layout) {
+    const OpenedPrinter opened = Open(printer, layout.Source().language);
+    const HANDLE handle = opened.get();
+    auto* name = const_cast<wchar_t*>(printer.name.c_str());
+    const LONG size = DocumentPropertiesW(nullptr, handle, name, nullptr, nullptr, 0);
+    if (size < static_cast<LONG>(sizeof(DEVMODEW))) return {};
+    std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
+    auto* settings = reinterpret_cast<DEVMODEW*>(bytes.data());
+    if (DocumentPropertiesW(nullptr, handle, name, settings, nullptr, DM_OUT_BUFFER) < 0) return {};
+    const bool isLandscape = layout.PageWidth() > layout.PageHeight();
+    settings->dmFields |= DM_ORIENTATION | DM_PAPERSIZE | DM_COPIES | DM_COLLATE;
+    settings->dmOrientation = isLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+    settings->dmPaperSize = DMPAPER_A4;
+    settings->dmCopies = static_cast<short>(std::clamp(printer.copies, 1, 999));
+    settings->dmCollate = DMCOLLATE_TRUE;
+    // A driver that does not know A4 says so by keeping its own paper.
+    DocumentPropertiesW(nullptr, handle, name, settings, settings, DM_IN_BUFFER | DM_OUT_BUFFER);
+    return bytes;
+}
+
 struct PrintJob::Paper {
-    Paper(const Layout& layout, const PrinterChoice& printer, const std::string& outputFile,
-          const std::vector<unsigned char>& settings)
-        : dc(CreateDCW(
-              L"WINSPOOL", printer.name.c_str(), nullptr,
-              settings.empty() ? nullptr : reinterpret_cast<const DEVMODEW*>(settings.data()))) {
-        if (!dc) Fail(GetLastError(), layout.Source().language);
-        job.emplace(dc.get(), zv::win32::ToWide(layout.Source().title),
-                    zv::win32::ToWide(outputFile), layout.Source().language);
-    }
+    explicit Paper(HDC device) : dc(device), job(device) {}
 
     forms::win32::MemoryDc dc;
-    std::optional<Job> job;
+    Job job;
 };
 
-PrintJob::PrintJob(const Layout& layout, const PrinterChoice& printer,
-                   const std::string& outputFile)
-    : layout_(layout) {
-    const bool isLandscape = layout.PageWidth() > layout.PageHeight();
-    paper_ = std::make_unique<Paper>(layout, printer, outputFile,
-                                     SettingsFor(printer, isLandscape, layout.Source().language));
+std::unique_ptr<PrintJob> PrintJob::Begin(const Layout& layout, const PrinterChoice& printer,
+                                          const std::string& outputFile) {
+    const std::int16_t language = layout.Source().language;
+    Open(printer, language);
+    const std::vector<unsigned char> settings =
+        printer.settings.empty() ? ProposeSettings(printer, layout) : printer.settings;
+    const HDC dc =
+        CreateDCW(L"WINSPOOL", printer.name.c_str(), nullptr,
+                  settings.empty() ? nullptr : reinterpret_cast<const DEVMODEW*>(settings.data()));
+    if (!dc) Fail(GetLastError(), language);
+    auto paper = std::make_unique<Paper>(dc);
+    if (!paper->job.Begin(zv::win32::ToWide(layout.Source().title), zv::win32::ToWide(outputFile),
+                          language)) {
+        return nullptr;
+    }
+    return std::unique_ptr<PrintJob>(new PrintJob(layout, printer, std::move(paper)));
+}
+
+PrintJob::PrintJob(const Layout& layout, const PrinterChoice& printer, std::unique_ptr<Paper> paper)
+    : layout_(layout), paper_(std::move(paper)) {
     last_ =
         printer.lastPage > 0 ? std::min(printer.lastPage, layout.PageCount()) : layout.PageCount();
     first_ = std::clamp(printer.firstPage, 1, last_);
@@ -137,13 +161,12 @@ bool PrintJob::Continue() {
     const HDC dc = paper_->dc.get();
     SetLastError(0);
     if (StartPage(dc) <= 0) Fail(GetLastError(), language);
-    // The driver counts from the edge of what it can print on.
-    GdiPainter painter(dc, layout_.Fonts(), GetDeviceCaps(dc, LOGPIXELSX) / kPointsPerInch,
-                       -GetDeviceCaps(dc, PHYSICALOFFSETX), -GetDeviceCaps(dc, PHYSICALOFFSETY));
+    GdiPainter painter(dc, layout_.Fonts(),
+                       FitPage(layout_.PageWidth(), layout_.PageHeight(), SheetOf(dc)));
     painter.Draw(layout_.MakePage(next_));
     if (EndPage(dc) <= 0) Fail(GetLastError(), language);
     if (next_++ < last_) return true;
-    paper_->job->Finish(language);
+    paper_->job.Finish(language);
     return false;
 }
 

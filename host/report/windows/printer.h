@@ -14,11 +14,13 @@
 
 namespace zv::report {
 
-/// A printer and how it is to print; the bytes are the driver's DEVMODE, empty for its defaults.
+/// A printer and how it is to print.
 struct PrinterChoice {
     std::wstring name;
+    /// The driver's DEVMODE as the user chose it, paper and direction included; empty: the
+    /// driver's defaults on A4 as the pages lie.
     std::vector<unsigned char> settings;
-    int copies = 1;
+    int copies = 1;  ///< where no settings are given
     int firstPage = 1;
     int lastPage = 0;  ///< 0: to the end
 };
@@ -26,13 +28,21 @@ struct PrinterChoice {
 /// Name of the user's default printer. Throws 482 when there is none.
 std::wstring DefaultPrinter(std::int16_t language);
 
-/// Prints under the document's title, A4 and upright or across as its pages are. `outputFile`
-/// empty: to where the printer stands, otherwise the printer's language into that file. What was
-/// not finished is not printed. Every operation throws 482 with the reason: the printer is unknown,
-/// gone, or fails. The layout must outlive the job.
+/// What is proposed to a user who is going to choose: the driver's defaults on A4, upright or
+/// across as the pages lie. Empty when the driver tells no settings; throws 482 when the printer is
+/// unknown.
+std::vector<unsigned char> ProposeSettings(const PrinterChoice& printer, const Layout& layout);
+
+/// Prints under the document's title; pages that are larger than the paper are made smaller. What
+/// was not finished is not printed. Every operation throws 482 with the reason: the printer is
+/// unknown, gone, or fails.
 class PrintJob final : public reports::LongWork {
  public:
-    PrintJob(const Layout& layout, const PrinterChoice& printer, const std::string& outputFile);
+    /// `outputFile` empty: to where the printer stands, otherwise the printer's language into that
+    /// file. Null when the user was asked where to print to and cancelled. The layout must outlive
+    /// the job.
+    static std::unique_ptr<PrintJob> Begin(const Layout& layout, const PrinterChoice& printer,
+                                           const std::string& outputFile);
     ~PrintJob() override;
     bool Continue() override;
     std::optional<int> Percent() const override;
@@ -40,6 +50,8 @@ class PrintJob final : public reports::LongWork {
 
  private:
     struct Paper;
+    PrintJob(const Layout& layout, const PrinterChoice& printer, std::unique_ptr<Paper> paper);
+
     const Layout& layout_;
     int first_ = 1;
     int last_ = 0;

@@ -111,6 +111,60 @@ wait "$script_pid"
 check "the script goes on, and counted the same pages" grep -qx "END $last" "$work/preview"
 
 check "a printer is installed again" printers add 'zv paper' 'FILE:'
+
+# Printing from the preview. Who does not name the file that the printer asks for has called it off,
+# which is no failure.
+no_message() { [ "$(outside message)" = 'no message box is open' ] || { outside message; return 1; }; }
+some_message() {
+    local i
+    for i in $(seq 50); do
+        no_message >/dev/null || return 0
+        sleep 0.1
+    done
+    return 1
+}
+preview() { # ARGUMENT...
+    script "$here/preview.vbs" "$(windows_path "$data")" 0 "$@" >"$work/preview" &
+    script_pid=$!
+    check "the preview opens ($*)" outside wait frmPreview 60
+    check "print is pressed ($*)" outside click frmPreview.cmdPrint
+    check "the printers' dialog opens ($*)" some_message
+    outside keys Enter >/dev/null
+}
+end_preview() {
+    outside close frmPreview >/dev/null
+    wait "$script_pid"
+    check "the script goes on" grep -q '^END [1-9]' "$work/preview"
+}
+preview
+check "the printer asks for its file" said 'Output File Name'
+outside keys Escape >/dev/null
+check "a print that was called off is no failure" no_message
+check "the preview is there still" text_is txtPage 1
+end_preview
+# A page that lies across is proposed to be printed across, in its true size.
+check "the printer is put aside" printers remove 'zv paper'
+check "a printer that writes a file" printers add 'zv paper' "$(windows_path "$work/across.ps")"
+preview wide
+written() {
+    local i
+    for i in $(seq 100); do
+        tail -c 20 "$work/across.ps" 2>/dev/null | grep -q EOF && return 0
+        sleep 0.1
+    done
+    return 1
+}
+check "a page is on paper" written
+check "it is PostScript" ps2pdf "$work/across.ps" "$work/across.pdf"
+across() {
+    pdfinfo "$work/across.pdf" | awk '/^Page size/ { wide = $3 > $5; size = $3 + $5 }
+        /^Page rot/ { turned = $3 % 180 } END { exit !(size > 1420 && size < 1450 && (wide || turned)) }' ||
+        { pdfinfo "$work/across.pdf"; return 1; }
+}
+check "it lies across on A4" across
+end_preview
+check "the printer is put aside again" printers remove 'zv paper'
+check "the first printer is back" printers add 'zv paper' 'FILE:'
 reports=(list item collection rows grid)
 for language in 0 1; do
     if [ "$language" = 0 ]; then
