@@ -82,7 +82,8 @@ class Backend {
     virtual void RunModal(Form& form) = 0;
     /// Size of the text in the system's font, lines broken at line feeds.
     virtual Size MeasureText(std::string_view text) = 0;
-    /// The part of the screen that windows may cover.
+    /// The part of the screen that windows may cover, its origin included, on the monitor where the
+    /// user works at this moment.
     virtual Rect WorkArea() = 0;
     virtual Dialogs& GetDialogs() = 0;
     /// Throws error 521 when another program holds the clipboard.

@@ -147,8 +147,12 @@ void Form::Move(const Rect& bounds) {
 
 void Form::Center() {
     const Rect area = windows_.GetBackend().WorkArea();
-    Move({area.left + (area.width - bounds_.width) / 2,
-          area.top + (area.height - bounds_.height) / 2, bounds_.width, bounds_.height});
+    // A window that is larger shows its title bar and its first controls.
+    const auto middle = [](int start, int room, int size) {
+        return start + std::max((room - size) / 2, 0);
+    };
+    Move({middle(area.left, area.width, bounds_.width),
+          middle(area.top, area.height, bounds_.height), bounds_.width, bounds_.height});
 }
 
 void Form::SetClientSize(Size size) {

@@ -8,10 +8,12 @@
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
+#include "forms/label.h"
 #include "forms/menu.h"
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/tree_view.h"
+#include "forms/win32/display.h"
 #include "forms/win32/handles.h"
 #include "forms/win32/input_box.h"
 #include "forms/win32/wide_text.h"
@@ -48,6 +50,7 @@ struct NativeForm : TestForm {
     DatePicker dtpDate{*this, "dtpDate"};
     CommandButton cmdOK{*this, "cmdOK"};
     CommandButton cmdOther{*this, "cmdOther"};
+    Label lblText{*this, "lblText"};
 };
 
 class Native : public Contract {
@@ -326,6 +329,19 @@ TEST_F(Native, TheOwnModalLoopEndsWithTheWindowAndPassesTheEndOfTheProgramOn) {
     MSG message{};
     ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, 7U);
+}
+
+TEST_F(Native, TheWorkAreaIsThatOfTheMonitorWhereTheUserWorks) {
+    form.Show(false);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ASSERT_TRUE(GetMonitorInfoW(MonitorFromWindow(Handle(form), MONITOR_DEFAULTTONULL), &monitor));
+    const Rect area = backend().WorkArea();
+    const auto pixels = [](int units) { return MulDiv(units, win32::SystemDpi(), 96); };
+    EXPECT_NEAR(pixels(area.left), monitor.rcWork.left, 1);
+    EXPECT_NEAR(pixels(area.top), monitor.rcWork.top, 1);
+    EXPECT_NEAR(pixels(area.width), monitor.rcWork.right - monitor.rcWork.left, 1);
+    EXPECT_NEAR(pixels(area.height), monitor.rcWork.bottom - monitor.rcWork.top, 1);
 }
 
 TEST_F(Native, AWindowIsNotSmallerThanItsMinimum) {

@@ -290,6 +290,15 @@ TEST_F(Windows, CenterPutsTheWindowInTheMiddle) {
     EXPECT_EQ(form.Bounds().top, area.top + (area.height - form.Bounds().height) / 2);
 }
 
+TEST_F(Windows, AWindowThatIsLargerThanTheScreenStartsAtItsCorner) {
+    auto& form = Make();
+    const Rect area = windows_.GetBackend().WorkArea();
+    form.Move({5, 5, area.width + 200, area.height + 100});
+    form.Center();
+    EXPECT_EQ(form.Bounds().left, area.left);
+    EXPECT_EQ(form.Bounds().top, area.top);
+}
+
 TEST_F(Windows, WiderTextMeasuresWider) {
     Backend& backend = windows_.GetBackend();
     const Size narrow = backend.MeasureText("任务");

@@ -17,6 +17,7 @@ class HeadlessBackend : public Backend {
     /// Runs while a modal window is open and must return only after it is gone, as the user's
     /// closing it would. Without one a modal window is an error, because nobody could close it.
     std::function<void(Form&)> modalLoop;
+    Rect workArea{0, 0, 1280, 960};
 
     /// Called while a popup menu is open and the user does nothing; the menu closes when it
     /// returns.
@@ -26,7 +27,7 @@ class HeadlessBackend : public Backend {
     void RunModal(Form& form) override;
     /// By fixed widths: 12 for a wide character, 6 for any other, 16 a line.
     Size MeasureText(std::string_view text) override;
-    Rect WorkArea() override { return {0, 0, 1280, 960}; }
+    Rect WorkArea() override { return workArea; }
     Dialogs& GetDialogs() override { return dialogs_; }
     void SetClipboardText(std::string_view text) override { clipboard_ = text; }
     std::string ClipboardText() override { return clipboard_; }

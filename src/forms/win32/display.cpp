@@ -62,6 +62,17 @@ int DpiOf(HWND window) {
     return dpi > 0 ? static_cast<int>(dpi) : SystemDpi();
 }
 
+RECT WorkAreaAt(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor)) {
+        return monitor.rcWork;
+    }
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return area;
+}
+
 Font CreateUiFont(int dpi) {
     LOGFONTW wanted = MessageFont(dpi);
     Font font(CreateFontIndirectW(&wanted));

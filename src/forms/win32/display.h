@@ -37,6 +37,10 @@ class Scale {
 int SystemDpi();
 int DpiOf(HWND window);
 
+/// What windows may cover of the monitor where `window` lies, in pixels; of the primary monitor for
+/// null.
+RECT WorkAreaAt(HWND window);
+
 /// The font of the system's messages at a resolution. Where that has no Chinese characters of both
 /// scripts and the system has a user-interface font with them, it is that one in the same size.
 Font CreateUiFont(int dpi);

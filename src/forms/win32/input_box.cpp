@@ -73,12 +73,18 @@ void InputBox::Build(HWND dialog) {
                                  extended, false, scale_.Dpi());
     RECT area{};
     const HWND owner = GetWindow(dialog, GW_OWNER);
-    if (!owner || !GetWindowRect(owner, &area)) SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    const RECT work = WorkAreaAt(owner);
+    if (!owner || !GetWindowRect(owner, &area)) area = work;
     const LONG width = outer.right - outer.left;
     const LONG height = outer.bottom - outer.top;
-    SetWindowPos(dialog, nullptr, static_cast<int>((area.left + area.right - width) / 2),
-                 static_cast<int>((area.top + area.bottom - height) / 2), static_cast<int>(width),
-                 static_cast<int>(height), SWP_NOZORDER);
+    // Over its owner, but never outside the screen.
+    const auto middle = [](LONG first, LONG last, LONG extent, LONG least, LONG most) {
+        return static_cast<int>(
+            std::max(std::min((first + last - extent) / 2, most - extent), least));
+    };
+    SetWindowPos(dialog, nullptr, middle(area.left, area.right, width, work.left, work.right),
+                 middle(area.top, area.bottom, height, work.top, work.bottom),
+                 static_cast<int>(width), static_cast<int>(height), SWP_NOZORDER);
     SetFocus(GetDlgItem(dialog, kEntryId));
 }
 

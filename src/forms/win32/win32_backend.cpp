@@ -36,6 +36,22 @@ class NativeFormPeer : public FormPeer {
     std::shared_ptr<FormWindow> window_;
 };
 
+BOOL CALLBACK FirstVisible(HWND window, LPARAM found) noexcept {
+    if (!IsWindowVisible(window) || IsIconic(window)) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+// The window in front of the user: one of ours, or the host's while none of ours is there. While
+// another program is in front it is the first that this thread shows.
+HWND WorkingWindow() {
+    HWND window = GetActiveWindow();
+    if (!window) {
+        EnumThreadWindows(GetCurrentThreadId(), &FirstVisible, reinterpret_cast<LPARAM>(&window));
+    }
+    return window;
+}
+
 bool IsKeyMessage(const MSG& message) {
     return message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN ||
            message.message == WM_SYSCHAR;
@@ -143,9 +159,7 @@ Size Win32Backend::MeasureText(std::string_view text) {
 }
 
 Rect Win32Backend::WorkArea() {
-    RECT area{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-    return Scale(SystemDpi()).ToUnits(area);
+    return Scale(SystemDpi()).ToUnits(WorkAreaAt(WorkingWindow()));
 }
 
 Dialogs& Win32Backend::GetDialogs() {

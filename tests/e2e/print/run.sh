@@ -132,7 +132,12 @@ preview() { # ARGUMENT...
     outside keys Enter >/dev/null
 }
 end_preview() {
-    outside close frmPreview >/dev/null
+    local i
+    for i in $(seq 20); do
+        # While it prints it does not close.
+        outside close frmPreview >/dev/null
+        outside gone frmPreview 2 >/dev/null && break
+    done
     wait "$script_pid"
     check "the script goes on" grep -q '^END [1-9]' "$work/preview"
 }
@@ -148,20 +153,23 @@ check "a printer that writes a file" printers add 'zv paper' "$(windows_path "$w
 preview wide
 written() {
     local i
-    for i in $(seq 100); do
+    for i in $(seq 600); do
         tail -c 20 "$work/across.ps" 2>/dev/null | grep -q EOF && return 0
         sleep 0.1
     done
     return 1
 }
-check "a page is on paper" written
-check "it is PostScript" ps2pdf "$work/across.ps" "$work/across.pdf"
-across() {
-    pdfinfo "$work/across.pdf" | awk '/^Page size/ { wide = $3 > $5; size = $3 + $5 }
-        /^Page rot/ { turned = $3 % 180 } END { exit !(size > 1420 && size < 1450 && (wide || turned)) }' ||
-        { pdfinfo "$work/across.pdf"; return 1; }
+check "the pages are on paper" written
+check "they lie across" grep -aq '^%%Orientation: Landscape' "$work/across.ps"
+check "they are A4" grep -aq 'PageSize A4' "$work/across.ps"
+check "they are PostScript" ps2pdf "$work/across.ps" "$work/across.pdf"
+# A page that was made smaller to fit upright paper would end in the middle of it.
+full_size() {
+    pdftotext -bbox -f 1 -l 1 "$work/across.pdf" "$work/boxes"
+    awk -F'"' '/<word/ && $6 + 0 > most { most = $6 + 0 } END { print most; exit !(most > 700) }' \
+        "$work/boxes"
 }
-check "it lies across on A4" across
+check "they have their true size" full_size
 end_preview
 check "the printer is put aside again" printers remove 'zv paper'
 check "the first printer is back" printers add 'zv paper' 'FILE:'

@@ -1,0 +1,38 @@
+// Where windows start.
+#include <gtest/gtest.h>
+
+#include "forms/form.h"
+#include "forms/headless/headless_backend.h"
+#include "forms/window_system.h"
+
+namespace zv::forms {
+namespace {
+
+class NoDialogs : public Dialogs {
+ public:
+    Answer ShowMessage(Form*, const std::string&, int, const std::string&) override {
+        return Answer::Ok;
+    }
+    std::optional<std::string> AskText(Form*, const std::string&, const std::string&,
+                                       bool) override {
+        return {};
+    }
+    std::optional<std::string> ChooseFile(Form*, const FileRequest&) override { return {}; }
+};
+
+TEST(Center, TheWorkAreasOriginCounts) {
+    NoDialogs dialogs;
+    headless::HeadlessBackend backend(dialogs);
+    backend.workArea = {-1280, 40, 1280, 760};
+    WindowSystem windows(backend);
+    auto& form = windows.Create<Form>("frmTest");
+    form.Move({0, 0, 400, 300});
+    form.Center();
+    EXPECT_EQ(form.Bounds(), (Rect{-1280 + 440, 40 + 230, 400, 300}));
+    form.Move({0, 0, 2000, 1000});
+    form.Center();
+    EXPECT_EQ(form.Bounds(), (Rect{-1280, 40, 2000, 1000}));
+}
+
+}  // namespace
+}  // namespace zv::forms
