@@ -256,14 +256,18 @@ void Form::FocusMayBeLost() {
     SetActive(nullptr);
 }
 
-void Form::PopupMenu(MenuItem& menu, int x, int y) {
+void Form::PopupMenu(MenuItem& menu, int x, int y, const std::function<bool()>& stillMeant) {
     // As on a screen, where a second menu is refused while one is open.
     if (windows_.StandingMenu()) return;
     lastPopup_ = menu.Name();
+    lastPopupAt_ = {x, y};
     MenuItem* chosen =
         peer_ ? windows_.ShowMenu(menu, [&] { return peer_->PopupMenu(menu, x, y); }) : nullptr;
-    // While it was open the window may have gone, or the entry may have become grey.
-    if (chosen && chosen->CanChoose()) chosen->UserChosen();
+    // While it was open the window may have gone, and what the menu was about may have changed.
+    if (!chosen || !IsShown()) return;
+    if (stillMeant && !stillMeant()) return;
+    // The entry may have become grey.
+    if (chosen->CanChoose()) chosen->UserChosen();
 }
 
 void Form::Activate() {

@@ -90,9 +90,13 @@ class Form {
 
     /// Opens a menu at a client position and returns when it is closed and the entry chosen has
     /// been told. Opens none while another one is open.
-    void PopupMenu(MenuItem& menu, int x, int y);
+    /// `stillMeant` is asked when an entry was chosen: false takes the choice back, because what
+    /// the menu was opened for is there no more.
+    void PopupMenu(MenuItem& menu, int x, int y, const std::function<bool()>& stillMeant = {});
     /// The last menu opened by PopupMenu; emptied by ForgetPopup.
     const std::string& LastPopup() const { return lastPopup_; }
+    /// Where it was opened, as a client position.
+    Position LastPopupAt() const { return lastPopupAt_; }
     void ForgetPopup() { lastPopup_.clear(); }
 
     /// What the user did; a backend calls these, errors are shown to the user.
@@ -142,6 +146,7 @@ class Form {
     Size minimumClientSize_;
     WindowState state_ = WindowState::Normal;
     std::string lastPopup_;
+    Position lastPopupAt_;
     Control* active_ = nullptr;
     bool sizable_ = false;
     bool loaded_ = false;

@@ -4,6 +4,12 @@
 
 namespace zv::forms {
 
+struct Position {
+    int x = 0;
+    int y = 0;
+    bool operator==(const Position&) const = default;
+};
+
 struct Size {
     int width = 0;
     int height = 0;

@@ -114,7 +114,8 @@ void Completion::cmdTaskOK_MouseDown(const forms::MouseEvent& event) {
     if (!item.MakeCurrent(window_) || !window_.IsLoaded()) return;
     const forms::Rect& bar = window_.fraTop.Bounds();
     const forms::Rect& button = window_.cmdTaskOK.Bounds();
-    window_.PopupMenu(window_.menus.mnuDone, bar.left + button.left, bar.top + button.Bottom());
+    window_.PopupMenu(window_.menus.mnuDone, bar.left + button.left, bar.top + button.Bottom(),
+                      [&] { return item.MakeCurrent(window_); });
 }
 
 void Completion::mnuEventDone_Click() {

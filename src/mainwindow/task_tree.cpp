@@ -177,16 +177,20 @@ void TaskTree::PopupContextMenu(int x, int y) {
     if (id != window_.state.currentItemId) tvwTask_NodeClick(node);
     // While a box about the item stood the host may have closed the window.
     if (!window_.IsLoaded()) return;
+    const NamedItem item(window_);
+    const auto popup = [&](forms::MenuItem& menu) {
+        window_.PopupMenu(menu, x, y, [&] { return item.MakeCurrent(window_); });
+    };
 
     switch (letter) {
         case 'A':
-            return window_.PopupMenu(window_.menus.mnuTask, x, y);
+            return popup(window_.menus.mnuTask);
         case 'B':
-            return window_.PopupMenu(window_.menus.mnuGuest, x, y);
+            return popup(window_.menus.mnuGuest);
         case 'C':
-            return window_.PopupMenu(window_.menus.mnuDaily, x, y);
+            return popup(window_.menus.mnuDaily);
         case 'E':
-            return window_.PopupMenu(window_.menus.mnuEvent, x, y);
+            return popup(window_.menus.mnuEvent);
         default:
             return;
     }

@@ -280,23 +280,24 @@ void frmTaskSet::cmdOK_Click() {
         return;
     }
     const Plan plan = MakePlan(entry);
+    const bool added = edited_.taskId == 0;
+    const bool generates = chkTaskSet.Checked();
+    const std::string number(text::Trim(txtTaskID.Text()));
     if (const auto refusal = SavePlan(session_, plan, edited_)) return Refuse(*refusal);
-    session_.windows.ShowMessage(
-        session_.LoadText(text_id::kTask) +
-            session_.LoadText(edited_.taskId == 0 ? text_id::kAdd : text_id::kChange) +
-            session_.LoadText(text_id::kFinished) + "!",
-        forms::box::kInformation);
+    session_.windows.ShowMessage(session_.LoadText(text_id::kTask) +
+                                     session_.LoadText(added ? text_id::kAdd : text_id::kChange) +
+                                     session_.LoadText(text_id::kFinished) + "!",
+                                 forms::box::kInformation);
     // From here on the plan exists: should the generation fail, a second confirmation changes it.
     edited_ = {plan.taskId, plan.title};
     SetModeCaption();
-    if (chkTaskSet.Checked() &&
-        Ask(text_id::kStartGenerating, forms::box::kYesNo, forms::Answer::Yes)) {
-        Generate();
+    if (generates && Ask(text_id::kStartGenerating, forms::box::kYesNo, forms::Answer::Yes)) {
+        Generate(number);
     }
     Unload();
 }
 
-void frmTaskSet::Generate() {
+void frmTaskSet::Generate(const std::string& number) {
     // However the run ends, the line is empty again.
     struct Run {
         explicit Run(frmTaskSet& editor) : window(editor) { window.generating_ = true; }
@@ -307,14 +308,13 @@ void frmTaskSet::Generate() {
         frmTaskSet& window;
     } run{*this};
     int shown = -1;
-    GenerateTaskList(
-        session_, std::string(text::Trim(txtTaskID.Text())), [&](int rows, double part) {
-            const int percent = static_cast<int>(part * 100);
-            if (percent == shown) return;
-            shown = percent;
-            lblProgress.SetCaption(std::to_string(percent) + "% (" + std::to_string(rows) + ")");
-            Refresh();
-        });
+    GenerateTaskList(session_, number, [&](int rows, double part) {
+        const int percent = static_cast<int>(part * 100);
+        if (percent == shown) return;
+        shown = percent;
+        lblProgress.SetCaption(std::to_string(percent) + "% (" + std::to_string(rows) + ")");
+        Refresh();
+    });
 }
 
 void frmTaskSet::cmdExit_Click() {

@@ -99,7 +99,7 @@ class frmTaskSet : public forms::Form {
     void CheckDate(PlanField field, bool& cancel);
     void Refuse(const Refusal& refusal);
     bool Ask(std::int16_t question, int buttons, forms::Answer agreement);
-    void Generate();
+    void Generate(const std::string& number);
     void StepWidth(int step);
     void PickInto(forms::TextBox& box, std::int16_t action);
 

@@ -110,8 +110,13 @@ void frmList::Form_QueryUnload(bool&, bool byUser) {
 }
 
 void ShowStaffList(Session& session, std::int16_t action, bool modal) {
+    // One that stands keeps what it was opened for: its cancel is not the caller's.
     session.windows.Open<frmList>(
-        modal, [action](frmList& list) { list.Action = action; }, session);
+        modal,
+        [action](frmList& list) {
+            if (!list.IsLoaded()) list.Action = action;
+        },
+        session);
 }
 
 void PickStaff(Session& session, std::int16_t action,

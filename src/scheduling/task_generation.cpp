@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 #include "resources/text_ids.h"
 #include "scheduling/occurrences.h"
@@ -29,10 +30,12 @@ bool HasDoneItems(Session& session, const std::string& taskId, const std::string
     return found;
 }
 
-void DeleteOldItems(Session& session, const std::string& taskId) {
+/// Answers whether the user was asked.
+bool DeleteOldItems(Session& session, const std::string& taskId) {
     std::string statement = "delete from tTaskList where taskID =" + taskId;
     std::string own = OnlyItemsOfPlan(session, taskId);
-    if (HasDoneItems(session, taskId, own)) {
+    const bool asks = HasDoneItems(session, taskId, own);
+    if (asks) {
         if (session.windows.ShowMessage(session.LoadText(text_id::kDeleteDoneToo),
                                         forms::box::kYesNo + forms::box::kQuestion) !=
             forms::Answer::Yes) {
@@ -43,6 +46,14 @@ void DeleteOldItems(Session& session, const std::string& taskId) {
         own = OnlyItemsOfPlan(session, taskId);
     }
     session.database.Execute(statement + own);
+    return asks;
+}
+
+void TellThatPlanIsGone(Session& session, const std::string& taskId) {
+    session.windows.ShowMessage(forms::BoxText(session.LoadText(text_id::kTaskNumber)) + " [" +
+                                    forms::Inserted{taskId} + "] " +
+                                    session.LoadText(text_id::kExistsNoMore),
+                                forms::box::kExclamation);
 }
 
 void SetAlertWindow(Recordset& row, DateTime date, int type, int width) {
@@ -76,19 +87,69 @@ void WriteItems(Session& session, const Recordset& planRow, const GenerationProg
     target->Close();
 }
 
+struct PlanOfInstance {
+    int type = 0;
+    int width = 0;
+    std::string title;
+};
+
+std::optional<PlanOfInstance> FindPlan(Session& session, const std::string& taskId) {
+    const auto row = OpenForChange(session, "select * from tTaskSet where taskID =" + taskId);
+    std::optional<PlanOfInstance> plan;
+    if (!row->Eof()) {
+        plan = PlanOfInstance{row->Field("Type").ToInt16(), row->Field("TypeValue").ToInt16(),
+                              row->Field("taskTitle").ToText()};
+    }
+    row->Close();
+    return plan;
+}
+
+std::unique_ptr<Recordset> OpenUndone(Session& session, const std::string& taskId, DateTime date) {
+    return OpenForChange(session, "select * from tTasklist where taskID =" + taskId + " And " +
+                                      "taskTime = " + session.database.DateLiteral(date) +
+                                      " and tDone=0" + OnlyItemsOfPlan(session, taskId));
+}
+
+// While the question stood the plan may have changed or gone, or the item may have come.
+std::int16_t AddConfirmed(Session& session, std::int16_t taskId, DateTime date) {
+    session.EnsureConnection();
+    const std::string id = std::to_string(taskId);
+    const auto plan = FindPlan(session, id);
+    if (!plan) {
+        TellThatPlanIsGone(session, id);
+        return 0;
+    }
+    const std::unique_ptr<Recordset> rows = OpenUndone(session, id, date);
+    if (rows->Eof()) {
+        rows->AddNew();
+        rows->SetField("TaskID", taskId);
+        rows->SetField("taskTitle", plan->title);
+        rows->SetField("tDone", kNotDone);
+        rows->SetField("taskTime", date);
+        SetAlertWindow(*rows, date, plan->type, plan->width);
+        rows->Update();
+    }
+    rows->Close();
+    return 1;
+}
+
 }  // namespace
 
 void GenerateTaskList(Session& session, const std::string& taskId,
                       const GenerationProgress& progress) {
     session.EnsureConnection();
+    // The user that started the run, whoever the host names while a question stands.
+    const std::string user = session.state.UserName;
     // The old items go before the plan is looked at, also those of a plan that is gone.
-    DeleteOldItems(session, taskId);
+    const bool asked = DeleteOldItems(session, taskId);
     const auto plan = OpenForChange(session, "select * from tTaskSet where taskID=" + taskId);
-    if (!plan->Eof()) WriteItems(session, *plan, progress);
+    const bool found = !plan->Eof();
+    if (found) WriteItems(session, *plan, progress);
     plan->Close();
     // The stamp overwrites the executor that was entered; whoever generates the items takes them.
-    session.database.Execute("Update tTaskSet Set DoneMan='" + session.state.UserName +
-                             "' where taskID=" + taskId);
+    session.database.Execute("Update tTaskSet Set DoneMan='" + user + "' where taskID=" + taskId);
+    // Somebody may have deleted the plan while the question stood: nothing was generated then.
+    if (asked && !found) return TellThatPlanIsGone(session, taskId);
     session.windows.ShowMessage("[" + session.LoadText(text_id::kGenerate) + "]" +
                                     session.LoadText(text_id::kCompleted) + "!",
                                 forms::box::kInformation);
@@ -97,44 +158,22 @@ void GenerateTaskList(Session& session, const std::string& taskId,
 std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime date) {
     session.EnsureConnection();
     const std::string id = std::to_string(taskId);
-    const auto plan = OpenForChange(session, "select * from tTaskSet where taskID =" + id);
-    if (plan->Eof()) {
-        plan->Close();
-        session.windows.ShowMessage(forms::BoxText(session.LoadText(text_id::kTaskNumber)) + " [" +
-                                        forms::Inserted{id} + "] " +
-                                        session.LoadText(text_id::kExistsNoMore),
-                                    forms::box::kExclamation);
+    const auto plan = FindPlan(session, id);
+    if (!plan) {
+        TellThatPlanIsGone(session, id);
         return 0;
     }
-    const int type = plan->Field("Type").ToInt16();
-    const int width = plan->Field("TypeValue").ToInt16();
-    const std::string title = plan->Field("taskTitle").ToText();
-    plan->Close();
-
-    const auto rows =
-        OpenForChange(session, "select * from tTasklist where taskID =" + id + " And " +
-                                   "taskTime = " + session.database.DateLiteral(date) +
-                                   " and tDone=0" + OnlyItemsOfPlan(session, id));
-    std::int16_t result = 1;
-    if (rows->Eof()) {
-        const forms::BoxText question =
-            forms::BoxText(session.LoadText(text_id::kConfirmInstance)) + " [" +
-            forms::Inserted{id + " - " + title} + "] ?";
-        if (session.windows.ShowMessage(question, forms::box::kOkCancel + forms::box::kQuestion) ==
-            forms::Answer::Cancel) {
-            result = 0;
-        } else {
-            rows->AddNew();
-            rows->SetField("TaskID", taskId);
-            rows->SetField("taskTitle", title);
-            rows->SetField("tDone", kNotDone);
-            rows->SetField("taskTime", date);
-            SetAlertWindow(*rows, date, type, width);
-            rows->Update();
-        }
+    const std::unique_ptr<Recordset> present = OpenUndone(session, id, date);
+    const bool exists = !present->Eof();
+    present->Close();
+    if (exists) return 1;
+    const forms::BoxText question = forms::BoxText(session.LoadText(text_id::kConfirmInstance)) +
+                                    " [" + forms::Inserted{id + " - " + plan->title} + "] ?";
+    if (session.windows.ShowMessage(question, forms::box::kOkCancel + forms::box::kQuestion) ==
+        forms::Answer::Cancel) {
+        return 0;
     }
-    rows->Close();
-    return result;
+    return AddConfirmed(session, taskId, date);
 }
 
 }  // namespace zv::scheduling

@@ -231,10 +231,7 @@ TEST_F(Windows, AnOpeningThatFailsAnywhereLeavesNoWindowAndBlocksNothing) {
 TEST_F(Windows, AWindowThatIsNotWantedIsGoneUnseen) {
     bool seen = true;
     windows_.OpenIf<NamedForm>(
-        false,
-        [&](NamedForm& form) {
-            form.onUnload = [&](bool&) { seen = form.WasSeen(); };
-        },
+        false, [&](NamedForm& form) { form.onUnload = [&](bool&) { seen = form.WasSeen(); }; },
         [](NamedForm&) { return false; });
     EXPECT_FALSE(seen);
     EXPECT_TRUE(windows_.Windows().empty());
