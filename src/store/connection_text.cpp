@@ -13,9 +13,7 @@
 namespace zv::store {
 namespace {
 
-constexpr std::string_view kHidden = "***";
 constexpr std::string_view kPostgreSql = "postgresql:";
-constexpr std::size_t kUnmistakable = 4;
 
 // What tells people which database it is, the best first. Whatever else a connection string holds
 // stays hidden, whether it is known or not.

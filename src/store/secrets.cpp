@@ -9,11 +9,6 @@
 namespace zv::store {
 namespace {
 
-constexpr std::string_view kHidden = "***";
-
-// A secret of one or two characters would be found inside other words.
-constexpr std::size_t kUnmistakable = 4;
-
 // These tell a secret whatever stands in front of them, the others as whole words only: columns of
 // tables end in them.
 constexpr auto kPasswordEndings =

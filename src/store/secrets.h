@@ -7,6 +7,12 @@
 
 namespace zv::store {
 
+/// What stands where a secret stood.
+inline constexpr std::string_view kHidden = "***";
+
+/// A secret of fewer characters would be found inside other words.
+inline constexpr std::size_t kUnmistakable = 4;
+
 /// `text` without each of `secrets`, and without what stands behind the names of secret entries
 /// (PWD=…) of a connection string or as a login in an address: drivers repeat what they were given.
 std::string WithoutSecrets(std::string text, std::vector<std::string> secrets);
