@@ -44,7 +44,7 @@ STDMETHODIMP Automation::put_myTaskID(LONG value) noexcept {
 }
 
 STDMETHODIMP Automation::put_UserPath(BSTR value) noexcept {
-    return PutText(kUserPath, &ControlState::UserPath, value);
+    return Put(kUserPath, [&](ControlState&) { core_.task.SetUserPath(win32::ToUtf8(value)); });
 }
 
 STDMETHODIMP Automation::get_myName(BSTR* value) noexcept {

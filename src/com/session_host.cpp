@@ -56,7 +56,7 @@ void SessionHost::ReleaseConnection() noexcept {
     if (!g_host || module::IsLocked() || !IsIdle()) return;
     g_host->printer_.Release();
     try {
-        g_host->session_.database.Close();
+        g_host->session_.database.Leave();
     } catch (const std::exception&) {
         // A connection that cannot be closed is dropped all the same.
     }

@@ -1,5 +1,7 @@
 #include "control/persistence.h"
 
+#include "session/store_choice.h"
+
 namespace zv {
 namespace {
 
@@ -28,11 +30,10 @@ void InitState(ControlState& state, const std::string& applicationFolder) {
     state.Language = 0;
     state.AlertType = 0;
     state.Copyright = false;
-    state.UserPath = applicationFolder;
-    if (!state.UserPath.ends_with('\\')) state.UserPath += '\\';
-    state.UserPath += "taskAlert.mdb";
+    const bool folderEnds = applicationFolder.ends_with('\\');
+    HostSetsPath(state, applicationFolder + (folderEnds ? "" : "\\") + "taskAlert.mdb");
     state.Password = "0";
-    state.SQLData = state.hostSQLData = 0;
+    HostSetsKind(state, 0);
     state.UserID.clear();
     state.Default.clear();
 }
@@ -49,12 +50,15 @@ void ReadState(ControlState& state, PropertyBag& bag) {
     ReadInto(read.myModel, bag, "myModel", none);
     ReadInto(read.Copyright, bag, "Copyright", false);
     ReadInto(read.showMode, bag, "showmode", zero);
-    ReadInto(read.UserPath, bag, "UserPath", none);
+    std::string path;
+    ReadInto(path, bag, "UserPath", none);
+    HostSetsPath(read, std::move(path));
     ReadInto(read.Password, bag, "Password", none);
-    ReadInto(read.SQLData, bag, "SQLData", zero);
+    std::int16_t kind = 0;
+    ReadInto(kind, bag, "SQLData", zero);
+    HostSetsKind(read, kind);
     ReadInto(read.UserID, bag, "UserID", none);
     ReadInto(read.Default, bag, "Default", none);
-    read.hostSQLData = read.SQLData;
     state = std::move(read);
 }
 

@@ -3,10 +3,13 @@
 #include "base/number.h"
 #include "control/persistence.h"
 #include "mainwindow/frm_task_main.h"
+#include "mainwindow/store_switch.h"
+#include "resources/design_texts.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/staff_list.h"
 #include "scheduling/task_done.h"
 #include "scheduling/task_generation.h"
+#include "session/store_choice.h"
 
 namespace zv {
 namespace {
@@ -53,18 +56,21 @@ void ZvTask::UserControl_WriteProperties(PropertyBag& bag) {
     WriteState(session_.state, bag);
 }
 
+void ZvTask::SetUserPath(std::string path) {
+    HostSetsPath(session_.state, std::move(path));
+}
+
 void ZvTask::SetSQLData(std::int16_t kind) {
-    session_.state.SQLData = kind;
-    session_.state.hostSQLData = kind;
+    HostSetsKind(session_.state, kind);
 }
 
 void ZvTask::refresh(std::int32_t mode, std::int16_t modal) {
     session_.windows.FromHost([&] {
         session_.SetApplicationTitle();
-        TakeDataPath();
+        session_.TakeDataPath();
         ControlState& state = session_.state;
         if (state.UserPath.empty() && state.SQLData == 0) return;
-        Connect();
+        Connect(mode);
         state.showMode = modal;
         const std::string interval =
             session_.GetSetting(resources::kTaskSection, "TimeSetting", "0");
@@ -73,20 +79,29 @@ void ZvTask::refresh(std::int32_t mode, std::int16_t modal) {
     });
 }
 
-void ZvTask::TakeDataPath() {
-    const std::string path = session_.GetSetting(resources::kTaskSection, "DataPath", "");
-    if (!path.empty() && session_.machine.files.FileExists(path)) session_.state.UserPath = path;
-}
-
-void ZvTask::Connect() {
+void ZvTask::Connect(std::int32_t mode) {
+    bool isNew = !session_.FollowsProperties();
+    if (isNew && (session_.windows.HasModal() || mainwindow::EditUnderWay(session_))) {
+        // It would act on a store that is not the one that the host means.
+        if (mode >= kPlanEditor && mode <= kAddInstanceOrAsk) {
+            throw RuntimeError(
+                ErrorNumber::FormAlreadyShown,
+                GetDesignText(resources::DesignText::StoreInUse, session_.state.Language));
+        }
+        isNew = false;
+    }
     try {
-        session_.EnsureConnection();
+        if (isNew)
+            session_.OpenConnection(session_.Settings());
+        else
+            session_.EnsureConnection();
     } catch (const RuntimeError& error) {
         session_.windows.ShowMessage(
             forms::Inserted{resources::DescribeError(error, session_.state.Language)},
             forms::box::kExclamation, {}, &error);
         throw;
     }
+    if (isNew) mainwindow::ShowNewStore(session_);
 }
 
 void ZvTask::Act(std::int32_t mode, bool modal) {

@@ -29,6 +29,7 @@ class ZvTask {
     void UserControl_ReadProperties(PropertyBag& bag);
     void UserControl_WriteProperties(PropertyBag& bag);
 
+    void SetUserPath(std::string path);
     /// Sets SQLData and the copy that the options page falls back to.
     void SetSQLData(std::int16_t kind);
     /// The stored text is never handed out: always empty.
@@ -38,9 +39,10 @@ class ZvTask {
     Session& GetSession() { return session_; }
 
  private:
-    void TakeDataPath();
-    /// A store that cannot be opened is told to the user once and is an error for the host.
-    void Connect();
+    /// The connection follows the properties, unless an edit is under way or something modal
+    /// stands: then a mode that would act on the store fails. A store that cannot be opened is told
+    /// to the user once and is an error for the host; the connection that is open stays.
+    void Connect(std::int32_t mode);
     using frmTaskMain = mainwindow::frmTaskMain;
 
     void Act(std::int32_t mode, bool modal);

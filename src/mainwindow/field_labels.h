@@ -35,6 +35,8 @@ class FieldLabels {
     const std::vector<reports::FieldCaption>& Captions() const { return captions_; }
     /// LoadFieldCaptions unless it ran for the control's language.
     void FillIfNeeded();
+    /// They are those of another store: they are read again when they are needed.
+    void Forget() { language_.reset(); }
     /// The label whose tag is this field of tTaskList, without regard to case; null when there is
     /// none.
     const forms::Label* Of(std::string_view field) const;

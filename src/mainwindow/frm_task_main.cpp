@@ -227,6 +227,25 @@ void frmTaskMain::AllOrNothing(const std::function<void()>& change) {
     }
 }
 
+void frmTaskMain::FillFromNewStore() {
+    options.LoadDatabase();
+    // Numbers of the former store mean something else in this one.
+    session.state.cardId = 0;
+    cboComp2.SetItems({});
+    cards.ClearCardDetail();
+    labels.Forget();
+    staff.Forget();
+    if (WasSeen()) {
+        staff.FillIfNeeded();
+        labels.FillIfNeeded();
+    }
+    tree.chkEvent_Click();
+    if (state.startMode == kCardMode) cards.LoadStartList();
+    if (!chkBirthDay0.Checked()) return;
+    chkBirthDay0.SetValue(0);
+    chkBirthDay0.SetValue(1);
+}
+
 std::string frmTaskMain::getFilePath(std::int16_t kind, const std::string& filterText,
                                      const std::string& fileName, const std::string& dialogTitle,
                                      const std::string& folder) {

@@ -61,6 +61,9 @@ class frmTaskMain : public forms::Form {
                             const std::string& folder);
 
     void cmdExit_Click();
+    /// Fills everything anew that came from the store, which is another one. Nothing is current
+    /// afterwards.
+    void FillFromNewStore();
 
     Session& session;
     MainState state;

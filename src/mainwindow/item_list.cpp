@@ -97,7 +97,7 @@ std::string ItemList::Order() const {
 void ItemList::LoadItemList(const std::string& where) {
     window_.session.EnsureConnection();
     const std::string source = Source();
-    const std::string filter = WhereText(where, window_.session.state.SQLData);
+    const std::string filter = WhereText(where, window_.session.DatabaseKind());
     const std::string order = Order();
     const auto rows = window_.session.database.Open(
         "select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID" + source + filter +

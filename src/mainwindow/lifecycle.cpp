@@ -8,6 +8,7 @@
 #include "reports/item_names.h"
 #include "resources/text_ids.h"
 #include "session/module_gate.h"
+#include "session/store_choice.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -161,9 +162,7 @@ void Lifecycle::Form_Activate() {
 
 void Lifecycle::cmdExit_Click() {
     Session& session = window_.session;
-    if (window_.cmdAccess.Visible() && window_.cmdAccess.Enabled()) {
-        session.SaveSetting(resources::kTaskSection, "DataPath", window_.txtAccess.Text());
-    }
+    window_.options.SavePath();
     const auto saveIfChanged = [&](const forms::CheckBox& box, std::string_view key) {
         const std::string value = std::to_string(box.Value());
         if (value != box.tag) session.SaveSetting(resources::kTaskSection, key, value);
@@ -177,13 +176,14 @@ void Lifecycle::CloseStoreIfLast() {
     const auto windows = window_.session.windows.Windows();
     const bool last = std::all_of(windows.begin(), windows.end(),
                                   [this](const forms::Form* one) { return one == &window_; });
-    if (last) window_.session.database.Close();
+    if (last) window_.session.database.Leave();
 }
 
 void Lifecycle::Form_Unload() {
     // A window that the user never saw takes nothing with it.
     if (!window_.WasSeen()) return CloseStoreIfLast();
-    window_.session.database.Close();
+    window_.session.database.Leave();
+    ForgetChoices(window_.session.state);
     for (forms::Form* other : window_.session.windows.Windows()) {
         if (other != &window_) other->Unload();
     }

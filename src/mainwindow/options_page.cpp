@@ -1,22 +1,55 @@
 #include "mainwindow/options_page.h"
 
+#include <optional>
+
 #include "base/number.h"
 #include "mainwindow/frm_task_main.h"
+#include "mainwindow/store_switch.h"
 #include "resources/text_ids.h"
+#include "session/store_choice.h"
 
 namespace zv::mainwindow {
 
 void OptionsPage::LoadDatabase() {
-    const ControlState& control = window_.session.state;
-    const bool file = control.SQLData < 1;
+    const bool file = !IsServer();
+    showing_ = true;
     if (file)
         window_.optAccess.SetValue(true);
     else
         window_.optSQL.SetValue(true);
+    showing_ = false;
+    EnablePath(file);
+}
+
+void OptionsPage::EnablePath(bool file) {
+    const ControlState& control = window_.session.state;
     window_.cmdAccess.SetEnabled(file);
     window_.txtAccess.SetEnabled(file);
-    window_.txtAccess.SetText(control.UserPath);
-    window_.txtAccess.tag = control.UserPath;
+    window_.txtAccess.SetLocked(!file);
+    // The path of a server is no file's.
+    const bool known = file && !IsServer();
+    const std::string path =
+        known ? control.storeChoice.path.value_or(control.UserPath) : std::string();
+    window_.txtAccess.SetText(path);
+    window_.txtAccess.tag = path;
+}
+
+bool OptionsPage::IsServer() const {
+    return window_.session.state.SQLData >= 1;
+}
+
+void OptionsPage::SavePath() {
+    Session& session = window_.session;
+    if (IsServer() || !window_.cmdAccess.Enabled()) return;
+    const auto& accepted = session.state.storeChoice.path;
+    const store::ConnectionSettings* used = session.database.OpenedWith();
+    const std::string shown = window_.txtAccess.Text();
+    if (accepted) {
+        session.SaveSetting(resources::kTaskSection, "DataPath", *accepted);
+    } else if (window_.cmdAccess.Visible() && used && used->kind < 1 &&
+               used->dataPath == store::ConnectionText(shown)) {
+        session.SaveSetting(resources::kTaskSection, "DataPath", shown);
+    }
 }
 
 void OptionsPage::LoadStaffSource() {
@@ -27,13 +60,24 @@ void OptionsPage::LoadStaffSource() {
 }
 
 void OptionsPage::optAccess_Click() {
-    window_.session.state.SQLData = 0;
-    window_.cmdAccess.SetEnabled(true);
+    if (!showing_) AcceptKind(0);
 }
 
 void OptionsPage::optSQL_Click() {
-    window_.session.state.SQLData = window_.session.state.hostSQLData;
-    window_.cmdAccess.SetEnabled(false);
+    if (!showing_) AcceptKind(window_.session.state.hostSQLData);
+}
+
+void OptionsPage::AcceptKind(std::int16_t kind) {
+    Session& session = window_.session;
+    const bool other = (kind >= 1) != IsServer();
+    if (other) {
+        Accept([&] {
+            ChooseKind(session.state, kind);
+            session.TakeDataPath();
+        });
+    }
+    // A host without a server has none to choose, but the button takes the file away all the same.
+    EnablePath(!window_.optSQL.Value());
 }
 
 void OptionsPage::cmdAccess_Click() {
@@ -44,7 +88,7 @@ void OptionsPage::cmdAccess_Click() {
     if (path.empty()) return;
     window_.txtAccess.SetText(path);
     window_.txtAccess.tag = path;
-    Reopen();
+    AcceptPath();
 }
 
 void OptionsPage::txtAccess_GotFocus() {
@@ -54,7 +98,7 @@ void OptionsPage::txtAccess_GotFocus() {
 void OptionsPage::txtAccess_LostFocus() {
     if (window_.txtAccess.Text() == window_.txtAccess.tag) return;
     window_.txtAccess.tag = window_.txtAccess.Text();
-    Reopen();
+    AcceptPath();
 }
 
 void OptionsPage::optJBR_Click(std::int16_t index) {
@@ -65,21 +109,45 @@ void OptionsPage::optJBR_Click(std::int16_t index) {
     window_.staff.FillIfNeeded();
 }
 
-void OptionsPage::Reopen() {
+void OptionsPage::AcceptPath() {
     Session& session = window_.session;
-    store::ConnectionSettings settings = session.Settings();
-    settings.dataPath = window_.txtAccess.Text();
-    try {
-        session.OpenConnection(settings);
-    } catch (const RuntimeError& error) {
+    const std::string path = window_.txtAccess.Text();
+    Accept([&] {
+        // A path that is typed where the file is chosen chooses the file.
+        if (IsServer()) ChooseKind(session.state, 0);
+        ChoosePath(session.state, path);
+    });
+}
+
+void OptionsPage::Accept(const std::function<void()>& choose) {
+    Session& session = window_.session;
+    if (EditUnderWay(session)) {
+        session.windows.ShowMessage(window_.captions.Text(resources::DesignText::StoreInUse),
+                                    forms::box::kExclamation);
+        LoadDatabase();
+        return;
+    }
+    std::optional<RuntimeError> refusal;
+    {
+        TentativeChoice choice(session.state);
+        choose();
+        // Nothing is known yet that could be opened; the user names it next.
+        if (!IsServer() && session.state.UserPath.empty() && !session.state.storeChoice.path)
+            return;
+        try {
+            session.OpenConnection(session.Settings());
+            choice.Keep();
+        } catch (const RuntimeError& error) {
+            refusal = error;
+        }
+    }
+    if (refusal) {
         session.windows.ShowMessage(
-            forms::Inserted{resources::DescribeError(error, session.state.Language)},
+            forms::Inserted{resources::DescribeError(*refusal, session.state.Language)},
             forms::box::kExclamation);
         return;
     }
-    session.state.UserPath = settings.dataPath.ForDriver();
-    window_.staff.Fill();
-    window_.tree.FillItems();
+    ShowNewStore(session);
 }
 
 }  // namespace zv::mainwindow

@@ -16,6 +16,8 @@ class StaffLists {
     /// the window is first seen, so that an unseen one costs no query.
     void SetSource(int source);
     void FillIfNeeded();
+    /// The names are those of another store: they are read again when they are needed.
+    void Forget() { stale_ = true; }
     /// Reads the lists anew. A table that the database lacks gives an empty list.
     void Fill();
 

@@ -127,9 +127,19 @@ AskTexts frmAsk::Texts() const {
     return {cboType2.Items(), Combo1.Items()};
 }
 
-void frmAsk::cmdAsk_Click() {
+void frmAsk::Clear() {
     Grid1.SetDataRowCount(0);
     lblCount.SetCaption({});
+}
+
+void frmAsk::ShowFieldCaptions(const std::vector<FieldCaption>& captions) {
+    Clear();
+    fieldCaptions = captions;
+    SetColumns();
+}
+
+void frmAsk::cmdAsk_Click() {
+    Clear();
     const char delimiter = session_.Settings().kind >= 1 ? '\'' : '#';
     WorkEnd end = WorkEnd::Cancelled;
     try {

@@ -56,6 +56,11 @@ class frmAsk : public forms::Form {
     forms::CommandButton cmdExport{*this, "cmdExport"};
     forms::CommandButton cmdQuit{*this, "cmdQuit"};
 
+    /// Takes away what was found.
+    void Clear();
+    /// Gives the columns other captions, and takes away what was found.
+    void ShowFieldCaptions(const std::vector<FieldCaption>& captions);
+
     void chkUser_Click();
     void chkType_Click();
     void chkDoneMan_Click();

@@ -96,10 +96,12 @@ constexpr auto kTexts = std::to_array<TextEntry<DesignText>>({
     {DesignText::MenuRestore, "还原(&R)", "還原(&R)"},
     {DesignText::RowsNotShown, "有记录无法显示", "有記錄無法顯示"},
     {DesignText::NotListed, "已保存，但当前列表不显示该项！", "已儲存，但目前列表不顯示該項！"},
+    {DesignText::StoreInUse, "正在编辑，不能更换数据库，请先保存或取消！",
+     "正在編輯，不能更換數據庫，請先保存或取消！"},
 });
 // clang-format on
 
-static_assert(IsInOrder(kTexts, DesignText::NotListed));
+static_assert(IsInOrder(kTexts, DesignText::StoreInUse));
 
 }  // namespace
 

@@ -95,6 +95,7 @@ enum class DesignText {
     MenuRestore,
     RowsNotShown,
     NotListed,
+    StoreInUse,
 };
 
 /// The caption in the control's language: 1 Traditional, any other Simplified.

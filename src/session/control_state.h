@@ -10,14 +10,22 @@
 
 namespace zv {
 
+/// What stands in the place of the store that the host set.
+struct StoreChoice {
+    std::optional<std::string> path;      ///< accepted on the options page; empty: the host's
+    std::optional<std::int16_t> kind;     ///< likewise
+    std::optional<std::string> hostPath;  ///< UserPath as the host set it, while another stands
+};
+
 struct ControlState {
     std::int32_t myTaskID = 0;
-    std::string UserPath;
+    std::string UserPath;  ///< data path in effect
     std::string myName;
     std::optional<double> myDate;  ///< automation date; modes 4 and 5 read it as a done flag
     std::string Password;
     std::int16_t SQLData = 0;      ///< database kind: 0 or less a file, 1 or more a server
     std::int16_t hostSQLData = 0;  ///< SQLData as the host set it, whatever the options page chose
+    StoreChoice storeChoice;
     std::int16_t AlertType = 0;
     std::int16_t Language = 0;  ///< 0 Simplified, 1 Traditional
     std::string PowerPath;

@@ -1,6 +1,7 @@
 #include "session/session.h"
 
 #include "resources/text_ids.h"
+#include "session/store_choice.h"
 
 namespace zv {
 
@@ -51,9 +52,38 @@ void Session::SetApplicationTitle() {
     windows.title = state.applicationTitle;
 }
 
+void Session::TakeDataPath() {
+    const bool file = state.SQLData < 1;
+    if (file && state.storeChoice.path) return ChoosePath(state, *state.storeChoice.path);
+    const std::string path = file ? GetSetting(resources::kTaskSection, "DataPath", "") : "";
+    if (path.empty()) {
+        RestoreHostPath(state);
+        // What the host calls a server is no file that the user could mean.
+        const bool names = state.hostSQLData < 1 || machine.files.FileExists(state.UserPath);
+        if (file && !names) ReplacePath(state, "");
+        return;
+    }
+    // A file in use whose drive is away is still the one meant: another store in its place would
+    // take what belongs to it.
+    const store::ConnectionSettings* used = database.OpenedWith();
+    const bool inUse = used && used->kind < 1 && used->dataPath == store::ConnectionText(path);
+    if (inUse || machine.files.FileExists(path)) ReplacePath(state, path);
+}
+
+bool Session::FollowsProperties() const {
+    const store::ConnectionSettings* present = database.OpenedWith();
+    return !present || *present == Settings();
+}
+
+int Session::DatabaseKind() const {
+    const store::ConnectionSettings* present = database.OpenedWith();
+    return present ? present->kind : state.SQLData;
+}
+
 void Session::EnsureConnection() {
     if (database.IsOpen()) return;
-    OpenConnection(Settings());
+    const store::ConnectionSettings* before = database.OpenedWith();
+    OpenConnection(before ? *before : Settings());
 }
 
 namespace {
@@ -72,7 +102,6 @@ RuntimeError CannotOpen(const RuntimeError& error, const store::ConnectionSettin
 }  // namespace
 
 void Session::OpenConnection(const store::ConnectionSettings& connection) {
-    database.SetDateDelimiter(connection.kind >= 1 ? '\'' : '#');
     try {
         database.OpenConnection(connection);
     } catch (const RuntimeError& error) {

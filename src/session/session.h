@@ -37,11 +37,19 @@ class Session {
     /// Takes the catalogue's product title in the present language.
     void SetApplicationTitle();
 
+    /// Takes the workstation's data path in the place of the host's, where it concerns the store
+    /// and the user chose none.
+    void TakeDataPath();
+    /// False when the shared connection was opened with other settings than the present ones. True
+    /// when there is none.
+    bool FollowsProperties() const;
+    /// The kind of the store that statements are for: 0 or less a file, 1 or more a server.
+    int DatabaseKind() const;
     /// Opens the shared connection when it is not open. Throws RuntimeError with the reason and
     /// the path (of a server: the database) that could not be opened.
     void EnsureConnection();
-    /// Opens the shared connection anew with these settings and sets the date delimiter of their
-    /// kind. Throws as above; the connection is closed then.
+    /// Opens the shared connection anew with these settings; the date delimiter follows. Throws as
+    /// above; the present connection stays then.
     void OpenConnection(const store::ConnectionSettings& connection);
 
     /// Opens a connection beside the shared one with the control's present settings, for work that

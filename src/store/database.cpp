@@ -8,6 +8,17 @@
 namespace zv::store {
 namespace {
 
+// The new connection stands; what the old one says at its end is nobody's concern.
+void CloseQuietly(std::unique_ptr<Connection> connection) {
+    try {
+        if (connection && connection->State() != Connection::kStateClosed) connection->Close();
+    } catch (const RuntimeError&) {
+    }
+}
+
+}  // namespace
+namespace {
+
 bool FitsIn16Bits(std::int32_t number) {
     using Limits = std::numeric_limits<std::int16_t>;
     return number >= Limits::min() && number <= Limits::max();
@@ -20,8 +31,12 @@ Database::Database(ConnectionOpener& opener, std::function<ConnectionSettings()>
     : opener_(opener), settings_(std::move(settings)), observer_(observer) {}
 
 void Database::OpenConnection(const ConnectionSettings& settings) {
-    Close();
-    connection_ = OpenAnother(settings);
+    auto opened = OpenAnother(settings);
+    // A copy: the settings may be those of the connection that is left.
+    ConnectionSettings with = settings;
+    CloseQuietly(std::exchange(connection_, std::move(opened)));
+    openedWith_ = std::move(with);
+    dateDelimiter_ = openedWith_->kind >= 1 ? '\'' : '#';
 }
 
 std::unique_ptr<Connection> Database::OpenAnother(const ConnectionSettings& settings) const {
@@ -31,7 +46,7 @@ std::unique_ptr<Connection> Database::OpenAnother(const ConnectionSettings& sett
 
 bool Database::EnsureConnection() {
     if (IsOpen()) return true;
-    OpenConnection(settings_());
+    OpenConnection(openedWith_ ? *openedWith_ : settings_());
     return connection_->State() != Connection::kStateClosed;
 }
 
@@ -43,6 +58,11 @@ void Database::Close() {
     // Let go first: a connection that fails to close is of no further use.
     const auto connection = std::move(connection_);
     if (connection && connection->State() != Connection::kStateClosed) connection->Close();
+}
+
+void Database::Leave() {
+    openedWith_.reset();
+    Close();
 }
 
 int Database::Execute(const std::string& sql) {

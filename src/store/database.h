@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,17 +21,25 @@ using FieldValue = std::pair<std::string_view, Value>;
 /// RuntimeError unless an operation says otherwise.
 class Database {
  public:
-    /// `settings` is asked anew at each opening. `observer` may be null; both must outlive this.
+    /// `settings` is asked when a connection is opened for the first time. `observer` may be null;
+    /// both must outlive this.
     Database(ConnectionOpener& opener, std::function<ConnectionSettings()> settings,
              StatementObserver* observer = nullptr);
 
-    /// Opens the connection with these settings in place of the present one. Throws RuntimeError
-    /// with the opener's reason; the connection is closed then.
+    /// Opens the connection with these settings in place of the present one; the date delimiter
+    /// follows. Throws RuntimeError with the opener's reason; everything is as before then.
     void OpenConnection(const ConnectionSettings& settings);
-    /// True at once when the connection is open; otherwise opens it. Throws like OpenConnection.
+    /// True at once when the connection is open; otherwise opens it: with the settings that it had
+    /// when it was lost or closed, else with the present ones. Throws like OpenConnection.
     bool EnsureConnection();
     bool IsOpen() const;
+    /// Closes the connection until it is needed again.
     void Close();
+    /// Closes the connection for good: the next one is opened with the settings of its time.
+    void Leave();
+    /// What the connection was opened with, also when it was lost or closed; null when there is
+    /// none.
+    const ConnectionSettings* OpenedWith() const { return openedWith_ ? &*openedWith_ : nullptr; }
     /// A connection beside the shared one, watched by the same observer. Throws with the opener's
     /// reason.
     std::unique_ptr<Connection> OpenAnother(const ConnectionSettings& settings) const;
@@ -66,6 +75,7 @@ class Database {
     std::function<ConnectionSettings()> settings_;
     StatementObserver* observer_;
     std::unique_ptr<Connection> connection_;
+    std::optional<ConnectionSettings> openedWith_;
     char dateDelimiter_ = '#';
     int rowsChanged_ = -1;
 };

@@ -54,6 +54,10 @@ std::string ReadDate(ZvTask& control) {
     return date ? DateTime::FromAutomation(*date).ShortIso() : std::string();
 }
 
+void SetPath(ZvTask& control, const std::string& text) {
+    control.SetUserPath(text);
+}
+
 void SetKind(ZvTask& control, const std::string& text) {
     control.SetSQLData(number::ToInt16(text));
 }
@@ -75,7 +79,7 @@ using S = ControlState;
 // In the order of the control's interface, then what only tests look at.
 constexpr std::array kProperties = std::to_array<Property>({
     {"myTaskID", SetTaskID, ReadNumber<&S::myTaskID>},
-    {"UserPath", SetText<&S::UserPath>, ReadText<&S::UserPath>},
+    {"UserPath", SetPath, ReadText<&S::UserPath>},
     {"myName", SetText<&S::myName>, ReadText<&S::myName>},
     {"myDate", SetDate, ReadDate},
     {"Password", SetText<&S::Password>, ReadText<&S::Password>},

@@ -1,5 +1,6 @@
 #include "main_window_fixture.h"
 #include "store/schema/schema.h"
+#include "store/sqlite/sqlite_connection.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -33,6 +34,115 @@ TEST_F(Options, AServerTakesThePathAway) {
     EXPECT_TRUE(other.optSQL.Value());
     EXPECT_FALSE(other.cmdAccess.Enabled());
     EXPECT_FALSE(other.txtAccess.Enabled());
+    EXPECT_TRUE(other.txtAccess.Locked());
+    EXPECT_EQ(other.txtAccess.Text(), "");
+    EXPECT_EQ(other.txtAccess.tag, "");
+}
+
+TEST_F(Options, AServerChosenAtExitStoresNothing) {
+    store::CreateSqliteDatabase(stage.Path("b.db"));
+    stage.session.state.hostSQLData = 1;
+    TypePath(stage.Path("b.db"));
+    stage.user.Click(window.optSQL);
+    EXPECT_EQ(window.txtAccess.Text(), "");
+    stage.user.Click(window.cmdExit);
+    EXPECT_EQ(Setting("DataPath"), "absent");
+}
+
+TEST_F(Options, AKindThatCannotBeOpenedIsNotTaken) {
+    stage.session.state.hostSQLData = 1;
+    const auto refuse = [&](const store::ConnectionSettings& settings) {
+        if (settings.kind >= 1) throw RuntimeError(ErrorNumber::DatabaseFailure, "no server");
+        return store::OpenSqlite(settings.dataPath.ForDriver());
+    };
+    stage.opener.open = refuse;
+    stage.user.Click(window.optSQL);
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_EQ(stage.session.state.SQLData, 0);
+    EXPECT_EQ(stage.session.database.DateDelimiter(), '#');
+    EXPECT_EQ(stage.Refresh(8), 0);
+    stage.user.Click(window.optAccess);
+    EXPECT_EQ(window.txtAccess.Text(), stage.Path("t.db"));
+    EXPECT_TRUE(window.txtAccess.Enabled());
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+}
+
+TEST_F(Options, AFileIsNamedBeforeAServerIsLeftForIt) {
+    stage.user.Close(window);
+    stage.opener.open = [&](const store::ConnectionSettings&) {
+        return store::OpenSqlite(stage.Path("t.db"));
+    };
+    stage.control.SetUserPath("Driver=x;PWD=secret");
+    stage.control.SetSQLData(1);
+    frmTaskMain& other = Open();
+    ShowTab(kOptionsTab);
+    stage.user.Click(other.optAccess);
+    EXPECT_EQ(other.txtAccess.Text(), "");
+    EXPECT_EQ(stage.session.state.SQLData, 1);
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    stage.user.Type(other.txtAccess, stage.Path("t.db"));
+    stage.user.Leave(other.txtAccess);
+    EXPECT_EQ(stage.session.state.SQLData, 0);
+    EXPECT_EQ(stage.opener.last.kind, 0);
+    EXPECT_EQ(stage.opener.last.dataPath.ForDriver(), stage.Path("t.db"));
+}
+
+TEST_F(Options, ARefusedPathIsNeverStored) {
+    stage.settings.values["zvTask.DataPath"] = "before";
+    TypePath(stage.Path("missing.mdb"));
+    stage.user.Click(window.cmdExit);
+    EXPECT_EQ(Setting("DataPath"), "before");
+}
+
+TEST_F(Options, AnAcceptedPathIsStoredWhicheverPageIsInFront) {
+    store::CreateSqliteDatabase(stage.Path("b.db"));
+    TypePath(stage.Path("b.db"));
+    TypePath(stage.Path("missing.mdb"));
+    ShowTab(kItemTab);
+    stage.user.Click(window.cmdExit);
+    EXPECT_EQ(Setting("DataPath"), stage.Path("b.db"));
+}
+
+TEST_F(Options, AnEmptiedPathMeansTheHostsAgain) {
+    store::CreateSqliteDatabase(stage.Path("b.db"));
+    stage.user.Close(window);
+    stage.settings.values["zvTask.DataPath"] = stage.Path("b.db");
+    frmTaskMain& other = Open();
+    ShowTab(kOptionsTab);
+    EXPECT_EQ(other.txtAccess.Text(), stage.Path("b.db"));
+    stage.user.Type(other.txtAccess, "");
+    stage.user.Leave(other.txtAccess);
+    EXPECT_EQ(stage.opener.last.dataPath.ForDriver(), stage.Path("t.db"));
+    EXPECT_EQ(other.txtAccess.Text(), "");
+    EXPECT_EQ(stage.Refresh(0), 0);
+    EXPECT_EQ(stage.opener.last.dataPath.ForDriver(), stage.Path("t.db"));
+    stage.user.Click(other.cmdExit);
+    EXPECT_EQ(Setting("DataPath"), "");
+    Open();
+    EXPECT_EQ(stage.opener.last.dataPath.ForDriver(), stage.Path("t.db"));
+}
+
+TEST_F(Options, APathTypedAndNotLeftGoesWithTheWindow) {
+    store::CreateSqliteDatabase(stage.Path("b.db"));
+    stage.user.Type(window.txtAccess, stage.Path("b.db"));
+    const int before = stage.opener.openings;
+    stage.user.Close(window);
+    EXPECT_EQ(stage.opener.openings, before);
+    EXPECT_EQ(Setting("DataPath"), "absent");
+    EXPECT_EQ(stage.session.state.UserPath, stage.Path("t.db"));
+}
+
+TEST_F(Options, AnEditUnderWayKeepsItsStore) {
+    store::CreateSqliteDatabase(stage.Path("b.db"));
+    window.state.editMode = kAdding;
+    const int before = stage.opener.openings;
+    TypePath(stage.Path("b.db"));
+    EXPECT_EQ(stage.opener.openings, before);
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_EQ(window.txtAccess.Text(), stage.Path("t.db"));
+    window.state.editMode = kNoEdit;
+    TypePath(stage.Path("b.db"));
+    EXPECT_EQ(stage.opener.openings, before + 1);
 }
 
 TEST_F(Options, TheKindFollowsTheButtons) {
@@ -63,9 +173,10 @@ TEST_F(Options, AnotherPathRefillsStaffAndTree) {
     EXPECT_EQ(stage.opener.openings, before + 1);
     EXPECT_EQ(stage.NodeKeys(), "A1 B2 C3");
     const auto sent = stage.statements.Take();
-    ASSERT_EQ(sent.size(), 2u);
+    ASSERT_EQ(sent.size(), 3u);
     EXPECT_TRUE(sent[0].starts_with("select fCode"));
-    EXPECT_TRUE(sent[1].starts_with("select distinct a.fID"));
+    EXPECT_TRUE(sent[1].starts_with("select FieldName"));
+    EXPECT_TRUE(sent[2].starts_with("select distinct a.fID"));
     EXPECT_EQ(stage.session.state.UserPath, stage.Path("另 一个.db"));
     EXPECT_EQ(window.txtAccess.tag, stage.Path("另 一个.db"));
 }
