@@ -15,6 +15,11 @@ void AdvancedSearch::mnuSeek2_Click() {
     std::string where = reports::AskForConditions(window_.session, conditions_);
     // The host may have closed everything meanwhile.
     if (where.empty() || !window_.IsLoaded()) return;
+    // Meanwhile the host may have shown the window to a user whose search is limited.
+    if (!window_.menus.mnuSeek2.Enabled()) {
+        window_.session.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
+        return;
+    }
     if (window_.state.startMode == kCardMode) {
         where = where == "1=1" ? "fType=1" : where + " And fType=1";
     }

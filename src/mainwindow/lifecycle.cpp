@@ -72,7 +72,15 @@ void Lifecycle::LoadGrid() {
 }
 
 void Lifecycle::Start() {
-    const std::int16_t mode = window_.state.startMode;
+    // While the password of a module is asked for, the host may ask for another mode.
+    for (bool settled = false; !settled;) {
+        const std::int16_t mode = window_.state.startMode;
+        StartIn(mode);
+        settled = window_.state.startMode == mode;
+    }
+}
+
+void Lifecycle::StartIn(std::int16_t mode) {
     {
         const Starting starting(window_.state);
         window_.menus.mnuSeek2.SetEnabled(true);
@@ -80,6 +88,7 @@ void Lifecycle::Start() {
         window_.lblCardMemo.SetCaption("");
         window_.chkEvent.SetValue(0);
         LoadOwnFilters();
+        if (window_.state.startMode != mode) return;
         window_.filter.SetStartValues();
         LimitSearch();
         // Before the tree is filled, so that it is filled once and in the order that the list
@@ -89,6 +98,7 @@ void Lifecycle::Start() {
     }
     if (mode == kCardMode) {
         StartCards();
+        if (window_.state.startMode != mode) return;
     } else {
         window_.tree.chkEvent_Click();
     }
@@ -144,9 +154,11 @@ void Lifecycle::StartCards() {
     if (!control.myName.empty()) window_.txtComp.SetText(control.myName);
     window_.tree.chkEvent_Click();
     window_.cards.LoadStartList();
+    const std::int32_t card = control.myTaskID;
     const std::int16_t right = CheckModule(window_.session, "mnuCardPlan", 1, 0);
-    if (control.myTaskID > 0 && right > 0 && window_.tvwTask.Count() < 2) {
-        window_.cards.LoadCardList("fid=" + std::to_string(control.myTaskID));
+    if (window_.state.startMode != kCardMode) return;
+    if (card > 0 && right > 0 && window_.tvwTask.Count() < 2) {
+        window_.cards.LoadCardList("fid=" + std::to_string(card));
         if (window_.cboComp2.ListCount() > 0) window_.cboComp2.SetListIndex(0);
     }
 }

@@ -1,6 +1,8 @@
 // Start, activation and end of the main window.
 #pragma once
 
+#include <cstdint>
+
 namespace zv::mainwindow {
 
 class frmTaskMain;
@@ -22,6 +24,7 @@ class Lifecycle {
     bool FollowTheDay();
 
  private:
+    void StartIn(std::int16_t mode);
     void LoadLists();
     void LoadGrid();
     void LoadOwnFilters();

@@ -13,6 +13,7 @@ class NamedItem {
  public:
     /// What is current in the window.
     explicit NamedItem(const frmTaskMain& window);
+    NamedItem(std::int32_t number, bool plan) : number_(number), plan_(plan) {}
 
     /// fID of the item or TaskID of the plan; 0 when there is none.
     std::int32_t Number() const { return number_; }

@@ -177,7 +177,7 @@ void TaskTree::PopupContextMenu(int x, int y) {
     if (id != window_.state.currentItemId) tvwTask_NodeClick(node);
     // While a box about the item stood the host may have closed the window.
     if (!window_.IsLoaded()) return;
-    const NamedItem item(window_);
+    const NamedItem item(id, KindFromKeyLetter(letter, kTask) == kPlan);
     const auto popup = [&](forms::MenuItem& menu) {
         window_.PopupMenu(menu, x, y, [&] { return item.MakeCurrent(window_); });
     };

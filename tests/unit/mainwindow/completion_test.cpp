@@ -135,6 +135,11 @@ TEST_F(CompletionTest, TheMenuDropsJustBelowTheButton) {
     Grant(24);
     stage.user.RightPress(window.cmdTaskOK);
     EXPECT_EQ(window.LastPopup(), "mnuDone");
+    const forms::Rect& bar = window.fraTop.Bounds();
+    const forms::Rect& button = window.cmdTaskOK.Bounds();
+    EXPECT_GT(button.left, 0);
+    EXPECT_EQ(window.LastPopupAt(),
+              (forms::Position{bar.left + button.left, bar.top + button.top + button.height}));
 }
 
 TEST_F(CompletionTest, ThreeCharactersOfTheInHandCaptionAreItsAccessKey) {

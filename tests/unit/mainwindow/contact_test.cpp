@@ -227,6 +227,8 @@ TEST_F(Contact, ThePictureOpensItsMenuAtOneHeightOnly) {
     EXPECT_EQ(window.LastPopup(), "");
     stage.user.MoveMouse(window.picImage, 30, 7740);
     EXPECT_EQ(window.LastPopup(), "mnuImg");
+    const forms::Rect& picture = window.picImage.Bounds();
+    EXPECT_EQ(window.LastPopupAt(), (forms::Position{picture.left + 2, picture.top + 516}));
     stage.user.MoveMouse(window.picImage, 30, 7741);
     EXPECT_EQ(window.LastPopup(), "");
 }

@@ -238,6 +238,16 @@ TEST_F(Tree, ARightClickDuringAnAddDoesNothing) {
     EXPECT_EQ(window.LastPopup(), "");
 }
 
+TEST_F(Tree, TheMenuOpensAtTheMouse) {
+    frmTaskMain& window = Open();
+    const forms::Rect& tree = window.tvwTask.Bounds();
+    ASSERT_GT(tree.top, 0);
+    window.tvwTask.UserRightClick(window.tvwTask.Find("Z1"), 30 * forms::kTwipsPerUnit,
+                                  44 * forms::kTwipsPerUnit);
+    EXPECT_EQ(window.LastPopup(), "mnuTask");
+    EXPECT_EQ(window.LastPopupAt(), (forms::Position{tree.left + 30, tree.top + 44}));
+}
+
 TEST_F(Tree, ARightClickMakesItsItemTheCurrentOne) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
