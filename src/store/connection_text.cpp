@@ -138,7 +138,9 @@ std::vector<std::string> ConnectionText::Secrets() const {
 
 std::string ConnectionSettings::ForMessage() const {
     std::string name = dataPath.ForMessage();
-    return kind >= 1 ? std::string(BehindLogin(name)) : name;
+    // A name as it was given: a file's may hold an "@", in a server's it ends a login.
+    const bool asGiven = name == text::Trim(dataPath.ForDriver());
+    return kind >= 1 && asGiven ? std::string(BehindLogin(name)) : name;
 }
 
 std::vector<std::string> ConnectionSettings::Secrets() const {

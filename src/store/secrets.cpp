@@ -126,7 +126,7 @@ std::vector<std::string> SecretValues(std::string_view text) {
     return values;
 }
 
-std::string WithoutSecrets(std::string text, std::vector<std::string> secrets) {
+std::string WithoutTexts(std::string text, std::vector<std::string> secrets) {
     // The longest first: a short one may be a part of it.
     std::sort(secrets.begin(), secrets.end(),
               [](const auto& a, const auto& b) { return a.size() > b.size(); });
@@ -134,6 +134,11 @@ std::string WithoutSecrets(std::string text, std::vector<std::string> secrets) {
         // The password that a control has before anybody sets one says nothing.
         if (!secret.empty() && secret != "0") HideWords(text, secret);
     }
+    return text;
+}
+
+std::string WithoutSecrets(std::string text, std::vector<std::string> secrets) {
+    text = WithoutTexts(std::move(text), std::move(secrets));
     HideEntries(text);
     HideLogins(text);
     return text;

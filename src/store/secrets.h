@@ -17,6 +17,9 @@ inline constexpr std::size_t kUnmistakable = 4;
 /// (PWD=…) of a connection string or as a login in an address: drivers repeat what they were given.
 std::string WithoutSecrets(std::string text, std::vector<std::string> secrets);
 
+/// `text` without each of `secrets`.
+std::string WithoutTexts(std::string text, std::vector<std::string> secrets);
+
 /// Whether an entry of this name holds a login or a password. What stands in front of the name, as
 /// in "Jet OLEDB:Database Password", makes no difference.
 bool IsSecretName(std::string_view name);

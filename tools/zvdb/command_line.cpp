@@ -64,7 +64,8 @@ T Whole(const std::string& option, const std::string& text, T low, T high) {
     return number;
 }
 
-/// What the argument names, or the file that it refers to.
+}  // namespace
+
 std::string Named(const std::string& argument) {
     if (!argument.starts_with('@')) return argument;
     const std::string file = argument.substr(1);
@@ -77,6 +78,8 @@ std::string Named(const std::string& argument) {
     if (line.empty()) throw UsageError("the first line of \"" + file + "\" is empty");
     return line;
 }
+
+namespace {
 
 DateTime Day(const std::string& text) {
     const auto day = DateTime::Parse(text);

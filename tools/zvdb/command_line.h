@@ -31,6 +31,9 @@ class UsageError : public std::runtime_error {
 /// UsageError.
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime today);
 
+/// What the argument names: itself, or for "@FILE" the first line of FILE. Throws UsageError.
+std::string Named(const std::string& argument);
+
 extern const char kHelp[];
 
 }  // namespace zv::zvdb

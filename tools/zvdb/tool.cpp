@@ -4,8 +4,10 @@
 #include <iomanip>
 
 #include "base/path.h"
+#include "store/connection_text.h"
 #include "zvdb/check.h"
 #include "zvdb/command_line.h"
+#include "zvdb/hidden_output.h"
 #include "zvdb/import/endpoint.h"
 #include "zvdb/server_database.h"
 
@@ -34,6 +36,10 @@ int Create(const CommandLine& line, const Console& console) {
         CreateServerSample(line.server, line.force, line.sample, progress);
         PrintCounts(CheckServer(line.server), console.out);
         return kFine;
+    }
+    // A file of that name would keep the password for everybody to read.
+    if (store::ConnectionText(line.file).ForMessage() != line.file) {
+        throw UsageError("this is a connection; --to stands in front of a server");
     }
     const std::filesystem::path file = PathOf(line.file);
     if (std::filesystem::is_directory(file)) throw FileError("this is a folder");
@@ -66,9 +72,7 @@ int Refuse(const Console& console, const CommandLine& line, const std::string& r
     return kCannot;
 }
 
-}  // namespace
-
-int RunTool(const std::vector<std::string>& arguments, DateTime today, const Console& console) {
+int RunCommand(const std::vector<std::string>& arguments, DateTime today, const Console& console) {
     CommandLine line;
     try {
         line = ParseCommandLine(arguments, today);
@@ -96,6 +100,15 @@ int RunTool(const std::vector<std::string>& arguments, DateTime today, const Con
     } catch (const std::exception& error) {
         return Refuse(console, line, error.what());
     }
+}
+
+}  // namespace
+
+int RunTool(const std::vector<std::string>& arguments, DateTime today, const Console& console) {
+    const GivenSecrets secrets(arguments);
+    if (secrets.IsEmpty()) return RunCommand(arguments, today, console);
+    HidingConsole hiding(console, secrets);
+    return RunCommand(arguments, today, hiding.Get());
 }
 
 }  // namespace zv::zvdb
