@@ -37,12 +37,15 @@ class FileHandle {
 }  // namespace
 
 DatabaseFile RecogniseDatabase(const std::string& path) {
-    if (path.empty()) throw CannotOpen(ErrorNumber::FileNotFound, path, "No path is given.");
+    if (path.empty())
+        throw CannotOpen(ErrorNumber::FileNotFound, path, "No path is given.",
+                         ErrorKind::FileMissing);
     const std::wstring widePath = win32::ToWide(path);
     const DWORD attributes = GetFileAttributesW(widePath.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) throw CannotOpenFile(path, GetLastError());
     if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
-        throw CannotOpen(ErrorNumber::PathFileAccess, path, "It is a folder.");
+        throw CannotOpen(ErrorNumber::PathFileAccess, path, "It is a folder.",
+                         ErrorKind::CannotOpen);
     }
     // An engine that has the file open allows others to read and write it.
     const FileHandle file(CreateFileW(widePath.c_str(), GENERIC_READ,
@@ -55,7 +58,8 @@ DatabaseFile RecogniseDatabase(const std::string& path) {
         throw CannotOpenFile(path, GetLastError());
     }
     if (length == 0) {
-        throw CannotOpen(ErrorNumber::DatabaseFailure, path, "The file is empty.");
+        throw CannotOpen(ErrorNumber::DatabaseFailure, path, "The file is empty.",
+                         ErrorKind::NotADatabase);
     }
     const std::string_view head(start.data(), length);
     if (head.starts_with(kSqliteStart)) return DatabaseFile::Sqlite;
@@ -64,7 +68,8 @@ DatabaseFile RecogniseDatabase(const std::string& path) {
         if (text.starts_with(kJetText) || text.starts_with(kAceText)) return DatabaseFile::Access;
     }
     throw CannotOpen(ErrorNumber::DatabaseFailure, path,
-                     "The file is neither an embedded database nor an Access database.");
+                     "The file is neither an embedded database nor an Access database.",
+                     ErrorKind::NotADatabase);
 }
 
 }  // namespace zv::host

@@ -76,6 +76,7 @@ HRESULT ReportFailure(HRESULT hr, EXCEPINFO* info) {
     if (GetErrorInfo(0, error.Put()) == S_OK) {
         error->GetDescription(&info->bstrDescription);
         error->GetSource(&info->bstrSource);
+        error->GetHelpContext(&info->dwHelpContext);
         SetErrorInfo(0, error.Get());
     }
     return DISP_E_EXCEPTION;

@@ -8,7 +8,8 @@
 
 namespace zv::host {
 
-RuntimeError CannotOpen(ErrorNumber number, std::string_view path, std::string_view reason);
+RuntimeError CannotOpen(ErrorNumber number, std::string_view path, std::string_view reason,
+                        ErrorKind kind = ErrorKind::Other);
 /// With the system's reason for its error code.
 RuntimeError CannotOpenFile(std::string_view path, unsigned long systemError);
 

@@ -32,9 +32,9 @@ std::string ChooseProvider(std::span<const wchar_t* const> providers, std::strin
         if (!names.empty()) names += ", ";
         names += win32::ToUtf8(provider);
     }
-    throw CannotOpen(
-        ErrorNumber::CannotCreateObject, path,
-        "No data provider for " + std::string(kind) + " is installed (" + names + ").");
+    throw CannotOpen(ErrorNumber::CannotCreateObject, path,
+                     "No data provider for " + std::string(kind) + " is installed (" + names + ").",
+                     ErrorKind::DriverMissing);
 }
 
 ComPtr<IDispatch> OpenAdo(const std::string& connectionString,
@@ -49,7 +49,8 @@ ComPtr<IDispatch> OpenAdo(const std::string& connectionString,
     }
     if (FAILED(hr)) {
         throw CannotOpen(ErrorNumber::CannotCreateObject, path,
-                         "ADODB.Connection cannot be created: " + win32::SystemMessage(hr));
+                         "ADODB.Connection cannot be created: " + win32::SystemMessage(hr),
+                         ErrorKind::DriverMissing);
     }
     store::ado::Member open(L"Open");
     try {
@@ -57,7 +58,8 @@ ComPtr<IDispatch> OpenAdo(const std::string& connectionString,
     } catch (const RuntimeError& error) {
         const std::string reason = settings.WithoutSecrets(error.Text());
         throw RuntimeError(error.Number(), CannotOpen(error.Number(), path, reason).Text(),
-                           error.Source());
+                           error.Source())
+            .Of(error.Kind());
     }
     return connection;
 }

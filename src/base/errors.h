@@ -42,6 +42,40 @@ enum class ErrorNumber : std::int32_t {
     DatabaseFailure = static_cast<std::int32_t>(0x80004005),
 };
 
+/// What went wrong with a database, whatever its engine calls it: by this the user is told
+/// (resources/error_texts.h).
+enum class ErrorKind : std::uint8_t {
+    Own,    ///< an error of the system itself: its text, if it has one, can be read as it stands
+    Other,  ///< an engine's or a component's, of none of the kinds below
+    Busy,   ///< locked by another program or statement; trying again helps
+    DiskFull,
+    OutOfMemory,
+    ReadOnly,
+    CannotOpen,
+    FileMissing,
+    NotADatabase,
+    Damaged,
+    InputOutput,  ///< disk or network drive failed
+    Duplicate,    ///< a value that may be there once
+    RuleBroken,   ///< a value missing or out of what the tables allow
+    TooLarge,
+    WrongValue,  ///< a value that is not of the column's type
+    Changed,     ///< the optimistic lock: somebody else was quicker
+    NoTable,
+    NoColumn,
+    BadStatement,
+    Refused,  ///< the door takes no such statement
+    NoPermission,
+    LoginRefused,
+    ServerUnknown,
+    ConnectionLost,
+    TimeLimit,
+    DatabaseUnknown,
+    TooManyConnections,
+    DriverMissing,
+    Last = DriverMissing,
+};
+
 /// What a database server says of an error beside its text: the five characters of its SQLSTATE and
 /// the server's or driver's own number. Empty and 0 for errors of any other kind.
 struct ServerCode {
@@ -50,7 +84,8 @@ struct ServerCode {
 };
 
 /// An error that a user or a host is told of. Without a text of its own it takes the catalogue's
-/// text for its number (resources/error_texts.h).
+/// text for its number; an engine's text is put behind one in the user's language
+/// (resources/error_texts.h).
 class RuntimeError : public std::exception {
  public:
     explicit RuntimeError(ErrorNumber number, std::string text = {}, std::string source = {},
@@ -58,7 +93,13 @@ class RuntimeError : public std::exception {
         : number_(number),
           text_(std::move(text)),
           source_(std::move(source)),
-          code_(std::move(code)) {}
+          code_(std::move(code)),
+          kind_(source_.empty() ? ErrorKind::Own : ErrorKind::Other) {}
+    /// The same error as one of this kind.
+    RuntimeError Of(ErrorKind kind) && {
+        kind_ = kind;
+        return std::move(*this);
+    }
 
     ErrorNumber Number() const { return number_; }
     /// Empty when the number says everything.
@@ -66,6 +107,8 @@ class RuntimeError : public std::exception {
     /// The component that failed, for example the database engine; empty for the system itself.
     const std::string& Source() const { return source_; }
     const ServerCode& Code() const { return code_; }
+    /// An error that names its source is of no kind known until it is told otherwise.
+    ErrorKind Kind() const { return kind_; }
     const char* what() const noexcept override { return text_.c_str(); }
 
  private:
@@ -73,6 +116,7 @@ class RuntimeError : public std::exception {
     std::string text_;
     std::string source_;
     ServerCode code_;
+    ErrorKind kind_;
 };
 
 }  // namespace zv

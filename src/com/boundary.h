@@ -20,7 +20,7 @@ HRESULT Boundary(Body&& body) noexcept {
     return win32::Guarded(
         kErrorSource, kInterfaceId,
         [](const RuntimeError& error) {
-            return resources::DescribeError(error, SessionHost::Language());
+            return SessionHost::Describe(error);
         },
         std::forward<Body>(body));
 }

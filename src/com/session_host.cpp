@@ -42,6 +42,11 @@ std::int16_t SessionHost::Language() noexcept {
     return g_host ? g_host->session_.state.Language : std::int16_t{0};
 }
 
+std::string SessionHost::Describe(const RuntimeError& error) {
+    return g_host ? g_host->session_.Describe(error)
+                  : resources::DescribeError(error, Language());
+}
+
 bool SessionHost::IsIdle() noexcept {
     if (!g_host) return true;
     if (g_host->thread_ != GetCurrentThreadId()) return false;

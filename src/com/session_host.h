@@ -21,6 +21,8 @@ class SessionHost {
     static SessionHost& Acquire();
     /// The language that errors are told in; works without a session too.
     static std::int16_t Language() noexcept;
+    /// What the host reads of an error; works without a session too.
+    static std::string Describe(const RuntimeError& error);
     /// False while a window exists. Call it on the session's thread; elsewhere a session that still
     /// exists counts as in use.
     static bool IsIdle() noexcept;

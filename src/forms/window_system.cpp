@@ -130,7 +130,7 @@ void WindowSystem::Guard(const std::function<void()>& handler) {
     } catch (const RuntimeError& error) {
         Report(error);
     } catch (const std::exception& error) {
-        Report(RuntimeError(ErrorNumber::InternalError, error.what()));
+        Report(RuntimeError(ErrorNumber::InternalError, error.what()).Of(ErrorKind::Other));
     }
 }
 

@@ -123,7 +123,7 @@ void ItemList::Rebuild(store::Recordset& rows, const std::function<void()>& fill
         try {
             fill();
         } catch (const RuntimeError& error) {
-            reason = resources::DescribeError(error, window_.session.state.Language);
+            reason = window_.session.Describe(error);
         }
     }
     window_.state.currentItemId = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/text.h"
 #include "resources/catalogue.h"
 
 namespace zv::resources {
@@ -44,10 +45,65 @@ constexpr auto kTexts = std::to_array<Entry>({
     {ErrorNumber::DatabaseStatement, "数据库语句有错误", "資料庫陳述式有錯誤"},
     {ErrorNumber::DatabaseTable, "数据库中没有该表", "資料庫中沒有該資料表"},
     {ErrorNumber::DatabaseColumn, "数据库中没有该字段", "資料庫中沒有該欄位"},
+    {ErrorNumber::DatabaseConflict, "记录已被其他用户更改", "記錄已被其他使用者更改"},
+    {ErrorNumber::FileAlreadyExists, "文件已存在", "檔案已存在"},
     {ErrorNumber::DatabaseFailure, "数据库错误", "資料庫錯誤"},
 });
 
+struct KindEntry {
+    ErrorKind kind;
+    std::string_view simplified;
+    std::string_view traditional;
+};
+
+constexpr auto kKinds = std::to_array<KindEntry>({
+    {ErrorKind::Busy, "数据库正被其他程序锁定，请稍后再试。", "資料庫正被其他程式鎖定，請稍後再試。"},
+    {ErrorKind::DiskFull, "磁盘已满，数据没有保存。", "磁碟已滿，資料沒有儲存。"},
+    {ErrorKind::OutOfMemory, "内存不足，操作没有完成。", "記憶體不足，操作沒有完成。"},
+    {ErrorKind::ReadOnly, "数据库是只读的，不能写入。", "資料庫是唯讀的，不能寫入。"},
+    {ErrorKind::CannotOpen, "数据库文件不能打开。", "資料庫檔案不能開啟。"},
+    {ErrorKind::FileMissing, "数据库文件不存在。", "資料庫檔案不存在。"},
+    {ErrorKind::NotADatabase, "该文件不是数据库文件。", "該檔案不是資料庫檔案。"},
+    {ErrorKind::Damaged, "数据库文件已损坏。", "資料庫檔案已損壞。"},
+    {ErrorKind::InputOutput, "读写数据库文件时出错，请检查磁盘或网络。",
+     "讀寫資料庫檔案時出錯，請檢查磁碟或網路。"},
+    {ErrorKind::Duplicate, "数据库中已有相同的值，没有保存。", "資料庫中已有相同的值，沒有儲存。"},
+    {ErrorKind::RuleBroken, "数据不符合数据库的规则，没有保存。",
+     "資料不符合資料庫的規則，沒有儲存。"},
+    {ErrorKind::TooLarge, "数据太长，没有保存。", "資料太長，沒有儲存。"},
+    {ErrorKind::WrongValue, "值的类型不正确。", "值的型態不正確。"},
+    {ErrorKind::Changed, "记录已被其他用户更改或删除，没有保存。",
+     "記錄已被其他使用者更改或刪除，沒有儲存。"},
+    {ErrorKind::NoTable, "数据库中没有该表。", "資料庫中沒有該資料表。"},
+    {ErrorKind::NoColumn, "数据库中没有该字段。", "資料庫中沒有該欄位。"},
+    {ErrorKind::BadStatement, "数据库语句有错误。", "資料庫陳述式有錯誤。"},
+    {ErrorKind::Refused, "数据库语句不被接受。", "資料庫陳述式不被接受。"},
+    {ErrorKind::NoPermission, "没有该数据库操作的权限。", "沒有該資料庫操作的權限。"},
+    {ErrorKind::LoginRefused, "数据库服务器拒绝登录，请检查登录名和密码。",
+     "資料庫伺服器拒絕登入，請檢查登入名稱和密碼。"},
+    {ErrorKind::ServerUnknown, "连接不上数据库服务器，请检查服务器和网络。",
+     "連接不上資料庫伺服器，請檢查伺服器和網路。"},
+    {ErrorKind::ConnectionLost, "与数据库服务器的连接已断开，请再试一次。",
+     "與資料庫伺服器的連線已中斷，請再試一次。"},
+    {ErrorKind::TimeLimit, "数据库服务器没有在规定时间内应答，请再试一次。",
+     "資料庫伺服器沒有在規定時間內回應，請再試一次。"},
+    {ErrorKind::DatabaseUnknown, "服务器上没有该数据库。", "伺服器上沒有該資料庫。"},
+    {ErrorKind::TooManyConnections, "数据库服务器的连接已满，请稍后再试。",
+     "資料庫伺服器的連線已滿，請稍後再試。"},
+    {ErrorKind::DriverMissing, "没有安装连接数据库所需的驱动程序。",
+     "沒有安裝連接資料庫所需的驅動程式。"},
+});
+
 constexpr std::int16_t kTraditional = 1;
+
+/// A component that speaks the user's language needs no sentence in front of its own.
+bool HoldsChinese(std::string_view words) {
+    for (std::size_t at = 0; at < words.size();) {
+        const char32_t c = text::NextCodePoint(words, at);
+        if (c >= 0x4E00 && c <= 0x9FFF) return true;
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -61,8 +117,21 @@ std::string ErrorText(ErrorNumber number, std::int16_t language) {
     return (traditional ? "錯誤 " : "错误 ") + std::to_string(static_cast<std::int32_t>(number));
 }
 
+std::string_view ErrorKindText(ErrorKind kind, std::int16_t language) {
+    const auto entry = std::find_if(kKinds.begin(), kKinds.end(),
+                                    [&](const KindEntry& e) { return e.kind == kind; });
+    if (entry == kKinds.end()) return {};
+    return language == kTraditional ? entry->traditional : entry->simplified;
+}
+
 std::string DescribeError(const RuntimeError& error, std::int16_t language) {
-    return error.Text().empty() ? ErrorText(error.Number(), language) : error.Text();
+    const std::string& words = error.Text();
+    const bool ready = error.Kind() == ErrorKind::Own ||
+                       (error.Kind() == ErrorKind::Other && HoldsChinese(words));
+    if (ready && !words.empty()) return words;
+    std::string text(ErrorKindText(error.Kind(), language));
+    if (text.empty()) text = ErrorText(error.Number(), language);
+    return words.empty() ? text : text + " (" + words + ")";
 }
 
 }  // namespace zv::resources

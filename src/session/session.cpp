@@ -14,7 +14,7 @@ Session::Session(platform::Machine& machinePort, resources::SettingsStore& setti
       database(
           opener, [this] { return Settings(); }, observer) {
     windows.describeError = [this](const RuntimeError& error) {
-        return resources::DescribeError(error, state.Language);
+        return Describe(error);
     };
     SetApplicationTitle();
 }
@@ -80,6 +80,11 @@ int Session::DatabaseKind() const {
     return present ? present->kind : state.SQLData;
 }
 
+std::string Session::Describe(const RuntimeError& error) const {
+    std::string text = resources::DescribeError(error, state.Language);
+    return error.Kind() == ErrorKind::Own ? text : Settings().WithoutSecrets(text);
+}
+
 void Session::EnsureConnection() {
     if (database.IsOpen()) return;
     const store::ConnectionSettings* before = database.OpenedWith();
@@ -96,7 +101,8 @@ RuntimeError CannotOpen(const RuntimeError& error, const store::ConnectionSettin
     // The opener is a component of somebody else, which may repeat what it was given.
     std::string text = connection.WithoutSecrets(resources::DescribeError(error, language));
     if (!place.empty() && text.find(place) == std::string::npos) text += "\r\n" + place;
-    return RuntimeError(error.Number(), text, connection.WithoutSecrets(error.Source()));
+    return RuntimeError(error.Number(), text, connection.WithoutSecrets(error.Source()), error.Code())
+        .Of(ErrorKind::Own);
 }
 
 }  // namespace

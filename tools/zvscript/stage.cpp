@@ -38,7 +38,7 @@ void Stage::AsHost(const std::function<void()>& act) {
         windows.FromHost(act);
     } catch (const RuntimeError& error) {
         error_ = std::to_string(static_cast<std::int32_t>(error.Number())) + ' ' +
-                 resources::DescribeError(error, session.state.Language);
+                 session.Describe(error);
     }
 }
 

@@ -118,9 +118,9 @@ Variant PrintObject::PrintOut(const Arguments&) {
     try {
         report::PrintOut(request_, fonts_, pageCount_);
     } catch (const RuntimeError& error) {
-        if (!error.Text().empty()) throw;
         throw RuntimeError(error.Number(), resources::DescribeError(error, request_.Script()),
-                           error.Source());
+                           error.Source())
+            .Of(ErrorKind::Own);
     }
     return {};
 }

@@ -66,15 +66,31 @@ inline std::string SystemMessage(HRESULT hr) {
     return ToUtf8(std::wstring_view(buffer, length));
 }
 
+// The kind of an error travels as its help context, in this half of which nobody else's topics lie.
+inline constexpr DWORD kKindContext = 0x5A560000;
+inline constexpr DWORD kKindMask = 0xFFFF0000;
+
+inline DWORD ContextOf(ErrorKind kind) {
+    return kind == ErrorKind::Own ? 0 : kKindContext + static_cast<DWORD>(kind);
+}
+/// Own for a help context of somebody else.
+inline ErrorKind KindOfContext(DWORD context) {
+    const DWORD kind = context & ~kKindMask;
+    const bool known = (context & kKindMask) == kKindContext &&
+                       kind <= static_cast<DWORD>(ErrorKind::Last);
+    return known ? static_cast<ErrorKind>(kind) : ErrorKind::Own;
+}
+
 /// Leaves the error's text and source for the caller of the method that fails with the result.
 inline HRESULT SetError(HRESULT hr, std::string_view text, std::string_view source,
-                        REFIID iid = IID_IDispatch) noexcept {
+                        REFIID iid = IID_IDispatch, DWORD helpContext = 0) noexcept {
     try {
         ComPtr<ICreateErrorInfo> info;
         if (SUCCEEDED(CreateErrorInfo(info.Put()))) {
             info->SetGUID(iid);
             info->SetDescription(Bstr(text).Get());
             info->SetSource(Bstr(source).Get());
+            info->SetHelpContext(helpContext);
             if (auto error = info.As<IErrorInfo>()) SetErrorInfo(0, error.Get());
         }
     } catch (const std::bad_alloc&) {
@@ -85,7 +101,7 @@ inline HRESULT SetError(HRESULT hr, std::string_view text, std::string_view sour
 
 /// Runs `body` (answering HRESULT or nothing) and turns whatever it throws into a result with
 /// error information. `source` names the component where the error has no source of its own;
-/// `textOf` gives the text of a RuntimeError that has none (a number says everything then).
+/// `textOf` gives the text of a RuntimeError.
 template <class Body, class TextOf>
 HRESULT Guarded(std::string_view source, REFIID iid, TextOf&& textOf, Body&& body) noexcept {
     try {
@@ -98,8 +114,8 @@ HRESULT Guarded(std::string_view source, REFIID iid, TextOf&& textOf, Body&& bod
     } catch (const RuntimeError& error) {
         const HRESULT hr = ToHresult(error.Number());
         try {
-            const std::string text = error.Text().empty() ? textOf(error) : error.Text();
-            return SetError(hr, text, error.Source().empty() ? source : error.Source(), iid);
+            return SetError(hr, textOf(error), error.Source().empty() ? source : error.Source(),
+                            iid, ContextOf(error.Kind()));
         } catch (...) {
             return hr;
         }
@@ -107,7 +123,13 @@ HRESULT Guarded(std::string_view source, REFIID iid, TextOf&& textOf, Body&& bod
         SetErrorInfo(0, nullptr);  // else the caller takes an earlier error's text for this one's
         return E_OUTOFMEMORY;
     } catch (const std::exception& error) {
-        return SetError(E_UNEXPECTED, error.what(), source, iid);
+        try {
+            const RuntimeError told =
+                RuntimeError(ErrorNumber::InternalError, error.what()).Of(ErrorKind::Other);
+            return SetError(E_UNEXPECTED, textOf(told), source, iid);
+        } catch (...) {
+            return E_UNEXPECTED;
+        }
     } catch (...) {
         SetErrorInfo(0, nullptr);
         return E_UNEXPECTED;
@@ -118,13 +140,18 @@ template <class Body>
 HRESULT Guarded(std::string_view source, Body&& body) noexcept {
     return Guarded(
         source, IID_IDispatch,
-        [](const RuntimeError& error) { return SystemMessage(ToHresult(error.Number())); },
+        [](const RuntimeError& error) {
+            return error.Text().empty() ? SystemMessage(ToHresult(error.Number())) : error.Text();
+        },
         std::forward<Body>(body));
 }
 
-/// The error that a failed Invoke reports, the texts of `info` taken over and freed.
+/// The error that a failed Invoke reports, the texts of `info` taken over and freed. It is of the
+/// kind that one of our own components told, otherwise of no kind known.
 inline RuntimeError ErrorOf(HRESULT hr, EXCEPINFO& info) {
-    if (hr != DISP_E_EXCEPTION) return RuntimeError(ToErrorNumber(hr), SystemMessage(hr));
+    if (hr != DISP_E_EXCEPTION) {
+        return RuntimeError(ToErrorNumber(hr), SystemMessage(hr)).Of(ErrorKind::Other);
+    }
     if (info.pfnDeferredFillIn) info.pfnDeferredFillIn(&info);
     Bstr source, text, help;
     *source.Put() = info.bstrSource;
@@ -135,8 +162,10 @@ inline RuntimeError ErrorOf(HRESULT hr, EXCEPINFO& info) {
                          : info.wCode != 0
                              ? MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info.wCode)
                              : E_FAIL;
+    const ErrorKind kind = KindOfContext(info.dwHelpContext);
     info = {};
-    return RuntimeError(ToErrorNumber(code), text.Utf8(), source.Utf8());
+    return RuntimeError(ToErrorNumber(code), text.Utf8(), source.Utf8())
+        .Of(kind == ErrorKind::Own ? ErrorKind::Other : kind);
 }
 
 }  // namespace zv::win32

@@ -77,7 +77,8 @@ class AdoConnection final : public Connection {
         if (FAILED(hr)) {
             throw RuntimeError(
                 ErrorNumber::CannotCreateObject,
-                "The class ADODB.Recordset cannot be created: " + win32::SystemMessage(hr));
+                "The class ADODB.Recordset cannot be created: " + win32::SystemMessage(hr))
+                .Of(ErrorKind::DriverMissing);
         }
         return recordset;
     }

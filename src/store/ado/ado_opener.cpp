@@ -29,7 +29,8 @@ std::unique_ptr<Connection> AdoOpener::Open(const ConnectionSettings& settings) 
     if (FAILED(hr)) {
         throw RuntimeError(
             ErrorNumber::CannotCreateObject,
-            "The connection opener \"" + win32::ToUtf8(kOpenerProgId) + "\" " + Reason(hr));
+            "The connection opener \"" + win32::ToUtf8(kOpenerProgId) + "\" " + Reason(hr))
+            .Of(ErrorKind::DriverMissing);
     }
     Member openConnection(kOpenConnection);
     const Variant path{std::string_view(settings.dataPath.ForDriver())};
@@ -42,7 +43,8 @@ std::unique_ptr<Connection> AdoOpener::Open(const ConnectionSettings& settings) 
     auto connection = result.Object();
     if (!connection) {
         throw RuntimeError(ErrorNumber::ObjectNotSet,
-                           "The connection opener answered no connection.");
+                           "The connection opener answered no connection.")
+            .Of(ErrorKind::Other);
     }
     return WrapConnection(std::move(connection));
 }

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+
+#include "store/ado_error_kinds.h"
 
 namespace zv::store::ado {
 namespace {
@@ -15,7 +18,12 @@ win32::Variant Invoke(IDispatch& object, DISPID id, WORD kind, DISPPARAMS& param
     const bool wantsResult = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) == 0;
     const HRESULT hr = object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,
                                      wantsResult ? result.Put() : nullptr, &info, &badArgument);
-    if (FAILED(hr)) throw win32::ErrorOf(hr, info);
+    if (FAILED(hr)) {
+        RuntimeError error = win32::ErrorOf(hr, info);
+        if (error.Kind() != ErrorKind::Other) throw error;
+        const ErrorKind known = KindOfAdoError(error.Number());
+        throw std::move(error).Of(known);
+    }
     return result;
 }
 

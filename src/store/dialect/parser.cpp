@@ -95,7 +95,7 @@ Translation Translate(std::string_view statement, const SchemaInfo& schema, cons
     try {
         return Parser(Tokenise(statement), schema, target).ParseStatement();
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.Number(), error.Text(), target.Engine());
+        throw RuntimeError(error.Number(), error.Text(), target.Engine()).Of(ErrorKind::Refused);
     }
 }
 

@@ -47,7 +47,8 @@ std::string ChooseDriver(const std::array<std::string_view, Count>& names, const
     throw RuntimeError(ErrorNumber::CannotCreateObject,
                        "No ODBC driver for " + std::string(product) + " is installed (" +
                            text::Join({names.begin(), names.end()}, ", ") + ").",
-                       kErrorSource);
+                       kErrorSource)
+        .Of(ErrorKind::DriverMissing);
 }
 
 bool IsPort(std::string_view text) {

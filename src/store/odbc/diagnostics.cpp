@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "store/odbc/error_kinds.h"
 #include "store/odbc/odbc_connection.h"
 #include "store/secrets.h"
 
@@ -212,7 +213,8 @@ RuntimeError ConnectError(const Diagnosis& diagnosis, const std::string& name,
             text += WithoutSecrets(diagnosis.text, secrets) + CodeText(diagnosis.code);
             break;
     }
-    return RuntimeError(number, std::move(text), kErrorSource, diagnosis.code);
+    return RuntimeError(number, std::move(text), kErrorSource, diagnosis.code)
+        .Of(KindOf(diagnosis));
 }
 
 RuntimeError StatementError(const Diagnosis& diagnosis, const std::vector<std::string>& secrets) {
@@ -237,7 +239,8 @@ RuntimeError StatementError(const Diagnosis& diagnosis, const std::vector<std::s
         default:
             break;
     }
-    return RuntimeError(number, text + CodeText(diagnosis.code), kErrorSource, diagnosis.code);
+    return RuntimeError(number, text + CodeText(diagnosis.code), kErrorSource, diagnosis.code)
+        .Of(KindOf(diagnosis));
 }
 
 }  // namespace zv::store::odbc

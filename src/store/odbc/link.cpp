@@ -89,7 +89,8 @@ Link::~Link() {
 void Link::Connect() {
     environment_ = EnvironmentHandle(SQLHANDLE{});
     if (!environment_) {
-        throw RuntimeError(ErrorNumber::CannotCreateObject, "ODBC is not available.", kErrorSource);
+        throw RuntimeError(ErrorNumber::CannotCreateObject, "ODBC is not available.", kErrorSource)
+            .Of(ErrorKind::DriverMissing);
     }
     SQLSetEnvAttr(environment_.Get(), SQL_ATTR_ODBC_VERSION, NumberAsPointer(SQL_OV_ODBC3), 0);
     connection_ = ConnectionHandle(environment_.Get());

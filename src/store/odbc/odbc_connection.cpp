@@ -48,7 +48,8 @@ class OdbcConnection final : public Connection {
  private:
     [[noreturn]] static void ThrowNoRows(const std::string& place) {
         throw RuntimeError(ErrorNumber::DatabaseStatement, "the statement yields no rows" + place,
-                           kErrorSource);
+                           kErrorSource)
+            .Of(ErrorKind::Refused);
     }
 
     std::shared_ptr<Session> session_;

@@ -117,12 +117,14 @@ void Session::GiveUp(bool connecting) {
                            "Cannot connect to the database server \"" + options_.name +
                                "\": it did not answer within the time limit (" +
                                SecondsText(options_.connectLimit) + ").",
-                           kErrorSource, code);
+                           kErrorSource, code)
+            .Of(ErrorKind::ServerUnknown);
     }
     throw RuntimeError(ErrorNumber::DatabaseFailure,
                        "The database server did not answer within the time limit (" +
                            SecondsText(options_.statementLimit) + "). Try again.",
-                       kErrorSource, code);
+                       kErrorSource, code)
+        .Of(ErrorKind::TimeLimit);
 }
 
 void Session::CheckOpen() const {
@@ -141,7 +143,8 @@ Result Session::Run(const std::string& sql, std::vector<Parameter> parameters, b
                                        [&](const auto& entry) { return entry.second->sql == sql; });
         if (!ofNames || sent == translations_.end()) throw;
         throw RuntimeError(error.Number(), WithNamesAsWritten(error.Text(), sent->first),
-                           error.Source(), error.Code());
+                           error.Source(), error.Code())
+            .Of(error.Kind());
     }
 }
 
@@ -167,7 +170,8 @@ const Table& Session::FindTable(const std::string& name) {
 const Table& Session::TableOf(const std::string& name) {
     const Table& table = FindTable(name);
     if (table.columns.empty()) {
-        throw RuntimeError(ErrorNumber::DatabaseTable, "no such table: " + name, kErrorSource);
+        throw RuntimeError(ErrorNumber::DatabaseTable, "no such table: " + name, kErrorSource)
+            .Of(ErrorKind::NoTable);
     }
     return table;
 }

@@ -98,7 +98,8 @@ void KeysetRecordset::Update() {
 }
 
 void KeysetRecordset::ThrowConflict(const char* text) const {
-    throw RuntimeError(ErrorNumber::DatabaseConflict, text, Fields().ErrorSource());
+    throw RuntimeError(ErrorNumber::DatabaseConflict, text, Fields().ErrorSource())
+        .Of(ErrorKind::Changed);
 }
 
 void KeysetRecordset::Release() noexcept {

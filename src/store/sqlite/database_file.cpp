@@ -24,9 +24,12 @@ bool HasSignature(std::istream& file) {
            std::memcmp(start.data(), kSignature, sizeof kSignature) == 0;
 }
 
-[[noreturn]] void Refuse(ErrorNumber number, const char* reason, const std::string& path) {
+[[noreturn]] void Refuse(ErrorNumber number, ErrorKind kind, const char* reason,
+                         const std::string& path) {
     // A server's connection string may have come here by a wrong setting.
-    throw RuntimeError(number, std::string(reason) + ": " + ConnectionText(path).ForMessage(), kErrorSource);
+    throw RuntimeError(number, std::string(reason) + ": " + ConnectionText(path).ForMessage(),
+                       kErrorSource)
+        .Of(kind);
 }
 
 }  // namespace
@@ -38,20 +41,25 @@ void CheckDatabaseFile(const std::string& path) {
     const fs::file_status status = fs::status(file, error);
     if (path.empty() || path.find('\0') != std::string::npos ||
         status.type() == fs::file_type::not_found) {
-        Refuse(ErrorNumber::FileNotFound, "The database file was not found", path);
+        Refuse(ErrorNumber::FileNotFound, ErrorKind::FileMissing, "The database file was not found",
+               path);
     }
     if (fs::is_directory(status)) {
-        Refuse(ErrorNumber::PathFileAccess, "The path names a folder, not a database file", path);
+        Refuse(ErrorNumber::PathFileAccess, ErrorKind::CannotOpen,
+               "The path names a folder, not a database file", path);
     }
     std::ifstream stream(file, std::ios::binary);
     if (!stream) {
-        Refuse(ErrorNumber::PathFileAccess, "The database file cannot be read", path);
+        Refuse(ErrorNumber::PathFileAccess, ErrorKind::CannotOpen,
+               "The database file cannot be read", path);
     }
     if (fs::file_size(file, error) == 0 && !error) {
-        Refuse(ErrorNumber::DatabaseFailure, "The database file is empty", path);
+        Refuse(ErrorNumber::DatabaseFailure, ErrorKind::NotADatabase, "The database file is empty",
+               path);
     }
     if (!HasSignature(stream)) {
-        Refuse(ErrorNumber::DatabaseFailure, "The file is not a database", path);
+        Refuse(ErrorNumber::DatabaseFailure, ErrorKind::NotADatabase, "The file is not a database",
+               path);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "store/dialect/lexer.h"
 #include "store/dialect/window_index.h"
 #include "store/sqlite/database_file.h"
+#include "store/sqlite/error_kinds.h"
 
 namespace zv::store::sqlite {
 namespace {
@@ -192,7 +193,8 @@ void Session::Refuse(int code) const {
             reason = handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code);
             break;
     }
-    throw RuntimeError(number, reason + ": " + ConnectionText(path_).ForMessage(), kErrorSource);
+    throw RuntimeError(number, reason + ": " + ConnectionText(path_).ForMessage(), kErrorSource)
+        .Of(KindOf(code, number));
 }
 
 void Session::Close() noexcept {
@@ -243,7 +245,8 @@ Statement Session::Prepare(const std::string& sql, const std::string& source) {
         rest && std::string_view(rest).find_first_not_of(" \t\r\n;") != std::string_view::npos;
     if (!handle || more) {
         throw RuntimeError(ErrorNumber::DatabaseStatement, "exactly one statement is expected",
-                           kErrorSource);
+                           kErrorSource)
+            .Of(ErrorKind::Refused);
     }
     return statement;
 }
@@ -293,7 +296,8 @@ void Session::Throw(const std::string& source) const {
     std::string message = sqlite3_errmsg(handle_);
     const ErrorNumber number = NumberOf(message);
     message += PlaceOf(message, source);
-    throw RuntimeError(number, message, kErrorSource);
+    throw RuntimeError(number, message, kErrorSource)
+        .Of(KindOf(sqlite3_extended_errcode(handle_), number));
 }
 
 }  // namespace zv::store::sqlite

@@ -45,7 +45,8 @@ class SqliteConnection final : public Connection {
         auto translation = session_->Translated(sql);
         if (translation->kind != dialect::StatementKind::Select) {
             throw RuntimeError(ErrorNumber::DatabaseStatement,
-                               "the statement yields no rows at character 1", sqlite::kErrorSource);
+                               "the statement yields no rows at character 1", sqlite::kErrorSource)
+                .Of(ErrorKind::Refused);
         }
         if (lock != LockType::ReadOnly && !translation->table.empty()) {
             return std::make_unique<rows::KeysetRecordset>(

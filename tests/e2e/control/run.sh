@@ -58,5 +58,17 @@ prepare "sample database" "$wine" "$ZV_BIN/zvdb.exe" sample "$(windows_path "$wo
 run_script "$here/properties.vbs" 甲公司
 run_script "$here/refresh.vbs" "$(windows_path "$work/taskAlert.db")"
 
+# Errors and boxes with secrets in the settings.
+timeout 300 "$wine" "$ZV_BIN/control_e2e.exe" >"$work/secrets" 2>&1
+status=$?
+grep -E '^\[  FAILED  \]' "$work/secrets" | sort -u | sed 's/^/secrets: /'
+secrets=$(grep -c '^\[       OK \]' "$work/secrets")
+passed=$((passed + secrets))
+if [ "$status" -ne 0 ] || [ "$secrets" -eq 0 ]; then
+    failed=$((failed + 1))
+    echo "FAIL secrets ($status)"
+    tail -n 5 "$work/secrets"
+fi
+
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

@@ -118,6 +118,7 @@ TEST_F(Opener, AnErrorOfTheEngineKeepsItsNumberAndText) {
     auto connection = opener_.Open(settings_);
     const auto error = ErrorFrom([&] { connection->Execute("delete from noSuchTable"); });
     EXPECT_EQ(error.Number(), ErrorNumber::DatabaseTable);
+    EXPECT_EQ(error.Kind(), ErrorKind::NoTable);
     EXPECT_NE(error.Text().find("noSuchTable"), std::string::npos) << error.Text();
 }
 
@@ -131,6 +132,7 @@ TEST_F(Opener, AMissingFileIsToldWithItsPathAndIsNotMade) {
     settings_.dataPath = settings_.dataPath.ForDriver() + ".gone";
     const auto error = OpenFails();
     EXPECT_EQ(error.Number(), ErrorNumber::FileNotFound);
+    EXPECT_EQ(error.Kind(), ErrorKind::FileMissing);
     EXPECT_NE(error.Text().find(settings_.dataPath.ForDriver()), std::string::npos) << error.Text();
     EXPECT_EQ(GetFileAttributesW(win32::ToWide(settings_.dataPath.ForDriver()).c_str()),
               INVALID_FILE_ATTRIBUTES);
