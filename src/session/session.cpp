@@ -13,9 +13,7 @@ Session::Session(platform::Machine& machinePort, resources::SettingsStore& setti
       windows(windowSystem),
       database(
           opener, [this] { return Settings(); }, observer) {
-    windows.describeError = [this](const RuntimeError& error) {
-        return Describe(error);
-    };
+    windows.describeError = [this](const RuntimeError& error) { return Describe(error); };
     SetApplicationTitle();
 }
 
@@ -101,7 +99,8 @@ RuntimeError CannotOpen(const RuntimeError& error, const store::ConnectionSettin
     // The opener is a component of somebody else, which may repeat what it was given.
     std::string text = connection.WithoutSecrets(resources::DescribeError(error, language));
     if (!place.empty() && text.find(place) == std::string::npos) text += "\r\n" + place;
-    return RuntimeError(error.Number(), text, connection.WithoutSecrets(error.Source()), error.Code())
+    return RuntimeError(error.Number(), text, connection.WithoutSecrets(error.Source()),
+                        error.Code())
         .Of(ErrorKind::Own);
 }
 
