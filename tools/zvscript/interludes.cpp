@@ -14,6 +14,11 @@ std::optional<Interlude> Interludes::Take(Standing kind) {
     return taken;
 }
 
+bool Interludes::Waits(Standing kind) const {
+    return std::any_of(waiting_.begin(), waiting_.end(),
+                       [&](const Interlude& interlude) { return interlude.kind == kind; });
+}
+
 const char* NameOf(Standing kind) {
     switch (kind) {
         case Standing::Box:

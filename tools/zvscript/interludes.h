@@ -22,6 +22,7 @@ class Interludes {
     void Add(Interlude interlude) { waiting_.push_back(std::move(interlude)); }
     /// The first of that kind that waits; it waits no longer.
     std::optional<Interlude> Take(Standing kind);
+    bool Waits(Standing kind) const;
     /// The first that waits, or null.
     const Interlude* First() const { return waiting_.empty() ? nullptr : &waiting_.front(); }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/path.h"
+#include "disturbance.h"
 #include "runner.h"
 #include "script_text.h"
 
@@ -21,7 +22,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: zvscript [--backend headless|win32] [--engine NAME] [--print] [--keep DIR]\n"
-    "                [--statements FILE] FILE...\n"
+    "                [--statements FILE] [--disturb WHAT] FILE...\n"
     "\n"
     "Plays each scenario file in a fresh folder and writes one line for it.\n"
     "  --backend  headless (the default): windows without a display; win32: real windows\n"
@@ -32,6 +33,12 @@ constexpr char kUsage[] =
     "  --keep     keeps the folders of the scenarios below DIR\n"
     "  --statements\n"
     "             writes every statement that is sent to FILE, a line each\n"
+    "  --disturb  plays each file once more for every box that it answers, and while that box "
+    "stands\n"
+    "             does WHAT: refresh0, refresh1, refresh9 (the host's call), close (of the main "
+    "window)\n"
+    "             or opener (the host's call while no connection opens). The rows of the database\n"
+    "             afterwards must be the same, unless the user is told more\n"
     "Exit status: 0 all passed, 1 some failed, 2 a file could not be read or is wrong.\n";
 
 struct Command {
@@ -72,6 +79,9 @@ Command ParseArguments(const std::vector<std::string>& arguments) {
             command.options.print = true;
         } else if (word == "--keep") {
             command.options.keep = std::filesystem::absolute(zv::PathOf(value()));
+        } else if (word == "--disturb") {
+            command.options.disturb = value();
+            zv::script::MakeDisturbance(command.options.disturb);
         } else if (word == "--statements") {
             command.options.statements = zv::PathOf(value());
         } else {

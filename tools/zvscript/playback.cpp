@@ -12,6 +12,7 @@ namespace zv::script {
 
 void Playback::Run(Stage& stage) {
     while (!AtEnd()) PlayNext(stage);
+    if (Stopped()) return;
     if (const Interlude* missed = stage.interludes.First()) {
         Fail(missed->line, std::string("expected a ") + NameOf(missed->kind) +
                                " to stand got none until the end");
@@ -22,14 +23,19 @@ void Playback::RunInside(Stage& stage, forms::Form& form) {
     while (!AtEnd() && form.IsShown()) PlayNext(stage);
     if (!form.IsShown()) return;
     const int line = part_->steps.empty() ? 1 : part_->steps.back().line;
-    if (!Failed()) Attempt(stage, line, [&] { stage.driver.Close(form); });
+    if (!Failed() && !Stopped()) Attempt(stage, line, [&] { stage.driver.Close(form); });
     // A window that does not want to close must not hold up the other files.
     if (form.IsShown()) Attempt(stage, line, [&] { form.Unload(); });
     if (form.IsShown()) form.Hide();
 }
 
-void Playback::RunWhileStanding(Stage& stage, Standing kind) {
-    if (Failed()) return;
+void Playback::RunWhileStanding(Stage& stage, const StandingBox& box) {
+    if (watcher_) watcher_->BoxStands(stage, box);
+    RunInterlude(stage, box.kind);
+}
+
+void Playback::RunInterlude(Stage& stage, Standing kind) {
+    if (Failed() || Stopped()) return;
     const std::optional<Interlude> interlude = stage.interludes.Take(kind);
     if (!interlude) return;
     Part part{*interlude->steps};
@@ -41,7 +47,7 @@ void Playback::RunWhileStanding(Stage& stage, Standing kind) {
 }
 
 void Playback::RunInMenu(Stage& stage) {
-    RunWhileStanding(stage, Standing::Menu);
+    RunInterlude(stage, Standing::Menu);
     while (!AtEnd() && Next().openMenu == OpenMenu::Stays) PlayNext(stage);
     if (AtEnd() || Next().openMenu != OpenMenu::Chooses) return;
     const Target& target = *Next().entry;
@@ -52,10 +58,12 @@ void Playback::RunInMenu(Stage& stage) {
 
 void Playback::PlayNext(Stage& stage) {
     const Step& step = part_->steps[part_->next++];
+    if (watcher_) watcher_->LineBegins(stage, step.line);
     Attempt(stage, step.line, [&] {
         step.action(stage);
         stage.stand->Settle();
     });
+    if (watcher_) watcher_->LineEnded(stage);
 }
 
 void Playback::Attempt(Stage& stage, int line, const std::function<void()>& act) {
@@ -74,7 +82,8 @@ void Playback::Attempt(Stage& stage, int line, const std::function<void()>& act)
     } catch (const std::exception& error) {
         Fail(line, error.what());
     }
-    if (const auto problem = stage.TakeProblem()) Fail(line, *problem);
+    const auto problem = stage.TakeProblem();
+    if (problem && !(watcher_ && watcher_->TakesProblems())) Fail(line, *problem);
 }
 
 void Playback::Fail(int line, std::string reason) {

@@ -14,9 +14,27 @@ class Form;
 
 namespace zv::script {
 
+/// Told of a playing as it goes on.
+class PlaybackWatcher {
+ public:
+    virtual ~PlaybackWatcher() = default;
+    /// Lines nest while something modal stands.
+    virtual void LineBegins(Stage& stage, int line) = 0;
+    virtual void LineEnded(Stage& stage) = 0;
+    /// No further line is played.
+    virtual bool Stops() const = 0;
+    /// Something stands that is answered from the queues. Runs before the lines of a "during".
+    virtual void BoxStands(Stage& stage, const StandingBox& box) = 0;
+    virtual void BoxAnswered(const std::string& line) = 0;
+    /// What a box lacks is none of the scenario's fault.
+    virtual bool TakesProblems() const = 0;
+};
+
 class Playback {
  public:
-    explicit Playback(std::vector<Step> steps) : steps_(std::move(steps)) {}
+    /// `watcher` may be null.
+    explicit Playback(std::vector<Step> steps, PlaybackWatcher* watcher = nullptr)
+        : steps_(std::move(steps)), watcher_(watcher) {}
     Playback(const Playback&) = delete;
     Playback& operator=(const Playback&) = delete;
 
@@ -24,10 +42,15 @@ class Playback {
     /// Plays on until the window is gone; when the lines end or fail before, closes it.
     void RunInside(Stage& stage, forms::Form& form);
     /// Plays the lines that wait for such a thing to stand, when there are any.
-    void RunWhileStanding(Stage& stage, Standing kind);
+    void RunWhileStanding(Stage& stage, const StandingBox& box);
     /// Plays on while a popup menu is open: what waits for a menu, then every line that lets the
     /// menu stand, up to the one that chooses from it.
     void RunInMenu(Stage& stage);
+
+    /// A message box was answered: its line in `messages`.
+    void OnAnswered(const std::string& line) {
+        if (watcher_) watcher_->BoxAnswered(line);
+    }
 
     bool Failed() const { return line_ != 0; }
     /// The file itself turned out to be wrong.
@@ -41,13 +64,16 @@ class Playback {
         const std::vector<Step>& steps;
         std::size_t next = 0;
     };
-    bool AtEnd() const { return Failed() || part_->next == part_->steps.size(); }
+    bool AtEnd() const { return Failed() || Stopped() || part_->next == part_->steps.size(); }
+    bool Stopped() const { return watcher_ && watcher_->Stops(); }
     const Step& Next() const { return part_->steps[part_->next]; }
     void PlayNext(Stage& stage);
+    void RunInterlude(Stage& stage, Standing kind);
     void Attempt(Stage& stage, int line, const std::function<void()>& act);
     void Fail(int line, std::string reason);
 
     std::vector<Step> steps_;
+    PlaybackWatcher* watcher_;
     Part whole_{steps_};
     Part* part_ = &whole_;  ///< the one under way: the whole, or lines of a "during"
     int line_ = 0;

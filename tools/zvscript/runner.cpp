@@ -5,6 +5,7 @@
 
 #include "base/path.h"
 #include "base/text.h"
+#include "disturbance.h"
 #include "playback.h"
 #include "stage.h"
 
@@ -55,52 +56,90 @@ int Runner::Run(const std::vector<std::string>& files) {
     int failed = 0;
     bool wrong = false;
     for (const std::string& file : files) {
-        const Outcome outcome = Play(file);
-        if (outcome == Outcome::Passed) {
+        const Verdict verdict = Play(file);
+        if (verdict == Verdict::Passed) {
             passed++;
         } else {
             failed++;
         }
-        if (outcome == Outcome::Wrong) wrong = true;
+        if (verdict == Verdict::Wrong) wrong = true;
     }
     write_(std::to_string(passed) + " passed, " + std::to_string(failed) + " failed");
     return wrong ? 2 : failed > 0 ? 1 : 0;
 }
 
-Runner::Outcome Runner::Play(const std::string& file) {
+Runner::Verdict Runner::Play(const std::string& file) {
     try {
-        Playback playback(CompileScript(ReadFile(file)));
-        const Folder folder(MakeFolder(file), !options_.keep.empty());
-        {
-            Stage* playing = nullptr;
-            Stage stage(folder.Path(), options_.backend, *engine_,
-                        {.modal = [&](forms::Form& form) { playback.RunInside(*playing, form); },
-                         .menu = [&] { playback.RunInMenu(*playing); }});
-            playing = &stage;
-            stage.dialogs.whileStanding = [&](Standing kind) {
-                playback.RunWhileStanding(stage, kind);
-            };
-            if (options_.print) stage.print = write_;
-            if (statements_.is_open()) {
-                stage.statements.watch = [this](const std::string& sql) {
-                    statements_ << text::Replace(sql, "\r\n", " ") << '\n';
-                };
-            }
-            playback.Run(stage);
-        }
-        engine_->Clear();
-        if (!playback.Failed()) {
-            write_("ok " + file);
-            return Outcome::Passed;
-        }
-        write_("FAIL " + file + ':' + std::to_string(playback.FailedLine()) + ": " +
-               playback.Reason());
-        return playback.Wrong() ? Outcome::Wrong : Outcome::Failed;
+        const std::string text = ReadFile(file);
+        if (!options_.disturb.empty()) return PlayDisturbed(file, text);
+        Playback playback(CompileScript(text));
+        PlayFresh(file, playback);
+        const Verdict verdict = Tell(file, playback);
+        if (verdict == Verdict::Passed) write_("ok " + file);
+        return verdict;
     } catch (const ScriptError& error) {
         const std::string line = error.Line() > 0 ? ':' + std::to_string(error.Line()) : "";
         write_("FAIL " + file + line + ": " + error.Reason());
-        return Outcome::Wrong;
+        return Verdict::Wrong;
     }
+}
+
+Runner::Verdict Runner::Tell(const std::string& file, const Playback& playback) {
+    if (!playback.Failed()) return Verdict::Passed;
+    write_("FAIL " + file + ':' + std::to_string(playback.FailedLine()) + ": " + playback.Reason());
+    return playback.Wrong() ? Verdict::Wrong : Verdict::Failed;
+}
+
+void Runner::PlayFresh(const std::string& file, Playback& playback) {
+    const Folder folder(MakeFolder(file), !options_.keep.empty());
+    {
+        Stage* playing = nullptr;
+        Stage stage(folder.Path(), options_.backend, *engine_,
+                    {.modal = [&](forms::Form& form) { playback.RunInside(*playing, form); },
+                     .menu = [&] { playback.RunInMenu(*playing); }});
+        playing = &stage;
+        stage.dialogs.whileStanding = [&](const StandingBox& box) {
+            playback.RunWhileStanding(stage, box);
+        };
+        stage.dialogs.onAnswered = [&](const std::string& line) { playback.OnAnswered(line); };
+        if (options_.print) stage.print = write_;
+        if (statements_.is_open()) {
+            stage.statements.watch = [this](const std::string& sql) {
+                statements_ << text::Replace(sql, "\r\n", " ") << '\n';
+            };
+        }
+        playback.Run(stage);
+    }
+    engine_->Clear();
+}
+
+Runner::Verdict Runner::PlayDisturbed(const std::string& file, const std::string& text) {
+    const Disturbance disturbance = MakeDisturbance(options_.disturb);
+    QuestionWatcher undisturbed;
+    Playback first(CompileScript(text), &undisturbed);
+    PlayFresh(file, first);
+    Verdict verdict = Tell(file, first);
+    if (verdict != Verdict::Passed) return verdict;
+    for (const auto& [question, expected] : undisturbed.Outcomes()) {
+        QuestionWatcher watcher(question, disturbance);
+        Playback playback(CompileScript(text), &watcher);
+        PlayFresh(file, playback);
+        std::string wrong = watcher.Twice().empty() ? "" : "stands twice: " + watcher.Twice();
+        const auto& outcomes = watcher.Outcomes();
+        if (const auto at = outcomes.find(question); at != outcomes.end()) {
+            if (wrong.empty()) wrong = Judge(expected, at->second);
+        } else if (wrong.empty()) {
+            wrong = "the question did not come up: " + playback.Reason();
+        }
+        if (wrong.empty()) continue;
+        write_("FAIL " + file + ':' + std::to_string(expected.line) + ": " + disturbance.name +
+               " while " + Quote(expected.box) + " stood: " + wrong);
+        verdict = Verdict::Failed;
+    }
+    if (verdict == Verdict::Passed) {
+        write_("ok " + file + " (" + std::to_string(undisturbed.Outcomes().size()) + " disturbed)");
+    }
+    return verdict;
 }
 
 std::filesystem::path Runner::MakeFolder(const std::string& file) {

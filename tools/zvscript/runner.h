@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "backend_stand.h"
+#include "playback.h"
 #include "script_engine.h"
 
 namespace zv::script {
@@ -18,6 +19,7 @@ struct RunOptions {
     std::string engine = "embedded";   ///< see MakeScriptEngine
     bool print = false;                ///< write what "show" asks for
     std::filesystem::path keep;        ///< where the folders stay; empty: they are removed
+    std::string disturb;               ///< see MakeDisturbance; empty: files are only played
     std::filesystem::path statements;  ///< a file that takes every statement; empty: none does
 };
 
@@ -31,8 +33,13 @@ class Runner {
     int Run(const std::vector<std::string>& files);
 
  private:
-    enum class Outcome { Passed, Failed, Wrong };
-    Outcome Play(const std::string& file);
+    enum class Verdict { Passed, Failed, Wrong };
+    Verdict Play(const std::string& file);
+    /// Plays the lines in a fresh folder.
+    void PlayFresh(const std::string& file, Playback& playback);
+    /// Plays the file once for each of its questions, disturbed; tells what is wrong.
+    Verdict PlayDisturbed(const std::string& file, const std::string& text);
+    Verdict Tell(const std::string& file, const Playback& playback);
     std::filesystem::path MakeFolder(const std::string& file);
 
     RunOptions options_;

@@ -32,6 +32,8 @@ class ScriptedStatements : public store::StatementObserver {
  public:
     /// The `position`-th statement or row update from now on, 1 the next, fails with that text.
     void Fail(int position, std::string text);
+    /// One of the statements to come is to fail.
+    bool FailsLater() const { return untilFailure_ > 0; }
     void OnStatement(const std::string& sql) override;
     void OnRowUpdate() override { Count(); }
 

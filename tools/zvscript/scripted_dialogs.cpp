@@ -50,7 +50,7 @@ std::optional<Answer> ParseAnswer(const std::string& word) {
 // What was queued when the box came up belongs to it; a box that comes up while it stands takes
 // what is queued behind. Only without one it takes what is queued while it stands.
 template <typename Entry>
-std::optional<Entry> ScriptedDialogs::TakeWhileStanding(Standing kind, std::deque<Entry>& queue) {
+std::optional<Entry> ScriptedDialogs::TakeWhileStanding(StandingBox box, std::deque<Entry>& queue) {
     std::optional<Entry> taken;
     const auto take = [&] {
         if (taken || queue.empty()) return;
@@ -58,14 +58,15 @@ std::optional<Entry> ScriptedDialogs::TakeWhileStanding(Standing kind, std::dequ
         queue.pop_front();
     };
     take();
-    if (whileStanding) whileStanding(kind);
+    box.answered = taken.has_value();
+    if (whileStanding) whileStanding(box);
     take();
     return taken;
 }
 
 Answer ScriptedDialogs::Choose(const std::string& text, int style) {
     const std::vector<Answer> buttons = Buttons(style);
-    const std::optional<Answer> answer = TakeWhileStanding(Standing::Box, answers_);
+    const std::optional<Answer> answer = TakeWhileStanding({Standing::Box, text}, answers_);
     if (!answer) {
         if (buttons.size() > 1) onProblem("no answer is queued for the message box " + Quote(text));
         return buttons.back();
@@ -81,11 +82,12 @@ Answer ScriptedDialogs::ShowMessage(forms::Form*, const std::string& text, int s
                                     const std::string&) {
     const Answer answer = Choose(text, style);
     messages.push_back(std::to_string(style) + '|' + text + '|' + Name(answer));
+    if (onAnswered) onAnswered(messages.back());
     return answer;
 }
 
 std::optional<std::string> ScriptedDialogs::TakeInput(const std::string& box) {
-    auto input = TakeWhileStanding(Standing::Input, inputs_);
+    auto input = TakeWhileStanding({Standing::Input, box}, inputs_);
     if (!input) onProblem("no input is queued for " + box);
     return input.value_or(std::nullopt);
 }

@@ -14,6 +14,12 @@ namespace zv::script {
 /// What stands in front of the windows and waits for the user. The file dialog is an input box.
 enum class Standing { Box, Input, Menu };
 
+struct StandingBox {
+    Standing kind = Standing::Box;
+    std::string text;
+    bool answered = false;  ///< an answer of its own was queued when it came up
+};
+
 class ScriptedDialogs : public forms::Dialogs {
  public:
     /// Told what the scenario should have foreseen: a box with several buttons or an input box
@@ -22,7 +28,9 @@ class ScriptedDialogs : public forms::Dialogs {
     std::function<void(const std::string& problem)> onProblem;
 
     /// Runs while a box stands, before it is answered; may be empty.
-    std::function<void(Standing)> whileStanding;
+    std::function<void(const StandingBox&)> whileStanding;
+    /// Takes each line of `messages`; may be empty.
+    std::function<void(const std::string&)> onAnswered;
 
     void QueueAnswer(forms::Answer answer) { answers_.push_back(answer); }
     /// Nothing: cancelled. The file dialog takes its path from the same queue.
@@ -40,7 +48,7 @@ class ScriptedDialogs : public forms::Dialogs {
 
  private:
     template <typename Entry>
-    std::optional<Entry> TakeWhileStanding(Standing kind, std::deque<Entry>& queue);
+    std::optional<Entry> TakeWhileStanding(StandingBox box, std::deque<Entry>& queue);
     forms::Answer Choose(const std::string& text, int style);
     std::optional<std::string> TakeInput(const std::string& box);
 

@@ -36,6 +36,8 @@ class Stage {
     /// Number, a blank and text of the last error that reached the host; empty when none has since
     /// the last look.
     std::string TakeError();
+    /// The same, left for the next look.
+    std::string LastError() const { return error_.value_or(""); }
     /// Runs `act` while something of that kind stands in front of the windows shown so far.
     void InFront(Standing kind, const std::function<void()>& act);
     /// Throws Failure when the user cannot reach the window for what stands in front of it.

@@ -57,8 +57,8 @@ TEST_F(ScriptedDialogsTest, InputBoxesAndTheFileDialogTakeQueuedTexts) {
 
 TEST_F(ScriptedDialogsTest, WhatIsQueuedWhenABoxComesUpIsItsOwn) {
     int depth = 0;
-    dialogs.whileStanding = [&](Standing kind) {
-        EXPECT_EQ(kind, Standing::Box);
+    dialogs.whileStanding = [&](const StandingBox& box) {
+        EXPECT_EQ(box.kind, Standing::Box);
         EXPECT_TRUE(dialogs.messages.empty());
         if (depth++ > 0) return;
         dialogs.QueueAnswer(Answer::No);
@@ -72,9 +72,9 @@ TEST_F(ScriptedDialogsTest, WhatIsQueuedWhenABoxComesUpIsItsOwn) {
 }
 
 TEST_F(ScriptedDialogsTest, ABoxWithoutAnAnswerTakesWhatIsQueuedWhileItStands) {
-    dialogs.whileStanding = [&](Standing kind) {
-        if (kind == Standing::Box) dialogs.QueueAnswer(Answer::Yes);
-        if (kind == Standing::Input) dialogs.QueueInput("late");
+    dialogs.whileStanding = [&](const StandingBox& box) {
+        if (box.kind == Standing::Box) dialogs.QueueAnswer(Answer::Yes);
+        if (box.kind == Standing::Input) dialogs.QueueInput("late");
     };
     EXPECT_EQ(dialogs.ShowMessage(nullptr, "a", forms::box::kYesNo, ""), Answer::Yes);
     EXPECT_EQ(dialogs.AskText(nullptr, "?", "", false), "late");

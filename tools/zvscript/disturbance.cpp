@@ -1,0 +1,128 @@
+#include "disturbance.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/text.h"
+#include "failure.h"
+#include "forms/form.h"
+#include "script_text.h"
+#include "stage.h"
+
+namespace zv::script {
+namespace {
+
+constexpr const char* kMainWindow = "frmTaskMain";
+
+std::string RowsOf(Stage& stage) {
+    constexpr std::array kTables = {"tTaskList order by fID",
+                                    "tTaskSet order by TaskID",
+                                    "cards order by fID",
+                                    "tRsBasic",
+                                    "Employees",
+                                    "rptListDetail",
+                                    "tSysFunc"};
+    std::string rows;
+    for (const char* table : kTables) {
+        rows += std::string("-- ") + table + '\n';
+        try {
+            rows += stage.host.Rows(std::string("select * from ") + table) + '\n';
+        } catch (const RuntimeError&) {
+            // A scenario may have no database, or lack a table, on purpose.
+        }
+    }
+    return rows;
+}
+
+std::string FirstDifference(const std::string& a, const std::string& b) {
+    const auto left = text::Split(a, "\n");
+    const auto right = text::Split(b, "\n");
+    for (std::size_t i = 0; i < std::max(left.size(), right.size()); i++) {
+        const std::string one = i < left.size() ? std::string(left[i]) : "";
+        const std::string other = i < right.size() ? std::string(right[i]) : "";
+        if (one != other) return "expected " + Quote(one) + " got " + Quote(other);
+    }
+    return "no difference";
+}
+
+void CallRefresh(Stage& stage, int mode) {
+    stage.AsHost([&] { stage.control.refresh(mode, 0); });
+}
+
+}  // namespace
+
+Disturbance MakeDisturbance(const std::string& name) {
+    for (const int mode : {0, 1, 9}) {
+        if (name != "refresh" + std::to_string(mode)) continue;
+        return {name, [mode](Stage& stage) { CallRefresh(stage, mode); }};
+    }
+    if (name == "close") {
+        return {name, [](Stage& stage) {
+                    forms::Form* form = stage.windows.Find(kMainWindow);
+                    if (form && form->IsShown()) form->UserClose();
+                }};
+    }
+    if (name == "opener") {
+        return {name, [](Stage& stage) {
+                    stage.opener.FailNext();
+                    CallRefresh(stage, 1);
+                }};
+    }
+    throw ScriptError("unknown disturbance " + name);
+}
+
+std::string Judge(const Outcome& undisturbed, const Outcome& disturbed) {
+    if (disturbed.rows == undisturbed.rows) return {};
+    if (!disturbed.error.empty() && disturbed.error != undisturbed.error) return {};
+    std::vector<std::string> usual = undisturbed.told;
+    for (const std::string& box : disturbed.told) {
+        const auto at = std::find(usual.begin(), usual.end(), box);
+        if (at == usual.end()) return {};
+        usual.erase(at);
+    }
+    return "other rows and not a word: " + FirstDifference(undisturbed.rows, disturbed.rows);
+}
+
+void QuestionWatcher::LineBegins(Stage&, int line) {
+    frames_.push_back({line, {}, {}, {}});
+}
+
+void QuestionWatcher::LineEnded(Stage& stage) {
+    const Frame frame = std::move(frames_.back());
+    frames_.pop_back();
+    const bool wanted = disturbance_ ? std::find(frame.questions.begin(), frame.questions.end(),
+                                                 chosen_) != frame.questions.end()
+                                     : !frame.questions.empty();
+    if (!wanted) return;
+    const Outcome outcome{frame.line, frame.box, RowsOf(stage), frame.told, stage.LastError()};
+    for (const int question : frame.questions) outcomes_[question] = outcome;
+    if (disturbance_) stops_ = true;
+}
+
+void QuestionWatcher::BoxStands(Stage& stage, const StandingBox& box) {
+    if (disturbing_) {
+        if (box.text == standing_) twice_ = box.text;
+        return;
+    }
+    if (stops_ || frames_.empty() || !box.answered) return;
+    if (stage.interludes.Waits(box.kind) || stage.statements.FailsLater()) return;
+    frames_.back().questions.push_back(++questions_);
+    if (frames_.back().box.empty() || questions_ == chosen_) frames_.back().box = box.text;
+    if (questions_ == chosen_ && disturbance_) Disturb(stage, box);
+}
+
+void QuestionWatcher::Disturb(Stage& stage, const StandingBox& box) {
+    standing_ = box.text;
+    disturbing_ = true;
+    const std::string before = stage.TakeError();
+    disturbance_->act(stage);
+    stage.TakeError();
+    disturbing_ = false;
+    disturbed_ = true;
+}
+
+void QuestionWatcher::BoxAnswered(const std::string& line) {
+    if (!disturbing_ && !frames_.empty()) frames_.back().told.push_back(line);
+}
+
+}  // namespace zv::script
