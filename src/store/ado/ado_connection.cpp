@@ -4,6 +4,7 @@
 
 #include "store/ado/ado_recordset.h"
 #include "store/ado/automation.h"
+#include "store/lost_connection.h"
 
 namespace zv::store::ado {
 namespace {
@@ -16,14 +17,37 @@ constexpr std::int32_t kTextCommand = 1;
 constexpr std::int32_t kNoRecords = 128;
 constexpr wchar_t kRecordsetProgId[] = L"ADODB.Recordset";
 
+// The object lived in another process or on another machine.
+bool IsGone(ErrorNumber number) {
+    switch (static_cast<HRESULT>(number)) {
+        case HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE):
+        case HRESULT_FROM_WIN32(RPC_S_CALL_FAILED):
+        case RPC_E_DISCONNECTED:
+        case RPC_E_SERVER_DIED:
+        case RPC_E_SERVER_DIED_DNE:
+        case CO_E_OBJNOTCONNECTED:
+            return true;
+        default:
+            return false;
+    }
+}
+
 class AdoConnection final : public Connection {
  public:
     explicit AdoConnection(ComPtr<IDispatch> connection) : connection_(std::move(connection)) {}
 
     int State() const override {
-        Variant state = GetProperty(*connection_, state_);
-        if (FAILED(state.ChangeType(VT_I4))) throw RuntimeError(ErrorNumber::TypeMismatch);
-        return static_cast<int>(state.Get().lVal);
+        if (lost_) return kStateClosed;
+        try {
+            const int state = ToInt(GetProperty(*connection_, state_));
+            // Such an object calls itself open until it is closed, whatever became of its server.
+            lost_ = state != kStateClosed && ErrorsTellLoss();
+            return lost_ ? kStateClosed : state;
+        } catch (const RuntimeError& error) {
+            if (!IsGone(error.Number())) throw;
+            lost_ = true;
+            return kStateClosed;
+        }
     }
 
     void Close() override { Call(*connection_, close_); }
@@ -61,6 +85,29 @@ class AdoConnection final : public Connection {
     }
 
  private:
+    static int ToInt(Variant value) {
+        if (FAILED(value.ChangeType(VT_I4))) throw RuntimeError(ErrorNumber::TypeMismatch);
+        return static_cast<int>(value.Get().lVal);
+    }
+
+    // The errors of the last operation that failed, of the recordsets too.
+    bool ErrorsTellLoss() const {
+        if (!errors_.IsOffered(*connection_)) return false;
+        const auto errors = GetObjectProperty(*connection_, errors_);
+        Member count(L"Count"), item(L"Item");
+        const int found = ToInt(GetProperty(*errors, count));
+        for (int i = 0; i < found; i++) {
+            const auto error =
+                GetObjectProperty(*errors, item, {Variant(static_cast<std::int32_t>(i)).Get()});
+            Member sqlState(L"SQLState"), native(L"NativeError");
+            Variant state = GetProperty(*error, sqlState);
+            if (FAILED(state.ChangeType(VT_BSTR))) continue;
+            if (TellsLoss({win32::ToUtf8(state.Get().bstrVal), ToInt(GetProperty(*error, native))}))
+                return true;
+        }
+        return false;
+    }
+
     ComPtr<IDispatch> CreateRecordset() {
         if (factory_.IsOffered(*connection_)) {
             auto recordset = Call(*connection_, factory_).Object();
@@ -84,7 +131,8 @@ class AdoConnection final : public Connection {
     }
 
     ComPtr<IDispatch> connection_;
-    mutable Member state_{L"State"};
+    mutable Member state_{L"State"}, errors_{L"Errors"};
+    mutable bool lost_ = false;
     Member close_{L"Close"}, execute_{L"Execute"}, factory_{kRecordsetFactory};
 };
 

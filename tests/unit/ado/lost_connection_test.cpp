@@ -1,0 +1,135 @@
+// A connection whose server is gone still calls itself open; its errors tell otherwise.
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "dispatch.h"
+#include "store/ado/ado_connection.h"
+
+namespace zv::store::ado {
+namespace {
+
+using host::Arguments;
+using host::MemberEntry;
+using win32::Variant;
+
+struct Server {
+    std::string sqlState;
+    std::int32_t native = 0;
+    bool hasFailed = false;
+    HRESULT stateFails = S_OK;
+    int executed = 0;
+};
+
+template <class Self>
+class Scripted : public host::DispatchObject<Self> {
+ public:
+    static constexpr IID kInterfaceId = {0x3a1d9e52, 0x7c1f, 0x4d0b, {0x9a, 1, 2, 3, 4, 5, 6, 7}};
+    static constexpr const char* kSourceName = "Provider";
+    explicit Scripted(Server& server) : server_(server) {}
+
+ protected:
+    Server& server_;
+};
+
+class ErrorItem final : public Scripted<ErrorItem> {
+ public:
+    using Scripted::Scripted;
+    static std::span<const MemberEntry<ErrorItem>> Members() {
+        static constexpr std::array<MemberEntry<ErrorItem>, 2> kMembers{
+            {{L"SQLState", 1, &ErrorItem::State}, {L"NativeError", 2, &ErrorItem::Native}}};
+        return kMembers;
+    }
+    Variant State(const Arguments&) { return Variant(std::string_view(server_.sqlState)); }
+    Variant Native(const Arguments&) { return Variant(server_.native); }
+};
+
+class ErrorList final : public Scripted<ErrorList> {
+ public:
+    using Scripted::Scripted;
+    static std::span<const MemberEntry<ErrorList>> Members() {
+        static constexpr std::array<MemberEntry<ErrorList>, 2> kMembers{
+            {{L"Item", DISPID_VALUE, &ErrorList::Item}, {L"Count", 1, &ErrorList::Count}}};
+        return kMembers;
+    }
+    Variant Item(const Arguments&) {
+        return Variant(static_cast<IDispatch*>(win32::MakeCom<ErrorItem>(server_).Get()));
+    }
+    Variant Count(const Arguments&) { return Variant(std::int32_t{server_.hasFailed ? 1 : 0}); }
+};
+
+class Provider final : public Scripted<Provider> {
+ public:
+    using Scripted::Scripted;
+    static std::span<const MemberEntry<Provider>> Members() {
+        static constexpr std::array<MemberEntry<Provider>, 3> kMembers{
+            {{L"State", 1, &Provider::State},
+             {L"Execute", 2, &Provider::Execute},
+             {L"Errors", 3, &Provider::Errors}}};
+        return kMembers;
+    }
+    Variant State(const Arguments&) {
+        if (FAILED(server_.stateFails)) {
+            throw RuntimeError(static_cast<ErrorNumber>(server_.stateFails), "gone");
+        }
+        return Variant(std::int32_t{1});
+    }
+    Variant Execute(const Arguments&) {
+        server_.executed++;
+        server_.hasFailed = true;
+        throw RuntimeError(ErrorNumber::DatabaseFailure, "failed");
+    }
+    Variant Errors(const Arguments&) {
+        return Variant(static_cast<IDispatch*>(win32::MakeCom<ErrorList>(server_).Get()));
+    }
+};
+
+class LostAdoConnection : public testing::Test {
+ protected:
+    void SetUp() override {
+        ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
+        connection_ = WrapConnection(
+            win32::ComPtr<IDispatch>::Attach(static_cast<IDispatch*>(new Provider(server_))));
+    }
+    void TearDown() override {
+        connection_.reset();
+        EXPECT_EQ(host::liveObjects, 0);
+        CoUninitialize();
+    }
+    int StateAfterAFailure() {
+        EXPECT_EQ(connection_->State(), Connection::kStateOpen);
+        EXPECT_THROW(connection_->Execute("delete from t"), RuntimeError);
+        return connection_->State();
+    }
+
+    Server server_;
+    std::unique_ptr<Connection> connection_;
+};
+
+TEST_F(LostAdoConnection, IsClosedAndRepeatsNothing) {
+    server_.sqlState = "08S01";
+    server_.native = 10054;
+    EXPECT_EQ(StateAfterAFailure(), Connection::kStateClosed);
+    EXPECT_EQ(server_.executed, 1);
+}
+
+TEST_F(LostAdoConnection, StaysClosedWhateverItSaysLater) {
+    server_.sqlState = "08S01";
+    EXPECT_EQ(StateAfterAFailure(), Connection::kStateClosed);
+    server_.hasFailed = false;
+    EXPECT_EQ(connection_->State(), Connection::kStateClosed);
+}
+
+TEST_F(LostAdoConnection, IsNotOneWhoseStatementFailed) {
+    server_.sqlState = "42000";
+    server_.native = 170;
+    EXPECT_EQ(StateAfterAFailure(), Connection::kStateOpen);
+}
+
+TEST_F(LostAdoConnection, IsClosedWhenItsProcessIsGone) {
+    server_.stateFails = HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
+    EXPECT_EQ(connection_->State(), Connection::kStateClosed);
+}
+
+}  // namespace
+}  // namespace zv::store::ado
