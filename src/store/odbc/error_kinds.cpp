@@ -18,7 +18,7 @@ struct WordsKind {
 };
 
 // SQL Server tells more by its own numbers than by SQLSTATEs.
-constexpr auto kSqlServer = std::to_array<NativeKind>({
+constexpr auto kKindNumbers = std::to_array<NativeKind>({
     {1205, ErrorKind::Busy},        {1222, ErrorKind::Busy},        {1101, ErrorKind::DiskFull},
     {1105, ErrorKind::DiskFull},    {9002, ErrorKind::DiskFull},    {701, ErrorKind::OutOfMemory},
     {3906, ErrorKind::ReadOnly},    {823, ErrorKind::InputOutput},  {824, ErrorKind::Damaged},
@@ -30,7 +30,7 @@ constexpr auto kSqlServer = std::to_array<NativeKind>({
 });
 
 // By SQLSTATE or its beginning; the longer one first where two begin alike.
-constexpr auto kStates = std::to_array<WordsKind>({
+constexpr auto kKindStates = std::to_array<WordsKind>({
     {"23505", ErrorKind::Duplicate},
     {"23", ErrorKind::RuleBroken},
     {"22001", ErrorKind::TooLarge},
@@ -50,7 +50,7 @@ constexpr auto kStates = std::to_array<WordsKind>({
 });
 
 // Drivers without codes of their own say it in words, lower case here.
-constexpr auto kWords = std::to_array<WordsKind>({
+constexpr auto kKindWords = std::to_array<WordsKind>({
     {"database is locked", ErrorKind::Busy},
     {"database table is locked", ErrorKind::Busy},
     {"database or disk is full", ErrorKind::DiskFull},
@@ -68,15 +68,15 @@ constexpr auto kWords = std::to_array<WordsKind>({
 
 ErrorKind KindOfOther(const Diagnosis& diagnosis) {
     const ServerCode& code = diagnosis.code;
-    for (const NativeKind& entry : kSqlServer) {
+    for (const NativeKind& entry : kKindNumbers) {
         // PostgreSQL's driver has numbers too, small ones, and says the rest by SQLSTATE.
         if (entry.native == code.native) return entry.kind;
     }
-    for (const WordsKind& entry : kStates) {
+    for (const WordsKind& entry : kKindStates) {
         if (code.sqlState.starts_with(entry.words)) return entry.kind;
     }
     const std::string words = text::ToLower(diagnosis.text);
-    for (const WordsKind& entry : kWords) {
+    for (const WordsKind& entry : kKindWords) {
         if (text::Contains(words, entry.words)) return entry.kind;
     }
     return ErrorKind::Other;
