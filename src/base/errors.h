@@ -15,6 +15,7 @@ enum class ErrorNumber : std::int32_t {
     OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
+    UserInterrupt = 18,
     InternalError = 51,
     FileNotFound = 53,
     FileAlreadyExists = 58,

@@ -73,6 +73,8 @@ STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) noexcept {
     const auto at = std::find_if(connections_.begin(), connections_.end(),
                                  [&](const Connection& c) { return c.cookie == cookie; });
     if (at == connections_.end()) return CONNECT_E_NOCONNECTION;
+    // Released when it is out of the list, because its last words may come back here.
+    const Connection gone = std::move(*at);
     connections_.erase(at);
     return S_OK;
 }
@@ -111,6 +113,7 @@ STDMETHODIMP ConnectionPoints::FindConnectionPoint(REFIID iid, IConnectionPoint*
 
 void ConnectionPoints::NotifyPropertyChanged(DISPID id) noexcept {
     Boundary([&] {
+        const win32::ComPtr<IUnknown> alive(&core_.outer);
         for (const auto& connection : properties_.Connections()) {
             static_cast<IPropertyNotifySink*>(connection.sink.Get())->OnChanged(id);
         }

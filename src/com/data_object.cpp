@@ -114,12 +114,14 @@ STDMETHODIMP DataObject::DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* si
     if (!format || !sink || !connection) return E_POINTER;
     return Boundary([&]() -> HRESULT {
         if (!advises_) ThrowIfFailed(CreateDataAdviseHolder(advises_.Put()));
-        return advises_->Advise(this, format, flags, sink, connection);
+        const win32::ComPtr<IDataAdviseHolder> advises = advises_;
+        return advises->Advise(this, format, flags, sink, connection);
     });
 }
 
 STDMETHODIMP DataObject::DUnadvise(DWORD connection) noexcept {
-    return advises_ ? advises_->Unadvise(connection) : OLE_E_NOCONNECTION;
+    const win32::ComPtr<IDataAdviseHolder> advises = advises_;
+    return advises ? advises->Unadvise(connection) : OLE_E_NOCONNECTION;
 }
 
 STDMETHODIMP DataObject::EnumDAdvise(IEnumSTATDATA** connections) noexcept {

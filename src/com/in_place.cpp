@@ -50,7 +50,9 @@ STDMETHODIMP InPlaceObject::InPlaceDeactivate() noexcept {
     return Boundary([&] {
         const win32::ComPtr<IUnknown> alive(&core_.outer);
         UIDeactivate();
+        // A container may have closed the control while it was told.
         const auto site = std::exchange(inPlaceSite_, {});
+        if (!site) return;
         if (window_) DestroyWindow(window_);
         frame_.Reset();
         document_.Reset();
@@ -61,10 +63,15 @@ STDMETHODIMP InPlaceObject::InPlaceDeactivate() noexcept {
 STDMETHODIMP InPlaceObject::UIDeactivate() noexcept {
     if (!isUiActive_) return S_OK;
     return Boundary([&] {
+        // Each of these may close the control.
+        const win32::ComPtr<IUnknown> alive(&core_.outer);
+        const auto document = document_;
+        const auto frame = frame_;
+        const auto site = inPlaceSite_;
         isUiActive_ = false;
-        if (document_) document_->SetActiveObject(nullptr, nullptr);
-        if (frame_) frame_->SetActiveObject(nullptr, nullptr);
-        inPlaceSite_->OnUIDeactivate(FALSE);
+        if (document) document->SetActiveObject(nullptr, nullptr);
+        if (frame) frame->SetActiveObject(nullptr, nullptr);
+        if (site) site->OnUIDeactivate(FALSE);
     });
 }
 
@@ -110,6 +117,7 @@ STDMETHODIMP InPlaceObject::EnableModeless(BOOL) noexcept {
 }
 
 HRESULT InPlaceObject::Activate(LONG verb) {
+    const win32::ComPtr<IUnknown> alive(&core_.outer);
     if (!core_.site) return OLE_E_NOTRUNNING;
     if (core_.IsUserMode()) return S_OK;
     HRESULT hr = ActivateInPlace();
@@ -120,7 +128,8 @@ HRESULT InPlaceObject::Activate(LONG verb) {
 
 HRESULT InPlaceObject::ActivateInPlace() {
     if (IsActive()) return S_OK;
-    const auto site = core_.site.As<IOleInPlaceSite>();
+    const auto client = core_.site;
+    const auto site = client.As<IOleInPlaceSite>();
     if (!site) return E_FAIL;
     if (site->CanInPlaceActivate() != S_OK) return OLE_E_NOT_INPLACEACTIVE;
 
@@ -137,6 +146,11 @@ HRESULT InPlaceObject::ActivateInPlace() {
     if (FAILED(hr)) return hr;
     hr = site->OnInPlaceActivate();
     if (FAILED(hr)) return hr;
+    // Taken away from its site meanwhile, there is nothing to be active in.
+    if (core_.site != client) {
+        site->OnInPlaceDeactivate();
+        return OLE_E_NOT_INPLACEACTIVE;
+    }
     hr = CreateInPlaceWindow(parent, position, clip);
     if (FAILED(hr)) {
         site->OnInPlaceDeactivate();
@@ -145,21 +159,26 @@ HRESULT InPlaceObject::ActivateInPlace() {
     inPlaceSite_ = site;
     frame_ = frame;
     document_ = document;
-    core_.site->ShowObject();
+    client->ShowObject();
     return S_OK;
 }
 
 HRESULT InPlaceObject::ActivateUi() {
     if (isUiActive_) return S_OK;
-    const HRESULT hr = inPlaceSite_->OnUIActivate();
+    const auto site = inPlaceSite_;
+    const auto frame = frame_;
+    const auto document = document_;
+    if (!site) return OLE_E_NOT_INPLACEACTIVE;
+    const HRESULT hr = site->OnUIActivate();
     if (FAILED(hr)) return hr;
+    if (!IsActive()) return OLE_E_NOT_INPLACEACTIVE;
     isUiActive_ = true;
-    if (frame_) frame_->SetActiveObject(this, nullptr);
-    if (document_) document_->SetActiveObject(this, nullptr);
+    if (frame) frame->SetActiveObject(this, nullptr);
+    if (document && isUiActive_) document->SetActiveObject(this, nullptr);
     // No tools of its own: the container's borders go back to it.
-    if (frame_) frame_->SetBorderSpace(nullptr);
-    if (document_) document_->SetBorderSpace(nullptr);
-    return S_OK;
+    if (frame && isUiActive_) frame->SetBorderSpace(nullptr);
+    if (document && isUiActive_) document->SetBorderSpace(nullptr);
+    return isUiActive_ ? S_OK : OLE_E_NOT_INPLACEACTIVE;
 }
 
 HRESULT InPlaceObject::CreateInPlaceWindow(HWND parent, const RECT& position, const RECT& clip) {
@@ -173,6 +192,7 @@ HRESULT InPlaceObject::CreateInPlaceWindow(HWND parent, const RECT& position, co
 }
 
 void InPlaceObject::Hide() noexcept {
+    const win32::ComPtr<IUnknown> alive(&core_.outer);
     UIDeactivate();
     if (window_) ShowWindow(window_, SW_HIDE);
 }
@@ -202,6 +222,8 @@ LRESULT CALLBACK InPlaceObject::WindowProcedure(HWND window, UINT message, WPARA
 }
 
 LRESULT InPlaceObject::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    // What is asked of the container may end the control.
+    const win32::ComPtr<IUnknown> alive(&core_.outer);
     switch (message) {
         case WM_PAINT: {
             PAINTSTRUCT paint;

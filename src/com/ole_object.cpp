@@ -9,6 +9,7 @@ namespace zv::com {
 
 STDMETHODIMP OleObject::SetClientSite(IOleClientSite* site) noexcept {
     return Boundary([&] {
+        const win32::ComPtr<IUnknown> alive(&core_.outer);
         if (!site) inPlace_.InPlaceDeactivate();
         core_.site = win32::ComPtr<IOleClientSite>(site);
     });
@@ -29,9 +30,8 @@ STDMETHODIMP OleObject::Close(DWORD saveOption) noexcept {
         const win32::ComPtr<IUnknown> alive(&core_.outer);
         HRESULT hr = S_OK;
         // There is nothing that a user would be asked about: what changed is saved.
-        if (saveOption != OLECLOSE_NOSAVE && core_.isDirty && core_.site) {
-            hr = core_.site->SaveObject();
-        }
+        const auto site = core_.site;
+        if (saveOption != OLECLOSE_NOSAVE && core_.isDirty && site) hr = site->SaveObject();
         inPlace_.InPlaceDeactivate();
         const win32::ComPtr<IOleAdviseHolder> advises = advises_;
         if (advises) advises->SendOnClose();
@@ -110,6 +110,7 @@ STDMETHODIMP OleObject::SetExtent(DWORD aspect, SIZEL* size) noexcept {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (!size || size->cx <= 0 || size->cy <= 0) return E_INVALIDARG;
     return Boundary([&] {
+        const win32::ComPtr<IUnknown> alive(&core_.outer);
         core_.extent = *size;
         if (core_.onViewChanged) core_.onViewChanged();
     });
@@ -126,12 +127,14 @@ STDMETHODIMP OleObject::Advise(IAdviseSink* sink, DWORD* connection) noexcept {
     if (!sink || !connection) return E_POINTER;
     return Boundary([&]() -> HRESULT {
         if (!advises_) ThrowIfFailed(CreateOleAdviseHolder(advises_.Put()));
-        return advises_->Advise(sink, connection);
+        const win32::ComPtr<IOleAdviseHolder> advises = advises_;
+        return advises->Advise(sink, connection);
     });
 }
 
 STDMETHODIMP OleObject::Unadvise(DWORD connection) noexcept {
-    return advises_ ? advises_->Unadvise(connection) : OLE_E_NOCONNECTION;
+    const win32::ComPtr<IOleAdviseHolder> advises = advises_;
+    return advises ? advises->Unadvise(connection) : OLE_E_NOCONNECTION;
 }
 
 STDMETHODIMP OleObject::EnumAdvise(IEnumSTATDATA** connections) noexcept {
@@ -165,6 +168,7 @@ STDMETHODIMP OleObject::OnMnemonic(MSG*) noexcept {
 
 STDMETHODIMP OleObject::OnAmbientPropertyChange(DISPID) noexcept {
     return Boundary([&] {
+        const win32::ComPtr<IUnknown> alive(&core_.outer);
         // Run mode and the control's name are all that its picture depends on.
         if (core_.IsUserMode()) inPlace_.InPlaceDeactivate();
         if (core_.onViewChanged) core_.onViewChanged();

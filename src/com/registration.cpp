@@ -178,6 +178,18 @@ void Collect(LSTATUS& first, LSTATUS next) {
     if (first == ERROR_SUCCESS) first = next;
 }
 
+// Whether the class of the other word size is registered. The system shows a program of each size
+// its own classes; where it knows one size only this looks at those that were just removed.
+bool OtherWordSizeIsThere(Scope scope) {
+    const HKEY root = scope == Scope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+    const REGSAM view = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    const std::wstring path = L"Software\\Classes\\" + ClassKey() + L"\\InprocServer32";
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, &key) != ERROR_SUCCESS) return false;
+    RegCloseKey(key);
+    return true;
+}
+
 // The library's entry is one for both word sizes: it goes with the last of them.
 LSTATUS DeleteLibrary(HKEY classes) {
     const std::wstring version = LibraryKey() + L"\\" + Version();
@@ -208,10 +220,11 @@ HRESULT Unregister(Scope scope) {
     const ClassesKey opened(scope);
     if (opened.Result() != ERROR_SUCCESS) return HRESULT_FROM_WIN32(opened.Result());
     const HKEY classes = opened.Get();
-    LSTATUS result = ERROR_SUCCESS;
-    for (const std::wstring& key :
-         {std::wstring(kProgId), std::wstring(kVersionedProgId), ClassKey()}) {
-        Collect(result, DeleteTree(classes, key));
+    LSTATUS result = DeleteTree(classes, ClassKey());
+    // One name stands for the classes of both word sizes: it goes with the last of them.
+    if (!OtherWordSizeIsThere(scope)) {
+        Collect(result, DeleteTree(classes, kProgId));
+        Collect(result, DeleteTree(classes, kVersionedProgId));
     }
     Collect(result, DeleteLibrary(classes));
     // Marshalling information serves both word sizes where they share it.

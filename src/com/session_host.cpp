@@ -18,20 +18,29 @@ bool g_hasValues = false;
 }  // namespace
 
 SessionHost::SessionHost() : backend_(module::Handle()) {
+    DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &threadHandle_,
+                    SYNCHRONIZE, FALSE, 0);
     if (g_values) session_.state = std::move(*g_values);
 }
 
 SessionHost::~SessionHost() {
+    KeepValues();
+    CloseHandle(threadHandle_);
+}
+
+void SessionHost::KeepValues() {
     if (!g_values) g_values = new ControlState();
-    *g_values = std::move(session_.state);
+    *g_values = session_.state;
+}
+
+bool SessionHost::ThreadHasEnded() const {
+    return WaitForSingleObject(threadHandle_, 0) == WAIT_OBJECT_0;
 }
 
 SessionHost& SessionHost::Acquire() {
-    if (g_host && g_host->thread_ != GetCurrentThreadId() && !module::IsLocked() && IsIdle()) {
-        Close();
-    }
+    if (g_host && (g_host->ThreadHasEnded() || !g_host->IsOfThisThread()) && IsIdle()) Close();
     if (!g_host) g_host = new SessionHost();
-    if (g_host->thread_ != GetCurrentThreadId()) {
+    if (!g_host->IsOfThisThread()) {
         throw RuntimeError(static_cast<ErrorNumber>(RPC_E_WRONG_THREAD),
                            "zvTask serves one thread of a process");
     }
@@ -49,12 +58,22 @@ std::string SessionHost::Describe(const RuntimeError& error) {
 
 bool SessionHost::IsIdle() noexcept {
     if (!g_host) return true;
-    if (g_host->thread_ != GetCurrentThreadId()) return false;
+    if (g_host->ThreadHasEnded()) return true;
+    // Without a control and a window nothing is under way there, and the connection is closed.
+    if (!g_host->IsOfThisThread() && module::IsLocked()) return false;
     return g_host->windows_.Windows().empty() && forms::win32::Win32Backend::OpenWindows() == 0;
 }
 
 void SessionHost::Close() noexcept {
-    delete std::exchange(g_host, nullptr);
+    SessionHost* const host = std::exchange(g_host, nullptr);
+    if (!host) return;
+    const bool used = !host->windows_.Windows().empty() || host->session_.database.IsOpen();
+    if (used && host->ThreadHasEnded()) {
+        host->KeepValues();
+        host->backend_.Abandon();
+        return;
+    }
+    delete host;
 }
 
 void SessionHost::ReleaseConnection() noexcept {

@@ -23,11 +23,12 @@ class SessionHost {
     static std::int16_t Language() noexcept;
     /// What the host reads of an error; works without a session too.
     static std::string Describe(const RuntimeError& error);
-    /// False while a window exists. Call it on the session's thread; elsewhere a session that still
-    /// exists counts as in use.
+    /// False while a window exists, and on another thread than the session's while that thread
+    /// lives and a control exists. A thread that ended has taken its windows with it.
     static bool IsIdle() noexcept;
     /// Ends the session: closes the connection and gives back what belongs to the thread. The
-    /// property values stay until the library is unloaded. Only while IsIdle().
+    /// property values stay until the library is unloaded. Only while IsIdle(). What belonged to a
+    /// thread that ended without giving it back is given up, because only that thread could.
     static void Close() noexcept;
     /// Closes the shared connection and lets the report component go when no control and no window
     /// needs them.
@@ -43,8 +44,13 @@ class SessionHost {
  private:
     SessionHost();
     ~SessionHost();
+    bool IsOfThisThread() const { return thread_ == GetCurrentThreadId(); }
+    bool ThreadHasEnded() const;
+    void KeepValues();
 
     DWORD thread_ = GetCurrentThreadId();
+    /// Numbers of threads are used again, so that a thread of the same number may be another one.
+    HANDLE threadHandle_ = nullptr;
     platform::win32::HostModuleRunner runner_;
     platform::win32::HostReportPrinter printer_;
     platform::win32::SystemMachine machine_{runner_, printer_};

@@ -18,13 +18,14 @@ inline constexpr int kExclamation = 48;
 inline constexpr int kInformation = 64;
 }  // namespace box
 
-enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+/// None: the box ended without the user, for example with the window that it belonged to.
+enum class Answer { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 struct FileRequest {
     static constexpr int kFileMustExist = 4100;    ///< must exist, hide read-only
     static constexpr int kPromptToCreate = 10244;  ///< path must exist, ask to create
     int flags = kFileMustExist;
-    std::string filter;            ///< "description|pattern", further pairs behind another "|"
+    std::string filter;  ///< "description|pattern", further pairs behind another "|"
     std::string initialFile;
     std::string title;
     std::string initialFolder;
@@ -44,6 +45,9 @@ class Dialogs {
     /// The text entered, or nothing when cancelled. `secret` hides what is typed.
     virtual std::optional<std::string> AskText(Form* owner, const std::string& prompt,
                                                const std::string& title, bool secret) = 0;
+    /// Whether the box shown last ended without the user: with its owner, the message loop or the
+    /// session.
+    virtual bool LastDied() const { return false; }
     /// The chosen path, or nothing when cancelled.
     virtual std::optional<std::string> ChooseFile(Form* owner, const FileRequest& request) = 0;
 };

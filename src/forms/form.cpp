@@ -51,6 +51,7 @@ void Form::Show(bool modal) {
         throw;
     }
     if (!modal) return;
+    loopDepth_ = windows_.depth_;
     try {
         if (shown_) windows_.RunModalLoop(*this);
     } catch (...) {
@@ -63,6 +64,7 @@ void Form::Show(bool modal) {
 void Form::Appear(bool modal) {
     // A box shown while it loaded lets others in, who may have unloaded it.
     if (gone_) return;
+    if (windows_.Interrupted()) throw RuntimeError(ErrorNumber::UserInterrupt);
     if (!peer_) {
         Form_Resize();
         peer_ = windows_.GetBackend().Realize(*this);
@@ -296,6 +298,13 @@ void Form::UserResized(Rect bounds, Size clientSize) {
 
 void Form::UserActivated() {
     windows_.FromUser([this] { Activate(); });
+}
+
+void Form::UserDestroyed() {
+    windows_.FromUser([this] {
+        if (modal_ && loopDepth_ > 0) windows_.InterruptFrom(loopDepth_);
+        if (windows_.Holds(*this)) Dismiss();
+    });
 }
 
 bool Form::UserFocused(Control& target) {

@@ -104,6 +104,9 @@ class Form {
     void UserResized(Rect bounds, Size clientSize);
     void UserChangedState(WindowState state) { state_ = state; }
     void UserActivated();
+    /// The native window is being destroyed by somebody else, or the session ends: the form goes
+    /// too and ends its modal loop. Nobody is asked.
+    void UserDestroyed();
     /// False: the native focus must go back to ActiveControl().
     bool UserFocused(Control& target);
     /// Tab, Escape and Enter where the control did not take them. True when the key was used.
@@ -156,6 +159,7 @@ class Form {
     bool shown_ = false;
     bool seen_ = false;
     bool modal_ = false;
+    int loopDepth_ = 0;  ///< how deep the modal loop is nested
     std::unique_ptr<FormPeer> peer_;
 };
 

@@ -9,7 +9,8 @@ namespace zv::forms {
 
 WindowSystem::Scope::~Scope() {
     windows_.actor_ = before_;
-    if (--windows_.depth_ == 0) windows_.retired_.clear();
+    if (--windows_.depth_ < windows_.interrupted_) windows_.interrupted_ = 0;
+    if (windows_.depth_ == 0) windows_.retired_.clear();
 }
 
 // Whatever happens while a box stands is nobody's act until a handler says whose.
@@ -42,6 +43,14 @@ bool IsQuestion(int style) {
     return (style & kButtons) != box::kOkOnly;
 }
 
+// What a box stands for that ended without the user.
+Answer AnswerOfNobody(int style) {
+    constexpr int kButtons = 0xF;
+    if ((style & kButtons) == box::kOkOnly) return Answer::Ok;
+    if ((style & kButtons) == box::kYesNo) throw RuntimeError(ErrorNumber::UserInterrupt);
+    return Answer::Cancel;
+}
+
 }  // namespace
 
 WindowSystem::WindowSystem(Backend& backend) : backend_(backend) {}
@@ -69,6 +78,7 @@ void WindowSystem::RefuseBeside(bool modal, const Form* window) const {
     if (modal && window && window->IsShown()) {
         throw RuntimeError(ErrorNumber::FormAlreadyShown);
     }
+    if (Interrupted()) throw RuntimeError(ErrorNumber::UserInterrupt);
     // A window is met while it loads only when a box stands that its loading has shown.
     const bool blocked = ModalForm() && ModalForm() != window;
     if ((!modal && blocked) || (window && window->IsLoading())) {
@@ -158,7 +168,20 @@ void WindowSystem::FromHost(const std::function<void()>& handler) {
     if (refused) throw BoxStands(*refused);
 }
 
+void WindowSystem::InterruptFrom(int depth) {
+    interrupted_ = interrupted_ == 0 ? depth : std::min(interrupted_, depth);
+}
+
+// What asked goes on as far as it can without the user, back to the loop that it was called from.
+void WindowSystem::InterruptWhenBoxDied() {
+    // The loop has a scope of its own, in which the handlers' begin.
+    constexpr int kFirstOfLoop = 2;
+    if (!backend_.GetDialogs().LastDied()) return;
+    InterruptFrom(modal_.empty() ? 1 : modal_.back()->loopDepth_ + kFirstOfLoop);
+}
+
 void WindowSystem::Report(const RuntimeError& error) {
+    if (error.Number() == ErrorNumber::UserInterrupt) return;
     const std::string text = describeError ? describeError(error) : error.Text();
     ShowMessage(text, box::kCritical, {}, &error);
 }
@@ -195,27 +218,34 @@ Answer WindowSystem::ShowMessage(const BoxText& text, int style, const std::stri
         Refuse(refusal);
         return Answer::Ok;
     }
-    Answer answer = Answer::Ok;
-    WhileStanding(text, [&] {
-        answer = backend_.GetDialogs().ShowMessage(DialogOwner(), text.Text(), style,
-                                                   boxTitle.empty() ? title : boxTitle);
-    });
-    return answer;
+    Answer answer = Answer::None;
+    if (!Interrupted()) {
+        WhileStanding(text, [&] {
+            answer = backend_.GetDialogs().ShowMessage(DialogOwner(), text.Text(), style,
+                                                       boxTitle.empty() ? title : boxTitle);
+        });
+        InterruptWhenBoxDied();
+    }
+    return answer == Answer::None ? AnswerOfNobody(style) : answer;
 }
 
 std::optional<std::string> WindowSystem::AskText(const std::string& prompt, bool secret) {
     const BoxText text(kInput + prompt);
     if (!MayStand(text)) throw BoxStands(RuntimeError(ErrorNumber::ModalFormShown));
     std::optional<std::string> typed;
+    if (Interrupted()) return typed;
     WhileStanding(
         text, [&] { typed = backend_.GetDialogs().AskText(DialogOwner(), prompt, title, secret); });
+    InterruptWhenBoxDied();
     return typed;
 }
 
 std::optional<std::string> WindowSystem::ChooseFile(const FileRequest& request) {
     std::optional<std::string> chosen;
+    if (Interrupted()) return chosen;
     WhileStanding(kFile,
                   [&] { chosen = backend_.GetDialogs().ChooseFile(DialogOwner(), request); });
+    InterruptWhenBoxDied();
     return chosen;
 }
 

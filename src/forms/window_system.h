@@ -104,11 +104,17 @@ class WindowSystem {
     void FromHost(const std::function<void()>& handler);
 
     /// `error` is what the box tells, where it tells of an error: a call of the host fails with it
-    /// when a box of this kind stands.
+    /// when a box of this kind stands. A box that ends without the user counts as acknowledged or
+    /// cancelled; where it has neither button, error 18 ends what the answer was meant for. Of that
+    /// the user is not told.
     Answer ShowMessage(const BoxText& text, int style, const std::string& title = {},
                        const RuntimeError* error = nullptr);
     std::optional<std::string> AskText(const std::string& prompt, bool secret = false);
     std::optional<std::string> ChooseFile(const FileRequest& request);
+
+    /// The thread's message loop or the session ends: no box is shown any more until everything
+    /// that is under way has returned.
+    void Interrupt() { interrupted_ = 1; }
 
     Backend& GetBackend() const { return backend_; }
     /// Title of boxes without one of their own.
@@ -138,6 +144,9 @@ class WindowSystem {
         Actor before_;
     };
     class Standing;
+    bool Interrupted() const { return interrupted_ > 0 && depth_ >= interrupted_; }
+    void InterruptFrom(int depth);
+    void InterruptWhenBoxDied();
     void Present(Form& form, bool made, bool modal, const std::function<void()>& prepare,
                  const std::function<bool()>& wanted = {});
     bool Holds(const Form& form) const;
@@ -166,6 +175,8 @@ class WindowSystem {
     MenuItem* standingMenu_ = nullptr;
     MenuItem* chosenItem_ = nullptr;
     int depth_ = 0;
+    /// Not 0: what is nested as deep or deeper is on its way out, because its window died.
+    int interrupted_ = 0;
 };
 
 }  // namespace zv::forms

@@ -21,6 +21,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {ErrorNumber::OutOfMemory, "内存不足", "記憶體不足"},
     {ErrorNumber::SubscriptOutOfRange, "下标越界", "陣列索引超出範圍"},
     {ErrorNumber::TypeMismatch, "类型不匹配", "型態不符合"},
+    {ErrorNumber::UserInterrupt, "操作被中断", "操作被中斷"},
     {ErrorNumber::InternalError, "内部错误", "內部錯誤"},
     {ErrorNumber::FileNotFound, "文件未找到", "找不到檔案"},
     {ErrorNumber::DiskFull, "磁盘已满", "磁碟已滿"},

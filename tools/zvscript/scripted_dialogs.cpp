@@ -26,6 +26,8 @@ std::vector<Answer> Buttons(int style) {
 
 std::string Name(Answer answer) {
     switch (answer) {
+        case Answer::None:
+            return "none";
         case Answer::Ok:
             return "ok";
         case Answer::Cancel:

@@ -18,6 +18,11 @@ constexpr wchar_t kNameProperty[] = L"zv.Name";
 constexpr UINT kKeyMessage = WM_APP + 1;
 constexpr UINT kMenuMessage = WM_APP + 2;
 
+// The native windows of this copy of this module, which belong to one thread. Another module may
+// have windows of the same class name, even of another version of this code: what they keep is
+// never looked at.
+std::unordered_map<HWND, FormWindow*> ours;
+
 }  // namespace
 
 FormWindow::FormWindow(Win32Backend& backend, Form& form)
@@ -26,6 +31,8 @@ FormWindow::FormWindow(Win32Backend& backend, Form& form)
 }
 
 FormWindow::~FormWindow() {
+    gone_ = true;
+    handle_.reset();
     backend_.Remove(*this);
 }
 
@@ -52,7 +59,7 @@ void FormWindow::Build() {
                                   scale_.ToPixels(form_.Bounds().top), 100, 100, nullptr, nullptr,
                                   Module(), nullptr));
     if (!handle_) throw RuntimeError(ErrorNumber::InternalError, "No native window");
-    SetWindowLongPtrW(Handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    ours[Handle()] = this;
     SetPropW(Handle(), kNameProperty,
              reinterpret_cast<HANDLE>(
                  static_cast<UINT_PTR>(GlobalAddAtomW(ToWide(form_.Name()).c_str()))));
@@ -79,27 +86,62 @@ void FormWindow::Build(Control& control, int id) {
 void FormWindow::Close() {
     gone_ = true;
     for (const auto& control : controls_) control->Abandon();
+    if (inMenu_) EndMenu();
     EndModal();
     if (depth_ == 0)
         Destroy();
-    else
+    else if (!dying_)
         ShowWindow(Handle(), SW_HIDE);
 }
 
 void FormWindow::Destroy() {
-    if (!handle_) return;
+    if (!handle_ || dying_) return;
     depth_++;  // the messages of dying windows must not come here again
-    const HANDLE name = RemovePropW(Handle(), kNameProperty);
-    GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));
+    ForgetName();
     handle_.reset();
     depth_--;
 }
 
+void FormWindow::ForgetName() const {
+    const HANDLE name = RemovePropW(Handle(), kNameProperty);
+    if (name) GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));
+}
+
+// A window dies with its owner, or by the hand of a program that closes what it finds.
+void FormWindow::OnDestroyedByOthers() noexcept {
+    alive_ = shared_from_this();
+    dying_ = true;
+    ForgetName();
+    AtBoundary([this] {
+        form_.UserDestroyed();
+        return 0;
+    });
+}
+
+void FormWindow::OnNativeGone(HWND window) noexcept {
+    ours.erase(window);
+    static_cast<void>(handle_.release());
+    const std::shared_ptr<FormWindow> last = std::move(alive_);
+}
+
+void FormWindow::EndMenus(int exitCode) {
+    for (const auto& [handle, window] : ours) {
+        if (!window->inMenu_) continue;
+        window->backend_.quit_ = exitCode;
+        EndMenu();
+        return;
+    }
+}
+
+void FormWindow::ForgetAll() {
+    ours.clear();
+    WindowClass::Forget(kClassName);
+}
+
 FormWindow* FormWindow::Owning(HWND window) {
-    const std::shared_ptr<WindowClass> ours = WindowClass::Find(kClassName);
-    const HWND root = ours && window ? GetAncestor(window, GA_ROOT) : nullptr;
-    if (!root || GetClassLongPtrW(root, GCW_ATOM) != ours->Id()) return nullptr;
-    return reinterpret_cast<FormWindow*>(GetWindowLongPtrW(root, GWLP_USERDATA));
+    const HWND root = window ? GetAncestor(window, GA_ROOT) : nullptr;
+    const auto found = ours.find(root);
+    return found == ours.end() ? nullptr : found->second;
 }
 
 NativeControl* FormWindow::Find(HWND window) const {
@@ -134,8 +176,17 @@ LRESULT FormWindow::AtBoundary(const std::function<LRESULT()>& body) noexcept {
 
 LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
                                        LPARAM lParam) noexcept {
-    auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    const auto found = ours.find(window);
+    FormWindow* self = found == ours.end() ? nullptr : found->second;
+    if (self && message == WM_NCDESTROY) {
+        self->OnNativeGone(window);
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
     if (!self || self->gone_) return DefWindowProcW(window, message, wParam, lParam);
+    if (message == WM_DESTROY) {
+        self->OnDestroyedByOthers();
+        return 0;
+    }
     return self->AtBoundary([&] { return self->Handle(message, wParam, lParam); });
 }
 
@@ -179,7 +230,11 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         case WM_EXITMENULOOP:
             inMenu_ = false;
+            if (backend_.quit_) PostQuitMessage(*std::exchange(backend_.quit_, std::nullopt));
             break;
+        case WM_ENDSESSION:
+            if (wParam) backend_.EndSession();
+            return 0;
         case WM_ENTERSIZEMOVE:
             beingMoved_ = true;
             break;
@@ -376,6 +431,7 @@ MenuItem* FormWindow::PopupMenu(MenuItem& menu, int x, int y) {
     SetForegroundWindow(Handle());
     const UINT id = static_cast<UINT>(TrackPopupMenuEx(
         native.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, Handle(), nullptr));
+    if (backend_.quit_) PostQuitMessage(*std::exchange(backend_.quit_, std::nullopt));
     if (gone_) return nullptr;
     PostMessageW(Handle(), WM_NULL, 0, 0);
     return id ? menu_.Find(id) : nullptr;
@@ -401,6 +457,7 @@ void FormWindow::Show() {
 
 void FormWindow::Hide() {
     if (!handle_) return;
+    if (dying_) return EndModal();
     const bool wasActive = GetActiveWindow() == Handle();
     // First the others are enabled, or the system would bring another program to the front.
     EndModal();
@@ -415,7 +472,7 @@ void FormWindow::Hide() {
 
 void FormWindow::BeginModal() {
     // Owned by the window that it blocks, it always stands above it.
-    const HWND blocked = formerActive_ ? GetAncestor(formerActive_, GA_ROOT) : nullptr;
+    const HWND blocked = WindowToBlock(Handle());
     if (blocked) {
         SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(blocked));
     }
@@ -425,7 +482,9 @@ void FormWindow::BeginModal() {
 void FormWindow::EndModal() {
     if (!modal_) return;
     modal_.reset();
-    SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, 0);
+    if (!dying_) SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, 0);
+    // The loop may wait while a message that another thread sent is answered.
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
 void FormWindow::GiveFocus(NativeControl& control) {

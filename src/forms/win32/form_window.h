@@ -55,6 +55,11 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     const FormMenu& Menus() const { return menu_; }
     bool Gone() const { return gone_; }
 
+    /// Closes an open menu because the message loop ends with `exitCode`, which is told to the next
+    /// loop once the menu is closed.
+    static void EndMenus(int exitCode);
+    /// Lets go of the windows of a thread that has ended.
+    static void ForgetAll();
     /// The window of ours that `window` is or lies in; null for a stranger.
     static FormWindow* Owning(HWND window);
 
@@ -89,6 +94,9 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
                                       LPARAM lParam) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnDestroyedByOthers() noexcept;
+    void OnNativeGone(HWND window) noexcept;
+    void ForgetName() const;
     LRESULT OnActivate(WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam);
     void OnMinimumSize(MINMAXINFO& info) const;
@@ -128,6 +136,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     int placing_ = 0;
     bool showing_ = false;
     bool gone_ = false;
+    bool dying_ = false;                 ///< the native window is being destroyed by somebody else
+    std::shared_ptr<FormWindow> alive_;  ///< until a native window that dies so is gone
     bool composing_ = false;
     bool inMenu_ = false;
     bool beingMoved_ = false;

@@ -32,6 +32,7 @@ std::optional<std::wstring> InputBox::Show(HWND owner) {
     empty.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
     const INT_PTR answer = DialogBoxIndirectParamW(
         module_, &empty.header, owner, &InputBox::Procedure, reinterpret_cast<LPARAM>(this));
+    died_ = answer != IDOK && answer != IDCANCEL;
     if (answer != IDOK) return {};
     return text_;
 }

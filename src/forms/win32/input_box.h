@@ -20,6 +20,8 @@ class InputBox {
 
     /// The text, or nothing when the user does not want to give one.
     std::optional<std::wstring> Show(HWND owner);
+    /// Whether the box shown ended without the user.
+    bool Died() const { return died_; }
 
     /// Id of the line to type in, for tests and macro tools.
     static constexpr int kEntryId = 100;
@@ -38,6 +40,7 @@ class InputBox {
     Scale scale_;
     Font font_;
     std::wstring text_;
+    bool died_ = false;
 };
 
 }  // namespace zv::forms::win32

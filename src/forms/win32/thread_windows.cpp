@@ -2,6 +2,31 @@
 
 namespace zv::forms::win32 {
 
+namespace {
+
+struct Search {
+    HWND except;
+    HWND found;
+};
+
+BOOL CALLBACK TakeUppermost(HWND window, LPARAM data) {
+    auto& search = *reinterpret_cast<Search*>(data);
+    if (window == search.except || !IsWindowVisible(window) || !IsWindowEnabled(window))
+        return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+}  // namespace
+
+HWND WindowToBlock(HWND except) {
+    const HWND active = GetActiveWindow();
+    if (active && active != except) return GetAncestor(active, GA_ROOT);
+    Search search{except, nullptr};
+    EnumThreadWindows(GetCurrentThreadId(), &TakeUppermost, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
 OtherWindowsDisabled::OtherWindowsDisabled(HWND except) : except_(except) {
     EnumThreadWindows(GetCurrentThreadId(), &OtherWindowsDisabled::Visit,
                       reinterpret_cast<LPARAM>(this));

@@ -7,6 +7,10 @@
 
 namespace zv::forms::win32 {
 
+/// The window that a modal one is to stand above: the thread's active one, otherwise the uppermost
+/// that the user can work with; null when there is none. `except` is the modal one itself.
+HWND WindowToBlock(HWND except = nullptr);
+
 /// Disables every enabled window of the thread but one, the host's included, until it dies.
 class OtherWindowsDisabled {
  public:

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 #include "base/errors.h"
 #include "forms/form.h"
 #include "forms/win32/display.h"
 #include "forms/win32/form_window.h"
+#include "forms/win32/standing_box.h"
 
 namespace zv::forms::win32 {
 namespace {
@@ -18,8 +20,9 @@ class NativeFormPeer : public FormPeer {
  public:
     explicit NativeFormPeer(std::shared_ptr<FormWindow> window) : window_(std::move(window)) {}
     ~NativeFormPeer() override { window_->Close(); }
-    void Show() override { window_->Show(); }
-    void Hide() override { window_->Hide(); }
+    // What these cause may take the form's window away.
+    void Show() override { std::shared_ptr(window_)->Show(); }
+    void Hide() override { std::shared_ptr(window_)->Hide(); }
     void CaptionChanged() override { window_->CaptionChanged(); }
     void BoundsChanged() override { window_->BoundsChanged(); }
     void WindowStateChanged() override { window_->WindowStateChanged(); }
@@ -62,7 +65,9 @@ bool IsKeyMessage(const MSG& message) {
 Win32Backend::Win32Backend(HINSTANCE module, Dialogs* dialogs)
     : module_(module), controls_(module), ownDialogs_(*this), dialogs_(dialogs) {}
 
-Win32Backend::~Win32Backend() = default;
+Win32Backend::~Win32Backend() {
+    if (pin_) FreeLibrary(pin_);
+}
 
 int Win32Backend::OpenWindows() {
     return openWindows;
@@ -71,6 +76,10 @@ int Win32Backend::OpenWindows() {
 void Win32Backend::Add(FormWindow& window) {
     openWindows++;
     windows_.push_back(&window);
+    if (!pin_) {
+        GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                           reinterpret_cast<LPCWSTR>(&Win32Backend::OnGetMessage), &pin_);
+    }
     if (!hook_) {
         hook_.reset(SetWindowsHookExW(WH_GETMESSAGE, &Win32Backend::OnGetMessage, nullptr,
                                       GetCurrentThreadId()));
@@ -88,6 +97,26 @@ std::unique_ptr<FormPeer> Win32Backend::Realize(Form& form) {
     auto peer = std::make_unique<NativeFormPeer>(window);
     window->Build();
     return peer;
+}
+
+void Win32Backend::EndSession() {
+    StandingBox::EndAll();
+    EndMenu();
+    const std::vector<FormWindow*> present = windows_;
+    for (auto at = present.rbegin(); at != present.rend(); ++at) {
+        if (std::find(windows_.begin(), windows_.end(), *at) == windows_.end()) continue;
+        if ((*at)->Gone()) continue;
+        (*at)->Logical().Windows().Interrupt();
+        (*at)->Logical().UserDestroyed();
+    }
+}
+
+void Win32Backend::Abandon() {
+    openWindows -= static_cast<int>(windows_.size());
+    windows_.clear();
+    FormWindow::ForgetAll();
+    StandingBox::ForgetAll();
+    if (pin_) FreeLibrary(std::exchange(pin_, nullptr));
 }
 
 FormWindow* Win32Backend::Find(const Form& form) const {
@@ -113,7 +142,7 @@ void Win32Backend::RunModal(Form& form) {
         if (received < 0) throw RuntimeError(ErrorNumber::InternalError, "No messages arrive");
         if (received == 0) {
             // The program ends: its own loop must hear of it too.
-            form.Hide();
+            form.Windows().Interrupt();
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
@@ -138,6 +167,11 @@ void Win32Backend::PumpMessages() {
 // for one to the form, and the key is handled when the loop hands that over.
 LRESULT CALLBACK Win32Backend::OnGetMessage(int code, WPARAM wParam, LPARAM lParam) {
     auto& message = *reinterpret_cast<MSG*>(lParam);
+    if (code == HC_ACTION && message.message == WM_QUIT) {
+        // Loops of the system do not all end by themselves, and a menu's may lose the message.
+        StandingBox::EndAll();
+        FormWindow::EndMenus(static_cast<int>(message.wParam));
+    }
     if (code == HC_ACTION && wParam == PM_REMOVE && IsKeyMessage(message) &&
         message.wParam != VK_PROCESSKEY) {
         FormWindow* window = FormWindow::Owning(message.hwnd);

@@ -51,6 +51,12 @@ class Win32Backend : public Backend {
     /// there are any.
     static int OpenWindows();
 
+    /// The session of the user ends: boxes, menus and windows end, nobody is asked.
+    void EndSession();
+    /// For a backend whose thread has ended, and with it all its windows: the next one begins
+    /// afresh. Nothing of this one may be used or destroyed afterwards.
+    void Abandon();
+
     HINSTANCE Module() const { return module_; }
     const CommonControls& Controls() const { return controls_; }
     /// The native window of a form; 0 when it has none.
@@ -69,6 +75,11 @@ class Win32Backend : public Backend {
     Dialogs* dialogs_;
     std::vector<FormWindow*> windows_;
     Hook hook_;
+    /// Taken with the first window: a procedure must not run in a file that was unloaded, whoever
+    /// unloads it. Given back with the backend, which dies only in calls from outside.
+    HMODULE pin_ = nullptr;
+    /// Exit code of the end that a menu's loop has seen, and perhaps taken out of the queue.
+    std::optional<int> quit_;
 };
 
 }  // namespace zv::forms::win32

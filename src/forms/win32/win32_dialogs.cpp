@@ -7,6 +7,7 @@
 
 #include "forms/win32/common_controls.h"
 #include "forms/win32/input_box.h"
+#include "forms/win32/standing_box.h"
 #include "forms/win32/thread_windows.h"
 #include "forms/win32/wide_text.h"
 #include "forms/win32/win32_backend.h"
@@ -39,7 +40,7 @@ Win32Dialogs::Win32Dialogs(Win32Backend& backend) : backend_(backend) {
 
 HWND Win32Dialogs::OwnerWindow(const Form* owner) const {
     const HWND window = owner ? backend_.Handle(*owner) : nullptr;
-    return window ? window : GetActiveWindow();
+    return window ? window : WindowToBlock();
 }
 
 Answer Win32Dialogs::ShowMessage(Form* owner, const std::string& text, int style,
@@ -50,14 +51,16 @@ Answer Win32Dialogs::ShowMessage(Form* owner, const std::string& text, int style
     int answer = 0;
     {
         const OtherWindowsDisabled others(window);
+        const StandingBox standing(StandingBox::Kind::Dialog, window);
         answer = MessageBoxW(window, ToWide(text).c_str(), ToWide(title).c_str(),
                              static_cast<UINT>(style) | MB_SETFOREGROUND);
+        lastDied_ = answer == 0 || standing.WasEnded() || (window && !IsWindow(window));
     }
     if (focus && IsWindow(focus) && GetActiveWindow() == GetAncestor(focus, GA_ROOT)) {
         SetFocus(focus);
     }
-    if (answer == 0) return Answer::Cancel;
-    return static_cast<Answer>(answer);
+    // Whatever the system answers for the user.
+    return lastDied_ ? Answer::None : static_cast<Answer>(answer);
 }
 
 std::optional<std::string> Win32Dialogs::AskText(Form* owner, const std::string& prompt,
@@ -65,11 +68,13 @@ std::optional<std::string> Win32Dialogs::AskText(Form* owner, const std::string&
     const ManifestInForce manifest(backend_.Controls().Manifest());
     const HWND window = OwnerWindow(owner);
     const OtherWindowsDisabled others(window);
+    const StandingBox standing(StandingBox::Kind::Dialog, window);
     InputBox box(backend_.Module(), ToWide(title), ToWide(prompt), secret);
     box.okCaption = ToWide(okCaption);
     box.cancelCaption = ToWide(cancelCaption);
     const std::optional<std::wstring> text = box.Show(window);
-    if (!text) return {};
+    lastDied_ = box.Died() || standing.WasEnded() || (window && !IsWindow(window));
+    if (!text || lastDied_) return {};
     return FromWide(*text);
 }
 
@@ -77,6 +82,7 @@ std::optional<std::string> Win32Dialogs::ChooseFile(Form* owner, const FileReque
     const ManifestInForce manifest(backend_.Controls().Manifest());
     const HWND window = OwnerWindow(owner);
     const OtherWindowsDisabled others(window);
+    const StandingBox standing(StandingBox::Kind::FileDialog, window);
     const std::wstring filter = NativeFilter(request.filter);
     const std::wstring title = ToWide(request.title);
     const std::wstring folder = ToWide(request.initialFolder);
@@ -95,13 +101,13 @@ std::optional<std::string> Win32Dialogs::ChooseFile(Form* owner, const FileReque
     dialog.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
     // The host's current folder is not ours to change.
     dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR;
-    if (request.forSaving) {
+    if (request.forSaving)
         dialog.Flags |= OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
-        if (!GetSaveFileNameW(&dialog)) return {};
-    } else {
+    else
         dialog.Flags |= static_cast<DWORD>(request.flags);
-        if (!GetOpenFileNameW(&dialog)) return {};
-    }
+    const BOOL chosen = request.forSaving ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
+    lastDied_ = standing.WasEnded() || (window && !IsWindow(window));
+    if (!chosen || lastDied_) return {};
     return FromWide(path.c_str());
 }
 

@@ -21,6 +21,8 @@ class Win32Dialogs : public Dialogs {
                                        const std::string& title, bool secret) override;
     std::optional<std::string> ChooseFile(Form* owner, const FileRequest& request) override;
 
+    bool LastDied() const override { return lastDied_; }
+
     /// Captions of the input box's buttons; at first in the language of the system.
     std::string okCaption;
     std::string cancelCaption;
@@ -29,6 +31,7 @@ class Win32Dialogs : public Dialogs {
     HWND OwnerWindow(const Form* owner) const;
 
     Win32Backend& backend_;
+    bool lastDied_ = false;
 };
 
 }  // namespace zv::forms::win32

@@ -27,6 +27,9 @@ WindowClass::WindowClass(HINSTANCE module, const wchar_t* name, WNDPROC procedur
     description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     description.lpszClassName = name;
     id_ = RegisterClassExW(&description);
+    // Left over from a window that died by another hand after all else of it, perhaps with an earlier
+    // load of this file, whose procedure is gone.
+    if (!id_ && UnregisterClassW(name, module)) id_ = RegisterClassExW(&description);
     if (!id_) throw RuntimeError(ErrorNumber::InternalError, "No window class");
     liveHandles++;
 }
@@ -44,6 +47,12 @@ std::shared_ptr<WindowClass> WindowClass::Get(HINSTANCE module, const wchar_t* n
         shared[name] = present;
     }
     return present;
+}
+
+void WindowClass::Forget(const wchar_t* name) {
+    const std::shared_ptr<WindowClass> present = Find(name);
+    if (present) UnregisterClassW(MAKEINTATOM(present->id_), present->module_);
+    shared.erase(name);
 }
 
 std::shared_ptr<WindowClass> WindowClass::Find(const wchar_t* name) {

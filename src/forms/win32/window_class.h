@@ -21,6 +21,8 @@ class WindowClass {
                                             WNDPROC procedure);
     /// The class while a window needs it, otherwise none.
     static std::shared_ptr<WindowClass> Find(const wchar_t* name);
+    /// Takes a class back whose windows died with their thread.
+    static void Forget(const wchar_t* name);
 
  private:
     HINSTANCE module_;

@@ -159,12 +159,12 @@ STDMETHODIMP Site::GetWindow(HWND* result) {
 }
 
 STDMETHODIMP Site::OnInPlaceActivate() {
-    events.push_back("activate");
+    Note("activate");
     return S_OK;
 }
 
 STDMETHODIMP Site::OnUIActivate() {
-    events.push_back("ui activate");
+    Note("ui activate");
     return S_OK;
 }
 
@@ -183,18 +183,24 @@ STDMETHODIMP Site::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindo
 }
 
 STDMETHODIMP Site::OnUIDeactivate(BOOL) {
-    events.push_back("ui deactivate");
+    Note("ui deactivate");
     return S_OK;
 }
 
 STDMETHODIMP Site::OnInPlaceDeactivate() {
-    events.push_back("deactivate");
+    Note("deactivate");
     return S_OK;
 }
 
 STDMETHODIMP Site::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) {
     active = ComPtr<IOleInPlaceActiveObject>(object);
+    if (onCall) onCall(object ? "active object" : "no active object");
     return S_OK;
+}
+
+void Site::Note(const std::string& event) {
+    events.push_back(event);
+    if (onCall) onCall(event);
 }
 
 STDMETHODIMP Site::GetTypeInfoCount(UINT* count) {

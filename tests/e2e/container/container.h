@@ -9,6 +9,7 @@
 #include <olectl.h>
 
 #include <atomic>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -128,7 +129,12 @@ class Site final : public OnStack<IOleClientSite, IOleInPlaceSite, IDispatch, IO
     RECT position{10, 20, 110, 90};
     int saves = 0;
     std::vector<std::string> events;
+    /// Told of each call that comes in while a control is activated or deactivated.
+    std::function<void(const std::string&)> onCall;
     ComPtr<IOleInPlaceActiveObject> active;
+
+ private:
+    void Note(const std::string& event);
 };
 
 /// What a late-bound call answered.

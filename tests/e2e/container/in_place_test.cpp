@@ -134,5 +134,42 @@ TEST_F(InPlaceTest, SurvivesALostContainerWindow) {
     EXPECT_EQ(As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
 }
 
+// Closed in the middle of being told, the control ends what it began and nothing more.
+TEST_F(InPlaceTest, AContainerMayCloseItInAnyCall) {
+    for (const char* call : {"activate", "ui activate", "active object", "no active object",
+                             "ui deactivate", "deactivate"}) {
+        SCOPED_TRACE(call);
+        bool closed = false;
+        site.onCall = [&](const std::string& event) {
+            if (closed || event != call) return;
+            closed = true;
+            object->Close(OLECLOSE_NOSAVE);
+        };
+        Verb(OLEIVERB_UIACTIVATE);
+        As<IOleInPlaceObject>()->InPlaceDeactivate();
+        site.onCall = nullptr;
+        EXPECT_TRUE(closed);
+        EXPECT_FALSE(site.active);
+        object->Close(OLECLOSE_NOSAVE);
+        EXPECT_EQ(Window(), nullptr);
+    }
+}
+
+TEST_F(InPlaceTest, AContainerMayTakeItsSiteAwayInAnyCall) {
+    for (const char* call : {"activate", "ui activate", "active object", "no active object",
+                             "ui deactivate", "deactivate"}) {
+        SCOPED_TRACE(call);
+        site.onCall = [&](const std::string& event) {
+            if (event == call) object->SetClientSite(nullptr);
+        };
+        Verb(OLEIVERB_UIACTIVATE);
+        As<IOleInPlaceObject>()->InPlaceDeactivate();
+        site.onCall = nullptr;
+        EXPECT_FALSE(site.active);
+        EXPECT_EQ(Window(), nullptr);
+        ASSERT_EQ(object->SetClientSite(&site), S_OK);
+    }
+}
+
 }  // namespace
 }  // namespace container

@@ -155,6 +155,31 @@ TEST_F(RegistrationTest, TheLibraryStaysForTheOtherWordSize) {
     EXPECT_EQ(Difference(machine, Classes(HKEY_LOCAL_MACHINE)), "");
 }
 
+// One name stands for both classes, so that it serves the one that is left.
+TEST_F(RegistrationTest, TheNamesStayForTheOtherWordSize) {
+    ASSERT_EQ(File().registerServer(), S_OK);
+    constexpr wchar_t kServer[] =
+        L"Software\\Classes\\CLSID\\{29DE1175-A4EF-4D13-9534-1C19C40DDBC5}\\InprocServer32";
+    constexpr REGSAM kOtherView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    HKEY other = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, kServer, 0, nullptr, 0,
+                              KEY_ALL_ACCESS | kOtherView, nullptr, &other, nullptr),
+              ERROR_SUCCESS);
+    RegCloseKey(other);
+    ASSERT_EQ(File().unregisterServer(), S_OK);
+    EXPECT_NE(ValueOf(L"zv_Task.zvTask\\CLSID"), L"<none>");
+    EXPECT_NE(ValueOf(L"zv_Task.zvTask.1\\CLSID"), L"<none>");
+    HKEY classes = nullptr;
+    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID", 0,
+                            KEY_ALL_ACCESS | kOtherView, &classes),
+              ERROR_SUCCESS);
+    RegDeleteTreeW(classes, L"{29DE1175-A4EF-4D13-9534-1C19C40DDBC5}");
+    RegCloseKey(classes);
+    ASSERT_EQ(File().unregisterServer(), S_OK);
+    EXPECT_EQ(ValueOf(L"zv_Task.zvTask\\CLSID"), L"<none>");
+    EXPECT_EQ(Difference(user, Classes(HKEY_CURRENT_USER)), "");
+}
+
 TEST_F(RegistrationTest, SaysWhatContainersLookFor) {
     ASSERT_EQ(File().registerServer(), S_OK);
     const std::wstring key = L"CLSID\\{29DE1175-A4EF-4D13-9534-1C19C40DDBC5}";

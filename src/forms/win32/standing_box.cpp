@@ -1,0 +1,74 @@
+#include "forms/win32/standing_box.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+// All windows of the module belong to one thread.
+StandingBox* innermost = nullptr;
+
+// The class of dialogs is the same for everyone.
+constexpr ULONG_PTR kDialogClass = 32770;
+
+// A loop that waits looks again whether it is to end only when a message arrives.
+void WakeThread() {
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+}  // namespace
+
+StandingBox::StandingBox(Kind kind, HWND owner)
+    : kind_(kind),
+      owner_(owner && IsWindowEnabled(owner) ? owner : nullptr),
+      outer_(innermost),
+      windows_(SetWindowsHookExW(WH_CBT, &OnWindow, nullptr, GetCurrentThreadId())),
+      sent_(SetWindowsHookExW(WH_CALLWNDPROC, &OnSent, nullptr, GetCurrentThreadId())) {
+    innermost = this;
+}
+
+StandingBox::~StandingBox() {
+    innermost = outer_;
+    if (owner_ && IsWindow(owner_) && !IsWindowEnabled(owner_)) EnableWindow(owner_, TRUE);
+}
+
+void StandingBox::End() {
+    ended_ = true;
+    if (!box_) return;
+    if (kind_ == Kind::FileDialog)
+        PostMessageW(box_, WM_COMMAND, IDCANCEL, 0);
+    else
+        EndDialog(box_, 0);
+    WakeThread();
+}
+
+void StandingBox::EndAll() {
+    for (StandingBox* at = innermost; at; at = at->outer_) at->End();
+}
+
+void StandingBox::ForgetAll() {
+    innermost = nullptr;
+}
+
+LRESULT CALLBACK StandingBox::OnWindow(int code, WPARAM wParam, LPARAM lParam) {
+    const auto window = reinterpret_cast<HWND>(wParam);
+    if (code == HCBT_CREATEWND && innermost && !innermost->box_) {
+        const auto* made = reinterpret_cast<const CBT_CREATEWNDW*>(lParam);
+        if (!(made->lpcs->style & WS_CHILD) && GetClassLongPtrW(window, GCW_ATOM) == kDialogClass)
+            innermost->box_ = window;
+    }
+    if (code == HCBT_DESTROYWND) {
+        for (StandingBox* at = innermost; at; at = at->outer_) {
+            if (at->box_ != window) continue;
+            at->box_ = nullptr;
+            WakeThread();
+        }
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+LRESULT CALLBACK StandingBox::OnSent(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && sent.message == WM_ENDSESSION && sent.wParam) EndAll();
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+}  // namespace zv::forms::win32

@@ -1,0 +1,44 @@
+// The boxes of the system run a message loop of their own. Here they are known while they stand, so
+// that they end with the window that they belong to, with the message loop and with the session.
+#pragma once
+
+#include <windows.h>
+
+#include "forms/win32/handles.h"
+
+namespace zv::forms::win32 {
+
+/// Made around the call that shows a box; the box is the first dialog made while it is the
+/// innermost.
+class StandingBox {
+ public:
+    enum class Kind { Dialog, FileDialog };
+
+    /// `owner` is enabled again afterwards if it was; the system forgets it when the box dies.
+    StandingBox(Kind kind, HWND owner);
+    ~StandingBox();
+    StandingBox(const StandingBox&) = delete;
+    StandingBox& operator=(const StandingBox&) = delete;
+
+    /// Whether it was ended here and not by the user.
+    bool WasEnded() const { return ended_; }
+    /// Ends every box of this module, as though none had been answered.
+    static void EndAll();
+    /// Lets go of the boxes of a thread that has ended.
+    static void ForgetAll();
+
+ private:
+    static LRESULT CALLBACK OnWindow(int code, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK OnSent(int code, WPARAM wParam, LPARAM lParam);
+    void End();
+
+    Kind kind_;
+    HWND owner_;
+    HWND box_ = nullptr;
+    bool ended_ = false;
+    StandingBox* outer_;
+    Hook windows_;
+    Hook sent_;
+};
+
+}  // namespace zv::forms::win32
