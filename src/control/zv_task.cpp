@@ -156,7 +156,7 @@ void ZvTask::RunAlertPass() {
         // way is left alone.
         if (window->state.Editing()) return;
         window->lifecycle.FollowTheDay();
-        window->tree.chkEvent_Click();
+        window->tree.FillForHost();
         const bool alert = window->state.startMode == mainwindow::kAlertMode &&
                            window->tvwTask.Count() >= kNodesOfAnAlert;
         if (alert) window->Show(false);

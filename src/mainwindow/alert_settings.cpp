@@ -5,6 +5,7 @@
 #include "base/number.h"
 #include "forms/field_keys.h"
 #include "mainwindow/frm_task_main.h"
+#include "resources/switch_setting.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -24,11 +25,11 @@ void AlertSettings::Load() {
     const auto setting = [this](std::string_view key, std::string_view fallback) {
         return window_.session.GetSetting(resources::kTaskSection, key, fallback);
     };
-    window_.chkStartup.SetValue(number::ToInt16(setting("Startup", "1")));
+    window_.chkStartup.SetValue(resources::SwitchOf(setting("Startup", "1")));
 
     const std::string days = setting("StartupBirthDay", "0");
     window_.txtBirthDay0.SetText(days);
-    window_.chkBirthDay.SetValue(number::ToDouble(days) != 0 ? 1 : 0);
+    window_.chkBirthDay.SetValue(resources::SwitchOf(days));
     if (number::ToDouble(days) == 0) window_.txtBirthDay0.SetText(std::string(kDefaultDays));
 
     const std::string minutes = setting("TimeSetting", "0");

@@ -1,5 +1,6 @@
 #include "mainwindow/birthdays.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <vector>
@@ -19,6 +20,20 @@ std::optional<std::int16_t> DayCount(std::string_view text) {
     const auto value = number::Parse(text);
     if (!value || *value < 0) return std::nullopt;
     return number::ToInt16(*value);
+}
+
+// One birthday that is no date does not end the reminder of all others: it is shown as it stands.
+std::string DayText(const store::Value& value) {
+    try {
+        return value.ToDate().IsoDate();
+    } catch (const RuntimeError&) {
+        return value.ToText();
+    }
+}
+
+// The window ends with the calendar.
+DateTime LastDay(DateTime today, std::int16_t days) {
+    return std::min(today.AddDays(days), DateTime(9999, 12, 31));
 }
 
 std::string TodayInBrackets(const std::string& today) {
@@ -58,14 +73,14 @@ void Birthdays::ListBirthdays(std::int16_t days) {
     grid.SetDataRowCount(0);
     window_.session.EnsureConnection();
     const DateTime today = window_.session.machine.clock.Today();
-    const auto rows = window_.session.database.Open(BirthdayStatement(today, today.AddDays(days)));
+    const auto rows = window_.session.database.Open(BirthdayStatement(today, LastDay(today, days)));
     std::vector<std::array<std::string, kColumns>> cards;
     for (; !rows->Eof(); rows->MoveNext()) {
         auto& card = cards.emplace_back();
         for (int column = 0; column < kColumns; column++) {
             const store::Value& value = rows->Field(column);
             card.at(static_cast<std::size_t>(column)) =
-                column == kBirthdayColumn ? value.ToDate().IsoDate() : value.ToText();
+                column == kBirthdayColumn ? DayText(value) : value.ToText();
         }
     }
     rows->Close();

@@ -12,6 +12,11 @@ namespace {
 
 constexpr int kMostCards = 101;
 
+// The host's company may hold an apostrophe, for which any one character stands.
+std::string CompanyClause(const std::string& company) {
+    return "CompName like '" + text::Replace(store::MakeLikePattern(company), "'", "_") + "'";
+}
+
 }  // namespace
 
 std::string CardPanel::Entry(const std::string& company, std::int32_t cardId) {
@@ -50,7 +55,7 @@ bool CardPanel::LoadCardList(const std::string& filter) {
 void CardPanel::LoadStartList() {
     std::string filter;
     const std::string& company = window_.session.state.myName;
-    if (!company.empty()) filter = "CompName like '" + store::MakeLikePattern(company) + "'";
+    if (!company.empty()) filter = CompanyClause(company);
     LoadCardList(filter.empty() ? BoxFilter() : filter + BoxClause());
 }
 

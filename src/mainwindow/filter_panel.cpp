@@ -5,6 +5,7 @@
 #include "forms/field_keys.h"
 #include "mainwindow/frm_task_main.h"
 #include "session/text_checks.h"
+#include "store/sql_text.h"
 
 namespace zv::mainwindow {
 namespace {
@@ -36,6 +37,7 @@ void FilterPanel::SetStartValues() {
     for (forms::TextBox* text : TextBoxes(window_)) {
         if (!text->Locked()) text->SetText("");
     }
+    givenCompany_.clear();
     window_.cboState.SetListIndex(window_.state.startMode == kAlertMode ? kNotYetDone : kAllStates);
 }
 
@@ -50,7 +52,8 @@ bool FilterPanel::FollowTheDay() {
 }
 
 std::function<void()> FilterPanel::Remember() {
-    return [this, from = fromTouched_, until = untilTouched_] {
+    return [this, from = fromTouched_, until = untilTouched_, company = givenCompany_] {
+        givenCompany_ = company;
         fromTouched_ = from;
         untilTouched_ = until;
     };
@@ -85,15 +88,31 @@ std::string FilterPanel::BuildItemFilter() const {
         Choice(), [this](DateTime date) { return window_.session.database.DateLiteral(date); });
 }
 
-bool FilterPanel::TextsAreFit() {
+void FilterPanel::GiveCompany(const std::string& company) {
+    givenCompany_ = company;
+    window_.txtComp.SetText(company);
+}
+
+bool FilterPanel::IsGiven(const forms::TextBox& text) const {
+    // A locked box holds the user's own name: who cannot change it must not be held in it.
+    return text.Locked() || (&text == &window_.txtComp && text.Text() == givenCompany_);
+}
+
+forms::TextBox* FilterPanel::UnfitText() {
     for (forms::TextBox* text : TextBoxes(window_)) {
-        bool refused = false;
-        ValidateText(*text, refused);
-        if (!refused) continue;
-        text->SetFocus();
-        return false;
+        if (!IsGiven(*text) && store::BreaksLiteral(text->Text())) return text;
     }
-    return true;
+    return nullptr;
+}
+
+bool FilterPanel::TextsAreFit() {
+    forms::TextBox* const unfit = UnfitText();
+    if (!unfit) return true;
+    // Where it can be mended.
+    window_.SSTab1.SetTab(kFilterTab);
+    CheckText(window_.session, unfit->Text());
+    if (window_.IsLoaded()) unfit->SetFocus();
+    return false;
 }
 
 void FilterPanel::chkJbr_Click() {
@@ -115,8 +134,7 @@ void FilterPanel::TextKeyDown(forms::KeyEvent& event) {
 }
 
 void FilterPanel::ValidateText(const forms::TextBox& text, bool& cancel) {
-    // A locked box holds the user's own name: who cannot change it must not be held in it.
-    if (!text.Locked() && !CheckText(window_.session, text.Text())) cancel = true;
+    if (!IsGiven(text) && !CheckText(window_.session, text.Text())) cancel = true;
 }
 
 }  // namespace zv::mainwindow

@@ -31,8 +31,13 @@ class FilterPanel {
     std::function<void()> Remember();
     FilterChoice Choice() const;
     std::string BuildItemFilter() const;
-    /// False, after telling the user, when a text that the user typed cannot go into a statement.
+    /// Puts a company of the host's into its box; it may hold what the user may not type.
+    void GiveCompany(const std::string& company);
+    /// False when a text that the user typed cannot go into a statement; the user has been told
+    /// then and the box has the focus.
     bool TextsAreFit();
+    /// The first box with such a text, null when there is none.
+    forms::TextBox* UnfitText();
 
     void chkJbr_Click();
     void chkUser_Click();
@@ -40,6 +45,7 @@ class FilterPanel {
  private:
     static bool Follow(forms::DatePicker& picker, bool& touched, std::optional<DateTime> day);
     void FollowUser(const forms::CheckBox& box, forms::TextBox& text);
+    bool IsGiven(const forms::TextBox& text) const;
     void TextKeyDown(forms::KeyEvent& event);
     void ValidateText(const forms::TextBox& text, bool& cancel);
 
@@ -47,6 +53,7 @@ class FilterPanel {
     /// Changed since the start values, whatever they hold.
     bool fromTouched_ = false;
     bool untilTouched_ = false;
+    std::string givenCompany_;
 };
 
 }  // namespace zv::mainwindow

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "base/text.h"
 #include "store/sql_text.h"
 
 namespace zv::mainwindow {
@@ -18,12 +19,18 @@ std::string DateClause(const FilterChoice& choice,
 
 std::string LikeClause(std::string_view field, const std::string& text) {
     if (text.empty()) return {};
-    return std::string(" And ").append(field) + " like '" + store::MakeLikePattern(text) + "'";
+    // What the user typed has no quote; the company that the host gives may have one.
+    const std::string pattern = text::Replace(store::MakeLikePattern(text), "'", "_");
+    return std::string(" And ").append(field) + " like '" + pattern + "'";
 }
 
 // Not trimmed and without wildcards: a name is compared as it stands.
 std::string EqualClause(std::string_view field, const std::string& text) {
     if (text.empty()) return {};
+    if (store::BreaksLiteral(text)) {
+        // The user's own name: a limit by right holds for it, too.
+        return std::string(" And ").append(field) + "  like '" + store::AsPatternOfName(text) + "'";
+    }
     return std::string(" And ").append(field) + " ='" + text + "'";
 }
 

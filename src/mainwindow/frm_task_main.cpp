@@ -199,7 +199,7 @@ void frmTaskMain::TaskAlert(std::int16_t mode) {
     }
     if (state.Editing()) return;
     if (mode == state.startMode) {
-        if (birthdays.ShownDay() == session.machine.clock.Today()) return;
+        if (birthdays.ShownDay() == session.machine.clock.Today() || filter.UnfitText()) return;
         AllOrNothing([this] {
             if (lifecycle.FollowTheDay()) tree.chkEvent_Click();
         });

@@ -137,8 +137,7 @@ void ItemActions::cmdSave_Click() {
     if (!window_.saving.SaveItem()) return;
     state.editMode = kNoEdit;
     LockEditor();
-    window_.tree.chkEvent_Click();
-    TellWhenNotListed();
+    if (window_.tree.Refill()) TellWhenNotListed();
 }
 
 void ItemActions::TellWhenNotListed() {

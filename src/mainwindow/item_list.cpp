@@ -39,6 +39,13 @@ void AppendText(std::string& text, const store::Value& value) {
         text += value.ToText();
 }
 
+int NumberAt(std::string_view text, std::size_t at, std::size_t digits) {
+    int number = 0;
+    for (std::size_t i = at; i < at + digits; i++) number = number * 10 + (text[i] - '0');
+    return number;
+}
+
+// A date that the editor can read again: its form alone does not make it one.
 bool IsIsoDate(std::string_view text) {
     constexpr std::string_view kForm = "0000-00-00";
     if (text.size() < kForm.size()) return false;
@@ -46,7 +53,12 @@ bool IsIsoDate(std::string_view text) {
         const bool digit = text[i] >= '0' && text[i] <= '9';
         if (kForm[i] == '-' ? text[i] != '-' : !digit) return false;
     }
-    return text.size() == kForm.size() || text[kForm.size()] == ' ';
+    if (!DateTime::IsValidDate(NumberAt(text, 0, 4), NumberAt(text, 5, 2), NumberAt(text, 8, 2))) {
+        return false;
+    }
+    constexpr std::string_view kMidnight = " 00:00:00";
+    const std::string_view time = text.substr(kForm.size());
+    return time.empty() || time == kMidnight || DateTime::Parse(text).has_value();
 }
 
 void AppendDay(std::string& text, const store::Value& value) {
@@ -213,6 +225,12 @@ void ItemList::FillPlans(store::Recordset& rows) {
         AppendText(title, rows.Field(titleColumn));
         tree.Add(root, key, title, kPlanImage);
     }
+}
+
+void ItemList::Empty() {
+    window_.tvwTask.Clear();
+    window_.state.currentItemId = 0;
+    window_.editor.ClearItemEditor();
 }
 
 bool ItemList::Shows(const SavedItem& item) const {

@@ -23,6 +23,8 @@ class ItemList {
     /// Rebuilds the tree with the plans. Failures as above.
     void LoadTaskPlanList();
 
+    /// Takes everything out of the tree.
+    void Empty();
     /// Whether the tree lists this item. One without a number is looked for by what is seen of it.
     bool Shows(const SavedItem& item) const;
 

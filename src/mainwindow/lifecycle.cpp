@@ -6,6 +6,7 @@
 #include "base/number.h"
 #include "mainwindow/frm_task_main.h"
 #include "reports/item_names.h"
+#include "resources/switch_setting.h"
 #include "resources/text_ids.h"
 #include "session/module_gate.h"
 #include "session/store_choice.h"
@@ -126,8 +127,8 @@ void Lifecycle::LoadOwnFilters() {
         return;
     }
     const std::string stored = session.GetSetting(resources::kTaskSection, "JbrName", "0");
-    window_.chkJbr.SetValue(number::ToInt16(stored));
-    window_.chkJbr.tag = stored;
+    window_.chkJbr.SetValue(resources::SwitchOf(stored));
+    window_.chkJbr.tag = std::to_string(window_.chkJbr.Value());
     window_.chkUser.SetValue(0);
     window_.chkUser.tag = "0";
 }
@@ -151,7 +152,7 @@ void Lifecycle::StartCards() {
                                        std::to_string(control.AlertType));
     }
     window_.SSTab1.SetTab(kCardTab);
-    if (!control.myName.empty()) window_.txtComp.SetText(control.myName);
+    if (!control.myName.empty()) window_.filter.GiveCompany(control.myName);
     window_.tree.chkEvent_Click();
     window_.cards.LoadStartList();
     const std::int32_t card = control.myTaskID;

@@ -53,8 +53,10 @@ void OptionsPage::SavePath() {
 }
 
 void OptionsPage::LoadStaffSource() {
-    const std::int16_t source =
-        number::ToInt16(window_.session.GetSetting(resources::kSuiteSection, "JbrFrom", "0"));
+    const double stored =
+        number::ToDouble(window_.session.GetSetting(resources::kSuiteSection, "JbrFrom", "0"));
+    // What is neither of the two checks no button, however large it is.
+    const auto source = static_cast<std::int16_t>(stored == 0 || stored == 1 ? stored : 2);
     if (source == 0 || source == 1) window_.optJBR[source].SetValue(true);
     window_.staff.SetSource(source);
 }

@@ -32,6 +32,27 @@ std::uint8_t KindFromKeyLetter(char letter, std::uint8_t present) {
 }
 
 void TaskTree::chkEvent_Click() {
+    if (!puttingBack_) Refill();
+}
+
+bool TaskTree::Refill() {
+    if (window_.filter.TextsAreFit()) {
+        Fill();
+        return true;
+    }
+    if (!window_.IsLoaded()) return false;
+    // The switch says what the tree shows.
+    puttingBack_ = true;
+    window_.chkEvent.SetValue(window_.state.currentType == kPlan ? 1 : 0);
+    puttingBack_ = false;
+    return false;
+}
+
+void TaskTree::FillForHost() {
+    if (!window_.filter.UnfitText()) Fill();
+}
+
+void TaskTree::Fill() {
     window_.filter.FollowTheDay();
     if (window_.chkEvent.Checked()) {
         window_.list.LoadTaskPlanList();
@@ -48,6 +69,8 @@ void TaskTree::chkEvent_Click() {
 }
 
 void TaskTree::FillItems() {
+    // What is shown belongs to another database: it must not stay when the fill is refused.
+    if (window_.filter.UnfitText()) window_.list.Empty();
     // Unticking fills the tree with items by itself.
     if (window_.chkEvent.Checked())
         window_.chkEvent.SetValue(0);
@@ -59,7 +82,7 @@ void TaskTree::FillAgain() {
     const forms::TreeView& tree = window_.tvwTask;
     const int before = tree.Selected();
     const std::string key(before == forms::TreeView::kNone ? std::string_view() : tree.Key(before));
-    chkEvent_Click();
+    if (!Refill()) return;
     const int node = tree.Find(key);
     if (node == forms::TreeView::kNone) return;
     window_.tvwTask.Select(node);
@@ -82,7 +105,7 @@ void TaskTree::cboOrder_Click() {
 }
 
 void TaskTree::cmdSeek_Click() {
-    if (window_.filter.TextsAreFit()) chkEvent_Click();
+    Refill();
 }
 
 void TaskTree::tvwTask_NodeClick(int node) {

@@ -18,6 +18,11 @@ class TaskTree {
     explicit TaskTree(frmTaskMain& window) : window_(window) {}
 
     void chkEvent_Click();
+    /// Fills the tree as its switch says. False when a text of the filter is not fit for a
+    /// statement: the user has been told and the tree is as it was.
+    bool Refill();
+    /// The same for the host: such a text leaves the tree as it is without a word.
+    void FillForHost();
     void chkType_Click(int index);
     void cboOrder_Click();
     void cmdSeek_Click();
@@ -38,11 +43,13 @@ class TaskTree {
     void PopupContextMenu(int x, int y);
 
  private:
+    void Fill();
     void ShowFilterFor(bool plans);
     void ShowNodeItem();
     void EnableCommands(char stateDigit);
 
     frmTaskMain& window_;
+    bool puttingBack_ = false;
 };
 
 }  // namespace zv::mainwindow

@@ -57,10 +57,32 @@ std::string NumberCondition(const std::string& name, Comparison comparison,
     return comparison == Comparison::NotEqual ? OrEmpty(name, condition) : condition;
 }
 
+const DateTime kLastDay(9999, 12, 31);
+
+// No day begins behind the last one of the calendar.
+std::string LastDayCondition(const std::string& name, Comparison comparison,
+                             const std::string& begin) {
+    switch (comparison) {
+        case Comparison::Less:
+            return name + '<' + begin;
+        case Comparison::LessOrEqual:
+            return name + " is not Null";
+        case Comparison::Greater:
+            return '(' + name + " is Null And " + name + " is not Null)";
+        case Comparison::NotEqual:
+            return '(' + name + '<' + begin + " Or " + name + " is Null)";
+        default:
+            return name + ">=" + begin;
+    }
+}
+
 // A day is compared whole: items carry a time of day.
 std::string DateCondition(const std::string& name, Comparison comparison, DateTime day,
                           const DateLiteral& dateLiteral) {
     const std::string begin = dateLiteral(day.Date());
+    if (TakesValue(comparison) && day.Date() == kLastDay) {
+        return LastDayCondition(name, comparison, begin);
+    }
     const std::string end = dateLiteral(day.Date().AddDays(1));
     switch (comparison) {
         case Comparison::Empty:

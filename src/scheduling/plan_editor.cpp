@@ -137,8 +137,15 @@ void frmTaskSet::WireChecks() {
 }
 
 void frmTaskSet::CheckBoxText(PlanField field, forms::TextBox& box, bool& cancel) {
+    // Names of users, of staff and of the stored plan are as they are; rows take them as values.
+    const auto given = given_.find(field);
+    if (given != given_.end() && given->second == box.Text()) return;
+    if (field == PlanField::SetMan && box.Text() == session_.state.UserName) return;
     if (const std::int16_t message = CheckFieldOnLeaving(field, box.Text())) {
-        session_.windows.ShowMessage(session_.LoadText(message), forms::box::kExclamation);
+        const bool named = field == PlanField::TaskID && message == text_id::kBeyondRange;
+        session_.windows.ShowMessage(
+            (named ? session_.LoadText(text_id::kTaskNumber) : "") + session_.LoadText(message),
+            forms::box::kExclamation);
         box.SelectAll();
         cancel = true;
         return;
@@ -183,12 +190,12 @@ void frmTaskSet::Form_QueryUnload(bool& cancel, bool) {
 }
 
 void frmTaskSet::ProposePlan() {
-    txtTaskID.SetText(ProposeTaskId(session_));
+    Give(PlanField::TaskID, txtTaskID, ProposeTaskId(session_));
     const DateTime today = session_.machine.clock.Today();
     dateBegin.SetValue(today);
     dateEnd.SetValue(today.AddDays(kDaysOfANewPlan));
     if (!session_.state.UserName.empty()) {
-        txtSetMan.SetText(session_.state.UserName);
+        Give(PlanField::SetMan, txtSetMan, session_.state.UserName);
         txtDoneMan.SetText("");
     }
     cobCircleType.SetListIndex(circle::kMonthly);
@@ -240,17 +247,23 @@ void frmTaskSet::UpDown1_DownClick() {
     StepWidth(-1);
 }
 
-void frmTaskSet::PickInto(forms::TextBox& box, std::int16_t action) {
-    PickStaff(session_, action, [&box](const std::string& name) { box.SetText(name); });
+void frmTaskSet::Give(PlanField field, forms::TextBox& box, const std::string& text) {
+    given_[field] = text;
+    box.SetText(text);
+}
+
+void frmTaskSet::PickInto(PlanField field, forms::TextBox& box, std::int16_t action) {
+    PickStaff(session_, action,
+              [this, field, &box](const std::string& name) { Give(field, box, name); });
     box.SetFocus();
 }
 
 void frmTaskSet::cmdSetMan_Click() {
-    PickInto(txtSetMan, kPickSetter);
+    PickInto(PlanField::SetMan, txtSetMan, kPickSetter);
 }
 
 void frmTaskSet::cmdDoneMan_Click() {
-    PickInto(txtDoneMan, kPickExecutor);
+    PickInto(PlanField::DoneMan, txtDoneMan, kPickExecutor);
 }
 
 void frmTaskSet::cmdOnlySeeMan_Click() {

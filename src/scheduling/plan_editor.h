@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include "forms/buttons.h"
@@ -101,10 +102,13 @@ class frmTaskSet : public forms::Form {
     bool Ask(std::int16_t question, int buttons, forms::Answer agreement);
     void Generate(const std::string& number);
     void StepWidth(int step);
-    void PickInto(forms::TextBox& box, std::int16_t action);
+    void PickInto(PlanField field, forms::TextBox& box, std::int16_t action);
+    /// Puts in a text that nobody typed; while it stands it is not judged.
+    void Give(PlanField field, forms::TextBox& box, const std::string& text);
 
     Session& session_;
     EditedPlan edited_;
+    std::map<PlanField, std::string> given_;
     bool moveOnWhenShown_ = false;
     bool generating_ = false;
 };

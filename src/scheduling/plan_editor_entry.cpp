@@ -9,7 +9,7 @@ void frmTaskSet::FillFrom(const Plan& plan) {
         list.SetListIndex(position >= 0 && position < list.ListCount() ? position : -1);
     };
     txtTaskID.SetText(std::to_string(plan.taskId));
-    txtTaskTitle.SetText(plan.title);
+    Give(PlanField::Title, txtTaskTitle, plan.title);
     dateBegin.SetValue(plan.begin);
     dateEnd.SetValue(plan.end);
     select(cobCircleType, plan.circleType);
@@ -21,8 +21,8 @@ void frmTaskSet::FillFrom(const Plan& plan) {
     if (plan.type == side::kAfter) optLastCall.SetValue(true);
     if (plan.type == side::kBoth) optBothCall.SetValue(true);
     txtUpDown.SetText(std::to_string(plan.typeValue));
-    txtSetMan.SetText(plan.setMan);
-    txtDoneMan.SetText(plan.doneMan);
+    Give(PlanField::SetMan, txtSetMan, plan.setMan);
+    Give(PlanField::DoneMan, txtDoneMan, plan.doneMan);
     txtTaskCon.SetText(plan.content);
 }
 

@@ -29,6 +29,8 @@ bool Within(std::string_view text, int first, int last) {
 
 std::optional<int> UpperBound(PlanField field) {
     switch (field) {
+        case PlanField::TaskID:
+            return kMaximumTaskId;
         case PlanField::CircleValue:
             return kMaximumCircleValue;
         case PlanField::Day:
@@ -40,6 +42,11 @@ std::optional<int> UpperBound(PlanField field) {
         default:
             return {};
     }
+}
+
+// As it was typed: 999.4 is more than 999, though it would be saved as that.
+bool Exceeds(PlanField field, std::string_view text) {
+    return number::Parse(text).value_or(0) > UpperBound(field).value_or(0);
 }
 
 std::optional<Refusal> CheckDay(const PlanEntry& entry) {
@@ -100,11 +107,10 @@ std::int16_t CheckFieldOnLeaving(PlanField field, std::string_view text) {
     if (const std::int16_t message = FieldTextMessage(text, true)) return message;
     const std::optional<int> bound = UpperBound(field);
     if (!bound) return 0;
-    const double value = WholeNumber(text);
     // The other numbers are asked for their lower bound when the plan is confirmed; a negative
     // width would pass there.
-    const bool tooSmall = field == PlanField::TypeValue && value < 0;
-    return value > *bound || tooSmall ? text_id::kBeyondRange : std::int16_t{0};
+    const bool tooSmall = field == PlanField::TypeValue && WholeNumber(text) < 0;
+    return Exceeds(field, text) || tooSmall ? text_id::kBeyondRange : std::int16_t{0};
 }
 
 std::int16_t CheckDateOnLeaving(PlanField field, DateTime begin, DateTime end) {
@@ -125,8 +131,14 @@ std::optional<Refusal> CheckEntry(const PlanEntry& entry) {
     if (IsBlank(entry.title))
         return Refusal{PlanField::Title, {text_id::kTitle, text_id::kMustNotBeEmpty}};
     if (!IsTaskNumber(entry.taskId)) return Refusal{PlanField::TaskID, {text_id::kNumberIsNone}};
+    if (Exceeds(PlanField::TaskID, entry.taskId)) {
+        return Refusal{PlanField::TaskID, {text_id::kTaskNumber, text_id::kBeyondRange}};
+    }
     if (WholeNumber(entry.circleValue) == 0)
         return Refusal{PlanField::CircleValue, {text_id::kStepIsZero}};
+    if (Exceeds(PlanField::CircleValue, entry.circleValue)) {
+        return Refusal{PlanField::CircleValue, {text_id::kSchedule, text_id::kBeyondRange}};
+    }
     if (IsBlank(entry.typeValue)) return Refusal{PlanField::TypeValue, {text_id::kWidthIsEmpty}};
     return {};
 }

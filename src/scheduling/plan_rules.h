@@ -13,6 +13,8 @@
 namespace zv::scheduling {
 
 inline constexpr std::int16_t kMaximumTextBytes = 50;
+/// The greatest number by which a plan can be opened again.
+inline constexpr int kMaximumTaskId = 32767;
 inline constexpr int kMaximumCircleValue = 999;
 inline constexpr int kMaximumTypeValue = 99;
 

@@ -6,6 +6,8 @@ namespace {
 using store::CursorType;
 using store::LockType;
 
+constexpr double kLongestProposal = 1e15;
+
 bool TitleOfAnother(Session& session, const Plan& plan, const EditedPlan& edited) {
     // A plan that keeps its title was asked about it when it was first saved.
     if (edited.taskId != 0 && plan.title == edited.title) return false;
@@ -14,7 +16,7 @@ bool TitleOfAnother(Session& session, const Plan& plan, const EditedPlan& edited
     bool found = false;
     for (; !rows->Eof() && !found; rows->MoveNext()) {
         // Letters compare without regard to case, so a plan may find itself.
-        found = edited.taskId == 0 || rows->Field("TaskID").ToInt32() != edited.taskId;
+        found = edited.taskId == 0 || rows->Field("TaskID").ToDouble() != edited.taskId;
     }
     rows->Close();
     return found;
@@ -27,7 +29,9 @@ std::string ProposeTaskId(Session& session) {
     const auto rows = session.database.Open("select max(TaskID) as  MaxID from tTaskSet");
     std::string proposal = "1";
     if (!rows->Eof() && !rows->Field("maxID").IsNull()) {
-        proposal = std::to_string(std::int64_t{rows->Field("maxID").ToInt32()} + 1);
+        // The column may hold more than a plan's number may be, which the field then tells.
+        const double next = rows->Field("maxID").ToDouble() + 1;
+        if (next < kLongestProposal) proposal = std::to_string(static_cast<std::int64_t>(next));
     }
     rows->Close();
     return proposal;

@@ -8,6 +8,7 @@
 #include "scheduling/occurrences.h"
 #include "scheduling/plan.h"
 #include "scheduling/plan_items.h"
+#include "store/sql_text.h"
 
 namespace zv::scheduling {
 namespace {
@@ -147,7 +148,13 @@ void GenerateTaskList(Session& session, const std::string& taskId,
     if (found) WriteItems(session, *plan, progress);
     plan->Close();
     // The stamp overwrites the executor that was entered; whoever generates the items takes them.
-    session.database.Execute("Update tTaskSet Set DoneMan='" + user + "' where taskID=" + taskId);
+    if (store::BreaksLiteral(user)) {
+        session.database.SetFields("select * from tTaskSet where taskID=" + taskId,
+                                   {{"DoneMan", store::Value(user)}});
+    } else {
+        session.database.Execute("Update tTaskSet Set DoneMan='" + user +
+                                 "' where taskID=" + taskId);
+    }
     // Somebody may have deleted the plan while the question stood: nothing was generated then.
     if (asked && !found) return TellThatPlanIsGone(session, taskId);
     session.windows.ShowMessage("[" + session.LoadText(text_id::kGenerate) + "]" +

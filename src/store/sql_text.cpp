@@ -69,6 +69,18 @@ std::string MakeLikePattern(std::string_view text) {
     return pattern += '%';
 }
 
+bool BreaksLiteral(std::string_view text) {
+    return text.find('\'') != std::string_view::npos;
+}
+
+std::string AsPatternOfName(std::string_view text) {
+    std::string pattern(text);
+    for (char& c : pattern) {
+        if (c == '\'' || c == '%' || c == '[') c = '_';
+    }
+    return pattern;
+}
+
 std::string QualifyFieldNames(std::string_view where, std::string_view alias, int databaseKind) {
     const std::string lower = text::ToLower(where);
     if (where.empty() || alias.empty() || text::Contains(lower, alias)) return std::string(where);

@@ -5,6 +5,7 @@
 #include "store/ado/ado_recordset.h"
 #include "store/ado/automation.h"
 #include "store/lost_connection.h"
+#include "store/one_statement.h"
 
 namespace zv::store::ado {
 namespace {
@@ -15,6 +16,7 @@ using win32::Variant;
 // Options of Execute: the text is a statement, and it answers no rows.
 constexpr std::int32_t kTextCommand = 1;
 constexpr std::int32_t kNoRecords = 128;
+constexpr std::string_view kErrorSource = "zv_Task";
 constexpr wchar_t kRecordsetProgId[] = L"ADODB.Recordset";
 
 // The object lived in another process or on another machine.
@@ -53,6 +55,7 @@ class AdoConnection final : public Connection {
     void Close() override { Call(*connection_, close_); }
 
     int Execute(const std::string& sql) override {
+        RequireOneStatement(sql, kErrorSource);
         const Variant statement{std::string_view(sql)};
         Variant affected(std::int32_t{-1});
         VARIANT reference{};
@@ -66,6 +69,7 @@ class AdoConnection final : public Connection {
 
     std::unique_ptr<Recordset> Open(const std::string& sql, CursorType cursor,
                                     LockType lock) override {
+        RequireOneStatement(sql, kErrorSource);
         const Variant statement{std::string_view(sql)};
         if (cursor == CursorType::ForwardOnly && lock == LockType::ReadOnly) {
             const Variant result =

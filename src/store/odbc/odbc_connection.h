@@ -25,7 +25,8 @@ struct OdbcOptions {
     std::chrono::milliseconds connectLimit{15'000};
     std::chrono::milliseconds statementLimit{30'000};
     /// Statements are in the system's dialect and are translated for the servers that need it
-    /// (PostgreSQL, SQLite); otherwise they go as they are, and recordsets cannot be written.
+    /// (PostgreSQL, SQLite), one at a time (one_statement.h). Otherwise texts go as they are, also
+    /// several statements in one, and recordsets cannot be written.
     bool translate = true;
 };
 

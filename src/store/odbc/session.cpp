@@ -8,6 +8,7 @@
 #include "store/dialect/window_index.h"
 #include "store/odbc/named_tables.h"
 #include "store/odbc/written_names.h"
+#include "store/one_statement.h"
 
 namespace zv::store::odbc {
 namespace {
@@ -42,6 +43,7 @@ dialect::Translation TranslationFor(const std::string& sql, Server server,
         default:
             break;
     }
+    RequireOneStatement(sql, kErrorSource);
     // The server understands the statement better than anyone; only what it is about is of
     // interest.
     dialect::Translation translation;

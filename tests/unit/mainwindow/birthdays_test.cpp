@@ -175,6 +175,28 @@ TEST_F(BirthdayTest, AnotherModeFillsAReminderAnewOrSwitchesItOff) {
     EXPECT_EQ(window.lblBirthDay.Caption(), "客户生日报警 （今天 2003-03-07）");
 }
 
+TEST_F(BirthdayTest, ABirthdayThatIsNoDateEndsNothing) {
+    stage.Sql(
+        "insert into cards(CompCode,Name,Birthday) values"
+        "('A','坏','1970-03-08 99:00:00'),('B','好','1970-03-09 00:00:00')");
+    frmTaskMain& window = OpenAtCards();
+    stage.user.Click(window.chkBirthDay0);
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    EXPECT_TRUE(window.chkBirthDay0.Checked());
+    std::string names;
+    for (int row = 1; row <= window.Grid1.DataRowCount(); row++) names += window.Grid1.Cell(row, 2);
+    EXPECT_NE(names.find("好"), std::string::npos);
+}
+
+TEST_F(BirthdayTest, TheListEndsWithTheCalendar) {
+    stage.Sql("insert into cards(CompCode,Name,Birthday) values('A','除夕','1970-12-31 00:00:00')");
+    frmTaskMain& window = OpenAtCards();
+    stage.clock.now = DateTime(9999, 12, 30, 9, 0);
+    stage.user.Click(window.chkBirthDay0);
+    EXPECT_EQ(window.Grid1.DataRowCount(), 1);
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+}
+
 TEST_F(BirthdayTest, TheDayBoxKeepsAWholeNumber) {
     OpenAtCards();
     EXPECT_EQ(LeaveDays("3.0"), "3");

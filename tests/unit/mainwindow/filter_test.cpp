@@ -51,6 +51,12 @@ TEST(BuildFilterText, TextsBecomePatternsOrAreComparedAsTheyStand) {
               " And b.CompName like '%' And a.tDone=2");
 }
 
+TEST(BuildFilterText, ACompanyOfTheHostMayHaveAnApostrophe) {
+    FilterChoice choice;
+    choice.company = "O'Brien & Co";
+    EXPECT_EQ(Build(choice), " Where 1=1 And b.CompName like '%O_Brien & Co%'");
+}
+
 TEST(BuildFilterText, TheRowForWhatIsNotDoneTakesWhatIsInHandToo) {
     FilterChoice choice;
     choice.state = kNotYetDone;
@@ -181,19 +187,56 @@ TEST_F(Filter, OwnItemsTakeTheUsersNameAndLockIt) {
     EXPECT_EQ(Sent().find("tDoneMan"), std::string::npos);
 }
 
-TEST_F(Filter, AnApostropheInTheUsersNameFailsInTheDatabaseAndHarmsNothing) {
+TEST_F(Filter, AnApostropheInTheUsersOwnNameIsSentAsAWildcard) {
+    AddItem(0, "甲");
+    stage.Sql("update tTaskList set tDoneMan='O''Brien',fUser='O''Brien'");
     stage.session.state.UserName = "O'Brien";
-    const std::string before = stage.Nodes();
     stage.user.Click(window.chkJbr);
-    EXPECT_NE(Sent().find(" And a.tDoneMan ='O'Brien'"), std::string::npos);
-    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
-    EXPECT_EQ(stage.Nodes(), before);
-    EXPECT_TRUE(window.IsShown());
+    EXPECT_NE(Sent().find(" And a.tDoneMan  like 'O_Brien' Order by"), std::string::npos);
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
+    stage.user.Click(window.chkUser);
+    EXPECT_NE(Sent().find(" And a.tDoneMan  like 'O_Brien' And a.fUser  like 'O_Brien' Order by"),
+              std::string::npos);
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
     // Whoever cannot change the name must not be held in its box.
     stage.user.Leave(window.txtJBR0);
     EXPECT_FALSE(window.txtJBR0.HasFocus());
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    // The user types no such name.
     stage.user.Click(window.chkJbr);
+    stage.user.Type(window.txtJBR0, "O'Brien");
+    stage.user.Leave(window.txtJBR0);
+    EXPECT_TRUE(window.txtJBR0.HasFocus());
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+}
+
+TEST_F(Filter, AQuoteBeingTypedReachesNoStatement) {
+    stage.user.Type(window.txtTitle0, "x'; delete from cards; --");
+    const std::string before = stage.Nodes();
+    AddItem(0, "甲");
+    // The host: the tree stays without a word.
+    EXPECT_EQ(stage.Refresh(0), 0);
+    stage.clock.now = DateTime(2003, 3, 8, 7, 0);
+    EXPECT_EQ(stage.Refresh(1), 0);
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    EXPECT_TRUE(stage.statements.Take().empty());
+    EXPECT_EQ(stage.Nodes(), before);
+    // The user: told each time, and the box is there to be mended.
+    window.SSTab1.SetTab(kItemTab);
+    window.cboOrder.SetListIndex(1);
+    EXPECT_EQ(stage.dialogs.messages, Lines{"48|文本错误: 文本中不可含有<引号>或<单引号> !"});
+    EXPECT_EQ(window.SSTab1.Tab(), kFilterTab);
+    EXPECT_TRUE(window.txtTitle0.HasFocus());
+    window.chkEvent.SetValue(1);
+    EXPECT_EQ(window.chkEvent.Value(), 0);
+    EXPECT_EQ(stage.dialogs.messages.size(), 2u);
+    window.tree.FillAgain();
+    EXPECT_EQ(stage.dialogs.messages.size(), 3u);
+    EXPECT_TRUE(stage.statements.Take().empty());
+    EXPECT_EQ(stage.Nodes(), before);
+    stage.user.Type(window.txtTitle0, "甲");
+    stage.user.Click(window.cmdSeek);
+    EXPECT_EQ(stage.statements.Take().size(), 1u);
 }
 
 TEST_F(Filter, TheSearchMenuRefusesAQuoteThatHasNotBeenLeft) {

@@ -104,6 +104,21 @@ TEST_F(ItemListTest, ARowThatCannotBeShownIsLeftOutAndTold) {
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|有记录无法显示: 2"});
 }
 
+TEST_F(ItemListTest, ADateOfNoCalendarIsLeftOutBeforeItCanBeClicked) {
+    for (const char* date : {"2003-13-45", "2003-02-29", "0000-00-00", "2003-03-07 25:61:00"}) {
+        AddItem(0, date);
+        stage.Sql("update tTaskList set taskTime='" + std::string(date) +
+                  "' where fID=(select max(fID) from tTaskList)");
+    }
+    AddItem(0, "甲");
+    stage.Sql("update tTaskList set taskTime='2004-02-29 10:00:00' where fID=5");
+    Open();
+    EXPECT_EQ(stage.NodeKeys(), "A1 Z5 B2 C3");
+    EXPECT_EQ(stage.dialogs.messages, Lines{"48|有记录无法显示: 4"});
+    ClickNode("Z5");
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+}
+
 TEST_F(ItemListTest, ARepeatedItemEndsTheFillAndKeepsTheNodesMade) {
     AddItem(0, "a");
     AddItem(0, "b");

@@ -67,8 +67,9 @@ TEST_F(PlanEditorTest, RefusesANumberTooLargeForItsField) {
     user.Type(editor.txtTaskTitle, "a");
     user.Type(editor.txtTaskID, "99999999999");
     user.Click(editor.cmdOK);
-    EXPECT_EQ(dialogs.messages, std::vector<std::string>{"16|数值溢出"});
+    EXPECT_EQ(dialogs.messages, std::vector<std::string>{"48|任务号数值超出最大范围!"});
     EXPECT_TRUE(editor.IsShown());
+    EXPECT_TRUE(editor.txtTaskID.HasFocus());
     EXPECT_EQ(Rows("select count(*) from tTaskSet"), "0");
 }
 

@@ -68,12 +68,14 @@ TEST(CheckFieldOnLeaving, RefusesNumbersAboveTheFieldsBound) {
     check(PlanField::Day, "31", "32");
     check(PlanField::Month, "12", "13");
     check(PlanField::TypeValue, "99", "100");
-    EXPECT_EQ(CheckFieldOnLeaving(PlanField::TaskID, "123456"), 0);
+    check(PlanField::TaskID, "32767", "32768");
 }
 
-TEST(CheckFieldOnLeaving, JudgesTheNumberThatWouldBeSaved) {
-    EXPECT_EQ(CheckFieldOnLeaving(PlanField::Month, "12.4"), 0);
-    EXPECT_EQ(CheckFieldOnLeaving(PlanField::Month, "12.6"), 140);
+TEST(CheckFieldOnLeaving, JudgesTheNumberAsTypedAgainstItsBound) {
+    EXPECT_EQ(CheckFieldOnLeaving(PlanField::Month, "11.6"), 0);
+    EXPECT_EQ(CheckFieldOnLeaving(PlanField::Month, "12.4"), 140);
+    EXPECT_EQ(CheckFieldOnLeaving(PlanField::CircleValue, "999.4"), 140);
+    EXPECT_EQ(CheckFieldOnLeaving(PlanField::TypeValue, "99.1"), 140);
     EXPECT_EQ(CheckFieldOnLeaving(PlanField::CircleValue, "1,000"), 140);
 }
 
@@ -197,7 +199,7 @@ TEST(CheckEntry, RefusesAnEmptyTitle) {
 
 TEST(CheckEntry, TakesDigitsOnlyForTheNumberAndNotZero) {
     PlanEntry entry = Valid();
-    for (const char* text : {"1", " 12 ", "007", "32768"}) {
+    for (const char* text : {"1", " 12 ", "007", "32767"}) {
         entry.taskId = text;
         EXPECT_EQ(CheckEntry(entry), Answer()) << text;
     }
@@ -205,6 +207,17 @@ TEST(CheckEntry, TakesDigitsOnlyForTheNumberAndNotZero) {
         entry.taskId = text;
         EXPECT_EQ(CheckEntry(entry), Answer(Refusal{PlanField::TaskID, {124}})) << text;
     }
+}
+
+TEST(CheckEntry, NamesTheFieldOfANumberBeyondItsBound) {
+    PlanEntry entry = Valid();
+    for (const char* text : {"32768", "2147483648", "99999999999999999999"}) {
+        entry.taskId = text;
+        EXPECT_EQ(CheckEntry(entry), Answer(Refusal{PlanField::TaskID, {8, 140}})) << text;
+    }
+    entry = Valid();
+    entry.circleValue = "999.4";
+    EXPECT_EQ(CheckEntry(entry), Answer(Refusal{PlanField::CircleValue, {34, 140}}));
 }
 
 TEST(CheckEntry, RefusesAStepOfZero) {

@@ -51,6 +51,16 @@ TEST_P(ConnectionTest, KeepsItsStatementsThroughManyTexts) {
     }
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "200");
 }
+TEST_P(ConnectionTest, TakesOneStatementAtATime) {
+    Execute("insert into cards(Name) values('a')");
+    for (const char* sql : {"delete from tTaskList; delete from cards",
+                            "select * from cards where Name='x'; delete from cards; --'",
+                            "select * from cards where Name='x' delete from cards"}) {
+        EXPECT_EQ(ErrorOf([&] { Execute(sql); }).Number(), ErrorNumber::DatabaseStatement) << sql;
+        EXPECT_EQ(ErrorOf([&] { Read(sql); }).Number(), ErrorNumber::DatabaseStatement) << sql;
+    }
+    EXPECT_EQ(Rows("select count(*) from cards"), "1");
+}
 TEST_P(ConnectionTest, RefusesToOpenAStatementWithoutRows) {
     EXPECT_EQ(ErrorOf([&] { Read("delete from cards"); }).Number(), ErrorNumber::DatabaseStatement);
 }
