@@ -44,12 +44,30 @@ bool CardPanel::LoadCardList(const std::string& filter) {
     const bool any = !entries.empty();
     window_.cboComp2.SetItems(std::move(entries));
     if (any) {
-        window_.cboComp2.SetListIndex(0);
+        Select(0);
     } else {
         ClearCardDetail();
         window_.session.state.cardId = 0;
     }
     return any;
+}
+
+bool CardPanel::Search(const std::string& filter) {
+    // A search in vain picks nothing, and what was picked before is shown no longer.
+    SetPick(std::nullopt, true);
+    const bool found = LoadCardList(filter);
+    if (found) SetPick(window_.session.state.cardId, false);
+    return found;
+}
+
+void CardPanel::Select(int position) {
+    struct Program {
+        explicit Program(bool& flag) : byProgram(flag), before(flag) { byProgram = true; }
+        ~Program() { byProgram = before; }
+        bool& byProgram;
+        bool before;
+    } const program{byProgram_};
+    window_.cboComp2.SetListIndex(position);
 }
 
 void CardPanel::LoadStartList() {
@@ -115,7 +133,7 @@ void CardPanel::FillDetail(const store::Recordset& row) {
 
 void CardPanel::ClearCardDetail() {
     window_.contacts.ForgetBox();
-    window_.cboComp2.SetListIndex(-1);
+    Select(-1);
     window_.txtAdd2.SetText("");
     window_.txtName2.SetText("");
     for (int i = 0; i < window_.txtTel.Count(); i++) window_.txtTel[i].SetText("");
@@ -124,14 +142,18 @@ void CardPanel::ClearCardDetail() {
     window_.txtCompSeek.SetText("");
 }
 
-std::int32_t CardPanel::PickedCard() const {
+std::int32_t CardPanel::SelectedCard() const {
     const int position = window_.cboComp2.ListIndex();
     return position >= 0 ? EntryId(window_.cboComp2.List(position)) : 0;
 }
 
 void CardPanel::cboComp2_Click() {
-    window_.session.state.cardId = PickedCard();
-    if (window_.cboComp2.ListIndex() >= 0) ShowCard(window_.session.state.cardId);
+    window_.session.state.cardId = SelectedCard();
+    const bool selected = window_.cboComp2.ListIndex() >= 0;
+    if (!byProgram_) {
+        SetPick(selected ? std::optional(window_.session.state.cardId) : std::nullopt, !selected);
+    }
+    if (selected) ShowCard(window_.session.state.cardId);
 }
 
 void CardPanel::cboComp2_LostFocus() {

@@ -21,7 +21,7 @@ void CardSearch::txtCompSeek_KeyDown(forms::KeyEvent& event) {
         return;
     }
     window_.session.EnsureConnection();
-    window_.cards.LoadCardList(Filter(text));
+    window_.cards.Search(Filter(text));
     if (window_.cboComp2.ListCount() > 0) {
         window_.cboComp2.SetFocus();
     } else {

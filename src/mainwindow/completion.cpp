@@ -86,11 +86,11 @@ void Completion::ShowAsMarked(const NamedItem& item, int newState, const std::st
     SetNodeState(item, newState == kDone ? kDoneDigit : kInHandDigit);
     // The editor may show something else by now.
     if (!item.IsCurrent(window_)) return;
-    window_.editor.NoteStored("tDone", newState);
-    window_.editor.NoteStored("tDoneMan", doer);
     window_.cboDone2.SetListIndex(newState);
     // A later change stores what the box shows; who is typing a name keeps it.
     if (!window_.state.Editing()) window_.cboJbr2.SetText(doer);
+    window_.editor.NoteStored("tDone", newState);
+    window_.editor.NoteStored("tDoneMan", doer);
 }
 
 void Completion::SetNodeState(const NamedItem& item, char stateDigit) {

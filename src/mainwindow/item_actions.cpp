@@ -88,7 +88,8 @@ void ItemActions::StartAddItem(std::uint8_t kind) {
     window_.tree.ShowItemControls(true);
     window_.SSTab1.SetTab(kind == kGuest ? kCardTab : kItemTab);
     // The cards that the host opened the window for: the visit is to the one that is picked.
-    if (card >= 0) window_.cboComp2.SetListIndex(card);
+    if (card >= 0) window_.cards.Select(card);
+    window_.editor.BeginNew(kind, window_.session.state.cardId);
     FirstEntry(kind, card >= 0).SetFocus();
 }
 
@@ -106,6 +107,7 @@ void ItemActions::StartChangeItem(std::uint8_t kind) {
     const bool stale = state.openedFor == kAdding || !window_.editor.RowAsRead();
     if (stale && state.currentItemId != 0 && state.currentType < kPlan) window_.editor.ShowItem();
     if (kind == kGuest && state.currentItemId == 0) return;
+    if (state.openedFor == kNoEdit) window_.cards.ForgetPick();
     OpenEditor(kind, kChanging);
     window_.editor.TellAboutCard();
 }

@@ -78,7 +78,7 @@ bool ItemEditor::LoadItem() {
         row->Close();
         return false;
     }
-    const ItemRecord item = ReadItem(*row);
+    const store::RowValues item = ReadItem(*row);
     row->Close();
     const auto field = [&item](std::string_view name) -> const store::Value& {
         return item[ItemFieldIndex(name)];
@@ -100,6 +100,11 @@ bool ItemEditor::LoadItem() {
     title_ = window_.txtTitle2.Text();
     if (window_.cboType2.ListIndex() == kGuest) ShowGuestCard(window_.session.state.cardId);
     window_.txtName2.SetText(field("fGuest").ToText());
+    beganAsVisit_ = field("fType").ToInt32() == kGuest;
+    // None for a visit whose card is gone: a save asks for another one.
+    firstNumber_ = window_.session.state.cardId;
+    window_.cards.ForgetPick();
+    asShown_ = window_.saving.Entry();
     return true;
 }
 
@@ -141,20 +146,38 @@ void ItemEditor::ShowCardAgain() {
 }
 
 void ItemEditor::NoteStored(std::string_view field, store::Value value) {
-    if (asRead_) asRead_->at(ItemFieldIndex(field)) = std::move(value);
+    if (!asRead_) return;
+    const std::size_t index = ItemFieldIndex(field);
+    // A control that shows the act was not touched by it.
+    const std::optional<store::Value> entered = window_.saving.Entry()[index];
+    if (entered && entered->ToText() == value.ToText()) asShown_[index] = value;
+    asRead_->at(index) = std::move(value);
+}
+
+void ItemEditor::BeginNew(std::uint8_t kind, std::int32_t card) {
+    beganAsVisit_ = kind == kGuest;
+    firstNumber_ = card;
+    window_.cards.ForgetPick();
+}
+
+std::int32_t ItemEditor::NumberToStore() const {
+    if (const auto pick = window_.cards.Pick()) return *pick;
+    const bool visit = window_.cboType2.ListIndex() == kGuest;
+    // A visit is to the customer that is shown; a task need not show what it belongs to.
+    if (visit != beganAsVisit_ || (visit && window_.cards.LeftEmpty())) return 0;
+    return firstNumber_;
 }
 
 void ItemEditor::cboType2_Click() {
     if (loading_ || window_.state.openedFor == kNoEdit) return;
-    // The number of the plan that the item belonged to is not a card's, nor the other way round.
-    const bool guest = window_.cboType2.ListIndex() == kGuest;
-    window_.session.state.cardId = guest ? window_.cards.PickedCard() : StoredPlan();
-}
-
-std::int32_t ItemEditor::StoredPlan() const {
-    const bool changes = asRead_ && window_.state.openedFor == kChanging;
-    if (!changes || (*asRead_)[ItemFieldIndex("fType")].ToInt32() == kGuest) return 0;
-    return (*asRead_)[ItemFieldIndex("TaskID")].ToInt32();
+    const std::int32_t number = NumberToStore();
+    window_.session.state.cardId = number;
+    const bool visit = window_.cboType2.ListIndex() == kGuest;
+    if (!visit || window_.cards.SelectedCard() == number || number > 0) return;
+    // The card that is left over from another visit is not this one's, but the guest stays.
+    const std::string guest = window_.txtName2.Text();
+    window_.cards.ClearCardDetail();
+    window_.txtName2.SetText(guest);
 }
 
 bool ItemEditor::LoadPlan() {
@@ -203,9 +226,13 @@ void ItemEditor::SetLocked(bool locked) {
 }
 
 std::function<void()> ItemEditor::Remember() {
-    return [this, row = asRead_, title = title_] {
+    return [this, row = asRead_, shown = asShown_, title = title_, visit = beganAsVisit_,
+            number = firstNumber_] {
         asRead_ = row;
+        asShown_ = shown;
         title_ = title;
+        beganAsVisit_ = visit;
+        firstNumber_ = number;
     };
 }
 

@@ -36,8 +36,16 @@ class ItemEditor {
     /// The title of the item or plan that is current, which the editor shows unless a new one is
     /// being entered.
     const std::string& StoredTitle() const { return title_; }
+    /// A new item begins: of this kind, a visit with the card that is shown then.
+    void BeginNew(std::uint8_t kind, std::int32_t card);
+    /// The card, or the plan, that a save stores. What the user picked stays, whatever the kind;
+    /// otherwise a visit's number means nothing to another kind, nor the other way round.
+    std::int32_t NumberToStore() const;
+
     /// The row that the editor shows, as it was read; none while it shows no item.
-    const std::optional<ItemRecord>& RowAsRead() const { return asRead_; }
+    const std::optional<store::RowValues>& RowAsRead() const { return asRead_; }
+    /// What a save would store of the row if nothing were touched.
+    const ItemEntry& EntryAsShown() const { return asShown_; }
     /// The row that the editor shows got this value by an act of this window.
     void NoteStored(std::string_view field, store::Value value);
     void ForgetRow() { asRead_.reset(); }
@@ -51,11 +59,13 @@ class ItemEditor {
     bool LoadPlan();
     void ShowWay(const std::string& way);
     void ShowGuestCard(std::int32_t card);
-    /// The plan that the item being changed was stored with; 0 for none.
-    std::int32_t StoredPlan() const;
 
     frmTaskMain& window_;
-    std::optional<ItemRecord> asRead_;
+    std::optional<store::RowValues> asRead_;
+    ItemEntry asShown_;
+    /// The kind and the number that the edit begins with.
+    bool beganAsVisit_ = false;
+    std::int32_t firstNumber_ = 0;
     std::string title_;
     std::string cardNotice_;
     bool loading_ = false;

@@ -1,7 +1,6 @@
 #include "mainwindow/item_record.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace zv::mainwindow {
 
@@ -10,27 +9,24 @@ std::size_t ItemFieldIndex(std::string_view name) {
                                     kItemFields.begin());
 }
 
-ItemRecord ReadItem(const store::Recordset& row) {
-    // In the order of the columns: some providers give a long text only to who reads it in turn.
-    std::array<std::pair<int, std::size_t>, kItemFields.size()> columns;
-    for (std::size_t i = 0; i < columns.size(); i++) {
-        columns[i] = {row.FieldIndex(kItemFields[i]), i};
-    }
-    std::sort(columns.begin(), columns.end());
-    ItemRecord record;
-    for (const auto& [column, field] : columns) record[field] = row.Field(column);
-    return record;
+std::vector<std::size_t> ItemGroups() {
+    std::vector<std::size_t> groups;
+    // A field alone is a group of its own position, together they have that of their first one.
+    for (std::size_t i = 0; i < kItemFields.size(); i++) groups.push_back(i);
+    const auto join = [&groups](std::string_view field, std::string_view first) {
+        groups[ItemFieldIndex(field)] = ItemFieldIndex(first);
+    };
+    join("TaskID", "fType");
+    join("fGuest", "fType");
+    join("tDuring1", "taskTime");
+    join("tDuring2", "taskTime");
+    join("tDone", "tDoneMan");
+    groups[ItemFieldIndex("fUser")] = store::RowMerge::kAlwaysOwn;
+    return groups;
 }
 
-std::vector<std::size_t> FindConflicts(const ItemRecord& asRead, const ItemRecord& now,
-                                       const ItemEntry& entry) {
-    std::vector<std::size_t> conflicts;
-    for (std::size_t i = 0; i < kItemFields.size(); i++) {
-        // Values as stored, so that a change that no control shows is noticed, too.
-        if (now[i] == asRead[i]) continue;
-        if (entry[i] && entry[i]->ToText() != now[i].ToText()) conflicts.push_back(i);
-    }
-    return conflicts;
+store::RowValues ReadItem(const store::Recordset& row) {
+    return store::ReadRow(row, kItemFields);
 }
 
 }  // namespace zv::mainwindow

@@ -3,11 +3,10 @@
 
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <string_view>
 #include <vector>
 
-#include "store/connection.h"
+#include "store/row_merge.h"
 
 namespace zv::mainwindow {
 
@@ -20,16 +19,14 @@ inline constexpr auto kItemFields = std::to_array<std::string_view>(
 /// The position of a field above; kItemFields.size() for any other.
 std::size_t ItemFieldIndex(std::string_view name);
 
-using ItemRecord = std::array<store::Value, kItemFields.size()>;
+/// The groups of the fields above: kind, card and guest belong together, so do the three dates, and
+/// the state and its doer. The user is the current one at every save.
+std::vector<std::size_t> ItemGroups();
+
 /// A field without a value is left as it is stored.
-using ItemEntry = std::array<std::optional<store::Value>, kItemFields.size()>;
+using ItemEntry = store::RowChanges;
 
 /// The current row of tTaskList.
-ItemRecord ReadItem(const store::Recordset& row);
-
-/// The fields that hold something else than when the item was read, and that the entry would set
-/// to something else again: what writing the entry would undo.
-std::vector<std::size_t> FindConflicts(const ItemRecord& asRead, const ItemRecord& now,
-                                       const ItemEntry& entry);
+store::RowValues ReadItem(const store::Recordset& row);
 
 }  // namespace zv::mainwindow

@@ -2,11 +2,13 @@
 
 #include "mainwindow/conflict_question.h"
 #include "mainwindow/frm_task_main.h"
+#include "resources/item_texts.h"
 #include "session/text_checks.h"
 
 namespace zv::mainwindow {
 namespace {
 
+using store::RowValues;
 using store::Value;
 
 std::string ModeWord(std::uint8_t mode) {
@@ -31,6 +33,7 @@ std::optional<Value> RowOf(const forms::ComboBox& list) {
 bool ItemSaving::SaveItem() {
     const MainState& state = window_.state;
     Session& session = window_.session;
+    session.state.cardId = window_.editor.NumberToStore();
     if (window_.cboType2.ListIndex() == kGuest && session.state.cardId < 1) {
         session.windows.ShowMessage("请输入客户资料！", forms::box::kExclamation);
         window_.SSTab1.SetTab(kCardTab);
@@ -38,35 +41,63 @@ bool ItemSaving::SaveItem() {
         return false;
     }
     const ItemEntry entry = Entry();
+    const bool adds = state.editMode == kAdding;
+    const std::string word = ModeWord(state.editMode);
     // The number of a plan that is shown is not an item's.
     const std::int32_t id = state.currentType == kPlan ? 0 : state.currentItemId;
     session.EnsureConnection();
-    std::unique_ptr<store::Recordset> row = OpenRow(id);
-    if (state.editMode == kAdding) {
-        row->AddNew();
-    } else if (!SettleConflicts(row, id, entry)) {
+    if (!MayJoinPlan()) return false;
+    if (adds) {
+        Add(entry);
+    } else if (!Change(id, entry)) {
         return false;
     }
-    for (std::size_t i = 0; i < kItemFields.size(); i++) {
-        if (entry[i]) row->SetField(kItemFields[i], *entry[i]);
-    }
-    row->Update();
-    Remember(*row, entry);
-    row->Close();
     window_.editor.ForgetRow();
     window_.txtUser2.SetText(session.state.UserName);
-    session.windows.ShowMessage("[" + saved_.title + "]: " + ModeWord(state.editMode) + "完毕 ！",
-                                forms::box::kOkOnly);
+    session.windows.ShowMessage("[" + saved_.title + "]: " + word + "完毕 ！", forms::box::kOkOnly);
     return true;
 }
 
-void ItemSaving::Remember(const store::Recordset& row, const ItemEntry& entry) {
-    saved_ = {};
-    saved_.title = entry[ItemFieldIndex("taskTitle")]->ToText();
-    saved_.date = entry[ItemFieldIndex("taskTime")]->ToDate();
-    if (const auto& kind = entry[ItemFieldIndex("fType")]) {
-        saved_.kind = static_cast<std::uint8_t>(kind->ToInt32());
+bool ItemSaving::MayJoinPlan() const {
+    Session& session = window_.session;
+    const std::optional<std::int32_t> pick = window_.cards.Pick();
+    if (!pick || window_.cboType2.ListIndex() != kTask) return true;
+    const std::string number = std::to_string(*pick);
+    const auto plan =
+        session.database.Open("select taskTitle from tTaskSet where taskID=" + number);
+    const bool exists = !plan->Eof();
+    const std::string title = exists ? plan->Field("taskTitle").ToText() : std::string();
+    plan->Close();
+    if (!exists) return true;
+    const auto text = [&session](resources::ItemText id) {
+        return resources::GetItemText(id, session.state.Language);
+    };
+    return session.windows.ShowMessage(window_.chkEvent.Caption() + " [" + number + " - " + title +
+                                           "]: " + text(resources::ItemText::BelongsToPlan) +
+                                           "\r\n\r\n" + text(resources::ItemText::SaveAnyway),
+                                       forms::box::kOkCancel + forms::box::kExclamation) !=
+           forms::Answer::Cancel;
+}
+
+void ItemSaving::Add(const ItemEntry& entry) {
+    const auto row = OpenRow(window_.state.currentType == kPlan ? 0 : window_.state.currentItemId);
+    RowValues written(entry.size());
+    row->AddNew();
+    for (std::size_t i = 0; i < entry.size(); i++) {
+        if (!entry[i]) continue;
+        written[i] = *entry[i];
+        row->SetField(kItemFields[i], written[i]);
     }
+    row->Update();
+    Remember(*row, written);
+    row->Close();
+}
+
+void ItemSaving::Remember(const store::Recordset& row, const RowValues& written) {
+    saved_ = {};
+    saved_.title = written[ItemFieldIndex("taskTitle")].ToText();
+    saved_.date = written[ItemFieldIndex("taskTime")].ToDate();
+    saved_.kind = static_cast<std::uint8_t>(written[ItemFieldIndex("fType")].ToInt32());
     try {
         saved_.id = row.Field("fID").ToInt32();
     } catch (const RuntimeError&) {
@@ -81,23 +112,51 @@ std::unique_ptr<store::Recordset> ItemSaving::OpenRow(std::int32_t id) const {
                                          store::LockType::Optimistic);
 }
 
-bool ItemSaving::SettleConflicts(std::unique_ptr<store::Recordset>& row, std::int32_t id,
-                                 const ItemEntry& entry) const {
-    std::optional<ItemRecord> known = window_.editor.RowAsRead();
-    while (!row->Eof()) {
-        const ItemRecord now = ReadItem(*row);
-        const auto conflicts =
-            known ? FindConflicts(*known, now, entry) : std::vector<std::size_t>();
-        if (conflicts.empty()) return true;
+bool ItemSaving::Change(std::int32_t id, const ItemEntry& entry) {
+    const std::optional<RowValues>& asRead = window_.editor.RowAsRead();
+    std::optional<store::RowMerge> merge;
+    for (auto row = OpenRow(id);; row = OpenRow(id)) {
+        if (row->Eof()) {
+            row->Close();
+            window_.session.windows.ShowMessage("原记录未有存在，操作取消！",
+                                                forms::box::kExclamation);
+            return false;
+        }
+        const RowValues stored = ReadItem(*row);
+        if (!merge && asRead) {
+            ItemEntry changes = store::ChangesOf(window_.editor.EntryAsShown(), entry);
+            changes[ItemFieldIndex("fUser")] = entry[ItemFieldIndex("fUser")];
+            merge.emplace(ItemGroups(), *asRead, std::move(changes));
+        } else if (!merge) {
+            merge.emplace(ItemGroups(), stored, entry);
+        }
+        if (merge->Conflicts(stored).empty()) {
+            RowValues merged = merge->Merged(stored);
+            Value& time = merged[ItemFieldIndex("taskTime")];
+            if (time.IsNull()) time = *entry[ItemFieldIndex("taskTime")];
+            // An item that was entered alerts at its moment.
+            merged[ItemFieldIndex("tDuring1")] = merged[ItemFieldIndex("tDuring2")] = time;
+            store::WriteRow(*row, kItemFields, merged);
+            row->Update();
+            Remember(*row, merged);
+            row->Close();
+            return true;
+        }
         row->Close();
-        if (!ConflictQuestion(window_, now, entry).MayOverwrite(conflicts)) return false;
-        // The question may have stood for long: what is overwritten is what it showed.
-        known = now;
-        row = OpenRow(id);
+        // The questions may stand for long: then the row is opened again, and what has changed
+        // meanwhile is asked about, too.
+        if (!Settle(*merge, stored)) return false;
     }
-    row->Close();
-    window_.session.windows.ShowMessage("原记录未有存在，操作取消！", forms::box::kExclamation);
-    return false;
+}
+
+bool ItemSaving::Settle(store::RowMerge& merge, const RowValues& stored) const {
+    const ConflictQuestion question(window_, stored, merge.Own());
+    for (const std::size_t group : merge.Conflicts(stored)) {
+        const auto version = question.Ask(merge.Differences(group, stored));
+        if (!version) return false;
+        merge.Decide(group, *version, stored);
+    }
+    return true;
 }
 
 ItemEntry ItemSaving::Entry() const {
@@ -106,13 +165,13 @@ ItemEntry ItemSaving::Entry() const {
                    ? box.Text()
                    : CutToBytes(window_.session.machine.codePage, box.Text(), box.MaxLength());
     };
-    ItemEntry entry;
+    ItemEntry entry(kItemFields.size());
     const auto set = [&entry](std::string_view field, std::optional<Value> value) {
         entry[ItemFieldIndex(field)] = std::move(value);
     };
     set("fType", RowOf(window_.cboType2));
     set("fWay", Value(window_.cboWay.Text()));
-    set("TaskID", Value(window_.session.state.cardId));
+    set("TaskID", Value(window_.editor.NumberToStore()));
     set("fGuest", Value(window_.txtName2.Text()));
     set("taskTitle", Value(cut(window_.txtTitle2)));
     set("tDoneMan", Value(window_.cboJbr2.Text()));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "mainwindow/item_record.h"
+#include "store/connection.h"
 
 namespace zv::mainwindow {
 
@@ -31,16 +32,21 @@ class ItemSaving {
     /// What was written last.
     const SavedItem& Saved() const { return saved_; }
 
- private:
+    /// What the controls hold.
     ItemEntry Entry() const;
-    std::unique_ptr<store::Recordset> OpenRow(std::int32_t id) const;
-    /// Asks before what somebody else stored since the item was shown is overwritten. False when
-    /// the user called it off, or when the row is gone, which the user has been told; the row is
-    /// closed then.
-    bool SettleConflicts(std::unique_ptr<store::Recordset>& row, std::int32_t id,
-                         const ItemEntry& entry) const;
 
-    void Remember(const store::Recordset& row, const ItemEntry& entry);
+ private:
+    std::unique_ptr<store::Recordset> OpenRow(std::int32_t id) const;
+    /// A task under the number of a plan is one of the plan's: false when the user calls it off.
+    bool MayJoinPlan() const;
+    /// Writes a new row.
+    void Add(const ItemEntry& entry);
+    /// Joins the entry with what somebody else stored since the item was shown, asks about what
+    /// both changed, and writes the row. False when the user called it off, or when the row is
+    /// gone, which the user has been told.
+    bool Change(std::int32_t id, const ItemEntry& entry);
+    bool Settle(store::RowMerge& merge, const store::RowValues& stored) const;
+    void Remember(const store::Recordset& row, const store::RowValues& written);
 
     frmTaskMain& window_;
     SavedItem saved_;

@@ -11,6 +11,8 @@ enum class ItemText {
     StoredNow,
     YourInput,
     OverwriteQuestion,
+    BelongsToPlan,
+    SaveAnyway,
 };
 
 /// The text in the control's language: 1 Traditional, any other Simplified.

@@ -2,65 +2,32 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <set>
+
 namespace zv::mainwindow {
 namespace {
 
-using Fields = std::vector<std::size_t>;
-using store::Value;
-
-ItemRecord Row() {
-    ItemRecord row;
-    row[ItemFieldIndex("taskTitle")] = Value("甲");
-    row[ItemFieldIndex("taskTime")] = Value(DateTime(2003, 3, 7, 8, 15));
-    row[ItemFieldIndex("tDone")] = Value(0);
-    return row;
+TEST(ItemGroups, WhatBelongsTogetherComesFromOneVersion) {
+    const std::vector<std::size_t> groups = ItemGroups();
+    ASSERT_EQ(groups.size(), kItemFields.size());
+    std::map<std::size_t, std::set<std::string_view>> together;
+    for (std::size_t i = 0; i < groups.size(); i++) together[groups[i]].insert(kItemFields[i]);
+    std::set<std::set<std::string_view>> joined;
+    for (const auto& [group, fields] : together) {
+        if (fields.size() > 1) joined.insert(fields);
+    }
+    EXPECT_EQ(joined, (std::set<std::set<std::string_view>>{{"fType", "TaskID", "fGuest"},
+                                                            {"taskTime", "tDuring1", "tDuring2"},
+                                                            {"tDone", "tDoneMan"}}));
 }
 
-ItemEntry EntryOf(const ItemRecord& row) {
-    ItemEntry entry;
-    for (std::size_t i = 0; i < row.size(); i++) entry[i] = row[i];
-    return entry;
-}
-
-TEST(FindConflicts, NothingChangedInTheDatabaseIsNoConflict) {
-    ItemEntry entry = EntryOf(Row());
-    entry[ItemFieldIndex("taskTitle")] = Value("乙");
-    EXPECT_TRUE(FindConflicts(Row(), Row(), entry).empty());
-}
-
-TEST(FindConflicts, AFieldThatSomebodyElseChangedIsOne) {
-    ItemRecord now = Row();
-    now[ItemFieldIndex("tDone")] = Value(1);
-    EXPECT_EQ(FindConflicts(Row(), now, EntryOf(Row())), Fields{ItemFieldIndex("tDone")});
-}
-
-TEST(FindConflicts, TheSameChangeByBothIsNone) {
-    ItemRecord now = Row();
-    now[ItemFieldIndex("taskTitle")] = Value("丙");
-    EXPECT_TRUE(FindConflicts(Row(), now, EntryOf(now)).empty());
-}
-
-TEST(FindConflicts, ComparesTheRowAndNotItsText) {
-    ItemRecord asRead = Row();
-    asRead[ItemFieldIndex("fContent")] = Value();
-    ItemRecord now = Row();
-    now[ItemFieldIndex("fContent")] = Value("");
-    // No value and an empty text look alike; the entry would make neither of them different.
-    EXPECT_TRUE(FindConflicts(asRead, now, EntryOf(asRead)).empty());
-    now[ItemFieldIndex("taskTime")] = Value(DateTime(2003, 3, 7, 8, 15, 1));
-    EXPECT_EQ(FindConflicts(asRead, now, EntryOf(asRead)), Fields{ItemFieldIndex("taskTime")});
-}
-
-TEST(FindConflicts, AFieldThatIsNotWrittenIsNone) {
-    ItemRecord now = Row();
-    now[ItemFieldIndex("tDone")] = Value(7);
-    ItemEntry entry = EntryOf(Row());
-    entry[ItemFieldIndex("tDone")].reset();
-    EXPECT_TRUE(FindConflicts(Row(), now, entry).empty());
-}
-
-TEST(ItemFieldIndex, AnswersBehindTheLastForAnUnknownField) {
-    EXPECT_EQ(ItemFieldIndex("fID"), kItemFields.size());
+TEST(ItemGroups, OnlyTheUserIsAlwaysTheCurrentOne) {
+    const std::vector<std::size_t> groups = ItemGroups();
+    for (std::size_t i = 0; i < groups.size(); i++) {
+        EXPECT_EQ(groups[i] == store::RowMerge::kAlwaysOwn, kItemFields[i] == "fUser")
+            << kItemFields[i];
+    }
 }
 
 }  // namespace

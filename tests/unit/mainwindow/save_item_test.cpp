@@ -1,32 +1,11 @@
 #include "base/text.h"
-#include "main_window_fixture.h"
-#include "mainwindow/conflict_question.h"
 #include "mainwindow/item_saving.h"
+#include "save_item_fixture.h"
+#include "stage/written_fields.h"
+#include "store/sqlite/sqlite_connection.h"
 
 namespace zv::mainwindow {
 namespace {
-
-class SaveItem : public MainWindow {
- protected:
-    SaveItem() {
-        stage.Sql(
-            "insert into tTaskList(fType,TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,"
-            "tDoneMan,fUser,fOther0) values(0,7,'甲','内容','2003-03-07 08:15:42',"
-            "'2003-03-01 00:00:00','2003-03-31 00:00:00','王五','李四','o0')");
-    }
-    /// The item shown, with the editor open for a change.
-    frmTaskMain& Change() {
-        frmTaskMain& window = Open();
-        ClickNode("Z1");
-        stage.user.Choose(window.menus.mnuTaskChg);
-        stage.statements.Take();
-        return window;
-    }
-    std::string Row(const std::string& columns, const std::string& from = "tTaskList where fID=1") {
-        return stage.Query("select " + columns + " from " + from);
-    }
-    void Save() { stage.user.Click(stage.Window()->cmdSave); }
-};
 
 TEST_F(SaveItem, ChangesTheRowThatWasOpened) {
     frmTaskMain& window = Change();
@@ -124,12 +103,6 @@ TEST_F(SaveItem, AnItemSavedWhilePlansAreShownIsToldToo) {
               (Lines{"0|[今天]: 新增完毕 ！", "64|[今天]: 已儲存，但目前列表不顯示該項！"}));
 }
 
-TEST_F(SaveItem, KeepsWhatTheItemBelongsTo) {
-    Change();
-    Save();
-    EXPECT_EQ(Row("TaskID"), "7");
-}
-
 TEST_F(SaveItem, AddsANewRow) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
@@ -159,37 +132,6 @@ TEST_F(SaveItem, FillsTheTreeAndLocksTheEditor) {
     EXPECT_EQ(window.cmdSave.Caption(), "保存(&S)");
 }
 
-TEST_F(SaveItem, AGuestItemNeedsACard) {
-    frmTaskMain& window = Open();
-    stage.user.Choose(window.menus.mnuGuestAdd);
-    ShowTab(kItemTab);
-    stage.statements.Take();
-    Save();
-    EXPECT_EQ(stage.dialogs.messages, Lines{"48|请输入客户资料！"});
-    EXPECT_TRUE(window.txtCompSeek.HasFocus());
-    EXPECT_TRUE(stage.statements.Take().empty());
-    EXPECT_TRUE(window.state.Editing());
-    // A number below 1 is no card either.
-    stage.session.state.cardId = -5;
-    Save();
-    EXPECT_EQ(stage.dialogs.messages.size(), 2u);
-    EXPECT_EQ(Row("count(*)", "tTaskList"), "1");
-}
-
-TEST_F(SaveItem, AGuestItemTakesTheCardAsItsOwner) {
-    stage.Sql(
-        "insert into cards(fID,CompCode,CompName,\"Name\") values(70000,'C7','某公司','孙七')");
-    frmTaskMain& window = Open();
-    stage.user.Choose(window.menus.mnuGuestAdd);
-    stage.user.Type(window.txtCompSeek, "c7");
-    stage.user.Key(window.txtCompSeek, forms::key::kEnter);
-    stage.user.Key(window.cboComp2, forms::key::kEnter);
-    EXPECT_EQ(window.txtTitle2.Text(), "某公司--拜访记录");
-    Save();
-    EXPECT_EQ(Row("TaskID||'|'||fGuest||'|'||taskTitle||'|'||fWay", "tTaskList where fType=1"),
-              "70000|孙七|某公司--拜访记录|电话");
-}
-
 TEST_F(SaveItem, AnItemThatAnotherUserDeletedIsTold) {
     frmTaskMain& window = Change();
     stage.user.Type(window.txtTitle2, "乙");
@@ -201,60 +143,127 @@ TEST_F(SaveItem, AnItemThatAnotherUserDeletedIsTold) {
     EXPECT_TRUE(window.state.Editing());
 }
 
-TEST_F(SaveItem, AnItemThatAnotherUserChangedIsAskedAbout) {
+TEST_F(SaveItem, WhatBothUsersChangedIsAskedAbout) {
     frmTaskMain& window = Change();
     stage.user.Type(window.txtTitle2, "我的");
     stage.Sql("update tTaskList set taskTitle='他的',tDone=1");
-    stage.dialogs.answers = {forms::Answer::No};
+    stage.dialogs.answers = {forms::Answer::Cancel};
     Save();
     ASSERT_EQ(stage.dialogs.messages.size(), 1u);
     const std::string& question = stage.dialogs.messages[0];
-    EXPECT_TRUE(question.starts_with("36|")) << question;
+    EXPECT_TRUE(question.starts_with("35|")) << question;
     EXPECT_NE(question.find("主题: 现存 [他的], 您的 [我的]"), std::string::npos) << question;
-    EXPECT_NE(question.find("状况: 现存 [已完成], 您的 [未完成]"), std::string::npos) << question;
-    EXPECT_EQ(question.find("内容"), question.rfind("内容覆盖") - std::string("用您的").size() +
-                                         std::string("用您的").size());
-    // No: theirs stays, and so does the input.
+    EXPECT_EQ(question.find("状况"), std::string::npos) << question;
+    // Called off: nothing is written, and the input stays.
     EXPECT_EQ(Row("taskTitle||tDone"), "他的1");
     EXPECT_EQ(window.txtTitle2.Text(), "我的");
     EXPECT_TRUE(window.state.Editing());
     stage.dialogs.answers = {forms::Answer::Yes};
     Save();
-    EXPECT_EQ(Row("taskTitle||tDone"), "我的0");
+    EXPECT_EQ(Row("taskTitle||tDone"), "我的1");
     EXPECT_EQ(stage.dialogs.messages.back(), "0|[我的]: 修改完毕 ！");
+}
+
+TEST_F(SaveItem, WhatThisUserDidNotTouchKeepsWhatAnotherUserStored) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "我的");
+    stage.Sql(
+        "update tTaskList set fWay='w',TaskID=9,fGuest='g',tDoneMan='d',"
+        "taskTime='2003-03-08 01:02:03',fContent='c',fOther3='o',fUser='u',fType=2,tDone=2");
+    Save();
+    EXPECT_EQ(stage.dialogs.messages.at(0), "0|[我的]: 修改完毕 ！");
+    EXPECT_EQ(Row("fType||'|'||fWay||'|'||TaskID||'|'||fGuest||'|'||taskTitle||'|'||tDoneMan||'|'||"
+                  "taskTime||'|'||tDuring1||'|'||tDuring2"),
+              "2|w|9|g|我的|d|2003-03-08 01:02:03|2003-03-08 01:02:03|2003-03-08 01:02:03");
+    EXPECT_EQ(Row("fContent||'|'||fOther0||fOther3||'|'||fUser||'|'||tDone"), "c|o0o|张三|2");
+}
+
+TEST_F(SaveItem, EachConflictIsDecidedByItself) {
+    frmTaskMain& window = Change();
+    stage.user.Type(window.txtTitle2, "我的");
+    stage.user.Type(window.txtTaskCon, "我的内容");
+    stage.user.Type(window.txtOther[1], "o1");
+    stage.Sql("update tTaskList set taskTitle='他的',fContent='他的内容',fOther2='o2'");
+    stage.dialogs.answers = {forms::Answer::No, forms::Answer::Yes};
+    Save();
+    ASSERT_EQ(stage.dialogs.messages.size(), 3u);
+    EXPECT_EQ(stage.dialogs.messages[2], "0|[他的]: 修改完毕 ！");
+    EXPECT_EQ(Row("taskTitle||'|'||fContent||'|'||fOther1||fOther2"), "他的|我的内容|o1o2");
+}
+
+TEST_F(SaveItem, StateAndDoerComeFromOneUser) {
+    frmTaskMain& window = Change();
+    stage.user.Pick(window.cboDone2, kDone);
+    stage.Sql("update tTaskList set tDoneMan='李四'");
+    stage.dialogs.answers = {forms::Answer::Yes};
+    Save();
+    EXPECT_NE(stage.dialogs.messages[0].find("执行人: 现存 [李四], 您的 [王五]"), std::string::npos)
+        << stage.dialogs.messages[0];
+    EXPECT_NE(stage.dialogs.messages[0].find("状况: 现存 [未完成], 您的 [已完成]"),
+              std::string::npos);
+    EXPECT_EQ(Row("tDone||tDoneMan"), "1王五");
+}
+
+TEST_F(SaveItem, TheFieldsAreSetInTheirOrderWhateverWasChanged) {
+    stage::WrittenFields written;
+    stage.opener.open = [&](const store::ConnectionSettings& settings) {
+        return written.Watch(store::OpenSqlite(settings.dataPath.ForDriver()));
+    };
+    const Lines order{"fType",    "fWay",     "TaskID",   "fGuest",   "taskTitle", "tDoneMan",
+                      "taskTime", "tDuring1", "tDuring2", "fContent", "fOther0",   "fOther1",
+                      "fOther2",  "fOther3",  "fOther4",  "fOther5",  "fUser",     "tDone"};
+    frmTaskMain& window = Change();
+    Save();
+    EXPECT_EQ(written.names, order);
+    written.names.clear();
+    stage.user.Choose(window.menus.mnuDailyAdd);
+    Save();
+    EXPECT_EQ(written.names, order);
+    stage.session.database.Close();
 }
 
 TEST_F(SaveItem, TheQuestionNamesEveryField) {
     frmTaskMain& window = Change();
     stage.user.Type(window.txtTaskCon, std::string(200, 'x'));
+    ShowTab(kCardTab);
+    stage.user.Type(window.cboWay, "mine");
+    ShowTab(kItemTab);
+    stage.user.Type(window.cboJbr2, "m");
+    stage.user.SetDate(window.DTPicker2, DateTime(2003, 3, 7, 9, 0));
+    stage.user.Type(window.txtOther[3], "p");
+    stage.user.Pick(window.cboType2, kDiary);
     stage.Sql(
         "update tTaskList set fWay='w',TaskID=9,fGuest='g',tDoneMan='d',"
         "taskTime='2003-03-08 00:00:00',tDuring1='2003-03-02 00:00:00',fContent='c',fOther3='o',"
-        "fUser='u',fType=2");
-    stage.dialogs.answers = {forms::Answer::No};
+        "fUser='u'");
+    stage.dialogs.answers.assign(6, forms::Answer::Yes);
     Save();
-    const std::string question = stage.dialogs.messages.at(0);
-    for (const char* line :
-         {"联络方式: 现存 [w], 您的 []", "管理事件: 现存 [9], 您的 [7]", "联系人: 现存 [g]",
-          "执行人: 现存 [d], 您的 [王五]",
-          "日期: 现存 [2003-03-08 00:00:00], 您的 [2003-03-07 08:15:42]",
-          "报警范围: 现存 [2003-03-02 00:00:00]", "内容: 现存 [c], 您的 [xxxx", "备注 4: 现存 [o]",
-          "设置人: 现存 [u], 您的 [张三]", "类型: 现存 [工作日志], 您的 [任务]"}) {
-        EXPECT_NE(question.find(line), std::string::npos) << line << " in " << question;
+    std::string questions;
+    for (const std::string& message : stage.dialogs.messages) questions += message + "\n";
+    for (const char* line : {"联络方式: 现存 [w], 您的 [mine]", "管理事件: 现存 [9], 您的 [7]",
+                             "联系人: 现存 [g], 您的 []", "执行人: 现存 [d], 您的 [m]",
+                             "日期: 现存 [2003-03-08 00:00:00], 您的 [2003-03-07 09:00:00]",
+                             "报警范围: 现存 [2003-03-02 00:00:00]", "内容: 现存 [c], 您的 [xxxx",
+                             "备注 4: 现存 [o], 您的 [p]", "类型: 现存 [任务], 您的 [工作日志]"}) {
+        EXPECT_NE(questions.find(line), std::string::npos) << line << " in " << questions;
     }
-    EXPECT_EQ(question.find(std::string(61, 'x')), std::string::npos);
+    EXPECT_EQ(questions.find(std::string(61, 'x')), std::string::npos);
+    EXPECT_EQ(questions.find("设置人"), std::string::npos);
 }
 
 TEST_F(SaveItem, TheQuestionNamesTheCustomersOfAVisit) {
     stage.Sql(
-        "insert into cards(fID,CompName) values(5,'甲公司');"
+        "insert into cards(fID,CompCode,CompName) values(5,'C5','甲公司');"
         "insert into cards(fID,CompName) values(6,'乙公司');"
-        "update tTaskList set fType=1,TaskID=5");
+        "insert into cards(fID,CompName) values(7,'丙公司');"
+        "update tTaskList set fType=1,TaskID=7");
     frmTaskMain& window = Change();
+    stage.user.Type(window.txtCompSeek, "C5");
+    stage.user.Key(window.txtCompSeek, forms::key::kEnter);
     const auto ask = [&](const std::string& card) {
         stage.Sql("update tTaskList set TaskID=" + card);
         stage.dialogs.messages.clear();
-        stage.dialogs.answers = {forms::Answer::No};
+        stage.dialogs.answers = {forms::Answer::Cancel};
         Save();
         return stage.dialogs.messages.at(0);
     };
@@ -268,34 +277,11 @@ TEST_F(SaveItem, TheQuestionNamesTheCustomersOfAVisit) {
     EXPECT_TRUE(window.state.Editing());
 }
 
-TEST(Excerpts, ShortTextsAreShownWhole) {
-    EXPECT_EQ(Excerpts("", ""), (std::pair<std::string, std::string>("", "")));
-    EXPECT_EQ(Excerpts("abc", "abd"), (std::pair<std::string, std::string>("abc", "abd")));
-    const std::string sixty(60, 'x');
-    EXPECT_EQ(Excerpts(sixty, ""), (std::pair<std::string, std::string>(sixty, "")));
-}
-
-TEST(Excerpts, LongTextsAreCut) {
-    const auto [one, other] = Excerpts(std::string(61, 'x'), "y");
-    EXPECT_EQ(one, std::string(60, 'x') + "...");
-    EXPECT_EQ(other, "y");
-}
-
-TEST(Excerpts, LongTextsThatBeginAlikeAreShownFromTheDifferenceOn) {
-    std::string alike;
-    for (int i = 0; i < 100; i++) alike += "国";
-    const auto [one, other] = Excerpts(alike + "甲", alike + "乙" + std::string(100, 'x'));
-    const std::string lead = "...国国国国国国国国国国";
-    EXPECT_EQ(one, lead + "甲");
-    EXPECT_EQ(other, lead + "乙" + std::string(49, 'x') + "...");
-    EXPECT_EQ(Excerpts(alike, alike + "甲").first, lead);
-}
-
 TEST_F(SaveItem, WhatChangesWhileTheQuestionStandsIsAskedAboutToo) {
     frmTaskMain& window = Change();
     stage.user.Type(window.txtTitle2, "我的");
     stage.Sql("update tTaskList set taskTitle='他的'");
-    stage.dialogs.answers = {forms::Answer::Yes, forms::Answer::No};
+    stage.dialogs.answers = {forms::Answer::Yes, forms::Answer::Cancel};
     int shown = 0;
     stage.dialogs.onMessage = [&](const std::string&) {
         if (++shown == 1) stage.Sql("update tTaskList set taskTitle='第三'");
@@ -335,7 +321,7 @@ TEST_F(SaveItem, AChangeBetweenOpeningAndWritingIsRefusedAndThenAskedAbout) {
     EXPECT_EQ(window.txtTitle2.Text(), "我的");
     EXPECT_TRUE(window.state.Editing());
     stage.statements.onRow = nullptr;
-    stage.dialogs.answers = {forms::Answer::No};
+    stage.dialogs.answers = {forms::Answer::Cancel};
     Save();
     EXPECT_NE(stage.dialogs.messages.back().find("现存 [他的], 您的 [我的]"), std::string::npos);
     EXPECT_EQ(Row("taskTitle"), "他的");
@@ -362,40 +348,14 @@ TEST_F(SaveItem, AChangeAfterAFillThatFailedIsComparedWithTheRowOfNow) {
     stage.user.Choose(window.menus.mnuTaskChg);
     EXPECT_EQ(window.txtTaskCon.Text(), "他的");
     stage.user.Type(window.txtTitle2, "丙");
+    stage.user.Type(window.txtTaskCon, "他的和我的");
     stage.Sql("update tTaskList set fContent='又改'");
     stage.dialogs.messages.clear();
-    stage.dialogs.answers = {forms::Answer::No};
+    stage.dialogs.answers = {forms::Answer::Cancel};
     Save();
     ASSERT_EQ(stage.dialogs.messages.size(), 1u);
-    EXPECT_NE(stage.dialogs.messages[0].find("现存 [又改], 您的 [他的]"), std::string::npos);
+    EXPECT_NE(stage.dialogs.messages[0].find("现存 [又改], 您的 [他的和我的]"), std::string::npos);
     EXPECT_EQ(Row("taskTitle||fContent"), "乙又改");
-}
-
-TEST_F(SaveItem, WhateverItsKindItTakesTheCardThatIsPickedMeanwhile) {
-    stage.Sql("insert into cards(fID,CompCode,CompName) values(9,'C9','某公司')");
-    frmTaskMain& window = Change();
-    const auto lookUp = [&] {
-        ShowTab(kCardTab);
-        stage.user.Type(window.txtCompSeek, "C9");
-        stage.user.Key(window.txtCompSeek, forms::key::kEnter);
-        EXPECT_EQ(stage.session.state.cardId, 9);
-    };
-    lookUp();
-    Save();
-    EXPECT_EQ(Row("fType||'|'||TaskID"), "0|9");
-    stage.user.Choose(window.menus.mnuDailyAdd);
-    lookUp();
-    Save();
-    EXPECT_EQ(Row("TaskID", "tTaskList where fType=2"), "9");
-}
-
-TEST_F(SaveItem, AKindChangedToAVisitAndBackKeepsThePlan) {
-    frmTaskMain& window = Change();
-    stage.user.Pick(window.cboType2, kGuest);
-    EXPECT_EQ(stage.session.state.cardId, 0);
-    stage.user.Pick(window.cboType2, 0);
-    Save();
-    EXPECT_EQ(Row("fType||'|'||TaskID"), "0|7");
 }
 
 TEST_F(SaveItem, OwnActsAreNotAskedAbout) {

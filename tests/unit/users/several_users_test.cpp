@@ -65,13 +65,43 @@ TEST_P(SeveralUsers, WhoeverSavesLaterIsAskedAndMayKeepWhatIsThere) {
     other_->Tell("open shared theirs");
     EXPECT_EQ(other_->Tell("save").substr(0, 2), "0|");
     EXPECT_EQ(Content(), "theirs");
-    const std::string question = one_->Tell("save no");
+    const std::string question = one_->Tell("save cancel");
     EXPECT_NE(question.find("theirs"), std::string::npos) << question;
     EXPECT_NE(question.find("mine"), std::string::npos) << question;
     EXPECT_EQ(Content(), "theirs");
     // The editor is still open with what was typed; the next time the answer may be another.
     one_->Tell("save yes");
     EXPECT_EQ(Content(), "mine");
+}
+
+TEST_P(SeveralUsers, FieldsThatOnlyOneOfThemChangedAreBothStored) {
+    one_->Tell("open shared mine");
+    Run("update tTaskList set fOther2='theirs',tDone=2,tDoneMan='other',fGuest='guest' "
+        "where taskTitle='shared'");
+    EXPECT_EQ(one_->Tell("save"), "0|[shared]: 修改完毕 ！");
+    EXPECT_EQ(Content(), "mine");
+    EXPECT_EQ(Get("select fOther2 from tTaskList where taskTitle='shared'"), "theirs");
+    EXPECT_EQ(Get("select tDone from tTaskList where taskTitle='shared'"), "2");
+    EXPECT_EQ(Get("select tDoneMan from tTaskList where taskTitle='shared'"), "other");
+    EXPECT_EQ(Get("select fGuest from tTaskList where taskTitle='shared'"), "guest");
+    EXPECT_EQ(Get("select fUser from tTaskList where taskTitle='shared'"), "one");
+}
+
+TEST_P(SeveralUsers, WhoeverKeepsWhatIsThereStillStoresTheRest) {
+    one_->Tell("open shared mine");
+    other_->Tell("open shared theirs");
+    other_->Tell("save");
+    one_->Tell("save no");
+    EXPECT_EQ(Content(), "theirs");
+    EXPECT_EQ(Get("select fUser from tTaskList where taskTitle='shared'"), "one");
+}
+
+TEST_P(SeveralUsers, GeneratingAPlanLeavesVisitsUnderItsNumber) {
+    Run("insert into tTaskList(fType,TaskID,taskTitle,taskTime,tDone) "
+        "values(1,7,'visit','2003-03-07',1)");
+    EXPECT_EQ(one_->Tell("generate 7 yes").find("36|"), std::string::npos);
+    EXPECT_EQ(Get("select count(*) from tTaskList where fType=1"), "1");
+    EXPECT_EQ(Get("select count(*) from tTaskList where TaskID=7"), std::to_string(kDays + 1));
 }
 
 TEST_P(SeveralUsers, AnItemThatSomebodyDeletedIsNotSavedAndTheUserIsTold) {

@@ -86,6 +86,7 @@ class Desk {
         throw std::logic_error("unknown word: " + act);
     }
     static Answer AnswerOf(const std::string& word) {
+        if (word == "cancel") return Answer::Cancel;
         return word == "yes" ? Answer::Yes : Answer::No;
     }
 

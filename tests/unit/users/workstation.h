@@ -25,7 +25,7 @@ class Workstation {
     ///   shows TITLE           answers "yes" or "no"
     ///   add TITLE CONTENT
     ///   open TITLE CONTENT    selects the item, opens it for a change and types the content
-    ///   save [yes|no]         the answer to the question about a conflict
+    ///   save [yes|no|cancel]  the answer to the question about a conflict
     ///   complete TITLE
     ///   delete TITLE
     ///   generate PLAN yes|no  whether items that are done go, too
