@@ -32,6 +32,17 @@ const char kHelp[] =
       is an Access file, an embedded file or a server, TO an embedded file or a
       SERVER with tables (create --to), but not by "HOST" alone. FROM is only read. A
       TO that holds rows is refused without --replace.
+  zvdb backup FILE TO [--force] [--quiet]
+      Copies an embedded file that programs may have open, as it is at one moment,
+      and checks the copy. Copying FILE by other means loses what is in its log.
+  zvdb restore BACKUP FILE [--replace] [--quiet]
+      Checks BACKUP, then puts it into FILE. One that is there is refused without
+      --replace; programs may have it open, they go on with the new contents.
+  zvdb mode FILE [rollback|wal]
+      Tells in which journal mode an embedded file is, or changes it while no program
+      has it open. "wal", the mode of new files, lets programs of one machine read and
+      write at once. On a network share it would destroy the file, so programs refuse
+      it there; "rollback" is for files that several machines share.
 
   SERVER is named as the control's data path names it: "postgresql:HOST",
   "postgresql://HOST:PORT/DATABASE", "HOST" or "HOST\INSTANCE" for SQL Server, or a
@@ -40,15 +51,16 @@ const char kHelp[] =
   stands for the first line of FILE: other users can read a command line, and the
   password in it.
 
-  --force   replaces a FILE that is there, or the tables of the system on a SERVER;
+  --force   replaces a file that is there, or the tables of the system on a SERVER;
             without it nothing is ever overwritten
   --dry-run reads and judges everything, writes nothing
-  --replace empties the tables of TO first; all in one step with the import
+  --replace empties the tables of TO first; all in one step with the import. A
+            restore takes the place of all that FILE holds
   --quiet   shows no progress
 
-Exit status: 0 all is well, 1 check found something wrong, or an import is complete
-with remarks, 2 wrong arguments, a file that cannot be made or read, or an import
-that was not made: TO is as it was.
+Exit status: 0 all is well, 1 check found something wrong, or an import, a backup or
+a restore is complete with remarks, 2 wrong arguments, a file that cannot be made or
+read, or an import, backup or restore that was not made: what was there is as it was.
 )";
 
 namespace {
@@ -94,6 +106,9 @@ Command CommandNamed(const std::string& name) {
     if (name == "sample") return Command::Sample;
     if (name == "check") return Command::Check;
     if (name == "import") return Command::Import;
+    if (name == "mode") return Command::Mode;
+    if (name == "backup") return Command::Backup;
+    if (name == "restore") return Command::Restore;
     throw UsageError("there is no command \"" + name + "\"");
 }
 
@@ -120,6 +135,38 @@ ImportCommand ParseImport(const std::vector<std::string>& arguments) {
     return command;
 }
 
+/// Commands about one embedded file and something else.
+void ParseFileCommand(const std::vector<std::string>& arguments, CommandLine& line) {
+    const std::string& name = arguments[0];
+    std::vector<std::string> names;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (argument == "--force" && line.command == Command::Backup) {
+            line.force = true;
+        } else if (argument == "--replace" && line.command == Command::Restore) {
+            line.replace = true;
+        } else if (argument == "--quiet" && line.command != Command::Mode) {
+            line.quiet = true;
+        } else if (argument.starts_with("--")) {
+            throw UsageError("\"" + name + "\" has no option \"" + argument + "\"");
+        } else {
+            names.push_back(argument);
+        }
+    }
+    if (line.command == Command::Mode) {
+        const bool known = names.size() < 2 || names[1] == "rollback" || names[1] == "wal";
+        if (names.empty() || names.size() > 2 || !known) {
+            throw UsageError("mode wants a file name and perhaps \"rollback\" or \"wal\"");
+        }
+    } else if (names.size() != 2) {
+        throw UsageError(line.command == Command::Backup
+                             ? "backup wants two names, FILE and TO"
+                             : "restore wants two names, BACKUP and FILE");
+    }
+    line.file = names[0];
+    if (names.size() == 2) line.second = names[1];
+}
+
 }  // namespace
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime today) {
@@ -132,6 +179,11 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
     line.command = CommandNamed(arguments[0]);
     if (line.command == Command::Import) {
         line.import = ParseImport(arguments);
+        return line;
+    }
+    if (line.command == Command::Mode || line.command == Command::Backup ||
+        line.command == Command::Restore) {
+        ParseFileCommand(arguments, line);
         return line;
     }
     const bool writes = line.command == Command::Sample || line.command == Command::Create;

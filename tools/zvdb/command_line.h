@@ -10,12 +10,14 @@
 
 namespace zv::zvdb {
 
-enum class Command { Help, Create, Sample, Check, Import };
+enum class Command { Help, Create, Sample, Check, Import, Mode, Backup, Restore };
 
 struct CommandLine {
     Command command = Command::Help;
     std::string file;    ///< empty with a server
     std::string server;  ///< empty with a file
+    std::string second;  ///< where a backup goes to, what it is restored into, the mode to be
+    bool replace = false;
     bool force = false;
     bool quiet = false;
     SampleOptions sample;

@@ -1,19 +1,26 @@
 #include "zvdb/engine.h"
 
+#include "store/sqlite/journal_mode.h"
+
 namespace zv::zvdb {
 
-Engine::Engine(const std::string& path, int flags) {
+Engine::Engine(const std::string& path, int flags, Users users) {
+    namespace sqlite = store::sqlite;
+    const bool share = users == Users::Others && path != ":memory:" && sqlite::IsOnShare(path);
+    if (share && sqlite::UsesWriteAheadLog(path)) throw ShareError(sqlite::RefusedOnShare(path));
     sqlite3* handle = nullptr;
     // An engine belongs to one thread; asking for its mutex at each value would cost a good part of
     // the time.
-    const int code =
-        sqlite3_open_v2(path.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code = sqlite3_open_v2(path.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX,
+                                     share ? sqlite::ShareVfs() : nullptr);
     handle_.reset(handle);
     if (code != SQLITE_OK) {
         throw EngineError(code & 0xFF,
                           handle != nullptr ? sqlite3_errmsg(handle) : "out of memory");
     }
     sqlite3_busy_timeout(handle, 2000);
+    // Before the file is looked at, so that a log is used without memory that is shared.
+    if (users == Users::Alone) Run("pragma main.locking_mode=exclusive; begin exclusive; commit");
 }
 
 void Engine::Fail(const std::string& what) const {

@@ -21,10 +21,23 @@ class EngineError : public std::runtime_error {
     int code_;
 };
 
+/// The file is in a mode that is not safe where it lies; the text holds path and remedy.
+class ShareError : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
 class Engine {
  public:
-    /// Opens an existing file; never creates one. `flags` as the engine knows them.
-    explicit Engine(const std::string& path, int flags = SQLITE_OPEN_READWRITE);
+    enum class Users {
+        Others,  ///< other programs may have the file open
+        Alone,   ///< nobody else has it, or may get it; throws when somebody has
+    };
+
+    /// Opens an existing file; never creates one. `flags` as the engine knows them. Throws
+    /// ShareError when others may have it open and its mode is not safe for that.
+    explicit Engine(const std::string& path, int flags = SQLITE_OPEN_READWRITE,
+                    Users users = Users::Others);
 
     void Run(const std::string& sql);
     /// First column of the first row, as text; empty without a row.

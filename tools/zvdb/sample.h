@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "base/date_time.h"
 #include "zvdb/engine.h"
@@ -31,8 +32,10 @@ struct SampleOptions {
 void FillSample(Engine& engine, const SampleOptions& options, Progress& progress);
 
 /// Creates `path` with the schema, and the sample data when `options` is given. The file appears
-/// under its name only when it is complete; one that was there is replaced. Throws EngineError or
+/// under its name only when it is complete, and is checked there; one that was there is replaced.
+/// Answers what was set aside, a sentence each. Throws EngineError, RuntimeError, FileError or
 /// std::filesystem::filesystem_error.
-void CreateDatabase(const std::string& path, const SampleOptions* options, Progress& progress);
+std::vector<std::string> CreateDatabase(const std::string& path, const SampleOptions* options,
+                                        Progress& progress);
 
 }  // namespace zv::zvdb

@@ -119,7 +119,7 @@ void CreateServerSample(const std::string& server, bool replace, const SampleOpt
         Create(link, replace);
     }
     const auto source = OpenSource(file.Path());
-    const auto target = OpenTarget(server, progress);
+    const auto target = OpenTarget(server, {}, progress);
     ImportReport report;
     Importer(*source, *target, report, progress).Run(false, false);
     progress.Finish();

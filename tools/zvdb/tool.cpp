@@ -5,10 +5,12 @@
 
 #include "base/path.h"
 #include "store/connection_text.h"
+#include "zvdb/backup.h"
 #include "zvdb/check.h"
 #include "zvdb/command_line.h"
 #include "zvdb/hidden_output.h"
 #include "zvdb/import/endpoint.h"
+#include "zvdb/journal.h"
 #include "zvdb/server_database.h"
 
 namespace zv::zvdb {
@@ -49,7 +51,10 @@ int Create(const CommandLine& line, const Console& console) {
     if (!line.force && std::filesystem::exists(file)) {
         throw FileError("the file is there already (--force replaces it)");
     }
-    CreateDatabase(line.file, sample ? &line.sample : nullptr, progress);
+    for (const std::string& aside :
+         CreateDatabase(line.file, sample ? &line.sample : nullptr, progress)) {
+        console.err << "zvdb: " << aside << '\n';
+    }
     if (sample) {
         Engine engine(line.file);
         PrintCounts(CheckSchema(engine), console.out);
@@ -57,12 +62,35 @@ int Create(const CommandLine& line, const Console& console) {
     return kFine;
 }
 
-int Check(const CommandLine& line, const Console& console) {
-    const Report report = line.server.empty() ? CheckDatabase(line.file) : CheckServer(line.server);
+int Tell(const Report& report, const Console& console) {
     PrintCounts(report, console.out);
     for (const std::string& problem : report.problems) console.out << "wrong: " << problem << '\n';
     if (!report.problems.empty()) return kFoundWrong;
     console.out << "nothing wrong\n";
+    return kFine;
+}
+
+int Check(const CommandLine& line, const Console& console) {
+    return Tell(line.server.empty() ? CheckDatabase(line.file) : CheckServer(line.server), console);
+}
+
+int Copy(const CommandLine& line, const Console& console) {
+    Progress progress(line.quiet ? nullptr : &console.err, console.terminal);
+    const Copied copied = line.command == Command::Backup
+                              ? BackUp(line.file, line.second, line.force, progress)
+                              : Restore(line.file, line.second, line.replace, progress);
+    progress.Finish();
+    for (const std::string& aside : copied.aside) console.err << "zvdb: " << aside << '\n';
+    return Tell(copied.report, console);
+}
+
+int Mode(const CommandLine& line, const Console& console) {
+    if (!line.second.empty()) {
+        SetJournalKind(line.file,
+                       line.second == "wal" ? JournalKind::WriteAhead : JournalKind::RollBack);
+    }
+    const bool ahead = JournalKindOf(line.file) == JournalKind::WriteAhead;
+    console.out << (ahead ? "wal\n" : "rollback\n");
     return kFine;
 }
 
@@ -87,6 +115,11 @@ int RunCommand(const std::vector<std::string>& arguments, DateTime today, const 
                 return Check(line, console);
             case Command::Import:
                 return RunImport(line.import, console);
+            case Command::Mode:
+                return Mode(line, console);
+            case Command::Backup:
+            case Command::Restore:
+                return Copy(line, console);
         }
         return kCannot;
     } catch (const UsageError& error) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "store/connection.h"
+#include "store/time_limit.h"
 
 namespace zv::store::odbc {
 
@@ -23,7 +24,7 @@ struct OdbcOptions {
     /// A connection that is not there by then is given up; so is a statement. Neither blocks the
     /// caller any longer, whatever driver and network do. At least a second.
     std::chrono::milliseconds connectLimit{15'000};
-    std::chrono::milliseconds statementLimit{30'000};
+    std::chrono::milliseconds statementLimit = kStatementLimit;
     /// Statements are in the system's dialect and are translated for the servers that need it
     /// (PostgreSQL, SQLite), one at a time (one_statement.h). Otherwise texts go as they are, also
     /// several statements in one, and recordsets cannot be written.

@@ -9,6 +9,7 @@
 #include "store/odbc/named_tables.h"
 #include "store/odbc/written_names.h"
 #include "store/one_statement.h"
+#include "store/time_limit.h"
 
 namespace zv::store::odbc {
 namespace {
@@ -27,10 +28,6 @@ milliseconds GraceOf(milliseconds limit) {
 std::chrono::seconds DriverLimit(milliseconds limit) {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(limit - GraceOf(limit));
     return std::max(seconds, std::chrono::seconds{1});
-}
-
-std::string SecondsText(milliseconds limit) {
-    return std::to_string((limit.count() + 500) / 1000) + " s";
 }
 
 dialect::Translation TranslationFor(const std::string& sql, Server server,
@@ -94,39 +91,42 @@ Session::~Session() {
 void Session::Close() noexcept {
     recordsets_->Abandon();
     if (!link_) return;
-    // The driver's farewell to the server must not keep anyone either.
-    worker_->Run(
-        [link = std::move(link_)]() mutable {
-            link.reset();
-            return true;
-        },
-        kClosingLimit, kClosingLimit, {});
+    try {
+        // The driver's farewell to the server must not keep anyone either.
+        worker_->Run(
+            [link = std::move(link_)]() mutable {
+                link.reset();
+                return true;
+            },
+            kClosingLimit, kClosingLimit, {});
+    } catch (...) {
+        // Without memory or a thread for the way round, the link says farewell here.
+    }
     link_.reset();
 }
 
 void Session::Lose() noexcept {
     lost_ = true;
-    RunAside([link = std::move(link_)]() mutable { link.reset(); });
+    try {
+        RunAside([link = std::move(link_)]() mutable { link.reset(); });
+    } catch (...) {
+        // As above.
+    }
     link_.reset();
 }
 
 void Session::GiveUp(bool connecting) {
     lost_ = true;
     link_.reset();
-    const ServerCode code{connecting ? "HYT01" : "HYT00", 0};
     if (connecting) {
         throw RuntimeError(ErrorNumber::DatabaseFailure,
                            "Cannot connect to the database server \"" + options_.name +
                                "\": it did not answer within the time limit (" +
                                SecondsText(options_.connectLimit) + ").",
-                           kErrorSource, code)
+                           kErrorSource, ServerCode{"HYT01", 0})
             .Of(ErrorKind::ServerUnknown);
     }
-    throw RuntimeError(ErrorNumber::DatabaseFailure,
-                       "The database server did not answer within the time limit (" +
-                           SecondsText(options_.statementLimit) + "). Try again.",
-                       kErrorSource, code)
-        .Of(ErrorKind::TimeLimit);
+    throw StatementTookTooLong("The database server", options_.statementLimit, kErrorSource);
 }
 
 void Session::CheckOpen() const {

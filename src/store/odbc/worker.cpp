@@ -7,6 +7,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <deque>
+#include <memory>
 #include <mutex>
 
 namespace zv::store::odbc {
@@ -94,11 +95,20 @@ void Worker::Abandon() {
 }
 
 void RunAside(std::function<void()> job) {
-    abandonedThreads++;
-    std::thread([job = std::move(job)]() mutable {
-        job();
+    struct Count {
+        Count() { abandonedThreads++; }
+        ~Count() { abandonedThreads--; }
+        Count(const Count&) = delete;
+        Count& operator=(const Count&) = delete;
+    };
+    auto count = std::make_unique<Count>();
+    std::thread([job = std::move(job), count = std::move(count)]() mutable {
+        try {
+            job();
+        } catch (...) {
+            // Nobody waits for an answer.
+        }
         job = nullptr;
-        abandonedThreads--;
     }).detach();
 }
 

@@ -15,9 +15,14 @@ std::string_view SqliteSchema();
 std::string_view PostgreSqlSchema();
 std::string_view SqlServerSchema();
 
-/// Makes a new database file with empty tables (UTF-8 path). Throws RuntimeError: error 58 when
-/// something of that name exists, DatabaseFailure with reason and path when the file cannot be
-/// written; leaves no half-made file behind.
+/// Makes a new database file with empty tables (UTF-8 path), in write-ahead mode, or in roll-back
+/// mode on a network share. Throws RuntimeError: error 58 when something of that name exists, or a
+/// log or journal that would be taken for its own; DatabaseFailure with reason and path when the
+/// file cannot be written; leaves no half-made file behind.
 void CreateSqliteDatabase(const std::string& path);
+
+/// The same in a file that is there and empty, which keeps its rights. Whatever fails, the file
+/// stays.
+void MakeSqliteTables(const std::string& path);
 
 }  // namespace zv::store

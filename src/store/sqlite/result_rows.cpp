@@ -16,8 +16,12 @@ ResultRows::ResultRows(std::shared_ptr<Session> session, Statement statement)
 
 bool ResultRows::Advance() {
     if (statement_) {
-        if (statement_.Step()) return true;
-        statement_.Release();
+        if (statement_.Step()) {
+            if (session_->ReadersStandAside()) return true;
+            TakeAll();
+        } else {
+            statement_.Release();
+        }
     }
     if (rest_.empty()) return false;
     current_ = std::move(rest_.front());
@@ -39,21 +43,30 @@ void ResultRows::ReadStep(int field, Value& value) const {
         value = statement_.ColumnValue(field);
         return;
     }
-    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(handle, field));
-    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(handle, field));
-    const std::string_view text(bytes ? bytes : "", bytes ? size : 0);
+    const std::string_view text = statement_.ColumnText(field);
     if (!rows::TakeStoredDate(value, text, Fields().Use(field))) value.AssignText(text);
+}
+
+void ResultRows::TakeStep(std::deque<std::vector<Value>>& rows) const {
+    std::vector<Value>& row = rows.emplace_back(static_cast<std::size_t>(Fields().Count()));
+    for (int field = 0; field < Fields().Count(); field++) {
+        ReadStep(field, row[static_cast<std::size_t>(field)]);
+    }
+}
+
+void ResultRows::TakeAll() {
+    std::deque<std::vector<Value>> rows;
+    do {
+        TakeStep(rows);
+    } while (statement_.Step());
+    rest_ = std::move(rows);
+    statement_.Release();
 }
 
 void ResultRows::Detach() {
     if (!statement_) return;
     std::deque<std::vector<Value>> rest;
-    while (statement_.Step()) {
-        std::vector<Value>& row = rest.emplace_back(static_cast<std::size_t>(Fields().Count()));
-        for (int field = 0; field < Fields().Count(); field++) {
-            ReadStep(field, row[static_cast<std::size_t>(field)]);
-        }
-    }
+    while (statement_.Step()) TakeStep(rest);
     rest_ = std::move(rest);
     statement_.Release();
 }

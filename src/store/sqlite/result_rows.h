@@ -12,7 +12,9 @@ namespace zv::store::sqlite {
 
 /// Reads each row from the engine when it becomes current, and each field when it is asked for.
 /// Before the connection writes, the rest of the rows is taken into memory: a half-read statement
-/// would see some of the writes and keep the write-ahead log from being emptied.
+/// would see some of the writes and keep the write-ahead log from being emptied. In a roll-back
+/// mode all rows are taken at the first one: a half-read statement would keep everyone from
+/// writing.
 class ResultRows final : public rows::RowSource {
  public:
     /// `statement` has not run yet.
@@ -24,6 +26,9 @@ class ResultRows final : public rows::RowSource {
 
  private:
     void ReadStep(int field, Value& value) const;
+    void TakeStep(std::deque<std::vector<Value>>& rows) const;
+    /// The row of the present step and all behind it.
+    void TakeAll();
 
     std::shared_ptr<Session> session_;
     Statement statement_;  ///< none once detached or read to the end

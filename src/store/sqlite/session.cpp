@@ -12,6 +12,7 @@
 #include "store/dialect/window_index.h"
 #include "store/sqlite/database_file.h"
 #include "store/sqlite/error_kinds.h"
+#include "store/sqlite/journal_mode.h"
 
 namespace zv::store::sqlite {
 namespace {
@@ -59,16 +60,24 @@ std::string PlaceOf(std::string_view message, const std::string& source) {
     return {};
 }
 
+/// Says it without asking for memory.
+[[noreturn]] void ThrowOutOfMemory() {
+    throw RuntimeError(ErrorNumber::OutOfMemory, {}, kErrorSource).Of(ErrorKind::OutOfMemory);
+}
+
 }  // namespace
 
 Statement::Statement(Statement&& other) noexcept
-    : session_(other.session_), handle_(std::exchange(other.handle_, nullptr)) {}
+    : session_(other.session_),
+      handle_(std::exchange(other.handle_, nullptr)),
+      worked_(other.worked_) {}
 
 Statement& Statement::operator=(Statement&& other) noexcept {
     if (this != &other) {
         Release();
         session_ = other.session_;
         handle_ = std::exchange(other.handle_, nullptr);
+        worked_ = other.worked_;
     }
     return *this;
 }
@@ -78,7 +87,7 @@ void Statement::Release() {
 }
 
 void Statement::Bind(int parameter, std::int64_t value) {
-    sqlite3_bind_int64(handle_, parameter, value);
+    if (sqlite3_bind_int64(handle_, parameter, value) != SQLITE_OK) session_->Throw();
 }
 
 void Statement::Bind(int parameter, const Value& value) {
@@ -98,7 +107,7 @@ void Statement::Bind(int parameter, const Value& value) {
 }
 
 bool Statement::Step() {
-    const int code = sqlite3_step(handle_);
+    const int code = session_->Step(handle_, worked_);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;
     session_->Throw();
@@ -107,6 +116,7 @@ bool Statement::Step() {
 // The error of the last step is known already.
 void Statement::Reset() {
     sqlite3_reset(handle_);
+    worked_ = {};
 }
 
 int Statement::ColumnCount() const {
@@ -114,7 +124,8 @@ int Statement::ColumnCount() const {
 }
 std::string Statement::ColumnName(int column) const {
     const char* name = sqlite3_column_name(handle_, column);
-    return name ? name : "";
+    if (!name) ThrowOutOfMemory();
+    return name;
 }
 
 Value Statement::ColumnValue(int column) const {
@@ -125,24 +136,32 @@ Value Statement::ColumnValue(int column) const {
             return sqlite3_column_double(handle_, column);
         case SQLITE_NULL:
             return {};
-        default: {
-            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
-            const int bytes = sqlite3_column_bytes(handle_, column);
-            return text ? Value(std::string_view(text, static_cast<std::size_t>(bytes)))
-                        : Value(std::string_view());
-        }
+        default:
+            return Value(ColumnText(column));
     }
+}
+
+std::string_view Statement::ColumnText(int column) const {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(handle_, column));
+    if (text) return {text, size};
+    // An empty binary value has no bytes to point at; a text without them had no room.
+    if (sqlite3_errcode(sqlite3_db_handle(handle_)) == SQLITE_NOMEM) ThrowOutOfMemory();
+    return {};
 }
 
 Session::Session(const std::string& path, const SqliteOptions& options)
     : path_(path), options_(options) {
     CheckDatabaseFile(path);
+    const bool share = IsOnShare(path);
+    idle_.reserve(kKeptStatements + 1);
     // A connection belongs to one thread, so that the engine need not lock at every field it reads.
-    const int code = sqlite3_open_v2(path.c_str(), &handle_,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code =
+        sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
+                        share ? ShareVfs() : nullptr);
     try {
         if (code != SQLITE_OK) Refuse(code);
-        Configure();
+        Configure(share);
     } catch (...) {
         sqlite3_close_v2(std::exchange(handle_, nullptr));
         throw;
@@ -153,14 +172,27 @@ Session::~Session() {
     Close();
 }
 
-void Session::Configure() {
+void Session::Configure(bool share) {
     sqlite3_extended_result_codes(handle_, 1);
     sqlite3_busy_timeout(handle_, options_.busyTimeout);
+    if (share && UsesWriteAheadLog(path_)) {
+        throw RuntimeError(ErrorNumber::PathFileAccess, RefusedOnShare(path_), kErrorSource);
+    }
     // The first statement reads the header and with it finds what is wrong with the file.
-    for (const char* sql : {"select count(*) from sqlite_schema", "pragma journal_mode=wal",
-                            "pragma synchronous=full"}) {
+    for (const char* sql : {"select count(*) from sqlite_schema", "pragma synchronous=full"}) {
         const int code = sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr);
         if (code != SQLITE_OK) Refuse(code);
+    }
+    writeAhead_ = JournalMode(handle_) == "wal";
+    if (options_.statementLimit.count() > 0) {
+        constexpr int kOperations = 10'000;
+        sqlite3_progress_handler(
+            handle_, kOperations,
+            [](void* session) {
+                return std::chrono::steady_clock::now() > static_cast<Session*>(session)->end_ ? 1
+                                                                                               : 0;
+            },
+            this);
     }
     if (sqlite3_db_readonly(handle_, "main") == 1) Refuse(SQLITE_READONLY);
 }
@@ -211,6 +243,7 @@ void Session::CheckOpen() const {
 
 std::shared_ptr<const dialect::Translation> Session::Translated(const std::string& sql) {
     CheckOpen();
+    if (options_.translate && IsSchemaOld()) ForgetSchema();
     const auto known = std::find_if(translations_.begin(), translations_.end(),
                                     [&](const auto& entry) { return entry.first == sql; });
     if (known != translations_.end()) {
@@ -254,7 +287,7 @@ Statement Session::Prepare(const std::string& sql, const std::string& source) {
 void Session::TakeBack(sqlite3_stmt* handle) noexcept {
     sqlite3_reset(handle);
     sqlite3_clear_bindings(handle);
-    idle_.push_front(handle);
+    idle_.insert(idle_.begin(), handle);
     if (idle_.size() > kKeptStatements) {
         sqlite3_finalize(idle_.back());
         idle_.pop_back();
@@ -264,10 +297,15 @@ void Session::TakeBack(sqlite3_stmt* handle) noexcept {
 void Session::ForgetSchema() {
     schema_.reset();
     translations_.clear();
+    // A prepared "select *" would still have the columns of then.
+    for (sqlite3_stmt* statement : idle_) sqlite3_finalize(statement);
+    idle_.clear();
 }
 
 const dialect::SchemaInfo& Session::Schema() {
     if (schema_) return *schema_;
+    // Asked for first: what changes meanwhile is then noticed at the next statement.
+    const std::int64_t version = SchemaVersion();
     dialect::SchemaInfo info;
     Statement columns = Prepare(
         "select c.name,c.type from sqlite_schema t join pragma_table_info(t.name) c"
@@ -282,9 +320,34 @@ const dialect::SchemaInfo& Session::Schema() {
     info.hasWindowIndex = index.Step() && dialect::SameStatement(index.ColumnValue(0).ToText(),
                                                                  dialect::WindowIndexStatement());
     schema_ = std::move(info);
+    schemaVersion_ = version;
     return *schema_;
 }
 
+std::int64_t Session::SchemaVersion() {
+    Statement version = Prepare("pragma schema_version", {});
+    return version.Step() ? version.ColumnValue(0).ToInt32() : 0;
+}
+
+bool Session::IsSchemaOld() {
+    return schema_ && SchemaVersion() != schemaVersion_;
+}
+
+int Session::Step(sqlite3_stmt* statement, std::chrono::steady_clock::duration& worked) {
+    if (options_.statementLimit.count() == 0) return sqlite3_step(statement);
+    const auto begin = std::chrono::steady_clock::now();
+    end_ = begin + options_.statementLimit - worked;
+    const int code = sqlite3_step(statement);
+    worked += std::chrono::steady_clock::now() - begin;
+    if ((code & 0xFF) == SQLITE_INTERRUPT) {
+        throw StatementTookTooLong("The database", options_.statementLimit, kErrorSource);
+    }
+    return code;
+}
+
+bool Session::CommitsByItself() const {
+    return sqlite3_get_autocommit(handle_) != 0;
+}
 int Session::TotalChanges() const {
     return sqlite3_total_changes(handle_);
 }
@@ -293,6 +356,7 @@ std::int64_t Session::LastRowId() const {
 }
 
 void Session::Throw(const std::string& source) const {
+    if (sqlite3_errcode(handle_) == SQLITE_NOMEM) ThrowOutOfMemory();
     std::string message = sqlite3_errmsg(handle_);
     const ErrorNumber number = NumberOf(message);
     message += PlaceOf(message, source);

@@ -1,11 +1,13 @@
 // One open database file of the embedded engine, shared by a connection and its recordsets.
 #pragma once
 
+#include <chrono>
 #include <list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/dialect/translator.h"
 #include "store/rows/open_recordsets.h"
@@ -45,10 +47,13 @@ class Statement {
     std::string ColumnName(int column) const;
     /// Dates are texts here, as stored.
     Value ColumnValue(int column) const;
+    /// Of any value but NULL, in place: good until the next step or look at the column.
+    std::string_view ColumnText(int column) const;
 
  private:
     Session* session_ = nullptr;
     sqlite3_stmt* handle_ = nullptr;
+    std::chrono::steady_clock::duration worked_{};  ///< of the engine, for this statement
 };
 
 class Session {
@@ -65,7 +70,10 @@ class Session {
     sqlite3* Handle() const { return handle_; }
     bool DatesAsText() const { return options_.datesAsText; }
 
-    /// The statement in the engine's terms; kept for the next time.
+    /// A row that is half read keeps no other program from writing.
+    bool ReadersStandAside() const { return writeAhead_; }
+
+    /// The statement in the engine's terms; kept for the next time, until the tables change.
     std::shared_ptr<const dialect::Translation> Translated(const std::string& sql);
     /// Prepares or takes up again. `source` is the statement as the caller wrote it, for the place
     /// in an error's text.
@@ -75,7 +83,14 @@ class Session {
     const std::shared_ptr<rows::OpenRecordsets>& Recordsets() const { return recordsets_; }
     /// Forgets what was learnt of the tables.
     void ForgetSchema();
+    /// Some program has changed tables or indexes since they were learnt.
+    bool IsSchemaOld();
+    /// Steps, and ends it when the engine has worked for longer than the limit; adds the time to
+    /// `worked`. Answers the engine's code.
+    int Step(sqlite3_stmt* statement, std::chrono::steady_clock::duration& worked);
 
+    /// No transaction of the user's own is open.
+    bool CommitsByItself() const;
     /// Rows changed since the session was opened.
     int TotalChanges() const;
     std::int64_t LastRowId() const;
@@ -84,17 +99,22 @@ class Session {
     [[noreturn]] void Throw(const std::string& source = {}) const;
 
  private:
-    void Configure();
+    void Configure(bool share);
     [[noreturn]] void Refuse(int code) const;
     const dialect::SchemaInfo& Schema();
+    std::int64_t SchemaVersion();
 
     std::string path_;
     SqliteOptions options_;
     sqlite3* handle_ = nullptr;
-    std::list<sqlite3_stmt*> idle_;  ///< most recently used first
+    bool writeAhead_ = false;
+    std::chrono::steady_clock::time_point end_{};  ///< of the step under way
+    /// Most recently used first. Has room for all, because taking back must not fail.
+    std::vector<sqlite3_stmt*> idle_;
     std::list<std::pair<std::string, std::shared_ptr<const dialect::Translation>>> translations_;
     std::shared_ptr<rows::OpenRecordsets> recordsets_ = std::make_shared<rows::OpenRecordsets>();
     std::optional<dialect::SchemaInfo> schema_;
+    std::int64_t schemaVersion_ = 0;  ///< that `schema_` and the translations are of
 };
 
 }  // namespace zv::store::sqlite

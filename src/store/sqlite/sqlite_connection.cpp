@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <type_traits>
 #include <utility>
 
 #include "base/errors.h"
@@ -31,6 +32,30 @@ class SqliteConnection final : public Connection {
     }
 
     int Execute(const std::string& sql) override {
+        return OfPresentSchema([&] { return ExecuteOnce(sql); });
+    }
+
+    std::unique_ptr<Recordset> Open(const std::string& sql, CursorType, LockType lock) override {
+        return OfPresentSchema([&] { return OpenOnce(sql, lock); });
+    }
+
+ private:
+    /// Another program may change the tables between the translation and the run. The statement has
+    /// failed then without a trace, and runs again in its new form.
+    template <class Run>
+    std::invoke_result_t<Run> OfPresentSchema(Run run) {
+        for (int left = 5;; left--) {
+            try {
+                return run();
+            } catch (const RuntimeError&) {
+                const bool again = left > 0 && session_->IsOpen() && session_->CommitsByItself() &&
+                                   session_->IsSchemaOld();
+                if (!again) throw;
+            }
+        }
+    }
+
+    int ExecuteOnce(const std::string& sql) {
         const auto translation = session_->Translated(sql);
         Statement statement = session_->Prepare(translation->sql, sql);
         if (!sqlite3_stmt_readonly(statement.Handle())) session_->Recordsets()->Detach();
@@ -41,7 +66,7 @@ class SqliteConnection final : public Connection {
         return session_->TotalChanges() - before;
     }
 
-    std::unique_ptr<Recordset> Open(const std::string& sql, CursorType, LockType lock) override {
+    std::unique_ptr<Recordset> OpenOnce(const std::string& sql, LockType lock) {
         auto translation = session_->Translated(sql);
         if (translation->kind != dialect::StatementKind::Select) {
             throw RuntimeError(ErrorNumber::DatabaseStatement,
@@ -60,7 +85,6 @@ class SqliteConnection final : public Connection {
             std::make_unique<sqlite::ResultRows>(session_, std::move(statement)));
     }
 
- private:
     std::shared_ptr<Session> session_;
 };
 

@@ -38,6 +38,22 @@ class ImportEmbedded : public Scratch {
         }
         return all;
     }
+    /// Leaves the rows as they are and fills an index with something else: it is made for a moment
+    /// of `wrong` in place of `right`.
+    void DamageIndex(const std::string& file, const std::string& index, const std::string& right,
+                     const std::string& wrong) {
+        Engine engine(Path(file));
+        const std::string as = " from sqlite_schema where name='" + index + "'";
+        const std::string made = engine.Text("select sql" + as);
+        sqlite3_db_config(engine.Handle(), SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
+        engine.Run("pragma writable_schema=on");
+        engine.Run("update sqlite_schema set sql=replace(sql,'" + right + "','" + wrong +
+                   "') where name='" + index + "'; pragma writable_schema=reset");
+        engine.Run("pragma writable_schema=on; reindex " + index);
+        Statement back(engine, "update sqlite_schema set sql=? where name=?");
+        back.Bind(made).Bind(index).Run();
+        engine.Run("pragma writable_schema=reset");
+    }
     std::vector<std::string> SortedFiles() {
         auto files = Files();
         std::sort(files.begin(), files.end());
@@ -75,7 +91,7 @@ TEST_F(ImportEmbedded, RowsThatAreOnlyInTheLogComeOverAndTheLogStays) {
     // As a program leaves it that ended without closing: another one holds the log in place.
     Engine reader(Path("a.db"));
     reader.Run("begin; select count(*) from tTaskList");
-    Change("insert into tTaskList(taskTitle) values('only in the log')");
+    Change("update tTaskList set taskTitle='only in the log' where fID=1");
     std::filesystem::create_directory(File("crashed"));
     for (const char* name : {"a.db", "a.db-wal"}) {
         std::filesystem::copy_file(File(name), File("crashed") / name);
@@ -96,8 +112,45 @@ TEST_F(ImportEmbedded, UnusualValuesComeOverAsTheyAre) {
         "update tTaskList set taskTime='never',tDone=1.5,taskTitle=x'61' || char(0) || 'b',"
         "fOther0=printf('%400c','x'),tDuring1=2003 where fID=3");
     const Outcome import = Import();
-    EXPECT_EQ(import.status, 0) << import.out << import.err;
+    EXPECT_EQ(import.status, 1) << import.out << import.err;
     EXPECT_EQ(Dump("b.db"), Dump("a.db"));
+}
+
+// Whatever the check says of the new file, the import has said it.
+TEST_F(ImportEmbedded, TellsWhatTheCheckWillFind) {
+    Change("update tTaskList set taskTitle='' where fID=3; update tTaskSet set CircleType=9");
+    const Outcome import = Import();
+    EXPECT_EQ(import.status, 1) << import.out << import.err;
+    const Outcome check = RunZvdb({"check", Path("b.db")});
+    EXPECT_EQ(check.status, 1);
+    std::istringstream lines(check.out);
+    int told = 0;
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.starts_with("wrong: ")) continue;
+        told++;
+        EXPECT_NE(import.out.find("remark: the check finds " + line.substr(7)), std::string::npos)
+            << line << '\n'
+            << import.out;
+    }
+    EXPECT_GT(told, 1);
+}
+
+// An index that leads to other rows: looking for damage in the tables alone does not see it.
+TEST_F(ImportEmbedded, ADamagedIndexIsRefused) {
+    DamageIndex("a.db", "tTaskList_window", "tDone", "fID");
+    ASSERT_EQ(Engine(Path("a.db")).Text("pragma quick_check"), "ok");
+    ExpectRefused(Import(), "the file is damaged: ");
+    EXPECT_EQ(Files(), std::vector<std::string>{"a.db"});
+}
+
+TEST_F(ImportEmbedded, ATargetWithADamagedIndexIsNotFilled) {
+    ASSERT_EQ(RunZvdb({"sample", Path("b.db"), "--items", "40"}).status, 0);
+    Change("create table mine(x); create index mine_x on mine(x); insert into mine values(1),(2)",
+           "b.db");
+    DamageIndex("b.db", "mine_x", "(x)", "(x+1)");
+    const std::string before = Dump("b.db");
+    ExpectRefused(Import({"--replace"}), "damaged file: ");
+    EXPECT_EQ(Dump("b.db"), before);
 }
 
 TEST_F(ImportEmbedded, ATargetWithRowsIsRefusedUnlessTold) {

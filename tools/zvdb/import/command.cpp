@@ -45,7 +45,7 @@ class ImportRun {
         const InterruptionGuard guard;
         Progress progress(command_.quiet ? nullptr : &console_.err, console_.terminal);
         const auto source = OpenSource(command_.from);
-        const auto target = OpenTarget(command_.to, progress);
+        const auto target = OpenTarget(command_.to, command_.from, progress);
         const std::string identity = source->Identity();
         if (!identity.empty() && identity == target->Identity()) {
             throw TargetError("source and target are the same");
@@ -55,6 +55,12 @@ class ImportRun {
                      << ShownName(command_.to) << ", " << target->Kind() << '\n';
         Importer importer(*source, *target, report_, progress);
         importer.Run(command_.dryRun, command_.replace);
+        if (!command_.dryRun && !report_.HasRefusals()) {
+            progress.Begin("checking", 0);
+            for (const std::string& problem : target->CheckImported()) {
+                report_.Add(Weight::Remark, problem);
+            }
+        }
         progress.Finish();
         return Tell(importer);
     }

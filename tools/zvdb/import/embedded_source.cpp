@@ -1,9 +1,9 @@
 #include "zvdb/import/embedded_source.h"
 
 #include <filesystem>
-#include <fstream>
 
 #include "base/path.h"
+#include "store/sqlite/journal_mode.h"
 #include "zvdb/check.h"
 #include "zvdb/import/embedded_rows.h"
 
@@ -11,12 +11,6 @@ namespace zv::zvdb {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool UsesLog(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    in.seekg(18);
-    return in.get() == 2;
-}
 
 bool HasPendingLog(fs::path file) {
     file += "-wal";
@@ -60,6 +54,8 @@ EmbeddedSource::EmbeddedSource(const std::string& path) : path_(path) {
         ReadTables();
     } catch (const FileError& error) {
         throw SourceError(error.what());
+    } catch (const ShareError& error) {
+        throw SourceError(error.what());
     } catch (const EngineError& error) {
         Throw(error);
     }
@@ -70,7 +66,7 @@ void EmbeddedSource::Open() {
     // A file with a write-ahead log is opened for writing, so that the empty log which every reader
     // makes goes away again; without one, opening for writing could finish somebody's broken-off
     // change.
-    const bool log = UsesLog(file);
+    const bool log = store::sqlite::UsesWriteAheadLog(path_);
     const bool pending = HasPendingLog(file);
     engine_ = std::make_unique<Engine>(path_, log ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
     if (pending) {
@@ -80,7 +76,8 @@ void EmbeddedSource::Open() {
     engine_->Run("pragma query_only=on");
     // One snapshot for everything, whatever others write meanwhile.
     engine_->Run("begin; select count(*) from sqlite_master");
-    const std::string damage = engine_->Text("pragma quick_check(1)");
+    // Indexes too: rows could be found or missed by them.
+    const std::string damage = engine_->Text("pragma integrity_check(1)");
     if (damage != "ok") throw SourceError("the file is damaged: " + damage);
 }
 

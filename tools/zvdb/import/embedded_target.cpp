@@ -6,6 +6,7 @@
 #include "base/errors.h"
 #include "base/path.h"
 #include "store/schema/schema.h"
+#include "store/sqlite/journal_mode.h"
 #include "zvdb/check.h"
 #include "zvdb/import/embedded_rows.h"
 #include "zvdb/import/interruption.h"
@@ -23,8 +24,9 @@ std::vector<std::string> Names(const std::vector<ColumnRule>& columns) {
 
 }  // namespace
 
-EmbeddedTarget::EmbeddedTarget(const std::string& path, Progress& progress)
-    : path_(path), progress_(progress), isNew_(!fs::exists(PathOf(path))) {
+EmbeddedTarget::EmbeddedTarget(const std::string& path, const std::string& source,
+                               Progress& progress)
+    : path_(path), source_(source), progress_(progress), isNew_(!fs::exists(PathOf(path))) {
     if (isNew_) {
         const fs::path folder = PathOf(path).parent_path();
         if (!folder.empty() && !fs::is_directory(folder)) {
@@ -50,13 +52,17 @@ EmbeddedTarget::~EmbeddedTarget() {
         sqlite3_exec(engine_->Handle(), "rollback", nullptr, nullptr, nullptr);
     }
     engine_.reset();
-    if (isNew_) RemovePart();
 }
 
-void EmbeddedTarget::RemovePart() {
-    std::error_code ignored;
-    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
-        fs::remove(PathOf(PartPath() + suffix), ignored);
+void EmbeddedTarget::MakeNew() {
+    try {
+        file_.reset();
+        file_.emplace(path_, source_, false);
+        store::MakeSqliteTables(file_->Part());
+    } catch (const RuntimeError& error) {
+        throw TargetError(error.Text());
+    } catch (const fs::filesystem_error& error) {
+        throw TargetError("the file cannot be created (" + error.code().message() + ")");
     }
 }
 
@@ -104,28 +110,19 @@ void EmbeddedTarget::CheckWritable() {
         Guarded([&] { engine_->Run("begin immediate; rollback"); });
         return;
     }
-    RemovePart();
-    try {
-        store::CreateSqliteDatabase(PartPath());
-    } catch (const RuntimeError& error) {
-        throw TargetError(error.Text());
-    }
-    RemovePart();
+    MakeNew();
+    file_.reset();
 }
 
 void EmbeddedTarget::Begin(bool replace) {
-    if (isNew_) {
-        try {
-            store::CreateSqliteDatabase(PartPath());
-        } catch (const RuntimeError& error) {
-            throw TargetError(error.Text());
-        }
-    }
+    if (isNew_) MakeNew();
     Guarded([&] {
         if (isNew_) {
-            engine_ = std::make_unique<Engine>(PartPath());
+            writeAhead_ = store::sqlite::UsesWriteAheadLog(file_->Part());
+            engine_ = std::make_unique<Engine>(file_->Part(), SQLITE_OPEN_READWRITE,
+                                               Engine::Users::Alone);
             // A failure throws the file away, so there is nothing to go back to.
-            engine_->Run("pragma main.locking_mode=exclusive; pragma main.journal_mode=off");
+            engine_->Run("pragma main.journal_mode=off");
         }
         engine_->Run("pragma cache_size=-65536");
         if (!attached_.empty()) {
@@ -146,7 +143,8 @@ void EmbeddedTarget::Begin(bool replace) {
 }
 
 bool EmbeddedTarget::Attach(const TableSource& source) {
-    attached_ = source.EmbeddedFile();
+    // One handle opens both, and a share's is not for a source in write-ahead mode.
+    if (isNew_ || !store::sqlite::IsOnShare(path_)) attached_ = source.EmbeddedFile();
     return !attached_.empty();
 }
 
@@ -226,19 +224,45 @@ std::unique_ptr<RowReader> EmbeddedTarget::Read(const TableRule& table,
     });
 }
 
+std::vector<std::string> EmbeddedTarget::Warnings() {
+    return isNew_ ? NewFile::ToSetAside(path_) : std::vector<std::string>();
+}
+
+void EmbeddedTarget::RefuseDamage() {
+    const auto damage = InspectEmbedded(*engine_)->Damage();
+    if (!damage.empty()) throw TargetError(damage.front());
+}
+
 void EmbeddedTarget::Commit() {
     Guarded([&] {
+        // What is in a file that is there may have been damaged before.
+        if (!isNew_) RefuseDamage();
         engine_->Run("commit");
-        if (isNew_) {
-            engine_->Run("pragma main.locking_mode=normal; pragma main.journal_mode=wal");
+        if (isNew_ && writeAhead_) {
+            engine_->Run("pragma main.locking_mode=normal");
+            if (store::sqlite::SetJournalMode(engine_->Handle(), "wal") != SQLITE_OK) {
+                engine_->Fail("write-ahead mode");
+            }
         }
     });
     engine_.reset();
     if (!isNew_) return;
     if (fs::exists(PathOf(path_))) throw TargetError("somebody else made the file meanwhile");
-    std::error_code failed;
-    fs::rename(PathOf(PartPath()), PathOf(path_), failed);
-    if (failed) throw TargetError(failed.message());
+    try {
+        Guarded([&] { PlaceAndCheck(*file_, path_); });
+    } catch (const FileError& error) {
+        throw TargetError(error.what());
+    } catch (const fs::filesystem_error& error) {
+        throw TargetError(error.code().message());
+    }
+}
+
+std::vector<std::string> EmbeddedTarget::CheckImported() {
+    try {
+        return FoundByCheck(CheckDatabase(path_));
+    } catch (const FileError& error) {
+        throw TargetError(error.what());
+    }
 }
 
 }  // namespace zv::zvdb

@@ -10,6 +10,7 @@
 #include "zvdb/engine.h"
 #include "zvdb/import/table_target.h"
 #include "zvdb/indexes_aside.h"
+#include "zvdb/new_file.h"
 #include "zvdb/progress.h"
 
 namespace zv::zvdb {
@@ -17,7 +18,8 @@ namespace zv::zvdb {
 class EmbeddedTarget : public TableTarget {
  public:
     /// Throws TargetError when something is there that is no database of the system.
-    EmbeddedTarget(const std::string& path, Progress& progress);
+    /// A new file gets the rights of `source`, unless that is empty.
+    EmbeddedTarget(const std::string& path, const std::string& source, Progress& progress);
     ~EmbeddedTarget() override;
 
     std::string Kind() const override { return isNew_ ? "new embedded file" : "embedded file"; }
@@ -39,7 +41,9 @@ class EmbeddedTarget : public TableTarget {
     void Finish() override;
     std::unique_ptr<RowReader> Read(const TableRule& table,
                                     const std::vector<ColumnRule>& columns) override;
+    std::vector<std::string> Warnings() override;
     void Commit() override;
+    std::vector<std::string> CheckImported() override;
 
  private:
     [[noreturn]] void Fail(const EngineError& error) const;
@@ -52,13 +56,17 @@ class EmbeddedTarget : public TableTarget {
         }
     }
     void Bind(const store::Value& value);
-    std::string PartPath() const { return path_ + ".zvdb-part"; }
-    void RemovePart();
     std::vector<std::string> AttachedColumns(const std::string& table);
 
+    void MakeNew();
+    void RefuseDamage();
+
     std::string path_;
+    std::string source_;
     Progress& progress_;
     bool isNew_;
+    bool writeAhead_ = false;      ///< the mode that a new file will have
+    std::optional<NewFile> file_;  ///< a new one
     std::string attached_;
     std::unique_ptr<Engine> engine_;
     std::optional<IndexesAside> indexes_;

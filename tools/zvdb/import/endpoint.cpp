@@ -90,7 +90,8 @@ std::unique_ptr<TableSource> OpenSource(const std::string& name) {
                           : "this is neither an Access file nor an embedded database");
 }
 
-std::unique_ptr<TableTarget> OpenTarget(const std::string& name, Progress& progress) {
+std::unique_ptr<TableTarget> OpenTarget(const std::string& name, const std::string& source,
+                                        Progress& progress) {
     if (IsServer(name)) return std::make_unique<ServerTarget>(name);
     const std::string extension = Extension(name);
     switch (ContentOf(name)) {
@@ -104,9 +105,9 @@ std::unique_ptr<TableTarget> OpenTarget(const std::string& name, Progress& progr
                     "a new embedded file ends in .db, .db3, .sqlite or .sqlite3; a server is "
                     "named by a connection string");
             }
-            return std::make_unique<EmbeddedTarget>(name, progress);
+            return std::make_unique<EmbeddedTarget>(name, IsServer(source) ? "" : source, progress);
         case Content::Embedded:
-            return std::make_unique<EmbeddedTarget>(name, progress);
+            return std::make_unique<EmbeddedTarget>(name, IsServer(source) ? "" : source, progress);
         case Content::Access:
             throw TargetError("Access files are read, not written");
         case Content::Folder:

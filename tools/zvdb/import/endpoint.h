@@ -19,8 +19,10 @@ std::string ShownName(const std::string& name);
 
 /// Files are told by their content, not by their names. Throws SourceError.
 std::unique_ptr<TableSource> OpenSource(const std::string& name);
-/// Throws TargetError. `progress` must outlive the target.
-std::unique_ptr<TableTarget> OpenTarget(const std::string& name, Progress& progress);
+/// Throws TargetError. `progress` must outlive the target. A new file gets the rights of `source`,
+/// when that is a file.
+std::unique_ptr<TableTarget> OpenTarget(const std::string& name, const std::string& source,
+                                        Progress& progress);
 
 /// Both name one file, by whatever paths. Servers tell themselves apart once they are open.
 bool IsSameFile(const std::string& from, const std::string& to);

@@ -175,6 +175,7 @@ void Importer::Compare(const Way& way) {
 void Importer::Run(bool dryRun, bool replace) {
     for (const std::string& warning : source_.Warnings()) report_.Add(Weight::Remark, warning);
     Match();
+    for (const std::string& warning : target_.Warnings()) report_.Add(Weight::Remark, warning);
     target_.CheckWritable();
     const bool write = !dryRun && !report_.HasRefusals();
     if (write) {

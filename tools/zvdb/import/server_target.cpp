@@ -5,6 +5,7 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "zvdb/import/server_rows.h"
+#include "zvdb/server_database.h"
 
 namespace zv::zvdb {
 namespace {
@@ -42,7 +43,7 @@ auto ServerTarget::Guarded(Do work) {
     }
 }
 
-ServerTarget::ServerTarget(const std::string& name) {
+ServerTarget::ServerTarget(const std::string& name) : name_(name) {
     Guarded([&] {
         link_ = std::make_unique<ServerLink>(name);
         MatchTables();
@@ -256,6 +257,15 @@ void ServerTarget::Commit() {
         }
     } catch (const RuntimeError&) {
         // The server does it later by itself.
+    }
+}
+
+std::vector<std::string> ServerTarget::CheckImported() {
+    try {
+        return FoundByCheck(CheckServer(name_));
+    } catch (const RuntimeError& error) {
+        // The rows are there and stay.
+        return {"the check could not be made: " + error.Text()};
     }
 }
 

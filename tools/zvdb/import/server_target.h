@@ -31,6 +31,7 @@ class ServerTarget : public TableTarget {
     std::unique_ptr<RowReader> Read(const TableRule& table,
                                     const std::vector<ColumnRule>& columns) override;
     void Commit() override;
+    std::vector<std::string> CheckImported() override;
 
  private:
     template <class Do>
@@ -43,6 +44,7 @@ class ServerTarget : public TableTarget {
     bool TryRun(const std::string& sql);
     void PutAside(const std::string& table);
 
+    std::string name_;
     std::unique_ptr<ServerLink> link_;
     std::vector<TableRule> tables_;
     bool begun_ = false;

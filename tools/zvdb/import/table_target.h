@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/date_time.h"
+#include "zvdb/check.h"
 #include "zvdb/import/system_tables.h"
 #include "zvdb/import/table_source.h"
 
@@ -66,7 +67,21 @@ class TableTarget {
     virtual std::unique_ptr<RowReader> Read(const TableRule& table,
                                             const std::vector<ColumnRule>& columns) = 0;
     virtual void Commit() = 0;
+    /// What the user should know of what Commit does, a sentence each.
+    virtual std::vector<std::string> Warnings() { return {}; }
+    /// After Commit: what the check of a database finds in what was imported, a sentence each.
+    /// Throws TargetError when the target is damaged.
+    virtual std::vector<std::string> CheckImported() = 0;
 };
+
+/// The problems of a check, as an import tells of them.
+inline std::vector<std::string> FoundByCheck(const Report& report) {
+    std::vector<std::string> sentences;
+    for (const std::string& problem : report.problems) {
+        sentences.push_back("the check finds " + problem);
+    }
+    return sentences;
+}
 
 inline std::unique_ptr<RowReader> TableTarget::ReadAttached(const std::string&,
                                                             const std::vector<std::string>&) {

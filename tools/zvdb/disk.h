@@ -1,0 +1,32 @@
+// What the system is asked of files beyond the standard library.
+#pragma once
+
+#include <filesystem>
+
+namespace zv::zvdb::disk {
+
+enum class Like {
+    Contents,  ///< whoever may read the other file may read this one, and nobody else
+    Whole,     ///< it will take the other file's place: its owner too, where that is allowed
+};
+
+/// Makes an empty file with the rights of any new one. All throw std::filesystem::filesystem_error;
+/// making a file, also when there is one of that name.
+void CreateEmpty(const std::filesystem::path& file);
+/// Makes an empty file with the rights of another one, never wider. Its owner can always write it.
+void CreateEmpty(const std::filesystem::path& file, const std::filesystem::path& other, Like like);
+
+/// Returns when the file's contents are on the disk.
+void Sync(const std::filesystem::path& file);
+/// Returns when the names in the folder of `file` are on the disk. Folders that the system does not
+/// let anyone write out are passed over.
+void SyncFolderOf(const std::filesystem::path& file);
+
+/// Gives a file another name in its folder, on the disk when it returns. What has that name already
+/// is replaced when `replace`, otherwise it is an error.
+void Rename(const std::filesystem::path& from, const std::filesystem::path& to, bool replace);
+
+/// A program has locked a part of the file. Only says what can be told without changing anything.
+bool IsLocked(const std::filesystem::path& file);
+
+}  // namespace zv::zvdb::disk

@@ -1,0 +1,149 @@
+#include "zvdb/new_file.h"
+
+#include <array>
+#include <system_error>
+
+#include "base/path.h"
+#include "zvdb/check.h"
+#include "zvdb/engine.h"
+
+namespace zv::zvdb {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array<const char*, 3> kSuffixes = {"-wal", "-shm", "-journal"};
+
+bool IsThere(const std::string& path) {
+    std::error_code failed;
+    return fs::exists(fs::symlink_status(PathOf(path), failed));
+}
+
+/// With this in front of their suffixes the neighbours fit a file of this name, should it come
+/// back.
+std::string FreeNameFor(const std::string& path) {
+    for (int number = 1;; number++) {
+        const std::string name =
+            path + ".aside" + (number == 1 ? "" : "-" + std::to_string(number));
+        bool taken = IsThere(name);
+        for (const char* suffix : kSuffixes) taken = taken || IsThere(name + suffix);
+        if (!taken) return name;
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> NewFile::NeighboursOf(const std::string& path) {
+    std::vector<std::string> names;
+    for (const char* suffix : kSuffixes) {
+        if (IsThere(path + suffix)) names.push_back(path + suffix);
+    }
+    return names;
+}
+
+std::vector<std::string> NewFile::ToSetAside(const std::string& path) {
+    const std::string free = FreeNameFor(path);
+    std::vector<std::string> sentences;
+    for (const std::string& name : NeighboursOf(path)) {
+        sentences.push_back("\"" + name + "\" belongs to another file and is set aside as \"" +
+                            free + name.substr(path.size()) + "\"");
+    }
+    return sentences;
+}
+
+void NewFile::RemovePart(const std::string& path) {
+    std::error_code ignored;
+    const std::string part = PartOf(path);
+    fs::remove(PathOf(part), ignored);
+    for (const std::string& neighbour : NeighboursOf(part)) fs::remove(PathOf(neighbour), ignored);
+}
+
+NewFile::NewFile(const std::string& path, const std::string& source, bool replace)
+    : path_(path), part_(PartOf(path)), replaces_(replace && IsThere(path)) {
+    RemovePart(path);
+    if (replaces_) {
+        disk::CreateEmpty(PathOf(part_), PathOf(path), disk::Like::Whole);
+    } else if (!source.empty()) {
+        disk::CreateEmpty(PathOf(part_), PathOf(source), disk::Like::Contents);
+    } else {
+        disk::CreateEmpty(PathOf(part_));
+    }
+}
+
+NewFile::~NewFile() {
+    if (placed_) return;
+    try {
+        RemovePart(path_);
+    } catch (const std::exception&) {
+        // Without memory for the names the part stays; the next run removes it.
+    }
+}
+
+void NewFile::SetAside() {
+    const auto neighbours = NeighboursOf(path_);
+    for (const std::string& name : neighbours) {
+        if (disk::IsLocked(PathOf(name))) {
+            throw EngineError(SQLITE_BUSY, "a program still uses \"" + name + "\"");
+        }
+    }
+    const std::string free = FreeNameFor(path_);
+    for (const std::string& name : neighbours) {
+        const fs::path to = PathOf(free + name.substr(path_.size()));
+        disk::Rename(PathOf(name), to, false);
+        aside_.push_back({PathOf(name), to});
+    }
+}
+
+void NewFile::BringBack() noexcept {
+    for (const Move& move : aside_) {
+        std::error_code ignored;
+        fs::rename(move.to, move.from, ignored);
+    }
+    aside_.clear();
+}
+
+void NewFile::Place() {
+    disk::Sync(PathOf(part_));
+    try {
+        SetAside();
+        disk::Rename(PathOf(part_), PathOf(path_), replaces_);
+    } catch (...) {
+        BringBack();
+        throw;
+    }
+    placed_ = true;
+}
+
+void NewFile::TakeBack() {
+    if (replaces_) return;
+    std::error_code ignored;
+    fs::remove(PathOf(path_), ignored);
+    // Those of the file that goes; the others are aside.
+    for (const std::string& name : NeighboursOf(path_)) fs::remove(PathOf(name), ignored);
+    BringBack();
+}
+
+void RefuseWhileInUse(const std::string& path) {
+    if (!IsThere(path)) return;
+    try {
+        Engine(path, SQLITE_OPEN_READWRITE, Engine::Users::Alone);
+    } catch (const EngineError& error) {
+        // Whatever else is wrong with the file is no reason to keep it.
+        if (error.Code() == SQLITE_BUSY) throw;
+    }
+}
+
+void PlaceAndCheck(NewFile& file, const std::string& path) {
+    file.Place();
+    try {
+        Engine engine(path);
+        auto problems = InspectEmbedded(engine)->Damage();
+        if (problems.empty()) problems = CheckSchema(engine).problems;
+        if (!problems.empty()) throw FileError("the new file is not sound: " + problems.front());
+    } catch (...) {
+        file.TakeBack();
+        throw;
+    }
+}
+
+}  // namespace zv::zvdb
