@@ -1,5 +1,6 @@
 #include "com/session_host.h"
 
+#include <new>
 #include <utility>
 
 #include "com/module.h"
@@ -24,7 +25,11 @@ SessionHost::SessionHost() : backend_(module::Handle()) {
 }
 
 SessionHost::~SessionHost() {
-    KeepValues();
+    try {
+        KeepValues();
+    } catch (const std::bad_alloc&) {
+        // The values as they were kept last stay.
+    }
     CloseHandle(threadHandle_);
 }
 
@@ -61,7 +66,13 @@ bool SessionHost::IsIdle() noexcept {
     if (g_host->ThreadHasEnded()) return true;
     // Without a control and a window nothing is under way there, and the connection is closed.
     if (!g_host->IsOfThisThread() && module::IsLocked()) return false;
-    return g_host->windows_.Windows().empty() && forms::win32::Win32Backend::OpenWindows() == 0;
+    if (forms::win32::Win32Backend::OpenWindows() != 0) return false;
+    try {
+        return g_host->windows_.Windows().empty();
+    } catch (const std::bad_alloc&) {
+        // A list that there is no memory for is not empty.
+        return false;
+    }
 }
 
 void SessionHost::Close() noexcept {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 #include "base/win32/wide.h"
 #include "forms/win32/handles.h"
@@ -85,11 +86,13 @@ std::wstring WriteTemporary(const std::string& bytes) {
 }  // namespace
 
 FontFiles::~FontFiles() {
-    std::vector<std::string> deleted;
+    // A file that several fonts share is gone by the second time.
     for (const Kept& kept : kept_) {
-        if (std::find(deleted.begin(), deleted.end(), kept.path) != deleted.end()) continue;
-        DeleteFileW(win32::ToWide(kept.path).c_str());
-        deleted.push_back(kept.path);
+        try {
+            DeleteFileW(win32::ToWide(kept.path).c_str());
+        } catch (const std::bad_alloc&) {
+            // The system removes temporary files as well.
+        }
     }
 }
 

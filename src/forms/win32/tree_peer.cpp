@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 
 #include "base/text.h"
 #include "forms/win32/common_controls.h"
@@ -107,7 +108,14 @@ void NativeTree::FillBegins() {
 
 void NativeTree::FillEnds() {
     filling_ = false;
-    if (stale_) Synchronize();
+    if (!stale_) return;
+    try {
+        Synchronize();
+    } catch (const std::exception&) {
+        // A fill ends in a destructor too. Without memory for it now, the tree follows later.
+        stale_ = true;
+        PostMessageW(Handle(), kSynchronize, 0, 0);
+    }
 }
 
 void NativeTree::Defer() {

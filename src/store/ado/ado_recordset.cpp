@@ -43,7 +43,7 @@ AdoRecordset::AdoRecordset(win32::ComPtr<IDispatch> recordset, CursorType cursor
 AdoRecordset::~AdoRecordset() {
     try {
         Close();
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         // The object goes away with its last reference in any case.
     }
 }

@@ -25,14 +25,35 @@ class OdbcConnection final : public Connection {
     }
 
     int Execute(const std::string& sql) override {
-        const auto translation = session_->Translated(sql);
-        const Result result = session_->Run(translation->sql);
-        if (translation->kind == dialect::StatementKind::Definition) session_->ForgetSchema();
-        return result.columns.empty() ? result.changed : 0;
+        return OfPresentFacts<int>(sql, [&](const auto& translation) {
+            const Result result = session_->Run(translation->sql);
+            if (translation->kind == dialect::StatementKind::Definition) session_->ForgetSchema();
+            return result.columns.empty() ? result.changed : 0;
+        });
     }
 
     std::unique_ptr<Recordset> Open(const std::string& sql, CursorType, LockType lock) override {
-        const auto translation = session_->Translated(sql);
+        return OfPresentFacts<std::unique_ptr<Recordset>>(
+            sql, [&](const auto& translation) { return OpenTranslated(translation, lock); });
+    }
+
+ private:
+    using Translation = std::shared_ptr<const dialect::Translation>;
+
+    /// Other programs may have changed the tables since they were looked at. A statement that fails
+    /// has changed nothing, and runs again when its translation is another one then.
+    template <class Result, class Run>
+    Result OfPresentFacts(const std::string& sql, Run run) {
+        const Translation translation = session_->Translated(sql);
+        try {
+            return run(translation);
+        } catch (const RuntimeError&) {
+            if (!session_->IsOfOldFacts(sql, *translation)) throw;
+        }
+        return run(session_->Translated(sql));
+    }
+
+    std::unique_ptr<Recordset> OpenTranslated(const Translation& translation, LockType lock) {
         if (translation->kind != dialect::StatementKind::Select) ThrowNoRows(" at character 1");
         if (lock != LockType::ReadOnly && !translation->table.empty()) {
             return std::make_unique<rows::KeysetRecordset>(
@@ -45,7 +66,6 @@ class OdbcConnection final : public Connection {
             session_->Recordsets(), std::make_unique<ResultRows>(std::move(result)));
     }
 
- private:
     [[noreturn]] static void ThrowNoRows(const std::string& place) {
         throw RuntimeError(ErrorNumber::DatabaseStatement, "the statement yields no rows" + place,
                            kErrorSource)

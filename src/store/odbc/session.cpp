@@ -1,6 +1,7 @@
 #include "store/odbc/session.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/text.h"
 #include "store/dialect/expression.h"
@@ -134,10 +135,13 @@ void Session::CheckOpen() const {
 }
 
 Result Session::Run(const std::string& sql, std::vector<Parameter> parameters, bool asStored) {
+    inDoubt_ = true;
     try {
-        return Do([sql, parameters = std::move(parameters),
-                   asStored](Link& link) { return link.Run(sql, parameters, asStored); },
-                  options_.statementLimit);
+        Result result = Do([sql, parameters = std::move(parameters),
+                            asStored](Link& link) { return link.Run(sql, parameters, asStored); },
+                           options_.statementLimit);
+        inDoubt_ = false;
+        return result;
     } catch (const RuntimeError& error) {
         const bool ofNames = error.Number() == ErrorNumber::DatabaseTable ||
                              error.Number() == ErrorNumber::DatabaseColumn;
@@ -151,7 +155,10 @@ Result Session::Run(const std::string& sql, std::vector<Parameter> parameters, b
 }
 
 std::vector<Column> Session::Describe(const std::string& sql) {
-    return Do([sql](Link& link) { return link.Describe(sql); }, options_.statementLimit);
+    inDoubt_ = true;
+    auto columns = Do([sql](Link& link) { return link.Describe(sql); }, options_.statementLimit);
+    inDoubt_ = false;
+    return columns;
 }
 
 const Table& Session::FindTable(const std::string& name) {
@@ -162,6 +169,9 @@ const Table& Session::FindTable(const std::string& name) {
     const std::string asked = facts_.server == Server::PostgreSql ? key : name;
     Table table =
         Do([asked](Link& link) { return link.DescribeTable(asked); }, options_.statementLimit);
+    // One that is not there may come.
+    static const Table kMissing;
+    if (table.columns.empty()) return kMissing;
     for (std::size_t i = 0; i < table.columns.size(); i++) {
         schema_.AddColumn(table.columns[i].name, table.typeNames[i]);
     }
@@ -179,7 +189,8 @@ const Table& Session::TableOf(const std::string& name) {
 }
 
 const dialect::SchemaInfo& Session::SchemaFor(const std::string& sql) {
-    if (facts_.server == Server::Sqlite && tables_.empty()) {
+    const bool learns = !std::exchange(knowsIndex_, true);
+    if (facts_.server == Server::Sqlite && learns) {
         const std::string index = dialect::QuoteText(std::string(dialect::kWindowIndex));
         Result found = Run("select sql from sqlite_master where type='index' and name=" + index);
         Value making;
@@ -187,7 +198,7 @@ const dialect::SchemaInfo& Session::SchemaFor(const std::string& sql) {
         schema_.hasWindowIndex =
             dialect::SameStatement(making.ToText(), dialect::WindowIndexStatement());
     }
-    if (facts_.server == Server::PostgreSql && tables_.empty()) {
+    if (facts_.server == Server::PostgreSql && learns) {
         schema_.hasWindowIndex = Run(dialect::FindPostgreSqlWindowIndex()).rows.Advance();
     }
     for (const std::string& name : NamedTables(sql)) FindTable(name);
@@ -197,11 +208,34 @@ const dialect::SchemaInfo& Session::SchemaFor(const std::string& sql) {
 void Session::ForgetSchema() {
     tables_.clear();
     schema_ = {};
+    knowsIndex_ = false;
     translations_.clear();
+}
+
+bool Session::IsOfOldFacts(const std::string& sql, const dialect::Translation& translation) {
+    if (!options_.translate || !IsOpen() || !inDoubt_) return false;
+    const auto tables = std::exchange(tables_, {});
+    ForgetSchema();
+    try {
+        const auto present = Translated(sql);
+        if (present->sql != translation.sql || present->table != translation.table) return true;
+        for (const auto& [name, table] : tables_) {
+            const auto before = tables.find(name);
+            if (before != tables.end() &&
+                (before->second.typeNames != table.typeNames || before->second.key != table.key)) {
+                return true;
+            }
+        }
+    } catch (const RuntimeError&) {
+        // The first error says more about the statement.
+    }
+    return false;
 }
 
 std::shared_ptr<const dialect::Translation> Session::Translated(const std::string& sql) {
     CheckOpen();
+    // What was learnt of the tables may be why the last statement failed.
+    if (std::exchange(inDoubt_, false)) ForgetSchema();
     const auto known = std::find_if(translations_.begin(), translations_.end(),
                                     [&](const auto& entry) { return entry.first == sql; });
     if (known != translations_.end()) {

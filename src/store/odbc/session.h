@@ -43,6 +43,9 @@ class Session {
     const Table& TableOf(const std::string& name);
     /// Forgets what was learnt of the tables.
     void ForgetSchema();
+    /// After a failure: asks for the facts of the statement's tables anew. True when they differ
+    /// from those that `translation` was made with, so that it may succeed in its new form.
+    bool IsOfOldFacts(const std::string& sql, const dialect::Translation& translation);
     /// A name as the server takes it, in quotes.
     std::string Quoted(const std::string& name) const;
 
@@ -63,8 +66,10 @@ class Session {
     bool lost_ = false;
     ServerFacts facts_;
     std::list<std::pair<std::string, std::shared_ptr<const dialect::Translation>>> translations_;
-    std::map<std::string, Table> tables_;  ///< by lower-case name; without columns when missing
+    std::map<std::string, Table> tables_;  ///< by lower-case name
     dialect::SchemaInfo schema_;
+    bool knowsIndex_ = false;
+    bool inDoubt_ = false;  ///< a statement failed since the facts were learnt
     std::shared_ptr<rows::OpenRecordsets> recordsets_ = std::make_shared<rows::OpenRecordsets>();
 };
 
