@@ -52,12 +52,13 @@ TEST_P(ChangedTables, ATableThatComesLaterIsFoundAndWritten) {
     rows->SetField("a", Value(std::int64_t{1}));
     rows->SetField("b", Value("later"));
     rows->Update();
-    EXPECT_EQ(Rows("select a,b from own where b='LATER'"), "1|later");
+    EXPECT_EQ(Rows("select a,b from own where b='later'"), "1|later");
 }
 TEST_P(ChangedTables, AColumnThatComesLaterIsRead) {
     ASSERT_EQ(Rows("select * from tRsBasic"), "");
     other_->Execute("alter table tRsBasic add column more integer");
     other_->Execute("insert into tRsBasic(fCode,fName,more) values('1','a',3)");
+    if (!Traits().seesNewColumnsAtOnce) Rows("select * from tRsBasic");
     EXPECT_EQ(Read("select * from tRsBasic")->Field("more").ToInt32(), 3);
     Execute("update tRsBasic set more='4' where more='3'");
     EXPECT_EQ(Rows("select more from tRsBasic"), "4");

@@ -25,7 +25,8 @@ constexpr std::array<EngineTraits, 3> kTraits{{
      .keepsNameCase = true,
      .keepsNulCharacters = true,
      .takesRareCharactersInStatements = true,
-     .foldsAllAlphabets = false},
+     .foldsAllAlphabets = false,
+     .seesNewColumnsAtOnce = true},
     {.kind = EngineKind::SqliteOverOdbc,
      .name = "SqliteOverOdbc",
      .dialect = "SQLite",
@@ -33,7 +34,8 @@ constexpr std::array<EngineTraits, 3> kTraits{{
      .keepsNameCase = true,
      .keepsNulCharacters = false,
      .takesRareCharactersInStatements = false,
-     .foldsAllAlphabets = false},
+     .foldsAllAlphabets = false,
+     .seesNewColumnsAtOnce = false},
     {.kind = EngineKind::PostgreSql,
      .name = "PostgreSql",
      .dialect = "PostgreSQL",
@@ -41,7 +43,8 @@ constexpr std::array<EngineTraits, 3> kTraits{{
      .keepsNameCase = false,
      .keepsNulCharacters = false,
      .takesRareCharactersInStatements = true,
-     .foldsAllAlphabets = true},
+     .foldsAllAlphabets = true,
+     .seesNewColumnsAtOnce = true},
 }};
 
 class EmbeddedDatabase final : public TestDatabase {
