@@ -27,6 +27,13 @@ void PrintCounts(const Report& report, std::ostream& out) {
     }
 }
 
+// A file of that name would keep the password for everybody to read. "@FILE" is a connection, too.
+void RefuseConnection(const std::string& name, const char* reason) {
+    if (name.starts_with('@') || store::ConnectionText(name).ForMessage() != name) {
+        throw UsageError(reason);
+    }
+}
+
 int Create(const CommandLine& line, const Console& console) {
     Progress progress(line.quiet ? nullptr : &console.err, console.terminal);
     const bool sample = line.command == Command::Sample;
@@ -39,10 +46,7 @@ int Create(const CommandLine& line, const Console& console) {
         PrintCounts(CheckServer(line.server), console.out);
         return kFine;
     }
-    // A file of that name would keep the password for everybody to read.
-    if (store::ConnectionText(line.file).ForMessage() != line.file) {
-        throw UsageError("this is a connection; --to stands in front of a server");
-    }
+    RefuseConnection(line.file, "this is a connection; --to stands in front of a server");
     const std::filesystem::path file = PathOf(line.file);
     if (std::filesystem::is_directory(file)) throw FileError("this is a folder");
     if (file.has_parent_path() && !std::filesystem::is_directory(file.parent_path())) {
@@ -75,6 +79,9 @@ int Check(const CommandLine& line, const Console& console) {
 }
 
 int Copy(const CommandLine& line, const Console& console) {
+    for (const std::string& name : {line.file, line.second}) {
+        RefuseConnection(name, "backup and restore are of embedded files, not of connections");
+    }
     Progress progress(line.quiet ? nullptr : &console.err, console.terminal);
     const Copied copied = line.command == Command::Backup
                               ? BackUp(line.file, line.second, line.force, progress)
