@@ -8,6 +8,7 @@
 #include "forms/field_keys.h"
 #include "resources/text_ids.h"
 #include "scheduling/plan_editor_layout.h"
+#include "scheduling/plan_store.h"
 #include "scheduling/staff_list.h"
 #include "scheduling/task_generation.h"
 #include "session/text_checks.h"
@@ -208,11 +209,7 @@ void frmTaskSet::ProposePlan() {
 }
 
 void frmTaskSet::ShowPlan() {
-    if (const auto plan = LoadPlan(session_, edited_.taskId)) {
-        edited_.title = plan->title;
-        FillFrom(*plan);
-        return;
-    }
+    if (const auto row = LoadPlan(session_, edited_.taskId)) return ShowRow(*row);
     const DateTime today = session_.machine.clock.Today();
     dateBegin.SetValue(today);
     dateEnd.SetValue(today);
@@ -287,8 +284,7 @@ void frmTaskSet::cmdOK_Click() {
     if (generating_) return;
     const PlanEntry entry = Entry();
     if (const auto refusal = CheckEntry(entry)) return Refuse(*refusal);
-    if (AsksForSetter(entry) &&
-        !Ask(text_id::kNoSetter, forms::box::kOkCancel, forms::Answer::Ok)) {
+    if (AsksForSetter(entry) && !AskForSetter()) {
         txtSetMan.SetFocus();
         return;
     }
@@ -296,18 +292,41 @@ void frmTaskSet::cmdOK_Click() {
     const bool added = edited_.taskId == 0;
     const bool generates = chkTaskSet.Checked();
     const std::string number(text::Trim(txtTaskID.Text()));
-    if (const auto refusal = SavePlan(session_, plan, edited_)) return Refuse(*refusal);
+    const PlanSave save = Save(plan);
+    if (save.outcome != PlanSave::Outcome::Saved) return;
+    // From here on the plan exists: should the generation fail, a second confirmation changes it.
+    if (save.joined) FillFrom(PlanOf(save.written));
+    edited_ = {plan.taskId, save.written, ValuesOf(MakePlan(Entry()))};
     session_.windows.ShowMessage(session_.LoadText(text_id::kTask) +
                                      session_.LoadText(added ? text_id::kAdd : text_id::kChange) +
                                      session_.LoadText(text_id::kFinished) + "!",
                                  forms::box::kInformation);
-    // From here on the plan exists: should the generation fail, a second confirmation changes it.
-    edited_ = {plan.taskId, plan.title};
     SetModeCaption();
     if (generates && Ask(text_id::kStartGenerating, forms::box::kYesNo, forms::Answer::Yes)) {
         Generate(number);
     }
     Unload();
+}
+
+bool frmTaskSet::AskForSetter() {
+    return Ask(text_id::kNoSetter, forms::box::kOkCancel, forms::Answer::Ok);
+}
+
+PlanSave frmTaskSet::Save(const Plan& plan) {
+    const PlanQuestions questions{[this](const auto& fields, const auto& stored, const auto& own) {
+                                      return AskAboutConflict(fields, stored, own);
+                                  },
+                                  [this] { return AskForSetter(); }};
+    const EditedPlan edited = edited_;
+    PlanSave save = PlanSaving(session_, edited, questions).Save(plan);
+    if (save.outcome == PlanSave::Outcome::Saved) return save;
+    if (save.joined) ShowJoined(*save.joined);
+    if (save.refusal) {
+        Refuse(*save.refusal);
+    } else if (save.joined) {
+        txtSetMan.SetFocus();
+    }
+    return save;
 }
 
 void frmTaskSet::Generate(const std::string& number) {

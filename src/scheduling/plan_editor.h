@@ -3,7 +3,10 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "forms/buttons.h"
 #include "forms/containers.h"
@@ -14,7 +17,7 @@
 #include "forms/text_box.h"
 #include "forms/up_down.h"
 #include "scheduling/plan_rules.h"
-#include "scheduling/plan_store.h"
+#include "scheduling/plan_saving.h"
 #include "session/session.h"
 
 namespace zv::scheduling {
@@ -93,12 +96,24 @@ class frmTaskSet : public forms::Form {
     void ProposePlan();
     void ShowPlan();
     void FillFrom(const Plan& plan);
+    /// Shows a row as it is read; what is entered from then on is a change of it.
+    void ShowRow(const store::RowValues& row);
+    /// Shows a joined plan as a change of the row that it goes into.
+    void ShowJoined(const PlanSave::Joined& joined);
 
     PlanEntry Entry() const;
     forms::Control& ControlOf(PlanField field);
     void CheckBoxText(PlanField field, forms::TextBox& box, bool& cancel);
     void CheckDate(PlanField field, bool& cancel);
     void Refuse(const Refusal& refusal);
+    bool AskForSetter();
+    /// Saves the plan; one that is not saved is told or was called off by the user.
+    PlanSave Save(const Plan& plan);
+    std::optional<store::RowMerge::Version> AskAboutConflict(const std::vector<std::size_t>& fields,
+                                                             const store::RowValues& stored,
+                                                             const store::RowValues& own) const;
+    std::string ConflictCaption(std::string_view field) const;
+    std::string ShownInConflict(std::string_view field, const store::RowValues& row) const;
     bool Ask(std::int16_t question, int buttons, forms::Answer agreement);
     void Generate(const std::string& number);
     void StepWidth(int step);

@@ -26,6 +26,17 @@ void frmTaskSet::FillFrom(const Plan& plan) {
     txtTaskCon.SetText(plan.content);
 }
 
+void frmTaskSet::ShowRow(const store::RowValues& row) {
+    FillFrom(PlanOf(row));
+    edited_.asRead = row;
+    edited_.shown = ValuesOf(MakePlan(Entry()));
+}
+
+void frmTaskSet::ShowJoined(const PlanSave::Joined& joined) {
+    ShowRow(joined.stored);
+    FillFrom(PlanOf(joined.plan));
+}
+
 PlanEntry frmTaskSet::Entry() const {
     PlanEntry entry;
     entry.taskId = txtTaskID.Text();

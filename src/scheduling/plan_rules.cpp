@@ -182,4 +182,35 @@ Plan MakePlan(const PlanEntry& entry) {
     return plan;
 }
 
+PlanEntry EntryOf(const Plan& plan) {
+    PlanEntry entry;
+    entry.taskId = std::to_string(plan.taskId);
+    entry.title = plan.title;
+    entry.begin = plan.begin;
+    entry.end = plan.end;
+    entry.circleType = plan.circleType;
+    entry.circleValue = std::to_string(plan.circleValue);
+    entry.month = std::to_string(plan.month);
+    entry.day = std::to_string(plan.day);
+    entry.week = plan.week;
+    entry.type = plan.type;
+    entry.typeValue = std::to_string(plan.typeValue);
+    entry.setMan = plan.setMan;
+    entry.doneMan = plan.doneMan;
+    entry.content = plan.content;
+    return entry;
+}
+
+std::optional<Refusal> CheckJoined(const Plan& plan) {
+    const PlanEntry entry = EntryOf(plan);
+    if (auto refusal = CheckEntry(entry)) return refusal;
+    if (const std::int16_t message = CheckFieldOnLeaving(PlanField::TypeValue, entry.typeValue)) {
+        return Refusal{PlanField::TypeValue, {text_id::kAlertRange, message}};
+    }
+    if (const std::int16_t message = CheckDateOnLeaving(PlanField::End, plan.begin, plan.end)) {
+        return Refusal{PlanField::End, {message}};
+    }
+    return {};
+}
+
 }  // namespace zv::scheduling

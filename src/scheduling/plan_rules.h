@@ -87,5 +87,10 @@ std::optional<Refusal> CheckUniqueness(std::int32_t number, std::int32_t edited,
 /// The plan of an entry that passed CheckEntry. Numbers are rounded to whole ones; throws error 6
 /// when one does not fit its field.
 Plan MakePlan(const PlanEntry& entry);
+/// The entry that shows a plan.
+PlanEntry EntryOf(const Plan& plan);
+/// The first rule that a plan breaks which is joined from what several users entered: those of a
+/// confirmed entry, then those of fields that are left.
+std::optional<Refusal> CheckJoined(const Plan& plan);
 
 }  // namespace zv::scheduling

@@ -7,6 +7,8 @@
 #include "plan_stage.h"
 #include "scheduling/staff_list.h"
 #include "session/text_checks.h"
+#include "stage/written_fields.h"
+#include "store/sqlite/sqlite_connection.h"
 
 namespace zv::scheduling {
 namespace {
@@ -170,6 +172,124 @@ TEST_F(PlanEditorTest, ReplacesAStaffListThatStandsOpen) {
     user.Click(editor.cmdSetMan);
     EXPECT_EQ(windows.Windows().size(), 1u);
     EXPECT_TRUE(dialogs.messages.empty());
+}
+
+constexpr const char* kStoredPlan =
+    "insert into tTaskSet(TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,taskMonth,taskday,"
+    "TaskWeek,Type,TypeValue,SetMan,DoneMan,Content) values(5,'a','2003-02-01 00:00:00',"
+    "'2006-02-01 00:00:00',1,2,6,30,3,1,7,'s','d','c')";
+
+TEST_F(PlanEditorTest, SetsTheFieldsInTheirOrderWhateverWasChanged) {
+    stage::WrittenFields written;
+    opener.open = [&](const store::ConnectionSettings& opened) {
+        return written.Watch(store::OpenSqlite(opened.dataPath.ForDriver()));
+    };
+    const std::vector<std::string> order(kPlanFields.begin(), kPlanFields.end());
+    Sql(kStoredPlan);
+    user.Click(Open(5).cmdOK);
+    EXPECT_EQ(written.names, order);
+    EXPECT_EQ(order,
+              (std::vector<std::string>{"TaskID", "taskTitle", "tbegin", "tEnd", "CircleValue",
+                                        "CircleType", "taskMonth", "taskday", "TaskWeek", "Type",
+                                        "TypeValue", "SetMan", "DoneMan", "Content"}));
+    written.names.clear();
+    frmTaskSet& editor = Open();
+    user.Type(editor.txtTaskTitle, "b");
+    user.Type(editor.txtSetMan, "s");
+    user.Click(editor.cmdOK);
+    EXPECT_EQ(written.names, order);
+    session.database.Close();
+}
+
+TEST_F(PlanEditorTest, AChangeBetweenOpeningAndWritingIsRefusedAndThenAskedAbout) {
+    Sql(kStoredPlan);
+    frmTaskSet& editor = Open(5);
+    user.Type(editor.txtTaskCon, "mine");
+    statements.onRow = [&] { Sql("update tTaskSet set Content='theirs'"); };
+    user.Click(editor.cmdOK);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_TRUE(dialogs.messages[0].starts_with("16|")) << dialogs.messages[0];
+    EXPECT_EQ(Rows("select Content from tTaskSet"), "theirs");
+    statements.onRow = nullptr;
+    dialogs.answers = {Answer::Cancel};
+    user.Click(editor.cmdOK);
+    EXPECT_NE(dialogs.messages.back().find("[theirs]"), std::string::npos);
+    EXPECT_EQ(Rows("select Content from tTaskSet"), "theirs");
+    EXPECT_EQ(editor.txtTaskCon.Text(), "mine");
+}
+
+// A second confirmation, after the generation failed, is a change of the row as it was joined.
+TEST_F(PlanEditorTest, GoesOnFromTheJoinedPlanWhenTheGenerationFails) {
+    Sql(kStoredPlan);
+    frmTaskSet& editor = Open(5);
+    user.Type(editor.txtTaskCon, "mine");
+    user.Click(editor.chkTaskSet);
+    Sql("update tTaskSet set DoneMan='other'");
+    dialogs.answers = {Answer::Yes};
+    statements.FailRow(2);
+    user.Click(editor.cmdOK);
+    ASSERT_TRUE(editor.IsShown());
+    EXPECT_EQ(editor.txtDoneMan.Text(), "other");
+    Sql("update tTaskSet set SetMan='new'");
+    user.Type(editor.txtDoneMan, "me");
+    user.Click(editor.chkTaskSet);
+    dialogs.messages.clear();
+    user.Click(editor.cmdOK);
+    EXPECT_EQ(dialogs.messages, std::vector<std::string>{"64|任务修改完毕!"});
+    EXPECT_EQ(Rows("select SetMan,DoneMan,Content from tTaskSet"), "new|me|mine");
+}
+
+// What a kind of plan does not use is nothing that the two could mean differently.
+TEST_F(PlanEditorTest, DoesNotAskAboutARecurrenceThatReadsAlike) {
+    Sql(kStoredPlan);
+    frmTaskSet& editor = Open(5);
+    user.Type(editor.txtDay, "15");
+    Sql("update tTaskSet set taskday=15,TaskWeek=2");
+    user.Click(editor.cmdOK);
+    EXPECT_EQ(dialogs.messages, std::vector<std::string>{"64|任务修改完毕!"});
+    EXPECT_EQ(Rows("select CircleType,taskday from tTaskSet"), "1|15");
+}
+
+TEST_F(PlanEditorTest, KeepsAStoredTitleWithAQuoteThatAnotherProgramGave) {
+    Sql(kStoredPlan);
+    frmTaskSet& editor = Open(5);
+    user.Type(editor.txtTaskCon, "mine");
+    Sql("update tTaskSet set taskTitle='it''s'");
+    user.Click(editor.cmdOK);
+    EXPECT_EQ(dialogs.messages, std::vector<std::string>{"64|任务修改完毕!"});
+    EXPECT_EQ(Rows("select taskTitle,Content from tTaskSet"), "it's|mine");
+}
+
+TEST_F(PlanEditorTest, NamesEveryFieldInTheQuestion) {
+    Sql(kStoredPlan);
+    frmTaskSet& editor = Open(5);
+    user.Type(editor.txtTaskTitle, "b");
+    user.SetDate(editor.dateBegin, DateTime(2003, 2, 2));
+    user.Pick(editor.cobCircleType, circle::kDaily);
+    user.Type(editor.txtUpDown, "1");
+    user.Type(editor.txtSetMan, "s2");
+    user.Type(editor.txtDoneMan, "d2");
+    user.Type(editor.txtTaskCon, "c2");
+    Sql("update tTaskSet set taskTitle='x',tbegin='2003-02-03 00:00:00',CircleType=9,Type=9,"
+        "SetMan='s3',DoneMan='d3',Content='c3'");
+    dialogs.answers = std::deque<Answer>(7, Answer::Yes);
+    user.Click(editor.cmdOK);
+    const std::vector<std::string> lines{
+        "主题: 现存 [x], 您的 [b]",
+        "起始日期: 现存 [2003-02-03 00:00:00], 您的 [2003-02-02 00:00:00]",
+        "安排日期: 现存 [每2(9)], 您的 [每2天]",
+        "报警范围: 现存 [(9)7天], 您的 [提前1天]",
+        "设置人: 现存 [s3], 您的 [s2]",
+        "执行人: 现存 [d3], 您的 [d2]",
+        "任务详情: 现存 [c3], 您的 [c2]"};
+    ASSERT_EQ(dialogs.messages.size(), lines.size() + 1);
+    for (std::size_t i = 0; i < lines.size(); i++) {
+        EXPECT_NE(dialogs.messages[i].find("\r\n\r\n" + lines[i] + "\r\n\r\n"), std::string::npos)
+            << dialogs.messages[i];
+    }
+    EXPECT_EQ(Rows("select taskTitle,CircleType,Type,TypeValue,SetMan,DoneMan,Content "
+                   "from tTaskSet"),
+              "b|2|1|1|s2|d2|c2");
 }
 
 }  // namespace

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
+#include "scheduling/plan_saving.h"
+
 #include "base/errors.h"
 
 namespace zv::scheduling {
@@ -330,6 +334,66 @@ TEST(MakePlan, RefusesANumberThatDoesNotFit) {
     PlanEntry entry = Valid();
     entry.taskId = "99999999999";
     EXPECT_THROW(MakePlan(entry), RuntimeError);
+}
+
+TEST(EntryOf, IsTheEntryThatMakesThePlan) {
+    const Plan plan = MakePlan(Valid());
+    EXPECT_EQ(ValuesOf(MakePlan(EntryOf(plan))), ValuesOf(plan));
+}
+
+TEST(PlanFields, ComeBackFromTheirValues) {
+    Plan plan;
+    plan.taskId = 9;
+    plan.title = "t";
+    plan.begin = DateTime(2003, 1, 2);
+    plan.end = DateTime(2004, 3, 4);
+    plan.circleType = circle::kWeekly;
+    plan.circleValue = 11;
+    plan.month = 5;
+    plan.day = 6;
+    plan.week = 4;
+    plan.type = side::kBoth;
+    plan.typeValue = 7;
+    plan.setMan = "s";
+    plan.doneMan = "d";
+    plan.content = "c";
+    const store::RowValues values = ValuesOf(plan);
+    ASSERT_EQ(values.size(), kPlanFields.size());
+    EXPECT_EQ(values[PlanFieldIndex("taskday")], store::Value(6));
+    EXPECT_EQ(values[PlanFieldIndex("CircleValue")], store::Value(11));
+    EXPECT_EQ(values[PlanFieldIndex("DoneMan")], store::Value("d"));
+    EXPECT_EQ(ValuesOf(PlanOf(values)), values);
+}
+
+TEST(PlanGroups, DatesRecurrenceAndAlertEachBelongTogether) {
+    const std::vector<std::size_t> groups = PlanGroups();
+    const auto group = [&groups](std::string_view field) { return groups[PlanFieldIndex(field)]; };
+    EXPECT_EQ(group("tbegin"), group("tEnd"));
+    for (const std::string_view field : {"CircleType", "taskMonth", "taskday", "TaskWeek"}) {
+        EXPECT_EQ(group(field), group("CircleValue")) << field;
+    }
+    EXPECT_EQ(group("Type"), group("TypeValue"));
+    EXPECT_EQ(group("TaskID"), store::RowMerge::kAlwaysOwn);
+    const std::set<std::size_t> different(groups.begin(), groups.end());
+    EXPECT_EQ(different.size(), 8u);
+}
+
+TEST(CheckJoined, RefusesWhatAnEntryOrAFieldIsRefusedFor) {
+    const Plan valid = MakePlan(Valid());
+    EXPECT_EQ(CheckJoined(valid), Answer());
+    Plan plan = valid;
+    plan.title = " ";
+    EXPECT_EQ(CheckJoined(plan), Answer(Refusal{PlanField::Title, {7, 108}}));
+    plan = valid;
+    plan.end = plan.begin.AddDays(-1);
+    EXPECT_EQ(CheckJoined(plan), Answer(Refusal{PlanField::End, {120}}));
+    plan = valid;
+    plan.typeValue = -1;
+    EXPECT_EQ(CheckJoined(plan), Answer(Refusal{PlanField::TypeValue, {33, 140}}));
+    plan = valid;
+    plan.circleType = circle::kYearly;
+    plan.month = 13;
+    EXPECT_EQ(CheckJoined(plan), Answer(Refusal{PlanField::Month, {15, 109}}));
 }
 
 }  // namespace

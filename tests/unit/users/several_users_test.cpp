@@ -96,6 +96,52 @@ TEST_P(SeveralUsers, WhoeverKeepsWhatIsThereStillStoresTheRest) {
     EXPECT_EQ(Get("select fUser from tTaskList where taskTitle='shared'"), "one");
 }
 
+TEST_P(SeveralUsers, WhoeverSavesAPlanLaterIsAskedAndMayKeepWhatIsThere) {
+    Run("update tTaskSet set SetMan='boss'");
+    one_->Tell("open-plan 7 mine");
+    other_->Tell("open-plan 7 theirs");
+    EXPECT_EQ(other_->Tell("save-plan"), "64|任务修改完毕!");
+    const std::string question = one_->Tell("save-plan cancel");
+    EXPECT_NE(question.find("现存 [theirs], 您的 [mine]"), std::string::npos) << question;
+    EXPECT_EQ(Get("select Content from tTaskSet"), "theirs");
+    // The editor is still open with what was typed; the next time the answer may be another.
+    one_->Tell("save-plan yes");
+    EXPECT_EQ(Get("select Content from tTaskSet"), "mine");
+    one_->Tell("open-plan 7 again");
+    other_->Tell("open-plan 7 last");
+    other_->Tell("save-plan");
+    one_->Tell("save-plan no");
+    EXPECT_EQ(Get("select Content from tTaskSet"), "last");
+}
+
+TEST_P(SeveralUsers, FieldsOfAPlanThatOnlyOneOfThemChangedAreBothStored) {
+    Run("update tTaskSet set SetMan='boss'");
+    one_->Tell("open-plan 7 mine");
+    Run("update tTaskSet set taskTitle='theirs',tEnd='2003-03-20',CircleType=1,CircleValue=2,"
+        "taskday=5,TypeValue=3,DoneMan='other'");
+    EXPECT_EQ(one_->Tell("save-plan"), "64|任务修改完毕!");
+    for (const auto& [field, value] :
+         std::initializer_list<std::pair<std::string, std::string>>{{"Content", "mine"},
+                                                                    {"taskTitle", "theirs"},
+                                                                    {"CircleType", "1"},
+                                                                    {"CircleValue", "2"},
+                                                                    {"taskday", "5"},
+                                                                    {"TypeValue", "3"},
+                                                                    {"SetMan", "boss"},
+                                                                    {"DoneMan", "other"}}) {
+        EXPECT_EQ(Get("select " + field + " from tTaskSet"), value) << field;
+    }
+    EXPECT_EQ(Get("select tEnd from tTaskSet").substr(0, 10), "2003-03-20");
+}
+
+TEST_P(SeveralUsers, APlanThatIsWrongOnlyWhenJoinedIsNotSaved) {
+    Run("update tTaskSet set SetMan='boss',CircleValue=9,TypeValue=1");
+    one_->Tell("open-plan 7 mine");
+    Run("update tTaskSet set TypeValue=5,Type=3");
+    EXPECT_EQ(one_->Tell("save-plan"), "48|报警时间区段有重叠 , 请缩小报警提示时间范围!");
+    EXPECT_EQ(Get("select Content from tTaskSet"), "");
+}
+
 TEST_P(SeveralUsers, GeneratingAPlanLeavesVisitsUnderItsNumber) {
     Run("insert into tTaskList(fType,TaskID,taskTitle,taskTime,tDone) "
         "values(1,7,'visit','2003-03-07',1)");

@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "base/text.h"
+#include "scheduling/plan_editor.h"
 #include "scheduling/task_generation.h"
 #include "stage/item_user.h"
 #include "stage/stage.h"
@@ -79,11 +80,28 @@ class Desk {
             stage_.dialogs.answers = {AnswerOf(how)};
             return scheduling::GenerateTaskList(stage_.session, what);
         }
+        if (act == "open-plan") return OpenPlan(what, how);
+        if (act == "save-plan") {
+            if (!what.empty()) stage_.dialogs.answers = {AnswerOf(what)};
+            return stage_.user.Click(PlanEditor().cmdOK);
+        }
         if (!user_->Select(what)) throw std::logic_error("no such item: " + what);
         if (act == "open") return user_->Change(how);
         if (act == "complete") return user_->Complete();
         if (act == "delete") return user_->Delete();
         throw std::logic_error("unknown word: " + act);
+    }
+    void OpenPlan(const std::string& number, const std::string& content) {
+        stage_.windows.FromHost([&] {
+            scheduling::ShowPlanEditor(stage_.session, static_cast<std::int16_t>(std::stoi(number)),
+                                       false);
+        });
+        stage_.user.Type(PlanEditor().txtTaskCon, content);
+    }
+    scheduling::frmTaskSet& PlanEditor() {
+        auto* editor = stage_.windows.Find<scheduling::frmTaskSet>(scheduling::frmTaskSet::kName);
+        if (!editor) throw std::logic_error("no plan is open");
+        return *editor;
     }
     static Answer AnswerOf(const std::string& word) {
         if (word == "cancel") return Answer::Cancel;

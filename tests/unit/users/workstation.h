@@ -28,6 +28,8 @@ class Workstation {
     ///   save [yes|no|cancel]  the answer to the question about a conflict
     ///   complete TITLE
     ///   delete TITLE
+    ///   open-plan PLAN CONTENT  opens the plan editor and types the content
+    ///   save-plan [yes|no|cancel]
     ///   generate PLAN yes|no  whether items that are done go, too
     std::string Tell(const std::string& words);
     /// The two halves of Tell, for workstations that shall act at the same time.
