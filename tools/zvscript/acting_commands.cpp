@@ -187,6 +187,15 @@ Action Close(Words words) {
     };
 }
 
+Action Minimise(Words words) {
+    return [name = ParseWindow(words[0])](Stage& stage) {
+        forms::Form& form = FindForm(stage.windows, name);
+        stage.RequireReachable(form);
+        if (!form.IsShown()) throw Failure(name + " is not shown");
+        form.SetState(forms::WindowState::Minimised);
+    };
+}
+
 constexpr std::array kActing = std::to_array<CommandSpec>({
     {"answer", 1, 1, "ok|cancel|yes|no", Answer, OpenMenu::Stays},
     {"input", 1, 1, "\"TEXT\"|cancel", Input, OpenMenu::Stays},
@@ -205,6 +214,7 @@ constexpr std::array kActing = std::to_array<CommandSpec>({
     {"tick", 1, 1, "W.C", Tick},
     {"mouse", 3, 3, "W.C X Y", Mouse},
     {"close", 1, 1, "W", Close},
+    {"minimise", 1, 1, "W", Minimise},
     {"call", 1, CommandSpec::kMany, "NAME ARG...", CompileCall},
 });
 

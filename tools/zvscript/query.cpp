@@ -80,6 +80,9 @@ std::optional<std::string> ReadMenu(const forms::MenuItem& item, const std::stri
 
 std::string ReadWindow(Stage& stage, const PropertyPath& path) {
     forms::Form& form = FindForm(stage.windows, path.target.window);
+    if (path.property == "minimised") {
+        return Truth(form.State() == forms::WindowState::Minimised);
+    }
     return path.property == "modal" ? Truth(form.IsModal()) : stage.driver.ReadCaption(form);
 }
 

@@ -129,7 +129,9 @@ PropertyPath ParsePropertyPath(const std::string& word) {
     const Part& last = parts.back();
     if (parts.size() == 2) {
         PropertyPath path{{WindowOf(parts[0]), {}, -1}, last.name, {}};
-        if ((last.name != "caption" && last.name != "modal") || last.parenthesis) {
+        const bool known =
+            last.name == "caption" || last.name == "modal" || last.name == "minimised";
+        if (!known || last.parenthesis) {
             throw ScriptError("a window has no property " + Quote(last.name));
         }
         return path;
