@@ -36,16 +36,25 @@ void TaskTree::chkEvent_Click() {
 }
 
 bool TaskTree::Refill() {
-    if (window_.filter.TextsAreFit()) {
-        Fill();
-        return true;
+    if (!window_.filter.TextsAreFit()) {
+        PutSwitchBack();
+        return false;
     }
-    if (!window_.IsLoaded()) return false;
+    try {
+        Fill();
+    } catch (...) {
+        PutSwitchBack();
+        throw;
+    }
+    return true;
+}
+
+void TaskTree::PutSwitchBack() {
+    if (!window_.IsLoaded()) return;
     // The switch says what the tree shows.
     puttingBack_ = true;
     window_.chkEvent.SetValue(window_.state.currentType == kPlan ? 1 : 0);
     puttingBack_ = false;
-    return false;
 }
 
 void TaskTree::FillForHost() {

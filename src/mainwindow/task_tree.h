@@ -19,7 +19,8 @@ class TaskTree {
 
     void chkEvent_Click();
     /// Fills the tree as its switch says. False when a text of the filter is not fit for a
-    /// statement: the user has been told and the tree is as it was.
+    /// statement: the user has been told and the tree is as it was. Errors: the database's, with
+    /// the tree as it was. In both cases the switch says what the tree shows.
     bool Refill();
     /// The same for the host: such a text leaves the tree as it is without a word.
     void FillForHost();
@@ -47,6 +48,7 @@ class TaskTree {
     void ShowFilterFor(bool plans);
     void ShowNodeItem();
     void EnableCommands(char stateDigit);
+    void PutSwitchBack();
 
     frmTaskMain& window_;
     bool puttingBack_ = false;
