@@ -120,9 +120,13 @@ std::string ReadFile(const fs::path& path) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-void Play(script::Stage& stage, const std::string& text, const std::string& name) {
+// `playing`: whose lines go on while a menu is open.
+void Play(script::Stage& stage, script::Playback*& playing, const std::string& text,
+          const std::string& name) {
     script::Playback playback(script::CompileScript(text));
+    playing = &playback;
     playback.Run(stage);
+    playing = nullptr;
     if (playback.Failed()) {
         throw std::runtime_error(name + ":" + std::to_string(playback.FailedLine()) + ": " +
                                  playback.Reason());
@@ -175,17 +179,25 @@ class Verdict {
 std::vector<Reading> PlayRounds(const fs::path& scripts, int rounds, const fs::path& folder) {
     const std::string round = ReadFile(scripts / "round.zvs");
     const auto engine = script::MakeScriptEngine("embedded");
-    script::Stage stage(folder, script::BackendKind::Win32, *engine, [](forms::Form& form) {
-        throw std::runtime_error("a modal window: " + form.Name());
-    });
-    Play(stage, ReadFile(scripts / "begin.zvs"), "begin.zvs");
+    script::Playback* playing = nullptr;
+    script::Stage* played = nullptr;
+    script::Stage stage(
+        folder, script::BackendKind::Win32, *engine,
+        {.modal =
+             [](forms::Form& form) { throw std::runtime_error("a modal window: " + form.Name()); },
+         .menu =
+             [&] {
+                 if (playing && played) playing->RunInMenu(*played);
+             }});
+    played = &stage;
+    Play(stage, playing, ReadFile(scripts / "begin.zvs"), "begin.zvs");
     AddRows(stage.host);
 
     std::vector<Reading> readings;
     // Room for all at once: what is measured must not grow with the measuring.
     readings.reserve(static_cast<std::size_t>(rounds));
     for (int i = 1; i <= rounds; i++) {
-        Play(stage, text::Replace(round, "NEW", std::to_string(kItems + i)), "round.zvs");
+        Play(stage, playing, text::Replace(round, "NEW", std::to_string(kItems + i)), "round.zvs");
         readings.push_back(Read());
         const Reading& now = readings.back();
         if (i == 1 || i % std::max(rounds / 10, 1) == 0) {
