@@ -22,12 +22,6 @@ std::string ModeWord(std::uint8_t mode) {
     }
 }
 
-/// A list without a selected row has nothing to store.
-std::optional<Value> RowOf(const forms::ComboBox& list) {
-    if (list.ListIndex() < 0) return std::nullopt;
-    return Value(list.ListIndex());
-}
-
 }  // namespace
 
 bool ItemSaving::SaveItem() {
@@ -166,10 +160,14 @@ ItemEntry ItemSaving::Entry() const {
                    : CutToBytes(window_.session.machine.codePage, box.Text(), box.MaxLength());
     };
     ItemEntry entry(kItemFields.size());
-    const auto set = [&entry](std::string_view field, std::optional<Value> value) {
-        entry[ItemFieldIndex(field)] = std::move(value);
+    const auto set = [&entry](std::string_view field, Value value) {
+        entry[ItemFieldIndex(field)].emplace(std::move(value));
     };
-    set("fType", RowOf(window_.cboType2));
+    // A list without a selected row has nothing to store.
+    const auto setRow = [&set](std::string_view field, const forms::ComboBox& list) {
+        if (list.ListIndex() >= 0) set(field, Value(list.ListIndex()));
+    };
+    setRow("fType", window_.cboType2);
     set("fWay", Value(window_.cboWay.Text()));
     set("TaskID", Value(window_.editor.NumberToStore()));
     set("fGuest", Value(window_.txtName2.Text()));
@@ -183,7 +181,7 @@ ItemEntry ItemSaving::Entry() const {
         set("fOther" + std::to_string(i), Value(cut(window_.txtOther[i])));
     }
     set("fUser", Value(window_.session.state.UserName));
-    set("tDone", RowOf(window_.cboDone2));
+    setRow("tDone", window_.cboDone2);
     return entry;
 }
 

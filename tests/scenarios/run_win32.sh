@@ -5,4 +5,4 @@ set -uo pipefail
 cd "$(dirname "$0")/../.."
 source tools/setup/wine.sh
 mapfile -t files < <(find tests/scenarios -name '*.zvs' | sort)
-wine_run "${ZV_BIN:?}/zvscript.exe" --backend win32 "${files[@]}"
+ZV_WINE_TIMEOUT=900 wine_run "${ZV_BIN:?}/zvscript.exe" --backend win32 "${files[@]}"
