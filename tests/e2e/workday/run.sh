@@ -284,6 +284,7 @@ expect "a click brings the card back" shows txtCompSeek
 main mousetab SSTab1 1
 expect "the filter page comes forward" shows DTPicker0
 main mouse DTPicker0 10 12
+main mouse DTPicker1 10 12
 main mouse cboState
 outside keys End Up Enter
 main mouse cmdSeek
