@@ -111,7 +111,7 @@ expect "and sees it at the next refill" finds second 报价单
 change first 报价单 甲写的
 change second 报价单 乙写的
 press second "the second's change is told" cmdSave "[[]报价单[]]: 修改完毕 ！" 1
-press first "the first is shown both texts" cmdSave "*乙写的*甲写的*" 7
+press first "the first is shown both texts" cmdSave "*乙写的*甲写的*" 2
 expect "the second's text stays" rows_are "select fOther0 from tTaskList where fID=1" 乙写的
 press first "the first is asked again" cmdSave "*乙写的*甲写的*" 6
 answer first "and told of the change" "[[]报价单[]]: 修改完毕 ！" 1
