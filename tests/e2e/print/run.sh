@@ -147,6 +147,8 @@ outside keys Escape >/dev/null
 check "a print that was called off is no failure" no_message
 check "the preview is there still" text_is txtPage 1
 end_preview
+# Wine goes on into a file of the port's name, whatever the user answered.
+rm -f FILE:
 # A page that lies across is proposed to be printed across, in its true size.
 check "the printer is put aside" printers remove 'zv paper'
 check "a printer that writes a file" printers add 'zv paper' "$(windows_path "$work/across.ps")"
