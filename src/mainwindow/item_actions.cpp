@@ -136,7 +136,8 @@ void ItemActions::cmdSave_Click() {
     if (state.openedFor == kNoEdit) return;
     // A delete that was called off meanwhile has left its own mode.
     state.editMode = state.openedFor;
-    if (!window_.saving.SaveItem()) return;
+    // A host that closed the window meanwhile wants no list any more.
+    if (!window_.saving.SaveItem() || !window_.IsLoaded()) return;
     state.editMode = kNoEdit;
     LockEditor();
     if (window_.tree.Refill()) TellWhenNotListed();

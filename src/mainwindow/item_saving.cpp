@@ -39,10 +39,9 @@ bool ItemSaving::SaveItem() {
     const std::string word = ModeWord(state.editMode);
     // The number of a plan that is shown is not an item's.
     const std::int32_t id = state.currentType == kPlan ? 0 : state.currentItemId;
-    session.EnsureConnection();
     if (!MayJoinPlan()) return false;
     if (adds) {
-        Add(entry);
+        Add(id, entry);
     } else if (!Change(id, entry)) {
         return false;
     }
@@ -57,6 +56,7 @@ bool ItemSaving::MayJoinPlan() const {
     const std::optional<std::int32_t> pick = window_.cards.Pick();
     if (!pick || window_.cboType2.ListIndex() != kTask) return true;
     const std::string number = std::to_string(*pick);
+    session.EnsureConnection();
     const auto plan =
         session.database.Open("select taskTitle from tTaskSet where taskID=" + number);
     const bool exists = !plan->Eof();
@@ -73,8 +73,8 @@ bool ItemSaving::MayJoinPlan() const {
            forms::Answer::Cancel;
 }
 
-void ItemSaving::Add(const ItemEntry& entry) {
-    const auto row = OpenRow(window_.state.currentType == kPlan ? 0 : window_.state.currentItemId);
+void ItemSaving::Add(std::int32_t id, const ItemEntry& entry) {
+    const auto row = OpenRow(id);
     RowValues written(entry.size());
     row->AddNew();
     for (std::size_t i = 0; i < entry.size(); i++) {
@@ -101,6 +101,8 @@ void ItemSaving::Remember(const store::Recordset& row, const RowValues& written)
 }
 
 std::unique_ptr<store::Recordset> ItemSaving::OpenRow(std::int32_t id) const {
+    // While a question stood the host may have closed the window, and the connection with it.
+    window_.session.EnsureConnection();
     return window_.session.database.Open("select * from tTaskList where fID=" + std::to_string(id),
                                          store::CursorType::ForwardOnly,
                                          store::LockType::Optimistic);

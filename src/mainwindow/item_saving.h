@@ -39,8 +39,8 @@ class ItemSaving {
     std::unique_ptr<store::Recordset> OpenRow(std::int32_t id) const;
     /// A task under the number of a plan is one of the plan's: false when the user calls it off.
     bool MayJoinPlan() const;
-    /// Writes a new row.
-    void Add(const ItemEntry& entry);
+    /// Writes a new row. `id` is that of the item shown, 0 for none.
+    void Add(std::int32_t id, const ItemEntry& entry);
     /// Joins the entry with what somebody else stored since the item was shown, asks about what
     /// both changed, and writes the row. False when the user called it off, or when the row is
     /// gone, which the user has been told.

@@ -24,11 +24,12 @@ PlanSave RefusedSave(Refusal refusal, std::optional<PlanSave::Joined> joined = {
 }  // namespace
 
 PlanSave PlanSaving::Save(const Plan& plan) {
-    session_.EnsureConnection();
     const RowValues entered = ValuesOf(plan);
     std::optional<store::RowMerge> merge;
     bool asksForSetter = !AsksForSetter(EntryOf(plan));
     for (;;) {
+        // While a question stood the host may have closed the windows, and the connection with them.
+        session_.EnsureConnection();
         const auto row = session_.database.Open(
             "select * from tTaskSet Where taskID=" + std::to_string(plan.taskId),
             store::CursorType::Keyset, store::LockType::Optimistic);
