@@ -60,31 +60,15 @@ void OptionButton::UserClick() {
 }
 
 std::function<void()> CommandButton::Remember() {
-    return [this, base = Control::Remember(), caption = caption_] {
-        caption_ = caption;
-        Notify(Aspect::Caption);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Caption}, caption_);
 }
 
 std::function<void()> CheckBox::Remember() {
-    return [this, base = Control::Remember(), caption = caption_, value = value_] {
-        caption_ = caption;
-        value_ = value;
-        Notify(Aspect::Caption);
-        Notify(Aspect::Value);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Caption, Aspect::Value}, caption_, value_);
 }
 
 std::function<void()> OptionButton::Remember() {
-    return [this, base = Control::Remember(), caption = caption_, value = value_] {
-        caption_ = caption;
-        value_ = value;
-        Notify(Aspect::Caption);
-        Notify(Aspect::Value);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Caption, Aspect::Value}, caption_, value_);
 }
 
 }  // namespace zv::forms

@@ -47,21 +47,11 @@ bool TabPanel::ShowsChild(const Control& child) const {
 }
 
 std::function<void()> Frame::Remember() {
-    return [this, base = Control::Remember(), caption = caption_] {
-        caption_ = caption;
-        Notify(Aspect::Caption);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Caption}, caption_);
 }
 
 std::function<void()> TabPanel::Remember() {
-    return [this, base = Control::Remember(), captions = captions_, tab = tab_] {
-        captions_ = captions;
-        tab_ = tab;
-        Notify(Aspect::Items);
-        Notify(Aspect::Value);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Items, Aspect::Value}, captions_, tab_);
 }
 
 }  // namespace zv::forms

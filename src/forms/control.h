@@ -2,8 +2,11 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "forms/backend.h"
@@ -131,6 +134,19 @@ class Control {
     /// it used it.
     virtual void OwnKey(KeyEvent&) {}
     void Notify(Aspect aspect);
+    /// For Remember of derived classes: keeps these fields of the control too. Putting back sets
+    /// them, tells the aspects and then runs `base`.
+    template <typename... Fields>
+    std::function<void()> RememberFields(std::function<void()> base,
+                                         std::initializer_list<Aspect> aspects, Fields&... fields) {
+        return [this, base = std::move(base), aspects = std::vector<Aspect>(aspects),
+                kept = std::tuple<Fields...>(fields...), targets = std::tie(fields...)] {
+            auto present = targets;
+            present = kept;
+            for (const Aspect aspect : aspects) Notify(aspect);
+            base();
+        };
+    }
     void FromUser(const std::function<void()>& handler);
     void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
 

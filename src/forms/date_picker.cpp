@@ -29,11 +29,7 @@ void DatePicker::UserPickDay(DateTime day) {
 }
 
 std::function<void()> DatePicker::Remember() {
-    return [this, base = Control::Remember(), value = value_] {
-        value_ = value;
-        Notify(Aspect::Value);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Value}, value_);
 }
 
 }  // namespace zv::forms

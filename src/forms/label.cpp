@@ -25,12 +25,7 @@ std::string Label::ShownText() const {
 }
 
 std::function<void()> Label::Remember() {
-    return [this, base = Control::Remember(), caption = caption_, useMnemonic = useMnemonic_] {
-        caption_ = caption;
-        useMnemonic_ = useMnemonic;
-        Notify(Aspect::Caption);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Caption}, caption_, useMnemonic_);
 }
 
 }  // namespace zv::forms

@@ -97,23 +97,12 @@ void ComboBox::UserText(const std::string& text) {
 }
 
 std::function<void()> ListControl::Remember() {
-    return [this, base = Control::Remember(), items = items_, listIndex = listIndex_] {
-        items_ = items;
-        listIndex_ = listIndex;
-        Notify(Aspect::Items);
-        Notify(Aspect::Selection);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Items, Aspect::Selection}, items_,
+                          listIndex_);
 }
 
 std::function<void()> ComboBox::Remember() {
-    return [this, base = ListControl::Remember(), text = text_, locked = locked_] {
-        text_ = text;
-        locked_ = locked;
-        Notify(Aspect::Text);
-        Notify(Aspect::Locked);
-        base();
-    };
+    return RememberFields(ListControl::Remember(), {Aspect::Text, Aspect::Locked}, text_, locked_);
 }
 
 }  // namespace zv::forms

@@ -54,13 +54,7 @@ void TextBox::UserText(const std::string& text) {
 }
 
 std::function<void()> TextBox::Remember() {
-    return [this, base = Control::Remember(), text = text_, locked = locked_] {
-        text_ = text;
-        locked_ = locked;
-        Notify(Aspect::Text);
-        Notify(Aspect::Locked);
-        base();
-    };
+    return RememberFields(Control::Remember(), {Aspect::Text, Aspect::Locked}, text_, locked_);
 }
 
 }  // namespace zv::forms

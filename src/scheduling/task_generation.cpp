@@ -94,7 +94,8 @@ struct PlanOfInstance {
     std::string title;
 };
 
-std::optional<PlanOfInstance> FindPlan(Session& session, const std::string& taskId) {
+// Nothing for a plan that is gone, which the user is told.
+std::optional<PlanOfInstance> FindPlanOrTell(Session& session, const std::string& taskId) {
     const auto row = OpenForChange(session, "select * from tTaskSet where taskID =" + taskId);
     std::optional<PlanOfInstance> plan;
     if (!row->Eof()) {
@@ -102,6 +103,7 @@ std::optional<PlanOfInstance> FindPlan(Session& session, const std::string& task
                               row->Field("taskTitle").ToText()};
     }
     row->Close();
+    if (!plan) TellThatPlanIsGone(session, taskId);
     return plan;
 }
 
@@ -115,11 +117,8 @@ std::unique_ptr<Recordset> OpenUndone(Session& session, const std::string& taskI
 std::int16_t AddConfirmed(Session& session, std::int16_t taskId, DateTime date) {
     session.EnsureConnection();
     const std::string id = std::to_string(taskId);
-    const auto plan = FindPlan(session, id);
-    if (!plan) {
-        TellThatPlanIsGone(session, id);
-        return 0;
-    }
+    const auto plan = FindPlanOrTell(session, id);
+    if (!plan) return 0;
     const std::unique_ptr<Recordset> rows = OpenUndone(session, id, date);
     if (rows->Eof()) {
         rows->AddNew();
@@ -165,11 +164,8 @@ void GenerateTaskList(Session& session, const std::string& taskId,
 std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime date) {
     session.EnsureConnection();
     const std::string id = std::to_string(taskId);
-    const auto plan = FindPlan(session, id);
-    if (!plan) {
-        TellThatPlanIsGone(session, id);
-        return 0;
-    }
+    const auto plan = FindPlanOrTell(session, id);
+    if (!plan) return 0;
     const std::unique_ptr<Recordset> present = OpenUndone(session, id, date);
     const bool exists = !present->Eof();
     present->Close();

@@ -4,6 +4,7 @@
 # with "N passed, N failed", a scenario under one disturbance being one.
 set -uo pipefail
 cd "$(dirname "$0")/../.."
+source tests/scenarios/tally.sh
 : "${ZV_NATIVE_BIN:?folder of the native programs}"
 mapfile -t files < <(find tests/scenarios -name '*.zvs' -exec grep -lE '^ *(answer|input) ' {} + | sort)
 disturbances=(refresh0 refresh1 refresh9 close opener)
@@ -16,11 +17,5 @@ printf '%s\n' "${disturbances[@]}" | xargs -P "$(nproc)" -I{} sh -c '
     "$ZV_NATIVE_BIN/zvscript" --disturb "$what" "$@" >"$folder/$what" 2>&1' sh {} "$work" \
     "${files[@]}" || status=1
 grep -hv '^ok ' "$work"/*
-# A player that broke off told no count: what it should have played has failed.
-awk -v files="$((${#files[@]} * ${#disturbances[@]}))" '
-    /^[0-9]+ passed, [0-9]+ failed/ { passed += $1; failed += $3 }
-    END {
-        if (passed + failed < files) failed = files - passed
-        printf "%d passed, %d failed\n", passed, failed
-    }' "$work"/*
+tally "$work" "$((${#files[@]} * ${#disturbances[@]}))"
 exit "$status"

@@ -6,6 +6,7 @@
 #   tests/scenarios/run_engine.sh ENGINE
 set -uo pipefail
 cd "$(dirname "$0")/../.."
+source tests/scenarios/tally.sh
 engine=${1:?an engine}
 : "${ZV_NATIVE_BIN:?folder of the native programs}"
 if [ "$engine" = postgresql ] && [ -z "${ZV_TEST_POSTGRESQL:-}" ]; then
@@ -27,11 +28,5 @@ for ((player = 0; player < players; player++)); do
 done
 for pid in "${pids[@]}"; do wait "$pid" || status=1; done
 cat "$work"/*
-# A player that broke off told no count: what it should have played has failed.
-awk -v files="${#files[@]}" '
-    /^[0-9]+ passed, [0-9]+ failed/ { passed += $1; failed += $3 }
-    END {
-        if (passed + failed < files) failed = files - passed
-        printf "%d passed, %d failed\n", passed, failed
-    }' "$work"/*
+tally "$work" "${#files[@]}"
 exit "$status"
