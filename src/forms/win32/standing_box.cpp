@@ -18,7 +18,8 @@ void WakeThread() {
 
 StandingBox::StandingBox(Kind kind, HWND owner)
     : kind_(kind),
-      owner_(owner && IsWindowEnabled(owner) ? owner : nullptr),
+      owner_(owner),
+      wasEnabled_(owner && IsWindowEnabled(owner)),
       outer_(innermost),
       windows_(SetWindowsHookExW(WH_CBT, &OnWindow, nullptr, GetCurrentThreadId())),
       sent_(SetWindowsHookExW(WH_CALLWNDPROC, &OnSent, nullptr, GetCurrentThreadId())) {
@@ -27,7 +28,7 @@ StandingBox::StandingBox(Kind kind, HWND owner)
 
 StandingBox::~StandingBox() {
     innermost = outer_;
-    if (owner_ && IsWindow(owner_) && !IsWindowEnabled(owner_)) EnableWindow(owner_, TRUE);
+    if (wasEnabled_ && IsWindow(owner_) && !IsWindowEnabled(owner_)) EnableWindow(owner_, TRUE);
 }
 
 void StandingBox::End() {

@@ -20,8 +20,8 @@ class StandingBox {
     StandingBox(const StandingBox&) = delete;
     StandingBox& operator=(const StandingBox&) = delete;
 
-    /// Whether it was ended here and not by the user.
-    bool WasEnded() const { return ended_; }
+    /// Whether it ended without the user: here, or with the window that it belonged to.
+    bool Died() const { return ended_ || (owner_ && !IsWindow(owner_)); }
     /// Ends every box of this module, as though none had been answered.
     static void EndAll();
     /// Lets go of the boxes of a thread that has ended.
@@ -34,6 +34,7 @@ class StandingBox {
 
     Kind kind_;
     HWND owner_;
+    bool wasEnabled_;
     HWND box_ = nullptr;
     bool ended_ = false;
     StandingBox* outer_;

@@ -7,7 +7,7 @@
 
 namespace zv::forms::win32 {
 
-/// The window that a modal one is to stand above: the thread's active one, otherwise the uppermost
+/// The window in front of the user, which a modal one is to stand above: the thread's active one, otherwise the uppermost
 /// that the user can work with; null when there is none. `except` is the modal one itself.
 HWND WindowToBlock(HWND except = nullptr);
 

@@ -9,6 +9,7 @@
 #include "forms/win32/display.h"
 #include "forms/win32/form_window.h"
 #include "forms/win32/standing_box.h"
+#include "forms/win32/thread_windows.h"
 
 namespace zv::forms::win32 {
 namespace {
@@ -38,22 +39,6 @@ class NativeFormPeer : public FormPeer {
  private:
     std::shared_ptr<FormWindow> window_;
 };
-
-BOOL CALLBACK FirstVisible(HWND window, LPARAM found) noexcept {
-    if (!IsWindowVisible(window) || IsIconic(window)) return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-}
-
-// The window in front of the user: one of ours, or the host's while none of ours is there. While
-// another program is in front it is the first that this thread shows.
-HWND WorkingWindow() {
-    HWND window = GetActiveWindow();
-    if (!window) {
-        EnumThreadWindows(GetCurrentThreadId(), &FirstVisible, reinterpret_cast<LPARAM>(&window));
-    }
-    return window;
-}
 
 bool IsKeyMessage(const MSG& message) {
     return message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN ||
@@ -193,7 +178,7 @@ Size Win32Backend::MeasureText(std::string_view text) {
 }
 
 Rect Win32Backend::WorkArea() {
-    return Scale(SystemDpi()).ToUnits(WorkAreaAt(WorkingWindow()));
+    return Scale(SystemDpi()).ToUnits(WorkAreaAt(WindowToBlock()));
 }
 
 Dialogs& Win32Backend::GetDialogs() {

@@ -54,7 +54,7 @@ Answer Win32Dialogs::ShowMessage(Form* owner, const std::string& text, int style
         const StandingBox standing(StandingBox::Kind::Dialog, window);
         answer = MessageBoxW(window, ToWide(text).c_str(), ToWide(title).c_str(),
                              static_cast<UINT>(style) | MB_SETFOREGROUND);
-        lastDied_ = answer == 0 || standing.WasEnded() || (window && !IsWindow(window));
+        lastDied_ = answer == 0 || standing.Died();
     }
     if (focus && IsWindow(focus) && GetActiveWindow() == GetAncestor(focus, GA_ROOT)) {
         SetFocus(focus);
@@ -73,7 +73,7 @@ std::optional<std::string> Win32Dialogs::AskText(Form* owner, const std::string&
     box.okCaption = ToWide(okCaption);
     box.cancelCaption = ToWide(cancelCaption);
     const std::optional<std::wstring> text = box.Show(window);
-    lastDied_ = box.Died() || standing.WasEnded() || (window && !IsWindow(window));
+    lastDied_ = box.Died() || standing.Died();
     if (!text || lastDied_) return {};
     return FromWide(*text);
 }
@@ -106,7 +106,7 @@ std::optional<std::string> Win32Dialogs::ChooseFile(Form* owner, const FileReque
     else
         dialog.Flags |= static_cast<DWORD>(request.flags);
     const BOOL chosen = request.forSaving ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
-    lastDied_ = standing.WasEnded() || (window && !IsWindow(window));
+    lastDied_ = standing.Died();
     if (!chosen || lastDied_) return {};
     return FromWide(path.c_str());
 }
