@@ -51,6 +51,8 @@ constexpr auto kTexts = std::to_array<resources::TextEntry<ReportText>>({
     {ReportText::CsvFilter, "CSV 文件 (*.csv)|*.csv", "CSV 檔案 (*.csv)|*.csv"},
     {ReportText::SavePdfTitle, "存为 PDF", "存為 PDF"},
     {ReportText::SaveCsvTitle, "存为 CSV", "存為 CSV"},
+    {ReportText::PrinterFileFilter, "打印机文件 (*.prn)|*.prn", "印表機檔案 (*.prn)|*.prn"},
+    {ReportText::PrinterFileTitle, "打印到文件", "列印到檔案"},
     {ReportText::NoPrinter, "没有安装打印机。请先安装打印机，或存为 PDF。",
      "沒有安裝印表機。請先安裝印表機，或存為 PDF。"},
     {ReportText::UnknownPrinter, "找不到打印机“{0}”。", "找不到印表機「{0}」。"},

@@ -41,6 +41,8 @@ enum class ReportText {
     CsvFilter,
     SavePdfTitle,
     SaveCsvTitle,
+    PrinterFileFilter,
+    PrinterFileTitle,
     NoPrinter,
     UnknownPrinter,  ///< {0}
     PrinterFailed,   ///< {0}: the system's reason

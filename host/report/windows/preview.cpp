@@ -8,6 +8,7 @@
 
 #include "base/errors.h"
 #include "base/win32/wide.h"
+#include "forms/win32/standing_box.h"
 #include "forms/win32/thread_windows.h"
 #include "forms/win32/win32_backend.h"
 #include "forms/window_system.h"
@@ -114,16 +115,38 @@ bool ChoosePrinter(HWND owner, const Layout& layout, PrinterChoice& printer) {
 
 std::string AskForFile(forms::Dialogs& dialogs, const Document& document, PrintMode mode,
                        forms::Form* owner) {
-    const bool isPdf = mode == PrintMode::Pdf;
+    struct Kind {
+        const char* extension;
+        ReportText filter;
+        ReportText title;
+    };
+    const auto kind = [mode]() -> Kind {
+        switch (mode) {
+            case PrintMode::Pdf:
+                return {"pdf", ReportText::PdfFilter, ReportText::SavePdfTitle};
+            case PrintMode::Csv:
+                return {"csv", ReportText::CsvFilter, ReportText::SaveCsvTitle};
+            default:
+                return {"prn", ReportText::PrinterFileFilter, ReportText::PrinterFileTitle};
+        }
+    }();
     forms::FileRequest file;
     file.forSaving = true;
-    file.extension = isPdf ? "pdf" : "csv";
-    file.filter =
-        GetReportText(isPdf ? ReportText::PdfFilter : ReportText::CsvFilter, document.language);
-    file.title = GetReportText(isPdf ? ReportText::SavePdfTitle : ReportText::SaveCsvTitle,
-                               document.language);
+    file.extension = kind.extension;
+    file.filter = GetReportText(kind.filter, document.language);
+    file.title = GetReportText(kind.title, document.language);
     file.initialFile = FileNameOf(document) + "." + file.extension;
     return dialogs.ChooseFile(owner, file).value_or(std::string());
+}
+
+std::unique_ptr<PrintJob> BeginPrint(forms::Dialogs& dialogs, const Layout& layout,
+                                     const PrinterChoice& printer, std::string outputFile,
+                                     forms::Form* owner) {
+    if (outputFile.empty() && PrintsToFile(printer, layout.Source().language)) {
+        outputFile = AskForFile(dialogs, layout.Source(), PrintMode::Printer, owner);
+        if (outputFile.empty()) return nullptr;
+    }
+    return PrintJob::Begin(layout, printer, outputFile);
 }
 
 void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
@@ -153,10 +176,13 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
         bool chosen = false;
         {
             const forms::win32::OtherWindowsDisabled others(owner);
-            chosen = ChoosePrinter(owner, report.Pages(), printer);
+            const forms::win32::StandingBox standing(forms::win32::StandingBox::Kind::FileDialog,
+                                                     owner);
+            chosen = ChoosePrinter(owner, report.Pages(), printer) && !standing.Died();
         }
         if (!chosen) return;
-        if (const auto job = PrintJob::Begin(report.Pages(), printer, {})) {
+        if (const auto job =
+                BeginPrint(backend.GetDialogs(), report.Pages(), printer, {}, window)) {
             run(ReportText::Printing, ReportText::PrintCancelled, *job);
         }
     };

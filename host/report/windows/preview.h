@@ -1,9 +1,13 @@
 // The preview window with the system's drawing, printers and file dialogs behind it.
 #pragma once
 
+#include <memory>
+#include <string>
+
 #include "forms/dialogs.h"
 #include "report/windows/prepared_report.h"
 #include "report/windows/print_request.h"
+#include "report/windows/printer.h"
 
 namespace zv::report {
 
@@ -13,5 +17,11 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report);
 /// The path to write to, asked from the user; empty when cancelled.
 std::string AskForFile(forms::Dialogs& dialogs, const Document& document, PrintMode mode,
                        forms::Form* owner);
+
+/// A print that has begun; one to a printer that stands at a file asks the user for that first
+/// where no file is named. Null when the user cancelled. The layout must outlive the job.
+std::unique_ptr<PrintJob> BeginPrint(forms::Dialogs& dialogs, const Layout& layout,
+                                     const PrinterChoice& printer, std::string outputFile,
+                                     forms::Form* owner);
 
 }  // namespace zv::report

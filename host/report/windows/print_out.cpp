@@ -46,7 +46,9 @@ void Print(const PrintRequest& request, const PreparedReport& report) {
     printer.name = request.printerName.empty() ? DefaultPrinter(request.Script())
                                                : win32::ToWide(request.printerName);
     printer.copies = request.copies;
-    if (const auto job = PrintJob::Begin(report.Pages(), printer, request.outputFile)) {
+    forms::win32::Win32Backend backend(host::ThisModule());
+    if (const auto job = BeginPrint(backend.GetDialogs(), report.Pages(), printer,
+                                    request.outputFile, nullptr)) {
         Finish(request, report, ReportText::Printing, *job);
     }
 }

@@ -41,7 +41,7 @@ OpenedPrinter Open(const PrinterChoice& printer, std::int16_t language) {
     return OpenedPrinter(handle);
 }
 
-// A printer that stands at "FILE:" asks for the file when the document begins.
+// Some printers ask something when the document begins.
 bool IsCancelled(int result, DWORD error) {
     return result == SP_USERABORT || result == SP_APPABORT || error == ERROR_CANCELLED ||
            error == ERROR_PRINT_CANCELLED;
@@ -99,6 +99,18 @@ std::wstring DefaultPrinter(std::int16_t language) {
     }
     name.resize(wcsnlen(name.c_str(), name.size()));
     return name;
+}
+
+bool PrintsToFile(const PrinterChoice& printer, std::int16_t language) {
+    const OpenedPrinter opened = Open(printer, language);
+    DWORD size = 0;
+    GetPrinterW(opened.get(), 5, nullptr, 0, &size);
+    std::vector<unsigned char> bytes(std::max<std::size_t>(size, sizeof(PRINTER_INFO_5W)));
+    if (!GetPrinterW(opened.get(), 5, bytes.data(), static_cast<DWORD>(bytes.size()), &size)) {
+        return false;
+    }
+    const auto* facts = reinterpret_cast<const PRINTER_INFO_5W*>(bytes.data());
+    return facts->pPortName && lstrcmpiW(facts->pPortName, L"FILE:") == 0;
 }
 
 std::vector<unsigned char> ProposeSettings(const PrinterChoice& printer, const Layout& layout) {

@@ -28,6 +28,10 @@ struct PrinterChoice {
 /// Name of the user's default printer. Throws 482 when there is none.
 std::wstring DefaultPrinter(std::int16_t language);
 
+/// Whether the printer stands at no device but at a file that has to be named for each print.
+/// Throws 482 when the printer is unknown.
+bool PrintsToFile(const PrinterChoice& printer, std::int16_t language);
+
 /// What is proposed to a user who is going to choose: the driver's defaults on A4, upright or
 /// across as the pages lie. Empty when the driver tells no settings; throws 482 when the printer is
 /// unknown.

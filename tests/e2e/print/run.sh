@@ -112,8 +112,8 @@ check "the script goes on, and counted the same pages" grep -qx "END $last" "$wo
 
 check "a printer is installed again" printers add 'zv paper' 'FILE:'
 
-# Printing from the preview. Who does not name the file that the printer asks for has called it off,
-# which is no failure.
+# Printing from the preview. Who does not name the file that the printer stands at has called it off:
+# nothing is printed, and that is no failure.
 no_message() { [ "$(outside message)" = 'no message box is open' ] || { outside message; return 1; }; }
 some_message() {
     local i
@@ -121,6 +121,15 @@ some_message() {
         no_message >/dev/null || return 0
         sleep 0.1
     done
+    return 1
+}
+titled() { # a dialog of that title stands
+    local i
+    for i in $(seq 50); do
+        outside list | grep -qF -- "|#32770|$1" && return 0
+        sleep 0.1
+    done
+    outside list
     return 1
 }
 preview() { # ARGUMENT...
@@ -142,13 +151,12 @@ end_preview() {
     check "the script goes on" grep -q '^END [1-9]' "$work/preview"
 }
 preview
-check "the printer asks for its file" said 'Output File Name'
+check "the file is asked for" titled 打印到文件
 outside keys Escape >/dev/null
 check "a print that was called off is no failure" no_message
 check "the preview is there still" text_is txtPage 1
 end_preview
-# Wine goes on into a file of the port's name, whatever the user answered.
-rm -f FILE:
+check "nothing is printed" test ! -e FILE:
 # A page that lies across is proposed to be printed across, in its true size.
 check "the printer is put aside" printers remove 'zv paper'
 check "a printer that writes a file" printers add 'zv paper' "$(windows_path "$work/across.ps")"
