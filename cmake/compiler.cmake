@@ -20,6 +20,13 @@ if(WIN32)
     add_link_options(-static -municode)
 endif()
 
+# Files for one system end in its name.
+if(WIN32)
+    set(ZV_PLATFORM win32)
+else()
+    set(ZV_PLATFORM posix)
+endif()
+
 # What most files read is compiled once. The presets that do without keep each file naming what it
 # needs.
 if(ZV_PRECOMPILED_HEADERS)

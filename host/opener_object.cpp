@@ -36,10 +36,12 @@ ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings) {
             ConnectionEntry("Data Source", settings.ForMessage()));
         return ComPtr<IDispatch>(connection.Get());
     }
-    if (RecogniseDatabase(settings.dataPath.ForDriver()) == DatabaseFile::Access) return OpenAccess(settings);
+    if (RecogniseDatabase(settings.dataPath.ForDriver()) == DatabaseFile::Access)
+        return OpenAccess(settings);
     const std::string& path = settings.dataPath.ForDriver();
-    auto connection = win32::MakeCom<ConnectionObject>([path] { return store::OpenSqlite(path); },
-                                                       ConnectionEntry("Data Source", settings.ForMessage()));
+    auto connection =
+        win32::MakeCom<ConnectionObject>([path] { return store::OpenSqlite(path); },
+                                         ConnectionEntry("Data Source", settings.ForMessage()));
     return ComPtr<IDispatch>(connection.Get());
 }
 

@@ -19,7 +19,8 @@ Placement FitPage(double pageWidth, double pageHeight, const Sheet& sheet) {
         const double paperWidth = sheet.width / place.scaleX;
         const double paperHeight = sheet.height / place.scaleY;
         double shrink = 1;
-        if (paperWidth < pageWidth - kPaperTolerance || paperHeight < pageHeight - kPaperTolerance) {
+        if (paperWidth < pageWidth - kPaperTolerance ||
+            paperHeight < pageHeight - kPaperTolerance) {
             shrink = std::min(paperWidth / pageWidth, paperHeight / pageHeight);
         }
         const auto margin = [](double paper, double page) {

@@ -6,8 +6,8 @@
 namespace zv {
 namespace {
 
-constexpr auto kStarts = std::to_array<std::string_view>(
-    {"=", "+", "-", "@", "\t", "\r", "\n", "＝", "＋", "－", "＠"});
+constexpr auto kStarts =
+    std::to_array<std::string_view>({"=", "+", "-", "@", "\t", "\r", "\n", "＝", "＋", "－", "＠"});
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';

@@ -19,9 +19,7 @@ template <class Body>
 HRESULT Boundary(Body&& body) noexcept {
     return win32::Guarded(
         kErrorSource, kInterfaceId,
-        [](const RuntimeError& error) {
-            return SessionHost::Describe(error);
-        },
+        [](const RuntimeError& error) { return SessionHost::Describe(error); },
         std::forward<Body>(body));
 }
 

@@ -57,8 +57,7 @@ std::int16_t SessionHost::Language() noexcept {
 }
 
 std::string SessionHost::Describe(const RuntimeError& error) {
-    return g_host ? g_host->session_.Describe(error)
-                  : resources::DescribeError(error, Language());
+    return g_host ? g_host->session_.Describe(error) : resources::DescribeError(error, Language());
 }
 
 bool SessionHost::IsIdle() noexcept {

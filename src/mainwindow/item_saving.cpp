@@ -3,6 +3,7 @@
 #include "mainwindow/conflict_question.h"
 #include "mainwindow/frm_task_main.h"
 #include "resources/item_texts.h"
+#include "scheduling/plan_store.h"
 #include "session/text_checks.h"
 
 namespace zv::mainwindow {
@@ -55,22 +56,17 @@ bool ItemSaving::MayJoinPlan() const {
     Session& session = window_.session;
     const std::optional<std::int32_t> pick = window_.cards.Pick();
     if (!pick || window_.cboType2.ListIndex() != kTask) return true;
-    const std::string number = std::to_string(*pick);
-    session.EnsureConnection();
-    const auto plan =
-        session.database.Open("select taskTitle from tTaskSet where taskID=" + number);
-    const bool exists = !plan->Eof();
-    const std::string title = exists ? plan->Field("taskTitle").ToText() : std::string();
-    plan->Close();
-    if (!exists) return true;
+    const auto plan = scheduling::LoadPlan(session, *pick);
+    if (!plan) return true;
+    const std::string title = (*plan)[scheduling::PlanFieldIndex("taskTitle")].ToText();
     const auto text = [&session](resources::ItemText id) {
         return resources::GetItemText(id, session.state.Language);
     };
-    return session.windows.ShowMessage(window_.chkEvent.Caption() + " [" + number + " - " + title +
-                                           "]: " + text(resources::ItemText::BelongsToPlan) +
-                                           "\r\n\r\n" + text(resources::ItemText::SaveAnyway),
-                                       forms::box::kOkCancel + forms::box::kExclamation) !=
-           forms::Answer::Cancel;
+    return session.windows.ShowMessage(
+               window_.chkEvent.Caption() + " [" + std::to_string(*pick) + " - " + title +
+                   "]: " + text(resources::ItemText::BelongsToPlan) + "\r\n\r\n" +
+                   text(resources::ItemText::SaveAnyway),
+               forms::box::kOkCancel + forms::box::kExclamation) != forms::Answer::Cancel;
 }
 
 void ItemSaving::Add(std::int32_t id, const ItemEntry& entry) {

@@ -58,7 +58,8 @@ struct KindEntry {
 };
 
 constexpr auto kKinds = std::to_array<KindEntry>({
-    {ErrorKind::Busy, "数据库正被其他程序锁定，请稍后再试。", "資料庫正被其他程式鎖定，請稍後再試。"},
+    {ErrorKind::Busy, "数据库正被其他程序锁定，请稍后再试。",
+     "資料庫正被其他程式鎖定，請稍後再試。"},
     {ErrorKind::DiskFull, "磁盘已满，数据没有保存。", "磁碟已滿，資料沒有儲存。"},
     {ErrorKind::OutOfMemory, "内存不足，操作没有完成。", "記憶體不足，操作沒有完成。"},
     {ErrorKind::ReadOnly, "数据库是只读的，不能写入。", "資料庫是唯讀的，不能寫入。"},
@@ -127,8 +128,8 @@ std::string_view ErrorKindText(ErrorKind kind, std::int16_t language) {
 
 std::string DescribeError(const RuntimeError& error, std::int16_t language) {
     const std::string& words = error.Text();
-    const bool ready = error.Kind() == ErrorKind::Own ||
-                       (error.Kind() == ErrorKind::Other && HoldsChinese(words));
+    const bool ready =
+        error.Kind() == ErrorKind::Own || (error.Kind() == ErrorKind::Other && HoldsChinese(words));
     if (ready && !words.empty()) return words;
     std::string text(ErrorKindText(error.Kind(), language));
     if (text.empty()) text = ErrorText(error.Number(), language);

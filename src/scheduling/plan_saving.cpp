@@ -28,7 +28,8 @@ PlanSave PlanSaving::Save(const Plan& plan) {
     std::optional<store::RowMerge> merge;
     bool asksForSetter = !AsksForSetter(EntryOf(plan));
     for (;;) {
-        // While a question stood the host may have closed the windows, and the connection with them.
+        // While a question stood the host may have closed the windows, and the connection with
+        // them.
         session_.EnsureConnection();
         const auto row = session_.database.Open(
             "select * from tTaskSet Where taskID=" + std::to_string(plan.taskId),

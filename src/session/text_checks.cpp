@@ -5,24 +5,18 @@
 #include "forms/text_box.h"
 #include "resources/text_ids.h"
 #include "session/session.h"
+#include "store/sql_text.h"
 
 namespace zv {
-namespace {
-
-bool HasQuote(std::string_view text) {
-    return text.find('\'') != std::string_view::npos;
-}
-
-}  // namespace
 
 bool CheckText(Session& session, std::string_view text) {
-    if (!HasQuote(text)) return true;
+    if (!store::BreaksLiteral(text)) return true;
     session.windows.ShowMessage(session.LoadText(text_id::kQuoteInText), forms::box::kExclamation);
     return false;
 }
 
 std::int16_t FieldTextMessage(std::string_view text, bool numericOnly) {
-    if (HasQuote(text)) return text_id::kNoQuote;
+    if (store::BreaksLiteral(text)) return text_id::kNoQuote;
     if (numericOnly && !text.empty() && !number::IsNumeric(text)) return text_id::kOnlyNumbers;
     return 0;
 }

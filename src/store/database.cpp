@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/errors.h"
+#include "store/sql_text.h"
 
 namespace zv::store {
 namespace {
@@ -15,9 +16,6 @@ void CloseQuietly(std::unique_ptr<Connection> connection) {
     } catch (const RuntimeError&) {
     }
 }
-
-}  // namespace
-namespace {
 
 bool FitsIn16Bits(std::int32_t number) {
     using Limits = std::numeric_limits<std::int16_t>;
@@ -112,7 +110,7 @@ std::uint8_t Database::MarkItemState(std::int16_t fID, std::int16_t state,
 std::uint8_t Database::MarkItem(std::int32_t fID, std::int16_t state, std::string_view doneMan) {
     if (fID == 0) return 0;
     const std::string number = std::to_string(fID);
-    if (!FitsIn16Bits(fID) || doneMan.find('\'') != std::string_view::npos) {
+    if (!FitsIn16Bits(fID) || BreaksLiteral(doneMan)) {
         SetFields("select * from tTaskList where fID=" + number,
                   {{"tDone", Value(state)}, {"tDoneMan", Value(doneMan)}});
     } else {

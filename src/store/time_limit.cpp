@@ -10,10 +10,10 @@ std::string SecondsText(std::chrono::milliseconds limit) {
 
 RuntimeError StatementTookTooLong(const std::string& who, std::chrono::milliseconds limit,
                                   const std::string& source) {
-    return RuntimeError(
-        ErrorNumber::DatabaseFailure,
-        who + " did not answer within the time limit (" + SecondsText(limit) + "). Try again.",
-        source, ServerCode{"HYT00", 0})
+    return RuntimeError(ErrorNumber::DatabaseFailure,
+                        who + " did not answer within the time limit (" + SecondsText(limit) +
+                            "). Try again.",
+                        source, ServerCode{"HYT00", 0})
         .Of(ErrorKind::TimeLimit);
 }
 

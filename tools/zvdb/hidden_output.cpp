@@ -22,8 +22,8 @@ GivenSecrets::GivenSecrets(const std::vector<std::string>& arguments) {
                 continue;  // whoever needs the file tells that it cannot be read
             }
         }
-        given.dataPath = text == argument ? store::ConnectionText(text)
-                                          : store::ConnectionText(text, argument);
+        given.dataPath =
+            text == argument ? store::ConnectionText(text) : store::ConnectionText(text, argument);
         const std::vector<std::string> secrets = given.Secrets();
         const std::string name = given.ForMessage();
         if (name != text) texts_.emplace_back(text, name);

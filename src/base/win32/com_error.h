@@ -76,8 +76,8 @@ inline DWORD ContextOf(ErrorKind kind) {
 /// Own for a help context of somebody else.
 inline ErrorKind KindOfContext(DWORD context) {
     const DWORD kind = context & ~kKindMask;
-    const bool known = (context & kKindMask) == kKindContext &&
-                       kind <= static_cast<DWORD>(ErrorKind::Last);
+    const bool known =
+        (context & kKindMask) == kKindContext && kind <= static_cast<DWORD>(ErrorKind::Last);
     return known ? static_cast<ErrorKind>(kind) : ErrorKind::Own;
 }
 

@@ -7,8 +7,9 @@
 
 namespace zv::forms::win32 {
 
-/// The window in front of the user, which a modal one is to stand above: the thread's active one, otherwise the uppermost
-/// that the user can work with; null when there is none. `except` is the modal one itself.
+/// The window in front of the user, which a modal one is to stand above: the thread's active one,
+/// otherwise the uppermost that the user can work with; null when there is none. `except` is the
+/// modal one itself.
 HWND WindowToBlock(HWND except = nullptr);
 
 /// Disables every enabled window of the thread but one, the host's included, until it dies.

@@ -27,8 +27,8 @@ WindowClass::WindowClass(HINSTANCE module, const wchar_t* name, WNDPROC procedur
     description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     description.lpszClassName = name;
     id_ = RegisterClassExW(&description);
-    // Left over from a window that died by another hand after all else of it, perhaps with an earlier
-    // load of this file, whose procedure is gone.
+    // Left over from a window that died by another hand after all else of it, perhaps with an
+    // earlier load of this file, whose procedure is gone.
     if (!id_ && UnregisterClassW(name, module)) id_ = RegisterClassExW(&description);
     if (!id_) throw RuntimeError(ErrorNumber::InternalError, "No window class");
     liveHandles++;

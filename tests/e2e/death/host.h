@@ -31,9 +31,9 @@ HWND FindDialog(DWORD thread);
 bool Wait(double seconds, const std::function<bool()>& ready);
 
 struct Outcome {
-    bool stood = false;   ///< the window was there
-    HRESULT result = S_OK;    ///< of refresh
-    double seconds = -1;  ///< from the death to the return of refresh; below 0: it did not return
+    bool stood = false;     ///< the window was there
+    HRESULT result = S_OK;  ///< of refresh
+    double seconds = -1;    ///< from the death to the return of refresh; below 0: it did not return
     bool othersEnabled = false;
     bool lowerEnabled = true;  ///< that above which it stood, once it died alone
     bool quitIsHeard = true;   ///< the host's own loop gets the end that was posted

@@ -46,8 +46,8 @@ class Opener : public testing::Test {
         RemoveDirectoryW(folder_.c_str());
     }
     void Overwrite(std::string_view content) {
-        const HANDLE file = CreateFileW(win32::ToWide(settings_.dataPath.ForDriver()).c_str(), GENERIC_WRITE, 0,
-                                        nullptr, CREATE_ALWAYS, 0, nullptr);
+        const HANDLE file = CreateFileW(win32::ToWide(settings_.dataPath.ForDriver()).c_str(),
+                                        GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
         DWORD written = 0;
         WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
         CloseHandle(file);
@@ -143,7 +143,8 @@ TEST_F(Opener, EmptyForeignAndTruncatedFilesAreToldWithTheirPath) {
     for (const std::string_view content : {""sv, "no database at all"sv, "SQLite format 3\0"sv}) {
         Overwrite(content);
         const auto error = OpenFails();
-        EXPECT_NE(error.Text().find(settings_.dataPath.ForDriver()), std::string::npos) << error.Text();
+        EXPECT_NE(error.Text().find(settings_.dataPath.ForDriver()), std::string::npos)
+            << error.Text();
     }
 }
 

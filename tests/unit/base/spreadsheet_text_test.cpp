@@ -13,8 +13,8 @@ TEST(SpreadsheetText, WhatBeginsLikeAFormulaWouldBeComputed) {
 }
 
 TEST(SpreadsheetText, PlainNumbersAndOtherTextsAreLeftAlone) {
-    for (const char* text : {"", "-5", "+5", "-0.50", "-.5", "a=b", " =1", "报表", "'=1", "2003-03-07",
-                             "一＝一", "\xEF\xBC"}) {
+    for (const char* text : {"", "-5", "+5", "-0.50", "-.5", "a=b", " =1", "报表", "'=1",
+                             "2003-03-07", "一＝一", "\xEF\xBC"}) {
         EXPECT_FALSE(WouldBeComputed(text)) << text;
     }
 }

@@ -31,8 +31,8 @@ struct EngineTraits {
     bool takesRareCharactersInStatements;
     /// Texts outside ASCII compare without regard to case, too.
     bool foldsAllAlphabets;
-    /// The first "select *" after another program added a column has it. The driver for SQLite takes
-    /// the columns before the engine has looked at the file.
+    /// The first "select *" after another program added a column has it. The driver for SQLite
+    /// takes the columns before the engine has looked at the file.
     bool seesNewColumnsAtOnce;
 };
 
