@@ -7,7 +7,10 @@ namespace zv::reports {
 
 platform::ReportJob NewJob(const Session& session) {
     platform::ReportJob job;
-    job.connection = session.Settings();
+    // The list is read where the windows read: a host that sets something moves both at its next
+    // refresh.
+    const store::ConnectionSettings* opened = session.database.OpenedWith();
+    job.connection = opened ? *opened : session.Settings();
     job.userName = session.state.UserName;
     job.companyHeading = CompanyHeading(session);
     job.language = session.state.Language;

@@ -6,8 +6,8 @@
 
 namespace zv::reports {
 
-/// A job with the control's connection settings, user, heading line and language; the rest is the
-/// caller's.
+/// A job with the settings of the shared connection, user, heading line and language; the rest is
+/// the caller's.
 platform::ReportJob NewJob(const Session& session);
 
 /// The line at the head of printed lists: the workstation setting "FullName"; without it the

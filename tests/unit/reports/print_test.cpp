@@ -92,6 +92,17 @@ TEST_F(PrintReportTest, HandsOverWhatTheComponentNeeds) {
     EXPECT_TRUE(job.copyright);
 }
 
+TEST_F(PrintReportTest, AListIsReadWhereTheWindowsReadTheirRows) {
+    AddItem();
+    stage.session.EnsureConnection();
+    const std::string opened = stage.session.state.UserPath;
+    stage.session.state.UserPath = "C:\\other.db";
+    stage.session.state.SQLData = 1;
+    PrintReport(stage.session, Some("", ""));
+    EXPECT_EQ(Job().connection.dataPath, opened);
+    EXPECT_EQ(Job().connection.kind, 0);
+}
+
 TEST_F(PrintReportTest, TheSettingsAreHandedOverAtEveryPrint) {
     AddItem();
     stage.session.state.UserName = "王五";
