@@ -37,13 +37,51 @@ check "no test for the operating system outside the ports" \
 check "no source file is longer than 600 lines" \
     "$(sources src host tools tests bench | xargs env LC_ALL=C wc -l | awk '$2 != "total" && $1 > 600')"
 
-# A path in a document stands between backquotes and holds a slash.
-missing=$(grep -noE '`(src|host|tools|tests|bench|docs|cmake)/[A-Za-z0-9_./-]*`' README.md docs/*.md |
-    while IFS=: read -r file line path; do
-        path=${path//\`/}
-        [ -e "$path" ] || echo "$file:$line: $path"
-    done)
-check "every path in the documents exists" "$missing"
+# in_documents PATTERN: what fits it, "FILE:LINE:TEXT" each.
+in_documents() {
+    git ls-files -co --exclude-standard -- '*.md' ':!CHANGELOG.md' | xargs grep -noP "$1" | sort -u
+}
+named() { in_documents "(?<=\`)(?:$1)(?=\`)"; }
+
+# check_each NAME TEST: reads what in_documents wrote and passes when TEST FILE TEXT holds for each,
+# of which there must be some.
+check_each() {
+    local file line text seen=0 missing=
+    while IFS=: read -r file line text; do
+        seen=$((seen + 1))
+        "$2" "$file" "$text" || missing+="$file:$line: $text"$'\n'
+    done
+    [ "$seen" -gt 0 ] || missing="nothing to look at"
+    check "$1" "${missing%$'\n'}"
+}
+
+# From the root of the checkout or from the document's folder; "*" stands for any text.
+is_path() { compgen -G "$2" >/dev/null || compgen -G "$(dirname "$1")/$2" >/dev/null; }
+
+# Scope::name is a word of a file that declares the scope; the parts of Window.control(index), or a
+# name in capitals and small letters, are words of one file.
+is_name() {
+    local found word pattern
+    found=$(git ls-files -co --exclude-standard -- src host tools)
+    for word in $(sed -E 's/\(.*//; s/::/:: /g; s/\./ /g' <<<"$2"); do
+        pattern="\\b$word\\b"
+        [[ $word == *:: ]] &&
+            pattern="\\b(class|struct|namespace) .*\\b${word%::}(\$|([ {]|:[^:])[^;]*\$)"
+        found=$(xargs -r grep -lE "$pattern" <<<"$found")
+    done
+    [ -n "$found" ]
+}
+
+# Behind a first name a path has a slash, or an ending that only sources have. What is made later
+# lies in build/ and out/.
+paths='(?!build/|out/)[\w.][\w.*-]*/[\w./*-]*|[a-z0-9_]+\.(?:h|cpp|sh|cmake|zvs|py)'
+check_each "every path in the documents exists" is_path < <(named "$paths")
+check_each "every link in the documents leads to a file" is_path < <(
+    in_documents '(?<=\]\()[^)#:]+(?=[)#])')
+
+control='(?:cmd|txt|cbo|cob|chk|opt|lbl|mnu|tvw|pic|fra|frm|lst)[A-Z]\w*'
+names="(?:[A-Za-z_]\w*::)+[A-Za-z_]\w*|$control(?:\.$control)?(?:\(\w+\))?|(?:[A-Z][a-z]+){2,}"
+check_each "every name in the documents is one of the sources" is_name < <(named "$names")
 
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]
