@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kPostgreSql = "postgresql:";
 
-// The newest first; any other driver whose name says the same comes behind them.
+// The newest first.
 constexpr std::array<std::string_view, 10> kSqlServerDrivers{"ODBC Driver 19 for SQL Server",
                                                              "ODBC Driver 18 for SQL Server",
                                                              "ODBC Driver 17 for SQL Server",
