@@ -117,7 +117,12 @@ Report PutInto(const std::string& path, const std::string& part, Progress& progr
         staged.Run("begin; select count(*) from sqlite_master");
         CopyPages(staged, live, progress);
     }
-    return CheckDatabase(path);
+    try {
+        return CheckDatabase(path);
+    } catch (const FileError& error) {
+        // The contents are there and stay.
+        return {{}, {kNoCheck + std::string(error.what())}};
+    }
 }
 
 }  // namespace

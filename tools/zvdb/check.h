@@ -38,6 +38,9 @@ Report CheckSchema(Engine& engine);
 /// Everything, on whatever engine.
 Report CheckContents(Inspected& database);
 
+/// Stands before the reason why a check of what was written could not be made.
+inline constexpr char kNoCheck[] = "the check could not be made: ";
+
 /// Never writes to the file. Throws FileError.
 Report CheckDatabase(const std::string& path);
 

@@ -58,9 +58,14 @@ const char kHelp[] =
             restore takes the place of all that FILE holds
   --quiet   shows no progress
 
-Exit status: 0 all is well, 1 check found something wrong, or an import, a backup or
-a restore is complete with remarks, 2 wrong arguments, a file that cannot be made or
-read, or an import, backup or restore that was not made: what was there is as it was.
+Exit status:
+  0  all is well; after an import, a backup or a restore check finds nothing in the copy
+  1  check found something wrong, or an import is complete with remarks, none of which
+     check would find in the copy
+  2  wrong arguments, a file that cannot be made or read, or an import, backup or
+     restore that was not made: what was there is as it was
+  3  an import, a backup or a restore is complete, but the copy holds what check finds
+     fault with, told as "wrong", or could not be checked. A dry run does not look for it
 )";
 
 namespace {

@@ -19,6 +19,7 @@ namespace {
 constexpr int kFine = 0;
 constexpr int kFoundWrong = 1;
 constexpr int kCannot = 2;
+constexpr int kCopiedWrong = 3;
 
 void PrintCounts(const Report& report, std::ostream& out) {
     for (const auto& [table, rows] : report.counts) {
@@ -88,7 +89,7 @@ int Copy(const CommandLine& line, const Console& console) {
                               : Restore(line.file, line.second, line.replace, progress);
     progress.Finish();
     for (const std::string& aside : copied.aside) console.err << "zvdb: " << aside << '\n';
-    return Tell(copied.report, console);
+    return Tell(copied.report, console) == kFine ? kFine : kCopiedWrong;
 }
 
 int Mode(const CommandLine& line, const Console& console) {

@@ -21,7 +21,8 @@ class ImportAccessFile : public Scratch, public testing::WithParamInterface<cons
 TEST_P(ImportAccessFile, EveryCellIsEqual) {
     const Outcome import = RunZvdb({"import", AccessFixture(GetParam()), Path("a.db")});
     // The files hold values that break rules, which is told.
-    EXPECT_EQ(import.status, 1) << import.out << import.err;
+    EXPECT_EQ(import.status, 3) << import.out << import.err;
+    ExpectStatusTellsCheck(import, RunZvdb({"check", Path("a.db")}));
     const RowsByTable expected = ExpectedRows();
     const RowsByTable stored = StoredRows(Path("a.db"));
     ASSERT_EQ(expected.size(), 7U);
@@ -39,7 +40,7 @@ TEST_P(ImportAccessFile, EveryCellIsEqual) {
 TEST_P(ImportAccessFile, TheSourceKeepsItsBytesAndGetsNoNeighbours) {
     std::filesystem::copy_file(AccessFixture(GetParam()), File(GetParam()));
     const std::string before = Bytes(AccessFixture(GetParam()));
-    ASSERT_EQ(RunZvdb({"import", Path(GetParam()), Path("a.db")}).status, 1);
+    ASSERT_EQ(RunZvdb({"import", Path(GetParam()), Path("a.db")}).status, 3);
     EXPECT_TRUE(Read(GetParam()) == before);
     auto files = Files();
     std::sort(files.begin(), files.end());
@@ -52,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(Versions, ImportAccessFile,
                          [](const auto& file) { return "File" + std::to_string(file.index); });
 
 TEST_F(ImportAccess, TheNextItemGetsANumberBehindTheGreatest) {
-    ASSERT_EQ(RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), Path("a.db")}).status, 1);
+    ASSERT_EQ(RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), Path("a.db")}).status, 3);
     Engine engine(Path("a.db"));
     const std::int64_t greatest = engine.Number("select max(fID) from tTaskList");
     engine.Run("insert into tTaskList(taskTitle) values('next')");
@@ -69,14 +70,14 @@ TEST_F(ImportAccess, ADryRunWritesNothing) {
 
 TEST_F(ImportAccess, TheContentTellsWhatAFileIs) {
     std::filesystem::copy_file(AccessFixture("taskAlert-2003.mdb"), File("backup.dat"));
-    EXPECT_EQ(RunZvdb({"import", Path("backup.dat"), Path("a.db")}).status, 1);
+    EXPECT_EQ(RunZvdb({"import", Path("backup.dat"), Path("a.db")}).status, 3);
 }
 
 TEST_F(ImportAccess, ALockFileBesideItIsToldOf) {
     std::filesystem::copy_file(AccessFixture("taskAlert-2003.mdb"), File("tasks.mdb"));
     Write("tasks.ldb", "");
     const Outcome import = RunZvdb({"import", Path("tasks.mdb"), Path("a.db")});
-    EXPECT_EQ(import.status, 1);
+    EXPECT_EQ(import.status, 3);
     EXPECT_NE(import.out.find("remark: somebody may have the file open: tasks.ldb"),
               std::string::npos)
         << import.out;

@@ -25,6 +25,11 @@ TEST(ImportReport, EachKindIsALineWithItsRows) {
     EXPECT_EQ(Printed(report),
               "remark: t.c: long: fID 3, fID 9 (2 in all)\nremark: table x is missing\n");
     EXPECT_FALSE(report.HasRefusals());
+    EXPECT_FALSE(report.HasFaults());
+    report.Add(Weight::Fault, "items without a title: 4");
+    EXPECT_TRUE(report.HasFaults());
+    EXPECT_FALSE(report.HasRefusals());
+    EXPECT_TRUE(Printed(report).ends_with("\nwrong: items without a title: 4\n"));
     report.Add(Weight::Refusal, "t.d: wrong", "fID 1");
     EXPECT_TRUE(report.HasRefusals());
 }

@@ -61,9 +61,11 @@ TEST_F(ImportServer, AnAccessFileGoesThereAndComesBackCellByCell) {
     for (const char* file : {"taskAlert-2000.mdb", "taskAlert-2010.accdb"}) {
         const Outcome there = RunZvdb({"import", AccessFixture(file), server_, "--replace"});
         // The files hold values that break rules, which is told.
-        EXPECT_EQ(there.status, 1) << there.out << there.err;
+        EXPECT_EQ(there.status, 3) << there.out << there.err;
+        ExpectStatusTellsCheck(there, RunZvdb({"check", "--to", server_}));
         const Outcome back = RunZvdb({"import", server_, Path(std::string(file) + ".db")});
-        EXPECT_EQ(back.status, 1) << back.out << back.err;
+        EXPECT_EQ(back.status, 3) << back.out << back.err;
+        ExpectStatusTellsCheck(back, RunZvdb({"check", Path(std::string(file) + ".db")}));
         EXPECT_EQ(StoredRows(Path(std::string(file) + ".db")), ExpectedRows());
     }
 }
@@ -76,6 +78,25 @@ TEST_F(ImportServer, AnEmbeddedFileOfManyPartsGoesThereAndComesBack) {
     EXPECT_EQ(RunZvdb({"check", Path("b.db")}).status, 0);
 }
 
+TEST_F(ImportServer, TheStatusTellsWhatTheCheckFinds) {
+    struct Case {
+        const char* change;
+        int status;
+    };
+    for (const Case& given : {Case{"select 1", 0},
+                              {"create table mine(a)", 1},
+                              {"update tTaskList set taskTitle='' where fID=3", 3},
+                              {"delete from tTaskSet", 3}}) {
+        SCOPED_TRACE(given.change);
+        std::filesystem::remove(File("a.db"));
+        Sample(100);
+        Engine(Path("a.db")).Run(given.change);
+        const Outcome import = RunZvdb({"import", Path("a.db"), server_, "--replace"});
+        EXPECT_EQ(import.status, given.status) << import.out << import.err;
+        ExpectStatusTellsCheck(import, RunZvdb({"check", "--to", server_}));
+    }
+}
+
 TEST_F(ImportServer, WhatTheServerMakesOfTheTablesIsThereAfterwards) {
     const std::string indexes =
         "select count(*) from pg_index i join pg_class c on c.oid=i.indrelid where "
@@ -86,7 +107,7 @@ TEST_F(ImportServer, WhatTheServerMakesOfTheTablesIsThereAfterwards) {
     const std::int32_t indexesBefore = Ask(indexes);
     const std::int32_t triggersBefore = Ask(triggers);
     ASSERT_GT(triggersBefore, 0);
-    ASSERT_EQ(RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), server_}).status, 1);
+    ASSERT_EQ(RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), server_}).status, 3);
     EXPECT_EQ(Ask(indexes), indexesBefore);
     EXPECT_EQ(Ask(triggers), triggersBefore);
     EXPECT_EQ(Ask("insert into ttasklist(tasktitle) values('next') returning fid"), 403);
@@ -98,7 +119,7 @@ TEST_F(ImportServer, ATargetWithRowsIsRefusedUnlessTold) {
                   "it is not empty (Employees has 1 rows)");
     EXPECT_EQ(Ask("select count(*) from employees"), 1);
     EXPECT_EQ(RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), server_, "--replace"}).status,
-              1);
+              3);
     EXPECT_EQ(Ask("select count(*) from employees where employee='mine'"), 0);
 }
 

@@ -33,6 +33,19 @@ inline Outcome RunZvdb(const std::vector<std::string>& arguments, bool terminal 
     return outcome;
 }
 
+/// A copy that is whole and faultless answers 0 or 1, one with rows that the check finds fault with
+/// 3, and has told all that the check tells.
+inline void ExpectStatusTellsCheck(const Outcome& copy, const Outcome& check) {
+    EXPECT_TRUE(copy.status == 0 || copy.status == 1 || copy.status == 3) << copy.status;
+    EXPECT_EQ(copy.status == 3, check.status != 0) << copy.out << check.out << check.err;
+    EXPECT_EQ(check.status == 0, check.out.find("nothing wrong") != std::string::npos);
+    std::istringstream lines(check.out);
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.starts_with("wrong: ")) continue;
+        EXPECT_NE(copy.out.find(line + '\n'), std::string::npos) << line << '\n' << copy.out;
+    }
+}
+
 class Scratch : public testing::Test {
  protected:
     void SetUp() override {

@@ -203,5 +203,17 @@ TEST_F(ZvdbMode, WriteAheadIsRefusedOnAShareByEveryCommand) {
     EXPECT_EQ(RunZvdb({"check", Path("a.db")}).status, 0);
 }
 
+TEST_F(ZvdbCopies, RowsThatTheCheckFindsFaultWithAreCopiedAndTold) {
+    Engine(Path("a.db")).Run("update tTaskList set taskTitle='' where fID=3");
+    const Outcome backup = RunZvdb({"backup", Path("a.db"), Path("b.db")});
+    EXPECT_EQ(backup.status, 3) << backup.out << backup.err;
+    ExpectStatusTellsCheck(backup, RunZvdb({"check", Path("b.db")}));
+    for (const char* name : {"new.db", "a.db"}) {
+        const Outcome restore = RunZvdb({"restore", Path("b.db"), Path(name), "--replace"});
+        EXPECT_EQ(restore.status, 3) << restore.out << restore.err;
+        ExpectStatusTellsCheck(restore, RunZvdb({"check", Path(name)}));
+    }
+}
+
 }  // namespace
 }  // namespace zv::zvdb

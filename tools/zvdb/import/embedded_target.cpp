@@ -258,11 +258,7 @@ void EmbeddedTarget::Commit() {
 }
 
 std::vector<std::string> EmbeddedTarget::CheckImported() {
-    try {
-        return FoundByCheck(CheckDatabase(path_));
-    } catch (const FileError& error) {
-        throw TargetError(error.what());
-    }
+    return CheckDatabase(path_).problems;
 }
 
 }  // namespace zv::zvdb

@@ -11,6 +11,7 @@ namespace zv::zvdb {
 
 enum class Weight {
     Remark,   ///< the import goes on, the user should know
+    Fault,    ///< imported as it is, and wrong where it comes from: the check finds it
     Refusal,  ///< something would be lost, so nothing is imported
 };
 
@@ -20,8 +21,10 @@ class ImportReport {
     void Add(Weight weight, const std::string& what, const std::string& row = {});
 
     bool HasRefusals() const { return refusals_ > 0; }
+    bool HasFaults() const { return faults_ > 0; }
     bool IsEmpty() const { return entries_.empty(); }
-    /// A line each, in the order of first occurrence: "remark: <what>: <rows> (N in all)".
+    /// A line each, in the order of first occurrence: "remark: <what>: <rows> (N in all)"; a fault
+    /// begins with "wrong: ", a refusal with "refused: ".
     void Print(std::ostream& out) const;
 
  private:
@@ -36,6 +39,7 @@ class ImportReport {
     std::vector<Entry> entries_;
     std::map<std::string, std::size_t> byText_;
     std::int64_t refusals_ = 0;
+    std::int64_t faults_ = 0;
 };
 
 }  // namespace zv::zvdb

@@ -70,18 +70,9 @@ class TableTarget {
     /// What the user should know of what Commit does, a sentence each.
     virtual std::vector<std::string> Warnings() { return {}; }
     /// After Commit: what the check of a database finds in what was imported, a sentence each.
-    /// Throws TargetError when the target is damaged.
+    /// Throws like the check.
     virtual std::vector<std::string> CheckImported() = 0;
 };
-
-/// The problems of a check, as an import tells of them.
-inline std::vector<std::string> FoundByCheck(const Report& report) {
-    std::vector<std::string> sentences;
-    for (const std::string& problem : report.problems) {
-        sentences.push_back("the check finds " + problem);
-    }
-    return sentences;
-}
 
 inline std::unique_ptr<RowReader> TableTarget::ReadAttached(const std::string&,
                                                             const std::vector<std::string>&) {
