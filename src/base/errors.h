@@ -74,7 +74,9 @@ enum class ErrorKind : std::uint8_t {
     DatabaseUnknown,
     TooManyConnections,
     DriverMissing,
-    Last = DriverMissing,
+    WriteAheadOnShare,  ///< the file's mode would destroy it where it lies
+    RowsReadOnly,       ///< rows that were read in a way in which they cannot be written
+    Last = RowsReadOnly,
 };
 
 /// What a database server says of an error beside its text: the five characters of its SQLSTATE and

@@ -94,6 +94,12 @@ constexpr auto kKinds = std::to_array<KindEntry>({
      "資料庫伺服器的連線已滿，請稍後再試。"},
     {ErrorKind::DriverMissing, "没有安装连接数据库所需的驱动程序。",
      "沒有安裝連接資料庫所需的驅動程式。"},
+    {ErrorKind::WriteAheadOnShare,
+     "数据库文件处于预写日志模式，在网络共享上使用会损坏文件。请关闭所有程序，再运行命令 zvdb mode "
+     "文件名 rollback 转换该文件。",
+     "資料庫檔案處於預寫記錄模式，在網路共用上使用會損壞檔案。請關閉所有程式，再執行命令 zvdb mode "
+     "檔名 rollback 轉換該檔案。"},
+    {ErrorKind::RowsReadOnly, "这些记录只能读取，不能写入。", "這些記錄只能讀取，不能寫入。"},
 });
 
 constexpr std::int16_t kTraditional = 1;

@@ -122,7 +122,8 @@ class Reader {
     [[noreturn]] void Refuse(std::size_t at) const {
         throw RuntimeError(ErrorNumber::DatabaseStatement,
                            "the text is not one statement at character " + std::to_string(at + 1),
-                           std::string(source_));
+                           std::string(source_))
+            .Of(ErrorKind::Refused);
     }
 
     std::string_view sql_;

@@ -37,6 +37,18 @@ check "no test for the operating system outside the ports" \
 check "no source file is longer than 600 lines" \
     "$(sources src host tools tests bench | xargs env LC_ALL=C wc -l | awk '$2 != "total" && $1 > 600')"
 
+# An error of the store that has words of its own is of a kind, so that the user is told in his
+# language; "Other" leaves that to the number, which must say more than that a database failed.
+errors=$(sources src/store | xargs awk 'BEGIN { RS = ";" }
+    /RuntimeError\([^,()]*,/ {
+        gsub(/[ \n]+/, " ")
+        print (!/\.Of\(/ || (/Of\(ErrorKind::Other\)/ && /DatabaseFailure/) ? "no kind " : "kind ") \
+            FILENAME ":" $0
+    }')
+check "every error of the store that has words has a kind" "$(grep '^no kind' <<<"$errors")"
+check "the errors of the store are seen" \
+    "$([ "$(grep -c '^kind' <<<"$errors")" -ge 20 ] || echo "$errors")"
+
 # in_documents PATTERN: what fits it, "FILE:LINE:TEXT" each.
 in_documents() {
     git ls-files -co --exclude-standard -- '*.md' ':!CHANGELOG.md' | xargs grep -noP "$1" | sort -u

@@ -240,7 +240,8 @@ std::string StoredDate(std::string_view text) {
 
 void ThrowAt(const std::string& message, std::size_t position) {
     throw RuntimeError(ErrorNumber::DatabaseStatement,
-                       message + " at character " + std::to_string(position));
+                       message + " at character " + std::to_string(position))
+        .Of(ErrorKind::Refused);
 }
 
 }  // namespace zv::store::dialect

@@ -73,7 +73,8 @@ void TableRows::PrepareToWrite() {
 void TableRows::CheckWritable() const {
     if (!keyValues_.empty()) return;
     throw RuntimeError(ErrorNumber::DatabaseFailure,
-                       "the rows have no key by which they could be written", kErrorSource);
+                       "the rows have no key by which they could be written", kErrorSource)
+        .Of(ErrorKind::RowsReadOnly);
 }
 
 void TableRows::Insert(const rows::Changes& changes) {

@@ -7,7 +7,8 @@ namespace zv::store::rows {
 
 void FieldList::ThrowUnknown(int field) const {
     throw RuntimeError(ErrorNumber::DatabaseColumn, "no field number " + std::to_string(field),
-                       errorSource_);
+                       errorSource_)
+        .Of(ErrorKind::NoColumn);
 }
 
 const std::string& FieldList::Name(int field) const {
@@ -20,7 +21,8 @@ int FieldList::Index(std::string_view name) const {
         if (text::EqualsIgnoreCase(fields_[field].name, name)) return static_cast<int>(field);
     }
     throw RuntimeError(ErrorNumber::DatabaseColumn, "no such field: " + std::string(name),
-                       errorSource_);
+                       errorSource_)
+        .Of(ErrorKind::NoColumn);
 }
 
 }  // namespace zv::store::rows

@@ -63,7 +63,8 @@ void ReadingRecordset::SetField(std::string_view, Value) {
 void ReadingRecordset::Update() {
     CheckOpen();
     throw RuntimeError(ErrorNumber::DatabaseFailure, "the recordset is read-only",
-                       Fields().ErrorSource());
+                       Fields().ErrorSource())
+        .Of(ErrorKind::RowsReadOnly);
 }
 
 void ReadingRecordset::Release() noexcept {

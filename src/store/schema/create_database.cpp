@@ -21,14 +21,16 @@ struct CloseDatabase {
 [[noreturn]] void Fail(const std::string& reason, const std::string& path) {
     throw RuntimeError(ErrorNumber::DatabaseFailure,
                        "The database file cannot be created (" + reason + "): " + path,
-                       sqlite::kErrorSource);
+                       sqlite::kErrorSource)
+        .Of(ErrorKind::CannotOpen);
 }
 
 void RefuseWhenThere(const std::string& path) {
     std::error_code error;
     if (!std::filesystem::exists(PathOf(path), error)) return;
     throw RuntimeError(ErrorNumber::FileAlreadyExists, "The file exists already: " + path,
-                       sqlite::kErrorSource);
+                       sqlite::kErrorSource)
+        .Of(ErrorKind::Other);
 }
 
 }  // namespace

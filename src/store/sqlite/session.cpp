@@ -176,7 +176,8 @@ void Session::Configure(bool share) {
     sqlite3_extended_result_codes(handle_, 1);
     sqlite3_busy_timeout(handle_, options_.busyTimeout);
     if (share && UsesWriteAheadLog(path_)) {
-        throw RuntimeError(ErrorNumber::PathFileAccess, RefusedOnShare(path_), kErrorSource);
+        throw RuntimeError(ErrorNumber::PathFileAccess, RefusedOnShare(path_), kErrorSource)
+            .Of(ErrorKind::WriteAheadOnShare);
     }
     // The first statement reads the header and with it finds what is wrong with the file.
     for (const char* sql : {"select count(*) from sqlite_schema", "pragma synchronous=full"}) {

@@ -44,6 +44,16 @@ TEST(DescribeError, TellsTheScriptsApart) {
     }
 }
 
+TEST(DescribeError, NamesTheCommandThatHelpsOnAShare) {
+    for (const std::int16_t language : {kSimplified, kTraditional}) {
+        const std::string text = DescribeError(
+            EngineError(ErrorKind::WriteAheadOnShare, "run: zvdb mode \"Z:\\t.db\" rollback"),
+            language);
+        EXPECT_NE(text.find("zvdb mode "), std::string::npos) << text;
+        EXPECT_TRUE(text.ends_with(" (run: zvdb mode \"Z:\\t.db\" rollback)")) << text;
+    }
+}
+
 TEST(DescribeError, KeepsWhatIsReadyToBeRead) {
     EXPECT_EQ(DescribeError(RuntimeError(ErrorNumber::DatabaseFailure, "own words"), kSimplified),
               "own words");

@@ -56,6 +56,7 @@ class OnAShare : public JournalModes {
 TEST_F(OnAShare, AFileInWriteAheadModeIsRefusedWithTheCommandThatHelps) {
     const auto error = ErrorOf([&] { OpenSqlite(path_); });
     EXPECT_EQ(error.Number(), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(error.Kind(), ErrorKind::WriteAheadOnShare);
     EXPECT_EQ(
         error.Text(),
         "The database file is in write-ahead mode, which would destroy it on a network share. "
