@@ -10,6 +10,7 @@
 #include "base/win32/com_error.h"
 #include "open_errors.h"
 #include "store/ado/automation.h"
+#include "store/ado/provider_errors.h"
 #include "store/connection_entries.h"
 
 namespace zv::host {
@@ -54,12 +55,18 @@ ComPtr<IDispatch> OpenAdo(const std::string& connectionString,
     }
     store::ado::Member open(L"Open");
     try {
-        store::ado::Call(*connection, open, {Variant(std::string_view(connectionString)).Get()});
+        store::ado::TellingKind(*connection, [&] {
+            store::ado::Call(*connection, open,
+                             {Variant(std::string_view(connectionString)).Get()});
+        });
     } catch (const RuntimeError& error) {
         const std::string reason = settings.WithoutSecrets(error.Text());
+        // Nothing was there to be lost.
+        const ErrorKind kind =
+            error.Kind() == ErrorKind::ConnectionLost ? ErrorKind::ServerUnknown : error.Kind();
         throw RuntimeError(error.Number(), CannotOpen(error.Number(), path, reason).Text(),
                            error.Source())
-            .Of(error.Kind());
+            .Of(kind);
     }
     return connection;
 }

@@ -4,6 +4,7 @@
 
 #include "store/ado/ado_recordset.h"
 #include "store/ado/automation.h"
+#include "store/ado/provider_errors.h"
 #include "store/lost_connection.h"
 #include "store/one_statement.h"
 
@@ -61,8 +62,10 @@ class AdoConnection final : public Connection {
         VARIANT reference{};
         reference.vt = VT_BYREF | VT_VARIANT;
         reference.pvarVal = &affected.Ref();
-        Call(*connection_, execute_,
-             {statement.Get(), reference, Variant(kTextCommand | kNoRecords).Get()});
+        TellingKind(*connection_, [&] {
+            Call(*connection_, execute_,
+                 {statement.Get(), reference, Variant(kTextCommand | kNoRecords).Get()});
+        });
         if (FAILED(affected.ChangeType(VT_I4))) return -1;
         return static_cast<int>(affected.Get().lVal);
     }
@@ -72,20 +75,24 @@ class AdoConnection final : public Connection {
         RequireOneStatement(sql, kErrorSource);
         const Variant statement{std::string_view(sql)};
         if (cursor == CursorType::ForwardOnly && lock == LockType::ReadOnly) {
-            const Variant result =
-                Call(*connection_, execute_,
-                     {statement.Get(), Variant::Missing().Get(), Variant(kTextCommand).Get()});
+            const Variant result = TellingKind(*connection_, [&] {
+                return Call(
+                    *connection_, execute_,
+                    {statement.Get(), Variant::Missing().Get(), Variant(kTextCommand).Get()});
+            });
             auto recordset = result.Object();
             if (!recordset) throw RuntimeError(ErrorNumber::ObjectNotSet);
-            return std::make_unique<AdoRecordset>(std::move(recordset), cursor, lock);
+            return std::make_unique<AdoRecordset>(connection_, std::move(recordset), cursor, lock);
         }
         auto recordset = CreateRecordset();
         Member open(L"Open");
-        Call(*recordset, open,
-             {statement.Get(), Variant(connection_.Get()).Get(),
-              Variant(static_cast<std::int32_t>(cursor)).Get(),
-              Variant(static_cast<std::int32_t>(lock)).Get(), Variant(kTextCommand).Get()});
-        return std::make_unique<AdoRecordset>(std::move(recordset), cursor, lock);
+        TellingKind(*connection_, [&] {
+            Call(*recordset, open,
+                 {statement.Get(), Variant(connection_.Get()).Get(),
+                  Variant(static_cast<std::int32_t>(cursor)).Get(),
+                  Variant(static_cast<std::int32_t>(lock)).Get(), Variant(kTextCommand).Get()});
+        });
+        return std::make_unique<AdoRecordset>(connection_, std::move(recordset), cursor, lock);
     }
 
  private:
@@ -96,18 +103,8 @@ class AdoConnection final : public Connection {
 
     // The errors of the last operation that failed, of the recordsets too.
     bool ErrorsTellLoss() const {
-        if (!errors_.IsOffered(*connection_)) return false;
-        const auto errors = GetObjectProperty(*connection_, errors_);
-        Member count(L"Count"), item(L"Item");
-        const int found = ToInt(GetProperty(*errors, count));
-        for (int i = 0; i < found; i++) {
-            const auto error =
-                GetObjectProperty(*errors, item, {Variant(static_cast<std::int32_t>(i)).Get()});
-            Member sqlState(L"SQLState"), native(L"NativeError");
-            Variant state = GetProperty(*error, sqlState);
-            if (FAILED(state.ChangeType(VT_BSTR))) continue;
-            if (TellsLoss({win32::ToUtf8(state.Get().bstrVal), ToInt(GetProperty(*error, native))}))
-                return true;
+        for (const ProviderError& error : ErrorsOf(*connection_)) {
+            if (TellsLoss(error.code)) return true;
         }
         return false;
     }
@@ -135,7 +132,7 @@ class AdoConnection final : public Connection {
     }
 
     ComPtr<IDispatch> connection_;
-    mutable Member state_{L"State"}, errors_{L"Errors"};
+    mutable Member state_{L"State"};
     mutable bool lost_ = false;
     Member close_{L"Close"}, execute_{L"Execute"}, factory_{kRecordsetFactory};
 };

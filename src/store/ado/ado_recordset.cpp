@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "store/ado/provider_errors.h"
 #include "store/ado/value_conversion.h"
 
 namespace zv::store::ado {
@@ -28,8 +29,9 @@ bool ToBool(Variant value) {
 
 }  // namespace
 
-AdoRecordset::AdoRecordset(win32::ComPtr<IDispatch> recordset, CursorType cursor, LockType lock)
-    : recordset_(std::move(recordset)) {
+AdoRecordset::AdoRecordset(win32::ComPtr<IDispatch> connection, win32::ComPtr<IDispatch> recordset,
+                           CursorType cursor, LockType lock)
+    : connection_(std::move(connection)), recordset_(std::move(recordset)) {
     isOpen_ = ToInt(GetProperty(*recordset_, state_)) != Connection::kStateClosed;
     if (!isOpen_) return;
     inBlocks_ = cursor == CursorType::ForwardOnly && lock == LockType::ReadOnly &&
@@ -57,10 +59,10 @@ void AdoRecordset::MoveNext() {
     RequireOpen();
     ForgetValues();
     if (!inBlocks_) {
-        Call(*recordset_, moveNext_);
+        TellingKind(*connection_, [&] { Call(*recordset_, moveNext_); });
         return;
     }
-    if (isEof_) throw RuntimeError(ErrorNumber::NoCurrentRecord, "There is no current record.");
+    if (isEof_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
     if (++row_ == rowsInBlock_) LoadBlock();
 }
 
@@ -82,7 +84,8 @@ int AdoRecordset::FieldIndex(std::string_view name) const {
     });
     if (found == columns_.end()) {
         throw RuntimeError(ErrorNumber::DatabaseColumn,
-                           "The statement answers no field \"" + std::string(name) + "\".");
+                           "The statement answers no field \"" + std::string(name) + "\".")
+            .Of(ErrorKind::NoColumn);
     }
     return static_cast<int>(found - columns_.begin());
 }
@@ -90,7 +93,7 @@ int AdoRecordset::FieldIndex(std::string_view name) const {
 const Value& AdoRecordset::Field(int column) const {
     Column& found = ColumnAt(column);
     if (inBlocks_ && isEof_) {
-        throw RuntimeError(ErrorNumber::NoCurrentRecord, "There is no current record.");
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
     }
     if (!found.isRead) {
         found.value = inBlocks_ ? ReadFromBlock(column)
@@ -102,7 +105,7 @@ const Value& AdoRecordset::Field(int column) const {
 
 void AdoRecordset::AddNew() {
     RequireOpen();
-    Call(*recordset_, addNew_);
+    TellingKind(*connection_, [&] { Call(*recordset_, addNew_); });
     ForgetValues();
 }
 
@@ -114,7 +117,7 @@ void AdoRecordset::SetField(std::string_view name, Value value) {
 
 void AdoRecordset::Update() {
     RequireOpen();
-    Call(*recordset_, update_);
+    TellingKind(*connection_, [&] { Call(*recordset_, update_); });
     // The database may have filled in defaults and the row's key.
     ForgetValues();
 }
@@ -124,13 +127,13 @@ void AdoRecordset::Close() {
     isOpen_ = false;
     ReleaseBlock();
     columns_.clear();
+    connection_ = {};
     Call(*recordset_, close_);
 }
 
 void AdoRecordset::RequireOpen() const {
     if (!isOpen_) {
-        throw RuntimeError(ErrorNumber::ObjectClosed,
-                           "Operation is not allowed when the object is closed.");
+        throw RuntimeError(ErrorNumber::ObjectClosed);
     }
 }
 
@@ -158,7 +161,8 @@ AdoRecordset::Column& AdoRecordset::ColumnAt(int column) const {
     LoadColumns();
     if (column < 0 || static_cast<std::size_t>(column) >= columns_.size()) {
         throw RuntimeError(ErrorNumber::DatabaseColumn,
-                           "The statement answers no field " + std::to_string(column) + ".");
+                           "The statement answers no field " + std::to_string(column) + ".")
+            .Of(ErrorKind::NoColumn);
     }
     return columns_[static_cast<std::size_t>(column)];
 }
@@ -169,7 +173,8 @@ void AdoRecordset::LoadBlock() {
         isEof_ = true;
         return;
     }
-    Variant block = Call(*recordset_, getRows_, {Variant(blockSize_).Get()});
+    Variant block = TellingKind(
+        *connection_, [&] { return Call(*recordset_, getRows_, {Variant(blockSize_).Get()}); });
     if (block.Type() != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(block.Get().parray) != 2) {
         throw RuntimeError(ErrorNumber::TypeMismatch);
     }

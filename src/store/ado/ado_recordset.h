@@ -17,7 +17,9 @@ namespace zv::store::ado {
 class AdoRecordset final : public Recordset {
  public:
     /// `recordset` is open, or closed when the statement yields no rows.
-    AdoRecordset(win32::ComPtr<IDispatch> recordset, CursorType cursor, LockType lock);
+    /// `connection` lists what its provider says of errors; let go at Close.
+    AdoRecordset(win32::ComPtr<IDispatch> connection, win32::ComPtr<IDispatch> recordset,
+                 CursorType cursor, LockType lock);
     ~AdoRecordset() override;
 
     bool Eof() const override;
@@ -49,6 +51,7 @@ class AdoRecordset final : public Recordset {
     void ReleaseBlock();
     Value ReadFromBlock(int column) const;
 
+    win32::ComPtr<IDispatch> connection_;
     win32::ComPtr<IDispatch> recordset_;
     bool isOpen_ = false;
     bool inBlocks_ = false;

@@ -48,7 +48,8 @@ HRESULT Member::Lookup(IDispatch& object) {
 DISPID Member::Id(IDispatch& object) {
     if (Lookup(object) != S_OK) {
         throw RuntimeError(ErrorNumber::MemberNotFound,
-                           "The object has no member \"" + win32::ToUtf8(name_) + "\".");
+                           "The object has no member \"" + win32::ToUtf8(name_) + "\".")
+            .Of(ErrorKind::Other);
     }
     return id_;
 }

@@ -15,6 +15,7 @@ using win32::Variant;
 
 struct Server {
     std::string sqlState;
+    std::int32_t listed = 0;  ///< the number of the error in the list
     std::int32_t native = 0;
     bool hasFailed = false;
     HRESULT stateFails = S_OK;
@@ -36,12 +37,15 @@ class ErrorItem final : public Scripted<ErrorItem> {
  public:
     using Scripted::Scripted;
     static std::span<const MemberEntry<ErrorItem>> Members() {
-        static constexpr std::array<MemberEntry<ErrorItem>, 2> kMembers{
-            {{L"SQLState", 1, &ErrorItem::State}, {L"NativeError", 2, &ErrorItem::Native}}};
+        static constexpr std::array<MemberEntry<ErrorItem>, 3> kMembers{
+            {{L"SQLState", 1, &ErrorItem::State},
+             {L"NativeError", 2, &ErrorItem::Native},
+             {L"Number", 3, &ErrorItem::Number}}};
         return kMembers;
     }
     Variant State(const Arguments&) { return Variant(std::string_view(server_.sqlState)); }
     Variant Native(const Arguments&) { return Variant(server_.native); }
+    Variant Number(const Arguments&) { return Variant(server_.listed); }
 };
 
 class ErrorList final : public Scripted<ErrorList> {
@@ -124,6 +128,23 @@ TEST_F(LostAdoConnection, IsNotOneWhoseStatementFailed) {
     server_.sqlState = "42000";
     server_.native = 170;
     EXPECT_EQ(StateAfterAFailure(), Connection::kStateOpen);
+}
+
+TEST_F(LostAdoConnection, AnErrorIsOfTheKindThatTheProviderLists) {
+    const auto kind = [&](std::int32_t listed) {
+        server_.listed = listed;
+        try {
+            connection_->Execute("delete from t");
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Text(), "failed");
+            return error.Kind();
+        }
+        return ErrorKind::Own;
+    };
+    server_.sqlState = "23505";
+    EXPECT_EQ(kind(static_cast<std::int32_t>(ErrorNumber::DatabaseFailure)), ErrorKind::Duplicate);
+    // What is left in the list from an earlier error says nothing of this one.
+    EXPECT_EQ(kind(static_cast<std::int32_t>(ErrorNumber::DatabaseStatement)), ErrorKind::Other);
 }
 
 TEST_F(LostAdoConnection, IsClosedWhenItsProcessIsGone) {

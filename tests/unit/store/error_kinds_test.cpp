@@ -116,6 +116,71 @@ TEST(ErrorKinds, OfProvidersFollowTheNumbersOfAdo) {
     EXPECT_EQ(kind(53), ErrorKind::Other);
 }
 
+TEST(ErrorKinds, OfProvidersFollowWhatTheyListWhereTheNumberIsGeneral) {
+    struct Case {
+        std::uint32_t number;
+        const char* source;
+        const char* words;
+        ServerCode code;
+        ErrorKind kind;
+    };
+    const char* const sqlServer = "Microsoft OLE DB Provider for SQL Server";
+    const char* const jet = "Microsoft JET Database Engine";
+    const char* const other = "Provider of somebody";
+    for (const Case& given :
+         {Case{0x80040E14, sqlServer, "Invalid object name", {"42S02", 208}, ErrorKind::NoTable},
+          {0x80040E14, sqlServer, "Invalid column name", {"42S22", 207}, ErrorKind::NoColumn},
+          {0x80040E14, sqlServer, "Incorrect syntax", {"42000", 170}, ErrorKind::BadStatement},
+          {0x80040E14, sqlServer, "was deadlocked", {"40001", 1205}, ErrorKind::Busy},
+          {0x80040E2F, sqlServer, "PRIMARY KEY", {"23000", 2627}, ErrorKind::Duplicate},
+          {0x80040E2F, sqlServer, "CHECK", {"23000", 547}, ErrorKind::RuleBroken},
+          {0x80004005,
+           sqlServer,
+           "Cannot open database",
+           {"08004", 4060},
+           ErrorKind::DatabaseUnknown},
+          {0x80004005, sqlServer, "General network error", {"", 11}, ErrorKind::ConnectionLost},
+          {0x80004005, jet, "Disk or network error", {"3043", -1}, ErrorKind::ConnectionLost},
+          {0x80004005, sqlServer, "Could not allocate space", {"42000", 1105}, ErrorKind::DiskFull},
+          // The number of another server means something else.
+          {0x80004005, other, "an unknown error", {"HY000", 1105}, ErrorKind::Other},
+          {0x80004005, other, "duplicate key", {"23505", 1}, ErrorKind::Duplicate},
+          {0x80004005, other, "permission denied", {"42501", 1}, ErrorKind::NoPermission},
+          {0x80004005, other, "no login", {"28000", 1}, ErrorKind::LoginRefused},
+          {0x80004005, other, "too late", {"57014", 1}, ErrorKind::TimeLimit},
+          {0x80004005, other, "gone", {"08S01", 0}, ErrorKind::ConnectionLost},
+          {0x80004005, other, "[SQLite]database is locked (5)", {"HY000", 0}, ErrorKind::Busy},
+          {0x80004005,
+           jet,
+           "would create duplicate values",
+           {"3022", -105121349},
+           ErrorKind::Duplicate},
+          {0x80004005, jet, "currently locked by user 'x'", {"3260", -1}, ErrorKind::Busy},
+          {0x80004005, jet, "Could not update; currently locked.", {"", 0}, ErrorKind::Busy},
+          {0x80004005, jet, "not a valid bookmark", {"3159", -1}, ErrorKind::Other},
+          // A number that says enough is not overruled.
+          {0x80040E31, sqlServer, "Timeout expired", {"HYT00", 0}, ErrorKind::TimeLimit},
+          {0x80040E57, other, "too long", {"42501", 0}, ErrorKind::TooLarge},
+          {0x80040E14,
+           other,
+           "the name contains: database is locked",
+           {"", 0},
+           ErrorKind::BadStatement}}) {
+        const RuntimeError error(static_cast<ErrorNumber>(given.number), given.words, given.source);
+        EXPECT_EQ(KindOfProviderError(error, {given.code}), given.kind)
+            << given.words << ' ' << given.code.sqlState;
+    }
+    const RuntimeError error(ErrorNumber::DatabaseFailure, "failed", other);
+    EXPECT_EQ(KindOfProviderError(error, {}), ErrorKind::Other);
+    // What a component of ours has told is not unlearnt.
+    for (const ErrorKind told : {ErrorKind::RuleBroken, ErrorKind::Busy, ErrorKind::Refused}) {
+        EXPECT_EQ(KindOfProviderError(
+                      RuntimeError(ErrorNumber::DatabaseStatement, "x", other).Of(told), {}),
+                  told);
+    }
+    EXPECT_EQ(KindOfProviderError(error, {{"HY000", 0}, {"23505", 0}}), ErrorKind::Duplicate);
+}
+
 class ErrorKindsOfEngines : public EngineTest {};
 ZV_ON_EVERY_ENGINE(ErrorKindsOfEngines);
 

@@ -1,0 +1,52 @@
+#include "store/ado/provider_errors.h"
+
+#include "store/ado_error_kinds.h"
+
+namespace zv::store::ado {
+namespace {
+
+using win32::Variant;
+
+/// 0 for what is no number.
+std::int32_t NumberOf(IDispatch& object, const wchar_t* name) {
+    Member member(name);
+    if (!member.IsOffered(object)) return 0;
+    Variant value = GetProperty(object, member);
+    return FAILED(value.ChangeType(VT_I4)) ? 0 : static_cast<std::int32_t>(value.Get().lVal);
+}
+
+}  // namespace
+
+std::vector<ProviderError> ErrorsOf(IDispatch& connection) {
+    std::vector<ProviderError> found;
+    Member list(L"Errors"), item(L"Item");
+    if (!list.IsOffered(connection)) return found;
+    const auto errors = GetObjectProperty(connection, list);
+    const std::int32_t count = NumberOf(*errors, L"Count");
+    for (std::int32_t i = 0; i < count; i++) {
+        const auto error = GetObjectProperty(*errors, item, {Variant(i).Get()});
+        Member sqlState(L"SQLState");
+        Variant state = GetProperty(*error, sqlState);
+        if (FAILED(state.ChangeType(VT_BSTR))) continue;
+        found.push_back({win32::ToErrorNumber(NumberOf(*error, L"Number")),
+                         {win32::ToUtf8(state.Get().bstrVal), NumberOf(*error, L"NativeError")}});
+    }
+    return found;
+}
+
+RuntimeError OfToldKind(RuntimeError error, IDispatch& connection) {
+    if (!IsGeneral(error.Kind())) return error;
+    std::vector<ServerCode> said;
+    try {
+        for (ProviderError& each : ErrorsOf(connection)) {
+            // Errors that are not the provider's own leave the list of an earlier one as it was.
+            if (each.number == error.Number()) said.push_back(std::move(each.code));
+        }
+    } catch (const RuntimeError&) {
+        // What went wrong first is told.
+    }
+    const ErrorKind kind = KindOfProviderError(error, said);
+    return kind == ErrorKind::Other ? error : std::move(error).Of(kind);
+}
+
+}  // namespace zv::store::ado

@@ -1,0 +1,35 @@
+// What the list of errors of a connection object tells of an error.
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "base/errors.h"
+#include "store/ado/automation.h"
+
+namespace zv::store::ado {
+
+struct ProviderError {
+    ErrorNumber number{};  ///< 0 when the object tells none
+    ServerCode code;
+};
+
+/// Of the last operation that failed, recordsets' too; empty when the object has no such list.
+/// Throws RuntimeError.
+std::vector<ProviderError> ErrorsOf(IDispatch& connection);
+
+/// The error as one of the kind that its provider tells. Errors that are of a kind already, and
+/// those of a connection that does not answer, stay as they are.
+RuntimeError OfToldKind(RuntimeError error, IDispatch& connection);
+
+/// Runs `work`; its errors are of the kind that the connection's provider tells.
+template <class Work>
+auto TellingKind(IDispatch& connection, Work work) {
+    try {
+        return work();
+    } catch (const RuntimeError& error) {
+        throw OfToldKind(error, connection);
+    }
+}
+
+}  // namespace zv::store::ado
