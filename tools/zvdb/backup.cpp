@@ -134,7 +134,11 @@ Copied BackUp(const std::string& path, const std::string& to, bool force, Progre
     if (!force && fs::exists(PathOf(to))) {
         throw FileError("\"" + to + "\" is there already (--force replaces it)");
     }
-    RefuseWhileInUse(to);
+    try {
+        RefuseWhileInUse(to);
+    } catch (const EngineError&) {
+        throw FileError("another program has \"" + to + "\" open");
+    }
     const InterruptionGuard guard;
     Copied copied;
     copied.aside = NewFile::ToSetAside(to);
@@ -156,7 +160,13 @@ Copied Restore(const std::string& backup, const std::string& path, bool replace,
         throw FileError("\"" + path +
                         "\" is there already (--replace puts the backup in its place)");
     }
-    if (isThere) CheckFile(path);
+    if (isThere) {
+        try {
+            CheckFile(path);
+        } catch (const FileError& error) {
+            throw FileError("\"" + path + "\": " + error.what());
+        }
+    }
     const InterruptionGuard guard;
     Copied copied;
     if (!isThere) copied.aside = NewFile::ToSetAside(path);

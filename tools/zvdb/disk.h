@@ -1,6 +1,7 @@
 // What the system is asked of files beyond the standard library.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 
 namespace zv::zvdb::disk {
@@ -25,6 +26,25 @@ void SyncFolderOf(const std::filesystem::path& file);
 /// Gives a file another name in its folder, on the disk when it returns. What has that name already
 /// is replaced when `replace`, otherwise it is an error.
 void Rename(const std::filesystem::path& from, const std::filesystem::path& to, bool replace);
+
+/// A name that one program at a time has, whatever ends it: the system lets go of it for a program
+/// that has died. The file of that name is empty and goes with the claim; one that is left over is
+/// taken over.
+class Claim {
+ public:
+    /// Throws std::filesystem::filesystem_error when the file cannot be made.
+    explicit Claim(const std::filesystem::path& file);
+    ~Claim();
+    Claim(const Claim&) = delete;
+    Claim& operator=(const Claim&) = delete;
+    /// False: another program has it, or another claim of this one.
+    bool IsHeld() const { return handle_ != kNone; }
+
+ private:
+    static constexpr std::intptr_t kNone = -1;
+    std::filesystem::path file_;
+    std::intptr_t handle_ = kNone;  ///< the system's
+};
 
 /// A program has locked a part of the file. Only says what can be told without changing anything.
 bool IsLocked(const std::filesystem::path& file);

@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -96,6 +97,54 @@ void Rename(const fs::path& from, const fs::path& to, bool replace) {
         if (rename(from.c_str(), to.c_str()) != 0) Fail("rename", to);
     }
     SyncFolderOf(to);
+}
+
+namespace {
+
+/// Whoever may not write another user's left-over file may still lock it.
+int OpenClaim(const fs::path& file) {
+    const int number = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, kReadWrite);
+    if (number >= 0 || errno != EACCES) return number;
+    const int reading = open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (reading < 0) errno = EACCES;
+    return reading;
+}
+
+bool HasName(int number, const fs::path& file) {
+    struct stat opened {};
+    struct stat named {};
+    return fstat(number, &opened) == 0 && lstat(file.c_str(), &named) == 0 &&
+           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+}  // namespace
+
+Claim::Claim(const fs::path& file) : file_(file) {
+    while (true) {
+        const int number = OpenClaim(file);
+        if (number < 0) Fail("create", file);
+        // Belongs to this opening of the file: other handles of the program do not let go of it.
+        if (flock(number, LOCK_EX | LOCK_NB) != 0) {
+            const int error = errno;
+            close(number);
+            if (error == EINTR) continue;
+            if (error == EWOULDBLOCK) return;
+            errno = error;
+            Fail("lock", file);
+        }
+        if (HasName(number, file)) {
+            handle_ = number;
+            return;
+        }
+        // Whoever had it let go of it meanwhile, and the name with it.
+        close(number);
+    }
+}
+
+Claim::~Claim() {
+    if (!IsHeld()) return;
+    unlink(file_.c_str());
+    close(static_cast<int>(handle_));
 }
 
 bool IsLocked(const fs::path& file) {

@@ -87,6 +87,21 @@ void Rename(const fs::path& from, const fs::path& to, bool replace) {
     if (!MoveFileExW(from.c_str(), to.c_str(), flags)) Fail("rename", to, GetLastError());
 }
 
+Claim::Claim(const fs::path& file) : file_(file) {
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) {
+        handle_ = reinterpret_cast<std::intptr_t>(handle);
+        return;
+    }
+    const DWORD error = GetLastError();
+    if (error != ERROR_SHARING_VIOLATION) Fail("create", file, error);
+}
+
+Claim::~Claim() {
+    if (IsHeld()) CloseHandle(reinterpret_cast<HANDLE>(handle_));
+}
+
 // What a program has open cannot be renamed, which says it soon enough.
 bool IsLocked(const fs::path&) {
     return false;

@@ -51,18 +51,25 @@ std::vector<std::string> NewFile::ToSetAside(const std::string& path) {
     return sentences;
 }
 
-void NewFile::RemovePart(const std::string& path) {
+void NewFile::RemovePart() {
     std::error_code ignored;
-    const std::string part = PartOf(path);
-    fs::remove(PathOf(part), ignored);
-    for (const std::string& neighbour : NeighboursOf(part)) fs::remove(PathOf(neighbour), ignored);
+    fs::remove(PathOf(part_), ignored);
+    for (const std::string& neighbour : NeighboursOf(part_)) fs::remove(PathOf(neighbour), ignored);
 }
 
 NewFile::NewFile(const std::string& path, const std::string& source, bool replace)
-    : path_(path), part_(PartOf(path)), replaces_(replace && IsThere(path)) {
-    RemovePart(path);
+    : path_(path), part_(PartOf(path)), claim_(PathOf(ClaimOf(path))), replaces_(IsThere(path)) {
+    if (!claim_.IsHeld()) {
+        throw FileError("another zvdb is at work on \"" + path + "\"; try again when it has ended");
+    }
+    if (replaces_ && !replace) throw FileError("\"" + path + "\" is there already");
+    MakePart(source);
+}
+
+void NewFile::MakePart(const std::string& source) {
+    RemovePart();
     if (replaces_) {
-        disk::CreateEmpty(PathOf(part_), PathOf(path), disk::Like::Whole);
+        disk::CreateEmpty(PathOf(part_), PathOf(path_), disk::Like::Whole);
     } else if (!source.empty()) {
         disk::CreateEmpty(PathOf(part_), PathOf(source), disk::Like::Contents);
     } else {
@@ -73,7 +80,7 @@ NewFile::NewFile(const std::string& path, const std::string& source, bool replac
 NewFile::~NewFile() {
     if (placed_) return;
     try {
-        RemovePart(path_);
+        RemovePart();
     } catch (const std::exception&) {
         // Without memory for the names the part stays; the next run removes it.
     }
@@ -89,15 +96,18 @@ void NewFile::SetAside() {
     const std::string free = FreeNameFor(path_);
     for (const std::string& name : neighbours) {
         const fs::path to = PathOf(free + name.substr(path_.size()));
-        disk::Rename(PathOf(name), to, false);
         aside_.push_back({PathOf(name), to});
+        disk::Rename(PathOf(name), to, false);
     }
 }
 
 void NewFile::BringBack() noexcept {
     for (const Move& move : aside_) {
         std::error_code ignored;
-        fs::rename(move.to, move.from, ignored);
+        // One that could not be moved is still there, and what is aside is somebody else's.
+        if (!fs::exists(fs::symlink_status(move.from, ignored))) {
+            fs::rename(move.to, move.from, ignored);
+        }
     }
     aside_.clear();
 }
@@ -108,7 +118,14 @@ void NewFile::Place() {
         SetAside();
         disk::Rename(PathOf(part_), PathOf(path_), replaces_);
     } catch (...) {
-        BringBack();
+        // It may have its name although that is not known to be on the disk: the neighbours of
+        // another file must not come back beside it.
+        placed_ = !IsThere(part_);
+        if (placed_) {
+            TakeBack();
+        } else {
+            BringBack();
+        }
         throw;
     }
     placed_ = true;

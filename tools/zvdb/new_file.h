@@ -15,9 +15,11 @@ namespace zv::zvdb {
 
 class NewFile {
  public:
-    /// `path` is the file's own name. Makes the empty file Part(); whatever an earlier run left
-    /// under that name goes. Its rights are those of the file that is there, which it will replace,
-    /// else those of `source` unless that is empty. Throws std::filesystem::filesystem_error.
+    /// `path` is the file's own name. Makes the empty file Part(); whatever a run that has died
+    /// left under that name goes. Its rights are those of the file that is there, which it will
+    /// replace, else those of `source` unless that is empty. Throws FileError when another run is
+    /// making the file, or when one is there and not to be replaced;
+    /// std::filesystem::filesystem_error.
     NewFile(const std::string& path, const std::string& source, bool replace);
     /// Unless it was placed, nothing stays.
     ~NewFile();
@@ -25,8 +27,8 @@ class NewFile {
     NewFile& operator=(const NewFile&) = delete;
 
     static std::string PartOf(const std::string& path) { return path + ".zvdb-part"; }
-    /// Removes the part and what the engine left beside it.
-    static void RemovePart(const std::string& path);
+    /// Is there while a run makes the file.
+    static std::string ClaimOf(const std::string& path) { return path + ".zvdb-claim"; }
     /// What will be set aside, a sentence each.
     static std::vector<std::string> ToSetAside(const std::string& path);
     /// The names beside `path` that the engine would take for the file's log or journal.
@@ -46,11 +48,14 @@ class NewFile {
         std::filesystem::path from;
         std::filesystem::path to;
     };
+    void MakePart(const std::string& source);
+    void RemovePart();
     void SetAside();
     void BringBack() noexcept;
 
     std::string path_;
     std::string part_;
+    disk::Claim claim_;
     bool replaces_;  ///< a file that is there
     bool placed_ = false;
     std::vector<Move> aside_;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "store/schema/schema.h"
+#include "zvdb/import/interruption.h"
 #include "zvdb/indexes_aside.h"
 #include "zvdb/new_file.h"
 #include "zvdb/sample_parts.h"
@@ -31,18 +32,21 @@ void FillSample(Engine& engine, const SampleOptions& options, Progress& progress
     engine.Run("commit");
 }
 
-std::vector<std::string> CreateDatabase(const std::string& path, const SampleOptions* options,
-                                        Progress& progress) {
+std::vector<std::string> CreateDatabase(const std::string& path, bool replace,
+                                        const SampleOptions* options, Progress& progress) {
     RefuseWhileInUse(path);
     auto aside = NewFile::ToSetAside(path);
-    NewFile file(path, {}, true);
+    NewFile file(path, {}, replace);
     store::MakeSqliteTables(file.Part());
     if (options != nullptr) {
         Engine engine(file.Part(), SQLITE_OPEN_READWRITE, Engine::Users::Alone);
         // Nobody sees the file before it is complete, so only its end state must be on disk.
         engine.Run("pragma synchronous=off");
+        sqlite3_progress_handler(
+            engine.Handle(), 10000, [](void*) { return IsInterrupted() ? 1 : 0; }, nullptr);
         FillSample(engine, *options, progress);
     }
+    StopIfInterrupted();
     PlaceAndCheck(file, path);
     return aside;
 }

@@ -32,10 +32,10 @@ struct SampleOptions {
 void FillSample(Engine& engine, const SampleOptions& options, Progress& progress);
 
 /// Creates `path` with the schema, and the sample data when `options` is given. The file appears
-/// under its name only when it is complete, and is checked there; one that was there is replaced.
-/// Answers what was set aside, a sentence each. Throws EngineError, RuntimeError, FileError or
-/// std::filesystem::filesystem_error.
-std::vector<std::string> CreateDatabase(const std::string& path, const SampleOptions* options,
-                                        Progress& progress);
+/// under its name only when it is complete, and is checked there; one that was there is replaced
+/// when `replace`. Answers what was set aside, a sentence each. Throws EngineError, RuntimeError,
+/// FileError, Interrupted or std::filesystem::filesystem_error.
+std::vector<std::string> CreateDatabase(const std::string& path, bool replace,
+                                        const SampleOptions* options, Progress& progress);
 
 }  // namespace zv::zvdb

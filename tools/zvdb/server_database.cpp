@@ -115,7 +115,7 @@ void CreateServerSample(const std::string& server, bool replace, const SampleOpt
         ServerLink link(server);
         // Known before the work of making the data.
         TablesInTheWay(link, replace);
-        CreateDatabase(file.Path(), &options, progress);
+        CreateDatabase(file.Path(), false, &options, progress);
         Create(link, replace);
     }
     const auto source = OpenSource(file.Path());

@@ -10,6 +10,7 @@
 #include "zvdb/command_line.h"
 #include "zvdb/hidden_output.h"
 #include "zvdb/import/endpoint.h"
+#include "zvdb/import/interruption.h"
 #include "zvdb/journal.h"
 #include "zvdb/server_database.h"
 
@@ -35,17 +36,25 @@ void RefuseConnection(const std::string& name, const char* reason) {
     }
 }
 
+int Tell(const Report& report, const Console& console) {
+    PrintCounts(report, console.out);
+    for (const std::string& problem : report.problems) console.out << "wrong: " << problem << '\n';
+    if (!report.problems.empty()) return kFoundWrong;
+    console.out << "nothing wrong\n";
+    return kFine;
+}
+
 int Create(const CommandLine& line, const Console& console) {
     Progress progress(line.quiet ? nullptr : &console.err, console.terminal);
     const bool sample = line.command == Command::Sample;
+    const InterruptionGuard guard;
     if (!line.server.empty()) {
         if (!sample) {
             CreateServerTables(line.server, line.force);
             return kFine;
         }
         CreateServerSample(line.server, line.force, line.sample, progress);
-        PrintCounts(CheckServer(line.server), console.out);
-        return kFine;
+        return Tell(CheckServer(line.server), console);
     }
     RefuseConnection(line.file, "this is a connection; --to stands in front of a server");
     const std::filesystem::path file = PathOf(line.file);
@@ -57,21 +66,13 @@ int Create(const CommandLine& line, const Console& console) {
         throw FileError("the file is there already (--force replaces it)");
     }
     for (const std::string& aside :
-         CreateDatabase(line.file, sample ? &line.sample : nullptr, progress)) {
+         CreateDatabase(line.file, line.force, sample ? &line.sample : nullptr, progress)) {
         console.err << "zvdb: " << aside << '\n';
     }
     if (sample) {
         Engine engine(line.file);
         PrintCounts(CheckSchema(engine), console.out);
     }
-    return kFine;
-}
-
-int Tell(const Report& report, const Console& console) {
-    PrintCounts(report, console.out);
-    for (const std::string& problem : report.problems) console.out << "wrong: " << problem << '\n';
-    if (!report.problems.empty()) return kFoundWrong;
-    console.out << "nothing wrong\n";
     return kFine;
 }
 
@@ -134,9 +135,12 @@ int RunCommand(const std::vector<std::string>& arguments, DateTime today, const 
         console.err << "zvdb: " << error.what() << "\nzvdb --help tells how it is used\n";
         return kCannot;
     } catch (const EngineError& error) {
+        if (error.Code() == SQLITE_INTERRUPT) return Refuse(console, line, Interrupted().what());
         const bool busy = error.Code() == SQLITE_BUSY;
         return Refuse(console, line, busy ? "another program has the file open" : error.what());
     } catch (const std::filesystem::filesystem_error& error) {
+        // Another file than the one that was asked for may be what cannot be made.
+        if (!error.path1().empty() && line.server.empty()) line.file = Utf8Of(error.path1());
         return Refuse(console, line, error.code().message());
     } catch (const std::exception& error) {
         return Refuse(console, line, error.what());

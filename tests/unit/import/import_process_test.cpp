@@ -77,6 +77,72 @@ TEST_F(ImportProcess, ASignalToEndLeavesNothingBehind) {
     }
 }
 
+TEST_F(ImportProcess, ASignalThatTheStarterHasSwitchedOffIsNoEnd) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
+    const pid_t child = Start({"import", Path("a.db"), Path("b.db"), "--quiet"},
+                              [] { std::signal(SIGHUP, SIG_IGN); });
+    while (!Exists("b.db.zvdb-part") && !Exists("b.db")) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    kill(child, SIGHUP);
+    EXPECT_EQ(StatusOf(child), 0) << Read("said");
+    EXPECT_TRUE(Exists("b.db"));
+}
+
+TEST_F(ImportProcess, ASampleThatIsEndedLeavesNothingBehind) {
+    for (const int signal : {SIGTERM, SIGINT}) {
+        const pid_t child = Start({"sample", Path("b.db"), "--items", "400000", "--quiet"});
+        while (!Exists("b.db.zvdb-part")) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        kill(child, signal);
+        EXPECT_EQ(StatusOf(child), 2) << signal;
+        EXPECT_NE(Read("said").find("interrupted"), std::string::npos) << Read("said");
+        EXPECT_EQ(Files(), std::vector<std::string>{"said"});
+    }
+}
+
+TEST_F(ImportProcess, ASecondRunOnTheSameNewFileIsToldAndDisturbsNothing) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
+    ASSERT_EQ(RunZvdb({"sample", Path("small.db"), "--items", "20"}).status, 0);
+    const pid_t first = Start({"import", Path("a.db"), Path("b.db"), "--quiet"});
+    while (!Exists("b.db.zvdb-claim")) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    // Stopped, so that it cannot be done before the others have tried.
+    ASSERT_EQ(kill(first, SIGSTOP), 0);
+    ASSERT_TRUE(Exists("b.db.zvdb-claim"));
+    for (const std::vector<std::string>& second :
+         {std::vector<std::string>{"import", Path("small.db"), Path("b.db")},
+          {"backup", Path("small.db"), Path("b.db"), "--force"},
+          {"restore", Path("small.db"), Path("b.db")},
+          {"sample", Path("b.db"), "--items", "20", "--force"},
+          {"create", Path("b.db")}}) {
+        const Outcome outcome = RunZvdb(second);
+        EXPECT_EQ(outcome.status, 2) << second[0] << outcome.out;
+        EXPECT_NE(outcome.err.find("another zvdb is at work on"), std::string::npos)
+            << second[0] << outcome.err;
+    }
+    ASSERT_EQ(kill(first, SIGCONT), 0);
+    EXPECT_EQ(StatusOf(first), 0) << Read("said");
+    EXPECT_EQ(Engine(Path("b.db")).Number("select count(*) from tTaskList"), 60000);
+    EXPECT_EQ(RunZvdb({"check", Path("b.db")}).status, 0);
+    EXPECT_FALSE(Exists("b.db.zvdb-claim"));
+    EXPECT_FALSE(Exists("b.db.zvdb-part"));
+}
+
+TEST_F(ImportProcess, WhatARunThatDiedLeftBlocksNobody) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
+    const pid_t first = Start({"import", Path("a.db"), Path("b.db"), "--quiet"});
+    while (!Exists("b.db.zvdb-part")) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    kill(first, SIGKILL);
+    EXPECT_EQ(StatusOf(first), 1000 + SIGKILL);
+    ASSERT_TRUE(Exists("b.db.zvdb-claim"));
+    EXPECT_EQ(RunZvdb({"import", Path("a.db"), Path("b.db"), "--quiet"}).status, 0);
+    EXPECT_EQ(RunZvdb({"check", Path("b.db")}).status, 0);
+    EXPECT_FALSE(Exists("b.db.zvdb-claim"));
+    EXPECT_FALSE(Exists("b.db.zvdb-part"));
+}
+
 TEST_F(ImportProcess, ASignalLeavesAPresentTargetAsItWas) {
     ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
     ASSERT_EQ(RunZvdb({"sample", Path("b.db"), "--items", "50"}).status, 0);

@@ -203,6 +203,17 @@ TEST_F(ZvdbMode, WriteAheadIsRefusedOnAShareByEveryCommand) {
     EXPECT_EQ(RunZvdb({"check", Path("a.db")}).status, 0);
 }
 
+TEST_F(ZvdbCopies, TheFileThatIsAtFaultIsNamed) {
+    Write("junk.db", "this is no database at all, only a text that lies there");
+    ExpectRefused(RunZvdb({"restore", Path("a.db"), Path("junk.db"), "--replace"}),
+                  "\"" + Path("junk.db") + "\": this is not an embedded database");
+    ASSERT_EQ(RunZvdb({"sample", Path("b.db"), "--items", "50"}).status, 0);
+    Engine open(Path("b.db"));
+    open.Run("begin; select count(*) from cards");
+    ExpectRefused(RunZvdb({"backup", Path("a.db"), Path("b.db"), "--force"}),
+                  "another program has \"" + Path("b.db") + "\" open");
+}
+
 TEST_F(ZvdbCopies, RowsThatTheCheckFindsFaultWithAreCopiedAndTold) {
     Engine(Path("a.db")).Run("update tTaskList set taskTitle='' where fID=3");
     const Outcome backup = RunZvdb({"backup", Path("a.db"), Path("b.db")});

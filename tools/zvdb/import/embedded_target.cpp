@@ -61,6 +61,8 @@ void EmbeddedTarget::MakeNew() {
         store::MakeSqliteTables(file_->Part());
     } catch (const RuntimeError& error) {
         throw TargetError(error.Text());
+    } catch (const FileError& error) {
+        throw TargetError(error.what());
     } catch (const fs::filesystem_error& error) {
         throw TargetError("the file cannot be created (" + error.code().message() + ")");
     }

@@ -247,7 +247,16 @@ std::unique_ptr<RowReader> ServerTarget::Read(const TableRule& table,
 }
 
 void ServerTarget::Commit() {
-    Guarded([&] { link_->Run("commit"); });
+    try {
+        link_->Run("commit");
+    } catch (const RuntimeError& error) {
+        const bool unknown =
+            error.Kind() == ErrorKind::ConnectionLost || error.Kind() == ErrorKind::TimeLimit;
+        throw TargetError(error.Text() +
+                          (unknown ? " The server may have completed the import all the same: "
+                                     "zvdb check --to tells what it holds."
+                                   : ""));
+    }
     begun_ = false;
     if (link_->Kind() != ServerKind::PostgreSql) return;
     try {
