@@ -7,6 +7,18 @@
 
 namespace zv::com {
 
+namespace {
+
+const std::string& ForHost(const std::string& text) {
+    return text;
+}
+template <class Text>
+const std::string& ForHost(const Text& text) {
+    return text.ForOwner();
+}
+
+}  // namespace
+
 template <class Set>
 HRESULT Automation::Put(DISPID member, Set&& set) noexcept {
     return Boundary([&] {
@@ -16,17 +28,18 @@ HRESULT Automation::Put(DISPID member, Set&& set) noexcept {
     });
 }
 
-HRESULT Automation::PutText(DISPID member, std::string ControlState::*property,
-                            BSTR value) noexcept {
+template <class Text>
+HRESULT Automation::PutText(DISPID member, Text ControlState::*property, BSTR value) noexcept {
     return Put(member, [&](ControlState& state) { state.*property = win32::ToUtf8(value); });
 }
 
-HRESULT Automation::GetText(std::string ControlState::*property, BSTR* value) noexcept {
+template <class Text>
+HRESULT Automation::GetText(Text ControlState::*property, BSTR* value) noexcept {
     if (!value) return E_POINTER;
     *value = nullptr;
     return Boundary([&] {
         core_.EnsureValues();
-        *value = win32::AllocateBstr(core_.task.State().*property);
+        *value = win32::AllocateBstr(ForHost(core_.task.State().*property));
     });
 }
 

@@ -49,8 +49,10 @@ class Automation final : public Part<ITask> {
  private:
     template <class Set>
     HRESULT Put(DISPID member, Set&& set) noexcept;
-    HRESULT PutText(DISPID member, std::string ControlState::*property, BSTR value) noexcept;
-    HRESULT GetText(std::string ControlState::*property, BSTR* value) noexcept;
+    template <class Text>
+    HRESULT PutText(DISPID member, Text ControlState::*property, BSTR value) noexcept;
+    template <class Text>
+    HRESULT GetText(Text ControlState::*property, BSTR* value) noexcept;
 };
 
 }  // namespace zv::com

@@ -14,6 +14,12 @@ void ReadInto(T& property, PropertyBag& bag, std::string_view key, const T& fall
     property = std::get<T>(bag.Read(key, BagValue(fallback)));
 }
 
+std::string ReadText(PropertyBag& bag, std::string_view key) {
+    std::string text;
+    ReadInto(text, bag, key, text);
+    return text;
+}
+
 template <typename T>
 void Write(PropertyBag& bag, std::string_view key, const T& property, const T& fallback) {
     if (property != fallback) bag.Write(key, BagValue(property));
@@ -34,8 +40,8 @@ void InitState(ControlState& state, const std::string& applicationFolder) {
     HostSetsPath(state, applicationFolder + (folderEnds ? "" : "\\") + "taskAlert.mdb");
     state.Password = "0";
     HostSetsKind(state, 0);
-    state.UserID.clear();
-    state.Default.clear();
+    state.UserID = {};
+    state.Default = {};
 }
 
 void ReadState(ControlState& state, PropertyBag& bag) {
@@ -50,15 +56,13 @@ void ReadState(ControlState& state, PropertyBag& bag) {
     ReadInto(read.myModel, bag, "myModel", none);
     ReadInto(read.Copyright, bag, "Copyright", false);
     ReadInto(read.showMode, bag, "showmode", zero);
-    std::string path;
-    ReadInto(path, bag, "UserPath", none);
-    HostSetsPath(read, std::move(path));
-    ReadInto(read.Password, bag, "Password", none);
+    HostSetsPath(read, ReadText(bag, "UserPath"));
+    read.Password = ReadText(bag, "Password");
     std::int16_t kind = 0;
     ReadInto(kind, bag, "SQLData", zero);
     HostSetsKind(read, kind);
-    ReadInto(read.UserID, bag, "UserID", none);
-    ReadInto(read.Default, bag, "Default", none);
+    read.UserID = ReadText(bag, "UserID");
+    read.Default = ReadText(bag, "Default");
     state = std::move(read);
 }
 
@@ -68,17 +72,17 @@ void WriteState(const ControlState& state, PropertyBag& bag) {
     Write(bag, "myName", state.myName, none);
     Write(bag, "Language", state.Language, zero);
     Write(bag, "AlertType", state.AlertType, zero);
-    Write(bag, "UserPath", state.UserPath, none);
+    Write(bag, "UserPath", state.UserPath.ForOwner(), none);
     Write(bag, "UserName", state.UserName, none);
     Write(bag, "ZgName", state.ZgName, none);
     Write(bag, "myPower", state.myPower, NoRights());
     Write(bag, "myModel", state.myModel, none);
     Write(bag, "Copyright", state.Copyright, false);
     Write(bag, "Showmode", state.showMode, zero);
-    Write(bag, "Password", state.Password, none);
+    Write(bag, "Password", state.Password.ForOwner(), none);
     Write(bag, "SQLData", state.SQLData, zero);
-    Write(bag, "UserID", state.UserID, none);
-    Write(bag, "Default", state.Default, none);
+    Write(bag, "UserID", state.UserID.ForOwner(), none);
+    Write(bag, "Default", state.Default.ForOwner(), none);
 }
 
 }  // namespace zv

@@ -56,7 +56,7 @@ void ZvTask::UserControl_WriteProperties(PropertyBag& bag) {
     WriteState(session_.state, bag);
 }
 
-void ZvTask::SetUserPath(std::string path) {
+void ZvTask::SetUserPath(store::ConnectionText path) {
     HostSetsPath(session_.state, std::move(path));
 }
 
@@ -69,7 +69,7 @@ void ZvTask::refresh(std::int32_t mode, std::int16_t modal) {
         session_.SetApplicationTitle();
         session_.TakeDataPath();
         ControlState& state = session_.state;
-        if (state.UserPath.empty() && state.SQLData == 0) return;
+        if (state.UserPath.IsEmpty() && state.SQLData == 0) return;
         Connect(mode);
         state.showMode = modal;
         const std::string interval =

@@ -29,7 +29,7 @@ class ZvTask {
     void UserControl_ReadProperties(PropertyBag& bag);
     void UserControl_WriteProperties(PropertyBag& bag);
 
-    void SetUserPath(std::string path);
+    void SetUserPath(store::ConnectionText path);
     /// Sets SQLData and the copy that the options page falls back to.
     void SetSQLData(std::int16_t kind);
     /// The stored text is never handed out: always empty.

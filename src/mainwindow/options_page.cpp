@@ -29,7 +29,7 @@ void OptionsPage::EnablePath(bool file) {
     // The path of a server is no file's.
     const bool known = file && !IsServer();
     const std::string path =
-        known ? control.storeChoice.path.value_or(control.UserPath) : std::string();
+        known ? control.storeChoice.path.value_or(control.UserPath).ForOwner() : std::string();
     window_.txtAccess.SetText(path);
     window_.txtAccess.tag = path;
 }
@@ -45,7 +45,7 @@ void OptionsPage::SavePath() {
     const store::ConnectionSettings* used = session.database.OpenedWith();
     const std::string shown = window_.txtAccess.Text();
     if (accepted) {
-        session.SaveSetting(resources::kTaskSection, "DataPath", *accepted);
+        session.SaveSetting(resources::kTaskSection, "DataPath", accepted->ForOwner());
     } else if (window_.cmdAccess.Visible() && used && used->kind < 1 &&
                used->dataPath == store::ConnectionText(shown)) {
         session.SaveSetting(resources::kTaskSection, "DataPath", shown);
@@ -134,7 +134,7 @@ void OptionsPage::Accept(const std::function<void()>& choose) {
         TentativeChoice choice(session.state);
         choose();
         // Nothing is known yet that could be opened; the user names it next.
-        if (!IsServer() && session.state.UserPath.empty() && !session.state.storeChoice.path)
+        if (!IsServer() && session.state.UserPath.IsEmpty() && !session.state.storeChoice.path)
             return;
         try {
             session.OpenConnection(session.Settings());

@@ -40,7 +40,7 @@ class ShownGrid final : public platform::ReportTable {
 
 void PrintGrid(Session& session, const forms::Grid& grid, const std::string& title,
                const std::string& subTitle) {
-    if (grid.DataRowCount() == 0 || session.state.UserPath.empty()) return;
+    if (grid.DataRowCount() == 0 || session.state.UserPath.IsEmpty()) return;
     const ShownGrid table(grid);
     platform::ReportJob job = NewJob(session);
     job.title = title;

@@ -7,22 +7,24 @@
 #include <vector>
 
 #include "base/date_time.h"
+#include "store/connection_text.h"
 
 namespace zv {
 
 /// What stands in the place of the store that the host set.
 struct StoreChoice {
-    std::optional<std::string> path;      ///< accepted on the options page; empty: the host's
-    std::optional<std::int16_t> kind;     ///< likewise
-    std::optional<std::string> hostPath;  ///< UserPath as the host set it, while another stands
+    std::optional<store::ConnectionText> path;  ///< accepted on the options page; empty: the host's
+    std::optional<std::int16_t> kind;           ///< likewise
+    /// UserPath as the host set it, while another stands.
+    std::optional<store::ConnectionText> hostPath;
 };
 
 struct ControlState {
     std::int32_t myTaskID = 0;
-    std::string UserPath;  ///< data path in effect
+    store::ConnectionText UserPath;  ///< data path in effect
     std::string myName;
     std::optional<double> myDate;  ///< automation date; modes 4 and 5 read it as a done flag
-    std::string Password;
+    store::Secret Password;
     std::int16_t SQLData = 0;      ///< database kind: 0 or less a file, 1 or more a server
     std::int16_t hostSQLData = 0;  ///< SQLData as the host set it, whatever the options page chose
     StoreChoice storeChoice;
@@ -36,8 +38,8 @@ struct ControlState {
     std::string myModel;
     bool Copyright = false;
     std::string Zorvan;
-    std::string UserID;
-    std::string Default;
+    store::Secret UserID;
+    store::ConnectionText Default;
     std::int16_t showMode = 0;  ///< 0 modeless, 1 modal
     std::int32_t cardId = 0;    ///< card that the item editor and the card panel share; 0 none
     std::string applicationTitle;

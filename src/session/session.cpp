@@ -57,7 +57,8 @@ void Session::TakeDataPath() {
     if (path.empty()) {
         RestoreHostPath(state);
         // What the host calls a server is no file that the user could mean.
-        const bool names = state.hostSQLData < 1 || machine.files.FileExists(state.UserPath);
+        const bool names =
+            state.hostSQLData < 1 || machine.files.FileExists(state.UserPath.ForDriver());
         if (file && !names) ReplacePath(state, "");
         return;
     }

@@ -4,7 +4,7 @@
 
 namespace zv {
 
-void HostSetsPath(ControlState& state, std::string path) {
+void HostSetsPath(ControlState& state, store::ConnectionText path) {
     StoreChoice& choice = state.storeChoice;
     if (choice.path && choice.hostPath.value_or(state.UserPath) == path) return;
     choice.path.reset();
@@ -18,9 +18,9 @@ void HostSetsKind(ControlState& state, std::int16_t kind) {
     state.SQLData = state.hostSQLData = kind;
 }
 
-void ChoosePath(ControlState& state, const std::string& path) {
+void ChoosePath(ControlState& state, const store::ConnectionText& path) {
     state.storeChoice.path = path;
-    if (path.empty())
+    if (path.IsEmpty())
         RestoreHostPath(state);
     else
         ReplacePath(state, path);
@@ -43,7 +43,7 @@ void ForgetChoices(ControlState& state) {
     RestoreHostPath(state);
 }
 
-void ReplacePath(ControlState& state, const std::string& path) {
+void ReplacePath(ControlState& state, const store::ConnectionText& path) {
     if (!state.storeChoice.hostPath) state.storeChoice.hostPath = state.UserPath;
     state.UserPath = path;
 }

@@ -8,7 +8,7 @@
 
 namespace zv::store {
 
-/// A login or a password. There is no way from it to a text that somebody may read.
+/// A login or a password. It turns into no text by itself, and none that somebody may read.
 class Secret {
  public:
     Secret() = default;
@@ -18,6 +18,8 @@ class Secret {
     bool IsEmpty() const { return text_.empty(); }
     /// As it stands: for what opens the database, and for nothing else.
     const std::string& ForDriver() const { return text_; }
+    /// As it stands: for the host that gave it and the property bag that keeps it for the host.
+    const std::string& ForOwner() const { return text_; }
     friend bool operator==(const Secret&, const Secret&) = default;
 
  private:
@@ -39,6 +41,8 @@ class ConnectionText {
     bool IsEmpty() const { return text_.empty(); }
     /// As it stands: for what opens the database, and for nothing else.
     const std::string& ForDriver() const { return text_; }
+    /// As it stands: for the host or the user that gave it and for where it is kept for them.
+    const std::string& ForOwner() const { return text_; }
     /// What messages may call it: the path, the server, the data source; "***" where the text does
     /// not say which part of it is no secret.
     std::string ForMessage() const;

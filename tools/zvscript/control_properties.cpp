@@ -21,9 +21,16 @@ template <auto Member>
 void SetText(ZvTask& control, const std::string& text) {
     control.State().*Member = text;
 }
+const std::string& AsText(const std::string& text) {
+    return text;
+}
+template <class Text>
+const std::string& AsText(const Text& text) {
+    return text.ForOwner();
+}
 template <auto Member>
 std::string ReadText(ZvTask& control) {
-    return control.State().*Member;
+    return AsText(control.State().*Member);
 }
 
 template <auto Member>

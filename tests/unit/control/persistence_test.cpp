@@ -14,13 +14,16 @@ TEST(InitProperties, SetsTheStartValues) {
     ControlState& state = stage.session.state;
     state = {};
     state.myTaskID = 5;
-    state.UserName = state.CompName = state.myName = state.UserID = state.Default = "x";
+    state.UserName = state.CompName = state.myName = "x";
+    state.UserID = "x";
+    state.Default = "x";
     state.ZgName = "kept";
     state.showMode = state.Language = state.AlertType = state.SQLData = state.hostSQLData = 1;
     state.Copyright = true;
     stage.control.UserControl_InitProperties();
     EXPECT_EQ(state.myTaskID, 0);
-    EXPECT_EQ(state.UserName + state.CompName + state.myName + state.UserID + state.Default, "");
+    EXPECT_EQ(state.UserName + state.CompName + state.myName, "");
+    EXPECT_TRUE(state.UserID.IsEmpty() && state.Default.IsEmpty());
     EXPECT_EQ(state.showMode + state.Language + state.AlertType + state.SQLData, 0);
     EXPECT_EQ(state.hostSQLData, 0);
     EXPECT_FALSE(state.Copyright);

@@ -142,7 +142,7 @@ TEST_F(Refresh, AnAlertIsModalWhenTheHostAsksForIt) {
 }
 
 TEST_F(Refresh, WithoutAnyPathItReturnsAtOnce) {
-    stage.session.state.UserPath.clear();
+    stage.session.state.UserPath = {};
     for (const int mode : {0, 1, 2, 4, 9}) EXPECT_EQ(stage.Refresh(mode), 0);
     EXPECT_EQ(stage.opener.openings, 0);
     EXPECT_EQ(stage.Window(), nullptr);

@@ -95,7 +95,7 @@ TEST_F(PrintReportTest, HandsOverWhatTheComponentNeeds) {
 TEST_F(PrintReportTest, AListIsReadWhereTheWindowsReadTheirRows) {
     AddItem();
     stage.session.EnsureConnection();
-    const std::string opened = stage.session.state.UserPath;
+    const store::ConnectionText opened = stage.session.state.UserPath;
     stage.session.state.UserPath = "C:\\other.db";
     stage.session.state.SQLData = 1;
     PrintReport(stage.session, Some("", ""));
@@ -232,7 +232,7 @@ TEST_F(PrintGridTest, DoesNothingWithoutRows) {
 
 TEST_F(PrintGridTest, DoesNothingWithoutADataPath) {
     AddRows(1);
-    stage.session.state.UserPath.clear();
+    stage.session.state.UserPath = {};
     stage.reports.missing = true;
     EXPECT_NO_THROW(PrintGrid(stage.session, grid, "标题", ""));
     EXPECT_TRUE(stage.reports.printed.empty());

@@ -45,7 +45,7 @@ TEST(Session, AFailedOpeningNamesReasonAndPath) {
         FAIL();
     } catch (const RuntimeError& error) {
         EXPECT_NE(error.Text().find("missing file 数据.mdb"), std::string::npos) << error.Text();
-        EXPECT_GT(error.Text().size(), stage.session.state.UserPath.size());
+        EXPECT_GT(error.Text().size(), stage.session.state.UserPath.ForOwner().size());
     }
 }
 
