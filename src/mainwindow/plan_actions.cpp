@@ -23,9 +23,13 @@ void PlanActions::mnuEventChg_Click() {
 
 void PlanActions::Edit(std::int16_t taskId) {
     // Modal, so that the tree can show the change; one that the host opened comes forward as it is.
-    const forms::Form* editor = window_.Windows().Find(scheduling::frmTaskSet::kName);
+    // Where a modal window keeps the user from it, it becomes modal itself with what it holds.
+    forms::WindowSystem& windows = window_.Windows();
+    forms::Form* editor = windows.Find(scheduling::frmTaskSet::kName);
     const bool open = editor && editor->IsShown();
-    scheduling::ShowPlanEditor(window_.session, taskId, !open);
+    const bool blocked = open && windows.ModalForm() && windows.ModalForm() != editor;
+    if (blocked) editor->Hide();
+    scheduling::ShowPlanEditor(window_.session, taskId, !open || blocked);
     // The host may have closed everything meanwhile. Input of an item is not dropped for a plan.
     if (window_.IsLoaded() && window_.state.openedFor == kNoEdit) window_.tree.FillAgain();
 }

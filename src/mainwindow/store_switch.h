@@ -11,7 +11,8 @@ namespace mainwindow {
 /// plan editor or an open completion dialog.
 bool EditUnderWay(Session& session);
 /// Fills the windows from the store that was opened: the main window anew, with the captions that
-/// this store gives; the query window is emptied. Database errors reach the caller.
+/// this store gives, and the staff list; the query window is emptied. Database errors reach the
+/// caller.
 void ShowNewStore(Session& session);
 
 }  // namespace mainwindow

@@ -33,6 +33,9 @@ class frmList : public forms::Form {
     forms::CommandButton cmdLogOK;
     forms::CommandButton cmdCancel;
 
+    /// Reads the staff of the present store; nobody is selected then. Database errors leave it.
+    void FillList();
+
     void cmdLogOK_Click();
     void cmdCancel_Click();
 
@@ -42,7 +45,6 @@ class frmList : public forms::Form {
 
  private:
     void SetCaptions();
-    void FillList();
     void PlaceControls();
 
     Session& session_;
