@@ -101,8 +101,16 @@ class AdoConnection final : public Connection {
         return static_cast<int>(value.Get().lVal);
     }
 
-    // The errors of the last operation that failed, of the recordsets too.
+    // The errors of the last operation that failed, of the recordsets too. They are asked for when
+    // something has failed since: a statement that runs is worth no more calls than its own.
     bool ErrorsTellLoss() const {
+        if (looked_ == FailedCalls()) return false;
+        const bool lost = HasErrorOfLoss();
+        looked_ = FailedCalls();
+        return lost;
+    }
+
+    bool HasErrorOfLoss() const {
         for (const ProviderError& error : ErrorsOf(*connection_)) {
             if (TellsLoss(error.code)) return true;
         }
@@ -134,6 +142,7 @@ class AdoConnection final : public Connection {
     ComPtr<IDispatch> connection_;
     mutable Member state_{L"State"};
     mutable bool lost_ = false;
+    mutable unsigned looked_ = FailedCalls();
     Member close_{L"Close"}, execute_{L"Execute"}, factory_{kRecordsetFactory};
 };
 

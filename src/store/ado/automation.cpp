@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <utility>
 
 #include "store/ado_error_kinds.h"
@@ -11,6 +12,8 @@ namespace {
 
 constexpr std::size_t kMostArguments = 8;
 
+std::atomic<unsigned> failedCalls = 0;
+
 win32::Variant Invoke(IDispatch& object, DISPID id, WORD kind, DISPPARAMS& parameters) {
     win32::Variant result;
     EXCEPINFO info{};
@@ -19,6 +22,7 @@ win32::Variant Invoke(IDispatch& object, DISPID id, WORD kind, DISPPARAMS& param
     const HRESULT hr = object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,
                                      wantsResult ? result.Put() : nullptr, &info, &badArgument);
     if (FAILED(hr)) {
+        failedCalls++;
         RuntimeError error = win32::ErrorOf(hr, info);
         if (error.Kind() != ErrorKind::Other) throw error;
         const ErrorKind known = KindOfAdoError(error.Number());
@@ -52,6 +56,10 @@ DISPID Member::Id(IDispatch& object) {
             .Of(ErrorKind::Other);
     }
     return id_;
+}
+
+unsigned FailedCalls() noexcept {
+    return failedCalls;
 }
 
 win32::Variant Call(IDispatch& object, Member& member, ArgumentList arguments) {

@@ -43,4 +43,7 @@ void PutProperty(IDispatch& object, Member& member, const VARIANT& value);
 win32::ComPtr<IDispatch> GetObjectProperty(IDispatch& object, Member& member,
                                            ArgumentList arguments = {});
 
+/// How many calls have failed so far, whatever object they went to.
+unsigned FailedCalls() noexcept;
+
 }  // namespace zv::store::ado

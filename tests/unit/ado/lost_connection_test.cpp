@@ -20,6 +20,9 @@ struct Server {
     bool hasFailed = false;
     HRESULT stateFails = S_OK;
     int executed = 0;
+    int works = 0;     ///< statements from now on that do not fail
+    int asked = 0;     ///< for its state
+    int lookedAt = 0;  ///< its errors
 };
 
 template <class Self>
@@ -73,6 +76,7 @@ class Provider final : public Scripted<Provider> {
         return kMembers;
     }
     Variant State(const Arguments&) {
+        server_.asked++;
         if (FAILED(server_.stateFails)) {
             throw RuntimeError(static_cast<ErrorNumber>(server_.stateFails), "gone");
         }
@@ -80,10 +84,12 @@ class Provider final : public Scripted<Provider> {
     }
     Variant Execute(const Arguments&) {
         server_.executed++;
+        if (server_.works-- > 0) return {};
         server_.hasFailed = true;
         throw RuntimeError(ErrorNumber::DatabaseFailure, "failed");
     }
     Variant Errors(const Arguments&) {
+        server_.lookedAt++;
         return Variant(static_cast<IDispatch*>(win32::MakeCom<ErrorList>(server_).Get()));
     }
 };
@@ -145,6 +151,25 @@ TEST_F(LostAdoConnection, AnErrorIsOfTheKindThatTheProviderLists) {
     EXPECT_EQ(kind(static_cast<std::int32_t>(ErrorNumber::DatabaseFailure)), ErrorKind::Duplicate);
     // What is left in the list from an earlier error says nothing of this one.
     EXPECT_EQ(kind(static_cast<std::int32_t>(ErrorNumber::DatabaseStatement)), ErrorKind::Other);
+}
+
+TEST_F(LostAdoConnection, IsAskedForItsErrorsOnlyWhenSomethingHasFailed) {
+    server_.sqlState = "42000";
+    server_.works = 3;
+    for (int i = 0; i < 3; i++) {
+        EXPECT_EQ(connection_->State(), Connection::kStateOpen);
+        connection_->Execute("delete from t");
+    }
+    EXPECT_EQ(server_.asked, 3);
+    EXPECT_EQ(server_.lookedAt, 0);
+    EXPECT_THROW(connection_->Execute("delete from t"), RuntimeError);
+    server_.lookedAt = 0;
+    for (int i = 0; i < 3; i++) EXPECT_EQ(connection_->State(), Connection::kStateOpen);
+    EXPECT_EQ(server_.lookedAt, 1);
+    // Each failure is looked at for itself.
+    server_.sqlState = "08S01";
+    EXPECT_THROW(connection_->Execute("delete from t"), RuntimeError);
+    EXPECT_EQ(connection_->State(), Connection::kStateClosed);
 }
 
 TEST_F(LostAdoConnection, IsClosedWhenItsProcessIsGone) {
