@@ -16,13 +16,17 @@ class FieldItems {
  public:
     explicit FieldItems(ComPtr<RecordsetObject> recordset) : recordset_(std::move(recordset)) {}
 
-    /// A closed recordset has one item, which cannot be had: the error says why.
+    /// A recordset without fields to be had has one item, which cannot be had: the error says why.
     std::size_t Count() const noexcept {
-        return recordset_->IsOpen() ? static_cast<std::size_t>(recordset_->Rows().FieldCount()) : 1;
+        try {
+            return static_cast<std::size_t>(recordset_->Rows().FieldCount());
+        } catch (const std::exception&) {
+            return 1;
+        }
     }
     HRESULT Copy(std::size_t index, VARIANT* item) const noexcept {
         return win32::Guarded(FieldsObject::kSourceName, [&] {
-            recordset_->Rows();
+            recordset_->Rows().FieldCount();
             auto field = win32::MakeCom<FieldObject>(recordset_, static_cast<int>(index));
             *item = Variant(static_cast<IDispatch*>(field.Get())).Detach();
         });

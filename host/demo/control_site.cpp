@@ -209,8 +209,7 @@ STDMETHODIMP ControlSite::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS*
         }
     }
     if ((kind & DISPATCH_METHOD) && eventInterface_ != GUID_NULL) {
-        Tell(("事件 " + std::to_string(id)).c_str());
-        return S_OK;
+        return win32::Guarded("zvDemo", [&] { Tell(("事件 " + std::to_string(id)).c_str()); });
     }
     return DISP_E_MEMBERNOTFOUND;
 }

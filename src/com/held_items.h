@@ -17,7 +17,7 @@ class HeldItems {
  public:
     explicit HeldItems(std::vector<Held> items) : items_(std::move(items)) {}
 
-    std::size_t Count() const { return items_.size(); }
+    std::size_t Count() const noexcept { return items_.size(); }
     HRESULT Copy(std::size_t index, Item* item) const noexcept {
         return CopyItem(items_[index], item);
     }

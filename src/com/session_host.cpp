@@ -25,17 +25,17 @@ SessionHost::SessionHost() : backend_(module::Handle()) {
 }
 
 SessionHost::~SessionHost() {
-    try {
-        KeepValues();
-    } catch (const std::bad_alloc&) {
-        // The values as they were kept last stay.
-    }
+    KeepValues();
     CloseHandle(threadHandle_);
 }
 
-void SessionHost::KeepValues() {
-    if (!g_values) g_values = new ControlState();
-    *g_values = session_.state;
+void SessionHost::KeepValues() noexcept {
+    try {
+        ControlState kept = session_.state;
+        if (!g_values) g_values = new ControlState();
+        *g_values = std::move(kept);
+    } catch (const std::bad_alloc&) {
+    }
 }
 
 bool SessionHost::ThreadHasEnded() const {
@@ -66,18 +66,13 @@ bool SessionHost::IsIdle() noexcept {
     // Without a control and a window nothing is under way there, and the connection is closed.
     if (!g_host->IsOfThisThread() && module::IsLocked()) return false;
     if (forms::win32::Win32Backend::OpenWindows() != 0) return false;
-    try {
-        return g_host->windows_.Windows().empty();
-    } catch (const std::bad_alloc&) {
-        // A list that there is no memory for is not empty.
-        return false;
-    }
+    return g_host->windows_.IsEmpty();
 }
 
 void SessionHost::Close() noexcept {
     SessionHost* const host = std::exchange(g_host, nullptr);
     if (!host) return;
-    const bool used = !host->windows_.Windows().empty() || host->session_.database.IsOpen();
+    const bool used = !host->windows_.IsEmpty() || host->session_.database.HasConnection();
     if (used && host->ThreadHasEnded()) {
         host->KeepValues();
         host->backend_.Abandon();

@@ -46,7 +46,8 @@ class SessionHost {
     ~SessionHost();
     bool IsOfThisThread() const { return thread_ == GetCurrentThreadId(); }
     bool ThreadHasEnded() const;
-    void KeepValues();
+    /// Where memory is short the values as they were kept last stay.
+    void KeepValues() noexcept;
 
     DWORD thread_ = GetCurrentThreadId();
     /// Numbers of threads are used again, so that a thread of the same number may be another one.

@@ -57,6 +57,8 @@ WindowSystem::WindowSystem(Backend& backend) : backend_(backend) {}
 WindowSystem::~WindowSystem() = default;
 
 void WindowSystem::Adopt(std::unique_ptr<Form> form) {
+    // A window that goes is put aside where nothing may fail any more.
+    retired_.reserve(retired_.size() + forms_.size() + 1);
     forms_.push_back(std::move(form));
 }
 

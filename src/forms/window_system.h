@@ -82,6 +82,8 @@ class WindowSystem {
     }
     /// In order of creation.
     std::vector<Form*> Windows() const;
+    /// No window exists.
+    bool IsEmpty() const noexcept { return forms_.empty(); }
     Form* ModalForm() const { return modal_.empty() ? nullptr : modal_.back(); }
     /// A modal window, a box of any sort or a menu stands.
     bool HasModal() const;

@@ -33,6 +33,8 @@ class Database {
     /// when it was lost or closed, else with the present ones. Throws like OpenConnection.
     bool EnsureConnection();
     bool IsOpen() const;
+    /// A connection is held, whatever became of it.
+    bool HasConnection() const noexcept { return connection_ != nullptr; }
     /// Closes the connection until it is needed again.
     void Close();
     /// Closes the connection for good: the next one is opened with the settings of its time.

@@ -34,6 +34,10 @@ check "no test for the operating system outside the ports" \
     "$(sources src | grep -vE '^src/(com|[a-z]+/(win32|ado|odbc|sqlite|headless|scripted))/' |
         xargs grep -nE '_WIN32|windows\.h')"
 
+check "nothing is thrown at the system" \
+    "$(sources src/{base,forms,platform}/win32 src/{com,store/ado} host |
+        xargs -n1 awk -f tests/house/boundary.awk)"
+
 check "no source file is longer than 600 lines" \
     "$(sources src host tools tests bench | xargs env LC_ALL=C wc -l | awk '$2 != "total" && $1 > 600')"
 

@@ -13,11 +13,14 @@
 
 namespace zv::win32 {
 
-/// `Source` goes along with each clone. It has `std::size_t Count() const` and
+/// `Source` goes along with each clone. It has `std::size_t Count() const noexcept` and
 /// `HRESULT Copy(std::size_t index, Item* item) const noexcept`, which gives the caller an item of
 /// its own.
 template <class Interface, class Item, class Source>
 class Enumerator final : public Interface {
+    static_assert(noexcept(std::declval<const Source&>().Count()) && noexcept(
+        std::declval<const Source&>().Copy(0, nullptr)));
+
  public:
     explicit Enumerator(Source source, std::size_t position = 0)
         : source_(std::move(source)), position_(position) {}

@@ -156,7 +156,7 @@ NativeControl* FormWindow::Find(const Control& control) const {
     return at == controls_.end() ? nullptr : at->get();
 }
 
-LRESULT FormWindow::AtBoundary(const std::function<LRESULT()>& body) noexcept {
+LRESULT FormWindow::Guard(const std::function<LRESULT()>& body) noexcept {
     LRESULT result = 0;
     try {
         const std::shared_ptr<FormWindow> alive = shared_from_this();

@@ -69,8 +69,12 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     NativeControl* Find(HWND window) const;
     NativeControl* Find(const Control& control) const;
 
-    /// Runs the handling of one message. Nothing thrown leaves it: the user is told.
-    LRESULT AtBoundary(const std::function<LRESULT()>& body) noexcept;
+    /// Runs the handling of one message. Nothing thrown leaves it: the user is told. `body` is not
+    /// copied, because there may be no memory for that.
+    template <class Body>
+    LRESULT AtBoundary(Body&& body) noexcept {
+        return Guard(std::ref(body));
+    }
     /// What windows tell their parent, be that this one or a container in it.
     std::optional<LRESULT> FromChild(UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -93,6 +97,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
  private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
                                       LPARAM lParam) noexcept;
+    LRESULT Guard(const std::function<LRESULT()>& body) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     void OnDestroyedByOthers() noexcept;
     void OnNativeGone(HWND window) noexcept;

@@ -49,7 +49,7 @@ void StandingBox::ForgetAll() {
     innermost = nullptr;
 }
 
-LRESULT CALLBACK StandingBox::OnWindow(int code, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK StandingBox::OnWindow(int code, WPARAM wParam, LPARAM lParam) noexcept {
     const auto window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_CREATEWND && innermost && !innermost->box_) {
         const auto* made = reinterpret_cast<const CBT_CREATEWNDW*>(lParam);
@@ -66,7 +66,7 @@ LRESULT CALLBACK StandingBox::OnWindow(int code, WPARAM wParam, LPARAM lParam) {
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-LRESULT CALLBACK StandingBox::OnSent(int code, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK StandingBox::OnSent(int code, WPARAM wParam, LPARAM lParam) noexcept {
     const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
     if (code == HC_ACTION && sent.message == WM_ENDSESSION && sent.wParam) EndAll();
     return CallNextHookEx(nullptr, code, wParam, lParam);

@@ -28,8 +28,8 @@ class StandingBox {
     static void ForgetAll();
 
  private:
-    static LRESULT CALLBACK OnWindow(int code, WPARAM wParam, LPARAM lParam);
-    static LRESULT CALLBACK OnSent(int code, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK OnWindow(int code, WPARAM wParam, LPARAM lParam) noexcept;
+    static LRESULT CALLBACK OnSent(int code, WPARAM wParam, LPARAM lParam) noexcept;
     void End();
 
     Kind kind_;

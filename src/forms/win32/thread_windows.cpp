@@ -1,5 +1,7 @@
 #include "forms/win32/thread_windows.h"
 
+#include <new>
+
 namespace zv::forms::win32 {
 
 namespace {
@@ -9,7 +11,7 @@ struct Search {
     HWND found;
 };
 
-BOOL CALLBACK TakeUppermost(HWND window, LPARAM data) {
+BOOL CALLBACK TakeUppermost(HWND window, LPARAM data) noexcept {
     auto& search = *reinterpret_cast<Search*>(data);
     if (window == search.except || !IsWindowVisible(window) || !IsWindowEnabled(window))
         return TRUE;
@@ -30,6 +32,7 @@ HWND WindowToBlock(HWND except) {
 OtherWindowsDisabled::OtherWindowsDisabled(HWND except) : except_(except) {
     EnumThreadWindows(GetCurrentThreadId(), &OtherWindowsDisabled::Visit,
                       reinterpret_cast<LPARAM>(this));
+    if (!whole_) throw std::bad_alloc();
     for (const HWND window : disabled_) EnableWindow(window, FALSE);
 }
 
@@ -39,10 +42,16 @@ OtherWindowsDisabled::~OtherWindowsDisabled() {
     }
 }
 
-BOOL CALLBACK OtherWindowsDisabled::Visit(HWND window, LPARAM data) {
+BOOL CALLBACK OtherWindowsDisabled::Visit(HWND window, LPARAM data) noexcept {
     auto* self = reinterpret_cast<OtherWindowsDisabled*>(data);
     if (window != self->except_ && IsWindowVisible(window) && IsWindowEnabled(window)) {
-        self->disabled_.push_back(window);
+        // Nothing may be thrown through the system's enumeration.
+        try {
+            self->disabled_.push_back(window);
+        } catch (const std::bad_alloc&) {
+            self->whole_ = false;
+            return FALSE;
+        }
     }
     return TRUE;
 }

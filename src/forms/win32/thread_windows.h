@@ -21,9 +21,10 @@ class OtherWindowsDisabled {
     OtherWindowsDisabled& operator=(const OtherWindowsDisabled&) = delete;
 
  private:
-    static BOOL CALLBACK Visit(HWND window, LPARAM data);
+    static BOOL CALLBACK Visit(HWND window, LPARAM data) noexcept;
     HWND except_;
     std::vector<HWND> disabled_;
+    bool whole_ = true;  ///< false: there was no memory for all of them
 };
 
 }  // namespace zv::forms::win32

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <new>
 #include <utility>
 
 #include "base/errors.h"
@@ -150,7 +151,7 @@ void Win32Backend::PumpMessages() {
 
 // A hook procedure must not run handlers, which may wait for the user: so the message is exchanged
 // for one to the form, and the key is handled when the loop hands that over.
-LRESULT CALLBACK Win32Backend::OnGetMessage(int code, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK Win32Backend::OnGetMessage(int code, WPARAM wParam, LPARAM lParam) noexcept {
     auto& message = *reinterpret_cast<MSG*>(lParam);
     if (code == HC_ACTION && message.message == WM_QUIT) {
         // Loops of the system do not all end by themselves, and a menu's may lose the message.
@@ -160,7 +161,11 @@ LRESULT CALLBACK Win32Backend::OnGetMessage(int code, WPARAM wParam, LPARAM lPar
     if (code == HC_ACTION && wParam == PM_REMOVE && IsKeyMessage(message) &&
         message.wParam != VK_PROCESSKEY) {
         FormWindow* window = FormWindow::Owning(message.hwnd);
-        if (window && window->TakesKeys()) window->Defer(message);
+        try {
+            if (window && window->TakesKeys()) window->Defer(message);
+        } catch (const std::bad_alloc&) {
+            // The key goes where the system sends it.
+        }
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }

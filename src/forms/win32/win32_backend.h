@@ -67,7 +67,7 @@ class Win32Backend : public Backend {
     friend class FormWindow;
     void Add(FormWindow& window);
     void Remove(FormWindow& window);
-    static LRESULT CALLBACK OnGetMessage(int code, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK OnGetMessage(int code, WPARAM wParam, LPARAM lParam) noexcept;
 
     HINSTANCE module_;
     CommonControls controls_;

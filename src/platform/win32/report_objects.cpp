@@ -40,7 +40,7 @@ class TextItems {
  public:
     explicit TextItems(ComPtr<TextCollection> texts) : texts_(std::move(texts)) {}
 
-    std::size_t Count() const { return texts_->Texts().size(); }
+    std::size_t Count() const noexcept { return texts_->Texts().size(); }
     HRESULT Copy(std::size_t index, VARIANT* item) const noexcept {
         try {
             *item = Variant(texts_->Texts()[index]).Detach();

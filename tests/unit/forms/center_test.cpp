@@ -4,24 +4,13 @@
 #include "forms/form.h"
 #include "forms/headless/headless_backend.h"
 #include "forms/window_system.h"
+#include "quiet_dialogs.h"
 
 namespace zv::forms {
 namespace {
 
-class NoDialogs : public Dialogs {
- public:
-    Answer ShowMessage(Form*, const std::string&, int, const std::string&) override {
-        return Answer::Ok;
-    }
-    std::optional<std::string> AskText(Form*, const std::string&, const std::string&,
-                                       bool) override {
-        return {};
-    }
-    std::optional<std::string> ChooseFile(Form*, const FileRequest&) override { return {}; }
-};
-
 TEST(Center, TheWorkAreasOriginCounts) {
-    NoDialogs dialogs;
+    QuietDialogs dialogs;
     headless::HeadlessBackend backend(dialogs);
     backend.workArea = {-1280, 40, 1280, 760};
     WindowSystem windows(backend);

@@ -2,50 +2,13 @@
 // Each allocation of the process fails once in its turn, or each of the engine.
 #include <sqlite3.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
 #include "database_fixture.h"
-
-namespace {
-
-std::atomic<bool> counting{false};
-std::atomic<long> untilFailure{0};
-
-bool FailsNow() {
-    return counting && --untilFailure == 0;
-}
-
-void* Allocate(std::size_t size) {
-    void* memory = FailsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
-    if (!memory) throw std::bad_alloc();
-    return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return Allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return Allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
+#include "failing_memory.h"
 
 namespace zv::store {
 namespace {
+
+using memory::FailsNow;
 
 sqlite3_mem_methods systemMemory{};
 
@@ -82,23 +45,21 @@ class OutOfMemory : public DatabaseTest {
         for (long allocation = 1;; allocation += step) {
             bool failed = false;
             std::string other;
-            untilFailure = allocation;
-            counting = true;
+            memory::FailAllocation(allocation);
             try {
                 action();
             } catch (const std::bad_alloc&) {
                 failed = true;
             } catch (const RuntimeError& error) {
-                counting = false;
                 failed = true;
                 const bool named = error.Number() == ErrorNumber::OutOfMemory ||
                                    error.Text().find("memory") != std::string::npos;
                 if (!named) other = error.Text();
             }
-            counting = false;
+            const bool reached = memory::StopFailing();
             EXPECT_EQ(other, "") << "allocation " << allocation;
             if (!other.empty()) return -1;
-            if (!failed && untilFailure > 0) return allocation;
+            if (!failed && !reached) return allocation;
             if (allocation > 20000) return -1;
         }
     }
