@@ -2,6 +2,11 @@
 
 #include <commctrl.h>
 
+#include <memory>
+
+#include "base/win32/variant.h"
+#include "store/ado/automation.h"
+
 namespace zv::death {
 namespace {
 
@@ -87,6 +92,45 @@ HWND OpenMenu(DWORD thread) {
     return open ? main : nullptr;
 }
 
+HWND OpenPrinters(DWORD thread) {
+    const HWND preview = AwaitNamed(thread, L"frmPreview");
+    if (!preview) return nullptr;
+    Press(preview, L"cmdPrint");
+    return AwaitDialog(thread);
+}
+
+HRESULT PrintOut(IDispatch& component) {
+    store::ado::Member printOut(L"PrintOut");
+    try {
+        store::ado::Call(component, printOut);
+        return S_OK;
+    } catch (const RuntimeError& error) {
+        return static_cast<HRESULT>(error.Number());
+    }
+}
+
+// The printers' dialog, which the system shows above the preview of the report component.
+Case Printing() {
+    constexpr HRESULT kShownAlready = 400;
+    const auto component = std::make_shared<win32::ComPtr<IDispatch>>();
+    Case one{L"the printers' dialog", 0, &OpenPrinters, true};
+    one.call = [component](const std::string&) -> HRESULT {
+        CLSID id;
+        if (FAILED(CLSIDFromProgID(L"zvPrint_ADO.zvPrint", &id)) ||
+            FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                    component->PutVoid()))) {
+            return E_FAIL;
+        }
+        SetText(**component, L"ReportName", "zvTask01");
+        SetText(**component, L"Title", "Preview");
+        const HRESULT result = PrintOut(**component);
+        component->Reset();
+        return result;
+    };
+    one.meanwhile = [component] { return PrintOut(**component) == kShownAlready; };
+    return one;
+}
+
 }  // namespace
 
 std::vector<Case> Cases() {
@@ -104,6 +148,7 @@ std::vector<Case> Cases() {
         {L"an input box", 9, &AwaitDialog},
         {L"a file dialog", 1, &OpenFileDialog, true},
         {L"a menu", 1, &OpenMenu},
+        Printing(),
     };
 }
 

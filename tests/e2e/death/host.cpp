@@ -16,6 +16,7 @@ constexpr UINT kDestroySelf = WM_APP + 1;
 constexpr UINT kQuit = WM_APP + 2;
 constexpr UINT kEndSession = WM_APP + 3;
 constexpr UINT kDestroyOther = WM_APP + 4;
+constexpr UINT kMeanwhile = WM_APP + 5;
 constexpr int kExitCode = 7;
 constexpr double kLongest = 10;
 
@@ -68,6 +69,8 @@ LRESULT CALLBACK HostProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
         case kDestroyOther:
             DestroyWindow(reinterpret_cast<HWND>(lParam));
             return 0;
+        case kMeanwhile:
+            return (*reinterpret_cast<const std::function<bool()>*>(lParam))() ? TRUE : FALSE;
         default:
             return DefWindowProcW(window, message, wParam, lParam);
     }
@@ -242,6 +245,10 @@ Outcome Play(const Case& one, Death death, const std::string& dataPath) {
         std::thread hand([&] {
             const HWND target = one.open(thread);
             outcome.stood = target != nullptr;
+            if (target && one.meanwhile) {
+                outcome.meanwhileGood = SendMessageW(bystander, kMeanwhile, 0,
+                                                     reinterpret_cast<LPARAM>(&one.meanwhile)) != 0;
+            }
             begin = Clock::now();
             // A window that did not come is still to be ended.
             Bring(target ? death : Death::LoopQuit, owner, bystander, target);
@@ -259,7 +266,7 @@ Outcome Play(const Case& one, Death death, const std::string& dataPath) {
             std::fflush(stdout);
             TerminateProcess(GetCurrentProcess(), 3);
         });
-        outcome.result = Refresh(*control, one.mode, 1);
+        outcome.result = one.call ? one.call(dataPath) : Refresh(*control, one.mode, 1);
         SetEvent(returned);
         const auto end = Clock::now();
         hand.join();

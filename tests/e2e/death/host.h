@@ -33,11 +33,12 @@ bool Wait(double seconds, const std::function<bool()>& ready);
 struct Outcome {
     bool stood = false;     ///< the window was there
     HRESULT result = S_OK;  ///< of refresh
-    double seconds = -1;    ///< from the death to the return of refresh; below 0: it did not return
+    double seconds = -1;  ///< from the death to the return of the call; below 0: it did not return
     bool othersEnabled = false;
     bool lowerEnabled = true;  ///< that above which it stood, once it died alone
     bool quitIsHeard = true;   ///< the host's own loop gets the end that was posted
-    int windowsLeft = 0;       ///< of the control and of the system
+    bool meanwhileGood = true;
+    int windowsLeft = 0;  ///< of the control and of the system
     bool mayUnload = false;
 };
 
@@ -49,6 +50,10 @@ struct Case {
     std::function<HWND(DWORD thread)> open;
     /// It stands above a modal window, which lives on when it dies alone.
     bool above = false;
+    /// What is called on the host's thread in the place of refresh.
+    std::function<HRESULT(const std::string& dataPath)> call = {};
+    /// Runs on the host's thread while the window stands; answers whether all is as it should be.
+    std::function<bool()> meanwhile = {};
 };
 
 /// Plays a case on a thread of its own. The program ends when refresh does not come back.

@@ -37,6 +37,7 @@ void PlayAll(const std::string& dataPath) {
             }
             std::string reason;
             if (outcome.seconds > kMostSeconds) reason += ", refresh takes too long";
+            if (!outcome.meanwhileGood) reason += ", a second call is not refused";
             if (!outcome.lowerEnabled) reason += ", the window below cannot be used";
             if (!outcome.othersEnabled) reason += ", a window of the host is disabled";
             if (!outcome.quitIsHeard) reason += ", the host's loop does not hear of the end";
@@ -174,6 +175,36 @@ void LoadTwoCopies(const std::string& dataPath, const std::filesystem::path& fil
     });
 }
 
+// A host may let go of the file while a window stands whose procedure is in it.
+void StayLoadedWithAWindow(const std::string& dataPath, const std::filesystem::path& file) {
+    RunOnThread([&] {
+        constexpr wchar_t kCopy[] = L"zv_Task_held.ocx";
+        const auto copy = std::filesystem::path(win32::ToWide(dataPath)).parent_path() / kCopy;
+        std::filesystem::copy_file(file, copy, std::filesystem::copy_options::overwrite_existing);
+        const HMODULE module = LoadLibraryW(copy.c_str());
+        auto control = module ? CreateFrom(module) : win32::ComPtr<IDispatch>();
+        if (!control) return Check("a file that is let go makes a control", false);
+        SetText(*control, L"UserPath", dataPath);
+        Refresh(*control, 2, 0);
+        const HWND editor = FindNamed(GetCurrentThreadId(), L"frmTaskSet");
+        control.Reset();
+        FreeLibrary(module);
+        const bool stays = editor && GetModuleHandleW(kCopy);
+        Check("a file that is let go stays while its window stands", stays);
+        if (!stays) return;
+        SendMessageW(editor, WM_CLOSE, 0, 0);
+        PumpWaiting();
+        Check("the window works still", !IsWindow(editor));
+        // As the system asks that holds it.
+        const HMODULE again = LoadLibraryW(copy.c_str());
+        const auto ask = reinterpret_cast<HRESULT(WINAPI*)()>(
+            reinterpret_cast<void*>(GetProcAddress(again, "DllCanUnloadNow")));
+        Check("without a window it may go", ask() == S_OK);
+        FreeLibrary(again);
+        Check("and goes", !GetModuleHandleW(kCopy));
+    });
+}
+
 // The card view asks for the password of a module before it is shown.
 void SetPassword(const std::string& dataPath) {
     store::ado::AdoOpener opener;
@@ -195,6 +226,7 @@ int Run(const std::wstring& database, const std::wstring& control) {
     ServeThreads(dataPath);
     LeaveStrangersAlone(dataPath);
     LoadTwoCopies(dataPath, control);
+    StayLoadedWithAWindow(dataPath, control);
     PlayAll(dataPath);
     std::printf("%d passed, %d failed\n", passed, failed);
     return failed == 0 ? 0 : 1;

@@ -9,10 +9,13 @@ source tests/e2e/playing.sh
 data="$work/数据/taskAlert.db"
 make_database sample --items 60 --cards 20 --plans 3
 set_up_workstation
+printers() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_BIN/zvPrinters.exe" "$@"; }
+expect "a printer is installed" printers add 'zv death' 'FILE:'
 ZV_WINE_TIMEOUT=600 wine_run "$ZV_BIN/zvDeath.exe" "$(winepath_of "$data")" \
     "$(winepath_of "$ZV_BIN/zv_Task.ocx")" 2>&1 | sed -u 's/\r$//' | tee "$work/death.log"
 passed=$((passed + $(grep -c '^ok ' "$work/death.log")))
 failed=$((failed + $(grep -c '^FAIL ' "$work/death.log")))
+printers remove 'zv death' || failed=$((failed + 1))
 # Without its last line it broke off.
 grep -qE '^[0-9]+ passed, [0-9]+ failed$' "$work/death.log" || failed=$((failed + 1))
 finish
