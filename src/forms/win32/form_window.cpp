@@ -473,6 +473,13 @@ void FormWindow::Hide() {
 void FormWindow::BeginModal() {
     // Owned by the window that it blocks, it always stands above it.
     const HWND blocked = WindowToBlock(Handle());
+    // A window that stood before may own the one that it comes above: that goes to its own owner.
+    for (HWND at = blocked; at; at = GetWindow(at, GW_OWNER)) {
+        if (GetWindow(at, GW_OWNER) != Handle()) continue;
+        const HWND above = GetWindow(Handle(), GW_OWNER);
+        SetWindowLongPtrW(at, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(above));
+        break;
+    }
     if (blocked) {
         SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(blocked));
     }
