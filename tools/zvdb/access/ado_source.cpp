@@ -149,8 +149,8 @@ class AdoSource : public TableSource {
         store::ado::Member openSchema(L"OpenSchema");
         auto schema = store::ado::Call(object, openSchema, {Variant(kSchemaTables).Get()}).Object();
         if (!schema) throw SourceError("the provider does not list the tables");
-        store::ado::AdoRecordset rows(std::move(schema), CursorType::ForwardOnly,
-                                      LockType::ReadOnly);
+        store::ado::AdoRecordset rows(win32::ComPtr<IDispatch>(&object), std::move(schema),
+                                      CursorType::ForwardOnly, LockType::ReadOnly);
         const int name = rows.FieldIndex("TABLE_NAME");
         const int type = rows.FieldIndex("TABLE_TYPE");
         for (; !rows.Eof(); rows.MoveNext()) {
