@@ -42,7 +42,7 @@ void Measure(const std::string& path, int runs) {
             return watch.Milliseconds();
         },
         floor);
-    if (found == 0 || found != window.Grid1.DataRowCount()) {
+    if (found == 0 || found != window.birthdays.Grid1.DataRowCount()) {
         throw std::runtime_error("the floor finds other cards");
     }
     Print({"birthdays, " + std::to_string(found) + " of " + cards + " cards, with the grid",

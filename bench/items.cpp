@@ -18,7 +18,7 @@
 namespace {
 
 using namespace zv::bench;
-namespace mainwindow = zv::mainwindow;
+namespace windows = zv::windows;
 
 constexpr int kTurns = 50;  ///< acts in one run
 
@@ -26,9 +26,9 @@ constexpr int kTurns = 50;  ///< acts in one run
 struct Desk {
     explicit Desk(const std::string& path)
         : backend(dialogs), stage(backend, path), window(stage.Manager()), raw(path) {
-        window.DTPicker0.SetValue(std::nullopt);
-        window.DTPicker1.SetValue(std::nullopt);
-        window.tree.chkEvent_Click();
+        window.filter.DTPicker0.SetValue(std::nullopt);
+        window.filter.DTPicker1.SetValue(std::nullopt);
+        window.listing.chkEvent_Click();
     }
     int Number(const std::string& sql) {
         int number = 0;
@@ -43,15 +43,15 @@ struct Desk {
         return tasks;
     }
     void Click(int item) {
-        const int node = window.tvwTask.Find("Z" + std::to_string(item));
-        window.tvwTask.Select(node);
-        window.tree.tvwTask_NodeClick(node);
+        const int node = window.tree.tvwTask.Find("Z" + std::to_string(item));
+        window.tree.tvwTask.Select(node);
+        window.selection.tvwTask_NodeClick(node);
     }
 
     AgreeingDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend;
     Stage stage;
-    mainwindow::frmTaskMain& window;
+    windows::frmTaskMain& window;
     RawDatabase raw;
 };
 
@@ -88,10 +88,10 @@ void MeasureShow(const std::string& path, int runs) {
             return watch.Milliseconds() * 1000 / kTurns;
         },
         floor);
-    if (bytes == 0 || desk.window.txtTitle2.Text().empty()) {
+    if (bytes == 0 || desk.window.item.txtTitle2.Text().empty()) {
         throw std::runtime_error("no item was shown");
     }
-    Print({"click to item shown, tree of " + std::to_string(desk.window.tvwTask.Count()),
+    Print({"click to item shown, tree of " + std::to_string(desk.window.tree.tvwTask.Count()),
            ours.Median(), floor.Median(), "us", 0, 1000, runs});
 }
 
@@ -99,7 +99,7 @@ void MeasureDelete(const std::string& path, int runs) {
     const Copy copy(path);
     Desk desk(copy.Path());
     const std::vector<int> tasks = desk.Tasks();
-    const int nodes = desk.window.tvwTask.Count();
+    const int nodes = desk.window.tree.tvwTask.Count();
     std::size_t at = 0;
     const auto next = [&] { return tasks.at(at++); };
     int deleted = 0;
@@ -113,7 +113,7 @@ void MeasureDelete(const std::string& path, int runs) {
             for (int i = 0; i < kTurns; i++) {
                 desk.Click(next());
                 const Stopwatch watch;
-                desk.window.actions.DeleteItem(mainwindow::kTask);
+                desk.window.editing.DeleteItem();
                 time += watch.Milliseconds();
                 deleted++;
             }
@@ -131,7 +131,7 @@ void MeasureDelete(const std::string& path, int runs) {
             return watch.Milliseconds() * 1000 / kTurns;
         },
         floor);
-    if (desk.window.tvwTask.Count() != nodes - deleted) {
+    if (desk.window.tree.tvwTask.Count() != nodes - deleted) {
         throw std::runtime_error("the tree does not hold what is left");
     }
     Print({"delete an item and show the next, tree of " + std::to_string(nodes), ours.Median(),
@@ -141,7 +141,7 @@ void MeasureDelete(const std::string& path, int runs) {
 void MeasureSave(const std::string& path, int runs) {
     const Copy copy(path);
     Desk desk(copy.Path());
-    mainwindow::frmTaskMain& window = desk.window;
+    windows::frmTaskMain& window = desk.window;
     const std::vector<int> tasks = desk.Tasks();
     BareTree bare;
     std::size_t at = 0;
@@ -152,10 +152,10 @@ void MeasureSave(const std::string& path, int runs) {
         runs,
         [&] {
             desk.Click(tasks.at(at++));
-            window.actions.StartChangeItem(mainwindow::kTask);
-            window.txtTaskCon.SetText("changed " + std::to_string(at));
+            window.editing.StartChangeItem(zv::items::ItemKind::Task);
+            window.content.txtTaskCon.SetText("changed " + std::to_string(at));
             const Stopwatch watch;
-            window.actions.cmdSave_Click();
+            window.editing.cmdSave_Click();
             return watch.Milliseconds();
         },
         ours,
@@ -172,7 +172,7 @@ void MeasureSave(const std::string& path, int runs) {
             return watch.Milliseconds();
         },
         floor);
-    if (bare.Count() != window.tvwTask.Count() ||
+    if (bare.Count() != window.tree.tvwTask.Count() ||
         desk.Number("select count(*) from tTaskList where fContent like 'changed _%'") !=
             runs + 1) {
         throw std::runtime_error("the trees differ, or not every change was saved");
@@ -198,12 +198,12 @@ void MeasureSearch(const std::string& path, int runs) {
              });
 
     const auto ours = [&](const std::string& text) {
-        window.txtCompSeek.SetText(text);
+        window.cards.txtCompSeek.SetText(text);
         zv::forms::KeyEvent enter{zv::forms::key::kEnter};
         const Stopwatch watch;
-        window.cardSearch.txtCompSeek_KeyDown(enter);
+        window.cards.txtCompSeek_KeyDown(enter);
         const double time = watch.Milliseconds();
-        if (window.cboComp2.ListCount() == 0) throw std::runtime_error("no card was found");
+        if (window.cards.cboComp2.ListCount() == 0) throw std::runtime_error("no card was found");
         return time;
     };
     constexpr int kListed = 101;

@@ -24,7 +24,7 @@ void Measure(const std::string& path, int runs) {
         runs,
         [&] {
             const Stopwatch watch;
-            window.list.LoadItemList("");
+            window.listing.LoadItemList("");
             return watch.Milliseconds();
         },
         ours,
@@ -39,12 +39,12 @@ void Measure(const std::string& path, int runs) {
             return watch.Milliseconds();
         },
         floor);
-    if (bare.Count() != window.tvwTask.Count()) throw std::runtime_error("the trees differ");
+    if (bare.Count() != window.tree.tvwTask.Count()) throw std::runtime_error("the trees differ");
     const std::string rows = std::to_string(bare.Count() - 3);
     Print({"list of " + rows + ", no display", ours.Median(), floor.Median(), "ms", 1.3, 0, runs});
 
     double bytes = 0;
-    const auto& tree = window.tvwTask;
+    const auto& tree = window.tree.tvwTask;
     for (int node = tree.FirstRoot(); node >= 0; node = tree.NextInOrder(node)) {
         bytes += static_cast<double>(tree.Text(node).size());
     }

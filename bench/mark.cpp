@@ -31,15 +31,15 @@ void Measure(const std::string& path, int runs) {
     CountedStatements statements;
     Stage stage(backend, copy.Path(), &statements);
     auto& window = stage.Manager();
-    window.list.LoadItemList("");
-    const int nodes = window.tvwTask.Count();
+    window.listing.LoadItemList("");
+    const int nodes = window.tree.tvwTask.Count();
 
     RawDatabase database(copy.Path());
     int item = 0;
     database.Read("select max(fID) from tTaskList where tDone=0 and fType=0 and fID<=32767",
                   [&](const char* const* row) { item = std::atoi(row[0]); });
-    const int node = window.tvwTask.Find("Z" + std::to_string(item));
-    window.tree.tvwTask_NodeClick(node);
+    const int node = window.tree.tvwTask.Find("Z" + std::to_string(item));
+    window.selection.tvwTask_NodeClick(node);
     statements.count = 0;
 
     Series ours;
@@ -63,8 +63,8 @@ void Measure(const std::string& path, int runs) {
     if (statements.count != (runs + 1) * kTurns) {
         throw std::runtime_error("marking took more than one statement, or none");
     }
-    if (window.tvwTask.Count() != nodes || window.tvwTask.Image(node) != "task3" ||
-        window.tvwTask.Find("Z" + std::to_string(item)) != node) {
+    if (window.tree.tvwTask.Count() != nodes || window.tree.tvwTask.Image(node) != "task3" ||
+        window.tree.tvwTask.Find("Z" + std::to_string(item)) != node) {
         throw std::runtime_error("the tree was filled again");
     }
     Print({"mark an item, one statement, tree of " + std::to_string(nodes), ours.Median(),

@@ -83,10 +83,10 @@ void MeasureList(int runs) {
         read, [&] { return ClientTime(sent); }, floor);
     for (int run = 0; run < runs; run++) {
         const Stopwatch watch;
-        window.list.LoadItemList("");
+        window.listing.LoadItemList("");
         shown.Add(watch.Milliseconds());
     }
-    if (window.tvwTask.Count() != rows + 3) throw std::runtime_error("the tree lacks rows");
+    if (window.tree.tvwTask.Count() != rows + 3) throw std::runtime_error("the tree lacks rows");
     const std::string name = "server, list of " + std::to_string(rows);
     Print({name + ", rows read", read.Median(), floor.Median(), "ms", 1.3, 0, runs});
     Print({name + ", in the tree", shown.Median(), floor.Median(), "ms", 0, 0, runs});

@@ -9,7 +9,7 @@
 
 #include "bench_day.h"
 #include "control/zv_task.h"
-#include "mainwindow/frm_task_main.h"
+#include "windows/main/frm_task_main.h"
 #include "measure.h"
 #include "session/session.h"
 #include "store/odbc/connection_string.h"
@@ -101,14 +101,14 @@ class Stage {
     ZvTask& Control() { return control_; }
     Session& GetSession() { return session_; }
     /// The task manager, loaded and not shown.
-    mainwindow::frmTaskMain& Manager() {
-        auto& window = windows_.Create<mainwindow::frmTaskMain>(session_);
-        window.TaskAlert(mainwindow::kManagerMode);
+    windows::frmTaskMain& Manager() {
+        auto& window = windows_.Create<windows::frmTaskMain>(session_);
+        window.TaskAlert(windows::kManagerMode);
         window.Load();
         return window;
     }
-    mainwindow::frmTaskMain* Window() {
-        return windows_.Find<mainwindow::frmTaskMain>(mainwindow::frmTaskMain::kName);
+    windows::frmTaskMain* Window() {
+        return windows_.Find<windows::frmTaskMain>(windows::frmTaskMain::kName);
     }
     void UnloadWindows() { windows_.UnloadAll(); }
 

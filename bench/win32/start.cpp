@@ -18,7 +18,7 @@ int Main(const std::vector<std::string>& arguments) {
     NoDialogs dialogs;
     forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
     Stage stage(backend, arguments[0]);
-    stage.Control().refresh(mainwindow::kManagerMode, 0);
+    stage.Control().refresh(windows::kManagerMode, 0);
     if (stage.Window() == nullptr) throw std::runtime_error("the window did not open");
     UpdateWindow(backend.Handle(*stage.Window()));
     backend.PumpMessages();

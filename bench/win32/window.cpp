@@ -72,7 +72,7 @@ class Ours {
  public:
     explicit Ours(const std::string& path)
         : backend_(GetModuleHandleW(nullptr), &dialogs_), stage_(backend_, path) {
-        stage_.Control().refresh(mainwindow::kManagerMode, 0);
+        stage_.Control().refresh(windows::kManagerMode, 0);
         if (stage_.Window() == nullptr) throw std::runtime_error("the window did not open");
         Clear();
     }

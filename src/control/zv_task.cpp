@@ -2,8 +2,7 @@
 
 #include "base/number.h"
 #include "control/persistence.h"
-#include "mainwindow/frm_task_main.h"
-#include "mainwindow/store_switch.h"
+#include "windows/main/frm_task_main.h"
 #include "resources/design_texts.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/staff_list.h"
@@ -81,7 +80,7 @@ void ZvTask::refresh(std::int32_t mode, std::int16_t modal) {
 
 void ZvTask::Connect(std::int32_t mode) {
     bool isNew = !session_.FollowsProperties();
-    if (isNew && (session_.windows.HasModal() || mainwindow::EditUnderWay(session_))) {
+    if (isNew && (session_.windows.HasModal() || EditUnderWay(session_))) {
         // It would act on a store that is not the one that the host means.
         if (mode >= kPlanEditor && mode <= kAddInstanceOrAsk) {
             throw RuntimeError(
@@ -92,16 +91,16 @@ void ZvTask::Connect(std::int32_t mode) {
     }
     try {
         if (isNew)
-            session_.OpenConnection(session_.Settings());
+            session_.database.OpenConnection(session_.Settings());
         else
-            session_.EnsureConnection();
+            session_.database.EnsureConnection();
     } catch (const RuntimeError& error) {
         session_.windows.ShowMessage(
             forms::Inserted{resources::DescribeError(error, session_.state.Language)},
             forms::box::kExclamation, {}, &error);
         throw;
     }
-    if (isNew) mainwindow::ShowNewStore(session_);
+    if (isNew) ShowNewStore(session_);
 }
 
 void ZvTask::Act(std::int32_t mode, bool modal) {
@@ -148,18 +147,11 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
 }
 
 void ZvTask::RunAlertPass() {
-    constexpr int kNodesOfAnAlert = 4;
     const bool modal = session_.state.showMode != 0;
     auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
     if (window && window->IsShown()) {
-        // A window that the user works with is never closed by an alert pass, and an edit under
-        // way is left alone.
-        if (window->state.Editing()) return;
-        window->lifecycle.FollowTheDay();
-        window->tree.FillForHost();
-        const bool alert = window->state.startMode == mainwindow::kAlertMode &&
-                           window->tvwTask.Count() >= kNodesOfAnAlert;
-        if (alert) window->Show(false);
+        // A window that the user works with is never closed by an alert pass.
+        if (window->AlertAgain()) window->Show(false);
         return;
     }
     // One pass is enough: a box of another one stands, or it would be shown.
@@ -167,8 +159,8 @@ void ZvTask::RunAlertPass() {
     // One that was loaded for something else and never shown is not the user's.
     if (window) window->Unload();
     session_.windows.OpenIf<frmTaskMain>(
-        modal, [](frmTaskMain& made) { made.TaskAlert(mainwindow::kAlertMode); },
-        [](const frmTaskMain& made) { return made.tvwTask.Count() >= kNodesOfAnAlert; }, session_);
+        modal, [](frmTaskMain& made) { made.TaskAlert(windows::kAlertMode); },
+        [](const frmTaskMain& made) { return made.HasAlert(); }, session_);
 }
 
 void ZvTask::OpenMainWindow(std::int16_t mode, bool modal) {

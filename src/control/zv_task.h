@@ -10,7 +10,7 @@
 
 namespace zv {
 
-namespace mainwindow {
+namespace windows {
 class frmTaskMain;
 }
 
@@ -43,7 +43,7 @@ class ZvTask {
     /// stands: then a mode that would act on the store fails. A store that cannot be opened is told
     /// to the user once and is an error for the host; the connection that is open stays.
     void Connect(std::int32_t mode);
-    using frmTaskMain = mainwindow::frmTaskMain;
+    using frmTaskMain = windows::frmTaskMain;
 
     void Act(std::int32_t mode, bool modal);
     /// Loads the main window unseen and shows it when something is due. A window that exists is

@@ -62,4 +62,19 @@ class TabPanel : public Control {
     int tab_ = 0;
 };
 
+/// One page of a tab panel, as what stands on it sees it.
+class TabPage {
+ public:
+    TabPage(TabPanel& tabs, int number) : tabs_(tabs), number_(number) {}
+
+    Panel& Content() const { return tabs_.Page(number_); }
+    bool InFront() const { return tabs_.Tab() == number_; }
+    void BringToFront() const { tabs_.SetTab(number_); }
+    void SetCaption(std::string caption) const { tabs_.SetTabCaption(number_, std::move(caption)); }
+
+ private:
+    TabPanel& tabs_;
+    int number_;
+};
+
 }  // namespace zv::forms

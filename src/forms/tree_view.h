@@ -51,6 +51,9 @@ class TreeView : public Control {
     const std::string& Image(int node) const;
     int ImageIndex(int node) const { return At(node).image; }
     bool Expanded(int node) const { return At(node).expanded; }
+    /// A small number that the window keeps with a node; 0 at first. Nobody sees it.
+    std::uint8_t Data(int node) const { return At(node).data; }
+    void SetData(int node, std::uint8_t data) { At(node).data = data; }
     void SetText(int node, std::string_view text);
     void SetImage(int node, std::string_view key);
     void SetExpanded(int node, bool expanded);
@@ -95,8 +98,9 @@ class TreeView : public Control {
         int next = kNone;
         int previous = kNone;
         std::int16_t image = 0;
-        bool expanded = false;
-        bool alive = false;
+        bool expanded : 1 = false;
+        bool alive : 1 = false;
+        std::uint8_t data = 0;
     };
     const Node& At(int node) const;
     Node& At(int node);

@@ -1,7 +1,10 @@
 // What every part of the query window is called, in the language at hand.
+#include <string_view>
+#include <utility>
+
 #include "base/text.h"
+#include "items/names.h"
 #include "reports/ask_window.h"
-#include "reports/item_names.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
 #include "resources/text_ids.h"
@@ -11,6 +14,9 @@ namespace {
 
 using resources::AskText;
 using resources::DesignText;
+
+constexpr std::pair<std::string_view, int> kWidths[] = {
+    {"taskTime", 90}, {"taskTitle", 200}, {"fContent", 240}, {"tDone", 70}};
 
 }  // namespace
 
@@ -42,33 +48,31 @@ void frmAsk::SetCaptions() {
     txtDoneMan.SetAccessibleName(chkDoneMan.Caption());
     Grid1.SetAccessibleName(Caption());
 
-    cboType2.SetItems(KindNames(session_));
-    Combo1.SetItems(StateNames(session_));
+    cboType2.SetItems(items::KindNames(session_.state.Language));
+    Combo1.SetItems(items::StateNames(session_.state.Language));
 }
 
 void frmAsk::SetColumns() {
-    const auto design = [this](DesignText id) {
-        return resources::GetDesignText(id, session_.state.Language);
-    };
-    std::vector<forms::Grid::Column> columns = {
-        {Check1[kDateCheck].Caption(), 90},
-        {Check1[kTitleCheck].Caption(), 200},
-        {design(DesignText::Content), 240},
-        {chkDoneMan.Caption(), 80},
-        {chkUser.Caption(), 80},
-        {chkType.Caption(), 80},
-        {Check1[kStateCheck].Caption(), 70},
-    };
-    for (std::size_t i = columns.size(); i < kAskFields.size(); i++) {
-        columns.push_back({DesignCaption(session_, kAskFields[i]), 80});
-    }
-    for (std::size_t i = 0; i < columns.size(); i++) {
+    constexpr int kUsualWidth = 80;
+    std::vector<forms::Grid::Column> columns;
+    for (const items::Field* field : AskFields()) {
+        columns.push_back({HeadingOf(*field), kUsualWidth});
+        for (const auto& [column, width] : kWidths) {
+            if (column == field->column) columns.back().width = width;
+        }
         for (const FieldCaption& entry : fieldCaptions) {
-            const bool names = text::EqualsIgnoreCase(entry.field, kAskFields[i]);
-            if (names && !entry.caption.empty()) columns[i].heading = entry.caption;
+            const bool names = text::EqualsIgnoreCase(entry.field, field->column);
+            if (names && !entry.caption.empty()) columns.back().heading = entry.caption;
         }
     }
     Grid1.SetColumns(std::move(columns));
+}
+
+// What has a switch is called as the switch is.
+std::string frmAsk::HeadingOf(const items::Field& field) const {
+    if (field.column == "taskTime") return Check1[kDateCheck].Caption();
+    if (field.column == "fUser") return chkUser.Caption();
+    return field.caption.Text(session_.state.Language);
 }
 
 }  // namespace zv::reports

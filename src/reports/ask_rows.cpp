@@ -6,15 +6,7 @@
 
 namespace zv::reports {
 
-const std::array<std::string_view, kAskColumns> kAskFields = {
-    "taskTime", "taskTitle", "fContent", "tDoneMan", "fUser",   "fType",  "tDone",
-    "fOther0",  "fOther1",   "fOther2",  "fOther3",  "fOther4", "fOther5"};
-
 namespace {
-
-constexpr std::size_t kDayColumn = 0;
-constexpr std::size_t kTypeColumn = 5;
-constexpr std::size_t kStateColumn = 6;
 
 std::string_view TextOfNumber(const store::Value& value, const std::vector<std::string>& texts) {
     const auto number = number::Parse(value.ToText());
@@ -27,12 +19,18 @@ std::string_view TextOfNumber(const store::Value& value, const std::vector<std::
 
 }  // namespace
 
+std::vector<const items::Field*> AskFields() {
+    std::vector<const items::Field*> fields = items::ListedFields();
+    std::erase_if(fields, [](const items::Field* field) { return !field->queried; });
+    return fields;
+}
+
 AskRows::AskRows(Session& session, const std::string& statement, AskTexts texts)
-    : connection_(session.OpenOwnConnection()), texts_(std::move(texts)) {
+    : connection_(session.database.OpenAnother(session.Settings())), texts_(std::move(texts)), shown_(AskFields()) {
     rows_ = connection_->Open(statement, store::CursorType::ForwardOnly, store::LockType::ReadOnly);
-    for (std::size_t column = 0; column < kAskFields.size(); column++) {
-        fields_[column] = rows_->FieldIndex(kAskFields[column]);
-    }
+    for (const items::Field* field : shown_) fields_.push_back(rows_->FieldIndex(field->column));
+    kept_.resize(shown_.size());
+    row_.resize(shown_.size());
 }
 
 AskRows::~AskRows() {
@@ -62,9 +60,16 @@ std::string_view AskRows::DayOf(const store::Value& value, std::string& kept) co
 
 std::string_view AskRows::TextOf(std::size_t column) {
     const store::Value& value = rows_->Field(fields_[column]);
-    if (column == kDayColumn) return DayOf(value, kept_[column]);
-    if (column == kTypeColumn) return TextOfNumber(value, texts_.types);
-    if (column == kStateColumn) return TextOfNumber(value, texts_.states);
+    switch (shown_[column]->kind) {
+        case items::FieldKind::Date:
+            return DayOf(value, kept_[column]);
+        case items::FieldKind::ItemKind:
+            return TextOfNumber(value, texts_.types);
+        case items::FieldKind::State:
+            return TextOfNumber(value, texts_.states);
+        default:
+            break;
+    }
     if (const std::string* text = value.TextIf()) return *text;
     kept_[column] = value.ToText();
     return kept_[column];

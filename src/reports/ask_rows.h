@@ -1,21 +1,19 @@
 // The items that a query finds, on their way into a grid.
 #pragma once
 
-#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "forms/grid.h"
+#include "items/fields.h"
 #include "session/session.h"
 
 namespace zv::reports {
 
-/// Columns of the query window's grid.
-inline constexpr int kAskColumns = 13;
-/// The field of tTaskList behind each of them, from the first on.
-extern const std::array<std::string_view, kAskColumns> kAskFields;
+/// The fields behind the columns of the query window's grid, from the first on.
+std::vector<const items::Field*> AskFields();
 
 /// What the numbers of a row stand for; a number without a text shows nothing.
 struct AskTexts {
@@ -44,9 +42,10 @@ class AskRows {
     std::unique_ptr<store::Connection> connection_;
     std::unique_ptr<store::Recordset> rows_;
     AskTexts texts_;
-    std::array<int, kAskColumns> fields_{};
-    std::array<std::string, kAskColumns> kept_;
-    std::array<std::string_view, kAskColumns> row_;
+    std::vector<const items::Field*> shown_;
+    std::vector<int> fields_;
+    std::vector<std::string> kept_;
+    std::vector<std::string_view> row_;
 };
 
 }  // namespace zv::reports

@@ -16,10 +16,11 @@
 #include "reports/ask_statement.h"
 #include "reports/field_captions.h"
 #include "session/session.h"
+#include "session/store_client.h"
 
 namespace zv::reports {
 
-class frmAsk : public forms::Form {
+class frmAsk : public forms::Form, public StoreClient {
  public:
     static constexpr std::string_view kName = "frmAsk";
     /// Elements of Check1.
@@ -58,6 +59,7 @@ class frmAsk : public forms::Form {
 
     /// Takes away what was found.
     void Clear();
+    void ForgetStore() override { Clear(); }
     /// Gives the columns other captions, and takes away what was found.
     void ShowFieldCaptions(const std::vector<FieldCaption>& captions);
 
@@ -79,6 +81,7 @@ class frmAsk : public forms::Form {
     void Wire();
     void SetCaptions();
     void SetColumns();
+    std::string HeadingOf(const items::Field& field) const;
     AskCriteria Criteria() const;
     AskTexts Texts() const;
     std::string TellFound(bool cancelled) const;

@@ -8,7 +8,7 @@ namespace zv::reports {
 
 std::vector<FieldCaption> ReadFieldCaptions(Session& session) {
     const std::string column = "FieldName_" + std::to_string(session.state.Language);
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     std::vector<FieldCaption> captions;
     try {
         const auto rows = session.database.Open(

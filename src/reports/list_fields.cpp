@@ -1,29 +1,13 @@
 #include "reports/list_fields.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "base/text.h"
 #include "reports/field_captions.h"
-#include "reports/item_names.h"
 
 namespace zv::reports {
 namespace {
-
-struct Kind {
-    std::string_view field;
-    FieldKind kind;
-};
-constexpr auto kKinds = std::to_array<Kind>({
-    {"fID", FieldKind::Number},
-    {"taskID", FieldKind::Number},
-    {"taskTime", FieldKind::Date},
-    {"tDuring1", FieldKind::Date},
-    {"tDuring2", FieldKind::Date},
-    {"fType", FieldKind::ItemKind},
-    {"tDone", FieldKind::State},
-});
 
 bool IsIdentifier(std::string_view name) {
     const auto letter = [](char c) {
@@ -34,27 +18,27 @@ bool IsIdentifier(std::string_view name) {
            std::all_of(name.begin(), name.end(), [&](char c) { return letter(c) || digit(c); });
 }
 
-auto Named(std::string_view name) {
-    return [name](const auto& entry) { return text::EqualsIgnoreCase(entry.field, name); };
-}
-
 std::string CaptionOf(const Session& session, const FieldCaption& described) {
     if (!described.caption.empty()) return described.caption;
-    std::string own = DesignCaption(session, described.field);
-    return own.empty() ? described.field : own;
+    const items::Field* field = items::FindField(described.field);
+    return field && field->IsListed() ? field->caption.Text(session.state.Language)
+                                      : described.field;
 }
 
 }  // namespace
 
 FieldKind KindOfField(std::string_view field) {
-    const auto known = std::find_if(kKinds.begin(), kKinds.end(), Named(field));
-    return known == kKinds.end() ? FieldKind::Text : known->kind;
+    if (text::EqualsIgnoreCase(field, "fID")) return FieldKind::Number;
+    const items::Field* known = items::FindField(field);
+    return known ? known->kind : FieldKind::Text;
 }
 
 std::vector<ListField> ReadListFields(Session& session) {
     std::vector<FieldCaption> described = ReadFieldCaptions(session);
     if (described.empty()) {
-        for (std::string& field : CaptionedFields()) described.push_back({std::move(field), {}});
+        for (const items::Field* field : items::ListedFields()) {
+            described.push_back({std::string(field->column), {}});
+        }
     }
     std::vector<ListField> fields;
     for (const FieldCaption& entry : described) {

@@ -5,12 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "items/fields.h"
 #include "session/session.h"
 
 namespace zv::reports {
 
-/// What a field holds, and so how it is compared and shown.
-enum class FieldKind { Text, Number, Date, ItemKind, State };
+using items::FieldKind;
 
 struct ListField {
     std::string field;    ///< of tTaskList

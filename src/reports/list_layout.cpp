@@ -1,7 +1,6 @@
 #include "reports/list_layout.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "base/text.h"
@@ -11,9 +10,6 @@ namespace zv::reports {
 namespace {
 
 constexpr std::string_view kLayoutKey = "PrintColumns";
-// As many as a page in landscape holds without crowding.
-constexpr std::array<std::string_view, 7> kUsual = {"taskTime", "taskTitle", "fContent", "tDoneMan",
-                                                    "fUser",    "fType",     "tDone"};
 
 void Take(std::vector<ListField>& chosen, std::string_view name,
           const std::vector<ListField>& offered) {
@@ -37,7 +33,10 @@ std::vector<ListField> FieldsOfLayout(std::string_view layout,
         layout.remove_prefix(std::min(comma + 1, layout.size()));
     }
     if (chosen.empty()) {
-        for (const std::string_view name : kUsual) Take(chosen, name, offered);
+        // As many as a page in landscape holds without crowding.
+        for (const items::Field* field : items::ListedFields()) {
+            if (field->usual) Take(chosen, field->column, offered);
+        }
     }
     return chosen.empty() ? offered : chosen;
 }

@@ -23,7 +23,7 @@ void PrintReport(Session& session, const Report& report) {
     platform::ReportPrinter& printer = session.machine.reports;
     printer.Prepare();
     platform::ReportJob job = NewJob(session);
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     // A static cursor: the component may move in it. The recordset closes at its end and not by
     // Close, which fails when the connection was closed while a preview stood.
     const auto rows = session.database.Open(CheckStatement(report), store::CursorType::Static,

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "forms/field_keys.h"
-#include "reports/item_names.h"
+#include "items/names.h"
 #include "resources/text_ids.h"
 #include "session/text_checks.h"
 
@@ -109,7 +109,7 @@ Comparison frmSeek::ChosenComparison() const {
 }
 
 std::vector<std::string> frmSeek::ChoicesOf(FieldKind kind) const {
-    return kind == FieldKind::ItemKind ? KindNames(session_) : StateNames(session_);
+    return kind == FieldKind::ItemKind ? items::KindNames(session_.state.Language) : items::StateNames(session_.state.Language);
 }
 
 void frmSeek::cboField_Click() {

@@ -19,15 +19,18 @@
 #include "scheduling/plan_rules.h"
 #include "scheduling/plan_saving.h"
 #include "session/session.h"
+#include "session/store_client.h"
 
 namespace zv::scheduling {
 
-class frmTaskSet : public forms::Form {
+class frmTaskSet : public forms::Form, public StoreClient {
  public:
     static constexpr std::string_view kName = "frmTaskSet";
 
     /// The session must outlive the window.
     frmTaskSet(forms::WindowSystem& windows, Session& session);
+
+    bool HoldsInput() const override { return IsShown(); }
 
     /// The plan to change, 0 for a new one. Set before the window is loaded; later it does nothing,
     /// because the input of a window that is open must not end up in another plan.

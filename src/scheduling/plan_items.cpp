@@ -10,4 +10,12 @@ std::string OnlyItemsOfPlan(Session& session, std::string_view taskId) {
     return any ? " And (fType=0 Or fType is Null)" : "";
 }
 
+void DeletePlan(Session& session, std::int32_t taskId) {
+    session.database.EnsureConnection();
+    const std::string number = std::to_string(taskId);
+    session.database.Execute("Delete from tTaskList where taskID =" + number +
+                             OnlyItemsOfPlan(session, number));
+    session.database.Execute("Delete from tTaskSet where taskID =" + number);
+}
+
 }  // namespace zv::scheduling

@@ -2,6 +2,7 @@
 // a visit may stand under the number of a plan; a plan makes tasks only.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -13,5 +14,8 @@ namespace zv::scheduling {
 /// items of other kinds alone: empty where none stands under the number. Database errors reach the
 /// caller. `taskId` goes into the statement as it stands.
 std::string OnlyItemsOfPlan(Session& session, std::string_view taskId);
+
+/// Deletes a plan and its items. Database errors reach the caller.
+void DeletePlan(Session& session, std::int32_t taskId);
 
 }  // namespace zv::scheduling

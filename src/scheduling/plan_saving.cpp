@@ -30,7 +30,7 @@ PlanSave PlanSaving::Save(const Plan& plan) {
     for (;;) {
         // While a question stood the host may have closed the windows, and the connection with
         // them.
-        session_.EnsureConnection();
+        session_.database.EnsureConnection();
         const auto row = session_.database.Open(
             "select * from tTaskSet Where taskID=" + std::to_string(plan.taskId),
             store::CursorType::Keyset, store::LockType::Optimistic);

@@ -8,7 +8,7 @@ constexpr double kLongestProposal = 1e15;
 }  // namespace
 
 std::string ProposeTaskId(Session& session) {
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     const auto rows = session.database.Open("select max(TaskID) as  MaxID from tTaskSet");
     std::string proposal = "1";
     if (!rows->Eof() && !rows->Field("maxID").IsNull()) {
@@ -21,13 +21,33 @@ std::string ProposeTaskId(Session& session) {
 }
 
 std::optional<store::RowValues> LoadPlan(Session& session, std::int32_t taskId) {
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     const auto row =
         session.database.Open("select * from tTaskSet where taskID=" + std::to_string(taskId));
     std::optional<store::RowValues> values;
     if (!row->Eof()) values = store::ReadRow(*row, kPlanFields);
     row->Close();
     return values;
+}
+
+std::optional<PlanSummary> LoadSummary(Session& session, std::int32_t taskId) {
+    session.database.EnsureConnection();
+    const auto row =
+        session.database.Open("select taskTitle,Content,DoneMan,SetMan from tTaskSet where taskID=" +
+                              std::to_string(taskId));
+    std::optional<PlanSummary> plan;
+    if (!row->Eof()) {
+        plan = {row->Field("taskTitle").ToText(), row->Field("Content").ToText(),
+                row->Field("DoneMan").ToText(), row->Field("SetMan").ToText()};
+    }
+    row->Close();
+    return plan;
+}
+
+std::unique_ptr<store::Recordset> OpenPlanList(Session& session) {
+    session.database.EnsureConnection();
+    return session.database.Open(
+        "select distinct taskID as fID,taskTitle,DoneMan from tTaskSet Order by taskTitle");
 }
 
 }  // namespace zv::scheduling

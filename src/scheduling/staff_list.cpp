@@ -4,6 +4,7 @@
 
 #include "resources/plan_texts.h"
 #include "resources/text_ids.h"
+#include "staff/staff_store.h"
 
 namespace zv::scheduling {
 namespace {
@@ -45,22 +46,11 @@ void frmList::SetCaptions() {
 }
 
 void frmList::FillList() {
-    session_.EnsureConnection();
-    // The host either has its personnel table or the plain list of employees.
-    const bool personnel = session_.database.CountRows("tRsBasic", "") >= 0;
-    const auto rows =
-        session_.database.Open(personnel ? "select fCode,fName from tRsBasic Order By fName"
-                                         : "select * from employees order by employcode");
     std::vector<std::string> entries;
-    if (!rows->Eof()) {
-        const int code = rows->FieldIndex(personnel ? "fCode" : "employcode");
-        const int name = rows->FieldIndex(personnel ? "fName" : "employee");
-        for (; !rows->Eof(); rows->MoveNext()) {
-            entries.push_back(rows->Field(code).ToText() + kKeySeparator +
-                              rows->Field(name).ToText());
-        }
+    const staff::Source source = staff::PresentSource(session_.database);
+    for (const staff::Person& person : staff::List(session_.database, source)) {
+        entries.push_back(person.code + kKeySeparator + person.name);
     }
-    rows->Close();
     List1.SetItems(std::move(entries));
 }
 

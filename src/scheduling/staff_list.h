@@ -10,10 +10,11 @@
 #include "forms/label.h"
 #include "forms/lists.h"
 #include "session/session.h"
+#include "session/store_client.h"
 
 namespace zv::scheduling {
 
-class frmList : public forms::Form {
+class frmList : public forms::Form, public StoreClient {
  public:
     static constexpr std::string_view kName = "frmList";
     /// An Action above this one: a cancel clears the picked name.
@@ -33,8 +34,9 @@ class frmList : public forms::Form {
     forms::CommandButton cmdLogOK;
     forms::CommandButton cmdCancel;
 
-    /// Reads the staff of the present store; nobody is selected then. Database errors leave it.
-    void FillList();
+    void ForgetStore() override { List1.SetItems({}); }
+    /// Nobody is selected then.
+    void ShowStore() override { FillList(); }
 
     void cmdLogOK_Click();
     void cmdCancel_Click();
@@ -45,6 +47,7 @@ class frmList : public forms::Form {
 
  private:
     void SetCaptions();
+    void FillList();
     void PlaceControls();
 
     Session& session_;

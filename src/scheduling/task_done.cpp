@@ -81,7 +81,7 @@ void frmTaskDone::SetCaptions() {
 }
 
 void frmTaskDone::ShowPlan(std::int16_t number) {
-    session_.EnsureConnection();
+    session_.database.EnsureConnection();
     const auto plan = session_.database.Open(
         "select * from tTaskSet where taskID=" + std::to_string(number) + " order by taskID");
     if (!plan->Eof()) {
@@ -127,7 +127,7 @@ bool frmTaskDone::AddInstance(std::int32_t plan) {
 }
 
 bool frmTaskDone::Complete(std::int32_t item) {
-    session_.EnsureConnection();
+    session_.database.EnsureConnection();
     if (session_.database.MarkItem(item, kDone, session_.state.UserName) != 1) return false;
     if (session_.database.ChangedNothing()) {
         session_.windows.ShowMessage(session_.LoadText(text_id::kItemNotFound),

@@ -11,6 +11,7 @@
 #include "forms/label.h"
 #include "forms/text_box.h"
 #include "session/session.h"
+#include "session/store_client.h"
 
 namespace zv::scheduling {
 
@@ -20,7 +21,7 @@ namespace zv::scheduling {
 /// number. Throws error 6 for a number above 2,147,483,647.
 std::int32_t ReadTaskNumber(std::string_view text);
 
-class frmTaskDone : public forms::Form {
+class frmTaskDone : public forms::Form, public StoreClient {
  public:
     static constexpr std::string_view kName = "frmTaskDone";
     static constexpr std::int16_t kCompleteItem = 0;
@@ -28,6 +29,8 @@ class frmTaskDone : public forms::Form {
 
     /// The session must outlive the window.
     frmTaskDone(forms::WindowSystem& windows, Session& session);
+
+    bool HoldsInput() const override { return IsShown(); }
 
     /// kCompleteItem, or any other value to add a plan's item. Sets the caption as well.
     void TaskType(std::int16_t type);

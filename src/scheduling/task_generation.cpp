@@ -43,7 +43,7 @@ bool DeleteOldItems(Session& session, const std::string& taskId) {
             statement += " And tDone=0";
         }
         // The question may have stood for long enough for a visit to be entered.
-        session.EnsureConnection();
+        session.database.EnsureConnection();
         own = OnlyItemsOfPlan(session, taskId);
     }
     session.database.Execute(statement + own);
@@ -115,7 +115,7 @@ std::unique_ptr<Recordset> OpenUndone(Session& session, const std::string& taskI
 
 // While the question stood the plan may have changed or gone, or the item may have come.
 std::int16_t AddConfirmed(Session& session, std::int16_t taskId, DateTime date) {
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     const std::string id = std::to_string(taskId);
     const auto plan = FindPlanOrTell(session, id);
     if (!plan) return 0;
@@ -137,7 +137,7 @@ std::int16_t AddConfirmed(Session& session, std::int16_t taskId, DateTime date) 
 
 void GenerateTaskList(Session& session, const std::string& taskId,
                       const GenerationProgress& progress) {
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     // The user that started the run, whoever the host names while a question stands.
     const std::string user = session.state.UserName;
     // The old items go before the plan is looked at, also those of a plan that is gone.
@@ -162,7 +162,7 @@ void GenerateTaskList(Session& session, const std::string& taskId,
 }
 
 std::int16_t AddTaskInstance(Session& session, std::int16_t taskId, DateTime date) {
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     const std::string id = std::to_string(taskId);
     const auto plan = FindPlanOrTell(session, id);
     if (!plan) return 0;

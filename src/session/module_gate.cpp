@@ -29,7 +29,7 @@ struct Module {
 
 Module LookUpModule(Session& session, const std::string& name) {
     const std::string languageName = "Model_Name_" + std::to_string(session.state.Language);
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     // The missing parentheses are meant: a module found by its language name opens even while it
     // is marked as out of use.
     const auto rows = session.database.Open("select SerialNo,model_Name," + languageName +

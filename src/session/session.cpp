@@ -4,6 +4,22 @@
 #include "session/store_choice.h"
 
 namespace zv {
+namespace {
+
+// The reason and what could not be opened.
+RuntimeError CannotOpen(const RuntimeError& error, const store::ConnectionSettings& connection,
+                        std::int16_t language) {
+    const std::string place =
+        (connection.kind >= 1 ? connection.database : connection.dataPath).ForMessage();
+    // The opener is a component of somebody else, which may repeat what it was given.
+    std::string text = connection.WithoutSecrets(resources::DescribeError(error, language));
+    if (!place.empty() && text.find(place) == std::string::npos) text += "\r\n" + place;
+    return RuntimeError(error.Number(), text, connection.WithoutSecrets(error.Source()),
+                        error.Code())
+        .Of(ErrorKind::Own);
+}
+
+}  // namespace
 
 Session::Session(platform::Machine& machinePort, resources::SettingsStore& settingsPort,
                  store::ConnectionOpener& opener, forms::WindowSystem& windowSystem,
@@ -12,7 +28,10 @@ Session::Session(platform::Machine& machinePort, resources::SettingsStore& setti
       settings(settingsPort),
       windows(windowSystem),
       database(
-          opener, [this] { return Settings(); }, observer) {
+          opener, [this] { return Settings(); }, observer,
+          [this](const RuntimeError& error, const store::ConnectionSettings& connection) {
+              return CannotOpen(error, connection, state.Language);
+          }) {
     windows.describeError = [this](const RuntimeError& error) { return Describe(error); };
     SetApplicationTitle();
 }
@@ -82,46 +101,6 @@ int Session::DatabaseKind() const {
 std::string Session::Describe(const RuntimeError& error) const {
     std::string text = resources::DescribeError(error, state.Language);
     return error.Kind() == ErrorKind::Own ? text : Settings().WithoutSecrets(text);
-}
-
-void Session::EnsureConnection() {
-    if (database.IsOpen()) return;
-    const store::ConnectionSettings* before = database.OpenedWith();
-    OpenConnection(before ? *before : Settings());
-}
-
-namespace {
-
-// The reason and what could not be opened.
-RuntimeError CannotOpen(const RuntimeError& error, const store::ConnectionSettings& connection,
-                        std::int16_t language) {
-    const std::string place =
-        (connection.kind >= 1 ? connection.database : connection.dataPath).ForMessage();
-    // The opener is a component of somebody else, which may repeat what it was given.
-    std::string text = connection.WithoutSecrets(resources::DescribeError(error, language));
-    if (!place.empty() && text.find(place) == std::string::npos) text += "\r\n" + place;
-    return RuntimeError(error.Number(), text, connection.WithoutSecrets(error.Source()),
-                        error.Code())
-        .Of(ErrorKind::Own);
-}
-
-}  // namespace
-
-void Session::OpenConnection(const store::ConnectionSettings& connection) {
-    try {
-        database.OpenConnection(connection);
-    } catch (const RuntimeError& error) {
-        throw CannotOpen(error, connection, state.Language);
-    }
-}
-
-std::unique_ptr<store::Connection> Session::OpenOwnConnection() {
-    const store::ConnectionSettings connection = Settings();
-    try {
-        return database.OpenAnother(connection);
-    } catch (const RuntimeError& error) {
-        throw CannotOpen(error, connection, state.Language);
-    }
 }
 
 }  // namespace zv

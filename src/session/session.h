@@ -9,6 +9,7 @@
 #include "forms/window_system.h"
 #include "platform/machine.h"
 #include "resources/catalogue.h"
+#include "resources/design_texts.h"
 #include "resources/settings.h"
 #include "session/control_state.h"
 #include "store/database.h"
@@ -27,6 +28,10 @@ class Session {
 
     /// Catalogue text in the control's language.
     std::string LoadText(std::int16_t id) const { return resources::LoadText(id, state.Language); }
+    /// Design text in the control's language.
+    std::string LoadText(resources::DesignText id) const {
+        return resources::GetDesignText(id, state.Language);
+    }
     /// What the opener is given.
     store::ConnectionSettings Settings() const;
     /// Workstation settings of application "Tarnell".
@@ -49,21 +54,12 @@ class Session {
     /// opened it may repeat it in any error.
     std::string Describe(const RuntimeError& error) const;
 
-    /// Opens the shared connection when it is not open. Throws RuntimeError with the reason and
-    /// the path (of a server: the database) that could not be opened.
-    void EnsureConnection();
-    /// Opens the shared connection anew with these settings; the date delimiter follows. Throws as
-    /// above; the present connection stays then.
-    void OpenConnection(const store::ConnectionSettings& connection);
-
-    /// Opens a connection beside the shared one with the control's present settings, for work that
-    /// closes what it opened. Throws as above; the shared one is left as it is.
-    std::unique_ptr<store::Connection> OpenOwnConnection();
-
     ControlState state;
     platform::Machine& machine;
     resources::SettingsStore& settings;
     forms::WindowSystem& windows;
+    /// Throws RuntimeError with the reason and the path (of a server: the database) that could not
+    /// be opened.
     store::Database database;
 };
 

@@ -25,8 +25,11 @@ bool FitsIn16Bits(std::int32_t number) {
 }  // namespace
 
 Database::Database(ConnectionOpener& opener, std::function<ConnectionSettings()> settings,
-                   StatementObserver* observer)
-    : opener_(opener), settings_(std::move(settings)), observer_(observer) {}
+                   StatementObserver* observer, OpeningError openingError)
+    : opener_(opener),
+      settings_(std::move(settings)),
+      observer_(observer),
+      openingError_(std::move(openingError)) {}
 
 void Database::OpenConnection(const ConnectionSettings& settings) {
     auto opened = OpenAnother(settings);
@@ -38,7 +41,13 @@ void Database::OpenConnection(const ConnectionSettings& settings) {
 }
 
 std::unique_ptr<Connection> Database::OpenAnother(const ConnectionSettings& settings) const {
-    auto connection = opener_.Open(settings);
+    std::unique_ptr<Connection> connection;
+    try {
+        connection = opener_.Open(settings);
+    } catch (const RuntimeError& error) {
+        if (!openingError_) throw;
+        throw openingError_(error, settings);
+    }
     return observer_ ? ObserveStatements(std::move(connection), *observer_) : std::move(connection);
 }
 

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/errors.h"
 #include "store/connection_opener.h"
 #include "store/statement_log.h"
 
@@ -21,10 +22,13 @@ using FieldValue = std::pair<std::string_view, Value>;
 /// RuntimeError unless an operation says otherwise.
 class Database {
  public:
+    /// What a caller reads when a connection cannot be opened.
+    using OpeningError = std::function<RuntimeError(const RuntimeError&, const ConnectionSettings&)>;
+
     /// `settings` is asked when a connection is opened for the first time. `observer` may be null;
-    /// both must outlive this.
+    /// both must outlive this. Without `openingError` the opener's reason is thrown as it is.
     Database(ConnectionOpener& opener, std::function<ConnectionSettings()> settings,
-             StatementObserver* observer = nullptr);
+             StatementObserver* observer = nullptr, OpeningError openingError = {});
 
     /// Opens the connection with these settings in place of the present one; the date delimiter
     /// follows. Throws RuntimeError with the opener's reason; everything is as before then.
@@ -76,6 +80,7 @@ class Database {
     ConnectionOpener& opener_;
     std::function<ConnectionSettings()> settings_;
     StatementObserver* observer_;
+    OpeningError openingError_;
     std::unique_ptr<Connection> connection_;
     std::optional<ConnectionSettings> openedWith_;
     char dateDelimiter_ = '#';

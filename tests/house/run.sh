@@ -22,7 +22,7 @@ check "src includes nothing of host, tools and tests" \
     "$(sources src | xargs grep -nE '#include "(host|tools|tests)/')"
 
 # A folder may include only folders that stand before it in this list, and itself.
-order=(base store platform resources forms session scheduling reports mainwindow control com)
+order=(base store platform resources items cards staff forms session scheduling reports windows control com)
 allowed=
 for folder in "${order[@]}"; do
     allowed="$allowed${allowed:+|}$folder"

@@ -116,7 +116,10 @@ bool Worker::ChangeItem(const Step& step) {
 bool Worker::CompleteItem(const Step& step) {
     user_->Seek(name_ + '-');
     if (!user_->Select(step.title)) return false;
-    if (stage_.Window()->cboDone2.ListIndex() == mainwindow::kDone) return false;
+    if (stage_.Window()->item.cboDone2.ListIndex() ==
+        Number(items::ItemState::Done)) {
+        return false;
+    }
     user_->Complete();
     return !user_->SaidError();
 }

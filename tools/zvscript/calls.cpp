@@ -3,7 +3,7 @@
 #include <array>
 #include <vector>
 
-#include "mainwindow/frm_task_main.h"
+#include "windows/main/frm_task_main.h"
 #include "reports/ask_window.h"
 #include "reports/print_report.h"
 #include "scheduling/occurrences.h"
@@ -33,7 +33,7 @@ struct Operation {
 std::string CallMarkItemState(Stage& stage, const Arguments& arguments) {
     const std::int16_t item = number::ToInt16(arguments[0]);
     const std::int16_t state = number::ToInt16(arguments[1]);
-    stage.session.EnsureConnection();
+    stage.session.database.EnsureConnection();
     return std::to_string(stage.session.database.MarkItemState(item, state, arguments[2]));
 }
 
@@ -50,7 +50,7 @@ std::string CallFitTextBytes(Stage& stage, const Arguments& arguments) {
 }
 
 std::string CallCountRows(Stage& stage, const Arguments& arguments) {
-    stage.session.EnsureConnection();
+    stage.session.database.EnsureConnection();
     return std::to_string(stage.session.database.CountRows(arguments[0], arguments[1]));
 }
 
@@ -90,8 +90,8 @@ std::string CallAddTaskInstance(Stage& stage, const Arguments& arguments) {
 }
 
 // For a routine of the main window: one that is not open yet is loaded.
-mainwindow::frmTaskMain& MainWindow(Stage& stage) {
-    using mainwindow::frmTaskMain;
+windows::frmTaskMain& MainWindow(Stage& stage) {
+    using windows::frmTaskMain;
     auto* window = stage.windows.Find<frmTaskMain>(frmTaskMain::kName);
     if (!window) {
         window = &stage.windows.Create<frmTaskMain>(stage.session);
@@ -101,9 +101,9 @@ mainwindow::frmTaskMain& MainWindow(Stage& stage) {
 }
 
 std::string CallListBirthdays(Stage& stage, const Arguments& arguments) {
-    mainwindow::frmTaskMain& window = MainWindow(stage);
+    windows::frmTaskMain& window = MainWindow(stage);
     window.birthdays.ListBirthdays(number::ToInt16(arguments[0]));
-    return std::to_string(window.Grid1.DataRowCount());
+    return std::to_string(window.birthdays.Grid1.DataRowCount());
 }
 
 std::string CallPrintReport(Stage& stage, const Arguments& arguments) {

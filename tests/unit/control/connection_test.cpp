@@ -33,7 +33,7 @@ class Connection : public testing::Test {
     std::string Titles() { return stage.Nodes(); }
     bool Shows(const std::string& title) { return Titles().find(title) != std::string::npos; }
     std::string Using() const { return stage.session.database.OpenedWith()->dataPath.ForDriver(); }
-    mainwindow::frmTaskMain& Open() {
+    windows::frmTaskMain& Open() {
         EXPECT_EQ(stage.Refresh(1), 0) << stage.errorText;
         return *stage.Window();
     }
@@ -49,7 +49,7 @@ TEST_F(Connection, FollowsThePathAndFillsTheWindow) {
     EXPECT_EQ(stage.Refresh(8), 0);
     EXPECT_TRUE(Shows("beyond"));
     EXPECT_FALSE(Shows("here"));
-    EXPECT_EQ(stage.Window()->txtAccess.Text(), other);
+    EXPECT_EQ(stage.Window()->options.txtAccess.Text(), other);
 }
 
 TEST_F(Connection, FollowsEachOfTheProperties) {
@@ -88,13 +88,13 @@ TEST_F(Connection, OpensTheNewOneBeforeTheOldOneIsClosed) {
 TEST_F(Connection, StaysWhileTheMainWindowIsEdited) {
     auto& window = Open();
     stage.session.state.myPower = std::string(350, '1');
-    window.state.editMode = mainwindow::kAdding;
+    window.model.editMode = windows::EditMode::Adding;
     stage.control.SetUserPath(other);
     for (const int mode : {2, 3, 4, 5, 6, 7}) EXPECT_EQ(stage.Refresh(mode), kNotNow) << mode;
     EXPECT_FALSE(stage.errorText.empty());
     for (const int mode : {0, 1, 8, 9, 10}) EXPECT_EQ(stage.Refresh(mode), 0) << mode;
     EXPECT_EQ(Using(), stage.Path("t.db"));
-    window.state.editMode = mainwindow::kNoEdit;
+    window.model.editMode = windows::EditMode::None;
     EXPECT_EQ(stage.Refresh(8), 0);
     EXPECT_EQ(Using(), other);
 }
@@ -153,7 +153,7 @@ TEST_F(Connection, ThatRestsIsOpenedAgainWithTheSettingsItHad) {
     auto& window = Open();
     stage.session.database.Close();
     stage.control.SetUserPath(other);
-    stage.user.Click(window.cmdSeek);
+    stage.user.Click(window.commands.cmdSeek);
     EXPECT_EQ(Using(), stage.Path("t.db"));
     EXPECT_TRUE(Shows("here"));
 }
@@ -172,7 +172,7 @@ TEST_F(Connection, EmptiesTheQueryWindowAndReadsItsCaptionsAnew) {
     EXPECT_EQ(ask.Grid1.DataRowCount(), 0);
     EXPECT_EQ(ask.lblCount.Caption(), "");
     EXPECT_EQ(ask.Grid1.GetColumn(2).heading, "Topic");
-    EXPECT_EQ(window.labels.Of("taskTitle")->Caption(), "Topic");
+    EXPECT_EQ(window.labels.Of(items::field::kTitle)->Caption(), "Topic");
 }
 
 TEST_F(Connection, AChangeLeavesNoCardOfTheFormerStore) {
@@ -186,10 +186,10 @@ TEST_F(Connection, AChangeLeavesNoCardOfTheFormerStore) {
 class Choice : public Connection {
  protected:
     Choice() { Choose(Open()); }
-    void Choose(mainwindow::frmTaskMain& window) {
-        stage.user.SelectTab(window.SSTab1, mainwindow::kOptionsTab);
-        stage.user.Type(window.txtAccess, other);
-        stage.user.Leave(window.txtAccess);
+    void Choose(windows::frmTaskMain& window) {
+        stage.user.SelectTab(window.SSTab1, windows::kOptionsTab);
+        stage.user.Type(window.options.txtAccess, other);
+        stage.user.Leave(window.options.txtAccess);
         EXPECT_EQ(Using(), other);
     }
 };
@@ -226,8 +226,8 @@ TEST_F(Choice, OfAKindEndsWithTheWindowOrWithAnotherOfTheHost) {
     stage.user.Close(*stage.Window());
     stage.control.SetSQLData(1);
     auto& window = Open();
-    stage.user.SelectTab(window.SSTab1, mainwindow::kOptionsTab);
-    stage.user.Click(window.optAccess);
+    stage.user.SelectTab(window.SSTab1, windows::kOptionsTab);
+    stage.user.Click(window.options.optAccess);
     EXPECT_EQ(stage.session.state.SQLData, 0);
     EXPECT_EQ(stage.session.database.DateDelimiter(), '#');
     stage.control.SetSQLData(1);
@@ -236,7 +236,7 @@ TEST_F(Choice, OfAKindEndsWithTheWindowOrWithAnotherOfTheHost) {
     stage.control.SetSQLData(2);
     EXPECT_EQ(stage.Refresh(8), 0);
     EXPECT_EQ(stage.session.state.SQLData, 2);
-    EXPECT_TRUE(window.optSQL.Value());
+    EXPECT_TRUE(window.options.optSQL.Value());
     EXPECT_EQ(stage.session.database.DateDelimiter(), '\'');
 }
 

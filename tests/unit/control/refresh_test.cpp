@@ -70,7 +70,7 @@ TEST_F(Refresh, AWindowLeftOpenOvernightShowsTheNewDay) {
         const Messages sent = stage.statements.Take();
         ASSERT_EQ(sent.size(), 1u) << mode;
         EXPECT_NE(sent[0].find(" and a.tDuring2>=#03/08/2003#"), std::string::npos) << sent[0];
-        EXPECT_EQ(stage.Window()->lblBirthDay.Caption(), "2003-03-08") << mode;
+        EXPECT_EQ(stage.Window()->birthdays.lblBirthDay.Caption(), "2003-03-08") << mode;
         // On the same day nothing is filled again but by an alert pass.
         EXPECT_EQ(stage.Refresh(mode), 0);
         EXPECT_EQ(stage.statements.Take().size(), mode == 0 ? 1u : 0u);
@@ -83,20 +83,20 @@ TEST_F(Refresh, ANewDayThatCannotBeShownIsTriedAgain) {
     stage.clock.now = DateTime(2003, 3, 8, 7, 0);
     stage.statements.failing = "tTaskList";
     EXPECT_NE(stage.Refresh(1), 0);
-    EXPECT_EQ(stage.Window()->DTPicker0.Value(), DateTime(2003, 3, 7));
+    EXPECT_EQ(stage.Window()->filter.DTPicker0.Value(), DateTime(2003, 3, 7));
     stage.statements.failing.clear();
     AddDueItem();
     stage.Sql(
         "update tTaskList set taskTime='2003-03-08 00:00:00',tDuring1='2003-03-08 00:00:00',"
         "tDuring2='2003-03-08 00:00:00'");
     EXPECT_EQ(stage.Refresh(1), 0);
-    EXPECT_EQ(stage.Window()->DTPicker0.Value(), DateTime(2003, 3, 8));
+    EXPECT_EQ(stage.Window()->filter.DTPicker0.Value(), DateTime(2003, 3, 8));
     EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
 }
 
 TEST_F(Refresh, TheNewDayWaitsForAnEditToEnd) {
     EXPECT_EQ(stage.Refresh(1), 0);
-    stage.Window()->state.editMode = 1;
+    stage.Window()->model.editMode = windows::EditMode::Adding;
     stage.clock.now = DateTime(2003, 3, 8, 7, 0);
     stage.statements.Take();
     EXPECT_EQ(stage.Refresh(1), 0);
@@ -205,7 +205,7 @@ TEST_F(Refresh, ByATimerWhileTheFillsFailureStandsShowsNoSecondBox) {
     stage.dialogs.onMessage = [&](const std::string&) {
         if (++depth < 20) inner = stage.Refresh(0);
     };
-    stage.user.Click(stage.Window()->cmdSeek);
+    stage.user.Click(stage.Window()->commands.cmdSeek);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
     EXPECT_EQ(inner, static_cast<int>(ErrorNumber::ModalFormShown));
 }
@@ -383,11 +383,11 @@ TEST_F(Refresh, ALanguageWithoutTextsIsAnErrorForTheHost) {
 
 TEST_F(Refresh, TheManagerComesToTheFrontInsteadOfOpeningTwice) {
     EXPECT_EQ(stage.Refresh(1), 0);
-    stage.Window()->txtTitle0.SetText("kept");
+    stage.Window()->filter.txtTitle0.SetText("kept");
     stage.statements.Take();
     EXPECT_EQ(stage.Refresh(1), 0);
     EXPECT_EQ(stage.windows.Windows().size(), 1u);
-    EXPECT_EQ(stage.Window()->txtTitle0.Text(), "kept");
+    EXPECT_EQ(stage.Window()->filter.txtTitle0.Text(), "kept");
     EXPECT_TRUE(stage.statements.Take().empty());
     EXPECT_EQ(stage.Refresh(1, 1), static_cast<int>(ErrorNumber::FormAlreadyShown));
 }
@@ -407,7 +407,7 @@ TEST_F(Refresh, AnAlertPassRefillsAWindowThatIsOpenAndNeverClosesIt) {
 
 TEST_F(Refresh, AnAlertPassLeavesAnEditAlone) {
     EXPECT_EQ(stage.Refresh(1), 0);
-    stage.Window()->state.editMode = 1;
+    stage.Window()->model.editMode = windows::EditMode::Adding;
     AddDueItem();
     stage.statements.Take();
     EXPECT_EQ(stage.Refresh(0), 0);
@@ -421,7 +421,7 @@ TEST_F(Refresh, TheManagerTakesOverAnAlertWindow) {
     EXPECT_EQ(stage.Refresh(1), 0);
     EXPECT_EQ(stage.windows.Windows().size(), 1u);
     EXPECT_EQ(stage.Window()->Caption(), "任务管理器");
-    EXPECT_EQ(stage.Window()->cboState.ListIndex(), mainwindow::kAllStates);
+    EXPECT_EQ(stage.Window()->filter.cboState.ListIndex(), Row(items::Filter::States::All));
 }
 
 TEST_F(Refresh, AnAlertPassWithNothingDueLeavesEditorAndConnection) {
@@ -433,7 +433,7 @@ TEST_F(Refresh, AnAlertPassWithNothingDueLeavesEditorAndConnection) {
 }
 
 TEST_F(Refresh, AnAlertPassTakesNoWindowForTheUsersThatWasNeverShown) {
-    using mainwindow::frmTaskMain;
+    using windows::frmTaskMain;
     auto& hidden = stage.windows.Create<frmTaskMain>(stage.session);
     hidden.TaskAlert(1);
     hidden.Load();

@@ -1,9 +1,9 @@
-#include "mainwindow/advanced_search.h"
+#include "windows/main/advanced_search.h"
 
 #include "main_window_fixture.h"
 #include "reports/query_builder.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 class Search : public MainWindow {
@@ -36,7 +36,7 @@ class Search : public MainWindow {
 
 TEST_F(Search, WithoutAConditionListsEverything) {
     frmTaskMain& window = Open();
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_EQ(stage.NodeKeys(), "A1 Z1 Z2 B2 Z3 C3");
     const auto sent = stage.statements.Take();
     EXPECT_EQ(
@@ -48,22 +48,22 @@ TEST_F(Search, WithoutAConditionListsEverything) {
 TEST_F(Search, FindsItemsWhateverTheFilterSays) {
     frmTaskMain& window = Open();
     AskForTitle("合同");
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_NE(stage.Nodes().find("合同"), std::string::npos);
     EXPECT_EQ(stage.Nodes().find("报表"), std::string::npos);
     EXPECT_TRUE(stage.statements.Take().back().find(" Where a.taskTitle like '%合同%' Order by") !=
                 std::string::npos);
-    EXPECT_FALSE(window.cmdTaskOK.Enabled());
-    EXPECT_FALSE(window.cmdPrint.Enabled());
-    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_FALSE(window.commands.cmdTaskOK.Enabled());
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
+    EXPECT_EQ(window.model.currentId, 0);
 }
 
 TEST_F(Search, OfTheCardViewKeepsToVisits) {
     frmTaskMain& window = Open(kCardMode);
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_NE(stage.statements.Take().back().find(" Where a.fType=1 Order by"), std::string::npos);
     AskForTitle("合同");
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_NE(stage.statements.Take().back().find(
                   " Where a.taskTitle like '%合同%' And fType=1 Order by"),
               std::string::npos);
@@ -73,27 +73,27 @@ TEST_F(Search, ACancelLeavesTheTree) {
     frmTaskMain& window = Open();
     const std::string before = stage.Nodes();
     act = [this](reports::frmSeek& builder) { stage.user.Click(builder.cmdCancel); };
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_EQ(stage.Nodes(), before);
 }
 
 TEST_F(Search, BeginsWithTheConditionsOfTheSearchBefore) {
     frmTaskMain& window = Open();
     AskForTitle("合同");
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     act = [this](reports::frmSeek& builder) { stage.user.Click(builder.cmdCancel); };
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_EQ(shown, Lines{"主题 包含 [合同]"});
 }
 
 TEST_F(Search, FromThePlansComesBackToItems) {
     frmTaskMain& window = Open();
-    stage.user.Click(window.chkEvent);
-    stage.user.Choose(window.menus.mnuSeek2);
-    EXPECT_FALSE(window.chkEvent.Checked());
+    stage.user.Click(window.tree.chkEvent);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
+    EXPECT_FALSE(window.tree.chkEvent.Checked());
     EXPECT_EQ(stage.NodeKeys(), "A1 Z1 Z2 B2 Z3 C3");
-    EXPECT_TRUE(window.fraB3.OwnVisible());
-    EXPECT_EQ(window.state.currentType, kTask);
+    EXPECT_TRUE(window.filter.fraB3.OwnVisible());
+    EXPECT_EQ(window.model.currentKind, NodeKind::Task);
 }
 
 TEST_F(Search, OutlivesAHostThatClosesEverything) {
@@ -102,7 +102,7 @@ TEST_F(Search, OutlivesAHostThatClosesEverything) {
         Accept(builder);
         stage.windows.UnloadAll();
     };
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_TRUE(stage.windows.Windows().empty());
 }
 
@@ -110,10 +110,10 @@ TEST_F(Search, AStatementThatFailsIsToldAndTheTreeStays) {
     frmTaskMain& window = Open();
     const std::string before = stage.Nodes();
     stage.statements.failing = "select distinct";
-    stage.user.Choose(window.menus.mnuSeek2);
+    stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
     EXPECT_EQ(stage.Nodes(), before);
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

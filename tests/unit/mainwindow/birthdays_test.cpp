@@ -1,36 +1,9 @@
-#include "mainwindow/birthdays.h"
+#include "windows/main/birthday_panel.h"
 
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
-
-constexpr std::string_view kAnniversary =
-    "-'+Right('0'+Ltrim(Month(Birthday)),2)+'-'+Right('0'+Ltrim(Day(Birthday)),2)";
-
-std::string Anniversary(const std::string& year) {
-    return "'" + year + std::string(kAnniversary);
-}
-
-TEST(BirthdayStatement, ComparesThisYearsAnniversaryAsText) {
-    EXPECT_EQ(BirthdayStatement(DateTime(2003, 3, 7), DateTime(2003, 3, 12)),
-              "select CompCode,name,compname,Birthday,fID from cards Where (" +
-                  Anniversary("2003") + " >= '2003-03-07'   AND  " + Anniversary("2003") +
-                  " <= '2003-03-12')");
-}
-
-TEST(BirthdayStatement, RepeatsTheTestWithNextYearAcrossNewYear) {
-    EXPECT_EQ(BirthdayStatement(DateTime(2003, 12, 28), DateTime(2004, 1, 4)),
-              "select CompCode,name,compname,Birthday,fID from cards Where (" +
-                  Anniversary("2003") + " >= '2003-12-28'   AND  " + Anniversary("2003") +
-                  " <= '2004-01-04') Or (" + Anniversary("2004") + " >= '2003-12-28' AND " +
-                  Anniversary("2004") + " <= '2004-01-04')");
-}
-
-TEST(BirthdayStatement, TheLastDayOfTheYearIsNotAcrossNewYear) {
-    EXPECT_EQ(BirthdayStatement(DateTime(2003, 12, 24), DateTime(2003, 12, 31)).find(" Or "),
-              std::string::npos);
-}
 
 class BirthdayTest : public MainWindow {
  protected:
@@ -44,7 +17,7 @@ class BirthdayTest : public MainWindow {
         return window;
     }
     std::string Names() {
-        const forms::Grid& grid = stage.Window()->Grid1;
+        const forms::Grid& grid = stage.Window()->birthdays.Grid1;
         std::string names;
         for (int row = 1; row <= grid.DataRowCount(); row++) names += grid.Cell(row, 2);
         return names;
@@ -56,9 +29,9 @@ class BirthdayTest : public MainWindow {
     }
     std::string LeaveDays(const std::string& text) {
         frmTaskMain& window = *stage.Window();
-        stage.user.Type(window.txtBirthDay0, text);
-        stage.user.Leave(window.txtBirthDay0);
-        return window.txtBirthDay0.Text();
+        stage.user.Type(window.birthdays.txtBirthDay0, text);
+        stage.user.Leave(window.birthdays.txtBirthDay0);
+        return window.birthdays.txtBirthDay0.Text();
     }
 };
 
@@ -100,7 +73,7 @@ TEST_F(BirthdayTest, FillsTheColumnsOfTheGrid) {
     stage.Sql(
         "insert into cards(fID,CompCode,Name,CompName,Birthday) "
         "values(40000,'C9','王五','某公司','1970-03-07 08:30:00')");
-    const forms::Grid& grid = OpenAtCards().Grid1;
+    const forms::Grid& grid = OpenAtCards().birthdays.Grid1;
     NamesFor(DateTime(2003, 3, 7), 0);
     ASSERT_EQ(grid.DataRowCount(), 1);
     EXPECT_EQ(grid.Cell(1, 1), "C9");
@@ -113,66 +86,66 @@ TEST_F(BirthdayTest, FillsTheColumnsOfTheGrid) {
 TEST_F(BirthdayTest, TickingShowsTheGridAndHidesTheCommands) {
     AddCard("a", "1970-03-09");
     frmTaskMain& window = OpenAtCards();
-    stage.user.Click(window.chkBirthDay0);
-    EXPECT_TRUE(window.Grid1.Visible());
-    EXPECT_EQ(window.lblBirthDay.Caption(), "客户生日报警 （今天 2003-03-07）");
+    stage.user.Click(window.birthdays.chkBirthDay0);
+    EXPECT_TRUE(window.birthdays.Grid1.Visible());
+    EXPECT_EQ(window.birthdays.lblBirthDay.Caption(), "客户生日报警 （今天 2003-03-07）");
     for (const forms::Control* button :
-         {&window.cmdSeek, &window.cmdAction[1], &window.cmdAction[2], &window.cmdAction[3],
-          &window.cmdTaskOK}) {
+         {&window.commands.cmdSeek, &window.commands.cmdAction[1], &window.commands.cmdAction[2], &window.commands.cmdAction[3],
+          &window.commands.cmdTaskOK}) {
         EXPECT_FALSE(button->OwnVisible()) << button->Name();
     }
-    EXPECT_TRUE(window.cmdAction[0].OwnVisible());
-    stage.user.Click(window.chkBirthDay0);
-    EXPECT_FALSE(window.Grid1.Visible());
-    EXPECT_EQ(window.lblBirthDay.Caption(), "（今天 2003-03-07）");
+    EXPECT_TRUE(window.commands.cmdAction[0].OwnVisible());
+    stage.user.Click(window.birthdays.chkBirthDay0);
+    EXPECT_FALSE(window.birthdays.Grid1.Visible());
+    EXPECT_EQ(window.birthdays.lblBirthDay.Caption(), "（今天 2003-03-07）");
     for (const forms::Control* button :
-         {&window.cmdSeek, &window.cmdAction[1], &window.cmdAction[2], &window.cmdAction[3],
-          &window.cmdTaskOK}) {
+         {&window.commands.cmdSeek, &window.commands.cmdAction[1], &window.commands.cmdAction[2], &window.commands.cmdAction[3],
+          &window.commands.cmdTaskOK}) {
         EXPECT_TRUE(button->OwnVisible()) << button->Name();
     }
 }
 
 TEST_F(BirthdayTest, WithoutAnyItTellsAndSwitchesItselfOff) {
     frmTaskMain& window = OpenAtCards();
-    stage.user.Click(window.chkBirthDay0);
+    stage.user.Click(window.birthdays.chkBirthDay0);
     EXPECT_EQ(stage.dialogs.messages, Lines{"64|今天未有[客户生日报警] （提前5天）！"});
-    EXPECT_EQ(window.chkBirthDay0.Value(), 0);
-    EXPECT_FALSE(window.Grid1.Visible());
-    EXPECT_EQ(window.lblBirthDay.Caption(), "（今天 2003-03-07）");
+    EXPECT_EQ(window.birthdays.chkBirthDay0.Value(), 0);
+    EXPECT_FALSE(window.birthdays.Grid1.Visible());
+    EXPECT_EQ(window.birthdays.lblBirthDay.Caption(), "（今天 2003-03-07）");
 }
 
 TEST_F(BirthdayTest, AtStartUpItSwitchesItselfOffWithoutAWord) {
     stage.settings.values["zvTask.StartupBirthDay"] = "7";
     frmTaskMain& window = Open();
     EXPECT_TRUE(stage.dialogs.messages.empty());
-    EXPECT_EQ(window.chkBirthDay0.Value(), 0);
-    EXPECT_EQ(window.chkBirthDay.Value(), 1);
-    EXPECT_EQ(window.txtBirthDay0.Text(), "7");
+    EXPECT_EQ(window.birthdays.chkBirthDay0.Value(), 0);
+    EXPECT_EQ(window.options.chkBirthDay.Value(), 1);
+    EXPECT_EQ(window.birthdays.txtBirthDay0.Text(), "7");
 }
 
 TEST_F(BirthdayTest, AFailingQueryLeavesItOff) {
     AddCard("a", "1970-03-09");
     frmTaskMain& window = OpenAtCards();
     stage.statements.failing = "from cards";
-    stage.user.Click(window.chkBirthDay0);
+    stage.user.Click(window.birthdays.chkBirthDay0);
     EXPECT_EQ(stage.dialogs.messages, Lines{"16|from cards"});
-    EXPECT_EQ(window.chkBirthDay0.Value(), 0);
-    EXPECT_FALSE(window.Grid1.OwnVisible());
-    EXPECT_TRUE(window.cmdSeek.OwnVisible());
-    EXPECT_EQ(window.Grid1.DataRowCount(), 0);
+    EXPECT_EQ(window.birthdays.chkBirthDay0.Value(), 0);
+    EXPECT_FALSE(window.birthdays.Grid1.OwnVisible());
+    EXPECT_TRUE(window.commands.cmdSeek.OwnVisible());
+    EXPECT_EQ(window.birthdays.Grid1.DataRowCount(), 0);
 }
 
 TEST_F(BirthdayTest, AnotherModeFillsAReminderAnewOrSwitchesItOff) {
     AddCard("a", "1970-03-09");
     stage.settings.values["zvTask.StartupBirthDay"] = "7";
     frmTaskMain& window = Open(kAlertMode + 1);
-    EXPECT_EQ(window.chkBirthDay0.Value(), 1);
+    EXPECT_EQ(window.birthdays.chkBirthDay0.Value(), 1);
     EXPECT_EQ(stage.Refresh(kCardMode), 0);
-    EXPECT_EQ(window.chkBirthDay0.Value(), 0);
-    EXPECT_TRUE(window.cmdTaskOK.OwnVisible());
+    EXPECT_EQ(window.birthdays.chkBirthDay0.Value(), 0);
+    EXPECT_TRUE(window.commands.cmdTaskOK.OwnVisible());
     EXPECT_EQ(stage.Refresh(kManagerMode), 0);
-    EXPECT_EQ(window.chkBirthDay0.Value(), 1);
-    EXPECT_EQ(window.lblBirthDay.Caption(), "客户生日报警 （今天 2003-03-07）");
+    EXPECT_EQ(window.birthdays.chkBirthDay0.Value(), 1);
+    EXPECT_EQ(window.birthdays.lblBirthDay.Caption(), "客户生日报警 （今天 2003-03-07）");
 }
 
 TEST_F(BirthdayTest, ABirthdayThatIsNoDateEndsNothing) {
@@ -180,11 +153,11 @@ TEST_F(BirthdayTest, ABirthdayThatIsNoDateEndsNothing) {
         "insert into cards(CompCode,Name,Birthday) values"
         "('A','坏','1970-03-08 99:00:00'),('B','好','1970-03-09 00:00:00')");
     frmTaskMain& window = OpenAtCards();
-    stage.user.Click(window.chkBirthDay0);
+    stage.user.Click(window.birthdays.chkBirthDay0);
     EXPECT_TRUE(stage.dialogs.messages.empty());
-    EXPECT_TRUE(window.chkBirthDay0.Checked());
+    EXPECT_TRUE(window.birthdays.chkBirthDay0.Checked());
     std::string names;
-    for (int row = 1; row <= window.Grid1.DataRowCount(); row++) names += window.Grid1.Cell(row, 2);
+    for (int row = 1; row <= window.birthdays.Grid1.DataRowCount(); row++) names += window.birthdays.Grid1.Cell(row, 2);
     EXPECT_NE(names.find("好"), std::string::npos);
 }
 
@@ -192,8 +165,8 @@ TEST_F(BirthdayTest, TheListEndsWithTheCalendar) {
     stage.Sql("insert into cards(CompCode,Name,Birthday) values('A','除夕','1970-12-31 00:00:00')");
     frmTaskMain& window = OpenAtCards();
     stage.clock.now = DateTime(9999, 12, 30, 9, 0);
-    stage.user.Click(window.chkBirthDay0);
-    EXPECT_EQ(window.Grid1.DataRowCount(), 1);
+    stage.user.Click(window.birthdays.chkBirthDay0);
+    EXPECT_EQ(window.birthdays.Grid1.DataRowCount(), 1);
     EXPECT_TRUE(stage.dialogs.messages.empty());
 }
 
@@ -212,7 +185,7 @@ TEST_F(BirthdayTest, TheDayBoxKeepsItsLastCountInPlaceOfAnInvalidOne) {
     LeaveDays("9");
     for (const char* text : {"-1", "abc", "", "1 2", "３"}) EXPECT_EQ(LeaveDays(text), "9") << text;
     EXPECT_TRUE(stage.dialogs.messages.empty());
-    stage.Window()->txtBirthDay0.SetText("-3");
+    stage.Window()->birthdays.txtBirthDay0.SetText("-3");
     EXPECT_EQ(LeaveDays("x"), "0");
 }
 
@@ -220,17 +193,17 @@ TEST_F(BirthdayTest, ADayCountBeyondSixteenBitsIsAnOverflow) {
     frmTaskMain& window = OpenAtCards();
     EXPECT_EQ(LeaveDays("99999"), "5");
     EXPECT_EQ(stage.dialogs.messages, Lines{"16|数值溢出"});
-    EXPECT_TRUE(window.txtBirthDay0.HasFocus());
-    stage.user.Leave(window.txtBirthDay0);
-    EXPECT_FALSE(window.txtBirthDay0.HasFocus());
+    EXPECT_TRUE(window.birthdays.txtBirthDay0.HasFocus());
+    stage.user.Leave(window.birthdays.txtBirthDay0);
+    EXPECT_FALSE(window.birthdays.txtBirthDay0.HasFocus());
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
 }
 
 TEST_F(BirthdayTest, EnterInTheDayBoxMovesOn) {
     frmTaskMain& window = OpenAtCards();
-    stage.user.Key(window.txtBirthDay0, forms::key::kEnter);
-    EXPECT_FALSE(window.txtBirthDay0.HasFocus());
+    stage.user.Key(window.birthdays.txtBirthDay0, forms::key::kEnter);
+    EXPECT_FALSE(window.birthdays.txtBirthDay0.HasFocus());
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

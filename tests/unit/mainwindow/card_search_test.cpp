@@ -1,8 +1,8 @@
-#include "mainwindow/card_search.h"
+#include "windows/main/card_panel.h"
 
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 class CardSearchTest : public MainWindow {
@@ -17,9 +17,9 @@ class CardSearchTest : public MainWindow {
     void Find(const std::string& text) {
         frmTaskMain& window = *stage.Window();
         ShowTab(kCardTab);
-        stage.user.Type(window.txtCompSeek, text);
+        stage.user.Type(window.cards.txtCompSeek, text);
         stage.statements.Take();
-        stage.user.Key(window.txtCompSeek, forms::key::kEnter);
+        stage.user.Key(window.cards.txtCompSeek, forms::key::kEnter);
     }
     static constexpr const char* kSelect =
         "select fID,CompCode,compname,name,telphone,homephone,handphone,fax,"
@@ -35,7 +35,7 @@ TEST_F(CardSearchTest, TheExactCodeFirst) {
     EXPECT_EQ(sent[1], kSelect + std::string("CompCode = 'C5' Order by compname,name"));
     EXPECT_TRUE(sent[2].ends_with(" from cards where fID=5"));
     EXPECT_EQ(stage.session.state.cardId, 5);
-    EXPECT_TRUE(window.cboComp2.HasFocus());
+    EXPECT_TRUE(window.cards.cboComp2.HasFocus());
     EXPECT_TRUE(stage.dialogs.messages.empty());
 }
 
@@ -46,7 +46,7 @@ TEST_F(CardSearchTest, APartOfTheCodeOrTheNameOtherwise) {
               kSelect + std::string(
                             "(CompCode like '%公司%' or CompName like '%公司%') And CompName <> ''"
                             " Order by compname,name"));
-    EXPECT_EQ(window.cboComp2.ListCount(), 2);
+    EXPECT_EQ(window.cards.cboComp2.ListCount(), 2);
     Find("bet");
     EXPECT_EQ(stage.session.state.cardId, 7);
 }
@@ -54,11 +54,11 @@ TEST_F(CardSearchTest, APartOfTheCodeOrTheNameOtherwise) {
 TEST_F(CardSearchTest, TheTextBecomesCapitals) {
     frmTaskMain& window = Open();
     Find("zzz");
-    EXPECT_EQ(window.txtCompSeek.Text(), "");
+    EXPECT_EQ(window.cards.txtCompSeek.Text(), "");
     EXPECT_TRUE(stage.dialogs.messages == Lines{"64|未有符合条件的客户资料！"});
-    stage.user.Type(window.txtCompSeek, "it's");
-    stage.user.Key(window.txtCompSeek, forms::key::kEnter);
-    EXPECT_EQ(window.txtCompSeek.Text(), "IT'S");
+    stage.user.Type(window.cards.txtCompSeek, "it's");
+    stage.user.Key(window.cards.txtCompSeek, forms::key::kEnter);
+    EXPECT_EQ(window.cards.txtCompSeek.Text(), "IT'S");
 }
 
 TEST_F(CardSearchTest, NothingFoundLeavesTheListEmptyAndNoCard) {
@@ -66,9 +66,9 @@ TEST_F(CardSearchTest, NothingFoundLeavesTheListEmptyAndNoCard) {
     Find("C5");
     Find("nobody");
     EXPECT_EQ(stage.dialogs.messages, Lines{"64|未有符合条件的客户资料！"});
-    EXPECT_EQ(window.cboComp2.ListCount(), 0);
+    EXPECT_EQ(window.cards.cboComp2.ListCount(), 0);
     EXPECT_EQ(stage.session.state.cardId, 0);
-    EXPECT_EQ(window.txtAdd2.Text(), "");
+    EXPECT_EQ(window.cards.txtAdd2.Text(), "");
 }
 
 TEST_F(CardSearchTest, TheCardBoxNarrowsEveryFilter) {
@@ -86,8 +86,8 @@ TEST_F(CardSearchTest, AnEmptyTextAndOtherKeysSearchNothing) {
     frmTaskMain& window = Open();
     Find("");
     EXPECT_TRUE(stage.statements.Take().empty());
-    stage.user.Type(window.txtCompSeek, "C5");
-    stage.user.Key(window.txtCompSeek, forms::key::kDown);
+    stage.user.Type(window.cards.txtCompSeek, "C5");
+    stage.user.Key(window.cards.txtCompSeek, forms::key::kDown);
     EXPECT_TRUE(stage.statements.Take().empty());
 }
 
@@ -96,8 +96,8 @@ TEST_F(CardSearchTest, AQuoteIsRefused) {
     Find("' or '1'='1");
     EXPECT_TRUE(stage.statements.Take().empty());
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|文本错误: 文本中不可含有<引号>或<单引号> !"});
-    EXPECT_TRUE(window.txtCompSeek.HasFocus());
-    EXPECT_EQ(window.txtCompSeek.SelLength(), 11);
+    EXPECT_TRUE(window.cards.txtCompSeek.HasFocus());
+    EXPECT_EQ(window.cards.txtCompSeek.SelLength(), 11);
 }
 
 TEST_F(CardSearchTest, ACountThatFailsWidensTheSearch) {
@@ -115,20 +115,20 @@ TEST_F(CardSearchTest, AFailingSearchKeepsTheListAndTellsWhy) {
     Find("X");
     EXPECT_EQ(stage.dialogs.messages, Lines{"16|Order by compname"});
     EXPECT_EQ(stage.session.state.cardId, 6);
-    EXPECT_EQ(window.cboComp2.ListCount(), 1);
-    EXPECT_EQ(window.txtCompSeek.Text(), "X");
+    EXPECT_EQ(window.cards.cboComp2.ListCount(), 1);
+    EXPECT_EQ(window.cards.txtCompSeek.Text(), "X");
 }
 
 TEST_F(CardSearchTest, ACardThatCannotBeReadLeavesNoForeignAddresses) {
     stage.Sql("update cards set telphone='111' where fID=5");
     frmTaskMain& window = Open();
     Find("C5");
-    EXPECT_EQ(window.txtTel[0].Text(), "111");
+    EXPECT_EQ(window.cards.txtTel[0].Text(), "111");
     stage.statements.failing = "from cards where fID=6";
     Find("C55");
-    EXPECT_EQ(window.txtTel[0].Text(), "");
+    EXPECT_EQ(window.cards.txtTel[0].Text(), "");
     EXPECT_EQ(stage.session.state.cardId, 0);
-    EXPECT_EQ(window.cboComp2.ListIndex(), -1);
+    EXPECT_EQ(window.cards.cboComp2.ListIndex(), -1);
 }
 
 TEST_F(CardSearchTest, TheAddressIsJoinedFromItsParts) {
@@ -136,9 +136,9 @@ TEST_F(CardSearchTest, TheAddressIsJoinedFromItsParts) {
     stage.Sql("update cards set CompAdd='二路' where fID=6");
     frmTaskMain& window = Open();
     Find("C5");
-    EXPECT_EQ(window.txtAdd2.Text(), "广东广州,一路");
+    EXPECT_EQ(window.cards.txtAdd2.Text(), "广东广州,一路");
     Find("C55");
-    EXPECT_EQ(window.txtAdd2.Text(), "二路");
+    EXPECT_EQ(window.cards.txtAdd2.Text(), "二路");
 }
 
 TEST_F(CardSearchTest, ShowingNoCardReadsNothing) {
@@ -147,7 +147,7 @@ TEST_F(CardSearchTest, ShowingNoCardReadsNothing) {
     stage.statements.Take();
     window.cards.ShowCard(0);
     EXPECT_TRUE(stage.statements.Take().empty());
-    EXPECT_EQ(window.txtCompSeek.Text(), "C5");
+    EXPECT_EQ(window.cards.txtCompSeek.Text(), "C5");
 }
 
 TEST_F(CardSearchTest, MissingNegativeAndLargeCardsEmptyTheDetail) {
@@ -155,8 +155,8 @@ TEST_F(CardSearchTest, MissingNegativeAndLargeCardsEmptyTheDetail) {
     for (const std::int32_t card : {-5, 99999, 2147483647}) {
         Find("C5");
         window.cards.ShowCard(card);
-        EXPECT_EQ(window.txtCompSeek.Text(), "") << card;
-        EXPECT_EQ(window.cboComp2.ListIndex(), -1) << card;
+        EXPECT_EQ(window.cards.txtCompSeek.Text(), "") << card;
+        EXPECT_EQ(window.cards.cboComp2.ListIndex(), -1) << card;
         EXPECT_EQ(stage.session.state.cardId, 0) << card;
     }
 }
@@ -165,9 +165,9 @@ TEST_F(CardSearchTest, ACardShownIntoAnEmptyListBecomesItsEntry) {
     stage.Sql("insert into cards(fID,CompName) values(70000,'')");
     frmTaskMain& window = Open();
     window.cards.ShowCard(70000);
-    ASSERT_EQ(window.cboComp2.ListCount(), 1);
-    EXPECT_TRUE(window.cboComp2.List(0).starts_with("（空） "));
-    EXPECT_EQ(CardPanel::EntryId(window.cboComp2.List(0)), 70000);
+    ASSERT_EQ(window.cards.cboComp2.ListCount(), 1);
+    EXPECT_TRUE(window.cards.cboComp2.List(0).starts_with("（空） "));
+    EXPECT_EQ(CardPanel::EntryId(window.cards.cboComp2.List(0)), 70000);
 }
 
 TEST(CardEntry, HidesTheIdBehindEightyCharacters) {
@@ -179,4 +179,4 @@ TEST(CardEntry, HidesTheIdBehindEightyCharacters) {
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

@@ -1,6 +1,6 @@
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 using forms::Answer;
@@ -23,22 +23,22 @@ class CompletionTest : public MainWindow {
         stage.session.state.myPower.at(position - 1) = '1';
     }
     std::string ImageOf(const std::string& key) {
-        const forms::TreeView& tree = stage.Window()->tvwTask;
+        const forms::TreeView& tree = stage.Window()->tree.tvwTask;
         return tree.Image(tree.Find(key));
     }
 };
 
 TEST_F(CompletionTest, DoneIsOneStatementAndTheTreeIsNotRefilled) {
     frmTaskMain& window = OpenAt(kNotDone);
-    const int node = window.tvwTask.Find("Z1");
+    const int node = window.tree.tvwTask.Find("Z1");
     stage.dialogs.answers = {Answer::Ok};
     stage.windows.FromUser([&] { window.completion.SetItemState(0); });
     EXPECT_EQ(stage.statements.Take(),
               Lines{"Update tTaskList Set tDone=1,tDoneMan = '张三' where fID =1"});
     EXPECT_EQ(stage.dialogs.messages, Lines{"33|确认: 您已经完成了任务 [报表] ?"});
-    EXPECT_EQ(window.tvwTask.Find("Z1"), node);
+    EXPECT_EQ(window.tree.tvwTask.Find("Z1"), node);
     EXPECT_EQ(ImageOf("Z1"), "task4");
-    EXPECT_EQ(window.cboDone2.ListIndex(), kDone);
+    EXPECT_EQ(window.item.cboDone2.ListIndex(), kDone);
 }
 
 TEST_F(CompletionTest, AnyOtherModeTakesInHand) {
@@ -49,7 +49,7 @@ TEST_F(CompletionTest, AnyOtherModeTakesInHand) {
               Lines{"Update tTaskList Set tDone=2,tDoneMan = '张三' where fID =1"});
     EXPECT_EQ(stage.dialogs.messages, Lines{"33|任务办理中: [报表] ?"});
     EXPECT_EQ(ImageOf("Z1"), "task3");
-    EXPECT_EQ(window.cboDone2.ListIndex(), kInHand);
+    EXPECT_EQ(window.item.cboDone2.ListIndex(), kInHand);
 }
 
 TEST_F(CompletionTest, AStateThatIsShownAlreadyIsNotAskedAbout) {
@@ -65,7 +65,7 @@ TEST_F(CompletionTest, CancelChangesNothing) {
     stage.windows.FromUser([&] { window.completion.SetItemState(0); });
     EXPECT_TRUE(stage.statements.Take().empty());
     EXPECT_EQ(ImageOf("Z1"), "task3");
-    EXPECT_EQ(window.cboDone2.ListIndex(), kInHand);
+    EXPECT_EQ(window.item.cboDone2.ListIndex(), kInHand);
 }
 
 TEST_F(CompletionTest, AFailingStatementChangesNothingThatIsShown) {
@@ -75,7 +75,7 @@ TEST_F(CompletionTest, AFailingStatementChangesNothingThatIsShown) {
     stage.windows.FromUser([&] { window.completion.SetItemState(0); });
     EXPECT_EQ(stage.dialogs.messages.back(), "16|Update tTaskList");
     EXPECT_EQ(ImageOf("Z1"), "task2");
-    EXPECT_EQ(window.cboDone2.ListIndex(), kNotDone);
+    EXPECT_EQ(window.item.cboDone2.ListIndex(), kNotDone);
 }
 
 TEST_F(CompletionTest, AnItemThatIsGoneIsTold) {
@@ -85,12 +85,12 @@ TEST_F(CompletionTest, AnItemThatIsGoneIsTold) {
     stage.windows.FromUser([&] { window.completion.SetItemState(0); });
     EXPECT_EQ(stage.dialogs.messages.back(), "48|任务未找到，请查证!");
     EXPECT_EQ(ImageOf("Z1"), "task2");
-    EXPECT_EQ(window.cboDone2.ListIndex(), kNotDone);
+    EXPECT_EQ(window.item.cboDone2.ListIndex(), kNotDone);
 }
 
 TEST_F(CompletionTest, ANewItemThatIsBeingEnteredIsNotTakenForTheSelectedOne) {
     frmTaskMain& window = OpenAt(kNotDone);
-    window.state.editMode = 1;
+    window.model.editMode = EditMode::Adding;
     stage.windows.FromUser([&] { window.completion.SetItemState(0); });
     EXPECT_TRUE(stage.dialogs.messages.empty());
     EXPECT_TRUE(stage.statements.Take().empty());
@@ -99,7 +99,7 @@ TEST_F(CompletionTest, ANewItemThatIsBeingEnteredIsNotTakenForTheSelectedOne) {
 TEST_F(CompletionTest, APlanIsNotTakenForAnItem) {
     frmTaskMain& window = OpenAt(kNotDone);
     stage.Sql("insert into tTaskSet(TaskID,taskTitle) values(1,'p')");
-    stage.user.Click(window.chkEvent);
+    stage.user.Click(window.tree.chkEvent);
     ClickNode("Z1");
     stage.statements.Take();
     stage.windows.FromUser([&] { window.completion.SetItemState(1); });
@@ -118,25 +118,25 @@ TEST_F(CompletionTest, TheButtonAsksForLevelFour) {
     AddModule(10, "mnuToolTask");
     frmTaskMain& window = OpenAt(kNotDone);
     Grant(13);
-    stage.user.Click(window.cmdTaskOK);
+    stage.user.Click(window.commands.cmdTaskOK);
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|您无权进行操作 ！"});
     Grant(14);
     stage.dialogs.answers = {Answer::Ok};
-    stage.user.Click(window.cmdTaskOK);
+    stage.user.Click(window.commands.cmdTaskOK);
     EXPECT_EQ(ImageOf("Z1"), "task4");
 }
 
 TEST_F(CompletionTest, TheMenuDropsJustBelowTheButton) {
     AddModule(20, "mnuZjComp");
     frmTaskMain& window = OpenAt(kNotDone);
-    stage.user.RightPress(window.cmdTaskOK);
+    stage.user.RightPress(window.commands.cmdTaskOK);
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|您无权进行操作 ！"});
     EXPECT_EQ(window.LastPopup(), "");
     Grant(24);
-    stage.user.RightPress(window.cmdTaskOK);
+    stage.user.RightPress(window.commands.cmdTaskOK);
     EXPECT_EQ(window.LastPopup(), "mnuDone");
-    const forms::Rect& bar = window.fraTop.Bounds();
-    const forms::Rect& button = window.cmdTaskOK.Bounds();
+    const forms::Rect& bar = window.commands.fraTop.Bounds();
+    const forms::Rect& button = window.commands.cmdTaskOK.Bounds();
     EXPECT_GT(button.left, 0);
     EXPECT_EQ(window.LastPopupAt(),
               (forms::Position{bar.left + button.left, bar.top + button.top + button.height}));
@@ -153,4 +153,4 @@ TEST_F(CompletionTest, ThreeCharactersOfTheInHandCaptionAreItsAccessKey) {
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

@@ -1,11 +1,11 @@
-#include "mainwindow/icons.h"
+#include "windows/main/icons.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <string>
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 TEST(TreeImages, HoldsEveryKeyOfTheTree) {
@@ -54,4 +54,4 @@ TEST(TreeImages, StatesDifferWithoutColour) {
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

@@ -1,8 +1,8 @@
-#include "mainwindow/item_actions.h"
+#include "windows/main/editing.h"
 
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 class Actions : public MainWindow {
@@ -25,10 +25,10 @@ class Actions : public MainWindow {
     std::string Count(const std::string& from = "tTaskList") {
         return stage.Query("select count(*) from " + from);
     }
-    void Press(int index) { stage.user.Click(stage.Window()->cmdAction[index]); }
+    void Press(int index) { stage.user.Click(stage.Window()->commands.cmdAction[index]); }
     frmTaskMain& OpenPlans() {
         frmTaskMain& window = Open();
-        stage.user.Click(window.chkEvent);
+        stage.user.Click(window.tree.chkEvent);
         stage.statements.Take();
         return window;
     }
@@ -43,7 +43,7 @@ TEST_F(Actions, EveryButtonAsksTheGateWithItsIndexAsTheLevel) {
         stage.dialogs.messages.clear();
         Press(index);
         EXPECT_EQ(stage.dialogs.messages, Lines{"48|您无权进行操作 ！"}) << index;
-        EXPECT_EQ(window.state.editMode, kNoEdit);
+        EXPECT_EQ(window.model.editMode, EditMode::None);
     }
     EXPECT_EQ(Count(), "4");
 }
@@ -55,7 +55,7 @@ TEST_F(Actions, TheCardModeAsksForAnotherModule) {
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|您无权进行操作 ！"});
     stage.session.state.myPower = std::string(350, '1');
     Press(1);
-    EXPECT_EQ(window.state.editMode, kAdding);
+    EXPECT_EQ(window.model.editMode, EditMode::Adding);
 }
 
 TEST_F(Actions, AModuleThatIsNotRegisteredRefuses) {
@@ -69,9 +69,9 @@ TEST_F(Actions, MenuEntriesDoNotAskTheGate) {
     stage.session.state.myPower = std::string(350, '0');
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskChg);
-    EXPECT_EQ(window.state.editMode, kChanging);
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    EXPECT_EQ(window.model.editMode, EditMode::Changing);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_EQ(Count(), "3");
     for (const std::string& statement : stage.statements.Take()) {
         EXPECT_EQ(statement.find("tSysFunc"), std::string::npos);
@@ -84,13 +84,13 @@ TEST_F(Actions, ButtonsDispatchByTheKindInTheTree) {
     for (std::uint8_t kind = 0; kind < 3; kind++) {
         ClickNode(items[kind]);
         Press(1);
-        EXPECT_EQ(window.state.editMode, kAdding);
-        EXPECT_EQ(window.state.editedKind, kind);
+        EXPECT_EQ(window.model.editMode, EditMode::Adding);
+        EXPECT_EQ(Number(window.model.editedKind), kind);
         Press(0);
-        EXPECT_EQ(window.state.editMode, kNoEdit);
+        EXPECT_EQ(window.model.editMode, EditMode::None);
         Press(2);
-        EXPECT_EQ(window.state.editMode, kChanging);
-        EXPECT_EQ(window.state.editedKind, kind);
+        EXPECT_EQ(window.model.editMode, EditMode::Changing);
+        EXPECT_EQ(Number(window.model.editedKind), kind);
         Press(0);
     }
 }
@@ -100,123 +100,123 @@ TEST_F(Actions, TheSaveButtonNamesTheKindAndTheAction) {
     ClickNode("Z4");
     const auto caption = [&](forms::MenuItem& item) {
         stage.user.Choose(item);
-        return window.cmdSave.Caption();
+        return window.commands.cmdSave.Caption();
     };
-    EXPECT_EQ(caption(window.menus.mnuTaskAdd), "任务新增");
-    EXPECT_EQ(caption(window.menus.mnuGuestAdd), "客户新增");
-    EXPECT_EQ(caption(window.menus.mnuDailyAdd), "日志新增");
-    EXPECT_EQ(caption(window.menus.mnuTaskChg), "任务修改");
-    EXPECT_EQ(caption(window.menus.mnuGuestChg), "客户修改");
-    EXPECT_EQ(caption(window.menus.mnuDailyChg), "日志修改");
+    EXPECT_EQ(caption(window.commands.menus.mnuTaskAdd), "任务新增");
+    EXPECT_EQ(caption(window.commands.menus.mnuGuestAdd), "客户新增");
+    EXPECT_EQ(caption(window.commands.menus.mnuDailyAdd), "日志新增");
+    EXPECT_EQ(caption(window.commands.menus.mnuTaskChg), "任务修改");
+    EXPECT_EQ(caption(window.commands.menus.mnuGuestChg), "客户修改");
+    EXPECT_EQ(caption(window.commands.menus.mnuDailyChg), "日志修改");
     Press(0);
-    EXPECT_EQ(window.cmdSave.Caption(), "保存(&S)");
+    EXPECT_EQ(window.commands.cmdSave.Caption(), "保存(&S)");
     stage.session.state.Language = 1;
-    window.captions.Load();
-    EXPECT_EQ(caption(window.menus.mnuTaskAdd), "任務新增");
+    window.LoadCaptions();
+    EXPECT_EQ(caption(window.commands.menus.mnuTaskAdd), "任務新增");
 }
 
 TEST_F(Actions, AnAddBeginsEmpty) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuDailyAdd);
-    EXPECT_EQ(window.txtTitle2.Text() + window.cboJbr2.Text() + window.txtTaskCon.Text(), "");
-    EXPECT_EQ(window.txtUser2.Text(), "张三");
-    EXPECT_EQ(window.cboDone2.ListIndex(), kNotDone);
-    EXPECT_EQ(window.cboType2.ListIndex(), kDiary);
-    EXPECT_EQ(window.DTPicker2.Value(), stage.clock.now);
+    stage.user.Choose(window.commands.menus.mnuDailyAdd);
+    EXPECT_EQ(window.item.txtTitle2.Text() + window.item.cboJbr2.Text() + window.content.txtTaskCon.Text(), "");
+    EXPECT_EQ(window.item.txtUser2.Text(), "张三");
+    EXPECT_EQ(window.item.cboDone2.ListIndex(), kNotDone);
+    EXPECT_EQ(window.item.cboType2.ListIndex(), kDiary);
+    EXPECT_EQ(window.item.DTPicker2.Value(), stage.clock.now);
     // The plan of the task before is not that of the new item.
     EXPECT_EQ(stage.session.state.cardId, 0);
     EXPECT_EQ(window.SSTab1.Tab(), kItemTab);
-    stage.user.Choose(window.menus.mnuGuestAdd);
+    stage.user.Choose(window.commands.menus.mnuGuestAdd);
     EXPECT_EQ(window.SSTab1.Tab(), kCardTab);
 }
 
 TEST_F(Actions, AVisitInCardModeKeepsThePickedCard) {
     frmTaskMain& window = Open(kCardMode);
-    EXPECT_EQ(window.cboComp2.ListIndex(), 0);
-    stage.user.Choose(window.menus.mnuGuestAdd);
+    EXPECT_EQ(window.cards.cboComp2.ListIndex(), 0);
+    stage.user.Choose(window.commands.menus.mnuGuestAdd);
     EXPECT_EQ(stage.session.state.cardId, 5);
-    EXPECT_EQ(window.cboComp2.ListIndex(), 0);
+    EXPECT_EQ(window.cards.cboComp2.ListIndex(), 0);
 }
 
 TEST_F(Actions, AnAddPutsTheKeyboardWhereTheInputBegins) {
     frmTaskMain& window = Open();
-    stage.user.Choose(window.menus.mnuTaskAdd);
-    EXPECT_TRUE(window.txtTitle2.HasFocus());
-    stage.user.Choose(window.menus.mnuGuestAdd);
-    EXPECT_TRUE(window.txtCompSeek.HasFocus());
-    stage.user.Choose(window.menus.mnuDailyAdd);
-    EXPECT_TRUE(window.txtTitle2.HasFocus());
-    EXPECT_EQ(window.txtTitle2.Text(), "");
+    stage.user.Choose(window.commands.menus.mnuTaskAdd);
+    EXPECT_TRUE(window.item.txtTitle2.HasFocus());
+    stage.user.Choose(window.commands.menus.mnuGuestAdd);
+    EXPECT_TRUE(window.cards.txtCompSeek.HasFocus());
+    stage.user.Choose(window.commands.menus.mnuDailyAdd);
+    EXPECT_TRUE(window.item.txtTitle2.HasFocus());
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
 }
 
 TEST_F(Actions, AVisitInCardModeBeginsWithThePickedCard) {
     frmTaskMain& window = Open(kCardMode);
-    stage.user.Choose(window.menus.mnuGuestAdd);
-    EXPECT_TRUE(window.cboComp2.HasFocus());
-    stage.user.Leave(window.cboComp2);
-    EXPECT_EQ(window.txtTitle2.Text(), "某公司--拜访记录");
+    stage.user.Choose(window.commands.menus.mnuGuestAdd);
+    EXPECT_TRUE(window.cards.cboComp2.HasFocus());
+    stage.user.Leave(window.cards.cboComp2);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "某公司--拜访记录");
 }
 
 TEST_F(Actions, AnItemCanBeAddedWhilePlansAreShown) {
     frmTaskMain& window = OpenPlans();
     ClickNode("Z7");
-    EXPECT_FALSE(window.cboType2.Visible());
-    stage.user.Choose(window.menus.mnuTaskAdd);
-    EXPECT_TRUE(window.cboType2.Visible());
-    EXPECT_EQ(window.cboType2.ListIndex(), kTask);
-    stage.user.Type(window.txtTitle2, "新");
-    stage.user.Click(window.cmdSave);
+    EXPECT_FALSE(window.item.cboType2.Visible());
+    stage.user.Choose(window.commands.menus.mnuTaskAdd);
+    EXPECT_TRUE(window.item.cboType2.Visible());
+    EXPECT_EQ(window.item.cboType2.ListIndex(), kTask);
+    stage.user.Type(window.item.txtTitle2, "新");
+    stage.user.Click(window.commands.cmdSave);
     EXPECT_EQ(Count("tTaskList where taskTitle='新' and TaskID=0"), "1");
-    EXPECT_EQ(window.state.currentType, kPlan);
+    EXPECT_EQ(window.model.currentKind, NodeKind::Plan);
 }
 
 TEST_F(Actions, AGuestChangeNeedsAnItemAndTheOthersDoNot) {
     frmTaskMain& window = Open();
     ClickNode("B2");
-    stage.user.Choose(window.menus.mnuGuestChg);
-    EXPECT_EQ(window.state.editMode, kNoEdit);
-    EXPECT_TRUE(window.txtTitle2.Locked());
+    stage.user.Choose(window.commands.menus.mnuGuestChg);
+    EXPECT_EQ(window.model.editMode, EditMode::None);
+    EXPECT_TRUE(window.item.txtTitle2.Locked());
     Press(2);
-    EXPECT_EQ(window.state.editMode, kNoEdit);
-    stage.user.Choose(window.menus.mnuDailyChg);
-    EXPECT_EQ(window.state.editMode, kChanging);
-    EXPECT_EQ(window.state.editedKind, kDiary);
+    EXPECT_EQ(window.model.editMode, EditMode::None);
+    stage.user.Choose(window.commands.menus.mnuDailyChg);
+    EXPECT_EQ(window.model.editMode, EditMode::Changing);
+    EXPECT_EQ(window.model.editedKind, items::ItemKind::Diary);
 }
 
 TEST_F(Actions, AChangeAfterAnAddStartsFromTheStoredItem) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskAdd);
-    stage.user.Type(window.txtTitle2, "新的");
-    stage.user.Choose(window.menus.mnuTaskChg);
-    EXPECT_EQ(window.txtTitle2.Text(), "甲");
+    stage.user.Choose(window.commands.menus.mnuTaskAdd);
+    stage.user.Type(window.item.txtTitle2, "新的");
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "甲");
 }
 
 TEST_F(Actions, CancelDropsTheInput) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskChg);
-    stage.user.Type(window.txtTitle2, "改了");
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    stage.user.Type(window.item.txtTitle2, "改了");
     Press(0);
-    EXPECT_EQ(window.txtTitle2.Text(), "甲");
-    EXPECT_TRUE(window.txtTitle2.Locked());
-    EXPECT_EQ(window.state.editMode, kNoEdit);
-    EXPECT_EQ(window.state.currentItemId, 1);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "甲");
+    EXPECT_TRUE(window.item.txtTitle2.Locked());
+    EXPECT_EQ(window.model.editMode, EditMode::None);
+    EXPECT_EQ(window.model.currentId, 1);
 }
 
 TEST_F(Actions, CancelWithoutANodeClearsTheEditor) {
     stage.Sql("delete from tTaskList");
     frmTaskMain& window = Open();
-    for (int kind = 0; kind < 3; kind++) window.chkType[kind].SetValue(0);
+    for (int kind = 0; kind < 3; kind++) window.filter.chkType[kind].SetValue(0);
     ShowTab(kFilterTab);
-    stage.user.Click(window.cmdSeek);
-    ASSERT_EQ(window.tvwTask.Count(), 0);
-    stage.user.Choose(window.menus.mnuTaskAdd);
-    stage.user.Type(window.txtTitle2, "新的");
+    stage.user.Click(window.commands.cmdSeek);
+    ASSERT_EQ(window.tree.tvwTask.Count(), 0);
+    stage.user.Choose(window.commands.menus.mnuTaskAdd);
+    stage.user.Type(window.item.txtTitle2, "新的");
     Press(0);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
-    EXPECT_TRUE(window.txtTitle2.Locked());
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
+    EXPECT_TRUE(window.item.txtTitle2.Locked());
 }
 
 TEST_F(Actions, DeletingAnItemAsksAndRemovesItsNode) {
@@ -224,30 +224,30 @@ TEST_F(Actions, DeletingAnItemAsksAndRemovesItsNode) {
     ClickNode("Z1");
     stage.statements.Take();
     stage.dialogs.answers = {forms::Answer::Ok};
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_EQ(stage.dialogs.messages, Lines{"49|[甲]: 是否删除 ?"});
     // The next item is shown; the list is not read again.
     EXPECT_EQ(stage.statements.Take(),
               (Lines{"Delete from tTaskList where fID =1", "select * from tTaskList where fID=2"}));
     EXPECT_EQ(stage.NodeKeys(), "A1 Z2 B2 Z4 C3 Z3");
-    EXPECT_EQ(window.state.currentItemId, 2);
-    EXPECT_EQ(window.txtTitle2.Text(), "乙");
-    EXPECT_EQ(window.state.editMode, kNoEdit);
+    EXPECT_EQ(window.model.currentId, 2);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "乙");
+    EXPECT_EQ(window.model.editMode, EditMode::None);
 }
 
 TEST_F(Actions, TheGuestEntryDeletesTheVisitAndLeavesItsCard) {
     frmTaskMain& window = Open();
     ClickNode("Z4");
     stage.statements.Take();
-    stage.user.Choose(window.menus.mnuGuestDel);
+    stage.user.Choose(window.commands.menus.mnuGuestDel);
     EXPECT_EQ(stage.dialogs.messages, Lines{"49|[丁]: 是否删除 ?"});
     EXPECT_EQ(stage.statements.Take()[0], "Delete from tTaskList where fID =4");
     EXPECT_EQ(Count("tTaskList where fID=4"), "0");
     EXPECT_EQ(Count("cards"), "1");
-    EXPECT_EQ(window.tvwTask.Find("Z4"), forms::TreeView::kNone);
+    EXPECT_EQ(window.tree.tvwTask.Find("Z4"), forms::TreeView::kNone);
     // Nothing is left of the visit, so there is nothing to ask about either.
     ClickNode("B2");
-    stage.user.Choose(window.menus.mnuGuestDel);
+    stage.user.Choose(window.commands.menus.mnuGuestDel);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
 }
 
@@ -256,17 +256,17 @@ TEST_F(Actions, ADeleteCalledOffRunsNothing) {
     ClickNode("Z1");
     stage.statements.Take();
     stage.dialogs.answers = {forms::Answer::Cancel};
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_TRUE(stage.statements.Take().empty());
     EXPECT_EQ(Count(), "4");
-    EXPECT_NE(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
+    EXPECT_NE(window.tree.tvwTask.Find("Z1"), forms::TreeView::kNone);
 }
 
 TEST_F(Actions, NothingSelectedDeletesNothing) {
     frmTaskMain& window = Open();
     ClickNode("A1");
     Press(3);
-    stage.user.Choose(window.menus.mnuDailyDel);
+    stage.user.Choose(window.commands.menus.mnuDailyDel);
     EXPECT_TRUE(stage.dialogs.messages.empty());
     EXPECT_EQ(Count(), "4");
 }
@@ -274,13 +274,13 @@ TEST_F(Actions, NothingSelectedDeletesNothing) {
 TEST_F(Actions, TheLastItemOfAGroupLeavesTheGroup) {
     frmTaskMain& window = Open();
     ClickNode("Z3");
-    stage.user.Choose(window.menus.mnuDailyDel);
+    stage.user.Choose(window.commands.menus.mnuDailyDel);
     EXPECT_EQ(stage.NodeKeys(), "A1 Z2 Z1 B2 Z4 C3");
-    EXPECT_EQ(window.tvwTask.Key(window.tvwTask.Selected()), "C3");
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.state.currentType, kDiary);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
-    EXPECT_FALSE(window.cmdPrint.Enabled());
+    EXPECT_EQ(window.tree.tvwTask.Key(window.tree.tvwTask.Selected()), "C3");
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.model.currentKind, NodeKind::Diary);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
 }
 
 TEST_F(Actions, DeletingAPlanDeletesItsItemsOfEveryStateFirst) {
@@ -288,7 +288,7 @@ TEST_F(Actions, DeletingAPlanDeletesItsItemsOfEveryStateFirst) {
     frmTaskMain& window = OpenPlans();
     ClickNode("Z7");
     stage.statements.Take();
-    stage.user.Choose(window.menus.mnuEventDel);
+    stage.user.Choose(window.commands.menus.mnuEventDel);
     EXPECT_EQ(stage.dialogs.messages,
               Lines{"49|是否删除管理事件: "
                     "[计划]\r如果确定,同时将会删除该项任务的所有已完成和未完成的计划 !?"});
@@ -300,7 +300,7 @@ TEST_F(Actions, DeletingAPlanDeletesItsItemsOfEveryStateFirst) {
     EXPECT_EQ(Count(), "2");
     EXPECT_EQ(Count("tTaskSet"), "1");
     EXPECT_EQ(stage.NodeKeys(), "E0 Z8");
-    EXPECT_EQ(window.state.currentItemId, 8);
+    EXPECT_EQ(window.model.currentId, 8);
 }
 
 TEST_F(Actions, DeletingAPlanLeavesAVisitThatIsEnteredWhileTheQuestionStands) {
@@ -309,7 +309,7 @@ TEST_F(Actions, DeletingAPlanLeavesAVisitThatIsEnteredWhileTheQuestionStands) {
     stage.dialogs.onMessage = [this](const std::string&) {
         stage.Sql("insert into tTaskList(fType,TaskID,taskTitle,tDone) values(1,7,'拜访',0)");
     };
-    stage.user.Choose(window.menus.mnuEventDel);
+    stage.user.Choose(window.commands.menus.mnuEventDel);
     EXPECT_EQ(stage.Query("select group_concat(taskTitle) from tTaskList where TaskID=7"), "拜访");
     EXPECT_EQ(Count("tTaskSet"), "1");
 }
@@ -318,10 +318,10 @@ TEST_F(Actions, ItemEntriesDoNotTouchPlansNorPlanEntriesItems) {
     stage.Sql("insert into tTaskSet(TaskID,taskTitle) values(1,'一')");
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuEventDel);
-    stage.user.Click(window.chkEvent);
+    stage.user.Choose(window.commands.menus.mnuEventDel);
+    stage.user.Click(window.tree.chkEvent);
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_TRUE(stage.dialogs.messages.empty());
     EXPECT_EQ(Count(), "4");
     EXPECT_EQ(Count("tTaskSet"), "3");
@@ -331,55 +331,55 @@ TEST_F(Actions, AFailingDeleteKeepsTheNode) {
     frmTaskMain& window = OpenPlans();
     ClickNode("Z7");
     stage.statements.failing = "from tTaskSet where taskID =7";
-    stage.user.Choose(window.menus.mnuEventDel);
+    stage.user.Choose(window.commands.menus.mnuEventDel);
     EXPECT_EQ(stage.dialogs.messages.back(), "16|from tTaskSet where taskID =7");
-    EXPECT_NE(window.tvwTask.Find("Z7"), forms::TreeView::kNone);
+    EXPECT_NE(window.tree.tvwTask.Find("Z7"), forms::TreeView::kNone);
     EXPECT_EQ(Count("tTaskSet"), "2");
-    EXPECT_EQ(window.txtTitle2.Text(), "计划");
+    EXPECT_EQ(window.item.txtTitle2.Text(), "计划");
 }
 
 TEST_F(Actions, TheDeleteButtonLeavesItsModeUntilTheNextAction) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     Press(3);
-    EXPECT_EQ(window.state.editMode, kDeleting);
-    EXPECT_FALSE(window.state.Editing());
+    EXPECT_EQ(window.model.editMode, EditMode::Deleting);
+    EXPECT_FALSE(window.model.Editing());
     Press(0);
-    EXPECT_EQ(window.state.editMode, kNoEdit);
+    EXPECT_EQ(window.model.editMode, EditMode::None);
 }
 
 TEST_F(Actions, AnAddGoesOnProposingTitlesAfterADeleteCalledOff) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuGuestAdd);
+    stage.user.Choose(window.commands.menus.mnuGuestAdd);
     stage.dialogs.answers = {forms::Answer::Cancel};
     Press(3);
-    EXPECT_EQ(window.state.editMode, kDeleting);
-    stage.user.Pick(window.cboComp2, 0);
+    EXPECT_EQ(window.model.editMode, EditMode::Deleting);
+    stage.user.Pick(window.cards.cboComp2, 0);
     window.cards.cboComp2_LostFocus();
-    EXPECT_EQ(window.txtTitle2.Text(), "某公司--拜访记录");
+    EXPECT_EQ(window.item.txtTitle2.Text(), "某公司--拜访记录");
 }
 
 TEST_F(Actions, CustomersThatCannotBeReadBeginNoVisit) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     stage.statements.failing = "from cards";
-    stage.user.Choose(window.menus.mnuGuestAdd);
-    EXPECT_EQ(window.state.editMode, kNoEdit);
-    EXPECT_TRUE(window.txtTitle2.Locked());
-    EXPECT_EQ(window.txtTitle2.Text(), "甲");
-    EXPECT_EQ(window.state.currentItemId, 1);
+    stage.user.Choose(window.commands.menus.mnuGuestAdd);
+    EXPECT_EQ(window.model.editMode, EditMode::None);
+    EXPECT_TRUE(window.item.txtTitle2.Locked());
+    EXPECT_EQ(window.item.txtTitle2.Text(), "甲");
+    EXPECT_EQ(window.model.currentId, 1);
 }
 
 TEST_F(Actions, ADeleteCalledOffDuringAnAddDoesNotTurnItIntoAChange) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskAdd);
-    stage.user.Type(window.txtTitle2, "新");
+    stage.user.Choose(window.commands.menus.mnuTaskAdd);
+    stage.user.Type(window.item.txtTitle2, "新");
     stage.dialogs.answers = {forms::Answer::Cancel};
     Press(3);
-    EXPECT_TRUE(window.state.Editing());
-    stage.user.Click(window.cmdSave);
+    EXPECT_TRUE(window.model.Editing());
+    stage.user.Click(window.commands.cmdSave);
     EXPECT_EQ(stage.dialogs.messages.back(), "0|[新]: 新增完毕 ！");
     EXPECT_EQ(Count(), "5");
     EXPECT_EQ(Count("tTaskList where taskTitle='甲'"), "1");
@@ -388,17 +388,17 @@ TEST_F(Actions, ADeleteCalledOffDuringAnAddDoesNotTurnItIntoAChange) {
 TEST_F(Actions, TheQuestionNamesWhatIsDeletedAlsoDuringAnAdd) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskAdd);
-    stage.user.Type(window.txtTitle2, "新");
+    stage.user.Choose(window.commands.menus.mnuTaskAdd);
+    stage.user.Type(window.item.txtTitle2, "新");
     stage.dialogs.answers = {forms::Answer::Ok};
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_EQ(stage.dialogs.messages, Lines{"49|[甲]: 是否删除 ?"});
     EXPECT_EQ(Count("tTaskList where taskTitle='甲'"), "0");
     // While one is changed it is the title that the box shows.
-    stage.user.Choose(window.menus.mnuTaskChg);
-    stage.user.Type(window.txtTitle2, "改");
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    stage.user.Type(window.item.txtTitle2, "改");
     stage.dialogs.answers = {forms::Answer::Cancel};
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_EQ(stage.dialogs.messages.back(), "49|[改]: 是否删除 ?");
 }
 
@@ -406,15 +406,15 @@ TEST_F(Actions, DeletingWhatAnotherUserDeletedRemovesItsNode) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     stage.Sql("delete from tTaskList where fID=1");
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_EQ(stage.dialogs.messages, Lines{"49|[甲]: 是否删除 ?"});
-    EXPECT_EQ(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
-    EXPECT_EQ(window.txtTitle2.Text(), "乙");
-    stage.user.Click(window.chkEvent);
+    EXPECT_EQ(window.tree.tvwTask.Find("Z1"), forms::TreeView::kNone);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "乙");
+    stage.user.Click(window.tree.chkEvent);
     ClickNode("Z7");
     stage.Sql("delete from tTaskSet where TaskID=7");
-    stage.user.Choose(window.menus.mnuEventDel);
-    EXPECT_EQ(window.tvwTask.Find("Z7"), forms::TreeView::kNone);
+    stage.user.Choose(window.commands.menus.mnuEventDel);
+    EXPECT_EQ(window.tree.tvwTask.Find("Z7"), forms::TreeView::kNone);
     EXPECT_EQ(stage.dialogs.messages.size(), 2u);
 }
 
@@ -422,13 +422,13 @@ TEST_F(Actions, ANextItemThatCannotBeShownLeavesTheEditorEmpty) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     stage.statements.failing = "where fID=2";
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_EQ(stage.dialogs.messages.back(), "16|where fID=2");
     EXPECT_EQ(Count("tTaskList where fID=1"), "0");
-    EXPECT_EQ(window.tvwTask.Find("Z1"), forms::TreeView::kNone);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
+    EXPECT_EQ(window.tree.tvwTask.Find("Z1"), forms::TreeView::kNone);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
     // Nothing is current, so nothing can be deleted by mistake.
-    stage.user.Choose(window.menus.mnuTaskDel);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
     EXPECT_EQ(stage.dialogs.messages.size(), 2u);
     EXPECT_EQ(Count("tTaskList where fID=2"), "1");
 }
@@ -437,27 +437,27 @@ TEST_F(Actions, AFailingFirstStatementDeletesNothingOfAPlan) {
     frmTaskMain& window = OpenPlans();
     ClickNode("Z7");
     stage.statements.failing = "Delete from tTaskList";
-    stage.user.Choose(window.menus.mnuEventDel);
+    stage.user.Choose(window.commands.menus.mnuEventDel);
     EXPECT_EQ(stage.dialogs.messages.back(), "16|Delete from tTaskList");
     EXPECT_EQ(Count("tTaskList where TaskID=7"), "2");
     EXPECT_EQ(Count("tTaskSet where TaskID=7"), "1");
-    EXPECT_NE(window.tvwTask.Find("Z7"), forms::TreeView::kNone);
-    EXPECT_EQ(window.txtTitle2.Text(), "计划");
+    EXPECT_NE(window.tree.tvwTask.Find("Z7"), forms::TreeView::kNone);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "计划");
 }
 
 TEST_F(Actions, AGateThatCannotBeAskedGrantsNothing) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskChg);
-    stage.user.Type(window.txtTitle2, "未存");
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    stage.user.Type(window.item.txtTitle2, "未存");
     stage.statements.failing = "tSysFunc";
     for (int index = 0; index < 4; index++) {
         stage.dialogs.messages.clear();
         Press(index);
         ASSERT_EQ(stage.dialogs.messages.size(), 1u) << index;
         EXPECT_TRUE(stage.dialogs.messages[0].starts_with("16|")) << stage.dialogs.messages[0];
-        EXPECT_EQ(window.state.editMode, kChanging);
-        EXPECT_EQ(window.txtTitle2.Text(), "未存");
+        EXPECT_EQ(window.model.editMode, EditMode::Changing);
+        EXPECT_EQ(window.item.txtTitle2.Text(), "未存");
     }
     EXPECT_EQ(Count(), "4");
 }
@@ -465,26 +465,26 @@ TEST_F(Actions, AGateThatCannotBeAskedGrantsNothing) {
 TEST_F(Actions, ADeleteFromTheButtonEndsTheEditOfTheItem) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskChg);
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
     Press(3);
-    EXPECT_TRUE(window.txtTitle2.Locked());
-    EXPECT_FALSE(window.cmdSave.Enabled());
-    EXPECT_EQ(window.txtTitle2.Text(), "乙");
+    EXPECT_TRUE(window.item.txtTitle2.Locked());
+    EXPECT_FALSE(window.commands.cmdSave.Enabled());
+    EXPECT_EQ(window.item.txtTitle2.Text(), "乙");
 }
 
 TEST_F(Actions, DeletingTheLastNodeClearsTheEditor) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     // The others are gone with the groups that hold them.
-    for (const char* key : {"B2", "C3"}) window.tvwTask.Remove(window.tvwTask.Find(key));
-    window.tvwTask.Remove(window.tvwTask.Find("A1"));
-    const int root = window.tvwTask.Add(forms::TreeView::kNone, "Z1", "x", "task2");
-    window.tvwTask.Select(root);
-    stage.user.Choose(window.menus.mnuTaskDel);
-    EXPECT_EQ(window.tvwTask.Count(), 0);
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
+    for (const char* key : {"B2", "C3"}) window.tree.tvwTask.Remove(window.tree.tvwTask.Find(key));
+    window.tree.tvwTask.Remove(window.tree.tvwTask.Find("A1"));
+    const int root = window.tree.tvwTask.Add(forms::TreeView::kNone, "Z1", "x", "task2");
+    window.tree.tvwTask.Select(root);
+    stage.user.Choose(window.commands.menus.mnuTaskDel);
+    EXPECT_EQ(window.tree.tvwTask.Count(), 0);
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

@@ -1,8 +1,8 @@
-#include "mainwindow/item_editor.h"
+#include "windows/main/item_view.h"
 
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 class Editor : public MainWindow {
@@ -22,39 +22,39 @@ class Editor : public MainWindow {
 TEST_F(Editor, IsLockedUntilAnAddOrAChange) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    EXPECT_TRUE(window.txtTitle2.Locked());
-    EXPECT_TRUE(window.cboJbr2.Locked());
-    EXPECT_TRUE(window.txtTaskCon.Locked());
-    for (int i = 0; i < 6; i++) EXPECT_TRUE(window.txtOther[i].Locked());
-    EXPECT_FALSE(window.DTPicker2.Enabled());
-    EXPECT_FALSE(window.cboType2.Enabled());
-    EXPECT_FALSE(window.cboDone2.Enabled());
-    EXPECT_FALSE(window.cmdSave.Enabled());
-    stage.user.Choose(window.menus.mnuTaskChg);
-    EXPECT_FALSE(window.txtTitle2.Locked());
-    EXPECT_FALSE(window.cboJbr2.Locked());
-    EXPECT_FALSE(window.txtTaskCon.Locked());
-    for (int i = 0; i < 6; i++) EXPECT_FALSE(window.txtOther[i].Locked());
-    EXPECT_TRUE(window.DTPicker2.Enabled());
-    EXPECT_TRUE(window.cboType2.Enabled());
-    EXPECT_TRUE(window.cboDone2.Enabled());
-    EXPECT_TRUE(window.cmdSave.Enabled());
-    EXPECT_TRUE(window.txtUser2.Locked());
+    EXPECT_TRUE(window.item.txtTitle2.Locked());
+    EXPECT_TRUE(window.item.cboJbr2.Locked());
+    EXPECT_TRUE(window.content.txtTaskCon.Locked());
+    for (int i = 0; i < 6; i++) EXPECT_TRUE(window.content.txtOther[i].Locked());
+    EXPECT_FALSE(window.item.DTPicker2.Enabled());
+    EXPECT_FALSE(window.item.cboType2.Enabled());
+    EXPECT_FALSE(window.item.cboDone2.Enabled());
+    EXPECT_FALSE(window.commands.cmdSave.Enabled());
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    EXPECT_FALSE(window.item.txtTitle2.Locked());
+    EXPECT_FALSE(window.item.cboJbr2.Locked());
+    EXPECT_FALSE(window.content.txtTaskCon.Locked());
+    for (int i = 0; i < 6; i++) EXPECT_FALSE(window.content.txtOther[i].Locked());
+    EXPECT_TRUE(window.item.DTPicker2.Enabled());
+    EXPECT_TRUE(window.item.cboType2.Enabled());
+    EXPECT_TRUE(window.item.cboDone2.Enabled());
+    EXPECT_TRUE(window.commands.cmdSave.Enabled());
+    EXPECT_TRUE(window.item.txtUser2.Locked());
 }
 
 TEST_F(Editor, ClearingSelectsTheFirstRowsAndTheKindInTheTree) {
     frmTaskMain& window = Open();
     ClickNode("Z3");
     ShowTab(kCardTab);
-    stage.user.Pick(window.cboWay, 2);
+    stage.user.Pick(window.cards.cboWay, 2);
     ClickNode("C3");
-    EXPECT_EQ(window.cboDone2.ListIndex(), kNotDone);
-    EXPECT_EQ(window.cboWay.ListIndex(), 0);
-    EXPECT_EQ(window.cboType2.ListIndex(), kDiary);
-    EXPECT_EQ(window.txtUser2.Text(), "张三");
-    EXPECT_EQ(window.cboComp2.ListIndex(), -1);
+    EXPECT_EQ(window.item.cboDone2.ListIndex(), kNotDone);
+    EXPECT_EQ(window.cards.cboWay.ListIndex(), 0);
+    EXPECT_EQ(window.item.cboType2.ListIndex(), kDiary);
+    EXPECT_EQ(window.item.txtUser2.Text(), "张三");
+    EXPECT_EQ(window.cards.cboComp2.ListIndex(), -1);
     EXPECT_EQ(stage.session.state.cardId, 0);
-    EXPECT_EQ(window.txtCompSeek.Text(), "");
+    EXPECT_EQ(window.cards.txtCompSeek.Text(), "");
 }
 
 TEST_F(Editor, AnItemWithoutADateShowsThePresentOne) {
@@ -63,14 +63,14 @@ TEST_F(Editor, AnItemWithoutADateShowsThePresentOne) {
     ClickNode("Z1");
     stage.clock.now = DateTime(2003, 3, 7, 11, 0);
     ClickNode("Z2");
-    EXPECT_EQ(window.DTPicker2.Value(), DateTime(2003, 3, 7, 11, 0));
+    EXPECT_EQ(window.item.DTPicker2.Value(), DateTime(2003, 3, 7, 11, 0));
 }
 
 TEST_F(Editor, MissingValuesShowAsEmptyTexts) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    EXPECT_EQ(window.cboJbr2.Text() + window.txtUser2.Text() + window.cboWay.Text() +
-                  window.txtName2.Text() + window.txtOther[3].Text(),
+    EXPECT_EQ(window.item.cboJbr2.Text() + window.item.txtUser2.Text() + window.cards.cboWay.Text() +
+                  window.cards.txtName2.Text() + window.content.txtOther[3].Text(),
               "");
 }
 
@@ -80,14 +80,14 @@ TEST_F(Editor, AFailedLoadLeavesNeitherHalfAnItemNorTheOneBefore) {
     stage.statements.failing = "where fID=2";
     ClickNode("Z2");
     EXPECT_EQ(stage.dialogs.messages, Lines{"16|where fID=2"});
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
-    EXPECT_FALSE(window.editor.RowAsRead());
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
+    EXPECT_FALSE(window.view.RowAsRead());
     // With a value that the editor cannot show the same.
     stage.statements.failing.clear();
     stage.Sql("update tTaskList set TaskID=99999999999 where fID=2");
     ClickNode("Z2");
-    EXPECT_EQ(window.state.currentItemId, 0);
+    EXPECT_EQ(window.model.currentId, 0);
     EXPECT_EQ(stage.dialogs.messages.size(), 2u);
 }
 
@@ -96,55 +96,55 @@ TEST_F(Editor, APlanThatIsGoneOrCannotBeReadLeavesNotTheOneBefore) {
         "insert into tTaskSet(TaskID,taskTitle) values(7,'计划');"
         "insert into tTaskSet(TaskID,taskTitle) values(8,'另一')");
     frmTaskMain& window = Open();
-    stage.user.Click(window.chkEvent);
+    stage.user.Click(window.tree.chkEvent);
     ClickNode("Z7");
-    EXPECT_EQ(window.txtTitle2.Text(), "计划");
+    EXPECT_EQ(window.item.txtTitle2.Text(), "计划");
     stage.statements.failing = "where taskID=8";
     ClickNode("Z8");
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
     stage.statements.failing.clear();
     ClickNode("Z7");
     stage.Sql("delete from tTaskSet where TaskID=8");
     ClickNode("Z8");
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
-    stage.user.Choose(window.menus.mnuEventDel);
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
+    stage.user.Choose(window.commands.menus.mnuEventDel);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
 }
 
 TEST_F(Editor, RemembersTheRowAsRead) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    ASSERT_TRUE(window.editor.RowAsRead());
-    EXPECT_EQ((*window.editor.RowAsRead())[ItemFieldIndex("taskTitle")], store::Value("甲"));
-    window.editor.NoteStored("tDone", 1);
-    EXPECT_EQ((*window.editor.RowAsRead())[ItemFieldIndex("tDone")], store::Value(1));
+    ASSERT_TRUE(window.view.RowAsRead());
+    EXPECT_EQ((*window.view.RowAsRead())[items::field::kTitle], store::Value("甲"));
+    window.view.NoteStored(items::field::kState, 1);
+    EXPECT_EQ((*window.view.RowAsRead())[items::field::kState], store::Value(1));
     ClickNode("A1");
-    EXPECT_FALSE(window.editor.RowAsRead());
-    window.editor.NoteStored("tDone", 1);
-    EXPECT_FALSE(window.editor.RowAsRead());
+    EXPECT_FALSE(window.view.RowAsRead());
+    window.view.NoteStored(items::field::kState, 1);
+    EXPECT_FALSE(window.view.RowAsRead());
 }
 
 TEST_F(Editor, ATaskThatBecomesAVisitNeedsACardOfItsOwn) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     EXPECT_EQ(stage.session.state.cardId, 7);
-    stage.user.Choose(window.menus.mnuTaskChg);
-    stage.user.Pick(window.cboType2, kGuest);
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    stage.user.Pick(window.item.cboType2, kGuest);
     EXPECT_EQ(stage.session.state.cardId, 0);
     // And back it belongs to its plan again.
-    stage.user.Pick(window.cboType2, kTask);
+    stage.user.Pick(window.item.cboType2, kTask);
     EXPECT_EQ(stage.session.state.cardId, 7);
 }
 
 TEST_F(Editor, AVisitThatBecomesADiaryEntryLosesItsCard) {
     frmTaskMain& window = Open();
     ClickNode("Z3");
-    stage.user.Choose(window.menus.mnuGuestChg);
-    stage.user.Pick(window.cboType2, kDiary);
+    stage.user.Choose(window.commands.menus.mnuGuestChg);
+    stage.user.Pick(window.item.cboType2, kDiary);
     EXPECT_EQ(stage.session.state.cardId, 0);
-    stage.user.Pick(window.cboType2, kGuest);
+    stage.user.Pick(window.item.cboType2, kGuest);
     EXPECT_EQ(stage.session.state.cardId, 5);
 }
 
@@ -156,15 +156,15 @@ TEST_F(Editor, AVisitWithoutACardShowsNothingOfTheCardBefore) {
                   " where taskTitle='无客户'");
         frmTaskMain& window = Open();
         ClickNode("Z3");
-        EXPECT_EQ(window.txtTel[0].Text(), "111");
+        EXPECT_EQ(window.cards.txtTel[0].Text(), "111");
         stage.dialogs.messages.clear();
         ClickNode("Z4");
         EXPECT_EQ(stage.dialogs.messages, Lines{"48|该客户资料不存在！"}) << card;
-        EXPECT_EQ(window.cboComp2.ListIndex(), -1);
-        EXPECT_EQ(window.txtTel[0].Text(), "");
-        EXPECT_EQ(window.txtAdd2.Text(), "");
-        EXPECT_EQ(window.txtName2.Text(), "客人");
-        EXPECT_EQ(window.txtTitle2.Text(), "无客户");
+        EXPECT_EQ(window.cards.cboComp2.ListIndex(), -1);
+        EXPECT_EQ(window.cards.txtTel[0].Text(), "");
+        EXPECT_EQ(window.cards.txtAdd2.Text(), "");
+        EXPECT_EQ(window.cards.txtName2.Text(), "客人");
+        EXPECT_EQ(window.item.txtTitle2.Text(), "无客户");
         window.Unload();
     }
 }
@@ -177,12 +177,12 @@ TEST_F(Editor, AVisitWhoseCardCannotBeReadIsNotShownInHalf) {
         stage.statements.failing = statement;
         ClickNode("Z3");
         EXPECT_EQ(stage.dialogs.messages, Lines{std::string("16|") + statement});
-        EXPECT_EQ(window.txtTitle2.Text(), "");
-        EXPECT_EQ(window.state.currentItemId, 0);
-        EXPECT_FALSE(window.editor.RowAsRead());
+        EXPECT_EQ(window.item.txtTitle2.Text(), "");
+        EXPECT_EQ(window.model.currentId, 0);
+        EXPECT_FALSE(window.view.RowAsRead());
         stage.statements.failing.clear();
         ClickNode("Z3");
-        EXPECT_EQ(window.txtTitle2.Text(), "拜访");
+        EXPECT_EQ(window.item.txtTitle2.Text(), "拜访");
         EXPECT_EQ(stage.session.state.cardId, 5);
     }
 }
@@ -192,42 +192,42 @@ TEST_F(Editor, AnOwnerBeyondThirtyTwoBitsIsAnOverflow) {
     frmTaskMain& window = Open();
     ClickNode("Z3");
     EXPECT_EQ(stage.dialogs.messages, Lines{"16|数值溢出"});
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
 }
 
 TEST_F(Editor, EnterMovesOnInItsFields) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskChg);
-    stage.user.Key(window.txtTitle2, forms::key::kEnter);
-    EXPECT_FALSE(window.txtTitle2.HasFocus());
-    stage.user.Key(window.txtOther[0], forms::key::kEnter);
-    EXPECT_TRUE(window.txtOther[1].HasFocus());
-    window.txtTitle2.SetFocus();
-    EXPECT_EQ(window.txtTitle2.SelLength(), 1);
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    stage.user.Key(window.item.txtTitle2, forms::key::kEnter);
+    EXPECT_FALSE(window.item.txtTitle2.HasFocus());
+    stage.user.Key(window.content.txtOther[0], forms::key::kEnter);
+    EXPECT_TRUE(window.content.txtOther[1].HasFocus());
+    window.item.txtTitle2.SetFocus();
+    EXPECT_EQ(window.item.txtTitle2.SelLength(), 1);
 }
 
 TEST_F(Editor, LeavingTheCustomerProposesTheTitleWhileAVisitIsEdited) {
     frmTaskMain& window = Open();
     ClickNode("Z3");
-    stage.user.Leave(window.cboComp2);
-    EXPECT_EQ(window.txtTitle2.Text(), "拜访");
-    stage.user.Choose(window.menus.mnuGuestChg);
-    stage.user.Leave(window.cboComp2);
-    EXPECT_EQ(window.txtTitle2.Text(), "某公司--拜访记录");
-    stage.user.Pick(window.cboComp2, -1);
-    stage.user.Type(window.txtTitle2, "自己写的");
-    stage.user.Leave(window.cboComp2);
-    EXPECT_EQ(window.txtTitle2.Text(), "自己写的");
+    stage.user.Leave(window.cards.cboComp2);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "拜访");
+    stage.user.Choose(window.commands.menus.mnuGuestChg);
+    stage.user.Leave(window.cards.cboComp2);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "某公司--拜访记录");
+    stage.user.Pick(window.cards.cboComp2, -1);
+    stage.user.Type(window.item.txtTitle2, "自己写的");
+    stage.user.Leave(window.cards.cboComp2);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "自己写的");
 }
 
 TEST_F(Editor, EnterInTheCustomerMovesToTheTitle) {
     frmTaskMain& window = Open();
     ClickNode("Z3");
-    stage.user.Key(window.cboComp2, forms::key::kEnter);
-    EXPECT_TRUE(window.txtTitle2.HasFocus());
+    stage.user.Key(window.cards.cboComp2, forms::key::kEnter);
+    EXPECT_TRUE(window.item.txtTitle2.HasFocus());
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

@@ -1,6 +1,6 @@
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 class ItemListTest : public MainWindow {};
@@ -25,7 +25,7 @@ TEST_F(ItemListTest, GroupsAreNumberedAsTheyAreMade) {
     frmTaskMain& window = Open();
     EXPECT_EQ(stage.NodeKeys(), "C1 Z1 A2 B3");
     ShowTab(kFilterTab);
-    stage.user.Click(window.chkType[1]);
+    stage.user.Click(window.filter.chkType[1]);
     EXPECT_EQ(stage.NodeKeys(), "C1 Z1 A2");
 }
 
@@ -33,7 +33,7 @@ TEST_F(ItemListTest, RowsOfDiaryOnlyWithoutTheirBoxLeaveNothing) {
     AddItem(2, "日记");
     frmTaskMain& window = Open();
     ShowTab(kFilterTab);
-    stage.user.Click(window.chkType[2]);
+    stage.user.Click(window.filter.chkType[2]);
     EXPECT_EQ(stage.Nodes(), "A1||task1|任务\nB2||guest1|客户拜访");
 }
 
@@ -51,18 +51,18 @@ TEST_F(ItemListTest, AFillSelectsTheFirstNodeAndForgetsTheItem) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    EXPECT_EQ(window.state.currentItemId, 1);
-    stage.user.Click(window.cmdSeek);
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.tvwTask.Key(window.tvwTask.Selected()), "A1");
-    EXPECT_EQ(window.txtTitle2.Text(), "");
-    EXPECT_TRUE(window.tvwTask.Expanded(window.tvwTask.Find("A1")));
+    EXPECT_EQ(window.model.currentId, 1);
+    stage.user.Click(window.commands.cmdSeek);
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.tree.tvwTask.Key(window.tree.tvwTask.Selected()), "A1");
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
+    EXPECT_TRUE(window.tree.tvwTask.Expanded(window.tree.tvwTask.Find("A1")));
 }
 
 TEST_F(ItemListTest, TheOrderListHasThreeOrders) {
     frmTaskMain& window = Open();
     const auto order = [&](int row) {
-        stage.user.Pick(window.cboOrder, row);
+        stage.user.Pick(window.tree.cboOrder, row);
         const auto sent = stage.statements.Take();
         return sent.empty() ? "" : sent[0].substr(sent[0].find(" Order by"));
     };
@@ -75,7 +75,7 @@ TEST_F(ItemListTest, TheOrderListHasThreeOrders) {
 TEST_F(ItemListTest, AWhereTextFromElsewhereIsQualifiedAndGetsItsWord) {
     frmTaskMain& window = Open();
     const auto where = [&](const std::string& text) {
-        window.list.LoadItemList(text);
+        window.listing.LoadItemList(text);
         const std::string sql = stage.statements.Take().at(0);
         const auto begin = sql.find("tTaskList a ") + 12;
         return sql.substr(begin, sql.find(" Order by") - begin);
@@ -130,11 +130,11 @@ TEST_F(ItemListTest, ARepeatedItemEndsTheFillAndKeepsTheNodesMade) {
         "create view tTaskList as select fID,TaskID,taskTitle||n as taskTitle,fContent,"
         "taskTime,tDuring1,tDuring2,tDone,tDoneMan,fUser,fType,fGuest from stored,twice");
     stage.session.database.Close();
-    stage.user.Click(window.cmdSeek);
+    stage.user.Click(window.commands.cmdSeek);
     EXPECT_EQ(stage.NodeKeys(), "A1 Z1");
     ASSERT_EQ(stage.dialogs.messages.size(), 1u);
     EXPECT_TRUE(stage.dialogs.messages[0].starts_with("48|有记录无法显示\r\n集合中的键不唯一"));
-    EXPECT_EQ(window.tvwTask.Key(window.tvwTask.Selected()), "A1");
+    EXPECT_EQ(window.tree.tvwTask.Key(window.tree.tvwTask.Selected()), "A1");
 }
 
 TEST_F(ItemListTest, AFailingQueryLeavesTheTreeAndIsTold) {
@@ -142,31 +142,31 @@ TEST_F(ItemListTest, AFailingQueryLeavesTheTreeAndIsTold) {
     frmTaskMain& window = Open();
     const std::string before = stage.Nodes();
     stage.statements.failing = "tTaskList";
-    stage.user.Click(window.cmdSeek);
+    stage.user.Click(window.commands.cmdSeek);
     EXPECT_EQ(stage.Nodes(), before);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
     stage.statements.failing.clear();
-    stage.user.Click(window.cmdSeek);
+    stage.user.Click(window.commands.cmdSeek);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
 }
 
 TEST_F(ItemListTest, ThePlanListAlwaysHasItsRoot) {
     frmTaskMain& window = Open();
-    stage.user.Click(window.chkEvent);
+    stage.user.Click(window.tree.chkEvent);
     EXPECT_EQ(stage.statements.Take(),
               Lines{"select distinct taskID as fID,taskTitle,DoneMan from tTaskSet Order by "
                     "taskTitle"});
     EXPECT_EQ(stage.Nodes(), "E0||event1|管理事件");
-    EXPECT_EQ(window.state.currentType, kPlan);
+    EXPECT_EQ(window.model.currentKind, NodeKind::Plan);
 }
 
 TEST_F(ItemListTest, PlansStandUnderTheRootAsNotCompletable) {
     stage.Sql("insert into tTaskSet(TaskID,taskTitle) values(7,'乙'),(3,'丙')");
     frmTaskMain& window = Open();
-    stage.user.Click(window.chkEvent);
+    stage.user.Click(window.tree.chkEvent);
     EXPECT_NE(stage.Nodes().find("Z7|E0|event4|乙"), std::string::npos);
     EXPECT_NE(stage.Nodes().find("Z3|E0|event4|丙"), std::string::npos);
-    EXPECT_TRUE(window.tvwTask.Expanded(window.tvwTask.Find("E0")));
+    EXPECT_TRUE(window.tree.tvwTask.Expanded(window.tree.tvwTask.Find("E0")));
 }
 
 TEST_F(ItemListTest, AHundredThousandItemsArrive) {
@@ -174,8 +174,8 @@ TEST_F(ItemListTest, AHundredThousandItemsArrive) {
         "with recursive n(i) as (select 1 union all select i+1 from n where i<100000) "
         "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2) select i%3,"
         "'项目'||i,'2003-03-07 00:00:00','2003-03-07 00:00:00','2003-03-07 00:00:00' from n");
-    EXPECT_EQ(Open().tvwTask.Count(), 100003);
+    EXPECT_EQ(Open().tree.tvwTask.Count(), 100003);
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

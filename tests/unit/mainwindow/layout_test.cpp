@@ -3,7 +3,7 @@
 
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 using forms::Control;
@@ -53,7 +53,7 @@ class Layout : public MainWindow {
         for (int tab = 0; tab < window.SSTab1.Tabs(); tab++) {
             window.SSTab1.SetTab(tab);
             for (int way = 0; way < 3; way++) {
-                window.cboWay.SetListIndex(way);
+                window.cards.cboWay.SetListIndex(way);
                 CheckShown(window);
             }
         }
@@ -120,20 +120,20 @@ TEST_F(Layout, FitsASmallScreen) {
 
 TEST_F(Layout, TheTreeTakesAShareOfTheWidth) {
     frmTaskMain& window = Open();
-    const int before = window.tvwTask.Bounds().width;
+    const int before = window.tree.tvwTask.Bounds().width;
     stage.user.Resize(window, {1300, 700});
-    EXPECT_GT(window.tvwTask.Bounds().width, before);
-    EXPECT_GT(window.SSTab1.Bounds().width, window.tvwTask.Bounds().width);
+    EXPECT_GT(window.tree.tvwTask.Bounds().width, before);
+    EXPECT_GT(window.SSTab1.Bounds().width, window.tree.tvwTask.Bounds().width);
 }
 
 TEST_F(Layout, TabOrderRunsFromTheTreeThroughTheEditorToTheButtons) {
     frmTaskMain& window = Open();
-    EXPECT_TRUE(window.tvwTask.HasFocus());
+    EXPECT_TRUE(window.tree.tvwTask.HasFocus());
     std::vector<std::string> order;
     for (int i = 0; i < 40; i++) {
         order.push_back(Name(*window.ActiveControl()));
         stage.user.Leave(*window.ActiveControl());
-        if (window.tvwTask.HasFocus()) break;
+        if (window.tree.tvwTask.HasFocus()) break;
     }
     EXPECT_EQ(order,
               (Lines{"tvwTask",      "cboOrder",     "chkEvent",     "txtTitle2",   "cboJbr2",
@@ -185,4 +185,4 @@ TEST_F(Layout, NoTwoCommandsShareAnAccessKey) {
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

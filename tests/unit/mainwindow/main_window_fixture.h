@@ -7,7 +7,15 @@
 
 #include "stage/stage.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
+
+// Rows of the lists of kinds and states.
+inline constexpr int kTask = Number(items::ItemKind::Task);
+inline constexpr int kGuest = Number(items::ItemKind::Guest);
+inline constexpr int kDiary = Number(items::ItemKind::Diary);
+inline constexpr int kNotDone = Number(items::ItemState::NotDone);
+inline constexpr int kDone = Number(items::ItemState::Done);
+inline constexpr int kInHand = Number(items::ItemState::InHand);
 
 class MainWindow : public testing::Test {
  protected:
@@ -24,7 +32,7 @@ class MainWindow : public testing::Test {
         stage.statements.Take();
         return *stage.Window();
     }
-    void ClickNode(const std::string& key) { stage.user.ClickNode(stage.Window()->tvwTask, key); }
+    void ClickNode(const std::string& key) { stage.user.ClickNode(stage.Window()->tree.tvwTask, key); }
     void ShowTab(int tab) { stage.user.SelectTab(stage.Window()->SSTab1, tab); }
 
     stage::Stage stage;
@@ -32,4 +40,4 @@ class MainWindow : public testing::Test {
 
 using Lines = std::vector<std::string>;
 
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

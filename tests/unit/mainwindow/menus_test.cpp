@@ -1,11 +1,11 @@
-#include "mainwindow/menus.h"
+#include "windows/main/menus.h"
 
 #include <functional>
 
 #include "main_window_fixture.h"
 #include "scheduling/plan_editor.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 class Menus : public MainWindow {
@@ -34,7 +34,7 @@ class Menus : public MainWindow {
 };
 
 TEST_F(Menus, EachKindHasItsEntries) {
-    const MainMenus& m = Open().menus;
+    const MainMenus& m = Open().commands.menus;
     EXPECT_EQ(Names(m.mnuTask),
               (Lines{"mnuTaskAdd", "mnuTaskChg", "mnuTaskDel", "mnuTaskDone0", "mnuTaskDone1"}));
     EXPECT_EQ(Names(m.mnuGuest), (Lines{"mnuGuestAdd", "mnuGuestChg", "mnuGuestDel",
@@ -61,11 +61,11 @@ TEST_F(Menus, EveryEntryHasACaptionInBothScripts) {
 TEST_F(Menus, EveryEntryOfAnItemOrAPlanActs) {
     frmTaskMain& window = Open();
     for (const bool plans : {false, true}) {
-        if (plans) stage.user.Click(window.chkEvent);
+        if (plans) stage.user.Click(window.tree.chkEvent);
         for (forms::MenuItem* entry : window.Menus()) {
             const forms::MenuItem* parent = entry->Parent();
-            if (!parent || entry->Caption() == "-" || entry == &window.menus.mnuImgClose) continue;
-            if (parent == &window.menus.mnuPrint || entry == &window.menus.mnuSeek2) continue;
+            if (!parent || entry->Caption() == "-" || entry == &window.commands.menus.mnuImgClose) continue;
+            if (parent == &window.commands.menus.mnuPrint || entry == &window.commands.menus.mnuSeek2) continue;
             ClickNode(plans ? "Z7" : "Z1");
             stage.dialogs.messages.clear();
             stage.dialogs.answers = {forms::Answer::Cancel};
@@ -86,4 +86,4 @@ TEST_F(Menus, EveryEntryOfAnItemOrAPlanActs) {
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

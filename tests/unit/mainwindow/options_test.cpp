@@ -2,15 +2,15 @@
 #include "store/schema/schema.h"
 #include "store/sqlite/sqlite_connection.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 class Options : public MainWindow {
  protected:
     Options() : window(Open()) { ShowTab(kOptionsTab); }
     void TypePath(const std::string& path) {
-        stage.user.Type(window.txtAccess, path);
-        stage.user.Leave(window.txtAccess);
+        stage.user.Type(window.options.txtAccess, path);
+        stage.user.Leave(window.options.txtAccess);
     }
     std::string Setting(const std::string& key) {
         const auto found = stage.settings.values.find("zvTask." + key);
@@ -20,32 +20,32 @@ class Options : public MainWindow {
 };
 
 TEST_F(Options, ShowTheStoreOfTheControl) {
-    EXPECT_TRUE(window.optAccess.Value());
-    EXPECT_FALSE(window.optSQL.Value());
-    EXPECT_TRUE(window.cmdAccess.Enabled());
-    EXPECT_TRUE(window.txtAccess.Enabled());
-    EXPECT_EQ(window.txtAccess.Text(), stage.Path("t.db"));
+    EXPECT_TRUE(window.options.optAccess.Value());
+    EXPECT_FALSE(window.options.optSQL.Value());
+    EXPECT_TRUE(window.options.cmdAccess.Enabled());
+    EXPECT_TRUE(window.options.txtAccess.Enabled());
+    EXPECT_EQ(window.options.txtAccess.Text(), stage.Path("t.db"));
 }
 
 TEST_F(Options, AServerTakesThePathAway) {
     stage.user.Close(window);
     stage.control.SetSQLData(1);
     frmTaskMain& other = Open();
-    EXPECT_TRUE(other.optSQL.Value());
-    EXPECT_FALSE(other.cmdAccess.Enabled());
-    EXPECT_FALSE(other.txtAccess.Enabled());
-    EXPECT_TRUE(other.txtAccess.Locked());
-    EXPECT_EQ(other.txtAccess.Text(), "");
-    EXPECT_EQ(other.txtAccess.tag, "");
+    EXPECT_TRUE(other.options.optSQL.Value());
+    EXPECT_FALSE(other.options.cmdAccess.Enabled());
+    EXPECT_FALSE(other.options.txtAccess.Enabled());
+    EXPECT_TRUE(other.options.txtAccess.Locked());
+    EXPECT_EQ(other.options.txtAccess.Text(), "");
+    EXPECT_EQ(other.options.txtAccess.tag, "");
 }
 
 TEST_F(Options, AServerChosenAtExitStoresNothing) {
     store::CreateSqliteDatabase(stage.Path("b.db"));
     stage.session.state.hostSQLData = 1;
     TypePath(stage.Path("b.db"));
-    stage.user.Click(window.optSQL);
-    EXPECT_EQ(window.txtAccess.Text(), "");
-    stage.user.Click(window.cmdExit);
+    stage.user.Click(window.options.optSQL);
+    EXPECT_EQ(window.options.txtAccess.Text(), "");
+    stage.user.Click(window.commands.cmdExit);
     EXPECT_EQ(Setting("DataPath"), "absent");
 }
 
@@ -56,14 +56,14 @@ TEST_F(Options, AKindThatCannotBeOpenedIsNotTaken) {
         return store::OpenSqlite(settings.dataPath.ForDriver());
     };
     stage.opener.open = refuse;
-    stage.user.Click(window.optSQL);
+    stage.user.Click(window.options.optSQL);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
     EXPECT_EQ(stage.session.state.SQLData, 0);
     EXPECT_EQ(stage.session.database.DateDelimiter(), '#');
     EXPECT_EQ(stage.Refresh(8), 0);
-    stage.user.Click(window.optAccess);
-    EXPECT_EQ(window.txtAccess.Text(), stage.Path("t.db"));
-    EXPECT_TRUE(window.txtAccess.Enabled());
+    stage.user.Click(window.options.optAccess);
+    EXPECT_EQ(window.options.txtAccess.Text(), stage.Path("t.db"));
+    EXPECT_TRUE(window.options.txtAccess.Enabled());
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
 }
 
@@ -76,12 +76,12 @@ TEST_F(Options, AFileIsNamedBeforeAServerIsLeftForIt) {
     stage.control.SetSQLData(1);
     frmTaskMain& other = Open();
     ShowTab(kOptionsTab);
-    stage.user.Click(other.optAccess);
-    EXPECT_EQ(other.txtAccess.Text(), "");
+    stage.user.Click(other.options.optAccess);
+    EXPECT_EQ(other.options.txtAccess.Text(), "");
     EXPECT_EQ(stage.session.state.SQLData, 1);
     EXPECT_TRUE(stage.dialogs.messages.empty());
-    stage.user.Type(other.txtAccess, stage.Path("t.db"));
-    stage.user.Leave(other.txtAccess);
+    stage.user.Type(other.options.txtAccess, stage.Path("t.db"));
+    stage.user.Leave(other.options.txtAccess);
     EXPECT_EQ(stage.session.state.SQLData, 0);
     EXPECT_EQ(stage.opener.last.kind, 0);
     EXPECT_EQ(stage.opener.last.dataPath.ForDriver(), stage.Path("t.db"));
@@ -90,7 +90,7 @@ TEST_F(Options, AFileIsNamedBeforeAServerIsLeftForIt) {
 TEST_F(Options, ARefusedPathIsNeverStored) {
     stage.settings.values["zvTask.DataPath"] = "before";
     TypePath(stage.Path("missing.mdb"));
-    stage.user.Click(window.cmdExit);
+    stage.user.Click(window.commands.cmdExit);
     EXPECT_EQ(Setting("DataPath"), "before");
 }
 
@@ -99,7 +99,7 @@ TEST_F(Options, AnAcceptedPathIsStoredWhicheverPageIsInFront) {
     TypePath(stage.Path("b.db"));
     TypePath(stage.Path("missing.mdb"));
     ShowTab(kItemTab);
-    stage.user.Click(window.cmdExit);
+    stage.user.Click(window.commands.cmdExit);
     EXPECT_EQ(Setting("DataPath"), stage.Path("b.db"));
 }
 
@@ -109,14 +109,14 @@ TEST_F(Options, AnEmptiedPathMeansTheHostsAgain) {
     stage.settings.values["zvTask.DataPath"] = stage.Path("b.db");
     frmTaskMain& other = Open();
     ShowTab(kOptionsTab);
-    EXPECT_EQ(other.txtAccess.Text(), stage.Path("b.db"));
-    stage.user.Type(other.txtAccess, "");
-    stage.user.Leave(other.txtAccess);
+    EXPECT_EQ(other.options.txtAccess.Text(), stage.Path("b.db"));
+    stage.user.Type(other.options.txtAccess, "");
+    stage.user.Leave(other.options.txtAccess);
     EXPECT_EQ(stage.opener.last.dataPath.ForDriver(), stage.Path("t.db"));
-    EXPECT_EQ(other.txtAccess.Text(), "");
+    EXPECT_EQ(other.options.txtAccess.Text(), "");
     EXPECT_EQ(stage.Refresh(0), 0);
     EXPECT_EQ(stage.opener.last.dataPath.ForDriver(), stage.Path("t.db"));
-    stage.user.Click(other.cmdExit);
+    stage.user.Click(other.commands.cmdExit);
     EXPECT_EQ(Setting("DataPath"), "");
     Open();
     EXPECT_EQ(stage.opener.last.dataPath.ForDriver(), stage.Path("t.db"));
@@ -124,7 +124,7 @@ TEST_F(Options, AnEmptiedPathMeansTheHostsAgain) {
 
 TEST_F(Options, APathTypedAndNotLeftGoesWithTheWindow) {
     store::CreateSqliteDatabase(stage.Path("b.db"));
-    stage.user.Type(window.txtAccess, stage.Path("b.db"));
+    stage.user.Type(window.options.txtAccess, stage.Path("b.db"));
     const int before = stage.opener.openings;
     stage.user.Close(window);
     EXPECT_EQ(stage.opener.openings, before);
@@ -134,25 +134,25 @@ TEST_F(Options, APathTypedAndNotLeftGoesWithTheWindow) {
 
 TEST_F(Options, AnEditUnderWayKeepsItsStore) {
     store::CreateSqliteDatabase(stage.Path("b.db"));
-    window.state.editMode = kAdding;
+    window.model.editMode = EditMode::Adding;
     const int before = stage.opener.openings;
     TypePath(stage.Path("b.db"));
     EXPECT_EQ(stage.opener.openings, before);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
-    EXPECT_EQ(window.txtAccess.Text(), stage.Path("t.db"));
-    window.state.editMode = kNoEdit;
+    EXPECT_EQ(window.options.txtAccess.Text(), stage.Path("t.db"));
+    window.model.editMode = EditMode::None;
     TypePath(stage.Path("b.db"));
     EXPECT_EQ(stage.opener.openings, before + 1);
 }
 
 TEST_F(Options, TheKindFollowsTheButtons) {
     stage.session.state.hostSQLData = 2;
-    stage.user.Click(window.optSQL);
+    stage.user.Click(window.options.optSQL);
     EXPECT_EQ(stage.session.state.SQLData, 2);
-    EXPECT_FALSE(window.cmdAccess.Enabled());
-    stage.user.Click(window.optAccess);
+    EXPECT_FALSE(window.options.cmdAccess.Enabled());
+    stage.user.Click(window.options.optAccess);
     EXPECT_EQ(stage.session.state.SQLData, 0);
-    EXPECT_TRUE(window.cmdAccess.Enabled());
+    EXPECT_TRUE(window.options.cmdAccess.Enabled());
 }
 
 TEST_F(Options, LeavingThePathUnchangedDoesNotReopen) {
@@ -165,7 +165,7 @@ TEST_F(Options, LeavingThePathUnchangedDoesNotReopen) {
 TEST_F(Options, AnotherPathRefillsStaffAndTree) {
     store::CreateSqliteDatabase(stage.Path("另 一个.db"));
     AddItem(0, "x");
-    stage.user.Click(window.cmdSeek);
+    stage.user.Click(window.commands.cmdSeek);
     EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
     stage.statements.Take();
     const int before = stage.opener.openings;
@@ -178,40 +178,40 @@ TEST_F(Options, AnotherPathRefillsStaffAndTree) {
     EXPECT_TRUE(sent[1].starts_with("select FieldName"));
     EXPECT_TRUE(sent[2].starts_with("select distinct a.fID"));
     EXPECT_EQ(stage.session.state.UserPath, stage.Path("另 一个.db"));
-    EXPECT_EQ(window.txtAccess.tag, stage.Path("另 一个.db"));
+    EXPECT_EQ(window.options.txtAccess.tag, stage.Path("另 一个.db"));
 }
 
 TEST_F(Options, APathThatCannotBeOpenedIsToldOnceAndTheWindowGoesOn) {
     AddItem(0, "x");
-    stage.user.Click(window.cmdSeek);
+    stage.user.Click(window.commands.cmdSeek);
     TypePath(stage.Path("missing.mdb"));
     ASSERT_EQ(stage.dialogs.messages.size(), 1u);
     EXPECT_TRUE(stage.dialogs.messages[0].starts_with("48|"));
     EXPECT_NE(stage.dialogs.messages[0].find("missing.mdb"), std::string::npos);
-    EXPECT_EQ(window.txtAccess.Text(), stage.Path("missing.mdb"));
+    EXPECT_EQ(window.options.txtAccess.Text(), stage.Path("missing.mdb"));
     ClickNode("Z1");
-    EXPECT_EQ(window.txtTitle2.Text(), "x");
+    EXPECT_EQ(window.item.txtTitle2.Text(), "x");
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
 }
 
 TEST_F(Options, TheDialogAsksForAnExistingFile) {
     store::CreateSqliteDatabase(stage.Path("b.db"));
     stage.dialogs.inputs.push_back(stage.Path("b.db"));
-    stage.user.Click(window.cmdAccess);
+    stage.user.Click(window.options.cmdAccess);
     ASSERT_EQ(stage.dialogs.fileRequests.size(), 1u);
     const forms::FileRequest& request = stage.dialogs.fileRequests[0];
     EXPECT_EQ(request.flags, 4100);
     EXPECT_EQ(request.filter, "数据库文件 (*.MDB)|*.mdb");
     EXPECT_EQ(request.initialFile, stage.Path("t.db"));
     EXPECT_EQ(request.title, "打开文件");
-    EXPECT_EQ(window.txtAccess.Text(), stage.Path("b.db"));
+    EXPECT_EQ(window.options.txtAccess.Text(), stage.Path("b.db"));
     EXPECT_EQ(stage.session.state.UserPath, stage.Path("b.db"));
 }
 
 TEST_F(Options, ADialogThatIsCancelledChangesNothing) {
     const int before = stage.opener.openings;
-    stage.user.Click(window.cmdAccess);
-    EXPECT_EQ(window.txtAccess.Text(), stage.Path("t.db"));
+    stage.user.Click(window.options.cmdAccess);
+    EXPECT_EQ(window.options.txtAccess.Text(), stage.Path("t.db"));
     EXPECT_EQ(stage.opener.openings, before);
 }
 
@@ -221,28 +221,28 @@ TEST_F(Options, OtherKindsOfFilesMayBeCreated) {
 }
 
 TEST_F(Options, StartupIsSavedAtOnce) {
-    stage.user.Click(window.chkStartup);
+    stage.user.Click(window.options.chkStartup);
     EXPECT_EQ(Setting("Startup"), "0");
-    stage.user.Click(window.chkStartup);
+    stage.user.Click(window.options.chkStartup);
     EXPECT_EQ(Setting("Startup"), "1");
 }
 
 TEST_F(Options, StartupBirthdaySavesTheDaysOrFive) {
-    window.txtBirthDay0.SetText("0");
-    stage.user.Click(window.chkBirthDay);
+    window.birthdays.txtBirthDay0.SetText("0");
+    stage.user.Click(window.options.chkBirthDay);
     EXPECT_EQ(Setting("StartupBirthDay"), "5");
-    stage.user.Click(window.chkBirthDay);
+    stage.user.Click(window.options.chkBirthDay);
     EXPECT_EQ(Setting("StartupBirthDay"), "0");
-    window.txtBirthDay0.SetText("12");
-    stage.user.Click(window.chkBirthDay);
+    window.birthdays.txtBirthDay0.SetText("12");
+    stage.user.Click(window.options.chkBirthDay);
     EXPECT_EQ(Setting("StartupBirthDay"), "12");
 }
 
 TEST_F(Options, OddDayCountsAreSavedAsTheirNumberOrNotAtAll) {
     const auto tick = [&](const std::string& days) {
-        window.chkBirthDay.SetValue(0);
-        window.txtBirthDay0.SetText(days);
-        stage.user.Click(window.chkBirthDay);
+        window.options.chkBirthDay.SetValue(0);
+        window.birthdays.txtBirthDay0.SetText(days);
+        stage.user.Click(window.options.chkBirthDay);
         return Setting("StartupBirthDay");
     };
     EXPECT_EQ(tick("-1"), "-1");
@@ -256,83 +256,85 @@ TEST_F(Options, OddDayCountsAreSavedAsTheirNumberOrNotAtAll) {
 }
 
 TEST_F(Options, TheIntervalIsSavedOnlyWhenItIsSwitchedOff) {
-    window.txtTimeSet.SetText("");
-    stage.user.Click(window.chkTimeSet);
-    EXPECT_EQ(window.txtTimeSet.Text(), "5");
-    EXPECT_TRUE(window.txtTimeSet.HasFocus());
+    window.options.txtTimeSet.SetText("");
+    stage.user.Click(window.options.chkTimeSet);
+    EXPECT_EQ(window.options.txtTimeSet.Text(), "5");
+    EXPECT_TRUE(window.options.txtTimeSet.HasFocus());
     EXPECT_EQ(Setting("TimeSetting"), "absent");
-    stage.user.Click(window.chkTimeSet);
-    EXPECT_EQ(window.txtTimeSet.Text(), "0");
-    EXPECT_FALSE(window.txtTimeSet.Enabled());
+    stage.user.Click(window.options.chkTimeSet);
+    EXPECT_EQ(window.options.txtTimeSet.Text(), "0");
+    EXPECT_FALSE(window.options.txtTimeSet.Enabled());
     EXPECT_EQ(Setting("TimeSetting"), "0");
 }
 
 TEST_F(Options, TheIntervalBoxKeepsAWholeNumber) {
-    stage.user.Click(window.chkTimeSet);
+    stage.user.Click(window.options.chkTimeSet);
     const auto leave = [&](const std::string& text) {
-        stage.user.Type(window.txtTimeSet, text);
-        stage.user.Leave(window.txtTimeSet);
-        return window.txtTimeSet.Text() + (window.Timer1.Running() ? " on" : " off");
+        stage.user.Type(window.options.txtTimeSet, text);
+        stage.user.Leave(window.options.txtTimeSet);
+        return window.options.txtTimeSet.Text() + (window.options.Timer1.Running() ? " on" : " off");
     };
     EXPECT_EQ(leave("-7.5"), "8 off");
     EXPECT_EQ(leave("abc"), "0 on");
-    stage.user.Tick(window.Timer1);
-    EXPECT_FALSE(window.Timer1.Running());
+    stage.user.Tick(window.options.Timer1);
+    EXPECT_FALSE(window.options.Timer1.Running());
     EXPECT_EQ(leave("2.5"), "2 off");
 }
 
 TEST_F(Options, TheIntervalBoxRoundsHalvesToEvenWithinSixteenBits) {
-    stage.user.Click(window.chkTimeSet);
+    stage.user.Click(window.options.chkTimeSet);
     const auto leave = [&](const std::string& text) {
-        stage.user.Type(window.txtTimeSet, text);
-        stage.user.Leave(window.txtTimeSet);
-        return window.txtTimeSet.Text();
+        stage.user.Type(window.options.txtTimeSet, text);
+        stage.user.Leave(window.options.txtTimeSet);
+        return window.options.txtTimeSet.Text();
     };
     EXPECT_EQ(leave("3.5"), "4");
     EXPECT_EQ(leave("-0.5"), "0");
     EXPECT_EQ(leave("32767.4"), "32767");
     EXPECT_TRUE(stage.dialogs.messages.empty());
-    window.Timer1.SetRunning(false);
-    const DateTime before = window.state.lastRead;
+    window.options.Timer1.SetRunning(false);
+    const DateTime before = window.options.LastRead();
     stage.clock.now = stage.clock.now.AddSeconds(60);
     EXPECT_EQ(leave("32767.5"), "32767.5");
     EXPECT_EQ(leave("-40000"), "-40000");
     EXPECT_EQ(stage.dialogs.messages, (Lines{"16|数值溢出", "16|数值溢出"}));
-    EXPECT_FALSE(window.Timer1.Running());
-    EXPECT_EQ(window.state.lastRead, before);
+    EXPECT_FALSE(window.options.Timer1.Running());
+    EXPECT_EQ(window.options.LastRead(), before);
     EXPECT_EQ(Setting("TimeSetting"), "absent");
 }
 
 TEST_F(Options, TheIntervalBoxSelectsItsTextAndEnterMovesOn) {
-    stage.user.Click(window.chkTimeSet);
-    stage.user.Type(window.txtTimeSet, "120");
-    stage.user.Key(window.txtTimeSet, forms::key::kEnter);
-    EXPECT_FALSE(window.txtTimeSet.HasFocus());
-    window.txtTimeSet.SetFocus();
-    EXPECT_EQ(window.txtTimeSet.SelLength(), 3);
+    stage.user.Click(window.options.chkTimeSet);
+    stage.user.Type(window.options.txtTimeSet, "120");
+    stage.user.Key(window.options.txtTimeSet, forms::key::kEnter);
+    EXPECT_FALSE(window.options.txtTimeSet.HasFocus());
+    window.options.txtTimeSet.SetFocus();
+    EXPECT_EQ(window.options.txtTimeSet.SelLength(), 3);
 }
 
 TEST_F(Options, LeavingTheIntervalAtZeroStampsTheReadTime) {
-    stage.user.Click(window.chkTimeSet);
-    stage.user.Type(window.txtTimeSet, "abc");
+    stage.user.Click(window.options.chkTimeSet);
+    stage.user.Type(window.options.txtTimeSet, "abc");
     stage.clock.now = stage.clock.now.AddSeconds(60);
-    stage.user.Leave(window.txtTimeSet);
-    EXPECT_EQ(window.state.lastRead, stage.clock.now);
+    stage.user.Leave(window.options.txtTimeSet);
+    EXPECT_EQ(window.options.LastRead(), stage.clock.now);
 }
 
 TEST_F(Options, ATickStampsTheReadTimeWithinTheInterval) {
-    window.txtTimeSet.SetText("5");
-    window.Timer1.SetRunning(true);
-    window.state.lastRead = stage.clock.now;
+    window.options.txtTimeSet.SetText("0");
+    window.options.txtTimeSet_LostFocus();
+    ASSERT_EQ(window.options.LastRead(), stage.clock.now);
+    window.options.txtTimeSet.SetText("5");
+    ASSERT_TRUE(window.options.Timer1.Running());
     stage.clock.now = stage.clock.now.AddSeconds(5 * 60);
-    stage.user.Tick(window.Timer1);
-    EXPECT_EQ(window.state.lastRead, stage.clock.now);
+    stage.user.Tick(window.options.Timer1);
+    EXPECT_EQ(window.options.LastRead(), stage.clock.now);
     const DateTime stamped = stage.clock.now;
     stage.clock.now = stage.clock.now.AddSeconds(6 * 60);
-    stage.user.Tick(window.Timer1);
-    EXPECT_EQ(window.state.lastRead, stamped);
-    EXPECT_TRUE(window.Timer1.Running());
+    stage.user.Tick(window.options.Timer1);
+    EXPECT_EQ(window.options.LastRead(), stamped);
+    EXPECT_TRUE(window.options.Timer1.Running());
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

@@ -1,9 +1,9 @@
-#include "mainwindow/printing.h"
+#include "windows/main/printing.h"
 
 #include "main_window_fixture.h"
 #include "reports/layout_chooser.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 class PrintingTest : public MainWindow {
@@ -30,8 +30,8 @@ class PrintingTest : public MainWindow {
     }
     std::string TreeTitles(const frmTaskMain& window) {
         std::string titles;
-        for (int node = 0; node < window.tvwTask.Count(); node++) {
-            const std::string text(window.tvwTask.Text(node));
+        for (int node = 0; node < window.tree.tvwTask.Count(); node++) {
+            const std::string text(window.tree.tvwTask.Text(node));
             const auto tab = text.find('\t');
             if (tab == std::string::npos) continue;
             titles += (titles.empty() ? "" : " ") + text.substr(tab + 1);
@@ -76,8 +76,8 @@ TEST_F(PrintingTest, PrintItemTakesTheTextsAsTheyStandInTheEditor) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Click(window.cmdAction[2]);
-    window.txtTitle2.SetText("还没有保存");
+    stage.user.Click(window.commands.cmdAction[2]);
+    window.item.txtTitle2.SetText("还没有保存");
     window.printing.PrintItem(0);
     EXPECT_EQ(Last().job.parameters[1], "还没有保存");
 }
@@ -128,7 +128,7 @@ TEST_F(PrintingTest, PrintItemStartsFromAnEmptyCollection) {
 
 TEST_F(PrintingTest, WithoutAnyItemEvenTheItemPrintHasNothingToPrint) {
     frmTaskMain& window = Open();
-    stage.user.Choose(window.menus.mnuPrintItem);
+    stage.user.Choose(window.commands.menus.mnuPrintItem);
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|未有可供打印的数据记录！"});
     EXPECT_TRUE(stage.reports.printed.empty());
 }
@@ -137,19 +137,19 @@ TEST_F(PrintingTest, AMissingComponentIsToldToTheUserAndTheWindowGoesOn) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
     stage.reports.missing = true;
-    stage.user.Choose(window.menus.mnuPrintItem);
+    stage.user.Choose(window.commands.menus.mnuPrintItem);
     ASSERT_EQ(stage.dialogs.messages.size(), 1u);
     stage.reports.missing = false;
-    stage.user.Choose(window.menus.mnuPrintItem);
+    stage.user.Choose(window.commands.menus.mnuPrintItem);
     EXPECT_EQ(stage.reports.printed.size(), 1u);
 }
 
 TEST_F(PrintingTest, TheButtonPrintsTheItemShown) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
-    EXPECT_FALSE(window.cmdPrint.Enabled());
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
     ClickNode("Z1");
-    stage.user.Click(window.cmdPrint);
+    stage.user.Click(window.commands.cmdPrint);
     EXPECT_EQ(Last().job.reportName, "zvTask01");
     EXPECT_EQ(Last().job.printMode, 0);
     EXPECT_EQ(Last().job.parameters[1], "报表");
@@ -160,10 +160,10 @@ TEST_F(PrintingTest, TheButtonPrintsTheBirthdaysWhileTheyAreSeen) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
     ShowTab(kCardTab);
-    EXPECT_FALSE(window.cmdPrint.Enabled());
-    window.chkBirthDay0.SetValue(1);
-    ASSERT_TRUE(window.cmdPrint.Enabled());
-    stage.user.Click(window.cmdPrint);
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
+    window.birthdays.chkBirthDay0.SetValue(1);
+    ASSERT_TRUE(window.commands.cmdPrint.Enabled());
+    stage.user.Click(window.commands.cmdPrint);
     EXPECT_EQ(Last().job.reportName, "");
     EXPECT_EQ(Last().job.title, "客户生日报警");
     EXPECT_EQ(Last().job.subTitle, "");
@@ -171,15 +171,15 @@ TEST_F(PrintingTest, TheButtonPrintsTheBirthdaysWhileTheyAreSeen) {
     EXPECT_EQ(Last().cells, (std::vector<Lines>{{"A1", "王五", "天地公司", "1970-03-07"}}));
     // Behind another page they are not what the user means.
     ShowTab(kItemTab);
-    EXPECT_FALSE(window.cmdPrint.Enabled());
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
     ClickNode("Z1");
-    stage.user.Click(window.cmdPrint);
+    stage.user.Click(window.commands.cmdPrint);
     EXPECT_EQ(Last().job.reportName, "zvTask01");
     ShowTab(kCardTab);
-    window.chkBirthDay0.SetValue(0);
-    EXPECT_TRUE(window.cmdPrint.Enabled());
+    window.birthdays.chkBirthDay0.SetValue(0);
+    EXPECT_TRUE(window.commands.cmdPrint.Enabled());
     ClickNode("A1");
-    EXPECT_FALSE(window.cmdPrint.Enabled());
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
 }
 
 TEST_F(PrintingTest, TheListHasTheItemsOfTheTreeInItsOrder) {
@@ -188,11 +188,11 @@ TEST_F(PrintingTest, TheListHasTheItemsOfTheTreeInItsOrder) {
     AddItem(2, "c", 0, "2003-03-06");
     AddItem(1, "d", 0, "2003-03-06");
     frmTaskMain& window = Open();
-    window.DTPicker0.SetValue(std::nullopt);
-    window.DTPicker1.SetValue(std::nullopt);
-    window.chkType[1].SetValue(0);
-    stage.user.Choose(window.menus.mnuSeek1);
-    stage.user.Choose(window.menus.mnuPrintList);
+    window.filter.DTPicker0.SetValue(std::nullopt);
+    window.filter.DTPicker1.SetValue(std::nullopt);
+    window.filter.chkType[1].SetValue(0);
+    stage.user.Choose(window.commands.menus.mnuSeek1);
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(Last().job.reportName, "zvTask02");
     EXPECT_EQ(Last().job.title, "任务列表");
     EXPECT_TRUE(Last().job.parameters.empty());
@@ -200,8 +200,8 @@ TEST_F(PrintingTest, TheListHasTheItemsOfTheTreeInItsOrder) {
     EXPECT_EQ(Last().job.order, "a.fType,a.taskTime desc,a.taskTitle");
     EXPECT_EQ(ListedTitles(), "a b c");
     EXPECT_EQ(ListedTitles(), TreeTitles(window));
-    window.cboOrder.SetListIndex(1);
-    stage.user.Choose(window.menus.mnuPrintList);
+    window.tree.cboOrder.SetListIndex(1);
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(Last().job.order, "a.fType,a.taskTitle,a.taskTime desc");
     EXPECT_EQ(ListedTitles(), TreeTitles(window));
 }
@@ -210,7 +210,7 @@ TEST_F(PrintingTest, TheListHasTheChosenColumns) {
     AddItem(0, "报表");
     stage.settings.values["zvTask.PrintColumns"] = "taskTitle,fOther0";
     frmTaskMain& window = Open();
-    stage.user.Choose(window.menus.mnuPrintList);
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(Last().job.columns, (Lines{"(主题)\ttaskTitle", "(备注 1)\tfOther0"}));
 }
 
@@ -221,9 +221,9 @@ TEST_F(PrintingTest, AListThatIsFilteredByCompanyNeedsNoOtherTable) {
         "(1,'有','2003-03-07 00:00:00','2003-03-07 00:00:00','2003-03-07 00:00:00',5),"
         "(1,'无','2003-03-07 00:00:00','2003-03-07 00:00:00','2003-03-07 00:00:00',6)");
     frmTaskMain& window = Open();
-    window.txtComp.SetText("天地");
-    stage.user.Choose(window.menus.mnuSeek1);
-    stage.user.Choose(window.menus.mnuPrintList);
+    window.filter.txtComp.SetText("天地");
+    stage.user.Choose(window.commands.menus.mnuSeek1);
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(TreeTitles(window), "有");
     EXPECT_EQ(ListedTitles(), "有");
 }
@@ -232,11 +232,11 @@ TEST_F(PrintingTest, TheListIsWhatTheTreeShowsAndNotWhatIsTypedMeanwhile) {
     AddItem(0, "a");
     AddItem(0, "b");
     frmTaskMain& window = Open();
-    window.txtTitle0.SetText("b");
-    stage.user.Choose(window.menus.mnuPrintList);
+    window.filter.txtTitle0.SetText("b");
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(ListedTitles(), "a b");
-    stage.user.Choose(window.menus.mnuSeek1);
-    stage.user.Choose(window.menus.mnuPrintList);
+    stage.user.Choose(window.commands.menus.mnuSeek1);
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(ListedTitles(), "b");
 }
 
@@ -244,11 +244,11 @@ TEST_F(PrintingTest, AConditionOfTheUsersOwnIsTakenOver) {
     AddItem(0, "a");
     AddItem(2, "b");
     frmTaskMain& window = Open();
-    window.list.LoadItemList("fType=2 And taskTitle='b'");
-    stage.user.Choose(window.menus.mnuPrintList);
+    window.listing.LoadItemList("fType=2 And taskTitle='b'");
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(ListedTitles(), "b");
-    window.list.LoadItemList("1=1");
-    stage.user.Choose(window.menus.mnuPrintList);
+    window.listing.LoadItemList("1=1");
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(Last().job.filter, "");
     EXPECT_EQ(ListedTitles(), "a b");
 }
@@ -256,17 +256,17 @@ TEST_F(PrintingTest, AConditionOfTheUsersOwnIsTakenOver) {
 TEST_F(PrintingTest, WhilePlansAreShownTheListHasTheItemsShownLast) {
     AddItem(0, "a");
     frmTaskMain& window = Open();
-    stage.user.Click(window.chkEvent);
-    stage.user.Choose(window.menus.mnuPrintList);
+    stage.user.Click(window.tree.chkEvent);
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(ListedTitles(), "a");
 }
 
 TEST_F(PrintingTest, AListOfNothingSaysSo) {
     AddItem(0, "a");
     frmTaskMain& window = Open();
-    window.txtTitle0.SetText("none");
-    stage.user.Choose(window.menus.mnuSeek1);
-    stage.user.Choose(window.menus.mnuPrintList);
+    window.filter.txtTitle0.SetText("none");
+    stage.user.Choose(window.commands.menus.mnuSeek1);
+    stage.user.Choose(window.commands.menus.mnuPrintList);
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|未有可供打印的数据记录！"});
     EXPECT_TRUE(stage.reports.printed.empty());
 }
@@ -280,7 +280,7 @@ TEST_F(PrintingTest, ChoosingColumnsPrintsTheListWithThem) {
         stage.user.Click(chooser.cmdDrop);
         stage.user.Click(chooser.cmdOK);
     };
-    stage.user.Click(window.cmdItemSet);
+    stage.user.Click(window.commands.cmdItemSet);
     EXPECT_EQ(Last().job.reportName, "zvTask02");
     EXPECT_EQ(Last().job.columns.front(), "(主题)\ttaskTitle");
     EXPECT_EQ(Last().job.columns.size(), 6u);
@@ -290,7 +290,7 @@ TEST_F(PrintingTest, ACancelledChoiceOfColumnsPrintsNothing) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
     stage.backend.modalLoop = [](forms::Form& form) { form.UserClose(); };
-    stage.user.Click(window.cmdItemSet);
+    stage.user.Click(window.commands.cmdItemSet);
     EXPECT_TRUE(stage.reports.printed.empty());
 }
 
@@ -298,14 +298,14 @@ TEST_F(PrintingTest, WhereListsMayNotBePrintedTheChoiceIsOnlyKept) {
     AddItem(1, "拜访");
     stage.session.state.AlertType = 1;
     frmTaskMain& window = Open(kCardMode);
-    EXPECT_FALSE(window.menus.mnuPrintList.Enabled());
+    EXPECT_FALSE(window.commands.menus.mnuPrintList.Enabled());
     stage.backend.modalLoop = [this](forms::Form& form) {
         stage.user.Click(static_cast<reports::frmItemSet&>(form).cmdOK);
     };
-    stage.user.Click(window.cmdItemSet);
+    stage.user.Click(window.commands.cmdItemSet);
     EXPECT_TRUE(stage.reports.printed.empty());
     EXPECT_FALSE(stage.settings.values["zvTask.PrintColumns"].empty());
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

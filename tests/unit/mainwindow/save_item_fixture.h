@@ -5,7 +5,7 @@
 
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 
 class SaveItem : public MainWindow {
  protected:
@@ -19,14 +19,14 @@ class SaveItem : public MainWindow {
     frmTaskMain& Change() {
         frmTaskMain& window = Open();
         ClickNode("Z1");
-        stage.user.Choose(window.menus.mnuTaskChg);
+        stage.user.Choose(window.commands.menus.mnuTaskChg);
         stage.statements.Take();
         return window;
     }
     std::string Row(const std::string& columns, const std::string& from = "tTaskList where fID=1") {
         return stage.Query("select " + columns + " from " + from);
     }
-    void Save() { stage.user.Click(stage.Window()->cmdSave); }
+    void Save() { stage.user.Click(stage.Window()->commands.cmdSave); }
 };
 
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

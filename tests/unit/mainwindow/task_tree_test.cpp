@@ -1,16 +1,16 @@
-#include "mainwindow/task_tree.h"
+#include "windows/main/tree_panel.h"
 
 #include "main_window_fixture.h"
 
-namespace zv::mainwindow {
+namespace zv::windows {
 namespace {
 
 TEST(KindFromKeyLetter, KnowsTheFourKindsAndKeepsThePresentOtherwise) {
-    EXPECT_EQ(KindFromKeyLetter('A', 9), 0);
-    EXPECT_EQ(KindFromKeyLetter('B', 9), 1);
-    EXPECT_EQ(KindFromKeyLetter('C', 9), 2);
-    EXPECT_EQ(KindFromKeyLetter('E', 9), 3);
-    for (const char letter : {'D', 'Z', 'a', '\0'}) EXPECT_EQ(KindFromKeyLetter(letter, 2), 2);
+    EXPECT_EQ(KindFromKeyLetter('A', NodeKind::Guest), NodeKind::Task);
+    EXPECT_EQ(KindFromKeyLetter('B', NodeKind::Plan), NodeKind::Guest);
+    EXPECT_EQ(KindFromKeyLetter('C', NodeKind::Guest), NodeKind::Diary);
+    EXPECT_EQ(KindFromKeyLetter('E', NodeKind::Guest), NodeKind::Plan);
+    for (const char letter : {'D', 'Z', 'a', '\0'}) EXPECT_EQ(KindFromKeyLetter(letter, NodeKind::Diary), NodeKind::Diary);
 }
 
 class Tree : public MainWindow {
@@ -32,20 +32,20 @@ class Tree : public MainWindow {
     std::string Switches() {
         const frmTaskMain& w = *stage.Window();
         const auto flag = [](bool on) { return on ? '1' : '0'; };
-        return {flag(w.cmdPrint.Enabled()), flag(w.cmdTaskOK.Enabled()),
-                flag(w.menus.mnuTaskDoing.Enabled()), flag(w.menus.mnuTaskDoneOk.Enabled())};
+        return {flag(w.commands.cmdPrint.Enabled()), flag(w.commands.cmdTaskOK.Enabled()),
+                flag(w.commands.menus.mnuTaskDoing.Enabled()), flag(w.commands.menus.mnuTaskDoneOk.Enabled())};
     }
 };
 
 TEST_F(Tree, AFillDisablesCompletingAndPrinting) {
     frmTaskMain& window = Open();
-    EXPECT_FALSE(window.cmdTaskOK.Enabled());
-    EXPECT_FALSE(window.cmdPrint.Enabled());
+    EXPECT_FALSE(window.commands.cmdTaskOK.Enabled());
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
     ClickNode("Z1");
-    EXPECT_TRUE(window.cmdTaskOK.Enabled());
-    stage.user.Click(window.cmdSeek);
-    EXPECT_FALSE(window.cmdTaskOK.Enabled());
-    EXPECT_FALSE(window.cmdPrint.Enabled());
+    EXPECT_TRUE(window.commands.cmdTaskOK.Enabled());
+    stage.user.Click(window.commands.cmdSeek);
+    EXPECT_FALSE(window.commands.cmdTaskOK.Enabled());
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
 }
 
 TEST_F(Tree, TheStateDigitChoosesTheCommands) {
@@ -69,31 +69,31 @@ TEST_F(Tree, AnItemIsShownInTheEditor) {
     frmTaskMain& window = Open();
     ClickNode("Z2");
     EXPECT_EQ(stage.statements.Take(), Lines{"select * from tTaskList where fID=2"});
-    EXPECT_EQ(window.state.currentItemId, 2);
-    EXPECT_EQ(window.state.currentType, kTask);
+    EXPECT_EQ(window.model.currentId, 2);
+    EXPECT_EQ(window.model.currentKind, NodeKind::Task);
     EXPECT_EQ(window.SSTab1.Tab(), kItemTab);
-    EXPECT_EQ(window.txtTitle2.Text(), "在办");
-    EXPECT_EQ(window.txtTaskCon.Text(), "内容");
-    EXPECT_EQ(window.cboJbr2.Text(), "张三");
-    EXPECT_EQ(window.txtUser2.Text(), "李四");
-    EXPECT_EQ(window.txtOther[0].Text() + window.txtOther[5].Text(), "o0o5");
-    EXPECT_EQ(window.cboDone2.ListIndex(), kInHand);
-    EXPECT_EQ(window.cboType2.ListIndex(), kTask);
-    EXPECT_EQ(window.DTPicker2.Value(), DateTime(2003, 3, 7, 8, 15));
-    EXPECT_EQ(window.tvwTask.tag, "Z2");
+    EXPECT_EQ(window.item.txtTitle2.Text(), "在办");
+    EXPECT_EQ(window.content.txtTaskCon.Text(), "内容");
+    EXPECT_EQ(window.item.cboJbr2.Text(), "张三");
+    EXPECT_EQ(window.item.txtUser2.Text(), "李四");
+    EXPECT_EQ(window.content.txtOther[0].Text() + window.content.txtOther[5].Text(), "o0o5");
+    EXPECT_EQ(window.item.cboDone2.ListIndex(), kInHand);
+    EXPECT_EQ(window.item.cboType2.ListIndex(), kTask);
+    EXPECT_EQ(window.item.DTPicker2.Value(), DateTime(2003, 3, 7, 8, 15));
+    EXPECT_EQ(window.tree.tvwTask.tag, "Z2");
 }
 
 TEST_F(Tree, AGuestItemBringsItsCardForward) {
     frmTaskMain& window = Open();
     ClickNode("Z5");
     EXPECT_EQ(window.SSTab1.Tab(), kCardTab);
-    EXPECT_EQ(window.state.currentType, kGuest);
+    EXPECT_EQ(window.model.currentKind, NodeKind::Guest);
     EXPECT_EQ(stage.session.state.cardId, 5);
-    EXPECT_EQ(window.cboComp2.ListCount(), 1);
-    EXPECT_TRUE(window.cboComp2.Text().starts_with("某公司 "));
-    EXPECT_EQ(window.txtTel[0].Text(), "123");
-    EXPECT_EQ(window.txtName2.Text(), "赵六");
-    EXPECT_EQ(window.cboWay.ListIndex(), 0);
+    EXPECT_EQ(window.cards.cboComp2.ListCount(), 1);
+    EXPECT_TRUE(window.cards.cboComp2.Text().starts_with("某公司 "));
+    EXPECT_EQ(window.cards.txtTel[0].Text(), "123");
+    EXPECT_EQ(window.cards.txtName2.Text(), "赵六");
+    EXPECT_EQ(window.cards.cboWay.ListIndex(), 0);
     EXPECT_TRUE(stage.dialogs.messages.empty());
 }
 
@@ -113,29 +113,29 @@ TEST_F(Tree, AnItemThatAnotherUserDeletedEmptiesTheEditor) {
     ClickNode("Z1");
     stage.Sql("delete from tTaskList where fID=2");
     ClickNode("Z2");
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
 }
 
 TEST_F(Tree, AnUnknownWayKeepsItsTextWithoutARow) {
     stage.Sql("update tTaskList set fWay='书信' where fID=5");
     frmTaskMain& window = Open();
     ClickNode("Z5");
-    EXPECT_EQ(window.cboWay.Text(), "书信");
-    EXPECT_EQ(window.cboWay.ListIndex(), -1);
+    EXPECT_EQ(window.cards.cboWay.Text(), "书信");
+    EXPECT_EQ(window.cards.cboWay.ListIndex(), -1);
 }
 
 TEST_F(Tree, AnItemWithoutANumberChangesNothingElse) {
     frmTaskMain& window = Open();
     ClickNode("Z3");
-    window.state.currentType = kDiary;
-    const int node = window.tvwTask.Add(window.tvwTask.Find("A1"), "Z0", "x", "task2");
+    window.model.currentKind = NodeKind::Diary;
+    const int node = window.tree.tvwTask.Add(window.tree.tvwTask.Find("A1"), "Z0", "x", "task2");
     stage.statements.Take();
-    window.tree.tvwTask_NodeClick(node);
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.state.currentType, kDiary);
-    EXPECT_EQ(window.txtTitle2.Text(), "完成");
-    EXPECT_EQ(window.tvwTask.tag, "Z3");
+    window.selection.tvwTask_NodeClick(node);
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.model.currentKind, NodeKind::Diary);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "完成");
+    EXPECT_EQ(window.tree.tvwTask.tag, "Z3");
     EXPECT_EQ(Switches(), "1000");
     EXPECT_TRUE(stage.statements.Take().empty());
 }
@@ -144,56 +144,56 @@ TEST_F(Tree, AGroupClearsTheEditorAndSetsItsKind) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     ClickNode("C3");
-    EXPECT_EQ(window.state.currentType, kDiary);
-    EXPECT_EQ(window.state.currentItemId, 0);
-    EXPECT_EQ(window.txtTitle2.Text(), "");
-    EXPECT_EQ(window.cboType2.ListIndex(), kDiary);
-    EXPECT_EQ(window.txtUser2.Text(), "张三");
-    EXPECT_EQ(window.DTPicker2.Value(), stage.clock.now);
+    EXPECT_EQ(window.model.currentKind, NodeKind::Diary);
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "");
+    EXPECT_EQ(window.item.cboType2.ListIndex(), kDiary);
+    EXPECT_EQ(window.item.txtUser2.Text(), "张三");
+    EXPECT_EQ(window.item.DTPicker2.Value(), stage.clock.now);
 }
 
 TEST_F(Tree, APlanHidesWhatOnlyItemsHave) {
     frmTaskMain& window = Open();
-    stage.user.Click(window.chkEvent);
+    stage.user.Click(window.tree.chkEvent);
     stage.statements.Take();
     ClickNode("E0");
-    EXPECT_FALSE(window.cboType2.Visible());
-    EXPECT_FALSE(window.cboDone2.Visible());
-    EXPECT_FALSE(window.lblList2[3].Visible());
-    EXPECT_FALSE(window.lblList2[13].Visible());
+    EXPECT_FALSE(window.item.cboType2.Visible());
+    EXPECT_FALSE(window.item.cboDone2.Visible());
+    EXPECT_FALSE(window.item.lblKind.Visible());
+    EXPECT_FALSE(window.content.lblOthers.Visible());
     EXPECT_EQ(Switches(), "0011");
     ClickNode("Z7");
     EXPECT_EQ(stage.statements.Take(),
               Lines{"select taskTitle,Content,DoneMan,SetMan from tTaskSet where taskID=7"});
-    EXPECT_EQ(window.txtTitle2.Text() + window.txtTaskCon.Text() + window.cboJbr2.Text() +
-                  window.txtUser2.Text(),
+    EXPECT_EQ(window.item.txtTitle2.Text() + window.content.txtTaskCon.Text() + window.item.cboJbr2.Text() +
+                  window.item.txtUser2.Text(),
               "计划说明执行设置");
-    EXPECT_EQ(window.state.currentType, kPlan);
-    EXPECT_EQ(window.state.currentItemId, 7);
+    EXPECT_EQ(window.model.currentKind, NodeKind::Plan);
+    EXPECT_EQ(window.model.currentId, 7);
     EXPECT_EQ(Switches(), "1000");
-    stage.user.Click(window.chkEvent);
+    stage.user.Click(window.tree.chkEvent);
     ClickNode("A1");
-    EXPECT_TRUE(window.cboType2.Visible());
-    EXPECT_TRUE(window.lblList2[10].Visible());
+    EXPECT_TRUE(window.item.cboType2.Visible());
+    EXPECT_TRUE(window.item.lblState.Visible());
 }
 
 TEST_F(Tree, TheFilterGivesWayToThePlans) {
     frmTaskMain& window = Open();
     ShowTab(kFilterTab);
-    EXPECT_TRUE(window.fraB3.Visible());
-    stage.user.Click(window.chkEvent);
-    EXPECT_FALSE(window.fraB3.Visible());
-    for (int kind = 0; kind < 3; kind++) EXPECT_FALSE(window.chkType[kind].Enabled());
-    stage.user.Click(window.chkEvent);
-    EXPECT_TRUE(window.fraB3.Visible());
-    for (int kind = 0; kind < 3; kind++) EXPECT_TRUE(window.chkType[kind].Enabled());
-    EXPECT_EQ(window.state.currentType, kTask);
+    EXPECT_TRUE(window.filter.fraB3.Visible());
+    stage.user.Click(window.tree.chkEvent);
+    EXPECT_FALSE(window.filter.fraB3.Visible());
+    for (int kind = 0; kind < 3; kind++) EXPECT_FALSE(window.filter.chkType[kind].Enabled());
+    stage.user.Click(window.tree.chkEvent);
+    EXPECT_TRUE(window.filter.fraB3.Visible());
+    for (int kind = 0; kind < 3; kind++) EXPECT_TRUE(window.filter.chkType[kind].Enabled());
+    EXPECT_EQ(window.model.currentKind, NodeKind::Task);
 }
 
 TEST_F(Tree, ARightClickOpensTheMenuOfTheKind) {
     frmTaskMain& window = Open();
     const auto popup = [&](const std::string& key) {
-        stage.user.RightClickNode(window.tvwTask, key);
+        stage.user.RightClickNode(window.tree.tvwTask, key);
         return window.LastPopup();
     };
     EXPECT_EQ(popup("Z1"), "mnuTask");
@@ -201,7 +201,7 @@ TEST_F(Tree, ARightClickOpensTheMenuOfTheKind) {
     EXPECT_EQ(popup("Z5"), "mnuGuest");
     EXPECT_EQ(popup("Z4"), "mnuDaily");
     EXPECT_EQ(popup("B2"), "");
-    stage.user.Click(window.chkEvent);
+    stage.user.Click(window.tree.chkEvent);
     EXPECT_EQ(popup("Z7"), "mnuEvent");
     EXPECT_EQ(popup("E0"), "");
 }
@@ -209,40 +209,40 @@ TEST_F(Tree, ARightClickOpensTheMenuOfTheKind) {
 TEST_F(Tree, ARightClickElsewhereDuringAChangeDoesNothing) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskChg);
-    stage.user.Type(window.txtTitle2, "改");
+    stage.user.Choose(window.commands.menus.mnuTaskChg);
+    stage.user.Type(window.item.txtTitle2, "改");
     for (const char* key : {"Z4", "A1", "B2"}) {
-        stage.user.RightClickNode(window.tvwTask, key);
+        stage.user.RightClickNode(window.tree.tvwTask, key);
         EXPECT_EQ(window.LastPopup(), "") << key;
-        EXPECT_EQ(window.tvwTask.Key(window.tvwTask.Selected()), "Z1") << key;
+        EXPECT_EQ(window.tree.tvwTask.Key(window.tree.tvwTask.Selected()), "Z1") << key;
     }
-    EXPECT_EQ(window.txtTitle2.Text(), "改");
-    stage.user.RightClickNode(window.tvwTask, "Z1");
+    EXPECT_EQ(window.item.txtTitle2.Text(), "改");
+    stage.user.RightClickNode(window.tree.tvwTask, "Z1");
     EXPECT_EQ(window.LastPopup(), "mnuTask");
-    EXPECT_EQ(window.txtTitle2.Text(), "改");
+    EXPECT_EQ(window.item.txtTitle2.Text(), "改");
     // Beside the nodes the menu key means the selected one.
     window.ForgetPopup();
-    window.tree.PopupContextMenu(0, 0);
+    window.selection.PopupContextMenu(0, 0);
     EXPECT_EQ(window.LastPopup(), "mnuTask");
 }
 
 TEST_F(Tree, ARightClickDuringAnAddDoesNothing) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.Choose(window.menus.mnuTaskAdd);
+    stage.user.Choose(window.commands.menus.mnuTaskAdd);
     for (const char* key : {"Z1", "Z4"}) {
-        stage.user.RightClickNode(window.tvwTask, key);
+        stage.user.RightClickNode(window.tree.tvwTask, key);
         EXPECT_EQ(window.LastPopup(), "") << key;
     }
-    window.tree.PopupContextMenu(0, 0);
+    window.selection.PopupContextMenu(0, 0);
     EXPECT_EQ(window.LastPopup(), "");
 }
 
 TEST_F(Tree, TheMenuOpensAtTheMouse) {
     frmTaskMain& window = Open();
-    const forms::Rect& tree = window.tvwTask.Bounds();
+    const forms::Rect& tree = window.tree.tvwTask.Bounds();
     ASSERT_GT(tree.top, 0);
-    window.tvwTask.UserRightClick(window.tvwTask.Find("Z1"), 30 * forms::kTwipsPerUnit,
+    window.tree.tvwTask.UserRightClick(window.tree.tvwTask.Find("Z1"), 30 * forms::kTwipsPerUnit,
                                   44 * forms::kTwipsPerUnit);
     EXPECT_EQ(window.LastPopup(), "mnuTask");
     EXPECT_EQ(window.LastPopupAt(), (forms::Position{tree.left + 30, tree.top + 44}));
@@ -251,26 +251,26 @@ TEST_F(Tree, TheMenuOpensAtTheMouse) {
 TEST_F(Tree, ARightClickMakesItsItemTheCurrentOne) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.user.RightClickNode(window.tvwTask, "Z4");
-    EXPECT_EQ(window.state.currentItemId, 4);
-    EXPECT_EQ(window.txtTitle2.Text(), "日记");
+    stage.user.RightClickNode(window.tree.tvwTask, "Z4");
+    EXPECT_EQ(window.model.currentId, 4);
+    EXPECT_EQ(window.item.txtTitle2.Text(), "日记");
 }
 
 TEST_F(Tree, EnterMovesToTheTitle) {
     frmTaskMain& window = Open();
-    stage.user.Key(window.tvwTask, forms::key::kEnter);
-    EXPECT_TRUE(window.txtTitle2.HasFocus());
+    stage.user.Key(window.tree.tvwTask, forms::key::kEnter);
+    EXPECT_TRUE(window.item.txtTitle2.HasFocus());
 }
 
 TEST_F(Tree, EnterMovesToTheCustomerWhileAVisitIsEdited) {
     frmTaskMain& window = Open();
     ClickNode("Z5");
-    window.state.editMode = 2;
-    stage.user.Key(window.tvwTask, forms::key::kEnter);
-    EXPECT_TRUE(window.cboComp2.HasFocus());
-    window.state.editMode = 0;
-    stage.user.Key(window.tvwTask, forms::key::kEnter);
-    EXPECT_TRUE(window.txtTitle2.HasFocus());
+    window.model.editMode = EditMode::Changing;
+    stage.user.Key(window.tree.tvwTask, forms::key::kEnter);
+    EXPECT_TRUE(window.cards.cboComp2.HasFocus());
+    window.model.editMode = EditMode::None;
+    stage.user.Key(window.tree.tvwTask, forms::key::kEnter);
+    EXPECT_TRUE(window.item.txtTitle2.HasFocus());
 }
 
 TEST_F(Tree, OtherKeysDoNothing) {
@@ -278,7 +278,7 @@ TEST_F(Tree, OtherKeysDoNothing) {
     forms::KeyEvent event{forms::key::kEscape};
     window.tree.tvwTask_KeyDown(event);
     EXPECT_EQ(event.code, forms::key::kEscape);
-    EXPECT_FALSE(window.txtTitle2.HasFocus());
+    EXPECT_FALSE(window.item.txtTitle2.HasFocus());
 }
 
 TEST_F(Tree, CardsWithoutACompanyAndBeyondTheCap) {
@@ -288,14 +288,14 @@ TEST_F(Tree, CardsWithoutACompanyAndBeyondTheCap) {
         "insert into cards(fID,CompName) select i,'公司'||i from n");
     frmTaskMain& window = Open();
     window.cards.LoadCardList("");
-    EXPECT_EQ(window.cboComp2.ListCount(), 101);
-    EXPECT_TRUE(window.cboComp2.List(0).starts_with("（空） "));
-    EXPECT_EQ(CardPanel::EntryId(window.cboComp2.List(0)), 1);
+    EXPECT_EQ(window.cards.cboComp2.ListCount(), 101);
+    EXPECT_TRUE(window.cards.cboComp2.List(0).starts_with("（空） "));
+    EXPECT_EQ(CardPanel::EntryId(window.cards.cboComp2.List(0)), 1);
     EXPECT_EQ(stage.session.state.cardId, 1);
     EXPECT_FALSE(window.cards.LoadCardList("fid=9999"));
     EXPECT_EQ(stage.session.state.cardId, 0);
-    EXPECT_EQ(window.cboComp2.ListCount(), 0);
+    EXPECT_EQ(window.cards.cboComp2.ListCount(), 0);
 }
 
 }  // namespace
-}  // namespace zv::mainwindow
+}  // namespace zv::windows

@@ -312,7 +312,7 @@ TEST_F(AddTaskInstanceTest, WarnsOfAMissingPlan) {
 }
 
 TEST_F(AddTaskInstanceTest, WritesServerDatesBetweenQuotes) {
-    session.EnsureConnection();
+    session.database.EnsureConnection();
     session.database.SetDateDelimiter('\'');
     dialogs.answers = {Answer::Cancel};
     AddTaskInstance(session, 7, date);

@@ -80,7 +80,7 @@ class SecretsOfTheControl : public testing::TestWithParam<ConnectionCase> {
         AsHost(stage, "print", [&] {
             reports::Report report;
             report.name = "zvTask02";
-            stage.session.EnsureConnection();
+            stage.session.database.EnsureConnection();
             reports::PrintReport(stage.session, report);
         });
         stage.windows.FromUser([&] { reports::ShowAsk(stage.session, false, {}); });
@@ -112,14 +112,14 @@ TEST_P(SecretsOfTheOptionsPage, AreToldByNothing) {
     for (const auto& open : {OpenForReal, Repeat}) {
         Stage stage;
         stage.control.refresh(1, 0);
-        mainwindow::frmTaskMain* window = stage.Window();
+        windows::frmTaskMain* window = stage.Window();
         ASSERT_NE(window, nullptr);
-        stage.user.SelectTab(window->SSTab1, mainwindow::kOptionsTab);
+        stage.user.SelectTab(window->SSTab1, windows::kOptionsTab);
         stage.opener.open = open;
         stage.session.state.Password = GetParam().password;
         stage.session.state.UserID = GetParam().login;
-        stage.user.Type(window->txtAccess, GetParam().path);
-        stage.user.Leave(window->txtAccess);
+        stage.user.Type(window->options.txtAccess, GetParam().path);
+        stage.user.Leave(window->options.txtAccess);
         EXPECT_EQ(stage.dialogs.messages.size(), 1u);
         LookAt(stage, "options page");
     }

@@ -10,11 +10,11 @@ namespace {
 TEST(Session, OpensWithWhatTheControlHolds) {
     stage::Stage stage;
     stage.session.state.Password = "pw";
-    stage.session.EnsureConnection();
+    stage.session.database.EnsureConnection();
     EXPECT_EQ(stage.opener.last.kind, 0);
     EXPECT_EQ(stage.opener.last.dataPath, stage.Path("t.db"));
     EXPECT_EQ(stage.opener.last.password, "pw");
-    stage.session.EnsureConnection();
+    stage.session.database.EnsureConnection();
     EXPECT_EQ(stage.opener.openings, 1);
 }
 
@@ -29,11 +29,11 @@ TEST(Session, AKindBelowZeroIsAFile) {
 TEST(Session, TheDateDelimiterFollowsTheKind) {
     stage::Stage stage;
     const DateTime day(2003, 3, 7);
-    stage.session.EnsureConnection();
+    stage.session.database.EnsureConnection();
     EXPECT_EQ(stage.session.database.DateLiteral(day), "#03/07/2003#");
     store::ConnectionSettings server = stage.session.Settings();
     server.kind = 1;
-    stage.session.OpenConnection(server);
+    stage.session.database.OpenConnection(server);
     EXPECT_EQ(stage.session.database.DateLiteral(day), "'03/07/2003'");
 }
 
@@ -41,7 +41,7 @@ TEST(Session, AFailedOpeningNamesReasonAndPath) {
     stage::Stage stage;
     stage.session.state.UserPath = stage.Path("missing file 数据.mdb");
     try {
-        stage.session.EnsureConnection();
+        stage.session.database.EnsureConnection();
         FAIL();
     } catch (const RuntimeError& error) {
         EXPECT_NE(error.Text().find("missing file 数据.mdb"), std::string::npos) << error.Text();

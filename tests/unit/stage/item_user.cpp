@@ -12,16 +12,16 @@ constexpr const char* kErrorStyle = "16|";
 }  // namespace
 
 ItemUser::ItemUser(Stage& stage) : stage_(stage) {
-    if (stage_.Refresh(mainwindow::kManagerMode) != 0) {
+    if (stage_.Refresh(windows::kManagerMode) != 0) {
         throw RuntimeError(ErrorNumber::DatabaseFailure, stage_.errorText);
     }
 }
 
 void ItemUser::Seek(const std::string& beginning) {
-    if (Window().state.Editing()) stage_.user.Click(Window().cmdAction[0]);
-    stage_.user.SelectTab(Window().SSTab1, mainwindow::kFilterTab);
-    stage_.user.Type(Window().txtTitle0, beginning + '%');
-    stage_.user.Click(Window().cmdSeek);
+    if (Window().model.Editing()) stage_.user.Click(Window().commands.cmdAction[0]);
+    stage_.user.SelectTab(Window().SSTab1, windows::kFilterTab);
+    stage_.user.Type(Window().filter.txtTitle0, beginning + '%');
+    stage_.user.Click(Window().commands.cmdSeek);
 }
 
 // A node's line reads "Z12|A1|image|(date)<tab>title".
@@ -36,25 +36,25 @@ std::string ItemUser::KeyOf(const std::string& title) const {
 
 bool ItemUser::Select(const std::string& title) {
     const std::string key = KeyOf(title);
-    if (!key.empty()) stage_.user.ClickNode(Window().tvwTask, key);
+    if (!key.empty()) stage_.user.ClickNode(Window().tree.tvwTask, key);
     return !key.empty();
 }
 
 void ItemUser::Add(const std::string& title, const std::string& content) {
-    stage_.user.Choose(Window().menus.mnuTaskAdd);
-    stage_.user.Type(Window().txtTitle2, title);
-    stage_.user.Type(Window().txtTaskCon, content);
-    stage_.user.SetDate(Window().DTPicker2, stage_.clock.now.Date());
+    stage_.user.Choose(Window().commands.menus.mnuTaskAdd);
+    stage_.user.Type(Window().item.txtTitle2, title);
+    stage_.user.Type(Window().content.txtTaskCon, content);
+    stage_.user.SetDate(Window().item.DTPicker2, stage_.clock.now.Date());
     Save();
 }
 
 void ItemUser::Change(const std::string& content) {
-    stage_.user.Choose(Window().menus.mnuTaskChg);
-    stage_.user.Type(Window().txtTaskCon, content);
+    stage_.user.Choose(Window().commands.menus.mnuTaskChg);
+    stage_.user.Type(Window().content.txtTaskCon, content);
 }
 
 void ItemUser::Save() {
-    stage_.user.Click(Window().cmdSave);
+    stage_.user.Click(Window().commands.cmdSave);
 }
 
 void ItemUser::Complete() {
@@ -62,7 +62,7 @@ void ItemUser::Complete() {
 }
 
 void ItemUser::Delete() {
-    stage_.user.Choose(Window().menus.mnuTaskDel);
+    stage_.user.Choose(Window().commands.menus.mnuTaskDel);
 }
 
 bool ItemUser::Said(const std::string& text) const {

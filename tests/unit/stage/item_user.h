@@ -34,7 +34,7 @@ class ItemUser {
 
  private:
     std::string KeyOf(const std::string& title) const;
-    mainwindow::frmTaskMain& Window() const { return *stage_.Window(); }
+    windows::frmTaskMain& Window() const { return *stage_.Window(); }
 
     Stage& stage_;
 };

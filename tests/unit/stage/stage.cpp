@@ -203,16 +203,16 @@ int Stage::Refresh(std::int32_t mode, std::int16_t modal) {
     return 0;
 }
 
-mainwindow::frmTaskMain* Stage::Window() {
-    return windows.Find<mainwindow::frmTaskMain>(mainwindow::frmTaskMain::kName);
+windows::frmTaskMain* Stage::Window() {
+    return windows.Find<windows::frmTaskMain>(windows::frmTaskMain::kName);
 }
 
 std::string Stage::Nodes() {
-    return user.Read(Window()->tvwTask, "nodes", {}).value();
+    return user.Read(Window()->tree.tvwTask, "nodes", {}).value();
 }
 
 std::string Stage::NodeKeys() {
-    const forms::TreeView& tree = Window()->tvwTask;
+    const forms::TreeView& tree = Window()->tree.tvwTask;
     std::string keys;
     for (int node = tree.FirstRoot(); node != forms::TreeView::kNone;
          node = tree.NextInOrder(node)) {

@@ -15,7 +15,7 @@
 #include "forms/driver.h"
 #include "forms/headless/headless_backend.h"
 #include "forms/headless/headless_driver.h"
-#include "mainwindow/frm_task_main.h"
+#include "windows/main/frm_task_main.h"
 #include "platform/scripted/scripted_machine.h"
 #include "session/session.h"
 
@@ -157,7 +157,7 @@ class Stage {
 
     /// The number of the error that leaves refresh; 0 when none does.
     int Refresh(std::int32_t mode, std::int16_t modal = 0);
-    mainwindow::frmTaskMain* Window();
+    windows::frmTaskMain* Window();
     /// A line "KEY|PARENT|IMAGE|TEXT" for each node of the window's tree.
     std::string Nodes();
     std::string NodeKeys();  ///< keys in display order, joined by blanks

@@ -1,0 +1,55 @@
+// Sizes and distances of a window's layout, in units of 1/96 inch. What holds text follows from
+// the system's font.
+#pragma once
+
+#include <algorithm>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "forms/backend.h"
+#include "forms/control.h"
+#include "forms/label.h"
+
+namespace zv::forms::layout {
+
+inline constexpr int kMargin = 8;
+inline constexpr int kGap = 6;
+inline constexpr int kGroupGap = 18;
+inline constexpr int kLabelGap = 6;
+inline constexpr int kColumnGap = 14;
+inline constexpr int kFramePadding = 12;
+/// The box of a check or option button and its distance from the text.
+inline constexpr int kBoxWidth = 24;
+inline constexpr int kDropButton = 24;
+
+class Metrics {
+ public:
+    explicit Metrics(Backend& backend);
+
+    /// Of a caption as it is shown: the sign of an access key takes no place.
+    int Width(std::string_view caption) const;
+    int Text() const { return text_; }  ///< height of a line
+    int Field() const { return std::max(23, text_ + 8); }
+    int Row() const { return Field() + kGap; }
+    int Button() const { return std::max(28, text_ + 12); }
+    int FrameTop() const { return text_ + kGap; }
+    int Number() const { return Width("00000") + 2 * kGap; }
+    int ButtonWidth(std::string_view caption) const { return std::max(74, Width(caption) + 22); }
+    int BoxWidth(std::string_view caption) const { return Width(caption) + kBoxWidth; }
+    /// The widest of them with the gap behind it.
+    int LabelWidth(std::initializer_list<const Label*> labels) const;
+    int LabelWidth(const ControlArray<Label>& labels) const;
+    /// How far a label stands below the top of the field beside it.
+    int LabelDrop() const { return (Field() - Text()) / 2; }
+
+    /// Puts a label and the field behind it into a place `width` wide.
+    void PlaceLabelled(Label& label, Control& field, int x, int y, int labelWidth,
+                       int width) const;
+
+ private:
+    Backend& backend_;
+    int text_;
+};
+
+}  // namespace zv::forms::layout

@@ -1,0 +1,27 @@
+// The statement that lists items, and what a print of the list needs of it.
+#pragma once
+
+#include <string>
+
+namespace zv::items {
+
+/// The orders of the list, as the list of orders to choose from has them.
+enum class Order { ByDate = 0, ByTitle = 1, ByPlan = 2 };
+/// Any other row stands for the last one.
+Order OrderOf(int row);
+/// The order without the words.
+std::string OrderText(Order order);
+
+struct ListQuery {
+    std::string statement;
+    /// The condition, without the word, that is true for just these rows of "tTaskList a", without
+    /// any other table. May be empty.
+    std::string condition;
+    std::string order;  ///< without the words
+};
+
+/// `where` with or without the word; field names without a table in it are those of the items.
+/// `withCards` joins the cards for a condition on them. `databaseKind` as in ConnectionSettings.
+ListQuery ListItems(const std::string& where, bool withCards, Order order, int databaseKind);
+
+}  // namespace zv::items

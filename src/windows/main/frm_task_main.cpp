@@ -1,0 +1,182 @@
+#include "windows/main/frm_task_main.h"
+
+#include <algorithm>
+
+#include "forms/layout/metrics.h"
+#include "session/choose_file.h"
+
+namespace zv::windows {
+namespace {
+
+constexpr int kTabs = 4;
+constexpr forms::Size kStartSize{984, 620};
+constexpr forms::Size kSmallestSize{920, 540};
+
+OptionsPanel::Ports OptionPorts(frmTaskMain& window) {
+    return {.editUnderWay = [&window] { return EditUnderWay(window.session); },
+            .storeChanged = [&window] { ShowNewStore(window.session); },
+            .staffSourceChanged =
+                [&window](int source, bool byUser) {
+                    window.staff.SetSource(source);
+                    if (byUser) window.staff.FillIfNeeded();
+                },
+            .daysAhead = [&window] { return window.birthdays.DaysAhead(); },
+            .showDaysAhead =
+                [&window](const std::string& days) { window.birthdays.SetDaysAhead(days); }};
+}
+
+}  // namespace
+
+frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
+    : Form(windows, std::string(kName)),
+      session(owner),
+      tree(*this, owner),
+      item(*this, owner),
+      SSTab1(*this, "SSTab1", nullptr, kTabs),
+      content(*this, {SSTab1, kItemTab}, owner),
+      filter(*this, {SSTab1, kFilterTab}, owner, model),
+      cards(*this, {SSTab1, kCardTab}, owner),
+      birthdays(*this, SSTab1.Page(kCardTab), owner),
+      options(*this, {SSTab1, kOptionsTab}, owner, OptionPorts(*this)),
+      commands(*this, owner, model),
+      staff(owner, item),
+      labels(owner, AllBoxes(item, content, cards)),
+      view(owner, model, item, content, cards),
+      selection(*this, owner, model, SSTab1, tree, commands, birthdays, view),
+      listing(*this, owner, model, tree, filter, commands, view, selection),
+      plans(*this, owner, model, commands, listing),
+      editing(*this, owner, model, SSTab1, tree, item, cards, commands, labels, view, selection,
+              listing, plans),
+      completion(*this, owner, model, tree, item, commands, view, selection),
+      search(*this, owner, model, commands, labels, listing),
+      printing(*this, owner, commands, birthdays, labels, view, listing) {
+    SetSizable(true);
+    SetMinimumClientSize(kSmallestSize);
+    SetClientSize(kStartSize);
+    Wire();
+}
+
+void frmTaskMain::Wire() {
+    // On the filter page Enter searches, wherever the field does not use it itself.
+    SSTab1.onClick = [this] {
+        defaultButton = SSTab1.Tab() == kFilterTab ? &commands.cmdSeek : nullptr;
+        selection.UpdatePrint();
+    };
+    birthdays.onSwitched = [this](bool on) {
+        commands.ShowFor(on);
+        selection.UpdatePrint();
+    };
+    labels.onRead = [this] { PlaceControls(); };
+    tree.onPictureMenu = [this](int x, int y) { PopupPictureMenu(x, y); };
+    commands.menus.mnuImgClose.onClick = [this] { cmdExit_Click(); };
+    commands.menus.mnuImgRestore.onClick = [this] {
+        SetState(forms::WindowState::Normal);
+        Show(false);
+    };
+    commands.cmdExit.onClick = [this] { cmdExit_Click(); };
+    cancelButton = &commands.cmdExit;
+}
+
+void frmTaskMain::PopupPictureMenu(int x, int y) {
+    PopupMenu(commands.menus.mnuImg, x, y);
+}
+
+void frmTaskMain::PlaceControls() {
+    using namespace forms::layout;
+    const int width = ClientSize().width;
+    const int height = ClientSize().height;
+    commands.Place({kMargin, kMargin, width - 2 * kMargin, commands.Height()});
+    const int top = kMargin + commands.Height() + kMargin;
+    const int treeWidth = std::clamp(width * 32 / 100, 260, 520);
+    tree.Place({kMargin, top, treeWidth, height - top - kMargin});
+    const int left = kMargin + treeWidth + TreePanel::kDivider;
+    const int rightWidth = width - left - kMargin;
+    item.Place({left, top, rightWidth, item.Height()});
+    const int tabTop = top + item.Height() + kGap;
+    SSTab1.Move({left, tabTop, rightWidth, height - tabTop - kMargin});
+    const forms::Rect page = SSTab1.PageBounds();
+    for (int tab = 0; tab < SSTab1.Tabs(); tab++) SSTab1.Page(tab).Move(page);
+    content.Place(page);
+    filter.Place(page);
+    cards.Place(page);
+    birthdays.Place(page);
+    options.Place(page);
+}
+
+void frmTaskMain::TaskAlert(std::int16_t mode) {
+    if (!IsLoaded()) {
+        model.startMode = mode;
+        return;
+    }
+    if (model.Editing()) return;
+    if (mode == model.startMode) {
+        if (birthdays.ShownDay() == session.machine.clock.Today() || filter.UnfitText()) return;
+        AllOrNothing([this] {
+            if (FollowTheDay()) listing.chkEvent_Click();
+        });
+        return;
+    }
+    AllOrNothing([this, mode] {
+        model.startMode = mode;
+        Start();
+    });
+}
+
+bool frmTaskMain::AlertAgain() {
+    if (model.Editing()) return false;
+    FollowTheDay();
+    listing.FillForHost();
+    return model.startMode == kAlertMode && HasAlert();
+}
+
+bool frmTaskMain::HasAlert() const {
+    constexpr int kNodesOfAnAlert = 4;
+    return tree.Count() >= kNodesOfAnAlert;
+}
+
+void frmTaskMain::AllOrNothing(const std::function<void()>& change) {
+    const MainState before = model;
+    const std::int32_t card = session.state.cardId;
+    // What the controls tell while they are put back is forgotten last.
+    const std::function<void()> undo[] = {Remember(), listing.Remember(), view.Remember(),
+                                          filter.Remember(), birthdays.Remember()};
+    try {
+        change();
+    } catch (...) {
+        for (const auto& part : undo) part();
+        model.Restore(before);
+        session.state.cardId = card;
+        throw;
+    }
+}
+
+void frmTaskMain::ShowStore() {
+    options.LoadDatabase();
+    // Numbers of the former store mean something else in this one.
+    session.state.cardId = 0;
+    cards.Empty();
+    labels.Forget();
+    staff.Forget();
+    if (WasSeen()) {
+        staff.FillIfNeeded();
+        labels.FillIfNeeded();
+    }
+    search.ShowCaptions();
+    listing.chkEvent_Click();
+    if (model.startMode == kCardMode) cards.LoadStartList();
+    birthdays.FillAgain();
+}
+
+std::string frmTaskMain::getFilePath(std::int16_t kind, const std::string& filterText,
+                                     const std::string& fileName, const std::string& dialogTitle,
+                                     const std::string& folder) {
+    return ChooseFile(session, kind, filterText, fileName, dialogTitle, folder);
+}
+
+void frmTaskMain::cmdExit_Click() {
+    options.SavePath();
+    filter.SaveOwnItems();
+    Unload();
+}
+
+}  // namespace zv::windows

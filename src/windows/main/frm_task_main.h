@@ -1,0 +1,119 @@
+// The main window: task tree, filter, item editor, customer card and options. Panels own the
+// controls, the parts below them are what the user does with them; this class puts them together.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "forms/containers.h"
+#include "forms/form.h"
+#include "session/session.h"
+#include "session/store_client.h"
+#include "windows/main/advanced_search.h"
+#include "windows/main/birthday_panel.h"
+#include "windows/main/card_panel.h"
+#include "windows/main/command_panel.h"
+#include "windows/main/completion.h"
+#include "windows/main/content_panel.h"
+#include "windows/main/editing.h"
+#include "windows/main/field_labels.h"
+#include "windows/main/filter_panel.h"
+#include "windows/main/item_panel.h"
+#include "windows/main/item_view.h"
+#include "windows/main/listing.h"
+#include "windows/main/main_model.h"
+#include "windows/main/options_panel.h"
+#include "windows/main/plan_commands.h"
+#include "windows/main/printing.h"
+#include "windows/main/selection.h"
+#include "windows/main/staff_names.h"
+#include "windows/main/tree_panel.h"
+
+namespace zv::windows {
+
+class frmTaskMain : public forms::Form, public StoreClient {
+ public:
+    static constexpr std::string_view kName = "frmTaskMain";
+
+    /// The session must outlive the window.
+    frmTaskMain(forms::WindowSystem& windows, Session& session);
+
+    /// The start mode: 0 alert, 1 manager, 9 cards. A loaded window without an edit under way is
+    /// set up for it when it is in another mode, and moves to the present day otherwise.
+    void TaskAlert(std::int16_t mode);
+    /// What an alert pass does with a window that the user works with: shows the present day's
+    /// items, unless input is under way. True when the window is there to alert and something is
+    /// due.
+    bool AlertAgain();
+    /// Something is due: the tree holds more than its empty groups.
+    bool HasAlert() const;
+
+    /// Asks for a file; empty when the user cancels or the dialog fails. Kind 1: the file must
+    /// exist; any other: it may be created.
+    std::string getFilePath(std::int16_t kind, const std::string& filter,
+                            const std::string& fileName, const std::string& dialogTitle,
+                            const std::string& folder);
+
+    void cmdExit_Click();
+    /// Sets every caption in the control's language.
+    void LoadCaptions();
+
+    bool HoldsInput() const override { return model.Editing(); }
+    /// Fills everything anew that came from the store, which is another one. Nothing is current
+    /// afterwards.
+    void ShowStore() override;
+
+    Session& session;
+    MainModel model;
+
+    // Order of creation is tab order.
+    TreePanel tree;
+    ItemPanel item;
+    forms::TabPanel SSTab1;
+    ContentPanel content;
+    FilterPanel filter;
+    CardPanel cards;
+    BirthdayPanel birthdays;
+    OptionsPanel options;
+    CommandPanel commands;
+
+    // Each uses only what stands above it.
+    StaffNames staff;
+    FieldLabels labels;
+    ItemView view;
+    Selection selection;
+    Listing listing;
+    PlanCommands plans;
+    Editing editing;
+    Completion completion;
+    AdvancedSearch search;
+    Printing printing;
+
+ protected:
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Resize() override;
+    void Form_Unload(bool& cancel) override;
+
+ private:
+    void Wire();
+    void PlaceControls();
+    void LoadControls();
+    void SetCaptions();
+    /// Sets the window up for its start mode and fills the tree.
+    void Start();
+    void StartIn(std::int16_t mode);
+    void StartCards();
+    void LimitSearch();
+    /// Moves what stands on the day of the last look to the present day; true when the tree is to
+    /// be filled again.
+    bool FollowTheDay();
+    /// Closes the connection unless another window is left, which may be working with it.
+    void CloseStoreIfLast();
+    /// Changes the window altogether, or when that fails not at all.
+    void AllOrNothing(const std::function<void()>& change);
+    void PopupPictureMenu(int x, int y);
+};
+
+}  // namespace zv::windows
