@@ -9,12 +9,12 @@
 
 #include "bench_day.h"
 #include "control/zv_task.h"
-#include "windows/main/frm_task_main.h"
 #include "measure.h"
 #include "session/session.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/odbc_connection.h"
 #include "store/sqlite/sqlite_connection.h"
+#include "windows/main/frm_task_main.h"
 
 namespace zv::bench {
 

@@ -2,13 +2,13 @@
 
 #include "base/number.h"
 #include "control/persistence.h"
-#include "windows/main/frm_task_main.h"
 #include "resources/design_texts.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/staff_list.h"
 #include "scheduling/task_done.h"
 #include "scheduling/task_generation.h"
 #include "session/store_choice.h"
+#include "windows/main/frm_task_main.h"
 
 namespace zv {
 namespace {

@@ -46,9 +46,8 @@ std::vector<const Field*> PrintedFields() {
 }
 
 int FreeFields() {
-    return static_cast<int>(std::count_if(kFields.begin(), kFields.end(), [](const Field& field) {
-        return field.box == kFreeBox;
-    }));
+    return static_cast<int>(std::count_if(
+        kFields.begin(), kFields.end(), [](const Field& field) { return field.box == kFreeBox; }));
 }
 
 }  // namespace zv::items

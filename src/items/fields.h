@@ -39,13 +39,13 @@ struct Field {
     /// The control of the main window that edits it. Fields of the box kFreeBox share an array of
     /// boxes, one each, in the order of the table.
     std::string_view box{};
-    int length = 0;               ///< of its box in characters; 0: no limit
-    bool fitsBytes = false;       ///< cut to as many bytes of the ANSI code page when it is saved
-    std::string_view heading{};   ///< key of its heading on the print of one item; empty: not there
-    int printed = 0;              ///< its place there
-    int listed = 0;               ///< its place in lists, from 1; 0: in none
-    bool usual = false;           ///< a list shows it unless the user chose otherwise
-    bool queried = false;         ///< the query window shows it
+    int length = 0;              ///< of its box in characters; 0: no limit
+    bool fitsBytes = false;      ///< cut to as many bytes of the ANSI code page when it is saved
+    std::string_view heading{};  ///< key of its heading on the print of one item; empty: not there
+    int printed = 0;             ///< its place there
+    int listed = 0;              ///< its place in lists, from 1; 0: in none
+    bool usual = false;          ///< a list shows it unless the user chose otherwise
+    bool queried = false;        ///< the query window shows it
 
     bool IsListed() const { return listed > 0; }
 };

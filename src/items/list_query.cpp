@@ -50,9 +50,8 @@ ListQuery ListItems(const std::string& where, bool withCards, Order order, int d
     ListQuery query;
     query.order = OrderText(order);
     query.condition = Condition(source, filter);
-    query.statement =
-        "select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID" + source + filter +
-        " Order by " + query.order;
+    query.statement = "select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID" +
+                      source + filter + " Order by " + query.order;
     return query;
 }
 

@@ -26,7 +26,9 @@ std::vector<const items::Field*> AskFields() {
 }
 
 AskRows::AskRows(Session& session, const std::string& statement, AskTexts texts)
-    : connection_(session.database.OpenAnother(session.Settings())), texts_(std::move(texts)), shown_(AskFields()) {
+    : connection_(session.database.OpenAnother(session.Settings())),
+      texts_(std::move(texts)),
+      shown_(AskFields()) {
     rows_ = connection_->Open(statement, store::CursorType::ForwardOnly, store::LockType::ReadOnly);
     for (const items::Field* field : shown_) fields_.push_back(rows_->FieldIndex(field->column));
     kept_.resize(shown_.size());

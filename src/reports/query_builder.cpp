@@ -109,7 +109,8 @@ Comparison frmSeek::ChosenComparison() const {
 }
 
 std::vector<std::string> frmSeek::ChoicesOf(FieldKind kind) const {
-    return kind == FieldKind::ItemKind ? items::KindNames(session_.state.Language) : items::StateNames(session_.state.Language);
+    return kind == FieldKind::ItemKind ? items::KindNames(session_.state.Language)
+                                       : items::StateNames(session_.state.Language);
 }
 
 void frmSeek::cboField_Click() {

@@ -32,9 +32,9 @@ std::optional<store::RowValues> LoadPlan(Session& session, std::int32_t taskId) 
 
 std::optional<PlanSummary> LoadSummary(Session& session, std::int32_t taskId) {
     session.database.EnsureConnection();
-    const auto row =
-        session.database.Open("select taskTitle,Content,DoneMan,SetMan from tTaskSet where taskID=" +
-                              std::to_string(taskId));
+    const auto row = session.database.Open(
+        "select taskTitle,Content,DoneMan,SetMan from tTaskSet where taskID=" +
+        std::to_string(taskId));
     std::optional<PlanSummary> plan;
     if (!row->Eof()) {
         plan = {row->Field("taskTitle").ToText(), row->Field("Content").ToText(),

@@ -5,9 +5,8 @@ namespace zv::staff {
 std::vector<Person> List(store::Database& database, Source source) {
     const bool personnel = source == Source::Personnel;
     database.EnsureConnection();
-    const auto rows =
-        database.Open(personnel ? "select fCode,fName from tRsBasic Order By fName"
-                                : "select * from employees order by employcode");
+    const auto rows = database.Open(personnel ? "select fCode,fName from tRsBasic Order By fName"
+                                              : "select * from employees order by employcode");
     std::vector<Person> people;
     if (!rows->Eof()) {
         const int code = rows->FieldIndex(personnel ? "fCode" : "employcode");

@@ -23,7 +23,8 @@ using FieldValue = std::pair<std::string_view, Value>;
 class Database {
  public:
     /// What a caller reads when a connection cannot be opened.
-    using OpeningError = std::function<RuntimeError(const RuntimeError&, const ConnectionSettings&)>;
+    using OpeningError =
+        std::function<auto(const RuntimeError&, const ConnectionSettings&)->RuntimeError>;
 
     /// `settings` is asked when a connection is opened for the first time. `observer` may be null;
     /// both must outlive this. Without `openingError` the opener's reason is thrown as it is.

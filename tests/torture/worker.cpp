@@ -116,8 +116,7 @@ bool Worker::ChangeItem(const Step& step) {
 bool Worker::CompleteItem(const Step& step) {
     user_->Seek(name_ + '-');
     if (!user_->Select(step.title)) return false;
-    if (stage_.Window()->item.cboDone2.ListIndex() ==
-        Number(items::ItemState::Done)) {
+    if (stage_.Window()->item.cboDone2.ListIndex() == Number(items::ItemState::Done)) {
         return false;
     }
     user_->Complete();

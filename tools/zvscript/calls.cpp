@@ -3,7 +3,6 @@
 #include <array>
 #include <vector>
 
-#include "windows/main/frm_task_main.h"
 #include "reports/ask_window.h"
 #include "reports/print_report.h"
 #include "scheduling/occurrences.h"
@@ -16,6 +15,7 @@
 #include "stage.h"
 #include "store/sql_text.h"
 #include "values.h"
+#include "windows/main/frm_task_main.h"
 
 namespace zv::script {
 namespace {

@@ -2,8 +2,7 @@
 
 namespace zv::forms::layout {
 
-Metrics::Metrics(Backend& backend)
-    : backend_(backend), text_(backend.MeasureText("国Wg").height) {}
+Metrics::Metrics(Backend& backend) : backend_(backend), text_(backend.MeasureText("国Wg").height) {}
 
 int Metrics::Width(std::string_view caption) const {
     std::string text(caption);

@@ -44,8 +44,7 @@ class Metrics {
     int LabelDrop() const { return (Field() - Text()) / 2; }
 
     /// Puts a label and the field behind it into a place `width` wide.
-    void PlaceLabelled(Label& label, Control& field, int x, int y, int labelWidth,
-                       int width) const;
+    void PlaceLabelled(Label& label, Control& field, int x, int y, int labelWidth, int width) const;
 
  private:
     Backend& backend_;

@@ -112,9 +112,9 @@ void CardPanel::Place(const forms::Rect& page) {
     const int column = (inner - kColumnGap) / 2;
     const int left = kMargin;
     const int right = left + column + kColumnGap;
-    const int labelWidth = std::max(
-        {m.LabelWidth({&lblWay, &lblGuest, &lblCompany, &lblAddress, &lblSearch}),
-         m.LabelWidth(lblTel), m.LabelWidth(lblEmail), m.LabelWidth(lblHttp)});
+    const int labelWidth =
+        std::max({m.LabelWidth({&lblWay, &lblGuest, &lblCompany, &lblAddress, &lblSearch}),
+                  m.LabelWidth(lblTel), m.LabelWidth(lblEmail), m.LabelWidth(lblHttp)});
     int y = kMargin;
     m.PlaceLabelled(lblSearch, txtCompSeek, left, y, labelWidth, column);
     y += m.Row();

@@ -41,8 +41,8 @@ ItemPanel::ItemPanel(forms::Form& form, Session& session)
       lblCardMemo(form, "lblCardMemo", &fraItem) {
     DTPicker2.SetFormat(forms::DateFormat::DateTime);
     txtUser2.SetLocked(true);
-    for (forms::Control* control : {static_cast<forms::Control*>(&cboJbr2),
-                                    static_cast<forms::Control*>(&txtTitle2)}) {
+    for (forms::Control* control :
+         {static_cast<forms::Control*>(&cboJbr2), static_cast<forms::Control*>(&txtTitle2)}) {
         control->onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
     }
     txtTitle2.onGotFocus = [this] { txtTitle2.SelectAll(); };
@@ -58,9 +58,9 @@ void ItemPanel::LoadLists() {
 
 std::vector<FieldBox> ItemPanel::Boxes() {
     using namespace items::field;
-    return {{kTitle, &lblTitle, &txtTitle2},  {kDoer, &lblDoer, &cboJbr2},
-            {kTime, &lblDate, &DTPicker2},    {kKind, &lblKind, &cboType2},
-            {kUser, &lblWriter, &txtUser2},   {kState, &lblState, &cboDone2}};
+    return {{kTitle, &lblTitle, &txtTitle2}, {kDoer, &lblDoer, &cboJbr2},
+            {kTime, &lblDate, &DTPicker2},   {kKind, &lblKind, &cboType2},
+            {kUser, &lblWriter, &txtUser2},  {kState, &lblState, &cboDone2}};
 }
 
 int ItemPanel::Height() const {

@@ -79,8 +79,7 @@ items::ItemEntry ItemValues::Entry(std::int32_t number) const {
     items::ItemEntry entry(kFields.size());
     for (const FieldBox& box : boxes_) entry[box.field] = ValueOf(box.field);
     entry[items::field::kNumber] = store::Value(number);
-    entry[items::field::kAlertFrom] = entry[items::field::kAlertUntil] =
-        entry[items::field::kTime];
+    entry[items::field::kAlertFrom] = entry[items::field::kAlertUntil] = entry[items::field::kTime];
     entry[items::field::kUser] = store::Value(session_.state.UserName);
     return entry;
 }

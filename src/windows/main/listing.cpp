@@ -108,9 +108,8 @@ void Listing::FillWith(const std::string& where) {
 void Listing::LoadItemList(const std::string& where) {
     session_.database.EnsureConnection();
     const items::Filter filter = filter_.Choice();
-    items::ListQuery query =
-        items::ListItems(where, !filter.company.empty(), items::OrderOf(tree_.OrderRow()),
-                         session_.DatabaseKind());
+    items::ListQuery query = items::ListItems(
+        where, !filter.company.empty(), items::OrderOf(tree_.OrderRow()), session_.DatabaseKind());
     const auto rows = session_.database.Open(query.statement);
     shown_ = std::move(query);
     Rebuild(*rows, [&](TreePanel::FillResult& result) {

@@ -49,8 +49,7 @@ class Listing {
  private:
     void Fill();
     /// Runs a fill between clearing the tree and selecting its first node.
-    void Rebuild(store::Recordset& rows,
-                 const std::function<void(TreePanel::FillResult&)>& fill);
+    void Rebuild(store::Recordset& rows, const std::function<void(TreePanel::FillResult&)>& fill);
     void TellNotShown(int rows, const std::string& reason);
     void Empty();
     void PutSwitchBack();

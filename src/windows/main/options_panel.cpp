@@ -107,8 +107,8 @@ void OptionsPanel::Place(const forms::Rect& page) {
     frame(fraData, 3);
     optAccess.Move({kFramePadding, row(0), inner, m.Field()});
     const int browseWidth = m.ButtonWidth(cmdAccess.Caption());
-    txtAccess.Move({kFramePadding + kBoxWidth, row(1), inner - kBoxWidth - browseWidth - kGap,
-                    m.Field()});
+    txtAccess.Move(
+        {kFramePadding + kBoxWidth, row(1), inner - kBoxWidth - browseWidth - kGap, m.Field()});
     cmdAccess.Move({kFramePadding + inner - browseWidth, row(1), browseWidth, m.Field()});
     optSQL.Move({kFramePadding, row(2), inner, m.Field()});
 

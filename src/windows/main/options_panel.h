@@ -102,8 +102,8 @@ class OptionsPanel {
     void EnablePath(bool file);
     bool IsServer() const;
 
-    bool showing_ = false;         ///< what is, which is no choice of the user's
-    std::string accessBefore_;     ///< the text of the path box as it was loaded or focused
+    bool showing_ = false;      ///< what is, which is no choice of the user's
+    std::string accessBefore_;  ///< the text of the path box as it was loaded or focused
     DateTime lastRead_;
 };
 

@@ -44,8 +44,8 @@ void Printing::FillParameters() {
     parameters.clear();
     for (const items::Field* field : items::PrintedFields()) {
         const auto position = static_cast<std::size_t>(field - items::kFields.data());
-        parameters.push_back(platform::HeadingEntry(labels_.Of(position)->ShownText(),
-                                                    std::string(field->heading)));
+        parameters.push_back(
+            platform::HeadingEntry(labels_.Of(position)->ShownText(), std::string(field->heading)));
         parameters.push_back(view_.Values().Text(position));
     }
 }

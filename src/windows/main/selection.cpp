@@ -58,7 +58,9 @@ void Selection::UpdatePrint() {
     commands_.EnablePrint(item || reminder_.ShowsGrid());
 }
 
-void Selection::EnterInput() { view_.FocusInput(tabs_.Tab() == kCardTab); }
+void Selection::EnterInput() {
+    view_.FocusInput(tabs_.Tab() == kCardTab);
+}
 
 bool Selection::MayRightClick(int node) const {
     if (!model_.Editing()) return true;
@@ -105,8 +107,7 @@ void Selection::PopupContextMenu(int x, int y) {
     if (item.number != model_.currentId) tvwTask_NodeClick(node);
     // While a box about the item stood the host may have closed the window.
     if (!form_.IsLoaded()) return;
-    form_.PopupMenu(commands_.menus.ContextMenu(*kind), x, y,
-                    [&] { return MakeCurrent(item); });
+    form_.PopupMenu(commands_.menus.ContextMenu(*kind), x, y, [&] { return MakeCurrent(item); });
 }
 
 }  // namespace zv::windows

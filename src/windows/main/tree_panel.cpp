@@ -157,8 +157,7 @@ void TreePanel::Place(const forms::Rect& area) {
     picImage.Move({area.Right(), area.top, kDivider, area.height + kMargin});
 }
 
-void TreePanel::FillItems(store::Recordset& rows, const items::Filter& filter,
-                          FillResult& result) {
+void TreePanel::FillItems(store::Recordset& rows, const items::Filter& filter, FillResult& result) {
     const std::vector<std::string> names = items::KindNames(session_.state.Language);
     const int idColumn = rows.FieldIndex("fID");
     const int typeColumn = rows.FieldIndex("fType");

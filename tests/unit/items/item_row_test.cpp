@@ -25,8 +25,7 @@ TEST(MergeGroups, WhatBelongsTogetherComesFromOneVersion) {
 TEST(MergeGroups, OnlyTheUserIsAlwaysTheCurrentOne) {
     const std::vector<std::size_t> groups = MergeGroups();
     for (std::size_t i = 0; i < groups.size(); i++) {
-        EXPECT_EQ(groups[i] == store::RowMerge::kAlwaysOwn, kColumns[i] == "fUser")
-            << kColumns[i];
+        EXPECT_EQ(groups[i] == store::RowMerge::kAlwaysOwn, kColumns[i] == "fUser") << kColumns[i];
     }
 }
 

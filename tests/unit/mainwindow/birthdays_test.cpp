@@ -90,8 +90,8 @@ TEST_F(BirthdayTest, TickingShowsTheGridAndHidesTheCommands) {
     EXPECT_TRUE(window.birthdays.Grid1.Visible());
     EXPECT_EQ(window.birthdays.lblBirthDay.Caption(), "客户生日报警 （今天 2003-03-07）");
     for (const forms::Control* button :
-         {&window.commands.cmdSeek, &window.commands.cmdAction[1], &window.commands.cmdAction[2], &window.commands.cmdAction[3],
-          &window.commands.cmdTaskOK}) {
+         {&window.commands.cmdSeek, &window.commands.cmdAction[1], &window.commands.cmdAction[2],
+          &window.commands.cmdAction[3], &window.commands.cmdTaskOK}) {
         EXPECT_FALSE(button->OwnVisible()) << button->Name();
     }
     EXPECT_TRUE(window.commands.cmdAction[0].OwnVisible());
@@ -99,8 +99,8 @@ TEST_F(BirthdayTest, TickingShowsTheGridAndHidesTheCommands) {
     EXPECT_FALSE(window.birthdays.Grid1.Visible());
     EXPECT_EQ(window.birthdays.lblBirthDay.Caption(), "（今天 2003-03-07）");
     for (const forms::Control* button :
-         {&window.commands.cmdSeek, &window.commands.cmdAction[1], &window.commands.cmdAction[2], &window.commands.cmdAction[3],
-          &window.commands.cmdTaskOK}) {
+         {&window.commands.cmdSeek, &window.commands.cmdAction[1], &window.commands.cmdAction[2],
+          &window.commands.cmdAction[3], &window.commands.cmdTaskOK}) {
         EXPECT_TRUE(button->OwnVisible()) << button->Name();
     }
 }
@@ -157,7 +157,8 @@ TEST_F(BirthdayTest, ABirthdayThatIsNoDateEndsNothing) {
     EXPECT_TRUE(stage.dialogs.messages.empty());
     EXPECT_TRUE(window.birthdays.chkBirthDay0.Checked());
     std::string names;
-    for (int row = 1; row <= window.birthdays.Grid1.DataRowCount(); row++) names += window.birthdays.Grid1.Cell(row, 2);
+    for (int row = 1; row <= window.birthdays.Grid1.DataRowCount(); row++)
+        names += window.birthdays.Grid1.Cell(row, 2);
     EXPECT_NE(names.find("好"), std::string::npos);
 }
 

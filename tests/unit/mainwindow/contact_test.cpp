@@ -64,8 +64,10 @@ TEST_F(Contact, TheWayChoosesTheFieldAndTheButton) {
     ClickNode("Z1");
     const auto shown = [&] {
         return std::string() + (window.cards.cmdTel.Visible() ? 'T' : '-') +
-               (window.cards.txtTel[0].Visible() ? 't' : '-') + (window.cards.cmdEmail.Visible() ? 'E' : '-') +
-               (window.cards.txtEmail[0].Visible() ? 'e' : '-') + (window.cards.cmdHttp.Visible() ? 'H' : '-') +
+               (window.cards.txtTel[0].Visible() ? 't' : '-') +
+               (window.cards.cmdEmail.Visible() ? 'E' : '-') +
+               (window.cards.txtEmail[0].Visible() ? 'e' : '-') +
+               (window.cards.cmdHttp.Visible() ? 'H' : '-') +
                (window.cards.txtHttp[0].Visible() ? 'h' : '-');
     };
     EXPECT_EQ(shown(), "Tt----");

@@ -152,8 +152,9 @@ TEST_F(FieldLabelsTest, AreFoundByTheirFieldWithoutRegardToCase) {
 TEST_F(FieldLabelsTest, ALongCaptionLeavesTheFieldHalfOfThePlace) {
     stage.Sql("update rptListDetail set FieldName_0='" + std::string(100, 'W') + "'");
     frmTaskMain& window = Open();
-    for (const forms::Control* field : {static_cast<forms::Control*>(&window.item.txtTitle2),
-                                        static_cast<forms::Control*>(&window.content.txtOther[0])}) {
+    for (const forms::Control* field :
+         {static_cast<forms::Control*>(&window.item.txtTitle2),
+          static_cast<forms::Control*>(&window.content.txtOther[0])}) {
         EXPECT_GT(field->Bounds().width, 100);
     }
 }

@@ -72,8 +72,9 @@ TEST_F(FilterPage, ServersTakeTheirOwnDelimiter) {
 }
 
 TEST_F(FilterPage, AQuoteKeepsTheFocus) {
-    for (forms::TextBox* box : {&window.filter.txtTitle0, &window.filter.txtContent0, &window.filter.txtJBR0,
-                                &window.filter.txtUser0, &window.filter.txtComp}) {
+    for (forms::TextBox* box :
+         {&window.filter.txtTitle0, &window.filter.txtContent0, &window.filter.txtJBR0,
+          &window.filter.txtUser0, &window.filter.txtComp}) {
         stage.dialogs.messages.clear();
         stage.user.Type(*box, "O'Brien");
         stage.user.Leave(*box);

@@ -119,7 +119,9 @@ TEST_F(Actions, AnAddBeginsEmpty) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     stage.user.Choose(window.commands.menus.mnuDailyAdd);
-    EXPECT_EQ(window.item.txtTitle2.Text() + window.item.cboJbr2.Text() + window.content.txtTaskCon.Text(), "");
+    EXPECT_EQ(window.item.txtTitle2.Text() + window.item.cboJbr2.Text() +
+                  window.content.txtTaskCon.Text(),
+              "");
     EXPECT_EQ(window.item.txtUser2.Text(), "张三");
     EXPECT_EQ(window.item.cboDone2.ListIndex(), kNotDone);
     EXPECT_EQ(window.item.cboType2.ListIndex(), kDiary);

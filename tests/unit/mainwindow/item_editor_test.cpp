@@ -69,8 +69,9 @@ TEST_F(Editor, AnItemWithoutADateShowsThePresentOne) {
 TEST_F(Editor, MissingValuesShowAsEmptyTexts) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    EXPECT_EQ(window.item.cboJbr2.Text() + window.item.txtUser2.Text() + window.cards.cboWay.Text() +
-                  window.cards.txtName2.Text() + window.content.txtOther[3].Text(),
+    EXPECT_EQ(window.item.cboJbr2.Text() + window.item.txtUser2.Text() +
+                  window.cards.cboWay.Text() + window.cards.txtName2.Text() +
+                  window.content.txtOther[3].Text(),
               "");
 }
 

@@ -32,7 +32,9 @@ class MainWindow : public testing::Test {
         stage.statements.Take();
         return *stage.Window();
     }
-    void ClickNode(const std::string& key) { stage.user.ClickNode(stage.Window()->tree.tvwTask, key); }
+    void ClickNode(const std::string& key) {
+        stage.user.ClickNode(stage.Window()->tree.tvwTask, key);
+    }
     void ShowTab(int tab) { stage.user.SelectTab(stage.Window()->SSTab1, tab); }
 
     stage::Stage stage;

@@ -64,8 +64,11 @@ TEST_F(Menus, EveryEntryOfAnItemOrAPlanActs) {
         if (plans) stage.user.Click(window.tree.chkEvent);
         for (forms::MenuItem* entry : window.Menus()) {
             const forms::MenuItem* parent = entry->Parent();
-            if (!parent || entry->Caption() == "-" || entry == &window.commands.menus.mnuImgClose) continue;
-            if (parent == &window.commands.menus.mnuPrint || entry == &window.commands.menus.mnuSeek2) continue;
+            if (!parent || entry->Caption() == "-" || entry == &window.commands.menus.mnuImgClose)
+                continue;
+            if (parent == &window.commands.menus.mnuPrint ||
+                entry == &window.commands.menus.mnuSeek2)
+                continue;
             ClickNode(plans ? "Z7" : "Z1");
             stage.dialogs.messages.clear();
             stage.dialogs.answers = {forms::Answer::Cancel};

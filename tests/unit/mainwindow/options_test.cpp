@@ -272,7 +272,8 @@ TEST_F(Options, TheIntervalBoxKeepsAWholeNumber) {
     const auto leave = [&](const std::string& text) {
         stage.user.Type(window.options.txtTimeSet, text);
         stage.user.Leave(window.options.txtTimeSet);
-        return window.options.txtTimeSet.Text() + (window.options.Timer1.Running() ? " on" : " off");
+        return window.options.txtTimeSet.Text() +
+               (window.options.Timer1.Running() ? " on" : " off");
     };
     EXPECT_EQ(leave("-7.5"), "8 off");
     EXPECT_EQ(leave("abc"), "0 on");

@@ -17,10 +17,13 @@ TEST_F(OtherFieldsTest, TheFieldInUseIsScrolledIntoSight) {
     EXPECT_EQ(top(), 0);
     // Below the visible part: its bottom comes to the edge.
     window.content.txtOther[3].SetFocus();
-    EXPECT_EQ(top() + window.content.txtOther[3].Bounds().Bottom(), window.content.picOther.Bounds().height);
+    EXPECT_EQ(top() + window.content.txtOther[3].Bounds().Bottom(),
+              window.content.picOther.Bounds().height);
     window.content.txtOther[5].SetFocus();
-    EXPECT_EQ(top() + window.content.txtOther[5].Bounds().Bottom(), window.content.picOther.Bounds().height);
-    EXPECT_GE(top() + window.content.picOtherIn.Bounds().height, window.content.picOther.Bounds().height);
+    EXPECT_EQ(top() + window.content.txtOther[5].Bounds().Bottom(),
+              window.content.picOther.Bounds().height);
+    EXPECT_GE(top() + window.content.picOtherIn.Bounds().height,
+              window.content.picOther.Bounds().height);
     // Above it: its top does.
     window.content.txtOther[1].SetFocus();
     EXPECT_EQ(top(), -window.content.txtOther[1].Bounds().top);

@@ -10,7 +10,8 @@ TEST(KindFromKeyLetter, KnowsTheFourKindsAndKeepsThePresentOtherwise) {
     EXPECT_EQ(KindFromKeyLetter('B', NodeKind::Plan), NodeKind::Guest);
     EXPECT_EQ(KindFromKeyLetter('C', NodeKind::Guest), NodeKind::Diary);
     EXPECT_EQ(KindFromKeyLetter('E', NodeKind::Guest), NodeKind::Plan);
-    for (const char letter : {'D', 'Z', 'a', '\0'}) EXPECT_EQ(KindFromKeyLetter(letter, NodeKind::Diary), NodeKind::Diary);
+    for (const char letter : {'D', 'Z', 'a', '\0'})
+        EXPECT_EQ(KindFromKeyLetter(letter, NodeKind::Diary), NodeKind::Diary);
 }
 
 class Tree : public MainWindow {
@@ -33,7 +34,8 @@ class Tree : public MainWindow {
         const frmTaskMain& w = *stage.Window();
         const auto flag = [](bool on) { return on ? '1' : '0'; };
         return {flag(w.commands.cmdPrint.Enabled()), flag(w.commands.cmdTaskOK.Enabled()),
-                flag(w.commands.menus.mnuTaskDoing.Enabled()), flag(w.commands.menus.mnuTaskDoneOk.Enabled())};
+                flag(w.commands.menus.mnuTaskDoing.Enabled()),
+                flag(w.commands.menus.mnuTaskDoneOk.Enabled())};
     }
 };
 
@@ -165,8 +167,8 @@ TEST_F(Tree, APlanHidesWhatOnlyItemsHave) {
     ClickNode("Z7");
     EXPECT_EQ(stage.statements.Take(),
               Lines{"select taskTitle,Content,DoneMan,SetMan from tTaskSet where taskID=7"});
-    EXPECT_EQ(window.item.txtTitle2.Text() + window.content.txtTaskCon.Text() + window.item.cboJbr2.Text() +
-                  window.item.txtUser2.Text(),
+    EXPECT_EQ(window.item.txtTitle2.Text() + window.content.txtTaskCon.Text() +
+                  window.item.cboJbr2.Text() + window.item.txtUser2.Text(),
               "计划说明执行设置");
     EXPECT_EQ(window.model.currentKind, NodeKind::Plan);
     EXPECT_EQ(window.model.currentId, 7);
@@ -243,7 +245,7 @@ TEST_F(Tree, TheMenuOpensAtTheMouse) {
     const forms::Rect& tree = window.tree.tvwTask.Bounds();
     ASSERT_GT(tree.top, 0);
     window.tree.tvwTask.UserRightClick(window.tree.tvwTask.Find("Z1"), 30 * forms::kTwipsPerUnit,
-                                  44 * forms::kTwipsPerUnit);
+                                       44 * forms::kTwipsPerUnit);
     EXPECT_EQ(window.LastPopup(), "mnuTask");
     EXPECT_EQ(window.LastPopupAt(), (forms::Position{tree.left + 30, tree.top + 44}));
 }

@@ -94,7 +94,7 @@ TEST_F(PrintReportTest, HandsOverWhatTheComponentNeeds) {
 
 TEST_F(PrintReportTest, AListIsReadWhereTheWindowsReadTheirRows) {
     AddItem();
-    stage.session.EnsureConnection();
+    stage.session.database.EnsureConnection();
     const store::ConnectionText opened = stage.session.state.UserPath;
     stage.session.state.UserPath = "C:\\other.db";
     stage.session.state.SQLData = 1;

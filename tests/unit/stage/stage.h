@@ -15,9 +15,9 @@
 #include "forms/driver.h"
 #include "forms/headless/headless_backend.h"
 #include "forms/headless/headless_driver.h"
-#include "windows/main/frm_task_main.h"
 #include "platform/scripted/scripted_machine.h"
 #include "session/session.h"
+#include "windows/main/frm_task_main.h"
 
 namespace zv::stage {
 
