@@ -30,6 +30,20 @@ for folder in "${order[@]}"; do
         "$(sources "src/$folder" | xargs -r grep -nE '#include "[a-z]+/' | grep -vE "#include \"($allowed)/")"
 done
 
+check "items, plans, cards and staff know no window, no machine and no session" \
+    "$(sources src/items src/plans src/cards src/staff |
+        xargs grep -nE '#include "(forms|platform|session)/')"
+
+# A panel is put together with others by the window; it may share the model and a table of boxes.
+check "no panel includes the window, an act or another panel" \
+    "$(sources src/windows/main/panels | while read -r file; do
+        own=$(basename "${file%.*}")
+        grep -nE '#include "windows/main/(acts/|frm_|panels/[a-z_]*panel\.h)' "$file" |
+            grep -v "panels/$own\.h" | sed "s|^|$file:|"
+    done)"
+check "no act includes the window" \
+    "$(sources src/windows/main/acts | xargs grep -nE '#include "windows/main/frm_')"
+
 check "no test for the operating system outside the ports" \
     "$(sources src | grep -vE '^src/(com|[a-z]+/(win32|ado|odbc|sqlite|headless|scripted))/' |
         xargs grep -nE '_WIN32|windows\.h')"

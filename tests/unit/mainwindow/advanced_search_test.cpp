@@ -1,4 +1,4 @@
-#include "windows/main/advanced_search.h"
+#include "windows/main/acts/advanced_search.h"
 
 #include "main_window_fixture.h"
 #include "reports/query_builder.h"

@@ -1,4 +1,4 @@
-#include "windows/main/birthday_panel.h"
+#include "windows/main/panels/birthday_panel.h"
 
 #include "main_window_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "windows/main/card_panel.h"
+#include "windows/main/panels/card_panel.h"
 
 #include "main_window_fixture.h"
 

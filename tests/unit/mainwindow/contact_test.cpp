@@ -1,4 +1,4 @@
-#include "windows/main/contact_targets.h"
+#include "windows/main/panels/contact_targets.h"
 
 #include "main_window_fixture.h"
 

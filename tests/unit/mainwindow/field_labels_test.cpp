@@ -1,4 +1,4 @@
-#include "windows/main/field_labels.h"
+#include "windows/main/acts/field_labels.h"
 
 #include "main_window_fixture.h"
 

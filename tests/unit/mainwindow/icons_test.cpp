@@ -1,4 +1,4 @@
-#include "windows/main/icons.h"
+#include "windows/main/panels/icons.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "windows/main/editing.h"
+#include "windows/main/acts/editing.h"
 
 #include "main_window_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "windows/main/item_view.h"
+#include "windows/main/acts/item_view.h"
 
 #include "main_window_fixture.h"
 

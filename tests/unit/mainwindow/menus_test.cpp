@@ -1,4 +1,4 @@
-#include "windows/main/menus.h"
+#include "windows/main/panels/menus.h"
 
 #include <functional>
 

@@ -1,4 +1,4 @@
-#include "windows/main/content_panel.h"
+#include "windows/main/panels/content_panel.h"
 
 #include "main_window_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "windows/main/plan_commands.h"
+#include "windows/main/acts/plan_commands.h"
 
 #include "main_window_fixture.h"
 #include "scheduling/plan_editor.h"

@@ -1,4 +1,4 @@
-#include "windows/main/printing.h"
+#include "windows/main/acts/printing.h"
 
 #include "main_window_fixture.h"
 #include "reports/layout_chooser.h"

@@ -1,4 +1,4 @@
-#include "windows/main/tree_panel.h"
+#include "windows/main/panels/tree_panel.h"
 
 #include "main_window_fixture.h"
 

@@ -1,0 +1,46 @@
+#include "windows/main/acts/advanced_search.h"
+
+#include <string>
+
+#include "reports/ask_window.h"
+#include "reports/query_builder.h"
+
+namespace zv::windows {
+
+AdvancedSearch::AdvancedSearch(forms::Form& form, Session& session, const MainModel& model,
+                               CommandPanel& commands, const FieldLabels& labels, Listing& listing)
+    : form_(form),
+      session_(session),
+      model_(model),
+      commands_(commands),
+      labels_(labels),
+      listing_(listing) {
+    commands_.menus.mnuSeek2.onClick = [this] { mnuSeek2_Click(); };
+    commands_.menus.mnuAsk.onClick = [this] { mnuAsk_Click(); };
+}
+
+void AdvancedSearch::mnuSeek2_Click() {
+    std::string where = reports::AskForConditions(session_, conditions_);
+    // The host may have closed everything meanwhile.
+    if (where.empty() || !form_.IsLoaded()) return;
+    // Meanwhile the host may have shown the window to a user whose search is limited.
+    if (!commands_.menus.mnuSeek2.Enabled()) {
+        session_.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
+        return;
+    }
+    if (model_.startMode == kCardMode) {
+        where = where == "1=1" ? "fType=1" : where + " And fType=1";
+    }
+    listing_.FillWith(where);
+}
+
+void AdvancedSearch::mnuAsk_Click() {
+    reports::ShowAsk(session_, session_.windows.ModalForm() != nullptr, labels_.Captions());
+}
+
+void AdvancedSearch::ShowCaptions() const {
+    auto* ask = session_.windows.Find<reports::frmAsk>(reports::frmAsk::kName);
+    if (ask) ask->ShowFieldCaptions(labels_.Captions());
+}
+
+}  // namespace zv::windows

@@ -1,0 +1,301 @@
+#include "windows/main/acts/editing.h"
+
+#include <array>
+#include <utility>
+#include <variant>
+
+#include "forms/form.h"
+#include "resources/item_texts.h"
+#include "resources/text_ids.h"
+#include "scheduling/plan_items.h"
+#include "scheduling/plan_store.h"
+#include "windows/main/acts/conflict_question.h"
+#include "windows/main/acts/rights.h"
+
+namespace zv::windows {
+namespace {
+
+using items::ItemKind;
+namespace field = items::field;
+
+std::string WordFor(EditMode mode) {
+    switch (mode) {
+        case EditMode::Adding:
+            return "新增";
+        case EditMode::Deleting:
+            return "删除";
+        default:
+            return "修改";
+    }
+}
+
+}  // namespace
+
+Editing::Editing(forms::Form& form, Session& session, MainModel& model, forms::TabPanel& tabs,
+                 TreePanel& tree, ItemPanel& head, CardPanel& cards, CommandPanel& commands,
+                 const FieldLabels& labels, ItemView& view, Selection& selection, Listing& listing,
+                 PlanCommands& plans)
+    : form_(form),
+      session_(session),
+      model_(model),
+      tabs_(tabs),
+      tree_(tree),
+      head_(head),
+      cards_(cards),
+      commands_(commands),
+      labels_(labels),
+      view_(view),
+      selection_(selection),
+      listing_(listing),
+      plans_(plans) {
+    Wire();
+}
+
+void Editing::Wire() {
+    struct KindMenu {
+        ItemKind kind;
+        forms::MenuItem& add;
+        forms::MenuItem& change;
+        forms::MenuItem& erase;
+    };
+    MainMenus& m = commands_.menus;
+    for (const KindMenu& menu :
+         {KindMenu{ItemKind::Task, m.mnuTaskAdd, m.mnuTaskChg, m.mnuTaskDel},
+          KindMenu{ItemKind::Guest, m.mnuGuestAdd, m.mnuGuestChg, m.mnuGuestDel},
+          KindMenu{ItemKind::Diary, m.mnuDailyAdd, m.mnuDailyChg, m.mnuDailyDel}}) {
+        menu.add.onClick = [this, kind = menu.kind] { StartAddItem(kind); };
+        menu.change.onClick = [this, kind = menu.kind] { StartChangeItem(kind); };
+        menu.erase.onClick = [this] { DeleteItem(); };
+    }
+    m.mnuEventDel.onClick = [this] { DeletePlan(); };
+    m.mnuGuestConnect.onClick = [this] { mnuGuestConnect_Click(); };
+    for (std::int16_t i = 0; i < commands_.cmdAction.Count(); i++) {
+        commands_.cmdAction[i].onClick = [this, i] { cmdAction_Click(i); };
+    }
+    commands_.cmdSave.onClick = [this] { cmdSave_Click(); };
+    cards_.onLeftWithCompany = [this](const std::string& company) { ProposeTitle(company); };
+    cards_.onEntered = [this] { head_.FocusTitle(); };
+}
+
+void Editing::cmdAction_Click(std::int16_t index) {
+    const ItemRef item = model_.Current();
+    const NodeKind kind = model_.currentKind;
+    if (!HasRightToItems(session_, model_, index) || !form_.IsLoaded()) return;
+    const auto mode = static_cast<EditMode>(index);
+    const bool needsItem = mode == EditMode::Changing || mode == EditMode::Deleting;
+    if (needsItem && !selection_.MakeCurrent(item)) return;
+    // A plan, and a change without an item, open no edit; what is open goes on.
+    struct GoOn {
+        MainModel& model;
+        ~GoOn() {
+            if (model.editMode != EditMode::Deleting) model.editMode = model.openedFor;
+        }
+    } const goOn{model_};
+    model_.editMode = mode;
+    Dispatch(mode, kind);
+}
+
+void Editing::Dispatch(EditMode mode, NodeKind node) {
+    const auto kind = ItemKindOf(node);
+    switch (mode) {
+        case EditMode::Adding:
+            return kind ? StartAddItem(*kind) : plans_.mnuEventAdd_Click();
+        case EditMode::Changing:
+            return kind ? StartChangeItem(*kind) : plans_.mnuEventChg_Click();
+        case EditMode::Deleting:
+            return kind ? DeleteItem() : DeletePlan();
+        default:
+            return cmdCancel_Click();
+    }
+}
+
+void Editing::StartAddItem(ItemKind kind) {
+    const bool visit = kind == ItemKind::Guest;
+    const bool keepsCard = visit && model_.startMode == kCardMode;
+    const int card = keepsCard ? cards_.Selection() : -1;
+    // Outside the card mode the list holds whatever was shown or searched for last.
+    if (visit && !keepsCard) cards_.LoadCardList(cards_.BoxCondition());
+    view_.Clear();
+    session_.state.cardId = 0;
+    head_.cboType2.SetListIndex(Number(kind));
+    model_.OpenEditor(kind, EditMode::Adding);
+    view_.ShowFor(false);
+    tabs_.SetTab(visit ? kCardTab : kItemTab);
+    // The cards that the host opened the window for: the visit is to the one that is picked.
+    if (card >= 0) cards_.Select(card);
+    view_.BeginNew(kind, session_.state.cardId);
+    if (visit)
+        cards_.FocusFirst(card >= 0);
+    else
+        head_.FocusTitle();
+}
+
+void Editing::StartChangeItem(ItemKind kind) {
+    // What was typed for a new item must not end up in this one, nor what was shown before a save
+    // whose fill failed: others may have changed the row since.
+    const bool stale = model_.openedFor == EditMode::Adding || !view_.RowAsRead();
+    if (stale && model_.currentId != 0 && !model_.ShowsPlans()) view_.ShowItem();
+    if (kind == ItemKind::Guest && model_.currentId == 0) return;
+    if (model_.openedFor == EditMode::None) cards_.ForgetPick();
+    model_.OpenEditor(kind, EditMode::Changing);
+    view_.TellAboutCard();
+}
+
+void Editing::cmdCancel_Click() {
+    model_.editMode = EditMode::None;
+    model_.LockEditor();
+    if (const int node = tree_.Selected(); node != TreePanel::kNone)
+        selection_.tvwTask_NodeClick(node);
+    else
+        view_.Clear();
+}
+
+void Editing::cmdSave_Click() {
+    if (model_.openedFor == EditMode::None) return;
+    // A delete that was called off meanwhile has left its own mode.
+    model_.editMode = model_.openedFor;
+    const auto saved = SaveItem();
+    // A host that closed the window meanwhile wants no list any more.
+    if (!saved || !form_.IsLoaded()) return;
+    model_.editMode = EditMode::None;
+    model_.LockEditor();
+    if (listing_.Refill()) TellWhenNotListed(*saved);
+}
+
+void Editing::TellWhenNotListed(const items::SavedItem& saved) {
+    if (tree_.Lists(saved)) return;
+    session_.windows.ShowMessage(
+        "[" + saved.title + "]: " + session_.LoadText(resources::DesignText::NotListed),
+        forms::box::kInformation);
+}
+
+bool Editing::HasCustomer() {
+    if (view_.Values().Row(field::kKind) != Number(ItemKind::Guest) || session_.state.cardId >= 1) {
+        return true;
+    }
+    session_.windows.ShowMessage("请输入客户资料！", forms::box::kExclamation);
+    tabs_.SetTab(kCardTab);
+    cards_.FocusSearch();
+    return false;
+}
+
+std::optional<items::SavedItem> Editing::SaveItem() {
+    session_.state.cardId = view_.NumberToStore();
+    if (!HasCustomer()) return std::nullopt;
+    const items::ItemEntry entry = view_.Entry();
+    const bool adds = model_.editMode == EditMode::Adding;
+    const std::string word = WordFor(model_.editMode);
+    // The number of a plan that is shown is not an item's.
+    const std::int32_t id = model_.ShowsPlans() ? 0 : model_.currentId;
+    if (!MayJoinPlan()) return std::nullopt;
+    const auto saved = adds ? items::Add(session_.database, id, entry) : Change(id, entry);
+    if (!saved) return saved;
+    view_.ForgetRow();
+    head_.txtUser2.SetText(session_.state.UserName);
+    session_.windows.ShowMessage("[" + saved->title + "]: " + word + "完毕 ！",
+                                 forms::box::kOkOnly);
+    return saved;
+}
+
+std::optional<items::SavedItem> Editing::Change(std::int32_t id, const items::ItemEntry& entry) {
+    items::ItemChange change(session_.database, id, entry, view_.RowAsRead(), view_.EntryAsShown());
+    for (;;) {
+        const items::ItemChange::Outcome outcome = change.Save();
+        if (const auto* saved = std::get_if<items::SavedItem>(&outcome)) return *saved;
+        if (std::holds_alternative<items::ItemChange::Gone>(outcome)) {
+            session_.windows.ShowMessage("原记录未有存在，操作取消！", forms::box::kExclamation);
+            return std::nullopt;
+        }
+        const auto& conflict = std::get<items::ItemChange::Conflict>(outcome);
+        if (!Settle(change.Merge(), conflict.stored)) return std::nullopt;
+    }
+}
+
+bool Editing::Settle(store::RowMerge& merge, const items::ItemRow& stored) const {
+    const ConflictQuestion question(session_, labels_, stored, merge.Own());
+    for (const std::size_t group : merge.Conflicts(stored)) {
+        const auto version = question.Ask(merge.Differences(group, stored));
+        if (!version) return false;
+        merge.Decide(group, *version, stored);
+    }
+    return true;
+}
+
+bool Editing::MayJoinPlan() const {
+    const std::optional<std::int32_t> pick = cards_.Pick();
+    if (!pick || view_.Values().Row(field::kKind) != Number(ItemKind::Task)) return true;
+    const auto plan = scheduling::LoadPlan(session_, *pick);
+    if (!plan) return true;
+    const std::string title = (*plan)[scheduling::PlanFieldIndex("taskTitle")].ToText();
+    const auto text = [this](resources::ItemText id) {
+        return resources::GetItemText(id, session_.state.Language);
+    };
+    return session_.windows.ShowMessage(
+               tree_.chkEvent.Caption() + " [" + std::to_string(*pick) + " - " + title +
+                   "]: " + text(resources::ItemText::BelongsToPlan) + "\r\n\r\n" +
+                   text(resources::ItemText::SaveAnyway),
+               forms::box::kOkCancel + forms::box::kExclamation) != forms::Answer::Cancel;
+}
+
+void Editing::DeleteItem() {
+    Delete(false);
+}
+
+void Editing::DeletePlan() {
+    Delete(true);
+}
+
+void Editing::Delete(bool plan) {
+    const ItemRef item = model_.Current();
+    // The number of a plan is not an item's, nor the other way round.
+    if (item.number == 0 || plan != item.plan) return;
+    const forms::Answer answer = session_.windows.ShowMessage(
+        DeleteQuestion(plan), forms::box::kOkCancel + forms::box::kExclamation);
+    if (answer == forms::Answer::Cancel) return;
+    if (plan)
+        scheduling::DeletePlan(session_, item.number);
+    else
+        items::Delete(session_.database, item.number);
+    if (form_.IsLoaded()) ShowAsDeleted(item);
+}
+
+std::string Editing::DeleteQuestion(bool plan) const {
+    // The title being typed for a new item is not that of the one to be deleted.
+    const bool adds = model_.openedFor == EditMode::Adding && !view_.RowAsRead();
+    const std::string title =
+        "[" + (adds ? view_.StoredTitle() : view_.Values().Text(field::kTitle)) + "]";
+    if (!plan) return title + ": " + session_.LoadText(text_id::kConfirmDelete) + " ?";
+    return session_.LoadText(text_id::kConfirmDelete) + tree_.chkEvent.Caption() + ": " + title +
+           "\r" + session_.LoadText(text_id::kDeletesItemsToo);
+}
+
+void Editing::ShowAsDeleted(const ItemRef& item) {
+    const bool current = selection_.IsCurrent(item);
+    if (const int node = tree_.Find(item); node != TreePanel::kNone) tree_.Remove(node);
+    // What the tree was filled with while the question stood is not the item's.
+    if (!current) return;
+    // What was typed belonged to an item that is gone.
+    if (model_.editMode == EditMode::Deleting && model_.openedFor != EditMode::None) {
+        model_.LockEditor();
+    }
+    if (tree_.Selected() != TreePanel::kNone) {
+        selection_.tvwTask_NodeClick(tree_.Selected());
+    } else {
+        model_.currentId = 0;
+        view_.Clear();
+    }
+}
+
+void Editing::mnuGuestConnect_Click() {
+    if (model_.currentKind != NodeKind::Guest || model_.currentId == 0) return;
+    tabs_.SetTab(kCardTab);
+    // A card that is being picked for the visit stays.
+    if (!model_.Editing()) view_.ShowCardAgain();
+}
+
+void Editing::ProposeTitle(const std::string& company) {
+    // Not the edit mode, which a delete that was called off leaves behind.
+    if (model_.openedFor != EditMode::None) head_.txtTitle2.SetText(company + "--拜访记录");
+}
+
+}  // namespace zv::windows

@@ -1,0 +1,70 @@
+// Adding, changing, deleting, saving and calling off, from the buttons and from the menus.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "items/item_store.h"
+#include "windows/main/acts/field_labels.h"
+#include "windows/main/acts/listing.h"
+#include "windows/main/acts/plan_commands.h"
+
+namespace zv::windows {
+
+class Editing {
+ public:
+    /// All must outlive this.
+    Editing(forms::Form& form, Session& session, MainModel& model, forms::TabPanel& tabs,
+            TreePanel& tree, ItemPanel& head, CardPanel& cards, CommandPanel& commands,
+            const FieldLabels& labels, ItemView& view, Selection& selection, Listing& listing,
+            PlanCommands& plans);
+
+    /// 0 cancel, 1 add, 2 change, 3 delete: asks the module gate first.
+    void cmdAction_Click(std::int16_t index);
+    void cmdSave_Click();
+    void cmdCancel_Click();
+    void StartAddItem(items::ItemKind kind);
+    void StartChangeItem(items::ItemKind kind);
+    /// Delete the item, or the plan with all its items, that is current.
+    void DeleteItem();
+    void DeletePlan();
+    /// Brings the card of the visit shown forward.
+    void mnuGuestConnect_Click();
+    /// Proposes a title for a visit to a company, while one is being entered.
+    void ProposeTitle(const std::string& company);
+
+    /// Writes the editor as the edit mode says: as a new item, or into the current one. Nothing
+    /// when nothing was written, which the user has been told then. Database errors reach the
+    /// caller and leave the editor as it is.
+    std::optional<items::SavedItem> SaveItem();
+
+ private:
+    void Wire();
+    void Dispatch(EditMode mode, NodeKind kind);
+    void Delete(bool plan);
+    std::optional<items::SavedItem> Change(std::int32_t id, const items::ItemEntry& entry);
+    bool Settle(store::RowMerge& merge, const items::ItemRow& stored) const;
+    bool HasCustomer();
+    /// A task under the number of a plan is one of the plan's: false when the user calls it off.
+    bool MayJoinPlan() const;
+    void TellWhenNotListed(const items::SavedItem& saved);
+    std::string DeleteQuestion(bool plan) const;
+    void ShowAsDeleted(const ItemRef& item);
+
+    forms::Form& form_;
+    Session& session_;
+    MainModel& model_;
+    forms::TabPanel& tabs_;
+    TreePanel& tree_;
+    ItemPanel& head_;
+    CardPanel& cards_;
+    CommandPanel& commands_;
+    const FieldLabels& labels_;
+    ItemView& view_;
+    Selection& selection_;
+    Listing& listing_;
+    PlanCommands& plans_;
+};
+
+}  // namespace zv::windows

@@ -1,0 +1,164 @@
+#include "windows/main/acts/listing.h"
+
+#include <utility>
+
+#include "forms/form.h"
+#include "scheduling/plan_store.h"
+
+namespace zv::windows {
+
+Listing::Listing(forms::Form& form, Session& session, MainModel& model, TreePanel& tree,
+                 FilterPanel& filter, CommandPanel& commands, ItemView& view, Selection& selection)
+    : form_(form),
+      session_(session),
+      model_(model),
+      tree_(tree),
+      filter_(filter),
+      commands_(commands),
+      view_(view),
+      selection_(selection) {
+    tree_.onSwitch = [this] { chkEvent_Click(); };
+    tree_.onOrder = [this] {
+        if (!model_.starting) chkEvent_Click();
+    };
+    filter_.onChanged = [this] { chkEvent_Click(); };
+    commands_.cmdSeek.onClick = [this] { cmdSeek_Click(); };
+    commands_.menus.mnuSeek1.onClick = [this] { cmdSeek_Click(); };
+}
+
+void Listing::chkEvent_Click() {
+    if (!puttingBack_) Refill();
+}
+
+void Listing::cmdSeek_Click() {
+    Refill();
+}
+
+bool Listing::Refill() {
+    if (!filter_.TextsAreFit()) {
+        PutSwitchBack();
+        return false;
+    }
+    try {
+        Fill();
+    } catch (...) {
+        PutSwitchBack();
+        throw;
+    }
+    return true;
+}
+
+void Listing::PutSwitchBack() {
+    if (!form_.IsLoaded()) return;
+    // The switch says what the tree shows.
+    puttingBack_ = true;
+    tree_.Want(model_.ShowsPlans());
+    puttingBack_ = false;
+}
+
+void Listing::FillForHost() {
+    if (!filter_.UnfitText()) Fill();
+}
+
+void Listing::Fill() {
+    filter_.FollowTheDay();
+    if (tree_.WantsPlans())
+        LoadTaskPlanList();
+    else
+        LoadItemList(filter_.BuildItemFilter());
+    if (!form_.IsLoaded()) return;
+    // A box of the fill may have stood while the host changed what the tree shows.
+    const bool plans = tree_.WantsPlans();
+    model_.currentKind = plans ? NodeKind::Plan : NodeKind::Task;
+    filter_.ShowFor(plans);
+    view_.ShowFor(plans);
+    commands_.cmdTaskOK.SetEnabled(false);
+    selection_.UpdatePrint();
+}
+
+void Listing::FillItems() {
+    // What is shown belongs to another database: it must not stay when the fill is refused.
+    if (filter_.UnfitText()) Empty();
+    // Unticking fills the tree with items by itself.
+    if (tree_.WantsPlans())
+        tree_.Want(false);
+    else
+        chkEvent_Click();
+}
+
+void Listing::FillAgain() {
+    const std::string key = tree_.KeyOf(tree_.Selected());
+    if (!Refill()) return;
+    const int node = tree_.Find(key);
+    if (node == TreePanel::kNone) return;
+    tree_.Select(node);
+    selection_.tvwTask_NodeClick(node);
+}
+
+void Listing::FillWith(const std::string& where) {
+    // A tree that shows plans becomes one of items first, with all that depends on it.
+    if (tree_.WantsPlans()) tree_.Want(false);
+    LoadItemList(where);
+    model_.currentKind = NodeKind::Task;
+    filter_.fraB3.SetVisible(true);
+    commands_.cmdTaskOK.SetEnabled(false);
+    selection_.UpdatePrint();
+}
+
+void Listing::LoadItemList(const std::string& where) {
+    session_.database.EnsureConnection();
+    const items::Filter filter = filter_.Choice();
+    items::ListQuery query = items::ListItems(
+        where, !filter.company.empty(), items::OrderOf(tree_.OrderRow()), session_.DatabaseKind());
+    const auto rows = session_.database.Open(query.statement);
+    shown_ = std::move(query);
+    Rebuild(*rows, [&](TreePanel::FillResult& result) {
+        tree_.FillItems(*rows, filter, result);
+        filter_.ShowKinds(result.any);
+    });
+}
+
+void Listing::LoadTaskPlanList() {
+    const auto rows = scheduling::OpenPlanList(session_);
+    Rebuild(*rows, [&](TreePanel::FillResult&) { tree_.FillPlans(*rows); });
+}
+
+void Listing::Rebuild(store::Recordset& rows,
+                      const std::function<void(TreePanel::FillResult&)>& fill) {
+    TreePanel::FillResult result;
+    std::string reason;
+    {
+        const forms::TreeView::Fill deferred(tree_.tvwTask);
+        tree_.Clear();
+        try {
+            fill(result);
+        } catch (const RuntimeError& error) {
+            reason = session_.Describe(error);
+        }
+    }
+    model_.currentId = 0;
+    view_.Clear();
+    tree_.SelectFirst();
+    rows.Close();
+    if (!reason.empty() || result.rowsLeftOut > 0) TellNotShown(result.rowsLeftOut, reason);
+}
+
+void Listing::TellNotShown(int rows, const std::string& reason) {
+    const std::string heading = session_.LoadText(resources::DesignText::RowsNotShown);
+    std::string message = heading;
+    if (rows > 0) message += ": " + std::to_string(rows);
+    if (!reason.empty()) message += "\r\n" + reason;
+    session_.windows.ShowMessage({message, heading}, forms::box::kExclamation);
+}
+
+void Listing::Empty() {
+    tree_.Clear();
+    model_.currentId = 0;
+    view_.Clear();
+}
+
+std::function<void()> Listing::Remember() {
+    return [this, shown = shown_] { shown_ = shown; };
+}
+
+}  // namespace zv::windows

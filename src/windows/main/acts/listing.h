@@ -1,0 +1,69 @@
+// Fills the tree: with the items that pass the filter or a search, or with the plans.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "items/item_store.h"
+#include "items/list_query.h"
+#include "store/connection.h"
+#include "windows/main/acts/selection.h"
+#include "windows/main/panels/filter_panel.h"
+
+namespace zv::windows {
+
+class Listing {
+ public:
+    /// All must outlive this.
+    Listing(forms::Form& form, Session& session, MainModel& model, TreePanel& tree,
+            FilterPanel& filter, CommandPanel& commands, ItemView& view, Selection& selection);
+
+    /// Fills the tree as its switch says. False when a text of the filter is not fit for a
+    /// statement: the user has been told and the tree is as it was. Errors: the database's, with
+    /// the tree as it was. In both cases the switch says what the tree shows.
+    bool Refill();
+    /// The same for the host: such a text leaves the tree as it is without a word.
+    void FillForHost();
+    /// Fills the tree anew and clicks the node that was selected, where it still exists.
+    void FillAgain();
+    /// Fills the tree with the items that pass the filter, whatever it shows now.
+    void FillItems();
+    /// Fills the tree with the items that meet a condition in place of the filter.
+    void FillWith(const std::string& where);
+
+    /// Rebuilds the tree with the items that pass `where` (with or without the word), or with the
+    /// plans. A failing query reaches the caller and leaves the tree as it is. A row that the tree
+    /// cannot show is left out, an error of the database or a repeated item ends the fill; the user
+    /// is told of either once.
+    void LoadItemList(const std::string& where);
+    void LoadTaskPlanList();
+
+    void chkEvent_Click();
+    void cmdSeek_Click();
+
+    /// What the items shown last were read with.
+    const items::ListQuery& Shown() const { return shown_; }
+    /// As forms::Control::Remember.
+    std::function<void()> Remember();
+
+ private:
+    void Fill();
+    /// Runs a fill between clearing the tree and selecting its first node.
+    void Rebuild(store::Recordset& rows, const std::function<void(TreePanel::FillResult&)>& fill);
+    void TellNotShown(int rows, const std::string& reason);
+    void Empty();
+    void PutSwitchBack();
+
+    forms::Form& form_;
+    Session& session_;
+    MainModel& model_;
+    TreePanel& tree_;
+    FilterPanel& filter_;
+    CommandPanel& commands_;
+    ItemView& view_;
+    Selection& selection_;
+    items::ListQuery shown_;
+    bool puttingBack_ = false;
+};
+
+}  // namespace zv::windows

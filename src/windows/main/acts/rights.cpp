@@ -1,0 +1,17 @@
+#include "windows/main/acts/rights.h"
+
+#include "session/module_gate.h"
+
+namespace zv::windows {
+
+bool HasRight(Session& session, const std::string& module, std::int16_t level) {
+    if (CheckModule(session, module, level, 0) > 0) return true;
+    session.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
+    return false;
+}
+
+bool HasRightToItems(Session& session, const MainModel& model, std::int16_t level) {
+    return HasRight(session, model.startMode == kCardMode ? "mnuCardPlan" : "mnuToolTask", level);
+}
+
+}  // namespace zv::windows

@@ -1,0 +1,138 @@
+#include "windows/main/panels/command_panel.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "forms/form.h"
+#include "forms/layout/metrics.h"
+#include "resources/text_ids.h"
+
+namespace zv::windows {
+namespace {
+
+using items::ItemState;
+using resources::DesignText;
+
+constexpr std::string_view kExitPrefix = "&X ";
+
+/// "任务(&T)" without its access key.
+std::string WithoutAccessKey(std::string caption) {
+    if (const auto at = caption.find("(&"); at != std::string::npos) caption.erase(at);
+    std::erase(caption, '&');
+    return caption;
+}
+
+const forms::MenuItem& MenuOf(const MainMenus& menus, items::ItemKind kind) {
+    switch (kind) {
+        case items::ItemKind::Guest:
+            return menus.mnuGuest;
+        case items::ItemKind::Diary:
+            return menus.mnuDaily;
+        default:
+            return menus.mnuTask;
+    }
+}
+
+}  // namespace
+
+CommandPanel::CommandPanel(forms::Form& form, Session& session, MainModel& model)
+    : form_(form),
+      session_(session),
+      model_(model),
+      fraTop(form, "fraTop"),
+      cmdAction(form, "cmdAction", &fraTop, 4),
+      cmdSave(form, "cmdSave", &fraTop),
+      cmdTaskOK(form, "cmdTaskOK", &fraTop),
+      cmdSeek(form, "cmdSeek", &fraTop),
+      cmdPrint(form, "cmdPrint", &fraTop),
+      cmdItemSet(form, "cmdItemSet", &fraTop),
+      cmdExit(form, "cmdExit", &fraTop),
+      menus(form) {
+    model_.OnEdit([this] { ShowEdit(); });
+}
+
+void CommandPanel::SetCaptions() {
+    cmdAction[0].SetCaption(session_.LoadText(DesignText::ButtonCancel));
+    cmdAction[1].SetCaption(session_.LoadText(DesignText::ButtonAdd));
+    cmdAction[2].SetCaption(session_.LoadText(DesignText::ButtonChange));
+    cmdAction[3].SetCaption(session_.LoadText(DesignText::ButtonDelete));
+    cmdSave.SetCaption(session_.LoadText(DesignText::ButtonSave));
+    cmdTaskOK.SetCaption(session_.LoadText(DesignText::ButtonDone));
+    cmdSeek.SetCaption(session_.LoadText(DesignText::ButtonSearch));
+    cmdPrint.SetCaption(session_.LoadText(DesignText::ButtonPrint));
+    cmdItemSet.SetCaption(session_.LoadText(DesignText::ButtonLayout));
+    menus.SetCaptions(session_);
+}
+
+void CommandPanel::SetStartCaptions() {
+    cmdExit.SetCaption(std::string(kExitPrefix) + session_.LoadText(text_id::kLeave));
+    menus.SetStartCaptions(session_);
+}
+
+int CommandPanel::Height() const {
+    return forms::layout::Metrics(form_.Windows().GetBackend()).Button();
+}
+
+void CommandPanel::Place(const forms::Rect& area) {
+    using namespace forms::layout;
+    const Metrics m(form_.Windows().GetBackend());
+    fraTop.Move(area);
+    int x = 0;
+    const auto group = [&](std::initializer_list<forms::CommandButton*> buttons) {
+        for (forms::CommandButton* button : buttons) {
+            const int width = button == &cmdSave ? SaveWidth() : m.ButtonWidth(button->Caption());
+            button->Move({x, 0, width, m.Button()});
+            x += width + kGap;
+        }
+        x += kGroupGap - kGap;
+    };
+    group({&cmdAction[1], &cmdAction[2], &cmdAction[3], &cmdSave, &cmdAction[0]});
+    group({&cmdTaskOK});
+    group({&cmdSeek, &cmdPrint, &cmdItemSet});
+    const int exitWidth = m.ButtonWidth(cmdExit.Caption());
+    cmdExit.Move({std::max(x, area.width - exitWidth), 0, exitWidth, m.Button()});
+}
+
+// Wide enough for every caption that the button takes.
+int CommandPanel::SaveWidth() const {
+    const forms::layout::Metrics m(form_.Windows().GetBackend());
+    int width = m.ButtonWidth(cmdSave.Caption());
+    for (const items::ItemKind kind : items::kItemKinds) {
+        width = std::max(width, m.ButtonWidth(SaveCaption(kind, EditMode::Adding)));
+    }
+    return width;
+}
+
+std::string CommandPanel::SaveCaption(items::ItemKind kind, EditMode mode) const {
+    return WithoutAccessKey(MenuOf(menus, kind).Caption()) +
+           (mode == EditMode::Adding ? "新增" : "修改");
+}
+
+void CommandPanel::ShowEdit() {
+    const bool open = model_.openedFor != EditMode::None;
+    cmdSave.SetEnabled(open);
+    cmdSave.SetCaption(open ? SaveCaption(model_.editedKind, model_.openedFor)
+                            : session_.LoadText(DesignText::ButtonSave));
+}
+
+void CommandPanel::ShowFor(bool reminder) {
+    cmdSeek.SetVisible(!reminder);
+    for (int action = 1; action <= 3; action++) cmdAction[action].SetVisible(!reminder);
+    cmdTaskOK.SetVisible(!reminder);
+}
+
+void CommandPanel::EnableFor(std::optional<ItemState> state) {
+    const bool notDone = state == ItemState::NotDone;
+    const bool open = notDone || state == ItemState::InHand;
+    cmdTaskOK.SetEnabled(open);
+    if (!state) return;
+    menus.mnuTaskDoing.SetEnabled(notDone);
+    menus.mnuTaskDoneOk.SetEnabled(open);
+}
+
+forms::Position CommandPanel::Below(const forms::CommandButton& button) const {
+    return {fraTop.Bounds().left + button.Bounds().left,
+            fraTop.Bounds().top + button.Bounds().Bottom()};
+}
+
+}  // namespace zv::windows
