@@ -13,6 +13,10 @@ Control::~Control() {
     form_.Unregister(*this);
 }
 
+std::string Control::DisplayName() const {
+    return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")";
+}
+
 bool Control::Visible() const {
     if (!visible_ || !form_.IsShown()) return false;
     const Control* child = this;

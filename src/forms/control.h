@@ -73,6 +73,8 @@ class Control {
     ControlKind Kind() const { return kind_; }
     const std::string& Name() const { return name_; }
     int Index() const { return index_; }
+    /// "name", or "name(index)" of an element of a control array.
+    std::string DisplayName() const;
     Form& Owner() const { return form_; }
     Control* Parent() const { return parent_; }
 

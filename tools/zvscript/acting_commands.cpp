@@ -24,7 +24,7 @@ Action AtControl(const std::string& word, Act act) {
         stage.RequireReachable(control.Owner());
         try {
             act(stage, control);
-        } catch (const forms::DriverError& error) {
+        } catch (const driver::DriverError& error) {
             throw Failure(target.window + ": " + error.what());
         }
     };
@@ -59,7 +59,7 @@ Action Menu(Words words) {
         stage.RequireReachable(item.Owner());
         try {
             stage.driver.Choose(item);
-        } catch (const forms::DriverError& error) {
+        } catch (const driver::DriverError& error) {
             throw Failure(target.window + ": " + error.what());
         }
     };
@@ -181,7 +181,7 @@ Action Close(Words words) {
         forms::Form& form = FindForm(stage.windows, name);
         try {
             stage.driver.Close(form);
-        } catch (const forms::DriverError& error) {
+        } catch (const driver::DriverError& error) {
             throw Failure(error.what());
         }
     };
