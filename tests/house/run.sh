@@ -31,7 +31,7 @@ check "what ships links nothing that plays the user" \
         xargs grep -nE 'zv_(driver|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
 
 # A folder may include only folders that stand before it in this list, and itself.
-order=(base store platform resources forms session scheduling reports mainwindow control com)
+order=(base store platform resources forms progress session scheduling reports mainwindow control com)
 allowed=
 for folder in "${order[@]}"; do
     allowed="$allowed${allowed:+|}$folder"
