@@ -70,7 +70,7 @@ void Control::SetAccessibleName(std::string name) {
 void Control::UserKeyDown(KeyEvent& event) {
     FromUser([&] {
         if (onKeyDown) onKeyDown(event);
-        if (event.code != 0) OwnKey(event);
+        if (event.code != 0 && !event.listOpen) OwnKey(event);
     });
 }
 

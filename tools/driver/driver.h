@@ -33,10 +33,13 @@ class Driver {
     virtual void RightClickNode(forms::Control& tree, const std::string& key) = 0;
     /// Gives the control the focus, replaces its text by typing, leaves the focus there.
     virtual void Type(forms::Control& control, const std::string& text) = 0;
-    virtual void Leave(forms::Control& control) = 0;
-    virtual void Key(forms::Control& control, int code) = 0;
-    /// A letter with the control key.
-    virtual void ControlKey(forms::Control& control, int code) = 0;
+    /// Presses a key in the control, which takes the focus first.
+    virtual void PressKey(forms::Control& control, const forms::KeyEvent& key) = 0;
+    void Key(forms::Control& control, int code) { PressKey(control, {code}); }
+    void ControlKey(forms::Control& control, int code) { PressKey(control, {code, false, true}); }
+    void Leave(forms::Control& control) { Key(control, forms::key::kTab); }
+    /// Presses Alt and a letter in the window.
+    virtual void PressAccessKey(forms::Form& form, char letter) = 0;
     virtual void Pick(forms::Control& list, int position) = 0;
     virtual void SetDate(forms::Control& picker, const std::optional<DateTime>& value) = 0;
     virtual void Spin(forms::Control& upDown, int direction) = 0;

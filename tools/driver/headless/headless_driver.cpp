@@ -24,19 +24,6 @@ bool Press(Control& control) {
     return !control.CanFocus() || control.Owner().UserFocused(control);
 }
 
-void StepInTree(TreeView& tree, int step) {
-    int node = tree.FirstRoot();
-    int before = TreeView::kNone;
-    while (node != TreeView::kNone && node != tree.Selected()) {
-        before = node;
-        node = tree.NextInOrder(node);
-    }
-    const int target = step < 0                  ? before
-                       : node == TreeView::kNone ? tree.FirstRoot()
-                                                 : tree.NextInOrder(node);
-    if (target != TreeView::kNone) tree.UserClick(target);
-}
-
 }  // namespace
 
 void HeadlessDriver::Click(Control& control) {
@@ -91,32 +78,13 @@ void HeadlessDriver::Type(Control& control, const std::string& text) {
     combo.UserText(text);
 }
 
-void HeadlessDriver::Leave(Control& control) {
-    if (Press(control)) control.Owner().UserDialogKey({key::kTab});
+void HeadlessDriver::PressKey(Control& control, const KeyEvent& key) {
+    if (Press(control)) control.Owner().UserKey(control, key);
 }
 
-void HeadlessDriver::Key(Control& control, int code) {
-    if (!Press(control)) return;
-    KeyEvent event{code};
-    if (code != key::kTab) control.UserKeyDown(event);
-    if (event.code == key::kTab || event.code == key::kEscape || event.code == key::kEnter) {
-        control.Owner().UserDialogKey(event);
-        return;
-    }
-    if (event.code != key::kUp && event.code != key::kDown) return;
-    const int step = event.code == key::kDown ? 1 : -1;
-    if (auto* list = dynamic_cast<ListControl*>(&control)) {
-        const int position = list->ListIndex() + step;
-        if (position >= 0 && position < list->ListCount()) list->UserPick(position);
-    } else if (auto* tree = dynamic_cast<TreeView*>(&control)) {
-        StepInTree(*tree, step);
-    }
-}
-
-void HeadlessDriver::ControlKey(Control& control, int code) {
-    if (!Press(control)) return;
-    KeyEvent event{code, false, true};
-    control.UserKeyDown(event);
+void HeadlessDriver::PressAccessKey(Form& form, char letter) {
+    RequireReachable(form);
+    form.UserAccessKey(static_cast<unsigned char>(letter));
 }
 
 void HeadlessDriver::Pick(Control& control, int position) {

@@ -12,9 +12,8 @@ class HeadlessDriver : public Driver {
     void ClickNode(forms::Control& control, const std::string& key) override;
     void RightClickNode(forms::Control& control, const std::string& key) override;
     void Type(forms::Control& control, const std::string& text) override;
-    void Leave(forms::Control& control) override;
-    void Key(forms::Control& control, int code) override;
-    void ControlKey(forms::Control& control, int code) override;
+    void PressKey(forms::Control& control, const forms::KeyEvent& key) override;
+    void PressAccessKey(forms::Form& form, char letter) override;
     void Pick(forms::Control& control, int position) override;
     void SetDate(forms::Control& control, const std::optional<DateTime>& value) override;
     void Spin(forms::Control& control, int direction) override;

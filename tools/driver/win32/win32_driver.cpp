@@ -180,21 +180,26 @@ void Win32Driver::Type(Control& control, const std::string& text) {
     PumpMessages();
 }
 
-void Win32Driver::Leave(Control& control) {
-    Key(control, key::kTab);
-}
-
-void Win32Driver::Key(Control& control, int code) {
+void Win32Driver::PressKey(Control& control, const KeyEvent& key) {
     if (!Focus(control)) return;
+    std::optional<HeldKey> shift;
+    std::optional<HeldKey> held;
+    if (key.shift) shift.emplace(VK_SHIFT);
+    if (key.control) held.emplace(VK_CONTROL);
     const HWND window = Native(control).FocusHandle();
-    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(code), 1);
-    PostMessageW(window, WM_KEYUP, static_cast<WPARAM>(code), static_cast<LPARAM>(0xC0000001));
+    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key.code), 1);
+    PostMessageW(window, WM_KEYUP, static_cast<WPARAM>(key.code), static_cast<LPARAM>(0xC0000001));
     PumpMessages();
 }
 
-void Win32Driver::ControlKey(Control& control, int code) {
-    const HeldKey held(VK_CONTROL);
-    Key(control, code);
+void Win32Driver::PressAccessKey(Form& form, char letter) {
+    RequireReachable(form);
+    constexpr LPARAM kAltIsDown = 1 << 29;
+    Activate(form);
+    const HWND focus = GetFocus();
+    PostMessageW(focus ? focus : backend_.Handle(form), WM_SYSCHAR,
+                 static_cast<unsigned char>(letter), kAltIsDown);
+    PumpMessages();
 }
 
 void Win32Driver::Pick(Control& control, int position) {

@@ -18,9 +18,8 @@ class Win32Driver : public Driver {
     void ClickNode(forms::Control& tree, const std::string& key) override;
     void RightClickNode(forms::Control& tree, const std::string& key) override;
     void Type(forms::Control& control, const std::string& text) override;
-    void Leave(forms::Control& control) override;
-    void Key(forms::Control& control, int code) override;
-    void ControlKey(forms::Control& control, int code) override;
+    void PressKey(forms::Control& control, const forms::KeyEvent& key) override;
+    void PressAccessKey(forms::Form& form, char letter) override;
     void Pick(forms::Control& list, int position) override;
     void SetDate(forms::Control& picker, const std::optional<DateTime>& value) override;
     void Spin(forms::Control& upDown, int direction) override;
