@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cwchar>
 
+#include "driver/win32/played_backend.h"
 #include "floors/bare_window.h"
 #include "forms/win32/win32_backend.h"
 #include "measure.h"
@@ -102,7 +103,7 @@ int Main(const std::vector<std::string>& arguments) {
             const Stopwatch watch;
             auto& editor = open();
             UpdateWindow(backend.Handle(editor));
-            backend.PumpMessages();
+            driver::PumpMessages();
             const double time = watch.Milliseconds();
             if (!editor.IsShown() || editor.txtTaskID.Text().empty()) {
                 throw std::runtime_error("the editor is not ready");

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "driver/win32/played_backend.h"
 #include "forms/win32/win32_backend.h"
 #include "win32/wide_main.h"
 
@@ -21,7 +22,7 @@ int Main(const std::vector<std::string>& arguments) {
     forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
     const auto paint = [&](forms::Form& form) {
         UpdateWindow(backend.Handle(form));
-        backend.PumpMessages();
+        driver::PumpMessages();
     };
     constexpr double kGoal = 2;
     MeasureQuery(backend, arguments[0], std::atoi(arguments[1].c_str()), "window", paint, kGoal);

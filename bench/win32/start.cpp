@@ -2,6 +2,7 @@
 // milliseconds.
 #include <cstdio>
 
+#include "driver/win32/played_backend.h"
 #include "forms/win32/win32_backend.h"
 #include "stage.h"
 #include "win32/process_age.h"
@@ -21,7 +22,7 @@ int Main(const std::vector<std::string>& arguments) {
     stage.Control().refresh(windows::kManagerMode, 0);
     if (stage.Window() == nullptr) throw std::runtime_error("the window did not open");
     UpdateWindow(backend.Handle(*stage.Window()));
-    backend.PumpMessages();
+    driver::PumpMessages();
     std::printf("%.3f\n", ProcessAgeMilliseconds());
     return 0;
 }

@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "copies.h"
+#include "driver/win32/played_backend.h"
 #include "floors/bare_window.h"
 #include "floors/list_fill.h"
 #include "forms/win32/win32_backend.h"
@@ -91,7 +92,7 @@ class Ours {
         const Stopwatch watch;
         stage_.Window()->list.LoadItemList(where);
         UpdateWindow(backend_.Handle(*stage_.Window()));
-        backend_.PumpMessages();
+        driver::PumpMessages();
         return watch.Milliseconds();
     }
 

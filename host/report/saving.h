@@ -6,15 +6,15 @@
 #include <string>
 
 #include "platform/machine.h"
+#include "progress/long_work.h"
 #include "report/csv_export.h"
 #include "report/layout.h"
 #include "report/pdf_painter.h"
-#include "reports/long_work.h"
 
 namespace zv::report {
 
 /// Both take their file's name only when all is written.
-class PdfSaving final : public reports::LongWork {
+class PdfSaving final : public progress::LongWork {
  public:
     /// The layout must outlive this. Throws what creating the file throws.
     PdfSaving(const Layout& layout, std::unique_ptr<platform::OutputFile> file);
@@ -29,7 +29,7 @@ class PdfSaving final : public reports::LongWork {
     int done_ = 0;
 };
 
-class CsvSaving final : public reports::LongWork {
+class CsvSaving final : public progress::LongWork {
  public:
     /// The document must outlive this.
     CsvSaving(const Document& document, std::unique_ptr<platform::OutputFile> file);

@@ -1,5 +1,8 @@
 #include "forms/buttons.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "base/errors.h"
 #include "forms/form.h"
 
@@ -57,6 +60,23 @@ void OptionButton::SetValue(bool value) {
 
 void OptionButton::UserClick() {
     FromUser([this] { SetValue(true); });
+}
+
+void OptionButton::OwnKey(KeyEvent& event) {
+    const bool back = event.code == key::kUp || event.code == key::kLeft;
+    if (!back && event.code != key::kDown && event.code != key::kRight) return;
+    event.code = 0;
+    std::vector<OptionButton*> group;
+    for (Control* control : Owner().Controls()) {
+        if (control->Kind() == ControlKind::OptionButton && control->Parent() == Parent() &&
+            (control == this || control->CanInteract())) {
+            group.push_back(static_cast<OptionButton*>(control));
+        }
+    }
+    const auto at =
+        static_cast<std::size_t>(std::find(group.begin(), group.end(), this) - group.begin());
+    OptionButton& next = *group[(at + (back ? group.size() - 1 : 1)) % group.size()];
+    if (Owner().UserFocused(next)) next.UserClick();
 }
 
 std::function<void()> CommandButton::Remember() {

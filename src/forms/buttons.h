@@ -17,9 +17,11 @@ class CommandButton : public Control {
     }
     std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
+    const std::string* AccessCaption() const override { return &caption_; }
     void SetCaption(std::string caption);
     std::function<void()> onClick;
     void UserClick();
+    void UserPress() override { UserClick(); }
 
  private:
     std::string caption_;
@@ -33,6 +35,7 @@ class CheckBox : public Control {
     }
     std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
+    const std::string* AccessCaption() const override { return &caption_; }
     void SetCaption(std::string caption);
     /// 0 or 1.
     int Value() const { return value_; }
@@ -41,6 +44,7 @@ class CheckBox : public Control {
     void SetValue(int value);
     std::function<void()> onClick;
     void UserClick();
+    void UserPress() override { UserClick(); }
 
  private:
     std::string caption_;
@@ -56,6 +60,7 @@ class OptionButton : public Control {
     }
     std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
+    const std::string* AccessCaption() const override { return &caption_; }
     void SetCaption(std::string caption);
     bool Value() const { return value_; }
     /// Setting it clears the others of the group (without an event) and raises Click when it was
@@ -63,6 +68,11 @@ class OptionButton : public Control {
     void SetValue(bool value);
     std::function<void()> onClick;
     void UserClick();
+    void UserPress() override { UserClick(); }
+
+ protected:
+    /// An arrow presses the next option of the group, round and round.
+    void OwnKey(KeyEvent& event) override;
 
  private:
     std::string caption_;

@@ -37,6 +37,13 @@ void TabPanel::UserSelect(int tab) {
     FromUser([&] { SetTab(tab); });
 }
 
+void TabPanel::OwnKey(KeyEvent& event) {
+    if (event.code != key::kLeft && event.code != key::kRight) return;
+    const int target = tab_ + (event.code == key::kLeft ? -1 : +1);
+    event.code = 0;
+    if (target >= 0 && target < Tabs()) UserSelect(target);
+}
+
 Rect TabPanel::PageBounds() const {
     return {kMargin, kTabHeight, Bounds().width - 2 * kMargin,
             Bounds().height - kTabHeight - kMargin};

@@ -24,6 +24,7 @@ class Frame : public Control {
         : Control(form, ControlKind::Frame, std::move(name), parent, index) {}
     std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
+    const std::string* AccessCaption() const override { return &caption_; }
     void SetCaption(std::string caption);
 
  private:
@@ -55,6 +56,8 @@ class TabPanel : public Control {
 
  protected:
     bool ShowsChild(const Control& child) const override;
+    /// Left and right lead to the tabs beside.
+    void OwnKey(KeyEvent& event) override;
 
  private:
     std::vector<std::unique_ptr<Panel>> pages_;

@@ -13,6 +13,10 @@ Control::~Control() {
     form_.Unregister(*this);
 }
 
+std::string Control::DisplayName() const {
+    return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")";
+}
+
 bool Control::Visible() const {
     if (!visible_ || !form_.IsShown()) return false;
     const Control* child = this;
@@ -66,7 +70,7 @@ void Control::SetAccessibleName(std::string name) {
 void Control::UserKeyDown(KeyEvent& event) {
     FromUser([&] {
         if (onKeyDown) onKeyDown(event);
-        if (event.code != 0) OwnKey(event);
+        if (event.code != 0 && !event.listOpen) OwnKey(event);
     });
 }
 

@@ -20,7 +20,13 @@ namespace key {
 inline constexpr int kTab = 9;
 inline constexpr int kEnter = 13;
 inline constexpr int kEscape = 27;
+inline constexpr int kPageUp = 33;
+inline constexpr int kPageDown = 34;
+inline constexpr int kEnd = 35;
+inline constexpr int kHome = 36;
+inline constexpr int kLeft = 37;
 inline constexpr int kUp = 38;
+inline constexpr int kRight = 39;
 inline constexpr int kDown = 40;
 inline constexpr int kA = 'A';
 inline constexpr int kC = 'C';
@@ -30,6 +36,7 @@ struct KeyEvent {
     int code = 0;  ///< a handler sets 0 to swallow the key
     bool shift = false;
     bool control = false;
+    bool listOpen = false;  ///< a list or a calendar that the native control has opened takes it
 };
 
 enum class MouseButton { None = 0, Left = 1, Right = 2 };
@@ -73,6 +80,8 @@ class Control {
     ControlKind Kind() const { return kind_; }
     const std::string& Name() const { return name_; }
     int Index() const { return index_; }
+    /// "name", or "name(index)" of an element of a control array.
+    std::string DisplayName() const;
     Form& Owner() const { return form_; }
     Control* Parent() const { return parent_; }
 
@@ -86,6 +95,13 @@ class Control {
     /// Visible, and neither it nor a parent disabled: the user can work with it.
     bool CanInteract() const;
     bool CanFocus() const { return tabStop_ && CanInteract(); }
+    /// Of a kind that can have the focus at all.
+    bool IsTabStop() const { return tabStop_; }
+    /// The caption in which an "&" marks the access key; null for a control without one. What is no
+    /// tab stop stands for the control behind it.
+    virtual const std::string* AccessCaption() const { return nullptr; }
+    /// Whether the control must get a key that the window would use otherwise.
+    virtual bool KeepsKey(const KeyEvent& event) const { return event.listOpen; }
 
     const Rect& Bounds() const { return bounds_; }
     void Move(const Rect& bounds);
@@ -120,6 +136,8 @@ class Control {
 
     /// What the user did; a backend calls these, errors are shown to the user.
     void UserKeyDown(KeyEvent& event);
+    /// Pressed by its access key, the focus being there.
+    virtual void UserPress() {}
     void UserMouseMove(const MouseEvent& event);
     void UserMouseDown(const MouseEvent& event);
 

@@ -313,25 +313,4 @@ bool Form::UserFocused(Control& target) {
     return moved;
 }
 
-bool Form::UserDialogKey(const KeyEvent& event) {
-    if (event.code == key::kTab) {
-        windows_.FromUser([&] { MoveFocus(event.shift ? -1 : +1); });
-        return true;
-    }
-    CommandButton* button = event.code == key::kEscape  ? cancelButton
-                            : event.code == key::kEnter ? defaultButton
-                                                        : nullptr;
-    if (event.code == key::kEnter && active_) {
-        // A button that has the focus takes Enter from the default one; in several lines it breaks
-        // the line.
-        if (auto* pressed = dynamic_cast<CommandButton*>(active_)) button = pressed;
-        if (auto* box = dynamic_cast<TextBox*>(active_); box && box->MultiLine()) return false;
-    }
-    if (!button || !button->CanInteract()) return false;
-    // The button takes the focus first, so the field being left is validated.
-    if (!UserFocused(*button)) return true;
-    button->UserClick();
-    return true;
-}
-
 }  // namespace zv::forms

@@ -109,8 +109,13 @@ class Form {
     void UserDestroyed();
     /// False: the native focus must go back to ActiveControl().
     bool UserFocused(Control& target);
-    /// Tab, Escape and Enter where the control did not take them. True when the key was used.
-    bool UserDialogKey(const KeyEvent& event);
+    /// A key went down while `control` had the focus: its handler and the control itself see it
+    /// first, then Tab, Enter and Escape do what they do in windows. False: the native control does
+    /// with it what it does by itself. The window may be gone afterwards.
+    bool UserKey(Control& control, KeyEvent event);
+    /// A letter was pressed together with Alt: presses, or gives the focus to, the first control
+    /// whose caption marks that letter. False: none does.
+    bool UserAccessKey(char32_t letter);
 
     FormPeer* Peer() const { return peer_.get(); }
 
@@ -138,6 +143,10 @@ class Form {
     void Unregister(Control& control);
     void Activate();
     void SetActive(Control* control);
+    bool TakeKey(Control& control, KeyEvent& event);
+    void TakeTab(Control& control, const KeyEvent& event);
+    void PressButtonOf(int code);
+    bool TakeAccessKey(char32_t letter);
 
     WindowSystem& windows_;
     std::string name_;

@@ -13,6 +13,7 @@ class Label : public Control {
     std::function<void()> Remember() override;
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
+    const std::string* AccessCaption() const override { return useMnemonic_ ? &caption_ : nullptr; }
     /// Whether an "&" in the caption underlines the next letter and makes it an access key, "&&"
     /// being one "&"; true at first. Without, the caption is shown as it stands, which is what a
     /// text that somebody typed needs.

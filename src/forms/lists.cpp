@@ -45,6 +45,17 @@ void ListControl::UserPick(int position) {
     FromUser([&] { SetListIndex(position); });
 }
 
+void ListControl::OwnKey(KeyEvent& event) {
+    const bool ends = event.code == key::kHome || event.code == key::kEnd;
+    if (ends ? HasCaret() : event.code != key::kUp && event.code != key::kDown) return;
+    const int target = event.code == key::kUp     ? listIndex_ - 1
+                       : event.code == key::kDown ? listIndex_ + 1
+                       : event.code == key::kHome ? 0
+                                                  : ListCount() - 1;
+    event.code = 0;
+    if (MayPick() && target >= 0 && target < ListCount()) UserPick(target);
+}
+
 std::string ListBox::Text() const {
     return ListIndex() < 0 ? std::string() : List(ListIndex());
 }

@@ -30,6 +30,11 @@ class ListControl : public Control {
 
  protected:
     using Control::Control;
+    /// Up and Down lead to the rows beside, Home and End to the outermost ones.
+    void OwnKey(KeyEvent& event) override;
+    /// Home and End belong to a text that the user edits.
+    virtual bool HasCaret() const { return false; }
+    virtual bool MayPick() const { return true; }
     virtual void OnIndexChanged() {}
     void SetIndexOnly(int position) { listIndex_ = position; }
 
@@ -78,6 +83,8 @@ class ComboBox : public ListControl {
 
  protected:
     void OnIndexChanged() override;
+    bool HasCaret() const override { return style_ == ComboStyle::FreeText; }
+    bool MayPick() const override { return !locked_; }
 
  private:
     ComboStyle style_;

@@ -29,6 +29,9 @@ class TextBox : public Control {
     /// A box of one line in which a tab character shows as a gap. Set before the window is shown.
     bool ShowsTabs() const { return showsTabs_; }
     void SetShowsTabs(bool showsTabs) { showsTabs_ = showsTabs; }
+    bool KeepsKey(const KeyEvent& event) const override {
+        return multiLine_ && event.code == key::kEnter;
+    }
     bool NumericKeyboard() const { return numeric_; }
     void SetNumericKeyboard(bool numeric) { numeric_ = numeric; }
 

@@ -211,6 +211,9 @@ void TreeView::Select(int node) {
     if (node != kNone) At(node);
     if (node == selected_) return;
     selected_ = node;
+    for (int at = node; at != kNone && At(at).parent != kNone; at = At(at).parent) {
+        SetExpanded(At(at).parent, true);
+    }
     Notify(Aspect::Selection);
 }
 

@@ -59,7 +59,7 @@ class TreeView : public Control {
     void SetExpanded(int node, bool expanded);
 
     int Selected() const { return selected_; }
-    /// From code: raises no NodeClick.
+    /// From code: raises no NodeClick. What it stands in unfolds.
     void Select(int node);
 
     /// Defers the native window until the fill ends; nests.
@@ -83,6 +83,11 @@ class TreeView : public Control {
     void UserRightClick(int node, int xTwips, int yTwips);
 
     std::size_t MemoryBytes() const;
+
+ protected:
+    /// Up, Down, Home and End lead to nodes that are shown, as a click does; Left and Right fold
+    /// and unfold, or lead to the parent and the first child.
+    void OwnKey(KeyEvent& event) override;
 
  private:
     struct Slice {
@@ -111,6 +116,12 @@ class TreeView : public Control {
     int FindImage(std::string_view key);
     std::size_t Bucket(std::string_view key) const;
     void Rehash(std::size_t buckets);
+    int NextShown(int node) const;
+    int PreviousShown(int node) const;
+    int LastShown() const;
+    int LastShownBelow(int node) const;
+    /// The node that a key leads to from the selected one; kNone when it leads nowhere.
+    int KeyTarget(int code);
     void Unlink(int id);
     void Bury(int id);
     TreePeer* Native() const;

@@ -1,16 +1,16 @@
 #include <algorithm>
 
+#include "forms/row_layout.h"
 #include "reports/ask_window.h"
-#include "scheduling/row_layout.h"
 
 namespace zv::reports {
 namespace {
 
-using scheduling::kGap;
-using scheduling::kMargin;
-using scheduling::kRowGap;
-using scheduling::Measure;
-using scheduling::Row;
+using forms::rows::kGap;
+using forms::rows::kMargin;
+using forms::rows::kRowGap;
+using forms::rows::Measure;
+using forms::rows::Row;
 
 constexpr int kMark = 26;  ///< of a check box, before its caption
 

@@ -1,10 +1,10 @@
 #include "reports/ask_window.h"
 
 #include "reports/grid_export.h"
-#include "reports/long_work.h"
 #include "reports/print_grid.h"
 #include "resources/ask_texts.h"
 #include "resources/text_ids.h"
+#include "session/long_work.h"
 #include "session/text_checks.h"
 
 namespace zv::reports {
@@ -12,7 +12,7 @@ namespace {
 
 using resources::AskText;
 
-class Reading : public LongWork {
+class Reading : public progress::LongWork {
  public:
     Reading(AskRows& rows, forms::Grid& grid, std::int16_t language)
         : rows_(rows), grid_(grid), language_(language) {}
@@ -141,7 +141,7 @@ void frmAsk::ShowFieldCaptions(const std::vector<FieldCaption>& captions) {
 void frmAsk::cmdAsk_Click() {
     Clear();
     const char delimiter = session_.Settings().kind >= 1 ? '\'' : '#';
-    WorkEnd end = WorkEnd::Cancelled;
+    progress::WorkEnd end = progress::WorkEnd::Cancelled;
     try {
         AskRows rows(session_, AskStatement(Criteria(), delimiter), Texts());
         Reading reading(rows, Grid1, session_.state.Language);
@@ -152,7 +152,7 @@ void frmAsk::cmdAsk_Click() {
         throw;
     }
     if (!IsLoaded()) return;
-    const bool cancelled = end == WorkEnd::Cancelled;
+    const bool cancelled = end == progress::WorkEnd::Cancelled;
     lblCount.SetCaption(TellFound(cancelled));
     if (cancelled) session_.windows.ShowMessage(lblCount.Caption(), forms::box::kInformation);
 }

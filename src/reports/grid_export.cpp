@@ -4,13 +4,13 @@
 #include <memory>
 
 #include "reports/csv_writer.h"
-#include "reports/long_work.h"
 #include "resources/ask_texts.h"
+#include "session/long_work.h"
 
 namespace zv::reports {
 namespace {
 
-class Export : public LongWork {
+class Export : public progress::LongWork {
  public:
     Export(const forms::Grid& grid, std::unique_ptr<platform::OutputFile> file)
         : grid_(grid), file_(std::move(file)), writer_(*file_) {
@@ -65,13 +65,13 @@ void ExportGrid(Session& session, const forms::Grid& grid, const std::string& pr
     request.extension = "csv";
     const auto path = session.windows.ChooseFile(request);
     if (!path) return;
-    WorkEnd end = WorkEnd::Cancelled;
+    progress::WorkEnd end = progress::WorkEnd::Cancelled;
     {
         Export work(grid, session.machine.files.Create(*path));
         end = RunLongWork(session, request.title, work);
     }
     const std::string told =
-        end == WorkEnd::Cancelled
+        end == progress::WorkEnd::Cancelled
             ? text(AskText::ExportCancelled)
             : GetAskText(AskText::RowsExported, session.state.Language, grid.DataRowCount()) +
                   "\r\n" + *path;

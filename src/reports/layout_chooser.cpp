@@ -1,4 +1,5 @@
 #include "reports/layout_chooser.h"
+#include "forms/row_layout.h"
 
 #include <algorithm>
 #include <utility>
@@ -7,7 +8,6 @@
 #include "reports/list_layout.h"
 #include "resources/report_texts.h"
 #include "resources/text_ids.h"
-#include "scheduling/row_layout.h"
 
 namespace zv::reports {
 namespace {
@@ -78,10 +78,10 @@ void frmItemSet::SetCaptions() {
 }
 
 void frmItemSet::PlaceControls() {
-    using scheduling::kGap;
-    using scheduling::kMargin;
+    using forms::rows::kGap;
+    using forms::rows::kMargin;
     constexpr int kRows = 14;
-    const scheduling::Measure m(*this);
+    const forms::rows::Measure m(*this);
     int listWidth = 180;
     for (const ListField& field : offered_) {
         listWidth = std::clamp(m.Width(field.caption) + 30, listWidth, 280);

@@ -1,23 +1,23 @@
 // Where the controls of the query builder stand.
 #include <algorithm>
 
+#include "forms/row_layout.h"
 #include "reports/query_builder.h"
-#include "scheduling/row_layout.h"
 
 namespace zv::reports {
 namespace {
 
-using scheduling::kGap;
-using scheduling::kMargin;
-using scheduling::kRowGap;
+using forms::rows::kGap;
+using forms::rows::kMargin;
+using forms::rows::kRowGap;
 
 constexpr int kRows = 9;
-constexpr int kMark = 24;
+constexpr int kOptionMark = 24;
 
 }  // namespace
 
 void frmSeek::PlaceControls() {
-    const scheduling::Measure m(*this);
+    const forms::rows::Measure m(*this);
     int fieldWidth = 0;
     for (const ListField& field : fields_) {
         fieldWidth = std::max(fieldWidth, m.Width(field.caption));
@@ -45,8 +45,8 @@ void frmSeek::PlaceControls() {
     top += m.line + 4 + m.field + kRowGap;
 
     const int addWidth = m.ButtonWidth(cmdAdd.Caption());
-    const int andWidth = m.Width(optAnd.Caption()) + kMark;
-    const int orWidth = m.Width(optOr.Caption()) + kMark;
+    const int andWidth = m.Width(optAnd.Caption()) + kOptionMark;
+    const int orWidth = m.Width(optOr.Caption()) + kOptionMark;
     picJoin.Move({kMargin, top, andWidth + kGap + orWidth, m.button});
     optAnd.Move({0, (m.button - m.field) / 2, andWidth, m.field});
     optOr.Move({andWidth + kGap, (m.button - m.field) / 2, orWidth, m.field});

@@ -2,11 +2,17 @@
 
 #include <algorithm>
 
+#include "forms/row_layout.h"
 #include "scheduling/plan_editor.h"
-#include "scheduling/row_layout.h"
 
 namespace zv::scheduling {
 namespace {
+
+using forms::rows::kGap;
+using forms::rows::kMargin;
+using forms::rows::kRowGap;
+using forms::rows::Measure;
+using forms::rows::Row;
 
 constexpr int kContentRows = 6;
 

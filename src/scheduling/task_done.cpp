@@ -4,8 +4,8 @@
 
 #include "base/number.h"
 #include "forms/field_keys.h"
+#include "forms/row_layout.h"
 #include "resources/text_ids.h"
-#include "scheduling/row_layout.h"
 #include "scheduling/task_generation.h"
 
 namespace zv::scheduling {
@@ -17,6 +17,12 @@ constexpr char kNumberSeparator = '\t';
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
+
+using forms::rows::kGap;
+using forms::rows::kMargin;
+using forms::rows::kRowGap;
+using forms::rows::Measure;
+using forms::rows::Row;
 
 }  // namespace
 

@@ -112,18 +112,18 @@ TEST_F(Buttons, ADisabledOrInvisibleButtonCannotBePressed) {
     form.Show(false);
     form.cmdOK.SetEnabled(false);
     EXPECT_EQ(Read(form.cmdOK, "enabled"), "false");
-    EXPECT_THROW(driver().Click(form.cmdOK), DriverError);
+    EXPECT_THROW(driver().Click(form.cmdOK), driver::DriverError);
     form.cmdOK.SetEnabled(true);
     form.cmdOK.SetVisible(false);
     EXPECT_EQ(Read(form.cmdOK, "visible"), "false");
-    EXPECT_THROW(driver().Click(form.cmdOK), DriverError);
+    EXPECT_THROW(driver().Click(form.cmdOK), driver::DriverError);
     EXPECT_TRUE(events_.empty());
 }
 
 TEST_F(Buttons, AControlOfADisabledFrameCannotBeUsed) {
     form.Show(false);
     form.fraGroup.SetEnabled(false);
-    EXPECT_THROW(driver().Click(form.optKind[0]), DriverError);
+    EXPECT_THROW(driver().Click(form.optKind[0]), driver::DriverError);
     form.fraGroup.SetEnabled(true);
     driver().Click(form.optKind[0]);
     EXPECT_EQ(events_, std::vector<std::string>{"opt0"});

@@ -56,7 +56,7 @@ TEST_F(Dates, TheUserSetsAndEmptiesADate) {
 TEST_F(Dates, APickerThatMayNotBeEmptyRefusesIt) {
     form.Show(false);
     EXPECT_THROW(form.dtpWhen.SetValue(std::nullopt), RuntimeError);
-    EXPECT_THROW(driver().SetDate(form.dtpWhen, std::nullopt), DriverError);
+    EXPECT_THROW(driver().SetDate(form.dtpWhen, std::nullopt), driver::DriverError);
 }
 
 TEST_F(Dates, ADateWithATimeKeepsIt) {

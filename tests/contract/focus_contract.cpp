@@ -128,7 +128,7 @@ TEST_F(Focus, OnlyTheFrontPageIsVisible) {
     EXPECT_EQ(Read(form.SSTab1, "tab"), "1");
     EXPECT_EQ(Read(form.txtOnFirstTab, "visible"), "false");
     EXPECT_EQ(Read(form.txtOnSecondTab, "visible"), "true");
-    EXPECT_THROW(driver().Type(form.txtOnFirstTab, "x"), DriverError);
+    EXPECT_THROW(driver().Type(form.txtOnFirstTab, "x"), driver::DriverError);
 }
 
 TEST_F(Focus, ChangingTheTabRaisesClickFromCodeAndByTheUser) {

@@ -131,7 +131,7 @@ TEST_F(Grids, ARowThatIsSelectedAloneDropsTheOthers) {
     driver().SelectRow(grid, 3);
     EXPECT_EQ(Read(grid, "selection"), "3");
     EXPECT_EQ(grid.SelectedCount(), 1);
-    EXPECT_THROW(driver().SelectRow(grid, 4), DriverError);
+    EXPECT_THROW(driver().SelectRow(grid, 4), driver::DriverError);
 }
 
 TEST_F(Grids, TheWidthThatTheUserGaveAColumnStays) {

@@ -1,5 +1,5 @@
+#include "driver/headless/headless_driver.h"
 #include "forms/headless/headless_backend.h"
-#include "forms/headless/headless_driver.h"
 #include "stand.h"
 
 namespace zv::contract {
@@ -8,7 +8,7 @@ namespace {
 class HeadlessStand : public Stand {
  public:
     forms::Backend& GetBackend() override { return backend_; }
-    forms::Driver& GetDriver() override { return driver_; }
+    driver::Driver& GetDriver() override { return driver_; }
     void SetModalLoop(std::function<void(forms::Form&)> loop) override {
         backend_.modalLoop = std::move(loop);
     }
@@ -16,7 +16,7 @@ class HeadlessStand : public Stand {
 
  private:
     forms::headless::HeadlessBackend backend_{dialogs};
-    forms::headless::HeadlessDriver driver_;
+    driver::HeadlessDriver driver_;
 };
 
 }  // namespace

@@ -59,7 +59,7 @@ TEST_F(Lists, TheUserPicksARow) {
     EXPECT_EQ(form.cboState.ListIndex(), 1);
     EXPECT_EQ(events_, std::vector<std::string>{"click"});
     EXPECT_EQ(Read(form.cboState, "focus"), "true");
-    EXPECT_THROW(driver().Pick(form.cboState, 7), DriverError);
+    EXPECT_THROW(driver().Pick(form.cboState, 7), driver::DriverError);
 }
 
 TEST_F(Lists, ListEntriesCanBeReplacedWhileShown) {
@@ -101,7 +101,7 @@ TEST_F(Lists, AListOnlyBoxTakesOnlyItsEntriesAsText) {
     EXPECT_EQ(form.cboState.ListIndex(), 1);
     EXPECT_THROW(form.cboState.SetText("fremd"), RuntimeError);
     form.Show(false);
-    EXPECT_THROW(driver().Type(form.cboState, "x"), DriverError);
+    EXPECT_THROW(driver().Type(form.cboState, "x"), driver::DriverError);
 }
 
 TEST_F(Lists, ALockedComboBoxKeepsItsValue) {
@@ -109,7 +109,7 @@ TEST_F(Lists, ALockedComboBoxKeepsItsValue) {
     form.cboState.SetLocked(true);
     form.Show(false);
     EXPECT_EQ(Read(form.cboState, "locked"), "true");
-    EXPECT_THROW(driver().Pick(form.cboState, 1), DriverError);
+    EXPECT_THROW(driver().Pick(form.cboState, 1), driver::DriverError);
     EXPECT_EQ(Read(form.cboState, "index"), "0");
 }
 

@@ -52,19 +52,19 @@ TEST_F(Menus, EntriesOfAPopupMenuCanBeChosen) {
 TEST_F(Menus, ADisabledOrInvisibleEntryCannotBeChosen) {
     form.Show(false);
     form.mnuTaskAdd.SetEnabled(false);
-    EXPECT_THROW(driver().Choose(form.mnuTaskAdd), DriverError);
+    EXPECT_THROW(driver().Choose(form.mnuTaskAdd), driver::DriverError);
     form.mnuTaskAdd.SetEnabled(true);
     form.mnuTaskAdd.SetVisible(false);
-    EXPECT_THROW(driver().Choose(form.mnuTaskAdd), DriverError);
+    EXPECT_THROW(driver().Choose(form.mnuTaskAdd), driver::DriverError);
     form.mnuTaskAdd.SetVisible(true);
     form.mnuTask.SetEnabled(false);
-    EXPECT_THROW(driver().Choose(form.mnuTaskAdd), DriverError);
+    EXPECT_THROW(driver().Choose(form.mnuTaskAdd), driver::DriverError);
     EXPECT_TRUE(events_.empty());
 }
 
 TEST_F(Menus, AMenuWithEntriesIsNoEntry) {
     form.Show(false);
-    EXPECT_THROW(driver().Choose(form.mnuTask), DriverError);
+    EXPECT_THROW(driver().Choose(form.mnuTask), driver::DriverError);
 }
 
 class StandingMenu : public Menus {

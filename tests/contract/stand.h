@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/driver.h"
+#include "driver/driver.h"
 #include "forms/form.h"
 #include "forms/window_system.h"
 
@@ -38,7 +38,7 @@ class Stand {
  public:
     virtual ~Stand() = default;
     virtual forms::Backend& GetBackend() = 0;
-    virtual forms::Driver& GetDriver() = 0;
+    virtual driver::Driver& GetDriver() = 0;
     /// What runs while a modal window is open; it must close that window.
     virtual void SetModalLoop(std::function<void(forms::Form&)> loop) = 0;
     /// What runs while a popup menu is open; the menu closes when it returns.
@@ -94,7 +94,7 @@ class Contract : public testing::Test {
     std::string Read(forms::Control& control, const std::string& property,
                      const std::vector<int>& arguments = {});
 
-    forms::Driver& driver() { return stand_->GetDriver(); }
+    driver::Driver& driver() { return stand_->GetDriver(); }
     QueuedDialogs& dialogs() { return stand_->dialogs; }
 
     std::unique_ptr<Stand> stand_;

@@ -74,7 +74,7 @@ TEST_F(Texts, ALockedBoxTakesNoTyping) {
     form.txtTitle.SetLocked(true);
     form.Show(false);
     EXPECT_EQ(Read(form.txtTitle, "locked"), "true");
-    EXPECT_THROW(driver().Type(form.txtTitle, "x"), DriverError);
+    EXPECT_THROW(driver().Type(form.txtTitle, "x"), driver::DriverError);
     form.txtTitle.SetText("von innen");
     EXPECT_EQ(Read(form.txtTitle, "text"), "von innen");
 }

@@ -93,7 +93,7 @@ TEST_F(Trees, ClickingANodeSelectsItAndRaisesNodeClick) {
     EXPECT_EQ(events_, std::vector<std::string>{"Z1"});
     EXPECT_EQ(Read(tree, "selected"), "Z1");
     EXPECT_EQ(Read(tree, "focus"), "true");
-    EXPECT_THROW(driver().ClickNode(tree, "Z99"), DriverError);
+    EXPECT_THROW(driver().ClickNode(tree, "Z99"), driver::DriverError);
 }
 
 TEST_F(Trees, ClickingTheSelectedNodeAgainRaisesNodeClickAgain) {

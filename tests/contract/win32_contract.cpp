@@ -5,6 +5,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "driver/win32/played_backend.h"
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
@@ -56,7 +57,9 @@ struct NativeForm : TestForm {
 class Native : public Contract {
  protected:
     Native() : form(windows_.Create<NativeForm>()) { Arrange(form); }
-    Win32Backend& backend() { return static_cast<Win32Backend&>(stand_->GetBackend()); }
+    driver::PlayedBackend& backend() {
+        return static_cast<driver::PlayedBackend&>(stand_->GetBackend());
+    }
     HWND Handle(const Form& of) { return backend().Handle(of); }
     HWND Named(const std::string& name) {
         Search search{win32::ToWide(name), nullptr};

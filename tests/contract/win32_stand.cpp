@@ -1,8 +1,7 @@
 #include <windows.h>
 
+#include "driver/win32/win32_driver.h"
 #include "forms/win32/handles.h"
-#include "forms/win32/win32_backend.h"
-#include "forms/win32/win32_driver.h"
 #include "stand.h"
 
 namespace zv::contract {
@@ -11,7 +10,7 @@ namespace {
 class Win32Stand : public Stand {
  public:
     forms::Backend& GetBackend() override { return backend_; }
-    forms::Driver& GetDriver() override { return driver_; }
+    driver::Driver& GetDriver() override { return driver_; }
     void SetModalLoop(std::function<void(forms::Form&)> loop) override {
         backend_.modalLoop = std::move(loop);
     }
@@ -26,8 +25,8 @@ class Win32Stand : public Stand {
     }
 
  private:
-    forms::win32::Win32Backend backend_{GetModuleHandleW(nullptr), &dialogs};
-    forms::win32::Win32Driver driver_{backend_};
+    driver::PlayedBackend backend_{GetModuleHandleW(nullptr), &dialogs};
+    driver::Win32Driver driver_{backend_};
     // The backend itself holds the common controls as long as it lives.
     int before_ = forms::win32::LiveHandles();
 };

@@ -152,7 +152,7 @@ TEST_F(Windows, AModalWindowBlocksTheOthers) {
     behind.cmdOK.onClick = [this] { events_.push_back("behind"); };
     behind.Show(false);
     stand_->SetModalLoop([&](Form& form) {
-        EXPECT_THROW(driver().Click(behind.cmdOK), DriverError);
+        EXPECT_THROW(driver().Click(behind.cmdOK), driver::DriverError);
         driver().Close(form);
     });
     windows_.FromHost([&] { modal.Show(true); });

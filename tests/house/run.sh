@@ -21,8 +21,17 @@ sources() { git ls-files -co --exclude-standard -- "$@" | grep -E '\.(h|cpp)$'; 
 check "src includes nothing of host, tools and tests" \
     "$(sources src | xargs grep -nE '#include "(host|tools|tests)/')"
 
+# Folders below host/, tools/ and tests/ are named without theirs in front.
+played='driver|test_server|zvdb|zvscript'
+check "what ships includes nothing of tools and tests" \
+    "$(sources src host | xargs grep -nE "#include \"($played|stage|contract|forms/headless)/" |
+        grep -v '^src/forms/headless/')"
+check "what ships links nothing that plays the user" \
+    "$(git ls-files -co --exclude-standard -- src host | grep 'CMakeLists.txt$' |
+        xargs grep -nE 'zv_(driver|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
+
 # A folder may include only folders that stand before it in this list, and itself.
-order=(base store platform resources items cards staff forms session scheduling reports windows control com)
+order=(base store platform resources items cards staff forms progress session scheduling reports windows control com)
 allowed=
 for folder in "${order[@]}"; do
     allowed="$allowed${allowed:+|}$folder"

@@ -24,7 +24,7 @@ Action AtControl(const std::string& word, Act act) {
         stage.RequireReachable(control.Owner());
         try {
             act(stage, control);
-        } catch (const forms::DriverError& error) {
+        } catch (const driver::DriverError& error) {
             throw Failure(target.window + ": " + error.what());
         }
     };
@@ -59,7 +59,7 @@ Action Menu(Words words) {
         stage.RequireReachable(item.Owner());
         try {
             stage.driver.Choose(item);
-        } catch (const forms::DriverError& error) {
+        } catch (const driver::DriverError& error) {
             throw Failure(target.window + ": " + error.what());
         }
     };
@@ -96,27 +96,32 @@ Action Leave(Words words) {
 }
 
 Action Key(Words words) {
-    constexpr std::array<std::pair<std::string_view, int>, 5> kKeys = {
-        {{"Enter", forms::key::kEnter},
-         {"Down", forms::key::kDown},
-         {"Up", forms::key::kUp},
-         {"Tab", forms::key::kTab},
-         {"Escape", forms::key::kEscape}}};
-    constexpr std::array<std::pair<std::string_view, int>, 2> kControlKeys = {
-        {{"Ctrl+A", forms::key::kA}, {"Ctrl+C", forms::key::kC}}};
-    for (const auto& [name, code] : kControlKeys) {
-        if (name != words[1]) continue;
-        return AtControl(words[0], [code = code](Stage& stage, forms::Control& control) {
-            stage.driver.ControlKey(control, code);
-        });
+    using forms::KeyEvent;
+    namespace key = forms::key;
+    const std::array<std::pair<std::string_view, KeyEvent>, 13> kKeys = {
+        {{"Enter", {key::kEnter}},
+         {"Down", {key::kDown}},
+         {"Up", {key::kUp}},
+         {"Left", {key::kLeft}},
+         {"Right", {key::kRight}},
+         {"Home", {key::kHome}},
+         {"End", {key::kEnd}},
+         {"Tab", {key::kTab}},
+         {"Shift+Tab", {key::kTab, true}},
+         {"Ctrl+Tab", {key::kTab, false, true}},
+         {"Escape", {key::kEscape}},
+         {"Ctrl+A", {key::kA, false, true}},
+         {"Ctrl+C", {key::kC, false, true}}}};
+    std::string names;
+    for (const auto& [name, event] : kKeys) {
+        if (name == words[1]) {
+            return AtControl(words[0], [event = event](Stage& stage, forms::Control& control) {
+                stage.driver.PressKey(control, event);
+            });
+        }
+        names += (names.empty() ? "" : ", ") + std::string(name);
     }
-    for (const auto& [name, code] : kKeys) {
-        if (name != words[1]) continue;
-        return AtControl(words[0], [code = code](Stage& stage, forms::Control& control) {
-            stage.driver.Key(control, code);
-        });
-    }
-    throw ScriptError("a key is Enter, Down, Up, Tab, Escape, Ctrl+A or Ctrl+C");
+    throw ScriptError("a key is one of " + names);
 }
 
 // Tabs are picked by their position, too, and the rows of a grid, whose first is position 0 here.
@@ -181,7 +186,7 @@ Action Close(Words words) {
         forms::Form& form = FindForm(stage.windows, name);
         try {
             stage.driver.Close(form);
-        } catch (const forms::DriverError& error) {
+        } catch (const driver::DriverError& error) {
             throw Failure(error.what());
         }
     };
@@ -206,7 +211,8 @@ constexpr std::array kActing = std::to_array<CommandSpec>({
     {"rightclick", 1, 2, "W.C [KEY]", RightClick},
     {"type", 2, 2, "W.C \"TEXT\"", Type},
     {"leave", 1, 1, "W.C", Leave},
-    {"key", 2, 2, "W.C Enter|Down|Up|Tab|Escape|Ctrl+A|Ctrl+C", Key},
+    {"key", 2, 2,
+     "W.C Enter|Down|Up|Left|Right|Home|End|Tab|Shift+Tab|Ctrl+Tab|Escape|Ctrl+A|Ctrl+C", Key},
     {"heading", 2, 2, "W.C COLUMN", Heading},
     {"pick", 2, 2, "W.C INDEX", Pick},
     {"date", 2, 2, "W.C 2003-03-07|2003-03-07T10:00:00|empty", Date},

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "backend_stand.h"
+#include "driver/headless/headless_driver.h"
 #include "forms/headless/headless_backend.h"
-#include "forms/headless/headless_driver.h"
 
 namespace zv::script {
 
@@ -15,11 +15,11 @@ class HeadlessStand : public BackendStand {
         backend_.onMenuIdle = std::move(loops.menu);
     }
     forms::Backend& GetBackend() override { return backend_; }
-    forms::Driver& GetDriver() override { return driver_; }
+    driver::Driver& GetDriver() override { return driver_; }
 
  private:
     forms::headless::HeadlessBackend backend_;
-    forms::headless::HeadlessDriver driver_;
+    driver::HeadlessDriver driver_;
 };
 
 }  // namespace zv::script

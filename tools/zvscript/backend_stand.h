@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 
+#include "driver/driver.h"
 #include "forms/backend.h"
-#include "forms/driver.h"
 
 namespace zv::script {
 
@@ -21,7 +21,7 @@ class BackendStand {
  public:
     virtual ~BackendStand() = default;
     virtual forms::Backend& GetBackend() = 0;
-    virtual forms::Driver& GetDriver() = 0;
+    virtual driver::Driver& GetDriver() = 0;
     /// Lets the windows handle what an act has left waiting.
     virtual void Settle() {}
 };

@@ -3,8 +3,7 @@
 
 #include "backend_headless.h"
 #include "backend_stand.h"
-#include "forms/win32/win32_backend.h"
-#include "forms/win32/win32_driver.h"
+#include "driver/win32/win32_driver.h"
 
 namespace zv::script {
 namespace {
@@ -21,12 +20,12 @@ class Win32Stand : public BackendStand {
         backend_.timersRun = false;  // a scenario has its own clock
     }
     forms::Backend& GetBackend() override { return backend_; }
-    forms::Driver& GetDriver() override { return driver_; }
-    void Settle() override { backend_.PumpMessages(); }
+    driver::Driver& GetDriver() override { return driver_; }
+    void Settle() override { driver::PumpMessages(); }
 
  private:
-    forms::win32::Win32Backend backend_;
-    forms::win32::Win32Driver driver_;
+    driver::PlayedBackend backend_;
+    driver::Win32Driver driver_;
 };
 
 }  // namespace

@@ -96,7 +96,7 @@ std::string ReadItem(Stage& stage, const PropertyPath& path) {
         forms::Control& control = FindControl(stage.windows, target);
         try {
             value = stage.driver.Read(control, path.property, path.arguments);
-        } catch (const forms::DriverError& error) {
+        } catch (const driver::DriverError& error) {
             throw Failure(error.what());
         } catch (const RuntimeError&) {
             throw Failure(target.Text() + " has no such position");

@@ -60,7 +60,7 @@ class Stage {
     forms::WindowSystem windows;
     Session session;
     ZvTask control;
-    forms::Driver& driver;
+    driver::Driver& driver;
     UserLocale locale;
 
     ScriptedBag bag;                                ///< as last written

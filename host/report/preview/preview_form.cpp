@@ -24,12 +24,6 @@ constexpr std::array kPercents{50, 75, 100, 125, 150, 200, 400};
 constexpr double kInch = 96;
 
 namespace code {
-constexpr int kPageUp = 33;
-constexpr int kPageDown = 34;
-constexpr int kEnd = 35;
-constexpr int kHome = 36;
-constexpr int kLeft = 37;
-constexpr int kRight = 39;
 constexpr int kAdd = 107;
 constexpr int kSubtract = 109;
 constexpr int kPlus = 187;
@@ -269,17 +263,17 @@ void PreviewForm::Move(int units) {
 
 void PreviewForm::AnyKey(forms::KeyEvent& event) {
     switch (event.code) {
-        case code::kPageDown:
+        case forms::key::kPageDown:
             GoTo(page_ + 1);
             break;
-        case code::kPageUp:
+        case forms::key::kPageUp:
             GoTo(page_ - 1);
             break;
-        case code::kHome:
+        case forms::key::kHome:
             if (!event.control) return;
             GoTo(1);
             break;
-        case code::kEnd:
+        case forms::key::kEnd:
             if (!event.control) return;
             GoTo(layout_.PageCount());
             break;
@@ -318,23 +312,23 @@ void PreviewForm::picPage_KeyDown(forms::KeyEvent& event) {
         case forms::key::kUp:
             Move(-kLineStep);
             break;
-        case code::kPageDown:
+        case forms::key::kPageDown:
             Move(page);
             break;
-        case code::kPageUp:
+        case forms::key::kPageUp:
             Move(-page);
             break;
-        case code::kLeft:
+        case forms::key::kLeft:
             picPage.UserScroll(x - kLineStep, y);
             break;
-        case code::kRight:
+        case forms::key::kRight:
             picPage.UserScroll(x + kLineStep, y);
             break;
-        case code::kHome:
+        case forms::key::kHome:
             GoTo(1);
             picPage.UserScroll(x, 0);
             break;
-        case code::kEnd:
+        case forms::key::kEnd:
             GoTo(layout_.PageCount());
             break;
         case code::kAdd:

@@ -159,11 +159,11 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
     platform::win32::SystemFiles files;
     const platform::win32::SystemClock clock;
     forms::Form* window = nullptr;
-    const auto run = [&](ReportText caption, ReportText cancelled, reports::LongWork& work) {
+    const auto run = [&](ReportText caption, ReportText cancelled, progress::LongWork& work) {
         const auto text = [&](ReportText id) { return GetReportText(id, request.Script()); };
-        const reports::WorkEnd end =
-            reports::RunLongWork(windows, clock, request.Script(), text(caption), work);
-        if (end == reports::WorkEnd::Cancelled) {
+        const progress::WorkEnd end =
+            progress::RunLongWork(windows, clock, request.Script(), text(caption), work);
+        if (end == progress::WorkEnd::Cancelled) {
             windows.ShowMessage(text(cancelled), forms::box::kInformation);
         }
     };

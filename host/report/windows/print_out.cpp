@@ -25,7 +25,7 @@ std::string TargetFile(const PrintRequest& request, const Document& document) {
 
 // A client that names the file or the printer wants no window.
 void Finish(const PrintRequest& request, const PreparedReport& report, ReportText caption,
-            reports::LongWork& work) {
+            progress::LongWork& work) {
     if (!request.outputFile.empty() || !request.printerName.empty()) {
         while (work.Continue()) {
         }
@@ -36,8 +36,8 @@ void Finish(const PrintRequest& request, const PreparedReport& report, ReportTex
     windows.title = report.Source().title;
     const platform::win32::SystemClock clock;
     windows.FromHost([&] {
-        reports::RunLongWork(windows, clock, request.Script(),
-                             GetReportText(caption, request.Script()), work);
+        progress::RunLongWork(windows, clock, request.Script(),
+                              GetReportText(caption, request.Script()), work);
     });
 }
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "progress/long_work.h"
 #include "report/layout.h"
-#include "reports/long_work.h"
 
 namespace zv::report {
 
@@ -40,7 +40,7 @@ std::vector<unsigned char> ProposeSettings(const PrinterChoice& printer, const L
 /// Prints under the document's title; pages that are larger than the paper are made smaller. What
 /// was not finished is not printed. Every operation throws 482 with the reason: the printer is
 /// unknown, gone, or fails.
-class PrintJob final : public reports::LongWork {
+class PrintJob final : public progress::LongWork {
  public:
     /// `outputFile` empty: to where the printer stands, otherwise the printer's language into that
     /// file. Null when the user was asked where to print to and cancelled. The layout must outlive

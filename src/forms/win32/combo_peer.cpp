@@ -110,8 +110,8 @@ std::optional<LRESULT> NativeCombo::OnMessage(UINT message, WPARAM, LPARAM) {
     return std::nullopt;
 }
 
-bool NativeCombo::WantsKey(int code) const {
-    return (code == key::kEnter || code == key::kEscape) && Send(CB_GETDROPPEDSTATE) != 0;
+bool NativeCombo::ListOpen() const {
+    return Send(CB_GETDROPPEDSTATE) != 0;
 }
 
 }  // namespace zv::forms::win32

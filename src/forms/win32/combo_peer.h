@@ -14,7 +14,7 @@ class NativeCombo : public NativeControl {
     void Create(HWND parent, int id) override;
     HWND FocusHandle() const override { return edit_ ? edit_ : Handle(); }
     void OnCommand(UINT code) override;
-    bool WantsKey(int code) const override;
+    bool ListOpen() const override;
     void ResolutionChanged() override;
 
  protected:

@@ -110,8 +110,8 @@ LRESULT NativeDatePicker::OnNotify(NMHDR& header) {
     return 0;
 }
 
-bool NativeDatePicker::WantsKey(int code) const {
-    return calendarOpen_ && (code == key::kEnter || code == key::kEscape);
+bool NativeDatePicker::ListOpen() const {
+    return calendarOpen_;
 }
 
 }  // namespace zv::forms::win32

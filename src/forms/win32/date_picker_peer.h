@@ -10,7 +10,7 @@ class NativeDatePicker : public NativeControl {
     using NativeControl::NativeControl;
     void Create(HWND parent, int id) override;
     LRESULT OnNotify(NMHDR& header) override;
-    bool WantsKey(int code) const override;
+    bool ListOpen() const override;
     std::optional<DateTime> ShownValue() const;
 
  protected:

@@ -242,7 +242,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             beingMoved_ = false;
             break;
         case WM_ENTERIDLE:
-            if (wParam == MSGF_MENU && backend_.onMenuIdle) backend_.onMenuIdle();
+            if (wParam == MSGF_MENU) backend_.MenuIdle();
             return 0;
         case WM_DPICHANGED:
             OnResolution(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
@@ -522,7 +522,7 @@ UINT_PTR FormWindow::TimerId(const Control& timer) const {
 }
 
 void FormWindow::SetTimer(const Control& timer, int interval) {
-    if (!gone_ && backend_.timersRun)
+    if (!gone_ && backend_.TimersRun())
         ::SetTimer(Handle(), TimerId(timer), static_cast<UINT>(interval), nullptr);
 }
 

@@ -1,7 +1,6 @@
 #include "forms/win32/native_control.h"
 
 #include "base/errors.h"
-#include "forms/driver_checks.h"
 #include "forms/form.h"
 #include "forms/win32/accessibility.h"
 #include "forms/win32/form_window.h"
@@ -32,12 +31,12 @@ void NativeControl::CreateNative(HWND parent, int id, const wchar_t* windowClass
         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), window_.Module(), nullptr));
     if (!handle_) {
         throw RuntimeError(ErrorNumber::InternalError,
-                           "No native window for " + DisplayName(control_));
+                           "No native window for " + control_.DisplayName());
     }
     original_ = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(Handle(), GWLP_WNDPROC));
     Watch(Handle());
     Send(WM_SETFONT, reinterpret_cast<WPARAM>(window_.UiFont()), FALSE);
-    name_.reset(GlobalAddAtomW(ToWide(DisplayName(control_)).c_str()));
+    name_.reset(GlobalAddAtomW(ToWide(control_.DisplayName()).c_str()));
     SetPropW(Handle(), kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name_.get())));
     SetAccessibleName();
     if (control_.InFront()) Changed(Aspect::ZOrder);

@@ -49,9 +49,8 @@ class NativeControl {
     /// Notifications that the native window sent to its parent.
     virtual void OnCommand(UINT) {}
     virtual LRESULT OnNotify(NMHDR&) { return 0; }
-    /// Keys that the native window must get although the window would use them, Enter in a list
-    /// that is open for example.
-    virtual bool WantsKey(int) const { return false; }
+    /// A list or a calendar that drops down from it is open.
+    virtual bool ListOpen() const { return false; }
     /// Fonts and images for the window's present resolution.
     virtual void ResolutionChanged();
 

@@ -69,8 +69,4 @@ void NativeTextBox::TellSelection() {
     Box().UserSelection(static_cast<int>(start), static_cast<int>(end - start));
 }
 
-bool NativeTextBox::WantsKey(int code) const {
-    return Box().MultiLine() && code == key::kEnter;
-}
-
 }  // namespace zv::forms::win32

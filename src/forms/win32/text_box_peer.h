@@ -10,7 +10,6 @@ class NativeTextBox : public NativeControl {
     using NativeControl::NativeControl;
     void Create(HWND parent, int id) override;
     void OnCommand(UINT code) override;
-    bool WantsKey(int code) const override;
 
  protected:
     void Mirror(Aspect aspect) override;

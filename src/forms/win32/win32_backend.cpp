@@ -118,10 +118,6 @@ HWND Win32Backend::Handle(const Form& form) const {
 }
 
 void Win32Backend::RunModal(Form& form) {
-    if (modalLoop) {
-        modalLoop(form);
-        return;
-    }
     MSG message{};
     while (form.IsShown()) {
         const BOOL received = GetMessageW(&message, nullptr, 0, 0);
@@ -129,18 +125,6 @@ void Win32Backend::RunModal(Form& form) {
         if (received == 0) {
             // The program ends: its own loop must hear of it too.
             form.Windows().Interrupt();
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-}
-
-void Win32Backend::PumpMessages() {
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }

@@ -4,7 +4,6 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,16 +36,11 @@ class Win32Backend : public Backend {
     void SetClipboardText(std::string_view text) override;
     std::string ClipboardText() override;
 
-    /// Runs in place of the message loop while a modal window is open, the other windows disabled.
-    /// It returns when that window is gone, and calls PumpMessages between its steps.
-    std::function<void(Form&)> modalLoop;
-    /// False: timers tick only when the driver makes them. Set before windows are shown.
-    bool timersRun = true;
-    /// Called while a menu is open and the user does nothing.
-    std::function<void()> onMenuIdle;
+    /// Told again and again while a menu is open and the user does nothing.
+    virtual void MenuIdle() {}
+    /// Whether the system's clock makes timers tick.
+    virtual bool TimersRun() const { return true; }
 
-    /// Handles every message that waits.
-    void PumpMessages();
     /// Windows of this module that exist at this moment; a control must stay loaded as long as
     /// there are any.
     static int OpenWindows();

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "driver/headless/headless_driver.h"
 #include "forms/headless/headless_backend.h"
-#include "forms/headless/headless_driver.h"
 #include "report_stage.h"
 
 namespace zv::report {
@@ -50,7 +50,7 @@ class Preview : public testing::Test {
     SilentDialogs dialogs_;
     forms::headless::HeadlessBackend backend_{dialogs_};
     forms::WindowSystem windows_{backend_};
-    forms::headless::HeadlessDriver user_;
+    driver::HeadlessDriver user_;
     Document document_;
     std::unique_ptr<Layout> layout_;
     std::string done_;

@@ -5,7 +5,6 @@
 #include <array>
 
 #include "base/errors.h"
-#include "reports/long_work.h"
 #include "stage/stage.h"
 
 namespace zv::reports {
@@ -70,96 +69,6 @@ TEST_F(GridExportTest, AFailureLeavesNoFileAndReachesTheCaller) {
     stage_.files.failing = "磁盘已满";
     EXPECT_THROW(Export(), RuntimeError);
     EXPECT_TRUE(stage_.files.written.empty());
-    EXPECT_TRUE(stage_.dialogs.messages.empty());
-}
-
-class Pieces : public LongWork {
- public:
-    explicit Pieces(int count) : left_(count) {}
-    bool Continue() override {
-        if (failing && left_ == 1) throw RuntimeError(ErrorNumber::DiskFull);
-        return --left_ > 0;
-    }
-    int Left() const { return left_; }
-    bool failing = false;
-
- private:
-    int left_;
-};
-
-class LongWorkTest : public testing::Test {
- protected:
-    /// Ticks until the window is gone, or cancels it after so many ticks.
-    void Play(int cancelAfter = -1) {
-        stage_.backend.modalLoop = [this, cancelAfter](forms::Form& form) {
-            shown_ = true;
-            auto& window = static_cast<frmProgress&>(form);
-            for (int tick = 0; form.IsShown(); tick++) {
-                if (tick == cancelAfter) {
-                    stage_.user.Click(window.cmdCancel);
-                } else {
-                    stage_.user.Tick(window.Timer1);
-                }
-            }
-        };
-    }
-    WorkEnd Run(Pieces& work) {
-        WorkEnd end = WorkEnd::Cancelled;
-        stage_.windows.FromHost([&] { end = RunLongWork(stage_.session, "工作", work); });
-        return end;
-    }
-
-    stage::Stage stage_;
-    bool shown_ = false;
-};
-
-TEST_F(LongWorkTest, ShortWorkNeedsNoWindow) {
-    Play();
-    Pieces work(LongWork::kPiecesAtOnce);
-    EXPECT_EQ(Run(work), WorkEnd::Finished);
-    EXPECT_FALSE(shown_);
-}
-
-TEST_F(LongWorkTest, LongWorkDoesOnePieceATick) {
-    Play();
-    Pieces work(LongWork::kPiecesAtOnce + 3);
-    EXPECT_EQ(Run(work), WorkEnd::Finished);
-    EXPECT_TRUE(shown_);
-    EXPECT_EQ(work.Left(), 0);
-    EXPECT_TRUE(stage_.windows.Windows().empty());
-}
-
-TEST_F(LongWorkTest, WorkIsShownWhenItsFirstSecondIsOver) {
-    Play();
-    class Slow : public Pieces {
-     public:
-        explicit Slow(stage::Clock& clock) : Pieces(3), clock_(clock) {}
-        bool Continue() override {
-            clock_.now = clock_.now.AddSeconds(2);
-            return Pieces::Continue();
-        }
-
-     private:
-        stage::Clock& clock_;
-    };
-    Slow work(stage_.clock);
-    EXPECT_EQ(Run(work), WorkEnd::Finished);
-    EXPECT_TRUE(shown_);
-}
-
-TEST_F(LongWorkTest, ACancelStopsBetweenPieces) {
-    Play(2);
-    Pieces work(LongWork::kPiecesAtOnce + 5);
-    EXPECT_EQ(Run(work), WorkEnd::Cancelled);
-    EXPECT_EQ(work.Left(), 3);
-}
-
-TEST_F(LongWorkTest, AnErrorLeavesWhenTheWindowIsGone) {
-    Play();
-    Pieces work(LongWork::kPiecesAtOnce + 3);
-    work.failing = true;
-    EXPECT_THROW(Run(work), RuntimeError);
-    EXPECT_TRUE(stage_.windows.Windows().empty());
     EXPECT_TRUE(stage_.dialogs.messages.empty());
 }
 

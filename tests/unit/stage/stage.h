@@ -12,9 +12,8 @@
 
 #include "base/path.h"
 #include "control/zv_task.h"
-#include "forms/driver.h"
+#include "driver/headless/headless_driver.h"
 #include "forms/headless/headless_backend.h"
-#include "forms/headless/headless_driver.h"
 #include "platform/scripted/scripted_machine.h"
 #include "session/session.h"
 #include "windows/main/frm_task_main.h"
@@ -178,7 +177,7 @@ class Stage {
     forms::WindowSystem windows{backend};
     Session session{machine, settings, opener, windows, &statements};
     ZvTask control{session};
-    forms::headless::HeadlessDriver user;
+    driver::HeadlessDriver user;
     std::string errorText;  ///< of the last Refresh
 };
 

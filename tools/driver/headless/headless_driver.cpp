@@ -1,9 +1,9 @@
-#include "forms/headless/headless_driver.h"
+#include "driver/headless/headless_driver.h"
 
+#include "driver/driver_checks.h"
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
-#include "forms/driver_checks.h"
 #include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/lists.h"
@@ -12,26 +12,16 @@
 #include "forms/tree_view.h"
 #include "forms/up_down.h"
 
-namespace zv::forms::headless {
+namespace zv::driver {
+
+using namespace forms;
+
 namespace {
 
 // A press moves the focus first; false when a validation kept it, and the press is lost then.
 bool Press(Control& control) {
     RequireUsable(control);
     return !control.CanFocus() || control.Owner().UserFocused(control);
-}
-
-void StepInTree(TreeView& tree, int step) {
-    int node = tree.FirstRoot();
-    int before = TreeView::kNone;
-    while (node != TreeView::kNone && node != tree.Selected()) {
-        before = node;
-        node = tree.NextInOrder(node);
-    }
-    const int target = step < 0                  ? before
-                       : node == TreeView::kNone ? tree.FirstRoot()
-                                                 : tree.NextInOrder(node);
-    if (target != TreeView::kNone) tree.UserClick(target);
 }
 
 }  // namespace
@@ -49,7 +39,7 @@ void HeadlessDriver::Click(Control& control) {
             static_cast<OptionButton&>(control).UserClick();
             break;
         default:
-            throw DriverError(DisplayName(control) + " cannot be clicked");
+            throw DriverError(control.DisplayName() + " cannot be clicked");
     }
 }
 
@@ -77,52 +67,33 @@ void HeadlessDriver::RightClickNode(Control& control, const std::string& key) {
 void HeadlessDriver::Type(Control& control, const std::string& text) {
     if (!Press(control)) return;
     if (auto* box = dynamic_cast<TextBox*>(&control)) {
-        if (box->Locked()) throw DriverError(DisplayName(control) + " is locked");
+        if (box->Locked()) throw DriverError(control.DisplayName() + " is locked");
         box->UserText(text);
         return;
     }
     auto& combo = As<ComboBox>(control);
     if (combo.Style() != ComboStyle::FreeText || combo.Locked()) {
-        throw DriverError(DisplayName(control) + " takes no typing");
+        throw DriverError(control.DisplayName() + " takes no typing");
     }
     combo.UserText(text);
 }
 
-void HeadlessDriver::Leave(Control& control) {
-    if (Press(control)) control.Owner().UserDialogKey({key::kTab});
+void HeadlessDriver::PressKey(Control& control, const KeyEvent& key) {
+    if (Press(control)) control.Owner().UserKey(control, key);
 }
 
-void HeadlessDriver::Key(Control& control, int code) {
-    if (!Press(control)) return;
-    KeyEvent event{code};
-    if (code != key::kTab) control.UserKeyDown(event);
-    if (event.code == key::kTab || event.code == key::kEscape || event.code == key::kEnter) {
-        control.Owner().UserDialogKey(event);
-        return;
-    }
-    if (event.code != key::kUp && event.code != key::kDown) return;
-    const int step = event.code == key::kDown ? 1 : -1;
-    if (auto* list = dynamic_cast<ListControl*>(&control)) {
-        const int position = list->ListIndex() + step;
-        if (position >= 0 && position < list->ListCount()) list->UserPick(position);
-    } else if (auto* tree = dynamic_cast<TreeView*>(&control)) {
-        StepInTree(*tree, step);
-    }
-}
-
-void HeadlessDriver::ControlKey(Control& control, int code) {
-    if (!Press(control)) return;
-    KeyEvent event{code, false, true};
-    control.UserKeyDown(event);
+void HeadlessDriver::PressAccessKey(Form& form, char letter) {
+    RequireReachable(form);
+    form.UserAccessKey(static_cast<unsigned char>(letter));
 }
 
 void HeadlessDriver::Pick(Control& control, int position) {
     auto& list = As<ListControl>(control);
     if (position < -1 || position >= list.ListCount()) {
-        throw DriverError(DisplayName(control) + " has no row " + std::to_string(position));
+        throw DriverError(control.DisplayName() + " has no row " + std::to_string(position));
     }
     if (auto* combo = dynamic_cast<ComboBox*>(&control); combo && combo->Locked()) {
-        throw DriverError(DisplayName(control) + " is locked");
+        throw DriverError(control.DisplayName() + " is locked");
     }
     if (Press(control)) list.UserPick(position);
 }
@@ -130,7 +101,7 @@ void HeadlessDriver::Pick(Control& control, int position) {
 void HeadlessDriver::SetDate(Control& control, const std::optional<DateTime>& value) {
     auto& picker = As<DatePicker>(control);
     if (!value && !picker.MayBeEmpty()) {
-        throw DriverError(DisplayName(control) + " cannot be empty");
+        throw DriverError(control.DisplayName() + " cannot be empty");
     }
     if (Press(control)) picker.UserPick(value);
 }
@@ -159,7 +130,8 @@ void HeadlessDriver::RightPress(Control& control) {
 
 void HeadlessDriver::SelectTab(Control& control, int tab) {
     auto& tabs = As<TabPanel>(control);
-    if (tab < 0 || tab >= tabs.Tabs()) throw DriverError(DisplayName(control) + " has no such tab");
+    if (tab < 0 || tab >= tabs.Tabs())
+        throw DriverError(control.DisplayName() + " has no such tab");
     if (Press(control)) tabs.UserSelect(tab);
 }
 
@@ -208,4 +180,4 @@ std::string HeadlessDriver::ReadCaption(Form& form) {
     return form.Caption();
 }
 
-}  // namespace zv::forms::headless
+}  // namespace zv::driver

@@ -8,14 +8,14 @@
 #include "forms/form.h"
 #include "forms/label.h"
 
-namespace zv::scheduling {
+namespace zv::forms::rows {
 
 inline constexpr int kMargin = 14;
 inline constexpr int kGap = 8;
 inline constexpr int kRowGap = 10;
 
 struct Measure {
-    explicit Measure(const forms::Form& window) : backend(window.Windows().GetBackend()) {
+    explicit Measure(const Form& window) : backend(window.Windows().GetBackend()) {
         line = backend.MeasureText("国Ag").height;
         field = line + 8;
         button = line + 12;
@@ -24,7 +24,7 @@ struct Measure {
     int Width(std::string_view text) const { return backend.MeasureText(text).width; }
     int ButtonWidth(std::string_view caption) const { return std::max(84, Width(caption) + 28); }
 
-    forms::Backend& backend;
+    Backend& backend;
     int line = 0;    ///< height of a text
     int field = 0;   ///< height of a field
     int button = 0;  ///< height of a button
@@ -40,12 +40,12 @@ class Row {
         width = std::max(width, measure_.Width(label.Caption()) + 2);
         Put(label, width, measure_.line, (measure_.field - measure_.line) / 2);
     }
-    void Field(forms::Control& control, int width) { Put(control, width, measure_.field, 0); }
+    void Field(Control& control, int width) { Put(control, width, measure_.field, 0); }
     void Skip(int width) { at_ += width; }
     int At() const { return at_; }
 
  private:
-    void Put(forms::Control& control, int width, int height, int offset) {
+    void Put(Control& control, int width, int height, int offset) {
         control.Move({at_, top_ + offset, width, height});
         at_ += width + kGap;
     }
@@ -55,4 +55,4 @@ class Row {
     int top_;
 };
 
-}  // namespace zv::scheduling
+}  // namespace zv::forms::rows

@@ -1,4 +1,4 @@
-#include "forms/driver_checks.h"
+#include "driver/driver_checks.h"
 
 #include "base/errors.h"
 #include "forms/buttons.h"
@@ -13,7 +13,10 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 
-namespace zv::forms {
+namespace zv::driver {
+
+using namespace forms;
+
 namespace {
 
 using Text = std::optional<std::string>;
@@ -115,11 +118,6 @@ Text ReadDate(const DatePicker& c, const std::string& p) {
 
 }  // namespace
 
-std::string DisplayName(const Control& control) {
-    if (control.Index() < 0) return control.Name();
-    return control.Name() + "(" + std::to_string(control.Index()) + ")";
-}
-
 void RequireReachable(const Form& form) {
     if (!form.IsShown()) throw DriverError(form.Name() + " is not shown");
     const Form* modal = form.Windows().ModalForm();
@@ -130,8 +128,8 @@ void RequireReachable(const Form& form) {
 
 void RequireUsable(const Control& control) {
     RequireReachable(control.Owner());
-    if (!control.Visible()) throw DriverError(DisplayName(control) + " is not visible");
-    if (!control.CanInteract()) throw DriverError(DisplayName(control) + " is disabled");
+    if (!control.Visible()) throw DriverError(control.DisplayName() + " is not visible");
+    if (!control.CanInteract()) throw DriverError(control.DisplayName() + " is disabled");
 }
 
 void RequireChoosable(const MenuItem& item) {
@@ -149,7 +147,7 @@ bool ChoseInStandingMenu(MenuItem& item) {
 Grid& RequireRow(Control& control, int row) {
     auto& grid = As<Grid>(control);
     if (row < 1 || row > grid.DataRowCount()) {
-        throw DriverError(DisplayName(control) + " has no row " + std::to_string(row));
+        throw DriverError(control.DisplayName() + " has no row " + std::to_string(row));
     }
     return grid;
 }
@@ -157,7 +155,7 @@ Grid& RequireRow(Control& control, int row) {
 Grid& RequireColumn(Control& control, int column) {
     auto& grid = As<Grid>(control);
     if (column < 1 || column > grid.ColumnCount() || !grid.GetColumn(column).visible) {
-        throw DriverError(DisplayName(control) + " has no column " + std::to_string(column));
+        throw DriverError(control.DisplayName() + " has no column " + std::to_string(column));
     }
     return grid;
 }
@@ -165,7 +163,7 @@ Grid& RequireColumn(Control& control, int column) {
 int RequireNode(const TreeView& tree, const std::string& key) {
     const int node = tree.Find(key);
     if (node == TreeView::kNone) {
-        throw DriverError(DisplayName(tree) + " has no node \"" + key + "\"");
+        throw DriverError(tree.DisplayName() + " has no node \"" + key + "\"");
     }
     return node;
 }
@@ -230,4 +228,4 @@ std::optional<std::string> ReadState(const Control& c, const std::string& p,
     return {};
 }
 
-}  // namespace zv::forms
+}  // namespace zv::driver

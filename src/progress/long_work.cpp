@@ -1,13 +1,13 @@
-#include "reports/long_work.h"
+#include "progress/long_work.h"
 
 #include <algorithm>
 
+#include "forms/row_layout.h"
 #include "resources/ask_texts.h"
 #include "resources/catalogue.h"
 #include "resources/text_ids.h"
-#include "scheduling/row_layout.h"
 
-namespace zv::reports {
+namespace zv::progress {
 namespace {
 
 constexpr int kTickMs = 10;
@@ -44,9 +44,9 @@ void frmProgress::Form_Unload(bool&) {
 }
 
 void frmProgress::PlaceControls() {
-    using scheduling::kGap;
-    using scheduling::kMargin;
-    const scheduling::Measure m(*this);
+    using forms::rows::kGap;
+    using forms::rows::kMargin;
+    const forms::rows::Measure m(*this);
     const int width = std::max(320, m.Width(Caption()) + 120);
     int top = kMargin;
     lblState.Move({kMargin, top, width, m.line + 2});
@@ -99,9 +99,4 @@ WorkEnd RunLongWork(forms::WindowSystem& windows, const platform::Clock& clock,
     return result.end;
 }
 
-WorkEnd RunLongWork(Session& session, const std::string& caption, LongWork& work) {
-    return RunLongWork(session.windows, session.machine.clock, session.state.Language, caption,
-                       work);
-}
-
-}  // namespace zv::reports
+}  // namespace zv::progress

@@ -5,39 +5,36 @@
 #include <string>
 #include <vector>
 
+#include "driver/driver.h"
 #include "forms/control.h"
-#include "forms/driver.h"
 #include "forms/grid.h"
 #include "forms/tree_view.h"
 
-namespace zv::forms {
-
-/// "name" or "name(index)".
-std::string DisplayName(const Control& control);
+namespace zv::driver {
 
 /// The control as its class; throws DriverError for another kind.
 template <typename T>
-T& As(Control& control) {
+T& As(forms::Control& control) {
     if (auto* typed = dynamic_cast<T*>(&control)) return *typed;
-    throw DriverError(DisplayName(control) + " cannot do that");
+    throw DriverError(control.DisplayName() + " cannot do that");
 }
 
 /// Throws DriverError when a user could not reach the window or the control.
-void RequireReachable(const Form& form);
-void RequireUsable(const Control& control);
-void RequireChoosable(const MenuItem& item);
+void RequireReachable(const forms::Form& form);
+void RequireUsable(const forms::Control& control);
+void RequireChoosable(const forms::MenuItem& item);
 /// True when the entry belongs to the popup menu that is open: it is told when the menu closes.
-bool ChoseInStandingMenu(MenuItem& item);
+bool ChoseInStandingMenu(forms::MenuItem& item);
 /// The grid, when it has that row; throws DriverError otherwise.
-Grid& RequireRow(Control& grid, int row);
+forms::Grid& RequireRow(forms::Control& grid, int row);
 /// The grid, when it shows that column; throws DriverError otherwise.
-Grid& RequireColumn(Control& grid, int column);
+forms::Grid& RequireColumn(forms::Control& grid, int column);
 /// The node of that key; throws DriverError when there is none.
-int RequireNode(const TreeView& tree, const std::string& key);
+int RequireNode(const forms::TreeView& tree, const std::string& key);
 
 /// A property as the control itself keeps it, nothing when it has no such property. Positions are
 /// those of scenario files: list(i) from 0, cell(row, column) from 1.
-std::optional<std::string> ReadState(const Control& control, const std::string& property,
+std::optional<std::string> ReadState(const forms::Control& control, const std::string& property,
                                      const std::vector<int>& arguments);
 
-}  // namespace zv::forms
+}  // namespace zv::driver

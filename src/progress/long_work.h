@@ -12,9 +12,8 @@
 #include "forms/progress_bar.h"
 #include "forms/timer.h"
 #include "platform/machine.h"
-#include "session/session.h"
 
-namespace zv::reports {
+namespace zv::progress {
 
 class LongWork {
  public:
@@ -38,7 +37,6 @@ enum class WorkEnd { Finished, Cancelled };
 /// stops it. An error of the work leaves here, after the window is gone.
 WorkEnd RunLongWork(forms::WindowSystem& windows, const platform::Clock& clock,
                     std::int16_t language, const std::string& caption, LongWork& work);
-WorkEnd RunLongWork(Session& session, const std::string& caption, LongWork& work);
 
 /// The window: does one piece of the work at each tick.
 class frmProgress : public forms::Form {
@@ -76,4 +74,4 @@ class frmProgress : public forms::Form {
     Result& result_;
 };
 
-}  // namespace zv::reports
+}  // namespace zv::progress

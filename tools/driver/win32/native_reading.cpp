@@ -1,6 +1,7 @@
 // What native windows show, in the words of a driver's properties.
 #include <array>
 
+#include "driver/win32/win32_driver.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
 #include "forms/form.h"
@@ -13,9 +14,12 @@
 #include "forms/win32/grid_peer.h"
 #include "forms/win32/tree_peer.h"
 #include "forms/win32/wide_text.h"
-#include "forms/win32/win32_driver.h"
 
-namespace zv::forms::win32 {
+namespace zv::driver {
+
+using namespace forms;
+using namespace forms::win32;
+
 namespace {
 
 using Text = std::optional<std::string>;
@@ -248,4 +252,4 @@ std::optional<std::string> ReadNative(const NativeControl& native, const std::st
     }
 }
 
-}  // namespace zv::forms::win32
+}  // namespace zv::driver

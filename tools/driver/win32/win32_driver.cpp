@@ -1,11 +1,11 @@
-#include "forms/win32/win32_driver.h"
+#include "driver/win32/win32_driver.h"
 
 #include <array>
 #include <cstring>
 
+#include "driver/driver_checks.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
-#include "forms/driver_checks.h"
 #include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/lists.h"
@@ -18,7 +18,11 @@
 #include "forms/win32/tree_peer.h"
 #include "forms/win32/wide_text.h"
 
-namespace zv::forms::win32 {
+namespace zv::driver {
+
+using namespace forms;
+using namespace forms::win32;
+
 namespace {
 
 LPARAM Place(int x, int y) {
@@ -60,14 +64,14 @@ class HeldKey {
 
 }  // namespace
 
-Win32Driver::Win32Driver(Win32Backend& backend) : backend_(backend) {
+Win32Driver::Win32Driver(PlayedBackend& backend) : backend_(backend) {
     backend_.onMenuIdle = [] { EndMenu(); };
 }
 
 NativeControl& Win32Driver::Native(Control& control) const {
     const FormWindow* window = backend_.Find(control.Owner());
     NativeControl* native = window ? window->Find(control) : nullptr;
-    if (!native) throw DriverError(DisplayName(control) + " has no native window");
+    if (!native) throw DriverError(control.DisplayName() + " has no native window");
     return *native;
 }
 
@@ -75,10 +79,10 @@ NativeControl& Win32Driver::Usable(Control& control) const {
     RequireUsable(control);
     NativeControl& native = Native(control);
     if (!IsWindowVisible(native.Handle())) {
-        throw DriverError(DisplayName(control) + " is not visible natively");
+        throw DriverError(control.DisplayName() + " is not visible natively");
     }
     if (!IsWindowEnabled(native.Handle())) {
-        throw DriverError(DisplayName(control) + " is disabled natively");
+        throw DriverError(control.DisplayName() + " is disabled natively");
     }
     Activate(control.Owner());
     return native;
@@ -89,7 +93,7 @@ void Win32Driver::Activate(const Form& form) const {
     if (GetActiveWindow() == window) return;
     SetForegroundWindow(window);
     SetActiveWindow(window);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 bool Win32Driver::Focus(Control& control) const {
@@ -108,15 +112,15 @@ void Win32Driver::Click(Control& control) {
             break;
         default:
             RequireUsable(control);
-            throw DriverError(DisplayName(control) + " cannot be clicked");
+            throw DriverError(control.DisplayName() + " cannot be clicked");
     }
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::Choose(MenuItem& item) {
     RequireChoosable(item);
     if (ChoseInStandingMenu(item)) return;
-    backend_.PumpMessages();
+    PumpMessages();
     const FormWindow* window = backend_.Find(item.Owner());
     if (!window) throw DriverError(item.Name() + " has no native window");
     const UINT id = window->Menus().IdOf(item);
@@ -127,16 +131,16 @@ void Win32Driver::Choose(MenuItem& item) {
         }
     }
     SendMessageW(window->Handle(), WM_COMMAND, id, 0);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::PressNode(Control& control, const std::string& key, UINT down, UINT up) {
     auto& tree = As<TreeView>(control);
     auto& native = static_cast<NativeTree&>(Usable(control));
     const int node = RequireNode(tree, key);
-    backend_.PumpMessages();
+    PumpMessages();
     HTREEITEM item = native.ItemOf(node);
-    if (!item) throw DriverError(DisplayName(control) + " does not show \"" + key + "\"");
+    if (!item) throw DriverError(control.DisplayName() + " does not show \"" + key + "\"");
     SendMessageW(native.Handle(), TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
     RECT place = {};
     std::memcpy(&place, &item, sizeof item);
@@ -147,7 +151,7 @@ void Win32Driver::PressNode(Control& control, const std::string& key, UINT down,
     const bool left = down == WM_LBUTTONDOWN;
     PostMessageW(native.Handle(), down, left ? MK_LBUTTON : MK_RBUTTON, at);
     PostMessageW(native.Handle(), up, 0, at);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::ClickNode(Control& control, const std::string& key) {
@@ -162,56 +166,61 @@ void Win32Driver::RightClickNode(Control& control, const std::string& key) {
 void Win32Driver::Type(Control& control, const std::string& text) {
     if (!Focus(control)) return;
     if (auto* box = dynamic_cast<TextBox*>(&control)) {
-        if (box->Locked()) throw DriverError(DisplayName(control) + " is locked");
+        if (box->Locked()) throw DriverError(control.DisplayName() + " is locked");
     } else {
         auto& combo = As<ComboBox>(control);
         if (combo.Style() != ComboStyle::FreeText || combo.Locked()) {
-            throw DriverError(DisplayName(control) + " takes no typing");
+            throw DriverError(control.DisplayName() + " takes no typing");
         }
     }
     // All at once, as an input method or a paste does: one change.
     const HWND entry = Native(control).FocusHandle();
     SendMessageW(entry, EM_SETSEL, 0, -1);
     SendMessageW(entry, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
-void Win32Driver::Leave(Control& control) {
-    Key(control, key::kTab);
-}
-
-void Win32Driver::Key(Control& control, int code) {
+void Win32Driver::PressKey(Control& control, const KeyEvent& key) {
     if (!Focus(control)) return;
+    std::optional<HeldKey> shift;
+    std::optional<HeldKey> held;
+    if (key.shift) shift.emplace(VK_SHIFT);
+    if (key.control) held.emplace(VK_CONTROL);
     const HWND window = Native(control).FocusHandle();
-    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(code), 1);
-    PostMessageW(window, WM_KEYUP, static_cast<WPARAM>(code), static_cast<LPARAM>(0xC0000001));
-    backend_.PumpMessages();
+    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key.code), 1);
+    PostMessageW(window, WM_KEYUP, static_cast<WPARAM>(key.code), static_cast<LPARAM>(0xC0000001));
+    PumpMessages();
 }
 
-void Win32Driver::ControlKey(Control& control, int code) {
-    const HeldKey held(VK_CONTROL);
-    Key(control, code);
+void Win32Driver::PressAccessKey(Form& form, char letter) {
+    RequireReachable(form);
+    constexpr LPARAM kAltIsDown = 1 << 29;
+    Activate(form);
+    const HWND focus = GetFocus();
+    PostMessageW(focus ? focus : backend_.Handle(form), WM_SYSCHAR,
+                 static_cast<unsigned char>(letter), kAltIsDown);
+    PumpMessages();
 }
 
 void Win32Driver::Pick(Control& control, int position) {
     auto& list = As<ListControl>(control);
     if (position < -1 || position >= list.ListCount()) {
-        throw DriverError(DisplayName(control) + " has no row " + std::to_string(position));
+        throw DriverError(control.DisplayName() + " has no row " + std::to_string(position));
     }
     auto* combo = dynamic_cast<ComboBox*>(&control);
-    if (combo && combo->Locked()) throw DriverError(DisplayName(control) + " is locked");
+    if (combo && combo->Locked()) throw DriverError(control.DisplayName() + " is locked");
     if (!Focus(control)) return;
     const HWND window = Native(control).Handle();
     const auto row = static_cast<WPARAM>(static_cast<INT_PTR>(position));
     SendMessageW(window, combo ? CB_SETCURSEL : LB_SETCURSEL, row, 0);
     Command(window, combo ? CBN_SELCHANGE : LBN_SELCHANGE);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::SetDate(Control& control, const std::optional<DateTime>& value) {
     auto& picker = As<DatePicker>(control);
     if (!value && !picker.MayBeEmpty()) {
-        throw DriverError(DisplayName(control) + " cannot be empty");
+        throw DriverError(control.DisplayName() + " cannot be empty");
     }
     if (!Focus(control)) return;
     const HWND window = Native(control).Handle();
@@ -223,7 +232,7 @@ void Win32Driver::SetDate(Control& control, const std::optional<DateTime>& value
     SendMessageW(window, DTM_SETSYSTEMTIME, change.dwFlags, reinterpret_cast<LPARAM>(&change.st));
     SendMessageW(GetParent(window), WM_NOTIFY, change.nmhdr.idFrom,
                  reinterpret_cast<LPARAM>(&change));
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::Spin(Control& control, int direction) {
@@ -235,7 +244,7 @@ void Win32Driver::Spin(Control& control, int direction) {
     const LPARAM at = Place(static_cast<int>(client.right) / 2, y);
     SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
     SendMessageW(window, WM_LBUTTONUP, 0, at);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::Tick(Control& control) {
@@ -246,7 +255,7 @@ void Win32Driver::Tick(Control& control) {
         return;
     }
     SendMessageW(window->Handle(), WM_TIMER, window->TimerId(timer), 0);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::MoveMouse(Control& control, int xTwips, int yTwips) {
@@ -255,7 +264,7 @@ void Win32Driver::MoveMouse(Control& control, int xTwips, int yTwips) {
     const Scale& scale = native.Owner().GetScale();
     SendMessageW(native.Handle(), WM_MOUSEMOVE, 0,
                  Place(scale.FromTwips(xTwips), scale.FromTwips(yTwips)));
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::RightPress(Control& control) {
@@ -263,15 +272,16 @@ void Win32Driver::RightPress(Control& control) {
     control.Owner().ForgetPopup();
     SendMessageW(window, WM_RBUTTONDOWN, MK_RBUTTON, 0);
     SendMessageW(window, WM_RBUTTONUP, 0, 0);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::SelectTab(Control& control, int tab) {
     auto& tabs = As<TabPanel>(control);
-    if (tab < 0 || tab >= tabs.Tabs()) throw DriverError(DisplayName(control) + " has no such tab");
+    if (tab < 0 || tab >= tabs.Tabs())
+        throw DriverError(control.DisplayName() + " has no such tab");
     if (!Focus(control)) return;
     SendMessageW(Native(control).Handle(), TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::SelectRow(Control& control, int row) {
@@ -280,14 +290,14 @@ void Win32Driver::SelectRow(Control& control, int row) {
     const HWND window = Native(control).Handle();
     SetRowState(window, -1, 0);
     SetRowState(window, row - 1, LVIS_SELECTED | LVIS_FOCUSED);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::AddRow(Control& control, int row) {
     RequireRow(control, row);
     if (!Focus(control)) return;
     SetRowState(Native(control).Handle(), row - 1, LVIS_SELECTED | LVIS_FOCUSED);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::PressHeading(Control& control, int column) {
@@ -302,7 +312,7 @@ void Win32Driver::PressHeading(Control& control, int column) {
                             static_cast<int>(place.top + place.bottom) / 2);
     SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, at);
     SendMessageW(header, WM_LBUTTONUP, 0, at);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::ResizeColumn(Control& control, int column, int width) {
@@ -311,7 +321,7 @@ void Win32Driver::ResizeColumn(Control& control, int column, int width) {
     SendMessageW(native.Handle(), LVM_SETCOLUMNWIDTH,
                  static_cast<WPARAM>(native.NativeColumn(column)),
                  native.Owner().GetScale().ToPixels(width));
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::Resize(Form& form, Size clientSize) {
@@ -329,7 +339,7 @@ void Win32Driver::Resize(Form& form, Size clientSize) {
                  static_cast<int>(outer.bottom - outer.top - client.bottom) +
                      scale.ToPixels(clientSize.height),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 void Win32Driver::Close(Form& form) {
@@ -337,12 +347,12 @@ void Win32Driver::Close(Form& form) {
     const HWND window = backend_.Handle(form);
     if (!window) throw DriverError(form.Name() + " has no native window");
     SendMessageW(window, WM_CLOSE, 0, 0);
-    backend_.PumpMessages();
+    PumpMessages();
 }
 
 std::optional<std::string> Win32Driver::Read(Control& control, const std::string& property,
                                              const std::vector<int>& arguments) {
-    backend_.PumpMessages();
+    PumpMessages();
     const FormWindow* window = backend_.Find(control.Owner());
     const NativeControl* native = window ? window->Find(control) : nullptr;
     if (native && native->Handle()) {
@@ -356,4 +366,4 @@ std::string Win32Driver::ReadCaption(Form& form) {
     return window ? WindowText(window) : form.Caption();
 }
 
-}  // namespace zv::forms::win32
+}  // namespace zv::driver

@@ -1,0 +1,36 @@
+// Plays the user on controls that have no native windows.
+#pragma once
+
+#include "driver/driver.h"
+
+namespace zv::driver {
+
+class HeadlessDriver : public Driver {
+ public:
+    void Click(forms::Control& control) override;
+    void Choose(forms::MenuItem& item) override;
+    void ClickNode(forms::Control& control, const std::string& key) override;
+    void RightClickNode(forms::Control& control, const std::string& key) override;
+    void Type(forms::Control& control, const std::string& text) override;
+    void PressKey(forms::Control& control, const forms::KeyEvent& key) override;
+    void PressAccessKey(forms::Form& form, char letter) override;
+    void Pick(forms::Control& control, int position) override;
+    void SetDate(forms::Control& control, const std::optional<DateTime>& value) override;
+    void Spin(forms::Control& control, int direction) override;
+    void Tick(forms::Control& control) override;
+    void MoveMouse(forms::Control& control, int xTwips, int yTwips) override;
+    void RightPress(forms::Control& control) override;
+    void SelectTab(forms::Control& control, int tab) override;
+    void SelectRow(forms::Control& control, int row) override;
+    void AddRow(forms::Control& control, int row) override;
+    void PressHeading(forms::Control& control, int column) override;
+    void ResizeColumn(forms::Control& control, int column, int width) override;
+    void Resize(forms::Form& form, forms::Size clientSize) override;
+    void Close(forms::Form& form) override;
+
+    std::optional<std::string> Read(forms::Control& control, const std::string& property,
+                                    const std::vector<int>& arguments) override;
+    std::string ReadCaption(forms::Form& form) override;
+};
+
+}  // namespace zv::driver

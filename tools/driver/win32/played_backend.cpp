@@ -1,0 +1,29 @@
+#include "driver/win32/played_backend.h"
+
+namespace zv::driver {
+
+void PumpMessages() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void PlayedBackend::RunModal(forms::Form& form) {
+    if (modalLoop) {
+        modalLoop(form);
+    } else {
+        Win32Backend::RunModal(form);
+    }
+}
+
+void PlayedBackend::MenuIdle() {
+    if (onMenuIdle) onMenuIdle();
+}
+
+}  // namespace zv::driver
