@@ -107,7 +107,8 @@ TEST_F(ImportProcess, ASecondRunOnTheSameNewFileIsToldAndDisturbsNothing) {
     ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
     ASSERT_EQ(RunZvdb({"sample", Path("small.db"), "--items", "20"}).status, 0);
     const pid_t first = Start({"import", Path("a.db"), Path("b.db"), "--quiet"});
-    while (!Exists("b.db.zvdb-claim")) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    // The claim is held before the copy begins.
+    while (!Exists("b.db.zvdb-part")) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     // Stopped, so that it cannot be done before the others have tried.
     ASSERT_EQ(kill(first, SIGSTOP), 0);
     ASSERT_TRUE(Exists("b.db.zvdb-claim"));
