@@ -1,0 +1,38 @@
+// A panel of the main window alone, in a window that has nothing else.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "forms/containers.h"
+#include "forms/form.h"
+#include "stage/stage.h"
+#include "windows/main/main_model.h"
+
+namespace zv::windows {
+
+class PanelTest : public testing::Test {
+ protected:
+    PanelTest() : form(stage.windows.Create<EmptyForm>()), tabs(form, "SSTab1", nullptr, 4) {}
+
+    /// After the panel has been made.
+    void Show() {
+        stage.windows.FromHost([this] { form.Show(false); });
+    }
+
+    class EmptyForm : public forms::Form {
+     public:
+        explicit EmptyForm(forms::WindowSystem& windows) : Form(windows, "frmEmpty") {}
+    };
+
+    stage::Stage stage;
+    forms::Form& form;
+    forms::TabPanel tabs;
+    MainModel model;
+};
+
+using Lines = std::vector<std::string>;
+
+}  // namespace zv::windows
