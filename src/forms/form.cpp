@@ -1,6 +1,7 @@
 #include "forms/form.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "forms/buttons.h"
@@ -219,11 +220,19 @@ bool Form::FocusTo(Control& target) {
 void Form::SetActive(Control* control) {
     Control* previous = active_;
     active_ = control;
-    if (previous && previous->onLostFocus) previous->onLostFocus();
+    // The focus has moved, whatever is wrong with what was entered.
+    std::exception_ptr failure;
+    try {
+        if (previous && previous->onLostFocus) previous->onLostFocus();
+    } catch (...) {
+        failure = std::current_exception();
+    }
     // LostFocus may have sent the focus elsewhere.
-    if (active_ != control || !control) return;
-    if (control->Peer()) control->Peer()->TakeFocus();
-    if (control->onGotFocus) control->onGotFocus();
+    if (active_ == control && control) {
+        if (control->Peer()) control->Peer()->TakeFocus();
+        if (control->onGotFocus) control->onGotFocus();
+    }
+    if (failure) std::rethrow_exception(failure);
 }
 
 void Form::MoveFocus(int direction) {

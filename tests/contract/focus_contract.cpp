@@ -152,6 +152,19 @@ TEST_F(Focus, FocusLeavesAPageThatGoesToTheBack) {
     EXPECT_TRUE(form.ActiveControl()->Visible());
 }
 
+TEST_F(Focus, AnErrorOfLostFocusLeavesTheFocusWhereItWent) {
+    form.txtFirst.onLostFocus = [] { throw RuntimeError(ErrorNumber::Overflow); };
+    form.Show(false);
+    events_.clear();
+    driver().Leave(form.txtFirst);
+    EXPECT_EQ(Read(form.txtSecond, "focus"), "true");
+    EXPECT_EQ(events_.back(), "got txtSecond");
+    // The user goes back and types on.
+    form.txtFirst.onLostFocus = nullptr;
+    driver().Type(form.txtFirst, "12");
+    EXPECT_EQ(Read(form.txtFirst, "text"), "12");
+}
+
 TEST_F(Focus, AHandlerOfLostFocusMaySendTheFocusElsewhere) {
     form.txtFirst.onLostFocus = [this] { form.cmdQuit.SetFocus(); };
     form.Show(false);
