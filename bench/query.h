@@ -8,7 +8,7 @@
 
 #include "floors/raw_query.h"
 #include "measure.h"
-#include "reports/ask_window.h"
+#include "windows/query/ask_window.h"
 #include "stage.h"
 
 namespace zv::bench {
@@ -19,8 +19,8 @@ inline void MeasureQuery(forms::Backend& backend, const std::string& path, int r
                          double goal) {
     Stage stage(backend, path);
     Session& session = stage.GetSession();
-    reports::ShowAsk(session, false);
-    auto* window = session.windows.Find<reports::frmAsk>(reports::frmAsk::kName);
+    windows::ShowAsk(session, false);
+    auto* window = session.windows.Find<windows::frmAsk>(windows::frmAsk::kName);
     const std::string statement = reports::AskStatement({}, '#');
 
     Series ours;

@@ -11,9 +11,9 @@ namespace {
 
 constexpr std::string_view kLayoutKey = "PrintColumns";
 
-void Take(std::vector<ListField>& chosen, std::string_view name,
-          const std::vector<ListField>& offered) {
-    const auto named = [name](const ListField& field) {
+void Take(std::vector<items::ListField>& chosen, std::string_view name,
+          const std::vector<items::ListField>& offered) {
+    const auto named = [name](const items::ListField& field) {
         return text::EqualsIgnoreCase(field.field, name);
     };
     const auto found = std::find_if(offered.begin(), offered.end(), named);
@@ -24,9 +24,9 @@ void Take(std::vector<ListField>& chosen, std::string_view name,
 
 }  // namespace
 
-std::vector<ListField> FieldsOfLayout(std::string_view layout,
-                                      const std::vector<ListField>& offered) {
-    std::vector<ListField> chosen;
+std::vector<items::ListField> FieldsOfLayout(std::string_view layout,
+                                             const std::vector<items::ListField>& offered) {
+    std::vector<items::ListField> chosen;
     while (!layout.empty()) {
         const auto comma = std::min(layout.find(','), layout.size());
         Take(chosen, layout.substr(0, comma), offered);
@@ -52,7 +52,10 @@ void KeepLayout(Session& session, const std::string& layout) {
 
 std::vector<ListColumn> ChosenColumns(Session& session) {
     std::vector<ListColumn> columns;
-    for (ListField& field : FieldsOfLayout(KeptLayout(session), ReadListFields(session))) {
+    for (items::ListField& field : FieldsOfLayout(
+             KeptLayout(session),
+             items::ListFields(suite::ReadFieldCaptions(session.database, session.state.Language),
+                               session.state.Language))) {
         columns.push_back({std::move(field.field), std::move(field.caption)});
     }
     return columns;

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "reports/list_fields.h"
+#include "items/list_fields.h"
 #include "session/session.h"
 
 namespace zv::reports {
@@ -21,8 +21,8 @@ std::vector<ListColumn> ChosenColumns(Session& session);
 
 /// The fields of a layout text ("taskTime,taskTitle") that are among those offered, each once; the
 /// usual ones when none is.
-std::vector<ListField> FieldsOfLayout(std::string_view layout,
-                                      const std::vector<ListField>& offered);
+std::vector<items::ListField> FieldsOfLayout(std::string_view layout,
+                                             const std::vector<items::ListField>& offered);
 /// The layout text that is kept on this workstation, empty when none is.
 std::string KeptLayout(const Session& session);
 /// Keeps it when it differs from the one kept.

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "resources/text_ids.h"
 #include "session/session.h"
+#include "suite/modules.h"
 
 namespace zv {
 namespace {
@@ -13,40 +14,6 @@ namespace {
 constexpr std::int16_t kNotRegistered = -1000;
 constexpr std::int16_t kLaunch = 1;
 constexpr std::string_view kHeadingSeparator = ": ";
-
-// Nothing uses the number, but a value that is none is a fault of the row that is not passed over.
-void RequireNumber(const store::Value& value) {
-    const std::string* text = value.TextIf();
-    if (!text || !text->empty()) static_cast<void>(value.ToDouble());
-}
-
-struct Module {
-    std::int16_t serialNo = -1;  ///< -1: no such module
-    std::string key;
-    std::string caption;
-    std::string password;
-};
-
-Module LookUpModule(Session& session, const std::string& name) {
-    const std::string languageName = "Model_Name_" + std::to_string(session.state.Language);
-    session.database.EnsureConnection();
-    // The missing parentheses are meant: a module found by its language name opens even while it
-    // is marked as out of use.
-    const auto rows = session.database.Open("select SerialNo,model_Name," + languageName +
-                                            ",SecondPass,password from tSysFunc"
-                                            " Where NoUse_=0 And Model_Name = '" +
-                                            name + "' or " + languageName + " = '" + name + "'");
-    Module result;
-    if (!rows->Eof()) {
-        result.serialNo = rows->Field(0).ToInt16();
-        result.key = rows->Field(1).ToText();
-        result.caption = rows->Field(2).ToText();
-        RequireNumber(rows->Field(3));
-        result.password = rows->Field(4).ToText();
-    }
-    rows->Close();
-    return result;
-}
 
 // The operations of a module are numbered as the action buttons are: 3 deletes. Every other one
 // writes: adding, changing, completing.
@@ -85,17 +52,17 @@ std::int16_t CheckModule(Session& session, const std::string& name, std::int16_t
     start.userName = session.state.UserName;
     start.connection = session.Settings();
     const std::string heading = Heading(session, mode);
-    const Module module = LookUpModule(session, name);
-    if (module.serialNo == -1 || module.serialNo == 0) return kNotRegistered;
+    const auto module = suite::FindModule(session.database, name, session.state.Language);
+    if (!module || module->serialNo == -1 || module->serialNo == 0) return kNotRegistered;
 
-    const std::int16_t position = number::Add16(module.serialNo, mode);
+    const std::int16_t position = number::Add16(module->serialNo, mode);
     const auto refused = static_cast<std::int16_t>(-position);
     if (!HasRight(session.state.myPower, position)) return refused;
-    if (!PasswordAccepted(session, module.password)) return refused;
+    if (!PasswordAccepted(session, module->password)) return refused;
 
     if (launch == kLaunch) {
-        start.moduleName = module.key;
-        start.heading = heading + module.caption;
+        start.moduleName = module->key;
+        start.heading = heading + module->caption;
         session.machine.modules.Run(start);
     }
     return position;

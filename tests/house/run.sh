@@ -31,7 +31,7 @@ check "what ships links nothing that plays the user" \
         xargs grep -nE 'zv_(driver|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
 
 # A folder may include only folders that stand before it in this list, and itself.
-order=(base store platform resources items cards staff forms progress session scheduling reports windows control com)
+order=(base store platform resources suite items cards staff forms progress session scheduling reports windows control com)
 allowed=
 for folder in "${order[@]}"; do
     allowed="$allowed${allowed:+|}$folder"
@@ -40,7 +40,7 @@ for folder in "${order[@]}"; do
 done
 
 check "items, plans, cards and staff know no window, no machine and no session" \
-    "$(sources src/items src/plans src/cards src/staff |
+    "$(sources src/suite src/items src/plans src/cards src/staff |
         xargs grep -nE '#include "(forms|platform|session)/')"
 
 # A panel is put together with others by the window; it may share the model and a table of boxes.

@@ -3,7 +3,7 @@
 #include <array>
 #include <vector>
 
-#include "reports/ask_window.h"
+#include "windows/query/ask_window.h"
 #include "reports/print_report.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan_editor.h"
@@ -139,7 +139,7 @@ std::string CallList(Stage& stage, const Arguments& arguments) {
 }
 
 std::string CallAsk(Stage& stage, const Arguments&) {
-    reports::ShowAsk(stage.session, false);
+    windows::ShowAsk(stage.session, false);
     return {};
 }
 

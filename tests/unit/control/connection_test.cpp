@@ -1,7 +1,7 @@
 // The connection follows the properties: when refresh changes it, and when it must not.
 #include <gtest/gtest.h>
 
-#include "reports/ask_window.h"
+#include "windows/query/ask_window.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/task_done.h"
 #include "stage/stage.h"
@@ -163,8 +163,8 @@ TEST_F(Connection, EmptiesTheQueryWindowAndReadsItsCaptionsAnew) {
         "insert into rptListDetail(fTable,FieldName,FieldName_0,FieldType,fieldID) "
         "values('ttasklist','taskTitle','Topic',0,1)");
     auto& window = Open();
-    reports::ShowAsk(stage.session, false, window.labels.Captions());
-    auto& ask = *stage.windows.Find<reports::frmAsk>(reports::frmAsk::kName);
+    windows::ShowAsk(stage.session, false, window.labels.Captions());
+    auto& ask = *stage.windows.Find<windows::frmAsk>(windows::frmAsk::kName);
     stage.user.Click(ask.cmdAsk);
     EXPECT_EQ(ask.Grid1.DataRowCount(), 1);
     stage.control.SetUserPath(other);

@@ -1,7 +1,7 @@
 #include "windows/main/acts/advanced_search.h"
 
 #include "main_window_fixture.h"
-#include "reports/query_builder.h"
+#include "windows/query/query_builder.h"
 
 namespace zv::windows {
 namespace {
@@ -14,15 +14,15 @@ class Search : public MainWindow {
         AddItem(kTask, "合同", 1, "1999-01-01");
         AddItem(kGuest, "拜访");
         stage.backend.modalLoop = [this](forms::Form& form) {
-            auto& builder = static_cast<reports::frmSeek&>(form);
+            auto& builder = static_cast<windows::frmSeek&>(form);
             shown = builder.lstConditions.Items();
             act(builder);
             if (builder.IsLoaded()) builder.Unload();
         };
     }
-    void Accept(reports::frmSeek& builder) { stage.user.Click(builder.cmdOK); }
+    void Accept(windows::frmSeek& builder) { stage.user.Click(builder.cmdOK); }
     void AskForTitle(const std::string& title) {
-        act = [this, title](reports::frmSeek& builder) {
+        act = [this, title](windows::frmSeek& builder) {
             if (builder.cmdClear.Enabled()) stage.user.Click(builder.cmdClear);
             stage.user.Pick(builder.cboField, 1);
             stage.user.Type(builder.txtValue, title);
@@ -30,7 +30,7 @@ class Search : public MainWindow {
         };
     }
 
-    std::function<void(reports::frmSeek&)> act = [this](auto& builder) { Accept(builder); };
+    std::function<void(windows::frmSeek&)> act = [this](auto& builder) { Accept(builder); };
     Lines shown;
 };
 
@@ -72,7 +72,7 @@ TEST_F(Search, OfTheCardViewKeepsToVisits) {
 TEST_F(Search, ACancelLeavesTheTree) {
     frmTaskMain& window = Open();
     const std::string before = stage.Nodes();
-    act = [this](reports::frmSeek& builder) { stage.user.Click(builder.cmdCancel); };
+    act = [this](windows::frmSeek& builder) { stage.user.Click(builder.cmdCancel); };
     stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_EQ(stage.Nodes(), before);
 }
@@ -81,7 +81,7 @@ TEST_F(Search, BeginsWithTheConditionsOfTheSearchBefore) {
     frmTaskMain& window = Open();
     AskForTitle("合同");
     stage.user.Choose(window.commands.menus.mnuSeek2);
-    act = [this](reports::frmSeek& builder) { stage.user.Click(builder.cmdCancel); };
+    act = [this](windows::frmSeek& builder) { stage.user.Click(builder.cmdCancel); };
     stage.user.Choose(window.commands.menus.mnuSeek2);
     EXPECT_EQ(shown, Lines{"主题 包含 [合同]"});
 }
@@ -98,7 +98,7 @@ TEST_F(Search, FromThePlansComesBackToItems) {
 
 TEST_F(Search, OutlivesAHostThatClosesEverything) {
     frmTaskMain& window = Open();
-    act = [this](reports::frmSeek& builder) {
+    act = [this](windows::frmSeek& builder) {
         Accept(builder);
         stage.windows.UnloadAll();
     };

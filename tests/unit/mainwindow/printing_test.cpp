@@ -1,7 +1,7 @@
 #include "windows/main/acts/printing.h"
 
 #include "main_window_fixture.h"
-#include "reports/layout_chooser.h"
+#include "windows/query/layout_chooser.h"
 
 namespace zv::windows {
 namespace {
@@ -275,7 +275,7 @@ TEST_F(PrintingTest, ChoosingColumnsPrintsTheListWithThem) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
     stage.backend.modalLoop = [this](forms::Form& form) {
-        auto& chooser = static_cast<reports::frmItemSet&>(form);
+        auto& chooser = static_cast<windows::frmItemSet&>(form);
         stage.user.Pick(chooser.lstChosen, 0);
         stage.user.Click(chooser.cmdDrop);
         stage.user.Click(chooser.cmdOK);
@@ -300,7 +300,7 @@ TEST_F(PrintingTest, WhereListsMayNotBePrintedTheChoiceIsOnlyKept) {
     frmTaskMain& window = Open(kCardMode);
     EXPECT_FALSE(window.commands.menus.mnuPrintList.Enabled());
     stage.backend.modalLoop = [this](forms::Form& form) {
-        stage.user.Click(static_cast<reports::frmItemSet&>(form).cmdOK);
+        stage.user.Click(static_cast<windows::frmItemSet&>(form).cmdOK);
     };
     stage.user.Click(window.commands.cmdItemSet);
     EXPECT_TRUE(stage.reports.printed.empty());

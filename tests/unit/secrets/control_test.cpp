@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "reports/ask_window.h"
+#include "windows/query/ask_window.h"
 #include "reports/print_report.h"
 #include "resources/catalogue.h"
 #include "secrets/connection_texts.h"
@@ -83,8 +83,8 @@ class SecretsOfTheControl : public testing::TestWithParam<ConnectionCase> {
             stage.session.database.EnsureConnection();
             reports::PrintReport(stage.session, report);
         });
-        stage.windows.FromUser([&] { reports::ShowAsk(stage.session, false, {}); });
-        auto* ask = stage.windows.Find<reports::frmAsk>(reports::frmAsk::kName);
+        stage.windows.FromUser([&] { windows::ShowAsk(stage.session, false, {}); });
+        auto* ask = stage.windows.Find<windows::frmAsk>(windows::frmAsk::kName);
         ASSERT_NE(ask, nullptr);
         stage.user.Click(ask->cmdAsk);
         EXPECT_EQ(stage.dialogs.messages.size(), 1u);

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "reports/ask_window.h"
-#include "reports/query_builder.h"
+#include "windows/query/ask_window.h"
+#include "windows/query/query_builder.h"
 
 namespace zv::windows {
 
@@ -20,7 +20,7 @@ AdvancedSearch::AdvancedSearch(forms::Form& form, Session& session, const MainMo
 }
 
 void AdvancedSearch::mnuSeek2_Click() {
-    std::string where = reports::AskForConditions(session_, conditions_);
+    std::string where = windows::AskForConditions(session_, conditions_);
     // The host may have closed everything meanwhile.
     if (where.empty() || !form_.IsLoaded()) return;
     // Meanwhile the host may have shown the window to a user whose search is limited.
@@ -35,11 +35,11 @@ void AdvancedSearch::mnuSeek2_Click() {
 }
 
 void AdvancedSearch::mnuAsk_Click() {
-    reports::ShowAsk(session_, session_.windows.ModalForm() != nullptr, labels_.Captions());
+    windows::ShowAsk(session_, session_.windows.ModalForm() != nullptr, labels_.Captions());
 }
 
 void AdvancedSearch::ShowCaptions() const {
-    auto* ask = session_.windows.Find<reports::frmAsk>(reports::frmAsk::kName);
+    auto* ask = session_.windows.Find<windows::frmAsk>(windows::frmAsk::kName);
     if (ask) ask->ShowFieldCaptions(labels_.Captions());
 }
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "reports/query_condition.h"
+#include "items/conditions.h"
 #include "windows/main/acts/field_labels.h"
 #include "windows/main/acts/listing.h"
 
@@ -28,7 +28,7 @@ class AdvancedSearch {
     CommandPanel& commands_;
     const FieldLabels& labels_;
     Listing& listing_;
-    std::vector<reports::Condition> conditions_;  ///< of the last search, to begin the next with
+    std::vector<items::Condition> conditions_;  ///< of the last search, to begin the next with
 };
 
 }  // namespace zv::windows

@@ -26,7 +26,7 @@ void FieldLabels::FillIfNeeded() {
 void FieldLabels::LoadFieldCaptions() {
     language_ = session_.state.Language;
     captions_.clear();
-    captions_ = reports::ReadFieldCaptions(session_);
+    captions_ = suite::ReadFieldCaptions(session_.database, session_.state.Language);
     ShowCaptions();
     if (onRead) onRead();
 }
@@ -37,7 +37,7 @@ void FieldLabels::ShowCaptions() {
         const items::Field& field = items::kFields[box.field];
         SetCaption(box, field.caption.Text(language), true);
         if (language_ != language) continue;
-        for (const reports::FieldCaption& entry : captions_) {
+        for (const suite::FieldCaption& entry : captions_) {
             const bool names = text::EqualsIgnoreCase(entry.field, field.column);
             if (names && !entry.caption.empty()) SetCaption(box, entry.caption, false);
         }

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "reports/field_captions.h"
+#include "suite/field_captions.h"
 #include "session/session.h"
 #include "windows/main/panels/field_box.h"
 
@@ -30,7 +30,7 @@ class FieldLabels {
     /// captions; any other database error reaches the caller.
     void LoadFieldCaptions();
     /// As read last.
-    const std::vector<reports::FieldCaption>& Captions() const { return captions_; }
+    const std::vector<suite::FieldCaption>& Captions() const { return captions_; }
     /// LoadFieldCaptions unless it ran for the control's language.
     void FillIfNeeded();
     /// They are those of another store: they are read again when they are needed.
@@ -44,7 +44,7 @@ class FieldLabels {
     Session& session_;
     std::vector<FieldBox> boxes_;
     std::optional<std::int16_t> language_;  ///< of the captions read; none before
-    std::vector<reports::FieldCaption> captions_;
+    std::vector<suite::FieldCaption> captions_;
 };
 
 }  // namespace zv::windows

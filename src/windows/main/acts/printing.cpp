@@ -4,7 +4,7 @@
 
 #include "items/fields.h"
 #include "platform/report_printer.h"
-#include "reports/layout_chooser.h"
+#include "windows/query/layout_chooser.h"
 #include "reports/print_grid.h"
 #include "reports/print_report.h"
 #include "resources/text_ids.h"
@@ -64,7 +64,7 @@ void Printing::PrintItemList() {
 }
 
 void Printing::cmdItemSet_Click() {
-    const std::string layout = reports::ChooseListLayout(session_);
+    const std::string layout = windows::ChooseListLayout(session_);
     // The host may have closed everything meanwhile.
     if (layout.empty() || !form_.IsLoaded()) return;
     if (commands_.menus.mnuPrintList.Enabled()) PrintItemList();

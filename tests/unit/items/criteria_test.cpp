@@ -1,8 +1,8 @@
-#include "reports/ask_statement.h"
+#include "items/criteria.h"
 
 #include <gtest/gtest.h>
 
-namespace zv::reports {
+namespace zv::items {
 namespace {
 
 constexpr std::string_view kEnd = " order by taskTime desc,taskTitle";
@@ -64,4 +64,4 @@ TEST(AskStatement, JoinsAllInOrder) {
 }
 
 }  // namespace
-}  // namespace zv::reports
+}  // namespace zv::items

@@ -1,12 +1,11 @@
-#include "reports/list_fields.h"
+#include "items/list_fields.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "base/text.h"
-#include "reports/field_captions.h"
 
-namespace zv::reports {
+namespace zv::items {
 namespace {
 
 bool IsIdentifier(std::string_view name) {
@@ -18,34 +17,33 @@ bool IsIdentifier(std::string_view name) {
            std::all_of(name.begin(), name.end(), [&](char c) { return letter(c) || digit(c); });
 }
 
-std::string CaptionOf(const Session& session, const FieldCaption& described) {
+std::string CaptionOf(const suite::FieldCaption& described, std::int16_t language) {
     if (!described.caption.empty()) return described.caption;
-    const items::Field* field = items::FindField(described.field);
-    return field && field->IsListed() ? field->caption.Text(session.state.Language)
-                                      : described.field;
+    const Field* field = FindField(described.field);
+    return field && field->IsListed() ? field->caption.Text(language) : described.field;
 }
 
 }  // namespace
 
 FieldKind KindOfField(std::string_view field) {
     if (text::EqualsIgnoreCase(field, "fID")) return FieldKind::Number;
-    const items::Field* known = items::FindField(field);
+    const Field* known = FindField(field);
     return known ? known->kind : FieldKind::Text;
 }
 
-std::vector<ListField> ReadListFields(Session& session) {
-    std::vector<FieldCaption> described = ReadFieldCaptions(session);
+std::vector<ListField> ListFields(std::vector<suite::FieldCaption> described,
+                                  std::int16_t language) {
     if (described.empty()) {
-        for (const items::Field* field : items::ListedFields()) {
+        for (const Field* field : ListedFields()) {
             described.push_back({std::string(field->column), {}});
         }
     }
     std::vector<ListField> fields;
-    for (const FieldCaption& entry : described) {
+    for (const suite::FieldCaption& entry : described) {
         if (!IsIdentifier(entry.field)) continue;
-        fields.push_back({entry.field, CaptionOf(session, entry), KindOfField(entry.field)});
+        fields.push_back({entry.field, CaptionOf(entry, language), KindOfField(entry.field)});
     }
     return fields;
 }
 
-}  // namespace zv::reports
+}  // namespace zv::items

@@ -4,12 +4,12 @@
 
 #include "base/text.h"
 #include "items/names.h"
-#include "reports/ask_window.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
 #include "resources/text_ids.h"
+#include "windows/query/ask_window.h"
 
-namespace zv::reports {
+namespace zv::windows {
 namespace {
 
 using resources::AskText;
@@ -60,7 +60,7 @@ void frmAsk::SetColumns() {
         for (const auto& [column, width] : kWidths) {
             if (column == field->column) columns.back().width = width;
         }
-        for (const FieldCaption& entry : fieldCaptions) {
+        for (const suite::FieldCaption& entry : fieldCaptions) {
             const bool names = text::EqualsIgnoreCase(entry.field, field->column);
             if (names && !entry.caption.empty()) columns.back().heading = entry.caption;
         }
@@ -75,4 +75,4 @@ std::string frmAsk::HeadingOf(const items::Field& field) const {
     return field.caption.Text(session_.state.Language);
 }
 
-}  // namespace zv::reports
+}  // namespace zv::windows

@@ -1,8 +1,8 @@
-#include "reports/ask_statement.h"
+#include "items/criteria.h"
 
 #include <string_view>
 
-namespace zv::reports {
+namespace zv::items {
 namespace {
 
 // The texts stand in the statement as they were typed: other programs look for statements of this
@@ -28,4 +28,4 @@ std::string AskStatement(const AskCriteria& criteria, char delimiter) {
     return "select * from tTaskList where " + where + " order by taskTime desc,taskTitle";
 }
 
-}  // namespace zv::reports
+}  // namespace zv::items

@@ -2,9 +2,9 @@
 #include <algorithm>
 
 #include "forms/row_layout.h"
-#include "reports/query_builder.h"
+#include "windows/query/query_builder.h"
 
-namespace zv::reports {
+namespace zv::windows {
 namespace {
 
 using forms::rows::kGap;
@@ -19,7 +19,7 @@ constexpr int kOptionMark = 24;
 void frmSeek::PlaceControls() {
     const forms::rows::Measure m(*this);
     int fieldWidth = 0;
-    for (const ListField& field : fields_) {
+    for (const items::ListField& field : fields_) {
         fieldWidth = std::max(fieldWidth, m.Width(field.caption));
     }
     fieldWidth = std::clamp(fieldWidth + 40, 130, 240);
@@ -74,4 +74,4 @@ void frmSeek::PlaceControls() {
     SetClientSize({width + 2 * kMargin, top + m.button + kMargin});
 }
 
-}  // namespace zv::reports
+}  // namespace zv::windows

@@ -1,4 +1,4 @@
-#include "reports/ask_window.h"
+#include "windows/query/ask_window.h"
 
 #include "reports/grid_export.h"
 #include "reports/print_grid.h"
@@ -7,7 +7,7 @@
 #include "session/long_work.h"
 #include "session/text_checks.h"
 
-namespace zv::reports {
+namespace zv::windows {
 namespace {
 
 using resources::AskText;
@@ -110,8 +110,8 @@ void frmAsk::Text1_LostFocus() {
     CheckFieldText(session_, Text1[kTitleCheck], false);
 }
 
-AskCriteria frmAsk::Criteria() const {
-    AskCriteria criteria;
+items::AskCriteria frmAsk::Criteria() const {
+    items::AskCriteria criteria;
     if (chkUser.Checked()) criteria.user = txtUser.Text();
     if (chkType.Checked()) criteria.type = cboType2.ListIndex();
     if (Check1[kTitleCheck].Checked()) criteria.title = Text1[kTitleCheck].Text();
@@ -132,7 +132,7 @@ void frmAsk::Clear() {
     lblCount.SetCaption({});
 }
 
-void frmAsk::ShowFieldCaptions(const std::vector<FieldCaption>& captions) {
+void frmAsk::ShowFieldCaptions(const std::vector<suite::FieldCaption>& captions) {
     Clear();
     fieldCaptions = captions;
     SetColumns();
@@ -143,7 +143,7 @@ void frmAsk::cmdAsk_Click() {
     const char delimiter = session_.Settings().kind >= 1 ? '\'' : '#';
     progress::WorkEnd end = progress::WorkEnd::Cancelled;
     try {
-        AskRows rows(session_, AskStatement(Criteria(), delimiter), Texts());
+        AskRows rows(session_, items::AskStatement(Criteria(), delimiter), Texts());
         Reading reading(rows, Grid1, session_.state.Language);
         end = RunLongWork(session_, Caption(), reading);
     } catch (...) {
@@ -162,7 +162,7 @@ std::string frmAsk::TellFound(bool cancelled) const {
     const int count = Grid1.DataRowCount();
     if (cancelled) return GetAskText(AskText::QueryCancelled, language, count);
     if (count > 0) return GetAskText(AskText::RowsFound, language, count);
-    const AskCriteria criteria = Criteria();
+    const items::AskCriteria criteria = Criteria();
     if (criteria.dates && criteria.dates->first > criteria.dates->second) {
         return session_.LoadText(text_id::kBeginAfterEnd);
     }
@@ -172,18 +172,18 @@ std::string frmAsk::TellFound(bool cancelled) const {
 void frmAsk::cmdPrint_Click() {
     const std::string title =
         DTPicker1.Value().value().IsoDate() + " -- " + DTPicker2.Value().value().IsoDate();
-    PrintGrid(session_, Grid1, title, {});
+    reports::PrintGrid(session_, Grid1, title, {});
 }
 
 void frmAsk::cmdExport_Click() {
-    ExportGrid(session_, Grid1, Caption() + ".csv");
+    reports::ExportGrid(session_, Grid1, Caption() + ".csv");
 }
 
 void frmAsk::cmdQuit_Click() {
     Unload();
 }
 
-void ShowAsk(Session& session, bool modal, const std::vector<FieldCaption>& fieldCaptions) {
+void ShowAsk(Session& session, bool modal, const std::vector<suite::FieldCaption>& fieldCaptions) {
     auto* window = session.windows.Find<frmAsk>(frmAsk::kName);
     // A window that stands open beside the others gives way to a modal one.
     if (window && modal && window->IsShown() && !window->IsModal()) {
@@ -199,4 +199,4 @@ void ShowAsk(Session& session, bool modal, const std::vector<FieldCaption>& fiel
         session);
 }
 
-}  // namespace zv::reports
+}  // namespace zv::windows

@@ -1,15 +1,14 @@
-#include "reports/query_condition.h"
+#include "items/conditions.h"
 
 #include <string_view>
 
 #include "base/text.h"
 #include "store/sql_text.h"
 
-namespace zv::reports {
+namespace zv::items {
 namespace {
 
 using DateLiteral = std::function<std::string(DateTime)>;
-using resources::ReportText;
 
 std::string_view Operator(Comparison comparison) {
     switch (comparison) {
@@ -144,32 +143,6 @@ const std::vector<Comparison>& ComparisonsOf(FieldKind kind) {
     }
 }
 
-ReportText NameOf(Comparison comparison, FieldKind kind) {
-    const bool date = kind == FieldKind::Date;
-    switch (comparison) {
-        case Comparison::Contains:
-            return ReportText::Contains;
-        case Comparison::BeginsWith:
-            return ReportText::BeginsWith;
-        case Comparison::Equal:
-            return date ? ReportText::On : ReportText::Equal;
-        case Comparison::NotEqual:
-            return date ? ReportText::NotOn : ReportText::NotEqual;
-        case Comparison::Less:
-            return date ? ReportText::Before : ReportText::Less;
-        case Comparison::LessOrEqual:
-            return date ? ReportText::OnOrBefore : ReportText::LessOrEqual;
-        case Comparison::Greater:
-            return date ? ReportText::After : ReportText::Greater;
-        case Comparison::GreaterOrEqual:
-            return date ? ReportText::OnOrAfter : ReportText::GreaterOrEqual;
-        case Comparison::Empty:
-            return ReportText::Empty;
-        default:
-            return ReportText::NotEmpty;
-    }
-}
-
 bool TakesValue(Comparison comparison) {
     return comparison != Comparison::Empty && comparison != Comparison::NotEmpty;
 }
@@ -187,4 +160,4 @@ std::string WhereText(const std::vector<Condition>& conditions, const DateLitera
     return mixed ? '(' + where + ')' : where;
 }
 
-}  // namespace zv::reports
+}  // namespace zv::items

@@ -6,10 +6,9 @@
 #include <vector>
 
 #include "base/date_time.h"
-#include "reports/list_fields.h"
-#include "resources/report_texts.h"
+#include "items/list_fields.h"
 
-namespace zv::reports {
+namespace zv::items {
 
 enum class Join { And, Or };
 
@@ -37,8 +36,6 @@ struct Condition {
 
 /// The comparisons that a kind of field can be asked for, the usual one first.
 const std::vector<Comparison>& ComparisonsOf(FieldKind kind);
-/// What the comparison is called for that kind.
-resources::ReportText NameOf(Comparison comparison, FieldKind kind);
 /// False for those that look only at whether the field is empty.
 bool TakesValue(Comparison comparison);
 
@@ -48,4 +45,4 @@ bool TakesValue(Comparison comparison);
 std::string WhereText(const std::vector<Condition>& conditions,
                       const std::function<std::string(DateTime)>& dateLiteral);
 
-}  // namespace zv::reports
+}  // namespace zv::items

@@ -1,10 +1,10 @@
-#include "reports/query_builder.h"
+#include "windows/query/query_builder.h"
 
 #include <gtest/gtest.h>
 
 #include "stage/stage.h"
 
-namespace zv::reports {
+namespace zv::windows {
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -19,8 +19,8 @@ class QueryBuilder : public testing::Test {
     frmSeek& Open() {
         auto& window = stage.windows.Create<frmSeek>(stage.session);
         window.conditions = before;
-        window.onAccepted = [this](const std::vector<Condition>& conditions) {
-            accepted = WhereText(conditions, [this](DateTime date) {
+        window.onAccepted = [this](const std::vector<items::Condition>& conditions) {
+            accepted = items::WhereText(conditions, [this](DateTime date) {
                 return stage.session.database.DateLiteral(date);
             });
         };
@@ -34,7 +34,7 @@ class QueryBuilder : public testing::Test {
     }
 
     stage::Stage stage;
-    std::vector<Condition> before;
+    std::vector<items::Condition> before;
     std::string accepted;
 };
 
@@ -139,9 +139,9 @@ TEST_F(QueryBuilder, RemovesOneOrAllConditions) {
 }
 
 TEST_F(QueryBuilder, BeginsWithTheConditionsOfTheTimeBefore) {
-    Condition condition;
-    condition.field = {"tDone", "状况", FieldKind::State};
-    condition.comparison = Comparison::Equal;
+    items::Condition condition;
+    condition.field = {"tDone", "状况", items::FieldKind::State};
+    condition.comparison = items::Comparison::Equal;
     condition.row = 1;
     before = {condition};
     frmSeek& window = Open();
@@ -166,4 +166,4 @@ TEST_F(QueryBuilder, SpeaksTraditionalChinese) {
 }
 
 }  // namespace
-}  // namespace zv::reports
+}  // namespace zv::windows

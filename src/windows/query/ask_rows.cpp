@@ -1,10 +1,10 @@
-#include "reports/ask_rows.h"
+#include "windows/query/ask_rows.h"
 
 #include <algorithm>
 
 #include "base/number.h"
 
-namespace zv::reports {
+namespace zv::windows {
 
 namespace {
 
@@ -90,4 +90,4 @@ bool AskRows::Fill(forms::Grid& grid, int most) {
     return !rows_->Eof();
 }
 
-}  // namespace zv::reports
+}  // namespace zv::windows

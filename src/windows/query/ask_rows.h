@@ -10,7 +10,7 @@
 #include "items/fields.h"
 #include "session/session.h"
 
-namespace zv::reports {
+namespace zv::windows {
 
 /// The fields behind the columns of the query window's grid, from the first on.
 std::vector<const items::Field*> AskFields();
@@ -48,4 +48,4 @@ class AskRows {
     std::vector<std::string_view> row_;
 };
 
-}  // namespace zv::reports
+}  // namespace zv::windows

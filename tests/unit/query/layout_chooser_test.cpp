@@ -1,10 +1,10 @@
-#include "reports/layout_chooser.h"
+#include "windows/query/layout_chooser.h"
 
 #include <gtest/gtest.h>
 
 #include "stage/stage.h"
 
-namespace zv::reports {
+namespace zv::windows {
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -103,4 +103,4 @@ TEST_F(LayoutChooser, SpeaksTraditionalChinese) {
 }
 
 }  // namespace
-}  // namespace zv::reports
+}  // namespace zv::windows

@@ -1,8 +1,8 @@
-#include "reports/query_condition.h"
+#include "items/conditions.h"
 
 #include <gtest/gtest.h>
 
-namespace zv::reports {
+namespace zv::items {
 namespace {
 
 using enum Comparison;
@@ -82,4 +82,4 @@ TEST(WhereText, TheFirstJoinMeansNothing) {
 }
 
 }  // namespace
-}  // namespace zv::reports
+}  // namespace zv::items

@@ -9,10 +9,10 @@
 #include "forms/form.h"
 #include "forms/label.h"
 #include "forms/lists.h"
-#include "reports/list_fields.h"
+#include "items/list_fields.h"
 #include "session/session.h"
 
-namespace zv::reports {
+namespace zv::windows {
 
 class frmItemSet : public forms::Form {
  public:
@@ -58,13 +58,13 @@ class frmItemSet : public forms::Form {
     void EnableButtons();
 
     Session& session_;
-    std::vector<ListField> offered_;  ///< all, in the database's order
-    std::vector<ListField> left_;     ///< those not chosen, in that order
-    std::vector<ListField> chosen_;
+    std::vector<items::ListField> offered_;  ///< all, in the database's order
+    std::vector<items::ListField> left_;     ///< those not chosen, in that order
+    std::vector<items::ListField> chosen_;
 };
 
 /// Shows the chooser and keeps what was accepted. Answers the layout text ("taskTime,taskTitle"),
 /// empty when the user cancels.
 std::string ChooseListLayout(Session& session);
 
-}  // namespace zv::reports
+}  // namespace zv::windows

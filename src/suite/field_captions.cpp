@@ -1,17 +1,17 @@
-#include "reports/field_captions.h"
+#include "suite/field_captions.h"
 
 #include <utility>
 
 #include "base/text.h"
 
-namespace zv::reports {
+namespace zv::suite {
 
-std::vector<FieldCaption> ReadFieldCaptions(Session& session) {
-    const std::string column = "FieldName_" + std::to_string(session.state.Language);
-    session.database.EnsureConnection();
+std::vector<FieldCaption> ReadFieldCaptions(store::Database& database, std::int16_t language) {
+    const std::string column = "FieldName_" + std::to_string(language);
+    database.EnsureConnection();
     std::vector<FieldCaption> captions;
     try {
-        const auto rows = session.database.Open(
+        const auto rows = database.Open(
             "select FieldName," + column +
             " from rptListDetail Where fTable='ttasklist' And FieldType>-1 Order by fieldID");
         for (; !rows->Eof(); rows->MoveNext()) {
@@ -32,4 +32,4 @@ std::vector<FieldCaption> ReadFieldCaptions(Session& session) {
     return captions;
 }
 
-}  // namespace zv::reports
+}  // namespace zv::suite

@@ -1,12 +1,17 @@
-#include "reports/list_fields.h"
+#include "items/list_fields.h"
 
 #include <gtest/gtest.h>
 
-#include "reports/field_captions.h"
 #include "stage/stage.h"
+#include "suite/field_captions.h"
 
-namespace zv::reports {
+namespace zv::items {
 namespace {
+
+std::vector<ListField> Fields(Session& session) {
+    const std::int16_t language = session.state.Language;
+    return ListFields(suite::ReadFieldCaptions(session.database, language), language);
+}
 
 using Lines = std::vector<std::string>;
 
@@ -24,7 +29,7 @@ constexpr const char* kInsert =
 class ListFields : public testing::Test {
  protected:
     void Describe(const std::string& rows) { stage.Sql(kInsert + rows); }
-    std::string Read() { return Names(ReadListFields(stage.session)); }
+    std::string Read() { return Names(Fields(stage.session)); }
 
     stage::Stage stage;
 };
@@ -78,7 +83,7 @@ TEST_F(ListFields, ADatabaseThatDescribesNoneYieldsThoseOfTheWindows) {
 
 TEST_F(ListFields, AnyOtherFailureReachesTheCaller) {
     stage.statements.failing = "rptListDetail";
-    EXPECT_THROW(ReadListFields(stage.session), RuntimeError);
+    EXPECT_THROW(Fields(stage.session), RuntimeError);
 }
 
 TEST(KindOfField, TellsHowAFieldIsCompared) {
@@ -90,4 +95,4 @@ TEST(KindOfField, TellsHowAFieldIsCompared) {
 }
 
 }  // namespace
-}  // namespace zv::reports
+}  // namespace zv::items

@@ -12,13 +12,13 @@
 #include "forms/label.h"
 #include "forms/lists.h"
 #include "forms/text_box.h"
-#include "reports/ask_rows.h"
-#include "reports/ask_statement.h"
-#include "reports/field_captions.h"
+#include "items/criteria.h"
 #include "session/session.h"
 #include "session/store_client.h"
+#include "suite/field_captions.h"
+#include "windows/query/ask_rows.h"
 
-namespace zv::reports {
+namespace zv::windows {
 
 class frmAsk : public forms::Form, public StoreClient {
  public:
@@ -33,7 +33,7 @@ class frmAsk : public forms::Form, public StoreClient {
 
     /// Set before the window is shown: what the database calls the fields. A column that is not
     /// among them keeps its own heading.
-    std::vector<FieldCaption> fieldCaptions;
+    std::vector<suite::FieldCaption> fieldCaptions;
 
     // Order of creation is tab order: each criterion behind its switch.
     forms::CheckBox chkUser{*this, "chkUser"};
@@ -61,7 +61,7 @@ class frmAsk : public forms::Form, public StoreClient {
     void Clear();
     void ForgetStore() override { Clear(); }
     /// Gives the columns other captions, and takes away what was found.
-    void ShowFieldCaptions(const std::vector<FieldCaption>& captions);
+    void ShowFieldCaptions(const std::vector<suite::FieldCaption>& captions);
 
     void chkUser_Click();
     void chkType_Click();
@@ -82,7 +82,7 @@ class frmAsk : public forms::Form, public StoreClient {
     void SetCaptions();
     void SetColumns();
     std::string HeadingOf(const items::Field& field) const;
-    AskCriteria Criteria() const;
+    items::AskCriteria Criteria() const;
     AskTexts Texts() const;
     std::string TellFound(bool cancelled) const;
 
@@ -96,6 +96,7 @@ void SetWindowSize(frmAsk& window);
 
 /// Shows the query window: the one that is open, or a new one with columns under the captions
 /// given. Modal: returns after it is gone.
-void ShowAsk(Session& session, bool modal, const std::vector<FieldCaption>& fieldCaptions = {});
+void ShowAsk(Session& session, bool modal,
+             const std::vector<suite::FieldCaption>& fieldCaptions = {});
 
-}  // namespace zv::reports
+}  // namespace zv::windows

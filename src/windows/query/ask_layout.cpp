@@ -1,9 +1,9 @@
 #include <algorithm>
 
 #include "forms/row_layout.h"
-#include "reports/ask_window.h"
+#include "windows/query/ask_window.h"
 
-namespace zv::reports {
+namespace zv::windows {
 namespace {
 
 using forms::rows::kGap;
@@ -110,4 +110,4 @@ void SetWindowSize(frmAsk& w) {
                      std::min(height(kUsualRows), std::max(area.height - 80, 300))});
 }
 
-}  // namespace zv::reports
+}  // namespace zv::windows

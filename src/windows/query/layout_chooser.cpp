@@ -1,4 +1,4 @@
-#include "reports/layout_chooser.h"
+#include "windows/query/layout_chooser.h"
 #include "forms/row_layout.h"
 
 #include <algorithm>
@@ -9,14 +9,14 @@
 #include "resources/report_texts.h"
 #include "resources/text_ids.h"
 
-namespace zv::reports {
+namespace zv::windows {
 namespace {
 
 using resources::ReportText;
 
-std::vector<std::string> Captions(const std::vector<ListField>& fields) {
+std::vector<std::string> Captions(const std::vector<items::ListField>& fields) {
     std::vector<std::string> captions;
-    for (const ListField& field : fields) captions.push_back(field.caption);
+    for (const items::ListField& field : fields) captions.push_back(field.caption);
     return captions;
 }
 
@@ -52,11 +52,13 @@ frmItemSet::frmItemSet(forms::WindowSystem& windows, Session& session)
 }
 
 void frmItemSet::Form_Load() {
-    offered_ = ReadListFields(session_);
+    offered_ =
+        items::ListFields(suite::ReadFieldCaptions(session_.database, session_.state.Language),
+                          session_.state.Language);
     SetCaptions();
     PlaceControls();
     Center();
-    Choose(KeptLayout(session_));
+    Choose(reports::KeptLayout(session_));
 }
 
 void frmItemSet::SetCaptions() {
@@ -83,7 +85,7 @@ void frmItemSet::PlaceControls() {
     constexpr int kRows = 14;
     const forms::rows::Measure m(*this);
     int listWidth = 180;
-    for (const ListField& field : offered_) {
+    for (const items::ListField& field : offered_) {
         listWidth = std::clamp(m.Width(field.caption) + 30, listWidth, 280);
     }
     int buttonWidth = 0;
@@ -121,19 +123,20 @@ void frmItemSet::PlaceControls() {
 }
 
 void frmItemSet::Choose(const std::string& layout) {
-    chosen_ = FieldsOfLayout(layout, offered_);
+    chosen_ = reports::FieldsOfLayout(layout, offered_);
     ShowLists(0, 0);
 }
 
 void frmItemSet::ShowLists(int selectedOfAll, int selectedOfChosen) {
     left_.clear();
-    for (const ListField& field : offered_) {
-        const bool taken = std::any_of(chosen_.begin(), chosen_.end(), [&](const ListField& other) {
-            return other.field == field.field;
-        });
+    for (const items::ListField& field : offered_) {
+        const bool taken =
+            std::any_of(chosen_.begin(), chosen_.end(),
+                        [&](const items::ListField& other) { return other.field == field.field; });
         if (!taken) left_.push_back(field);
     }
-    const auto show = [](forms::ListBox& list, const std::vector<ListField>& fields, int selected) {
+    const auto show = [](forms::ListBox& list, const std::vector<items::ListField>& fields,
+                         int selected) {
         list.SetItems(Captions(fields));
         list.SetListIndex(std::min(selected, list.ListCount() - 1));
     };
@@ -194,7 +197,7 @@ void frmItemSet::cmdOK_Click() {
         return;
     }
     std::vector<std::string> names;
-    for (const ListField& field : chosen_) names.push_back(field.field);
+    for (const items::ListField& field : chosen_) names.push_back(field.field);
     if (onAccepted) onAccepted(text::Join(names, ","));
     Unload();
 }
@@ -209,7 +212,7 @@ std::string ChooseListLayout(Session& session) {
         true,
         [&](frmItemSet& window) {
             window.onAccepted = [&](const std::string& accepted) {
-                KeepLayout(session, accepted);
+                reports::KeepLayout(session, accepted);
                 layout = accepted;
             };
         },
@@ -217,4 +220,4 @@ std::string ChooseListLayout(Session& session) {
     return layout;
 }
 
-}  // namespace zv::reports
+}  // namespace zv::windows

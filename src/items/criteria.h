@@ -7,7 +7,7 @@
 
 #include "base/date_time.h"
 
-namespace zv::reports {
+namespace zv::items {
 
 /// The criteria that are switched on; texts as typed.
 struct AskCriteria {
@@ -22,4 +22,4 @@ struct AskCriteria {
 /// `delimiter` brackets date literals.
 std::string AskStatement(const AskCriteria& criteria, char delimiter);
 
-}  // namespace zv::reports
+}  // namespace zv::items

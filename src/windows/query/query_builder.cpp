@@ -1,4 +1,4 @@
-#include "reports/query_builder.h"
+#include "windows/query/query_builder.h"
 
 #include <algorithm>
 #include <utility>
@@ -8,10 +8,37 @@
 #include "resources/text_ids.h"
 #include "session/text_checks.h"
 
-namespace zv::reports {
+namespace zv::windows {
 namespace {
 
 using resources::ReportText;
+
+// What a comparison is called for that kind of field.
+ReportText NameOf(items::Comparison comparison, items::FieldKind kind) {
+    const bool date = kind == items::FieldKind::Date;
+    switch (comparison) {
+        case items::Comparison::Contains:
+            return ReportText::Contains;
+        case items::Comparison::BeginsWith:
+            return ReportText::BeginsWith;
+        case items::Comparison::Equal:
+            return date ? ReportText::On : ReportText::Equal;
+        case items::Comparison::NotEqual:
+            return date ? ReportText::NotOn : ReportText::NotEqual;
+        case items::Comparison::Less:
+            return date ? ReportText::Before : ReportText::Less;
+        case items::Comparison::LessOrEqual:
+            return date ? ReportText::OnOrBefore : ReportText::LessOrEqual;
+        case items::Comparison::Greater:
+            return date ? ReportText::After : ReportText::Greater;
+        case items::Comparison::GreaterOrEqual:
+            return date ? ReportText::OnOrAfter : ReportText::GreaterOrEqual;
+        case items::Comparison::Empty:
+            return ReportText::Empty;
+        default:
+            return ReportText::NotEmpty;
+    }
+}
 
 constexpr int kLongestValue = 250;
 
@@ -63,12 +90,14 @@ std::string frmSeek::Text(ReportText id) const {
 }
 
 void frmSeek::Form_Load() {
-    fields_ = ReadListFields(session_);
+    fields_ =
+        items::ListFields(suite::ReadFieldCaptions(session_.database, session_.state.Language),
+                          session_.state.Language);
     SetCaptions();
     DTPicker1.SetValue(session_.machine.clock.Today());
     optAnd.SetValue(true);
     std::vector<std::string> captions;
-    for (const ListField& field : fields_) captions.push_back(field.caption);
+    for (const items::ListField& field : fields_) captions.push_back(field.caption);
     cboField.SetItems(std::move(captions));
     PlaceControls();
     Center();
@@ -97,35 +126,35 @@ void frmSeek::SetCaptions() {
     cmdCancel.SetCaption(session_.LoadText(text_id::kCancel));
 }
 
-const ListField* frmSeek::Field() const {
+const items::ListField* frmSeek::Field() const {
     const int at = cboField.ListIndex();
     return at < 0 ? nullptr : &fields_.at(static_cast<std::size_t>(at));
 }
 
-Comparison frmSeek::ChosenComparison() const {
-    const ListField* field = Field();
-    const auto& comparisons = ComparisonsOf(field ? field->kind : FieldKind::Text);
+items::Comparison frmSeek::ChosenComparison() const {
+    const items::ListField* field = Field();
+    const auto& comparisons = items::ComparisonsOf(field ? field->kind : items::FieldKind::Text);
     return comparisons.at(static_cast<std::size_t>(std::max(0, cboCompare.ListIndex())));
 }
 
-std::vector<std::string> frmSeek::ChoicesOf(FieldKind kind) const {
-    return kind == FieldKind::ItemKind ? items::KindNames(session_.state.Language)
-                                       : items::StateNames(session_.state.Language);
+std::vector<std::string> frmSeek::ChoicesOf(items::FieldKind kind) const {
+    return kind == items::FieldKind::ItemKind ? items::KindNames(session_.state.Language)
+                                              : items::StateNames(session_.state.Language);
 }
 
 void frmSeek::cboField_Click() {
-    const ListField* field = Field();
+    const items::ListField* field = Field();
     if (!field) return;
     std::vector<std::string> names;
-    for (const Comparison comparison : ComparisonsOf(field->kind)) {
+    for (const items::Comparison comparison : items::ComparisonsOf(field->kind)) {
         names.push_back(Text(NameOf(comparison, field->kind)));
     }
     cboCompare.SetItems(std::move(names));
-    if (field->kind == FieldKind::ItemKind || field->kind == FieldKind::State) {
+    if (field->kind == items::FieldKind::ItemKind || field->kind == items::FieldKind::State) {
         cboValue.SetItems(ChoicesOf(field->kind));
         cboValue.SetListIndex(0);
     }
-    txtValue.SetNumericKeyboard(field->kind == FieldKind::Number);
+    txtValue.SetNumericKeyboard(field->kind == items::FieldKind::Number);
     cboCompare.SetListIndex(0);
     ShowValueField();
 }
@@ -135,11 +164,11 @@ void frmSeek::cboCompare_Click() {
 }
 
 void frmSeek::ShowValueField() {
-    const ListField* field = Field();
-    const FieldKind kind = field ? field->kind : FieldKind::Text;
-    const bool takesValue = field && TakesValue(ChosenComparison());
-    const bool date = kind == FieldKind::Date;
-    const bool choice = kind == FieldKind::ItemKind || kind == FieldKind::State;
+    const items::ListField* field = Field();
+    const items::FieldKind kind = field ? field->kind : items::FieldKind::Text;
+    const bool takesValue = field && items::TakesValue(ChosenComparison());
+    const bool date = kind == items::FieldKind::Date;
+    const bool choice = kind == items::FieldKind::ItemKind || kind == items::FieldKind::State;
     txtValue.SetVisible(!date && !choice);
     DTPicker1.SetVisible(date);
     cboValue.SetVisible(choice);
@@ -150,9 +179,9 @@ void frmSeek::ShowValueField() {
 }
 
 bool frmSeek::ValueIsFit() {
-    const ListField* field = Field();
-    if (!TakesValue(ChosenComparison()) || !txtValue.OwnVisible()) return true;
-    if (CheckFieldText(session_, txtValue, field->kind == FieldKind::Number)) {
+    const items::ListField* field = Field();
+    if (!items::TakesValue(ChosenComparison()) || !txtValue.OwnVisible()) return true;
+    if (CheckFieldText(session_, txtValue, field->kind == items::FieldKind::Number)) {
         txtValue.SetFocus();
         return false;
     }
@@ -164,10 +193,10 @@ bool frmSeek::ValueIsFit() {
 }
 
 bool frmSeek::AddCondition() {
-    const ListField* field = Field();
+    const items::ListField* field = Field();
     if (!field || !ValueIsFit()) return false;
-    Condition condition;
-    condition.join = optOr.Value() ? Join::Or : Join::And;
+    items::Condition condition;
+    condition.join = optOr.Value() ? items::Join::Or : items::Join::And;
     condition.field = *field;
     condition.comparison = ChosenComparison();
     condition.value = txtValue.Text();
@@ -183,19 +212,19 @@ void frmSeek::cmdAdd_Click() {
     if (AddCondition()) cboField.SetFocus();
 }
 
-std::string frmSeek::Describe(const Condition& condition, bool first) const {
+std::string frmSeek::Describe(const items::Condition& condition, bool first) const {
     std::string text;
     if (!first) {
-        text = Text(condition.join == Join::Or ? ReportText::Or : ReportText::And) + ' ';
+        text = Text(condition.join == items::Join::Or ? ReportText::Or : ReportText::And) + ' ';
     }
-    const FieldKind kind = condition.field.kind;
+    const items::FieldKind kind = condition.field.kind;
     text += condition.field.caption + ' ' + Text(NameOf(condition.comparison, kind));
-    if (!TakesValue(condition.comparison)) return text;
+    if (!items::TakesValue(condition.comparison)) return text;
     switch (kind) {
-        case FieldKind::Date:
+        case items::FieldKind::Date:
             return text + ' ' + condition.date.IsoDate();
-        case FieldKind::ItemKind:
-        case FieldKind::State:
+        case items::FieldKind::ItemKind:
+        case items::FieldKind::State:
             return text + ' ' + ChoicesOf(kind).at(static_cast<std::size_t>(condition.row));
         default:
             return text + " [" + condition.value + ']';
@@ -204,7 +233,7 @@ std::string frmSeek::Describe(const Condition& condition, bool first) const {
 
 void frmSeek::ShowConditions(int selected) {
     std::vector<std::string> lines;
-    for (const Condition& condition : conditions) {
+    for (const items::Condition& condition : conditions) {
         lines.push_back(Describe(condition, lines.empty()));
     }
     const int count = static_cast<int>(lines.size());
@@ -245,12 +274,12 @@ void frmSeek::cmdCancel_Click() {
     Unload();
 }
 
-std::string AskForConditions(Session& session, std::vector<Condition>& conditions) {
+std::string AskForConditions(Session& session, std::vector<items::Condition>& conditions) {
     std::string where;
-    const auto accept = [&](const std::vector<Condition>& accepted) {
+    const auto accept = [&](const std::vector<items::Condition>& accepted) {
         conditions = accepted;
-        where = WhereText(accepted,
-                          [&session](DateTime date) { return session.database.DateLiteral(date); });
+        where = items::WhereText(
+            accepted, [&session](DateTime date) { return session.database.DateLiteral(date); });
     };
     session.windows.OpenNew<frmSeek>(
         true,
@@ -262,4 +291,4 @@ std::string AskForConditions(Session& session, std::vector<Condition>& condition
     return where;
 }
 
-}  // namespace zv::reports
+}  // namespace zv::windows

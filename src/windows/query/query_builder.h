@@ -12,10 +12,11 @@
 #include "forms/label.h"
 #include "forms/lists.h"
 #include "forms/text_box.h"
-#include "reports/query_condition.h"
+#include "items/conditions.h"
+#include "resources/report_texts.h"
 #include "session/session.h"
 
-namespace zv::reports {
+namespace zv::windows {
 
 class frmSeek : public forms::Form {
  public:
@@ -25,9 +26,9 @@ class frmSeek : public forms::Form {
     frmSeek(forms::WindowSystem& windows, Session& session);
 
     /// Set before the window is shown: what it begins with.
-    std::vector<Condition> conditions;
+    std::vector<items::Condition> conditions;
     /// Told the conditions when they were accepted.
-    std::function<void(const std::vector<Condition>&)> onAccepted;
+    std::function<void(const std::vector<items::Condition>&)> onAccepted;
 
     // Order of creation is tab order. The three fields for the value stand in one place.
     forms::Label lblField;
@@ -65,24 +66,24 @@ class frmSeek : public forms::Form {
  private:
     void SetCaptions();
     void PlaceControls();
-    const ListField* Field() const;
-    Comparison ChosenComparison() const;
+    const items::ListField* Field() const;
+    items::Comparison ChosenComparison() const;
     void ShowValueField();
     bool ValueIsFit();
     /// False, after telling why, when the value is not fit.
     bool AddCondition();
     void ShowConditions(int selected);
-    std::string Describe(const Condition& condition, bool first) const;
-    std::vector<std::string> ChoicesOf(FieldKind kind) const;
+    std::string Describe(const items::Condition& condition, bool first) const;
+    std::vector<std::string> ChoicesOf(items::FieldKind kind) const;
     std::string Text(resources::ReportText id) const;
 
     Session& session_;
-    std::vector<ListField> fields_;
+    std::vector<items::ListField> fields_;
 };
 
 /// Lets the user put conditions together, beginning with `conditions`, which keep what was
 /// accepted. Answers the text of a WHERE clause over "tTaskList a", "1=1" for no condition, and
 /// the empty text when the user cancels.
-std::string AskForConditions(Session& session, std::vector<Condition>& conditions);
+std::string AskForConditions(Session& session, std::vector<items::Condition>& conditions);
 
-}  // namespace zv::reports
+}  // namespace zv::windows
