@@ -8,6 +8,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "command.h"
+#include "items/fields.h"
 #include "stage.h"
 
 namespace zv::script {
@@ -80,27 +81,29 @@ void CompletePlan(Row& row, Stage& stage) {
 
 void CompleteNothing(Row&, Stage&) {}
 
-constexpr auto kItemColumns = std::to_array<Column>({
-    {"fID", Kind::Number},
-    {"TaskID", Kind::Number},
-    {"taskTitle"},
-    {"fContent"},
-    {"taskTime", Kind::Date},
-    {"tDuring1", Kind::Date},
-    {"tDuring2", Kind::Date},
-    {"tDone", Kind::Number},
-    {"tDoneMan"},
-    {"fUser"},
-    {"fType", Kind::Number},
-    {"fWay"},
-    {"fGuest"},
-    {"fOther0"},
-    {"fOther1"},
-    {"fOther2"},
-    {"fOther3"},
-    {"fOther4"},
-    {"fOther5"},
-});
+constexpr Kind KindOf(items::FieldKind kind) {
+    switch (kind) {
+        case items::FieldKind::Text:
+            return Kind::Text;
+        case items::FieldKind::Date:
+            return Kind::Date;
+        case items::FieldKind::Number:
+        case items::FieldKind::ItemKind:
+        case items::FieldKind::State:
+            return Kind::Number;
+    }
+    return Kind::Text;
+}
+
+// The database numbers the rows; every other column is a field of an item.
+constexpr auto kItemColumns = [] {
+    std::array<Column, 1 + items::kFields.size()> columns{{{"fID", Kind::Number}}};
+    std::transform(items::kFields.begin(), items::kFields.end(), columns.begin() + 1,
+                   [](const items::Field& field) {
+                       return Column{field.column, KindOf(field.kind)};
+                   });
+    return columns;
+}();
 constexpr auto kPlanColumns = std::to_array<Column>({
     {"TaskID", Kind::Number},
     {"taskTitle"},
