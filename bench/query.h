@@ -8,8 +8,8 @@
 
 #include "floors/raw_query.h"
 #include "measure.h"
-#include "windows/query/ask_window.h"
 #include "stage.h"
+#include "windows/query/ask_window.h"
 
 namespace zv::bench {
 

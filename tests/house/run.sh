@@ -61,6 +61,12 @@ check "nothing is thrown at the system" \
     "$(sources src/{base,forms,platform}/win32 src/{com,store/ado} host |
         xargs -n1 awk -f tests/house/boundary.awk)"
 
+# Lines are broken by one version of the tool; another one breaks some of them differently.
+check "the formatter is that of the team" \
+    "$(clang-format --version 2>&1 | grep -q 'version 14\.' || clang-format --version 2>&1)"
+check "sources are formatted" \
+    "$(sources src host tools tests bench | xargs clang-format --dry-run 2>&1 | grep ': warning:')"
+
 check "no source file is longer than 600 lines" \
     "$(sources src host tools tests bench | xargs env LC_ALL=C wc -l | awk '$2 != "total" && $1 > 600')"
 

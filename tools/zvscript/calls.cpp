@@ -3,7 +3,6 @@
 #include <array>
 #include <vector>
 
-#include "windows/query/ask_window.h"
 #include "reports/print_report.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan_editor.h"
@@ -16,6 +15,7 @@
 #include "store/sql_text.h"
 #include "values.h"
 #include "windows/main/frm_task_main.h"
+#include "windows/query/ask_window.h"
 
 namespace zv::script {
 namespace {

@@ -1,12 +1,12 @@
 // The connection follows the properties: when refresh changes it, and when it must not.
 #include <gtest/gtest.h>
 
-#include "windows/query/ask_window.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/task_done.h"
 #include "stage/stage.h"
 #include "store/schema/schema.h"
 #include "store/sqlite/sqlite_connection.h"
+#include "windows/query/ask_window.h"
 
 namespace zv {
 namespace {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "windows/query/ask_window.h"
 #include "reports/print_report.h"
 #include "resources/catalogue.h"
 #include "secrets/connection_texts.h"
@@ -10,6 +9,7 @@
 #include "stage/stage.h"
 #include "store/odbc/connection_string.h"
 #include "store/sqlite/sqlite_connection.h"
+#include "windows/query/ask_window.h"
 
 namespace zv::secrets {
 namespace {

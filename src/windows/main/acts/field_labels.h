@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "suite/field_captions.h"
 #include "session/session.h"
+#include "suite/field_captions.h"
 #include "windows/main/panels/field_box.h"
 
 namespace zv::windows {

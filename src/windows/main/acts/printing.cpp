@@ -4,10 +4,10 @@
 
 #include "items/fields.h"
 #include "platform/report_printer.h"
-#include "windows/query/layout_chooser.h"
 #include "reports/print_grid.h"
 #include "reports/print_report.h"
 #include "resources/text_ids.h"
+#include "windows/query/layout_chooser.h"
 
 namespace zv::windows {
 
