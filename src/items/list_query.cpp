@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kWhereWord = "Where";
 
-std::string WhereText(const std::string& where, int databaseKind) {
+std::string FilterOf(const std::string& where, int databaseKind) {
     if (where.empty() || where == "1=1") return {};
     if (std::string_view(where).substr(0, 7).find(kWhereWord) != std::string_view::npos)
         return where;
@@ -19,7 +19,7 @@ std::string WhereText(const std::string& where, int databaseKind) {
 }
 
 // Who reads the items by themselves has no cards to compare.
-std::string Condition(const std::string& source, const std::string& filter) {
+std::string ConditionAlone(const std::string& source, const std::string& filter) {
     if (filter.empty()) return {};
     if (text::Contains(filter, "b.")) return "a.fID in (select a.fID" + source + filter + ")";
     return std::string(
@@ -46,10 +46,10 @@ std::string OrderText(Order order) {
 ListQuery ListItems(const std::string& where, bool withCards, Order order, int databaseKind) {
     std::string source = " from tTaskList a ";
     if (withCards) source += " Left Join cards b on a.taskID=b.fID ";
-    const std::string filter = WhereText(where, databaseKind);
+    const std::string filter = FilterOf(where, databaseKind);
     ListQuery query;
     query.order = OrderText(order);
-    query.condition = Condition(source, filter);
+    query.condition = ConditionAlone(source, filter);
     query.statement = "select distinct a.fID,a.fType,a.taskTime,a.taskTitle,a.tDone,a.taskID" +
                       source + filter + " Order by " + query.order;
     return query;
