@@ -1,5 +1,6 @@
 #include "com/data_object.h"
 
+#include "base/win32/enumerator.h"
 #include "com/boundary.h"
 #include "com/design_view.h"
 #include "com/held_items.h"

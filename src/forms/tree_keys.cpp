@@ -41,7 +41,7 @@ int TreeView::KeyTarget(int code) {
 }
 
 void TreeView::OwnKey(KeyEvent& event) {
-    // Together with Ctrl they scroll.
+    // Together with Ctrl they move what is in sight, which the native tree knows.
     if (event.control || event.code < key::kEnd || event.code > key::kDown) return;
     const int target = KeyTarget(event.code);
     event.code = 0;

@@ -252,8 +252,6 @@ TEST_F(Keys, ArrowsLeadThroughTheNodesThatAreShown) {
     EXPECT_EQ(Read(form.tvwTask, "selected"), "Z2");
     driver().Key(form.tvwTask, key::kEnd);
     EXPECT_EQ(Read(form.tvwTask, "selected"), "B2");
-    driver().PressKey(form.tvwTask, {key::kUp, false, true});
-    EXPECT_EQ(Read(form.tvwTask, "selected"), "B2") << "with Ctrl it only scrolls";
 }
 
 TEST_F(Keys, LeftAndRightFoldAndUnfold) {

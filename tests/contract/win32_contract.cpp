@@ -264,6 +264,16 @@ TEST_F(Native, AnEntryOfAMenuThatPopsUpIsChosenByKeyboard) {
     EXPECT_EQ(events_, std::vector<std::string>{"chosen"});
 }
 
+TEST_F(Native, AMenuWhoseWindowGoesEndsAtOnce) {
+    form.tvwTask.onMouseDown = [this](const MouseEvent&) { form.PopupMenu(form.mnuPopup, 0, 0); };
+    form.Show(false);
+    stand_->SetMenuLoop([this] { driver().Close(form); });
+    const DWORD start = GetTickCount();
+    driver().RightClickNode(form.tvwTask, "A2");
+    EXPECT_TRUE(windows_.Windows().empty());
+    EXPECT_LT(GetTickCount() - start, 10000U);
+}
+
 TEST_F(Native, TheMenuKeyOpensTheMenuOfTheSelectedNode) {
     form.tvwTask.onMouseDown = [this](const MouseEvent& event) {
         events_.push_back(event.button == MouseButton::Right ? "right" : "other");

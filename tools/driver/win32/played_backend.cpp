@@ -23,7 +23,11 @@ void PlayedBackend::RunModal(forms::Form& form) {
 }
 
 void PlayedBackend::MenuIdle() {
-    if (onMenuIdle) onMenuIdle();
+    if (!onMenuIdle) return;
+    onMenuIdle();
+    // The menu's loop waits for a message before it looks whether the menu has ended, and the one
+    // that tells of it may have been handled by what ran here.
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
 }  // namespace zv::driver
