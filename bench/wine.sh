@@ -4,8 +4,8 @@ source tools/setup/wine.sh
 # There the clock of the process only counts the time that passes, and coarsely.
 unset ZV_BENCH_CPU
 
-build windows-x64 zvbench_window zvbench_query zvbench_editor zvbench_start zvbench_floor_start zv_Task
-win=build/windows-x64/bin
+build windows-x64-release zvbench_window zvbench_query zvbench_editor zvbench_start zvbench_floor_start zv_Task
+win=build/windows-x64-release/bin
 wine_prepare >&2
 # A display and a Wine server of this run's own, started on the processor that everything is held
 # on, so that what they start stays there too.

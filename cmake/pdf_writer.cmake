@@ -90,6 +90,7 @@ set_target_properties(zv_freetype PROPERTIES UNITY_BUILD OFF)
 set_target_properties(zv_pdf_writer PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
 
 foreach(library zv_freetype zv_pdf_writer)
+    set_target_properties(${library} PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
     target_compile_options(${library} PRIVATE -w -O1 -g0)
     if(ZV_SANITIZE)
         # It is not ours to check, and instrumenting it takes long; memory that is passed to it is

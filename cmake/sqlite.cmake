@@ -41,6 +41,8 @@ target_include_directories(zv_sqlite3 SYSTEM PUBLIC ${ZV_SQLITE_SOURCE})
 target_compile_definitions(zv_sqlite3 PRIVATE SQLITE_THREADSAFE=1 SQLITE_DQS=0
     SQLITE_OMIT_LOAD_EXTENSION SQLITE_OMIT_DEPRECATED SQLITE_DEFAULT_WAL_SYNCHRONOUS=2)
 target_compile_options(zv_sqlite3 PRIVATE -w -O2)
+# One file as it is; to optimise it once more with each program that holds it takes minutes.
+set_target_properties(zv_sqlite3 PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
 if(ZV_SANITIZE)
     # Instrumenting the amalgamation takes many minutes and checks nothing of ours; memory that
     # is passed to it is still watched through the allocator.

@@ -1,16 +1,17 @@
 # Sourced by the suites that play a user on the demonstration host from outside: what they share.
-# Needs ZV_BIN (folder of the Windows programs). With ZV_PICTURES, a folder, a failure leaves a
+# Needs ZV_BIN (folder of the programs that ship) and ZV_TEST_BIN (folder of those that test them;
+# the same when it is not given). With ZV_PICTURES, a folder, a failure leaves a
 # picture of the screen there. The suite sets `data`, the database in the folder $work, and `demo`,
 # the process of the host while it runs; `finish` closes with "N passed, N failed".
 source tools/setup/wine.sh
-: "${ZV_BIN:?folder of the Windows programs}"
+: "${ZV_BIN:?folder of the programs that ship}" "${ZV_TEST_BIN:=$ZV_BIN}"
 work=$(mktemp -d)
 settings='HKCU\Software\VB and VBA Program Settings\Tarnell'
 passed=0
 failed=0
 demo=
 
-outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
+outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_TEST_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
 registry() { ZV_WINE_TIMEOUT=60 wine_run reg "$@" 2>&1 | tr -d '\r'; }
 query() { sqlite3 -batch "$data" ".timeout 5000" "$1"; }
 

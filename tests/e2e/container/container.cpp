@@ -1,5 +1,6 @@
 #include "container.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -25,9 +26,20 @@ std::wstring OwnFolder() {
     return file.substr(0, file.find_last_of(L'\\'));
 }
 
+// ZV_BIN names the folder of what ships, as a path of Windows or of the system around Wine; without
+// it the control beside this program is taken.
+std::wstring FolderOfControl() {
+    wchar_t value[MAX_PATH];
+    std::wstring folder(value, GetEnvironmentVariableW(L"ZV_BIN", value, MAX_PATH));
+    if (folder.empty()) return OwnFolder();
+    if (folder.front() == L'/') folder.insert(0, L"Z:");
+    std::replace(folder.begin(), folder.end(), L'/', L'\\');
+    return folder;
+}
+
 ControlFile LoadControlFile() {
     ControlFile file;
-    file.path = OwnFolder() + L"\\zv_Task.ocx";
+    file.path = FolderOfControl() + L"\\zv_Task.ocx";
     const HMODULE module = LoadLibraryW(file.path.c_str());
     if (!module) {
         std::fprintf(stderr, "zv_Task.ocx cannot be loaded: %lu\n", GetLastError());

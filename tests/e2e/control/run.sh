@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Automation scripts against the registered control, each in a process of its own.
 #
-# Needs: ZV_BIN (folder of the Windows programs), WINEPREFIX, DISPLAY.
+# Needs: ZV_BIN (folder of the programs that ship), ZV_TEST_BIN (folder of those that test them; the
+# same when it is not given), WINEPREFIX, DISPLAY.
 # Closes with "N passed, N failed". The script host ends with code 0 even when a script breaks off,
 # so a script counts as run only when its last line, the end mark, was printed.
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
-: "${ZV_BIN:?}" "${WINEPREFIX:?}" "${DISPLAY:?}"
+: "${ZV_BIN:?}" "${ZV_TEST_BIN:=$ZV_BIN}" "${WINEPREFIX:?}" "${DISPLAY:?}"
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
 wine=${ZV_WINE:-/usr/lib/wine/wine64}
 work=$(mktemp -d)
@@ -59,7 +60,7 @@ run_script "$here/properties.vbs" 甲公司
 run_script "$here/refresh.vbs" "$(windows_path "$work/taskAlert.db")"
 
 # Errors and boxes with secrets in the settings.
-timeout 300 "$wine" "$ZV_BIN/control_e2e.exe" >"$work/secrets" 2>&1
+timeout 300 "$wine" "$ZV_TEST_BIN/control_e2e.exe" >"$work/secrets" 2>&1
 status=$?
 grep -E '^\[  FAILED  \]' "$work/secrets" | sort -u | sed 's/^/secrets: /'
 secrets=$(grep -c '^\[       OK \]' "$work/secrets")

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # The host kit as Windows programs meet it: registration, a script, the demonstration host.
-# ZV_BIN: folder of the Windows programs; WINEPREFIX: the prefix to use. Ends with the line
-# "N passed, N failed".
+# ZV_BIN: folder of the programs that ship; ZV_TEST_BIN: of those that test them, the same when it is
+# not given; WINEPREFIX: the prefix to use. Ends with the line "N passed, N failed".
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
-: "${ZV_BIN:?folder of the Windows programs}" "${WINEPREFIX:?Wine prefix}"
+: "${ZV_BIN:?folder of the programs that ship}" "${ZV_TEST_BIN:=$ZV_BIN}" "${WINEPREFIX:?Wine prefix}"
 wine=${ZV_WINE:-/usr/lib/wine/wine64}
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree=;mshtml=}
 # Wine takes the texts of its command lines in the locale's encoding.
@@ -60,7 +60,7 @@ server=$(windows_path "$(realpath "$ZV_BIN/zv_Host.dll")")
 check "registers" run regsvr32 /s "$server"
 check "is in the registry then" some_traces
 
-run "$ZV_BIN/host_e2e.exe" >"$work/e2e.log" 2>&1 || status=$?
+run "$ZV_TEST_BIN/host_e2e.exe" >"$work/e2e.log" 2>&1 || status=$?
 ok=$(grep -c '^\[       OK' "$work/e2e.log")
 bad=$(grep -c '^\[  FAILED  \] [A-Za-z]*\.[A-Za-z]* (' "$work/e2e.log")
 [ "${status:-0}" -ne 0 ] && [ "$bad" -eq 0 ] && bad=1
@@ -101,7 +101,7 @@ fi
 
 # The demonstration host: it starts, logs what the control does, and ends.
 demo='任务提醒 演示主程序'
-outside() { run "$ZV_BIN/zvOutside.exe" "$@"; }
+outside() { run "$ZV_TEST_BIN/zvOutside.exe" "$@"; }
 log_has() {
     local i
     for i in $(seq 20); do

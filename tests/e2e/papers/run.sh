@@ -5,7 +5,7 @@
 # PDF file whose Chinese text another program finds; rows copied and exported. The day is the 29th
 # of December 2003.
 #
-# Needs ZV_BIN (folder of the Windows programs). With ZV_PICTURES, a folder, it leaves a picture of
+# Needs ZV_BIN and ZV_TEST_BIN, as tests/e2e/playing.sh says. With ZV_PICTURES, a folder, it leaves a picture of
 # each window there. Closes with "N passed, N failed".
 set -uo pipefail
 cd "$(dirname "$0")/../../.."

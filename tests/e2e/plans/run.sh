@@ -3,7 +3,7 @@
 # mouse: the host opens the plan editor, a monthly plan for the 31st is entered with people from the
 # staff list and its tasks are generated; the manager shows them; the plan is changed and generated
 # again, once keeping the tasks that are done and once not. What is in the file in the end is read
-# by another program. Needs ZV_BIN (folder of the Windows programs); closes with "N passed, N
+# by another program. Needs ZV_BIN and ZV_TEST_BIN, as tests/e2e/playing.sh says; closes with "N passed, N
 # failed".
 set -uo pipefail
 cd "$(dirname "$0")/../../.."

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # The report component as any program meets it: a script that prints every kind of report in both
 # scripts, read back with a PDF reader; printers that are there, gone or unknown; files that cannot
-# be written; the preview played from outside. ZV_BIN: folder of the Windows programs; WINEPREFIX:
-# the prefix to use. Ends with the line "N passed, N failed".
+# be written; the preview played from outside. ZV_BIN: folder of the programs that ship; ZV_TEST_BIN:
+# of those that test them, the same when it is not given; WINEPREFIX: the prefix to use. Ends with the
+# line "N passed, N failed".
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 cd "$here/../../.." || exit 1
 source tools/setup/wine.sh
-: "${ZV_BIN:?folder of the Windows programs}"
+: "${ZV_BIN:?folder of the programs that ship}" "${ZV_TEST_BIN:=$ZV_BIN}"
 export LC_ALL=C.UTF-8
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -15,8 +16,8 @@ passed=0
 failed=0
 
 windows_path() { printf 'Z:%s' "$1" | tr / '\\'; }
-outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
-printers() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_BIN/zvPrinters.exe" "$@"; }
+outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_TEST_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
+printers() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_TEST_BIN/zvPrinters.exe" "$@"; }
 script() { ZV_WINE_TIMEOUT=120 wine_run cscript //nologo "$(windows_path "$1")" "${@:2}" 2>&1 | tr -d '\r'
     [ "${PIPESTATUS[0]}" -eq 0 ] || echo "the script ended with ${PIPESTATUS[0]}"; }
 check() { # NAME COMMAND...

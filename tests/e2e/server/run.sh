@@ -3,7 +3,7 @@
 # one user does the other sees at the next refill, neither loses the other's work unasked, and both
 # outlive a server that goes and comes back. The server is the suite's own.
 #
-# Needs ZV_BIN (folder of the Windows programs). Closes with "N passed, N failed".
+# Needs ZV_BIN and ZV_TEST_BIN, as tests/e2e/playing.sh says. Closes with "N passed, N failed".
 set -uo pipefail
 cd "$(dirname "$0")/../../.."
 source tests/e2e/playing.sh

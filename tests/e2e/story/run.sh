@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # A day's beginning, played on the real control from outside: the demonstration host embeds it, the
 # alert window comes up by itself, the manager opens from the host, and a changed filter changes
-# the tree. Needs ZV_BIN (folder of the Windows programs); closes with "N passed, N failed".
+# the tree. Needs ZV_BIN and ZV_TEST_BIN, as tests/e2e/playing.sh says; closes with "N passed, N failed".
 set -uo pipefail
 cd "$(dirname "$0")/../../.."
 source tests/e2e/playing.sh

@@ -6,7 +6,7 @@
 # script. What is left in the file, in the registry and in the property bag is read by other
 # programs. The day is the 29th of December 2003.
 #
-# Needs ZV_BIN (folder of the Windows programs). With ZV_PICTURES, a folder, it leaves a picture of
+# Needs ZV_BIN and ZV_TEST_BIN, as tests/e2e/playing.sh says. With ZV_PICTURES, a folder, it leaves a picture of
 # each page, menu and dialog there. Closes with "N passed, N failed".
 set -uo pipefail
 cd "$(dirname "$0")/../../.."
@@ -78,8 +78,8 @@ insert into tTaskList(TaskID,fType,taskTitle,fContent,taskTime,tDuring1,tDuring2
           (0,0,'收款','','2003-12-29 00:00:00','2003-12-29 00:00:00','2003-12-29 00:00:00'),
           (0,0,'整理样品','','2003-12-29 00:00:00','2003-12-29 00:00:00','2003-12-30 00:00:00');
 SQL
-cp "$ZV_BIN/zvReceiver.exe" "$dialer"
-receiver=$(winepath_of "$ZV_BIN/zvReceiver.exe")
+cp "$ZV_TEST_BIN/zvReceiver.exe" "$dialer"
+receiver=$(winepath_of "$ZV_TEST_BIN/zvReceiver.exe")
 # What else opens addresses comes back at the end.
 for verb in mailto http; do
     registry export "HKCR\\$verb" "$(winepath_of "$work")\\$verb.reg" /y >/dev/null
