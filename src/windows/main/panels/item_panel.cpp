@@ -18,7 +18,7 @@ constexpr int kKindLabel = 3;
 constexpr int kWriterLabel = 5;
 constexpr int kStateLabel = 10;
 
-constexpr int kRows = 3;
+constexpr int kHeadRows = 3;
 
 }  // namespace
 
@@ -64,7 +64,7 @@ std::vector<FieldBox> ItemPanel::Boxes() {
 }
 
 int ItemPanel::Height() const {
-    return kRows * forms::layout::Metrics(form_.Windows().GetBackend()).Row();
+    return kHeadRows * forms::layout::Metrics(form_.Windows().GetBackend()).Row();
 }
 
 void ItemPanel::Place(const forms::Rect& area) {
