@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "control/persistence.h"
+#include "items/item_store.h"
 #include "resources/design_texts.h"
 #include "scheduling/plan_editor.h"
 #include "scheduling/staff_list.h"
@@ -174,7 +175,7 @@ bool ZvTask::MarkDirectly() {
     // Without an item myDate may be anything: a date that a call before needed, for example.
     if (item == 0) return false;
     const std::int16_t flag = number::ToInt16(state.myDate.value_or(0));
-    return session_.database.MarkItemState(item, flag, state.UserName) != 0;
+    return items::Mark(session_.database, item, flag, state.UserName);
 }
 
 bool ZvTask::AddInstance() {

@@ -1,6 +1,9 @@
 #include "items/item_store.h"
 
+#include <limits>
 #include <utility>
+
+#include "store/sql_text.h"
 
 namespace zv::items {
 namespace {
@@ -14,6 +17,11 @@ std::unique_ptr<store::Recordset> OpenRow(store::Database& database, std::int32_
     database.EnsureConnection();
     return database.Open(ItemStatement(id), store::CursorType::ForwardOnly,
                          store::LockType::Optimistic);
+}
+
+bool FitsIn16Bits(std::int32_t number) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    return number >= Limits::min() && number <= Limits::max();
 }
 
 SavedItem Described(const store::Recordset& row, const ItemRow& written) {
@@ -44,6 +52,26 @@ std::optional<ItemRow> Load(store::Database& database, std::int32_t id) {
 void Delete(store::Database& database, std::int32_t id) {
     database.EnsureConnection();
     database.Execute("Delete from tTaskList where fID =" + std::to_string(id));
+}
+
+bool Mark(store::Database& database, std::int32_t id, ItemState state, std::string_view doer) {
+    return Mark(database, id, static_cast<std::int16_t>(Number(state)), doer);
+}
+
+bool Mark(store::Database& database, std::int32_t id, std::int16_t state, std::string_view doer) {
+    if (id == 0) return false;
+    constexpr std::string_view kStateColumn = kColumns[field::kState];
+    constexpr std::string_view kDoerColumn = kColumns[field::kDoer];
+    if (!FitsIn16Bits(id) || store::BreaksLiteral(doer)) {
+        database.SetFields(ItemStatement(id), {{kStateColumn, store::Value(state)},
+                                               {kDoerColumn, store::Value(doer)}});
+    } else {
+        std::string statement = "Update tTaskList Set ";
+        statement.append(kStateColumn).append("=" + std::to_string(state) + ",");
+        statement.append(kDoerColumn).append(" = '").append(doer);
+        database.Execute(statement + "' where fID =" + std::to_string(id));
+    }
+    return true;
 }
 
 SavedItem Add(store::Database& database, std::int32_t id, const ItemEntry& entry) {

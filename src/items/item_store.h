@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "base/date_time.h"
@@ -18,6 +19,13 @@ std::optional<ItemRow> Load(store::Database& database, std::int32_t id);
 
 /// Deletes an item; one that is gone is no error.
 void Delete(store::Database& database, std::int32_t id);
+
+/// Writes the state of an item and who brought it there, and says whether that was done; also for
+/// an item that is gone, of which Database::ChangedNothing then tells. Nothing is done for the
+/// number 0. A name with an apostrophe, and a number beyond 16 bits, goes through a recordset.
+bool Mark(store::Database& database, std::int32_t id, ItemState state, std::string_view doer);
+/// The same with a state that a host gives: any number.
+bool Mark(store::Database& database, std::int32_t id, std::int16_t state, std::string_view doer);
 
 /// An item as it was written.
 struct SavedItem {

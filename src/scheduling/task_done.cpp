@@ -5,13 +5,13 @@
 #include "base/number.h"
 #include "forms/field_keys.h"
 #include "forms/row_layout.h"
+#include "items/item_store.h"
 #include "resources/text_ids.h"
 #include "scheduling/task_generation.h"
 
 namespace zv::scheduling {
 namespace {
 
-constexpr std::int16_t kDone = 1;
 constexpr char kNumberSeparator = '\t';
 
 bool IsDigit(char c) {
@@ -134,7 +134,8 @@ bool frmTaskDone::AddInstance(std::int32_t plan) {
 
 bool frmTaskDone::Complete(std::int32_t item) {
     session_.database.EnsureConnection();
-    if (session_.database.MarkItem(item, kDone, session_.state.UserName) != 1) return false;
+    if (!items::Mark(session_.database, item, items::ItemState::Done, session_.state.UserName))
+        return false;
     if (session_.database.ChangedNothing()) {
         session_.windows.ShowMessage(session_.LoadText(text_id::kItemNotFound),
                                      forms::box::kExclamation);

@@ -1,10 +1,8 @@
 #include "store/database.h"
 
-#include <limits>
 #include <utility>
 
 #include "base/errors.h"
-#include "store/sql_text.h"
 
 namespace zv::store {
 namespace {
@@ -15,11 +13,6 @@ void CloseQuietly(std::unique_ptr<Connection> connection) {
         if (connection && connection->State() != Connection::kStateClosed) connection->Close();
     } catch (const RuntimeError&) {
     }
-}
-
-bool FitsIn16Bits(std::int32_t number) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    return number >= Limits::min() && number <= Limits::max();
 }
 
 }  // namespace
@@ -109,24 +102,6 @@ bool Database::SetFields(const std::string& select, const std::vector<FieldValue
     row->Close();
     rowsChanged_ = found ? 1 : 0;
     return found;
-}
-
-std::uint8_t Database::MarkItemState(std::int16_t fID, std::int16_t state,
-                                     std::string_view doneMan) {
-    return MarkItem(fID, state, doneMan);
-}
-
-std::uint8_t Database::MarkItem(std::int32_t fID, std::int16_t state, std::string_view doneMan) {
-    if (fID == 0) return 0;
-    const std::string number = std::to_string(fID);
-    if (!FitsIn16Bits(fID) || BreaksLiteral(doneMan)) {
-        SetFields("select * from tTaskList where fID=" + number,
-                  {{"tDone", Value(state)}, {"tDoneMan", Value(doneMan)}});
-    } else {
-        Execute("Update tTaskList Set tDone=" + std::to_string(state) + ",tDoneMan = '" +
-                std::string(doneMan) + "' where fID =" + number);
-    }
-    return 1;
 }
 
 std::string Database::DateLiteral(DateTime date) const {

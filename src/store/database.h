@@ -65,12 +65,6 @@ class Database {
     /// lock: for values that must not stand in a statement. False when there is no row.
     bool SetFields(const std::string& select, const std::vector<FieldValue>& fields);
 
-    /// Writes the completion state of an item: 1 when it was written or the item is gone, see
-    /// ChangedNothing; 0 for fID 0. A name with an apostrophe goes through a recordset.
-    std::uint8_t MarkItemState(std::int16_t fID, std::int16_t state, std::string_view doneMan);
-    /// The same for numbers of any width; those beyond 16 bits go through a recordset.
-    std::uint8_t MarkItem(std::int32_t fID, std::int16_t state, std::string_view doneMan);
-
     /// The character that brackets a date literal: '#' for Access, '\'' for a server.
     void SetDateDelimiter(char delimiter) { dateDelimiter_ = delimiter; }
     char DateDelimiter() const { return dateDelimiter_; }

@@ -3,6 +3,7 @@
 #include <array>
 #include <vector>
 
+#include "items/item_store.h"
 #include "reports/print_report.h"
 #include "scheduling/occurrences.h"
 #include "scheduling/plan_editor.h"
@@ -34,7 +35,7 @@ std::string CallMarkItemState(Stage& stage, const Arguments& arguments) {
     const std::int16_t item = number::ToInt16(arguments[0]);
     const std::int16_t state = number::ToInt16(arguments[1]);
     stage.session.database.EnsureConnection();
-    return std::to_string(stage.session.database.MarkItemState(item, state, arguments[2]));
+    return std::to_string(items::Mark(stage.session.database, item, state, arguments[2]));
 }
 
 std::string CallMakeLikePattern(Stage&, const Arguments& arguments) {

@@ -1,61 +1,18 @@
 #include "store/database.h"
 
-#include "engines.h"
+#include "watched_database.h"
 
 namespace zv::store {
 namespace {
 
-class Opener final : public ConnectionOpener {
- public:
-    std::unique_ptr<Connection> Open(const ConnectionSettings&) override {
-        opened++;
-        if (refuse) throw RuntimeError(ErrorNumber::DatabaseFailure, "refused");
-        return database->Connect();
-    }
-    TestDatabase* database = nullptr;
-    int opened = 0;
-    bool refuse = false;
-};
-
-class Log final : public StatementObserver {
- public:
-    void OnStatement(const std::string& sql) override {
-        statements.push_back(sql);
-        if (fail) throw RuntimeError(ErrorNumber::DatabaseFailure, "told to fail");
-    }
-    void OnRowUpdate() override {
-        updates++;
-        if (fail) throw RuntimeError(ErrorNumber::DatabaseFailure, "told to fail");
-    }
-    std::vector<std::string> statements;
-    int updates = 0;
-    bool fail = false;
-};
-
-class StoreTest : public EngineTest {
- protected:
-    void SetUp() override {
-        EngineTest::SetUp();
-        opener_.database = EngineTest::database_.get();
-    }
-
-    Opener opener_;
-    Log log_;
-    Database database_{opener_, [] { return ConnectionSettings{}; }, &log_};
-};
-
-class EnsureConnection : public StoreTest {};
-class CountRows : public StoreTest {};
-class MarkItemState : public StoreTest {};
-class MarkItem : public StoreTest {};
-class SetFields : public StoreTest {};
-class DateLiteral : public StoreTest {};
-class StatementLog : public StoreTest {};
+class EnsureConnection : public WatchedDatabaseTest {};
+class CountRows : public WatchedDatabaseTest {};
+class SetFields : public WatchedDatabaseTest {};
+class DateLiteral : public WatchedDatabaseTest {};
+class StatementLog : public WatchedDatabaseTest {};
 
 ZV_ON_EVERY_ENGINE(EnsureConnection);
 ZV_ON_EVERY_ENGINE(CountRows);
-ZV_ON_EVERY_ENGINE(MarkItemState);
-ZV_ON_EVERY_ENGINE(MarkItem);
 ZV_ON_EVERY_ENGINE(SetFields);
 ZV_ON_EVERY_ENGINE(DateLiteral);
 ZV_ON_EVERY_ENGINE(StatementLog);
@@ -119,66 +76,6 @@ TEST_P(CountRows, AnswersMinusOneBeyondSixteenBits) {
     EXPECT_EQ(database_.CountRows("tRsBasic", ""), -1);
 }
 
-TEST_P(MarkItemState, SendsExactlyThisStatement) {
-    database_.EnsureConnection();
-    Execute("insert into tTaskList(fID,taskTitle) values(5,'x')");
-    EXPECT_EQ(database_.MarkItemState(5, 2, "张三"), 1);
-    EXPECT_EQ(log_.statements.back(),
-              "Update tTaskList Set tDone=2,tDoneMan = '张三' where fID =5");
-    EXPECT_EQ(Rows("select tDone,tDoneMan from tTaskList"), "2|张三");
-}
-TEST_P(MarkItemState, SendsNothingForItemZero) {
-    database_.EnsureConnection();
-    EXPECT_EQ(database_.MarkItemState(0, 1, "x"), 0);
-    EXPECT_TRUE(log_.statements.empty());
-}
-TEST_P(MarkItemState, AnswersOneForAnUnknownItem) {
-    database_.EnsureConnection();
-    EXPECT_EQ(database_.MarkItemState(77, 1, "x"), 1);
-}
-TEST_P(MarkItemState, KeepsANameWithAnApostropheOutOfTheStatement) {
-    database_.EnsureConnection();
-    Execute("insert into tTaskList(fID,taskTitle) values(5,'x')");
-    EXPECT_EQ(database_.MarkItemState(5, 1, "O'Brien"), 1);
-    EXPECT_FALSE(database_.ChangedNothing());
-    EXPECT_EQ(log_.statements, std::vector<std::string>{"select * from tTaskList where fID=5"});
-    EXPECT_EQ(log_.updates, 1);
-    EXPECT_EQ(Rows("select taskTitle,tDone,tDoneMan from tTaskList"), "x|1|O'Brien");
-}
-TEST_P(MarkItemState, TellsThatNoRowWasChangedEitherWay) {
-    database_.EnsureConnection();
-    EXPECT_EQ(database_.MarkItemState(77, 1, "x"), 1);
-    EXPECT_TRUE(database_.ChangedNothing());
-    EXPECT_EQ(database_.MarkItemState(77, 1, "O'Brien"), 1);
-    EXPECT_TRUE(database_.ChangedNothing());
-}
-
-TEST_P(MarkItem, SendsTheStatementUpToSixteenBits) {
-    database_.EnsureConnection();
-    EXPECT_EQ(database_.MarkItem(32767, 1, "x"), 1);
-    EXPECT_EQ(log_.statements.back(),
-              "Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =32767");
-}
-TEST_P(MarkItem, GoesThroughARecordsetBeyondSixteenBits) {
-    database_.EnsureConnection();
-    Execute("insert into tTaskList(fID,taskTitle) values(32768,'x')");
-    EXPECT_EQ(database_.MarkItem(32768, 2, "张三"), 1);
-    EXPECT_FALSE(database_.ChangedNothing());
-    EXPECT_EQ(log_.statements, std::vector<std::string>{"select * from tTaskList where fID=32768"});
-    EXPECT_EQ(Rows("select taskTitle,tDone,tDoneMan from tTaskList"), "x|2|张三");
-}
-TEST_P(MarkItem, TellsThatAGreatItemIsGone) {
-    database_.EnsureConnection();
-    EXPECT_EQ(database_.MarkItem(70000, 1, "x"), 1);
-    EXPECT_TRUE(database_.ChangedNothing());
-    EXPECT_EQ(log_.updates, 0);
-}
-TEST_P(MarkItem, DoesNothingForItemZero) {
-    database_.EnsureConnection();
-    EXPECT_EQ(database_.MarkItem(0, 1, "O'Brien"), 0);
-    EXPECT_TRUE(log_.statements.empty());
-}
-
 TEST_P(SetFields, SetsAFieldOfAPlan) {
     database_.EnsureConnection();
     Execute("insert into tTaskSet(TaskID,taskTitle) values(3,'x')");
@@ -190,9 +87,12 @@ TEST_P(SetFields, SetsAFieldOfAPlan) {
 }
 TEST_P(SetFields, LeavesNothingSaidAboutTheRowsWhenItFails) {
     database_.EnsureConnection();
-    database_.MarkItemState(77, 1, "x");
+    database_.Execute("delete from tTaskList where fID =77");
+    EXPECT_TRUE(database_.ChangedNothing());
     log_.fail = true;
-    ErrorOf([&] { database_.MarkItem(70000, 1, "x"); });
+    ErrorOf([&] {
+        database_.SetFields("select * from tTaskList where fID=77", {{"tDone", Value(1)}});
+    });
     EXPECT_FALSE(database_.ChangedNothing());
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "forms/form.h"
+#include "items/item_store.h"
 #include "resources/text_ids.h"
 #include "scheduling/task_generation.h"
 #include "windows/main/acts/rights.h"
@@ -75,8 +76,7 @@ void Completion::SetItemState(std::int16_t mode) {
         return;
     }
     session_.database.EnsureConnection();
-    const auto number = static_cast<std::int16_t>(Number(state));
-    if (session_.database.MarkItem(item.number, number, doer) != 1) return;
+    if (!items::Mark(session_.database, item.number, state, doer)) return;
     if (session_.database.ChangedNothing()) {
         // Somebody else has deleted the item: there is nothing that could be shown as done.
         session_.windows.ShowMessage(session_.LoadText(text_id::kItemNotFound),
