@@ -10,17 +10,17 @@
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
+#include "plans/occurrences.h"
 #include "program.h"
-#include "scheduling/occurrences.h"
-#include "scheduling/plan_editor.h"
-#include "scheduling/task_generation.h"
 #include "stage.h"
 #include "store/schema/schema.h"
+#include "windows/generation/boxes.h"
+#include "windows/plan_editor/frm_task_set.h"
 
 namespace {
 
 using namespace zv::bench;
-using zv::scheduling::Plan;
+using zv::plans::Plan;
 
 constexpr int kPlan = 17;
 constexpr char kTitle[] = "每日巡检并提交值班记录";
@@ -30,7 +30,7 @@ constexpr char kContent[] = "检查设备运行状态, 填写值班日志, 异�
 Plan LongestPlan(int kind) {
     Plan plan;
     plan.taskId = kPlan;
-    plan.begin = zv::DateTime(2021, 1, kind == zv::scheduling::circle::kDaily ? 1 : 31);
+    plan.begin = zv::DateTime(2021, 1, kind == zv::plans::circle::kDaily ? 1 : 31);
     plan.end = zv::DateTime(2026, 12, 31);
     plan.circleType = kind;
     plan.month = 1;
@@ -40,7 +40,7 @@ Plan LongestPlan(int kind) {
 }
 
 Dates OfPlan(const Plan& plan) {
-    zv::scheduling::Occurrences occurrences(plan);
+    zv::plans::Occurrences occurrences(plan);
     Dates dates;
     while (const auto date = occurrences.Next()) {
         dates.sum += date->Seconds();
@@ -93,7 +93,7 @@ class BareInsert {
                                  "tDuring1,tDuring2) values(?,?,?,0,?,?,?)",
                                  -1, &statement, nullptr));
         insert_.reset(statement);
-        for (zv::scheduling::Occurrences dates(plan); const auto date = dates.Next();) {
+        for (zv::plans::Occurrences dates(plan); const auto date = dates.Next();) {
             dates_.push_back(date->IsoDateTime());
         }
     }
@@ -145,7 +145,7 @@ void MeasureGeneration(const std::string& path, int runs) {
     zv::forms::headless::HeadlessBackend backend(dialogs);
     Stage stage(backend, path);
     zv::Session& session = stage.GetSession();
-    BareInsert bare(path, LongestPlan(zv::scheduling::circle::kDaily));
+    BareInsert bare(path, LongestPlan(zv::plans::circle::kDaily));
     RawDatabase host(path);
     const auto timed = [&](const auto& work, Series& processor) {
         host.Run("delete from tTaskList");
@@ -168,7 +168,7 @@ void MeasureGeneration(const std::string& path, int runs) {
     InTurn(
         runs,
         [&] {
-            return timed([&] { zv::scheduling::GenerateTaskList(session, std::to_string(kPlan)); },
+            return timed([&] { zv::windows::GenerateTaskList(session, std::to_string(kPlan)); },
                          oursProcessor);
         },
         ours, [&] { return timed([&] { bare.Insert(); }, floorProcessor); }, floor);
@@ -187,8 +187,8 @@ void MeasureEditor(const std::string& path, int runs) {
         const Stopwatch watch;
         stage.Control().refresh(2, 0);
         if (run > 0) ours.Add(watch.Milliseconds());
-        const auto* editor = stage.GetSession().windows.Find<zv::scheduling::frmTaskSet>(
-            zv::scheduling::frmTaskSet::kName);
+        const auto* editor = stage.GetSession().windows.Find<zv::windows::frmTaskSet>(
+            zv::windows::frmTaskSet::kName);
         if (editor == nullptr || !editor->IsShown() || editor->txtTaskID.Text() != "18") {
             throw std::runtime_error("the plan editor is not ready");
         }
@@ -201,7 +201,7 @@ std::string MakeDatabase(const std::string& folder) {
     const std::string path = folder + "/plans.db";
     for (const char* end : {"", "-wal", "-shm"}) std::filesystem::remove(path + end);
     zv::store::CreateSqliteDatabase(path);
-    const Plan plan = LongestPlan(zv::scheduling::circle::kDaily);
+    const Plan plan = LongestPlan(zv::plans::circle::kDaily);
     RawDatabase(path).Run(
         "insert into tTaskSet(TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,taskMonth,"
         "taskday,TaskWeek,Type,TypeValue,Content) values(" +
@@ -211,7 +211,7 @@ std::string MakeDatabase(const std::string& folder) {
 }
 
 void Measure(const std::string& folder, int runs) {
-    namespace circle = zv::scheduling::circle;
+    namespace circle = zv::plans::circle;
     MeasureOccurrences(
         "every day", circle::kDaily, [] { return EveryDays(1, 1); }, runs);
     MeasureOccurrences(

@@ -13,12 +13,12 @@
 #include "floors/server_client.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
+#include "plans/occurrences.h"
 #include "program.h"
-#include "scheduling/occurrences.h"
-#include "scheduling/task_generation.h"
 #include "stage.h"
 #include "store/dialect/targets.h"
 #include "store/dialect/translator.h"
+#include "windows/generation/boxes.h"
 
 namespace {
 
@@ -95,10 +95,10 @@ void MeasureList(int runs) {
 
 /// The longest daily plan; the floor inserts the same rows, each its own commit.
 void MeasureGeneration(int runs) {
-    zv::scheduling::Plan plan;
+    zv::plans::Plan plan;
     plan.begin = zv::DateTime(2021, 1, 1);
     plan.end = zv::DateTime(2026, 12, 31);
-    plan.circleType = zv::scheduling::circle::kDaily;
+    plan.circleType = zv::plans::circle::kDaily;
     const auto connection = Connect();
     connection->Execute(std::string("delete from tTaskSet where TaskID=") + kPlan);
     connection->Execute(
@@ -109,7 +109,7 @@ void MeasureGeneration(int runs) {
     int rows = 0;
     {
         std::ofstream file(path);
-        zv::scheduling::Occurrences dates(plan);
+        zv::plans::Occurrences dates(plan);
         for (; const auto date = dates.Next(); rows++) {
             const std::string day = "'" + date->IsoDateTime() + "'";
             file << "insert into ttasklist(taskid,tasktitle,fcontent,tdone,tasktime,tduring1,"
@@ -137,7 +137,7 @@ void MeasureGeneration(int runs) {
         [&] {
             return timed([&] {
                 const Stopwatch watch;
-                zv::scheduling::GenerateTaskList(stage.GetSession(), kPlan);
+                zv::windows::GenerateTaskList(stage.GetSession(), kPlan);
                 return watch.Milliseconds();
             });
         },

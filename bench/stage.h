@@ -129,7 +129,7 @@ inline double TimeOfAlertPass(Stage& stage, int& nodes) {
     stage.Control().refresh(0, 0);
     const double time = watch.Milliseconds();
     if (stage.Window() == nullptr) throw std::runtime_error("nothing is due");
-    nodes = stage.Window()->tvwTask.Count();
+    nodes = stage.Window()->tree.tvwTask.Count();
     stage.UnloadWindows();
     return time;
 }

@@ -11,9 +11,9 @@
 #include "floors/bare_window.h"
 #include "forms/win32/win32_backend.h"
 #include "measure.h"
-#include "scheduling/plan_editor.h"
 #include "stage.h"
 #include "win32/wide_main.h"
+#include "windows/plan_editor/frm_task_set.h"
 
 namespace zv::bench {
 namespace {
@@ -77,10 +77,10 @@ int Main(const std::vector<std::string>& arguments) {
     NoDialogs dialogs;
     forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
     Stage stage(backend, arguments[0]);
-    const auto open = [&]() -> scheduling::frmTaskSet& {
+    const auto open = [&]() -> windows::frmTaskSet& {
         stage.Control().refresh(2, 0);
         auto* editor =
-            stage.GetSession().windows.Find<scheduling::frmTaskSet>(scheduling::frmTaskSet::kName);
+            stage.GetSession().windows.Find<windows::frmTaskSet>(windows::frmTaskSet::kName);
         if (editor == nullptr) throw std::runtime_error("the editor did not open");
         return *editor;
     };

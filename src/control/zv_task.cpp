@@ -4,12 +4,12 @@
 #include "control/persistence.h"
 #include "items/item_store.h"
 #include "resources/design_texts.h"
-#include "scheduling/plan_editor.h"
-#include "scheduling/staff_list.h"
-#include "scheduling/task_done.h"
-#include "scheduling/task_generation.h"
 #include "session/store_choice.h"
+#include "windows/completion/frm_task_done.h"
+#include "windows/generation/boxes.h"
 #include "windows/main/frm_task_main.h"
+#include "windows/plan_editor/frm_task_set.h"
+#include "windows/staff/frm_list.h"
 
 namespace zv {
 namespace {
@@ -113,17 +113,17 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
             OpenMainWindow(kManager, modal);
             break;
         case kPlanEditor:
-            scheduling::ShowPlanEditor(session_, 0, modal);
+            windows::ShowPlanEditor(session_, 0, modal);
             break;
         case kStaffList:
-            scheduling::ShowStaffList(session_, kActionOfAHost, modal);
+            windows::ShowStaffList(session_, kActionOfAHost, modal);
             break;
         case kMark:
             MarkDirectly();
             break;
         case kMarkOrAsk:
             if (!MarkDirectly()) {
-                scheduling::ShowTaskDone(session_, scheduling::frmTaskDone::kCompleteItem, modal);
+                windows::ShowTaskDone(session_, windows::frmTaskDone::kCompleteItem, modal);
             }
             break;
         case kAddInstance:
@@ -131,7 +131,7 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
             break;
         case kAddInstanceOrAsk:
             if (!AddInstance()) {
-                scheduling::ShowTaskDone(session_, scheduling::frmTaskDone::kAddItem, modal);
+                windows::ShowTaskDone(session_, windows::frmTaskDone::kAddItem, modal);
             }
             break;
         case kCards: {
@@ -182,7 +182,7 @@ bool ZvTask::AddInstance() {
     const ControlState& state = session_.state;
     const std::int16_t plan = number::ToInt16(static_cast<double>(state.myTaskID));
     const DateTime date = ToDate(state.myDate.value_or(0));
-    return scheduling::AddTaskInstance(session_, plan, date) != 0;
+    return windows::AddTaskInstance(session_, plan, date);
 }
 
 }  // namespace zv

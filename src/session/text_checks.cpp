@@ -1,8 +1,8 @@
 #include "session/text_checks.h"
 
-#include "base/number.h"
 #include "base/text.h"
 #include "forms/text_box.h"
+#include "items/entry_text.h"
 #include "resources/text_ids.h"
 #include "session/session.h"
 #include "store/sql_text.h"
@@ -15,14 +15,8 @@ bool CheckText(Session& session, std::string_view text) {
     return false;
 }
 
-std::int16_t FieldTextMessage(std::string_view text, bool numericOnly) {
-    if (store::BreaksLiteral(text)) return text_id::kNoQuote;
-    if (numericOnly && !text.empty() && !number::IsNumeric(text)) return text_id::kOnlyNumbers;
-    return 0;
-}
-
 bool CheckFieldText(Session& session, forms::TextBox& box, bool numericOnly) {
-    const std::int16_t message = FieldTextMessage(box.Text(), numericOnly);
+    const std::int16_t message = items::WhyRefused(box.Text(), numericOnly);
     if (message == 0) return false;
     session.windows.ShowMessage(session.LoadText(message), forms::box::kExclamation);
     box.SelectAll();

@@ -18,10 +18,6 @@ class Session;
 /// False, after showing message 183, when the text holds a single quote.
 bool CheckText(Session& session, std::string_view text);
 
-/// The catalogue id of why a text is refused, 0 when it is not: a single quote (131) or, with
-/// `numericOnly`, a non-empty text that is not a number (130).
-std::int16_t FieldTextMessage(std::string_view text, bool numericOnly);
-
 /// True when the box's text is refused: a single quote (message 131) or, with `numericOnly`, a
 /// non-empty text that is not a number (message 130). The whole text is selected then.
 bool CheckFieldText(Session& session, forms::TextBox& box, bool numericOnly);

@@ -31,7 +31,7 @@ check "what ships links nothing that plays the user" \
         xargs grep -nE 'zv_(driver|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
 
 # A folder may include only folders that stand before it in this list, and itself.
-order=(base store platform resources suite items cards staff forms progress session scheduling reports windows control com)
+order=(base store platform resources suite items cards staff plans forms progress session reports windows control com)
 allowed=
 for folder in "${order[@]}"; do
     allowed="$allowed${allowed:+|}$folder"
@@ -42,6 +42,20 @@ done
 check "items, plans, cards and staff know no window, no machine and no session" \
     "$(sources src/suite src/items src/plans src/cards src/staff |
         xargs grep -nE '#include "(forms|platform|session)/')"
+
+# zvdb works without a display and without a control.
+check "zvdb includes nothing of windows" \
+    "$(sources tools/zvdb | xargs grep -nE '#include "(forms|progress|session|reports|windows|control|com)/')"
+check "zvdb links nothing of windows" \
+    "$(grep -nE 'zv_(forms|progress|session|reports|windows|control|com)' tools/zvdb/CMakeLists.txt)"
+
+# The domain writes the statements; a window may at most hand one on.
+statements='"([^"]* )?(select|insert|update|delete) [^"]*"'
+check "windows write no statements" \
+    "$(sources src/windows | xargs grep -niE "$statements")"
+check "the statements of the domain are seen" \
+    "$([ "$(sources src/items src/plans src/cards src/staff | xargs grep -hiE "$statements" | wc -l)" -ge 20 ] ||
+        echo "fewer than there are")"
 
 # A panel is put together with others by the window; it may share the model and a table of boxes.
 check "no panel includes the window, an act or another panel" \

@@ -4,7 +4,7 @@
 #include <set>
 #include <thread>
 
-#include "scheduling/task_generation.h"
+#include "windows/generation/boxes.h"
 
 namespace zv::torture {
 namespace {
@@ -132,7 +132,7 @@ bool Worker::RemoveItem(const Step& step) {
 
 bool Worker::Generate() {
     stage_.dialogs.answers = {random_() % 2 == 0 ? Answer::Yes : Answer::No, Answer::Ok};
-    scheduling::GenerateTaskList(stage_.session, kPlan);
+    windows::GenerateTaskList(stage_.session, kPlan);
     return true;
 }
 

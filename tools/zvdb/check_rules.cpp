@@ -3,11 +3,24 @@
 #include <string>
 
 #include "base/text.h"
+#include "items/item.h"
+#include "plans/plan_rules.h"
 #include "zvdb/check.h"
-#include "zvdb/plan.h"
 
 namespace zv::zvdb::rules {
 namespace {
+
+namespace circle = plans::circle;
+namespace side = plans::side;
+
+/// The numbers under which they are stored, as a list.
+template <class Values>
+std::string Numbers(const Values& values) {
+    std::string list;
+    for (const auto value : values)
+        list += (list.empty() ? "" : ",") + std::to_string(Number(value));
+    return list;
+}
 
 /// Bytes of the text in a double-byte code page.
 std::size_t DoubleByteLength(std::string_view text) {
@@ -23,14 +36,14 @@ class PlanRow {
         : row_(row), problems_(problems), key_(row.Text(0)) {}
 
     void Check() {
-        constexpr std::size_t kLongestText = 50;
+        constexpr std::size_t kLongestText = plans::kMaximumTextBytes;
         const std::string title = row_.Text(1);
-        if (Number(0) == 0) Tell("has no number");
-        if (text::Trim(title).empty()) Tell("has no title");
-        if (DoubleByteLength(title) > kLongestText) Tell("has a title of more than 50 bytes");
+        if (Number(0) == 0) Report("has no number");
+        if (text::Trim(title).empty()) Report("has no title");
+        if (DoubleByteLength(title) > kLongestText) Report("has a title of more than 50 bytes");
         if (DoubleByteLength(row_.Text(11)) > kLongestText ||
             DoubleByteLength(row_.Text(12)) > kLongestText) {
-            Tell("has a person's name of more than 50 bytes");
+            Report("has a person's name of more than 50 bytes");
         }
         CheckRange();
         CheckRecurrence();
@@ -41,40 +54,40 @@ class PlanRow {
     bool Within(int column, int low, int high) const {
         return !row_.IsNull(column) && Number(column) >= low && Number(column) <= high;
     }
-    void Tell(const std::string& what) { problems_.push_back("plan " + key_ + " " + what); }
+    void Report(const std::string& what) { problems_.push_back("plan " + key_ + " " + what); }
 
     void CheckRange() {
         const auto begin = DateTime::Parse(row_.Text(2));
         const auto end = DateTime::Parse(row_.Text(3));
         if (!begin || !end) {
-            Tell("has no valid first or last day");
+            Report("has no valid first or last day");
         } else if (*begin > *end) {
-            Tell("ends before it begins");
-        } else if (end->Year() - begin->Year() > 5) {
-            Tell("runs over more than five years");
+            Report("ends before it begins");
+        } else if (end->Year() - begin->Year() > plans::kMaximumYears) {
+            Report("runs over more than five years");
         }
     }
 
     void CheckRecurrence() {
-        const bool circle = Within(4, 0, 3);
-        const bool step = Within(5, 1, 999);
-        const bool side = Within(9, 1, 3);
-        const bool width = Within(10, 0, 99);
-        if (!circle) Tell("has no valid kind of recurrence (CircleType 0 to 3)");
-        if (!step) Tell("has a step that is not 1 to 999 (CircleValue)");
-        if (!side) Tell("has no valid alert side (Type 1 to 3)");
-        if (!width) Tell("has an alert width that is not 0 to 99 days (TypeValue)");
-        if (!circle) return;
-        const auto kind = static_cast<Circle>(Number(4));
-        if (kind == Circle::Yearly && !Within(6, 1, 12)) Tell("has no valid month");
-        if ((kind == Circle::Yearly || kind == Circle::Monthly) && !Within(7, 1, 31)) {
-            Tell("has no valid day of the month");
+        const bool kind = Within(4, circle::kYearly, circle::kWeekly);
+        const bool step = Within(5, 1, plans::kMaximumCircleValue);
+        const bool alert = Within(9, side::kAhead, side::kBoth);
+        const bool width = Within(10, 0, plans::kMaximumTypeValue);
+        if (!kind) Report("has no valid kind of recurrence (CircleType 0 to 3)");
+        if (!step) Report("has a step that is not 1 to 999 (CircleValue)");
+        if (!alert) Report("has no valid alert side (Type 1 to 3)");
+        if (!width) Report("has an alert width that is not 0 to 99 days (TypeValue)");
+        if (!kind) return;
+        const auto type = static_cast<int>(Number(4));
+        if (type == circle::kYearly && !Within(6, 1, 12)) Report("has no valid month");
+        if ((type == circle::kYearly || type == circle::kMonthly) && !Within(7, 1, 31)) {
+            Report("has no valid day of the month");
         }
-        if (kind == Circle::Weekly && !Within(8, 0, 6)) Tell("has no valid weekday");
-        if (step && side && width &&
-            !WindowsStayApart(kind, static_cast<int>(Number(5)), static_cast<AlertSide>(Number(9)),
-                              static_cast<int>(Number(10)))) {
-            Tell("has alert windows that overlap");
+        if (type == circle::kWeekly && !Within(8, 0, 6)) Report("has no valid weekday");
+        if (step && alert && width &&
+            plans::WindowsOverlap(type, static_cast<double>(Number(5)), static_cast<int>(Number(9)),
+                                  static_cast<double>(Number(10)))) {
+            Report("has alert windows that overlap");
         }
     }
 
@@ -97,21 +110,28 @@ void CheckPlans(Inspected& database, std::vector<std::string>& problems) {
 }
 
 void CheckItems(Inspected& database, std::vector<std::string>& problems) {
+    const std::string task = std::to_string(Number(items::ItemKind::Task));
+    const std::string guest = std::to_string(Number(items::ItemKind::Guest));
     // Engines join however many rows there are, whatever indexes they have; not all of them look a
     // number up in a long list.
     Find(database, problems, "guest items without a card",
          "select distinct a.fID from tTaskList a left join cards c on c.fID=a.TaskID "
-         "where a.fType=1 and c.fID is null");
+         "where a.fType=" +
+             guest + " and c.fID is null");
     // A task that a user entered while a card was shown carries that card's number; one that was
     // made from a plan has no user.
     Find(database, problems, "task items whose plan is gone",
          "select distinct a.fID from tTaskList a left join tTaskSet p on p.TaskID=a.TaskID "
-         "left join cards c on c.fID=a.TaskID where a.fType=0 and a.TaskID<>0 "
-         "and p.TaskID is null and (coalesce(a.fUser,'')='' or c.fID is null)");
+         "left join cards c on c.fID=a.TaskID where a.fType=" +
+             task +
+             " and a.TaskID<>0 "
+             "and p.TaskID is null and (coalesce(a.fUser,'')='' or c.fID is null)");
     Find(database, problems, "items of an unknown kind (fType 0 to 2)",
-         "select fID from tTaskList where fType is null or fType not in (0,1,2)");
+         "select fID from tTaskList where fType is null or fType not in (" +
+             Numbers(items::kItemKinds) + ")");
     Find(database, problems, "items in an unknown state (tDone 0 to 2)",
-         "select fID from tTaskList where tDone is null or tDone not in (0,1,2)");
+         "select fID from tTaskList where tDone is null or tDone not in (" +
+             Numbers(items::kItemStates) + ")");
     Find(database, problems, "items without a valid date",
          "select fID from tTaskList where taskTime is null or " + database.NotADate("taskTime"));
     Find(database, problems, "items whose alert window is not made of dates",

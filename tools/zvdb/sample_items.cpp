@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdio>
 
+#include "items/item.h"
+#include "plans/occurrences.h"
 #include "zvdb/random.h"
 #include "zvdb/sample_parts.h"
 #include "zvdb/words.h"
@@ -10,15 +12,33 @@
 namespace zv::zvdb {
 namespace {
 
-enum Kind { kTask = 0, kGuest = 1, kDiary = 2 };
-enum State { kNotDone = 0, kDone = 1, kInHand = 2 };
+using items::ItemKind;
+using items::ItemState;
+using plans::Plan;
+
+std::int64_t Stored(ItemKind kind) {
+    return Number(kind);
+}
+std::int64_t Stored(ItemState state) {
+    return Number(state);
+}
 
 /// Most of the past is done, most of the future is not, and now is when things are moving.
-State StateAround(Random& random, DateTime begin, DateTime end, DateTime today) {
+ItemState StateAround(Random& random, DateTime begin, DateTime end, DateTime today) {
     const int dice = random.Below(100);
-    if (end < today) return dice < 88 ? kDone : dice < 93 ? kInHand : kNotDone;
-    if (begin > today) return dice < 95 ? kNotDone : dice < 98 ? kInHand : kDone;
-    return dice < 55 ? kNotDone : dice < 80 ? kInHand : kDone;
+    if (end < today)
+        return dice < 88 ? ItemState::Done : dice < 93 ? ItemState::InHand : ItemState::NotDone;
+    if (begin > today)
+        return dice < 95 ? ItemState::NotDone : dice < 98 ? ItemState::InHand : ItemState::Done;
+    return dice < 55 ? ItemState::NotDone : dice < 80 ? ItemState::InHand : ItemState::Done;
+}
+
+std::vector<DateTime> DaysOf(const Plan& plan) {
+    std::vector<DateTime> days;
+    for (plans::Occurrences occurrences(plan); const auto day = occurrences.Next();) {
+        days.push_back(*day);
+    }
+    return days;
 }
 
 class ItemWriter {
@@ -44,18 +64,19 @@ class ItemWriter {
     /// Writes one item for each day, with the fields that generating a plan sets.
     void WritePlan(const Plan& plan, const std::vector<DateTime>& days) {
         for (const DateTime day : days) {
-            const DateTime begin = AlertBegin(plan, day);
-            const DateTime end = AlertEnd(plan, day);
-            const State state = StateAround(random_, begin, end, options_.today);
+            const plans::AlertWindow window = plans::AlertWindowOf(day, plan.type, plan.typeValue);
+            const DateTime begin = window.first.value();
+            const DateTime end = window.last.value();
+            const ItemState state = StateAround(random_, begin, end, options_.today);
             const std::string time = day.IsoDateTime();
             const std::string from = begin.IsoDateTime();
             const std::string to = end.IsoDateTime();
-            Statement& insert = state == kNotDone ? generated_ : completed_;
-            insert.Bind(std::int64_t{plan.number}).Bind(plan.title).Bind(plan.content);
-            insert.Bind(time).Bind(from).Bind(to).Bind(std::int64_t{state});
+            Statement& insert = state == ItemState::NotDone ? generated_ : completed_;
+            insert.Bind(std::int64_t{plan.taskId}).Bind(plan.title).Bind(plan.content);
+            insert.Bind(time).Bind(from).Bind(to).Bind(Stored(state));
             std::string doer;
-            if (state != kNotDone) {
-                doer = plan.doer.empty() ? random_.Pick(staff_).name : plan.doer;
+            if (state != ItemState::NotDone) {
+                doer = plan.doneMan.empty() ? random_.Pick(staff_).name : plan.doneMan;
                 insert.Bind(doer);
             }
             insert.Run();
@@ -70,11 +91,14 @@ class ItemWriter {
         for (int i = 0; i < count; ++i) {
             // The first few give today one item of each kind in each state.
             if (i < 9) {
-                WriteEntry(static_cast<Kind>(i % 3), options_.today, static_cast<State>(i / 3));
+                WriteEntry(static_cast<ItemKind>(i % 3), options_.today,
+                           static_cast<ItemState>(i / 3));
                 continue;
             }
             const int dice = random_.Below(100);
-            const Kind kind = dice < 40 ? kTask : dice < 75 ? kGuest : kDiary;
+            const ItemKind kind = dice < 40   ? ItemKind::Task
+                                  : dice < 75 ? ItemKind::Guest
+                                              : ItemKind::Diary;
             DateTime time = options_.today.AddDays(random_.Between(-past, future));
             if (random_.Chance(12)) {
                 time = time.AddSeconds(60 * (30 * random_.Between(16, 35)));
@@ -84,12 +108,13 @@ class ItemWriter {
     }
 
  private:
-    void WriteEntry(Kind kind, DateTime time, State state) {
-        if (kind == kGuest && cards_.empty()) kind = kDiary;
+    void WriteEntry(ItemKind kind, DateTime time, ItemState state) {
+        if (kind == ItemKind::Guest && cards_.empty()) kind = ItemKind::Diary;
         const std::string moment = time.IsoDateTime();
         const Person& user = random_.Pick(staff_);
-        const std::string doer =
-            state != kNotDone || random_.Chance(70) ? random_.Pick(staff_).name : std::string();
+        const std::string doer = state != ItemState::NotDone || random_.Chance(70)
+                                     ? random_.Pick(staff_).name
+                                     : std::string();
         std::string title;
         std::string_view content;
         std::string_view guest;
@@ -98,10 +123,10 @@ class ItemWriter {
         std::string_view result;
         std::int64_t card = 0;
         bool traditional = random_.Chance(12);
-        if (kind == kTask) {
+        if (kind == ItemKind::Task) {
             title = random_.Pick(TaskTitles()).In(traditional);
             content = random_.Pick(TaskContents()).In(traditional);
-        } else if (kind == kDiary) {
+        } else if (kind == ItemKind::Diary) {
             title = random_.Pick(DiaryTitles()).In(traditional);
             content = random_.Pick(DiaryContents()).In(traditional);
         } else {
@@ -115,16 +140,17 @@ class ItemWriter {
             title = visited.company.empty() ? visited.contact : visited.company;
             title += random_.Pick(VisitTitles()).In(traditional);
             content = random_.Pick(VisitContents()).In(traditional);
-            if (state == kDone) result = random_.Pick(VisitResults()).In(traditional);
+            if (state == ItemState::Done) result = random_.Pick(VisitResults()).In(traditional);
         }
         const std::string_view weight =
             random_.Chance(20) ? (random_.Chance(50) ? "重要" : "紧急") : std::string_view();
-        const std::string cost =
-            kind == kGuest && random_.Chance(15) ? std::to_string(10 * random_.Between(3, 90)) : "";
-        entered_.Bind(std::int64_t{kind}).Bind(way).Bind(card).Bind(guest).Bind(title).Bind(doer);
+        const std::string cost = kind == ItemKind::Guest && random_.Chance(15)
+                                     ? std::to_string(10 * random_.Between(3, 90))
+                                     : "";
+        entered_.Bind(Stored(kind)).Bind(way).Bind(card).Bind(guest).Bind(title).Bind(doer);
         entered_.Bind(moment).Bind(moment).Bind(moment).Bind(content);
         entered_.Bind(weight).Bind(place).Bind("").Bind(cost).Bind(result).Bind("");
-        entered_.Bind(user.name).Bind(std::int64_t{state}).Run();
+        entered_.Bind(user.name).Bind(Stored(state)).Run();
         progress_.Advance();
     }
 
@@ -147,7 +173,7 @@ void FillItems(Engine& engine, const SampleOptions& options, const std::vector<P
     ItemWriter writer(engine, options, cards, staff, progress);
     int left = options.items;
     for (const Plan& plan : plans) {
-        const auto days = Occurrences(plan);
+        const auto days = DaysOf(plan);
         // A plan is generated as a whole or, when no room is left for it, not yet.
         if (static_cast<int>(days.size()) > left) continue;
         writer.WritePlan(plan, days);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "zvdb/plan.h"
+#include "plans/plan.h"
 #include "zvdb/sample.h"
 
 namespace zv::zvdb {
@@ -27,9 +27,9 @@ std::vector<Person> FillStaff(Engine& engine, const SampleOptions& options);
 void FillRegistry(Engine& engine);
 std::vector<Card> FillCards(Engine& engine, const SampleOptions& options, Progress& progress);
 /// `occurrences`: how many items a plan may have.
-std::vector<Plan> FillPlans(Engine& engine, const SampleOptions& options, int occurrences,
-                            const std::vector<Person>& staff, Progress& progress);
-void FillItems(Engine& engine, const SampleOptions& options, const std::vector<Plan>& plans,
+std::vector<plans::Plan> FillPlans(Engine& engine, const SampleOptions& options, int occurrences,
+                                   const std::vector<Person>& staff, Progress& progress);
+void FillItems(Engine& engine, const SampleOptions& options, const std::vector<plans::Plan>& plans,
                const std::vector<Card>& cards, const std::vector<Person>& staff,
                Progress& progress);
 

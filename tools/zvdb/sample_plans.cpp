@@ -1,6 +1,7 @@
 // Task plans of all four kinds.
 #include <algorithm>
 
+#include "plans/plan_rules.h"
 #include "zvdb/random.h"
 #include "zvdb/sample_parts.h"
 #include "zvdb/words.h"
@@ -8,52 +9,55 @@
 namespace zv::zvdb {
 namespace {
 
+using plans::Plan;
+namespace circle = plans::circle;
+namespace side = plans::side;
+
 struct Template {
     const char* title;
     const char* content;
-    Circle circle;
+    int circleType;
     int step;
     int month;
     int day;
     int weekday;
-    AlertSide side;
+    int type;
     int width;
 };
 
 constexpr Template kTemplates[] = {
-    {"每月工资核算与发放", "核对考勤和奖金，十日前到账。", Circle::Monthly, 1, 1, 10, 1,
-     AlertSide::Ahead, 3},
-    {"周一部门例会", "准备上周数据，会议室二楼。", Circle::Weekly, 1, 1, 1, 1, AlertSide::Ahead, 1},
-    {"服务器每日备份", "检查备份日志，异常时立即通知信息部。", Circle::Daily, 1, 1, 1, 1,
-     AlertSide::Ahead, 0},
-    {"年度财务审计", "提前一个月准备凭证和合同清单。", Circle::Yearly, 1, 3, 31, 1,
-     AlertSide::Ahead, 30},
-    {"月末库存盘点", "仓库与财务共同盘点，差异当天查明。", Circle::Monthly, 1, 1, 31, 1,
-     AlertSide::Both, 2},
-    {"提交工作周报", "发给部门经理，抄送总经理。", Circle::Weekly, 1, 1, 1, 5, AlertSide::Ahead, 1},
-    {"机房巡检", "温度、湿度、电源各记一次。", Circle::Daily, 3, 1, 1, 1, AlertSide::Both, 1},
-    {"公司周年庆筹备", "场地、礼品、邀请名单。", Circle::Yearly, 1, 5, 18, 1, AlertSide::Ahead, 15},
-    {"臺北辦事處月報", "彙整業績與費用，寄回總部。", Circle::Monthly, 1, 1, 5, 1, AlertSide::After,
-     5},
-    {"隔周技能培训", "每次一个主题，签到存档。", Circle::Weekly, 2, 1, 1, 4, AlertSide::Both, 3},
-    {"更新市场价目表", "收集三家同行的报价。", Circle::Daily, 10, 1, 1, 1, AlertSide::After, 2},
-    {"消防安全检查", "灭火器、疏散通道、应急灯。", Circle::Yearly, 1, 2, 29, 1, AlertSide::Both, 7},
-    {"重点客户回访", "电话或上门，记录写入客户卡片。", Circle::Monthly, 2, 1, 20, 1,
-     AlertSide::After, 7},
-    {"周日值班检查", "门窗、水电、报警器。", Circle::Weekly, 1, 1, 1, 0, AlertSide::After, 1},
-    {"整理樣品展示櫃", "更換過季樣品，補上新目錄。", Circle::Daily, 7, 1, 1, 1, AlertSide::Ahead,
-     1},
-    {"续保车辆保险", "比较两家以上的报价。", Circle::Yearly, 1, 11, 30, 1, AlertSide::Ahead, 20},
+    {"每月工资核算与发放", "核对考勤和奖金，十日前到账。", circle::kMonthly, 1, 1, 10, 1,
+     side::kAhead, 3},
+    {"周一部门例会", "准备上周数据，会议室二楼。", circle::kWeekly, 1, 1, 1, 1, side::kAhead, 1},
+    {"服务器每日备份", "检查备份日志，异常时立即通知信息部。", circle::kDaily, 1, 1, 1, 1,
+     side::kAhead, 0},
+    {"年度财务审计", "提前一个月准备凭证和合同清单。", circle::kYearly, 1, 3, 31, 1, side::kAhead,
+     30},
+    {"月末库存盘点", "仓库与财务共同盘点，差异当天查明。", circle::kMonthly, 1, 1, 31, 1,
+     side::kBoth, 2},
+    {"提交工作周报", "发给部门经理，抄送总经理。", circle::kWeekly, 1, 1, 1, 5, side::kAhead, 1},
+    {"机房巡检", "温度、湿度、电源各记一次。", circle::kDaily, 3, 1, 1, 1, side::kBoth, 1},
+    {"公司周年庆筹备", "场地、礼品、邀请名单。", circle::kYearly, 1, 5, 18, 1, side::kAhead, 15},
+    {"臺北辦事處月報", "彙整業績與費用，寄回總部。", circle::kMonthly, 1, 1, 5, 1, side::kAfter, 5},
+    {"隔周技能培训", "每次一个主题，签到存档。", circle::kWeekly, 2, 1, 1, 4, side::kBoth, 3},
+    {"更新市场价目表", "收集三家同行的报价。", circle::kDaily, 10, 1, 1, 1, side::kAfter, 2},
+    {"消防安全检查", "灭火器、疏散通道、应急灯。", circle::kYearly, 1, 2, 29, 1, side::kBoth, 7},
+    {"重点客户回访", "电话或上门，记录写入客户卡片。", circle::kMonthly, 2, 1, 20, 1, side::kAfter,
+     7},
+    {"周日值班检查", "门窗、水电、报警器。", circle::kWeekly, 1, 1, 1, 0, side::kAfter, 1},
+    {"整理樣品展示櫃", "更換過季樣品，補上新目錄。", circle::kDaily, 7, 1, 1, 1, side::kAhead, 1},
+    {"续保车辆保险", "比较两家以上的报价。", circle::kYearly, 1, 11, 30, 1, side::kAhead, 20},
 };
 
-int UsualDays(Circle circle, int step) {
-    return circle == Circle::Monthly ? 30 * step : PeriodDays(circle, step);
+int UsualDays(int circleType, int step) {
+    return circleType == circle::kMonthly ? 30 * step
+                                          : static_cast<int>(plans::PeriodInDays(circleType, step));
 }
 
 /// Lays the plan around today, with room for at most `occurrences` items and for at least one.
 void SetRange(Plan& plan, int occurrences, DateTime today) {
     constexpr int kLongestDays = 5 * 365 - 31;
-    const int period = UsualDays(plan.circle, plan.step);
+    const int period = UsualDays(plan.circleType, plan.circleValue);
     const int days = std::min(std::max(1, occurrences) * period, kLongestDays / period * period);
     plan.begin = today.AddDays(-days * 3 / 5);
     plan.end = plan.begin.AddDays(days - 1);
@@ -76,16 +80,16 @@ std::vector<Plan> FillPlans(Engine& engine, const SampleOptions& options, int oc
         const Template& model = kTemplates[(number - 1) % templates];
         const int round = (number - 1) / templates;
         Plan plan;
-        plan.number = number;
+        plan.taskId = number;
         plan.title = model.title;
         plan.content = model.content;
-        plan.circle = model.circle;
-        plan.step = model.step;
+        plan.circleType = model.circleType;
+        plan.circleValue = model.step;
         plan.month = model.month;
         plan.day = model.day;
-        plan.weekday = model.weekday;
-        plan.side = model.side;
-        plan.width = model.width;
+        plan.week = model.weekday;
+        plan.type = model.type;
+        plan.typeValue = model.width;
         if (round > 0) {
             // The same kind of work for another group, on a day of its own.
             const Department& department = random.Pick(Departments());
@@ -93,19 +97,22 @@ std::vector<Plan> FillPlans(Engine& engine, const SampleOptions& options, int oc
                 std::string(department.name) + " " + model.title + " " + std::to_string(round + 1);
             plan.month = random.Between(1, 12);
             plan.day = random.Between(1, 31);
-            plan.weekday = random.Below(7);
+            plan.week = random.Below(7);
         }
         SetRange(plan, occurrences, options.today);
-        plan.setter = random.Chance(90) ? random.Pick(staff).name : "";
-        plan.doer = random.Chance(80) ? random.Pick(staff).name : "";
+        plan.setMan = random.Chance(90) ? random.Pick(staff).name : "";
+        plan.doneMan = random.Chance(80) ? random.Pick(staff).name : "";
 
         const std::string begin = plan.begin.IsoDateTime();
         const std::string end = plan.end.IsoDateTime();
-        insert.Bind(std::int64_t{plan.number}).Bind(plan.title).Bind(begin).Bind(end);
-        insert.Bind(std::int64_t{static_cast<int>(plan.circle)}).Bind(std::int64_t{plan.step});
+        insert.Bind(std::int64_t{plan.taskId}).Bind(plan.title).Bind(begin).Bind(end);
+        insert.Bind(std::int64_t{plan.circleType}).Bind(std::int64_t{plan.circleValue});
         insert.Bind(std::int64_t{plan.month}).Bind(std::int64_t{plan.day});
-        insert.Bind(std::int64_t{plan.weekday}).Bind(std::int64_t{static_cast<int>(plan.side)});
-        insert.Bind(std::int64_t{plan.width}).Bind(plan.setter).Bind(plan.doer).Bind(plan.content);
+        insert.Bind(std::int64_t{plan.week}).Bind(std::int64_t{plan.type});
+        insert.Bind(std::int64_t{plan.typeValue})
+            .Bind(plan.setMan)
+            .Bind(plan.doneMan)
+            .Bind(plan.content);
         insert.Run();
         plans.push_back(std::move(plan));
         progress.Advance();

@@ -4,19 +4,19 @@
 #include <vector>
 
 #include "items/item_store.h"
+#include "plans/occurrences.h"
 #include "reports/print_report.h"
-#include "scheduling/occurrences.h"
-#include "scheduling/plan_editor.h"
-#include "scheduling/staff_list.h"
-#include "scheduling/task_done.h"
-#include "scheduling/task_generation.h"
 #include "session/module_gate.h"
 #include "session/text_checks.h"
 #include "stage.h"
 #include "store/sql_text.h"
 #include "values.h"
+#include "windows/completion/frm_task_done.h"
+#include "windows/generation/boxes.h"
 #include "windows/main/frm_task_main.h"
+#include "windows/plan_editor/frm_task_set.h"
 #include "windows/query/ask_window.h"
+#include "windows/staff/frm_list.h"
 
 namespace zv::script {
 namespace {
@@ -75,19 +75,19 @@ DateTime ToDate(const std::string& text) {
 }
 
 std::string CallMakeDate(Stage&, const Arguments& arguments) {
-    return scheduling::MakeDate(number::ToInt16(arguments[0]), number::ToInt16(arguments[1]),
-                                number::ToInt16(arguments[2]))
+    return plans::MakeDate(number::ToInt16(arguments[0]), number::ToInt16(arguments[1]),
+                           number::ToInt16(arguments[2]))
         .ShortIso();
 }
 
 std::string CallGenerateTaskList(Stage& stage, const Arguments& arguments) {
-    scheduling::GenerateTaskList(stage.session, arguments[0]);
+    windows::GenerateTaskList(stage.session, arguments[0]);
     return {};
 }
 
 std::string CallAddTaskInstance(Stage& stage, const Arguments& arguments) {
-    return std::to_string(scheduling::AddTaskInstance(stage.session, number::ToInt16(arguments[0]),
-                                                      ToDate(arguments[1])));
+    return std::to_string(windows::AddTaskInstance(stage.session, number::ToInt16(arguments[0]),
+                                                   ToDate(arguments[1])));
 }
 
 // For a routine of the main window: one that is not open yet is loaded.
@@ -125,17 +125,17 @@ std::string CallPrintItem(Stage& stage, const Arguments& arguments) {
 }
 
 std::string CallTaskDone(Stage& stage, const Arguments& arguments) {
-    scheduling::ShowTaskDone(stage.session, number::ToInt16(arguments[0]), false);
+    windows::ShowTaskDone(stage.session, number::ToInt16(arguments[0]), false);
     return {};
 }
 
 std::string CallTaskSet(Stage& stage, const Arguments& arguments) {
-    scheduling::ShowPlanEditor(stage.session, number::ToInt16(arguments[0]), false);
+    windows::ShowPlanEditor(stage.session, number::ToInt16(arguments[0]), false);
     return {};
 }
 
 std::string CallList(Stage& stage, const Arguments& arguments) {
-    scheduling::ShowStaffList(stage.session, number::ToInt16(arguments[0]), false);
+    windows::ShowStaffList(stage.session, number::ToInt16(arguments[0]), false);
     return {};
 }
 

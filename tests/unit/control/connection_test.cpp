@@ -1,11 +1,11 @@
 // The connection follows the properties: when refresh changes it, and when it must not.
 #include <gtest/gtest.h>
 
-#include "scheduling/plan_editor.h"
-#include "scheduling/task_done.h"
 #include "stage/stage.h"
 #include "store/schema/schema.h"
 #include "store/sqlite/sqlite_connection.h"
+#include "windows/completion/frm_task_done.h"
+#include "windows/plan_editor/frm_task_set.h"
 #include "windows/query/ask_window.h"
 
 namespace zv {
@@ -108,7 +108,7 @@ TEST_F(Connection, StaysWhileAPlanEditorOrACompletionDialogIsOpen) {
     stage.windows.UnloadAll();
     EXPECT_EQ(stage.Refresh(5), 0);
     EXPECT_EQ(Using(), other);
-    ASSERT_NE(stage.windows.Find(scheduling::frmTaskDone::kName), nullptr);
+    ASSERT_NE(stage.windows.Find(windows::frmTaskDone::kName), nullptr);
     stage.control.SetUserPath(stage.Path("t.db"));
     EXPECT_EQ(stage.Refresh(8), 0);
     EXPECT_EQ(Using(), other);

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "scheduling/plan_editor.h"
-#include "scheduling/staff_list.h"
-#include "scheduling/task_done.h"
 #include "stage/stage.h"
+#include "windows/completion/frm_task_done.h"
+#include "windows/plan_editor/frm_task_set.h"
+#include "windows/staff/frm_list.h"
 
 namespace zv {
 namespace {
@@ -15,8 +15,8 @@ constexpr int kOverflow = static_cast<int>(ErrorNumber::Overflow);
 
 class Refresh : public testing::Test {
  protected:
-    const scheduling::frmTaskDone* CompletionDialog() {
-        using scheduling::frmTaskDone;
+    const windows::frmTaskDone* CompletionDialog() {
+        using windows::frmTaskDone;
         return stage.windows.Find<frmTaskDone>(frmTaskDone::kName);
     }
     void AddDueItem() {
@@ -228,7 +228,7 @@ TEST_F(Refresh, ByATimerWhileItsQuestionStandsAsksNothingMore) {
 
 TEST_F(Refresh, ModeTwoOpensThePlanEditorForANewPlan) {
     EXPECT_EQ(stage.Refresh(2), 0);
-    auto* editor = stage.windows.Find<scheduling::frmTaskSet>(scheduling::frmTaskSet::kName);
+    auto* editor = stage.windows.Find<windows::frmTaskSet>(windows::frmTaskSet::kName);
     ASSERT_NE(editor, nullptr);
     EXPECT_TRUE(editor->IsShown());
     EXPECT_FALSE(editor->IsModal());
@@ -237,7 +237,7 @@ TEST_F(Refresh, ModeTwoOpensThePlanEditorForANewPlan) {
 
 TEST_F(Refresh, ModeThreeOpensTheStaffListWithActionFour) {
     EXPECT_EQ(stage.Refresh(3), 0);
-    auto* list = stage.windows.Find<scheduling::frmList>(scheduling::frmList::kName);
+    auto* list = stage.windows.Find<windows::frmList>(windows::frmList::kName);
     ASSERT_NE(list, nullptr);
     EXPECT_TRUE(list->IsShown());
     EXPECT_EQ(list->Action, 4);
@@ -428,7 +428,7 @@ TEST_F(Refresh, AnAlertPassWithNothingDueLeavesEditorAndConnection) {
     EXPECT_EQ(stage.Refresh(2), 0);
     EXPECT_EQ(stage.Refresh(0), 0);
     ASSERT_EQ(stage.windows.Windows().size(), 1u);
-    EXPECT_TRUE(stage.windows.Find(scheduling::frmTaskSet::kName)->IsShown());
+    EXPECT_TRUE(stage.windows.Find(windows::frmTaskSet::kName)->IsShown());
     EXPECT_TRUE(stage.session.database.IsOpen());
 }
 

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "main_window_fixture.h"
-#include "scheduling/plan_editor.h"
+#include "windows/plan_editor/frm_task_set.h"
 
 namespace zv::windows {
 namespace {
@@ -81,7 +81,7 @@ TEST_F(Menus, EveryEntryOfAnItemOrAPlanActs) {
         }
     }
     // A new plan from either tree, the selected one from that of plans only.
-    EXPECT_EQ(opened, Lines(3, std::string(scheduling::frmTaskSet::kName)));
+    EXPECT_EQ(opened, Lines(3, std::string(windows::frmTaskSet::kName)));
     // The deletions were called off; the plan has generated its twelve months.
     EXPECT_EQ(stage.Query("select count(*) from tTaskList where TaskID=7"), "12");
     EXPECT_EQ(stage.Query("select count(*) from tTaskList where taskTitle='甲'"), "1");

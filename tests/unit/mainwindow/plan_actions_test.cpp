@@ -1,7 +1,7 @@
 #include "windows/main/acts/plan_commands.h"
 
 #include "main_window_fixture.h"
-#include "scheduling/plan_editor.h"
+#include "windows/plan_editor/frm_task_set.h"
 
 namespace zv::windows {
 namespace {
@@ -18,7 +18,7 @@ class Plans : public MainWindow {
         stage.Sql("insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask')");
         stage.session.state.myPower = std::string(350, '1');
         stage.backend.modalLoop = [this](forms::Form& form) {
-            auto& editor = static_cast<scheduling::frmTaskSet&>(form);
+            auto& editor = static_cast<windows::frmTaskSet&>(form);
             edited.push_back(editor.txtTaskID.Text() + "|" + editor.txtTaskTitle.Text());
             if (whileOpen) whileOpen(editor);
             if (editor.IsLoaded()) editor.Unload();
@@ -35,7 +35,7 @@ class Plans : public MainWindow {
     }
 
     Lines edited;
-    std::function<void(scheduling::frmTaskSet&)> whileOpen;
+    std::function<void(windows::frmTaskSet&)> whileOpen;
 };
 
 TEST_F(Plans, TheSelectedPlanIsOpenedAndTheChangeShown) {
@@ -105,7 +105,7 @@ TEST_F(Plans, ANumberBeyondSixteenBitsIsAnOverflow) {
     stage.user.Choose(window.commands.menus.mnuEventChg);
     EXPECT_EQ(stage.dialogs.messages, Lines{"16|数值溢出"});
     EXPECT_TRUE(edited.empty());
-    EXPECT_EQ(stage.windows.Find(scheduling::frmTaskSet::kName), nullptr);
+    EXPECT_EQ(stage.windows.Find(windows::frmTaskSet::kName), nullptr);
     stage.user.Click(window.commands.cmdAction[2]);
     EXPECT_EQ(window.model.editMode, EditMode::None);
 }
@@ -137,7 +137,7 @@ TEST_F(Plans, AnEditorThatTheHostOpenedComesForward) {
     stage.user.Choose(stage.Window()->commands.menus.mnuEventAdd);
     EXPECT_TRUE(stage.dialogs.messages.empty());
     EXPECT_TRUE(edited.empty());
-    EXPECT_NE(stage.windows.Find(scheduling::frmTaskSet::kName), nullptr);
+    EXPECT_NE(stage.windows.Find(windows::frmTaskSet::kName), nullptr);
 }
 
 TEST_F(Plans, AWindowClosedMeanwhileIsLeftAlone) {

@@ -9,10 +9,10 @@
 #include <stdexcept>
 
 #include "base/text.h"
-#include "scheduling/plan_editor.h"
-#include "scheduling/task_generation.h"
 #include "stage/item_user.h"
 #include "stage/stage.h"
+#include "windows/generation/boxes.h"
+#include "windows/plan_editor/frm_task_set.h"
 
 namespace zv::users {
 namespace {
@@ -78,7 +78,7 @@ class Desk {
         }
         if (act == "generate") {
             stage_.dialogs.answers = {AnswerOf(how)};
-            return scheduling::GenerateTaskList(stage_.session, what);
+            return windows::GenerateTaskList(stage_.session, what);
         }
         if (act == "open-plan") return OpenPlan(what, how);
         if (act == "save-plan") {
@@ -93,13 +93,13 @@ class Desk {
     }
     void OpenPlan(const std::string& number, const std::string& content) {
         stage_.windows.FromHost([&] {
-            scheduling::ShowPlanEditor(stage_.session, static_cast<std::int16_t>(std::stoi(number)),
-                                       false);
+            windows::ShowPlanEditor(stage_.session, static_cast<std::int16_t>(std::stoi(number)),
+                                    false);
         });
         stage_.user.Type(PlanEditor().txtTaskCon, content);
     }
-    scheduling::frmTaskSet& PlanEditor() {
-        auto* editor = stage_.windows.Find<scheduling::frmTaskSet>(scheduling::frmTaskSet::kName);
+    windows::frmTaskSet& PlanEditor() {
+        auto* editor = stage_.windows.Find<windows::frmTaskSet>(windows::frmTaskSet::kName);
         if (!editor) throw std::logic_error("no plan is open");
         return *editor;
     }

@@ -2,13 +2,20 @@
 #include <algorithm>
 #include <chrono>
 
+#include "reckoned_plan.h"
 #include "scratch.h"
 #include "zvdb/engine.h"
-#include "zvdb/plan.h"
 #include "zvdb/progress.h"
 
 namespace zv::zvdb {
 namespace {
+
+using reckoned::AlertBegin;
+using reckoned::AlertEnd;
+using reckoned::AlertSide;
+using reckoned::Circle;
+using reckoned::Occurrences;
+using reckoned::Plan;
 
 class ZvdbSampleData : public Scratch {
  protected:
@@ -140,7 +147,7 @@ TEST_F(ZvdbSampleData, CaptionsOfTheItemFieldsStandInBothScripts) {
     EXPECT_GT(Count("rptListDetail where FieldType=-1"), 0);
 }
 
-TEST(ZvdbPlan, MonthEndDoesNotDrift) {
+TEST(ReckonedPlan, MonthEndDoesNotDrift) {
     Plan plan;
     plan.circle = Circle::Monthly;
     plan.day = 31;
@@ -151,7 +158,7 @@ TEST(ZvdbPlan, MonthEndDoesNotDrift) {
     EXPECT_EQ(days, "2003-01-31 2003-02-28 2003-03-31 2003-04-30 ");
 }
 
-TEST(ZvdbPlan, LeapDayComesBackInLeapYears) {
+TEST(ReckonedPlan, LeapDayComesBackInLeapYears) {
     Plan plan;
     plan.circle = Circle::Yearly;
     plan.month = 2;
@@ -163,7 +170,7 @@ TEST(ZvdbPlan, LeapDayComesBackInLeapYears) {
     EXPECT_EQ(days, "2004-02-29 2005-02-28 2006-02-28 2007-02-28 2008-02-29 ");
 }
 
-TEST(ZvdbPlan, WeeklyPlanBeginsOnItsWeekday) {
+TEST(ReckonedPlan, WeeklyPlanBeginsOnItsWeekday) {
     Plan plan;
     plan.circle = Circle::Weekly;
     plan.weekday = 0;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "items/comparisons.h"
 #include "windows/query/ask_window.h"
 #include "windows/query/query_builder.h"
 
@@ -29,7 +30,8 @@ void AdvancedSearch::mnuSeek2_Click() {
         return;
     }
     if (model_.startMode == kCardMode) {
-        where = where == "1=1" ? "fType=1" : where + " And fType=1";
+        const std::string visits = items::IsOfKind(items::ItemKind::Guest);
+        where = where == "1=1" ? visits : where + " And " + visits;
     }
     listing_.FillWith(where);
 }

@@ -4,7 +4,7 @@
 #include "forms/form.h"
 #include "items/item_store.h"
 #include "resources/text_ids.h"
-#include "scheduling/task_generation.h"
+#include "windows/generation/boxes.h"
 #include "windows/main/acts/rights.h"
 
 namespace zv::windows {
@@ -122,7 +122,7 @@ void Completion::mnuEventDone_Click() {
     const ItemRef plan = model_.Current();
     // Without a selected plan the engine would take free items for those of a plan.
     if (!plan.plan || plan.number == 0) return;
-    scheduling::GenerateTaskList(session_, std::to_string(plan.number));
+    GenerateTaskList(session_, std::to_string(plan.number));
     if (form_.IsLoaded()) ShowState(plan, ItemState::Done);
 }
 

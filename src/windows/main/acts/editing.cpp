@@ -5,10 +5,9 @@
 #include <variant>
 
 #include "forms/form.h"
+#include "plans/plan_store.h"
 #include "resources/item_texts.h"
 #include "resources/text_ids.h"
-#include "scheduling/plan_items.h"
-#include "scheduling/plan_store.h"
 #include "windows/main/acts/conflict_question.h"
 #include "windows/main/acts/rights.h"
 
@@ -224,9 +223,9 @@ bool Editing::Settle(store::RowMerge& merge, const items::ItemRow& stored) const
 bool Editing::MayJoinPlan() const {
     const std::optional<std::int32_t> pick = cards_.Pick();
     if (!pick || view_.Values().Row(field::kKind) != Number(ItemKind::Task)) return true;
-    const auto plan = scheduling::LoadPlan(session_, *pick);
+    const auto plan = plans::Load(session_.database, *pick);
     if (!plan) return true;
-    const std::string title = (*plan)[scheduling::PlanFieldIndex("taskTitle")].ToText();
+    const std::string title = (*plan)[plans::PlanFieldIndex("taskTitle")].ToText();
     const auto text = [this](resources::ItemText id) {
         return resources::GetItemText(id, session_.state.Language);
     };
@@ -253,7 +252,7 @@ void Editing::Delete(bool plan) {
         DeleteQuestion(plan), forms::box::kOkCancel + forms::box::kExclamation);
     if (answer == forms::Answer::Cancel) return;
     if (plan)
-        scheduling::DeletePlan(session_, item.number);
+        plans::Delete(session_.database, item.number);
     else
         items::Delete(session_.database, item.number);
     if (form_.IsLoaded()) ShowAsDeleted(item);

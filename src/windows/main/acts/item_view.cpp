@@ -4,7 +4,7 @@
 
 #include "cards/card_store.h"
 #include "items/item_store.h"
-#include "scheduling/plan_store.h"
+#include "plans/plan_store.h"
 
 namespace zv::windows {
 
@@ -165,7 +165,7 @@ void ItemView::KindChosen() {
 }
 
 bool ItemView::LoadPlan() {
-    const auto plan = scheduling::LoadSummary(session_, model_.currentId);
+    const auto plan = plans::LoadSummary(session_.database, model_.currentId);
     if (!plan) return false;
     values_.Show(field::kContent, plan->content);
     values_.Show(field::kTitle, plan->title);

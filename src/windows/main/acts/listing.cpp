@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "forms/form.h"
-#include "scheduling/plan_store.h"
+#include "plans/plan_store.h"
 
 namespace zv::windows {
 
@@ -119,7 +119,7 @@ void Listing::LoadItemList(const std::string& where) {
 }
 
 void Listing::LoadTaskPlanList() {
-    const auto rows = scheduling::OpenPlanList(session_);
+    const auto rows = plans::OpenList(session_.database);
     Rebuild(*rows, [&](TreePanel::FillResult&) { tree_.FillPlans(*rows); });
 }
 

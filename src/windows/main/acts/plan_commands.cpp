@@ -2,7 +2,7 @@
 
 #include "base/number.h"
 #include "forms/form.h"
-#include "scheduling/plan_editor.h"
+#include "windows/plan_editor/frm_task_set.h"
 
 namespace zv::windows {
 
@@ -26,11 +26,11 @@ void PlanCommands::Edit(std::int16_t taskId) {
     // Modal, so that the tree can show the change; one that the host opened comes forward as it is.
     // Where a modal window keeps the user from it, it becomes modal itself with what it holds.
     forms::WindowSystem& windows = session_.windows;
-    forms::Form* editor = windows.Find(scheduling::frmTaskSet::kName);
+    forms::Form* editor = windows.Find(frmTaskSet::kName);
     const bool open = editor && editor->IsShown();
     const bool blocked = open && windows.ModalForm() && windows.ModalForm() != editor;
     if (blocked) editor->Hide();
-    scheduling::ShowPlanEditor(session_, taskId, !open || blocked);
+    ShowPlanEditor(session_, taskId, !open || blocked);
     // The host may have closed everything meanwhile. Input of an item is not dropped for a plan.
     if (form_.IsLoaded() && model_.openedFor == EditMode::None) listing_.FillAgain();
 }

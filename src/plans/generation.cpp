@@ -1,0 +1,169 @@
+#include "plans/generation.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+
+#include "items/comparisons.h"
+#include "items/fields.h"
+#include "plans/occurrences.h"
+#include "plans/plan.h"
+#include "plans/plan_items.h"
+#include "store/sql_text.h"
+
+namespace zv::plans {
+namespace {
+
+using items::IsInState;
+using items::ItemState;
+using items::kColumns;
+using store::CursorType;
+using store::Database;
+using store::LockType;
+using store::Recordset;
+namespace field = items::field;
+
+std::unique_ptr<Recordset> OpenForChange(Database& database, const std::string& sql) {
+    return database.Open(sql, CursorType::Keyset, LockType::Optimistic);
+}
+
+bool HasDoneItems(Database& database, const std::string& taskId, const std::string& own) {
+    const auto rows = OpenForChange(database, "select * from tTaskList where taskID =" + taskId +
+                                                  " And " + IsInState(ItemState::Done) + own);
+    const bool found = !rows->Eof();
+    rows->Close();
+    return found;
+}
+
+/// Answers whether the user was asked.
+bool DeleteOldItems(Database& database, const GenerationRequest& request) {
+    std::string statement = "delete from tTaskList where taskID =" + request.taskId;
+    std::string own = OnlyItemsOfPlan(database, request.taskId);
+    const bool asks = HasDoneItems(database, request.taskId, own);
+    if (asks) {
+        if (!request.deletesDone()) statement += " And " + IsInState(ItemState::NotDone);
+        // The question may have stood for long enough for a visit to be entered.
+        database.EnsureConnection();
+        own = OnlyItemsOfPlan(database, request.taskId);
+    }
+    database.Execute(statement + own);
+    return asks;
+}
+
+void SetAlertWindow(Recordset& row, DateTime date, int type, int width) {
+    const AlertWindow window = AlertWindowOf(date, type, width);
+    if (window.first) row.SetField(kColumns[field::kAlertFrom], *window.first);
+    if (window.last) row.SetField(kColumns[field::kAlertUntil], *window.last);
+}
+
+// The part of the plan's time that lies before a date.
+double PartBefore(const Plan& plan, DateTime date) {
+    const auto whole = static_cast<double>(plan.end.Seconds() - plan.begin.Seconds());
+    if (whole <= 0) return 0;
+    return std::clamp(static_cast<double>(date.Seconds() - plan.begin.Seconds()) / whole, 0.0, 1.0);
+}
+
+void WriteItems(Database& database, const Recordset& planRow, const GenerationProgress& progress) {
+    const Plan plan = ReadPlan(planRow);
+    const auto target = OpenForChange(database, "select * from tTasklist");
+    Occurrences occurrences(plan);
+    for (int rows = 0; const auto date = occurrences.Next(); rows++) {
+        if (progress) progress(rows, PartBefore(plan, *date));
+        target->AddNew();
+        target->SetField(kColumns[field::kNumber], plan.taskId);
+        target->SetField(kColumns[field::kTitle], planRow.Field("taskTitle"));
+        target->SetField(kColumns[field::kContent], planRow.Field("Content"));
+        target->SetField(kColumns[field::kState], Number(ItemState::NotDone));
+        target->SetField(kColumns[field::kTime], *date);
+        SetAlertWindow(*target, *date, plan.type, plan.typeValue);
+        target->Update();
+    }
+    target->Close();
+}
+
+// The stamp overwrites the executor that was entered; whoever generates the items takes them.
+void Stamp(Database& database, const GenerationRequest& request) {
+    if (store::BreaksLiteral(request.user)) {
+        database.SetFields("select * from tTaskSet where taskID=" + request.taskId,
+                           {{"DoneMan", store::Value(request.user)}});
+    } else {
+        database.Execute("Update tTaskSet Set DoneMan='" + request.user +
+                         "' where taskID=" + request.taskId);
+    }
+}
+
+struct PlanOfInstance {
+    int type = 0;
+    int width = 0;
+    std::string title;
+};
+
+std::optional<PlanOfInstance> FindPlan(Database& database, const std::string& taskId) {
+    const auto row = OpenForChange(database, "select * from tTaskSet where taskID =" + taskId);
+    std::optional<PlanOfInstance> plan;
+    if (!row->Eof()) {
+        plan = PlanOfInstance{row->Field("Type").ToInt16(), row->Field("TypeValue").ToInt16(),
+                              row->Field("taskTitle").ToText()};
+    }
+    row->Close();
+    return plan;
+}
+
+std::unique_ptr<Recordset> OpenUndone(Database& database, const std::string& taskId,
+                                      DateTime date) {
+    return OpenForChange(
+        database, "select * from tTasklist where taskID =" + taskId + " And " +
+                      std::string(kColumns[field::kTime]) + " = " + database.DateLiteral(date) +
+                      " and " + IsInState(ItemState::NotDone) + OnlyItemsOfPlan(database, taskId));
+}
+
+// While the question stood the plan may have changed or gone, or the item may have come.
+Instance AddConfirmed(Database& database, std::int16_t taskId, DateTime date) {
+    database.EnsureConnection();
+    const std::string id = std::to_string(taskId);
+    const auto plan = FindPlan(database, id);
+    if (!plan) return Instance::PlanIsGone;
+    const std::unique_ptr<Recordset> rows = OpenUndone(database, id, date);
+    if (rows->Eof()) {
+        rows->AddNew();
+        rows->SetField(kColumns[field::kNumber], taskId);
+        rows->SetField(kColumns[field::kTitle], plan->title);
+        rows->SetField(kColumns[field::kState], Number(ItemState::NotDone));
+        rows->SetField(kColumns[field::kTime], date);
+        SetAlertWindow(*rows, date, plan->type, plan->width);
+        rows->Update();
+    }
+    rows->Close();
+    return Instance::IsThere;
+}
+
+}  // namespace
+
+Generation GenerateTaskList(Database& database, const GenerationRequest& request) {
+    database.EnsureConnection();
+    // The old items go before the plan is looked at, also those of a plan that is gone.
+    const bool asked = DeleteOldItems(database, request);
+    const auto plan =
+        OpenForChange(database, "select * from tTaskSet where taskID=" + request.taskId);
+    const bool found = !plan->Eof();
+    if (found) WriteItems(database, *plan, request.progress);
+    plan->Close();
+    Stamp(database, request);
+    return asked && !found ? Generation::PlanIsGone : Generation::Finished;
+}
+
+Instance AddTaskInstance(Database& database, std::int16_t taskId, DateTime date,
+                         const std::function<bool(const std::string& title)>& confirms) {
+    database.EnsureConnection();
+    const std::string id = std::to_string(taskId);
+    const auto plan = FindPlan(database, id);
+    if (!plan) return Instance::PlanIsGone;
+    const std::unique_ptr<Recordset> present = OpenUndone(database, id, date);
+    const bool exists = !present->Eof();
+    present->Close();
+    if (exists) return Instance::IsThere;
+    if (!confirms(plan->title)) return Instance::CalledOff;
+    return AddConfirmed(database, taskId, date);
+}
+
+}  // namespace zv::plans

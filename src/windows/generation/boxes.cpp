@@ -1,0 +1,49 @@
+#include "windows/generation/boxes.h"
+
+#include "resources/text_ids.h"
+
+namespace zv::windows {
+namespace {
+
+void SayThatPlanIsGone(const Session& session, const std::string& taskId) {
+    session.windows.ShowMessage(forms::BoxText(session.LoadText(text_id::kTaskNumber)) + " [" +
+                                    forms::Inserted{taskId} + "] " +
+                                    session.LoadText(text_id::kExistsNoMore),
+                                forms::box::kExclamation);
+}
+
+}  // namespace
+
+void GenerateTaskList(Session& session, const std::string& taskId,
+                      const plans::GenerationProgress& progress) {
+    const auto deletesDone = [&session] {
+        return session.windows.ShowMessage(session.LoadText(text_id::kDeleteDoneToo),
+                                           forms::box::kYesNo + forms::box::kQuestion) ==
+               forms::Answer::Yes;
+    };
+    // The user that starts the run, whoever the host names while a question stands.
+    const plans::GenerationRequest request{taskId, session.state.UserName, deletesDone, progress};
+    if (plans::GenerateTaskList(session.database, request) == plans::Generation::PlanIsGone) {
+        return SayThatPlanIsGone(session, taskId);
+    }
+    session.windows.ShowMessage("[" + session.LoadText(text_id::kGenerate) + "]" +
+                                    session.LoadText(text_id::kCompleted) + "!",
+                                forms::box::kInformation);
+}
+
+bool AddTaskInstance(Session& session, std::int16_t taskId, DateTime date) {
+    const std::string id = std::to_string(taskId);
+    const auto confirms = [&](const std::string& title) {
+        const forms::BoxText question =
+            forms::BoxText(session.LoadText(text_id::kConfirmInstance)) + " [" +
+            forms::Inserted{id + " - " + title} + "] ?";
+        return session.windows.ShowMessage(question,
+                                           forms::box::kOkCancel + forms::box::kQuestion) !=
+               forms::Answer::Cancel;
+    };
+    const plans::Instance result = plans::AddTaskInstance(session.database, taskId, date, confirms);
+    if (result == plans::Instance::PlanIsGone) SayThatPlanIsGone(session, id);
+    return result == plans::Instance::IsThere;
+}
+
+}  // namespace zv::windows

@@ -1,0 +1,125 @@
+#include "windows/staff/frm_list.h"
+
+#include <algorithm>
+
+#include "resources/plan_texts.h"
+#include "resources/text_ids.h"
+#include "staff/staff_store.h"
+
+namespace zv::windows {
+namespace {
+
+constexpr char kKeySeparator = '\t';
+
+}  // namespace
+
+frmList::frmList(forms::WindowSystem& windows, Session& session)
+    : Form(windows, std::string(kName)),
+      lblList(*this, "lblList"),
+      List1(*this, "List1"),
+      cmdLogOK(*this, "cmdLogOK"),
+      cmdCancel(*this, "cmdCancel"),
+      session_(session) {
+    cmdLogOK.onClick = [this] { cmdLogOK_Click(); };
+    cmdCancel.onClick = [this] { cmdCancel_Click(); };
+    List1.onDoubleClick = [this] { cmdLogOK_Click(); };
+    defaultButton = &cmdLogOK;
+    cancelButton = &cmdCancel;
+}
+
+void frmList::Form_Load() {
+    SetCaptions();
+    FillList();
+    PlaceControls();
+    Center();
+}
+
+void frmList::SetCaptions() {
+    SetCaption(session_.LoadText(text_id::kOptions) + session_.LoadText(text_id::kList));
+    const std::string heading =
+        resources::GetPlanText(resources::PlanText::ListPrefix, session_.state.Language) +
+        session_.LoadText(text_id::kList) + session_.LoadText(text_id::kStaff);
+    lblList.SetCaption(heading);
+    List1.SetAccessibleName(heading);
+    cmdLogOK.SetCaption(session_.LoadText(text_id::kTake));
+    cmdCancel.SetCaption(session_.LoadText(text_id::kLeave));
+}
+
+void frmList::FillList() {
+    std::vector<std::string> entries;
+    const staff::Source source = staff::PresentSource(session_.database);
+    for (const staff::Person& person : staff::List(session_.database, source)) {
+        entries.push_back(person.code + kKeySeparator + person.name);
+    }
+    List1.SetItems(std::move(entries));
+}
+
+void frmList::PlaceControls() {
+    constexpr int kMargin = 12;
+    constexpr int kGap = 8;
+    constexpr int kListWidth = 280;
+    constexpr int kRows = 15;
+    const auto measure = [this](const std::string& text) {
+        return Windows().GetBackend().MeasureText(text);
+    };
+    const int line = measure("国Ag").height;
+    const int buttonHeight = line + 12;
+    const int buttonWidth = std::max(
+        {84, measure(cmdLogOK.Caption()).width + 28, measure(cmdCancel.Caption()).width + 28});
+    const int width =
+        std::max({kListWidth, measure(lblList.Caption()).width, 2 * buttonWidth + kGap});
+    int top = kMargin;
+    lblList.Move({kMargin, top, width, line + 2});
+    top += line + 2 + kGap / 2;
+    List1.Move({kMargin, top, width, kRows * (line + 2) + 6});
+    top = List1.Bounds().Bottom() + kMargin;
+    const int right = kMargin + width;
+    cmdCancel.Move({right - buttonWidth, top, buttonWidth, buttonHeight});
+    cmdLogOK.Move({right - 2 * buttonWidth - kGap, top, buttonWidth, buttonHeight});
+    SetClientSize({width + 2 * kMargin, top + buttonHeight + kMargin});
+}
+
+void frmList::cmdLogOK_Click() {
+    std::string name = List1.Text();
+    if (const auto separator = name.find(kKeySeparator); separator != std::string::npos) {
+        name.erase(0, separator + 1);
+    }
+    session_.state.myName = name;
+    if (onPicked) onPicked(name);
+    Unload();
+}
+
+void frmList::cmdCancel_Click() {
+    if (Action > kLastKeepingAction) session_.state.myName.clear();
+    Unload();
+}
+
+// Closing the frame is a cancel.
+void frmList::Form_QueryUnload(bool&, bool byUser) {
+    if (byUser && Action > kLastKeepingAction) session_.state.myName.clear();
+}
+
+void ShowStaffList(Session& session, std::int16_t action, bool modal) {
+    // One that stands keeps what it was opened for: its cancel is not the caller's.
+    session.windows.Open<frmList>(
+        modal,
+        [action](frmList& list) {
+            if (!list.IsLoaded()) list.Action = action;
+        },
+        session);
+}
+
+void PickStaff(Session& session, std::int16_t action,
+               std::function<void(const std::string& name)> onPicked) {
+    // A list that stands open beside the other windows gives way to the modal one.
+    if (auto* open = session.windows.Find<frmList>(frmList::kName)) open->Unload();
+    session.windows.OpenNew<frmList>(
+        true,
+        [&](frmList& list) {
+            list.Action = action;
+            list.onPicked = std::move(onPicked);
+        },
+        session);
+}
+
+}  // namespace zv::windows
