@@ -7,22 +7,22 @@
 namespace zv::items {
 namespace {
 
-std::string Comparison(std::size_t position, std::string_view sign, int number) {
+std::string Compared(std::size_t position, std::string_view sign, int number) {
     return std::string(kColumns[position]).append(sign) + std::to_string(number);
 }
 
 }  // namespace
 
 std::string IsOfKind(ItemKind kind) {
-    return Comparison(field::kKind, "=", Number(kind));
+    return Compared(field::kKind, "=", Number(kind));
 }
 
 std::string IsOfAnotherKind(ItemKind kind) {
-    return Comparison(field::kKind, "<>", Number(kind));
+    return Compared(field::kKind, "<>", Number(kind));
 }
 
 std::string IsInState(ItemState state) {
-    return Comparison(field::kState, "=", Number(state));
+    return Compared(field::kState, "=", Number(state));
 }
 
 }  // namespace zv::items

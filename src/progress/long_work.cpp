@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "forms/row_layout.h"
+#include "forms/layout/row.h"
 #include "resources/ask_texts.h"
 #include "resources/catalogue.h"
 #include "resources/text_ids.h"
@@ -44,18 +44,18 @@ void frmProgress::Form_Unload(bool&) {
 }
 
 void frmProgress::PlaceControls() {
-    using forms::rows::kGap;
-    using forms::rows::kMargin;
-    const forms::rows::Measure m(*this);
+    using forms::layout::dialog::kGap;
+    using forms::layout::dialog::kMargin;
+    const forms::layout::Metrics m(Windows().GetBackend(), forms::layout::dialog::kSpacing);
     const int width = std::max(320, m.Width(Caption()) + 120);
     int top = kMargin;
-    lblState.Move({kMargin, top, width, m.line + 2});
-    top += m.line + 2 + kGap;
-    ProgressBar1.Move({kMargin, top, width, m.line});
-    top += m.line + kMargin;
+    lblState.Move({kMargin, top, width, m.Line()});
+    top += m.Line() + kGap;
+    ProgressBar1.Move({kMargin, top, width, m.Text()});
+    top += m.Text() + kMargin;
     const int button = m.ButtonWidth(cmdCancel.Caption());
-    cmdCancel.Move({kMargin + width - button, top, button, m.button});
-    SetClientSize({width + 2 * kMargin, top + m.button + kMargin});
+    cmdCancel.Move({kMargin + width - button, top, button, m.Button()});
+    SetClientSize({width + 2 * kMargin, top + m.Button() + kMargin});
 }
 
 void frmProgress::ShowState() {

@@ -2,12 +2,21 @@
 
 namespace zv::forms::layout {
 
-Metrics::Metrics(Backend& backend) : backend_(backend), text_(backend.MeasureText("国Wg").height) {}
+Metrics::Metrics(Backend& backend, const Spacing& spacing)
+    : backend_(backend), spacing_(spacing), text_(backend.MeasureText("国Wg").height) {}
 
 int Metrics::Width(std::string_view caption) const {
     std::string text(caption);
     std::erase(text, '&');
     return backend_.MeasureText(text).width;
+}
+
+int Metrics::Widest(std::initializer_list<const Label*> labels) const {
+    // A letter may lean over the end of its text.
+    constexpr int kOverhang = 2;
+    int width = 0;
+    for (const Label* label : labels) width = std::max(width, Width(label->Caption()) + kOverhang);
+    return width;
 }
 
 int Metrics::LabelWidth(std::initializer_list<const Label*> labels) const {

@@ -4,7 +4,7 @@
 
 #include "base/number.h"
 #include "forms/field_keys.h"
-#include "forms/row_layout.h"
+#include "forms/layout/row.h"
 #include "items/item_store.h"
 #include "plans/plan_store.h"
 #include "resources/text_ids.h"
@@ -13,11 +13,11 @@
 namespace zv::windows {
 namespace {
 
-using forms::rows::kGap;
-using forms::rows::kMargin;
-using forms::rows::kRowGap;
-using forms::rows::Measure;
-using forms::rows::Row;
+using forms::layout::Metrics;
+using forms::layout::Row;
+using forms::layout::dialog::kGap;
+using forms::layout::dialog::kMargin;
+using forms::layout::dialog::kRowGap;
 
 constexpr char kNumberSeparator = '\t';
 
@@ -96,24 +96,21 @@ void frmTaskDone::ShowPlan(std::int16_t number) {
 }
 
 void frmTaskDone::PlaceControls() {
-    const Measure m(*this);
-    const int label = std::max(m.Width(lblTitle.Caption()), m.Width(lblDate.Caption())) + 2;
+    const Metrics m(Windows().GetBackend(), forms::layout::dialog::kSpacing);
+    const int label = m.Widest({&lblTitle, &lblDate});
     const int field = m.Width("88888  国国国国国国国国国国国国国国国国国国国国国国国国国") + 14;
     int top = kMargin;
     Row title(m, kMargin, top);
     title.Label(lblTitle, label);
     title.Field(txtTitle, field);
-    top += m.field + kRowGap;
+    top += m.Field() + kRowGap;
     Row date(m, kMargin, top);
     date.Label(lblDate, label);
     date.Field(DTPicker1, m.Width("Wednesday, 30 September 2003") + 30);
-    top += m.field + kMargin;
+    top += m.Field() + kMargin;
     const int right = txtTitle.Bounds().Right();
-    const int quit = m.ButtonWidth(cmdTaskQuit.Caption());
-    const int done = m.ButtonWidth(cmdTaskDone.Caption());
-    cmdTaskQuit.Move({right - quit, top, quit, m.button});
-    cmdTaskDone.Move({right - quit - kGap - done, top, done, m.button});
-    SetClientSize({right + kMargin, top + m.button + kMargin});
+    PlaceFromRight(m, right, top, {&cmdTaskQuit, &cmdTaskDone});
+    SetClientSize({right + kMargin, top + m.Button() + kMargin});
 }
 
 void frmTaskDone::cmdTaskDone_Click() {

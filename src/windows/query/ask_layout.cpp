@@ -1,23 +1,23 @@
 #include <algorithm>
 
-#include "forms/row_layout.h"
+#include "forms/layout/row.h"
 #include "windows/query/ask_window.h"
 
 namespace zv::windows {
 namespace {
 
-using forms::rows::kGap;
-using forms::rows::kMargin;
-using forms::rows::kRowGap;
-using forms::rows::Measure;
-using forms::rows::Row;
+using forms::layout::Metrics;
+using forms::layout::Row;
+using forms::layout::dialog::kGap;
+using forms::layout::dialog::kMargin;
+using forms::layout::dialog::kRowGap;
 
 constexpr int kMark = 26;  ///< of a check box, before its caption
 
 // Three criteria side by side in two rows, each a switch and its input; the inputs of the last
 // column take what room the window has.
 struct Columns {
-    Columns(const frmAsk& w, const Measure& m) {
+    Columns(const frmAsk& w, const Metrics& m) {
         const auto widest = [&](const forms::CheckBox& a, const forms::CheckBox& b) {
             return std::max(m.Width(a.Caption()), m.Width(b.Caption())) + kMark;
         };
@@ -50,7 +50,7 @@ struct Columns {
 }  // namespace
 
 void PlaceControls(frmAsk& w) {
-    const Measure m(w);
+    const Metrics m(w.Windows().GetBackend(), forms::layout::dialog::kSpacing);
     const Columns c(w, m);
     const forms::Size client = w.ClientSize();
     const int right = client.width - kMargin;
@@ -67,7 +67,7 @@ void PlaceControls(frmAsk& w) {
     first.Field(w.Check1[frmAsk::kTitleCheck], c.check3);
     first.Field(w.Text1[frmAsk::kTitleCheck], last);
 
-    top += m.field + kRowGap;
+    top += m.Field() + kRowGap;
     Row second(m, kMargin, top);
     second.Field(w.Check1[frmAsk::kDateCheck], c.check1);
     second.Field(w.DTPicker1, c.date);
@@ -79,19 +79,20 @@ void PlaceControls(frmAsk& w) {
     second.Skip(kGap);
     second.Field(w.chkDoneMan, c.check3);
     second.Field(w.txtDoneMan, last);
-    w.cmdAsk.Move({right - c.button, top - (m.button - m.field) / 2, c.button, m.button});
+    w.cmdAsk.Move({right - c.button, top - (m.Button() - m.Field()) / 2, c.button, m.Button()});
 
-    top += m.field + kRowGap;
-    const int bottom = client.height - kMargin - m.button;
+    top += m.Field() + kRowGap;
+    const int bottom = client.height - kMargin - m.Button();
     w.Grid1.Move(
-        {kMargin, top, client.width - 2 * kMargin, std::max(bottom - kRowGap - top, m.line)});
+        {kMargin, top, client.width - 2 * kMargin, std::max(bottom - kRowGap - top, m.Text())});
     int at = right;
     for (forms::CommandButton* button : {&w.cmdQuit, &w.cmdExport, &w.cmdPrint}) {
         at -= c.button;
-        button->Move({at, bottom, c.button, m.button});
+        button->Move({at, bottom, c.button, m.Button()});
         at -= kGap;
     }
-    w.lblCount.Move({kMargin, bottom + (m.button - m.line) / 2, std::max(at - kMargin, 0), m.line});
+    w.lblCount.Move(
+        {kMargin, bottom + (m.Button() - m.Text()) / 2, std::max(at - kMargin, 0), m.Text()});
 }
 
 void SetWindowSize(frmAsk& w) {
@@ -99,10 +100,11 @@ void SetWindowSize(frmAsk& w) {
     constexpr int kUsualInput = 280;
     constexpr int kLeastRows = 6;
     constexpr int kUsualRows = 18;
-    const Measure m(w);
+    const Metrics m(w.Windows().GetBackend(), forms::layout::dialog::kSpacing);
     const Columns c(w, m);
     const auto height = [&](int rows) {
-        return 2 * kMargin + 2 * (m.field + kRowGap) + rows * (m.line + 4) + kRowGap + m.button;
+        return 2 * kMargin + 2 * (m.Field() + kRowGap) + rows * (m.Text() + 4) + kRowGap +
+               m.Button();
     };
     const forms::Rect area = w.Windows().GetBackend().WorkArea();
     w.SetMinimumClientSize({c.Fixed() + kLeastInput, height(kLeastRows)});

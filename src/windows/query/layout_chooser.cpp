@@ -1,5 +1,5 @@
 #include "windows/query/layout_chooser.h"
-#include "forms/row_layout.h"
+#include "forms/layout/row.h"
 
 #include <algorithm>
 #include <utility>
@@ -80,10 +80,10 @@ void frmItemSet::SetCaptions() {
 }
 
 void frmItemSet::PlaceControls() {
-    using forms::rows::kGap;
-    using forms::rows::kMargin;
+    using forms::layout::dialog::kGap;
+    using forms::layout::dialog::kMargin;
     constexpr int kRows = 14;
-    const forms::rows::Measure m(*this);
+    const forms::layout::Metrics m(Windows().GetBackend(), forms::layout::dialog::kSpacing);
     int listWidth = 180;
     for (const items::ListField& field : offered_) {
         listWidth = std::clamp(m.Width(field.caption) + 30, listWidth, 280);
@@ -96,30 +96,30 @@ void frmItemSet::PlaceControls() {
     const int left1 = kMargin + listWidth + kGap;
     const int left2 = left1 + buttonWidth + kGap;
     const int left3 = left2 + listWidth + kGap;
-    const int top = kMargin + m.line + 4;
-    lblAll.Move({kMargin, kMargin, listWidth, m.line + 2});
-    lblChosen.Move({left2, kMargin, listWidth, m.line + 2});
-    lstAll.Move({kMargin, top, listWidth, kRows * (m.line + 2) + 6});
-    lstChosen.Move({left2, top, listWidth, kRows * (m.line + 2) + 6});
+    const int top = kMargin + m.Text() + 4;
+    lblAll.Move({kMargin, kMargin, listWidth, m.Line()});
+    lblChosen.Move({left2, kMargin, listWidth, m.Line()});
+    lstAll.Move({kMargin, top, listWidth, m.ListHeight(kRows)});
+    lstChosen.Move({left2, top, listWidth, m.ListHeight(kRows)});
     const int bottom = lstAll.Bounds().Bottom();
     const auto stack = [&](int left, int from,
                            std::initializer_list<forms::CommandButton*> buttons) {
         for (forms::CommandButton* button : buttons) {
-            button->Move({left, from, buttonWidth, m.button});
-            from += m.button + kGap;
+            button->Move({left, from, buttonWidth, m.Button()});
+            from += m.Button() + kGap;
         }
     };
-    const int middle = (top + bottom) / 2 - m.button - kGap / 2;
+    const int middle = (top + bottom) / 2 - m.Button() - kGap / 2;
     stack(left1, middle, {&cmdTake, &cmdDrop});
     stack(left3, middle, {&cmdUp, &cmdDown});
-    cmdUsual.Move({left3, bottom - m.button, buttonWidth, m.button});
+    cmdUsual.Move({left3, bottom - m.Button(), buttonWidth, m.Button()});
     const int right = left3 + buttonWidth;
     const int last = bottom + kMargin;
     const int closeWidth =
         std::max(m.ButtonWidth(cmdOK.Caption()), m.ButtonWidth(cmdCancel.Caption()));
-    cmdCancel.Move({right - closeWidth, last, closeWidth, m.button});
-    cmdOK.Move({right - 2 * closeWidth - kGap, last, closeWidth, m.button});
-    SetClientSize({right + kMargin, last + m.button + kMargin});
+    cmdCancel.Move({right - closeWidth, last, closeWidth, m.Button()});
+    cmdOK.Move({right - 2 * closeWidth - kGap, last, closeWidth, m.Button()});
+    SetClientSize({right + kMargin, last + m.Button() + kMargin});
 }
 
 void frmItemSet::Choose(const std::string& layout) {

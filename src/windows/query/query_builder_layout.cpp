@@ -1,23 +1,22 @@
 // Where the controls of the query builder stand.
 #include <algorithm>
 
-#include "forms/row_layout.h"
+#include "forms/layout/row.h"
 #include "windows/query/query_builder.h"
 
 namespace zv::windows {
 namespace {
 
-using forms::rows::kGap;
-using forms::rows::kMargin;
-using forms::rows::kRowGap;
+using forms::layout::dialog::kGap;
+using forms::layout::dialog::kMargin;
+using forms::layout::dialog::kRowGap;
 
 constexpr int kRows = 9;
-constexpr int kOptionMark = 24;
 
 }  // namespace
 
 void frmSeek::PlaceControls() {
-    const forms::rows::Measure m(*this);
+    const forms::layout::Metrics m(Windows().GetBackend(), forms::layout::dialog::kSpacing);
     int fieldWidth = 0;
     for (const items::ListField& field : fields_) {
         fieldWidth = std::max(fieldWidth, m.Width(field.caption));
@@ -33,45 +32,40 @@ void frmSeek::PlaceControls() {
     int left = kMargin;
     const auto column = [&](forms::Label& label, int columnWidth,
                             std::initializer_list<forms::Control*> fields) {
-        label.Move({left, top, columnWidth, m.line + 2});
+        label.Move({left, top, columnWidth, m.Line()});
         for (forms::Control* field : fields) {
-            field->Move({left, top + m.line + 4, columnWidth, m.field});
+            field->Move({left, top + m.Text() + 4, columnWidth, m.Field()});
         }
         left += columnWidth + kGap;
     };
     column(lblField, fieldWidth, {&cboField});
     column(lblCompare, compareWidth, {&cboCompare});
     column(lblValue, kMargin + width - left, {&txtValue, &DTPicker1, &cboValue});
-    top += m.line + 4 + m.field + kRowGap;
+    top += m.Text() + 4 + m.Field() + kRowGap;
 
     const int addWidth = m.ButtonWidth(cmdAdd.Caption());
-    const int andWidth = m.Width(optAnd.Caption()) + kOptionMark;
-    const int orWidth = m.Width(optOr.Caption()) + kOptionMark;
-    picJoin.Move({kMargin, top, andWidth + kGap + orWidth, m.button});
-    optAnd.Move({0, (m.button - m.field) / 2, andWidth, m.field});
-    optOr.Move({andWidth + kGap, (m.button - m.field) / 2, orWidth, m.field});
-    cmdAdd.Move({kMargin + width - addWidth, top, addWidth, m.button});
-    top += m.button + kRowGap;
+    const int andWidth = m.BoxWidth(optAnd.Caption());
+    const int orWidth = m.BoxWidth(optOr.Caption());
+    picJoin.Move({kMargin, top, andWidth + kGap + orWidth, m.Button()});
+    optAnd.Move({0, (m.Button() - m.Field()) / 2, andWidth, m.Field()});
+    optOr.Move({andWidth + kGap, (m.Button() - m.Field()) / 2, orWidth, m.Field()});
+    cmdAdd.Move({kMargin + width - addWidth, top, addWidth, m.Button()});
+    top += m.Button() + kRowGap;
 
-    lblConditions.Move({kMargin, top, width, m.line + 2});
-    top += m.line + 4;
-    lstConditions.Move({kMargin, top, width, kRows * (m.line + 2) + 6});
+    lblConditions.Move({kMargin, top, width, m.Line()});
+    top += m.Text() + 4;
+    lstConditions.Move({kMargin, top, width, m.ListHeight(kRows)});
     top = lstConditions.Bounds().Bottom() + 4;
-    lblHint.Move({kMargin, top, width, m.line + 2});
-    top += m.line + kRowGap + 4;
+    lblHint.Move({kMargin, top, width, m.Line()});
+    top += m.Text() + kRowGap + 4;
 
     left = kMargin;
     for (forms::CommandButton* button : {&cmdRemove, &cmdClear}) {
-        button->Move({left, top, m.ButtonWidth(button->Caption()), m.button});
+        button->Move({left, top, m.ButtonWidth(button->Caption()), m.Button()});
         left = button->Bounds().Right() + kGap;
     }
-    int right = kMargin + width;
-    for (forms::CommandButton* button : {&cmdCancel, &cmdOK}) {
-        const int buttonWidth = m.ButtonWidth(button->Caption());
-        button->Move({right - buttonWidth, top, buttonWidth, m.button});
-        right -= buttonWidth + kGap;
-    }
-    SetClientSize({width + 2 * kMargin, top + m.button + kMargin});
+    PlaceFromRight(m, kMargin + width, top, {&cmdCancel, &cmdOK});
+    SetClientSize({width + 2 * kMargin, top + m.Button() + kMargin});
 }
 
 }  // namespace zv::windows

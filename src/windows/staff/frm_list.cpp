@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/layout/row.h"
 #include "resources/plan_texts.h"
 #include "resources/text_ids.h"
 #include "staff/staff_store.h"
@@ -55,28 +56,21 @@ void frmList::FillList() {
 }
 
 void frmList::PlaceControls() {
-    constexpr int kMargin = 12;
-    constexpr int kGap = 8;
+    using forms::layout::dialog::kGap;
+    using forms::layout::dialog::kMargin;
     constexpr int kListWidth = 280;
     constexpr int kRows = 15;
-    const auto measure = [this](const std::string& text) {
-        return Windows().GetBackend().MeasureText(text);
-    };
-    const int line = measure("国Ag").height;
-    const int buttonHeight = line + 12;
-    const int buttonWidth = std::max(
-        {84, measure(cmdLogOK.Caption()).width + 28, measure(cmdCancel.Caption()).width + 28});
-    const int width =
-        std::max({kListWidth, measure(lblList.Caption()).width, 2 * buttonWidth + kGap});
+    const forms::layout::Metrics m(Windows().GetBackend(), forms::layout::dialog::kSpacing);
+    const int buttons =
+        m.ButtonWidth(cmdLogOK.Caption()) + kGap + m.ButtonWidth(cmdCancel.Caption());
+    const int width = std::max({kListWidth, m.Widest({&lblList}), buttons});
     int top = kMargin;
-    lblList.Move({kMargin, top, width, line + 2});
-    top += line + 2 + kGap / 2;
-    List1.Move({kMargin, top, width, kRows * (line + 2) + 6});
+    lblList.Move({kMargin, top, width, m.Line()});
+    top += m.Line() + kGap / 2;
+    List1.Move({kMargin, top, width, m.ListHeight(kRows)});
     top = List1.Bounds().Bottom() + kMargin;
-    const int right = kMargin + width;
-    cmdCancel.Move({right - buttonWidth, top, buttonWidth, buttonHeight});
-    cmdLogOK.Move({right - 2 * buttonWidth - kGap, top, buttonWidth, buttonHeight});
-    SetClientSize({width + 2 * kMargin, top + buttonHeight + kMargin});
+    PlaceFromRight(m, kMargin + width, top, {&cmdCancel, &cmdLogOK});
+    SetClientSize({width + 2 * kMargin, top + m.Button() + kMargin});
 }
 
 void frmList::cmdLogOK_Click() {
