@@ -21,7 +21,7 @@ std::optional<ItemRow> Load(store::Database& database, std::int32_t id);
 void Delete(store::Database& database, std::int32_t id);
 
 /// Writes the state of an item and who brought it there, and says whether that was done; also for
-/// an item that is gone, of which Database::ChangedNothing then tells. Nothing is done for the
+/// an item that is gone, which Database::ChangedNothing answers. Nothing is done for the
 /// number 0. A name with an apostrophe, and a number beyond 16 bits, goes through a recordset.
 bool Mark(store::Database& database, std::int32_t id, ItemState state, std::string_view doer);
 /// The same with a state that a host gives: any number.
@@ -29,7 +29,7 @@ bool Mark(store::Database& database, std::int32_t id, std::int16_t state, std::s
 
 /// An item as it was written.
 struct SavedItem {
-    std::int32_t id = 0;  ///< fID; 0 when the database does not tell that of a new row
+    std::int32_t id = 0;  ///< fID; 0 when the database does not give that of a new row
     ItemKind kind = ItemKind::Task;
     std::string title;
     DateTime date;

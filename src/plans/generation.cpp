@@ -7,8 +7,8 @@
 #include "items/comparisons.h"
 #include "items/fields.h"
 #include "plans/occurrences.h"
-#include "plans/plan.h"
 #include "plans/plan_items.h"
+#include "plans/plan_row.h"
 #include "store/sql_text.h"
 
 namespace zv::plans {
@@ -81,7 +81,7 @@ void WriteItems(Database& database, const Recordset& planRow, const GenerationPr
     target->Close();
 }
 
-// The stamp overwrites the executor that was entered; whoever generates the items takes them.
+// The stamp overwrites the executor that was entered: the user who generates the items takes them.
 void Stamp(Database& database, const GenerationRequest& request) {
     if (store::BreaksLiteral(request.user)) {
         database.SetFields("select * from tTaskSet where taskID=" + request.taskId,

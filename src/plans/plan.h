@@ -1,15 +1,10 @@
 // A task plan: what must be done, on which dates, and how long around each date it alerts.
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "base/date_time.h"
-#include "store/row_values.h"
 
 namespace zv::plans {
 
@@ -45,25 +40,5 @@ struct Plan {
     std::string doneMan;
     std::string content;
 };
-
-/// The fields of a plan, in the order of writing.
-inline constexpr auto kPlanFields = std::to_array<std::string_view>(
-    {"TaskID", "taskTitle", "tbegin", "tEnd", "CircleValue", "CircleType", "taskMonth", "taskday",
-     "TaskWeek", "Type", "TypeValue", "SetMan", "DoneMan", "Content"});
-
-/// The position of a field above; kPlanFields.size() for any other.
-std::size_t PlanFieldIndex(std::string_view name);
-
-/// The groups of the fields above, of which a save takes one version as a whole: the dates, the
-/// recurrence, the alert. A plan keeps its number.
-std::vector<std::size_t> PlanGroups();
-
-/// The fields above of a plan, and back. PlanOf throws error 13 when a date is missing or a number
-/// is none.
-store::RowValues ValuesOf(const Plan& plan);
-Plan PlanOf(const store::RowValues& values);
-
-/// The plan of the current row. Throws like PlanOf.
-Plan ReadPlan(const store::Recordset& row);
 
 }  // namespace zv::plans

@@ -1,5 +1,5 @@
 // The rules that a plan must satisfy before it is saved, as functions of what was entered. They
-// know no window and no database; whoever asks shows what they answer.
+// know no window and no database; the caller shows what they answer.
 #pragma once
 
 #include <cstdint>

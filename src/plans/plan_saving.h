@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "plans/plan.h"
+#include "plans/plan_row.h"
 #include "plans/plan_rules.h"
 #include "store/database.h"
 #include "store/row_merge.h"

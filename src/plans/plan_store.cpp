@@ -14,7 +14,8 @@ std::string ProposeNumber(store::Database& database) {
     const auto rows = database.Open("select max(TaskID) as  MaxID from tTaskSet");
     std::string proposal = "1";
     if (!rows->Eof() && !rows->Field("maxID").IsNull()) {
-        // The column may hold more than a plan's number may be, which the field then tells.
+        // The column may hold more than a plan's number may be; the field refuses that when it is
+        // left.
         const double next = rows->Field("maxID").ToDouble() + 1;
         if (next < kLongestProposal) proposal = std::to_string(static_cast<std::int64_t>(next));
     }

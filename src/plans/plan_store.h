@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "plans/plan.h"
+#include "plans/plan_row.h"
 #include "store/database.h"
 
 namespace zv::plans {

@@ -43,6 +43,10 @@ check "items, plans, cards and staff know no window, no machine and no session" 
     "$(sources src/suite src/items src/plans src/cards src/staff |
         xargs grep -nE '#include "(forms|platform|session)/')"
 
+check "a plan, its rules and its dates know no database" \
+    "$(grep -nE '#include "store/|#include "plans/plan_(row|saving|store|items)' \
+        src/plans/plan.h src/plans/plan_rules.* src/plans/occurrences.*)"
+
 # zvdb works without a display and without a control.
 check "zvdb includes nothing of windows" \
     "$(sources tools/zvdb | xargs grep -nE '#include "(forms|progress|session|reports|windows|control|com)/')"

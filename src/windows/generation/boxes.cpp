@@ -21,7 +21,7 @@ void GenerateTaskList(Session& session, const std::string& taskId,
                                            forms::box::kYesNo + forms::box::kQuestion) ==
                forms::Answer::Yes;
     };
-    // The user that starts the run, whoever the host names while a question stands.
+    // The user who starts the run, also when the host names another while a question stands.
     const plans::GenerationRequest request{taskId, session.state.UserName, deletesDone, progress};
     if (plans::GenerateTaskList(session.database, request) == plans::Generation::PlanIsGone) {
         return SayThatPlanIsGone(session, taskId);

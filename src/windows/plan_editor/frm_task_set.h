@@ -110,7 +110,7 @@ class frmTaskSet : public forms::Form, public StoreClient {
     void CheckDate(plans::PlanField field, bool& cancel);
     void Refuse(const plans::Refusal& refusal);
     bool AskForSetter();
-    /// Saves the plan; one that is not saved is told or was called off by the user.
+    /// Saves the plan. Of one that is refused a box says why; otherwise the user called it off.
     plans::PlanSave Save(const plans::Plan& plan);
     std::optional<store::RowMerge::Version> AskAboutConflict(const std::vector<std::size_t>& fields,
                                                              const store::RowValues& stored,

@@ -1,4 +1,4 @@
-#include "plans/plan.h"
+#include "plans/plan_row.h"
 
 #include <algorithm>
 

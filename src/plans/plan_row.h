@@ -1,0 +1,34 @@
+// A plan as a row of tTaskSet.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "plans/plan.h"
+#include "store/row_values.h"
+
+namespace zv::plans {
+
+/// The fields of a plan, in the order of writing.
+inline constexpr auto kPlanFields = std::to_array<std::string_view>(
+    {"TaskID", "taskTitle", "tbegin", "tEnd", "CircleValue", "CircleType", "taskMonth", "taskday",
+     "TaskWeek", "Type", "TypeValue", "SetMan", "DoneMan", "Content"});
+
+/// The position of a field above; kPlanFields.size() for any other.
+std::size_t PlanFieldIndex(std::string_view name);
+
+/// The groups of the fields above, of which a save takes one version as a whole: the dates, the
+/// recurrence, the alert. A plan keeps its number.
+std::vector<std::size_t> PlanGroups();
+
+/// The fields above of a plan, and back. PlanOf throws error 13 when a date is missing or a number
+/// is none.
+store::RowValues ValuesOf(const Plan& plan);
+Plan PlanOf(const store::RowValues& values);
+
+/// The plan of the current row. Throws like PlanOf.
+Plan ReadPlan(const store::Recordset& row);
+
+}  // namespace zv::plans
