@@ -132,20 +132,23 @@ TEST_F(ImportProcess, ASecondRunOnTheSameNewFileIsToldAndDisturbsNothing) {
 }
 
 TEST_F(ImportProcess, WhatARunThatDiedLeftBlocksNobody) {
-    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
+    const Outcome made = RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"});
+    ASSERT_EQ(made.status, 0) << made.out << made.err;
     const pid_t first = Start({"import", Path("a.db"), Path("b.db"), "--quiet"});
     while (!Exists("b.db.zvdb-part")) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     kill(first, SIGKILL);
     EXPECT_EQ(StatusOf(first), 1000 + SIGKILL);
     ASSERT_TRUE(Exists("b.db.zvdb-claim"));
-    EXPECT_EQ(RunZvdb({"import", Path("a.db"), Path("b.db"), "--quiet"}).status, 0);
+    const Outcome again = RunZvdb({"import", Path("a.db"), Path("b.db"), "--quiet"});
+    EXPECT_EQ(again.status, 0) << again.out << again.err;
     EXPECT_EQ(RunZvdb({"check", Path("b.db")}).status, 0);
     EXPECT_FALSE(Exists("b.db.zvdb-claim"));
     EXPECT_FALSE(Exists("b.db.zvdb-part"));
 }
 
 TEST_F(ImportProcess, ASignalLeavesAPresentTargetAsItWas) {
-    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
+    const Outcome made = RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"});
+    ASSERT_EQ(made.status, 0) << made.out << made.err;
     ASSERT_EQ(RunZvdb({"sample", Path("b.db"), "--items", "50"}).status, 0);
     const std::string before = Read("b.db");
     const pid_t child = Start({"import", Path("a.db"), Path("b.db"), "--replace"});

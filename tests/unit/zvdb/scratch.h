@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -51,9 +52,9 @@ class Scratch : public testing::Test {
     void SetUp() override {
         const auto* test = testing::UnitTest::GetInstance()->current_test_info();
         folder_ = std::filesystem::temp_directory_path() /
-                  (std::string("zvdb-") + test->test_suite_name() + "-" + test->name()) /
+                  (std::string("zvdb-") + test->test_suite_name() + "-" + test->name() + "-" +
+                   std::to_string(std::random_device{}())) /
                   std::filesystem::path(u8"数据 資料");
-        std::filesystem::remove_all(folder_.parent_path());
         std::filesystem::create_directories(folder_);
     }
     void TearDown() override { std::filesystem::remove_all(folder_.parent_path()); }
