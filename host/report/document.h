@@ -36,7 +36,7 @@ struct Document {
     std::string subtitle;
     std::string user;
     DateTime printed;
-    std::int16_t language = 0;  ///< 1 Traditional, any other Simplified
+    std::int16_t language = 0;  ///< one that has texts
     std::vector<Field> fields;  ///< of an item report
     Table table;                ///< of a list or a grid
 };

@@ -1,25 +1,21 @@
 #include "report/item_values.h"
 
-#include <optional>
+#include <cstddef>
+#include <string>
+#include <vector>
 
 #include "base/text.h"
-#include "report/report_texts.h"
+#include "items/names.h"
 
 namespace zv::report {
 namespace {
 
-std::optional<ReportText> KindName(std::string_view number) {
-    if (number == "0") return ReportText::KindTask;
-    if (number == "1") return ReportText::KindGuest;
-    if (number == "2") return ReportText::KindDiary;
-    return std::nullopt;
-}
-
-std::optional<ReportText> StateName(std::string_view number) {
-    if (number == "0") return ReportText::StateNotDone;
-    if (number == "1") return ReportText::StateDone;
-    if (number == "2") return ReportText::StateInHand;
-    return std::nullopt;
+/// The name of a number among names in the order of their numbers; the number itself for any other.
+std::string NameOf(const std::string& number, const std::vector<std::string>& names) {
+    for (std::size_t i = 0; i < names.size(); i++) {
+        if (number == std::to_string(i)) return names[i];
+    }
+    return number;
 }
 
 std::string DateText(const DateTime& date) {
@@ -33,10 +29,9 @@ std::string DateText(const DateTime& date) {
 std::string PrintedValue(std::string_view field, const store::Value& value, std::int16_t language) {
     if (const auto* date = std::get_if<DateTime>(&value.Data())) return DateText(*date);
     std::string text = value.ToText();
-    std::optional<ReportText> name;
-    if (text::EqualsIgnoreCase(field, "fType")) name = KindName(text);
-    if (text::EqualsIgnoreCase(field, "tDone")) name = StateName(text);
-    return name ? GetReportText(*name, language) : text;
+    if (text::EqualsIgnoreCase(field, "fType")) return NameOf(text, items::KindNames(language));
+    if (text::EqualsIgnoreCase(field, "tDone")) return NameOf(text, items::StateNames(language));
+    return text;
 }
 
 }  // namespace zv::report

@@ -1,65 +1,24 @@
-// What the reports and their windows say, in both scripts.
+// What the reports and their windows say, in the language of the job.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+
+#include "resources/texts.h"
 
 namespace zv::report {
 
-enum class ReportText {
-    PageOf,          ///< page {0} of {1}
-    PrintedOn,       ///< date in the footer, {0}
-    PrintedBy,       ///< user in the footer, {0}
-    RecordCount,     ///< {0} records
-    NoRecords,       ///< stands in the place of the rows
-    Continued,       ///< at the head of the rest of a row
-    ContinuesBelow,  ///< at the foot of a row that goes on
-    KindTask,
-    KindGuest,
-    KindDiary,
-    StateNotDone,
-    StateDone,
-    StateInHand,
-    Preview,  ///< title of the window, {0} the report's
-    FirstPage,
-    PreviousPage,
-    NextPage,
-    LastPage,
-    PageNumber,  ///< what a screen reader says of the box
-    OfPages,     ///< behind that box, {0}
-    ZoomOut,
-    ZoomIn,
-    Zoom,
-    FitWidth,
-    WholePage,
-    Print,
-    SavePdf,
-    SaveCsv,
-    Close,
-    PageArea,  ///< what a screen reader says of the page
-    PdfFilter,
-    CsvFilter,
-    SavePdfTitle,
-    SaveCsvTitle,
-    PrinterFileFilter,
-    PrinterFileTitle,
-    NoPrinter,
-    UnknownPrinter,  ///< {0}
-    PrinterFailed,   ///< {0}: the system's reason
-    PrintCancelled,
-    NoFont,
-    BadMode,
-    NothingToPrint,  ///< neither grid, parameters, recordset nor connection
-    FileNotWritten,  ///< {0}
-    SavingCancelled,
-    Printing,  ///< heading of the progress window
-    Saving,
-};
+using ReportText = resources::PrintText;
 
-/// The text in the language of the job: 1 Traditional, any other Simplified.
-std::string GetReportText(ReportText id, std::int16_t language);
+/// Throws like resources::LoadText; a job's language is always one that has texts.
+inline std::string GetReportText(ReportText id, std::int16_t language) {
+    return resources::LoadText(id, language);
+}
 /// The same with {0} and {1} filled in.
-std::string FormatReportText(ReportText id, std::int16_t language, const std::string& first,
-                             const std::string& second = {});
+inline std::string FormatReportText(ReportText id, std::int16_t language, std::string_view first,
+                                    std::string_view second = {}) {
+    return resources::LoadText(id, language, first, second);
+}
 
 }  // namespace zv::report

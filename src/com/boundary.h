@@ -7,7 +7,7 @@
 #include "base/win32/com_error.h"
 #include "com/ids.h"
 #include "com/session_host.h"
-#include "resources/catalogue.h"
+#include "resources/error_texts.h"
 
 namespace zv::com {
 

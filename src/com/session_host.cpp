@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "com/module.h"
+#include "resources/error_texts.h"
 
 namespace zv::com {
 

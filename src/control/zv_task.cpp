@@ -4,6 +4,7 @@
 #include "control/persistence.h"
 #include "items/item_store.h"
 #include "resources/design_texts.h"
+#include "resources/error_texts.h"
 #include "session/store_choice.h"
 #include "windows/completion/frm_task_done.h"
 #include "windows/generation/boxes.h"
@@ -86,7 +87,8 @@ void ZvTask::Connect(std::int32_t mode) {
         if (mode >= kPlanEditor && mode <= kAddInstanceOrAsk) {
             throw RuntimeError(
                 ErrorNumber::FormAlreadyShown,
-                GetDesignText(resources::DesignText::StoreInUse, session_.state.Language));
+                resources::LoadText(resources::DesignText::StoreInUse,
+                                    resources::SpokenLanguage(session_.state.Language)));
         }
         isNew = false;
     }

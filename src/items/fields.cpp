@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "resources/catalogue.h"
+#include "resources/texts.h"
 
 namespace zv::items {
 namespace {
@@ -23,7 +23,7 @@ std::vector<const Field*> Sorted(Takes&& takes, Place&& place) {
 
 std::string FieldCaption::Text(std::int16_t language) const {
     std::string text = catalogue != 0 ? resources::LoadText(catalogue, language)
-                                      : resources::GetDesignText(design, language);
+                                      : resources::LoadText(design, language);
     if (number != 0) text += ' ' + std::to_string(number);
     return text;
 }

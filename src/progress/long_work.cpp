@@ -4,8 +4,8 @@
 
 #include "forms/layout/row.h"
 #include "resources/ask_texts.h"
-#include "resources/catalogue.h"
 #include "resources/text_ids.h"
+#include "resources/texts.h"
 
 namespace zv::progress {
 namespace {
@@ -60,7 +60,7 @@ void frmProgress::PlaceControls() {
 
 void frmProgress::ShowState() {
     const std::string state = work_->State();
-    lblState.SetCaption(state.empty() ? GetAskText(resources::AskText::Working, language_) : state);
+    lblState.SetCaption(state.empty() ? LoadText(resources::AskText::Working, language_) : state);
     ProgressBar1.SetAccessibleName(lblState.Caption());
     ProgressBar1.SetPercent(work_->Percent());
 }

@@ -56,7 +56,7 @@ class Export : public progress::LongWork {
 
 void ExportGrid(Session& session, const forms::Grid& grid, const std::string& proposedName) {
     using resources::AskText;
-    const auto text = [&](AskText id) { return GetAskText(id, session.state.Language); };
+    const auto text = [&](AskText id) { return session.LoadText(id); };
     forms::FileRequest request;
     request.forSaving = true;
     request.filter = text(AskText::CsvFilter);
@@ -73,7 +73,7 @@ void ExportGrid(Session& session, const forms::Grid& grid, const std::string& pr
     const std::string told =
         end == progress::WorkEnd::Cancelled
             ? text(AskText::ExportCancelled)
-            : GetAskText(AskText::RowsExported, session.state.Language, grid.DataRowCount()) +
+            : session.LoadText(AskText::RowsExported, std::to_string(grid.DataRowCount())) +
                   "\r\n" + *path;
     session.windows.ShowMessage(told, forms::box::kInformation);
 }

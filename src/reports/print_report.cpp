@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "reports/report_job.h"
+#include "resources/fixed_texts.h"
 
 namespace zv::reports {
 namespace {
@@ -29,7 +30,7 @@ void PrintReport(Session& session, const Report& report) {
     const auto rows = session.database.Open(CheckStatement(report), store::CursorType::Static,
                                             store::LockType::ReadOnly);
     if (rows->Eof()) {
-        session.windows.ShowMessage("未有可供打印的数据记录！", forms::box::kExclamation);
+        session.windows.ShowMessage(resources::fixed::kNothingToPrint, forms::box::kExclamation);
         return;
     }
     job.printMode = report.printMode;

@@ -1,9 +1,6 @@
 // Captions that belong to the design of the windows and stand in no message catalogue.
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 namespace zv::resources {
 
 enum class DesignText {
@@ -96,9 +93,9 @@ enum class DesignText {
     RowsNotShown,
     NotListed,
     StoreInUse,
+    InputOk,
+    InputCancel,
+    Last = InputCancel,
 };
-
-/// The caption in the control's language: 1 Traditional, any other Simplified.
-std::string GetDesignText(DesignText id, std::int16_t language);
 
 }  // namespace zv::resources

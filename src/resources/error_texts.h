@@ -1,20 +1,15 @@
-// What a user reads of run-time errors.
+// What a user or a host reads of run-time errors.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "base/errors.h"
 
 namespace zv::resources {
 
-/// The text of a classic error number in the control's language: 1 Traditional, any other
-/// Simplified. A number without a text of its own is named by its number.
-std::string ErrorText(ErrorNumber number, std::int16_t language);
-
-/// The text of an engine's error by its kind, in the control's language; empty for the kinds that
-/// say nothing by themselves (Own, Other).
-std::string_view ErrorKindText(ErrorKind kind, std::int16_t language);
+/// An error's own text, or the spoken language's text for its number. An engine's error is told by
+/// its kind, the engine's own words in parentheses behind it for whoever is asked for help.
+std::string DescribeError(const RuntimeError& error, std::int16_t language);
 
 }  // namespace zv::resources

@@ -1,9 +1,6 @@
 // What the main window asks and says about items beyond the message catalogue.
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 namespace zv::resources {
 
 enum class ItemText {
@@ -13,9 +10,7 @@ enum class ItemText {
     OverwriteQuestion,
     BelongsToPlan,
     SaveAnyway,
+    Last = SaveAnyway,
 };
-
-/// The text in the control's language: 1 Traditional, any other Simplified.
-std::string GetItemText(ItemText id, std::int16_t language);
 
 }  // namespace zv::resources

@@ -1,9 +1,6 @@
 // Captions of the plan editor and the staff list that the message catalogue does not hold.
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 namespace zv::resources {
 
 enum class PlanText {
@@ -23,9 +20,7 @@ enum class PlanText {
     PickSetter,
     PickExecutor,
     CaptionSeparator,
+    Last = CaptionSeparator,
 };
-
-/// The caption in the control's language: 1 Traditional, any other Simplified.
-std::string GetPlanText(PlanText id, std::int16_t language);
 
 }  // namespace zv::resources

@@ -1,9 +1,6 @@
 // Captions of the query builder and the list layout that the message catalogue does not hold.
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 namespace zv::resources {
 
 enum class ReportText {
@@ -45,9 +42,7 @@ enum class ReportText {
     ButtonDown,
     ButtonUsual,
     NoColumns,
+    Last = NoColumns,
 };
-
-/// The caption in the control's language: 1 Traditional, any other Simplified.
-std::string GetReportText(ReportText id, std::int16_t language);
 
 }  // namespace zv::resources

@@ -47,9 +47,7 @@ std::pair<std::string, std::string> Excerpts(std::string_view one, std::string_v
 
 std::optional<store::RowMerge::Version> AskForVersion(const Session& session,
                                                       const std::vector<ConflictLine>& lines) {
-    const auto text = [&session](ItemText id) {
-        return resources::GetItemText(id, session.state.Language);
-    };
+    const auto text = [&session](ItemText id) { return session.LoadText(id); };
     std::string question = text(ItemText::ChangedByOthers) + "\r\n";
     for (const ConflictLine& line : lines) {
         const auto [stored, own] = Excerpts(line.stored, line.own);

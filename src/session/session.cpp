@@ -1,5 +1,6 @@
 #include "session/session.h"
 
+#include "resources/error_texts.h"
 #include "resources/text_ids.h"
 #include "session/store_choice.h"
 
@@ -60,12 +61,9 @@ void Session::SaveSetting(std::string_view section, std::string_view key, std::s
 }
 
 void Session::SetApplicationTitle() {
-    // A title is no reason to fail: a language without texts shows the first one's.
-    try {
-        state.applicationTitle = LoadText(text_id::kProductTitle);
-    } catch (const RuntimeError&) {
-        state.applicationTitle = resources::LoadText(text_id::kProductTitle, 0);
-    }
+    // A title is no reason to fail.
+    state.applicationTitle =
+        resources::LoadText(text_id::kProductTitle, resources::SpokenLanguage(state.Language));
     windows.title = state.applicationTitle;
 }
 

@@ -8,9 +8,9 @@
 
 #include "forms/window_system.h"
 #include "platform/machine.h"
-#include "resources/catalogue.h"
 #include "resources/design_texts.h"
 #include "resources/settings.h"
+#include "resources/texts.h"
 #include "session/control_state.h"
 #include "store/database.h"
 
@@ -26,11 +26,16 @@ class Session {
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    /// Catalogue text in the control's language.
-    std::string LoadText(std::int16_t id) const { return resources::LoadText(id, state.Language); }
-    /// Design text in the control's language.
-    std::string LoadText(resources::DesignText id) const {
-        return resources::GetDesignText(id, state.Language);
+    /// The text of a number of the catalogue or of an id in the control's language. Throws like
+    /// resources::LoadText.
+    template <class Id>
+    std::string LoadText(Id id) const {
+        return resources::LoadText(id, state.Language);
+    }
+    /// With `first` in the place of "{0}".
+    template <class Id>
+    std::string LoadText(Id id, std::string_view first) const {
+        return resources::LoadText(id, state.Language, first);
     }
     /// What the opener is given.
     store::ConnectionSettings Settings() const;

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "failure.h"
-#include "resources/catalogue.h"
 #include "script_text.h"
 #include "values.h"
 

@@ -19,7 +19,7 @@
 #include "report/saving.h"
 #include "report/windows/gdi_painter.h"
 #include "report/windows/printer.h"
-#include "resources/catalogue.h"
+#include "resources/error_texts.h"
 
 namespace zv::report {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "report/windows/print_out.h"
-#include "resources/catalogue.h"
+#include "resources/error_texts.h"
 
 namespace zv::host {
 namespace {

@@ -7,6 +7,7 @@
 #include "base/date_time.h"
 #include "base/win32/variant.h"
 #include "report/document.h"
+#include "resources/texts.h"
 #include "store/connection_opener.h"
 
 namespace zv::report {
@@ -17,13 +18,14 @@ struct PrintRequest {
     std::string userPath, password, userId, defaultDatabase, userName, company;
     std::string reportName, title, subtitle, filter, order, outputFile, printerName;
     std::int32_t sqlData = 0;
-    std::int32_t language = 0;  ///< 1 Traditional, any other Simplified
+    std::int32_t language = 0;  ///< as the host set it
     std::int32_t printMode = 0;
     std::int32_t copies = 1;
     bool copyright = false;
     win32::Variant parameters, columns, recordset, grid;
 
-    std::int16_t Script() const { return language == 1 ? std::int16_t{1} : std::int16_t{0}; }
+    /// The language that the papers speak.
+    std::int16_t Script() const { return resources::SpokenLanguage(language); }
     bool HasConnection() const { return !userPath.empty() || sqlData >= 1; }
 };
 

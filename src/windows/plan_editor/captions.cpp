@@ -12,9 +12,7 @@ using resources::PlanText;
 
 void frmTaskSet::SetCaptions() {
     const auto text = [this](std::int16_t id) { return session_.LoadText(id); };
-    const auto planText = [this](PlanText id) {
-        return resources::GetPlanText(id, session_.state.Language);
-    };
+    const auto planText = [this](PlanText id) { return session_.LoadText(id); };
     SetModeCaption();
     lblTaskID.SetCaption(text(text_id::kTaskNumber));
     lblTaskTitle.SetCaption(text(text_id::kTitle));
@@ -67,7 +65,7 @@ void frmTaskSet::SetCaptions() {
 
 void frmTaskSet::SetModeCaption() {
     SetCaption(session_.LoadText(edited_.taskId != 0 ? text_id::kChange : text_id::kAdd) +
-               resources::GetPlanText(PlanText::CaptionSeparator, session_.state.Language) +
+               session_.LoadText(PlanText::CaptionSeparator) +
                session_.LoadText(text_id::kPlanEditor));
 }
 

@@ -22,11 +22,9 @@ constexpr std::pair<std::string_view, int> kWidths[] = {
 
 void frmAsk::SetCaptions() {
     const auto text = [this](std::int16_t id) { return session_.LoadText(id); };
-    const auto design = [this](DesignText id) {
-        return resources::GetDesignText(id, session_.state.Language);
-    };
+    const auto design = [this](DesignText id) { return session_.LoadText(id); };
     SetCaption(text(text_id::kQuery) + text(text_id::kTask));
-    chkUser.SetCaption(GetAskText(AskText::WrittenBy, session_.state.Language));
+    chkUser.SetCaption(session_.LoadText(AskText::WrittenBy));
     chkType.SetCaption(design(DesignText::Kind));
     Check1[kTitleCheck].SetCaption(text(text_id::kTitle));
     Check1[kDateCheck].SetCaption(text(text_id::kScheduledDate));
@@ -35,7 +33,7 @@ void frmAsk::SetCaptions() {
     lblUntil.SetCaption("-");
     cmdAsk.SetCaption(text(text_id::kQuery));
     cmdPrint.SetCaption(text(text_id::kPrint));
-    cmdExport.SetCaption(GetAskText(AskText::ButtonExport, session_.state.Language));
+    cmdExport.SetCaption(session_.LoadText(AskText::ButtonExport));
     cmdQuit.SetCaption(text(text_id::kLeave));
     lblCount.SetCaption({});
 

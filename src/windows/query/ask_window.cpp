@@ -18,7 +18,7 @@ class Reading : public progress::LongWork {
         : rows_(rows), grid_(grid), language_(language) {}
     bool Continue() override { return rows_.Fill(grid_, kRowsInPiece); }
     std::string State() const override {
-        return GetAskText(AskText::RowsSoFar, language_, grid_.DataRowCount());
+        return LoadText(AskText::RowsSoFar, language_, std::to_string(grid_.DataRowCount()));
     }
 
  private:
@@ -160,13 +160,13 @@ void frmAsk::cmdAsk_Click() {
 std::string frmAsk::TellFound(bool cancelled) const {
     const std::int16_t language = session_.state.Language;
     const int count = Grid1.DataRowCount();
-    if (cancelled) return GetAskText(AskText::QueryCancelled, language, count);
-    if (count > 0) return GetAskText(AskText::RowsFound, language, count);
+    if (cancelled) return LoadText(AskText::QueryCancelled, language, std::to_string(count));
+    if (count > 0) return LoadText(AskText::RowsFound, language, std::to_string(count));
     const items::AskCriteria criteria = Criteria();
     if (criteria.dates && criteria.dates->first > criteria.dates->second) {
         return session_.LoadText(text_id::kBeginAfterEnd);
     }
-    return GetAskText(AskText::NothingFound, language);
+    return LoadText(AskText::NothingFound, language);
 }
 
 void frmAsk::cmdPrint_Click() {

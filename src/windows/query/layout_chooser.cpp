@@ -62,9 +62,7 @@ void frmItemSet::Form_Load() {
 }
 
 void frmItemSet::SetCaptions() {
-    const auto text = [this](ReportText id) {
-        return resources::GetReportText(id, session_.state.Language);
-    };
+    const auto text = [this](ReportText id) { return session_.LoadText(id); };
     SetCaption(text(ReportText::ListLayout));
     lblAll.SetCaption(text(ReportText::Available));
     lstAll.SetAccessibleName(text(ReportText::Available));
@@ -191,9 +189,8 @@ void frmItemSet::cmdUsual_Click() {
 
 void frmItemSet::cmdOK_Click() {
     if (chosen_.empty()) {
-        session_.windows.ShowMessage(
-            resources::GetReportText(ReportText::NoColumns, session_.state.Language),
-            forms::box::kExclamation);
+        session_.windows.ShowMessage(session_.LoadText(ReportText::NoColumns),
+                                     forms::box::kExclamation);
         return;
     }
     std::vector<std::string> names;

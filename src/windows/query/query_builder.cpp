@@ -86,7 +86,7 @@ frmSeek::frmSeek(forms::WindowSystem& windows, Session& session)
 }
 
 std::string frmSeek::Text(ReportText id) const {
-    return resources::GetReportText(id, session_.state.Language);
+    return session_.LoadText(id);
 }
 
 void frmSeek::Form_Load() {

@@ -37,9 +37,9 @@ void frmList::Form_Load() {
 
 void frmList::SetCaptions() {
     SetCaption(session_.LoadText(text_id::kOptions) + session_.LoadText(text_id::kList));
-    const std::string heading =
-        resources::GetPlanText(resources::PlanText::ListPrefix, session_.state.Language) +
-        session_.LoadText(text_id::kList) + session_.LoadText(text_id::kStaff);
+    const std::string heading = session_.LoadText(resources::PlanText::ListPrefix) +
+                                session_.LoadText(text_id::kList) +
+                                session_.LoadText(text_id::kStaff);
     lblList.SetCaption(heading);
     List1.SetAccessibleName(heading);
     cmdLogOK.SetCaption(session_.LoadText(text_id::kTake));

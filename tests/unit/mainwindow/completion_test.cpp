@@ -145,7 +145,7 @@ TEST_F(CompletionTest, TheMenuDropsJustBelowTheButton) {
 TEST_F(CompletionTest, ThreeCharactersOfTheInHandCaptionAreItsAccessKey) {
     for (const std::int16_t language : {std::int16_t{0}, std::int16_t{1}}) {
         const std::string caption =
-            resources::GetDesignText(resources::DesignText::MenuInHandEntry, language);
+            resources::LoadText(resources::DesignText::MenuInHandEntry, language);
         ASSERT_GT(caption.size(), 3u);
         EXPECT_EQ(caption[caption.size() - 3], ' ');
         EXPECT_EQ(caption[caption.size() - 2], '&');

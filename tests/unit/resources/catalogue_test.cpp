@@ -1,4 +1,4 @@
-#include "resources/catalogue.h"
+#include "resources/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -102,7 +102,7 @@ TEST(DescribeError, NamesClassicNumbersInBothScripts) {
 
 TEST(DesignTexts, InHandEntryEndsInASuffixOfThreeCharacters) {
     for (const std::int16_t language : {std::int16_t{0}, std::int16_t{1}}) {
-        const std::string caption = GetDesignText(DesignText::MenuInHandEntry, language);
+        const std::string caption = LoadText(DesignText::MenuInHandEntry, language);
         EXPECT_EQ(caption.substr(caption.size() - 3), " &I");
     }
 }

@@ -6,7 +6,6 @@
 #include <set>
 
 #include "base/text.h"
-#include "resources/catalogue.h"
 
 namespace zv::resources {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "base/text.h"
 #include "reports/print_report.h"
-#include "resources/catalogue.h"
+#include "resources/error_texts.h"
 #include "secrets/connection_texts.h"
 #include "session/module_gate.h"
 #include "stage/stage.h"

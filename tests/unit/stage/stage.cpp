@@ -8,6 +8,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "resources/error_texts.h"
 #include "store/schema/schema.h"
 #include "store/sqlite/sqlite_connection.h"
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "items/comparisons.h"
+#include "resources/fixed_texts.h"
 #include "windows/query/ask_window.h"
 #include "windows/query/query_builder.h"
 
@@ -26,7 +27,7 @@ void AdvancedSearch::mnuSeek2_Click() {
     if (where.empty() || !form_.IsLoaded()) return;
     // Meanwhile the host may have shown the window to a user whose search is limited.
     if (!commands_.menus.mnuSeek2.Enabled()) {
-        session_.windows.ShowMessage("您无权进行操作 ！", forms::box::kExclamation);
+        session_.windows.ShowMessage(resources::fixed::kNoRight, forms::box::kExclamation);
         return;
     }
     if (model_.startMode == kCardMode) {

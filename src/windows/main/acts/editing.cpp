@@ -6,7 +6,7 @@
 
 #include "forms/form.h"
 #include "plans/plan_store.h"
-#include "resources/item_texts.h"
+#include "resources/fixed_texts.h"
 #include "resources/text_ids.h"
 #include "windows/main/acts/conflict_question.h"
 #include "windows/main/acts/rights.h"
@@ -20,11 +20,11 @@ namespace field = items::field;
 std::string WordFor(EditMode mode) {
     switch (mode) {
         case EditMode::Adding:
-            return "新增";
+            return resources::fixed::kAdded;
         case EditMode::Deleting:
-            return "删除";
+            return resources::fixed::kDeleted;
         default:
-            return "修改";
+            return resources::fixed::kChanged;
     }
 }
 
@@ -172,7 +172,7 @@ bool Editing::HasCustomer() {
     if (view_.Values().Row(field::kKind) != Number(ItemKind::Guest) || session_.state.cardId >= 1) {
         return true;
     }
-    session_.windows.ShowMessage("请输入客户资料！", forms::box::kExclamation);
+    session_.windows.ShowMessage(resources::fixed::kVisitNeedsACard, forms::box::kExclamation);
     tabs_.SetTab(kCardTab);
     cards_.FocusSearch();
     return false;
@@ -191,7 +191,7 @@ std::optional<items::SavedItem> Editing::SaveItem() {
     if (!saved) return saved;
     view_.ForgetRow();
     head_.txtUser2.SetText(session_.state.UserName);
-    session_.windows.ShowMessage("[" + saved->title + "]: " + word + "完毕 ！",
+    session_.windows.ShowMessage("[" + saved->title + "]: " + word + resources::fixed::kFinished,
                                  forms::box::kOkOnly);
     return saved;
 }
@@ -202,7 +202,7 @@ std::optional<items::SavedItem> Editing::Change(std::int32_t id, const items::It
         const items::ItemChange::Outcome outcome = change.Save();
         if (const auto* saved = std::get_if<items::SavedItem>(&outcome)) return *saved;
         if (std::holds_alternative<items::ItemChange::Gone>(outcome)) {
-            session_.windows.ShowMessage("原记录未有存在，操作取消！", forms::box::kExclamation);
+            session_.windows.ShowMessage(resources::fixed::kItemIsGone, forms::box::kExclamation);
             return std::nullopt;
         }
         const auto& conflict = std::get<items::ItemChange::Conflict>(outcome);
@@ -226,9 +226,7 @@ bool Editing::MayJoinPlan() const {
     const auto plan = plans::Load(session_.database, *pick);
     if (!plan) return true;
     const std::string title = (*plan)[plans::PlanFieldIndex("taskTitle")].ToText();
-    const auto text = [this](resources::ItemText id) {
-        return resources::GetItemText(id, session_.state.Language);
-    };
+    const auto text = [this](resources::ItemText id) { return session_.LoadText(id); };
     return session_.windows.ShowMessage(
                tree_.chkEvent.Caption() + " [" + std::to_string(*pick) + " - " + title +
                    "]: " + text(resources::ItemText::BelongsToPlan) + "\r\n\r\n" +
@@ -294,7 +292,8 @@ void Editing::mnuGuestConnect_Click() {
 
 void Editing::ProposeTitle(const std::string& company) {
     // Not the edit mode, which a delete that was called off leaves behind.
-    if (model_.openedFor != EditMode::None) head_.txtTitle2.SetText(company + "--拜访记录");
+    if (model_.openedFor != EditMode::None)
+        head_.txtTitle2.SetText(company + resources::fixed::kVisitTitleEnd);
 }
 
 }  // namespace zv::windows

@@ -5,6 +5,7 @@
 #include "cards/card_store.h"
 #include "items/item_store.h"
 #include "plans/plan_store.h"
+#include "resources/fixed_texts.h"
 
 namespace zv::windows {
 
@@ -98,12 +99,12 @@ bool ItemView::LoadItem() {
 
 void ItemView::ShowGuestCard(std::int32_t card) {
     if (card < 1) {
-        cardNotice_ = "该客户资料不存在！";
+        cardNotice_ = resources::fixed::kNoCard;
         // With the selection goes what is shown of the card before: it would be dialed for this
         // visit.
         cards_.ClearCardDetail();
     } else if (!cards_.LoadCardList(cards::IsCard(card))) {
-        cardNotice_ = "该客户资料已不存在！";
+        cardNotice_ = resources::fixed::kCardIsGone;
     }
 }
 

@@ -6,6 +6,7 @@
 #include "platform/report_printer.h"
 #include "reports/print_grid.h"
 #include "reports/print_report.h"
+#include "resources/fixed_texts.h"
 #include "resources/text_ids.h"
 #include "windows/query/layout_chooser.h"
 
@@ -72,7 +73,7 @@ void Printing::cmdItemSet_Click() {
 
 void Printing::cmdPrint_Click() {
     if (reminder_.ShowsGrid())
-        reports::PrintGrid(session_, reminder_.Grid1, "客户生日报警", "");
+        reports::PrintGrid(session_, reminder_.Grid1, resources::fixed::kBirthdays, "");
     else
         PrintItem(reports::kPreview);
 }

@@ -7,11 +7,13 @@
 #include "cards/birthdays.h"
 #include "forms/field_keys.h"
 #include "forms/layout/metrics.h"
+#include "resources/fixed_texts.h"
 
 namespace zv::windows {
 namespace {
 
 using resources::DesignText;
+namespace fixed = resources::fixed;
 
 // The whole number of a text that is a day count; error 6 for one that 16 bits cannot hold.
 std::optional<std::int16_t> DayCount(std::string_view text) {
@@ -21,7 +23,7 @@ std::optional<std::int16_t> DayCount(std::string_view text) {
 }
 
 std::string TodayInBrackets(const std::string& today) {
-    return "（今天 " + today + "）";
+    return fixed::kTodayBegin + today + fixed::kTodayEnd;
 }
 
 }  // namespace
@@ -103,8 +105,8 @@ bool BirthdayPanel::FillForTypedDays() {
 
 void BirthdayPanel::TellThatThereAreNone() {
     if (!form_.IsShown()) return;
-    session_.windows.ShowMessage(forms::BoxText("今天未有[客户生日报警] （提前") +
-                                     forms::Inserted{txtBirthDay0.Text()} + "天）！",
+    session_.windows.ShowMessage(forms::BoxText(fixed::kNoBirthdayBegin) +
+                                     forms::Inserted{txtBirthDay0.Text()} + fixed::kNoBirthdayEnd,
                                  forms::box::kInformation,
                                  session_.machine.clock.Today().IsoDate());
 }
@@ -137,7 +139,7 @@ void BirthdayPanel::ShowDay() {
 void BirthdayPanel::TellDay(bool on) {
     shownDay_ = session_.machine.clock.Today();
     const std::string today = TodayInBrackets(shownDay_.IsoDate());
-    lblBirthDay.SetCaption(on ? "客户生日报警 " + today : today);
+    lblBirthDay.SetCaption(on ? std::string(fixed::kBirthdays) + ' ' + today : today);
 }
 
 void BirthdayPanel::FollowTheDay() {

@@ -9,6 +9,7 @@
 #include "forms/field_keys.h"
 #include "forms/layout/metrics.h"
 #include "items/fields.h"
+#include "resources/fixed_texts.h"
 #include "session/text_checks.h"
 #include "windows/main/panels/contact_targets.h"
 
@@ -144,7 +145,7 @@ void CardPanel::Place(const forms::Rect& page) {
 }
 
 std::string CardPanel::Entry(const std::string& company, std::int32_t cardId) {
-    return text::PadTo(company.empty() ? "（空）" : company, kCompanyWidth) +
+    return text::PadTo(company.empty() ? resources::fixed::kNoCompany : company, kCompanyWidth) +
            std::to_string(cardId);
 }
 
@@ -309,7 +310,7 @@ void CardPanel::txtCompSeek_KeyDown(forms::KeyEvent& event) {
     if (cboComp2.ListCount() > 0) {
         cboComp2.SetFocus();
     } else {
-        session_.windows.ShowMessage("未有符合条件的客户资料！", forms::box::kInformation);
+        session_.windows.ShowMessage(resources::fixed::kNoCardFound, forms::box::kInformation);
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "forms/form.h"
 #include "forms/layout/metrics.h"
+#include "resources/fixed_texts.h"
 #include "resources/text_ids.h"
 
 namespace zv::windows {
@@ -15,7 +16,7 @@ using resources::DesignText;
 
 constexpr std::string_view kExitPrefix = "&X ";
 
-/// "任务(&T)" without its access key.
+/// "Task(&T)" without its access key.
 std::string WithoutAccessKey(std::string caption) {
     if (const auto at = caption.find("(&"); at != std::string::npos) caption.erase(at);
     std::erase(caption, '&');
@@ -105,7 +106,7 @@ int CommandPanel::SaveWidth() const {
 
 std::string CommandPanel::SaveCaption(items::ItemKind kind, EditMode mode) const {
     return WithoutAccessKey(MenuOf(menus, kind).Caption()) +
-           (mode == EditMode::Adding ? "新增" : "修改");
+           (mode == EditMode::Adding ? resources::fixed::kAdded : resources::fixed::kChanged);
 }
 
 void CommandPanel::ShowEdit() {

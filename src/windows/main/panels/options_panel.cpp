@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "forms/field_keys.h"
 #include "forms/layout/metrics.h"
+#include "resources/error_texts.h"
 #include "resources/switch_setting.h"
 #include "resources/text_ids.h"
 #include "session/choose_file.h"
