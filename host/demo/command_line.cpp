@@ -1,6 +1,18 @@
 #include "demo/command_line.h"
 
+#include "resources/texts.h"
+
 namespace zv::demo {
+namespace {
+
+std::optional<int> LanguageOf(const std::wstring& number) {
+    for (int language = 0; language < resources::LanguageCount(); language++) {
+        if (number == std::to_wstring(language)) return language;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
 
 std::optional<StartOptions> ReadOptions(const std::vector<std::wstring>& arguments) {
     StartOptions options;
@@ -16,8 +28,10 @@ std::optional<StartOptions> ReadOptions(const std::vector<std::wstring>& argumen
             options.data = value;
         } else if (option == L"--user") {
             options.user = value;
-        } else if (option == L"--language" && (value == L"0" || value == L"1")) {
-            options.language = value == L"1" ? 1 : 0;
+        } else if (option == L"--language") {
+            const auto language = LanguageOf(value);
+            if (!language) return std::nullopt;
+            options.language = *language;
         } else {
             return std::nullopt;
         }

@@ -4,6 +4,8 @@
 
 #include "base/win32/com_error.h"
 #include "base/win32/variant.h"
+#include "demo/demo_texts.h"
+#include "resources/texts.h"
 
 namespace zv::demo {
 namespace {
@@ -72,18 +74,18 @@ STDMETHODIMP ControlSite::GetWindow(HWND* window) {
 }
 
 STDMETHODIMP ControlSite::OnInPlaceActivate() {
-    Tell("控件已就地激活");
+    Tell(texts::kActivated);
     return S_OK;
 }
 
 STDMETHODIMP ControlSite::OnUIActivate() {
-    Tell("控件获得界面焦点");
+    Tell(texts::kUserInterfaceActive);
     return S_OK;
 }
 
 STDMETHODIMP ControlSite::OnInPlaceDeactivate() {
     activeObject_.Reset();
-    Tell("控件已停用");
+    Tell(texts::kDeactivated);
     return S_OK;
 }
 
@@ -209,7 +211,8 @@ STDMETHODIMP ControlSite::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS*
         }
     }
     if ((kind & DISPATCH_METHOD) && eventInterface_ != GUID_NULL) {
-        return win32::Guarded("zvDemo", [&] { Tell(("事件 " + std::to_string(id)).c_str()); });
+        return win32::Guarded(
+            "zvDemo", [&] { Tell(resources::FillIn(texts::kEvent, std::to_string(id)).c_str()); });
     }
     return DISP_E_MEMBERNOTFOUND;
 }

@@ -7,7 +7,10 @@
 #include <cstdio>
 
 #include "base/win32/wide.h"
+#include "demo/demo_texts.h"
 #include "demo/menu_choice.h"
+#include "resources/text_ids.h"
+#include "resources/texts.h"
 
 namespace zv::demo {
 namespace {
@@ -46,10 +49,23 @@ constexpr int kButtonHeight = 30;
 constexpr int kSmallestWidth = 820;
 constexpr int kSmallestHeight = 620;
 
-constexpr const wchar_t* kModeCaptions[] = {
-    L"&0  登录提醒", L"&1  任务管理",         L"&2  新建计划", L"&3  选择人员",
-    L"&4  直接标记", L"&5  标记，失败时询问", L"&6  更新计划", L"&7  更新，失败时询问",
-    L"&8  只连接",   L"&9  客户卡片"};
+std::vector<std::wstring> LanguageNames() {
+    std::vector<std::wstring> names;
+    for (std::int16_t language = 0; language < resources::LanguageCount(); language++) {
+        names.push_back(ToWide(resources::LoadText(resources::DesignText::LanguageName, language)));
+    }
+    return names;
+}
+
+// What the control's menu calls it, in every language: the control may still show the one before.
+std::vector<std::wstring> QueryWindowCaptions() {
+    std::vector<std::wstring> captions;
+    for (std::int16_t language = 0; language < resources::LanguageCount(); language++) {
+        captions.push_back(ToWide(resources::LoadText(text_id::kQuery, language) +
+                                  resources::LoadText(text_id::kTask, language)));
+    }
+    return captions;
+}
 
 // Present from Windows 10 on; older systems have one scale for all displays.
 int DpiOf(HWND window) {
@@ -103,7 +119,7 @@ DemoWindow::DemoWindow(const StartOptions& options) {
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     windowClass.lpszClassName = kClassName;
     RegisterClassExW(&windowClass);
-    window_ = CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"任务提醒 演示主程序",
+    window_ = CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, texts::kTitle,
                               WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
                               960, 700, nullptr, nullptr, instance, this);
     dpi_ = DpiOf(window_);
@@ -274,14 +290,14 @@ HWND DemoWindow::AddField(const wchar_t* label, const wchar_t* name, int id, int
 }
 
 HWND DemoWindow::AddList(const wchar_t* label, const wchar_t* name, int id, int& y,
-                         std::initializer_list<const wchar_t*> rows) {
+                         const std::vector<std::wstring>& rows) {
     Add(L"STATIC", label, SS_LEFT | SS_CENTERIMAGE, -1,
         Place(kMargin, y, kLabelWidth, kFieldHeight));
     // The height is that of the opened list.
     const HWND list = Add(L"COMBOBOX", L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, id,
                           Place(kFieldLeft, y, kFieldWidth, 160), name);
-    for (const wchar_t* row : rows) {
-        SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row));
+    for (const std::wstring& row : rows) {
+        SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.c_str()));
     }
     SendMessageW(list, CB_SETCURSEL, 0, 0);
     y += kRow;
@@ -290,36 +306,35 @@ HWND DemoWindow::AddList(const wchar_t* label, const wchar_t* name, int id, int&
 
 void DemoWindow::CreateFields() {
     int y = kMargin;
-    AddHeading(L"当前用户", kMargin, y, kColumn - kMargin * 2);
+    AddHeading(texts::kUser, kMargin, y, kColumn - kMargin * 2);
     y += 26;
-    user_ = AddField(L"用户名(&U)", L"txtUserName", kIdField, y);
-    inCharge_ = AddField(L"负责人(&Z)", L"txtZgName", kIdField, y);
-    company_ = AddField(L"公司(&C)", L"txtCompName", kIdField, y);
-    language_ = AddList(L"语言(&L)", L"cboLanguage", kIdField, y, {L"简体中文", L"繁體中文"});
-    rights_ = AddField(L"权限(&R)", L"txtPower", kIdField, y);
-    allRights_ = Add(L"BUTTON", L"全部权限(&A)", WS_TABSTOP | BS_AUTOCHECKBOX, kIdAllRights,
+    user_ = AddField(texts::kUserName, L"txtUserName", kIdField, y);
+    inCharge_ = AddField(texts::kInCharge, L"txtZgName", kIdField, y);
+    company_ = AddField(texts::kCompany, L"txtCompName", kIdField, y);
+    language_ = AddList(texts::kLanguage, L"cboLanguage", kIdField, y, LanguageNames());
+    rights_ = AddField(texts::kRights, L"txtPower", kIdField, y);
+    allRights_ = Add(L"BUTTON", texts::kAllRights, WS_TABSTOP | BS_AUTOCHECKBOX, kIdAllRights,
                      Place(kFieldLeft, y - 2, kFieldWidth, kFieldHeight), L"chkPower");
     y += kRow + 8;
 
-    AddHeading(L"数据库", kMargin, y, kColumn - kMargin * 2);
+    AddHeading(texts::kDatabase, kMargin, y, kColumn - kMargin * 2);
     y += 26;
-    kind_ = AddList(L"种类(&K)", L"cboKind", kIdField, y,
-                    {L"0  文件（内嵌或 Access）", L"1  SQL Server"});
+    kind_ = AddList(texts::kKind, L"cboKind", kIdField, y, {texts::kFileKind, texts::kServerKind});
     const int dataRow = y;
-    data_ = AddField(L"数据路径(&D)", L"txtDataPath", kIdField, y, 0, kFieldWidth - 40);
+    data_ = AddField(texts::kDataPath, L"txtDataPath", kIdField, y, 0, kFieldWidth - 40);
     Add(L"BUTTON", L"…", WS_TABSTOP | BS_PUSHBUTTON, kIdBrowse,
         Place(kFieldLeft + kFieldWidth - 34, dataRow, 34, kFieldHeight), L"cmdBrowse");
-    password_ = AddField(L"密码(&P)", L"txtPassword", kIdField, y, ES_PASSWORD);
-    login_ = AddField(L"登录名(&I)", L"txtUserID", kIdField, y);
-    database_ = AddField(L"默认数据库(&B)", L"txtDefault", kIdField, y);
+    password_ = AddField(texts::kPassword, L"txtPassword", kIdField, y, ES_PASSWORD);
+    login_ = AddField(texts::kLogin, L"txtUserID", kIdField, y);
+    database_ = AddField(texts::kDefaultDatabase, L"txtDefault", kIdField, y);
     y += 8;
 
-    AddHeading(L"调用参数", kMargin, y, kColumn - kMargin * 2);
+    AddHeading(texts::kParameters, kMargin, y, kColumn - kMargin * 2);
     y += 26;
-    name_ = AddField(L"名称(&N)", L"txtMyName", kIdField, y);
-    taskId_ = AddField(L"任务编号(&T)", L"txtMyTaskID", kIdField, y, ES_NUMBER);
-    date_ = AddField(L"日期或标志(&F)", L"txtMyDate", kIdField, y);
-    modal_ = Add(L"BUTTON", L"模态窗口(&M)", WS_TABSTOP | BS_AUTOCHECKBOX, kIdField,
+    name_ = AddField(texts::kName, L"txtMyName", kIdField, y);
+    taskId_ = AddField(texts::kTaskNumber, L"txtMyTaskID", kIdField, y, ES_NUMBER);
+    date_ = AddField(texts::kDateOrFlag, L"txtMyDate", kIdField, y);
+    modal_ = Add(L"BUTTON", texts::kModal, WS_TABSTOP | BS_AUTOCHECKBOX, kIdField,
                  Place(kFieldLeft, y - 2, kFieldWidth, kFieldHeight), L"chkModal");
 }
 
@@ -327,21 +342,21 @@ void DemoWindow::CreateOperations() {
     constexpr int kButtonWidth = 178;
     constexpr int kPerRow = 2;
     int y = kMargin;
-    AddHeading(L"打开（refresh 的方式）", kColumn, y, 300);
+    AddHeading(texts::kOpen, kColumn, y, 300);
     y += 26;
     for (int mode = 0; mode < kModes; ++mode) {
         const int left = kColumn + (mode % kPerRow) * (kButtonWidth + 8);
         const int top = y + (mode / kPerRow) * (kButtonHeight + 6);
         const std::wstring name = L"cmdRefresh" + std::to_wstring(mode);
-        Add(L"BUTTON", kModeCaptions[mode], WS_TABSTOP | BS_PUSHBUTTON | BS_LEFT,
+        Add(L"BUTTON", texts::kModes[mode], WS_TABSTOP | BS_PUSHBUTTON | BS_LEFT,
             kIdFirstMode + mode, Place(left, top, kButtonWidth, kButtonHeight), name.c_str());
     }
     y += (kModes / kPerRow) * (kButtonHeight + 6);
-    Add(L"BUTTON", L"1 → 查询任务(&Q)", WS_TABSTOP | BS_PUSHBUTTON | BS_LEFT, kIdQuery,
+    Add(L"BUTTON", texts::kQueryWindow, WS_TABSTOP | BS_PUSHBUTTON | BS_LEFT, kIdQuery,
         Place(kColumn, y, kButtonWidth, kButtonHeight), L"cmdQuery");
     y += kButtonHeight + 16;
 
-    AddHeading(L"控件做了什么", kColumn, y, 300);
+    AddHeading(texts::kWhatTheControlDid, kColumn, y, 300);
     y += 26;
     const int bottomRow = kMargin + kButtonHeight;
     log_ = Add(L"EDIT", L"",
@@ -352,10 +367,10 @@ void DemoWindow::CreateOperations() {
         const wchar_t* caption;
         int id;
         const wchar_t* name;
-    } constexpr kButtons[] = {{L"保存属性包(&S)", kIdSaveBag, L"cmdSaveBag"},
-                              {L"重新载入(&O)", kIdLoadBag, L"cmdLoadBag"},
-                              {L"读取属性(&E)", kIdRead, L"cmdRead"},
-                              {L"清空(&X)", kIdClear, L"cmdClear"}};
+    } constexpr kButtons[] = {{texts::kSaveBag, kIdSaveBag, L"cmdSaveBag"},
+                              {texts::kLoadBag, kIdLoadBag, L"cmdLoadBag"},
+                              {texts::kRead, kIdRead, L"cmdRead"},
+                              {texts::kClear, kIdClear, L"cmdClear"}};
     int left = kColumn;
     for (const auto& button : kButtons) {
         constexpr int kWidth = 112;
@@ -368,7 +383,7 @@ void DemoWindow::CreateOperations() {
 void DemoWindow::FillIn(const StartOptions& options) {
     SetWindowTextW(user_, options.user.c_str());
     SetWindowTextW(inCharge_, options.user.c_str());
-    SetWindowTextW(company_, L"示例贸易有限公司");
+    SetWindowTextW(company_, texts::kStandInCompany);
     SetWindowTextW(data_, (options.data.empty() ? DefaultDataPath() : options.data).c_str());
     SendMessageW(language_, CB_SETCURSEL, static_cast<WPARAM>(options.language), 0);
     SendMessageW(rights_, EM_SETLIMITTEXT, kRights, 0);
@@ -410,7 +425,7 @@ void DemoWindow::Layout() {
 
 void DemoWindow::Refresh(int mode) {
     if (!control_ || !control_->Exists()) {
-        Log("没有控件可用：请先注册 zv_Task.ocx，再按“重新载入”");
+        Log(texts::kNotRegistered);
         return;
     }
     ApplyFields();
@@ -427,8 +442,8 @@ void DemoWindow::OpenQueryWindow() {
     ApplyFields();
     control_->Refresh(kManager, false);
     const HWND manager = FindNamedWindow(L"frmTaskMain");
-    if (!manager || !ChooseMenuEntry(manager, {L"查询任务", L"查詢任務"})) {
-        Log("任务管理器的菜单里没有查询窗口");
+    if (!manager || !ChooseMenuEntry(manager, QueryWindowCaptions())) {
+        Log(texts::kNoQueryWindow);
     }
 }
 
@@ -437,7 +452,7 @@ void DemoWindow::ApplyFields() {
     const auto position = [](HWND list) {
         return Variant(static_cast<std::int16_t>(SendMessageW(list, CB_GETCURSEL, 0, 0)));
     };
-    Log("设置属性");
+    Log(texts::kSetProperties);
     control_->Put(L"SQLData", position(kind_));
     control_->Put(L"UserPath", text(data_));
     control_->Put(L"Password", text(password_), true);
@@ -455,7 +470,7 @@ void DemoWindow::ApplyFields() {
         // A number is a flag, anything else a date in the user's own writing.
         if (FAILED(date.ChangeType(VT_R8)) &&
             FAILED(VariantChangeType(&date.Ref(), &date.Ref(), 0, VT_DATE))) {
-            Log("  myDate：不是日期，也不是数字");
+            Log(texts::kNoDate);
         } else {
             if (date.Type() == VT_R8) date = Variant::Date(date.Get().dblVal);
             control_->Put(L"myDate", date);
@@ -471,19 +486,19 @@ void DemoWindow::ShowBag(PropertyBag& bag) {
 }
 
 void DemoWindow::SaveBag() {
-    if (!control_->Exists()) return Log("没有控件可用");
+    if (!control_->Exists()) return Log(texts::kNoControl);
     ApplyFields();
     bag_ = control_->Save();
     if (bag_) ShowBag(*bag_);
 }
 
 void DemoWindow::LoadBag() {
-    Log(bag_ ? "用保存的属性包重新创建控件" : "重新创建控件");
+    Log(bag_ ? texts::kMadeOfBag : texts::kMadeAnew);
     control_->Create(bag_.Get());
 }
 
 void DemoWindow::ReadProperties() {
-    if (!control_->Exists()) return Log("没有控件可用");
+    if (!control_->Exists()) return Log(texts::kNoControl);
     for (const wchar_t* property : {L"myName", L"AlertType", L"UserID", L"Default", L"Zorvan"}) {
         Log("  = " + Describe(control_->Get(property)));
     }
@@ -495,7 +510,7 @@ void DemoWindow::BrowseData() {
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = window_;
-    dialog.lpstrFilter = L"数据库 (*.db;*.mdb;*.accdb)\0*.db;*.mdb;*.accdb\0所有文件 (*.*)\0*.*\0";
+    dialog.lpstrFilter = texts::kDatabaseFilter;
     dialog.lpstrFile = path;
     dialog.nMaxFile = ARRAYSIZE(path);
     dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;

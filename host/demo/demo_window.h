@@ -43,7 +43,7 @@ class DemoWindow {
     HWND AddField(const wchar_t* label, const wchar_t* name, int id, int& y, DWORD style = 0,
                   int width = 0);
     HWND AddList(const wchar_t* label, const wchar_t* name, int id, int& y,
-                 std::initializer_list<const wchar_t*> rows);
+                 const std::vector<std::wstring>& rows);
     void CreateFields();
     void CreateOperations();
     void FillIn(const StartOptions& options);

@@ -5,6 +5,8 @@
 #include <chrono>
 #include <cstdio>
 
+#include "demo/demo_texts.h"
+#include "resources/texts.h"
 #include "store/ado/automation.h"
 
 namespace zv::demo {
@@ -33,13 +35,15 @@ std::string Hex(std::int32_t number) {
 }  // namespace
 
 std::string Describe(const Variant& value) {
-    if (value.Type() == VT_EMPTY) return "(空)";
+    if (value.Type() == VT_EMPTY) return texts::kEmpty;
     if (value.Type() == VT_NULL) return "Null";
     Variant text = Variant::Copy(value.Get());
-    if (FAILED(text.ChangeType(VT_BSTR))) return "(类型 " + std::to_string(value.Type()) + ")";
+    if (FAILED(text.ChangeType(VT_BSTR)))
+        return resources::FillIn(texts::kOtherType, std::to_string(value.Type()));
     std::wstring_view view = win32::View(text.Get().bstrVal);
     std::string shown = win32::ToUtf8(view.substr(0, kLongestShown));
-    if (view.size() > kLongestShown) shown += "…（" + std::to_string(view.size()) + " 字）";
+    if (view.size() > kLongestShown)
+        shown += resources::FillIn(texts::kCut, std::to_string(view.size()));
     return value.Type() == VT_BSTR ? "\"" + shown + "\"" : shown;
 }
 
@@ -53,47 +57,51 @@ bool EmbeddedControl::Attempt(const std::string& call, const std::function<void(
         action();
     } catch (const RuntimeError& error) {
         const auto number = static_cast<std::int32_t>(error.Number());
-        log_(call + "  失败，错误 " + (number < 0 ? Hex(number) : std::to_string(number)) + "：" +
-             error.Text() + (error.Source().empty() ? "" : "（" + error.Source() + "）"));
+        log_(resources::FillIn(texts::kFailed, call,
+                               number < 0 ? Hex(number) : std::to_string(number)) +
+             error.Text() +
+             (error.Source().empty() ? std::string()
+                                     : resources::FillIn(texts::kSource, error.Source())));
         return false;
     }
     const auto elapsed =
         std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
-    log_(call + "  成功，" + std::to_string(elapsed) + " 毫秒");
+    log_(resources::FillIn(texts::kDone, call, std::to_string(elapsed)));
     return true;
 }
 
 bool EmbeddedControl::Create(PropertyBag* stored) {
     Destroy();
-    const bool created = Attempt(std::string("创建 ") + win32::ToUtf8(kControlProgId), [&] {
-        CLSID classId{};
-        if (FAILED(CLSIDFromProgID(kControlProgId, &classId))) {
-            throw RuntimeError(ErrorNumber::CannotCreateObject, "控件没有注册");
-        }
-        Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IOleObject,
-                               object_.PutVoid()),
-              "CoCreateInstance");
-        control_ = object_.As<IDispatch>(IID_IDispatch);
-        if (!control_) throw RuntimeError(ErrorNumber::ObjectNotSet, "IDispatch");
-        site_ = win32::MakeCom<ControlSite>(window_, place_, log_);
-        DWORD status = 0;
-        object_->GetMiscStatus(DVASPECT_CONTENT, &status);
-        // Some controls want to ask the ambient properties before they read their own.
-        if (status & OLEMISC_SETCLIENTSITEFIRST) {
-            Check(object_->SetClientSite(site_.Get()), "SetClientSite");
-        }
-        if (const auto bag = object_.As<IPersistPropertyBag>(IID_IPersistPropertyBag)) {
-            Check(stored ? bag->Load(stored, nullptr) : bag->InitNew(), "IPersistPropertyBag");
-        } else if (const auto stream = object_.As<IPersistStreamInit>(IID_IPersistStreamInit)) {
-            Check(stream->InitNew(), "IPersistStreamInit");
-        }
-        if (!(status & OLEMISC_SETCLIENTSITEFIRST)) {
-            Check(object_->SetClientSite(site_.Get()), "SetClientSite");
-        }
-        object_->SetHostNames(L"zvDemo", L"zvDemo");
-        Activate();
-        ConnectEvents();
-    });
+    const bool created =
+        Attempt(resources::FillIn(texts::kCreating, win32::ToUtf8(kControlProgId)), [&] {
+            CLSID classId{};
+            if (FAILED(CLSIDFromProgID(kControlProgId, &classId))) {
+                throw RuntimeError(ErrorNumber::CannotCreateObject, texts::kControlNotRegistered);
+            }
+            Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IOleObject,
+                                   object_.PutVoid()),
+                  "CoCreateInstance");
+            control_ = object_.As<IDispatch>(IID_IDispatch);
+            if (!control_) throw RuntimeError(ErrorNumber::ObjectNotSet, "IDispatch");
+            site_ = win32::MakeCom<ControlSite>(window_, place_, log_);
+            DWORD status = 0;
+            object_->GetMiscStatus(DVASPECT_CONTENT, &status);
+            // Some controls want to ask the ambient properties before they read their own.
+            if (status & OLEMISC_SETCLIENTSITEFIRST) {
+                Check(object_->SetClientSite(site_.Get()), "SetClientSite");
+            }
+            if (const auto bag = object_.As<IPersistPropertyBag>(IID_IPersistPropertyBag)) {
+                Check(stored ? bag->Load(stored, nullptr) : bag->InitNew(), "IPersistPropertyBag");
+            } else if (const auto stream = object_.As<IPersistStreamInit>(IID_IPersistStreamInit)) {
+                Check(stream->InitNew(), "IPersistStreamInit");
+            }
+            if (!(status & OLEMISC_SETCLIENTSITEFIRST)) {
+                Check(object_->SetClientSite(site_.Get()), "SetClientSite");
+            }
+            object_->SetHostNames(L"zvDemo", L"zvDemo");
+            Activate();
+            ConnectEvents();
+        });
     if (!created) Destroy();
     return created;
 }
@@ -103,7 +111,7 @@ void EmbeddedControl::Activate() {
     object_->GetMiscStatus(DVASPECT_CONTENT, &status);
     if (status & OLEMISC_INVISIBLEATRUNTIME) {
         // While a program runs, a container leaves such a control without a window.
-        log_("控件运行时不可见，不就地激活");
+        log_(texts::kInvisible);
         return;
     }
     Check(object_->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site_.Get(), 0, window_, &place_),
@@ -155,7 +163,7 @@ bool EmbeddedControl::Put(const wchar_t* property, const Variant& value, bool se
 Variant EmbeddedControl::Get(const wchar_t* property) {
     Variant value;
     if (!control_) return value;
-    Attempt("读取 " + win32::ToUtf8(property), [&] {
+    Attempt(resources::FillIn(texts::kReading, win32::ToUtf8(property)), [&] {
         Member member(property);
         value = store::ado::GetProperty(*control_, member);
     });
@@ -177,7 +185,7 @@ bool EmbeddedControl::Refresh(int mode, bool modal) {
 ComPtr<PropertyBag> EmbeddedControl::Save() {
     ComPtr<PropertyBag> bag;
     if (!object_) return bag;
-    const bool saved = Attempt("保存属性包", [&] {
+    const bool saved = Attempt(texts::kSavePropertyBag, [&] {
         const auto persist = object_.As<IPersistPropertyBag>(IID_IPersistPropertyBag);
         if (!persist) throw RuntimeError(ErrorNumber::MemberNotFound, "IPersistPropertyBag");
         bag = win32::MakeCom<PropertyBag>();

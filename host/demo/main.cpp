@@ -41,7 +41,7 @@ constexpr int kControlStays = 3;
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     const auto options = zv::demo::ReadOptions(OwnArguments());
     if (!options) {
-        MessageBoxW(nullptr, zv::demo::kUsage, L"zvDemo", MB_ICONINFORMATION);
+        MessageBoxW(nullptr, zv::demo::texts::kUsage, L"zvDemo", MB_ICONINFORMATION);
         return 2;
     }
     if (FAILED(OleInitialize(nullptr))) return 1;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <string>
 
 namespace zv::demo {
 namespace {
@@ -21,7 +20,7 @@ BOOL CALLBACK Visit(HWND window, LPARAM data) {
     return FALSE;
 }
 
-std::optional<UINT> FindEntry(HMENU menu, std::initializer_list<std::wstring_view> captions) {
+std::optional<UINT> FindEntry(HMENU menu, std::span<const std::wstring> captions) {
     for (int at = 0; at < GetMenuItemCount(menu); at++) {
         if (const HMENU below = GetSubMenu(menu, at)) {
             if (const auto found = FindEntry(below, captions)) return found;
@@ -30,9 +29,10 @@ std::optional<UINT> FindEntry(HMENU menu, std::initializer_list<std::wstring_vie
         const auto position = static_cast<UINT>(at);
         wchar_t caption[256] = L"";
         GetMenuStringW(menu, position, caption, 256, MF_BYPOSITION);
-        const bool wanted = std::any_of(captions.begin(), captions.end(), [&](auto begin) {
-            return std::wstring_view(caption).starts_with(begin);
-        });
+        const bool wanted =
+            std::any_of(captions.begin(), captions.end(), [&](const std::wstring& begin) {
+                return std::wstring_view(caption).starts_with(begin);
+            });
         const UINT state = GetMenuState(menu, position, MF_BYPOSITION);
         if (wanted && !(state & (MF_GRAYED | MF_DISABLED))) return GetMenuItemID(menu, at);
     }
@@ -47,7 +47,7 @@ HWND FindNamedWindow(std::wstring_view name) {
     return search.found;
 }
 
-bool ChooseMenuEntry(HWND window, std::initializer_list<std::wstring_view> captions) {
+bool ChooseMenuEntry(HWND window, std::span<const std::wstring> captions) {
     const HMENU bar = GetMenu(window);
     const auto entry = bar ? FindEntry(bar, captions) : std::nullopt;
     if (!entry) return false;

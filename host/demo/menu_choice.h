@@ -3,7 +3,8 @@
 
 #include <windows.h>
 
-#include <initializer_list>
+#include <span>
+#include <string>
 #include <string_view>
 
 namespace zv::demo {
@@ -13,6 +14,6 @@ HWND FindNamedWindow(std::wstring_view name);
 
 /// Chooses the first entry whose caption begins with one of these; false when there is none that
 /// can be chosen.
-bool ChooseMenuEntry(HWND window, std::initializer_list<std::wstring_view> captions);
+bool ChooseMenuEntry(HWND window, std::span<const std::wstring> captions);
 
 }  // namespace zv::demo

@@ -93,9 +93,10 @@ enum class DesignText {
     RowsNotShown,
     NotListed,
     StoreInUse,
-    InputOk,
-    InputCancel,
-    Last = InputCancel,
+    InputOk,       ///< of an input box, in the language of the system
+    InputCancel,   ///< likewise
+    LanguageName,  ///< what a language calls itself
+    Last = LanguageName,
 };
 
 }  // namespace zv::resources

@@ -58,6 +58,10 @@ const Language& LanguageOf(std::int16_t number) {
     return *kLanguages[static_cast<std::size_t>(number)];
 }
 
+std::int16_t LanguageCount() {
+    return static_cast<std::int16_t>(kLanguages.size());
+}
+
 std::int16_t SpokenLanguage(std::int32_t language) {
     return IsKnown(language) ? static_cast<std::int16_t>(language) : std::int16_t{0};
 }

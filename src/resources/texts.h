@@ -22,6 +22,8 @@ namespace zv::resources {
 inline constexpr std::int16_t kSimplifiedChinese = 0;
 inline constexpr std::int16_t kTraditionalChinese = 1;
 
+/// How many languages there are: their numbers begin at 0 and have no gaps.
+std::int16_t LanguageCount();
 /// The language itself when it has texts, otherwise the first one.
 std::int16_t SpokenLanguage(std::int32_t language);
 

@@ -71,6 +71,17 @@ check "no panel includes the window, an act or another panel" \
 check "no act includes the window" \
     "$(sources src/windows/main/acts | xargs grep -nE '#include "windows/main/frm_')"
 
+# What is said stands in the resources, in a file for each language; the demonstration host has one
+# of its own, and what zvdb makes up is data.
+check "no Chinese text outside the resources" \
+    "$(sources src host tools |
+        grep -vE '^(src/resources/|host/demo/demo_texts\.h$|tools/zvdb/(words|sample_[a-z]+)\.cpp$)' |
+        LC_ALL=C.UTF-8 xargs grep -nP '[\x{4E00}-\x{9FFF}]')"
+check "texts of a language stand in its file" \
+    "$(sources src/resources |
+        grep -vE '^src/resources/(languages/[a-z]+|fixed_texts|glyph_samples)\.h$' |
+        LC_ALL=C.UTF-8 xargs grep -nP '[\x{4E00}-\x{9FFF}]')"
+
 check "no test for the operating system outside the ports" \
     "$(sources src | grep -vE '^src/(com|[a-z]+/(win32|ado|odbc|sqlite|headless|scripted))/' |
         xargs grep -nE '_WIN32|windows\.h')"

@@ -7,6 +7,8 @@
 #include "base/win32/wide.h"
 #include "forms/win32/handles.h"
 #include "report/font_collection.h"
+#include "resources/glyph_samples.h"
+#include "resources/texts.h"
 
 namespace zv::report {
 namespace {
@@ -14,8 +16,6 @@ namespace {
 using forms::win32::Font;
 using forms::win32::Selected;
 using forms::win32::WindowDc;
-
-constexpr std::int16_t kTraditional = 1;
 
 constexpr DWORD TableTag(char a, char b, char c, char d) {
     return static_cast<DWORD>(static_cast<unsigned char>(a)) |
@@ -34,9 +34,6 @@ constexpr std::array kTraditionalFonts{L"Microsoft JhengHei", L"Microsoft JhengH
 constexpr std::array kOtherFonts{L"WenQuanYi Micro Hei", L"Noto Sans CJK SC", L"Arial Unicode MS"};
 constexpr std::array kRareFonts{L"SimSun-ExtB", L"MingLiU-ExtB", L"Segoe UI Symbol",
                                 L"Segoe UI Emoji"};
-
-constexpr std::wstring_view kSimplifiedSample = L"任务类状";
-constexpr std::wstring_view kTraditionalSample = L"任務類狀";
 
 std::string TableOf(HDC dc, DWORD table) {
     const DWORD size = GetFontData(dc, table, 0, nullptr, 0);
@@ -138,14 +135,14 @@ FontFiles::Chain FontFiles::MakeChain(std::int16_t language) {
     const auto add = [&](const auto& families, std::wstring_view sample) {
         for (const wchar_t* family : families) chain.left.push_back({family, sample});
     };
-    if (language == kTraditional) {
-        add(kTraditionalFonts, kTraditionalSample);
-        add(kSimplifiedFonts, kSimplifiedSample);
+    if (language == resources::kTraditionalChinese) {
+        add(kTraditionalFonts, resources::kTraditionalLetters);
+        add(kSimplifiedFonts, resources::kSimplifiedLetters);
     } else {
-        add(kSimplifiedFonts, kSimplifiedSample);
-        add(kTraditionalFonts, kTraditionalSample);
+        add(kSimplifiedFonts, resources::kSimplifiedLetters);
+        add(kTraditionalFonts, resources::kTraditionalLetters);
     }
-    add(kOtherFonts, kSimplifiedSample);
+    add(kOtherFonts, resources::kSimplifiedLetters);
     add(kRareFonts, {});
     std::reverse(chain.left.begin(), chain.left.end());
     return chain;

@@ -1,9 +1,13 @@
 #include "forms/layout/metrics.h"
 
+#include "resources/glyph_samples.h"
+
 namespace zv::forms::layout {
 
 Metrics::Metrics(Backend& backend, const Spacing& spacing)
-    : backend_(backend), spacing_(spacing), text_(backend.MeasureText("国Wg").height) {}
+    : backend_(backend),
+      spacing_(spacing),
+      text_(backend.MeasureText(resources::kTallLetters).height) {}
 
 int Metrics::Width(std::string_view caption) const {
     std::string text(caption);

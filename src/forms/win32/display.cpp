@@ -5,6 +5,7 @@
 #include <string>
 
 #include "forms/win32/wide_text.h"
+#include "resources/glyph_samples.h"
 
 namespace zv::forms::win32 {
 namespace {
@@ -15,13 +16,11 @@ Function UserFunction(const char* name) {
     return reinterpret_cast<Function>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name));
 }
 
-constexpr wchar_t kSamples[] = L"任务任務";
-
 bool HasChinese(HDC dc) {
-    std::array<WORD, std::size(kSamples) - 1> glyphs{};
+    std::array<WORD, std::size(resources::kLettersOfBothScripts) - 1> glyphs{};
     const int count = static_cast<int>(glyphs.size());
-    if (GetGlyphIndicesW(dc, kSamples, count, glyphs.data(), GGI_MARK_NONEXISTING_GLYPHS) ==
-        GDI_ERROR) {
+    if (GetGlyphIndicesW(dc, resources::kLettersOfBothScripts, count, glyphs.data(),
+                         GGI_MARK_NONEXISTING_GLYPHS) == GDI_ERROR) {
         return true;
     }
     return std::find(glyphs.begin(), glyphs.end(), WORD{0xFFFF}) == glyphs.end();

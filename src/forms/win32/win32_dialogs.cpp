@@ -11,6 +11,7 @@
 #include "forms/win32/thread_windows.h"
 #include "forms/win32/wide_text.h"
 #include "forms/win32/win32_backend.h"
+#include "resources/texts.h"
 
 namespace zv::forms::win32 {
 namespace {
@@ -34,8 +35,10 @@ Win32Dialogs::Win32Dialogs(Win32Backend& backend) : backend_(backend) {
     if (PRIMARYLANGID(language) != LANG_CHINESE) return;
     const bool simplified = SUBLANGID(language) == SUBLANG_CHINESE_SIMPLIFIED ||
                             SUBLANGID(language) == SUBLANG_CHINESE_SINGAPORE;
-    okCaption = simplified ? "确定" : "確定";
-    cancelCaption = "取消";
+    const std::int16_t script =
+        simplified ? resources::kSimplifiedChinese : resources::kTraditionalChinese;
+    okCaption = resources::LoadText(resources::DesignText::InputOk, script);
+    cancelCaption = resources::LoadText(resources::DesignText::InputCancel, script);
 }
 
 HWND Win32Dialogs::OwnerWindow(const Form* owner) const {

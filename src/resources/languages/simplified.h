@@ -192,6 +192,7 @@ inline constexpr auto kDesign = InOrder<DesignText>({
     {DesignText::StoreInUse, "正在编辑，不能更换数据库，请先保存或取消！"},
     {DesignText::InputOk, "确定"},
     {DesignText::InputCancel, "取消"},
+    {DesignText::LanguageName, "简体中文"},
 });
 
 // The query window, and long work.

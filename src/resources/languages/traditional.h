@@ -192,6 +192,7 @@ inline constexpr auto kDesign = InOrder<DesignText>({
     {DesignText::StoreInUse, "正在編輯，不能更換數據庫，請先保存或取消！"},
     {DesignText::InputOk, "確定"},
     {DesignText::InputCancel, "取消"},
+    {DesignText::LanguageName, "繁體中文"},
 });
 
 // The query window, and long work.

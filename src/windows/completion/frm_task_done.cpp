@@ -7,6 +7,7 @@
 #include "forms/layout/row.h"
 #include "items/item_store.h"
 #include "plans/plan_store.h"
+#include "resources/glyph_samples.h"
 #include "resources/text_ids.h"
 #include "windows/generation/boxes.h"
 
@@ -98,7 +99,7 @@ void frmTaskDone::ShowPlan(std::int16_t number) {
 void frmTaskDone::PlaceControls() {
     const Metrics m(Windows().GetBackend(), forms::layout::dialog::kSpacing);
     const int label = m.Widest({&lblTitle, &lblDate});
-    const int field = m.Width("88888  国国国国国国国国国国国国国国国国国国国国国国国国国") + 14;
+    const int field = m.Width("88888  " + resources::WideLetters(25)) + 14;
     int top = kMargin;
     Row title(m, kMargin, top);
     title.Label(lblTitle, label);

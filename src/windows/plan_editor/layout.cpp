@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "forms/layout/row.h"
+#include "resources/glyph_samples.h"
 #include "windows/plan_editor/frm_task_set.h"
 
 namespace zv::windows {
@@ -39,7 +40,7 @@ void PlaceSchedule(frmTaskSet& w) {
     Row row(m, kMargin, m.FrameTop());
     row.Label(w.lblEvery);
     row.Field(w.txtCircleValue, m.Number());
-    row.Field(w.cobCircleType, m.Width("国国") + 40);
+    row.Field(w.cobCircleType, m.Width(resources::WideLetters(2)) + 40);
     if (w.lblDE.OwnVisible()) row.Label(w.lblDE);
     if (w.txtMonth.OwnVisible()) {
         row.Field(w.txtMonth, m.Number());

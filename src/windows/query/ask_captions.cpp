@@ -21,11 +21,10 @@ constexpr std::pair<std::string_view, int> kWidths[] = {
 }  // namespace
 
 void frmAsk::SetCaptions() {
-    const auto text = [this](std::int16_t id) { return session_.LoadText(id); };
-    const auto design = [this](DesignText id) { return session_.LoadText(id); };
+    const auto text = [this](auto id) { return session_.LoadText(id); };
     SetCaption(text(text_id::kQuery) + text(text_id::kTask));
-    chkUser.SetCaption(session_.LoadText(AskText::WrittenBy));
-    chkType.SetCaption(design(DesignText::Kind));
+    chkUser.SetCaption(text(AskText::WrittenBy));
+    chkType.SetCaption(text(DesignText::Kind));
     Check1[kTitleCheck].SetCaption(text(text_id::kTitle));
     Check1[kDateCheck].SetCaption(text(text_id::kScheduledDate));
     Check1[kStateCheck].SetCaption(text(text_id::kState));
@@ -33,7 +32,7 @@ void frmAsk::SetCaptions() {
     lblUntil.SetCaption("-");
     cmdAsk.SetCaption(text(text_id::kQuery));
     cmdPrint.SetCaption(text(text_id::kPrint));
-    cmdExport.SetCaption(session_.LoadText(AskText::ButtonExport));
+    cmdExport.SetCaption(text(AskText::ButtonExport));
     cmdQuit.SetCaption(text(text_id::kLeave));
     lblCount.SetCaption({});
 
