@@ -13,7 +13,7 @@
 #include "plans/occurrences.h"
 #include "program.h"
 #include "stage.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "windows/generation/boxes.h"
 #include "windows/plan_editor/frm_task_set.h"
 

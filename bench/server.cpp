@@ -16,8 +16,8 @@
 #include "plans/occurrences.h"
 #include "program.h"
 #include "stage.h"
-#include "store/dialect/targets.h"
 #include "store/dialect/translator.h"
+#include "store/engines/engines.h"
 #include "windows/generation/boxes.h"
 
 namespace {
@@ -49,7 +49,9 @@ std::string OnTheWire(const std::string& statement) {
     for (; !columns->Eof(); columns->MoveNext()) {
         schema.AddColumn(columns->Field(0).ToText(), columns->Field(1).ToText());
     }
-    return zv::store::dialect::Translate(statement, schema, zv::store::dialect::PostgreSql()).sql;
+    return zv::store::dialect::Translate(statement, schema,
+                                         *zv::store::engines::Of("postgresql").driverDialect)
+        .sql;
 }
 
 double MemoryMegabytes() {

@@ -12,14 +12,6 @@
 namespace zv::host {
 namespace {
 
-using namespace std::string_view_literals;
-
-constexpr std::string_view kSqliteStart = "SQLite format 3\0"sv;
-// Access files of all versions: this text stands behind the first four bytes.
-constexpr std::size_t kAccessOffset = 4;
-constexpr std::string_view kJetText = "Standard Jet DB\0"sv;
-constexpr std::string_view kAceText = "Standard ACE DB\0"sv;
-
 class FileHandle {
  public:
     explicit FileHandle(HANDLE handle) : handle_(handle) {}
@@ -36,7 +28,7 @@ class FileHandle {
 
 }  // namespace
 
-DatabaseFile RecogniseDatabase(const std::string& path) {
+const store::engines::Engine& RecogniseDatabase(const std::string& path) {
     if (path.empty())
         throw CannotOpen(ErrorNumber::FileNotFound, path, "No path is given.",
                          ErrorKind::FileMissing);
@@ -62,11 +54,7 @@ DatabaseFile RecogniseDatabase(const std::string& path) {
                          ErrorKind::NotADatabase);
     }
     const std::string_view head(start.data(), length);
-    if (head.starts_with(kSqliteStart)) return DatabaseFile::Sqlite;
-    if (length > kAccessOffset) {
-        const std::string_view text = head.substr(kAccessOffset);
-        if (text.starts_with(kJetText) || text.starts_with(kAceText)) return DatabaseFile::Access;
-    }
+    if (const store::engines::Engine* engine = store::engines::OfFile(head)) return *engine;
     throw CannotOpen(ErrorNumber::DatabaseFailure, path,
                      "The file is neither an embedded database nor an Access database.",
                      ErrorKind::NotADatabase);

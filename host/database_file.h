@@ -1,14 +1,14 @@
-// What a file that is offered as a database is.
+// The engine that a file which is offered as a database belongs to.
 #pragma once
 
 #include <string>
 
-namespace zv::host {
+#include "store/engines/engines.h"
 
-enum class DatabaseFile { Sqlite, Access };
+namespace zv::host {
 
 /// Tells by the file's first bytes. Never creates or changes it. Throws RuntimeError with the
 /// reason and the path when it is missing, no file, empty, not readable or none of the kinds.
-DatabaseFile RecogniseDatabase(const std::string& path);
+const store::engines::Engine& RecogniseDatabase(const std::string& path);
 
 }  // namespace zv::host

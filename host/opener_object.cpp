@@ -36,8 +36,8 @@ ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings) {
             ConnectionEntry("Data Source", settings.ForMessage()));
         return ComPtr<IDispatch>(connection.Get());
     }
-    if (RecogniseDatabase(settings.dataPath.ForDriver()) == DatabaseFile::Access)
-        return OpenAccess(settings);
+    const store::engines::Engine& engine = RecogniseDatabase(settings.dataPath.ForDriver());
+    if (!engine.connecting->Providers().empty()) return OpenFile(engine, settings);
     const std::string& path = settings.dataPath.ForDriver();
     auto connection =
         win32::MakeCom<ConnectionObject>([path] { return store::OpenSqlite(path); },

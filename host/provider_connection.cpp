@@ -1,8 +1,6 @@
 #include "provider_connection.h"
 
-#include <array>
 #include <initializer_list>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -19,19 +17,16 @@ namespace {
 using win32::ComPtr;
 using win32::Variant;
 
-// The newest first.
-constexpr std::array kAccessProviders = {L"Microsoft.ACE.OLEDB.16.0", L"Microsoft.ACE.OLEDB.15.0",
-                                         L"Microsoft.ACE.OLEDB.12.0", L"Microsoft.Jet.OLEDB.4.0"};
-constexpr std::array kServerProviders = {L"MSOLEDBSQL19", L"MSOLEDBSQL", L"SQLNCLI11", L"SQLOLEDB"};
-
-std::string ChooseProvider(std::span<const wchar_t* const> providers, std::string_view path,
+std::string ChooseProvider(const store::engines::Engine& engine, std::string_view path,
                            std::string_view kind) {
     std::string names;
-    for (const wchar_t* provider : providers) {
+    for (const std::string_view provider : engine.connecting->Providers()) {
         CLSID classId{};
-        if (SUCCEEDED(CLSIDFromProgID(provider, &classId))) return win32::ToUtf8(provider);
+        if (SUCCEEDED(CLSIDFromProgID(win32::ToWide(provider).c_str(), &classId))) {
+            return std::string(provider);
+        }
         if (!names.empty()) names += ", ";
-        names += win32::ToUtf8(provider);
+        names += provider;
     }
     throw CannotOpen(ErrorNumber::CannotCreateObject, path,
                      "No data provider for " + std::string(kind) + " is installed (" + names + ").",
@@ -77,13 +72,15 @@ std::string ConnectionEntry(std::string_view name, std::string_view value) {
     return std::string(name) + "=\"" + text::Replace(value, "\"", "\"\"") + "\";";
 }
 
-ComPtr<IDispatch> OpenAccess(const store::ConnectionSettings& settings) {
-    const std::string provider =
-        ChooseProvider(kAccessProviders, settings.ForMessage(), "Access databases");
+ComPtr<IDispatch> OpenFile(const store::engines::Engine& engine,
+                           const store::ConnectionSettings& settings) {
+    const std::string provider = ChooseProvider(engine, settings.ForMessage(),
+                                                std::string(engine.codes->name) + " databases");
     std::string entries = "Provider=" + provider + ";";
     entries += ConnectionEntry("Data Source", settings.dataPath.ForDriver());
     if (!settings.password.IsEmpty()) {
-        entries += ConnectionEntry("Jet OLEDB:Database Password", settings.password.ForDriver());
+        entries +=
+            ConnectionEntry(engine.connecting->PasswordEntry(), settings.password.ForDriver());
     }
     return OpenAdo(entries, settings);
 }
@@ -98,7 +95,9 @@ ComPtr<IDispatch> OpenServer(const store::ConnectionSettings& settings) {
         entries = settings.dataPath.ForDriver() +
                   (text::Trim(settings.dataPath.ForDriver()).ends_with(';') ? "" : ";");
     } else {
-        entries = "Provider=" + ChooseProvider(kServerProviders, name, "SQL Server") + ";";
+        const store::engines::Engine& engine =
+            store::engines::OfAddress(settings.dataPath.ForDriver());
+        entries = "Provider=" + ChooseProvider(engine, name, engine.codes->name) + ";";
         entries += ConnectionEntry("Data Source", settings.dataPath.ForDriver());
     }
     const auto holds = [&](std::initializer_list<std::string_view> names) {

@@ -6,16 +6,14 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "store/engines/codes.h"
 #include "store/lost_connection.h"
 #include "store/server_error_kinds.h"
 
 namespace zv::store {
 namespace {
 
-struct NumberKind {
-    std::uint32_t number;
-    ErrorKind kind;
-};
+using engines::NumberKind;
 
 constexpr auto kNumbers = std::to_array<NumberKind>({
     {0x80040E14, ErrorKind::BadStatement},    // errors in the command
@@ -38,63 +36,41 @@ constexpr auto kNumbers = std::to_array<NumberKind>({
     {3709, ErrorKind::ConnectionLost},
 });
 
-// Jet's own numbers. Its provider tells them as the SQLSTATE, some of its versions as the number.
-constexpr auto kJetNumbers = std::to_array<NumberKind>({
-    {3008, ErrorKind::Busy},  // another user has the table for himself
-    {3009, ErrorKind::Busy},
-    {3022, ErrorKind::Duplicate},
-    {3024, ErrorKind::FileMissing},
-    {3026, ErrorKind::DiskFull},
-    {3027, ErrorKind::ReadOnly},
-    {3031, ErrorKind::LoginRefused},
-    {3033, ErrorKind::NoPermission},
-    {3044, ErrorKind::FileMissing},
-    {3045, ErrorKind::Busy},
-    {3051, ErrorKind::CannotOpen},
-    {3078, ErrorKind::NoTable},
-    {3112, ErrorKind::NoPermission},
-    {3163, ErrorKind::TooLarge},
-    {3186, ErrorKind::Busy},  // locked by a user of another machine
-    {3187, ErrorKind::Busy},
-    {3188, ErrorKind::Busy},
-    {3189, ErrorKind::Busy},
-    {3197, ErrorKind::Changed},
-    {3200, ErrorKind::RuleBroken},
-    {3201, ErrorKind::RuleBroken},
-    {3211, ErrorKind::Busy},
-    {3212, ErrorKind::Busy},
-    {3218, ErrorKind::Busy},
-    {3260, ErrorKind::Busy},
-    {3261, ErrorKind::Busy},
-    {3262, ErrorKind::Busy},
-    {3314, ErrorKind::RuleBroken},
-    {3315, ErrorKind::RuleBroken},
-    {3316, ErrorKind::RuleBroken},
-    {3317, ErrorKind::RuleBroken},
-    {3343, ErrorKind::NotADatabase},
-    {3356, ErrorKind::Busy},
-});
-
-template <std::size_t Size>
-ErrorKind FindKind(const std::array<NumberKind, Size>& kinds, std::uint32_t number) {
+ErrorKind FindKind(std::span<const NumberKind> kinds, std::uint32_t number) {
     const auto found = std::find_if(kinds.begin(), kinds.end(), [&](const NumberKind& entry) {
         return entry.number == number;
     });
     return found == kinds.end() ? ErrorKind::Other : found->kind;
 }
 
-/// 0 for what is no number of Jet.
-std::uint32_t JetNumber(std::string_view state) {
+/// 0 for what is no provider's own number in the place of a state.
+std::uint32_t ProviderNumber(std::string_view state) {
     std::uint32_t number = 0;
     const char* end = state.data() + state.size();
     const auto [stop, error] = std::from_chars(state.data(), end, number);
     return state.size() == 4 && error == std::errc() && stop == end ? number : 0;
 }
 
+ErrorKind KindOfProviderNumber(std::uint32_t number) {
+    for (const engines::Codes* codes : engines::AllCodes()) {
+        const ErrorKind kind = FindKind(codes->providerNumbers, number);
+        if (kind != ErrorKind::Other) return kind;
+    }
+    return ErrorKind::Other;
+}
+
 ErrorKind KindOfProviderCode(const ServerCode& code) {
-    const std::uint32_t jet = JetNumber(code.sqlState);
-    const ErrorKind kind = jet != 0 ? FindKind(kJetNumbers, jet) : KindOfServerCode(code);
+    const std::uint32_t number = ProviderNumber(code.sqlState);
+    const ErrorKind kind = number != 0 ? KindOfProviderNumber(number) : KindOfServerCode(code);
     return kind == ErrorKind::Other && TellsLoss(code) ? ErrorKind::ConnectionLost : kind;
+}
+
+/// The source of an error names an engine whose numbers are known.
+bool NamesNumbers(std::string_view source) {
+    const auto all = engines::AllCodes();
+    return std::any_of(all.begin(), all.end(), [&](const engines::Codes* codes) {
+        return !codes->numbers.empty() && text::Contains(source, codes->name);
+    });
 }
 
 }  // namespace
@@ -106,7 +82,7 @@ bool IsGeneral(ErrorKind kind) {
 
 ErrorKind KindOfAdoError(ErrorNumber number) {
     const ErrorKind kind = FindKind(kNumbers, static_cast<std::uint32_t>(number));
-    return kind == ErrorKind::Other ? FindKind(kJetNumbers, static_cast<std::uint32_t>(number))
+    return kind == ErrorKind::Other ? KindOfProviderNumber(static_cast<std::uint32_t>(number))
                                     : kind;
 }
 
@@ -115,9 +91,9 @@ ErrorKind KindOfProviderError(const RuntimeError& error, const std::vector<Serve
         error.Kind() == ErrorKind::Other ? KindOfAdoError(error.Number()) : error.Kind();
     if (!IsGeneral(kind)) return kind;
     // The numbers of other servers mean something else.
-    const bool isSqlServer = text::Contains(error.Source(), "SQL Server");
+    const bool known = NamesNumbers(error.Source());
     for (ServerCode code : said) {
-        if (!isSqlServer) code.native = 0;
+        if (!known) code.native = 0;
         const ErrorKind told = KindOfProviderCode(code);
         if (told != ErrorKind::Other) return told;
     }

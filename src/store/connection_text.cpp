@@ -8,12 +8,11 @@
 #include "base/text.h"
 #include "store/connection_entries.h"
 #include "store/connection_opener.h"
+#include "store/engines/codes.h"
 #include "store/secrets.h"
 
 namespace zv::store {
 namespace {
-
-constexpr std::string_view kPostgreSql = "postgresql:";
 
 // What tells people which database it is, the best first. Whatever else a connection string holds
 // stays hidden, whether it is known or not.
@@ -96,7 +95,7 @@ Address ReadAddress(std::string_view text) {
         });
         if (isScheme) scheme = mark + 3;
     }
-    if (scheme == 0 && text::ToLower(text).starts_with(kPostgreSql)) scheme = kPostgreSql.size();
+    if (scheme == 0) scheme = engines::SchemeOf(text).size();
     address.scheme = text.substr(0, scheme);
     text.remove_prefix(scheme);
     address.place = BehindLogin(text);
@@ -110,7 +109,7 @@ std::string ConnectionText::ForMessage() const {
     const std::string_view text = text::Trim(text_);
     const Address address = ReadAddress(text);
     if (!address.scheme.empty()) {
-        const bool own = text::ToLower(address.scheme).starts_with(kPostgreSql);
+        const bool own = !engines::SchemeOf(address.scheme).empty();
         return (own ? std::string() : std::string(address.scheme)) + Shown(address.place);
     }
     if (const ConnectionEntries entries = EntriesOf(text); IsConnectionString(entries)) {

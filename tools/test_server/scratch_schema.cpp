@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "base/errors.h"
+#include "store/engines/engines.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/odbc_connection.h"
-#include "store/schema/schema.h"
 
 namespace zv::test_server {
 namespace {
@@ -59,7 +59,7 @@ ScratchSchema::~ScratchSchema() {
 }
 
 void ScratchSchema::CreateTables() {
-    ConnectRaw(Address())->Execute(std::string(store::PostgreSqlSchema()));
+    ConnectRaw(Address())->Execute(std::string(store::engines::Of("postgresql").schema));
 }
 
 void ScratchSchema::Drop() {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "zvdb/import/interruption.h"
 #include "zvdb/indexes_aside.h"
 #include "zvdb/new_file.h"

@@ -9,7 +9,6 @@
 #include "base/errors.h"
 #include "base/path.h"
 #include "base/text.h"
-#include "store/schema/schema.h"
 #include "zvdb/import/endpoint.h"
 #include "zvdb/import/importer.h"
 #include "zvdb/import/server_link.h"
@@ -46,11 +45,10 @@ class ServerTransaction {
 
 /// The tables of the system that are there where new ones would be made, as the server writes them.
 std::vector<std::string> TablesPresent(ServerLink& link) {
-    const bool postgreSql = link.Kind() == ServerKind::PostgreSql;
     const auto rows = link.Select(
-        std::string("select table_name from information_schema.tables where table_type='BASE "
-                    "TABLE' and table_schema=") +
-        (postgreSql ? "current_schema()" : "schema_name()") + " order by table_name");
+        "select table_name from information_schema.tables where table_type='BASE TABLE' and "
+        "table_schema=" +
+        std::string(link.Bulk().PresentSchema()) + " order by table_name");
     std::vector<std::string> names;
     for (; !rows->Eof(); rows->MoveNext()) {
         const std::string name = rows->Field(0).ToText();
@@ -71,11 +69,11 @@ std::vector<std::string> TablesInTheWay(ServerLink& link, bool replace) {
 
 void Create(ServerLink& link, bool replace) {
     const std::vector<std::string> present = TablesInTheWay(link, replace);
-    const bool postgreSql = link.Kind() == ServerKind::PostgreSql;
     ServerTransaction transaction(link);
     for (const std::string& table : present) link.Run("drop table " + link.Quoted(table));
-    if (postgreSql) link.Run("drop function if exists zv_take_key()");
-    link.Run(std::string(postgreSql ? store::PostgreSqlSchema() : store::SqlServerSchema()));
+    const std::string before(link.Bulk().BeforeSchema());
+    if (!before.empty()) link.Run(before);
+    link.Run(std::string(link.Engine().schema));
     transaction.Commit();
 }
 

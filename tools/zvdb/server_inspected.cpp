@@ -34,11 +34,8 @@ class ServerInspectedRows final : public InspectedRows {
 class ServerInspected final : public Inspected {
  public:
     explicit ServerInspected(ServerLink& link) : link_(link) {
-        // One moment for all the questions, so that people at work cannot make them disagree. Not
-        // every database of SQL Server has that to offer.
-        if (link_.Kind() == ServerKind::PostgreSql) {
-            link_.Run("begin transaction isolation level repeatable read, read only");
-        }
+        // One moment for all the questions, so that people at work cannot make them disagree.
+        for (const std::string& statement : link_.Bulk().BeginInspecting()) link_.Run(statement);
         for (const ServerTable& table : ReadServerTables(link_)) {
             auto& names = columns_[text::ToLower(table.name)];
             for (const ServerColumn& column : table.columns) {
@@ -59,14 +56,11 @@ class ServerInspected final : public Inspected {
 
     std::vector<std::string> CheckKeys() override {
         std::vector<std::string> problems;
-        if (link_.Kind() != ServerKind::PostgreSql) return problems;
         for (const std::string table : {"tTaskList", "cards"}) {
-            const std::string numbers =
-                "pg_get_serial_sequence('" + text::ToLower(table) + "','fid')";
-            const auto row = link_.Select("select " + numbers +
-                                          ",coalesce(max(fid),0)-coalesce("
-                                          "pg_sequence_last_value(" +
-                                          numbers + "),0) from " + table);
+            const std::string question =
+                link_.Bulk().CounterQuestion(link_.StoredName(table), link_.StoredName("fID"));
+            if (question.empty()) continue;
+            const auto row = link_.Select(question);
             if (row->Field(0).IsNull()) {
                 problems.push_back("table " + table + " gives new rows no number");
             } else if (row->Field(1).ToDouble() > 0) {

@@ -12,7 +12,7 @@
 #include "store/odbc/connection_string.h"
 #include "store/odbc/installed_drivers.h"
 #include "store/odbc/odbc_connection.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "store/sqlite/database_file.h"
 #include "store/sqlite/sqlite_connection.h"
 #include "test_server/scratch_schema.h"

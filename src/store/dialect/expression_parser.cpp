@@ -17,14 +17,14 @@ Expression Test(const Expression& left, std::string_view op, const Expression& r
     return result;
 }
 
-void NoteWindowBound(Expression& result, const Expression& left, std::string_view op,
-                     const Expression& right) {
-    if (!right.date) return;
+void NoteWindowBound(const WindowIndex* index, Expression& result, const Expression& left,
+                     std::string_view op, const Expression& right) {
+    if (!index || !right.date) return;
     const bool before = op == "<=" || op == "<";
     const bool after = op == ">=" || op == ">";
-    if (before && text::EqualsIgnoreCase(left.column, "tDuring1")) {
+    if (before && text::EqualsIgnoreCase(left.column, index->start)) {
         result.bounds.push_back({left.qualifier, false, *right.date});
-    } else if (after && text::EqualsIgnoreCase(left.column, "tDuring2")) {
+    } else if (after && text::EqualsIgnoreCase(left.column, index->end)) {
         result.bounds.push_back({left.qualifier, true, *right.date});
     }
 }
@@ -97,7 +97,7 @@ Expression Parser::ParseComparisonTail(Expression left) {
         Expression right = ParseAdditive();
         target_.Match(left, right);
         Expression result = target_.Compare(left, op, right);
-        NoteWindowBound(result, left, op, right);
+        NoteWindowBound(schema_.windowIndex, result, left, op, right);
         return result;
     }
     if (AcceptKeyword("is")) {

@@ -13,6 +13,10 @@ constexpr std::array<std::string_view, 6> kDateColumns{"tbegin",   "tend",     "
 
 }  // namespace
 
+bool WindowIndex::Holds(std::string_view column) const {
+    return columns.contains(text::ToLower(column));
+}
+
 ColumnKind KindOfType(std::string_view declaredType) {
     const std::string type = text::ToLower(declaredType);
     const auto holds = [&](std::string_view part) { return text::Contains(type, part); };

@@ -11,6 +11,20 @@ namespace zv::store::dialect {
 
 enum class ColumnKind { Unknown, Text, Number, Date };
 
+/// An index that finds the rows of a table whose window meets a span of days: the window of a row
+/// begins at the moment in one column and ends with the one in another.
+struct WindowIndex {
+    std::string table;
+    std::string start;
+    std::string end;
+    std::string key;
+    /// In lower case: what can be read from the index without touching the table.
+    std::set<std::string, std::less<>> columns;
+
+    /// In any letter case.
+    bool Holds(std::string_view column) const;
+};
+
 /// Kinds of columns by name alone: the tables use one name for one kind of value.
 class SchemaInfo {
  public:
@@ -24,8 +38,8 @@ class SchemaInfo {
     void AddKey(std::string_view table, std::string_view column);
     bool IsKey(std::string_view table, std::string_view column) const;
 
-    /// Whether the table of items carries the index over alert windows (window_index.h).
-    bool hasWindowIndex = false;
+    /// The index over windows that the database has; null without one.
+    const WindowIndex* windowIndex = nullptr;
 
  private:
     std::map<std::string, ColumnKind, std::less<>> kinds_;

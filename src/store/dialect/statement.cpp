@@ -4,7 +4,6 @@
 #include "base/date_time.h"
 #include "base/text.h"
 #include "store/dialect/parser.h"
-#include "store/dialect/window_index.h"
 
 namespace zv::store::dialect {
 namespace {
@@ -256,8 +255,9 @@ std::string Parser::Compose(const Select& select) {
 
 void Parser::UseWindowIndex(Select& select) const {
     Source& source = select.source;
-    if (!schema_.hasWindowIndex || source.outerFirst || source.firstTable.empty() ||
-        !text::EqualsIgnoreCase(source.firstName, kWindowTable)) {
+    const WindowIndex* index = schema_.windowIndex;
+    if (!index || source.outerFirst || source.firstTable.empty() ||
+        !text::EqualsIgnoreCase(source.firstName, index->table)) {
         return;
     }
     // The tightest bounds on the items' window.
@@ -279,7 +279,7 @@ void Parser::UseWindowIndex(Select& select) const {
             const bool other =
                 !column.first.empty() &&
                 !text::EqualsIgnoreCase(target_.Name(column.first), source.firstAlias);
-            return other || WindowIndexHolds(column.second);
+            return other || index->Holds(column.second);
         });
     // Fetching the rest of each row from the table pays while few rows are found.
     constexpr int kFewDays = 92;
@@ -293,8 +293,8 @@ void Parser::UseWindowIndex(Select& select) const {
     if (!search.condition.empty()) select.where = search.condition + " and " + select.where;
     if (search.before.empty() || (select.bareStar && source.enclosed)) return;
     // Every row is in one class, so the join repeats none and a shown key keeps the rows distinct.
-    const auto isItemKey = [](const std::string& name) {
-        return text::EqualsIgnoreCase(name, "fID");
+    const auto isItemKey = [&](const std::string& name) {
+        return text::EqualsIgnoreCase(name, index->key);
     };
     if (source.single &&
         std::any_of(select.plainColumns.begin(), select.plainColumns.end(), isItemKey)) {

@@ -4,11 +4,13 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "store/dialect/schema_info.h"
-#include "store/dialect/targets.h"
 
 namespace zv::store::dialect {
+
+class Target;
 
 enum class StatementKind {
     Select,      ///< yields rows
@@ -30,7 +32,13 @@ struct Translation {
 
 /// Throws RuntimeError (DatabaseStatement) that names the place - "… at character N" - when the
 /// statement is not understood.
-Translation Translate(std::string_view statement, const SchemaInfo& schema,
-                      const Target& target = Sqlite());
+Translation Translate(std::string_view statement, const SchemaInfo& schema, const Target& target);
+
+/// A statement that is sent as it is and of which nothing is known.
+inline Translation Untranslated(std::string sql) {
+    Translation translation;
+    translation.sql = std::move(sql);
+    return translation;
+}
 
 }  // namespace zv::store::dialect

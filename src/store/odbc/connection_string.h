@@ -25,7 +25,4 @@ OdbcOptions OptionsFor(const ConnectionSettings& settings);
 /// The same for a server that the data path alone names.
 OdbcOptions OptionsFor(const std::string& dataPath);
 
-/// "HOST:PORT" as SQL Server's drivers take it, "HOST,PORT"; anything else as it stands.
-std::string SqlServerAddress(std::string_view path);
-
 }  // namespace zv::store::odbc

@@ -2,89 +2,90 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <span>
 
 #include "base/text.h"
+#include "store/engines/codes.h"
 #include "store/odbc/error_kinds.h"
 #include "store/odbc/odbc_connection.h"
 #include "store/secrets.h"
+#include "store/server_error_kinds.h"
 
 namespace zv::store::odbc {
 namespace {
+
+using engines::WordsKind;
 
 struct StateFault {
     std::string_view prefix;
     Fault fault;
 };
 
-// The longest prefix first where two begin alike.
+// Of all drivers; the longest prefix first where two begin alike.
 constexpr auto kStates = std::to_array<StateFault>({
-    {"42S02", Fault::Table},          {"42P01", Fault::Table},
-    {"S0002", Fault::Table},          {"42S22", Fault::Column},
-    {"42703", Fault::Column},         {"42702", Fault::Column},
-    {"S0022", Fault::Column},         {"42501", Fault::Other},
-    {"42", Fault::Statement},         {"37", Fault::Statement},
-    {"07", Fault::Statement},         {"28", Fault::LoginRefused},
-    {"3D", Fault::DatabaseUnknown},   {"53300", Fault::TooManyConnections},
-    {"HYT01", Fault::ConnectionLost}, {"HYT00", Fault::TimeLimit},
-    {"S1T00", Fault::TimeLimit},      {"57014", Fault::TimeLimit},
-    {"HY008", Fault::TimeLimit},      {"57P", Fault::ConnectionLost},
-    {"08", Fault::ConnectionLost},    {"IM002", Fault::DriverMissing},
-    {"IM003", Fault::DriverMissing},  {"IM004", Fault::DriverMissing},
+    {"42S02", Fault::Table},
+    {"S0002", Fault::Table},
+    {"42S22", Fault::Column},
+    {"S0022", Fault::Column},
+    {"42", Fault::Statement},
+    {"37", Fault::Statement},
+    {"07", Fault::Statement},
+    {"28", Fault::LoginRefused},
+    {"3D", Fault::DatabaseUnknown},
+    {"HYT01", Fault::ConnectionLost},
+    {"HYT00", Fault::TimeLimit},
+    {"S1T00", Fault::TimeLimit},
+    {"HY008", Fault::TimeLimit},
+    {"08", Fault::ConnectionLost},
+    {"IM002", Fault::DriverMissing},
+    {"IM003", Fault::DriverMissing},
+    {"IM004", Fault::DriverMissing},
 });
 
-struct TextFault {
-    std::string_view part;
-    Fault fault;
-};
-
-// Drivers that report everything under one code say the rest in words, lower case here.
-constexpr auto kConnectTexts = std::to_array<TextFault>({
-    {"can't open lib", Fault::DriverMissing},
-    {"data source name not found", Fault::DriverMissing},
-    {"too many connections", Fault::TooManyConnections},
-    {"too many clients", Fault::TooManyConnections},
-    {"connection slots are reserved", Fault::TooManyConnections},
-    {"authentication failed", Fault::LoginRefused},
-    {"login failed", Fault::LoginRefused},
-    {"no password supplied", Fault::LoginRefused},
-    {"no pg_hba.conf entry", Fault::LoginRefused},
-    {"is not permitted to log in", Fault::LoginRefused},
-    {"role \"", Fault::LoginRefused},
-    {"starting up", Fault::ServerUnknown},
-    {"shutting down", Fault::ServerUnknown},
-    {"recovery mode", Fault::ServerUnknown},
-    {"database \"", Fault::DatabaseUnknown},
-    {"timeout", Fault::ServerUnknown},
-    {"timed out", Fault::ServerUnknown},
-    {"could not translate host name", Fault::ServerUnknown},
-    {"connection refused", Fault::ServerUnknown},
-    {"could not connect", Fault::ServerUnknown},
-    {"no route to host", Fault::ServerUnknown},
-    {"unreachable", Fault::ServerUnknown},
+// What driver managers and all drivers say, lower case here.
+constexpr auto kDriverManagerWords = std::to_array<WordsKind>({
+    {"can't open lib", ErrorKind::DriverMissing},
+    {"data source name not found", ErrorKind::DriverMissing},
 });
-constexpr auto kStatementTexts = std::to_array<TextFault>({
-    {"server closed the connection", Fault::ConnectionLost},
-    {"no connection to the server", Fault::ConnectionLost},
-    {"could not receive data from server", Fault::ConnectionLost},
-    {"could not send data to server", Fault::ConnectionLost},
-    {"terminating connection", Fault::ConnectionLost},
-    {"connection not open", Fault::ConnectionLost},
-    {"could not send query", Fault::ConnectionLost},
-    {"no such table", Fault::Table},
-    {"no such column", Fault::Column},
-    {"has no column named", Fault::Column},
-    {"ambiguous column", Fault::Column},
-    {"syntax error", Fault::Statement},
-    {"no such function", Fault::Statement},
-    {"unrecognized token", Fault::Statement},
-    {"incomplete input", Fault::Statement},
-    {"wrong number of arguments", Fault::Statement},
-    {"misuse of aggregate", Fault::Statement},
-    {"values for", Fault::Statement},
+constexpr auto kConnectWords = std::to_array<WordsKind>({
+    {"timeout", ErrorKind::ServerUnknown},
+    {"timed out", ErrorKind::ServerUnknown},
+    {"connection refused", ErrorKind::ServerUnknown},
+    {"could not connect", ErrorKind::ServerUnknown},
+    {"no route to host", ErrorKind::ServerUnknown},
+    {"unreachable", ErrorKind::ServerUnknown},
 });
 
-constexpr std::int32_t kSqlServerLoginFailed = 18456;
-constexpr std::int32_t kSqlServerCannotOpenDatabase = 4060;
+/// None for a kind that no fault stands for.
+std::optional<Fault> FaultOf(ErrorKind kind) {
+    switch (kind) {
+        case ErrorKind::NoTable:
+            return Fault::Table;
+        case ErrorKind::NoColumn:
+            return Fault::Column;
+        case ErrorKind::BadStatement:
+            return Fault::Statement;
+        case ErrorKind::NoPermission:
+            return Fault::Other;
+        case ErrorKind::TimeLimit:
+            return Fault::TimeLimit;
+        case ErrorKind::ConnectionLost:
+            return Fault::ConnectionLost;
+        case ErrorKind::LoginRefused:
+            return Fault::LoginRefused;
+        case ErrorKind::ServerUnknown:
+            return Fault::ServerUnknown;
+        case ErrorKind::DatabaseUnknown:
+            return Fault::DatabaseUnknown;
+        case ErrorKind::TooManyConnections:
+            return Fault::TooManyConnections;
+        case ErrorKind::DriverMissing:
+            return Fault::DriverMissing;
+        default:
+            return {};
+    }
+}
 
 std::string_view SkipBrackets(std::string_view text) {
     while (!text.empty() && text.front() == '[') {
@@ -110,33 +111,59 @@ std::string Undecorated(std::string_view text) {
     return std::string(text);
 }
 
-Fault FaultOf(const ServerCode& code, std::string_view text, bool connecting) {
-    const std::string words = text::ToLower(text);
-    if (connecting) {
-        if (code.native == kSqlServerLoginFailed) return Fault::LoginRefused;
-        if (code.native == kSqlServerCannotOpenDatabase) return Fault::DatabaseUnknown;
-        for (const TextFault& entry : kConnectTexts) {
-            if (text::Contains(words, entry.part)) return entry.fault;
-        }
+std::optional<Fault> FaultOfWords(std::span<const WordsKind> parts, std::string_view words) {
+    for (const WordsKind& entry : parts) {
+        if (text::Contains(words, entry.words)) return FaultOf(entry.kind);
     }
-    // The states of PostgreSQL's errors come through its driver as they are; those that the driver
-    // makes itself, and all of SQLite's, say nothing.
-    if (!connecting) {
-        const bool saysNothing =
-            code.sqlState.starts_with("HY0") || code.sqlState.starts_with("S10");
-        for (const TextFault& entry : kStatementTexts) {
-            if ((saysNothing || entry.fault == Fault::ConnectionLost) &&
-                text::Contains(words, entry.part)) {
-                return entry.fault;
+    return {};
+}
+
+std::optional<Fault> FaultOfConnecting(std::int32_t native, std::string_view words) {
+    const std::optional<Fault> number = FaultOf(KindOfServerNumber(native));
+    if (number == Fault::LoginRefused || number == Fault::DatabaseUnknown) return number;
+    if (const auto fault = FaultOfWords(kDriverManagerWords, words)) return fault;
+    for (const engines::Codes* codes : engines::AllCodes()) {
+        if (const auto fault = FaultOfWords(codes->connectWords, words)) return fault;
+    }
+    return FaultOfWords(kConnectWords, words);
+}
+
+std::optional<Fault> FaultOfStatement(std::string_view state, std::string_view words) {
+    // States that a driver makes itself say nothing.
+    const bool saysNothing = state.starts_with("HY0") || state.starts_with("S10");
+    for (const engines::Codes* codes : engines::AllCodes()) {
+        for (const WordsKind& entry : codes->statementWords) {
+            if ((saysNothing || entry.kind == ErrorKind::ConnectionLost) &&
+                text::Contains(words, entry.words)) {
+                return FaultOf(entry.kind);
             }
         }
     }
-    for (const StateFault& entry : kStates) {
-        if (!code.sqlState.starts_with(entry.prefix)) continue;
-        const bool silent = entry.fault == Fault::ConnectionLost || entry.fault == Fault::TimeLimit;
-        return connecting && silent ? Fault::ServerUnknown : entry.fault;
+    return {};
+}
+
+std::optional<Fault> FaultOfState(std::string_view state) {
+    for (const engines::Codes* codes : engines::AllCodes()) {
+        for (const WordsKind& entry : codes->states) {
+            if (!state.starts_with(entry.words)) continue;
+            if (const auto fault = FaultOf(entry.kind)) return fault;
+        }
     }
-    return Fault::Other;
+    for (const StateFault& entry : kStates) {
+        if (state.starts_with(entry.prefix)) return entry.fault;
+    }
+    return {};
+}
+
+Fault FaultOf(const ServerCode& code, std::string_view text, bool connecting) {
+    const std::string words = text::ToLower(text);
+    if (const auto told = connecting ? FaultOfConnecting(code.native, words)
+                                     : FaultOfStatement(code.sqlState, words)) {
+        return *told;
+    }
+    const Fault fault = FaultOfState(code.sqlState).value_or(Fault::Other);
+    const bool silent = fault == Fault::ConnectionLost || fault == Fault::TimeLimit;
+    return connecting && silent ? Fault::ServerUnknown : fault;
 }
 
 std::string CodeText(const ServerCode& code) {

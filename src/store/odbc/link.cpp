@@ -8,16 +8,7 @@
 namespace zv::store::odbc {
 namespace {
 
-constexpr std::size_t kKeptStatements = 16;
 constexpr std::size_t kNameUnits = 256;
-
-Server ServerOf(const std::string& product) {
-    const std::string name = text::ToLower(product);
-    if (text::Contains(name, "postgres")) return Server::PostgreSql;
-    if (text::Contains(name, "sqlite")) return Server::Sqlite;
-    if (text::Contains(name, "sql server")) return Server::SqlServer;
-    return Server::Other;
-}
 
 /// Tells Link::Cancel which statement is under way.
 class Running {
@@ -82,7 +73,7 @@ int NumberOf(SQLHSTMT statement, SQLUSMALLINT column) {
 }  // namespace
 
 Link::~Link() {
-    prepared_.clear();
+    prepared_.Clear();
     if (connected_) SQLDisconnect(connection_.Get());
 }
 
@@ -128,13 +119,13 @@ std::string Link::Info(SQLUSMALLINT what) const {
 
 void Link::ReadFacts() {
     facts_.product = Info(SQL_DBMS_NAME);
-    facts_.server = ServerOf(facts_.product);
+    facts_.engine = &engines::OfProduct(facts_.product);
     facts_.quote = text::Trim(Info(SQL_IDENTIFIER_QUOTE_CHAR));
     SQLUINTEGER extensions = 0;
     SQLGetInfoW(connection_.Get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr);
     constexpr SQLUINTEGER kMixes = SQL_GD_ANY_COLUMN | SQL_GD_BOUND;
     facts_.reading.mixesBound = (extensions & kMixes) == kMixes;
-    facts_.reading.readsTexts = facts_.server == Server::Sqlite;
+    facts_.reading.readsTexts = facts_.engine->facts->KeepsDatesAsTexts();
 }
 
 StatementHandle Link::NewStatement() {
@@ -165,24 +156,19 @@ void Link::Check(SQLHSTMT statement, Call call) {
 }
 
 SQLHSTMT Link::PreparedFor(const std::string& sql) {
-    const auto kept = std::find_if(prepared_.begin(), prepared_.end(),
-                                   [&](const Prepared& entry) { return entry.sql == sql; });
-    if (kept != prepared_.end()) {
-        prepared_.splice(prepared_.begin(), prepared_, kept);
-        return kept->handle.Get();
-    }
+    if (const StatementHandle* kept = prepared_.Find(sql)) return kept->Get();
     StatementHandle statement = NewStatement();
     const std::u16string text = text::ToUtf16(sql);
     Check(statement.Get(), [&] {
         return SQLPrepareW(statement.Get(), Wide(text), static_cast<SQLINTEGER>(text.size()));
     });
-    prepared_.push_front({sql, std::move(statement)});
-    if (prepared_.size() > kKeptStatements) prepared_.pop_back();
-    return prepared_.front().handle.Get();
+    return prepared_.Keep(sql, std::move(statement)).Get();
 }
 
 void Link::Forget(SQLHSTMT statement) {
-    prepared_.remove_if([&](const Prepared& entry) { return entry.handle.Get() == statement; });
+    prepared_.RemoveIf([&](const std::string&, const StatementHandle& handle) {
+        return handle.Get() == statement;
+    });
 }
 
 std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
@@ -198,7 +184,7 @@ std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
         Column column;
         SQLWCHAR name[kNameUnits]{};
         SQLSMALLINT length = 0;
-        // Whoever asks for the type here makes the driver of PostgreSQL ask its server for more.
+        // Whoever asks for the type here makes some drivers ask their server for more.
         if (!SQL_SUCCEEDED(SQLDescribeColW(statement, number, name, kNameUnits, &length, nullptr,
                                            &column.size, nullptr, nullptr))) {
             Throw(statement);
@@ -213,7 +199,7 @@ std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
         column.name = text::FromUtf16({first, std::find(first, first + kNameUnits - 1, u'\0')});
         column.type = TypeOf(column.sqlType);
         column.isLong = IsLongType(column.sqlType);
-        if (facts_.server == Server::Sqlite) {
+        if (facts_.engine->facts->TellsComputedColumns()) {
             SQLWCHAR base[kNameUnits]{};
             SQLSMALLINT bytes = 0;
             SQLColAttributeW(statement, number, SQL_DESC_BASE_TABLE_NAME, base, sizeof base, &bytes,
@@ -282,10 +268,8 @@ Result Link::Run(const std::string& sql, const std::vector<Parameter>& parameter
 }
 
 std::vector<Column> Link::Describe(const std::string& sql) {
-    // This driver loses memory for every statement that is prepared and never run.
-    if (facts_.server == Server::PostgreSql) {
-        return Run("select * from (" + sql + ") as described limit 0", {}, false).columns;
-    }
+    const std::string describing = facts_.engine->facts->DescribingStatement(sql);
+    if (!describing.empty()) return Run(describing, {}, false).columns;
     SQLHSTMT statement = PreparedFor(sql);
     SQLSMALLINT count = 0;
     try {

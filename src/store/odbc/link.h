@@ -3,23 +3,21 @@
 
 #include <atomic>
 #include <chrono>
-#include <list>
 #include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "store/engines/engines.h"
 #include "store/odbc/columns.h"
 #include "store/odbc/diagnostics.h"
 #include "store/odbc/handle.h"
 #include "store/odbc/parameters.h"
 #include "store/odbc/row_reader.h"
 #include "store/odbc/row_store.h"
+#include "store/statement_cache.h"
 
 namespace zv::store::odbc {
-
-/// The kinds of databases that statements and recordsets must tell apart.
-enum class Server { PostgreSql, Sqlite, SqlServer, Other };
 
 struct LinkOptions {
     std::string connectionString;
@@ -30,9 +28,9 @@ struct LinkOptions {
 };
 
 struct ServerFacts {
-    Server server = Server::Other;
-    std::string product;  ///< as the driver calls it
-    std::string quote;    ///< around names; empty when the driver has none
+    const engines::Engine* engine = nullptr;  ///< never null once connected
+    std::string product;                      ///< as the driver calls it
+    std::string quote;                        ///< around names; empty when the driver has none
     ReadingFacts reading;
 };
 
@@ -70,10 +68,7 @@ class Link {
     void Cancel();
 
  private:
-    struct Prepared {
-        std::string sql;
-        StatementHandle handle;
-    };
+    static constexpr std::size_t kKeptStatements = 16;
 
     void ReadFacts();
     std::string Info(SQLUSMALLINT what) const;
@@ -93,7 +88,7 @@ class Link {
     ConnectionHandle connection_;
     bool connected_ = false;
     ServerFacts facts_;
-    std::list<Prepared> prepared_;  ///< most recently used first
+    StatementCache<StatementHandle> prepared_{kKeptStatements};
     std::atomic<bool> lost_{false};
     std::mutex runningMutex_;
     SQLHSTMT running_ = SQL_NULL_HSTMT;

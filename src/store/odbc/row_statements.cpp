@@ -6,25 +6,6 @@
 #include "store/rows/writing_statements.h"
 
 namespace zv::store::odbc {
-namespace {
-
-/// A comparison with a parameter that tells texts of different letter case apart.
-std::string EqualsExactly(Server server, const std::string& name) {
-    switch (server) {
-        case Server::PostgreSql:
-            return "cast(" + name + " as text)=?";
-        case Server::Sqlite:
-            return name + " collate binary=?";
-        case Server::SqlServer:
-            return "cast(" + name + " as nvarchar(max)) collate Latin1_General_BIN2=?";
-        case Server::Other:
-            break;
-    }
-    return name + "=?";
-}
-
-}  // namespace
-
 RowStatements::RowStatements(const Session& session, const Table& table,
                              const std::vector<Column>& columns)
     : session_(session), table_(session.Quoted(table.name)) {
@@ -89,11 +70,8 @@ RowStatement RowStatements::Insert(const rows::Changes& changes) const {
     for (const auto& [field, value] : changes) {
         statement.parameters.push_back(ParameterFor(field, value));
     }
-    const Server server = session_.Facts().server;
-    if (IsCounted(changes) && server == Server::PostgreSql) {
-        statement.sql += " returning " + Name(key_.front());
-    } else if (IsCounted(changes) && server == Server::SqlServer) {
-        statement.sql += "; select cast(scope_identity() as bigint)";
+    if (IsCounted(changes)) {
+        statement.sql += session_.Facts().engine->facts->YieldingKey(Name(key_.front()));
     }
     return statement;
 }
@@ -132,7 +110,8 @@ void RowStatements::AddUnchanged(int field, const Value& value, RowStatement& st
         statement.parameters.push_back(ParameterFor(field, date->AddSeconds(1)));
         return;
     }
-    statement.sql += value.TextIf() ? EqualsExactly(session_.Facts().server, name) : name + "=?";
+    statement.sql +=
+        value.TextIf() ? session_.Facts().engine->facts->EqualsExactly(name) : name + "=?";
     statement.parameters.push_back(ParameterFor(field, value));
 }
 

@@ -4,9 +4,8 @@
 #include <utility>
 
 #include "base/text.h"
-#include "store/dialect/expression.h"
-#include "store/dialect/targets.h"
-#include "store/dialect/window_index.h"
+#include "store/dialect/target.h"
+#include "store/engines/engines.h"
 #include "store/odbc/named_tables.h"
 #include "store/odbc/written_names.h"
 #include "store/one_statement.h"
@@ -17,7 +16,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::size_t kKeptTranslations = 32;
 constexpr milliseconds kClosingLimit{2000};
 
 /// How long before the caller's limit the driver is told to give up, so that a server that answers
@@ -31,22 +29,15 @@ std::chrono::seconds DriverLimit(milliseconds limit) {
     return std::max(seconds, std::chrono::seconds{1});
 }
 
-dialect::Translation TranslationFor(const std::string& sql, Server server,
+dialect::Translation TranslationFor(const std::string& sql, const engines::Engine& engine,
                                     const dialect::SchemaInfo& schema) {
-    switch (server) {
-        case Server::Sqlite:
-            return dialect::Translate(sql, schema, dialect::SqliteOverOdbc());
-        case Server::PostgreSql:
-            return dialect::Translate(sql, schema, dialect::PostgreSql());
-        default:
-            break;
-    }
+    if (engine.driverDialect) return dialect::Translate(sql, schema, *engine.driverDialect);
     RequireOneStatement(sql, kErrorSource);
     // The server understands the statement better than anyone; only what it is about is of
     // interest.
     dialect::Translation translation;
     try {
-        translation = dialect::Translate(sql, schema);
+        translation = dialect::Translate(sql, schema, *engines::Of("sqlite").dialect);
     } catch (const RuntimeError&) {
         translation.kind = dialect::StatementKind::Select;
     }
@@ -145,10 +136,9 @@ Result Session::Run(const std::string& sql, std::vector<Parameter> parameters, b
     } catch (const RuntimeError& error) {
         const bool ofNames = error.Number() == ErrorNumber::DatabaseTable ||
                              error.Number() == ErrorNumber::DatabaseColumn;
-        const auto sent = std::find_if(translations_.begin(), translations_.end(),
-                                       [&](const auto& entry) { return entry.second->sql == sql; });
-        if (!ofNames || sent == translations_.end()) throw;
-        throw RuntimeError(error.Number(), WithNamesAsWritten(error.Text(), sent->first),
+        const std::string* source = ofNames ? translations_.SourceOf(sql) : nullptr;
+        if (!source) throw;
+        throw RuntimeError(error.Number(), WithNamesAsWritten(error.Text(), *source),
                            error.Source(), error.Code())
             .Of(error.Kind());
     }
@@ -165,8 +155,8 @@ const Table& Session::FindTable(const std::string& name) {
     const std::string key = text::ToLower(name);
     const auto known = tables_.find(key);
     if (known != tables_.end()) return known->second;
-    // Where names are kept in lower case, they are looked up in it.
-    const std::string asked = facts_.server == Server::PostgreSql ? key : name;
+    // Where names are kept in one letter case, they are looked up in it.
+    const std::string asked = facts_.engine->facts->StoredName(name);
     Table table =
         Do([asked](Link& link) { return link.DescribeTable(asked); }, options_.statementLimit);
     // One that is not there may come.
@@ -189,17 +179,14 @@ const Table& Session::TableOf(const std::string& name) {
 }
 
 const dialect::SchemaInfo& Session::SchemaFor(const std::string& sql) {
-    const bool learns = !std::exchange(knowsIndex_, true);
-    if (facts_.server == Server::Sqlite && learns) {
-        const std::string index = dialect::QuoteText(std::string(dialect::kWindowIndex));
-        Result found = Run("select sql from sqlite_master where type='index' and name=" + index);
-        Value making;
-        if (found.rows.Advance()) found.rows.Read(0, making);
-        schema_.hasWindowIndex =
-            dialect::SameStatement(making.ToText(), dialect::WindowIndexStatement());
-    }
-    if (facts_.server == Server::PostgreSql && learns) {
-        schema_.hasWindowIndex = Run(dialect::FindPostgreSqlWindowIndex()).rows.Advance();
+    const engines::Facts& facts = *facts_.engine->facts;
+    const std::string question = facts.WindowIndexQuestion();
+    if (!std::exchange(knowsIndex_, true) && !question.empty()) {
+        Result answer = Run(question);
+        Value told;
+        const bool found = answer.rows.Advance();
+        if (found) answer.rows.Read(0, told);
+        schema_.windowIndex = found && facts.IsWindowIndex(told) ? facts.WindowIndex() : nullptr;
     }
     for (const std::string& name : NamedTables(sql)) FindTable(name);
     return schema_;
@@ -209,7 +196,7 @@ void Session::ForgetSchema() {
     tables_.clear();
     schema_ = {};
     knowsIndex_ = false;
-    translations_.clear();
+    translations_.Clear();
 }
 
 bool Session::IsOfOldFacts(const std::string& sql, const dialect::Translation& translation) {
@@ -236,21 +223,10 @@ std::shared_ptr<const dialect::Translation> Session::Translated(const std::strin
     CheckOpen();
     // What was learnt of the tables may be why the last statement failed.
     if (std::exchange(inDoubt_, false)) ForgetSchema();
-    const auto known = std::find_if(translations_.begin(), translations_.end(),
-                                    [&](const auto& entry) { return entry.first == sql; });
-    if (known != translations_.end()) {
-        translations_.splice(translations_.begin(), translations_, known);
-        return known->second;
-    }
-    auto translation = std::make_shared<dialect::Translation>();
-    if (options_.translate) {
-        *translation = TranslationFor(sql, facts_.server, SchemaFor(sql));
-    } else {
-        translation->sql = sql;
-    }
-    translations_.emplace_front(sql, translation);
-    if (translations_.size() > kKeptTranslations) translations_.pop_back();
-    return translation;
+    return translations_.For(sql, [&] {
+        if (options_.translate) return TranslationFor(sql, *facts_.engine, SchemaFor(sql));
+        return dialect::Untranslated(sql);
+    });
 }
 
 std::string Session::Quoted(const std::string& name) const {

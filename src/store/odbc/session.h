@@ -1,16 +1,14 @@
 // One open connection, shared by the connection object and its recordsets.
 #pragma once
 
-#include <list>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "base/errors.h"
-#include "store/dialect/translator.h"
+#include "store/dialect/translations.h"
 #include "store/odbc/link.h"
 #include "store/odbc/odbc_connection.h"
 #include "store/odbc/worker.h"
@@ -65,7 +63,7 @@ class Session {
     std::shared_ptr<Link> link_;
     bool lost_ = false;
     ServerFacts facts_;
-    std::list<std::pair<std::string, std::shared_ptr<const dialect::Translation>>> translations_;
+    dialect::Translations translations_;
     std::map<std::string, Table> tables_;  ///< by lower-case name
     dialect::SchemaInfo schema_;
     bool knowsIndex_ = false;

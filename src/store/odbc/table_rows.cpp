@@ -87,9 +87,8 @@ void TableRows::Insert(const rows::Changes& changes) {
 
 rows::Row TableRows::KeyOfNewRow(const rows::Changes& changes, Result& inserted) {
     if (!statements_.IsCounted(changes)) return statements_.KeyIn(changes);
-    if (session_->Facts().server == Server::Sqlite) {
-        inserted = session_->Run("select last_insert_rowid()");
-    }
+    const std::string lastKey = session_->Facts().engine->facts->LastKey();
+    if (!lastKey.empty()) inserted = session_->Run(lastKey);
     rows::Row key;
     if (inserted.rows.Advance()) inserted.rows.Read(0, key.emplace_back());
     return key;

@@ -1,27 +1,24 @@
 #include "store/sqlite/database_file.h"
 
 #include <array>
-#include <cstring>
 #include <fstream>
 #include <system_error>
 
 #include "base/errors.h"
 #include "base/path.h"
 #include "store/connection_text.h"
+#include "store/engines/engines.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::store {
 namespace sqlite {
 namespace {
 
-// The first bytes of every file of the engine, the closing zero included.
-constexpr char kSignature[] = "SQLite format 3";
-
 bool HasSignature(std::istream& file) {
-    std::array<char, sizeof kSignature> start{};
+    std::array<char, 32> start{};
     file.read(start.data(), start.size());
-    return file.gcount() == static_cast<std::streamsize>(start.size()) &&
-           std::memcmp(start.data(), kSignature, sizeof kSignature) == 0;
+    const auto length = static_cast<std::size_t>(file.gcount());
+    return EmbeddedEngine().connecting->IsFile({start.data(), length});
 }
 
 [[noreturn]] void Refuse(ErrorNumber number, ErrorKind kind, const char* reason,
@@ -33,6 +30,11 @@ bool HasSignature(std::istream& file) {
 }
 
 }  // namespace
+
+const engines::Engine& EmbeddedEngine() {
+    static const engines::Engine& engine = engines::Of("sqlite");
+    return engine;
+}
 
 void CheckDatabaseFile(const std::string& path) {
     namespace fs = std::filesystem;

@@ -9,7 +9,7 @@
 #include "base/text.h"
 #include "store/connection_text.h"
 #include "store/dialect/lexer.h"
-#include "store/dialect/window_index.h"
+#include "store/engines/engines.h"
 #include "store/sqlite/database_file.h"
 #include "store/sqlite/error_kinds.h"
 #include "store/sqlite/journal_mode.h"
@@ -18,7 +18,6 @@ namespace zv::store::sqlite {
 namespace {
 
 constexpr std::size_t kKeptStatements = 32;
-constexpr std::size_t kKeptTranslations = 32;
 
 ErrorNumber NumberOf(std::string_view message) {
     const auto holds = [&](std::string_view part) { return text::Contains(message, part); };
@@ -245,18 +244,10 @@ void Session::CheckOpen() const {
 std::shared_ptr<const dialect::Translation> Session::Translated(const std::string& sql) {
     CheckOpen();
     if (options_.translate && IsSchemaOld()) ForgetSchema();
-    const auto known = std::find_if(translations_.begin(), translations_.end(),
-                                    [&](const auto& entry) { return entry.first == sql; });
-    if (known != translations_.end()) {
-        translations_.splice(translations_.begin(), translations_, known);
-        return known->second;
-    }
-    auto translation = std::make_shared<dialect::Translation>(
-        options_.translate ? dialect::Translate(sql, Schema()) : dialect::Translation{});
-    if (!options_.translate) translation->sql = sql;
-    translations_.emplace_front(sql, translation);
-    if (translations_.size() > kKeptTranslations) translations_.pop_back();
-    return translation;
+    return translations_.For(sql, [&] {
+        return options_.translate ? dialect::Translate(sql, Schema(), *EmbeddedEngine().dialect)
+                                  : dialect::Untranslated(sql);
+    });
 }
 
 Statement Session::Prepare(const std::string& sql, const std::string& source) {
@@ -297,7 +288,7 @@ void Session::TakeBack(sqlite3_stmt* handle) noexcept {
 
 void Session::ForgetSchema() {
     schema_.reset();
-    translations_.clear();
+    translations_.Clear();
     // A prepared "select *" would still have the columns of then.
     for (sqlite3_stmt* statement : idle_) sqlite3_finalize(statement);
     idle_.clear();
@@ -315,11 +306,11 @@ const dialect::SchemaInfo& Session::Schema() {
     while (columns.Step()) {
         info.AddColumn(columns.ColumnValue(0).ToText(), columns.ColumnValue(1).ToText());
     }
-    // An index of the same name but another making would answer differently.
-    Statement index = Prepare("select sql from sqlite_schema where type='index' and name=?1", {});
-    index.Bind(1, Value(dialect::kWindowIndex));
-    info.hasWindowIndex = index.Step() && dialect::SameStatement(index.ColumnValue(0).ToText(),
-                                                                 dialect::WindowIndexStatement());
+    const engines::Facts& facts = *EmbeddedEngine().facts;
+    Statement index = Prepare(facts.WindowIndexQuestion(), {});
+    if (index.Step() && facts.IsWindowIndex(index.ColumnValue(0))) {
+        info.windowIndex = facts.WindowIndex();
+    }
     schema_ = std::move(info);
     schemaVersion_ = version;
     return *schema_;

@@ -2,14 +2,13 @@
 #pragma once
 
 #include <chrono>
-#include <list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "store/dialect/translator.h"
+#include "store/dialect/translations.h"
 #include "store/rows/open_recordsets.h"
 #include "store/sqlite/sqlite_connection.h"
 #include "store/value.h"
@@ -111,7 +110,7 @@ class Session {
     std::chrono::steady_clock::time_point end_{};  ///< of the step under way
     /// Most recently used first. Has room for all, because taking back must not fail.
     std::vector<sqlite3_stmt*> idle_;
-    std::list<std::pair<std::string, std::shared_ptr<const dialect::Translation>>> translations_;
+    dialect::Translations translations_;
     std::shared_ptr<rows::OpenRecordsets> recordsets_ = std::make_shared<rows::OpenRecordsets>();
     std::optional<dialect::SchemaInfo> schema_;
     std::int64_t schemaVersion_ = 0;  ///< that `schema_` and the translations are of

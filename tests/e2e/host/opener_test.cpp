@@ -8,7 +8,7 @@
 #include "base/errors.h"
 #include "base/win32/wide.h"
 #include "store/ado/ado_opener.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 
 namespace zv::store::ado {
 namespace {

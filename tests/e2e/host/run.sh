@@ -91,7 +91,7 @@ if [ -n "${ZV_TEST_POSTGRESQL:-}" ]; then
     sql() { PGOPTIONS="-c client_min_messages=warning $*" psql -X -q -v ON_ERROR_STOP=1; }
     check "makes the tables on the server" sql "-c search_path=$schema,public" < <(
         echo "create schema $schema; create extension if not exists citext schema public;"
-        cat "$here/../../../src/store/schema/postgresql.sql"
+        cat "$here/../../../src/store/engines/postgresql/schema.sql"
     )
     script server.vbs "$ZV_TEST_POSTGRESQL;ConnSettings={set search_path to $schema,public}" '提醒'
     check "removes them" sql <<<"drop schema $schema cascade"

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "stage/stage.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 #include "windows/completion/frm_task_done.h"
 #include "windows/plan_editor/frm_task_set.h"

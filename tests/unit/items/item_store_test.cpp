@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "base/path.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::items {

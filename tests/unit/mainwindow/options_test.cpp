@@ -1,5 +1,5 @@
 #include "main_window_fixture.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::windows {

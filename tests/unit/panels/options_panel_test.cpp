@@ -1,7 +1,7 @@
 #include "windows/main/panels/options_panel.h"
 
 #include "panel_fixture.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 
 namespace zv::windows {
 namespace {

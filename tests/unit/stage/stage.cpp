@@ -9,7 +9,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "resources/error_texts.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::stage {

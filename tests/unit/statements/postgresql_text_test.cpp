@@ -6,6 +6,7 @@
 #include "base/errors.h"
 #include "fixture.h"
 #include "store/dialect/translator.h"
+#include "store/engines/engines.h"
 
 namespace zv::store::dialect {
 namespace {
@@ -23,7 +24,7 @@ class PostgreSqlText : public ::testing::Test {
         schema_.AddColumn("tasktime", "timestamp");
     }
     std::string Written(const std::string& sql) const {
-        return Translate(sql, schema_, PostgreSql()).sql;
+        return Translate(sql, schema_, *engines::Of("postgresql").dialect).sql;
     }
     std::string Condition(const std::string& condition) const {
         const std::string head = "select 1 from \"t\" where ";
@@ -72,7 +73,7 @@ TEST_F(PostgreSqlText, TheWindowIsAlsoABox) {
                               R"("a"."tduring2">=timestamp '2003-03-07 00:00:00')";
     const std::string head = R"(select "a"."fid" from "ttasklist" as "a" where )";
     EXPECT_EQ(Written(sql), head + plain);
-    schema_.hasWindowIndex = true;
+    schema_.windowIndex = engines::Of("postgresql").facts->WindowIndex();
     EXPECT_EQ(Written(sql),
               head +
                   R"(point(extract(epoch from "a"."tduring1")::float8,extract(epoch from )"
@@ -101,9 +102,16 @@ TEST_F(PostgreSqlText, OperandsHaveOneType) {
     EXPECT_EQ(Condition("(tDone=1)=1"), R"(("tdone"=1)::integer=1)");
 }
 TEST_F(PostgreSqlText, TheTableOfAWritableSelectIsTold) {
-    EXPECT_EQ(Translate("select * from tTasklist", schema_, PostgreSql()).table, "tTasklist");
-    EXPECT_EQ(Translate("select distinct fID from tTasklist", schema_, PostgreSql()).table, "");
-    EXPECT_EQ(Translate("select * from tTasklist", schema_, PostgreSql()).keySql, "");
+    EXPECT_EQ(
+        Translate("select * from tTasklist", schema_, *engines::Of("postgresql").dialect).table,
+        "tTasklist");
+    EXPECT_EQ(
+        Translate("select distinct fID from tTasklist", schema_, *engines::Of("postgresql").dialect)
+            .table,
+        "");
+    EXPECT_EQ(
+        Translate("select * from tTasklist", schema_, *engines::Of("postgresql").dialect).keySql,
+        "");
 }
 TEST_F(PostgreSqlText, ErrorsAreItsOwn) {
     try {
@@ -116,7 +124,7 @@ TEST_F(PostgreSqlText, ErrorsAreItsOwn) {
     }
 }
 TEST_F(PostgreSqlText, SurvivesArbitraryBytes) {
-    schema_.hasWindowIndex = true;
+    schema_.windowIndex = engines::Of("postgresql").facts->WindowIndex();
     const std::vector<NamedStatement> statements = ReadStatements();
     std::mt19937 random(11);
     const auto below = [&](std::size_t limit) {
@@ -145,7 +153,7 @@ TEST_F(PostgreSqlText, SurvivesArbitraryBytes) {
             if (sql.empty()) sql = "'";
         }
         try {
-            Translate(sql, schema_, PostgreSql());
+            Translate(sql, schema_, *engines::Of("postgresql").dialect);
             understood++;
         } catch (const RuntimeError& error) {
             ASSERT_EQ(error.Number(), ErrorNumber::DatabaseStatement) << sql;

@@ -12,7 +12,7 @@
 
 #include "base/errors.h"
 #include "base/path.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::store {

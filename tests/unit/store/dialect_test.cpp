@@ -4,8 +4,8 @@
 #include <random>
 
 #include "database_fixture.h"
-#include "store/dialect/targets.h"
 #include "store/dialect/translator.h"
+#include "store/engines/engines.h"
 
 namespace zv::store {
 namespace {
@@ -391,7 +391,7 @@ TEST(DialectFuzz, SurvivesArbitraryBytes) {
         "insert into tTaskList([taskTitle],taskTime) values('it''s',#03/07/2003#),(null,-1.5e3)",
         "Update tTaskSet Set DoneMan='x',tEnd='03/07/2003' where not taskID in (1,2) or x is null"};
     dialect::SchemaInfo schema;
-    schema.hasWindowIndex = true;
+    schema.windowIndex = engines::Of("sqlite").facts->WindowIndex();
     std::mt19937 random(7);
     const auto below = [&](std::size_t limit) {
         return static_cast<std::size_t>(random() % limit);
@@ -419,7 +419,7 @@ TEST(DialectFuzz, SurvivesArbitraryBytes) {
             if (sql.empty()) sql = "'";
         }
         try {
-            dialect::Translate(sql, schema);
+            dialect::Translate(sql, schema, *engines::Of("sqlite").dialect);
             understood++;
         } catch (const RuntimeError& error) {
             ASSERT_EQ(error.Number(), ErrorNumber::DatabaseStatement) << sql;
@@ -442,7 +442,7 @@ TEST_F(DialectError, SurvivesDeepNesting) {
 // The ODBC driver for the embedded engine has two weaknesses that the door makes up for.
 TEST(DialectOverOdbc, NamesCannotBeTakenForTexts) {
     EXPECT_EQ(dialect::Translate("select fID from tTaskList a where a.fID=1", {},
-                                 dialect::SqliteOverOdbc())
+                                 *engines::Of("sqlite").driverDialect)
                   .sql,
               "select [fID] from [tTaskList] as [a] where [a].[fID]=1");
 }
@@ -450,7 +450,7 @@ TEST(DialectOverOdbc, NamesCannotBeTakenForTexts) {
 TEST(DialectOverOdbc, TextsBeyondTheBasicPlaneAreMadeFromTheirCodes) {
     const auto where = [](const std::string& literal) {
         return dialect::Translate("select fID from t where a='" + literal + "'", {},
-                                  dialect::SqliteOverOdbc())
+                                  *engines::Of("sqlite").driverDialect)
             .sql;
     };
     EXPECT_EQ(where("a😀"), "select [fID] from [t] where [a]=char(97,128512)");

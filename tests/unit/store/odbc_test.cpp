@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "database_fixture.h"
+#include "store/engines/engines.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/diagnostics.h"
 #include "store/odbc/named_tables.h"
@@ -102,12 +103,16 @@ TEST(OptionsFor, TellsOfAServerWithoutADriver) {
         EXPECT_EQ(error.Text().find("No ODBC driver for SQL Server is installed"), 0U);
     }
 }
-TEST(SqlServerAddress, NamesMachineInstanceAndPort) {
-    EXPECT_EQ(SqlServerAddress("db"), "db");
-    EXPECT_EQ(SqlServerAddress("db\\instance"), "db\\instance");
-    EXPECT_EQ(SqlServerAddress("db,1433"), "db,1433");
-    EXPECT_EQ(SqlServerAddress("db:1433"), "db,1433");
-    EXPECT_EQ(SqlServerAddress("tcp:db,1433"), "tcp:db,1433");
+TEST(PlainAddress, NamesMachineInstanceAndPort) {
+    const auto server = [](std::string_view address) {
+        const auto& connecting = *engines::OfAddress(address).connecting;
+        return std::string(connecting.EntriesFor(address, "SQL Server").Value("Server"));
+    };
+    EXPECT_EQ(server("db"), "db");
+    EXPECT_EQ(server("db\\instance"), "db\\instance");
+    EXPECT_EQ(server("db,1433"), "db,1433");
+    EXPECT_EQ(server("db:1433"), "db,1433");
+    EXPECT_EQ(server("tcp:db,1433"), "tcp:db,1433");
 }
 TEST(ConnectionSettings, AreNamedWithoutLoginAndPassword) {
     EXPECT_EQ(Settings("postgresql://me:secret@db:5433/x").ForMessage(), "db:5433/x");

@@ -1,7 +1,7 @@
 // Whether a PostgreSQL server has the index over alert windows.
 #include <gtest/gtest.h>
 
-#include "store/dialect/targets.h"
+#include "store/engines/engines.h"
 #include "test_server/scratch_schema.h"
 
 namespace zv::store {
@@ -29,8 +29,8 @@ class PostgreSqlWindowIndex : public ::testing::Test {
     }
     bool IsFound() {
         return !connection_
-                    ->Open(dialect::FindPostgreSqlWindowIndex(), CursorType::ForwardOnly,
-                           LockType::ReadOnly)
+                    ->Open(engines::Of("postgresql").facts->WindowIndexQuestion(),
+                           CursorType::ForwardOnly, LockType::ReadOnly)
                     ->Eof();
     }
 

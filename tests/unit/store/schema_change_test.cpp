@@ -3,7 +3,7 @@
 #include <thread>
 
 #include "database_fixture.h"
-#include "store/dialect/window_index.h"
+#include "store/engines/sqlite/window_index.h"
 
 namespace zv::store {
 namespace {
@@ -18,7 +18,9 @@ class SchemaChanges : public DatabaseTest {
             "insert into tTaskList(taskTitle,tDuring1,tDuring2) values"
             "('due','2003-03-01 00:00:00','2003-03-09 00:00:00')");
     }
-    void DropIndex() { other_->Execute("drop index " + std::string(dialect::kWindowIndex)); }
+    void DropIndex() {
+        other_->Execute("drop index " + std::string(engines::sqlite::kWindowIndex));
+    }
     std::unique_ptr<Connection> other_;
 };
 
@@ -36,7 +38,8 @@ TEST_F(SchemaChanges, ADroppedIndexIsNoErrorOfAnEditedList) {
 TEST_F(SchemaChanges, AnIndexOfTheSameNameButAnotherMakingIsNotUsed) {
     ASSERT_EQ(Rows(kDue), "1");
     DropIndex();
-    other_->Execute("create index " + std::string(dialect::kWindowIndex) + " on tTaskList(fID)");
+    other_->Execute("create index " + std::string(engines::sqlite::kWindowIndex) +
+                    " on tTaskList(fID)");
     EXPECT_EQ(Rows(kDue), "1");
 }
 TEST_F(SchemaChanges, AnIndexThatIsDroppedAndMadeAllTheTimeIsNeverAnError) {
@@ -44,8 +47,8 @@ TEST_F(SchemaChanges, AnIndexThatIsDroppedAndMadeAllTheTimeIsNeverAnError) {
     std::thread program([&] {
         const auto own = OpenSqlite(path_, {.translate = false});
         while (!ended) {
-            own->Execute("drop index " + std::string(dialect::kWindowIndex));
-            own->Execute(dialect::WindowIndexStatement());
+            own->Execute("drop index " + std::string(engines::sqlite::kWindowIndex));
+            own->Execute(engines::sqlite::WindowIndexStatement());
         }
     });
     int wrong = 0;

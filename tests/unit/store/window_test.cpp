@@ -5,13 +5,17 @@
 
 #include "database_fixture.h"
 #include "store/dialect/translator.h"
-#include "store/dialect/window_index.h"
+#include "store/engines/engines.h"
+#include "store/engines/sqlite/window_index.h"
 
 namespace zv::store {
 namespace {
 
 using dialect::SchemaInfo;
-using dialect::Translate;
+
+dialect::Translation Translate(const std::string& sql, const SchemaInfo& schema) {
+    return dialect::Translate(sql, schema, *engines::Of("sqlite").dialect);
+}
 
 class WindowIndexTest : public DatabaseTest {
  protected:
@@ -19,7 +23,7 @@ class WindowIndexTest : public DatabaseTest {
 
     static SchemaInfo Indexed() {
         SchemaInfo schema;
-        schema.hasWindowIndex = true;
+        schema.windowIndex = engines::Of("sqlite").facts->WindowIndex();
         return schema;
     }
     std::string RawRows(const std::string& sql) {
@@ -48,9 +52,9 @@ std::string DayQuery(DateTime first, DateTime last, const std::string& more) {
 
 TEST_F(WindowIndexTest, SchemaMakesTheIndexThatTheTranslationUses) {
     const std::string made = RawRows("select sql from sqlite_schema where name='tTaskList_window'");
-    EXPECT_TRUE(
-        dialect::SameStatement(made.substr(0, made.size() - 2), dialect::WindowIndexStatement()))
-        << made << dialect::WindowIndexStatement();
+    EXPECT_TRUE(engines::sqlite::SameStatement(made.substr(0, made.size() - 2),
+                                               engines::sqlite::WindowIndexStatement()))
+        << made << engines::sqlite::WindowIndexStatement();
 }
 
 TEST_F(WindowIndexTest, AlertPassReadsShortRangesOfTheIndexAlone) {

@@ -5,7 +5,7 @@
 
 #include "base/errors.h"
 #include "base/path.h"
-#include "store/schema/schema.h"
+#include "store/sqlite/create_database.h"
 #include "store/sqlite/journal_mode.h"
 #include "zvdb/check.h"
 #include "zvdb/import/embedded_rows.h"

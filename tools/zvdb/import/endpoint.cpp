@@ -9,6 +9,7 @@
 
 #include "base/path.h"
 #include "base/text.h"
+#include "store/engines/engines.h"
 #include "store/odbc/connection_string.h"
 #include "zvdb/access/access_source.h"
 #include "zvdb/import/embedded_source.h"
@@ -32,16 +33,14 @@ Content ContentOf(const std::string& name) {
     if (!fs::is_regular_file(status)) return failed ? Content::Unreadable : Content::Special;
     std::ifstream in(file, std::ios::binary);
     if (!in) return Content::Unreadable;
-    std::array<char, 20> head{};
+    std::array<char, 32> head{};
     in.read(head.data(), head.size());
     const std::string_view begin(head.data(), static_cast<std::size_t>(in.gcount()));
     if (begin.empty()) return Content::Empty;
-    if (begin.starts_with(std::string_view("SQLite format 3\0", 16))) return Content::Embedded;
-    const std::string_view product = begin.substr(std::min<std::size_t>(4, begin.size()));
-    if (product.starts_with("Standard Jet DB") || product.starts_with("Standard ACE DB")) {
-        return Content::Access;
-    }
-    return Content::Other;
+    const store::engines::Engine* engine = store::engines::OfFile(begin);
+    if (!engine) return Content::Other;
+    // What has a provider is read without it.
+    return engine->connecting->Providers().empty() ? Content::Embedded : Content::Access;
 }
 
 std::string Extension(const std::string& name) {
@@ -58,7 +57,7 @@ bool IsAccessExtension(const std::string& extension) {
 bool IsServer(const std::string& name) {
     std::error_code failed;
     if (fs::exists(PathOf(name), failed)) return false;
-    return store::odbc::IsOdbcConnectionString(name) || name.starts_with("postgresql:");
+    return store::odbc::IsForOdbc(name);
 }
 
 std::string ShownName(const std::string& name) {

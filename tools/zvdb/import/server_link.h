@@ -8,18 +8,19 @@
 #include <vector>
 
 #include "store/connection.h"
+#include "store/engines/engines.h"
 
 namespace zv::zvdb {
-
-enum class ServerKind { PostgreSql, SqlServer };
 
 class ServerLink {
  public:
     /// `name` is a data path that the control takes for a server. Throws RuntimeError.
     explicit ServerLink(const std::string& name);
 
-    ServerKind Kind() const { return kind_; }
-    std::string Product() const;
+    const store::engines::Engine& Engine() const { return *engine_; }
+    /// How many rows are moved into and out of it.
+    const store::engines::Bulk& Bulk() const { return *engine_->bulk; }
+    std::string Product() const { return std::string(engine_->codes->name); }
     /// Tells two connections to the same tables, whatever they were named by.
     std::string Identity();
 
@@ -30,17 +31,16 @@ class ServerLink {
 
     /// A name as it is stored, in quotes. The system's own names are stored in lower case by
     /// servers that fold them.
-    std::string Quoted(std::string_view name) const;
+    std::string Quoted(std::string_view name) const { return Bulk().Quoted(name); }
+    /// A name of the system in quotes, as the server stores it.
+    std::string OwnName(std::string_view name) const { return Quoted(StoredName(name)); }
+    std::string StoredName(std::string_view name) const { return engine_->facts->StoredName(name); }
     /// "'text'", without regard to what the server makes of backslashes.
     void AppendLiteral(std::string& sql, const store::Value& value) const;
-    /// "select ... from table where key > after order by key", at most `rows` of them.
-    std::string SelectPart(const std::string& columns, const std::string& table,
-                           const std::string& key, const std::string& after,
-                           std::size_t rows) const;
 
  private:
     std::unique_ptr<store::Connection> connection_;
-    ServerKind kind_ = ServerKind::PostgreSql;
+    const store::engines::Engine* engine_ = nullptr;
 };
 
 /// Columns of a table as the server tells them.

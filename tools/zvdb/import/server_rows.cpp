@@ -14,9 +14,9 @@ ServerRows::ServerRows(ServerLink& link, const std::string& table,
 
 void ServerRows::Open(const std::string& after) {
     inPart_ = 0;
-    rows_ =
-        link_.Select(key_ < 0 ? "select " + columns_ + " from " + table_
-                              : link_.SelectPart(columns_, table_, keyName_, after, kRowsInPart));
+    rows_ = link_.Select(
+        key_ < 0 ? "select " + columns_ + " from " + table_
+                 : link_.Bulk().SelectPart(columns_, table_, keyName_, after, kRowsInPart));
 }
 
 bool ServerRows::Next(std::vector<store::Value>& row) {

@@ -46,12 +46,7 @@ class SourceServerRows : public RowReader {
 ServerSource::ServerSource(const std::string& name) {
     try {
         link_ = std::make_unique<ServerLink>(name);
-        if (link_->Kind() == ServerKind::PostgreSql) {
-            link_->Run("begin isolation level repeatable read read only");
-        } else {
-            link_->Run("set transaction isolation level serializable");
-            link_->Run("begin transaction");
-        }
+        for (const std::string& statement : link_->Bulk().BeginReading()) link_->Run(statement);
         for (const ServerTable& from : ReadServerTables(*link_)) {
             SourceTable& table = tables_.emplace_back();
             table.name = from.name;

@@ -10,8 +10,8 @@
 namespace zv::zvdb {
 namespace {
 
-// SQL Server takes a thousand rows in a statement; a statement of about this length is sent while
-// the next rows are read.
+// Servers take a thousand rows in a statement or more; a statement of about this length is sent
+// while the next rows are read.
 constexpr int kRowsInStatement = 500;
 constexpr std::size_t kStatementLength = 256 * 1024;
 
@@ -83,16 +83,16 @@ void ServerTarget::MatchTables() {
 
 TargetLimits ServerTarget::Limits() const {
     TargetLimits limits;
-    if (link_->Kind() == ServerKind::SqlServer) limits.firstDate = DateTime(1753, 1, 1);
+    limits.firstDate = link_->Bulk().FirstDate();
     return limits;
 }
 
 std::string ServerTarget::NameOf(const TableRule& table) const {
-    return link_->Kind() == ServerKind::PostgreSql ? text::ToLower(table.name) : table.name;
+    return link_->StoredName(table.name);
 }
 
 std::string ServerTarget::NameOf(const ColumnRule& column) const {
-    return link_->Kind() == ServerKind::PostgreSql ? text::ToLower(column.name) : column.name;
+    return link_->StoredName(column.name);
 }
 
 std::vector<std::pair<std::string, std::int64_t>> ServerTarget::RowsPresent() {
@@ -108,37 +108,25 @@ std::vector<std::pair<std::string, std::int64_t>> ServerTarget::RowsPresent() {
 }
 
 void ServerTarget::CheckWritable() {
-    if (link_->Kind() != ServerKind::PostgreSql) return;
     for (const TableRule& table : tables_) {
-        const bool allowed = Guarded([&] {
-            return link_
-                       ->Ask("select case when has_table_privilege('" + NameOf(table) +
-                             "','insert') and has_table_privilege('" + NameOf(table) +
-                             "','delete') then 1 else 0 end")
-                       .ToInt32() != 0;
-        });
+        const std::string question = link_->Bulk().MayWriteQuestion(NameOf(table));
+        if (question.empty()) continue;
+        const bool allowed = Guarded([&] { return link_->Ask(question).ToInt32() != 0; });
         if (!allowed) throw TargetError("this user may not write into table " + table.name);
     }
 }
 
 void ServerTarget::Begin(bool replace) {
     Guarded([&] {
-        const bool postgres = link_->Kind() == ServerKind::PostgreSql;
-        link_->Run(postgres ? "begin" : "begin transaction");
+        link_->Run(std::string(link_->Bulk().Begin()));
         begun_ = true;
         for (const TableRule& table : tables_) {
             const std::string name = link_->Quoted(NameOf(table));
-            // Others go on reading; what they would write waits for the end of the import.
-            if (postgres) {
-                link_->Run("lock table " + name + " in exclusive mode");
-            } else {
-                link_->Ask("select count(*) from " + name + " with (tablockx, holdlock)");
-            }
+            link_->Run(link_->Bulk().Lock(name));
             if (replace) link_->Run("delete from " + name);
         }
     });
     if (!RowsPresent().empty()) throw TargetError("somebody else filled it meanwhile");
-    if (link_->Kind() != ServerKind::PostgreSql) return;
     Guarded([&] {
         for (const TableRule& table : tables_) PutAside(NameOf(table));
     });
@@ -160,18 +148,19 @@ bool ServerTarget::TryRun(const std::string& sql) {
 /// faster made anew than kept up. All of it belongs to the transaction.
 void ServerTarget::PutAside(const std::string& table) {
     const std::string name = link_->Quoted(table);
-    // The triggers are those that count on behind rows which bring a key; Finish does that.
-    if (!TryRun("alter table " + name + " disable trigger user")) return;
-    toMakeAgain_.push_back("alter table " + name + " enable trigger user");
-    const auto rows = link_->Select(
-        "select indexrelid::regclass::text,pg_get_indexdef(indexrelid) from pg_index where "
-        "indrelid='" +
-        name + "'::regclass and not indisunique order by indexrelid");
+    const std::string disable = link_->Bulk().DisableTriggers(name);
+    if (disable.empty() || !TryRun(disable)) return;
+    toMakeAgain_.push_back(link_->Bulk().EnableTriggers(name));
+    const auto rows = link_->Select(link_->Bulk().IndexesToMakeAgain(name));
     for (; !rows->Eof(); rows->MoveNext()) {
         if (TryRun("drop index " + rows->Field(0).ToText())) {
             toMakeAgain_.push_back(rows->Field(1).ToText());
         }
     }
+}
+
+void ServerTarget::RunIfAny(const std::string& sql) {
+    if (!sql.empty()) Guarded([&] { link_->Run(sql); });
 }
 
 void ServerTarget::BeginTable(const TableRule& table, const std::vector<ColumnRule>& columns) {
@@ -182,9 +171,7 @@ void ServerTarget::BeginTable(const TableRule& table, const std::vector<ColumnRu
         list += (list.empty() ? "" : ",") + link_->Quoted(NameOf(column));
     }
     head_ = "insert into " + name + "(" + list + ") values";
-    if (table.countsByItself && link_->Kind() == ServerKind::SqlServer) {
-        Guarded([&] { link_->Run("set identity_insert " + name + " on"); });
-    }
+    if (table.countsByItself) RunIfAny(link_->Bulk().BeforeKeys(name));
 }
 
 void ServerTarget::Add(const std::vector<store::Value>& row) {
@@ -206,26 +193,20 @@ void ServerTarget::Send() {
 
 void ServerTarget::EndTable() {
     Send();
-    if (table_->countsByItself && link_->Kind() == ServerKind::SqlServer) {
-        Guarded(
-            [&] { link_->Run("set identity_insert " + link_->Quoted(NameOf(*table_)) + " off"); });
+    if (table_->countsByItself) {
+        RunIfAny(link_->Bulk().BehindKeys(link_->Quoted(NameOf(*table_))));
     }
 }
 
-// SQL Server counts on behind the greatest number by itself.
 void ServerTarget::SetCounter(const TableRule& table) {
     const auto key = std::find_if(table.columns.begin(), table.columns.end(),
                                   [](const ColumnRule& column) { return column.isKey; });
-    const std::string counter =
-        "pg_get_serial_sequence('" + NameOf(table) + "','" + NameOf(*key) + "')";
-    if (link_->Ask("select " + counter).IsNull()) return;
-    link_->Ask("select setval(" + counter + ",greatest(coalesce(max(" +
-               link_->Quoted(NameOf(*key)) + "),1),1),coalesce(max(" + link_->Quoted(NameOf(*key)) +
-               "),0)>=1) from " + link_->Quoted(NameOf(table)));
+    const std::string counter = link_->Bulk().Counter(NameOf(table), NameOf(*key));
+    if (counter.empty() || link_->Ask(counter).IsNull()) return;
+    link_->Ask(link_->Bulk().SetCounter(NameOf(table), NameOf(*key)));
 }
 
 void ServerTarget::Finish() {
-    if (link_->Kind() != ServerKind::PostgreSql) return;
     Guarded([&] {
         for (const std::string& statement : toMakeAgain_) link_->Run(statement);
         for (const TableRule& table : tables_) {
@@ -258,11 +239,10 @@ void ServerTarget::Commit() {
                                    : ""));
     }
     begun_ = false;
-    if (link_->Kind() != ServerKind::PostgreSql) return;
     try {
-        // So that the first questions are answered well.
         for (const TableRule& table : tables_) {
-            link_->Run("analyze " + link_->Quoted(NameOf(table)));
+            const std::string analyze = link_->Bulk().Analyze(link_->Quoted(NameOf(table)));
+            if (!analyze.empty()) link_->Run(analyze);
         }
     } catch (const RuntimeError&) {
         // The server does it later by itself.

@@ -41,6 +41,7 @@ class ServerTarget : public TableTarget {
     std::string NameOf(const ColumnRule& column) const;
     void Send();
     void SetCounter(const TableRule& table);
+    void RunIfAny(const std::string& sql);
     bool TryRun(const std::string& sql);
     void PutAside(const std::string& table);
 

@@ -4,7 +4,8 @@
 #include <charconv>
 
 #include "base/text.h"
-#include "store/schema/schema.h"
+#include "store/engines/engines.h"
+#include "store/sqlite/database_file.h"
 #include "zvdb/engine.h"
 
 namespace zv::zvdb {
@@ -27,7 +28,7 @@ ColumnRule RuleOf(const std::string& name, const std::string& type) {
 
 std::vector<TableRule> ReadSchema() {
     Engine engine(":memory:");
-    engine.Run(std::string(store::SqliteSchema()));
+    engine.Run(std::string(store::sqlite::EmbeddedEngine().schema));
     std::vector<TableRule> tables;
     Statement names(engine,
                     "select name,sql like '%autoincrement%' from sqlite_master where type='table' "

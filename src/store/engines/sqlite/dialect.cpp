@@ -6,11 +6,13 @@
 #include "base/date_time.h"
 #include "base/text.h"
 #include "store/dialect/target.h"
-#include "store/dialect/targets.h"
-#include "store/dialect/window_index.h"
+#include "store/engines/parts.h"
+#include "store/engines/sqlite/window_index.h"
 
-namespace zv::store::dialect {
+namespace zv::store::engines::sqlite {
 namespace {
+
+using namespace dialect;
 
 constexpr const char* kClassesAlias = "zv_window";
 
@@ -175,14 +177,14 @@ class SqliteOverOdbcTarget final : public SqliteTarget {
     static constexpr char32_t kLastOfBasicPlane = 0xFFFF;
 };
 
-const Target& SqliteOverOdbc() {
-    static const SqliteOverOdbcTarget target;
-    return target;
-}
-
-const Target& Sqlite() {
+const Target* TheDialect() {
     static const SqliteTarget target;
-    return target;
+    return &target;
 }
 
-}  // namespace zv::store::dialect
+const Target* TheDriverDialect() {
+    static const SqliteOverOdbcTarget target;
+    return &target;
+}
+
+}  // namespace zv::store::engines::sqlite

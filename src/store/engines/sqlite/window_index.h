@@ -6,11 +6,12 @@
 // day, so each class needs one short range of the index, whatever the other windows are like.
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace zv::store::dialect {
+namespace zv::store::engines::sqlite {
 
 inline constexpr std::string_view kWindowTable = "tTaskList";
 inline constexpr std::string_view kWindowIndex = "tTaskList_window";
@@ -21,8 +22,8 @@ std::string WindowClass(std::string_view alias);
 /// The statement that makes the index.
 std::string WindowIndexStatement();
 
-/// Whether the index holds this column (any case), so that reading it does not touch the table.
-bool WindowIndexHolds(std::string_view column);
+/// The columns of the index, in lower case.
+std::set<std::string, std::less<>> WindowIndexColumns();
 
 struct WindowClassRange {
     int windowClass = 0;
@@ -35,4 +36,4 @@ std::vector<WindowClassRange> WindowRanges(std::string_view firstDay);
 /// Statements compared without regard to blanks and letter case.
 bool SameStatement(std::string_view a, std::string_view b);
 
-}  // namespace zv::store::dialect
+}  // namespace zv::store::engines::sqlite

@@ -7,7 +7,8 @@
 
 #include "base/errors.h"
 #include "base/path.h"
-#include "store/schema/schema.h"
+#include "store/engines/engines.h"
+#include "store/sqlite/create_database.h"
 #include "store/sqlite/database_file.h"
 #include "store/sqlite/journal_mode.h"
 
@@ -42,7 +43,8 @@ void MakeSqliteTables(const std::string& path) {
                                share ? sqlite::ShareVfs() : nullptr);
     const std::unique_ptr<sqlite3, CloseDatabase> database(handle);
     // In one transaction, so that nobody sees some of the tables.
-    const std::string script = "begin exclusive;" + std::string(SqliteSchema()) + "commit;";
+    const std::string script =
+        "begin exclusive;" + std::string(sqlite::EmbeddedEngine().schema) + "commit;";
     if (code == SQLITE_OK) code = sqlite3_exec(handle, script.c_str(), nullptr, nullptr, nullptr);
     if (code == SQLITE_OK && !share) code = sqlite::SetJournalMode(handle, "wal");
     if (code != SQLITE_OK) Fail(handle ? sqlite3_errmsg(handle) : sqlite3_errstr(code), path);

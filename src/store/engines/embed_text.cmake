@@ -1,5 +1,5 @@
 # Writes a source file that defines a function returning the text of a file:
-#   cmake -DINPUT=a.sql -DOUTPUT=a.cpp -DHEADER=store/schema/x.h -DFUNCTION=zv::store::X -P embed_text.cmake
+#   cmake -DINPUT=a.sql -DOUTPUT=a.cpp -DHEADER=store/engines/parts.h -DFUNCTION=zv::store::X -P embed_text.cmake
 file(READ ${INPUT} text)
 string(REGEX REPLACE "\r\n" "\n" text "${text}")
 file(WRITE ${OUTPUT}.new

@@ -1,13 +1,12 @@
-#include "store/dialect/window_index.h"
+#include "store/engines/sqlite/window_index.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
 
 #include "base/text.h"
 
-namespace zv::store::dialect {
+namespace zv::store::engines::sqlite {
 namespace {
 
 // Days are counted as year * 800 + month * 40 + day. That number grows with the text of every date
@@ -75,8 +74,8 @@ std::string WindowIndexStatement() {
            WindowClass("") + ",tDuring1,tDuring2,tDone,fType,taskTime,taskTitle,TaskID)";
 }
 
-bool WindowIndexHolds(std::string_view column) {
-    return std::find(kColumns.begin(), kColumns.end(), text::ToLower(column)) != kColumns.end();
+std::set<std::string, std::less<>> WindowIndexColumns() {
+    return {kColumns.begin(), kColumns.end()};
 }
 
 std::vector<WindowClassRange> WindowRanges(std::string_view firstDay) {
@@ -97,4 +96,4 @@ bool SameStatement(std::string_view a, std::string_view b) {
     return Squeeze(a) == Squeeze(b);
 }
 
-}  // namespace zv::store::dialect
+}  // namespace zv::store::engines::sqlite

@@ -8,10 +8,12 @@
 #include "base/text.h"
 #include "store/dialect/lexer.h"
 #include "store/dialect/target.h"
-#include "store/dialect/targets.h"
+#include "store/engines/parts.h"
 
-namespace zv::store::dialect {
+namespace zv::store::engines::postgresql {
 namespace {
+
+using namespace dialect;
 
 constexpr const char* kStoredForm = "'YYYY-MM-DD HH24:MI:SS'";
 
@@ -310,17 +312,13 @@ class PostgreSqlTarget final : public Target {
 
 }  // namespace
 
-std::string FindPostgreSqlWindowIndex() {
-    // Only the connection's own index is looked into: those of other schemas may be locked, or
-    // dropped while the server reads them.
-    return "select indexrelid from pg_index where indexrelid=to_regclass('ttasklist_window') and"
-           " indrelid=to_regclass('ttasklist') and"
-           " pg_get_indexdef(to_regclass('ttasklist_window')) like '%point%'";
-}
-
-const Target& PostgreSql() {
+const Target* TheDialect() {
     static const PostgreSqlTarget target;
-    return target;
+    return &target;
 }
 
-}  // namespace zv::store::dialect
+const Target* TheDriverDialect() {
+    return TheDialect();
+}
+
+}  // namespace zv::store::engines::postgresql

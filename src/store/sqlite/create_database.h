@@ -1,19 +1,13 @@
-// The tables of the system, for each engine. The script for Access beside this file is for people.
+// New files of the embedded engine.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 namespace zv::store {
 
 /// Marks a file of the embedded engine as one of ours (the header field "application id").
 inline constexpr std::int32_t kApplicationId = 0x7A764442;
-
-/// The scripts beside this file, whole.
-std::string_view SqliteSchema();
-std::string_view PostgreSqlSchema();
-std::string_view SqlServerSchema();
 
 /// Makes a new database file with empty tables (UTF-8 path), in write-ahead mode, or in roll-back
 /// mode on a network share. Throws RuntimeError: error 58 when something of that name exists, or a
