@@ -96,6 +96,19 @@ check "the formatter is that of the team" \
 check "sources are formatted" \
     "$(sources src host tools tests bench | xargs clang-format --dry-run 2>&1 | grep ': warning:')"
 
+# A new engine is a folder in src/store/engines and an entry in the list of src/store/CMakeLists.txt.
+# Others may name an engine where all of a folder or file is about that one: the embedded engine,
+# the reader of Access files, the engines of tests and scenarios, the words of a help text.
+engine_names='Postgre|SqlServer|SQL Server|psqlodbc|FreeTDS|OLEDB\.|Jet OLEDB|"(postgresql|sqlserver|sqlite|access)"'
+of_one_engine='src/store/(engines|sqlite)/|tools/zvdb/(access/|command_line\.cpp)|tools/test_server/|tools/zvscript/script_engine\.cpp|src/resources/|host/demo/'
+check "only the folders of the engines tell engines apart" \
+    "$(sources src host tools | grep -vE "^($of_one_engine)" |
+        xargs awk -v names="$engine_names" '{
+            code = $0
+            sub(/(^|[^:])\/\/.*/, "", code)
+            if (code ~ names) print FILENAME ":" FNR ": " $0
+        }')"
+
 check "no source file is longer than 600 lines" \
     "$(sources src host tools tests bench | xargs env LC_ALL=C wc -l | awk '$2 != "total" && $1 > 600')"
 

@@ -14,14 +14,6 @@ namespace zv::store::dialect {
 /// How tightly the outermost operator of a piece binds in the target, loosest first.
 enum class Level { Or, And, Not, Compare, Add, Multiply, Join, Primary };
 
-/// A condition "column <= date" or "column >= date" on one bound of the alert window, which every
-/// row of the result meets.
-struct WindowBound {
-    std::string qualifier;  ///< as written, empty without one
-    bool lower = false;  ///< the end of the window is on or after the date; else its start before
-    std::string date;    ///< stored form
-};
-
 struct Expression {
     std::string sql;
     ColumnKind kind = ColumnKind::Unknown;
@@ -33,7 +25,6 @@ struct Expression {
     std::optional<std::string> date;     ///< the value of a bare date, stored form
     std::string column;                  ///< name of a bare column
     std::string qualifier;               ///< in front of that name
-    std::vector<WindowBound> bounds;
 };
 
 /// The expression's text, in parentheses when its operator binds less tightly than `level`.

@@ -1,5 +1,4 @@
 #include <array>
-#include <optional>
 #include <utility>
 
 #include "base/text.h"
@@ -9,222 +8,149 @@
 namespace zv::store::dialect {
 namespace {
 
-/// An operation whose result is true or false.
-Expression Test(const Expression& left, std::string_view op, const Expression& right, Level level,
-                Level operands) {
-    Expression result = Combine(left, op, right, level, operands, ColumnKind::Number);
-    result.condition = true;
-    return result;
+using Kind = Node::Kind;
+
+Node Make(Kind kind, std::size_t position, std::vector<Node> operands = {}) {
+    Node node;
+    node.kind = kind;
+    node.position = position;
+    node.operands = std::move(operands);
+    return node;
 }
 
-void NoteWindowBound(const WindowIndex* index, Expression& result, const Expression& left,
-                     std::string_view op, const Expression& right) {
-    if (!index || !right.date) return;
-    const bool before = op == "<=" || op == "<";
-    const bool after = op == ">=" || op == ">";
-    if (before && text::EqualsIgnoreCase(left.column, index->start)) {
-        result.bounds.push_back({left.qualifier, false, *right.date});
-    } else if (after && text::EqualsIgnoreCase(left.column, index->end)) {
-        result.bounds.push_back({left.qualifier, true, *right.date});
-    }
+/// The chain that `left` already is, or a new one that begins with it.
+Node& Chain(Node& left, Kind kind) {
+    Node chain = Make(kind, left.position);
+    chain.operands.push_back(std::move(left));
+    left = std::move(chain);
+    return left;
 }
 
 }  // namespace
 
-Expression Parser::ParseCondition() {
-    Expression result = ParseExpression();
-    target_.MakeCondition(result);
-    return result;
-}
-
-Expression Parser::ParseValue() {
-    Expression result = ParseExpression();
-    target_.MakeValue(result);
-    return result;
-}
-
-Expression Parser::ParseOr() {
+Node Parser::ParseOr() {
     const DepthGuard guard(*this);
-    Expression left = ParseAnd();
-    while (AcceptKeyword("or")) {
-        Expression right = ParseAnd();
-        target_.MakeCondition(left);
-        target_.MakeCondition(right);
-        left = Test(left, " or ", right, Level::Or, Level::Or);
-    }
+    Node left = ParseAnd();
+    if (!IsKeyword("or")) return left;
+    Chain(left, Kind::Or);
+    while (AcceptKeyword("or")) left.operands.push_back(ParseAnd());
     return left;
 }
 
-Expression Parser::ParseAnd() {
-    Expression left = ParseNot();
-    while (AcceptKeyword("and")) {
-        Expression right = ParseNot();
-        std::vector<WindowBound> bounds = std::move(left.bounds);
-        bounds.insert(bounds.end(), right.bounds.begin(), right.bounds.end());
-        target_.MakeCondition(left);
-        target_.MakeCondition(right);
-        left = Test(left, " and ", right, Level::And, Level::And);
-        left.bounds = std::move(bounds);
-    }
+Node Parser::ParseAnd() {
+    Node left = ParseNot();
+    if (!IsKeyword("and")) return left;
+    Chain(left, Kind::And);
+    while (AcceptKeyword("and")) left.operands.push_back(ParseNot());
     return left;
 }
 
-Expression Parser::ParseNot() {
+Node Parser::ParseNot() {
     if (!IsKeyword("not")) return ParseComparison();
     const DepthGuard guard(*this);
-    const std::size_t position = Take().position;
-    Expression operand = ParseNot();
-    target_.MakeCondition(operand);
-    Expression result;
-    result.sql = "not " + At(operand, Level::Not);
-    result.level = Level::Not;
-    result.condition = true;
-    result.kind = ColumnKind::Number;
-    result.position = position;
-    return result;
+    Node node = Make(Kind::Not, Take().position);
+    node.operands.push_back(ParseNot());
+    return node;
 }
 
-Expression Parser::ParseComparison() {
+Node Parser::ParseComparison() {
     if (IsKeyword("exists")) return ParseExists();
-    return ParseComparisonTail(ParseAdditive());
-}
-
-Expression Parser::ParseComparisonTail(Expression left) {
+    Node left = ParseSum();
     static constexpr std::array<std::string_view, 7> kOperators{
         "=", "<>", "!=", "<=", ">=", "<", ">"};
     for (const auto op : kOperators) {
         if (!AcceptSymbol(op)) continue;
-        Expression right = ParseAdditive();
-        target_.Match(left, right);
-        Expression result = target_.Compare(left, op, right);
-        NoteWindowBound(schema_.windowIndex, result, left, op, right);
-        return result;
+        Chain(left, Kind::Comparison).text = op;
+        left.operands.push_back(ParseSum());
+        return left;
     }
     if (AcceptKeyword("is")) {
         const bool negated = AcceptKeyword("not");
         ExpectKeyword("null");
-        Expression null;
-        null.sql = "null";
-        target_.MakeValue(left);
-        return Test(left, negated ? " is not " : " is ", null, Level::Compare, Level::Add);
+        Chain(left, Kind::IsNull).negated = negated;
+        return left;
     }
     const bool negated =
         IsKeyword("not") && (IsKeyword("like", 1) || IsKeyword("between", 1) || IsKeyword("in", 1));
     if (negated) Take();
-    const std::string no = negated ? " not" : "";
     if (AcceptKeyword("like")) {
-        Expression result;
-        result.position = left.position;
-        result.sql = target_.Like(std::move(left), ParseAdditive(), negated);
-        result.kind = ColumnKind::Number;
-        result.level = Level::Compare;
-        result.condition = true;
-        return result;
+        Chain(left, Kind::Like).negated = negated;
+        left.operands.push_back(ParseSum());
+        return left;
     }
     if (AcceptKeyword("between")) {
-        Expression low = ParseAdditive();
+        Chain(left, Kind::Between).negated = negated;
+        left.operands.push_back(ParseSum());
         ExpectKeyword("and");
-        Expression high = ParseAdditive();
-        target_.Match(left, low);
-        target_.Match(left, high);
-        target_.FoldCase(left);
-        low.sql = At(low, Level::Add) + " and " + At(high, Level::Add);
-        low.level = Level::Primary;
-        return Test(left, no + " between ", low, Level::Compare, Level::Add);
+        left.operands.push_back(ParseSum());
+        return left;
     }
     if (AcceptKeyword("in")) return ParseIn(std::move(left), negated);
     return left;
 }
 
-Expression Parser::ParseIn(Expression left, bool negated) {
+Node Parser::ParseIn(Node left, bool negated) {
+    Chain(left, Kind::In).negated = negated;
     ExpectSymbol("(");
-    std::string list;
     if (IsKeyword("select")) {
-        target_.MakeValue(left);
-        list = ParseSelect(nullptr);
+        left.query.push_back(ParseQuery());
     } else {
-        do {
-            Expression item = ParseExpression();
-            target_.Match(left, item);
-            list += (list.empty() ? "" : ",") + item.sql;
-        } while (AcceptSymbol(","));
+        for (Node& item : ParseList()) left.operands.push_back(std::move(item));
     }
-    target_.FoldCase(left);
     ExpectSymbol(")");
-    Expression set;
-    set.sql = "(" + list + ")";
-    return Test(left, negated ? " not in " : " in ", set, Level::Compare, Level::Add);
+    return left;
 }
 
-Expression Parser::ParseAdditive() {
-    Expression left = ParseMultiplicative();
+Node Parser::ParseSum() {
+    Node left = ParseProduct();
+    if (!IsSymbol("+") && !IsSymbol("-")) return left;
+    Chain(left, Kind::Sum);
     while (IsSymbol("+") || IsSymbol("-")) {
         const Token op = Take();
-        Expression right = ParseMultiplicative();
-        const bool text = left.kind == ColumnKind::Text || right.kind == ColumnKind::Text;
-        if (op.text == "+" && text) {
-            left = target_.Concatenate(std::move(left), std::move(right));
-            continue;
-        }
-        if (left.kind == ColumnKind::Date || right.kind == ColumnKind::Date) {
-            ThrowAt("dates cannot be added or subtracted", op.position);
-        }
-        target_.MakeNumber(left);
-        target_.MakeNumber(right);
-        // A blank keeps two minus signs from becoming a comment.
-        left = Combine(left, " " + op.text + " ", right, Level::Add, Level::Multiply,
-                       ColumnKind::Number);
+        left.operators.push_back({op.text.front(), op.position});
+        left.operands.push_back(ParseProduct());
     }
     return left;
 }
 
-Expression Parser::ParseMultiplicative() {
-    Expression left = ParseUnary();
+Node Parser::ParseProduct() {
+    Node left = ParseSign();
+    if (!IsSymbol("*") && !IsSymbol("/") && !IsSymbol("%")) return left;
+    Chain(left, Kind::Product);
     while (IsSymbol("*") || IsSymbol("/") || IsSymbol("%")) {
-        const std::string op = Take().text;
-        Expression right = ParseUnary();
-        target_.MakeNumber(left);
-        target_.MakeNumber(right);
-        left = Combine(left, op, right, Level::Multiply, Level::Join, ColumnKind::Number);
+        const Token op = Take();
+        left.operators.push_back({op.text.front(), op.position});
+        left.operands.push_back(ParseSign());
     }
     return left;
 }
 
-Expression Parser::ParseUnary() {
+Node Parser::ParseSign() {
     if (!IsSymbol("-") && !IsSymbol("+")) return ParsePrimary();
     const DepthGuard guard(*this);
     const Token sign = Take();
-    Expression result;
-    Expression operand = ParseUnary();
-    target_.MakeNumber(operand);
-    result.sql = "(" + sign.text + " " + At(operand, Level::Primary) + ")";
-    result.kind = ColumnKind::Number;
-    result.position = sign.position;
-    return result;
+    Node node = Make(Kind::Sign, sign.position);
+    node.text = sign.text;
+    node.operands.push_back(ParseSign());
+    return node;
 }
 
-Expression Parser::ParsePrimary() {
+Node Parser::ParsePrimary() {
     const Token& token = Peek();
-    Expression result;
-    result.position = token.position;
+    Node literal = Make(Kind::Null, token.position);
     switch (token.kind) {
         case TokenKind::Text:
-            result.kind = ColumnKind::Text;
-            result.literal = token.text;
-            result.sql = target_.TextLiteral(token.text);
+            literal.kind = Kind::Text;
             break;
         case TokenKind::Date:
-            result.kind = ColumnKind::Date;
-            result.date = token.text;
-            result.sql = target_.DateLiteral(token.text);
+            literal.kind = Kind::Date;
             break;
         case TokenKind::Number:
-            result.kind = ColumnKind::Number;
-            result.sql = token.text;
+            literal.kind = Kind::Number;
             break;
         case TokenKind::Symbol:
             if (token.text != "(") Unexpected();
-            return ParseParenthesised();
+            return ParseEnclosed();
         case TokenKind::Name:
             if (IsKeyword("case")) return ParseCase();
             // Left and Right are functions where a value is expected and joins elsewhere.
@@ -232,8 +158,8 @@ Expression Parser::ParsePrimary() {
                 return ParseCall();
             }
             if (IsKeyword("null")) {
-                result.sql = "null";
-                break;
+                Take();
+                return literal;
             }
             return ParseColumn();
         case TokenKind::QuotedName:
@@ -241,30 +167,24 @@ Expression Parser::ParsePrimary() {
         case TokenKind::End:
             Unexpected();
     }
-    Take();
-    return result;
+    literal.text = Take().text;
+    return literal;
 }
 
-Expression Parser::ParseParenthesised() {
-    const std::size_t position = Take().position;
-    Expression result;
+Node Parser::ParseEnclosed() {
+    Node node = Make(Kind::Enclosed, Take().position);
     if (IsKeyword("select")) {
-        result.sql = ParseSelect(nullptr);
+        node.kind = Kind::Subquery;
+        node.query.push_back(ParseQuery());
     } else {
-        result = ParseExpression();
-        result.literal.reset();
-        result.column.clear();
+        node.operands.push_back(ParseExpression());
     }
     ExpectSymbol(")");
-    result.sql = "(" + result.sql + ")";
-    result.level = Level::Primary;
-    result.position = position;
-    return result;
+    return node;
 }
 
-Expression Parser::ParseColumn() {
-    Expression result;
-    result.position = Peek().position;
+Node Parser::ParseColumn() {
+    Node node = Make(Kind::Column, Peek().position);
     std::vector<std::string> names{ExpectName()};
     while (IsSymbol(".")) {
         Take();
@@ -272,91 +192,64 @@ Expression Parser::ParseColumn() {
     }
     // The owner in front of a server's table name means nothing here.
     if (names.size() == 3 && text::EqualsIgnoreCase(names[0], "dbo")) names.erase(names.begin());
-    if (names.size() > 2) ThrowAt("the name has too many parts", result.position);
-    result.column = names.back();
-    if (names.size() == 2) {
-        result.qualifier = names.front();
-        result.sql = target_.Name(names.front()) + ".";
-    }
-    result.sql += target_.Name(names.back());
-    result.kind = schema_.KindOf(result.column);
-    columns_.emplace_back(result.qualifier, result.column);
-    return result;
+    if (names.size() > 2) ThrowAt("the name has too many parts", node.position);
+    node.text = names.back();
+    if (names.size() == 2) node.qualifier = names.front();
+    return node;
 }
 
-Expression Parser::ParseCall() {
+Node Parser::ParseCall() {
     const DepthGuard guard(*this);
     const Token name = Take();
+    Node node = Make(Kind::Call, name.position);
+    node.text = name.text;
     ExpectSymbol("(");
-    std::vector<Expression> arguments;
     if (IsAggregate(name.text)) {
-        sawAggregate_ = true;
         if (IsSymbol("*")) {
             if (!text::EqualsIgnoreCase(name.text, "count")) Unexpected();
-            Take();
-            arguments.emplace_back().sql = "*";
+            node.operands.push_back(Make(Kind::Star, Take().position));
         } else {
-            const bool distinct = AcceptKeyword("distinct");
-            arguments.push_back(ParseExpression());
-            target_.MakeColumn(arguments.back());
-            if (distinct) arguments.back().sql.insert(0, "distinct ");
+            node.distinct = AcceptKeyword("distinct");
+            node.operands.push_back(ParseExpression());
         }
     } else if (!IsSymbol(")")) {
-        arguments = ParseList();
+        node.operands = ParseList();
     }
     ExpectSymbol(")");
-    return TranslateCall(target_, name.text, std::move(arguments), name.position);
+    return node;
 }
 
-std::vector<Expression> Parser::ParseList() {
-    std::vector<Expression> list;
+std::vector<Node> Parser::ParseList() {
+    std::vector<Node> list;
     do {
         list.push_back(ParseExpression());
     } while (AcceptSymbol(","));
     return list;
 }
 
-Expression Parser::ParseCase() {
+Node Parser::ParseCase() {
     const DepthGuard guard(*this);
-    Expression result;
-    result.position = Take().position;
-    std::optional<Expression> compared;
-    if (!IsKeyword("when")) compared = ParseValue();
-    std::vector<Expression> tests;
-    std::vector<Expression> values;
+    Node node = Make(Kind::Case, Take().position);
+    node.compares = !IsKeyword("when");
+    if (node.compares) node.operands.push_back(ParseExpression());
     do {
         ExpectKeyword("when");
-        tests.push_back(compared ? ParseValue() : ParseCondition());
-        if (compared) target_.Match(*compared, tests.back());
+        node.operands.push_back(ParseExpression());
         ExpectKeyword("then");
-        values.push_back(ParseValue());
+        node.operands.push_back(ParseExpression());
     } while (IsKeyword("when"));
-    result.kind = values.back().kind;
-    if (AcceptKeyword("else")) values.push_back(ParseValue());
+    node.otherwise = AcceptKeyword("else");
+    if (node.otherwise) node.operands.push_back(ParseExpression());
     ExpectKeyword("end");
-
-    std::vector<Expression*> alternatives;
-    for (Expression& value : values) alternatives.push_back(&value);
-    result.kind = target_.Unify(alternatives, result.kind);
-    if (compared) target_.FoldCase(*compared);
-    result.sql = compared ? "case " + compared->sql : "case";
-    for (std::size_t i = 0; i < tests.size(); i++) {
-        result.sql += " when " + tests[i].sql + " then " + values[i].sql;
-    }
-    if (values.size() > tests.size()) result.sql += " else " + values.back().sql;
-    result.sql += " end";
-    return result;
+    return node;
 }
 
-Expression Parser::ParseExists() {
-    Expression result;
-    result.position = Take().position;
+Node Parser::ParseExists() {
+    Node node = Make(Kind::Exists, Take().position);
     ExpectSymbol("(");
-    result.sql = "exists(" + ParseSelect(nullptr) + ")";
+    node.query.push_back(ParseQuery());
     ExpectSymbol(")");
-    result.kind = ColumnKind::Number;
-    result.condition = true;
-    return result;
+    return node;
 }
 
 }  // namespace zv::store::dialect

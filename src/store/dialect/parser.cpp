@@ -22,9 +22,6 @@ bool IsReserved(std::string_view word) {
 
 }  // namespace
 
-Parser::Parser(std::vector<Token> tokens, const SchemaInfo& schema, const Target& target)
-    : tokens_(std::move(tokens)), schema_(schema), target_(target) {}
-
 const Token& Parser::Peek(std::size_t ahead) const {
     return tokens_[std::min(at_ + ahead, tokens_.size() - 1)];
 }
@@ -91,11 +88,15 @@ Parser::DepthGuard::DepthGuard(Parser& parser) : parser_(parser) {
     }
 }
 
-Translation Translate(std::string_view statement, const SchemaInfo& schema, const Target& target) {
+Statement Parse(std::string_view statement) {
+    return Parser(Tokenise(statement)).ParseStatement();
+}
+
+std::optional<Statement> ParseIfReadable(std::string_view statement) {
     try {
-        return Parser(Tokenise(statement), schema, target).ParseStatement();
-    } catch (const RuntimeError& error) {
-        throw RuntimeError(error.Number(), error.Text(), target.Engine()).Of(ErrorKind::Refused);
+        return Parse(statement);
+    } catch (const RuntimeError&) {
+        return {};
     }
 }
 

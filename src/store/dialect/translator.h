@@ -41,4 +41,8 @@ inline Translation Untranslated(std::string sql) {
     return translation;
 }
 
+/// A statement that is sent as it is: what the parser makes out of it. One in another language than
+/// the dialect is taken for a select whose rows cannot be written.
+Translation SentAsItIs(const std::string& sql);
+
 }  // namespace zv::store::dialect
