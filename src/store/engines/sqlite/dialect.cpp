@@ -153,8 +153,6 @@ class SqliteTarget : public Target {
     }
 };
 
-}  // namespace
-
 // Outside of any literal, "[...]" is a name and nothing else.
 class SqliteOverOdbcTarget final : public SqliteTarget {
  public:
@@ -176,6 +174,8 @@ class SqliteOverOdbcTarget final : public SqliteTarget {
  private:
     static constexpr char32_t kLastOfBasicPlane = 0xFFFF;
 };
+
+}  // namespace
 
 const Target* TheDialect() {
     static const SqliteTarget target;
