@@ -51,14 +51,14 @@ class DatabaseFiles : public testing::Test {
 
 TEST_F(DatabaseFiles, AnEmbeddedDatabaseIsKnownByItsStart) {
     Write("SQLite format 3\0and more"sv);
-    EXPECT_EQ(RecogniseDatabase(Path()), DatabaseFile::Sqlite);
+    EXPECT_EQ(RecogniseDatabase(Path()).folder, "sqlite");
 }
 
 TEST_F(DatabaseFiles, AccessFilesAreKnownByTheirText) {
     Write("\0\1\0\0Standard Jet DB\0\1\0\0\0"sv);
-    EXPECT_EQ(RecogniseDatabase(Path()), DatabaseFile::Access);
+    EXPECT_EQ(RecogniseDatabase(Path()).folder, "access");
     Write("\0\1\0\0Standard ACE DB\0\1\0\0\0"sv);
-    EXPECT_EQ(RecogniseDatabase(Path()), DatabaseFile::Access);
+    EXPECT_EQ(RecogniseDatabase(Path()).folder, "access");
 }
 
 TEST_F(DatabaseFiles, AMissingFileIsRefusedAndNotMade) {

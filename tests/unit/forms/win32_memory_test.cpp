@@ -8,10 +8,10 @@
 
 #include <functional>
 
+#include "driver/win32/played_backend.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
 #include "forms/text_box.h"
-#include "forms/win32/win32_backend.h"
 #include "forms/window_system.h"
 #include "quiet_dialogs.h"
 
@@ -55,7 +55,7 @@ class NativeFormsWithoutMemory : public testing::Test {
     }
 
     QuietDialogs dialogs;
-    win32::Win32Backend backend{GetModuleHandleW(nullptr), &dialogs};
+    driver::PlayedBackend backend{GetModuleHandleW(nullptr), &dialogs};
     WindowSystem windows{backend};
     Tested& form;
 };
@@ -73,7 +73,7 @@ TEST_F(NativeFormsWithoutMemory, KeysAreHandledOrLost) {
     form.FocusTo(form.text);
     EXPECT_GT(FailEach([&] {
                   PostMessageW(Inner(), WM_KEYDOWN, VK_HOME, 0);
-                  backend.PumpMessages();
+                  driver::PumpMessages();
               }),
               0);
     StillWorks();
