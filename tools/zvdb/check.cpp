@@ -6,24 +6,28 @@
 
 #include "base/path.h"
 #include "base/text.h"
+#include "items/fields.h"
+#include "plans/plan_row.h"
 
 namespace zv::zvdb {
 namespace {
 
 struct Table {
     const char* name;
-    std::vector<const char*> columns;
+    std::vector<std::string_view> columns;
 };
+
+template <class Columns>
+std::vector<std::string_view> With(std::string_view key, const Columns& columns) {
+    std::vector<std::string_view> all = {key};
+    all.insert(all.end(), columns.begin(), columns.end());
+    return all;
+}
 
 const std::vector<Table>& Schema() {
     static const std::vector<Table> kTables = {
-        {"tTaskSet",
-         {"TaskID", "taskTitle", "tbegin", "tEnd", "CircleType", "CircleValue", "taskMonth",
-          "taskday", "TaskWeek", "Type", "TypeValue", "SetMan", "DoneMan", "Content"}},
-        {"tTaskList",
-         {"fID", "TaskID", "taskTitle", "fContent", "taskTime", "tDuring1", "tDuring2", "tDone",
-          "tDoneMan", "fUser", "fType", "fWay", "fGuest", "fOther0", "fOther1", "fOther2",
-          "fOther3", "fOther4", "fOther5"}},
+        {"tTaskSet", {plans::kPlanFields.begin(), plans::kPlanFields.end()}},
+        {"tTaskList", With("fID", items::kColumns)},
         {"cards",
          {"fID", "CompCode", "CompName", "Name", "province", "cityname", "CompAdd", "telphone",
           "homephone", "handphone", "fax", "E_mail", "HomeEmail", "http", "HomeHttp", "Birthday",
@@ -122,10 +126,10 @@ Report CheckSchema(Inspected& database) {
             report.problems.push_back(std::string("table ") + table.name + " is missing");
             continue;
         }
-        for (const char* column : table.columns) {
+        for (const std::string_view column : table.columns) {
             if (!columns.contains(text::ToLower(column))) {
-                report.problems.push_back(std::string("column ") + table.name + "." + column +
-                                          " is missing");
+                report.problems.push_back(std::string("column ") + table.name + "." +
+                                          std::string(column) + " is missing");
             }
         }
         report.counts.emplace_back(
