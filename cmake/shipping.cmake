@@ -2,7 +2,11 @@
 # file of their own, and it is the same from whichever folder and on whichever day it is built.
 option(ZV_SHIPS "Build as what ships is built" OFF)
 if(ZV_SHIPS)
-    set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
+    # The 32-bit linker takes an inline function twice when one of its two objects comes from this
+    # optimisation and the other, of a library that does without, does not.
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+        set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
+    endif()
     add_compile_options(-g1 -ffile-prefix-map=${CMAKE_SOURCE_DIR}/=
                         -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
     if(WIN32)
