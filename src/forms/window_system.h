@@ -104,6 +104,8 @@ class WindowSystem {
     /// not shown once more; the call fails with BoxStands instead, at once where the box would have
     /// asked something, else when `handler` has ended.
     void FromHost(const std::function<void()>& handler);
+    /// Neither the host nor a timer is what the program reacts to.
+    bool UserActs() const { return actor_ != Actor::Host && actor_ != Actor::Timer; }
 
     /// `error` is what the box tells, where it tells of an error: a call of the host fails with it
     /// when a box of this kind stands. A box that ends without the user counts as acknowledged or

@@ -150,19 +150,25 @@ void frmTaskMain::AllOrNothing(const std::function<void()>& change) {
     }
 }
 
-void frmTaskMain::ShowStore() {
-    options.LoadDatabase();
-    // Numbers of the former store mean something else in this one.
+void frmTaskMain::ForgetStore() {
+    // A window that is being loaded has read nothing yet, or reads on from the new store.
+    if (!IsLoaded() || IsLoading()) return;
     session.state.cardId = 0;
+    listing.Empty();
     cards.Empty();
+    birthdays.Empty();
     labels.Forget();
     staff.Forget();
+}
+
+void frmTaskMain::ShowStore() {
+    options.LoadDatabase();
     if (WasSeen()) {
         staff.FillIfNeeded();
         labels.FillIfNeeded();
     }
     search.ShowCaptions();
-    listing.chkEvent_Click();
+    listing.FillFromNewStore();
     if (model.startMode == kCardMode) cards.LoadStartList();
     birthdays.FillAgain();
 }

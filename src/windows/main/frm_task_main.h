@@ -60,8 +60,8 @@ class frmTaskMain : public forms::Form, public StoreClient {
     void LoadCaptions();
 
     bool HoldsInput() const override { return model.Editing(); }
-    /// Fills everything anew that came from the store, which is another one. Nothing is current
-    /// afterwards.
+    /// Nothing is current afterwards: numbers of the former store mean something else in another.
+    void ForgetStore() override;
     void ShowStore() override;
 
     Session& session;

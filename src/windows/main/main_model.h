@@ -26,9 +26,6 @@ inline constexpr int kOptionsTab = 3;
 /// What a group of the tree holds: items of a kind, or plans.
 enum class NodeKind : std::uint8_t { Task = 0, Guest = 1, Diary = 2, Plan = 3 };
 
-constexpr NodeKind NodeKindOf(items::ItemKind kind) {
-    return static_cast<NodeKind>(kind);
-}
 /// Nothing for plans.
 constexpr std::optional<items::ItemKind> ItemKindOf(NodeKind kind) {
     return items::KindOf(static_cast<std::int32_t>(kind));

@@ -337,5 +337,24 @@ TEST_F(Options, ATickStampsTheReadTimeWithinTheInterval) {
     EXPECT_TRUE(window.options.Timer1.Running());
 }
 
+TEST_F(Options, AnUnfitTextOfTheFilterLeavesNothingOfTheFormerStore) {
+    AddItem(kTask, "甲");
+    ShowTab(kFilterTab);
+    stage.user.Click(window.commands.cmdSeek);
+    ASSERT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
+    ClickNode("Z1");
+    store::CreateSqliteDatabase(stage.Path("b.db"));
+    window.filter.txtTitle0.SetText("x'");
+    ShowTab(kOptionsTab);
+    stage.user.Type(window.options.txtAccess, stage.Path("b.db"));
+    stage.user.Leave(window.options.txtAccess);
+    // Who chose the store is told, and led to the text.
+    EXPECT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_EQ(window.SSTab1.Tab(), kFilterTab);
+    EXPECT_EQ(stage.NodeKeys(), "");
+    EXPECT_EQ(window.model.currentId, 0);
+    EXPECT_FALSE(window.commands.cmdPrint.Enabled());
+}
+
 }  // namespace
 }  // namespace zv::windows

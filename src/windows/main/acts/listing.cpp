@@ -76,14 +76,11 @@ void Listing::Fill() {
     selection_.UpdatePrint();
 }
 
-void Listing::FillItems() {
-    // What is shown belongs to another database: it must not stay when the fill is refused.
-    if (filter_.UnfitText()) Empty();
-    // Unticking fills the tree with items by itself.
-    if (tree_.WantsPlans())
-        tree_.Want(false);
+void Listing::FillFromNewStore() {
+    if (session_.windows.UserActs())
+        Refill();
     else
-        chkEvent_Click();
+        FillForHost();
 }
 
 void Listing::FillAgain() {
@@ -155,6 +152,8 @@ void Listing::Empty() {
     tree_.Clear();
     model_.currentId = 0;
     view_.Clear();
+    commands_.cmdTaskOK.SetEnabled(false);
+    selection_.UpdatePrint();
 }
 
 std::function<void()> Listing::Remember() {

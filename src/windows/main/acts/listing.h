@@ -26,8 +26,10 @@ class Listing {
     void FillForHost();
     /// Fills the tree anew and clicks the node that was selected, where it still exists.
     void FillAgain();
-    /// Fills the tree with the items that pass the filter, whatever it shows now.
-    void FillItems();
+    /// Fills the tree from another store, which a user who acts is told of as by Refill.
+    void FillFromNewStore();
+    /// Takes everything out of the tree; nothing is current then.
+    void Empty();
     /// Fills the tree with the items that meet a condition in place of the filter.
     void FillWith(const std::string& where);
 
@@ -51,7 +53,6 @@ class Listing {
     /// Runs a fill between clearing the tree and selecting its first node.
     void Rebuild(store::Recordset& rows, const std::function<void(TreePanel::FillResult&)>& fill);
     void TellNotShown(int rows, const std::string& reason);
-    void Empty();
     void PutSwitchBack();
 
     forms::Form& form_;

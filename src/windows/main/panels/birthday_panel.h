@@ -32,6 +32,8 @@ class BirthdayPanel {
     void ListBirthdays(std::int16_t days);
 
     void Switch(bool on) { chkBirthDay0.SetValue(on ? 1 : 0); }
+    /// Takes every card out of the grid.
+    void Empty() { Grid1.SetDataRowCount(0); }
     /// Reads the cards of a reminder that is on anew.
     void FillAgain();
     bool IsOn() const { return chkBirthDay0.Checked(); }
