@@ -55,4 +55,12 @@ ListQuery ListItems(const std::string& where, bool withCards, Order order, int d
     return query;
 }
 
+// No blank is written between the condition and "Order By".
+std::string FirstOf(const std::string& condition, const std::string& order) {
+    std::string sql = "select top 1 * from tTaskList a ";
+    if (!condition.empty()) sql += "where " + condition;
+    if (!order.empty()) sql += "Order By " + order;
+    return sql;
+}
+
 }  // namespace zv::items

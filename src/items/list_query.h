@@ -24,4 +24,7 @@ struct ListQuery {
 /// `withCards` joins the cards for a condition on them. `databaseKind` as in ConnectionSettings.
 ListQuery ListItems(const std::string& where, bool withCards, Order order, int databaseKind);
 
+/// The statement for one item that passes a condition; both without their words, both may be empty.
+std::string FirstOf(const std::string& condition, const std::string& order);
+
 }  // namespace zv::items

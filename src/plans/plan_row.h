@@ -7,14 +7,29 @@
 #include <vector>
 
 #include "plans/plan.h"
+#include "store/column.h"
 #include "store/row_values.h"
 
 namespace zv::plans {
 
-/// The fields of a plan, in the order of writing.
-inline constexpr auto kPlanFields = std::to_array<std::string_view>(
-    {"TaskID", "taskTitle", "tbegin", "tEnd", "CircleValue", "CircleType", "taskMonth", "taskday",
-     "TaskWeek", "Type", "TypeValue", "SetMan", "DoneMan", "Content"});
+/// The columns of a plan, in the order of writing.
+inline constexpr auto kPlanColumns = std::to_array<store::Column>({
+    {"TaskID", store::ColumnKind::Number},
+    {"taskTitle"},
+    {"tbegin", store::ColumnKind::Date},
+    {"tEnd", store::ColumnKind::Date},
+    {"CircleValue", store::ColumnKind::Number},
+    {"CircleType", store::ColumnKind::Number},
+    {"taskMonth", store::ColumnKind::Number},
+    {"taskday", store::ColumnKind::Number},
+    {"TaskWeek", store::ColumnKind::Number},
+    {"Type", store::ColumnKind::Number},
+    {"TypeValue", store::ColumnKind::Number},
+    {"SetMan"},
+    {"DoneMan"},
+    {"Content"},
+});
+inline constexpr auto kPlanFields = store::NamesOf(kPlanColumns);
 
 /// The position of a field above; kPlanFields.size() for any other.
 std::size_t PlanFieldIndex(std::string_view name);

@@ -2,21 +2,11 @@
 
 #include <utility>
 
+#include "items/list_query.h"
 #include "reports/report_job.h"
 #include "resources/fixed_texts.h"
 
 namespace zv::reports {
-namespace {
-
-// No blank stands between the filter and "Order By".
-std::string CheckStatement(const Report& report) {
-    std::string sql = "select top 1 * from tTaskList a ";
-    if (!report.filter.empty()) sql += "where " + report.filter;
-    if (!report.order.empty()) sql += "Order By " + report.order;
-    return sql;
-}
-
-}  // namespace
 
 void PrintReport(Session& session, const Report& report) {
     // Taken on every way out: an item's values must not get into the next report.
@@ -27,8 +17,8 @@ void PrintReport(Session& session, const Report& report) {
     session.database.EnsureConnection();
     // A static cursor: the component may move in it. The recordset closes at its end and not by
     // Close, which fails when the connection was closed while a preview stood.
-    const auto rows = session.database.Open(CheckStatement(report), store::CursorType::Static,
-                                            store::LockType::ReadOnly);
+    const auto rows = session.database.Open(items::FirstOf(report.filter, report.order),
+                                            store::CursorType::Static, store::LockType::ReadOnly);
     if (rows->Eof()) {
         session.windows.ShowMessage(resources::fixed::kNothingToPrint, forms::box::kExclamation);
         return;

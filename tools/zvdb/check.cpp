@@ -6,8 +6,10 @@
 
 #include "base/path.h"
 #include "base/text.h"
+#include "cards/card_columns.h"
 #include "items/fields.h"
 #include "plans/plan_row.h"
+#include "staff/staff_columns.h"
 
 namespace zv::zvdb {
 namespace {
@@ -17,23 +19,25 @@ struct Table {
     std::vector<std::string_view> columns;
 };
 
-template <class Columns>
-std::vector<std::string_view> With(std::string_view key, const Columns& columns) {
-    std::vector<std::string_view> all = {key};
-    all.insert(all.end(), columns.begin(), columns.end());
+template <std::size_t N>
+std::vector<std::string_view> Names(const std::array<store::Column, N>& columns) {
+    const auto names = store::NamesOf(columns);
+    return {names.begin(), names.end()};
+}
+
+std::vector<std::string_view> ItemColumns() {
+    std::vector<std::string_view> all = {"fID"};
+    all.insert(all.end(), items::kColumns.begin(), items::kColumns.end());
     return all;
 }
 
 const std::vector<Table>& Schema() {
     static const std::vector<Table> kTables = {
-        {"tTaskSet", {plans::kPlanFields.begin(), plans::kPlanFields.end()}},
-        {"tTaskList", With("fID", items::kColumns)},
-        {"cards",
-         {"fID", "CompCode", "CompName", "Name", "province", "cityname", "CompAdd", "telphone",
-          "homephone", "handphone", "fax", "E_mail", "HomeEmail", "http", "HomeHttp", "Birthday",
-          "BoxID"}},
-        {"tRsBasic", {"fCode", "fName"}},
-        {"Employees", {"employee", "employcode"}},
+        {"tTaskSet", Names(plans::kPlanColumns)},
+        {"tTaskList", ItemColumns()},
+        {"cards", Names(cards::kColumns)},
+        {"tRsBasic", Names(staff::kPersonnelColumns)},
+        {"Employees", Names(staff::kEmployeeColumns)},
         {"rptListDetail",
          {"fTable", "FieldName", "FieldName_0", "FieldName_1", "FieldType", "fieldID"}},
         {"tSysFunc",

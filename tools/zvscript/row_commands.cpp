@@ -7,19 +7,18 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "cards/card_columns.h"
 #include "command.h"
 #include "items/fields.h"
+#include "plans/plan_row.h"
+#include "staff/staff_columns.h"
 #include "stage.h"
 
 namespace zv::script {
 namespace {
 
-enum class Kind { Text, Number, Date };
-
-struct Column {
-    std::string_view name;
-    Kind kind = Kind::Text;
-};
+using store::Column;
+using store::ColumnKind;
 
 struct Row {
     /// SQL literals by column, in the order given.
@@ -81,75 +80,39 @@ void CompletePlan(Row& row, Stage& stage) {
 
 void CompleteNothing(Row&, Stage&) {}
 
-constexpr Kind KindOf(items::FieldKind kind) {
+constexpr ColumnKind KindOf(items::FieldKind kind) {
     switch (kind) {
         case items::FieldKind::Text:
-            return Kind::Text;
+            return ColumnKind::Text;
         case items::FieldKind::Date:
-            return Kind::Date;
+            return ColumnKind::Date;
         case items::FieldKind::Number:
         case items::FieldKind::ItemKind:
         case items::FieldKind::State:
-            return Kind::Number;
+            return ColumnKind::Number;
     }
-    return Kind::Text;
+    return ColumnKind::Text;
 }
 
 // The database numbers the rows; every other column is a field of an item.
 constexpr auto kItemColumns = [] {
-    std::array<Column, 1 + items::kFields.size()> columns{{{"fID", Kind::Number}}};
+    std::array<Column, 1 + items::kFields.size()> columns{{{"fID", ColumnKind::Number}}};
     std::transform(items::kFields.begin(), items::kFields.end(), columns.begin() + 1,
                    [](const items::Field& field) {
                        return Column{field.column, KindOf(field.kind)};
                    });
     return columns;
 }();
-constexpr auto kPlanColumns = std::to_array<Column>({
-    {"TaskID", Kind::Number},
-    {"taskTitle"},
-    {"tbegin", Kind::Date},
-    {"tEnd", Kind::Date},
-    {"CircleType", Kind::Number},
-    {"CircleValue", Kind::Number},
-    {"taskMonth", Kind::Number},
-    {"taskday", Kind::Number},
-    {"TaskWeek", Kind::Number},
-    {"Type", Kind::Number},
-    {"TypeValue", Kind::Number},
-    {"SetMan"},
-    {"DoneMan"},
-    {"Content"},
-});
-constexpr auto kCardColumns = std::to_array<Column>({
-    {"fID", Kind::Number},
-    {"CompCode"},
-    {"CompName"},
-    {"Name"},
-    {"province"},
-    {"cityname"},
-    {"CompAdd"},
-    {"telphone"},
-    {"homephone"},
-    {"handphone"},
-    {"fax"},
-    {"E_mail"},
-    {"HomeEmail"},
-    {"http"},
-    {"HomeHttp"},
-    {"Birthday", Kind::Date},
-    {"BoxID", Kind::Number},
-});
-constexpr auto kStaffColumns = std::to_array<Column>({{"fCode"}, {"fName"}});
 
 constexpr Table kItems{"tTaskList", kItemColumns, CompleteItem};
-constexpr Table kPlans{"tTaskSet", kPlanColumns, CompletePlan};
-constexpr Table kCards{"cards", kCardColumns, CompleteNothing};
-constexpr Table kStaff{"tRsBasic", kStaffColumns, CompleteNothing};
+constexpr Table kPlans{"tTaskSet", plans::kPlanColumns, CompletePlan};
+constexpr Table kCards{"cards", cards::kColumns, CompleteNothing};
+constexpr Table kStaff{"tRsBasic", staff::kPersonnelColumns, CompleteNothing};
 
 std::string ToLiteral(const Column& column, const std::string& value) {
-    if (column.kind == Kind::Text) return Literal(value);
+    if (column.kind == ColumnKind::Text) return Literal(value);
     if (value.empty()) return "null";
-    if (column.kind == Kind::Number) return std::to_string(ToInteger(value));
+    if (column.kind == ColumnKind::Number) return std::to_string(ToInteger(value));
     const auto date = DateTime::Parse(value);
     if (!date) throw ScriptError("not a date: " + Quote(value));
     return Literal(*date);
