@@ -4,20 +4,21 @@
 // holds all columns, for which the greatest width of a window must be known beforehand.
 #include <cstdlib>
 
+#include "bench_application.h"
+#include "doubles/no_dialogs.h"
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
 #include "program.h"
-#include "stage.h"
 
 namespace {
 
 using namespace zv::bench;
 
 void Measure(const std::string& path, const std::string& floorPath, int due, int runs) {
-    NoDialogs dialogs;
+    zv::doubles::NoDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, path);
+    BenchApplication application(backend, path);
     RawDatabase scanned(path);
     RawDatabase indexed(floorPath);
     const std::string day = Day().IsoDateTime();
@@ -38,7 +39,7 @@ void Measure(const std::string& path, const std::string& floorPath, int due, int
     InTurn(
         runs,
         [&] {
-            const double time = TimeOfAlertPass(stage, rows);
+            const double time = TimeOfAlertPass(application, rows);
             if (rows < due + 1) throw std::runtime_error("the alert pass shows too few items");
             return time;
         },

@@ -2,11 +2,12 @@
 //
 // The floor is the same question put to the bare engine with its own functions.
 
+#include "bench_application.h"
+#include "doubles/no_dialogs.h"
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
 #include "program.h"
-#include "stage.h"
 
 namespace {
 
@@ -15,10 +16,10 @@ using namespace zv::bench;
 constexpr std::int16_t kDays = 10;
 
 void Measure(const std::string& path, int runs) {
-    NoDialogs dialogs;
+    zv::doubles::NoDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, path);
-    auto& window = stage.Manager();
+    BenchApplication application(backend, path);
+    auto& window = application.Manager();
     RawDatabase database(path);
     std::string cards;
     database.Read("select count(*) from cards", [&](const char* const* row) { cards = row[0]; });

@@ -1,26 +1,11 @@
-// What benchmarks that write need: a database of their own, and a user who agrees.
+// What benchmarks that write need: a database of their own.
 #pragma once
 
 #include <filesystem>
 #include <string>
 #include <system_error>
 
-#include "stage.h"
-
 namespace zv::bench {
-
-/// Agrees to every question and reads every message.
-class AgreeingDialogs : public NoDialogs {
- public:
-    forms::Answer ShowMessage(forms::Form* owner, const std::string& text, int style,
-                              const std::string& title) override {
-        constexpr int kButtons = 15;
-        const int buttons = style & kButtons;
-        const bool told = style == forms::box::kOkOnly || style == forms::box::kInformation;
-        if (told || buttons == forms::box::kOkCancel) return forms::Answer::Ok;
-        return NoDialogs::ShowMessage(owner, text, style, title);
-    }
-};
 
 /// A file of its own that goes away again, with its log.
 class Copy {

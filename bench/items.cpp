@@ -6,14 +6,15 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "bench_application.h"
 #include "copies.h"
+#include "doubles/agreeing_dialogs.h"
 #include "floors/bare_tree.h"
 #include "floors/list_fill.h"
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
 #include "program.h"
-#include "stage.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ constexpr int kTurns = 50;  ///< acts in one run
 /// A manager whose tree holds every item of a database.
 struct Desk {
     explicit Desk(const std::string& path)
-        : backend(dialogs), stage(backend, path), window(stage.Manager()), raw(path) {
+        : backend(dialogs), application(backend, path), window(application.Manager()), raw(path) {
         window.filter.DTPicker0.SetValue(std::nullopt);
         window.filter.DTPicker1.SetValue(std::nullopt);
         window.listing.chkEvent_Click();
@@ -48,9 +49,9 @@ struct Desk {
         window.selection.tvwTask_NodeClick(node);
     }
 
-    AgreeingDialogs dialogs;
+    zv::doubles::AgreeingDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend;
-    Stage stage;
+    BenchApplication application;
     windows::frmTaskMain& window;
     RawDatabase raw;
 };
@@ -182,10 +183,10 @@ void MeasureSave(const std::string& path, int runs) {
 }
 
 void MeasureSearch(const std::string& path, int runs) {
-    AgreeingDialogs dialogs;
+    zv::doubles::AgreeingDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, path);
-    auto& window = stage.Manager();
+    BenchApplication application(backend, path);
+    auto& window = application.Manager();
     RawDatabase raw(path);
     std::string cards, code, part;
     raw.Read("select count(*) from cards", [&](const char* const* row) { cards = row[0]; });

@@ -1,20 +1,21 @@
 // Filling the tree with every item of a database, without a display: zvbench_list FILE RUNS.
+#include "bench_application.h"
+#include "doubles/no_dialogs.h"
 #include "floors/bare_tree.h"
 #include "floors/list_fill.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
 #include "program.h"
-#include "stage.h"
 
 namespace {
 
 using namespace zv::bench;
 
 void Measure(const std::string& path, int runs) {
-    NoDialogs dialogs;
+    zv::doubles::NoDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, path);
-    auto& window = stage.Manager();
+    BenchApplication application(backend, path);
+    auto& window = application.Manager();
     RawDatabase database(path);
     BareTree bare;
 

@@ -4,12 +4,14 @@
 // disk. A copy of the database is written to.
 #include <cstdlib>
 
+#include "bench_application.h"
 #include "copies.h"
+#include "doubles/agreeing_dialogs.h"
+#include "doubles/recorded_statements.h"
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
 #include "program.h"
-#include "stage.h"
 
 namespace {
 
@@ -17,20 +19,14 @@ using namespace zv::bench;
 
 constexpr int kTurns = 50;  ///< markings in one run
 
-class CountedStatements : public zv::store::StatementObserver {
- public:
-    void OnStatement(const std::string&) override { count++; }
-    void OnRowUpdate() override { count++; }
-    int count = 0;
-};
-
 void Measure(const std::string& path, int runs) {
     const Copy copy(path);
-    AgreeingDialogs dialogs;
+    zv::doubles::AgreeingDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    CountedStatements statements;
-    Stage stage(backend, copy.Path(), &statements);
-    auto& window = stage.Manager();
+    zv::doubles::RecordedStatements statements;
+    statements.tellsRows = true;
+    BenchApplication application(backend, copy.Path(), &statements);
+    auto& window = application.Manager();
     window.listing.LoadItemList("");
     const int nodes = window.tree.tvwTask.Count();
 
@@ -40,7 +36,7 @@ void Measure(const std::string& path, int runs) {
                   [&](const char* const* row) { item = std::atoi(row[0]); });
     const int node = window.tree.tvwTask.Find("Z" + std::to_string(item));
     window.selection.tvwTask_NodeClick(node);
-    statements.count = 0;
+    statements.Take();
 
     Series ours;
     Series floor;
@@ -60,7 +56,7 @@ void Measure(const std::string& path, int runs) {
             return watch.Milliseconds() * 1000 / kTurns;
         },
         floor);
-    if (statements.count != (runs + 1) * kTurns) {
+    if (statements.lines.size() != static_cast<std::size_t>(runs + 1) * kTurns) {
         throw std::runtime_error("marking took more than one statement, or none");
     }
     if (window.tree.tvwTask.Count() != nodes || window.tree.tvwTask.Image(node) != "task3" ||

@@ -6,13 +6,15 @@
 #include <ctime>
 #include <filesystem>
 
+#include "bench_application.h"
+#include "doubles/agreeing_dialogs.h"
+#include "doubles/no_dialogs.h"
 #include "floors/calendar_loop.h"
 #include "floors/raw_query.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
 #include "plans/occurrences.h"
 #include "program.h"
-#include "stage.h"
 #include "store/sqlite/create_database.h"
 #include "windows/generation/boxes.h"
 #include "windows/plan_editor/frm_task_set.h"
@@ -129,22 +131,12 @@ class BareInsert {
     std::vector<std::string> dates_;
 };
 
-/// Only the box that tells of the completion comes up, and is closed at once.
-class CompletionBox : public NoDialogs {
- public:
-    zv::forms::Answer ShowMessage(zv::forms::Form* owner, const std::string& text, int style,
-                                  const std::string& title) override {
-        if (style == zv::forms::box::kInformation) return zv::forms::Answer::Ok;
-        return NoDialogs::ShowMessage(owner, text, style, title);
-    }
-};
-
 /// Both begin with an empty table of items and an empty log.
 void MeasureGeneration(const std::string& path, int runs) {
-    CompletionBox dialogs;
+    zv::doubles::AgreeingDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, path);
-    zv::Session& session = stage.GetSession();
+    BenchApplication application(backend, path);
+    zv::Session& session = application.GetSession();
     BareInsert bare(path, LongestPlan(zv::plans::circle::kDaily));
     RawDatabase host(path);
     const auto timed = [&](const auto& work, Series& processor) {
@@ -179,20 +171,20 @@ void MeasureGeneration(const std::string& path, int runs) {
 }
 
 void MeasureEditor(const std::string& path, int runs) {
-    NoDialogs dialogs;
+    zv::doubles::NoDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, path);
+    BenchApplication application(backend, path);
     Series ours;
     for (int run = 0; run <= runs; ++run) {
         const Stopwatch watch;
-        stage.Control().refresh(2, 0);
+        application.Control().refresh(2, 0);
         if (run > 0) ours.Add(watch.Milliseconds());
-        const auto* editor = stage.GetSession().windows.Find<zv::windows::frmTaskSet>(
+        const auto* editor = application.GetSession().windows.Find<zv::windows::frmTaskSet>(
             zv::windows::frmTaskSet::kName);
         if (editor == nullptr || !editor->IsShown() || editor->txtTaskID.Text() != "18") {
             throw std::runtime_error("the plan editor is not ready");
         }
-        stage.UnloadWindows();
+        application.UnloadWindows();
     }
     Print({"plan editor, no display", ours.Median(), 0, "ms", 0, 0, runs});
 }

@@ -6,9 +6,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "bench_application.h"
 #include "floors/raw_query.h"
 #include "measure.h"
-#include "stage.h"
 #include "windows/query/ask_window.h"
 
 namespace zv::bench {
@@ -17,8 +17,8 @@ namespace zv::bench {
 inline void MeasureQuery(forms::Backend& backend, const std::string& path, int runs,
                          const std::string& place, const std::function<void(forms::Form&)>& paint,
                          double goal) {
-    Stage stage(backend, path);
-    Session& session = stage.GetSession();
+    BenchApplication application(backend, path);
+    Session& session = application.GetSession();
     windows::ShowAsk(session, false);
     auto* window = session.windows.Find<windows::frmAsk>(windows::frmAsk::kName);
     const std::string statement = reports::AskStatement({}, '#');

@@ -8,14 +8,17 @@
 #include <filesystem>
 #include <fstream>
 
+#include "bench_application.h"
 #include "copies.h"
+#include "doubles/agreeing_dialogs.h"
+#include "doubles/engine_opener.h"
+#include "doubles/no_dialogs.h"
 #include "floors/raw_query.h"
 #include "floors/server_client.h"
 #include "forms/headless/headless_backend.h"
 #include "measure.h"
 #include "plans/occurrences.h"
 #include "program.h"
-#include "stage.h"
 #include "store/dialect/translator.h"
 #include "store/engines/engines.h"
 #include "windows/generation/boxes.h"
@@ -33,7 +36,7 @@ std::string Server() {
 }
 
 std::unique_ptr<zv::store::Connection> Connect() {
-    EngineOpener opener;
+    zv::doubles::EngineOpener opener;
     return opener.Open({1, Server(), {}, {}, {}});
 }
 
@@ -64,10 +67,10 @@ void MeasureList(int runs) {
     const std::string statement = ListStatement();
     const std::string sent = OnTheWire(statement);
     const auto connection = Connect();
-    NoDialogs dialogs;
+    zv::doubles::NoDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, Server());
-    auto& window = stage.Manager();
+    BenchApplication application(backend, Server());
+    auto& window = application.Manager();
     int rows = 0;
     Series read;
     Series shown;
@@ -120,9 +123,9 @@ void MeasureGeneration(int runs) {
                  << ") returning fid;\n";
         }
     }
-    AgreeingDialogs dialogs;
+    zv::doubles::AgreeingDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, Server());
+    BenchApplication application(backend, Server());
     const std::string count = std::string("select count(*) from tTaskList where TaskID=") + kPlan;
     const auto timed = [&](const auto& work) {
         connection->Execute(std::string("delete from tTaskList where TaskID=") + kPlan);
@@ -139,7 +142,7 @@ void MeasureGeneration(int runs) {
         [&] {
             return timed([&] {
                 const Stopwatch watch;
-                zv::windows::GenerateTaskList(stage.GetSession(), kPlan);
+                zv::windows::GenerateTaskList(application.GetSession(), kPlan);
                 return watch.Milliseconds();
             });
         },
@@ -151,15 +154,15 @@ void MeasureGeneration(int runs) {
 
 void MeasureAlert(int runs) {
     const std::string sent = OnTheWire(AlertStatement(Day().IsoDateTime()));
-    NoDialogs dialogs;
+    zv::doubles::NoDialogs dialogs;
     zv::forms::headless::HeadlessBackend backend(dialogs);
-    Stage stage(backend, Server());
+    BenchApplication application(backend, Server());
     int nodes = 0;
     Series ours;
     Series floor;
     InTurn(
-        runs, [&] { return TimeOfAlertPass(stage, nodes); }, ours, [&] { return ClientTime(sent); },
-        floor);
+        runs, [&] { return TimeOfAlertPass(application, nodes); }, ours,
+        [&] { return ClientTime(sent); }, floor);
     const auto connection = Connect();
     const auto all =
         connection->Open("select count(*) from tTaskList", zv::store::CursorType::ForwardOnly,

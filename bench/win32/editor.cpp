@@ -7,11 +7,12 @@
 #include <cstdlib>
 #include <cwchar>
 
+#include "bench_application.h"
+#include "doubles/no_dialogs.h"
 #include "driver/win32/played_backend.h"
 #include "floors/bare_window.h"
 #include "forms/win32/win32_backend.h"
 #include "measure.h"
-#include "stage.h"
 #include "win32/wide_main.h"
 #include "windows/plan_editor/frm_task_set.h"
 
@@ -74,18 +75,18 @@ int Main(const std::vector<std::string>& arguments) {
         std::fprintf(stderr, "zvbench_editor FILE RUNS\n");
         return 2;
     }
-    NoDialogs dialogs;
+    doubles::NoDialogs dialogs;
     forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
-    Stage stage(backend, arguments[0]);
+    BenchApplication application(backend, arguments[0]);
     const auto open = [&]() -> windows::frmTaskSet& {
-        stage.Control().refresh(2, 0);
+        application.Control().refresh(2, 0);
         auto* editor =
-            stage.GetSession().windows.Find<windows::frmTaskSet>(windows::frmTaskSet::kName);
+            application.GetSession().windows.Find<windows::frmTaskSet>(windows::frmTaskSet::kName);
         if (editor == nullptr) throw std::runtime_error("the editor did not open");
         return *editor;
     };
     const Likeness likeness(backend.Handle(open()));
-    stage.UnloadWindows();
+    application.UnloadWindows();
 
     WNDCLASSEXW frame{};
     frame.cbSize = sizeof frame;
@@ -108,8 +109,8 @@ int Main(const std::vector<std::string>& arguments) {
             if (!editor.IsShown() || editor.txtTaskID.Text().empty()) {
                 throw std::runtime_error("the editor is not ready");
             }
-            stage.UnloadWindows();
-            Pump();
+            application.UnloadWindows();
+            driver::PumpMessages();
             return time;
         },
         ours,
@@ -118,10 +119,10 @@ int Main(const std::vector<std::string>& arguments) {
             const HWND window = likeness.Make(nullptr);
             ShowWindow(window, SW_SHOW);
             UpdateWindow(window);
-            Pump();
+            driver::PumpMessages();
             const double time = watch.Milliseconds();
             DestroyWindow(window);
-            Pump();
+            driver::PumpMessages();
             return time;
         },
         floor);

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "doubles/no_dialogs.h"
 #include "driver/win32/played_backend.h"
 #include "forms/win32/win32_backend.h"
 #include "win32/wide_main.h"
@@ -18,7 +19,7 @@ int Main(const std::vector<std::string>& arguments) {
         std::fprintf(stderr, "zvbench_query FILE RUNS\n");
         return 2;
     }
-    NoDialogs dialogs;
+    doubles::NoDialogs dialogs;
     forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
     const auto paint = [&](forms::Form& form) {
         UpdateWindow(backend.Handle(form));

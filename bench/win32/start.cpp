@@ -2,9 +2,10 @@
 // milliseconds.
 #include <cstdio>
 
+#include "bench_application.h"
+#include "doubles/no_dialogs.h"
 #include "driver/win32/played_backend.h"
 #include "forms/win32/win32_backend.h"
-#include "stage.h"
 #include "win32/process_age.h"
 #include "win32/wide_main.h"
 
@@ -16,12 +17,12 @@ int Main(const std::vector<std::string>& arguments) {
         std::fprintf(stderr, "zvbench_start FILE\n");
         return 2;
     }
-    NoDialogs dialogs;
+    doubles::NoDialogs dialogs;
     forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
-    Stage stage(backend, arguments[0]);
-    stage.Control().refresh(windows::kManagerMode, 0);
-    if (stage.Window() == nullptr) throw std::runtime_error("the window did not open");
-    UpdateWindow(backend.Handle(*stage.Window()));
+    BenchApplication application(backend, arguments[0]);
+    application.Control().refresh(windows::kManagerMode, 0);
+    if (application.Window() == nullptr) throw std::runtime_error("the window did not open");
+    UpdateWindow(backend.Handle(*application.Window()));
     driver::PumpMessages();
     std::printf("%.3f\n", ProcessAgeMilliseconds());
     return 0;

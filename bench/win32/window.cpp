@@ -7,13 +7,14 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "bench_application.h"
 #include "copies.h"
+#include "doubles/no_dialogs.h"
 #include "driver/win32/played_backend.h"
 #include "floors/bare_window.h"
 #include "floors/list_fill.h"
 #include "forms/win32/win32_backend.h"
 #include "measure.h"
-#include "stage.h"
 #include "win32/process_age.h"
 #include "win32/wide_main.h"
 
@@ -72,16 +73,16 @@ class Floor {
 class Ours {
  public:
     explicit Ours(const std::string& path)
-        : backend_(GetModuleHandleW(nullptr), &dialogs_), stage_(backend_, path) {
-        stage_.Control().refresh(windows::kManagerMode, 0);
-        if (stage_.Window() == nullptr) throw std::runtime_error("the window did not open");
+        : backend_(GetModuleHandleW(nullptr), &dialogs_), application_(backend_, path) {
+        application_.Control().refresh(windows::kManagerMode, 0);
+        if (application_.Window() == nullptr) throw std::runtime_error("the window did not open");
         Clear();
     }
 
     double Fill() { return Load(""); }
     double Clear() { return Load("a.fID<0"); }
     int Rows() {
-        const auto& tree = stage_.Window()->tvwTask;
+        const auto& tree = application_.Window()->tree.tvwTask;
         int groups = 0;
         for (int node = tree.FirstRoot(); node >= 0; node = tree.NextSibling(node)) ++groups;
         return tree.Count() - groups;
@@ -90,15 +91,15 @@ class Ours {
  private:
     double Load(const std::string& where) {
         const Stopwatch watch;
-        stage_.Window()->list.LoadItemList(where);
-        UpdateWindow(backend_.Handle(*stage_.Window()));
+        application_.Window()->listing.LoadItemList(where);
+        UpdateWindow(backend_.Handle(*application_.Window()));
         driver::PumpMessages();
         return watch.Milliseconds();
     }
 
-    NoDialogs dialogs_;
+    doubles::NoDialogs dialogs_;
     forms::win32::Win32Backend backend_;
-    Stage stage_;
+    BenchApplication application_;
 };
 
 template <class Subject>

@@ -1,22 +1,6 @@
 #include "stand.h"
 
-#include <stdexcept>
-
 namespace zv::contract {
-
-using forms::Answer;
-
-Answer QueuedDialogs::ShowMessage(forms::Form*, const std::string& text, int style,
-                                  const std::string&) {
-    messages.push_back(std::to_string(style) + "|" + text);
-    if (!answers.empty()) {
-        const Answer answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
-    if ((style & 7) != forms::box::kOkOnly) throw std::logic_error("no answer for: " + text);
-    return Answer::Ok;
-}
 
 void Contract::Arrange(forms::Form& form) {
     int top = 8;

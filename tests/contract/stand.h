@@ -4,38 +4,21 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "doubles/queued_dialogs.h"
 #include "driver/driver.h"
 #include "forms/form.h"
 #include "forms/window_system.h"
 
 namespace zv::contract {
 
-/// Answers boxes in order and keeps what they said. A box without an answer is closed by its only
-/// button; one with several throws.
-class QueuedDialogs : public forms::Dialogs {
- public:
-    std::deque<forms::Answer> answers;
-    std::vector<std::string> messages;  ///< "STYLE|TEXT"
-
-    forms::Answer ShowMessage(forms::Form*, const std::string& text, int style,
-                              const std::string&) override;
-    std::optional<std::string> AskText(forms::Form*, const std::string&, const std::string&,
-                                       bool) override {
-        return {};
-    }
-    std::optional<std::string> ChooseFile(forms::Form*, const forms::FileRequest&) override {
-        return {};
-    }
-};
-
 class Stand {
  public:
+    Stand() { dialogs.mustHaveAnswers = true; }
     virtual ~Stand() = default;
     virtual forms::Backend& GetBackend() = 0;
     virtual driver::Driver& GetDriver() = 0;
@@ -46,7 +29,7 @@ class Stand {
     /// Native windows and graphics objects that are still held; 0 after the last window is gone.
     virtual int LiveHandles() const { return 0; }
 
-    QueuedDialogs dialogs;
+    doubles::QueuedDialogs dialogs;
 };
 
 std::unique_ptr<Stand> MakeStand();
@@ -95,7 +78,7 @@ class Contract : public testing::Test {
                      const std::vector<int>& arguments = {});
 
     driver::Driver& driver() { return stand_->GetDriver(); }
-    QueuedDialogs& dialogs() { return stand_->dialogs; }
+    doubles::QueuedDialogs& dialogs() { return stand_->dialogs; }
 
     std::unique_ptr<Stand> stand_;
     forms::WindowSystem windows_;

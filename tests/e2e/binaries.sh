@@ -32,7 +32,7 @@ system="^(advapi32|comctl32|comdlg32|gdi32|imm32|kernel32|msimg32|msvcrt|odbc32|
 texts() { strings -a "$1"; strings -a -el "$1"; }
 # Classes with a name of their own in what plays the user, runs scenarios or tests, the words that a
 # driver refuses with, and windows that only tests have.
-played="zv6driver|zv6script|zv5stage|zv8contract|zv5bench|7testing4Test|5forms8headless|8scripted|frmTest|has no native window|is not visible natively"
+played="zv6driver|zv6script|zv7doubles|zv4test|zv8contract|zv5bench|7testing4Test|5forms8headless|8scripted|frmTest|has no native window|is not visible natively"
 windows="frmAsk|frmTaskMain|frmTaskSet|frmList"
 held() { texts "$2" | grep -oE -- "$1" | sort -u | tr '\n' ' ' | sed 's/ $//'; }
 

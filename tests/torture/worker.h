@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "application/item_user.h"
+#include "application/test_application.h"
 #include "journal.h"
 #include "shared_data.h"
-#include "stage/item_user.h"
-#include "stage/stage.h"
 
 namespace zv::torture {
 
@@ -37,9 +37,9 @@ class Worker {
     std::string name_;
     Journal journal_;
     std::mt19937 random_;
-    stage::Stage stage_;
-    std::optional<stage::ItemUser> user_;  ///< once the stage knows the database
-    std::vector<std::string> own_;         ///< titles of the own items as far as known
+    test::TestApplication stage_;
+    std::optional<test::ItemUser> user_;  ///< once the stage knows the database
+    std::vector<std::string> own_;        ///< titles of the own items as far as known
     int serial_ = 0;
 };
 

@@ -9,17 +9,17 @@
 #include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/timer.h"
-#include "stage.h"
+#include "scenario_stage.h"
 #include "target.h"
 
 namespace zv::script {
 namespace {
 
 /// What the user does with one control.
-using Act = std::function<void(Stage& stage, forms::Control& control)>;
+using Act = std::function<void(ScenarioStage& stage, forms::Control& control)>;
 
 Action AtControl(const std::string& word, Act act) {
-    return [target = ParseTarget(word), act = std::move(act)](Stage& stage) {
+    return [target = ParseTarget(word), act = std::move(act)](ScenarioStage& stage) {
         forms::Control& control = FindControl(stage.windows, target);
         stage.RequireReachable(control.Owner());
         try {
@@ -33,28 +33,29 @@ Action AtControl(const std::string& word, Act act) {
 Action Answer(Words words) {
     const auto answer = ParseAnswer(words[0]);
     if (!answer) throw ScriptError("an answer is ok, cancel, yes or no");
-    return [answer = *answer](Stage& stage) { stage.dialogs.QueueAnswer(answer); };
+    return [answer = *answer](ScenarioStage& stage) { stage.dialogs.QueueAnswer(answer); };
 }
 
 Action Input(Words words) {
     std::optional<std::string> text = words[0];
     if (*text == "cancel" && !words.IsQuoted(0)) text.reset();
-    return [text](Stage& stage) { stage.dialogs.QueueInput(text); };
+    return [text](ScenarioStage& stage) { stage.dialogs.QueueInput(text); };
 }
 
 Action Refresh(Words words) {
-    return [mode = words[0], modal = words[1]](Stage& stage) {
+    return [mode = words[0], modal = words[1]](ScenarioStage& stage) {
         stage.AsHost([&] { stage.control.refresh(number::ToInt32(mode), number::ToInt16(modal)); });
     };
 }
 
 Action Click(Words words) {
-    return AtControl(words[0],
-                     [](Stage& stage, forms::Control& control) { stage.driver.Click(control); });
+    return AtControl(words[0], [](ScenarioStage& stage, forms::Control& control) {
+        stage.driver.Click(control);
+    });
 }
 
 Action Menu(Words words) {
-    return [target = ParseTarget(words[0])](Stage& stage) {
+    return [target = ParseTarget(words[0])](ScenarioStage& stage) {
         forms::MenuItem& item = FindMenu(stage.windows, target);
         stage.RequireReachable(item.Owner());
         try {
@@ -66,7 +67,7 @@ Action Menu(Words words) {
 }
 
 Action Node(Words words) {
-    return AtControl(words[0], [key = words[1]](Stage& stage, forms::Control& control) {
+    return AtControl(words[0], [key = words[1]](ScenarioStage& stage, forms::Control& control) {
         stage.driver.ClickNode(control, key);
     });
 }
@@ -75,7 +76,7 @@ Action Node(Words words) {
 Action RightClick(Words words) {
     std::optional<std::string> key;
     if (words.size() > 1) key = words[1];
-    return AtControl(words[0], [key](Stage& stage, forms::Control& control) {
+    return AtControl(words[0], [key](ScenarioStage& stage, forms::Control& control) {
         for (forms::Form* form : stage.windows.Windows()) form->ForgetPopup();
         if (key)
             stage.driver.RightClickNode(control, *key);
@@ -85,14 +86,15 @@ Action RightClick(Words words) {
 }
 
 Action Type(Words words) {
-    return AtControl(words[0], [text = words[1]](Stage& stage, forms::Control& control) {
+    return AtControl(words[0], [text = words[1]](ScenarioStage& stage, forms::Control& control) {
         stage.driver.Type(control, text);
     });
 }
 
 Action Leave(Words words) {
-    return AtControl(words[0],
-                     [](Stage& stage, forms::Control& control) { stage.driver.Leave(control); });
+    return AtControl(words[0], [](ScenarioStage& stage, forms::Control& control) {
+        stage.driver.Leave(control);
+    });
 }
 
 Action Key(Words words) {
@@ -115,9 +117,10 @@ Action Key(Words words) {
     std::string names;
     for (const auto& [name, event] : kKeys) {
         if (name == words[1]) {
-            return AtControl(words[0], [event = event](Stage& stage, forms::Control& control) {
-                stage.driver.PressKey(control, event);
-            });
+            return AtControl(words[0],
+                             [event = event](ScenarioStage& stage, forms::Control& control) {
+                                 stage.driver.PressKey(control, event);
+                             });
         }
         names += (names.empty() ? "" : ", ") + std::string(name);
     }
@@ -126,21 +129,21 @@ Action Key(Words words) {
 
 // Tabs are picked by their position, too, and the rows of a grid, whose first is position 0 here.
 Action Pick(Words words) {
-    return AtControl(words[0],
-                     [position = ToInteger(words[1])](Stage& stage, forms::Control& control) {
-                         if (dynamic_cast<forms::TabPanel*>(&control)) {
-                             stage.driver.SelectTab(control, position);
-                         } else if (dynamic_cast<forms::Grid*>(&control)) {
-                             stage.driver.SelectRow(control, position + 1);
-                         } else {
-                             stage.driver.Pick(control, position);
-                         }
-                     });
+    return AtControl(
+        words[0], [position = ToInteger(words[1])](ScenarioStage& stage, forms::Control& control) {
+            if (dynamic_cast<forms::TabPanel*>(&control)) {
+                stage.driver.SelectTab(control, position);
+            } else if (dynamic_cast<forms::Grid*>(&control)) {
+                stage.driver.SelectRow(control, position + 1);
+            } else {
+                stage.driver.Pick(control, position);
+            }
+        });
 }
 
 Action Heading(Words words) {
     return AtControl(words[0],
-                     [column = ToInteger(words[1])](Stage& stage, forms::Control& control) {
+                     [column = ToInteger(words[1])](ScenarioStage& stage, forms::Control& control) {
                          stage.driver.PressHeading(control, column);
                      });
 }
@@ -151,22 +154,22 @@ Action Date(Words words) {
         date = DateTime::Parse(words[1]);
         if (!date) throw ScriptError("not a date: " + Quote(words[1]));
     }
-    return AtControl(words[0], [date](Stage& stage, forms::Control& control) {
+    return AtControl(words[0], [date](ScenarioStage& stage, forms::Control& control) {
         stage.driver.SetDate(control, date);
     });
 }
 
 Action Spin(Words words) {
     if (words[1] != "up" && words[1] != "down") throw ScriptError("spin W.C up|down");
-    return AtControl(words[0],
-                     [step = words[1] == "up" ? 1 : -1](Stage& stage, forms::Control& control) {
-                         stage.driver.Spin(control, step);
-                     });
+    return AtControl(words[0], [step = words[1] == "up" ? 1 : -1](ScenarioStage& stage,
+                                                                  forms::Control& control) {
+        stage.driver.Spin(control, step);
+    });
 }
 
 Action Tick(Words words) {
     // A timer asks nobody whether something stands in front of its window.
-    return [target = ParseTarget(words[0])](Stage& stage) {
+    return [target = ParseTarget(words[0])](ScenarioStage& stage) {
         forms::Control& control = FindControl(stage.windows, target);
         const auto* timer = dynamic_cast<forms::Timer*>(&control);
         if (!timer) throw Failure(target.window + ": " + control.Name() + " is not a timer");
@@ -176,13 +179,13 @@ Action Tick(Words words) {
 
 Action Mouse(Words words) {
     return AtControl(words[0], [x = ToInteger(words[1]), y = ToInteger(words[2])](
-                                   Stage& stage, forms::Control& control) {
+                                   ScenarioStage& stage, forms::Control& control) {
         stage.driver.MoveMouse(control, x, y);
     });
 }
 
 Action Close(Words words) {
-    return [name = ParseWindow(words[0])](Stage& stage) {
+    return [name = ParseWindow(words[0])](ScenarioStage& stage) {
         forms::Form& form = FindForm(stage.windows, name);
         try {
             stage.driver.Close(form);
@@ -193,7 +196,7 @@ Action Close(Words words) {
 }
 
 Action Minimise(Words words) {
-    return [name = ParseWindow(words[0])](Stage& stage) {
+    return [name = ParseWindow(words[0])](ScenarioStage& stage) {
         forms::Form& form = FindForm(stage.windows, name);
         stage.RequireReachable(form);
         if (!form.IsShown()) throw Failure(name + " is not shown");

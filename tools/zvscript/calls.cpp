@@ -6,9 +6,9 @@
 #include "items/item_store.h"
 #include "plans/occurrences.h"
 #include "reports/print_report.h"
+#include "scenario_stage.h"
 #include "session/module_gate.h"
 #include "session/text_checks.h"
-#include "stage.h"
 #include "store/sql_text.h"
 #include "values.h"
 #include "windows/completion/frm_task_done.h"
@@ -28,43 +28,43 @@ struct Operation {
     std::size_t arguments;
     std::string_view usage;
     /// Answers the result as text.
-    std::string (*run)(Stage& stage, const Arguments& arguments);
+    std::string (*run)(ScenarioStage& stage, const Arguments& arguments);
 };
 
-std::string CallMarkItemState(Stage& stage, const Arguments& arguments) {
+std::string CallMarkItemState(ScenarioStage& stage, const Arguments& arguments) {
     const std::int16_t item = number::ToInt16(arguments[0]);
     const std::int16_t state = number::ToInt16(arguments[1]);
     stage.session.database.EnsureConnection();
     return std::to_string(items::Mark(stage.session.database, item, state, arguments[2]));
 }
 
-std::string CallMakeLikePattern(Stage&, const Arguments& arguments) {
+std::string CallMakeLikePattern(ScenarioStage&, const Arguments& arguments) {
     return store::MakeLikePattern(arguments[0]);
 }
 
-std::string CallQualifyFieldNames(Stage& stage, const Arguments& arguments) {
+std::string CallQualifyFieldNames(ScenarioStage& stage, const Arguments& arguments) {
     return store::QualifyFieldNames(arguments[0], arguments[1], stage.session.state.SQLData);
 }
 
-std::string CallFitTextBytes(Stage& stage, const Arguments& arguments) {
+std::string CallFitTextBytes(ScenarioStage& stage, const Arguments& arguments) {
     return FitTextBytes(stage.session, arguments[0], number::ToInt16(arguments[1]), arguments[2]);
 }
 
-std::string CallCountRows(Stage& stage, const Arguments& arguments) {
+std::string CallCountRows(ScenarioStage& stage, const Arguments& arguments) {
     stage.session.database.EnsureConnection();
     return std::to_string(stage.session.database.CountRows(arguments[0], arguments[1]));
 }
 
-std::string CallCheckText(Stage& stage, const Arguments& arguments) {
+std::string CallCheckText(ScenarioStage& stage, const Arguments& arguments) {
     return Truth(CheckText(stage.session, arguments[0]));
 }
 
-std::string CallCheckModule(Stage& stage, const Arguments& arguments) {
+std::string CallCheckModule(ScenarioStage& stage, const Arguments& arguments) {
     return std::to_string(CheckModule(stage.session, arguments[0], number::ToInt16(arguments[1]),
                                       number::ToInt16(arguments[2])));
 }
 
-std::string CallLoadText(Stage& stage, const Arguments& arguments) {
+std::string CallLoadText(ScenarioStage& stage, const Arguments& arguments) {
     return stage.session.LoadText(number::ToInt16(arguments[0]));
 }
 
@@ -74,24 +74,24 @@ DateTime ToDate(const std::string& text) {
     return *date;
 }
 
-std::string CallMakeDate(Stage&, const Arguments& arguments) {
+std::string CallMakeDate(ScenarioStage&, const Arguments& arguments) {
     return plans::MakeDate(number::ToInt16(arguments[0]), number::ToInt16(arguments[1]),
                            number::ToInt16(arguments[2]))
         .ShortIso();
 }
 
-std::string CallGenerateTaskList(Stage& stage, const Arguments& arguments) {
+std::string CallGenerateTaskList(ScenarioStage& stage, const Arguments& arguments) {
     windows::GenerateTaskList(stage.session, arguments[0]);
     return {};
 }
 
-std::string CallAddTaskInstance(Stage& stage, const Arguments& arguments) {
+std::string CallAddTaskInstance(ScenarioStage& stage, const Arguments& arguments) {
     return std::to_string(windows::AddTaskInstance(stage.session, number::ToInt16(arguments[0]),
                                                    ToDate(arguments[1])));
 }
 
 // For a routine of the main window: one that is not open yet is loaded.
-windows::frmTaskMain& MainWindow(Stage& stage) {
+windows::frmTaskMain& MainWindow(ScenarioStage& stage) {
     using windows::frmTaskMain;
     auto* window = stage.windows.Find<frmTaskMain>(frmTaskMain::kName);
     if (!window) {
@@ -101,13 +101,13 @@ windows::frmTaskMain& MainWindow(Stage& stage) {
     return *window;
 }
 
-std::string CallListBirthdays(Stage& stage, const Arguments& arguments) {
+std::string CallListBirthdays(ScenarioStage& stage, const Arguments& arguments) {
     windows::frmTaskMain& window = MainWindow(stage);
     window.birthdays.ListBirthdays(number::ToInt16(arguments[0]));
     return std::to_string(window.birthdays.Grid1.DataRowCount());
 }
 
-std::string CallPrintReport(Stage& stage, const Arguments& arguments) {
+std::string CallPrintReport(ScenarioStage& stage, const Arguments& arguments) {
     reports::Report report;
     report.printMode = number::ToInt16(arguments[0]);
     report.name = arguments[1];
@@ -118,28 +118,28 @@ std::string CallPrintReport(Stage& stage, const Arguments& arguments) {
     return {};
 }
 
-std::string CallPrintItem(Stage& stage, const Arguments& arguments) {
+std::string CallPrintItem(ScenarioStage& stage, const Arguments& arguments) {
     const std::int16_t mode = number::ToInt16(arguments[0]);
     MainWindow(stage).printing.PrintItem(mode);
     return {};
 }
 
-std::string CallTaskDone(Stage& stage, const Arguments& arguments) {
+std::string CallTaskDone(ScenarioStage& stage, const Arguments& arguments) {
     windows::ShowTaskDone(stage.session, number::ToInt16(arguments[0]), false);
     return {};
 }
 
-std::string CallTaskSet(Stage& stage, const Arguments& arguments) {
+std::string CallTaskSet(ScenarioStage& stage, const Arguments& arguments) {
     windows::ShowPlanEditor(stage.session, number::ToInt16(arguments[0]), false);
     return {};
 }
 
-std::string CallList(Stage& stage, const Arguments& arguments) {
+std::string CallList(ScenarioStage& stage, const Arguments& arguments) {
     windows::ShowStaffList(stage.session, number::ToInt16(arguments[0]), false);
     return {};
 }
 
-std::string CallAsk(Stage& stage, const Arguments&) {
+std::string CallAsk(ScenarioStage& stage, const Arguments&) {
     windows::ShowAsk(stage.session, false);
     return {};
 }
@@ -183,7 +183,7 @@ Action CompileCall(Words words) {
         throw ScriptError("wrong number of words: call " + words[0] + ' ' +
                           std::string(operation->usage));
     }
-    return [operation, arguments](Stage& stage) {
+    return [operation, arguments](ScenarioStage& stage) {
         stage.result.clear();
         stage.AsHost([&] { stage.result = operation->run(stage, arguments); });
     };

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "interludes.h"
-#include "stage.h"
+#include "scenario_stage.h"
 
 namespace zv::script {
 namespace {
@@ -55,7 +55,7 @@ Step CompileDuring(std::span<const ScriptLine>& lines) {
     const auto body =
         std::make_shared<const std::vector<Step>>(CompileLines(lines.subspan(1, count - 1)));
     lines = lines.subspan(count);
-    const auto queue = [interlude = Interlude{kind, head.number, body}](Stage& stage) {
+    const auto queue = [interlude = Interlude{kind, head.number, body}](ScenarioStage& stage) {
         stage.interludes.Add(interlude);
     };
     return {head.number, queue, OpenMenu::Stays, {}};

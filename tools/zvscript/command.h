@@ -14,11 +14,11 @@
 
 namespace zv::script {
 
-class Stage;
+class ScenarioStage;
 
 /// Throws Failure when the scenario fails, ScriptError for a control that does not exist; a
 /// RuntimeError is a failure, too.
-using Action = std::function<void(Stage&)>;
+using Action = std::function<void(ScenarioStage&)>;
 
 /// What a line does to a popup menu that is open.
 enum class OpenMenu {

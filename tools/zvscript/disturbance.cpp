@@ -6,15 +6,15 @@
 #include "base/text.h"
 #include "failure.h"
 #include "forms/form.h"
+#include "scenario_stage.h"
 #include "script_text.h"
-#include "stage.h"
 
 namespace zv::script {
 namespace {
 
 constexpr const char* kMainWindow = "frmTaskMain";
 
-std::string RowsOf(Stage& stage) {
+std::string RowsOf(ScenarioStage& stage) {
     constexpr std::array kTables = {"tTaskList order by fID",
                                     "tTaskSet order by TaskID",
                                     "cards order by fID",
@@ -45,7 +45,7 @@ std::string FirstDifference(const std::string& a, const std::string& b) {
     return "no difference";
 }
 
-void CallRefresh(Stage& stage, int mode) {
+void CallRefresh(ScenarioStage& stage, int mode) {
     stage.AsHost([&] { stage.control.refresh(mode, 0); });
 }
 
@@ -54,16 +54,16 @@ void CallRefresh(Stage& stage, int mode) {
 Disturbance MakeDisturbance(const std::string& name) {
     for (const int mode : {0, 1, 9}) {
         if (name != "refresh" + std::to_string(mode)) continue;
-        return {name, [mode](Stage& stage) { CallRefresh(stage, mode); }};
+        return {name, [mode](ScenarioStage& stage) { CallRefresh(stage, mode); }};
     }
     if (name == "close") {
-        return {name, [](Stage& stage) {
+        return {name, [](ScenarioStage& stage) {
                     forms::Form* form = stage.windows.Find(kMainWindow);
                     if (form && form->IsShown()) form->UserClose();
                 }};
     }
     if (name == "opener") {
-        return {name, [](Stage& stage) {
+        return {name, [](ScenarioStage& stage) {
                     stage.opener.FailNext();
                     CallRefresh(stage, 1);
                 }};
@@ -83,11 +83,11 @@ std::string Judge(const Outcome& undisturbed, const Outcome& disturbed) {
     return "other rows and not a word: " + FirstDifference(undisturbed.rows, disturbed.rows);
 }
 
-void QuestionWatcher::LineBegins(Stage&, int line) {
+void QuestionWatcher::LineBegins(ScenarioStage&, int line) {
     frames_.push_back({line, {}, {}, {}});
 }
 
-void QuestionWatcher::LineEnded(Stage& stage) {
+void QuestionWatcher::LineEnded(ScenarioStage& stage) {
     const Frame frame = std::move(frames_.back());
     frames_.pop_back();
     const bool wanted = disturbance_ ? std::find(frame.questions.begin(), frame.questions.end(),
@@ -99,7 +99,7 @@ void QuestionWatcher::LineEnded(Stage& stage) {
     if (disturbance_) stops_ = true;
 }
 
-void QuestionWatcher::BoxStands(Stage& stage, const StandingBox& box) {
+void QuestionWatcher::BoxStands(ScenarioStage& stage, const StandingBox& box) {
     if (disturbing_) {
         if (box.text == standing_) twice_ = box.text;
         return;
@@ -111,7 +111,7 @@ void QuestionWatcher::BoxStands(Stage& stage, const StandingBox& box) {
     if (questions_ == chosen_ && disturbance_) Disturb(stage, box);
 }
 
-void QuestionWatcher::Disturb(Stage& stage, const StandingBox& box) {
+void QuestionWatcher::Disturb(ScenarioStage& stage, const StandingBox& box) {
     standing_ = box.text;
     disturbing_ = true;
     const std::string before = stage.TakeError();

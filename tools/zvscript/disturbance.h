@@ -13,12 +13,12 @@
 
 namespace zv::script {
 
-class Stage;
+class ScenarioStage;
 
 /// What is done to the control while a box or an input box stands.
 struct Disturbance {
     std::string name;
-    std::function<void(Stage&)> act;
+    std::function<void(ScenarioStage&)> act;
 };
 
 /// "refresh0", "refresh1", "refresh9": the host's call; "close": the main window is closed by its
@@ -54,10 +54,10 @@ class QuestionWatcher : public PlaybackWatcher {
     /// A box that came up although one of the same text stood; empty when there was none.
     const std::string& Twice() const { return twice_; }
 
-    void LineBegins(Stage& stage, int line) override;
-    void LineEnded(Stage& stage) override;
+    void LineBegins(ScenarioStage& stage, int line) override;
+    void LineEnded(ScenarioStage& stage) override;
     bool Stops() const override { return stops_; }
-    void BoxStands(Stage& stage, const StandingBox& box) override;
+    void BoxStands(ScenarioStage& stage, const StandingBox& box) override;
     void BoxAnswered(const std::string& line) override;
     bool TakesProblems() const override { return disturbing_ || disturbed_; }
 
@@ -68,7 +68,7 @@ class QuestionWatcher : public PlaybackWatcher {
         std::string box;
         std::vector<std::string> told;
     };
-    void Disturb(Stage& stage, const StandingBox& box);
+    void Disturb(ScenarioStage& stage, const StandingBox& box);
 
     int chosen_ = 0;  ///< 0: none
     const Disturbance* disturbance_ = nullptr;

@@ -5,13 +5,13 @@
 #include "command.h"
 #include "failure.h"
 #include "query.h"
-#include "stage.h"
+#include "scenario_stage.h"
 
 namespace zv::script {
 namespace {
 
 Action Show(Words words) {
-    return [query = ParseQuery(words)](Stage& stage) {
+    return [query = ParseQuery(words)](ScenarioStage& stage) {
         const std::string value = query(stage);
         if (stage.print) stage.print(value);
     };
@@ -56,7 +56,7 @@ Action Expect(Words words) {
         throw ScriptError("wrong number of words: expect QUERY ==|~|!~ \"VALUE\"");
     }
     return [query = ParseQuery(words.First(split)), comparison = ParseComparison(words[split]),
-            wanted = words[split + 1]](Stage& stage) {
+            wanted = words[split + 1]](ScenarioStage& stage) {
         const std::string expected = Expected(comparison, wanted);
         std::string value;
         try {

@@ -6,11 +6,11 @@
 #include "forms/form.h"
 #include "forms/menu.h"
 #include "interludes.h"
-#include "stage.h"
+#include "scenario_stage.h"
 
 namespace zv::script {
 
-void Playback::Run(Stage& stage) {
+void Playback::Run(ScenarioStage& stage) {
     while (!AtEnd()) PlayNext(stage);
     if (Stopped()) return;
     if (const Interlude* missed = stage.interludes.First()) {
@@ -19,7 +19,7 @@ void Playback::Run(Stage& stage) {
     }
 }
 
-void Playback::RunInside(Stage& stage, forms::Form& form) {
+void Playback::RunInside(ScenarioStage& stage, forms::Form& form) {
     while (!AtEnd() && form.IsShown()) PlayNext(stage);
     if (!form.IsShown()) return;
     const int line = part_->steps.empty() ? 1 : part_->steps.back().line;
@@ -29,12 +29,12 @@ void Playback::RunInside(Stage& stage, forms::Form& form) {
     if (form.IsShown()) form.Hide();
 }
 
-void Playback::RunWhileStanding(Stage& stage, const StandingBox& box) {
+void Playback::RunWhileStanding(ScenarioStage& stage, const StandingBox& box) {
     if (watcher_) watcher_->BoxStands(stage, box);
     RunInterlude(stage, box.kind);
 }
 
-void Playback::RunInterlude(Stage& stage, Standing kind) {
+void Playback::RunInterlude(ScenarioStage& stage, Standing kind) {
     if (Failed() || Stopped()) return;
     const std::optional<Interlude> interlude = stage.interludes.Take(kind);
     if (!interlude) return;
@@ -46,7 +46,7 @@ void Playback::RunInterlude(Stage& stage, Standing kind) {
     part_ = outer;
 }
 
-void Playback::RunInMenu(Stage& stage) {
+void Playback::RunInMenu(ScenarioStage& stage) {
     RunInterlude(stage, Standing::Menu);
     while (!AtEnd() && Next().openMenu == OpenMenu::Stays) PlayNext(stage);
     if (AtEnd() || Next().openMenu != OpenMenu::Chooses) return;
@@ -56,7 +56,7 @@ void Playback::RunInMenu(Stage& stage) {
     if (entry && entry->IsBelow(*stage.windows.StandingMenu())) PlayNext(stage);
 }
 
-void Playback::PlayNext(Stage& stage) {
+void Playback::PlayNext(ScenarioStage& stage) {
     const Step& step = part_->steps[part_->next++];
     if (watcher_) watcher_->LineBegins(stage, step.line);
     Attempt(stage, step.line, [&] {
@@ -66,7 +66,7 @@ void Playback::PlayNext(Stage& stage) {
     if (watcher_) watcher_->LineEnded(stage);
 }
 
-void Playback::Attempt(Stage& stage, int line, const std::function<void()>& act) {
+void Playback::Attempt(ScenarioStage& stage, int line, const std::function<void()>& act) {
     // Nothing is thrown on: between here and the runner there may be a message loop.
     try {
         act();

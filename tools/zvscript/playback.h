@@ -19,12 +19,12 @@ class PlaybackWatcher {
  public:
     virtual ~PlaybackWatcher() = default;
     /// Lines nest while something modal stands.
-    virtual void LineBegins(Stage& stage, int line) = 0;
-    virtual void LineEnded(Stage& stage) = 0;
+    virtual void LineBegins(ScenarioStage& stage, int line) = 0;
+    virtual void LineEnded(ScenarioStage& stage) = 0;
     /// No further line is played.
     virtual bool Stops() const = 0;
     /// Something stands that is answered from the queues. Runs before the lines of a "during".
-    virtual void BoxStands(Stage& stage, const StandingBox& box) = 0;
+    virtual void BoxStands(ScenarioStage& stage, const StandingBox& box) = 0;
     virtual void BoxAnswered(const std::string& line) = 0;
     /// What a box lacks is none of the scenario's fault.
     virtual bool TakesProblems() const = 0;
@@ -38,14 +38,14 @@ class Playback {
     Playback(const Playback&) = delete;
     Playback& operator=(const Playback&) = delete;
 
-    void Run(Stage& stage);
+    void Run(ScenarioStage& stage);
     /// Plays on until the window is gone; when the lines end or fail before, closes it.
-    void RunInside(Stage& stage, forms::Form& form);
+    void RunInside(ScenarioStage& stage, forms::Form& form);
     /// Plays the lines that wait for such a thing to stand, when there are any.
-    void RunWhileStanding(Stage& stage, const StandingBox& box);
+    void RunWhileStanding(ScenarioStage& stage, const StandingBox& box);
     /// Plays on while a popup menu is open: what waits for a menu, then every line that lets the
     /// menu stand, up to the one that chooses from it.
-    void RunInMenu(Stage& stage);
+    void RunInMenu(ScenarioStage& stage);
 
     /// A message box was answered: its line in `messages`.
     void OnAnswered(const std::string& line) {
@@ -67,9 +67,9 @@ class Playback {
     bool AtEnd() const { return Failed() || Stopped() || part_->next == part_->steps.size(); }
     bool Stopped() const { return watcher_ && watcher_->Stops(); }
     const Step& Next() const { return part_->steps[part_->next]; }
-    void PlayNext(Stage& stage);
-    void RunInterlude(Stage& stage, Standing kind);
-    void Attempt(Stage& stage, int line, const std::function<void()>& act);
+    void PlayNext(ScenarioStage& stage);
+    void RunInterlude(ScenarioStage& stage, Standing kind);
+    void Attempt(ScenarioStage& stage, int line, const std::function<void()>& act);
     void Fail(int line, std::string reason);
 
     std::vector<Step> steps_;

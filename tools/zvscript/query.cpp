@@ -6,15 +6,15 @@
 #include "failure.h"
 #include "forms/form.h"
 #include "forms/menu.h"
+#include "scenario_stage.h"
 #include "script_text.h"
-#include "stage.h"
 #include "target.h"
 #include "values.h"
 
 namespace zv::script {
 namespace {
 
-std::string ListWindows(Stage& stage) {
+std::string ListWindows(ScenarioStage& stage) {
     std::vector<std::string> lines;
     for (const forms::Form* form : stage.windows.Windows()) {
         lines.push_back(form->Name() + (form->IsShown() ? " shown" : " hidden"));
@@ -22,7 +22,7 @@ std::string ListWindows(Stage& stage) {
     return JoinLines(lines);
 }
 
-std::string LastPopup(Stage& stage) {
+std::string LastPopup(ScenarioStage& stage) {
     for (const forms::Form* form : stage.windows.Windows()) {
         if (!form->LastPopup().empty()) return form->LastPopup();
     }
@@ -31,24 +31,24 @@ std::string LastPopup(Stage& stage) {
 
 struct NamedQuery {
     std::string_view name;
-    std::string (*look)(Stage& stage);
+    std::string (*look)(ScenarioStage& stage);
 };
 constexpr std::array kNamed = std::to_array<NamedQuery>({
-    {"bag", [](Stage& stage) { return JoinLines(stage.bag.Lines()); }},
+    {"bag", [](ScenarioStage& stage) { return JoinLines(stage.bag.Lines()); }},
     {"windows", ListWindows},
     {"popup", LastPopup},
-    {"messages", [](Stage& stage) { return TakeLines(stage.dialogs.messages); }},
-    {"statements", [](Stage& stage) { return TakeLines(stage.statements.lines); }},
-    {"opened", [](Stage& stage) { return stage.TakeOpened(); }},
-    {"printed", [](Stage& stage) { return stage.TakePrinted(); }},
-    {"clipboard", [](Stage& stage) { return stage.stand->GetBackend().ClipboardText(); }},
-    {"result", [](Stage& stage) { return stage.result; }},
-    {"error", [](Stage& stage) { return stage.TakeError(); }},
+    {"messages", [](ScenarioStage& stage) { return TakeLines(stage.dialogs.messages); }},
+    {"statements", [](ScenarioStage& stage) { return TakeLines(stage.statements.lines); }},
+    {"opened", [](ScenarioStage& stage) { return stage.TakeOpened(); }},
+    {"printed", [](ScenarioStage& stage) { return stage.TakePrinted(); }},
+    {"clipboard", [](ScenarioStage& stage) { return stage.stand->GetBackend().ClipboardText(); }},
+    {"result", [](ScenarioStage& stage) { return stage.result; }},
+    {"error", [](ScenarioStage& stage) { return stage.TakeError(); }},
 });
 
 Query ControlQuery(const std::string& name) {
     if (!IsReadable(name)) throw ScriptError("unknown control property " + Quote(name));
-    return [name](Stage& stage) { return ReadProperty(stage.control, name); };
+    return [name](ScenarioStage& stage) { return ReadProperty(stage.control, name); };
 }
 
 Query SettingQuery(const std::string& path) {
@@ -56,7 +56,7 @@ Query SettingQuery(const std::string& path) {
     if (dot == 0 || dot == std::string::npos || dot + 1 == path.size()) {
         throw ScriptError("a setting is looked at as setting.SECTION.KEY");
     }
-    return [section = path.substr(0, dot), key = path.substr(dot + 1)](Stage& stage) {
+    return [section = path.substr(0, dot), key = path.substr(dot + 1)](ScenarioStage& stage) {
         return stage.session.GetSetting(section, key, "");
     };
 }
@@ -78,7 +78,7 @@ std::optional<std::string> ReadMenu(const forms::MenuItem& item, const std::stri
     return {};
 }
 
-std::string ReadWindow(Stage& stage, const PropertyPath& path) {
+std::string ReadWindow(ScenarioStage& stage, const PropertyPath& path) {
     forms::Form& form = FindForm(stage.windows, path.target.window);
     if (path.property == "minimised") {
         return Truth(form.State() == forms::WindowState::Minimised);
@@ -86,7 +86,7 @@ std::string ReadWindow(Stage& stage, const PropertyPath& path) {
     return path.property == "modal" ? Truth(form.IsModal()) : stage.driver.ReadCaption(form);
 }
 
-std::string ReadItem(Stage& stage, const PropertyPath& path) {
+std::string ReadItem(ScenarioStage& stage, const PropertyPath& path) {
     const Target& target = path.target;
     const forms::Form& form = FindForm(stage.windows, target.window);
     std::optional<std::string> value;
@@ -119,7 +119,7 @@ Query ParseQuery(Words words) {
                                           : "more than one query: " + Quote(words[1]));
     }
     if (first == "rows") {
-        return [sql = words[1]](Stage& stage) { return stage.host.Rows(sql); };
+        return [sql = words[1]](ScenarioStage& stage) { return stage.host.Rows(sql); };
     }
     for (const NamedQuery& named : kNamed) {
         if (named.name == first) return named.look;
@@ -129,9 +129,9 @@ Query ParseQuery(Words words) {
     if (first.find('.') == std::string::npos) throw ScriptError("unknown query " + Quote(first));
     const PropertyPath path = ParsePropertyPath(first);
     if (path.target.control.empty()) {
-        return [path](Stage& stage) { return ReadWindow(stage, path); };
+        return [path](ScenarioStage& stage) { return ReadWindow(stage, path); };
     }
-    return [path](Stage& stage) { return ReadItem(stage, path); };
+    return [path](ScenarioStage& stage) { return ReadItem(stage, path); };
 }
 
 }  // namespace zv::script

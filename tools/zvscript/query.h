@@ -8,11 +8,11 @@
 
 namespace zv::script {
 
-class Stage;
+class ScenarioStage;
 
 /// Yields the text, lines joined by line feeds. Throws Failure when there is nothing to look at,
 /// ScriptError for a control or property that does not exist.
-using Query = std::function<std::string(Stage&)>;
+using Query = std::function<std::string(ScenarioStage&)>;
 
 /// Number of words, one or two, that a query beginning with this word takes.
 std::size_t QueryWords(const std::string& first);

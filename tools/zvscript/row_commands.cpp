@@ -11,8 +11,8 @@
 #include "command.h"
 #include "items/fields.h"
 #include "plans/plan_row.h"
+#include "scenario_stage.h"
 #include "staff/staff_columns.h"
-#include "stage.h"
 
 namespace zv::script {
 namespace {
@@ -38,7 +38,7 @@ struct Row {
 struct Table {
     std::string_view name;
     std::span<const Column> columns;
-    void (*complete)(Row& row, Stage& stage);
+    void (*complete)(Row& row, ScenarioStage& stage);
 };
 
 std::string Literal(std::string_view text) {
@@ -49,7 +49,7 @@ std::string Literal(const DateTime& date) {
     return Literal(date.IsoDateTime());
 }
 
-void CompleteItem(Row& row, Stage& stage) {
+void CompleteItem(Row& row, ScenarioStage& stage) {
     row.Default("fType", "0");
     row.Default("tDone", "0");
     row.Default("taskTime", Literal(stage.machine.clock.Now().Date()));
@@ -64,7 +64,7 @@ DateTime AYearOn(const DateTime& date) {
 }
 
 // As the editor proposes a plan, but that its end lies a calendar year ahead and its alert a day.
-void CompletePlan(Row& row, Stage& stage) {
+void CompletePlan(Row& row, ScenarioStage& stage) {
     const DateTime today = stage.machine.clock.Now().Date();
     if (!row.Has("TaskID")) {
         const auto last = number::Parse(stage.host.Rows("select max(TaskID) from tTaskSet"));
@@ -78,7 +78,7 @@ void CompletePlan(Row& row, Stage& stage) {
     }
 }
 
-void CompleteNothing(Row&, Stage&) {}
+void CompleteNothing(Row&, ScenarioStage&) {}
 
 constexpr ColumnKind KindOf(items::FieldKind kind) {
     switch (kind) {
@@ -138,7 +138,7 @@ Row ToRow(const Table& table, Words words) {
     return row;
 }
 
-void Insert(Stage& stage, const Table& table, const Row& row) {
+void Insert(ScenarioStage& stage, const Table& table, const Row& row) {
     std::string names;
     std::string literals;
     for (const auto& [column, literal] : row.values) {
@@ -153,7 +153,7 @@ void Insert(Stage& stage, const Table& table, const Row& row) {
 
 template <const Table& table>
 Action AddRow(Words words) {
-    return [given = ToRow(table, words)](Stage& stage) {
+    return [given = ToRow(table, words)](ScenarioStage& stage) {
         Row row = given;
         table.complete(row, stage);
         Insert(stage, table, row);

@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "disturbance.h"
 #include "playback.h"
-#include "stage.h"
+#include "scenario_stage.h"
 
 namespace zv::script {
 namespace {
@@ -93,10 +93,11 @@ Runner::Verdict Runner::Tell(const std::string& file, const Playback& playback) 
 void Runner::PlayFresh(const std::string& file, Playback& playback) {
     const Folder folder(MakeFolder(file), !options_.keep.empty());
     {
-        Stage* playing = nullptr;
-        Stage stage(folder.Path(), options_.backend, *engine_,
-                    {.modal = [&](forms::Form& form) { playback.RunInside(*playing, form); },
-                     .menu = [&] { playback.RunInMenu(*playing); }});
+        ScenarioStage* playing = nullptr;
+        ScenarioStage stage(
+            folder.Path(), options_.backend, *engine_,
+            {.modal = [&](forms::Form& form) { playback.RunInside(*playing, form); },
+             .menu = [&] { playback.RunInMenu(*playing); }});
         playing = &stage;
         stage.dialogs.whileStanding = [&](const StandingBox& box) {
             playback.RunWhileStanding(stage, box);
@@ -104,7 +105,7 @@ void Runner::PlayFresh(const std::string& file, Playback& playback) {
         stage.dialogs.onAnswered = [&](const std::string& line) { playback.OnAnswered(line); };
         if (options_.print) stage.print = write_;
         if (statements_.is_open()) {
-            stage.statements.watch = [this](const std::string& sql) {
+            stage.statements.onStatement = [this](const std::string& sql) {
                 statements_ << text::Replace(sql, "\r\n", " ") << '\n';
             };
         }

@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "base/path.h"
+#include "doubles/rows_of.h"
 
 namespace zv::script {
 namespace {
@@ -19,22 +20,6 @@ std::unique_ptr<store::Connection> ScriptedOpener::Open(const store::ConnectionS
         throw RuntimeError(ErrorNumber::DatabaseFailure, "The scenario lets this opening fail");
     }
     return engine_.Open(ResolvedPath(files_, settings.dataPath.ForDriver()));
-}
-
-void ScriptedStatements::Fail(int position, std::string text) {
-    untilFailure_ = position;
-    failureText_ = std::move(text);
-}
-
-void ScriptedStatements::OnStatement(const std::string& sql) {
-    lines.push_back(sql);
-    if (watch) watch(sql);
-    Count();
-}
-
-void ScriptedStatements::Count() {
-    if (untilFailure_ == 0 || --untilFailure_ > 0) return;
-    throw RuntimeError(ErrorNumber::DatabaseFailure, failureText_);
 }
 
 void HostDatabase::Create(const std::string& path) {
@@ -60,17 +45,7 @@ void HostDatabase::Execute(const std::string& sql) {
 }
 
 std::string HostDatabase::Rows(const std::string& query) {
-    const auto rows = Open().Open(query, store::CursorType::ForwardOnly, store::LockType::ReadOnly);
-    std::string text;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        if (!text.empty()) text += '\n';
-        for (int column = 0; column < rows->FieldCount(); column++) {
-            if (column > 0) text += '|';
-            text += rows->Field(column).ToText();
-        }
-    }
-    rows->Close();
-    return text;
+    return doubles::RowsOf(Open(), query);
 }
 
 }  // namespace zv::script

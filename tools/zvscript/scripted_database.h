@@ -1,19 +1,17 @@
-// The database as a scenario arranges it: how connections are opened, and what is watched on them.
+// The database as a scenario arranges it: how the control and its host open connections.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/scripted/scripted_machine.h"
 #include "script_engine.h"
 #include "store/connection_opener.h"
-#include "store/statement_log.h"
 
 namespace zv::script {
 
-/// Opens databases of the scenarios' engine, whatever kind is asked for.
+/// Opens databases of the scenarios' engine, whatever kind is asked for, in the folder that the
+/// played system takes for its disk: what a scenario means by a path is known only here.
 class ScriptedOpener : public store::ConnectionOpener {
  public:
     ScriptedOpener(const platform::scripted::ScriptedFiles& files, ScriptEngine& engine)
@@ -25,26 +23,6 @@ class ScriptedOpener : public store::ConnectionOpener {
     const platform::scripted::ScriptedFiles& files_;
     ScriptEngine& engine_;
     bool failNext_ = false;
-};
-
-/// Keeps the statements and makes one of those to come fail.
-class ScriptedStatements : public store::StatementObserver {
- public:
-    /// The `position`-th statement or row update from now on, 1 the next, fails with that text.
-    void Fail(int position, std::string text);
-    /// One of the statements to come is to fail.
-    bool FailsLater() const { return untilFailure_ > 0; }
-    void OnStatement(const std::string& sql) override;
-    void OnRowUpdate() override { Count(); }
-
-    std::vector<std::string> lines;
-    std::function<void(const std::string&)> watch;  ///< sees each statement; may be empty
-
- private:
-    void Count();
-
-    int untilFailure_ = 0;  ///< 0: none planned
-    std::string failureText_;
 };
 
 /// The connection of the host application, apart from the control's.

@@ -1,4 +1,6 @@
 // Message boxes, input boxes and the file dialog, answered from queues that a scenario fills.
+// Unlike doubles::QueuedDialogs they know the buttons of a box, can be answered while they stand,
+// and report what a scenario forgot without ending it.
 #pragma once
 
 #include <deque>

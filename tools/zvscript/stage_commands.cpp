@@ -5,7 +5,7 @@
 #include "command.h"
 #include "control_properties.h"
 #include "failure.h"
-#include "stage.h"
+#include "scenario_stage.h"
 
 namespace zv::script {
 namespace {
@@ -17,7 +17,7 @@ DateTime ToDateTime(const std::string& word) {
 }
 
 Action Clock(Words words) {
-    return [now = ToDateTime(words[0])](Stage& stage) { stage.machine.clock.Set(now); };
+    return [now = ToDateTime(words[0])](ScenarioStage& stage) { stage.machine.clock.Set(now); };
 }
 
 Action Advance(Words words) {
@@ -28,8 +28,9 @@ Action Advance(Words words) {
         if (!word.ends_with(unit)) continue;
         const int count = ToInteger(word.substr(0, word.size() - 1));
         if (count < 0) break;
-        return
-            [by = std::int64_t{count} * seconds](Stage& stage) { stage.machine.clock.Advance(by); };
+        return [by = std::int64_t{count} * seconds](ScenarioStage& stage) {
+            stage.machine.clock.Advance(by);
+        };
     }
     throw ScriptError("not a time to pass, as in 30s, 5m, 2h or 1d: " + Quote(word));
 }
@@ -39,13 +40,13 @@ Action CodePage(Words words) {
     if (codePage != 936 && codePage != 950 && codePage != 1252) {
         throw ScriptError("the code page is 936, 950 or 1252");
     }
-    return [codePage](Stage& stage) { stage.machine.codePage.Select(codePage); };
+    return [codePage](ScenarioStage& stage) { stage.machine.codePage.Select(codePage); };
 }
 
 Action Database(Words words) {
     const bool create = words.size() == 1;
     if (!create && words[1] != "none") throw ScriptError("database NAME [none]");
-    return [name = words[0], create](Stage& stage) {
+    return [name = words[0], create](ScenarioStage& stage) {
         const std::string file = Utf8Of(stage.machine.files.Resolve(name));
         if (create) {
             stage.host.Create(file);
@@ -57,24 +58,24 @@ Action Database(Words words) {
 }
 
 Action Sql(Words words) {
-    return [sql = words[0]](Stage& stage) { stage.host.Execute(sql); };
+    return [sql = words[0]](ScenarioStage& stage) { stage.host.Execute(sql); };
 }
 
 Action Set(Words words) {
     if (!IsSettable(words[0])) throw ScriptError("unknown control property " + Quote(words[0]));
-    return [name = words[0], value = words[1]](Stage& stage) {
+    return [name = words[0], value = words[1]](ScenarioStage& stage) {
         stage.AsHost([&] { SetProperty(stage.control, name, value); });
     };
 }
 
 Action Setting(Words words) {
-    return [section = words[0], key = words[1], value = words[2]](Stage& stage) {
+    return [section = words[0], key = words[1], value = words[2]](ScenarioStage& stage) {
         stage.session.SaveSetting(section, key, value);
     };
 }
 
 Action ReadBag(Words entries) {
-    ScriptedBag bag;
+    doubles::TextBag bag;
     for (std::size_t i = 0; i < entries.size(); i++) {
         const std::string& entry = entries[i];
         const std::size_t equals = entry.find('=');
@@ -83,21 +84,21 @@ Action ReadBag(Words entries) {
         }
         bag.Put(entry.substr(0, equals), entry.substr(equals + 1));
     }
-    return [bag](Stage& stage) {
+    return [bag](ScenarioStage& stage) {
         stage.AsHost([&] {
-            ScriptedBag given = bag;
+            doubles::TextBag given = bag;
             stage.control.UserControl_ReadProperties(given);
         });
     };
 }
 
-void InitProperties(Stage& stage) {
+void InitProperties(ScenarioStage& stage) {
     stage.AsHost([&] { stage.control.UserControl_InitProperties(); });
 }
 
-void WriteProperties(Stage& stage) {
+void WriteProperties(ScenarioStage& stage) {
     stage.AsHost([&] {
-        ScriptedBag bag;
+        doubles::TextBag bag;
         stage.control.UserControl_WriteProperties(bag);
         stage.bag = std::move(bag);
     });
@@ -114,18 +115,20 @@ Action Bag(Words words) {
 
 Action Locale(Words words) {
     if (!UserLocale::IsKnown(words[0])) throw ScriptError("unknown locale " + Quote(words[0]));
-    return [name = words[0]](Stage& stage) { stage.locale.Select(name); };
+    return [name = words[0]](ScenarioStage& stage) { stage.locale.Select(name); };
 }
 
 Action Opener(Words words) {
     if (words[0] != "fail") throw ScriptError("opener fail");
-    return [](Stage& stage) { stage.opener.FailNext(); };
+    return [](ScenarioStage& stage) { stage.opener.FailNext(); };
 }
 
 Action DatabaseError(Words words) {
     const int position = ToInteger(words[0]);
     if (position < 1) throw ScriptError("statements are counted from 1");
-    return [position, text = words[1]](Stage& stage) { stage.statements.Fail(position, text); };
+    return [position, text = words[1]](ScenarioStage& stage) {
+        stage.statements.Fail(position, text);
+    };
 }
 
 constexpr std::array kStage = std::to_array<CommandSpec>({

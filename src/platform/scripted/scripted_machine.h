@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/errors.h"
 #include "platform/machine.h"
 
 namespace zv::platform::scripted {
@@ -44,12 +45,17 @@ class ScriptedCodePage : public AnsiCodePage {
 /// "keys:".
 class ScriptedShell : public Shell {
  public:
-    void Open(const std::string& target) override { lines.push_back(target); }
-    std::string DialerPath() const override { return "C:\\Windows\\dialer.exe"; }
+    void Open(const std::string& target) override {
+        lines.push_back(target);
+        if (!failing.empty()) throw RuntimeError(ErrorNumber::FileNotFound, failing);
+    }
+    std::string DialerPath() const override { return dialer; }
     void Start(const std::string& program) override { lines.push_back(program); }
     void SendKeys(const std::string& keys) override { lines.push_back("keys:" + keys); }
 
     std::vector<std::string> lines;
+    std::string failing;  ///< not empty: nothing can be opened, with this text
+    std::string dialer = "C:\\Windows\\dialer.exe";
 };
 
 /// The real files below one folder, which is also the application's; relative names start there.

@@ -24,7 +24,7 @@
 #include "forms/win32/common_controls.h"
 #include "forms/win32/handles.h"
 #include "playback.h"
-#include "stage.h"
+#include "scenario_stage.h"
 
 namespace zv::soak {
 namespace {
@@ -121,7 +121,7 @@ std::string ReadFile(const fs::path& path) {
 }
 
 // `playing`: whose lines go on while a menu is open.
-void Play(script::Stage& stage, script::Playback*& playing, const std::string& text,
+void Play(script::ScenarioStage& stage, script::Playback*& playing, const std::string& text,
           const std::string& name) {
     script::Playback playback(script::CompileScript(text));
     playing = &playback;
@@ -180,8 +180,8 @@ std::vector<Reading> PlayRounds(const fs::path& scripts, int rounds, const fs::p
     const std::string round = ReadFile(scripts / "round.zvs");
     const auto engine = script::MakeScriptEngine("embedded");
     script::Playback* playing = nullptr;
-    script::Stage* played = nullptr;
-    script::Stage stage(
+    script::ScenarioStage* played = nullptr;
+    script::ScenarioStage stage(
         folder, script::BackendKind::Win32, *engine,
         {.modal =
              [](forms::Form& form) { throw std::runtime_error("a modal window: " + form.Name()); },

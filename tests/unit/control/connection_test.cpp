@@ -1,7 +1,7 @@
 // The connection follows the properties: when refresh changes it, and when it must not.
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 #include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 #include "windows/completion/frm_task_done.h"
@@ -38,7 +38,7 @@ class Connection : public testing::Test {
         return *stage.Window();
     }
 
-    stage::Stage stage;
+    test::TestApplication stage;
     const std::string other = stage.Path("o.db");
 };
 
@@ -126,8 +126,8 @@ TEST_F(Connection, StaysWhileSomethingModalStands) {
     stage.control.SetUserPath(stage.Path("t.db"));
     stage.backend.modalLoop = nullptr;
     Open();
-    stage.dialogs.onMessage = [&](const std::string&) {
-        stage.dialogs.onMessage = nullptr;
+    stage.dialogs.whileStanding = [&](const std::string&) {
+        stage.dialogs.whileStanding = nullptr;
         stage.control.SetUserPath(other);
         results = {stage.Refresh(6), stage.Refresh(8)};
     };

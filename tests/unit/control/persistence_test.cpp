@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
+#include "doubles/text_bag.h"
 
 namespace zv {
 namespace {
@@ -10,7 +11,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 TEST(InitProperties, SetsTheStartValues) {
-    stage::Stage stage;
+    test::TestApplication stage;
     ControlState& state = stage.session.state;
     state = {};
     state.myTaskID = 5;
@@ -33,15 +34,15 @@ TEST(InitProperties, SetsTheStartValues) {
 }
 
 TEST(InitProperties, AddsTheBackslashOnlyWhereItIsMissing) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.files.folder = "C:\\";
     stage.control.UserControl_InitProperties();
     EXPECT_EQ(stage.session.state.UserPath, "C:\\taskAlert.mdb");
 }
 
 TEST(ReadProperties, AsksForTheKeysInTheirOrderAndCase) {
-    stage::Stage stage;
-    stage::Bag bag;
+    test::TestApplication stage;
+    doubles::TextBag bag;
     stage.control.UserControl_ReadProperties(bag);
     EXPECT_EQ(bag.readKeys,
               (Lines{"myName", "Language", "AlertType", "ZgName", "myPower", "myModel", "Copyright",
@@ -49,10 +50,10 @@ TEST(ReadProperties, AsksForTheKeysInTheirOrderAndCase) {
 }
 
 TEST(ReadProperties, AnEmptyBagGivesTheDefaults) {
-    stage::Stage stage;
+    test::TestApplication stage;
     ControlState& state = stage.session.state;
     state.myModel = "x";
-    stage::Bag bag;
+    doubles::TextBag bag;
     stage.control.UserControl_ReadProperties(bag);
     EXPECT_EQ(state.myPower, std::string(350, '0'));
     EXPECT_EQ(state.UserPath, "");
@@ -62,7 +63,7 @@ TEST(ReadProperties, AnEmptyBagGivesTheDefaults) {
 }
 
 TEST(WriteProperties, WritesWhatDiffersFromItsDefaultInOrder) {
-    stage::Stage stage;
+    test::TestApplication stage;
     ControlState& state = stage.session.state;
     state.myName = "n";
     state.Language = 1;
@@ -80,25 +81,25 @@ TEST(WriteProperties, WritesWhatDiffersFromItsDefaultInOrder) {
     state.Default = "d";
     state.myTaskID = 9;
     state.CompName = state.PowerPath = state.Zorvan = "never";
-    stage::Bag bag;
+    doubles::TextBag bag;
     stage.control.UserControl_WriteProperties(bag);
-    EXPECT_EQ(bag.written,
+    EXPECT_EQ(bag.Lines(),
               (Lines{"myName=n", "Language=1", "AlertType=2", "UserPath=p", "UserName=u",
                      "ZgName=z", "myPower=1", "myModel=m", "Copyright=true", "Showmode=1",
                      "Password=0", "SQLData=3", "UserID=i", "Default=d"}));
 }
 
 TEST(WriteProperties, LeavesDefaultsOut) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.session.state = {};
     stage.session.state.myPower.assign(350, '0');
-    stage::Bag bag;
+    doubles::TextBag bag;
     stage.control.UserControl_WriteProperties(bag);
-    EXPECT_TRUE(bag.written.empty());
+    EXPECT_TRUE(bag.Lines().empty());
 }
 
 TEST(Persistence, ReadingAWrittenBagRestoresAllButTheUserName) {
-    stage::Stage stage;
+    test::TestApplication stage;
     ControlState& state = stage.session.state;
     state.Language = 1;
     state.showMode = 1;
@@ -107,7 +108,7 @@ TEST(Persistence, ReadingAWrittenBagRestoresAllButTheUserName) {
     state.myPower = "101";
     state.Copyright = true;
     state.ZgName = "主管";
-    stage::Bag bag;
+    doubles::TextBag bag;
     stage.control.UserControl_WriteProperties(bag);
     const ControlState before = state;
     state = {};
@@ -126,10 +127,11 @@ TEST(Persistence, ReadingAWrittenBagRestoresAllButTheUserName) {
 }
 
 TEST(ReadProperties, AWrongTypeIsAnErrorAndChangesNothing) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.session.state.myName = "before";
-    stage::Bag bag;
-    bag.values = {{"myName", std::string("after")}, {"SQLDATA", std::string("many")}};
+    doubles::TextBag bag;
+    bag.Put("myName", "after");
+    bag.Put("SQLDATA", "many");
     try {
         stage.control.UserControl_ReadProperties(bag);
         FAIL();
@@ -140,14 +142,14 @@ TEST(ReadProperties, AWrongTypeIsAnErrorAndChangesNothing) {
 }
 
 TEST(SetSQLData, KeepsACopyForTheOptionsPage) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.control.SetSQLData(2);
     EXPECT_EQ(stage.session.state.SQLData, 2);
     EXPECT_EQ(stage.session.state.hostSQLData, 2);
 }
 
 TEST(Zorvan, IsNeverHandedOut) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.session.state.Zorvan = "text";
     EXPECT_EQ(stage.control.Zorvan(), "");
 }

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 #include "windows/completion/frm_task_done.h"
 #include "windows/plan_editor/frm_task_set.h"
 #include "windows/staff/frm_list.h"
@@ -24,7 +24,7 @@ class Refresh : public testing::Test {
             "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone) values"
             "(0,'报表','2003-03-07 00:00:00','2003-03-05 00:00:00','2003-03-07 00:00:00',0)");
     }
-    stage::Stage stage;
+    test::TestApplication stage;
 };
 
 TEST_F(Refresh, AnAlertPassWithFewerThanFourNodesShowsNothing) {
@@ -61,10 +61,10 @@ TEST_F(Refresh, ATaskInHandRaisesAnAlert) {
 
 TEST_F(Refresh, AWindowLeftOpenOvernightShowsTheNewDay) {
     for (const std::int32_t mode : {0, 1, 9}) {
-        stage.clock.now = DateTime(2003, 3, 7, 9, 30);
+        stage.clock.Set(DateTime(2003, 3, 7, 9, 30));
         AddDueItem();
         EXPECT_EQ(stage.Refresh(mode), 0);
-        stage.clock.now = DateTime(2003, 3, 8, 7, 0);
+        stage.clock.Set(DateTime(2003, 3, 8, 7, 0));
         stage.statements.Take();
         EXPECT_EQ(stage.Refresh(mode), 0);
         const Messages sent = stage.statements.Take();
@@ -80,7 +80,7 @@ TEST_F(Refresh, AWindowLeftOpenOvernightShowsTheNewDay) {
 
 TEST_F(Refresh, ANewDayThatCannotBeShownIsTriedAgain) {
     EXPECT_EQ(stage.Refresh(1), 0);
-    stage.clock.now = DateTime(2003, 3, 8, 7, 0);
+    stage.clock.Set(DateTime(2003, 3, 8, 7, 0));
     stage.statements.failing = "tTaskList";
     EXPECT_NE(stage.Refresh(1), 0);
     EXPECT_EQ(stage.Window()->filter.DTPicker0.Value(), DateTime(2003, 3, 7));
@@ -97,7 +97,7 @@ TEST_F(Refresh, ANewDayThatCannotBeShownIsTriedAgain) {
 TEST_F(Refresh, TheNewDayWaitsForAnEditToEnd) {
     EXPECT_EQ(stage.Refresh(1), 0);
     stage.Window()->model.editMode = windows::EditMode::Adding;
-    stage.clock.now = DateTime(2003, 3, 8, 7, 0);
+    stage.clock.Set(DateTime(2003, 3, 8, 7, 0));
     stage.statements.Take();
     EXPECT_EQ(stage.Refresh(1), 0);
     EXPECT_TRUE(stage.statements.Take().empty());
@@ -183,7 +183,7 @@ TEST_F(Refresh, ByATimerWhileItsRefusalStandsShowsNoSecondBox) {
     stage.session.state.UserPath = stage.Path("missing.db");
     int depth = 0;
     int inner = 0;
-    stage.dialogs.onMessage = [&](const std::string&) {
+    stage.dialogs.whileStanding = [&](const std::string&) {
         if (++depth < 20) inner = stage.Refresh(0);
     };
     const int outer = stage.Refresh(0);
@@ -191,7 +191,7 @@ TEST_F(Refresh, ByATimerWhileItsRefusalStandsShowsNoSecondBox) {
     EXPECT_EQ(inner, outer);
     EXPECT_NE(stage.errorText.find("missing.db"), std::string::npos);
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
-    stage.dialogs.onMessage = nullptr;
+    stage.dialogs.whileStanding = nullptr;
     EXPECT_EQ(stage.Refresh(0), outer);
     EXPECT_EQ(stage.dialogs.messages.size(), 2u);
 }
@@ -202,7 +202,7 @@ TEST_F(Refresh, ByATimerWhileTheFillsFailureStandsShowsNoSecondBox) {
     stage.Sql("update tTaskList set fType=9");
     int inner = 0;
     int depth = 0;
-    stage.dialogs.onMessage = [&](const std::string&) {
+    stage.dialogs.whileStanding = [&](const std::string&) {
         if (++depth < 20) inner = stage.Refresh(0);
     };
     stage.user.Click(stage.Window()->commands.cmdSeek);
@@ -217,7 +217,7 @@ TEST_F(Refresh, ByATimerWhileItsQuestionStandsAsksNothingMore) {
     stage.dialogs.answers = {forms::Answer::Ok};
     int inner = 0;
     int depth = 0;
-    stage.dialogs.onMessage = [&](const std::string&) {
+    stage.dialogs.whileStanding = [&](const std::string&) {
         if (++depth == 1) inner = stage.Refresh(6);
     };
     EXPECT_EQ(stage.Refresh(6), 0);
@@ -451,7 +451,7 @@ TEST_F(Refresh, AnAlertPassDuringTheLoadingOfAnotherDoesNothing) {
     AddDueItem();
     stage.Sql("update tTaskList set fType=7");
     int inside = -1;
-    stage.dialogs.onMessage = [&](const std::string&) { inside = stage.Refresh(0); };
+    stage.dialogs.whileStanding = [&](const std::string&) { inside = stage.Refresh(0); };
     EXPECT_EQ(stage.Refresh(1), 0);
     EXPECT_EQ(inside, 0);
     ASSERT_EQ(stage.windows.Windows().size(), 1u);

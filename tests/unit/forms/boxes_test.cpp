@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "doubles/queued_dialogs.h"
 #include "forms/form.h"
 #include "forms/headless/headless_backend.h"
 #include "forms/menu.h"
@@ -15,35 +16,15 @@ namespace {
 
 constexpr ErrorNumber kOwnError = ErrorNumber::DatabaseFailure;
 
-// Boxes that others may act in before they are answered.
-class OpenDialogs : public Dialogs {
- public:
-    Answer ShowMessage(Form*, const std::string& text, int, const std::string&) override {
-        Stand(text);
-        return Answer::Ok;
-    }
-    std::optional<std::string> AskText(Form*, const std::string& prompt, const std::string&,
-                                       bool) override {
-        Stand("?" + prompt);
-        return std::nullopt;
-    }
-    std::optional<std::string> ChooseFile(Form*, const FileRequest& request) override {
-        Stand("file " + request.title);
-        return std::nullopt;
-    }
-
-    std::vector<std::string> shown;
-    std::function<void()> meanwhile;  ///< runs in the next box, once
-
- private:
-    void Stand(const std::string& text) {
-        shown.push_back(text);
-        if (const auto act = std::exchange(meanwhile, nullptr)) act();
-    }
-};
-
+// Others may act in a box before it is answered.
 class Boxes : public testing::Test {
  protected:
+    Boxes() {
+        dialogs.whileStanding = [this](const std::string& text) {
+            shown.push_back(text);
+            if (const auto act = std::exchange(meanwhile, nullptr)) act();
+        };
+    }
     /// The number of the error that leaves a call of the host; 0 when none does.
     int Host(const std::function<void()>& act) {
         try {
@@ -58,7 +39,9 @@ class Boxes : public testing::Test {
     }
     void Show(const std::string& reason) { windows.ShowMessage(Refusal(reason), 0); }
 
-    OpenDialogs dialogs;
+    std::vector<std::string> shown;   ///< of boxes of every kind
+    std::function<void()> meanwhile;  ///< runs in the next box, once
+    doubles::QueuedDialogs dialogs;
     headless::HeadlessBackend backend{dialogs};
     WindowSystem windows{backend};
     int inner = 0;
@@ -67,16 +50,16 @@ class Boxes : public testing::Test {
 constexpr int kModalShown = static_cast<int>(ErrorNumber::ModalFormShown);
 
 TEST_F(Boxes, ACallOfTheHostShowsNoSecondBoxOfAKind) {
-    dialogs.meanwhile = [&] { inner = Host([&] { Show("b"); }); };
+    meanwhile = [&] { inner = Host([&] { Show("b"); }); };
     EXPECT_EQ(Host([&] { Show("a"); }), 0);
     EXPECT_EQ(inner, kModalShown);
-    EXPECT_EQ(dialogs.shown, std::vector<std::string>{"Cannot open: a"});
+    EXPECT_EQ(shown, std::vector<std::string>{"Cannot open: a"});
 }
 
 TEST_F(Boxes, ItFailsWithTheErrorThatTheBoxWouldHaveTold) {
     const RuntimeError own(kOwnError, "gone");
     const auto tell = [&] { windows.ShowMessage(Refusal("a"), 0, {}, &own); };
-    dialogs.meanwhile = [&] { inner = Host(tell); };
+    meanwhile = [&] { inner = Host(tell); };
     EXPECT_EQ(Host(tell), 0);
     EXPECT_EQ(inner, static_cast<int>(kOwnError));
 }
@@ -89,8 +72,8 @@ TEST_F(Boxes, ACallGoesOnBehindABoxThatOnlyTellsAndEndsAtAQuestion) {
         windows.ShowMessage("Sure?", box::kOkCancel);
         steps += "asked ";
     };
-    dialogs.meanwhile = [&] {
-        dialogs.meanwhile = [&] { inner = Host(act); };
+    meanwhile = [&] {
+        meanwhile = [&] { inner = Host(act); };
         windows.FromUser([&] { windows.ShowMessage("Sure?", box::kOkCancel); });
     };
     EXPECT_EQ(Host(act), 0);
@@ -99,36 +82,36 @@ TEST_F(Boxes, ACallGoesOnBehindABoxThatOnlyTellsAndEndsAtAQuestion) {
 }
 
 TEST_F(Boxes, TheSameTextIsTheSameKindHoweverItWasPutTogether) {
-    dialogs.meanwhile = [&] { inner = Host([&] { Show("a"); }); };
+    meanwhile = [&] { inner = Host([&] { Show("a"); }); };
     windows.FromUser([] { throw RuntimeError(kOwnError, "Cannot open: a"); });
     EXPECT_EQ(inner, kModalShown);
-    EXPECT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_EQ(shown.size(), 1u);
 }
 
 TEST_F(Boxes, OfAnotherKindStandsBeside) {
-    dialogs.meanwhile = [&] { inner = Host([&] { windows.ShowMessage("Cannot open: ", 0); }); };
+    meanwhile = [&] { inner = Host([&] { windows.ShowMessage("Cannot open: ", 0); }); };
     EXPECT_EQ(Host([&] { Show("a"); }), 0);
     EXPECT_EQ(inner, 0);
-    EXPECT_EQ(dialogs.shown.size(), 2u);
+    EXPECT_EQ(shown.size(), 2u);
 }
 
 TEST_F(Boxes, OfTheSameKindIsShownAgainAfterTheFirstWasAnswered) {
     EXPECT_EQ(Host([&] { Show("a"); }), 0);
     EXPECT_EQ(Host([&] { Show("a"); }), 0);
-    EXPECT_EQ(dialogs.shown.size(), 2u);
+    EXPECT_EQ(shown.size(), 2u);
 }
 
 TEST_F(Boxes, TheUserIsToldWhateverStands) {
-    dialogs.meanwhile = [&] { windows.FromUser([&] { Show("b"); }); };
+    meanwhile = [&] { windows.FromUser([&] { Show("b"); }); };
     EXPECT_EQ(Host([&] { Show("a"); }), 0);
-    EXPECT_EQ(dialogs.shown.size(), 2u);
+    EXPECT_EQ(shown.size(), 2u);
 }
 
 TEST_F(Boxes, ABoxOfTheUsersActHoldsBackTheHosts) {
-    dialogs.meanwhile = [&] { inner = Host([&] { Show("b"); }); };
+    meanwhile = [&] { inner = Host([&] { Show("b"); }); };
     windows.FromUser([&] { Show("a"); });
     EXPECT_EQ(inner, kModalShown);
-    EXPECT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_EQ(shown.size(), 1u);
 }
 
 TEST_F(Boxes, AnErrorInAHandlerThatTheHostSetOffIsToldOnceAndReachesTheHost) {
@@ -137,19 +120,19 @@ TEST_F(Boxes, AnErrorInAHandlerThatTheHostSetOffIsToldOnceAndReachesTheHost) {
         inner++;
     };
     int second = 0;
-    dialogs.meanwhile = [&] { second = Host(failing); };
+    meanwhile = [&] { second = Host(failing); };
     EXPECT_EQ(Host(failing), 0);
     EXPECT_EQ(second, static_cast<int>(kOwnError));
     EXPECT_EQ(inner, 2) << "the call goes on behind the handler";
-    EXPECT_EQ(dialogs.shown, std::vector<std::string>{"gone"});
+    EXPECT_EQ(shown, std::vector<std::string>{"gone"});
 }
 
 TEST_F(Boxes, AnInputBoxStandsOnceForTheHost) {
     const auto ask = [&] { windows.AskText("password"); };
-    dialogs.meanwhile = [&] { inner = Host(ask); };
+    meanwhile = [&] { inner = Host(ask); };
     EXPECT_EQ(Host(ask), 0);
     EXPECT_EQ(inner, kModalShown);
-    EXPECT_EQ(dialogs.shown, std::vector<std::string>{"?password"});
+    EXPECT_EQ(shown, std::vector<std::string>{"password"});
 }
 
 TEST_F(Boxes, ATimerTellsNothingTwice) {
@@ -157,29 +140,29 @@ TEST_F(Boxes, ATimerTellsNothingTwice) {
     Timer timer(form, "Timer1", 1000);
     timer.SetRunning(true);
     timer.onTimer = [] { throw RuntimeError(kOwnError, "gone"); };
-    dialogs.meanwhile = [&] { timer.UserTick(); };
+    meanwhile = [&] { timer.UserTick(); };
     timer.UserTick();
-    EXPECT_EQ(dialogs.shown, std::vector<std::string>{"gone"});
+    EXPECT_EQ(shown, std::vector<std::string>{"gone"});
     timer.UserTick();
-    EXPECT_EQ(dialogs.shown.size(), 2u);
+    EXPECT_EQ(shown.size(), 2u);
 }
 
 TEST_F(Boxes, InAModalWindowTheUserActs) {
     Form form(windows, "form");
-    backend.modalLoop = [&](Form& shown) {
+    backend.modalLoop = [&](Form& modal) {
         windows.FromUser([&] { Show("a"); });
-        shown.Unload();
+        modal.Unload();
     };
-    dialogs.meanwhile = [&] { windows.FromUser([&] { Show("b"); }); };
+    meanwhile = [&] { windows.FromUser([&] { Show("b"); }); };
     EXPECT_EQ(Host([&] { form.Show(true); }), 0);
-    EXPECT_EQ(dialogs.shown.size(), 2u);
+    EXPECT_EQ(shown.size(), 2u);
 }
 
 class Modal : public Boxes {
  protected:
     bool During(const std::function<void()>& act) {
         bool stands = false;
-        dialogs.meanwhile = [&] { stands = windows.HasModal(); };
+        meanwhile = [&] { stands = windows.HasModal(); };
         act();
         EXPECT_FALSE(windows.HasModal());
         return stands;
@@ -199,9 +182,9 @@ TEST_F(Modal, AModalWindowCounts) {
     EXPECT_FALSE(windows.HasModal());
     Form form(windows, "form");
     bool stands = false;
-    backend.modalLoop = [&](Form& shown) {
+    backend.modalLoop = [&](Form& modal) {
         stands = windows.HasModal();
-        shown.Unload();
+        modal.Unload();
     };
     form.Show(true);
     EXPECT_TRUE(stands);
@@ -209,7 +192,7 @@ TEST_F(Modal, AModalWindowCounts) {
 }
 
 TEST_F(Modal, ABoxThatFailsDoesNotStay) {
-    dialogs.meanwhile = [] { throw RuntimeError(kOwnError); };
+    meanwhile = [] { throw RuntimeError(kOwnError); };
     EXPECT_EQ(Host([&] { Show("a"); }), static_cast<int>(kOwnError));
     EXPECT_FALSE(windows.HasModal());
 }

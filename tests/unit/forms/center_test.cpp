@@ -1,16 +1,16 @@
 // Where windows start.
 #include <gtest/gtest.h>
 
+#include "doubles/no_dialogs.h"
 #include "forms/form.h"
 #include "forms/headless/headless_backend.h"
 #include "forms/window_system.h"
-#include "quiet_dialogs.h"
 
 namespace zv::forms {
 namespace {
 
 TEST(Center, TheWorkAreasOriginCounts) {
-    QuietDialogs dialogs;
+    doubles::NoDialogs dialogs;
     headless::HeadlessBackend backend(dialogs);
     backend.workArea = {-1280, 40, 1280, 760};
     WindowSystem windows(backend);

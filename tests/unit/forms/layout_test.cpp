@@ -1,19 +1,19 @@
 // Placing controls by what their captions need.
 #include <gtest/gtest.h>
 
+#include "doubles/no_dialogs.h"
 #include "forms/form.h"
 #include "forms/headless/headless_backend.h"
 #include "forms/layout/row.h"
 #include "forms/text_box.h"
 #include "forms/window_system.h"
-#include "quiet_dialogs.h"
 
 namespace zv::forms::layout {
 namespace {
 
 class Layout : public testing::Test {
  protected:
-    QuietDialogs dialogs_;
+    doubles::NoDialogs dialogs_;
     headless::HeadlessBackend backend_{dialogs_};
     WindowSystem windows_{backend_};
     Form& form_ = windows_.Create<Form>("frmTest");

@@ -3,11 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "doubles/quiet_dialogs.h"
 #include "forms/form.h"
 #include "forms/headless/headless_backend.h"
 #include "forms/text_box.h"
 #include "forms/window_system.h"
-#include "quiet_dialogs.h"
 
 namespace zv::forms {
 namespace {
@@ -20,7 +20,7 @@ class Refused : public Form {
 };
 
 TEST(FormsWithoutMemory, AWindowThatIsRefusedGoesAllTheSame) {
-    QuietDialogs dialogs;
+    doubles::QuietDialogs dialogs;
     headless::HeadlessBackend backend(dialogs);
     bool failed = true;
     for (long allocation = 1; failed; allocation++) {

@@ -8,12 +8,12 @@
 
 #include <functional>
 
+#include "doubles/quiet_dialogs.h"
 #include "driver/win32/played_backend.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
 #include "forms/text_box.h"
 #include "forms/window_system.h"
-#include "quiet_dialogs.h"
 
 namespace zv::forms {
 namespace {
@@ -54,7 +54,7 @@ class NativeFormsWithoutMemory : public testing::Test {
         EXPECT_EQ(clicks, 1);
     }
 
-    QuietDialogs dialogs;
+    doubles::QuietDialogs dialogs;
     driver::PlayedBackend backend{GetModuleHandleW(nullptr), &dialogs};
     WindowSystem windows{backend};
     Tested& form;

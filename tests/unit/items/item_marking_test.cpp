@@ -21,14 +21,13 @@ TEST_P(MarkingAnItem, SendsExactlyThisStatement) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fID,taskTitle) values(5,'x')");
     EXPECT_TRUE(Mark(5, 2, "张三"));
-    EXPECT_EQ(log_.statements.back(),
-              "Update tTaskList Set tDone=2,tDoneMan = '张三' where fID =5");
+    EXPECT_EQ(log_.lines.back(), "Update tTaskList Set tDone=2,tDoneMan = '张三' where fID =5");
     EXPECT_EQ(Rows("select tDone,tDoneMan from tTaskList"), "2|张三");
 }
 TEST_P(MarkingAnItem, SendsNothingForTheNumberZero) {
     database_.EnsureConnection();
     EXPECT_FALSE(Mark(0, 1, "x"));
-    EXPECT_TRUE(log_.statements.empty());
+    EXPECT_TRUE(log_.lines.empty());
 }
 TEST_P(MarkingAnItem, TakesAnUnknownItemAsMarked) {
     database_.EnsureConnection();
@@ -39,8 +38,8 @@ TEST_P(MarkingAnItem, KeepsANameWithAnApostropheOutOfTheStatement) {
     Execute("insert into tTaskList(fID,taskTitle) values(5,'x')");
     EXPECT_TRUE(Mark(5, 1, "O'Brien"));
     EXPECT_FALSE(database_.ChangedNothing());
-    EXPECT_EQ(log_.statements, std::vector<std::string>{"select * from tTaskList where fID=5"});
-    EXPECT_EQ(log_.updates, 1);
+    EXPECT_EQ(log_.lines, std::vector<std::string>{"select * from tTaskList where fID=5"});
+    EXPECT_EQ(log_.rows, 1);
     EXPECT_EQ(Rows("select taskTitle,tDone,tDoneMan from tTaskList"), "x|1|O'Brien");
 }
 TEST_P(MarkingAnItem, TellsThatNoRowWasChangedEitherWay) {
@@ -54,32 +53,31 @@ TEST_P(MarkingAnItem, TellsThatNoRowWasChangedEitherWay) {
 TEST_P(MarkingAnItem, SendsTheStatementUpToSixteenBits) {
     database_.EnsureConnection();
     EXPECT_TRUE(Mark(32767, 1, "x"));
-    EXPECT_EQ(log_.statements.back(),
-              "Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =32767");
+    EXPECT_EQ(log_.lines.back(), "Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =32767");
 }
 TEST_P(MarkingAnItem, GoesThroughARecordsetBeyondSixteenBits) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fID,taskTitle) values(32768,'x')");
     EXPECT_TRUE(Mark(32768, 2, "张三"));
     EXPECT_FALSE(database_.ChangedNothing());
-    EXPECT_EQ(log_.statements, std::vector<std::string>{"select * from tTaskList where fID=32768"});
+    EXPECT_EQ(log_.lines, std::vector<std::string>{"select * from tTaskList where fID=32768"});
     EXPECT_EQ(Rows("select taskTitle,tDone,tDoneMan from tTaskList"), "x|2|张三");
 }
 TEST_P(MarkingAnItem, TellsThatAGreatItemIsGone) {
     database_.EnsureConnection();
     EXPECT_TRUE(Mark(70000, 1, "x"));
     EXPECT_TRUE(database_.ChangedNothing());
-    EXPECT_EQ(log_.updates, 0);
+    EXPECT_EQ(log_.rows, 0);
 }
 TEST_P(MarkingAnItem, OpensNothingForTheNumberZero) {
     database_.EnsureConnection();
     EXPECT_FALSE(Mark(0, 1, "O'Brien"));
-    EXPECT_TRUE(log_.statements.empty());
+    EXPECT_TRUE(log_.lines.empty());
 }
 TEST_P(MarkingAnItem, WritesTheNumberOfAState) {
     database_.EnsureConnection();
     EXPECT_TRUE(items::Mark(database_, 5, ItemState::InHand, "x"));
-    EXPECT_EQ(log_.statements.back(), "Update tTaskList Set tDone=2,tDoneMan = 'x' where fID =5");
+    EXPECT_EQ(log_.lines.back(), "Update tTaskList Set tDone=2,tDoneMan = 'x' where fID =5");
 }
 
 }  // namespace

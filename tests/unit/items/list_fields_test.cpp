@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 #include "suite/field_captions.h"
 
 namespace zv::items {
@@ -31,7 +31,7 @@ class ListFields : public testing::Test {
     void Describe(const std::string& rows) { stage.Sql(kInsert + rows); }
     std::string Read() { return Names(Fields(stage.session)); }
 
-    stage::Stage stage;
+    test::TestApplication stage;
 };
 
 TEST_F(ListFields, ComeInTheOrderOfTheDatabaseUnderItsCaptions) {

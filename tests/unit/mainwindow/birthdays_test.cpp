@@ -23,7 +23,7 @@ class BirthdayTest : public MainWindow {
         return names;
     }
     std::string NamesFor(DateTime today, std::int16_t days) {
-        stage.clock.now = today;
+        stage.clock.Set(today);
         stage.Window()->birthdays.ListBirthdays(days);
         return Names();
     }
@@ -165,7 +165,7 @@ TEST_F(BirthdayTest, ABirthdayThatIsNoDateEndsNothing) {
 TEST_F(BirthdayTest, TheListEndsWithTheCalendar) {
     stage.Sql("insert into cards(CompCode,Name,Birthday) values('A','除夕','1970-12-31 00:00:00')");
     frmTaskMain& window = OpenAtCards();
-    stage.clock.now = DateTime(9999, 12, 30, 9, 0);
+    stage.clock.Set(DateTime(9999, 12, 30, 9, 0));
     stage.user.Click(window.birthdays.chkBirthDay0);
     EXPECT_EQ(window.birthdays.Grid1.DataRowCount(), 1);
     EXPECT_TRUE(stage.dialogs.messages.empty());

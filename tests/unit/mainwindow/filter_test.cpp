@@ -24,7 +24,7 @@ TEST_F(FilterPage, StartsWithTodayAllKindsAndAllStates) {
 }
 
 TEST_F(FilterPage, PickersThatNobodyTouchedFollowTheDay) {
-    stage.clock.now = DateTime(2003, 3, 8, 0, 5);
+    stage.clock.Set(DateTime(2003, 3, 8, 0, 5));
     stage.user.Pick(window.tree.cboOrder, 1);
     EXPECT_EQ(window.filter.DTPicker0.Value(), DateTime(2003, 3, 8));
     EXPECT_EQ(window.filter.DTPicker1.Value(), DateTime(2003, 3, 9));
@@ -33,14 +33,14 @@ TEST_F(FilterPage, PickersThatNobodyTouchedFollowTheDay) {
     // Even one that holds the day that it would hold anyway is the user's choice.
     stage.user.SetDate(window.filter.DTPicker0, std::nullopt);
     stage.user.SetDate(window.filter.DTPicker0, DateTime(2003, 3, 8));
-    stage.clock.now = DateTime(2003, 3, 9, 0, 5);
+    stage.clock.Set(DateTime(2003, 3, 9, 0, 5));
     stage.user.Pick(window.tree.cboOrder, 0);
     EXPECT_EQ(window.filter.DTPicker0.Value(), DateTime(2003, 3, 8));
     EXPECT_EQ(window.filter.DTPicker1.Value(), DateTime(2003, 3, 10));
 }
 
 TEST_F(FilterPage, ThereIsNoDayBehindTheLastOne) {
-    stage.clock.now = DateTime(9999, 12, 31, 9, 30);
+    stage.clock.Set(DateTime(9999, 12, 31, 9, 30));
     stage.user.Pick(window.tree.cboOrder, 1);
     EXPECT_EQ(window.filter.DTPicker0.Value(), DateTime(9999, 12, 31));
     EXPECT_FALSE(window.filter.DTPicker1.Value());
@@ -145,7 +145,7 @@ TEST_F(FilterPage, AQuoteBeingTypedReachesNoStatement) {
     AddItem(0, "甲");
     // The host: the tree stays without a word.
     EXPECT_EQ(stage.Refresh(0), 0);
-    stage.clock.now = DateTime(2003, 3, 8, 7, 0);
+    stage.clock.Set(DateTime(2003, 3, 8, 7, 0));
     EXPECT_EQ(stage.Refresh(1), 0);
     EXPECT_TRUE(stage.dialogs.messages.empty());
     EXPECT_TRUE(stage.statements.Take().empty());

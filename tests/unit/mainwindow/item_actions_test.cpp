@@ -125,7 +125,7 @@ TEST_F(Actions, AnAddBeginsEmpty) {
     EXPECT_EQ(window.item.txtUser2.Text(), "张三");
     EXPECT_EQ(window.item.cboDone2.ListIndex(), kNotDone);
     EXPECT_EQ(window.item.cboType2.ListIndex(), kDiary);
-    EXPECT_EQ(window.item.DTPicker2.Value(), stage.clock.now);
+    EXPECT_EQ(window.item.DTPicker2.Value(), stage.clock.Now());
     // The plan of the task before is not that of the new item.
     EXPECT_EQ(stage.session.state.cardId, 0);
     EXPECT_EQ(window.SSTab1.Tab(), kItemTab);
@@ -308,7 +308,7 @@ TEST_F(Actions, DeletingAPlanDeletesItsItemsOfEveryStateFirst) {
 TEST_F(Actions, DeletingAPlanLeavesAVisitThatIsEnteredWhileTheQuestionStands) {
     frmTaskMain& window = OpenPlans();
     ClickNode("Z7");
-    stage.dialogs.onMessage = [this](const std::string&) {
+    stage.dialogs.whileStanding = [this](const std::string&) {
         stage.Sql("insert into tTaskList(fType,TaskID,taskTitle,tDone) values(1,7,'拜访',0)");
     };
     stage.user.Choose(window.commands.menus.mnuEventDel);

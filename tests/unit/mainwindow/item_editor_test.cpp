@@ -61,7 +61,7 @@ TEST_F(Editor, AnItemWithoutADateShowsThePresentOne) {
     stage.Sql("update tTaskList set taskTime=null where fID=2");
     frmTaskMain& window = Open();
     ClickNode("Z1");
-    stage.clock.now = DateTime(2003, 3, 7, 11, 0);
+    stage.clock.Set(DateTime(2003, 3, 7, 11, 0));
     ClickNode("Z2");
     EXPECT_EQ(window.item.DTPicker2.Value(), DateTime(2003, 3, 7, 11, 0));
 }

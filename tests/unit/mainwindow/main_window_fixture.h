@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 
 namespace zv::windows {
 
@@ -37,7 +37,7 @@ class MainWindow : public testing::Test {
     }
     void ShowTab(int tab) { stage.user.SelectTab(stage.Window()->SSTab1, tab); }
 
-    stage::Stage stage;
+    test::TestApplication stage;
 };
 
 using Lines = std::vector<std::string>;

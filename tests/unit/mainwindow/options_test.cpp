@@ -295,7 +295,7 @@ TEST_F(Options, TheIntervalBoxRoundsHalvesToEvenWithinSixteenBits) {
     EXPECT_TRUE(stage.dialogs.messages.empty());
     window.options.Timer1.SetRunning(false);
     const DateTime before = window.options.LastRead();
-    stage.clock.now = stage.clock.now.AddSeconds(60);
+    stage.clock.Advance(60);
     EXPECT_EQ(leave("32767.5"), "32767.5");
     EXPECT_EQ(leave("-40000"), "-40000");
     EXPECT_EQ(stage.dialogs.messages, (Lines{"16|数值溢出", "16|数值溢出"}));
@@ -316,22 +316,22 @@ TEST_F(Options, TheIntervalBoxSelectsItsTextAndEnterMovesOn) {
 TEST_F(Options, LeavingTheIntervalAtZeroStampsTheReadTime) {
     stage.user.Click(window.options.chkTimeSet);
     stage.user.Type(window.options.txtTimeSet, "abc");
-    stage.clock.now = stage.clock.now.AddSeconds(60);
+    stage.clock.Advance(60);
     stage.user.Leave(window.options.txtTimeSet);
-    EXPECT_EQ(window.options.LastRead(), stage.clock.now);
+    EXPECT_EQ(window.options.LastRead(), stage.clock.Now());
 }
 
 TEST_F(Options, ATickStampsTheReadTimeWithinTheInterval) {
     window.options.txtTimeSet.SetText("0");
     window.options.txtTimeSet_LostFocus();
-    ASSERT_EQ(window.options.LastRead(), stage.clock.now);
+    ASSERT_EQ(window.options.LastRead(), stage.clock.Now());
     window.options.txtTimeSet.SetText("5");
     ASSERT_TRUE(window.options.Timer1.Running());
-    stage.clock.now = stage.clock.now.AddSeconds(5 * 60);
+    stage.clock.Advance(5 * 60);
     stage.user.Tick(window.options.Timer1);
-    EXPECT_EQ(window.options.LastRead(), stage.clock.now);
-    const DateTime stamped = stage.clock.now;
-    stage.clock.now = stage.clock.now.AddSeconds(6 * 60);
+    EXPECT_EQ(window.options.LastRead(), stage.clock.Now());
+    const DateTime stamped = stage.clock.Now();
+    stage.clock.Advance(6 * 60);
     stage.user.Tick(window.options.Timer1);
     EXPECT_EQ(window.options.LastRead(), stamped);
     EXPECT_TRUE(window.options.Timer1.Running());

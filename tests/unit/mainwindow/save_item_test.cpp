@@ -1,7 +1,7 @@
 #include "base/text.h"
+#include "doubles/written_fields.h"
 #include "items/item_store.h"
 #include "save_item_fixture.h"
-#include "stage/written_fields.h"
 #include "store/sqlite/sqlite_connection.h"
 
 namespace zv::windows {
@@ -205,7 +205,7 @@ TEST_F(SaveItem, StateAndDoerComeFromOneUser) {
 }
 
 TEST_F(SaveItem, TheFieldsAreSetInTheirOrderWhateverWasChanged) {
-    stage::WrittenFields written;
+    doubles::WrittenFields written;
     stage.opener.open = [&](const store::ConnectionSettings& settings) {
         return written.Watch(store::OpenSqlite(settings.dataPath.ForDriver()));
     };
@@ -283,7 +283,7 @@ TEST_F(SaveItem, WhatChangesWhileTheQuestionStandsIsAskedAboutToo) {
     stage.Sql("update tTaskList set taskTitle='他的'");
     stage.dialogs.answers = {forms::Answer::Yes, forms::Answer::Cancel};
     int shown = 0;
-    stage.dialogs.onMessage = [&](const std::string&) {
+    stage.dialogs.whileStanding = [&](const std::string&) {
         if (++shown == 1) stage.Sql("update tTaskList set taskTitle='第三'");
     };
     Save();
@@ -301,7 +301,7 @@ TEST_F(SaveItem, ARowDeletedWhileTheQuestionStandsIsTold) {
     stage.Sql("update tTaskList set taskTitle='他的'");
     stage.dialogs.answers = {forms::Answer::Yes};
     int shown = 0;
-    stage.dialogs.onMessage = [&](const std::string&) {
+    stage.dialogs.whileStanding = [&](const std::string&) {
         if (++shown == 1) stage.Sql("delete from tTaskList");
     };
     Save();

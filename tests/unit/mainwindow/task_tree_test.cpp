@@ -151,7 +151,7 @@ TEST_F(Tree, AGroupClearsTheEditorAndSetsItsKind) {
     EXPECT_EQ(window.item.txtTitle2.Text(), "");
     EXPECT_EQ(window.item.cboType2.ListIndex(), kDiary);
     EXPECT_EQ(window.item.txtUser2.Text(), "张三");
-    EXPECT_EQ(window.item.DTPicker2.Value(), stage.clock.now);
+    EXPECT_EQ(window.item.DTPicker2.Value(), stage.clock.Now());
 }
 
 TEST_F(Tree, APlanHidesWhatOnlyItemsHave) {

@@ -40,7 +40,7 @@ TEST_F(BirthdayPanelTest, FollowsTheDayWhileItIsOn) {
     stage.Sql("insert into cards(fID,Name,CompName,Birthday) values(1,'王五','甲','1970-03-10')");
     stage.Sql("insert into cards(fID,Name,CompName,Birthday) values(2,'赵六','乙','1970-03-13')");
     stage.user.Click(panel.chkBirthDay0);
-    stage.clock.now = DateTime(2003, 3, 8, 9, 0);
+    stage.clock.Set(DateTime(2003, 3, 8, 9, 0));
     panel.FollowTheDay();
     EXPECT_EQ(panel.Grid1.DataRowCount(), 2);
     EXPECT_EQ(panel.ShownDay(), DateTime(2003, 3, 8));

@@ -65,7 +65,7 @@ TEST_F(FilterPanelTest, PutsBackWhatItRemembers) {
     panel.SetStartValues();
     undo();
     // Touched again: the day that comes leaves it.
-    stage.clock.now = DateTime(2003, 3, 9, 8, 0);
+    stage.clock.Set(DateTime(2003, 3, 9, 8, 0));
     panel.DTPicker0.SetValue(DateTime(2003, 1, 1));
     panel.FollowTheDay();
     EXPECT_EQ(panel.Choice().from, DateTime(2003, 1, 1));

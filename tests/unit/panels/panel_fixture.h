@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "application/test_application.h"
 #include "forms/containers.h"
 #include "forms/form.h"
-#include "stage/stage.h"
 #include "windows/main/main_model.h"
 
 namespace zv::windows {
@@ -27,7 +27,7 @@ class PanelTest : public testing::Test {
         explicit EmptyForm(forms::WindowSystem& windows) : Form(windows, "frmEmpty") {}
     };
 
-    stage::Stage stage;
+    test::TestApplication stage;
     forms::Form& form;
     forms::TabPanel tabs;
     MainModel model;

@@ -3,58 +3,34 @@
 
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "base/text.h"
 #include "database_fixture.h"
+#include "doubles/recorded_statements.h"
+#include "doubles/recording_opener.h"
 #include "store/database.h"
 
 namespace zv::plans {
 
-/// Statements as they are sent, and "row" for each row that is written through a recordset.
-class SentStatements : public store::StatementObserver {
+/// Rows that are written are told beside the statements.
+class PlanDatabase {
  public:
-    void OnStatement(const std::string& sql) override {
-        sent_.push_back(sql);
-        if (!failing.empty() && text::Contains(sql, failing)) {
-            throw RuntimeError(ErrorNumber::DatabaseFailure, failing);
-        }
+    PlanDatabase() {
+        store::CreateSqliteDatabase(path_);
+        opener_.open = [this](const store::ConnectionSettings&) {
+            return store::OpenSqlite(path_);
+        };
+        statements.tellsRows = true;
     }
-    void OnRowUpdate() override {
-        sent_.emplace_back("row");
-        if (rowsToFailure_ > 0 && --rowsToFailure_ == 0) {
-            throw RuntimeError(ErrorNumber::DatabaseFailure, "disk full");
-        }
-    }
-    /// Those since the last call.
-    std::vector<std::string> Take() { return std::exchange(sent_, {}); }
-    /// The `count`-th row that is written from here on fails.
-    void FailRow(int count) { rowsToFailure_ = count; }
-
-    /// A statement that holds this text fails with it; empty: none does.
-    std::string failing;
-
- private:
-    std::vector<std::string> sent_;
-    int rowsToFailure_ = 0;
-};
-
-class PlanDatabase : private store::ConnectionOpener {
- public:
-    PlanDatabase() { store::CreateSqliteDatabase(path_); }
 
     /// Runs statements of the engine, separated by ";", as another program would.
     void Sql(const std::string& script) {
         for (const std::string& statement : text::Split(script, ";")) Raw()->Execute(statement);
     }
     /// A line a row, columns joined by "|", dates as the file holds them.
-    std::string Rows(const std::string& query) { return store::RowsOf(*Raw(), query); }
+    std::string Rows(const std::string& query) { return doubles::RowsOf(*Raw(), query); }
 
  private:
-    std::unique_ptr<store::Connection> Open(const store::ConnectionSettings&) override {
-        return store::OpenSqlite(path_);
-    }
     std::unique_ptr<store::Connection> Raw() const {
         store::SqliteOptions options;
         options.translate = false;
@@ -64,10 +40,11 @@ class PlanDatabase : private store::ConnectionOpener {
 
     store::TemporaryFolder folder_;
     std::string path_ = Utf8Of(folder_ / u8"t.db");
+    doubles::RecordingOpener opener_;
 
  public:
-    SentStatements statements;
-    store::Database database{*this, [] { return store::ConnectionSettings{}; }, &statements};
+    doubles::RecordedStatements statements;
+    store::Database database{opener_, [] { return store::ConnectionSettings{}; }, &statements};
 };
 
 }  // namespace zv::plans

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 
 namespace zv::windows {
 namespace {
@@ -27,7 +27,7 @@ class LayoutChooser : public testing::Test {
         return window;
     }
 
-    stage::Stage stage;
+    test::TestApplication stage;
     std::string accepted;
 };
 

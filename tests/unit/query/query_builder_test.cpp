@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 
 namespace zv::windows {
 namespace {
@@ -33,7 +33,7 @@ class QueryBuilder : public testing::Test {
         stage.user.Click(window.cmdAdd);
     }
 
-    stage::Stage stage;
+    test::TestApplication stage;
     std::vector<items::Condition> before;
     std::string accepted;
 };

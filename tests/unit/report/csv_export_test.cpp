@@ -2,46 +2,40 @@
 
 #include <gtest/gtest.h>
 
+#include "doubles/memory_file.h"
 #include "report_stage.h"
 
 namespace zv::report {
 namespace {
 
-class TextFile final : public platform::OutputFile {
- public:
-    void Write(std::string_view bytes) override { text += bytes; }
-    void Commit() override {}
-    std::string text;
-};
-
 constexpr char kMark[] = "\xEF\xBB\xBF";
 
 TEST(WriteCsv, ATableIsHeadingsAndRows) {
-    TextFile file;
+    doubles::MemoryFile file;
     Document document = ListOf(1);
     document.table.rows[0][1] = "甲, 乙";
     WriteCsv(document, file);
-    EXPECT_EQ(file.text,
+    EXPECT_EQ(file.bytes,
               std::string(kMark) + "编号,主题,日期,执行人\r\n1,\"甲, 乙\",2003-03-07,李四\r\n");
 }
 
 TEST(WriteCsv, AnItemIsARowForEachField) {
-    TextFile file;
+    doubles::MemoryFile file;
     WriteCsv(ItemOf({{"TaskTitle", "主题", "拜访"}, {"", "备注", ""}}), file);
-    EXPECT_EQ(file.text, std::string(kMark) + "主题,拜访\r\n备注,\r\n");
+    EXPECT_EQ(file.bytes, std::string(kMark) + "主题,拜访\r\n备注,\r\n");
 }
 
 TEST(CsvExport, GoesOnInPieces) {
-    TextFile whole;
+    doubles::MemoryFile whole;
     const Document document = ListOf(2000);
     WriteCsv(document, whole);
-    TextFile file;
+    doubles::MemoryFile file;
     CsvExport csv(document, file);
     EXPECT_TRUE(csv.WriteRows(1500));
     EXPECT_EQ(csv.Done(), 1500u);
     EXPECT_FALSE(csv.WriteRows(1500));
     EXPECT_EQ(csv.Done(), csv.RowCount());
-    EXPECT_EQ(file.text, whole.text);
+    EXPECT_EQ(file.bytes, whole.bytes);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "base/errors.h"
 #include "base/text.h"
+#include "doubles/memory_file.h"
 #include "platform/scripted/scripted_machine.h"
 #include "report/pdf_painter.h"
 #include "report/saving.h"
@@ -138,13 +139,8 @@ TEST_F(PdfTest, AStoppedFileReplacesNothing) {
 }
 
 TEST_F(PdfTest, AnErrorOfTheFileReachesTheCaller) {
-    class FullDisk final : public platform::OutputFile {
-     public:
-        void Write(std::string_view) override {
-            throw RuntimeError(ErrorNumber::PathFileAccess, "full");
-        }
-        void Commit() override {}
-    } file;
+    doubles::MemoryFile file;
+    file.failing = "full";
     const Document document = ListOf(1000);
     const Layout layout(document, TestFonts());
     try {

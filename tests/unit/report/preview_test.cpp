@@ -3,29 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "doubles/queued_dialogs.h"
 #include "driver/headless/headless_driver.h"
 #include "forms/headless/headless_backend.h"
 #include "report_stage.h"
 
 namespace zv::report {
 namespace {
-
-class SilentDialogs final : public forms::Dialogs {
- public:
-    forms::Answer ShowMessage(forms::Form*, const std::string& text, int,
-                              const std::string&) override {
-        messages.push_back(text);
-        return forms::Answer::Ok;
-    }
-    std::optional<std::string> AskText(forms::Form*, const std::string&, const std::string&,
-                                       bool) override {
-        return {};
-    }
-    std::optional<std::string> ChooseFile(forms::Form*, const forms::FileRequest&) override {
-        return {};
-    }
-    std::vector<std::string> messages;
-};
 
 class Preview : public testing::Test {
  protected:
@@ -47,7 +31,7 @@ class Preview : public testing::Test {
         return painted_;
     }
 
-    SilentDialogs dialogs_;
+    doubles::QueuedDialogs dialogs_;
     forms::headless::HeadlessBackend backend_{dialogs_};
     forms::WindowSystem windows_{backend_};
     driver::HeadlessDriver user_;
@@ -189,7 +173,7 @@ TEST_F(Preview, ButtonsDoWhatTheySay) {
 TEST_F(Preview, AnErrorIsToldAndTheWindowGoesOn) {
     PreviewForm& form = Open(ListOf(3));
     user_.Click(form.cmdPdf);
-    EXPECT_EQ(dialogs_.messages, std::vector<std::string>{"in use"});
+    EXPECT_EQ(dialogs_.messages, std::vector<std::string>{"16|in use"});
     EXPECT_TRUE(form.IsShown());
 }
 

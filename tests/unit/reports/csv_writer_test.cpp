@@ -4,25 +4,13 @@
 
 #include <vector>
 
-#include "base/errors.h"
+#include "doubles/memory_file.h"
 
 namespace zv::reports {
 namespace {
 
-class Sink : public platform::OutputFile {
- public:
-    void Write(std::string_view piece) override {
-        bytes += piece;
-        pieces++;
-    }
-    void Commit() override { committed = true; }
-    std::string bytes;
-    int pieces = 0;
-    bool committed = false;
-};
-
 std::string Written(const std::vector<std::vector<std::string>>& rows) {
-    Sink sink;
+    doubles::MemoryFile sink;
     CsvWriter writer(sink);
     for (const auto& row : rows) {
         for (const std::string& field : row) writer.Field(field);
@@ -69,7 +57,7 @@ TEST(CsvWriter, LeavesPlainNumbersAlone) {
 }
 
 TEST(CsvWriter, HandsOverLargePieces) {
-    Sink sink;
+    doubles::MemoryFile sink;
     CsvWriter writer(sink);
     for (int row = 0; row < 20000; row++) {
         writer.Field("0123456789");

@@ -4,8 +4,8 @@
 
 #include <array>
 
+#include "application/test_application.h"
 #include "base/errors.h"
-#include "stage/stage.h"
 
 namespace zv::reports {
 namespace {
@@ -29,7 +29,7 @@ class GridExportTest : public testing::Test {
     }
     void Export() { ExportGrid(stage_.session, form_.Grid1, "查询任务.csv"); }
 
-    stage::Stage stage_;
+    test::TestApplication stage_;
     ListForm& form_ = stage_.windows.Create<ListForm>();
 };
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 
 namespace zv::reports {
 namespace {
@@ -19,7 +19,7 @@ class ListLayout : public testing::Test {
         return names;
     }
 
-    stage::Stage stage;
+    test::TestApplication stage;
 };
 
 TEST_F(ListLayout, WithoutAChoiceHasTheUsualColumns) {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "application/test_application.h"
 #include "forms/grid.h"
 #include "reports/print_grid.h"
 #include "reports/print_report.h"
 #include "reports/report_job.h"
-#include "stage/stage.h"
 
 namespace zv::reports {
 namespace {
@@ -42,7 +42,7 @@ class PrintReportTest : public testing::Test {
     }
     const platform::ReportJob& Job() { return stage.reports.printed.at(0).job; }
 
-    stage::Stage stage;
+    test::TestApplication stage;
     std::string text;
 };
 
@@ -200,7 +200,7 @@ class PrintGridTest : public testing::Test {
         }
     }
 
-    stage::Stage stage;
+    test::TestApplication stage;
     forms::Form form{stage.windows, "frmGrid"};
     forms::Grid grid{form, "Grid1"};
 };

@@ -1,8 +1,8 @@
-#include "resources/memory_settings.h"
+#include "doubles/memory_settings.h"
 
 #include <gtest/gtest.h>
 
-namespace zv::resources {
+namespace zv::doubles {
 namespace {
 
 TEST(MemorySettings, KeepsTextsByNamesWithoutRegardToCase) {
@@ -14,4 +14,4 @@ TEST(MemorySettings, KeepsTextsByNamesWithoutRegardToCase) {
 }
 
 }  // namespace
-}  // namespace zv::resources
+}  // namespace zv::doubles

@@ -1,12 +1,12 @@
 // The control with secrets in its settings: what it shows, reports, sends and stores.
 #include <gtest/gtest.h>
 
+#include "application/test_application.h"
 #include "base/text.h"
+#include "secrets/connection_texts.h"
 #include "reports/print_report.h"
 #include "resources/error_texts.h"
-#include "secrets/connection_texts.h"
 #include "session/module_gate.h"
-#include "stage/stage.h"
 #include "store/odbc/connection_string.h"
 #include "store/sqlite/sqlite_connection.h"
 #include "windows/query/ask_window.h"
@@ -14,7 +14,7 @@
 namespace zv::secrets {
 namespace {
 
-using stage::Stage;
+using test::TestApplication;
 
 std::string Lower(std::string_view words) {
     return text::ToLower(words);
@@ -40,7 +40,7 @@ std::unique_ptr<store::Connection> Repeat(const store::ConnectionSettings& setti
 
 class SecretsOfTheControl : public testing::TestWithParam<ConnectionCase> {
  protected:
-    static void Set(Stage& stage, const ConnectionCase& given) {
+    static void Set(TestApplication& stage, const ConnectionCase& given) {
         stage.control.SetSQLData(given.kind);
         stage.session.state.UserPath = given.path;
         stage.session.state.Password = given.password;
@@ -49,7 +49,7 @@ class SecretsOfTheControl : public testing::TestWithParam<ConnectionCase> {
     }
 
     /// Everything that somebody may read.
-    void LookAt(Stage& stage, const std::string& where) {
+    void LookAt(TestApplication& stage, const std::string& where) {
         for (const std::string& message : stage.dialogs.messages) Look(message, where + ": box");
         for (const std::string& prompt : stage.dialogs.prompts) Look(prompt, where + ": input box");
         for (const std::string& sql : stage.statements.Take()) Look(sql, where + ": statement");
@@ -62,7 +62,7 @@ class SecretsOfTheControl : public testing::TestWithParam<ConnectionCase> {
         EXPECT_EQ(Lower(text).find(Lower(kCanary)), std::string::npos) << where << "\n" << text;
     }
     template <class Act>
-    void AsHost(Stage& stage, const std::string& where, Act act) {
+    void AsHost(TestApplication& stage, const std::string& where, Act act) {
         try {
             stage.windows.FromHost(act);
             ADD_FAILURE() << where << ": nothing fails";
@@ -74,7 +74,7 @@ class SecretsOfTheControl : public testing::TestWithParam<ConnectionCase> {
         LookAt(stage, where);
     }
 
-    void PlayOpenings(Stage& stage) {
+    void PlayOpenings(TestApplication& stage) {
         AsHost(stage, "refresh", [&] { stage.control.refresh(1, 0); });
         AsHost(stage, "module", [&] { CheckModule(stage.session, "mnuCardPlan", 0, 1); });
         AsHost(stage, "print", [&] {
@@ -95,7 +95,7 @@ class SecretsOfTheControl : public testing::TestWithParam<ConnectionCase> {
 };
 
 TEST_P(SecretsOfTheControl, AreToldByNothingWhenTheDatabaseCannotBeOpened) {
-    Stage stage;
+    TestApplication stage;
     for (const std::int16_t language : {std::int16_t{0}, std::int16_t{1}}) {
         stage.session.state.Language = language;
         Set(stage, GetParam());
@@ -110,7 +110,7 @@ TEST_P(SecretsOfTheControl, AreToldByNothingWhenTheDatabaseCannotBeOpened) {
 using SecretsOfTheOptionsPage = SecretsOfTheControl;
 TEST_P(SecretsOfTheOptionsPage, AreToldByNothing) {
     for (const auto& open : {OpenForReal, Repeat}) {
-        Stage stage;
+        TestApplication stage;
         stage.control.refresh(1, 0);
         windows::frmTaskMain* window = stage.Window();
         ASSERT_NE(window, nullptr);

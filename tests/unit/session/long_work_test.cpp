@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 
 namespace zv::progress {
 namespace {
@@ -43,7 +43,7 @@ class LongWorkWindow : public testing::Test {
         return end;
     }
 
-    stage::Stage stage_;
+    test::TestApplication stage_;
     bool shown_ = false;
 };
 
@@ -67,14 +67,14 @@ TEST_F(LongWorkWindow, WorkIsShownWhenItsFirstSecondIsOver) {
     Play();
     class Slow : public Pieces {
      public:
-        explicit Slow(stage::Clock& clock) : Pieces(3), clock_(clock) {}
+        explicit Slow(platform::scripted::ScriptedClock& clock) : Pieces(3), clock_(clock) {}
         bool Continue() override {
-            clock_.now = clock_.now.AddSeconds(2);
+            clock_.Advance(2);
             return Pieces::Continue();
         }
 
      private:
-        stage::Clock& clock_;
+        platform::scripted::ScriptedClock& clock_;
     };
     Slow work(stage_.clock);
     EXPECT_EQ(Run(work), WorkEnd::Finished);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 
 namespace zv {
 namespace {
@@ -22,7 +22,7 @@ class ModuleGate : public testing::Test {
     std::int16_t Check(const std::string& name, std::int16_t mode = 0, std::int16_t launch = 0) {
         return CheckModule(stage.session, name, mode, launch);
     }
-    stage::Stage stage;
+    test::TestApplication stage;
 };
 
 TEST_F(ModuleGate, AnEmptyNameIsGrantedWithoutALook) {

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 
 namespace zv {
 namespace {
 
 TEST(Session, OpensWithWhatTheControlHolds) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.session.state.Password = "pw";
     stage.session.database.EnsureConnection();
     EXPECT_EQ(stage.opener.last.kind, 0);
@@ -19,7 +19,7 @@ TEST(Session, OpensWithWhatTheControlHolds) {
 }
 
 TEST(Session, AKindBelowZeroIsAFile) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.session.state.SQLData = -1;
     EXPECT_EQ(stage.session.Settings().kind, 0);
     stage.session.state.SQLData = 2;
@@ -27,7 +27,7 @@ TEST(Session, AKindBelowZeroIsAFile) {
 }
 
 TEST(Session, TheDateDelimiterFollowsTheKind) {
-    stage::Stage stage;
+    test::TestApplication stage;
     const DateTime day(2003, 3, 7);
     stage.session.database.EnsureConnection();
     EXPECT_EQ(stage.session.database.DateLiteral(day), "#03/07/2003#");
@@ -38,7 +38,7 @@ TEST(Session, TheDateDelimiterFollowsTheKind) {
 }
 
 TEST(Session, AFailedOpeningNamesReasonAndPath) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.session.state.UserPath = stage.Path("missing file 数据.mdb");
     try {
         stage.session.database.EnsureConnection();
@@ -50,7 +50,7 @@ TEST(Session, AFailedOpeningNamesReasonAndPath) {
 }
 
 TEST(Session, BoxesCarryTheProductTitle) {
-    stage::Stage stage;
+    test::TestApplication stage;
     EXPECT_EQ(stage.windows.title, resources::LoadText(1, 0));
     stage.session.state.Language = 1;
     stage.session.SetApplicationTitle();

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "application/test_application.h"
 #include "forms/text_box.h"
-#include "stage/stage.h"
 
 namespace zv {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 using Messages = std::vector<std::string>;
 
 TEST(CheckText, RefusesTheSingleQuoteOnly) {
-    stage::Stage stage;
+    test::TestApplication stage;
     EXPECT_TRUE(CheckText(stage.session, ""));
     EXPECT_TRUE(CheckText(stage.session, "say \"yes\""));
     EXPECT_TRUE(stage.dialogs.messages.empty());
@@ -20,7 +20,7 @@ TEST(CheckText, RefusesTheSingleQuoteOnly) {
 }
 
 TEST(CheckText, TellsInTheControlsLanguage) {
-    stage::Stage stage;
+    test::TestApplication stage;
     stage.session.state.Language = 1;
     EXPECT_FALSE(CheckText(stage.session, "'"));
     EXPECT_EQ(stage.dialogs.messages, Messages{"48|文本錯誤: 文本中不可含有<引號>或<單引號> !"});
@@ -34,7 +34,7 @@ class FieldText : public testing::Test {
         stage.dialogs.messages.clear();
         return CheckFieldText(stage.session, box, numericOnly);
     }
-    stage::Stage stage;
+    test::TestApplication stage;
     forms::Form form{stage.windows, "frmTest"};
     forms::TextBox box{form, "txtTest"};
 };
@@ -57,7 +57,7 @@ TEST_F(FieldText, OnlyNumbersPassWhereNumbersAreAsked) {
 }
 
 TEST(CutToBytes, CountsDoubleByteCharactersTwice) {
-    const stage::CodePage codePage;
+    const platform::scripted::ScriptedCodePage codePage;
     EXPECT_EQ(ByteLength(codePage, "ab任务"), 6u);
     EXPECT_EQ(CutToBytes(codePage, "ab任务", 6), "ab任务");
     EXPECT_EQ(CutToBytes(codePage, "ab任务", 5), "ab任");
@@ -66,7 +66,7 @@ TEST(CutToBytes, CountsDoubleByteCharactersTwice) {
 }
 
 TEST(FitTextBytes, TellsOnlyWhenSomethingIsCutAndTheFieldNamed) {
-    stage::Stage stage;
+    test::TestApplication stage;
     EXPECT_EQ(FitTextBytes(stage.session, "任务计划", 8, "主题"), "任务计划");
     EXPECT_EQ(FitTextBytes(stage.session, "任务计划", 7, ""), "任务计");
     EXPECT_TRUE(stage.dialogs.messages.empty());

@@ -12,6 +12,7 @@
 
 #include "base/errors.h"
 #include "base/path.h"
+#include "doubles/rows_of.h"
 #include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 
@@ -51,19 +52,7 @@ RuntimeError ErrorOf(Action action) {
     return RuntimeError(ErrorNumber::InternalError);
 }
 
-/// One line a row, columns joined by "|".
-inline std::string RowsOf(Connection& connection, const std::string& sql) {
-    std::string text;
-    const auto rows = connection.Open(sql, CursorType::ForwardOnly, LockType::ReadOnly);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        if (!text.empty()) text += '\n';
-        for (int column = 0; column < rows->FieldCount(); column++) {
-            if (column > 0) text += '|';
-            text += rows->Field(column).ToText();
-        }
-    }
-    return text;
-}
+using doubles::RowsOf;
 
 class DatabaseTest : public ::testing::Test {
  protected:

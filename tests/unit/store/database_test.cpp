@@ -21,24 +21,24 @@ TEST_P(EnsureConnection, OpensOnceAndKeepsTheConnection) {
     EXPECT_FALSE(database_.IsOpen());
     EXPECT_TRUE(database_.EnsureConnection());
     EXPECT_TRUE(database_.EnsureConnection());
-    EXPECT_EQ(opener_.opened, 1);
+    EXPECT_EQ(opener_.openings, 1);
 }
 TEST_P(EnsureConnection, OpensAnewAfterClosing) {
     database_.EnsureConnection();
     database_.Close();
     EXPECT_FALSE(database_.IsOpen());
     EXPECT_TRUE(database_.EnsureConnection());
-    EXPECT_EQ(opener_.opened, 2);
+    EXPECT_EQ(opener_.openings, 2);
 }
 TEST_P(EnsureConnection, PassesTheReasonOn) {
-    opener_.refuse = true;
+    RefuseConnections();
     EXPECT_EQ(ErrorOf([&] { database_.EnsureConnection(); }).Text(), "refused");
     EXPECT_FALSE(database_.IsOpen());
 }
 TEST_P(EnsureConnection, KeepsThePresentConnectionWhenAnotherCannotBeOpened) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fType) values(0)");
-    opener_.refuse = true;
+    RefuseConnections();
     EXPECT_EQ(ErrorOf([&] { database_.OpenConnection({}); }).Text(), "refused");
     EXPECT_TRUE(database_.IsOpen());
     EXPECT_EQ(database_.CountRows("tTaskList", ""), 1);
@@ -48,13 +48,13 @@ TEST_P(CountRows, CountsAllRowsWithoutAFilter) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fType) values(0),(1),(1)");
     EXPECT_EQ(database_.CountRows("tTaskList", ""), 3);
-    EXPECT_EQ(log_.statements, std::vector<std::string>{"select count(*) from tTaskList"});
+    EXPECT_EQ(log_.lines, std::vector<std::string>{"select count(*) from tTaskList"});
 }
 TEST_P(CountRows, AppendsTheFilterUnchanged) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fType) values(0),(1),(1)");
     EXPECT_EQ(database_.CountRows("tTaskList", " fType =1 "), 2);
-    EXPECT_EQ(log_.statements.back(), "select count(*) from tTaskList Where  fType =1 ");
+    EXPECT_EQ(log_.lines.back(), "select count(*) from tTaskList Where  fType =1 ");
 }
 TEST_P(CountRows, AnswersMinusOneForAMissingTable) {
     database_.EnsureConnection();
@@ -62,7 +62,7 @@ TEST_P(CountRows, AnswersMinusOneForAMissingTable) {
 }
 TEST_P(CountRows, AnswersMinusOneWhenTheDatabaseFails) {
     database_.EnsureConnection();
-    log_.fail = true;
+    log_.Fail(1, "told to fail");
     EXPECT_EQ(database_.CountRows("tTaskList", ""), -1);
 }
 TEST_P(CountRows, AnswersMinusOneBeyondSixteenBits) {
@@ -89,7 +89,7 @@ TEST_P(SetFields, LeavesNothingSaidAboutTheRowsWhenItFails) {
     database_.EnsureConnection();
     database_.Execute("delete from tTaskList where fID =77");
     EXPECT_TRUE(database_.ChangedNothing());
-    log_.fail = true;
+    log_.Fail(1, "told to fail");
     ErrorOf([&] {
         database_.SetFields("select * from tTaskList where fID=77", {{"tDone", Value(1)}});
     });
@@ -106,14 +106,13 @@ TEST_P(StatementLog, TellsStatementsExactlyAsSent) {
     database_.EnsureConnection();
     database_.Open("select max(TaskID) as  MaxID from tTaskSet");
     database_.Execute("delete from tTaskList where taskID =1");
-    EXPECT_EQ(log_.statements,
-              (std::vector<std::string>{"select max(TaskID) as  MaxID from tTaskSet",
-                                        "delete from tTaskList where taskID =1"}));
+    EXPECT_EQ(log_.lines, (std::vector<std::string>{"select max(TaskID) as  MaxID from tTaskSet",
+                                                    "delete from tTaskList where taskID =1"}));
 }
 TEST_P(StatementLog, FailsAStatementBeforeItReachesTheDatabase) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fType) values(0)");
-    log_.fail = true;
+    log_.Fail(1, "told to fail");
     EXPECT_EQ(ErrorOf([&] { database_.Execute("delete from tTaskList"); }).Text(), "told to fail");
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "1");
 }
@@ -122,11 +121,10 @@ TEST_P(StatementLog, TellsOfARowUpdateBeforeItIsWritten) {
     auto rows = database_.Open("select * from tTaskList", CursorType::Keyset, LockType::Optimistic);
     rows->AddNew();
     rows->SetField("taskTitle", "x");
-    log_.fail = true;
+    log_.Fail(1, "told to fail");
     ErrorOf([&] { rows->Update(); });
-    EXPECT_EQ(log_.updates, 1);
+    EXPECT_EQ(log_.rows, 1);
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "0");
-    log_.fail = false;
     rows->Update();
     EXPECT_EQ(Rows("select taskTitle from tTaskList"), "x");
 }

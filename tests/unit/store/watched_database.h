@@ -2,51 +2,31 @@
 #pragma once
 
 #include <memory>
-#include <string>
-#include <vector>
 
+#include "doubles/recorded_statements.h"
+#include "doubles/recording_opener.h"
 #include "engines.h"
 #include "store/database.h"
 
 namespace zv::store {
-
-class TestOpener final : public ConnectionOpener {
- public:
-    std::unique_ptr<Connection> Open(const ConnectionSettings&) override {
-        opened++;
-        if (refuse) throw RuntimeError(ErrorNumber::DatabaseFailure, "refused");
-        return database->Connect();
-    }
-    TestDatabase* database = nullptr;
-    int opened = 0;
-    bool refuse = false;
-};
-
-class TestLog final : public StatementObserver {
- public:
-    void OnStatement(const std::string& sql) override {
-        statements.push_back(sql);
-        if (fail) throw RuntimeError(ErrorNumber::DatabaseFailure, "told to fail");
-    }
-    void OnRowUpdate() override {
-        updates++;
-        if (fail) throw RuntimeError(ErrorNumber::DatabaseFailure, "told to fail");
-    }
-    std::vector<std::string> statements;
-    int updates = 0;
-    bool fail = false;
-};
 
 /// Tests of what stands on the shared connection, with a view of its statements.
 class WatchedDatabaseTest : public EngineTest {
  protected:
     void SetUp() override {
         EngineTest::SetUp();
-        opener_.database = EngineTest::database_.get();
+        opener_.open = [this](const ConnectionSettings&) {
+            return EngineTest::database_->Connect();
+        };
+    }
+    void RefuseConnections() {
+        opener_.open = [](const ConnectionSettings&) -> std::unique_ptr<Connection> {
+            throw RuntimeError(ErrorNumber::DatabaseFailure, "refused");
+        };
     }
 
-    TestOpener opener_;
-    TestLog log_;
+    doubles::RecordingOpener opener_;
+    doubles::RecordedStatements log_;
     Database database_{opener_, [] { return ConnectionSettings{}; }, &log_};
 };
 

@@ -8,9 +8,9 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "application/item_user.h"
+#include "application/test_application.h"
 #include "base/text.h"
-#include "stage/item_user.h"
-#include "stage/stage.h"
 #include "windows/generation/boxes.h"
 #include "windows/plan_editor/frm_task_set.h"
 
@@ -108,8 +108,8 @@ class Desk {
         return word == "yes" ? Answer::Yes : Answer::No;
     }
 
-    stage::Stage stage_;
-    std::optional<stage::ItemUser> user_;
+    test::TestApplication stage_;
+    std::optional<test::ItemUser> user_;
 };
 
 [[noreturn]] void Serve(store::TestDatabase& database, store::EngineKind engine,

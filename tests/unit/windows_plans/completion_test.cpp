@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "plan_stage.h"
+#include "plan_application.h"
 
 namespace zv::windows {
 namespace {
@@ -46,7 +46,7 @@ TEST(ReadTaskNumber, OverflowsBeyondThirtyTwoBits) {
     }
 }
 
-class TaskDone : public testing::Test, protected PlanStage {
+class TaskDone : public testing::Test, protected PlanApplication {
  protected:
     TaskDone() {
         Sql("insert into tTaskSet(TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,Type,"

@@ -1,7 +1,7 @@
 // What the user is asked and told while the engine of plans works.
 #include <gtest/gtest.h>
 
-#include "plan_stage.h"
+#include "plan_application.h"
 #include "windows/generation/boxes.h"
 
 namespace zv::windows {
@@ -16,7 +16,7 @@ constexpr const char* kQuestion =
 constexpr const char* kConfirm = "33|确认: 生成任务 [7 - 报表] ?";
 constexpr const char* kGone = "48|任务号 [7] 已不存在!";
 
-class GenerationBoxes : public testing::Test, protected PlanStage {
+class GenerationBoxes : public testing::Test, protected PlanApplication {
  protected:
     // A monthly plan of four items: 31 January to 30 April.
     GenerationBoxes() {
@@ -28,7 +28,7 @@ class GenerationBoxes : public testing::Test, protected PlanStage {
         Sql("insert into tTaskList(TaskID,taskTime,tDone,fType) values(7,'2003-01-31',1,0)");
     }
     void WhileABoxStands(const std::function<void()>& act) {
-        dialogs.onMessage = [act](const std::string&) { act(); };
+        dialogs.whileStanding = [act](const std::string&) { act(); };
     }
 
     const DateTime date{2003, 3, 10};

@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include "doubles/written_fields.h"
 #include "forms/form.h"
-#include "plan_stage.h"
+#include "plan_application.h"
 #include "session/text_checks.h"
-#include "stage/written_fields.h"
 #include "store/sqlite/sqlite_connection.h"
 #include "windows/staff/frm_list.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 using forms::Answer;
 
-class PlanEditorTest : public testing::Test, protected PlanStage {
+class PlanEditorTest : public testing::Test, protected PlanApplication {
  protected:
     frmTaskSet& Open(std::int16_t plan = 0) {
         windows.FromHost([&] { ShowPlanEditor(session, plan, false); });
@@ -180,7 +180,7 @@ constexpr const char* kStoredPlan =
     "'2006-02-01 00:00:00',1,2,6,30,3,1,7,'s','d','c')";
 
 TEST_F(PlanEditorTest, SetsTheFieldsInTheirOrderWhateverWasChanged) {
-    stage::WrittenFields written;
+    doubles::WrittenFields written;
     opener.open = [&](const store::ConnectionSettings& opened) {
         return written.Watch(store::OpenSqlite(opened.dataPath.ForDriver()));
     };

@@ -5,8 +5,8 @@
 #include "../scripted/temporary_folder.h"
 #include "forms/window_system.h"
 #include "playback.h"
+#include "scenario_stage.h"
 #include "script_text.h"
-#include "stage.h"
 
 namespace zv::script {
 namespace {
@@ -51,7 +51,7 @@ class Replay : public ::testing::Test {
         QuestionWatcher recording;
         QuestionWatcher disturbing(1, disturbance ? *disturbance : none_);
         QuestionWatcher& watcher = disturbance ? disturbing : recording;
-        const Action ask = [this, reads](Stage& stage) {
+        const Action ask = [this, reads](ScenarioStage& stage) {
             std::string whom = selected_;
             stage.dialogs.QueueAnswer(forms::Answer::Ok);
             stage.windows.ShowMessage("sure?", forms::box::kOkCancel);
@@ -64,7 +64,7 @@ class Replay : public ::testing::Test {
         Playback playback(std::move(steps), &watcher);
         const test::TemporaryFolder folder;
         const auto engine = MakeScriptEngine("embedded");
-        Stage stage(folder.Path(), BackendKind::Headless, *engine, {});
+        ScenarioStage stage(folder.Path(), BackendKind::Headless, *engine, {});
         stage.dialogs.whileStanding = [&](const StandingBox& box) {
             playback.RunWhileStanding(stage, box);
         };
@@ -77,8 +77,8 @@ class Replay : public ::testing::Test {
 
     std::string selected_;
     std::string twice_;
-    Disturbance none_{"none", [](Stage&) {}};
-    Disturbance selects_{"selects", [this](Stage&) { selected_ = "2"; }};
+    Disturbance none_{"none", [](ScenarioStage&) {}};
+    Disturbance selects_{"selects", [this](ScenarioStage&) { selected_ = "2"; }};
 };
 
 TEST_F(Replay, WhatIsReadBeforeTheQuestionStandsTheDisturbance) {
@@ -94,8 +94,9 @@ TEST_F(Replay, WhatIsReadAfterTheQuestionIsFound) {
 }
 
 TEST_F(Replay, ABoxThatStandsTwiceIsFound) {
-    const Disturbance again{
-        "again", [](Stage& stage) { stage.windows.ShowMessage("sure?", forms::box::kOkCancel); }};
+    const Disturbance again{"again", [](ScenarioStage& stage) {
+                                stage.windows.ShowMessage("sure?", forms::box::kOkCancel);
+                            }};
     Play(Reads::Before, &again);
     EXPECT_EQ(twice_, "sure?");
 }

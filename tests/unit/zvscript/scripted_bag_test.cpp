@@ -1,20 +1,20 @@
-#include "scripted_bag.h"
+#include "doubles/text_bag.h"
 
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
 
-namespace zv::script {
+namespace zv::doubles {
 namespace {
 
 TEST(ScriptedBag, ComparesKeysWithoutRegardToCase) {
-    ScriptedBag bag;
+    TextBag bag;
     bag.Put("Showmode", "1");
     EXPECT_EQ(bag.Read("showmode", std::int16_t{0}), BagValue(std::int16_t{1}));
 }
 
 TEST(ScriptedBag, BringsTextsIntoTheTypeOfTheDefault) {
-    ScriptedBag bag;
+    TextBag bag;
     bag.Put("n", "12");
     bag.Put("b", "True");
     EXPECT_EQ(bag.Read("n", std::string()), BagValue(std::string("12")));
@@ -24,7 +24,7 @@ TEST(ScriptedBag, BringsTextsIntoTheTypeOfTheDefault) {
 }
 
 TEST(ScriptedBag, AValueOfAWrongTypeIsAnError) {
-    ScriptedBag bag;
+    TextBag bag;
     bag.Put("n", "many");
     bag.Put("big", "32768");
     EXPECT_THROW(bag.Read("n", std::int16_t{0}), RuntimeError);
@@ -33,7 +33,7 @@ TEST(ScriptedBag, AValueOfAWrongTypeIsAnError) {
 }
 
 TEST(ScriptedBag, TellsWhatWasWrittenInItsOrder) {
-    ScriptedBag bag;
+    TextBag bag;
     bag.Write("b", true);
     bag.Write("a", std::int16_t{-3});
     bag.Write("c", std::string("x=y"));
@@ -41,4 +41,4 @@ TEST(ScriptedBag, TellsWhatWasWrittenInItsOrder) {
 }
 
 }  // namespace
-}  // namespace zv::script
+}  // namespace zv::doubles

@@ -8,7 +8,7 @@
 
 #include "store/connection.h"
 
-namespace zv::stage {
+namespace zv::doubles {
 
 class WrittenFields {
  public:
@@ -60,4 +60,4 @@ class WrittenFields {
     };
 };
 
-}  // namespace zv::stage
+}  // namespace zv::doubles

@@ -1,4 +1,4 @@
-// A host's property bag that holds texts.
+// A host's property bag that holds texts, as hosts store them.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 #include "control/property_bag.h"
 
-namespace zv::script {
+namespace zv::doubles {
 
-class ScriptedBag : public PropertyBag {
+class TextBag : public PropertyBag {
  public:
     /// Replaces what the key holds, if it holds anything.
     void Put(std::string_view key, std::string text);
@@ -18,8 +18,10 @@ class ScriptedBag : public PropertyBag {
     /// "KEY=VALUE" each, in the order written.
     std::vector<std::string> Lines() const;
 
+    std::vector<std::string> readKeys;  ///< in the order asked for
+
  private:
     std::vector<std::pair<std::string, std::string>> entries_;
 };
 
-}  // namespace zv::script
+}  // namespace zv::doubles

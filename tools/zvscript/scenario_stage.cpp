@@ -1,4 +1,4 @@
-#include "stage.h"
+#include "scenario_stage.h"
 
 #include <algorithm>
 
@@ -8,8 +8,8 @@
 
 namespace zv::script {
 
-Stage::Stage(const std::filesystem::path& folder, BackendKind backend, ScriptEngine& engine,
-             Loops loops)
+ScenarioStage::ScenarioStage(const std::filesystem::path& folder, BackendKind backend,
+                             ScriptEngine& engine, Loops loops)
     : machine(folder),
       settings(folder / "settings.ini"),
       opener(machine.files, engine),
@@ -24,7 +24,7 @@ Stage::Stage(const std::filesystem::path& folder, BackendKind backend, ScriptEng
     };
 }
 
-Stage::~Stage() {
+ScenarioStage::~ScenarioStage() {
     try {
         windows.UnloadAll();
     } catch (const std::exception&) {
@@ -32,7 +32,7 @@ Stage::~Stage() {
     }
 }
 
-void Stage::AsHost(const std::function<void()>& act) {
+void ScenarioStage::AsHost(const std::function<void()>& act) {
     try {
         windows.FromHost(act);
     } catch (const RuntimeError& error) {
@@ -41,13 +41,13 @@ void Stage::AsHost(const std::function<void()>& act) {
     }
 }
 
-std::string Stage::TakeError() {
+std::string ScenarioStage::TakeError() {
     const std::string text = error_.value_or("");
     error_.reset();
     return text;
 }
 
-void Stage::InFront(Standing kind, const std::function<void()>& act) {
+void ScenarioStage::InFront(Standing kind, const std::function<void()>& act) {
     Front& front = fronts_.emplace_back(Front{kind, {}});
     for (const forms::Form* form : windows.Windows()) {
         if (form->IsShown()) front.behind.push_back(form);
@@ -61,7 +61,7 @@ void Stage::InFront(Standing kind, const std::function<void()>& act) {
     fronts_.pop_back();
 }
 
-void Stage::RequireReachable(const forms::Form& form) const {
+void ScenarioStage::RequireReachable(const forms::Form& form) const {
     for (const Front& front : fronts_) {
         if (std::find(front.behind.begin(), front.behind.end(), &form) == front.behind.end()) {
             continue;
@@ -70,11 +70,11 @@ void Stage::RequireReachable(const forms::Form& form) const {
     }
 }
 
-std::optional<std::string> Stage::TakeProblem() {
+std::optional<std::string> ScenarioStage::TakeProblem() {
     return std::exchange(problem_, std::nullopt);
 }
 
-std::string Stage::TakeOpened() {
+std::string ScenarioStage::TakeOpened() {
     std::vector<std::string> lines = std::move(machine.shell.lines);
     machine.shell.lines.clear();
     for (const platform::ModuleStart& start : machine.modules.started) {
@@ -84,7 +84,7 @@ std::string Stage::TakeOpened() {
     return JoinLines(lines);
 }
 
-std::string Stage::TakePrinted() {
+std::string ScenarioStage::TakePrinted() {
     std::vector<std::string> lines;
     for (const auto& printed : machine.reports.printed) {
         lines.push_back(printed.job.reportName);

@@ -3,14 +3,14 @@
 
 #include <string>
 
-#include "stage/stage.h"
+#include "application/test_application.h"
 
-namespace zv::stage {
+namespace zv::test {
 
 class ItemUser {
  public:
     /// Opens the manager.
-    explicit ItemUser(Stage& stage);
+    explicit ItemUser(TestApplication& application);
 
     /// Fills the tree anew with the items whose title begins so. An edit under way is called off.
     void Seek(const std::string& beginning);
@@ -18,7 +18,7 @@ class ItemUser {
     bool Select(const std::string& title);
     bool Shows(const std::string& title) const { return !KeyOf(title).empty(); }
 
-    // Each begins with the tree as it is. What the user is asked is answered from the stage's
+    // Each begins with the tree as it is. What the user is asked is answered from the application's
     // queue.
     void Add(const std::string& title, const std::string& content);
     /// Opens the selected item for a change and types its content.
@@ -34,9 +34,9 @@ class ItemUser {
 
  private:
     std::string KeyOf(const std::string& title) const;
-    windows::frmTaskMain& Window() const { return *stage_.Window(); }
+    windows::frmTaskMain& Window() const { return *application_.Window(); }
 
-    Stage& stage_;
+    TestApplication& application_;
 };
 
-}  // namespace zv::stage
+}  // namespace zv::test

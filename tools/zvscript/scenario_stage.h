@@ -11,12 +11,13 @@
 
 #include "backend_stand.h"
 #include "control/zv_task.h"
+#include "doubles/recorded_statements.h"
+#include "doubles/text_bag.h"
 #include "forms/form.h"
 #include "forms/window_system.h"
 #include "interludes.h"
 #include "platform/scripted/scripted_machine.h"
 #include "resources/file_settings.h"
-#include "scripted_bag.h"
 #include "scripted_database.h"
 #include "scripted_dialogs.h"
 #include "session/session.h"
@@ -24,12 +25,12 @@
 
 namespace zv::script {
 
-class Stage {
+class ScenarioStage {
  public:
-    Stage(const std::filesystem::path& folder, BackendKind backend, ScriptEngine& engine,
-          Loops loops);
+    ScenarioStage(const std::filesystem::path& folder, BackendKind backend, ScriptEngine& engine,
+                  Loops loops);
     /// Unloads the windows that are left; what they ask is cancelled.
-    ~Stage();
+    ~ScenarioStage();
 
     /// Does what a host does: an error that leaves `act` is kept for TakeError.
     void AsHost(const std::function<void()>& act);
@@ -52,7 +53,7 @@ class Stage {
     platform::scripted::ScriptedMachine machine;
     resources::FileSettings settings;
     ScriptedOpener opener;
-    ScriptedStatements statements;
+    doubles::RecordedStatements statements;
     ScriptedDialogs dialogs;
     Interludes interludes;
     HostDatabase host;
@@ -63,7 +64,7 @@ class Stage {
     driver::Driver& driver;
     UserLocale locale;
 
-    ScriptedBag bag;                                ///< as last written
+    doubles::TextBag bag;                           ///< as last written
     std::string result;                             ///< of the last call
     std::function<void(const std::string&)> print;  ///< takes what "show" asks for; may be empty
 

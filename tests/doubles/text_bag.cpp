@@ -1,12 +1,12 @@
-#include "scripted_bag.h"
+#include "doubles/text_bag.h"
 
 #include "base/number.h"
 #include "base/text.h"
-#include "values.h"
+#include "doubles/truth_text.h"
 
-namespace zv::script {
+namespace zv::doubles {
 
-void ScriptedBag::Put(std::string_view key, std::string text) {
+void TextBag::Put(std::string_view key, std::string text) {
     for (auto& [name, value] : entries_) {
         if (text::EqualsIgnoreCase(name, key)) {
             value = std::move(text);
@@ -16,7 +16,8 @@ void ScriptedBag::Put(std::string_view key, std::string text) {
     entries_.emplace_back(std::string(key), std::move(text));
 }
 
-BagValue ScriptedBag::Read(std::string_view key, const BagValue& fallback) {
+BagValue TextBag::Read(std::string_view key, const BagValue& fallback) {
+    readKeys.emplace_back(key);
     for (const auto& [name, value] : entries_) {
         if (!text::EqualsIgnoreCase(name, key)) continue;
         if (std::holds_alternative<bool>(fallback)) return ToTruth(value);
@@ -26,7 +27,7 @@ BagValue ScriptedBag::Read(std::string_view key, const BagValue& fallback) {
     return fallback;
 }
 
-void ScriptedBag::Write(std::string_view key, const BagValue& value) {
+void TextBag::Write(std::string_view key, const BagValue& value) {
     if (const auto* flag = std::get_if<bool>(&value)) {
         Put(key, Truth(*flag));
     } else if (const auto* integer = std::get_if<std::int16_t>(&value)) {
@@ -36,10 +37,10 @@ void ScriptedBag::Write(std::string_view key, const BagValue& value) {
     }
 }
 
-std::vector<std::string> ScriptedBag::Lines() const {
+std::vector<std::string> TextBag::Lines() const {
     std::vector<std::string> lines;
     for (const auto& [name, value] : entries_) lines.push_back(name + '=' + value);
     return lines;
 }
 
-}  // namespace zv::script
+}  // namespace zv::doubles

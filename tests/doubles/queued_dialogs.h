@@ -1,0 +1,39 @@
+// Boxes that are answered from queues and keep what they said.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/dialogs.h"
+
+namespace zv::doubles {
+
+class QueuedDialogs : public forms::Dialogs {
+ public:
+    forms::Answer ShowMessage(forms::Form* owner, const std::string& text, int style,
+                              const std::string& title) override;
+    std::optional<std::string> AskText(forms::Form* owner, const std::string& prompt,
+                                       const std::string& title, bool secret) override;
+    /// Takes its path from the inputs.
+    std::optional<std::string> ChooseFile(forms::Form* owner,
+                                          const forms::FileRequest& request) override;
+
+    /// Of message boxes.
+    std::deque<forms::Answer> answers;
+    /// A question that finds no answer in the queue throws std::logic_error, and a message takes
+    /// none; otherwise it is OK.
+    bool mustHaveAnswers = false;
+    /// Of input boxes and file dialogs; nothing, as an empty queue: cancelled.
+    std::deque<std::optional<std::string>> inputs;
+    /// Runs while a box stands, with its text, its prompt or its title; may be empty.
+    std::function<void(const std::string&)> whileStanding;
+
+    std::vector<std::string> messages;  ///< "STYLE|TEXT"
+    std::vector<std::string> prompts;   ///< titles of file dialogs among them
+    std::vector<forms::FileRequest> fileRequests;
+};
+
+}  // namespace zv::doubles
