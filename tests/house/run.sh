@@ -24,11 +24,11 @@ check "src includes nothing of host, tools and tests" \
 # Folders below host/, tools/ and tests/ are named without theirs in front.
 played='driver|test_server|zvdb|zvscript'
 check "what ships includes nothing of tools and tests" \
-    "$(sources src host | xargs grep -nE "#include \"($played|stage|contract|forms/headless)/" |
+    "$(sources src host | xargs grep -nE "#include \"($played|doubles|application|contract|forms/headless)/" |
         grep -v '^src/forms/headless/')"
 check "what ships links nothing that plays the user" \
     "$(git ls-files -co --exclude-standard -- src host | grep 'CMakeLists.txt$' |
-        xargs grep -nE 'zv_(driver|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
+        xargs grep -nE 'zv_(driver|doubles|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
 
 # A folder may include only folders that stand before it in this list, and itself.
 order=(base store platform resources suite items cards staff plans forms progress session reports windows control com)
@@ -85,6 +85,27 @@ check "texts of a language stand in its file" \
 check "no test for the operating system outside the ports" \
     "$(sources src | grep -vE '^src/(com|[a-z]+/(win32|ado|odbc|sqlite|headless|scripted))/' |
         xargs grep -nE '_WIN32|windows\.h')"
+
+# What stands in for a port is found in one place. A scenario has boxes and a database of its own;
+# their comments say why.
+ports='Dialogs|ConnectionOpener|StatementObserver|Clock|AnsiCodePage|Shell|FileSystem|OutputFile'
+ports="$ports|ModuleRunner|ReportPrinter|SettingsStore|PropertyBag|store::Connection|Recordset"
+stands_in="(\\b(public|protected|private)|^ *struct +[A-Za-z]+( final)? *:) ([a-z]+::)*($ports)( |,|\\{|$)"
+check "what stands in for a port is a double" \
+    "$(sources tests bench tools |
+        grep -vE '^(tests/doubles/|tools/zvscript/scripted_(dialogs|database)\.h$)' |
+        xargs grep -nE "$stands_in")"
+check "the doubles are seen" \
+    "$([ "$(sources tests/doubles tools/zvscript | xargs grep -hE "$stands_in" | wc -l)" -ge 16 ] ||
+        echo "fewer than there are")"
+check "no two doubles have one name" \
+    "$(sources tests/doubles tests/application tools/zvscript src/platform/scripted bench |
+        grep '\.h$' | xargs sed -nE 's/^(class|struct) ([A-Za-z]+).*[{:].*/\2/p' | sort | uniq -d)"
+check "a double knows only ports" \
+    "$(sources tests/doubles | xargs grep -nE '#include "' |
+        grep -vE '#include "(base|store|platform|resources|forms|doubles)/|"control/property_bag\.h"')"
+check "tools know of the tests only the doubles" \
+    "$(sources tools | xargs grep -nE '#include "(application|contract|unit)/')"
 
 check "nothing is thrown at the system" \
     "$(sources src/{base,forms,platform}/win32 src/{com,store/ado} host |

@@ -4,15 +4,15 @@
 
 #include "base/errors.h"
 #include "connection_object.h"
-#include "scripted_connection.h"
+#include "doubles/scripted_connection.h"
 #include "store/ado/ado_recordset.h"
 #include "store/ado/value_conversion.h"
 
 namespace zv::store::ado {
 namespace {
 
-using test::Script;
-using test::Table;
+using doubles::Script;
+using doubles::Table;
 
 template <class Action>
 RuntimeError ErrorFrom(Action&& action) {
@@ -30,7 +30,7 @@ class AdoConnection : public testing::Test {
     void SetUp() override {
         ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
         connection_ = WrapConnection(win32::ComPtr<IDispatch>::Attach(new host::ConnectionObject(
-            [this] { return test::MakeScriptedConnection(script_); }, "test")));
+            [this] { return doubles::MakeScriptedConnection(script_); }, "test")));
     }
     void TearDown() override {
         connection_.reset();

@@ -3,8 +3,8 @@
 
 #include "ado_errors.h"
 #include "connection_object.h"
+#include "doubles/scripted_connection.h"
 #include "recordset_object.h"
-#include "scripted_connection.h"
 #include "store/ado/automation.h"
 
 namespace zv::host {
@@ -38,7 +38,7 @@ class HostObjects : public testing::Test {
         table.rows = {{Value(1), Value("王")}, {Value(2), Value("李")}, {Value(3), Value()}};
         script_.answers["select * from nobody"].columns = {"id"};
         connection_ = ComPtr<IDispatch>::Attach(new ConnectionObject(
-            [this] { return test::MakeScriptedConnection(script_); }, "Data Source=\"x\";"));
+            [this] { return doubles::MakeScriptedConnection(script_); }, "Data Source=\"x\";"));
     }
     void TearDown() override {
         connection_.Reset();
@@ -82,7 +82,7 @@ class HostObjects : public testing::Test {
         return win32::ToUtf8(value.Get().bstrVal);
     }
 
-    test::Script script_;
+    doubles::Script script_;
     ComPtr<IDispatch> connection_;
 };
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "base/path.h"
+#include "doubles/recording_opener.h"
 #include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 
@@ -12,20 +13,20 @@ namespace zv::items {
 namespace {
 
 // The domain on an embedded file, without any window, session or machine.
-class ItemStore : public testing::Test, public store::ConnectionOpener {
+class ItemStore : public testing::Test {
  protected:
     ItemStore() {
         std::string name = (std::filesystem::temp_directory_path() / "zv-items-XXXXXX").string();
         folder_ = mkdtemp(name.data());
         path_ = Utf8Of(folder_ / "t.db");
         store::CreateSqliteDatabase(path_);
+        opener_.open = [this](const store::ConnectionSettings&) {
+            return store::OpenSqlite(path_);
+        };
     }
     ~ItemStore() override {
         database.Close();
         std::filesystem::remove_all(folder_);
-    }
-    std::unique_ptr<store::Connection> Open(const store::ConnectionSettings&) override {
-        return store::OpenSqlite(path_);
     }
     void Sql(const std::string& statement) {
         database.EnsureConnection();
@@ -43,7 +44,8 @@ class ItemStore : public testing::Test, public store::ConnectionOpener {
 
     std::filesystem::path folder_;
     std::string path_;
-    store::Database database{*this, [] { return store::ConnectionSettings{}; }};
+    doubles::RecordingOpener opener_;
+    store::Database database{opener_, [] { return store::ConnectionSettings{}; }};
 };
 
 TEST_F(ItemStore, WhatIsAddedCanBeLoaded) {

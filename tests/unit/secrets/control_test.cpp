@@ -3,9 +3,9 @@
 
 #include "application/test_application.h"
 #include "base/text.h"
-#include "secrets/connection_texts.h"
 #include "reports/print_report.h"
 #include "resources/error_texts.h"
+#include "secrets/connection_texts.h"
 #include "session/module_gate.h"
 #include "store/odbc/connection_string.h"
 #include "store/sqlite/sqlite_connection.h"

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdlib>
 
+#include "doubles/recording_opener.h"
 #include "engines.h"
 #include "proxy.h"
 #include "store/database.h"
@@ -17,8 +18,11 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
 
-class ServerFault : public ::testing::Test, protected ConnectionOpener {
+class ServerFault : public ::testing::Test {
  protected:
+    ServerFault() {
+        opener_.open = [this](const ConnectionSettings& settings) { return Open(settings); };
+    }
     void SetUp() override {
         direct_ = test_server::Address();
         if (direct_.empty()) {
@@ -31,7 +35,7 @@ class ServerFault : public ::testing::Test, protected ConnectionOpener {
         entries_.Add("Port", std::to_string(proxy_->Port()));
     }
 
-    std::unique_ptr<Connection> Open(const ConnectionSettings& settings) override {
+    std::unique_ptr<Connection> Open(const ConnectionSettings& settings) const {
         odbc::OdbcOptions options = odbc::OptionsFor(settings);
         options.translate = false;
         options.connectLimit = limit_;
@@ -72,7 +76,8 @@ class ServerFault : public ::testing::Test, protected ConnectionOpener {
     std::unique_ptr<Proxy> proxy_;
     std::chrono::milliseconds limit_ = 3s;
     std::chrono::nanoseconds took_{};
-    Database database_{*this, [this] { return Settings(); }};
+    doubles::RecordingOpener opener_;
+    Database database_{opener_, [this] { return Settings(); }};
 };
 
 TEST_F(ServerFault, AServerThatStopsIsToldOnceAndTheNextActionOpensAgain) {

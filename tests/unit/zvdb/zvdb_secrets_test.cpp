@@ -1,7 +1,7 @@
 // Every command with connections that hold secrets: nothing of them is printed or left in a file.
 #include "base/text.h"
-#include "secrets/connection_texts.h"
 #include "scratch.h"
+#include "secrets/connection_texts.h"
 #include "store/connection_text.h"
 #include "zvdb/command_line.h"
 

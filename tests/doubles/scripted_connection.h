@@ -8,7 +8,7 @@
 
 #include "store/connection.h"
 
-namespace zv::test {
+namespace zv::doubles {
 
 struct Table {
     std::vector<std::string> columns;
@@ -27,4 +27,4 @@ struct Script {
 
 std::unique_ptr<store::Connection> MakeScriptedConnection(Script& script);
 
-}  // namespace zv::test
+}  // namespace zv::doubles

@@ -1,9 +1,9 @@
-#include "scripted_connection.h"
+#include "doubles/scripted_connection.h"
 
 #include "base/errors.h"
 #include "base/text.h"
 
-namespace zv::test {
+namespace zv::doubles {
 namespace {
 
 class ScriptedRecordset final : public store::Recordset {
@@ -92,4 +92,4 @@ std::unique_ptr<store::Connection> MakeScriptedConnection(Script& script) {
     return std::make_unique<ScriptedConnection>(script);
 }
 
-}  // namespace zv::test
+}  // namespace zv::doubles
