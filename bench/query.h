@@ -8,6 +8,7 @@
 
 #include "bench_application.h"
 #include "floors/raw_query.h"
+#include "items/criteria.h"
 #include "measure.h"
 #include "windows/query/ask_window.h"
 
@@ -21,7 +22,8 @@ inline void MeasureQuery(forms::Backend& backend, const std::string& path, int r
     Session& session = application.GetSession();
     windows::ShowAsk(session, false);
     auto* window = session.windows.Find<windows::frmAsk>(windows::frmAsk::kName);
-    const std::string statement = reports::AskStatement({}, '#');
+    const int columns = window->Grid1.ColumnCount();
+    const std::string statement = items::AskStatement({}, '#');
 
     Series ours;
     Series floor;
@@ -41,11 +43,10 @@ inline void MeasureQuery(forms::Backend& backend, const std::string& path, int r
             RawDatabase database(path);
             bytes = 0;
             // Every text is looked at, as whoever shows it must.
-            rows = database.Read(statement, [&](const char* const* columns) {
-                for (int column = 0; column < reports::kAskColumns; column++) {
-                    if (columns[column]) {
-                        bytes +=
-                            static_cast<double>(std::char_traits<char>::length(columns[column]));
+            rows = database.Read(statement, [&](const char* const* row) {
+                for (int column = 0; column < columns; column++) {
+                    if (row[column]) {
+                        bytes += static_cast<double>(std::char_traits<char>::length(row[column]));
                     }
                 }
             });
@@ -58,7 +59,7 @@ inline void MeasureQuery(forms::Backend& backend, const std::string& path, int r
 
     double texts = 0;
     for (int row = 1; row <= rows; row++) {
-        for (int column = 1; column <= reports::kAskColumns; column++) {
+        for (int column = 1; column <= columns; column++) {
             texts += static_cast<double>(window->Grid1.Cell(row, column).size());
         }
     }
