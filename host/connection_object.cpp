@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ado_errors.h"
+#include "automation/variant_readers.h"
 #include "base/text.h"
 #include "recordset_object.h"
 #include "store/ado/ado_connection.h"
@@ -11,6 +12,7 @@
 namespace zv::host {
 namespace {
 
+using automation::Offers;
 using win32::ComPtr;
 using win32::Variant;
 
@@ -33,13 +35,13 @@ bool AnswersRows(std::string_view sql) {
 std::span<const MemberEntry<ConnectionObject>> ConnectionObject::Members() {
     using C = ConnectionObject;
     static constexpr std::array<MemberEntry<C>, 7> kMembers{{
-        {L"ConnectionString", DISPID_VALUE, &C::ConnectionString},
-        {L"Execute", 1, &C::Execute},
-        {L"State", 2, &C::State},
-        {L"Open", 3, &C::Open},
-        {L"Close", 4, &C::Close},
-        {store::ado::kRecordsetFactory, 5, &C::CreateRecordset},
-        {L"CursorLocation", 6, &C::ReadCursorLocation, &C::AssignCursorLocation},
+        Offers<&C::ConnectionString>(L"ConnectionString", DISPID_VALUE),
+        Offers<&C::Execute>(L"Execute", 1),
+        Offers<&C::State>(L"State", 2),
+        Offers<&C::Open>(L"Open", 3),
+        Offers<&C::Close>(L"Close", 4),
+        Offers<&C::CreateRecordset>(store::ado::kRecordsetFactory, 5),
+        Offers<&C::ReadCursorLocation, &C::AssignCursorLocation>(L"CursorLocation", 6),
     }};
     return kMembers;
 }
@@ -59,7 +61,7 @@ ComPtr<ConnectionObject> ConnectionObject::From(const Variant& value) {
     return ComPtr<ConnectionObject>::Attach(connection);
 }
 
-STDMETHODIMP ConnectionObject::QueryInterface(REFIID iid, void** object) {
+STDMETHODIMP ConnectionObject::QueryInterface(REFIID iid, void** object) noexcept {
     if (object && iid == kOwnClass) {
         AddRef();
         *object = this;
@@ -126,9 +128,7 @@ Variant ConnectionObject::ReadCursorLocation(const Arguments&) {
 }
 
 void ConnectionObject::AssignCursorLocation(const Arguments& arguments) {
-    Variant value = arguments.Assigned();
-    if (FAILED(value.ChangeType(VT_I4))) throw RuntimeError(ErrorNumber::TypeMismatch);
-    cursorLocation_ = static_cast<std::int32_t>(value.Get().lVal);
+    cursorLocation_ = automation::ToNumber(arguments.Assigned(), automation::Misfit::TypeMismatch);
 }
 
 }  // namespace zv::host

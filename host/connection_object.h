@@ -7,10 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "dispatch.h"
+#include "automation/dispatch.h"
 #include "store/connection.h"
 
 namespace zv::host {
+
+using automation::Arguments;
+using automation::DispatchObject;
+using automation::MemberEntry;
 
 class RecordsetObject;
 
@@ -36,7 +40,7 @@ class ConnectionObject final : public DispatchObject<ConnectionObject> {
     void Attach(RecordsetObject& recordset) { recordsets_.push_back(&recordset); }
     void Detach(RecordsetObject& recordset) { std::erase(recordsets_, &recordset); }
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
 
  private:
     ~ConnectionObject() override;

@@ -8,6 +8,7 @@
 namespace zv::host {
 namespace {
 
+using automation::Offers;
 using win32::ComPtr;
 using win32::Variant;
 
@@ -41,9 +42,9 @@ using FieldEnumerator = win32::Enumerator<IEnumVARIANT, VARIANT, FieldItems>;
 std::span<const MemberEntry<FieldsObject>> FieldsObject::Members() {
     using F = FieldsObject;
     static constexpr std::array<MemberEntry<F>, 3> kMembers{{
-        {L"Item", DISPID_VALUE, &F::Item, &F::AssignItem},
-        {L"Count", 1, &F::Count},
-        {L"_NewEnum", DISPID_NEWENUM, &F::NewEnum},
+        Offers<&F::Item, &F::AssignItem>(L"Item", DISPID_VALUE),
+        Offers<&F::Count>(L"Count", 1),
+        Offers<&F::NewEnum>(L"_NewEnum", DISPID_NEWENUM),
     }};
     return kMembers;
 }
@@ -72,8 +73,8 @@ Variant FieldsObject::NewEnum(const Arguments&) {
 std::span<const MemberEntry<FieldObject>> FieldObject::Members() {
     using F = FieldObject;
     static constexpr std::array<MemberEntry<F>, 2> kMembers{{
-        {L"Value", DISPID_VALUE, &F::Value, &F::AssignValue},
-        {L"Name", 1, &F::Name},
+        Offers<&F::Value, &F::AssignValue>(L"Value", DISPID_VALUE),
+        Offers<&F::Name>(L"Name", 1),
     }};
     return kMembers;
 }

@@ -3,10 +3,14 @@
 
 #include <span>
 
-#include "dispatch.h"
+#include "automation/dispatch.h"
 #include "recordset_object.h"
 
 namespace zv::host {
+
+using automation::Arguments;
+using automation::DispatchObject;
+using automation::MemberEntry;
 
 class FieldsObject final : public DispatchObject<FieldsObject> {
  public:

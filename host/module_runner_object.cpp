@@ -4,11 +4,13 @@
 #include <map>
 #include <vector>
 
+#include "automation/variant_readers.h"
 #include "base/win32/com_error.h"
 
 namespace zv::host {
 namespace {
 
+using automation::Offers;
 using win32::ToWide;
 using win32::Variant;
 
@@ -74,9 +76,7 @@ Variant ModuleRunnerObject::ReadText(const Arguments&) {
 
 template <auto Field>
 void ModuleRunnerObject::AssignText(const Arguments& arguments) {
-    Variant value = arguments.Assigned();
-    if (FAILED(value.ChangeType(VT_BSTR))) throw RuntimeError(ErrorNumber::TypeMismatch);
-    state_.*Field = win32::ToUtf8(value.Get().bstrVal);
+    state_.*Field = automation::ToText(arguments.Assigned(), automation::Misfit::TypeMismatch);
 }
 
 template <auto Field>
@@ -86,28 +86,26 @@ Variant ModuleRunnerObject::ReadNumber(const Arguments&) {
 
 template <auto Field>
 void ModuleRunnerObject::AssignNumber(const Arguments& arguments) {
-    Variant value = arguments.Assigned();
-    const HRESULT hr = value.ChangeType(VT_I4);
-    if (FAILED(hr)) throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
-    state_.*Field = static_cast<std::int32_t>(value.Get().lVal);
+    state_.*Field = automation::ToNumber(arguments.Assigned(), automation::Misfit::Result);
 }
 
 std::span<const MemberEntry<ModuleRunnerObject>> ModuleRunnerObject::Members() {
     using M = ModuleRunnerObject;
     using S = State;
     static constexpr std::array<MemberEntry<M>, 11> kMembers{{
-        {L"Language", 1, &M::ReadNumber<&S::language>, &M::AssignNumber<&S::language>},
-        {L"StartMode", 2, &M::ReadNumber<&S::startMode>, &M::AssignNumber<&S::startMode>},
-        {L"UserPath", 3, &M::ReadText<&S::userPath>, &M::AssignText<&S::userPath>},
+        Offers<&M::ReadNumber<&S::language>, &M::AssignNumber<&S::language>>(L"Language", 1),
+        Offers<&M::ReadNumber<&S::startMode>, &M::AssignNumber<&S::startMode>>(L"StartMode", 2),
+        Offers<&M::ReadText<&S::userPath>, &M::AssignText<&S::userPath>>(L"UserPath", 3),
         // The password can be set but not asked for.
-        {L"Password", 4, nullptr, &M::AssignText<&S::password>},
-        {L"SQLData", 5, &M::ReadNumber<&S::sqlData>, &M::AssignNumber<&S::sqlData>},
-        {L"UserID", 6, &M::ReadText<&S::userId>, &M::AssignText<&S::userId>},
-        {L"Default", 7, &M::ReadText<&S::defaultDatabase>, &M::AssignText<&S::defaultDatabase>},
-        {L"UserName", 8, &M::ReadText<&S::userName>, &M::AssignText<&S::userName>},
-        {L"Heading", 9, &M::ReadText<&S::heading>, &M::AssignText<&S::heading>},
-        {L"ModuleName", 10, &M::ReadText<&S::moduleName>, &M::AssignText<&S::moduleName>},
-        {L"Start", 11, &M::Start},
+        Offers<nullptr, &M::AssignText<&S::password>>(L"Password", 4),
+        Offers<&M::ReadNumber<&S::sqlData>, &M::AssignNumber<&S::sqlData>>(L"SQLData", 5),
+        Offers<&M::ReadText<&S::userId>, &M::AssignText<&S::userId>>(L"UserID", 6),
+        Offers<&M::ReadText<&S::defaultDatabase>, &M::AssignText<&S::defaultDatabase>>(L"Default",
+                                                                                       7),
+        Offers<&M::ReadText<&S::userName>, &M::AssignText<&S::userName>>(L"UserName", 8),
+        Offers<&M::ReadText<&S::heading>, &M::AssignText<&S::heading>>(L"Heading", 9),
+        Offers<&M::ReadText<&S::moduleName>, &M::AssignText<&S::moduleName>>(L"ModuleName", 10),
+        Offers<&M::Start>(L"Start", 11),
     }};
     return kMembers;
 }

@@ -4,10 +4,14 @@
 #include <span>
 #include <string>
 
-#include "dispatch.h"
+#include "automation/dispatch.h"
 #include "store/connection_opener.h"
 
 namespace zv::host {
+
+using automation::Arguments;
+using automation::DispatchObject;
+using automation::MemberEntry;
 
 /// Where a module's program is registered: a value named like the module holds its path. The
 /// user's own entry comes before the machine's.

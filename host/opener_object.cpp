@@ -11,6 +11,7 @@
 namespace zv::host {
 namespace {
 
+using automation::Offers;
 using win32::ComPtr;
 using win32::Variant;
 
@@ -47,8 +48,8 @@ ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings) {
 
 std::span<const MemberEntry<OpenerObject>> OpenerObject::Members() {
     static constexpr std::array<MemberEntry<OpenerObject>, 2> kMembers{{
-        {store::ado::kOpenConnection, 1, &OpenerObject::OpenConnection},
-        {L"OpenShared", 2, &OpenerObject::OpenShared},
+        Offers<&OpenerObject::OpenConnection>(store::ado::kOpenConnection, 1),
+        Offers<&OpenerObject::OpenShared>(L"OpenShared", 2),
     }};
     return kMembers;
 }

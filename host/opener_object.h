@@ -3,11 +3,15 @@
 
 #include <span>
 
-#include "dispatch.h"
+#include "automation/dispatch.h"
 #include "store/ado/ado_opener.h"
 #include "store/connection_opener.h"
 
 namespace zv::host {
+
+using automation::Arguments;
+using automation::DispatchObject;
+using automation::MemberEntry;
 
 class OpenerObject final : public DispatchObject<OpenerObject> {
  public:

@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "base/win32/com_error.h"
 #include "open_errors.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 #include "store/ado/provider_errors.h"
 #include "store/connection_entries.h"
 
@@ -21,8 +21,7 @@ std::string ChooseProvider(const store::engines::Engine& engine, std::string_vie
                            std::string_view kind) {
     std::string names;
     for (const std::string_view provider : engine.connecting->Providers()) {
-        CLSID classId{};
-        if (SUCCEEDED(CLSIDFromProgID(win32::ToWide(provider).c_str(), &classId))) {
+        if (automation::IsRegistered(win32::ToWide(provider).c_str())) {
             return std::string(provider);
         }
         if (!names.empty()) names += ", ";
@@ -36,13 +35,8 @@ std::string ChooseProvider(const store::engines::Engine& engine, std::string_vie
 ComPtr<IDispatch> OpenAdo(const std::string& connectionString,
                           const store::ConnectionSettings& settings) {
     const std::string path = settings.ForMessage();
-    CLSID classId{};
     ComPtr<IDispatch> connection;
-    HRESULT hr = CLSIDFromProgID(L"ADODB.Connection", &classId);
-    if (SUCCEEDED(hr)) {
-        hr = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                              connection.PutVoid());
-    }
+    const HRESULT hr = automation::Create(L"ADODB.Connection", connection);
     if (FAILED(hr)) {
         throw CannotOpen(ErrorNumber::CannotCreateObject, path,
                          "ADODB.Connection cannot be created: " + win32::SystemMessage(hr),

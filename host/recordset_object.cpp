@@ -6,19 +6,20 @@
 #include <vector>
 
 #include "ado_errors.h"
+#include "automation/variant_readers.h"
 #include "fields_object.h"
 #include "store/ado/value_conversion.h"
 
 namespace zv::host {
 namespace {
 
+using automation::Offers;
 using win32::ComPtr;
 using win32::Variant;
 
 std::int32_t AssignedInt(const Arguments& arguments, std::int32_t lowest, std::int32_t highest) {
-    Variant value = arguments.Assigned();
-    if (FAILED(value.ChangeType(VT_I4))) throw RuntimeError(ErrorNumber::TypeMismatch);
-    const auto number = static_cast<std::int32_t>(value.Get().lVal);
+    const std::int32_t number =
+        automation::ToNumber(arguments.Assigned(), automation::Misfit::TypeMismatch);
     if (number < lowest || number > highest) {
         throw MakeAdoError(AdoError::InvalidArgument, "The value is out of range.");
     }
@@ -63,25 +64,25 @@ std::span<const MemberEntry<RecordsetObject>> RecordsetObject::Members() {
     using R = RecordsetObject;
     // Fields is also the default member, so that rs("name") works.
     static constexpr std::array<MemberEntry<R>, 19> kMembers{{
-        {L"Fields", DISPID_VALUE, &R::Fields, &R::AssignField},
-        {L"EOF", 1, &R::Eof},
-        {L"BOF", 2, &R::Bof},
-        {L"MoveNext", 3, &R::MoveNext},
-        {L"GetRows", 4, &R::GetRows},
-        {L"Open", 5, &R::Open},
-        {L"Close", 6, &R::Close},
-        {L"State", 7, &R::State},
-        {L"AddNew", 8, &R::AddNew},
-        {L"Update", 9, &R::Update},
-        {L"MoveFirst", 10, &R::MoveFirst},
-        {L"RecordCount", 11, &R::RecordCount},
-        {L"Requery", 12, &R::Requery},
-        {L"Source", 13, &R::Source, &R::AssignSource},
-        {L"ActiveConnection", 14, &R::ActiveConnection, &R::AssignActiveConnection},
-        {L"CursorType", 15, &R::CursorType, &R::AssignCursorType},
-        {L"LockType", 16, &R::LockType, &R::AssignLockType},
-        {L"CursorLocation", 17, &R::CursorLocation, &R::AssignCursorLocation},
-        {L"Collect", 18, &R::Fields, &R::AssignField},
+        Offers<&R::Fields, &R::AssignField>(L"Fields", DISPID_VALUE),
+        Offers<&R::Eof>(L"EOF", 1),
+        Offers<&R::Bof>(L"BOF", 2),
+        Offers<&R::MoveNext>(L"MoveNext", 3),
+        Offers<&R::GetRows>(L"GetRows", 4),
+        Offers<&R::Open>(L"Open", 5),
+        Offers<&R::Close>(L"Close", 6),
+        Offers<&R::State>(L"State", 7),
+        Offers<&R::AddNew>(L"AddNew", 8),
+        Offers<&R::Update>(L"Update", 9),
+        Offers<&R::MoveFirst>(L"MoveFirst", 10),
+        Offers<&R::RecordCount>(L"RecordCount", 11),
+        Offers<&R::Requery>(L"Requery", 12),
+        Offers<&R::Source, &R::AssignSource>(L"Source", 13),
+        Offers<&R::ActiveConnection, &R::AssignActiveConnection>(L"ActiveConnection", 14),
+        Offers<&R::CursorType, &R::AssignCursorType>(L"CursorType", 15),
+        Offers<&R::LockType, &R::AssignLockType>(L"LockType", 16),
+        Offers<&R::CursorLocation, &R::AssignCursorLocation>(L"CursorLocation", 17),
+        Offers<&R::Fields, &R::AssignField>(L"Collect", 18),
     }};
     return kMembers;
 }
@@ -147,9 +148,8 @@ int RecordsetObject::Column(const Variant& nameOrNumber) const {
             if (error.Number() != ErrorNumber::DatabaseColumn) throw;
         }
     } else {
-        Variant number = Variant::Copy(nameOrNumber.Get());
-        if (FAILED(number.ChangeType(VT_I4))) throw RuntimeError(ErrorNumber::TypeMismatch);
-        const auto column = static_cast<int>(number.Get().lVal);
+        const int column = automation::ToNumber(Variant::Copy(nameOrNumber.Get()),
+                                                automation::Misfit::TypeMismatch);
         if (column >= 0 && column < rows.FieldCount()) return column;
     }
     throw MakeAdoError(AdoError::ItemNotFound,
@@ -330,9 +330,7 @@ Variant RecordsetObject::Source(const Arguments&) {
 
 void RecordsetObject::AssignSource(const Arguments& arguments) {
     RequireClosed();
-    Variant value = arguments.Assigned();
-    if (FAILED(value.ChangeType(VT_BSTR))) throw RuntimeError(ErrorNumber::TypeMismatch);
-    sql_ = win32::ToUtf8(value.Get().bstrVal);
+    sql_ = automation::ToText(arguments.Assigned(), automation::Misfit::TypeMismatch);
 }
 
 Variant RecordsetObject::ActiveConnection(const Arguments&) {

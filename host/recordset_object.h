@@ -5,11 +5,15 @@
 #include <span>
 #include <string>
 
+#include "automation/dispatch.h"
 #include "connection_object.h"
-#include "dispatch.h"
 #include "store/connection.h"
 
 namespace zv::host {
+
+using automation::Arguments;
+using automation::DispatchObject;
+using automation::MemberEntry;
 
 class RecordsetObject final : public DispatchObject<RecordsetObject> {
  public:

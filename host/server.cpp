@@ -6,27 +6,33 @@
 
 #include <array>
 
-#include "dispatch.h"
-#include "module.h"
+#include "automation/class_factory.h"
+#include "automation/module.h"
+#include "automation/registration.h"
 #include "module_runner_object.h"
 #include "opener_object.h"
 #include "recordset_object.h"
-#include "registration.h"
 #include "report/windows/print_object.h"
 #include "store/odbc/worker.h"
 
 namespace zv::host {
 namespace {
 
-struct ServerClass {
-    ClassRegistration registration;
-    IDispatch* (*create)();
-};
+constexpr std::string_view kSource = "zv_Host";
 
 template <class T>
-IDispatch* Create() {
-    return new T();
+HRESULT Create(IUnknown* outer, REFIID iid, void** object) noexcept {
+    if (outer) return CLASS_E_NOAGGREGATION;
+    return win32::Guarded(kSource, [&] {
+        const auto created = win32::ComPtr<IDispatch>::Attach(static_cast<IDispatch*>(new T()));
+        return created->QueryInterface(iid, object);
+    });
 }
+
+struct ServerClass {
+    automation::RegisteredClass registered;
+    automation::CreateFunction create;
+};
 
 constexpr std::array<ServerClass, 4> kClasses{{
     // {336EFE7F-89AB-4286-9169-B1B6111066F7}
@@ -51,86 +57,48 @@ constexpr std::array<ServerClass, 4> kClasses{{
      &Create<PrintObject>},
 }};
 
-std::array<ClassRegistration, kClasses.size()> Registrations() {
-    std::array<ClassRegistration, kClasses.size()> registrations{};
-    for (std::size_t i = 0; i < kClasses.size(); ++i) registrations[i] = kClasses[i].registration;
-    return registrations;
-}
-
-class ClassFactory final : public IClassFactory {
- public:
-    explicit ClassFactory(const ServerClass& serverClass) : class_(serverClass) { ++liveObjects; }
-    ClassFactory(const ClassFactory&) = delete;
-    ClassFactory& operator=(const ClassFactory&) = delete;
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) return E_POINTER;
-        if (iid != IID_IUnknown && iid != IID_IClassFactory) {
-            *object = nullptr;
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        *object = static_cast<IClassFactory*>(this);
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const long left = --references_;
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
-    }
-    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
-        if (!object) return E_POINTER;
-        *object = nullptr;
-        if (outer) return CLASS_E_NOAGGREGATION;
-        return win32::Guarded("zv_Host", [&] {
-            const auto created = win32::ComPtr<IDispatch>::Attach(class_.create());
-            return created->QueryInterface(iid, object);
-        });
-    }
-    STDMETHODIMP LockServer(BOOL lock) override {
-        lock ? ++liveObjects : --liveObjects;
-        return S_OK;
-    }
-
- private:
-    ~ClassFactory() { --liveObjects; }
-
-    std::atomic<long> references_{1};
-    const ServerClass& class_;
+automation::ClassFactory g_factories[] = {
+    {kClasses[0].registered.classId, kClasses[0].create},
+    {kClasses[1].registered.classId, kClasses[1].create},
+    {kClasses[2].registered.classId, kClasses[2].create},
+    {kClasses[3].registered.classId, kClasses[3].create},
 };
+
+automation::Registration Classes() {
+    const std::wstring path = automation::module::Path();
+    automation::Registration registration;
+    for (const ServerClass& each : kClasses) {
+        const std::wstring key = automation::ClassKey(each.registered.classId);
+        automation::AddClass(registration, each.registered, path);
+        registration.entries.push_back({key + L"\\Programmable", L"", L""});
+        registration.removals.push_back({.key = key});
+        registration.removals.push_back({.key = each.registered.progId});
+    }
+    return registration;
+}
 
 }  // namespace
 }  // namespace zv::host
 
+using namespace zv;
+
 // The names of these four are the system's.
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
-    using namespace zv;
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    for (const auto& serverClass : host::kClasses) {
-        if (serverClass.registration.classId != classId) continue;
-        return win32::Guarded("zv_Host", [&] {
-            const auto factory = win32::MakeCom<host::ClassFactory>(serverClass);
-            return factory->QueryInterface(iid, object);
-        });
-    }
-    return CLASS_E_CLASSNOTAVAILABLE;
+    return automation::GetClassObject(host::g_factories, classId, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {
     // A thread that waits for a driver would return into nothing.
-    const bool idle = zv::host::liveObjects == 0 && zv::store::odbc::AbandonedThreads() == 0;
+    const bool idle = !automation::module::IsLocked() && store::odbc::AbandonedThreads() == 0;
     return idle ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {
-    return zv::win32::Guarded("zv_Host", [] {
-        return zv::host::RegisterClasses(zv::host::Registrations(), zv::host::ThisModulePath());
-    });
+    return win32::Guarded(host::kSource,
+                          [] { return automation::RegisterAnywhere(host::Classes()); });
 }
 
 STDAPI DllUnregisterServer() {
-    return zv::win32::Guarded(
-        "zv_Host", [] { return zv::host::UnregisterClasses(zv::host::Registrations()); });
+    return win32::Guarded(host::kSource,
+                          [] { return automation::UnregisterEverywhere(host::Classes()); });
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "automation/module.h"
 #include "base/win32/wide.h"
 #include "demo/demo_texts.h"
 #include "demo/menu_choice.h"
@@ -99,9 +100,7 @@ RECT Place(int left, int top, int width, int height) {
 }
 
 std::wstring DefaultDataPath() {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring program(path, length);
+    const std::wstring program = automation::module::PathOf(nullptr);
     const std::wstring file = program.substr(0, program.find_last_of(L'\\') + 1) + L"taskAlert.db";
     return GetFileAttributesW(file.c_str()) == INVALID_FILE_ATTRIBUTES ? L"" : file;
 }

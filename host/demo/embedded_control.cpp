@@ -5,14 +5,13 @@
 #include <chrono>
 #include <cstdio>
 
+#include "automation/late_bound.h"
 #include "demo/demo_texts.h"
 #include "resources/texts.h"
-#include "store/ado/automation.h"
 
 namespace zv::demo {
 namespace {
 
-using store::ado::Member;
 using win32::ComPtr;
 using win32::Variant;
 
@@ -150,9 +149,8 @@ void EmbeddedControl::Destroy() {
 
 bool EmbeddedControl::Put(const wchar_t* property, const Variant& value, bool secret) {
     if (!control_) return false;
-    Member member(property);
     try {
-        store::ado::PutProperty(*control_, member, value.Get());
+        automation::LateBound(control_).Put(property, value);
         log_("  " + win32::ToUtf8(property) + " = " + (secret ? "••••" : Describe(value)));
         return true;
     } catch (const RuntimeError& error) {
@@ -163,10 +161,8 @@ bool EmbeddedControl::Put(const wchar_t* property, const Variant& value, bool se
 Variant EmbeddedControl::Get(const wchar_t* property) {
     Variant value;
     if (!control_) return value;
-    Attempt(resources::FillIn(texts::kReading, win32::ToUtf8(property)), [&] {
-        Member member(property);
-        value = store::ado::GetProperty(*control_, member);
-    });
+    Attempt(resources::FillIn(texts::kReading, win32::ToUtf8(property)),
+            [&] { value = automation::LateBound(control_).Get(property); });
     return value;
 }
 
@@ -175,9 +171,8 @@ bool EmbeddedControl::Refresh(int mode, bool modal) {
     const std::string call = "refresh(" + std::to_string(mode) + ", " + (modal ? "1" : "0") + ")";
     log_(call);
     return Attempt(call, [&] {
-        Member member(L"refresh");
-        store::ado::Call(
-            *control_, member,
+        automation::LateBound(control_).Call(
+            L"refresh",
             {Variant(std::int32_t{mode}).Get(), Variant(static_cast<std::int16_t>(modal)).Get()});
     });
 }

@@ -1,4 +1,4 @@
-// The early-bound half; late binding is in invoke.cpp.
+// The early-bound half; the late-bound one is in members.cpp.
 #include "com/automation.h"
 
 #include "com/bag_adapters.h"

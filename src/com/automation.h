@@ -1,6 +1,9 @@
 // The automation interface: properties, refresh and the persistence events, early and late bound.
 #pragma once
 
+#include <span>
+
+#include "automation/dispatch.h"
 #include "com/core.h"
 #include "com/ids.h"
 
@@ -10,13 +13,14 @@ class Automation final : public Part<ITask> {
  public:
     using Part::Part;
 
+    static std::span<const automation::MemberEntry<Automation>> Members();
+
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept override;
     STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
                                DISPID* ids) noexcept override;
-    STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags,
-                        DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
-                        UINT* badArgument) noexcept override;
+    STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind, DISPPARAMS* parameters,
+                        VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept override;
 
     STDMETHODIMP refresh(LONG mode, SHORT modal) noexcept override;
     STDMETHODIMP put_myTaskID(LONG value) noexcept override;

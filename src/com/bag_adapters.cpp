@@ -2,11 +2,12 @@
 
 #include <oleauto.h>
 
+#include "automation/variant_readers.h"
 #include "base/errors.h"
 #include "base/win32/com_error.h"
 #include "base/win32/variant.h"
 #include "base/win32/wide.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::com {
 
@@ -88,7 +89,7 @@ BagValue ContainerBag::Read(std::string_view key, const BagValue& fallback) {
 void ContainerBag::Write(std::string_view key, const BagValue& value) {
     Variant stored = ToVariant(value);
     const HRESULT hr = bag_->Write(win32::ToWide(key).c_str(), &stored.Ref());
-    if (FAILED(hr)) throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
+    automation::ThrowIfFailed(hr);
 }
 
 std::unique_ptr<PropertyBag> AdaptBagObject(IDispatch* object) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "automation/variant_readers.h"
 #include "base/win32/com_error.h"
 #include "com/ids.h"
 #include "com/session_host.h"
@@ -23,9 +24,6 @@ HRESULT Boundary(Body&& body) noexcept {
         std::forward<Body>(body));
 }
 
-/// Raises a failed result as an error with the system's text.
-inline void ThrowIfFailed(HRESULT hr) {
-    if (FAILED(hr)) throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
-}
+using automation::ThrowIfFailed;
 
 }  // namespace zv::com

@@ -1,5 +1,6 @@
 #include "com/core.h"
 
+#include "automation/late_bound.h"
 #include "base/win32/wide.h"
 
 namespace zv::com {
@@ -23,13 +24,8 @@ void Core::ReadProperties(PropertyBag& bag) {
 std::optional<win32::Variant> Core::Ambient(DISPID id, VARTYPE type) const {
     const auto container = site.As<IDispatch>();
     if (!container) return std::nullopt;
-    DISPPARAMS none{};
-    win32::Variant value;
-    if (FAILED(container->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
-                                 value.Put(), nullptr, nullptr)) ||
-        FAILED(value.ChangeType(type))) {
-        return std::nullopt;
-    }
+    auto value = automation::TryGet(*container, id, DISPATCH_PROPERTYGET);
+    if (!value || FAILED(value->ChangeType(type))) return std::nullopt;
     return value;
 }
 

@@ -11,9 +11,9 @@
 #include <optional>
 #include <string>
 
+#include "automation/module.h"
 #include "base/win32/com_ptr.h"
 #include "base/win32/variant.h"
-#include "com/module.h"
 #include "com/session_host.h"
 #include "control/zv_task.h"
 
@@ -51,7 +51,7 @@ class Core {
  private:
     static constexpr SIZEL kInitialExtent = {1905, 1694};  // 72 x 64 pixels at 96 dpi
 
-    module::Reference reference_;
+    automation::module::Reference reference_;
 };
 
 /// Implements interfaces whose reference counting and identity are those of the whole control.

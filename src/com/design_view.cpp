@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "com/module.h"
+#include "automation/module.h"
 #include "com/resource_ids.h"
 
 namespace zv::com {
@@ -62,8 +62,8 @@ void DrawDesignView(HDC context, const RECT& bounds, std::wstring_view name) noe
     const int left = bounds.left + (width - iconSize) / 2;
     const int top = bounds.top + (height - lineHeight - iconSize) / 2;
     if (const auto icon =
-            static_cast<HICON>(LoadImageW(module::Handle(), MAKEINTRESOURCEW(ZV_ICON), IMAGE_ICON,
-                                          iconSize, iconSize, LR_DEFAULTCOLOR))) {
+            static_cast<HICON>(LoadImageW(automation::module::Handle(), MAKEINTRESOURCEW(ZV_ICON),
+                                          IMAGE_ICON, iconSize, iconSize, LR_DEFAULTCOLOR))) {
         DrawIconEx(context, left, top, icon, iconSize, iconSize, 0, nullptr, DI_NORMAL);
         DestroyIcon(icon);
     }

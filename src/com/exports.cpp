@@ -1,60 +1,70 @@
-// The functions by which the system and setup programs know this file.
+// The functions by which the system and setup programs know this file. DllMain is none of them:
+// windows, hooks and connections are given back before the file may be unloaded, and a process that
+// ends needs no tidying under the loader's lock.
 #include <windows.h>
 
 #include <cwchar>
 
+#include "automation/class_factory.h"
+#include "automation/module.h"
 #include "com/boundary.h"
-#include "com/class_factory.h"
 #include "com/ids.h"
 #include "com/in_place.h"
-#include "com/module.h"
 #include "com/registration.h"
 #include "com/session_host.h"
+#include "com/task_control.h"
 
-using zv::com::Boundary;
-using zv::com::Scope;
+namespace zv::com {
+
+namespace {
+
+HRESULT CreateControl(IUnknown* outer, REFIID iid, void** object) noexcept {
+    return Boundary([&] { return TaskControl::Create(outer, iid, object); });
+}
+
+automation::ClassFactory g_factories[] = {{kClassId, &CreateControl}};
+
+}  // namespace
+
+}  // namespace zv::com
+
+using namespace zv;
+using com::Boundary;
 
 extern "C" {
 
-BOOL WINAPI DllMain(HINSTANCE handle, DWORD reason, LPVOID) {
-    // Nothing is freed at the end: windows, hooks and connections are given back before the file
-    // may be unloaded, and a process that ends needs no tidying under the loader's lock.
-    if (reason == DLL_PROCESS_ATTACH) zv::com::module::SetHandle(handle);
-    return TRUE;
-}
-
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    if (classId != zv::com::kClassId) return CLASS_E_CLASSNOTAVAILABLE;
-    return zv::com::ClassFactory::Instance().QueryInterface(iid, object);
+    return automation::GetClassObject(com::g_factories, classId, iid, object);
 }
 
 STDAPI DllCanUnloadNow() {
-    if (zv::com::module::IsLocked() || zv::com::InPlaceObject::OpenWindows() > 0 ||
-        !zv::com::SessionHost::IsIdle()) {
+    if (automation::module::IsLocked() || com::InPlaceObject::OpenWindows() > 0 ||
+        !com::SessionHost::IsIdle()) {
         return S_FALSE;
     }
-    zv::com::SessionHost::Close();
+    com::SessionHost::Close();
     return S_OK;
 }
 
 STDAPI DllRegisterServer() {
-    return Boundary([] { return zv::com::RegisterAnywhere(); });
+    return Boundary([] { return automation::RegisterAnywhere(com::ControlRegistration()); });
 }
 
 STDAPI DllUnregisterServer() {
-    return Boundary([] { return zv::com::UnregisterEverywhere(); });
+    return Boundary([] { return automation::UnregisterEverywhere(com::ControlRegistration()); });
 }
 
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
     const bool isUser = commandLine && _wcsicmp(commandLine, L"user") == 0;
     if (commandLine && *commandLine != L'\0' && !isUser) return E_INVALIDARG;
     return Boundary([&] {
+        const automation::Registration control = com::ControlRegistration();
         if (isUser) {
-            return install ? zv::com::Register(Scope::User) : zv::com::Unregister(Scope::User);
+            return install ? automation::Register(control, automation::Scope::User)
+                           : automation::Unregister(control, automation::Scope::User);
         }
-        return install ? zv::com::RegisterAnywhere() : zv::com::UnregisterEverywhere();
+        return install ? automation::RegisterAnywhere(control)
+                       : automation::UnregisterEverywhere(control);
     });
 }
 

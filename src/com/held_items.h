@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "com/module.h"
+#include "automation/module.h"
 
 namespace zv::com {
 
@@ -23,7 +23,7 @@ class HeldItems {
     }
 
  private:
-    module::Reference reference_;
+    automation::module::Reference reference_;
     std::vector<Held> items_;
 };
 

@@ -1,8 +1,8 @@
 #include "com/in_place.h"
 
+#include "automation/module.h"
 #include "com/boundary.h"
 #include "com/design_view.h"
-#include "com/module.h"
 
 namespace zv::com {
 
@@ -19,7 +19,7 @@ bool RegisterWindowClass(WNDPROC procedure) {
     windowClass.cbSize = sizeof windowClass;
     windowClass.style = CS_HREDRAW | CS_VREDRAW;
     windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = module::Handle();
+    windowClass.hInstance = automation::module::Handle();
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.lpszClassName = kWindowClass;
     return RegisterClassExW(&windowClass) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
@@ -183,10 +183,10 @@ HRESULT InPlaceObject::ActivateUi() {
 
 HRESULT InPlaceObject::CreateInPlaceWindow(HWND parent, const RECT& position, const RECT& clip) {
     if (!RegisterWindowClass(&WindowProcedure)) return HRESULT_FROM_WIN32(GetLastError());
-    window_ =
-        CreateWindowExW(0, kWindowClass, L"zvTask", WS_CHILD | WS_CLIPSIBLINGS, position.left,
-                        position.top, position.right - position.left,
-                        position.bottom - position.top, parent, nullptr, module::Handle(), this);
+    window_ = CreateWindowExW(0, kWindowClass, L"zvTask", WS_CHILD | WS_CLIPSIBLINGS, position.left,
+                              position.top, position.right - position.left,
+                              position.bottom - position.top, parent, nullptr,
+                              automation::module::Handle(), this);
     if (!window_) return HRESULT_FROM_WIN32(GetLastError());
     return SetObjectRects(&position, &clip);
 }
@@ -215,7 +215,7 @@ LRESULT CALLBACK InPlaceObject::WindowProcedure(HWND window, UINT message, WPARA
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         self->window_ = nullptr;
         const LRESULT result = DefWindowProcW(window, message, wParam, lParam);
-        if (--g_windows == 0) UnregisterClassW(kWindowClass, module::Handle());
+        if (--g_windows == 0) UnregisterClassW(kWindowClass, automation::module::Handle());
         return result;
     }
     return self->Handle(window, message, wParam, lParam);

@@ -1,21 +1,12 @@
-// What the control writes to the registry, for the whole machine or for one user.
+// What the control writes to the registry.
 #pragma once
 
-#include <windows.h>
+#include "automation/registration.h"
 
 namespace zv::com {
 
-enum class Scope { Machine, User };
-
-/// Writes everything below the scope's Software\Classes; after a failure nothing of it is left.
-HRESULT Register(Scope scope);
-/// Removes what Register writes, and nothing else; succeeds where there is nothing. A library of
-/// the other word size keeps its own entries.
-HRESULT Unregister(Scope scope);
-
-/// For the machine, or without the right to do that for the user.
-HRESULT RegisterAnywhere();
-/// Both scopes; fails when entries of the machine are left because the user may not remove them.
-HRESULT UnregisterEverywhere();
+/// The class with its names, the type library and the marshalling of its interfaces. A library of
+/// the other width keeps its own entries when this one goes.
+automation::Registration ControlRegistration();
 
 }  // namespace zv::com

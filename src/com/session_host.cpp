@@ -3,7 +3,7 @@
 #include <new>
 #include <utility>
 
-#include "com/module.h"
+#include "automation/module.h"
 #include "resources/error_texts.h"
 
 namespace zv::com {
@@ -19,7 +19,7 @@ bool g_hasValues = false;
 
 }  // namespace
 
-SessionHost::SessionHost() : backend_(module::Handle()) {
+SessionHost::SessionHost() : backend_(automation::module::Handle()) {
     DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &threadHandle_,
                     SYNCHRONIZE, FALSE, 0);
     if (g_values) session_.state = std::move(*g_values);
@@ -65,7 +65,7 @@ bool SessionHost::IsIdle() noexcept {
     if (!g_host) return true;
     if (g_host->ThreadHasEnded()) return true;
     // Without a control and a window nothing is under way there, and the connection is closed.
-    if (!g_host->IsOfThisThread() && module::IsLocked()) return false;
+    if (!g_host->IsOfThisThread() && automation::module::IsLocked()) return false;
     if (forms::win32::Win32Backend::OpenWindows() != 0) return false;
     return g_host->windows_.IsEmpty();
 }
@@ -83,7 +83,7 @@ void SessionHost::Close() noexcept {
 }
 
 void SessionHost::ReleaseConnection() noexcept {
-    if (!g_host || module::IsLocked() || !IsIdle()) return;
+    if (!g_host || automation::module::IsLocked() || !IsIdle()) return;
     g_host->printer_.Release();
     try {
         g_host->session_.database.Leave();

@@ -2,15 +2,15 @@
 
 #include <oleauto.h>
 
+#include "automation/module.h"
 #include "com/boundary.h"
-#include "com/module.h"
 
 namespace zv::com {
 
 win32::ComPtr<ITypeInfo> LoadTypeInfo(REFGUID id) {
     // By the own path: the registered library may be that of another version.
     win32::ComPtr<ITypeLib> library;
-    ThrowIfFailed(LoadTypeLibEx(module::Path().c_str(), REGKIND_NONE, library.Put()));
+    ThrowIfFailed(LoadTypeLibEx(automation::module::Path().c_str(), REGKIND_NONE, library.Put()));
     win32::ComPtr<ITypeInfo> info;
     ThrowIfFailed(library->GetTypeInfoOfGuid(id, info.Put()));
     return info;

@@ -5,10 +5,10 @@ BEGIN {
     guards = "(Boundary|Guarded|AtBoundary|Guard|Put|PutText|GetText)\\(|catch \\("
     split("if for while switch return sizeof static_cast reinterpret_cast const_cast " \
           "__uuidof _wcsicmp AbandonedThreads AddRef begin CallNextHookEx Check Close " \
-          "ComPtr Copy CopyTo CoTaskMemAlloc Count CreateRectRgnIndirect data " \
+          "ComPtr Copy CopyTo CoTaskMemAlloc Count create_ CreateRectRgnIndirect data " \
           "DefWindowProcW end EndAll EnumAdvise EqualRect erase FAILED fill_n Find " \
-          "find_if GetClassLongPtrW GetDC GetDeviceCaps GetPropW GetWindowLongPtrW " \
-          "GlobalGetAtomNameW Handle Instance InterfaceId IntersectRect IsIdle IsLocked " \
+          "find_if FindNames GetClassLongPtrW GetClassObject GetDC GetDeviceCaps GetPropW GetWindowLongPtrW " \
+          "GlobalGetAtomNameW Handle Instance InterfaceId IntersectRect InvokeMember IsDispatch IsIdle IsLocked " \
           "IsWindowEnabled IsWindowVisible Lock Members memcpy min move OffsetRect " \
           "OpenWindows QueryInterface Release ReleaseConnection ReleaseDC Reset SameName " \
           "SetHandle SetWindowLongPtrW SetWindowPos SetWindowRgn size Tell Unadvise " \

@@ -31,7 +31,7 @@ check "what ships links nothing that plays the user" \
         xargs grep -nE 'zv_(driver|doubles|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
 
 # A folder may include only folders that stand before it in this list, and itself.
-order=(base store platform resources suite items cards staff plans forms progress session reports windows control com)
+order=(base automation store platform resources suite items cards staff plans forms progress session reports windows control com)
 allowed=
 for folder in "${order[@]}"; do
     allowed="$allowed${allowed:+|}$folder"
@@ -83,7 +83,7 @@ check "texts of a language stand in its file" \
         LC_ALL=C.UTF-8 xargs grep -nP '[\x{4E00}-\x{9FFF}]')"
 
 check "no test for the operating system outside the ports" \
-    "$(sources src | grep -vE '^src/(com|[a-z]+/(win32|ado|odbc|sqlite|headless|scripted))/' |
+    "$(sources src | grep -vE '^src/(automation|com|[a-z]+/(win32|ado|odbc|sqlite|headless|scripted))/' |
         xargs grep -nE '_WIN32|windows\.h')"
 
 # What stands in for a port is found in one place. A scenario has boxes and a database of its own;
@@ -108,8 +108,37 @@ check "tools know of the tests only the doubles" \
     "$(sources tools | xargs grep -nE '#include "(application|contract|unit)/')"
 
 check "nothing is thrown at the system" \
-    "$(sources src/{base,forms,platform}/win32 src/{com,store/ado} host |
+    "$(sources src/{base,forms,platform}/win32 src/{automation,com,store/ado} host |
         xargs -n1 awk -f tests/house/boundary.awk)"
+
+# What serves and calls automation objects stands in one folder.
+# once NAME PATTERN FILES: code that fits PATTERN stands in src/automation and in FILES only.
+once() {
+    check "$1" "$(sources src host tools | grep -vE "^(src/automation/|$3)" |
+        xargs awk -v pattern="$2" '{
+            code = $0
+            sub(/(^|[^:])\/\/.*/, "", code)
+            if (code ~ pattern) print FILENAME ":" FNR ": " $0
+        }')"
+    check "what is for src/automation is seen: $1" \
+        "$(sources src/automation | xargs grep -qE "$2" || echo "nothing fits")"
+}
+none='(none)'
+# The demonstration host is a container of its own: it answers ambient properties and events.
+container='host/demo/(control_site|property_bag|embedded_control|demo_window)\.'
+once "class factories stand in src/automation" 'IClassFactory' "$none"
+once "the path of a file is asked for in src/automation" 'GetModuleFileName' "$none"
+# The workstation's settings are values, no classes.
+once "classes are registered in src/automation" \
+    'Reg(CreateKey|SetValue|SetKeyValue|DeleteTree|DeleteKey)' 'src/resources/win32/registry_settings\.'
+# The control's dispatch interface is declared with its functions; its two halves hand a call on.
+once "late-bound calls are made and answered in src/automation" \
+    'DISPPARAMS|(->|[.])Invoke[(]' "src/com/(automation\.h|members\.cpp)|$container"
+once "objects of automation are made of src/automation" \
+    '[:,] *(public +)?IDispatch( |,|$)' "src/com/ids\.h|$container"
+once "objects are made by name in src/automation" 'CLSIDFromProgID' "$container"
+once "automation values are read in src/automation" \
+    'ChangeType(Ex)?[(](VT_|.*, VT_)|DISP_E_PARAMNOTFOUND' "src/base/win32/variant\.h|$container"
 
 # Lines are broken by one version of the tool; another one breaks some of them differently.
 check "the formatter is that of the team" \

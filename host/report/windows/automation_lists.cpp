@@ -1,8 +1,9 @@
 #include "report/windows/automation_lists.h"
 
+#include "automation/variant_readers.h"
 #include "base/errors.h"
 #include "report/item_values.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 #include "store/ado/value_conversion.h"
 
 namespace zv::report {
@@ -18,23 +19,11 @@ using win32::Variant;
 constexpr double kPointsPerUnit = 72.0 / 96;
 
 std::string ToText(Variant value) {
-    if (value.Type() == VT_NULL || value.Type() == VT_EMPTY) return {};
-    if (const HRESULT hr = value.ChangeType(VT_BSTR); FAILED(hr)) {
-        throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
-    }
-    return win32::ToUtf8(std::wstring_view(value.Get().bstrVal ? value.Get().bstrVal : L"",
-                                           SysStringLen(value.Get().bstrVal)));
+    return automation::ToTextOrNone(std::move(value), automation::Misfit::Result);
 }
 
 std::int32_t ToNumber(Variant value) {
-    if (const HRESULT hr = value.ChangeType(VT_I4); FAILED(hr)) {
-        throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
-    }
-    return static_cast<std::int32_t>(value.Get().lVal);
-}
-
-void Require(HRESULT hr) {
-    if (FAILED(hr)) throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
+    return automation::ToNumber(std::move(value), automation::Misfit::Result);
 }
 
 std::vector<std::string> ReadArray(const VARIANT& value) {
@@ -47,18 +36,18 @@ std::vector<std::string> ReadArray(const VARIANT& value) {
     LONG first = 0;
     LONG last = -1;
     VARTYPE type = VT_EMPTY;
-    Require(SafeArrayGetLBound(array, 1, &first));
-    Require(SafeArrayGetUBound(array, 1, &last));
-    Require(SafeArrayGetVartype(array, &type));
+    automation::ThrowIfFailed(SafeArrayGetLBound(array, 1, &first));
+    automation::ThrowIfFailed(SafeArrayGetUBound(array, 1, &last));
+    automation::ThrowIfFailed(SafeArrayGetVartype(array, &type));
     for (LONG i = first; i <= last; i++) {
         Variant element;
         if (type == VT_VARIANT) {
-            Require(SafeArrayGetElement(array, &i, element.Put()));
+            automation::ThrowIfFailed(SafeArrayGetElement(array, &i, element.Put()));
             element = Variant::Copy(element.Get());
         } else if (type == VT_BSTR) {
             element.Ref().vt = VT_BSTR;
             element.Ref().bstrVal = nullptr;
-            Require(SafeArrayGetElement(array, &i, &element.Ref().bstrVal));
+            automation::ThrowIfFailed(SafeArrayGetElement(array, &i, &element.Ref().bstrVal));
         } else {
             throw RuntimeError(ErrorNumber::TypeMismatch, "The array does not hold texts.");
         }
@@ -87,13 +76,10 @@ std::vector<std::string> ReadCollection(IDispatch& object) {
         }
         return texts;
     }
-    DISPPARAMS none{};
-    Variant answer;
-    if (SUCCEEDED(object.Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_INVARIANT,
-                                DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, answer.Put(),
-                                nullptr, nullptr)) &&
-        (answer.Type() == VT_UNKNOWN || answer.Type() == VT_DISPATCH)) {
-        if (const auto elements = ComPtr<IUnknown>(answer.Get().punkVal).As<IEnumVARIANT>()) {
+    const auto answer =
+        automation::TryGet(object, DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET);
+    if (answer && (answer->Type() == VT_UNKNOWN || answer->Type() == VT_DISPATCH)) {
+        if (const auto elements = ComPtr<IUnknown>(answer->Get().punkVal).As<IEnumVARIANT>()) {
             return ReadEnumeration(elements);
         }
     }

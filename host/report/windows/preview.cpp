@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <new>
 
+#include "automation/module.h"
 #include "base/errors.h"
 #include "base/win32/wide.h"
 #include "forms/win32/standing_box.h"
 #include "forms/win32/thread_windows.h"
 #include "forms/win32/win32_backend.h"
 #include "forms/window_system.h"
-#include "module.h"
 #include "platform/win32/machine.h"
 #include "report/preview/preview_form.h"
 #include "report/report_texts.h"
@@ -150,7 +150,7 @@ std::unique_ptr<PrintJob> BeginPrint(forms::Dialogs& dialogs, const Layout& layo
 }
 
 void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
-    forms::win32::Win32Backend backend(host::ThisModule());
+    forms::win32::Win32Backend backend(automation::module::Handle());
     forms::WindowSystem windows(backend);
     windows.title = report.Source().title;
     windows.describeError = [&](const RuntimeError& error) {

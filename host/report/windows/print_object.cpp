@@ -2,18 +2,15 @@
 
 #include <array>
 
+#include "automation/variant_readers.h"
 #include "report/windows/print_out.h"
 #include "resources/error_texts.h"
 
 namespace zv::host {
 namespace {
 
+using automation::Offers;
 using win32::Variant;
-
-void Convert(Variant& value, VARTYPE type) {
-    const HRESULT hr = value.ChangeType(type);
-    if (FAILED(hr)) throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
-}
 
 class Busy {
  public:
@@ -35,11 +32,7 @@ Variant PrintObject::ReadText(const Arguments&) {
 
 template <auto Field>
 void PrintObject::AssignText(const Arguments& arguments) {
-    Variant value = arguments.Assigned();
-    if (value.Type() == VT_NULL) value = Variant(std::string_view());
-    Convert(value, VT_BSTR);
-    request_.*Field = win32::ToUtf8(
-        {value.Get().bstrVal ? value.Get().bstrVal : L"", SysStringLen(value.Get().bstrVal)});
+    request_.*Field = automation::ToTextOrNone(arguments.Assigned(), automation::Misfit::Result);
 }
 
 template <auto Field>
@@ -49,9 +42,7 @@ Variant PrintObject::ReadNumber(const Arguments&) {
 
 template <auto Field>
 void PrintObject::AssignNumber(const Arguments& arguments) {
-    Variant value = arguments.Assigned();
-    Convert(value, VT_I4);
-    request_.*Field = static_cast<std::int32_t>(value.Get().lVal);
+    request_.*Field = automation::ToNumber(arguments.Assigned(), automation::Misfit::Result);
 }
 
 template <auto Field>
@@ -61,9 +52,7 @@ Variant PrintObject::ReadFlag(const Arguments&) {
 
 template <auto Field>
 void PrintObject::AssignFlag(const Arguments& arguments) {
-    Variant value = arguments.Assigned();
-    Convert(value, VT_BOOL);
-    request_.*Field = value.Get().boolVal != VARIANT_FALSE;
+    request_.*Field = automation::ToFlag(arguments.Assigned(), automation::Misfit::Result);
 }
 
 template <auto Field>
@@ -80,31 +69,32 @@ std::span<const MemberEntry<PrintObject>> PrintObject::Members() {
     using P = PrintObject;
     using R = report::PrintRequest;
     static constexpr std::array<MemberEntry<P>, 24> kMembers{{
-        {L"UserPath", 1, &P::ReadText<&R::userPath>, &P::AssignText<&R::userPath>},
+        Offers<&P::ReadText<&R::userPath>, &P::AssignText<&R::userPath>>(L"UserPath", 1),
         // The password can be set but not asked for.
-        {L"Password", 2, nullptr, &P::AssignText<&R::password>},
-        {L"SQLData", 3, &P::ReadNumber<&R::sqlData>, &P::AssignNumber<&R::sqlData>},
-        {L"UserID", 4, &P::ReadText<&R::userId>, &P::AssignText<&R::userId>},
-        {L"Default", 5, &P::ReadText<&R::defaultDatabase>, &P::AssignText<&R::defaultDatabase>},
-        {L"UserName", 6, &P::ReadText<&R::userName>, &P::AssignText<&R::userName>},
-        {L"CompName", 7, &P::ReadText<&R::company>, &P::AssignText<&R::company>},
-        {L"Language", 8, &P::ReadNumber<&R::language>, &P::AssignNumber<&R::language>},
-        {L"Copyright", 9, &P::ReadFlag<&R::copyright>, &P::AssignFlag<&R::copyright>},
-        {L"PrintMode", 10, &P::ReadNumber<&R::printMode>, &P::AssignNumber<&R::printMode>},
-        {L"ReportName", 11, &P::ReadText<&R::reportName>, &P::AssignText<&R::reportName>},
-        {L"Title", 12, &P::ReadText<&R::title>, &P::AssignText<&R::title>},
-        {L"SubTitle", 13, &P::ReadText<&R::subtitle>, &P::AssignText<&R::subtitle>},
-        {L"Filter", 14, &P::ReadText<&R::filter>, &P::AssignText<&R::filter>},
-        {L"Order", 15, &P::ReadText<&R::order>, &P::AssignText<&R::order>},
-        {L"Parameters", 16, &P::ReadValue<&R::parameters>, &P::AssignValue<&R::parameters>},
-        {L"Columns", 17, &P::ReadValue<&R::columns>, &P::AssignValue<&R::columns>},
-        {L"Recordset", 18, &P::ReadValue<&R::recordset>, &P::AssignValue<&R::recordset>},
-        {L"Grid", 19, &P::ReadValue<&R::grid>, &P::AssignValue<&R::grid>},
-        {L"OutputFile", 20, &P::ReadText<&R::outputFile>, &P::AssignText<&R::outputFile>},
-        {L"PrinterName", 21, &P::ReadText<&R::printerName>, &P::AssignText<&R::printerName>},
-        {L"Copies", 22, &P::ReadNumber<&R::copies>, &P::AssignNumber<&R::copies>},
-        {L"PrintOut", 23, &P::PrintOut},
-        {L"PageCount", 24, &P::PageCount},
+        Offers<nullptr, &P::AssignText<&R::password>>(L"Password", 2),
+        Offers<&P::ReadNumber<&R::sqlData>, &P::AssignNumber<&R::sqlData>>(L"SQLData", 3),
+        Offers<&P::ReadText<&R::userId>, &P::AssignText<&R::userId>>(L"UserID", 4),
+        Offers<&P::ReadText<&R::defaultDatabase>, &P::AssignText<&R::defaultDatabase>>(L"Default",
+                                                                                       5),
+        Offers<&P::ReadText<&R::userName>, &P::AssignText<&R::userName>>(L"UserName", 6),
+        Offers<&P::ReadText<&R::company>, &P::AssignText<&R::company>>(L"CompName", 7),
+        Offers<&P::ReadNumber<&R::language>, &P::AssignNumber<&R::language>>(L"Language", 8),
+        Offers<&P::ReadFlag<&R::copyright>, &P::AssignFlag<&R::copyright>>(L"Copyright", 9),
+        Offers<&P::ReadNumber<&R::printMode>, &P::AssignNumber<&R::printMode>>(L"PrintMode", 10),
+        Offers<&P::ReadText<&R::reportName>, &P::AssignText<&R::reportName>>(L"ReportName", 11),
+        Offers<&P::ReadText<&R::title>, &P::AssignText<&R::title>>(L"Title", 12),
+        Offers<&P::ReadText<&R::subtitle>, &P::AssignText<&R::subtitle>>(L"SubTitle", 13),
+        Offers<&P::ReadText<&R::filter>, &P::AssignText<&R::filter>>(L"Filter", 14),
+        Offers<&P::ReadText<&R::order>, &P::AssignText<&R::order>>(L"Order", 15),
+        Offers<&P::ReadValue<&R::parameters>, &P::AssignValue<&R::parameters>>(L"Parameters", 16),
+        Offers<&P::ReadValue<&R::columns>, &P::AssignValue<&R::columns>>(L"Columns", 17),
+        Offers<&P::ReadValue<&R::recordset>, &P::AssignValue<&R::recordset>>(L"Recordset", 18),
+        Offers<&P::ReadValue<&R::grid>, &P::AssignValue<&R::grid>>(L"Grid", 19),
+        Offers<&P::ReadText<&R::outputFile>, &P::AssignText<&R::outputFile>>(L"OutputFile", 20),
+        Offers<&P::ReadText<&R::printerName>, &P::AssignText<&R::printerName>>(L"PrinterName", 21),
+        Offers<&P::ReadNumber<&R::copies>, &P::AssignNumber<&R::copies>>(L"Copies", 22),
+        Offers<&P::PrintOut>(L"PrintOut", 23),
+        Offers<&P::PageCount>(L"PageCount", 24),
     }};
     return kMembers;
 }

@@ -4,11 +4,15 @@
 #include <span>
 #include <string>
 
-#include "dispatch.h"
+#include "automation/dispatch.h"
 #include "report/windows/font_files.h"
 #include "report/windows/print_request.h"
 
 namespace zv::host {
+
+using automation::Arguments;
+using automation::DispatchObject;
+using automation::MemberEntry;
 
 inline constexpr wchar_t kPrintProgId[] = L"zvPrint_ADO.zvPrint";
 

@@ -1,10 +1,10 @@
 #include "report/windows/print_out.h"
 
+#include "automation/module.h"
 #include "base/errors.h"
 #include "base/win32/wide.h"
 #include "forms/win32/win32_backend.h"
 #include "forms/window_system.h"
-#include "module.h"
 #include "platform/win32/machine.h"
 #include "report/report_texts.h"
 #include "report/saving.h"
@@ -18,7 +18,7 @@ namespace {
 // The path to write to, asked from the user when the client named none; empty when cancelled.
 std::string TargetFile(const PrintRequest& request, const Document& document) {
     if (!request.outputFile.empty()) return request.outputFile;
-    forms::win32::Win32Backend backend(host::ThisModule());
+    forms::win32::Win32Backend backend(automation::module::Handle());
     return AskForFile(backend.GetDialogs(), document, static_cast<PrintMode>(request.printMode),
                       nullptr);
 }
@@ -31,7 +31,7 @@ void Finish(const PrintRequest& request, const PreparedReport& report, ReportTex
         }
         return;
     }
-    forms::win32::Win32Backend backend(host::ThisModule());
+    forms::win32::Win32Backend backend(automation::module::Handle());
     forms::WindowSystem windows(backend);
     windows.title = report.Source().title;
     const platform::win32::SystemClock clock;
@@ -46,7 +46,7 @@ void Print(const PrintRequest& request, const PreparedReport& report) {
     printer.name = request.printerName.empty() ? DefaultPrinter(request.Script())
                                                : win32::ToWide(request.printerName);
     printer.copies = request.copies;
-    forms::win32::Win32Backend backend(host::ThisModule());
+    forms::win32::Win32Backend backend(automation::module::Handle());
     if (const auto job = BeginPrint(backend.GetDialogs(), report.Pages(), printer,
                                     request.outputFile, nullptr)) {
         Finish(request, report, ReportText::Printing, *job);

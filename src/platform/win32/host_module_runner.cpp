@@ -1,24 +1,27 @@
 #include "platform/win32/host_module_runner.h"
 
-#include "platform/win32/late_bound.h"
+#include "automation/late_bound.h"
+#include "store/ado/calls.h"
 
 namespace zv::platform::win32 {
 
 using zv::win32::Variant;
 
 void HostModuleRunner::Run(const ModuleStart& start) {
-    LateBound runner = LateBound::Create(kProgId);
-    runner.Put(L"Language", Variant(std::int32_t{start.language}));
-    runner.Put(L"StartMode", Variant(std::int32_t{start.startMode}));
-    runner.Put(L"UserPath", Variant(start.connection.dataPath.ForDriver()));
-    runner.Put(L"Password", Variant(start.connection.password.ForDriver()));
-    runner.Put(L"SQLData", Variant(std::int32_t{start.connection.kind}));
-    runner.Put(L"UserID", Variant(start.connection.login.ForDriver()));
-    runner.Put(L"Default", Variant(start.connection.database.ForDriver()));
-    runner.Put(L"UserName", Variant(start.userName));
-    runner.Put(L"Heading", Variant(start.heading));
-    runner.Put(L"ModuleName", Variant(start.moduleName));
-    runner.Call(L"Start");
+    auto runner = automation::LateBound::Create(kProgId);
+    store::ado::WithKinds([&] {
+        runner.Put(L"Language", Variant(std::int32_t{start.language}));
+        runner.Put(L"StartMode", Variant(std::int32_t{start.startMode}));
+        runner.Put(L"UserPath", Variant(start.connection.dataPath.ForDriver()));
+        runner.Put(L"Password", Variant(start.connection.password.ForDriver()));
+        runner.Put(L"SQLData", Variant(std::int32_t{start.connection.kind}));
+        runner.Put(L"UserID", Variant(start.connection.login.ForDriver()));
+        runner.Put(L"Default", Variant(start.connection.database.ForDriver()));
+        runner.Put(L"UserName", Variant(start.userName));
+        runner.Put(L"Heading", Variant(start.heading));
+        runner.Put(L"ModuleName", Variant(start.moduleName));
+        runner.Call(L"Start");
+    });
 }
 
 }  // namespace zv::platform::win32

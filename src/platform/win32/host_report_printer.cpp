@@ -3,6 +3,7 @@
 #include "base/errors.h"
 #include "platform/win32/report_objects.h"
 #include "store/ado/ado_recordset.h"
+#include "store/ado/calls.h"
 
 namespace zv::platform::win32 {
 
@@ -50,7 +51,7 @@ Variant RecordsetOf(const ReportJob& job) {
     return Variant(object.Get());
 }
 
-void PutSettings(LateBound& component, const ReportJob& job) {
+void PutSettings(automation::LateBound& component, const ReportJob& job) {
     component.Put(L"UserPath", Variant(job.connection.dataPath.ForDriver()));
     component.Put(L"Password", Variant(job.connection.password.ForDriver()));
     component.Put(L"SQLData", Variant(std::int32_t{job.connection.kind}));
@@ -62,20 +63,7 @@ void PutSettings(LateBound& component, const ReportJob& job) {
     component.Put(L"Copyright", Variant(job.copyright));
 }
 
-}  // namespace
-
-void HostReportPrinter::Prepare() {
-    if (!component_) component_ = LateBound::Create(kProgId);
-}
-
-void HostReportPrinter::Print(const ReportJob& job) {
-    // The windows beside a preview still work; one component prints one job at a time.
-    if (printing_) throw RuntimeError(ErrorNumber::FormAlreadyShown);
-    Prepare();
-    const Printing printing(printing_);
-    // A copy: a preview runs messages, in which the component may be released here.
-    LateBound component = *component_;
-    const PrintedTable table(job.grid);
+void PrintWith(automation::LateBound& component, const ReportJob& job, const Variant& table) {
     PutSettings(component, job);
     component.Put(L"PrintMode", Variant(std::int32_t{job.printMode}));
     component.Put(L"ReportName", Variant(job.reportName));
@@ -86,8 +74,25 @@ void HostReportPrinter::Print(const ReportJob& job) {
     component.Put(L"Parameters", Collection(job.parameters));
     component.Put(L"Columns", Collection(job.columns));
     component.Put(L"Recordset", RecordsetOf(job));
-    component.Put(L"Grid", table.Value());
+    component.Put(L"Grid", table);
     component.Call(L"PrintOut");
+}
+
+}  // namespace
+
+void HostReportPrinter::Prepare() {
+    if (!component_) component_ = automation::LateBound::Create(kProgId);
+}
+
+void HostReportPrinter::Print(const ReportJob& job) {
+    // The windows beside a preview still work; one component prints one job at a time.
+    if (printing_) throw RuntimeError(ErrorNumber::FormAlreadyShown);
+    Prepare();
+    const Printing printing(printing_);
+    // A copy: a preview runs messages, in which the component may be released here.
+    automation::LateBound component = *component_;
+    const PrintedTable table(job.grid);
+    store::ado::WithKinds([&] { PrintWith(component, job, table.Value()); });
 }
 
 }  // namespace zv::platform::win32

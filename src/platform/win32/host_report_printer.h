@@ -3,8 +3,8 @@
 
 #include <optional>
 
+#include "automation/late_bound.h"
 #include "platform/report_printer.h"
-#include "platform/win32/late_bound.h"
 
 namespace zv::platform::win32 {
 
@@ -18,7 +18,7 @@ class HostReportPrinter final : public ReportPrinter {
     void Release() noexcept override { component_.reset(); }
 
  private:
-    std::optional<LateBound> component_;
+    std::optional<automation::LateBound> component_;
     bool printing_ = false;
 };
 

@@ -1,80 +1,56 @@
-// Automation objects in which a print's texts and table reach the report component.
+// Automation objects in which a print's texts and table reach the report component. The component
+// may keep them as long as it likes, which must not keep the control's file or connection.
 #pragma once
 
-#include <windows.h>
-
-#include <oleauto.h>
-
-#include <atomic>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "base/win32/com_ptr.h"
-#include "base/win32/variant.h"
+#include "automation/dispatch.h"
 #include "platform/report_printer.h"
 
 namespace zv::platform::win32 {
 
-/// An object whose members are only read, found by their names without regard to case.
-class ReadingObject : public IDispatch {
- public:
-    ReadingObject(const ReadingObject&) = delete;
-    ReadingObject& operator=(const ReadingObject&) = delete;
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
-    STDMETHODIMP_(ULONG) AddRef() noexcept override;
-    STDMETHODIMP_(ULONG) Release() noexcept override;
-    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
-    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept override;
-    STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
-                               DISPID* ids) noexcept override;
-    STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind, DISPPARAMS* parameters,
-                        VARIANT* result, EXCEPINFO* info, UINT* badArgument) noexcept override;
-
- protected:
-    struct MemberName {
-        const wchar_t* name;
-        DISPID id;
-        UINT arguments;
-    };
-    /// The arguments of a call, whole numbers, in the order in which they are written.
-    using Numbers = std::vector<std::int32_t>;
-
-    explicit ReadingObject(std::span<const MemberName> members) : members_(members) {}
-    virtual ~ReadingObject() = default;
-    /// Throws RuntimeError, which the caller gets.
-    virtual zv::win32::Variant Read(DISPID id, const Numbers& arguments) = 0;
-
- private:
-    HRESULT ReadInto(const MemberName& member, const DISPPARAMS& parameters, VARIANT* result);
-
-    std::span<const MemberName> members_;
-    std::atomic<ULONG> references_{1};
-};
-
 /// Texts by their position from 1: Count, Item (the default member) and _NewEnum.
-class TextCollection final : public ReadingObject {
+class TextCollection final
+    : public automation::DispatchObject<TextCollection, automation::KeepsNothing> {
  public:
-    explicit TextCollection(std::vector<std::string> texts);
+    static constexpr std::string_view kSourceName = "zvTask";
+    static std::span<const automation::MemberEntry<TextCollection>> Members();
+
+    explicit TextCollection(std::vector<std::string> texts) : texts_(std::move(texts)) {}
     const std::vector<std::string>& Texts() const { return texts_; }
 
  private:
-    zv::win32::Variant Read(DISPID id, const Numbers& arguments) override;
+    ~TextCollection() override = default;
+    zv::win32::Variant Count(const automation::Arguments& arguments);
+    zv::win32::Variant Item(const automation::Arguments& arguments);
+    zv::win32::Variant NewEnum(const automation::Arguments& arguments);
 
     std::vector<std::string> texts_;
 };
 
 /// A table: RowCount, ColumnCount, Heading(column), ColumnWidth(column), Text(row, column).
-class TableObject final : public ReadingObject {
+class TableObject final : public automation::DispatchObject<TableObject, automation::KeepsNothing> {
  public:
+    static constexpr std::string_view kSourceName = "zvTask";
+    static std::span<const automation::MemberEntry<TableObject>> Members();
+
     /// The table must outlive the object or be detached from it.
-    explicit TableObject(const ReportTable& table);
+    explicit TableObject(const ReportTable& table) : table_(&table) {}
     /// From now on everything is error 91.
     void Detach() { table_ = nullptr; }
 
  private:
-    zv::win32::Variant Read(DISPID id, const Numbers& arguments) override;
+    ~TableObject() override = default;
+    zv::win32::Variant RowCount(const automation::Arguments& arguments);
+    zv::win32::Variant ColumnCount(const automation::Arguments& arguments);
+    zv::win32::Variant Heading(const automation::Arguments& arguments);
+    zv::win32::Variant ColumnWidth(const automation::Arguments& arguments);
+    zv::win32::Variant Text(const automation::Arguments& arguments);
+    /// Throws error 91 once the table is detached.
+    const ReportTable& Table() const;
 
     const ReportTable* table_;
 };

@@ -2,8 +2,9 @@
 
 #include <utility>
 
+#include "automation/variant_readers.h"
 #include "store/ado/ado_recordset.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 #include "store/ado/provider_errors.h"
 #include "store/lost_connection.h"
 #include "store/one_statement.h"
@@ -42,7 +43,8 @@ class AdoConnection final : public Connection {
     int State() const override {
         if (lost_) return kStateClosed;
         try {
-            const int state = ToInt(GetProperty(*connection_, state_));
+            const int state = automation::ToNumber(GetProperty(*connection_, state_),
+                                                   automation::Misfit::TypeMismatch);
             // Such an object calls itself open until it is closed, whatever became of its server.
             lost_ = state != kStateClosed && ErrorsTellLoss();
             return lost_ ? kStateClosed : state;
@@ -66,8 +68,7 @@ class AdoConnection final : public Connection {
             Call(*connection_, execute_,
                  {statement.Get(), reference, Variant(kTextCommand | kNoRecords).Get()});
         });
-        if (FAILED(affected.ChangeType(VT_I4))) return -1;
-        return static_cast<int>(affected.Get().lVal);
+        return automation::TryNumber(std::move(affected)).value_or(-1);
     }
 
     std::unique_ptr<Recordset> Open(const std::string& sql, CursorType cursor,
@@ -96,11 +97,6 @@ class AdoConnection final : public Connection {
     }
 
  private:
-    static int ToInt(Variant value) {
-        if (FAILED(value.ChangeType(VT_I4))) throw RuntimeError(ErrorNumber::TypeMismatch);
-        return static_cast<int>(value.Get().lVal);
-    }
-
     // The errors of the last operation that failed, of the recordsets too. They are asked for when
     // something has failed since: a statement that runs is worth no more calls than its own.
     bool ErrorsTellLoss() const {
@@ -123,13 +119,8 @@ class AdoConnection final : public Connection {
             if (!recordset) throw RuntimeError(ErrorNumber::ObjectNotSet);
             return recordset;
         }
-        CLSID classId{};
         ComPtr<IDispatch> recordset;
-        HRESULT hr = CLSIDFromProgID(kRecordsetProgId, &classId);
-        if (SUCCEEDED(hr)) {
-            hr = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                                  recordset.PutVoid());
-        }
+        const HRESULT hr = automation::Create(kRecordsetProgId, recordset);
         if (FAILED(hr)) {
             throw RuntimeError(
                 ErrorNumber::CannotCreateObject,

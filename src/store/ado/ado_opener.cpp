@@ -1,7 +1,7 @@
 #include "store/ado/ado_opener.h"
 
 #include "store/ado/ado_connection.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::store::ado {
 
@@ -19,13 +19,9 @@ std::string Reason(HRESULT hr) {
 }  // namespace
 
 std::unique_ptr<Connection> AdoOpener::Open(const ConnectionSettings& settings) {
-    CLSID classId{};
-    HRESULT hr = CLSIDFromProgID(kOpenerProgId, &classId);
     ComPtr<IDispatch> opener;
-    if (SUCCEEDED(hr)) {
-        hr = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, kOpenerInterface,
-                              opener.PutVoid());
-    }
+    const HRESULT hr =
+        automation::Create(kOpenerProgId, CLSCTX_INPROC_SERVER, kOpenerInterface, opener.PutVoid());
     if (FAILED(hr)) {
         throw RuntimeError(
             ErrorNumber::CannotCreateObject,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "automation/variant_readers.h"
 #include "base/text.h"
 #include "store/ado/provider_errors.h"
 #include "store/ado/value_conversion.h"
@@ -17,22 +18,15 @@ constexpr std::int32_t kFirstBlock = 32;
 constexpr std::int32_t kLargestBlock = 2048;
 constexpr std::int32_t kBlockGrowth = 4;
 
-std::int32_t ToInt(Variant value) {
-    if (FAILED(value.ChangeType(VT_I4))) throw RuntimeError(ErrorNumber::TypeMismatch);
-    return static_cast<std::int32_t>(value.Get().lVal);
-}
-
-bool ToBool(Variant value) {
-    if (FAILED(value.ChangeType(VT_BOOL))) throw RuntimeError(ErrorNumber::TypeMismatch);
-    return value.Get().boolVal != VARIANT_FALSE;
-}
+constexpr auto kMismatch = automation::Misfit::TypeMismatch;
 
 }  // namespace
 
 AdoRecordset::AdoRecordset(win32::ComPtr<IDispatch> connection, win32::ComPtr<IDispatch> recordset,
                            CursorType cursor, LockType lock)
     : connection_(std::move(connection)), recordset_(std::move(recordset)) {
-    isOpen_ = ToInt(GetProperty(*recordset_, state_)) != Connection::kStateClosed;
+    isOpen_ = automation::ToNumber(GetProperty(*recordset_, state_), kMismatch) !=
+              Connection::kStateClosed;
     if (!isOpen_) return;
     inBlocks_ = cursor == CursorType::ForwardOnly && lock == LockType::ReadOnly &&
                 getRows_.IsOffered(*recordset_);
@@ -52,7 +46,7 @@ AdoRecordset::~AdoRecordset() {
 
 bool AdoRecordset::Eof() const {
     RequireOpen();
-    return inBlocks_ ? isEof_ : ToBool(GetProperty(*recordset_, eof_));
+    return inBlocks_ ? isEof_ : automation::ToFlag(GetProperty(*recordset_, eof_), kMismatch);
 }
 
 void AdoRecordset::MoveNext() {
@@ -140,14 +134,12 @@ void AdoRecordset::RequireOpen() const {
 void AdoRecordset::LoadColumns() const {
     if (!columns_.empty()) return;
     const auto fields = GetObjectProperty(*recordset_, fields_);
-    const std::int32_t count = ToInt(GetProperty(*fields, count_));
+    const std::int32_t count = automation::ToNumber(GetProperty(*fields, count_), kMismatch);
     std::vector<Column> columns(static_cast<std::size_t>(std::max(count, std::int32_t{0})));
     std::int32_t index = 0;
     for (Column& column : columns) {
         column.field = GetObjectProperty(*fields, item_, {Variant(index++).Get()});
-        Variant name = GetProperty(*column.field, name_);
-        if (FAILED(name.ChangeType(VT_BSTR))) throw RuntimeError(ErrorNumber::TypeMismatch);
-        column.name = win32::ToUtf8(name.Get().bstrVal);
+        column.name = automation::ToText(GetProperty(*column.field, name_), kMismatch);
     }
     columns_ = std::move(columns);
 }
@@ -169,7 +161,7 @@ AdoRecordset::Column& AdoRecordset::ColumnAt(int column) const {
 
 void AdoRecordset::LoadBlock() {
     ReleaseBlock();
-    if (isLastBlock_ || ToBool(GetProperty(*recordset_, eof_))) {
+    if (isLastBlock_ || automation::ToFlag(GetProperty(*recordset_, eof_), kMismatch)) {
         isEof_ = true;
         return;
     }

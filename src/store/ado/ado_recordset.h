@@ -6,7 +6,7 @@
 
 #include "base/win32/com_ptr.h"
 #include "base/win32/variant.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 #include "store/connection.h"
 
 namespace zv::store::ado {

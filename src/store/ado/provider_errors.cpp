@@ -1,5 +1,6 @@
 #include "store/ado/provider_errors.h"
 
+#include "automation/variant_readers.h"
 #include "store/ado_error_kinds.h"
 
 namespace zv::store::ado {
@@ -11,8 +12,7 @@ using win32::Variant;
 std::int32_t NumberOf(IDispatch& object, const wchar_t* name) {
     Member member(name);
     if (!member.IsOffered(object)) return 0;
-    Variant value = GetProperty(object, member);
-    return FAILED(value.ChangeType(VT_I4)) ? 0 : static_cast<std::int32_t>(value.Get().lVal);
+    return automation::TryNumber(GetProperty(object, member)).value_or(0);
 }
 
 }  // namespace
@@ -26,10 +26,10 @@ std::vector<ProviderError> ErrorsOf(IDispatch& connection) {
     for (std::int32_t i = 0; i < count; i++) {
         const auto error = GetObjectProperty(*errors, item, {Variant(i).Get()});
         Member sqlState(L"SQLState");
-        Variant state = GetProperty(*error, sqlState);
-        if (FAILED(state.ChangeType(VT_BSTR))) continue;
+        const auto state = automation::TryText(GetProperty(*error, sqlState));
+        if (!state) continue;
         found.push_back({win32::ToErrorNumber(NumberOf(*error, L"Number")),
-                         {win32::ToUtf8(state.Get().bstrVal), NumberOf(*error, L"NativeError")}});
+                         {*state, NumberOf(*error, L"NativeError")}});
     }
     return found;
 }

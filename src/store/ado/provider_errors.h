@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/errors.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::store::ado {
 

@@ -10,7 +10,7 @@
 
 #include "base/text.h"
 #include "secrets/connection_texts.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::secrets {
 namespace {

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "base/win32/variant.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::death {
 namespace {

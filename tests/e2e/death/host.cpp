@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/win32/variant.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::death {
 namespace {

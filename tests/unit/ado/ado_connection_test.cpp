@@ -35,7 +35,7 @@ class AdoConnection : public testing::Test {
     void TearDown() override {
         connection_.reset();
         EXPECT_EQ(script_.openRecordsets, 0);
-        EXPECT_EQ(host::liveObjects, 0);
+        EXPECT_EQ(automation::module::Locks(), 0);
         CoUninitialize();
     }
 

@@ -5,7 +5,7 @@
 #include "connection_object.h"
 #include "doubles/scripted_connection.h"
 #include "recordset_object.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::host {
 namespace {
@@ -42,7 +42,7 @@ class HostObjects : public testing::Test {
     }
     void TearDown() override {
         connection_.Reset();
-        EXPECT_EQ(liveObjects, 0);
+        EXPECT_EQ(automation::module::Locks(), 0);
         CoUninitialize();
     }
 

@@ -3,14 +3,15 @@
 
 #include <array>
 
-#include "dispatch.h"
+#include "automation/dispatch.h"
 #include "store/ado/ado_connection.h"
 
 namespace zv::store::ado {
 namespace {
 
-using host::Arguments;
-using host::MemberEntry;
+using automation::Arguments;
+using automation::MemberEntry;
+using automation::Offers;
 using win32::Variant;
 
 struct Server {
@@ -26,7 +27,7 @@ struct Server {
 };
 
 template <class Self>
-class Scripted : public host::DispatchObject<Self> {
+class Scripted : public automation::DispatchObject<Self> {
  public:
     static constexpr IID kInterfaceId = {0x3a1d9e52, 0x7c1f, 0x4d0b, {0x9a, 1, 2, 3, 4, 5, 6, 7}};
     static constexpr const char* kSourceName = "Provider";
@@ -41,9 +42,9 @@ class ErrorItem final : public Scripted<ErrorItem> {
     using Scripted::Scripted;
     static std::span<const MemberEntry<ErrorItem>> Members() {
         static constexpr std::array<MemberEntry<ErrorItem>, 3> kMembers{
-            {{L"SQLState", 1, &ErrorItem::State},
-             {L"NativeError", 2, &ErrorItem::Native},
-             {L"Number", 3, &ErrorItem::Number}}};
+            Offers<&ErrorItem::State>(L"SQLState", 1),
+            Offers<&ErrorItem::Native>(L"NativeError", 2),
+            Offers<&ErrorItem::Number>(L"Number", 3)};
         return kMembers;
     }
     Variant State(const Arguments&) { return Variant(std::string_view(server_.sqlState)); }
@@ -56,7 +57,8 @@ class ErrorList final : public Scripted<ErrorList> {
     using Scripted::Scripted;
     static std::span<const MemberEntry<ErrorList>> Members() {
         static constexpr std::array<MemberEntry<ErrorList>, 2> kMembers{
-            {{L"Item", DISPID_VALUE, &ErrorList::Item}, {L"Count", 1, &ErrorList::Count}}};
+            Offers<&ErrorList::Item>(L"Item", DISPID_VALUE),
+            Offers<&ErrorList::Count>(L"Count", 1)};
         return kMembers;
     }
     Variant Item(const Arguments&) {
@@ -70,9 +72,8 @@ class Provider final : public Scripted<Provider> {
     using Scripted::Scripted;
     static std::span<const MemberEntry<Provider>> Members() {
         static constexpr std::array<MemberEntry<Provider>, 3> kMembers{
-            {{L"State", 1, &Provider::State},
-             {L"Execute", 2, &Provider::Execute},
-             {L"Errors", 3, &Provider::Errors}}};
+            Offers<&Provider::State>(L"State", 1), Offers<&Provider::Execute>(L"Execute", 2),
+            Offers<&Provider::Errors>(L"Errors", 3)};
         return kMembers;
     }
     Variant State(const Arguments&) {
@@ -103,7 +104,7 @@ class LostAdoConnection : public testing::Test {
     }
     void TearDown() override {
         connection_.reset();
-        EXPECT_EQ(host::liveObjects, 0);
+        EXPECT_EQ(automation::module::Locks(), 0);
         CoUninitialize();
     }
     int StateAfterAFailure() {

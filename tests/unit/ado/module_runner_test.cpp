@@ -5,7 +5,7 @@
 
 #include "base/errors.h"
 #include "module_runner_object.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::host {
 namespace {

@@ -11,7 +11,7 @@
 #include "base/win32/wide.h"
 #include "platform/win32/host_report_printer.h"
 #include "platform/win32/report_objects.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::platform::win32 {
 namespace {

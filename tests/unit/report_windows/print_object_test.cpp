@@ -5,7 +5,7 @@
 
 #include "report/windows/automation_lists.h"
 #include "report/windows/font_files.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 
 namespace zv::host {
 namespace {
@@ -36,7 +36,7 @@ class PrintObjectTest : public testing::Test {
     }
     void TearDown() override {
         object_.Reset();
-        EXPECT_EQ(liveObjects, 0);
+        EXPECT_EQ(automation::module::Locks(), 0);
         CoUninitialize();
     }
     void Put(const wchar_t* name, const Variant& value) {
@@ -102,11 +102,11 @@ TEST_F(PrintObjectTest, AnUnknownPrinterIsThePrintersError) {
 TEST_F(PrintObjectTest, AnObjectIsLetGoWhenItIsSetToNothing) {
     auto other = ComPtr<IDispatch>::Attach(static_cast<IDispatch*>(new PrintObject()));
     Put(L"Grid", Variant(other.Get()));
-    EXPECT_EQ(liveObjects, 2);
+    EXPECT_EQ(automation::module::Locks(), 2);
     other.Reset();
-    EXPECT_EQ(liveObjects, 2);
+    EXPECT_EQ(automation::module::Locks(), 2);
     Put(L"Grid", Variant(static_cast<IDispatch*>(nullptr)));
-    EXPECT_EQ(liveObjects, 1);
+    EXPECT_EQ(automation::module::Locks(), 1);
 }
 
 TEST(ReadTexts, TakesArraysOfTexts) {

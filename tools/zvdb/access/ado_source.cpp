@@ -5,7 +5,7 @@
 #include "base/errors.h"
 #include "store/ado/ado_connection.h"
 #include "store/ado/ado_recordset.h"
-#include "store/ado/automation.h"
+#include "store/ado/calls.h"
 #include "zvdb/access/access_source.h"
 #include "zvdb/access/file_state.h"
 
@@ -37,14 +37,10 @@ std::string Bracketed(const std::string& name) {
 }
 
 ComPtr<IDispatch> NewConnection() {
-    CLSID classId{};
     ComPtr<IDispatch> connection;
-    HRESULT hr = CLSIDFromProgID(L"ADODB.Connection", &classId);
-    if (SUCCEEDED(hr)) {
-        hr = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                              connection.PutVoid());
+    if (FAILED(automation::Create(L"ADODB.Connection", connection))) {
+        throw SourceError("this system has no data access (ADODB.Connection)");
     }
-    if (FAILED(hr)) throw SourceError("this system has no data access (ADODB.Connection)");
     return connection;
 }
 

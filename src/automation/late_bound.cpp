@@ -1,13 +1,13 @@
-#include "store/ado/automation.h"
+#include "automation/late_bound.h"
+
+#include <objbase.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <utility>
 
-#include "store/ado_error_kinds.h"
-
-namespace zv::store::ado {
+namespace zv::automation {
 namespace {
 
 constexpr std::size_t kMostArguments = 8;
@@ -23,10 +23,7 @@ win32::Variant Invoke(IDispatch& object, DISPID id, WORD kind, DISPPARAMS& param
                                      wantsResult ? result.Put() : nullptr, &info, &badArgument);
     if (FAILED(hr)) {
         failedCalls++;
-        RuntimeError error = win32::ErrorOf(hr, info);
-        if (error.Kind() != ErrorKind::Other) throw error;
-        const ErrorKind known = KindOfAdoError(error.Number());
-        throw std::move(error).Of(known);
+        throw win32::ErrorOf(hr, info);
     }
     return result;
 }
@@ -89,4 +86,55 @@ win32::ComPtr<IDispatch> GetObjectProperty(IDispatch& object, Member& member,
     return result;
 }
 
-}  // namespace zv::store::ado
+std::optional<win32::Variant> TryGet(IDispatch& object, DISPID id, WORD kind) {
+    DISPPARAMS none{};
+    win32::Variant answer;
+    if (FAILED(object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &none, answer.Put(), nullptr,
+                             nullptr))) {
+        return std::nullopt;
+    }
+    return answer;
+}
+
+bool IsRegistered(const wchar_t* progId) {
+    CLSID classId{};
+    return SUCCEEDED(CLSIDFromProgID(progId, &classId));
+}
+
+HRESULT Create(const wchar_t* progId, DWORD context, REFIID iid, void** object) {
+    CLSID classId{};
+    const HRESULT hr = CLSIDFromProgID(progId, &classId);
+    return FAILED(hr) ? hr : CoCreateInstance(classId, nullptr, context, iid, object);
+}
+
+HRESULT Create(const wchar_t* progId, win32::ComPtr<IDispatch>& object) {
+    return Create(progId, CLSCTX_INPROC_SERVER, IID_IDispatch, object.PutVoid());
+}
+
+LateBound LateBound::Create(const wchar_t* progId) {
+    win32::ComPtr<IDispatch> object;
+    const HRESULT hr = automation::Create(progId, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                          IID_IDispatch, object.PutVoid());
+    if (FAILED(hr)) {
+        throw RuntimeError(ErrorNumber::CannotCreateObject,
+                           win32::ToUtf8(progId) + ": " + win32::SystemMessage(hr));
+    }
+    return LateBound(std::move(object));
+}
+
+win32::Variant LateBound::Get(const wchar_t* name) {
+    Member member(name);
+    return GetProperty(*object_, member);
+}
+
+void LateBound::Put(const wchar_t* name, const win32::Variant& value) {
+    Member member(name);
+    PutProperty(*object_, member, value.Get());
+}
+
+win32::Variant LateBound::Call(const wchar_t* name, ArgumentList arguments) {
+    Member member(name);
+    return automation::Call(*object_, member, arguments);
+}
+
+}  // namespace zv::automation

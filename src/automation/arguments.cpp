@@ -1,6 +1,8 @@
-#include "dispatch.h"
+#include "automation/arguments.h"
 
-namespace zv::host {
+#include "automation/variant_readers.h"
+
+namespace zv::automation {
 
 using win32::Variant;
 
@@ -25,24 +27,15 @@ Variant Arguments::At(std::size_t index) const {
 }
 
 std::int32_t Arguments::Int(std::size_t index, std::int32_t fallback) const {
-    if (!IsGiven(index)) return fallback;
-    Variant value = At(index);
-    const HRESULT hr = value.ChangeType(VT_I4);
-    if (FAILED(hr)) {
-        throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
-    }
-    return static_cast<std::int32_t>(value.Get().lVal);
+    return IsGiven(index) ? Int(index) : fallback;
+}
+
+std::int32_t Arguments::Int(std::size_t index) const {
+    return ToNumber(At(index), Misfit::Result);
 }
 
 std::string Arguments::Text(std::size_t index) const {
-    if (!IsGiven(index)) return {};
-    Variant value = At(index);
-    if (value.Type() == VT_NULL) return {};
-    const HRESULT hr = value.ChangeType(VT_BSTR);
-    if (FAILED(hr)) {
-        throw RuntimeError(win32::ToErrorNumber(hr), win32::SystemMessage(hr));
-    }
-    return win32::ToUtf8(value.Get().bstrVal);
+    return IsGiven(index) ? ToTextOrNone(At(index), Misfit::Result) : std::string();
 }
 
 void Arguments::Store(std::size_t index, Variant value) const {
@@ -68,18 +61,4 @@ Variant Arguments::Assigned() const {
     return assigned_ ? Variant::Copy(*assigned_) : Variant::Missing();
 }
 
-HRESULT ReportFailure(HRESULT hr, EXCEPINFO* info) {
-    if (!info) return hr;
-    *info = {};
-    info->scode = hr;
-    win32::ComPtr<IErrorInfo> error;
-    if (GetErrorInfo(0, error.Put()) == S_OK) {
-        error->GetDescription(&info->bstrDescription);
-        error->GetSource(&info->bstrSource);
-        error->GetHelpContext(&info->dwHelpContext);
-        SetErrorInfo(0, error.Get());
-    }
-    return DISP_E_EXCEPTION;
-}
-
-}  // namespace zv::host
+}  // namespace zv::automation

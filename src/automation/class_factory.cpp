@@ -1,15 +1,8 @@
-#include "com/class_factory.h"
+#include "automation/class_factory.h"
 
-#include "com/boundary.h"
-#include "com/module.h"
-#include "com/task_control.h"
+#include "automation/module.h"
 
-namespace zv::com {
-
-ClassFactory& ClassFactory::Instance() {
-    static ClassFactory factory;
-    return factory;
-}
+namespace zv::automation {
 
 STDMETHODIMP ClassFactory::QueryInterface(REFIID iid, void** object) noexcept {
     if (!object) return E_POINTER;
@@ -30,10 +23,10 @@ STDMETHODIMP_(ULONG) ClassFactory::Release() noexcept {
     return 1;
 }
 
-STDMETHODIMP ClassFactory::CreateInstance(IUnknown* aggregate, REFIID iid, void** object) noexcept {
+STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept {
     if (!object) return E_POINTER;
     *object = nullptr;
-    return Boundary([&] { return TaskControl::Create(aggregate, iid, object); });
+    return create_(outer, iid, object);
 }
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) noexcept {
@@ -45,4 +38,14 @@ STDMETHODIMP ClassFactory::LockServer(BOOL lock) noexcept {
     return S_OK;
 }
 
-}  // namespace zv::com
+HRESULT GetClassObject(std::span<ClassFactory> factories, REFCLSID classId, REFIID iid,
+                       void** object) noexcept {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    for (ClassFactory& factory : factories) {
+        if (factory.ClassId() == classId) return factory.QueryInterface(iid, object);
+    }
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+}  // namespace zv::automation

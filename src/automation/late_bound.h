@@ -6,12 +6,13 @@
 #include <oleauto.h>
 
 #include <initializer_list>
+#include <optional>
 
 #include "base/errors.h"
 #include "base/win32/com_error.h"
 #include "base/win32/variant.h"
 
-namespace zv::store::ado {
+namespace zv::automation {
 
 /// A member's name and, once asked for, its id. One for each object: an object is free to number
 /// its members as it likes.
@@ -33,7 +34,7 @@ class Member {
 
 /// An argument list holds the values in the order in which they are written in a call; they stay
 /// the caller's. All calls throw RuntimeError with the number, text and source that the object
-/// reports.
+/// reports, of the kind that one of our own components tells and otherwise of none.
 using ArgumentList = std::initializer_list<VARIANT>;
 
 win32::Variant Call(IDispatch& object, Member& member, ArgumentList arguments = {});
@@ -43,7 +44,36 @@ void PutProperty(IDispatch& object, Member& member, const VARIANT& value);
 win32::ComPtr<IDispatch> GetObjectProperty(IDispatch& object, Member& member,
                                            ArgumentList arguments = {});
 
+/// What an object answers of a member with a number of its own, as containers and collections have
+/// them; nothing when it does not.
+std::optional<win32::Variant> TryGet(IDispatch& object, DISPID id, WORD kind);
+
+/// Whether a class of this name is registered.
+bool IsRegistered(const wchar_t* progId);
+/// A new object of a registered class; null and the reason when that fails.
+HRESULT Create(const wchar_t* progId, DWORD context, REFIID iid, void** object);
+/// In this process.
+HRESULT Create(const wchar_t* progId, win32::ComPtr<IDispatch>& object);
+
+/// An object known by its class's name only, its members by theirs.
+class LateBound {
+ public:
+    /// In this process or in one of its own. Throws error 429, naming the class, when it is not
+    /// registered or cannot be created.
+    static LateBound Create(const wchar_t* progId);
+
+    explicit LateBound(win32::ComPtr<IDispatch> object) : object_(std::move(object)) {}
+
+    /// All throw the object's own error, 438 for a member that it does not have.
+    win32::Variant Get(const wchar_t* name);
+    void Put(const wchar_t* name, const win32::Variant& value);
+    win32::Variant Call(const wchar_t* name, ArgumentList arguments = {});
+
+ private:
+    win32::ComPtr<IDispatch> object_;
+};
+
 /// How many calls have failed so far, whatever object they went to.
 unsigned FailedCalls() noexcept;
 
-}  // namespace zv::store::ado
+}  // namespace zv::automation
