@@ -60,7 +60,7 @@ class Stream final : public IByteWriterWithPosition {
     }
 
  private:
-    static constexpr std::size_t kPiece = 256 * 1024;
+    static constexpr std::size_t kPiece = std::size_t{256} * 1024;
     platform::OutputFile& file_;
     std::string kept_;
     IOBasicTypes::LongFilePositionType position_ = 0;

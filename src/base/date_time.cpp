@@ -94,7 +94,12 @@ double DateTime::ToAutomation() const {
 }
 
 std::optional<DateTime> DateTime::Parse(std::string_view text) {
-    int y = 0, mo = 0, d = 0, h = 0, mi = 0, s = 0;
+    int y = 0;
+    int mo = 0;
+    int d = 0;
+    int h = 0;
+    int mi = 0;
+    int s = 0;
     if (!ReadDigits(text, 0, 4, y) || text.size() < 10 || text[4] != '-' ||
         !ReadDigits(text, 5, 2, mo) || text[7] != '-' || !ReadDigits(text, 8, 2, d) ||
         !IsValidDate(y, mo, d)) {

@@ -77,7 +77,7 @@ std::string InBox(std::int16_t box) {
 
 std::string SearchCondition(store::Database& database, const std::string& text,
                             const std::string& inBox) {
-    const std::string exact = "CompCode = '" + text + "'" + inBox;
+    std::string exact = "CompCode = '" + text + "'" + inBox;
     database.EnsureConnection();
     // A count that failed says nothing; the wider condition finds the code as well.
     if (database.CountRows("cards", exact) > 0) return exact;

@@ -43,8 +43,6 @@ DateTime ToDate(double automationDate) {
 }  // namespace
 
 ZvTask::ZvTask(Session& session) : session_(session) {}
-ZvTask::~ZvTask() = default;
-
 void ZvTask::UserControl_InitProperties() {
     InitState(session_.state, session_.machine.files.ApplicationFolder());
 }

@@ -18,7 +18,6 @@ class ZvTask {
  public:
     /// Several controls of one process share the session and with it the windows.
     explicit ZvTask(Session& session);
-    ~ZvTask();
 
     /// Opens a window by mode (0 alert pass, 1 manager, 2 plan editor, 3 staff list, 4 to 7 task
     /// completion, 9 cards; any other only reads the settings and connects). Returns when a modal

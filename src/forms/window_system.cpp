@@ -16,8 +16,8 @@ WindowSystem::Scope::~Scope() {
 // Whatever happens while a box stands is nobody's act until a handler says whose.
 class WindowSystem::Standing {
  public:
-    Standing(WindowSystem& windows, const BoxText& box)
-        : scope_(windows, Actor::Nobody), windows_(windows), box_(box) {
+    Standing(WindowSystem& windows, BoxText box)
+        : scope_(windows, Actor::Nobody), windows_(windows), box_(std::move(box)) {
         windows_.standing_.push_back(&box_);
     }
     // Boxes need not fall in the order in which they rose.
@@ -206,10 +206,9 @@ void WindowSystem::WhileStanding(const BoxText& box, const std::function<void()>
 
 Form* WindowSystem::DialogOwner() const {
     if (!modal_.empty()) return modal_.back();
-    for (auto form = forms_.rbegin(); form != forms_.rend(); ++form) {
-        if ((*form)->IsShown()) return form->get();
-    }
-    return nullptr;
+    const auto shown = std::find_if(forms_.rbegin(), forms_.rend(),
+                                    [](const auto& form) { return form->IsShown(); });
+    return shown == forms_.rend() ? nullptr : shown->get();
 }
 
 Answer WindowSystem::ShowMessage(const BoxText& text, int style, const std::string& boxTitle,

@@ -151,8 +151,8 @@ class WindowSystem {
     bool Interrupted() const { return interrupted_ > 0 && depth_ >= interrupted_; }
     void InterruptFrom(int depth);
     void InterruptWhenBoxDied();
-    void Present(Form& form, bool made, bool modal, const std::function<void()>& prepare,
-                 const std::function<bool()>& wanted = {});
+    static void Present(Form& form, bool made, bool modal, const std::function<void()>& prepare,
+                        const std::function<bool()>& wanted = {});
     bool Holds(const Form& form) const;
     void Adopt(std::unique_ptr<Form> form);
     void Retire(Form& form);

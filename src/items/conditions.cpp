@@ -8,8 +8,6 @@
 namespace zv::items {
 namespace {
 
-using DateLiteral = std::function<std::string(DateTime)>;
-
 std::string_view Operator(Comparison comparison) {
     switch (comparison) {
         case Comparison::NotEqual:

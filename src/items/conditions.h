@@ -1,11 +1,11 @@
 // The conditions that the query builder collects, as SQL text and as the user reads them.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "base/date_time.h"
+#include "items/filter.h"
 #include "items/list_fields.h"
 
 namespace zv::items {
@@ -42,7 +42,6 @@ bool TakesValue(Comparison comparison);
 /// The conditions as the text of a WHERE clause over "tTaskList a", "1=1" for none. They combine
 /// from the first to the last, and the whole binds like one condition. `dateLiteral` writes a date
 /// in the database's dialect.
-std::string WhereText(const std::vector<Condition>& conditions,
-                      const std::function<std::string(DateTime)>& dateLiteral);
+std::string WhereText(const std::vector<Condition>& conditions, const DateLiteral& dateLiteral);
 
 }  // namespace zv::items

@@ -10,7 +10,7 @@ namespace {
 
 std::string DateClause(const Filter& filter, const DateLiteral& dateLiteral) {
     if (!filter.from && !filter.until) return {};
-    const std::string end =
+    std::string end =
         " And a.tDuring1<=" + dateLiteral(filter.until.value_or(filter.from.value_or(DateTime())));
     if (!filter.from) return end;
     return end + " and a.tDuring2>=" + dateLiteral(*filter.from);

@@ -84,7 +84,7 @@ SavedItem Add(store::Database& database, std::int32_t id, const ItemEntry& entry
         row->SetField(kColumns[i], written[i]);
     }
     row->Update();
-    const SavedItem saved = Described(*row, written);
+    SavedItem saved = Described(*row, written);
     row->Close();
     return saved;
 }

@@ -89,7 +89,7 @@ PlanSave PlanSaving::Add(const Plan& plan, store::Recordset& row) const {
     return Write(row, ValuesOf(plan));
 }
 
-PlanSave PlanSaving::Write(store::Recordset& row, RowValues values) const {
+PlanSave PlanSaving::Write(store::Recordset& row, RowValues values) {
     store::WriteRow(row, kPlanFields, values);
     row.Update();
     row.Close();

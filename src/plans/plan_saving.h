@@ -60,7 +60,7 @@ class PlanSaving {
 
  private:
     PlanSave Add(const Plan& plan, store::Recordset& row) const;
-    PlanSave Write(store::Recordset& row, store::RowValues values) const;
+    static PlanSave Write(store::Recordset& row, store::RowValues values);
     bool TitleOfAnother(const std::string& title) const;
     bool Settle(store::RowMerge& merge, const store::RowValues& stored) const;
 

@@ -19,7 +19,7 @@ platform::ReportJob NewJob(const Session& session) {
 }
 
 std::string CompanyHeading(const Session& session) {
-    const std::string setting = session.GetSetting(resources::kTaskSection, "FullName", "");
+    std::string setting = session.GetSetting(resources::kTaskSection, "FullName", "");
     if (!setting.empty()) return setting;
     return session.state.CompName.empty() ? session.LoadText(text_id::kCompanyName)
                                           : session.state.CompName;

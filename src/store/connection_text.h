@@ -12,8 +12,8 @@ namespace zv::store {
 class Secret {
  public:
     Secret() = default;
-    Secret(std::string text) : text_(std::move(text)) {}  // NOLINT(google-explicit-constructor)
-    Secret(const char* text) : text_(text) {}             // NOLINT(google-explicit-constructor)
+    Secret(std::string text) : text_(std::move(text)) {}
+    Secret(const char* text) : text_(text) {}
 
     bool IsEmpty() const { return text_.empty(); }
     /// As it stands: for what opens the database, and for nothing else.
@@ -31,9 +31,8 @@ class Secret {
 class ConnectionText {
  public:
     ConnectionText() = default;
-    ConnectionText(std::string text)
-        : text_(std::move(text)) {}                    // NOLINT(google-explicit-constructor)
-    ConnectionText(const char* text) : text_(text) {}  // NOLINT(google-explicit-constructor)
+    ConnectionText(std::string text) : text_(std::move(text)) {}
+    ConnectionText(const char* text) : text_(text) {}
     /// Where the text came from, for messages about a text in which no database is recognised.
     ConnectionText(std::string text, std::string origin)
         : text_(std::move(text)), origin_(std::move(origin)) {}

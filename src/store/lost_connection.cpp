@@ -16,15 +16,13 @@ bool TellsLoss(const ServerCode& code) {
     if (code.sqlState.starts_with(kConnectionClass)) return true;
     // A native number means something only beside a state that leaves it open.
     const bool general = code.sqlState.empty() || code.sqlState == "HY000";
-    for (const engines::Codes* codes : engines::AllCodes()) {
-        const auto states = codes->lossStates;
-        if (std::find(states.begin(), states.end(), code.sqlState) != states.end()) return true;
-        const auto numbers = codes->lossNumbers;
-        if (general && std::find(numbers.begin(), numbers.end(), code.native) != numbers.end()) {
-            return true;
-        }
-    }
-    return false;
+    const auto has = [](const auto& known, const auto& one) {
+        return std::find(known.begin(), known.end(), one) != known.end();
+    };
+    return std::ranges::any_of(engines::AllCodes(), [&](const engines::Codes* codes) {
+        return has(codes->lossStates, code.sqlState) ||
+               (general && has(codes->lossNumbers, code.native));
+    });
 }
 
 }  // namespace zv::store

@@ -1,5 +1,6 @@
 #include "store/row_merge.h"
 
+#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -84,10 +85,9 @@ RowValues RowMerge::Merged(const RowValues& stored) const {
 }
 
 bool RowMerge::TakesStored(const RowValues& stored) const {
-    for (const std::size_t group : groups_) {
-        if (!TakesOwn(group, stored) && !SameInGroup(group, asRead_, stored)) return true;
-    }
-    return false;
+    return std::ranges::any_of(groups_, [&](std::size_t group) {
+        return !TakesOwn(group, stored) && !SameInGroup(group, asRead_, stored);
+    });
 }
 
 std::vector<std::size_t> RowMerge::Differences(std::size_t group, const RowValues& stored) const {

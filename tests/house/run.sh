@@ -146,6 +146,35 @@ check "the formatter is that of the team" \
 check "sources are formatted" \
     "$(sources src host tools tests bench | xargs clang-format --dry-run 2>&1 | grep ': warning:')"
 
+# A check is switched off in the list of checks, and its reason stands above.
+switched_off=$(sed -nE 's/^  -([a-z][a-zA-Z.-]*),?$/\1/p' .clang-tidy | sort)
+check "every check that is off has its reason, and every reason its check" \
+    "$(diff <(sed -nE 's/^#  ([a-z]+-[a-zA-Z.-]+) +[^ ].*/\1/p' .clang-tidy | sort) <(echo "$switched_off"))"
+check "checks that are off are seen" "$([ -n "$switched_off" ] || echo none)"
+check "a source that switches a check off says which, and why" \
+    "$(sources src host tools tests bench | xargs grep -nE 'NOLINT' |
+        grep -vE '// NOLINT(NEXTLINE)?\([a-zA-Z.,-]+\): [a-z]')"
+
+# The checks of clang-tidy look for these in the file alone that is compiled, which is a batch.
+check "every name that a source takes from elsewhere is used there" \
+    "$(sources src host tools tests bench | xargs awk '
+        FNR == 1 { report() }
+        { text[FNR] = $0; lines = FNR; file = FILENAME }
+        END { report() }
+        function report(  name, line, uses, i, name_at) {
+            for (i = 1; i <= lines; i++) {
+                if (file !~ /\.cpp$/ || text[i] !~ /^using [A-Za-z_:]+::[A-Za-z_]+;/) continue
+                name = text[i]
+                sub(/;.*/, "", name)
+                sub(/.*::/, "", name)
+                uses = 0
+                for (line = 1; line <= lines; line++)
+                    if (line != i && text[line] ~ "(^|[^A-Za-z0-9_])" name "($|[^A-Za-z0-9_])") uses++
+                if (!uses) print file ":" i ": " text[i]
+            }
+            lines = 0
+        }')"
+
 # A new engine is a folder in src/store/engines and an entry in the list of src/store/CMakeLists.txt.
 # Others may name an engine where all of a folder or file is about that one: the embedded engine,
 # the reader of Access files, the engines of tests and scenarios, the words of a help text.

@@ -26,9 +26,9 @@ void RequireChoosable(const forms::MenuItem& item);
 /// True when the entry belongs to the popup menu that is open: it is told when the menu closes.
 bool ChoseInStandingMenu(forms::MenuItem& item);
 /// The grid, when it has that row; throws DriverError otherwise.
-forms::Grid& RequireRow(forms::Control& grid, int row);
+forms::Grid& RequireRow(forms::Control& control, int row);
 /// The grid, when it shows that column; throws DriverError otherwise.
-forms::Grid& RequireColumn(forms::Control& grid, int column);
+forms::Grid& RequireColumn(forms::Control& control, int column);
 /// The node of that key; throws DriverError when there is none.
 int RequireNode(const forms::TreeView& tree, const std::string& key);
 

@@ -129,7 +129,7 @@ ImportCommand ParseImport(const std::vector<std::string>& arguments) {
         } else if (argument == "--quiet") {
             command.quiet = true;
         } else if (argument.starts_with("--")) {
-            throw UsageError("\"import\" has no option \"" + argument + "\"");
+            throw UsageError(R"("import" has no option ")" + argument + '"');
         } else {
             names.push_back(argument);
         }
@@ -161,7 +161,7 @@ void ParseFileCommand(const std::vector<std::string>& arguments, CommandLine& li
     if (line.command == Command::Mode) {
         const bool known = names.size() < 2 || names[1] == "rollback" || names[1] == "wal";
         if (names.empty() || names.size() > 2 || !known) {
-            throw UsageError("mode wants a file name and perhaps \"rollback\" or \"wal\"");
+            throw UsageError(R"(mode wants a file name and perhaps "rollback" or "wal")");
         }
     } else if (names.size() != 2) {
         throw UsageError(line.command == Command::Backup
@@ -234,7 +234,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
     }
     if (line.command == Command::Create && !sampleOption.empty()) {
         if (line.server.empty())
-            throw UsageError("\"create\" has no option \"" + sampleOption + "\"");
+            throw UsageError(R"("create" has no option ")" + sampleOption + '"');
         line.command = Command::Sample;
     }
     return line;

@@ -23,8 +23,7 @@ bool IsThere(const std::string& path) {
 /// back.
 std::string FreeNameFor(const std::string& path) {
     for (int number = 1;; number++) {
-        const std::string name =
-            path + ".aside" + (number == 1 ? "" : "-" + std::to_string(number));
+        std::string name = path + ".aside" + (number == 1 ? "" : "-" + std::to_string(number));
         bool taken = IsThere(name);
         for (const char* suffix : kSuffixes) taken = taken || IsThere(name + suffix);
         if (!taken) return name;

@@ -1,6 +1,7 @@
 // Items: the occurrences of the plans, and tasks, visits and diary entries that people wrote.
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdio>
 
 #include "items/item.h"
@@ -101,7 +102,7 @@ class ItemWriter {
                                               : ItemKind::Diary;
             DateTime time = options_.today.AddDays(random_.Between(-past, future));
             if (random_.Chance(12)) {
-                time = time.AddSeconds(60 * (30 * random_.Between(16, 35)));
+                time = time.AddSeconds(std::int64_t{60} * 30 * random_.Between(16, 35));
             }
             WriteEntry(kind, time, StateAround(random_, time, time, options_.today));
         }

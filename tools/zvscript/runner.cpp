@@ -148,7 +148,7 @@ std::filesystem::path Runner::MakeFolder(const std::string& file) {
         const std::string name = Utf8Of(PathOf(file).stem());
         for (int number = 1;; number++) {
             const std::string suffix = number == 1 ? "" : '-' + std::to_string(number);
-            const std::filesystem::path folder = options_.keep / PathOf(name + suffix);
+            std::filesystem::path folder = options_.keep / PathOf(name + suffix);
             std::filesystem::create_directories(options_.keep);
             if (std::filesystem::create_directory(folder)) return folder;
         }
@@ -156,8 +156,8 @@ std::filesystem::path Runner::MakeFolder(const std::string& file) {
     static const unsigned run = std::random_device()();
     const std::filesystem::path temporary = std::filesystem::temp_directory_path();
     for (;;) {
-        const std::filesystem::path folder = temporary / PathOf("zvscript-" + std::to_string(run) +
-                                                                '-' + std::to_string(++folders_));
+        std::filesystem::path folder = temporary / PathOf("zvscript-" + std::to_string(run) + '-' +
+                                                          std::to_string(++folders_));
         if (std::filesystem::create_directory(folder)) return folder;
     }
 }

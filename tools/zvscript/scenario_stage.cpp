@@ -42,7 +42,7 @@ void ScenarioStage::AsHost(const std::function<void()>& act) {
 }
 
 std::string ScenarioStage::TakeError() {
-    const std::string text = error_.value_or("");
+    std::string text = error_.value_or("");
     error_.reset();
     return text;
 }

@@ -26,7 +26,7 @@ struct PropertyName {
     std::string_view name;
     std::size_t arguments;
 };
-constexpr std::array<PropertyName, 21> kProperties = {
+constexpr std::array<PropertyName, 21> kReadProperties = {
     {{"text", 0},      {"caption", 0}, {"value", 0}, {"enabled", 0},  {"visible", 0}, {"index", 0},
      {"count", 0},     {"list", 1},    {"tag", 0},   {"date", 0},     {"tab", 0},     {"locked", 0},
      {"maxlength", 0}, {"focus", 0},   {"nodes", 0}, {"selected", 0}, {"rows", 0},    {"cell", 2},
@@ -139,9 +139,9 @@ PropertyPath ParsePropertyPath(const std::string& word) {
     if (parts.size() != 3) throw ScriptError("unknown query " + Quote(word));
     PropertyPath path{TargetOf(parts[0], parts[1]), last.name, last.numbers};
     const auto known =
-        std::find_if(kProperties.begin(), kProperties.end(),
+        std::find_if(kReadProperties.begin(), kReadProperties.end(),
                      [&](const auto& property) { return property.name == last.name; });
-    if (known == kProperties.end()) throw ScriptError("unknown property " + Quote(last.name));
+    if (known == kReadProperties.end()) throw ScriptError("unknown property " + Quote(last.name));
     if (known->arguments != last.numbers.size()) {
         throw ScriptError("the property " + Quote(last.name) + " takes " +
                           std::to_string(known->arguments) + " numbers");

@@ -18,7 +18,7 @@ inline std::string JoinLines(const std::vector<std::string>& lines) {
 
 /// The lines so far; they are gone afterwards.
 inline std::string TakeLines(std::vector<std::string>& lines) {
-    const std::string result = JoinLines(lines);
+    std::string result = JoinLines(lines);
     lines.clear();
     return result;
 }

@@ -65,7 +65,7 @@ forms::Canvas::Scroll PageView::Vertical(int position) const {
     return scroll;
 }
 
-double PageView::Place(double content, int area, int scrolled) const {
+double PageView::Place(double content, int area, int scrolled) {
     return content <= area ? (area - content) / 2 + kEdge : kEdge - scrolled;
 }
 
@@ -73,7 +73,7 @@ double PageView::Left(int scrolled) const {
     return Place(Content(width_), area_.width, scrolled);
 }
 
-double PageView::Top(int scrolled) const {
+double PageView::Top(int scrolled) {
     // A page that is shorter than the area begins at its top like a taller one.
     return kEdge - scrolled;
 }

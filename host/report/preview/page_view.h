@@ -28,13 +28,13 @@ class PageView {
     /// Of the page's upper left corner in the area, negative when scrolled; a page that is narrower
     /// than the area lies in its middle.
     double Left(int scrolled) const;
-    double Top(int scrolled) const;
+    static double Top(int scrolled);
     /// 1/96 inch of the area for a point of the page.
     double Scale() const;
 
  private:
     double Content(double points) const;
-    double Place(double content, int area, int scrolled) const;
+    static double Place(double content, int area, int scrolled);
 
     double width_ = 1;
     double height_ = 1;

@@ -153,7 +153,9 @@ inline RuntimeError ErrorOf(HRESULT hr, EXCEPINFO& info) {
         return RuntimeError(ToErrorNumber(hr), SystemMessage(hr)).Of(ErrorKind::Other);
     }
     if (info.pfnDeferredFillIn) info.pfnDeferredFillIn(&info);
-    Bstr source, text, help;
+    Bstr source;
+    Bstr text;
+    Bstr help;
     *source.Put() = info.bstrSource;
     *text.Put() = info.bstrDescription;
     *help.Put() = info.bstrHelpFile;

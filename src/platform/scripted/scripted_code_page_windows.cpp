@@ -25,7 +25,7 @@ void ScriptedCodePage::Select(int codePage) {
 
 int ScriptedCodePage::ByteWidth(char32_t codePoint) const {
     if (codePoint < 0x80 || codePoint > 0xFFFF) return 1;
-    const wchar_t unit = static_cast<wchar_t>(codePoint);
+    const auto unit = static_cast<wchar_t>(codePoint);
     char bytes[8];
     BOOL replaced = FALSE;
     const int length =

@@ -75,7 +75,7 @@ class SystemOutputFile final : public OutputFile {
     }
 
     void Write(std::string_view bytes) override {
-        constexpr std::size_t kLargestWrite = 16 * 1024 * 1024;
+        constexpr std::size_t kLargestWrite = std::size_t{16} * 1024 * 1024;
         while (!bytes.empty()) {
             const std::string_view piece = bytes.substr(0, kLargestWrite);
             DWORD written = 0;

@@ -1,5 +1,6 @@
 #include "store/ado/ado_connection.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "automation/variant_readers.h"
@@ -107,10 +108,9 @@ class AdoConnection final : public Connection {
     }
 
     bool HasErrorOfLoss() const {
-        for (const ProviderError& error : ErrorsOf(*connection_)) {
-            if (TellsLoss(error.code)) return true;
-        }
-        return false;
+        return std::ranges::any_of(ErrorsOf(*connection_), [](const ProviderError& error) {
+            return TellsLoss(error.code);
+        });
     }
 
     ComPtr<IDispatch> CreateRecordset() {

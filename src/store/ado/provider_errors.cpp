@@ -19,7 +19,8 @@ std::int32_t NumberOf(IDispatch& object, const wchar_t* name) {
 
 std::vector<ProviderError> ErrorsOf(IDispatch& connection) {
     std::vector<ProviderError> found;
-    Member list(L"Errors"), item(L"Item");
+    Member list(L"Errors");
+    Member item(L"Item");
     if (!list.IsOffered(connection)) return found;
     const auto errors = GetObjectProperty(connection, list);
     const std::int32_t count = NumberOf(*errors, L"Count");

@@ -152,6 +152,7 @@ Expression Writer::WriteCase(const Node& node) const {
     if (node.otherwise) values.push_back(WriteValue(*last));
 
     std::vector<Expression*> alternatives;
+    alternatives.reserve(values.size());
     for (Expression& value : values) alternatives.push_back(&value);
     result.kind = target_.Unify(alternatives, result.kind);
     if (compared) target_.FoldCase(*compared);

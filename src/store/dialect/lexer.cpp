@@ -207,7 +207,9 @@ std::string StoredDate(std::string_view text) {
     text = text::Trim(text);
     DateReader reader(text);
     const auto first = reader.Number(1, 4);
-    std::optional<int> year, month, day;
+    std::optional<int> year;
+    std::optional<int> month;
+    std::optional<int> day;
     if (reader.Skip('/')) {
         month = first;
         day = reader.Number(1, 2);
@@ -219,7 +221,9 @@ std::string StoredDate(std::string_view text) {
     }
     if (!year || !month || !day || !DateTime::IsValidDate(*year, *month, *day)) return {};
 
-    int hour = 0, minute = 0, second = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
     if (!reader.AtEnd()) {
         if (!reader.Skip(' ') && !reader.Skip('T')) return {};
         const auto h = reader.Number(1, 2);

@@ -56,7 +56,9 @@ class Target {
     /// The sides of a comparison.
     virtual void Match(Expression& left, Expression& right) const;
     /// Alternatives for one value; answers their kind, `usual` where nobody insists.
-    virtual ColumnKind Unify(std::vector<Expression*>, ColumnKind usual) const { return usual; }
+    virtual ColumnKind Unify(const std::vector<Expression*>&, ColumnKind usual) const {
+        return usual;
+    }
 
     /// A text that several others are compared with.
     virtual void FoldCase(Expression&) const {}

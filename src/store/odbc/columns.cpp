@@ -57,6 +57,7 @@ rows::FieldUse UseOf(const Column& column) {
 
 rows::FieldList FieldsOf(const std::vector<Column>& columns) {
     std::vector<rows::FieldFacts> fields;
+    fields.reserve(columns.size());
     for (const Column& column : columns) fields.push_back({column.name, UseOf(column)});
     return {kErrorSource, std::move(fields)};
 }

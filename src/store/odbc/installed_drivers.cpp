@@ -13,8 +13,10 @@ std::vector<std::string> InstalledDrivers() {
     const EnvironmentHandle environment(SQLHANDLE{});
     if (!environment) return names;
     SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, NumberAsPointer(SQL_OV_ODBC3), 0);
-    SQLWCHAR name[kUnits]{}, attributes[kUnits]{};
-    SQLSMALLINT length = 0, attributesLength = 0;
+    SQLWCHAR name[kUnits]{};
+    SQLWCHAR attributes[kUnits]{};
+    SQLSMALLINT length = 0;
+    SQLSMALLINT attributesLength = 0;
     for (SQLUSMALLINT direction = SQL_FETCH_FIRST;
          SQL_SUCCEEDED(SQLDriversW(environment.Get(), direction, name, kUnits, &length, attributes,
                                    kUnits, &attributesLength));

@@ -288,7 +288,11 @@ bool Link::Fetch(SQLHSTMT statement) {
 }
 
 Table Link::DescribeTable(const std::string& name) {
-    constexpr SQLUSMALLINT kTableName = 3, kColumnName = 4, kDataType = 5, kTypeName = 6, kSize = 7;
+    constexpr SQLUSMALLINT kTableName = 3;
+    constexpr SQLUSMALLINT kColumnName = 4;
+    constexpr SQLUSMALLINT kDataType = 5;
+    constexpr SQLUSMALLINT kTypeName = 6;
+    constexpr SQLUSMALLINT kSize = 7;
     const std::u16string wide = text::ToUtf16(name);
     const auto length = static_cast<SQLSMALLINT>(wide.size());
     Table table;

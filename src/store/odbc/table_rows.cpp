@@ -10,13 +10,13 @@ TableRows::TableRows(const std::shared_ptr<Session>& session, const std::string&
                      const std::string& table)
     : TableRows(session, sql, table, session->Describe(sql)) {}
 
-TableRows::TableRows(const std::shared_ptr<Session>& session, const std::string& sql,
+TableRows::TableRows(std::shared_ptr<Session> session, const std::string& sql,
                      const std::string& table, std::vector<Column> columns)
     : RowTable(FieldsOf(columns)),
-      session_(session),
+      session_(std::move(session)),
       sql_(sql),
       columns_(std::move(columns)),
-      statements_(*session, session->TableOf(table), columns_) {}
+      statements_(*session_, session_->TableOf(table), columns_) {}
 
 Result TableRows::Run(RowStatement statement, bool asStored) {
     return session_->Run(statement.sql, std::move(statement.parameters), asStored);

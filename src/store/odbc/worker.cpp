@@ -1,7 +1,7 @@
 #include "store/odbc/worker.h"
 
 #ifndef _WIN32
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is not of the standard's
 #endif
 
 #include <atomic>

@@ -4,7 +4,8 @@ namespace zv::store::rows {
 
 std::string InsertStatement(const std::string& table, const std::vector<std::string>& names) {
     if (names.empty()) return "insert into " + table + " default values";
-    std::string list, places;
+    std::string list;
+    std::string places;
     for (const std::string& name : names) {
         list += (list.empty() ? "" : ",") + name;
         places += places.empty() ? "?" : ",?";

@@ -21,6 +21,7 @@ FieldUse UseOf(const Statement& statement, int column) {
 
 rows::FieldList FieldsOf(const Statement& statement, bool datesAsText) {
     std::vector<rows::FieldFacts> fields;
+    fields.reserve(static_cast<std::size_t>(statement.ColumnCount()));
     for (int column = 0; column < statement.ColumnCount(); column++) {
         fields.push_back({statement.ColumnName(column),
                           datesAsText ? FieldUse::Plain : UseOf(statement, column)});

@@ -16,7 +16,10 @@ std::string TypeOfDevice(const std::string& device) {
     std::string found;
     for (std::string line; std::getline(table, line);) {
         std::istringstream words(line);
-        std::string id, parent, number, word;
+        std::string id;
+        std::string parent;
+        std::string number;
+        std::string word;
         words >> id >> parent >> number;
         if (number != device) continue;
         while (words >> word && word != "-") {

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <memory>
@@ -106,10 +107,7 @@ bool IsShareType(std::string_view fileSystem) {
     static constexpr std::array<std::string_view, 9> kLocal{
         "fuseblk",       "fuse.fuse-overlayfs", "fuse.ntfs",  "fuse.ntfs-3g", "fuse.exfat",
         "fuse.mergerfs", "fuse.gocryptfs",      "fuse.encfs", "fuse.bindfs"};
-    for (const std::string_view local : kLocal) {
-        if (fileSystem == local) return false;
-    }
-    return true;
+    return std::find(kLocal.begin(), kLocal.end(), fileSystem) == kLocal.end();
 }
 
 ScriptedShares::ScriptedShares(std::function<bool(const std::string&)> answer) {

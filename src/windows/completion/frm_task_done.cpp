@@ -16,7 +16,6 @@ namespace {
 
 using forms::layout::Metrics;
 using forms::layout::Row;
-using forms::layout::dialog::kGap;
 using forms::layout::dialog::kMargin;
 using forms::layout::dialog::kRowGap;
 

@@ -37,7 +37,7 @@ class frmTaskMain : public forms::Form, public StoreClient {
     static constexpr std::string_view kName = "frmTaskMain";
 
     /// The session must outlive the window.
-    frmTaskMain(forms::WindowSystem& windows, Session& session);
+    frmTaskMain(forms::WindowSystem& windows, Session& owner);
 
     /// The start mode: 0 alert, 1 manager, 9 cards. A loaded window without an edit under way is
     /// set up for it when it is in another mode, and moves to the present day otherwise.

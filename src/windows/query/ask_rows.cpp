@@ -44,7 +44,7 @@ AskRows::~AskRows() {
     }
 }
 
-std::string_view AskRows::DayOf(const store::Value& value, std::string& kept) const {
+std::string_view AskRows::DayOf(const store::Value& value, std::string& kept) {
     constexpr std::size_t kDayLength = 10;
     if (value.IsNull()) return {};
     if (const std::string* text = value.TextIf()) {

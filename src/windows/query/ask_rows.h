@@ -37,7 +37,7 @@ class AskRows {
  private:
     void TakeRow();
     std::string_view TextOf(std::size_t column);
-    std::string_view DayOf(const store::Value& value, std::string& kept) const;
+    static std::string_view DayOf(const store::Value& value, std::string& kept);
 
     std::unique_ptr<store::Connection> connection_;
     std::unique_ptr<store::Recordset> rows_;

@@ -16,6 +16,7 @@ using resources::ReportText;
 
 std::vector<std::string> Captions(const std::vector<items::ListField>& fields) {
     std::vector<std::string> captions;
+    captions.reserve(fields.size());
     for (const items::ListField& field : fields) captions.push_back(field.caption);
     return captions;
 }

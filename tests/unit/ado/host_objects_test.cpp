@@ -12,7 +12,6 @@ namespace {
 
 using store::Value;
 using store::ado::Call;
-using store::ado::GetObjectProperty;
 using store::ado::GetProperty;
 using store::ado::Member;
 using store::ado::PutProperty;

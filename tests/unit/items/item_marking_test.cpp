@@ -12,9 +12,6 @@ class MarkingAnItem : public store::WatchedDatabaseTest {
     }
 };
 
-using store::EngineKind;
-using store::EngineName;
-
 ZV_ON_EVERY_ENGINE(MarkingAnItem);
 
 TEST_P(MarkingAnItem, SendsExactlyThisStatement) {

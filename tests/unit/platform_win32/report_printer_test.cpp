@@ -16,8 +16,6 @@
 namespace zv::platform::win32 {
 namespace {
 
-using store::ado::Call;
-using store::ado::GetObjectProperty;
 using store::ado::GetProperty;
 using store::ado::Member;
 using zv::win32::ComPtr;

@@ -7,7 +7,6 @@ namespace zv::users {
 namespace {
 
 using store::EngineKind;
-using store::EngineName;
 using store::LockType;
 
 constexpr int kDays = 10;

@@ -42,7 +42,7 @@ class MdbFile {
  private:
     struct Handle;
     void CheckDefinition(const Page& first, std::uint32_t page);
-    void ReadColumns(S_MdbTableDef& table, TableDefinition& definition);
+    static void ReadColumns(S_MdbTableDef& table, TableDefinition& definition);
     void CheckPageList(Bytes list) const;
     void ReadPageList(S_MdbTableDef& table, TableDefinition& definition);
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "store/value.h"
 #include "zvdb/import/import_report.h"
@@ -17,8 +18,8 @@ struct Misfit {
 
 class CellFit {
  public:
-    CellFit(const ColumnRule& column, const TargetLimits& limits)
-        : column_(column), limits_(limits) {}
+    CellFit(ColumnRule column, const TargetLimits& limits)
+        : column_(std::move(column)), limits_(limits) {}
 
     /// NULL fits everywhere. What a lenient target keeps as it is, is a remark; what it would
     /// change or lose, a refusal.

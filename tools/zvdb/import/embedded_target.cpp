@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "base/errors.h"
 #include "base/path.h"
@@ -18,15 +19,18 @@ namespace fs = std::filesystem;
 
 std::vector<std::string> Names(const std::vector<ColumnRule>& columns) {
     std::vector<std::string> names;
+    names.reserve(columns.size());
     for (const ColumnRule& column : columns) names.push_back(column.name);
     return names;
 }
 
 }  // namespace
 
-EmbeddedTarget::EmbeddedTarget(const std::string& path, const std::string& source,
-                               Progress& progress)
-    : path_(path), source_(source), progress_(progress), isNew_(!fs::exists(PathOf(path))) {
+EmbeddedTarget::EmbeddedTarget(const std::string& path, std::string source, Progress& progress)
+    : path_(path),
+      source_(std::move(source)),
+      progress_(progress),
+      isNew_(!fs::exists(PathOf(path))) {
     if (isNew_) {
         const fs::path folder = PathOf(path).parent_path();
         if (!folder.empty() && !fs::is_directory(folder)) {
@@ -68,7 +72,7 @@ void EmbeddedTarget::MakeNew() {
     }
 }
 
-void EmbeddedTarget::Fail(const EngineError& error) const {
+void EmbeddedTarget::Fail(const EngineError& error) {
     switch (error.Code()) {
         case SQLITE_INTERRUPT:
             throw Interrupted();

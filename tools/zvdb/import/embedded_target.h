@@ -19,7 +19,7 @@ class EmbeddedTarget : public TableTarget {
  public:
     /// Throws TargetError when something is there that is no database of the system.
     /// A new file gets the rights of `source`, unless that is empty.
-    EmbeddedTarget(const std::string& path, const std::string& source, Progress& progress);
+    EmbeddedTarget(const std::string& path, std::string source, Progress& progress);
     ~EmbeddedTarget() override;
 
     std::string Kind() const override { return isNew_ ? "new embedded file" : "embedded file"; }
@@ -46,7 +46,7 @@ class EmbeddedTarget : public TableTarget {
     std::vector<std::string> CheckImported() override;
 
  private:
-    [[noreturn]] void Fail(const EngineError& error) const;
+    [[noreturn]] static void Fail(const EngineError& error);
     template <class Do>
     auto Guarded(Do work) {
         try {

@@ -13,7 +13,7 @@ namespace {
 // Servers take a thousand rows in a statement or more; a statement of about this length is sent
 // while the next rows are read.
 constexpr int kRowsInStatement = 500;
-constexpr std::size_t kStatementLength = 256 * 1024;
+constexpr std::size_t kStatementLength = std::size_t{256} * 1024;
 
 class TargetServerRows : public RowReader {
  public:

@@ -146,7 +146,7 @@ class PostgreSqlTarget final : public Target {
         FoldCase(right);
     }
 
-    ColumnKind Unify(std::vector<Expression*> values, ColumnKind usual) const override {
+    ColumnKind Unify(const std::vector<Expression*>& values, ColumnKind usual) const override {
         ColumnKind kind = ColumnKind::Unknown;
         bool mixed = false;
         for (Expression* value : values) {

@@ -82,6 +82,7 @@ std::vector<WindowClassRange> WindowRanges(std::string_view firstDay) {
     const int day = Digits(firstDay.substr(0, 4)) * kYear + Digits(firstDay.substr(5, 2)) * kMonth +
                     Digits(firstDay.substr(8, 2));
     std::vector<WindowClassRange> ranges;
+    ranges.reserve(kNarrow);
     for (int width = 0; width < kNarrow; width++) ranges.push_back({width, DayText(day - width)});
     int windowClass = kNarrow;
     for (int limit = 2 * kNarrow; limit <= kWidest; limit *= 2) {

@@ -64,7 +64,7 @@ std::string ConflictQuestion::Shown(std::size_t position, const ItemRow& row) co
 }
 
 std::string ConflictQuestion::CardText(std::int32_t card) const {
-    const std::string number = std::to_string(card);
+    std::string number = std::to_string(card);
     if (card < 1) return number;
     const std::string company = cards::CompanyOf(session_.database, card);
     return company.empty() ? number : company + " (" + number + ")";

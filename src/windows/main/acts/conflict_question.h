@@ -24,8 +24,8 @@ class ConflictQuestion {
     std::optional<store::RowMerge::Version> Ask(const std::vector<std::size_t>& fields) const;
 
  private:
-    std::string Caption(std::size_t field) const;
-    std::string Shown(std::size_t field, const items::ItemRow& row) const;
+    std::string Caption(std::size_t position) const;
+    std::string Shown(std::size_t position, const items::ItemRow& row) const;
     std::string CardText(std::int32_t card) const;
 
     Session& session_;

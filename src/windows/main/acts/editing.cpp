@@ -68,7 +68,8 @@ void Editing::Wire() {
     }
     m.mnuEventDel.onClick = [this] { DeletePlan(); };
     m.mnuGuestConnect.onClick = [this] { mnuGuestConnect_Click(); };
-    for (std::int16_t i = 0; i < commands_.cmdAction.Count(); i++) {
+    const auto actions = static_cast<std::int16_t>(commands_.cmdAction.Count());
+    for (std::int16_t i = 0; i < actions; i++) {
         commands_.cmdAction[i].onClick = [this, i] { cmdAction_Click(i); };
     }
     commands_.cmdSave.onClick = [this] { cmdSave_Click(); };
@@ -187,7 +188,7 @@ std::optional<items::SavedItem> Editing::SaveItem() {
     // The number of a plan that is shown is not an item's.
     const std::int32_t id = model_.ShowsPlans() ? 0 : model_.currentId;
     if (!MayJoinPlan()) return std::nullopt;
-    const auto saved = adds ? items::Add(session_.database, id, entry) : Change(id, entry);
+    auto saved = adds ? items::Add(session_.database, id, entry) : Change(id, entry);
     if (!saved) return saved;
     view_.ForgetRow();
     head_.txtUser2.SetText(session_.state.UserName);

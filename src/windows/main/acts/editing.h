@@ -41,7 +41,7 @@ class Editing {
 
  private:
     void Wire();
-    void Dispatch(EditMode mode, NodeKind kind);
+    void Dispatch(EditMode mode, NodeKind node);
     void Delete(bool plan);
     std::optional<items::SavedItem> Change(std::int32_t id, const items::ItemEntry& entry);
     bool Settle(store::RowMerge& merge, const items::ItemRow& stored) const;

@@ -10,7 +10,6 @@
 namespace zv::windows {
 
 using items::ItemKind;
-using items::ItemState;
 namespace field = items::field;
 
 std::vector<FieldBox> AllBoxes(ItemPanel& head, ContentPanel& content, CardPanel& cards) {

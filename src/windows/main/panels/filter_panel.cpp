@@ -14,10 +14,9 @@
 namespace zv::windows {
 namespace {
 
-using items::Filter;
 using resources::DesignText;
 
-constexpr int kFields = 9;
+constexpr int kFilterFields = 9;
 
 }  // namespace
 
@@ -30,7 +29,7 @@ FilterPanel::FilterPanel(forms::Form& form, forms::TabPage page, Session& sessio
       lblNoFilter(form, "lblNoFilter", &page.Content()),
       fraB3(form, "fraB3", &page.Content()),
       chkType(form, "chkType", &fraB3, static_cast<int>(items::kItemKinds.size())),
-      lblFilter(form, "lblFilter", &fraB3, kFields),
+      lblFilter(form, "lblFilter", &fraB3, kFilterFields),
       DTPicker0(form, "DTPicker0", &fraB3),
       DTPicker1(form, "DTPicker1", &fraB3),
       txtTitle0(form, "txtTitle0", &fraB3),
@@ -146,8 +145,8 @@ void FilterPanel::SetStartValues() {
         if (!text->Locked()) text->SetText("");
     }
     givenCompany_.clear();
-    cboState.SetListIndex(
-        Row(state_.startMode == kAlertMode ? Filter::States::NotYetDone : Filter::States::All));
+    cboState.SetListIndex(Row(state_.startMode == kAlertMode ? items::Filter::States::NotYetDone
+                                                             : items::Filter::States::All));
 }
 
 void FilterPanel::LoadOwnItems() {
@@ -207,8 +206,8 @@ bool FilterPanel::Follow(forms::DatePicker& picker, bool& touched, std::optional
     return true;
 }
 
-Filter FilterPanel::Choice() const {
-    Filter choice;
+items::Filter FilterPanel::Choice() const {
+    items::Filter choice;
     for (const items::ItemKind kind : items::kItemKinds) {
         choice.kinds[Position(kind)] = chkType[Number(kind)].Checked();
     }
@@ -222,7 +221,7 @@ Filter FilterPanel::Choice() const {
     choice.company = txtComp.Text();
     // The list holds the states in this order; without a chosen row none is excluded.
     if (cboState.ListIndex() >= 0) {
-        choice.states = static_cast<Filter::States>(cboState.ListIndex());
+        choice.states = static_cast<items::Filter::States>(cboState.ListIndex());
     }
     return choice;
 }

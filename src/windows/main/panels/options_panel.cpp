@@ -59,7 +59,8 @@ void OptionsPanel::Wire() {
     cmdAccess.onClick = [this] { cmdAccess_Click(); };
     txtAccess.onGotFocus = [this] { txtAccess_GotFocus(); };
     txtAccess.onLostFocus = [this] { txtAccess_LostFocus(); };
-    for (std::int16_t i = 0; i < optJBR.Count(); i++) {
+    const auto users = static_cast<std::int16_t>(optJBR.Count());
+    for (std::int16_t i = 0; i < users; i++) {
         optJBR[i].onClick = [this, i] { optJBR_Click(i); };
     }
     chkStartup.onClick = [this] { chkStartup_Click(); };

@@ -12,7 +12,6 @@
 namespace zv::windows {
 namespace {
 
-using forms::TreeView;
 using items::ItemKind;
 using items::ItemState;
 using resources::DesignText;
