@@ -23,7 +23,7 @@ void ControlSite::Detach() {
     activeObject_.Reset();
 }
 
-void ControlSite::Tell(const char* what) noexcept {
+void ControlSite::Note(const char* what) noexcept {
     try {
         if (log_) log_(what);
     } catch (...) {
@@ -74,18 +74,18 @@ STDMETHODIMP ControlSite::GetWindow(HWND* window) {
 }
 
 STDMETHODIMP ControlSite::OnInPlaceActivate() {
-    Tell(texts::kActivated);
+    Note(texts::kActivated);
     return S_OK;
 }
 
 STDMETHODIMP ControlSite::OnUIActivate() {
-    Tell(texts::kUserInterfaceActive);
+    Note(texts::kUserInterfaceActive);
     return S_OK;
 }
 
 STDMETHODIMP ControlSite::OnInPlaceDeactivate() {
     activeObject_.Reset();
-    Tell(texts::kDeactivated);
+    Note(texts::kDeactivated);
     return S_OK;
 }
 
@@ -212,7 +212,7 @@ STDMETHODIMP ControlSite::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS*
     }
     if ((kind & DISPATCH_METHOD) && eventInterface_ != GUID_NULL) {
         return win32::Guarded(
-            "zvDemo", [&] { Tell(resources::FillIn(texts::kEvent, std::to_string(id)).c_str()); });
+            "zvDemo", [&] { Note(resources::FillIn(texts::kEvent, std::to_string(id)).c_str()); });
     }
     return DISP_E_MEMBERNOTFOUND;
 }

@@ -96,7 +96,7 @@ class ControlSite final : public IOleClientSite,
 
  private:
     ~ControlSite() = default;
-    void Tell(const char* what) noexcept;
+    void Note(const char* what) noexcept;
     HRESULT AmbientFont(VARIANT* result) const;
 
     std::atomic<long> references_{1};

@@ -61,7 +61,7 @@ inline constexpr char kControlNotRegistered[] = "控件没有注册";
 inline constexpr char kInvisible[] = "控件运行时不可见，不就地激活";
 inline constexpr char kSavePropertyBag[] = "保存属性包";
 
-// With what is told in the places in braces.
+// With what is inserted in the places in braces.
 inline constexpr char kEvent[] = "事件 {0}";
 inline constexpr char kOtherType[] = "(类型 {0})";
 inline constexpr char kCut[] = "…（{0} 字）";

@@ -14,7 +14,7 @@
 
 namespace zv::demo {
 
-/// Every step tells the log what was called and what came back.
+/// Every step writes to the log what was called and what came back.
 class EmbeddedControl {
  public:
     using Log = ControlSite::Log;
@@ -25,8 +25,8 @@ class EmbeddedControl {
     EmbeddedControl& operator=(const EmbeddedControl&) = delete;
 
     bool Exists() const { return static_cast<bool>(object_); }
-    /// Creates the control, new or with what `stored` holds. Answers false and tells the log when
-    /// that fails.
+    /// Creates the control, new or with what `stored` holds. Answers false and writes to the log
+    /// when that fails.
     bool Create(PropertyBag* stored);
     void Destroy();
 

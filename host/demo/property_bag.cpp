@@ -37,7 +37,7 @@ STDMETHODIMP PropertyBag::Read(LPCOLESTR name, VARIANT* value, IErrorLog*) {
     const Variant* found = Find(name);
     if (!found) return E_INVALIDARG;
     return win32::Guarded("PropertyBag", [&] {
-        // The caller tells the type that it wants by the one that it brings.
+        // The caller shows the type that it wants by the one that it brings.
         const VARTYPE wanted = value->vt;
         Variant copy = Variant::Copy(found->Get());
         if (wanted != VT_EMPTY && FAILED(copy.ChangeType(wanted))) return DISP_E_TYPEMISMATCH;

@@ -10,7 +10,7 @@ namespace zv::report {
 
 class PageFrame {
  public:
-    /// Both must outlive this. `records`: number told beside the subtitle, -1 for none.
+    /// Both must outlive this. `records`: number shown beside the subtitle, -1 for none.
     PageFrame(const Document& document, const FontSet& fonts, double pageWidth, double pageHeight,
               int records);
 

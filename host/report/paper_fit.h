@@ -16,7 +16,7 @@ struct Placement {
 struct Sheet {
     int dotsPerInchX = 0;
     int dotsPerInchY = 0;
-    /// The whole paper; 0 where the device does not tell.
+    /// The whole paper; 0 where the device does not report it.
     int width = 0;
     int height = 0;
     /// The printer counts from the first dot that it can print on.

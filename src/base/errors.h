@@ -43,7 +43,7 @@ enum class ErrorNumber : std::int32_t {
     DatabaseFailure = static_cast<std::int32_t>(0x80004005),
 };
 
-/// What went wrong with a database, whatever its engine calls it: by this the user is told
+/// What went wrong with a database, whatever its engine calls it: by this the user learns
 /// (resources/error_texts.h).
 enum class ErrorKind : std::uint8_t {
     Own,    ///< an error of the system itself: its text, if it has one, can be read as it stands
@@ -65,7 +65,7 @@ enum class ErrorKind : std::uint8_t {
     NoTable,
     NoColumn,
     BadStatement,
-    Refused,  ///< the door takes no such statement
+    Refused,  ///< no such statement is let through
     NoPermission,
     LoginRefused,
     ServerUnknown,
@@ -86,7 +86,7 @@ struct ServerCode {
     std::int32_t native = 0;
 };
 
-/// An error that a user or a host is told of. Without a text of its own it takes the catalogue's
+/// An error that a user or a host learns of. Without a text of its own it takes the catalogue's
 /// text for its number; an engine's text is put behind one in the user's language
 /// (resources/error_texts.h).
 class RuntimeError : public std::exception {
@@ -110,7 +110,7 @@ class RuntimeError : public std::exception {
     /// The component that failed, for example the database engine; empty for the system itself.
     const std::string& Source() const { return source_; }
     const ServerCode& Code() const { return code_; }
-    /// An error that names its source is of no kind known until it is told otherwise.
+    /// An error that names its source is of no kind known until one is set.
     ErrorKind Kind() const { return kind_; }
     const char* what() const noexcept override { return text_.c_str(); }
 

@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// True for a text that a spreadsheet program takes for a formula, whoever typed it: one that
+/// True for a text that a spreadsheet program takes for a formula, no matter who typed it: one that
 /// begins with an equals, plus, minus or at sign - the full-width ones that Chinese input methods
 /// write too -, a tab, a carriage return or a line feed, and is no plain number. An apostrophe in
 /// front makes a text of it.

@@ -39,8 +39,8 @@ class ZvTask {
 
  private:
     /// The connection follows the properties, unless an edit is under way or something modal
-    /// stands: then a mode that would act on the store fails. A store that cannot be opened is told
-    /// to the user once and is an error for the host; the connection that is open stays.
+    /// stands: then a mode that would act on the store fails. A store that cannot be opened is
+    /// shown to the user once and is an error for the host; the connection that is open stays.
     void Connect(std::int32_t mode);
     using frmTaskMain = windows::frmTaskMain;
 

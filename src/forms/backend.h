@@ -42,7 +42,7 @@ class ControlPeer {
     virtual void TakeFocus() = 0;
 };
 
-/// Nodes are told apart by the ids of TreeView.
+/// Nodes are distinguished by the ids of TreeView.
 class TreePeer : public ControlPeer {
  public:
     virtual void NodeAdded(int node) = 0;

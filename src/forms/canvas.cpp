@@ -42,7 +42,7 @@ void Canvas::UserWheel(int notches, bool control) {
 }
 
 void Canvas::UserPaint(const CanvasSurface& surface) {
-    // Told once in a box, an error of painting would be told again by every repaint behind it.
+    // Shown once in a box, an error of painting would be shown again by every repaint behind it.
     try {
         if (onPaint) onPaint(surface);
     } catch (const std::exception&) {

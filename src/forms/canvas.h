@@ -26,7 +26,7 @@ class Canvas : public Control {
         int Last() const { return extent > visible ? extent - visible : 0; }
         bool operator==(const Scroll&) const = default;
     };
-    /// Room that a scroll bar takes where the backend tells nothing else.
+    /// Room that a scroll bar takes where the backend reports nothing else.
     static constexpr int kScrollBar = 17;
 
     Canvas(Form& form, std::string name, Control* parent = nullptr, int index = -1)
@@ -36,7 +36,7 @@ class Canvas : public Control {
 
     /// Paints the whole area; called whenever the system asks for it.
     std::function<void(const CanvasSurface&)> onPaint;
-    /// The user moved to another position, which Horizontal() and Vertical() tell.
+    /// The user moved to another position, which Horizontal() and Vertical() show.
     std::function<void()> onScroll;
     /// Notches of the wheel, away from the user positive.
     std::function<void(int notches, bool control)> onWheel;

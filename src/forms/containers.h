@@ -49,7 +49,7 @@ class TabPanel : public Control {
     std::function<void()> onClick;
     void UserSelect(int tab);
 
-    /// Client area of a page, relative to the panel; the backend tells it when it differs.
+    /// Client area of a page, relative to the panel; the backend reports it when it differs.
     static constexpr int kTabHeight = 26;
     static constexpr int kMargin = 4;
     Rect PageBounds() const;

@@ -153,7 +153,7 @@ class Control {
     virtual void OwnKey(KeyEvent&) {}
     void Notify(Aspect aspect);
     /// For Remember of derived classes: keeps these fields of the control too. Putting back sets
-    /// them, tells the aspects and then runs `base`.
+    /// them, reports the aspects and then runs `base`.
     template <typename... Fields>
     std::function<void()> RememberFields(std::function<void()> base,
                                          std::initializer_list<Aspect> aspects, Fields&... fields) {
@@ -183,7 +183,7 @@ class Control {
     std::unique_ptr<ControlPeer> peer_;
 };
 
-/// Controls of one name told apart by an index.
+/// Controls of one name distinguished by an index.
 template <typename T>
 class ControlArray {
  public:

@@ -36,7 +36,7 @@ void Form::Load() {
 }
 
 void Form::Show(bool modal) {
-    // Whoever unloads the window meanwhile, it is destroyed only after this has let it go.
+    // If something unloads the window meanwhile, it is destroyed only after this has let it go.
     const WindowSystem::Scope scope(windows_);
     windows_.RefuseBeside(modal, this);
     Load();
@@ -122,13 +122,14 @@ void Form::Vanish() {
 }
 
 void Form::Dismiss() noexcept {
-    const bool told = std::exchange(unloading_, true) || !loaded_;
+    const bool asked = std::exchange(unloading_, true) || !loaded_;
     bool cancel = false;
     try {
-        if (!told && seen_) Form_QueryUnload(cancel, true);
-        if (!told) Form_Unload(cancel);
+        if (!asked && seen_) Form_QueryUnload(cancel, true);
+        if (!asked) Form_Unload(cancel);
     } catch (const std::exception&) {
-        // The window goes all the same. What is told is the error that ends it, where there is one.
+        // The window goes all the same. What is reported is the error that ends it, where there is
+        // one.
     }
     Vanish();
 }
@@ -159,7 +160,7 @@ void Form::Center() {
 }
 
 void Form::SetClientSize(Size size) {
-    // Until the native window tells its real frame the outer size keeps the present difference.
+    // Until the native window reports its real frame the outer size keeps the present difference.
     bounds_.width += size.width - clientSize_.width;
     bounds_.height += size.height - clientSize_.height;
     clientSize_ = size;

@@ -89,7 +89,7 @@ class Form {
     CommandButton* defaultButton = nullptr;  ///< pressed by Enter where nothing else takes it
 
     /// Opens a menu at a client position and returns when it is closed and the entry chosen has
-    /// been told. Opens none while another one is open.
+    /// been informed. Opens none while another one is open.
     /// `stillMeant` is asked when an entry was chosen: false takes the choice back, because what
     /// the menu was opened for is there no more.
     void PopupMenu(MenuItem& menu, int x, int y, const std::function<bool()>& stillMeant = {});

@@ -131,10 +131,10 @@ void TreeView::Unlink(int id) {
         nodes_[static_cast<std::size_t>(node.next)].previous = node.previous;
 }
 
-void TreeView::Bury(int id) {
+void TreeView::Discard(int id) {
     for (int child = nodes_[static_cast<std::size_t>(id)].firstChild; child != kNone;) {
         const int next = nodes_[static_cast<std::size_t>(child)].next;
-        Bury(child);
+        Discard(child);
         child = next;
     }
     Node& node = nodes_[static_cast<std::size_t>(id)];
@@ -152,10 +152,10 @@ void TreeView::Remove(int id) {
                     : node.previous != kNone ? node.previous
                                              : node.parent;
     }
-    // The native item goes first, while its children can still be told.
+    // The native item goes first, while its children can still be removed.
     if (Native()) Native()->NodeRemoved(id);
     Unlink(id);
-    Bury(id);
+    Discard(id);
     if (holdsSelection) Notify(Aspect::Selection);
 }
 

@@ -32,7 +32,7 @@ class TreeView : public Control {
     int Add(int parent, std::string_view key, std::string_view text, std::string_view image);
     void Remove(int id);  ///< with everything below it
     void Clear();
-    /// Tells the number of nodes to come, so that memory is taken once.
+    /// Announces the number of nodes to come, so that memory is taken once.
     void Reserve(int nodes);
 
     int Count() const { return count_; }
@@ -42,7 +42,6 @@ class TreeView : public Control {
     int Parent(int node) const { return At(node).parent; }
     int FirstChild(int node) const { return At(node).firstChild; }
     int NextSibling(int node) const { return At(node).next; }
-    int PreviousSibling(int node) const { return At(node).previous; }
     /// The node displayed below `node` when everything is expanded.
     int NextInOrder(int node) const;
 
@@ -123,7 +122,7 @@ class TreeView : public Control {
     /// The node that a key leads to from the selected one; kNone when it leads nowhere.
     int KeyTarget(int code);
     void Unlink(int id);
-    void Bury(int id);
+    void Discard(int id);
     TreePeer* Native() const;
 
     const ImageList* images_ = nullptr;

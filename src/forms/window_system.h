@@ -19,7 +19,7 @@ class Form;
 class MenuItem;
 
 /// What a call of the host fails with where a box of the same kind stands already: the error that
-/// the box would have told, else error 401.
+/// the box would have shown, else error 401.
 class BoxStands : public RuntimeError {
  public:
     explicit BoxStands(const RuntimeError& error) : RuntimeError(error) {}
@@ -98,7 +98,7 @@ class WindowSystem {
     /// unloaded meanwhile are destroyed when the outermost scope ends. Within a call of the host,
     /// and outside of boxes and modal windows, it is still the host that acts.
     void FromUser(const std::function<void()>& handler);
-    /// As FromUser for a timer of this system: what stands in a box already is not told again.
+    /// As FromUser for a timer of this system: what stands in a box already is not shown again.
     void FromTimer(const std::function<void()>& handler);
     /// Runs what the host caused: an error leaves as it is. A box of a kind that stands already is
     /// not shown once more; the call fails with BoxStands instead, at once where the box would have
@@ -107,10 +107,10 @@ class WindowSystem {
     /// Neither the host nor a timer is what the program reacts to.
     bool UserActs() const { return actor_ != Actor::Host && actor_ != Actor::Timer; }
 
-    /// `error` is what the box tells, where it tells of an error: a call of the host fails with it
+    /// `error` is what the box reports, where it reports an error: a call of the host fails with it
     /// when a box of this kind stands. A box that ends without the user counts as acknowledged or
     /// cancelled; where it has neither button, error 18 ends what the answer was meant for. Of that
-    /// the user is not told.
+    /// the user is not shown it.
     Answer ShowMessage(const BoxText& text, int style, const std::string& title = {},
                        const RuntimeError* error = nullptr);
     std::optional<std::string> AskText(const std::string& prompt, bool secret = false);
@@ -137,7 +137,7 @@ class WindowSystem {
             : windows_(windows), before_(std::exchange(windows.actor_, actor)) {
             windows_.depth_++;
         }
-        /// Whoever acts already.
+        /// The one who acts already.
         explicit Scope(WindowSystem& windows) : Scope(windows, windows.actor_) {}
         ~Scope();
         Scope(const Scope&) = delete;

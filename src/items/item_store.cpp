@@ -32,7 +32,7 @@ SavedItem Described(const store::Recordset& row, const ItemRow& written) {
     try {
         saved.id = row.Field("fID").ToInt32();
     } catch (const RuntimeError&) {
-        // Not every database tells the number of a row that it has just taken.
+        // Not every database reports the number of a row that it has just taken.
         saved.id = 0;
     }
     return saved;

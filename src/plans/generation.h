@@ -11,7 +11,7 @@
 
 namespace zv::plans {
 
-/// Told before each row is written: the rows written so far, and which part (0 to 1) of the
+/// Called before each row is written: the rows written so far, and which part (0 to 1) of the
 /// plan's time lies before the row. What it throws ends the run like a database error.
 using GenerationProgress = std::function<void(int rows, double part)>;
 

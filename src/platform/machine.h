@@ -1,6 +1,6 @@
 // The machine port: what the system asks of the computer it runs on, apart from windows, the
 // database and the workstation settings. platform/win32 asks the system; platform/scripted is
-// told what to answer.
+// given their answers.
 #pragma once
 
 #include <memory>
@@ -82,7 +82,7 @@ class ModuleRunner {
     virtual void Run(const ModuleStart& start) = 0;
 };
 
-/// All of it, owned by whoever starts the system; outlives every window.
+/// All of it, owned by the program that starts the system; outlives every window.
 struct Machine {
     Clock& clock;
     AnsiCodePage& codePage;

@@ -74,7 +74,7 @@ void frmProgress::Timer1_Timer() {
         }
         result_.end = WorkEnd::Finished;
     } catch (...) {
-        // Told by whoever began the work, when no window is in the way.
+        // Reported by the caller that began the work, when no window is in the way.
         result_.error = std::current_exception();
     }
     Unload();

@@ -70,12 +70,12 @@ void ExportGrid(Session& session, const forms::Grid& grid, const std::string& pr
         Export work(grid, session.machine.files.Create(*path));
         end = RunLongWork(session, request.title, work);
     }
-    const std::string told =
+    const std::string summary =
         end == progress::WorkEnd::Cancelled
             ? text(AskText::ExportCancelled)
             : session.LoadText(AskText::RowsExported, std::to_string(grid.DataRowCount())) +
                   "\r\n" + *path;
-    session.windows.ShowMessage(told, forms::box::kInformation);
+    session.windows.ShowMessage(summary, forms::box::kInformation);
 }
 
 }  // namespace zv::reports

@@ -9,7 +9,7 @@
 namespace zv::reports {
 
 /// Asks for a file and writes headings and rows of the visible columns as they are shown, as CSV.
-/// Tells how many rows were written, or that it was called off; errors of writing leave here, and
+/// Shows how many rows were written, or that it was called off; errors of writing leave here, and
 /// a file that was there before is then as it was.
 void ExportGrid(Session& session, const forms::Grid& grid, const std::string& proposedName);
 

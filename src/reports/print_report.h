@@ -21,7 +21,7 @@ struct Report {
     std::vector<ListColumn> columns;  ///< of a list
 };
 
-/// Prints with the control's report parameters, which are empty again afterwards. Tells the user
+/// Prints with the control's report parameters, which are empty again afterwards. Shows the user
 /// when no item passes the filter; nothing is printed then. Throws error 429 without the component,
 /// before anything is read; errors of the database and of the component reach the caller.
 void PrintReport(Session& session, const Report& report);

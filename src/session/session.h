@@ -55,8 +55,8 @@ class Session {
     bool FollowsProperties() const;
     /// The kind of the store that statements are for: 0 or less a file, 1 or more a server.
     int DatabaseKind() const;
-    /// What a user or a host reads of an error, without what is secret in the connection: whoever
-    /// opened it may repeat it in any error.
+    /// What a user or a host reads of an error, without what is secret in the connection: the
+    /// component that opened it may repeat it in any error.
     std::string Describe(const RuntimeError& error) const;
 
     ControlState state;

@@ -94,8 +94,8 @@ ErrorKind KindOfProviderError(const RuntimeError& error, const std::vector<Serve
     const bool known = NamesNumbers(error.Source());
     for (ServerCode code : said) {
         if (!known) code.native = 0;
-        const ErrorKind told = KindOfProviderCode(code);
-        if (told != ErrorKind::Other) return told;
+        const ErrorKind named = KindOfProviderCode(code);
+        if (named != ErrorKind::Other) return named;
     }
     if (kind != ErrorKind::Other || error.Number() != ErrorNumber::DatabaseFailure) return kind;
     return KindOfDriverWords(error.Text());

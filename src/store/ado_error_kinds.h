@@ -10,7 +10,7 @@ namespace zv::store {
 /// Other for a number that says nothing, of which providers have many.
 ErrorKind KindOfAdoError(ErrorNumber number);
 
-/// What stands beside the number of such an error may tell more.
+/// What stands beside the number of such an error may say more.
 bool IsGeneral(ErrorKind kind);
 
 /// The kind that the error is of already, otherwise by the number; and where that one is general by

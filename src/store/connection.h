@@ -50,7 +50,7 @@ class Connection {
     virtual int State() const = 0;
     virtual void Close() = 0;
     /// Runs a statement that yields no rows; answers the number of rows it changed, -1 when the
-    /// engine does not tell.
+    /// engine does not report it.
     virtual int Execute(const std::string& sql) = 0;
     virtual std::unique_ptr<Recordset> Open(const std::string& sql, CursorType cursor,
                                             LockType lock) = 0;

@@ -14,7 +14,7 @@
 namespace zv::store {
 namespace {
 
-// What tells people which database it is, the best first. Whatever else a connection string holds
+// What shows people which database it is, the best first. Whatever else a connection string holds
 // stays hidden, whether it is known or not.
 constexpr auto kShownNames = std::to_array<std::string_view>(
     {"Server", "Servername", "Data Source", "Address", "Host", "DSN", "FileDSN", "Database",
@@ -68,7 +68,7 @@ void AddLogin(std::vector<std::string>& secrets, std::string_view login) {
     if (colon == std::string_view::npos) return;
     const std::string_view password = login.substr(colon + 1);
     Add(secrets, password);
-    // Whoever reads addresses in another way takes a part of it for the machine.
+    // A program that reads addresses in another way takes a part of it for the machine.
     for (const std::string& part : text::Split(text::Replace(password, "/", "@"), "@")) {
         if (part.size() >= kUnmistakable) Add(secrets, part);
     }

@@ -53,7 +53,7 @@ class Database {
 
     /// Runs a statement on the open connection; answers the number of rows changed.
     int Execute(const std::string& sql);
-    /// What was executed or set last changed no row. An engine that does not tell has not said so.
+    /// What was executed or set last changed no row. False where the engine does not report it.
     bool ChangedNothing() const { return rowsChanged_ == 0; }
     std::unique_ptr<Recordset> Open(const std::string& sql,
                                     CursorType cursor = CursorType::ForwardOnly,

@@ -1,4 +1,4 @@
-// The rule at the door of every engine that passes statements on as they are.
+// The rule of every engine that passes statements on as they are.
 #pragma once
 
 #include <string_view>

@@ -9,7 +9,7 @@
 namespace zv::store {
 namespace {
 
-// These tell a secret whatever stands in front of them, the others as whole words only: columns of
+// These name a secret whatever stands in front of them, the others as whole words only: columns of
 // tables end in them.
 constexpr auto kPasswordEndings =
     std::to_array<std::string_view>({"password", "passwd", "pwd", "passphrase", "secret", "token",

@@ -1,4 +1,4 @@
-// A connection that tells an observer of every statement before it passes it on: the statement
+// A connection that shows an observer every statement before it passes it on: the statement
 // log, and the place where tests make the database fail.
 #pragma once
 

@@ -42,7 +42,7 @@ class Value {
         return data_;
     }
 
-    /// Becomes this text; keeps the memory of a text that was here before, which makes reading rows
+    /// Takes this text; keeps the memory of a text that was here before, which makes reading rows
     /// into the same values cheap.
     void AssignText(std::string_view text) {
         if (auto* present = std::get_if<std::string>(&data_)) {

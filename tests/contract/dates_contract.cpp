@@ -82,7 +82,7 @@ TEST_F(Dates, TheLimitsOfAPickerAreItsYears) {
     EXPECT_THROW(form.dtpFrom.SetValue(DateTime(1600, 12, 31)), RuntimeError);
 }
 
-TEST_F(Dates, AnUpDownControlTellsItsDirection) {
+TEST_F(Dates, AnUpDownControlReportsItsDirection) {
     form.updDays.onUpClick = [this] { events_.push_back("up"); };
     form.updDays.onDownClick = [this] { events_.push_back("down"); };
     form.Show(false);

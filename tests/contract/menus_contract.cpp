@@ -82,7 +82,7 @@ class StandingMenu : public Menus {
     }
 };
 
-TEST_F(StandingMenu, AnEntryIsToldWhenTheMenuHasClosed) {
+TEST_F(StandingMenu, AnEntryIsNotifiedWhenTheMenuHasClosed) {
     form.mnuTaskAdd.onClick = [this] {
         EXPECT_EQ(windows_.StandingMenu(), nullptr);
         events_.push_back("add");
@@ -95,13 +95,13 @@ TEST_F(StandingMenu, AnEntryIsToldWhenTheMenuHasClosed) {
     EXPECT_EQ(events_, (std::vector<std::string>{"add", "closed"}));
 }
 
-TEST_F(StandingMenu, WithoutAChoiceItClosesAndTellsNothing) {
+TEST_F(StandingMenu, WithoutAChoiceItClosesAndReportsNothing) {
     Open([] {});
     EXPECT_EQ(events_, std::vector<std::string>{"closed"});
     EXPECT_EQ(windows_.StandingMenu(), nullptr);
 }
 
-TEST_F(StandingMenu, AnEntryThatWentGreyMeanwhileIsNotTold) {
+TEST_F(StandingMenu, AnEntryThatWentGreyMeanwhileIsNotNotified) {
     Open([this] {
         driver().Choose(form.mnuTaskAdd);
         form.mnuTaskAdd.SetEnabled(false);
@@ -138,7 +138,7 @@ TEST_F(Menus, CaptionsMayChangeWhileShown) {
     EXPECT_EQ(events_, std::vector<std::string>{"add"});
 }
 
-TEST_F(Menus, MouseMovesTellTheirPlaceInTwips) {
+TEST_F(Menus, MouseMovesReportTheirPlaceInTwips) {
     int y = -1;
     form.picImage.onMouseMove = [&](const MouseEvent& event) { y = event.y; };
     form.Show(false);
@@ -169,7 +169,7 @@ TEST_F(Menus, AGridFollowsItsRows) {
     EXPECT_EQ(Read(form.grdList, "rows"), "0");
 }
 
-TEST_F(Menus, SelectingAGridRowTellsIt) {
+TEST_F(Menus, SelectingAGridRowReportsIt) {
     form.grdList.SetDataRowCount(3);
     form.grdList.onSelect = [this] {
         events_.push_back("row" + std::to_string(form.grdList.SelectedRow()));

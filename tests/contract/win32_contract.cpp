@@ -404,7 +404,7 @@ class Boxes : public testing::Test {
     WindowSystem windows{backend};
 };
 
-TEST_F(Boxes, AMessageBoxShowsItsTextAndTellsTheAnswer) {
+TEST_F(Boxes, AMessageBoxShowsItsTextAndReturnsTheAnswer) {
     std::string text;
     const BoxUser user([&](HWND box) {
         text = win32::WindowText(GetDlgItem(box, 65535));

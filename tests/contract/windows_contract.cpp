@@ -269,7 +269,7 @@ TEST_F(Windows, AModalLoopThatEndsTakesItsWindowAlong) {
     EXPECT_EQ(windows_.ModalForm(), nullptr);
 }
 
-TEST_F(Windows, ResizingTellsTheWindow) {
+TEST_F(Windows, ResizingNotifiesTheWindow) {
     auto& form = Make();
     form.SetSizable(true);
     form.onResize = [&] { form.lblText.Move({0, 0, form.ClientSize().width, 20}); };

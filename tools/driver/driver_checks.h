@@ -23,7 +23,7 @@ T& As(forms::Control& control) {
 void RequireReachable(const forms::Form& form);
 void RequireUsable(const forms::Control& control);
 void RequireChoosable(const forms::MenuItem& item);
-/// True when the entry belongs to the popup menu that is open: it is told when the menu closes.
+/// True when the entry belongs to the popup menu that is open: it is notified when the menu closes.
 bool ChoseInStandingMenu(forms::MenuItem& item);
 /// The grid, when it has that row; throws DriverError otherwise.
 forms::Grid& RequireRow(forms::Control& control, int row);

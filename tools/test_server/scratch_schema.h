@@ -25,7 +25,8 @@ class ScratchSchema {
  public:
     /// Makes an empty schema on the server at `server`. Its name begins with `purpose`.
     ScratchSchema(std::string server, std::string_view purpose);
-    /// A schema that cannot be removed is told on the error stream; Drop tells the caller.
+    /// A schema that cannot be removed is reported on the error stream; Drop answers it to the
+    /// caller.
     ~ScratchSchema();
     ScratchSchema(const ScratchSchema&) = delete;
     ScratchSchema& operator=(const ScratchSchema&) = delete;

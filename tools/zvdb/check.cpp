@@ -80,11 +80,11 @@ void CheckFile(const std::string& path) {
     const bool pending = fs::exists(log, failed) && fs::file_size(log, failed) > 0;
     const std::uint32_t pageSize =
         (header[16] == 0 && header[17] == 1) ? 65536U : (header[16] * 256U + header[17]);
-    const std::uintmax_t told = std::uintmax_t{pageSize} * BigEndian(header, 28);
+    const std::uintmax_t stated = std::uintmax_t{pageSize} * BigEndian(header, 28);
     const bool valid = BigEndian(header, 24) == BigEndian(header, 92);
-    if (got < header.size() || (valid && !pending && size < told)) {
+    if (got < header.size() || (valid && !pending && size < stated)) {
         throw FileError("the file is cut short: " + std::to_string(size) + " of " +
-                        std::to_string(std::max<std::uintmax_t>(told, header.size())) + " bytes");
+                        std::to_string(std::max<std::uintmax_t>(stated, header.size())) + " bytes");
     }
 }
 

@@ -26,7 +26,7 @@ struct Report {
     std::vector<std::string> problems;
 };
 
-/// Throws FileError for what can be told of a file before the engine opens it.
+/// Throws FileError for what can be known of a file before the engine opens it.
 void CheckFile(const std::string& path);
 /// The engine's error as a FileError.
 [[noreturn]] void ThrowFileError(const EngineError& error);

@@ -7,7 +7,7 @@
 namespace zv::zvdb::disk {
 
 enum class Like {
-    Contents,  ///< whoever may read the other file may read this one, and nobody else
+    Contents,  ///< those who may read the other file may read this one, and nobody else
     Whole,     ///< it will take the other file's place: its owner too, where that is allowed
 };
 
@@ -46,7 +46,7 @@ class Claim {
     std::intptr_t handle_ = kNone;  ///< the system's
 };
 
-/// A program has locked a part of the file. Only says what can be told without changing anything.
+/// A program has locked a part of the file. Only says what can be known without changing anything.
 bool IsLocked(const std::filesystem::path& file);
 
 }  // namespace zv::zvdb::disk

@@ -101,7 +101,7 @@ void Rename(const fs::path& from, const fs::path& to, bool replace) {
 
 namespace {
 
-/// Whoever may not write another user's left-over file may still lock it.
+/// A user who may not write another user's left-over file may still lock it.
 int OpenClaim(const fs::path& file) {
     const int number = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, kReadWrite);
     if (number >= 0 || errno != EACCES) return number;
@@ -136,7 +136,7 @@ Claim::Claim(const fs::path& file) : file_(file) {
             handle_ = number;
             return;
         }
-        // Whoever had it let go of it meanwhile, and the name with it.
+        // The program that had it let go of it meanwhile, and the name with it.
         close(number);
     }
 }

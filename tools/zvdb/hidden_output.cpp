@@ -19,7 +19,7 @@ GivenSecrets::GivenSecrets(const std::vector<std::string>& arguments) {
             try {
                 text = Named(argument);
             } catch (const UsageError&) {
-                continue;  // whoever needs the file tells that it cannot be read
+                continue;  // the one that needs the file reports that it cannot be read
             }
         }
         given.dataPath =

@@ -36,7 +36,7 @@ void RefuseConnection(const std::string& name, const char* reason) {
     }
 }
 
-int Tell(const Report& report, const Console& console) {
+int Print(const Report& report, const Console& console) {
     PrintCounts(report, console.out);
     for (const std::string& problem : report.problems) console.out << "wrong: " << problem << '\n';
     if (!report.problems.empty()) return kFoundWrong;
@@ -54,7 +54,7 @@ int Create(const CommandLine& line, const Console& console) {
             return kFine;
         }
         CreateServerSample(line.server, line.force, line.sample, progress);
-        return Tell(CheckServer(line.server), console);
+        return Print(CheckServer(line.server), console);
     }
     RefuseConnection(line.file, "this is a connection; --to stands in front of a server");
     const std::filesystem::path file = PathOf(line.file);
@@ -77,7 +77,8 @@ int Create(const CommandLine& line, const Console& console) {
 }
 
 int Check(const CommandLine& line, const Console& console) {
-    return Tell(line.server.empty() ? CheckDatabase(line.file) : CheckServer(line.server), console);
+    return Print(line.server.empty() ? CheckDatabase(line.file) : CheckServer(line.server),
+                 console);
 }
 
 int Copy(const CommandLine& line, const Console& console) {
@@ -90,7 +91,7 @@ int Copy(const CommandLine& line, const Console& console) {
                               : Restore(line.file, line.second, line.replace, progress);
     progress.Finish();
     for (const std::string& aside : copied.aside) console.err << "zvdb: " << aside << '\n';
-    return Tell(copied.report, console) == kFine ? kFine : kCopiedWrong;
+    return Print(copied.report, console) == kFine ? kFine : kCopiedWrong;
 }
 
 int Mode(const CommandLine& line, const Console& console) {

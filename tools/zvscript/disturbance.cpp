@@ -74,8 +74,8 @@ Disturbance MakeDisturbance(const std::string& name) {
 std::string Judge(const Outcome& undisturbed, const Outcome& disturbed) {
     if (disturbed.rows == undisturbed.rows) return {};
     if (!disturbed.error.empty() && disturbed.error != undisturbed.error) return {};
-    std::vector<std::string> usual = undisturbed.told;
-    for (const std::string& box : disturbed.told) {
+    std::vector<std::string> usual = undisturbed.boxes;
+    for (const std::string& box : disturbed.boxes) {
         const auto at = std::find(usual.begin(), usual.end(), box);
         if (at == usual.end()) return {};
         usual.erase(at);
@@ -94,7 +94,7 @@ void QuestionWatcher::LineEnded(ScenarioStage& stage) {
                                                  chosen_) != frame.questions.end()
                                      : !frame.questions.empty();
     if (!wanted) return;
-    const Outcome outcome{frame.line, frame.box, RowsOf(stage), frame.told, stage.LastError()};
+    const Outcome outcome{frame.line, frame.box, RowsOf(stage), frame.boxes, stage.LastError()};
     for (const int question : frame.questions) outcomes_[question] = outcome;
     if (disturbance_) stops_ = true;
 }
@@ -122,7 +122,7 @@ void QuestionWatcher::Disturb(ScenarioStage& stage, const StandingBox& box) {
 }
 
 void QuestionWatcher::BoxAnswered(const std::string& line) {
-    if (!disturbing_ && !frames_.empty()) frames_.back().told.push_back(line);
+    if (!disturbing_ && !frames_.empty()) frames_.back().boxes.push_back(line);
 }
 
 }  // namespace zv::script

@@ -1,5 +1,5 @@
 // Replays a scenario with something put in while a question of its own stands, and judges what came
-// of the act that asked: the rows are those of the undisturbed act, or the user is told.
+// of the act that asked: the rows are those of the undisturbed act, or the user sees a message.
 #pragma once
 
 #include <functional>
@@ -29,10 +29,10 @@ Disturbance MakeDisturbance(const std::string& name);
 /// What one question led to: everything that the line which asked it left behind.
 struct Outcome {
     int line = 0;
-    std::string box;                ///< what asked
-    std::string rows;               ///< of all tables, after the line
-    std::vector<std::string> told;  ///< message boxes of the line, without the disturbance's own
-    std::string error;              ///< of the line, when it reached the host
+    std::string box;                 ///< what asked
+    std::string rows;                ///< of all tables, after the line
+    std::vector<std::string> boxes;  ///< message boxes of the line, without the disturbance's own
+    std::string error;               ///< of the line, when it reached the host
 };
 
 /// What is wrong with a disturbed act, compared with the same act undisturbed; empty when nothing
@@ -66,7 +66,7 @@ class QuestionWatcher : public PlaybackWatcher {
         int line;
         std::vector<int> questions;
         std::string box;
-        std::vector<std::string> told;
+        std::vector<std::string> boxes;
     };
     void Disturb(ScenarioStage& stage, const StandingBox& box);
 

@@ -1,4 +1,4 @@
-// zvscript: plays scenario files against the whole system and tells how they went.
+// zvscript: plays scenario files against the whole system and reports how they went.
 #include <cstdio>
 #include <exception>
 #include <optional>

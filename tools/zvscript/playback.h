@@ -14,7 +14,7 @@ class Form;
 
 namespace zv::script {
 
-/// Told of a playing as it goes on.
+/// Watches a playing as it goes on.
 class PlaybackWatcher {
  public:
     virtual ~PlaybackWatcher() = default;

@@ -74,7 +74,7 @@ Runner::Verdict Runner::Play(const std::string& file) {
         if (!options_.disturb.empty()) return PlayDisturbed(file, text);
         Playback playback(CompileScript(text));
         PlayFresh(file, playback);
-        const Verdict verdict = Tell(file, playback);
+        const Verdict verdict = Report(file, playback);
         if (verdict == Verdict::Passed) write_("ok " + file);
         return verdict;
     } catch (const ScriptError& error) {
@@ -84,7 +84,7 @@ Runner::Verdict Runner::Play(const std::string& file) {
     }
 }
 
-Runner::Verdict Runner::Tell(const std::string& file, const Playback& playback) {
+Runner::Verdict Runner::Report(const std::string& file, const Playback& playback) {
     if (!playback.Failed()) return Verdict::Passed;
     write_("FAIL " + file + ':' + std::to_string(playback.FailedLine()) + ": " + playback.Reason());
     return playback.Wrong() ? Verdict::Wrong : Verdict::Failed;
@@ -119,7 +119,7 @@ Runner::Verdict Runner::PlayDisturbed(const std::string& file, const std::string
     QuestionWatcher undisturbed;
     Playback first(CompileScript(text), &undisturbed);
     PlayFresh(file, first);
-    Verdict verdict = Tell(file, first);
+    Verdict verdict = Report(file, first);
     if (verdict != Verdict::Passed) return verdict;
     for (const auto& [question, expected] : undisturbed.Outcomes()) {
         QuestionWatcher watcher(question, disturbance);

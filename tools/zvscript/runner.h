@@ -1,4 +1,4 @@
-// Plays scenario files and tells how they went.
+// Plays scenario files and reports how they went.
 #pragma once
 
 #include <filesystem>
@@ -37,9 +37,9 @@ class Runner {
     Verdict Play(const std::string& file);
     /// Plays the lines in a fresh folder.
     void PlayFresh(const std::string& file, Playback& playback);
-    /// Plays the file once for each of its questions, disturbed; tells what is wrong.
+    /// Plays the file once for each of its questions, disturbed; reports what is wrong.
     Verdict PlayDisturbed(const std::string& file, const std::string& text);
-    Verdict Tell(const std::string& file, const Playback& playback);
+    Verdict Report(const std::string& file, const Playback& playback);
     std::filesystem::path MakeFolder(const std::string& file);
 
     RunOptions options_;

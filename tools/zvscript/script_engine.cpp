@@ -80,7 +80,7 @@ class ServerEngine final : public ScriptEngine {
             throw RuntimeError(ErrorNumber::CannotCreateObject,
                                "ZV_TEST_POSTGRESQL names no server");
         }
-        // What is wrong with the server is told before the first scenario.
+        // What is wrong with the server is reported before the first scenario.
         test_server::ConnectRaw(server_);
     }
 

@@ -14,7 +14,7 @@
 
 namespace zv::report {
 
-/// What the window's buttons do; errors are told in a box and the window goes on.
+/// What the window's buttons do; errors are shown in a box and the window goes on.
 struct PreviewActions {
     std::function<void()> print;
     std::function<void()> savePdf;

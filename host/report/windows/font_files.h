@@ -14,7 +14,7 @@
 namespace zv::report {
 
 /// Copies of the fonts in the user's temporary folder, which are deleted with this object: the
-/// system tells what a font holds, but not in which file it stands.
+/// system says what a font holds, but not in which file it stands.
 class FontFiles {
  public:
     FontFiles() = default;

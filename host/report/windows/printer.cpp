@@ -82,9 +82,9 @@ class Job {
 };
 
 Sheet SheetOf(HDC dc) {
-    const auto tell = [dc](int what) { return GetDeviceCaps(dc, what); };
-    return {tell(LOGPIXELSX),     tell(LOGPIXELSY),      tell(PHYSICALWIDTH),
-            tell(PHYSICALHEIGHT), tell(PHYSICALOFFSETX), tell(PHYSICALOFFSETY)};
+    const auto capability = [dc](int what) { return GetDeviceCaps(dc, what); };
+    return {capability(LOGPIXELSX),     capability(LOGPIXELSY),      capability(PHYSICALWIDTH),
+            capability(PHYSICALHEIGHT), capability(PHYSICALOFFSETX), capability(PHYSICALOFFSETY)};
 }
 
 }  // namespace

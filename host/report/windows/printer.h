@@ -33,8 +33,8 @@ std::wstring DefaultPrinter(std::int16_t language);
 bool PrintsToFile(const PrinterChoice& printer, std::int16_t language);
 
 /// What is proposed to a user who is going to choose: the driver's defaults on A4, upright or
-/// across as the pages lie. Empty when the driver tells no settings; throws 482 when the printer is
-/// unknown.
+/// across as the pages lie. Empty when the driver reports no settings; throws 482 when the printer
+/// is unknown.
 std::vector<unsigned char> ProposeSettings(const PrinterChoice& printer, const Layout& layout);
 
 /// Prints under the document's title; pages that are larger than the paper are made smaller. What

@@ -124,9 +124,9 @@ HRESULT Guarded(std::string_view source, REFIID iid, TextOf&& textOf, Body&& bod
         return E_OUTOFMEMORY;
     } catch (const std::exception& error) {
         try {
-            const RuntimeError told =
+            const RuntimeError reported =
                 RuntimeError(ErrorNumber::InternalError, error.what()).Of(ErrorKind::Other);
-            return SetError(E_UNEXPECTED, textOf(told), source, iid);
+            return SetError(E_UNEXPECTED, textOf(reported), source, iid);
         } catch (...) {
             return E_UNEXPECTED;
         }
@@ -147,7 +147,7 @@ HRESULT Guarded(std::string_view source, Body&& body) noexcept {
 }
 
 /// The error that a failed Invoke reports, the texts of `info` taken over and freed. It is of the
-/// kind that one of our own components told, otherwise of no kind known.
+/// kind that one of our own components reported, otherwise of no kind known.
 inline RuntimeError ErrorOf(HRESULT hr, EXCEPINFO& info) {
     if (hr != DISP_E_EXCEPTION) {
         return RuntimeError(ToErrorNumber(hr), SystemMessage(hr)).Of(ErrorKind::Other);

@@ -1,4 +1,4 @@
-// Names for screen readers where a window's text does not tell what it is.
+// Names for screen readers where a window's text does not say what it is.
 #pragma once
 
 #include <windows.h>

@@ -9,8 +9,8 @@
 namespace zv::forms::win32 {
 namespace {
 
-// Other programs hold the clipboard for moments only: whoever watches it, for example, looks at
-// each new content.
+// Other programs hold the clipboard for moments only: a program that watches it, for example, looks
+// at each new content.
 class OpenClipboardScope {
  public:
     explicit OpenClipboardScope(HWND owner) {

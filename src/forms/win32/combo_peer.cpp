@@ -31,7 +31,7 @@ void NativeCombo::Create(HWND parent, int id) {
     ShowItems();
 }
 
-// The native height includes the list that drops; the entry's own is told separately.
+// The native height includes the list that drops; the entry's own is set separately.
 void NativeCombo::ApplyBounds() {
     const RECT bounds = GetScale().ToPixels(Logical().Bounds());
     const int height = bounds.bottom - bounds.top;

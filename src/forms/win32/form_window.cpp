@@ -71,7 +71,7 @@ void FormWindow::Build() {
     for (Control* control : form_.Controls()) Build(*control, ++id);
     SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     placing_--;
-    TellPlace();
+    ReportPlace();
 }
 
 void FormWindow::Build(Control& control, int id) {
@@ -164,7 +164,8 @@ LRESULT FormWindow::Guard(const std::function<LRESULT()>& body) noexcept {
         try {
             windows_.FromUser([&] { result = body(); });
         } catch (...) {
-            // Even telling the user has failed; the program that holds these windows goes on.
+            // Even the message to the user has failed; the program that holds these windows goes
+            // on.
             OutputDebugStringW(L"An error could not be shown.\n");
         }
         if (--depth_ == 0 && gone_) Destroy();
@@ -203,10 +204,10 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             form_.UserChangedState(wParam == SIZE_MAXIMIZED ? WindowState::Maximised
                                                             : WindowState::Normal);
-            TellPlace();
+            ReportPlace();
             return 0;
         case WM_MOVE:
-            TellPlace();
+            ReportPlace();
             return 0;
         case WM_GETMINMAXINFO:
             OnMinimumSize(*reinterpret_cast<MINMAXINFO*>(lParam));
@@ -360,7 +361,7 @@ Rect FormWindow::OuterUnits() const {
     return scale_.ToUnits(outer);
 }
 
-void FormWindow::TellPlace() {
+void FormWindow::ReportPlace() {
     if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
     form_.UserResized(OuterUnits(), ClientUnits());
 }
@@ -386,7 +387,7 @@ void FormWindow::BoundsChanged() {
                      outer.bottom - outer.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
     placing_--;
-    TellPlace();
+    ReportPlace();
 }
 
 void FormWindow::PaintNow() {

@@ -55,8 +55,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     const FormMenu& Menus() const { return menu_; }
     bool Gone() const { return gone_; }
 
-    /// Closes an open menu because the message loop ends with `exitCode`, which is told to the next
-    /// loop once the menu is closed.
+    /// Closes an open menu because the message loop ends with `exitCode`, which is passed to the
+    /// next loop once the menu is closed.
     static void EndMenus(int exitCode);
     /// Lets go of the windows of a thread that has ended.
     static void ForgetAll();
@@ -69,13 +69,13 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     NativeControl* Find(HWND window) const;
     NativeControl* Find(const Control& control) const;
 
-    /// Runs the handling of one message. Nothing thrown leaves it: the user is told. `body` is not
-    /// copied, because there may be no memory for that.
+    /// Runs the handling of one message. Nothing thrown leaves it: the user sees a message. `body`
+    /// is not copied, because there may be no memory for that.
     template <class Body>
     LRESULT AtBoundary(Body&& body) noexcept {
         return Guard(std::ref(body));
     }
-    /// What windows tell their parent, be that this one or a container in it.
+    /// What windows report to their parent, be that this one or a container in it.
     std::optional<LRESULT> FromChild(UINT message, WPARAM wParam, LPARAM lParam);
 
     void GiveFocus(NativeControl& control);
@@ -110,7 +110,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void OnTimer(WPARAM id);
     void Build(Control& control, int id);
     void PlaceByClient();
-    void TellPlace();
+    void ReportPlace();
     void RestoreFocus();
     void BeginModal();
     void EndModal();

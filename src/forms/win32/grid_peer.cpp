@@ -137,7 +137,7 @@ void NativeGrid::ToShown(std::string_view text, std::wstring& shown) {
     }
 }
 
-void NativeGrid::TellText(LVITEMW& item) {
+void NativeGrid::AnswerText(LVITEMW& item) {
     if (!(item.mask & LVIF_TEXT)) return;
     const bool known = item.iItem >= 0 && item.iItem < Rows().DataRowCount() &&
                        static_cast<std::size_t>(item.iSubItem) < columns_.size();
@@ -149,7 +149,7 @@ void NativeGrid::TellText(LVITEMW& item) {
     lstrcpynW(item.pszText, text_.c_str(), item.cchTextMax);
 }
 
-void NativeGrid::TellSelection(const NMLISTVIEW& change) {
+void NativeGrid::ReportSelection(const NMLISTVIEW& change) {
     const bool was = change.uOldState & LVIS_SELECTED;
     const bool is = change.uNewState & LVIS_SELECTED;
     if (was == is) return;
@@ -162,7 +162,7 @@ void NativeGrid::TellSelection(const NMLISTVIEW& change) {
 }
 
 // Whatever the user did at the edges of the headings, the grid keeps the widths that came of it.
-void NativeGrid::TellWidths() {
+void NativeGrid::ReportWidths() {
     for (std::size_t i = 0; i < columns_.size(); i++) {
         const auto pixels = static_cast<int>(Send(LVM_GETCOLUMNWIDTH, i));
         Grid::Column& shown = shownColumns_[static_cast<std::size_t>(columns_[i] - 1)];
@@ -179,18 +179,18 @@ std::optional<LRESULT> NativeGrid::OnMessage(UINT message, WPARAM wParam, LPARAM
                          code == HDN_ENDTRACKW || code == HDN_ENDTRACKA;
     if (!resized) return std::nullopt;
     const LRESULT result = Native(message, wParam, lParam);
-    if (!IsQuiet()) TellWidths();
+    if (!IsQuiet()) ReportWidths();
     return result;
 }
 
 LRESULT NativeGrid::OnNotify(NMHDR& header) {
     if (header.code == LVN_GETDISPINFOW) {
-        TellText(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+        AnswerText(reinterpret_cast<NMLVDISPINFOW&>(header).item);
         return 0;
     }
     if (IsQuiet()) return 0;
     if (header.code == LVN_ITEMCHANGED) {
-        TellSelection(reinterpret_cast<const NMLISTVIEW&>(header));
+        ReportSelection(reinterpret_cast<const NMLISTVIEW&>(header));
     } else if (header.code == LVN_ODSTATECHANGED) {
         const auto& change = reinterpret_cast<const NMLVODSTATECHANGE&>(header);
         Rows().UserChangedSelection(change.iFrom + 1, change.iTo + 1,

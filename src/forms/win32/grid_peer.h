@@ -33,9 +33,9 @@ class NativeGrid : public NativeControl {
     void ShowSelection();
     void ShowSortArrow();
     void SetRowState(int row, UINT state);
-    void TellText(LVITEMW& item);
-    void TellSelection(const NMLISTVIEW& change);
-    void TellWidths();
+    void AnswerText(LVITEMW& item);
+    void ReportSelection(const NMLISTVIEW& change);
+    void ReportWidths();
 
     std::vector<Grid::Column> shownColumns_;
     std::vector<int> columns_;  ///< the grid's column behind each native one

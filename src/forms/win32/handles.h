@@ -1,5 +1,5 @@
 // Owners of system handles: one template, a policy for each kind of handle. They count what is
-// alive, because not every system tells how many handles a process holds.
+// alive, because not every system reports how many handles a process holds.
 #pragma once
 
 #include <windows.h>

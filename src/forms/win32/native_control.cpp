@@ -142,7 +142,7 @@ LRESULT NativeControl::Handle(HWND window, UINT message, WPARAM wParam, LPARAM l
             if (!PressMovesFocus(message)) return 0;
             break;
         case WM_MOUSEMOVE:
-            TellMouse(message, lParam);
+            ReportMouse(message, lParam);
             break;
         case WM_IME_STARTCOMPOSITION:
             window_.SetComposing(true);
@@ -157,7 +157,7 @@ LRESULT NativeControl::Handle(HWND window, UINT message, WPARAM wParam, LPARAM l
     const HWND former = std::exchange(target_, window);
     const std::optional<LRESULT> result = OnMessage(message, wParam, lParam);
     target_ = former;
-    if (message == WM_RBUTTONDOWN) TellMouse(message, lParam);
+    if (message == WM_RBUTTONDOWN) ReportMouse(message, lParam);
     return result ? *result : DefSubclassProc(window, message, wParam, lParam);
 }
 
@@ -179,12 +179,12 @@ MouseEvent NativeControl::MouseAt(MouseButton button, LPARAM lParam) const {
             scale.ToTwips(static_cast<short>(HIWORD(lParam)))};
 }
 
-void NativeControl::TellMouse(UINT message, LPARAM lParam) {
+void NativeControl::ReportMouse(UINT message, LPARAM lParam) {
     if (gone_) return;
     if (message == WM_MOUSEMOVE) {
         if (control_.onMouseMove) control_.UserMouseMove(MouseAt(MouseButton::None, lParam));
     } else if (control_.Kind() != ControlKind::TreeView) {
-        // A tree tells the press together with the node under it.
+        // A tree reports the press together with the node under it.
         if (control_.onMouseDown) control_.UserMouseDown(MouseAt(MouseButton::Right, lParam));
     }
 }

@@ -1,4 +1,5 @@
-// The native window of one control: mirrors the control's state and tells it what the user does.
+// The native window of one control: mirrors the control's state and reports to it what the user
+// does.
 //
 // A handler may unload the window whose message it answers. So native windows die only when no
 // message to any of them is on the stack; until then they are "gone" and touch their controls no
@@ -96,7 +97,7 @@ class NativeControl {
                                       UINT_PTR id, DWORD_PTR data) noexcept;
     LRESULT Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     bool PressMovesFocus(UINT message);
-    void TellMouse(UINT message, LPARAM lParam);
+    void ReportMouse(UINT message, LPARAM lParam);
     void SetAccessibleName();
 
     FormWindow& window_;

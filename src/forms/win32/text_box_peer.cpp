@@ -51,18 +51,18 @@ void NativeTextBox::Mirror(Aspect aspect) {
 
 void NativeTextBox::OnCommand(UINT code) {
     if (code != EN_CHANGE || IsQuiet()) return;
-    TellSelection();
+    ReportSelection();
     Box().UserText(WindowText(Handle()));
 }
 
 std::optional<LRESULT> NativeTextBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_KEYUP && message != WM_LBUTTONUP) return std::nullopt;
     const LRESULT result = Native(message, wParam, lParam);
-    TellSelection();
+    ReportSelection();
     return result;
 }
 
-void NativeTextBox::TellSelection() {
+void NativeTextBox::ReportSelection() {
     DWORD start = 0;
     DWORD end = 0;
     Send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));

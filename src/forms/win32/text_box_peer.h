@@ -18,7 +18,7 @@ class NativeTextBox : public NativeControl {
  private:
     TextBox& Box() const { return static_cast<TextBox&>(Logical()); }
     void ShowText();
-    void TellSelection();
+    void ReportSelection();
 };
 
 }  // namespace zv::forms::win32

@@ -375,7 +375,7 @@ std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM, LPARAM lParam
             return 0;
         case WM_LBUTTONDOWN:
         case WM_RBUTTONDOWN:
-            clickTold_ = false;
+            clickReported_ = false;
             press_ = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
             return std::nullopt;
         case WM_CONTEXTMENU:
@@ -418,7 +418,7 @@ LRESULT NativeTree::OnNotify(NMHDR& header) {
 
 void NativeTree::OnSelected(const NMTREEVIEWW& change) {
     if (change.action != TVC_BYMOUSE && change.action != TVC_BYKEYBOARD) return;
-    clickTold_ = change.action == TVC_BYMOUSE;
+    clickReported_ = change.action == TVC_BYMOUSE;
     const int node = NodeOf(change.itemNew.hItem);
     if (node != TreeView::kNone) Tree().UserClick(node);
 }
@@ -426,8 +426,8 @@ void NativeTree::OnSelected(const NMTREEVIEWW& change) {
 // A click on the selected node changes no selection but is a click.
 void NativeTree::OnClick() {
     const int node = NodeAt(press_);
-    if (clickTold_ || node == TreeView::kNone || node != Tree().Selected()) return;
-    clickTold_ = true;
+    if (clickReported_ || node == TreeView::kNone || node != Tree().Selected()) return;
+    clickReported_ = true;
     Tree().UserClick(node);
 }
 

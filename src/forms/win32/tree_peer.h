@@ -107,7 +107,7 @@ class NativeTree : public NativeControl {
     bool filling_ = false;
     bool stale_ = false;  ///< nodes have changed that the native tree does not show yet
     bool selecting_ = false;
-    bool clickTold_ = false;  ///< in the press that is going on
+    bool clickReported_ = false;  ///< in the press that is going on
 };
 
 class NativeTreePeer : public PeerOf<TreePeer, NativeTree> {

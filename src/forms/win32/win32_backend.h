@@ -36,7 +36,7 @@ class Win32Backend : public Backend {
     void SetClipboardText(std::string_view text) override;
     std::string ClipboardText() override;
 
-    /// Told again and again while a menu is open and the user does nothing.
+    /// Called again and again while a menu is open and the user does nothing.
     virtual void MenuIdle() {}
     /// Whether the system's clock makes timers tick.
     virtual bool TimersRun() const { return true; }
@@ -69,8 +69,8 @@ class Win32Backend : public Backend {
     Dialogs* dialogs_;
     std::vector<FormWindow*> windows_;
     Hook hook_;
-    /// Taken with the first window: a procedure must not run in a file that was unloaded, whoever
-    /// unloads it. Given back with the backend, which dies only in calls from outside.
+    /// Taken with the first window: a procedure must not run in a file that was unloaded, by
+    /// whatever call. Given back with the backend, which dies only in calls from outside.
     HMODULE pin_ = nullptr;
     /// Exit code of the end that a menu's loop has seen, and perhaps taken out of the queue.
     std::optional<int> quit_;

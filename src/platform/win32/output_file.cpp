@@ -45,7 +45,7 @@ std::string ReasonOf(DWORD error) {
     throw RuntimeError(NumberOf(error), ReasonOf(error) + "\r\n" + path);
 }
 
-// A file that another program keeps open, or that is read-only, is better told before the work
+// A file that another program keeps open, or that is read-only, is better reported before the work
 // than after it.
 void RequireReplaceable(const std::wstring& target, const std::string& path) {
     const DWORD attributes = GetFileAttributesW(target.c_str());

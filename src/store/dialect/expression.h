@@ -18,7 +18,7 @@ struct Expression {
     std::string sql;
     ColumnKind kind = ColumnKind::Unknown;
     Level level = Level::Primary;
-    bool condition = false;    ///< true or false, where the target tells that from a number
+    bool condition = false;    ///< true or false, where the target distinguishes that from a number
     bool foldsCase = false;    ///< a computed text that compares without regard to case
     std::size_t position = 0;  ///< in the source statement, from 1
     std::optional<std::string> literal;  ///< the value of a bare text literal

@@ -20,9 +20,9 @@ class Bulk {
     /// A question to any server, and whether its answer comes from this one.
     virtual std::string_view VersionQuestion() const = 0;
     virtual bool IsVersion(std::string_view answer) const = 0;
-    /// What a connection is told first.
+    /// The statements that a connection begins with.
     virtual std::string_view Prepare() const = 0;
-    /// A question whose answer tells two connections to the same tables.
+    /// A question whose answer is the same for two connections to the same tables.
     virtual std::string_view Identity() const = 0;
     /// Name of the table, name of the column, longest text (not above 0: any length); by table.
     virtual std::string_view Columns() const = 0;
@@ -51,7 +51,7 @@ class Bulk {
     // Writing.
     /// Removes what a former schema leaves beside its tables.
     virtual std::string_view BeforeSchema() const { return {}; }
-    /// Yields 1 when this user may write the table; empty where only trying tells.
+    /// Yields 1 when this user may write the table; empty where only trying shows it.
     virtual std::string MayWriteQuestion(const std::string&) const { return {}; }
     virtual std::string_view Begin() const = 0;
     /// Others go on reading; what they would write waits for the end. `table` in quotes.

@@ -14,7 +14,7 @@ struct NumberKind {
     std::uint32_t number;
     ErrorKind kind;
 };
-/// A text, or the beginning of one, and what it tells.
+/// A text, or the beginning of one, and what it means.
 struct WordsKind {
     std::string_view words;
     ErrorKind kind;
@@ -29,7 +29,7 @@ struct Codes {
 
     /// The server's own numbers, which say more than its SQLSTATEs.
     std::span<const NumberKind> numbers = {};
-    /// Numbers that a provider tells in place of a SQLSTATE or as the number of the error.
+    /// Numbers that a provider reports in place of a SQLSTATE or as the number of the error.
     std::span<const NumberKind> providerNumbers = {};
     /// SQLSTATEs of its own, or what they begin with.
     std::span<const WordsKind> states = {};
@@ -41,7 +41,7 @@ struct Codes {
     /// Parts of what it says when it does not run a statement.
     std::span<const WordsKind> statementWords = {};
 
-    /// SQLSTATEs, and numbers beside a state that leaves it open, that tell a lost connection.
+    /// SQLSTATEs, and numbers beside a state that leaves it open, that mean a lost connection.
     std::span<const std::string_view> lossStates = {};
     std::span<const std::int32_t> lossNumbers = {};
 };

@@ -1,4 +1,4 @@
-// How a database of an engine is found and opened: its files, its drivers and what they are told.
+// How a database of an engine is found and opened: its files, its drivers and their settings.
 #pragma once
 
 #include <chrono>
@@ -32,7 +32,7 @@ class Connecting {
     virtual ConnectionEntries EntriesFor(std::string_view address, std::string_view driver) const;
     /// Without a login the user's own account is asked for, where drivers offer that.
     virtual bool AsksForAccounts() const { return false; }
-    /// Adds what drivers do not do unless told and the system needs.
+    /// Adds what drivers do not do by themselves and the system needs.
     virtual void Complete(ConnectionEntries&, std::chrono::milliseconds) const {}
 };
 

@@ -1,5 +1,5 @@
 // The database engines that the system knows. Each has a folder here whose files have the same
-// names; nobody else tells engines apart, they ask these.
+// names; nobody else distinguishes engines, they ask these.
 #pragma once
 
 #include <span>
@@ -33,7 +33,8 @@ struct Engine {
 std::span<const Engine> All();
 /// The engine in `folder`; throws RuntimeError (InternalError) when there is none.
 const Engine& Of(std::string_view folder);
-/// Behind a driver that calls its database `product`; one that is told nothing about when unknown.
+/// Behind a driver that calls its database `product`; one of which nothing is known when it is none
+/// of these.
 const Engine& OfProduct(std::string_view product);
 /// Of a file that begins so, null when nobody knows it.
 const Engine* OfFile(std::string_view head);

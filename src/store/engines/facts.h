@@ -22,11 +22,11 @@ class Facts {
     /// A date is kept as the text of its stored form.
     virtual bool KeepsDatesAsTexts() const { return false; }
     /// The driver names the table behind a column, and none behind one that is computed.
-    virtual bool TellsComputedColumns() const { return false; }
+    virtual bool ReportsComputedColumns() const { return false; }
 
-    /// A statement that yields no row and the columns of `sql`; empty where preparing tells them.
+    /// A statement that yields no row and the columns of `sql`; empty where preparing names them.
     virtual std::string DescribingStatement(const std::string&) const { return {}; }
-    /// A comparison of a column with a parameter that tells letter cases apart.
+    /// A comparison of a column with a parameter that distinguishes letter cases.
     virtual std::string EqualsExactly(const std::string& column) const { return column + "=?"; }
 
     /// Behind an insert, so that it yields the number that the server gave to `key`.
@@ -36,9 +36,9 @@ class Facts {
 
     /// The index over alert windows that the schema makes; null where there is none.
     virtual const dialect::WindowIndex* WindowIndex() const { return nullptr; }
-    /// A statement that tells of it; empty where there is none.
+    /// A statement that asks for it; empty where there is none.
     virtual std::string WindowIndexQuestion() const { return {}; }
-    /// Whether the first field of the answer's first row tells the index that is meant.
+    /// Whether the first field of the answer's first row names the index that is meant.
     virtual bool IsWindowIndex(const Value&) const { return true; }
 };
 

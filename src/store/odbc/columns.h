@@ -18,9 +18,9 @@ struct Column {
     std::string name;
     ColumnType type = ColumnType::Text;
     SQLSMALLINT sqlType = SQL_WVARCHAR;
-    SQLULEN size = 0;         ///< as the driver tells it, 0 when it does not know
+    SQLULEN size = 0;         ///< as the driver reports it, 0 when it does not know
     bool isLong = false;      ///< without a limit that a buffer could be made for
-    bool isComputed = false;  ///< of no table, as far as the driver tells
+    bool isComputed = false;  ///< of no table, as far as the driver knows
 };
 
 ColumnType TypeOf(SQLSMALLINT sqlType);

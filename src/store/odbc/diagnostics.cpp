@@ -157,9 +157,9 @@ std::optional<Fault> FaultOfState(std::string_view state) {
 
 Fault FaultOf(const ServerCode& code, std::string_view text, bool connecting) {
     const std::string words = text::ToLower(text);
-    if (const auto told = connecting ? FaultOfConnecting(code.native, words)
-                                     : FaultOfStatement(code.sqlState, words)) {
-        return *told;
+    if (const auto known = connecting ? FaultOfConnecting(code.native, words)
+                                      : FaultOfStatement(code.sqlState, words)) {
+        return *known;
     }
     const Fault fault = FaultOfState(code.sqlState).value_or(Fault::Other);
     const bool silent = fault == Fault::ConnectionLost || fault == Fault::TimeLimit;
@@ -199,7 +199,7 @@ Diagnosis Diagnose(SQLSMALLINT kind, SQLHANDLE handle, bool connecting) {
         std::copy_n(stateBuffer, 5, state.begin());
         Diagnosis found =
             Diagnose(text::FromUtf16(state), native, text::FromUtf16(words), connecting);
-        // A record that tells more than the first - "cannot connect", then why - wins.
+        // A record that says more than the first - "cannot connect", then why - wins.
         if (record == 1 || (best.fault == Fault::Other && found.fault != Fault::Other)) {
             best = std::move(found);
         }

@@ -1,4 +1,4 @@
-// What went wrong, told from the diagnostic records of driver and driver manager.
+// What went wrong, read from the diagnostic records of driver and driver manager.
 #pragma once
 
 #include <string>
@@ -30,8 +30,8 @@ struct Diagnosis {
     std::string text;  ///< the driver's words without its decorations
 };
 
-/// The first record of the handle that tells an error. `connecting` says what was tried, which the
-/// codes of drivers alone do not always tell apart.
+/// The first record of the handle that names an error. `connecting` says what was tried, which the
+/// codes of drivers alone do not always distinguish.
 Diagnosis Diagnose(SQLSMALLINT kind, SQLHANDLE handle, bool connecting);
 
 /// As above, from a record's parts.

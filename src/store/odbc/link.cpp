@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kNameUnits = 256;
 
-/// Tells Link::Cancel which statement is under way.
+/// Shows Link::Cancel which statement is under way.
 class Running {
  public:
     Running(std::mutex& mutex, SQLHSTMT& running, SQLHSTMT statement)
@@ -143,9 +143,9 @@ StatementHandle Link::NewStatement() {
 void Link::Throw(SQLHSTMT statement) {
     const Diagnosis diagnosis = Diagnose(SQL_HANDLE_STMT, statement, false);
     SQLUINTEGER dead = SQL_CD_FALSE;
-    const bool told = SQL_SUCCEEDED(SQLGetConnectAttrW(connection_.Get(), SQL_ATTR_CONNECTION_DEAD,
-                                                       &dead, SQL_IS_UINTEGER, nullptr));
-    if (diagnosis.fault == Fault::ConnectionLost || (told && dead == SQL_CD_TRUE)) lost_ = true;
+    const bool answered = SQL_SUCCEEDED(SQLGetConnectAttrW(
+        connection_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr));
+    if (diagnosis.fault == Fault::ConnectionLost || (answered && dead == SQL_CD_TRUE)) lost_ = true;
     throw StatementError(diagnosis, options_.secrets);
 }
 
@@ -184,7 +184,7 @@ std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
         Column column;
         SQLWCHAR name[kNameUnits]{};
         SQLSMALLINT length = 0;
-        // Whoever asks for the type here makes some drivers ask their server for more.
+        // Asking for the type here makes some drivers ask their server for more.
         if (!SQL_SUCCEEDED(SQLDescribeColW(statement, number, name, kNameUnits, &length, nullptr,
                                            &column.size, nullptr, nullptr))) {
             Throw(statement);
@@ -199,7 +199,7 @@ std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
         column.name = text::FromUtf16({first, std::find(first, first + kNameUnits - 1, u'\0')});
         column.type = TypeOf(column.sqlType);
         column.isLong = IsLongType(column.sqlType);
-        if (facts_.engine->facts->TellsComputedColumns()) {
+        if (facts_.engine->facts->ReportsComputedColumns()) {
             SQLWCHAR base[kNameUnits]{};
             SQLSMALLINT bytes = 0;
             SQLColAttributeW(statement, number, SQL_DESC_BASE_TABLE_NAME, base, sizeof base, &bytes,
@@ -218,7 +218,7 @@ Result Link::Finish(SQLHSTMT statement, bool asStored) {
         if (columns.empty()) {
             SQLLEN changed = -1;
             SQLRowCount(statement, &changed);
-            // Of a batch, the first statement that tells.
+            // Of a batch, the first statement that reports it.
             if (result.changed < 0)
                 result.changed = static_cast<int>(std::max<SQLLEN>(changed, -1));
         } else if (result.columns.empty()) {

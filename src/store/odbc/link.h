@@ -37,7 +37,7 @@ struct ServerFacts {
 struct Result {
     std::vector<Column> columns;  ///< empty when the statement yields no rows
     RowStore rows;
-    int changed = -1;  ///< rows changed, -1 when the driver does not tell
+    int changed = -1;  ///< rows changed, -1 when the driver does not report it
 };
 
 /// One connection to a driver. Everything but IsLost and Cancel belongs to one thread at a time.

@@ -155,7 +155,7 @@ bool RowReader::ReadText(SQLUSMALLINT number, std::u16string& text, bool& isNull
             return true;
         }
         // A driver that will not end a piece within a surrogate pair gave less than there was room
-        // for; what is left now tells how much.
+        // for; what is left now says how much.
         if (leftBefore != SQL_NO_TOTAL && left > leftBefore) {
             const std::size_t surplus =
                 std::min(start, static_cast<std::size_t>(left - leftBefore) / kUnit);

@@ -31,7 +31,7 @@ class RowStatements {
 
     /// Fields that make the key; empty when it is not wholly among them.
     const std::vector<int>& Key() const { return key_; }
-    /// The key of a row with these fields; empty when it cannot be told.
+    /// The key of a row with these fields; empty when it is not known.
     rows::Row KeyIn(const rows::Changes& changes) const;
     /// The server counts the key of such a row.
     bool IsCounted(const rows::Changes& changes) const;

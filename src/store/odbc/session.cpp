@@ -18,7 +18,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kClosingLimit{2000};
 
-/// How long before the caller's limit the driver is told to give up, so that a server that answers
+/// How long before the caller's limit the driver has to give up, so that a server that answers
 /// at all ends the statement in an orderly way.
 milliseconds GraceOf(milliseconds limit) {
     return std::min(milliseconds{2000}, limit / 3);
@@ -176,10 +176,10 @@ const dialect::SchemaInfo& Session::SchemaFor(const std::string& sql) {
     const std::string question = facts.WindowIndexQuestion();
     if (!std::exchange(knowsIndex_, true) && !question.empty()) {
         Result answer = Run(question);
-        Value told;
+        Value named;
         const bool found = answer.rows.Advance();
-        if (found) answer.rows.Read(0, told);
-        schema_.windowIndex = found && facts.IsWindowIndex(told) ? facts.WindowIndex() : nullptr;
+        if (found) answer.rows.Read(0, named);
+        schema_.windowIndex = found && facts.IsWindowIndex(named) ? facts.WindowIndex() : nullptr;
     }
     for (const std::string& name : NamedTables(sql)) FindTable(name);
     return schema_;

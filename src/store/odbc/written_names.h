@@ -1,4 +1,4 @@
-// Names in what a server says: PostgreSQL keeps them in lower case, whoever reads its words wrote
+// Names in what a server says: PostgreSQL keeps them in lower case, the reader of its words wrote
 // them otherwise.
 #pragma once
 

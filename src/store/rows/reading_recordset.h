@@ -35,7 +35,7 @@ class ReadingRecordset final : public SessionRecordset {
     std::unique_ptr<RowSource> source_;
     bool hasRow_ = false;   ///< never when closed
     std::int64_t row_ = 0;  ///< number of the current row
-    // Fields of the current row, filled when asked for; `readAt_` tells for which row.
+    // Fields of the current row, filled when asked for; `readAt_` says for which row.
     mutable std::vector<Value> values_;
     mutable std::vector<std::int64_t> readAt_;
 };

@@ -1,4 +1,4 @@
-// What can be told of a database file before the engine opens it.
+// What can be known of a database file before the engine opens it.
 #pragma once
 
 #include <string>

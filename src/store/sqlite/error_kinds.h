@@ -5,7 +5,7 @@
 
 namespace zv::store::sqlite {
 
-/// `code` is an extended result code; `number` tells the kinds of bad statements apart, for which
+/// `code` is an extended result code; `number` distinguishes the kinds of bad statements, for which
 /// the engine has one code only.
 ErrorKind KindOf(int code, ErrorNumber number);
 

@@ -3,7 +3,7 @@
 // The write-ahead mode keeps an index of its log in memory that all programs share, which only
 // those of one machine can: programs of several machines would overwrite each other's pages. On a
 // network share a file is therefore opened in a roll-back mode or not at all. The mode is part of
-// the file and chosen by whoever looks after it; nothing here changes it unasked.
+// the file and chosen by the person who looks after it; nothing here changes it unasked.
 #pragma once
 
 #include <functional>
@@ -15,7 +15,7 @@ struct sqlite3;
 namespace zv::store::sqlite {
 
 /// Whether the file (UTF-8 path; it need not exist, its folder must) lies where other machines can
-/// have it open too. A place that nobody can tell about counts as this machine's own.
+/// have it open too. A place of which nothing is known counts as this machine's own.
 bool IsOnShare(const std::string& path);
 
 /// What the file systems of a share are called by the system: "nfs4", "cifs", "fuse.sshfs".
@@ -31,16 +31,16 @@ class ScriptedShares {
 };
 
 /// The name under which the engine opens files on a share: the write-ahead mode does not work there
-/// at all, whatever becomes of the file while it is open.
+/// at all, whatever happens to the file while it is open.
 const char* ShareVfs();
 
-/// The file's own mode is write-ahead, as its head tells. False when it cannot be read.
+/// The file's own mode is write-ahead, as its head says. False when it cannot be read.
 bool UsesWriteAheadLog(const std::string& path);
 
 /// The sentence that refuses a file in write-ahead mode on a share, with the command that helps.
 std::string RefusedOnShare(const std::string& path);
 
-/// The mode in which an open file is: "wal", "delete". Empty when the engine does not tell.
+/// The mode in which an open file is: "wal", "delete". Empty when the engine does not say.
 std::string JournalMode(sqlite3* database);
 
 /// Changes the mode and looks at what the engine made of it. Answers the engine's code, an error

@@ -137,7 +137,7 @@ bool frmTaskMain::HasAlert() const {
 void frmTaskMain::AllOrNothing(const std::function<void()>& change) {
     const MainState before = model;
     const std::int32_t card = session.state.cardId;
-    // What the controls tell while they are put back is forgotten last.
+    // What the controls report while they are put back is forgotten last.
     const std::function<void()> undo[] = {Remember(), listing.Remember(), view.Remember(),
                                           filter.Remember(), birthdays.Remember()};
     try {

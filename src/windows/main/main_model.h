@@ -75,17 +75,17 @@ class MainModel : public MainState {
     void OpenEditor(items::ItemKind kind, EditMode mode) {
         editMode = openedFor = mode;
         editedKind = kind;
-        Tell();
+        Notify();
     }
     void LockEditor() {
         openedFor = EditMode::None;
-        Tell();
+        Notify();
     }
     /// Puts back what was remembered, without a word to anybody.
     void Restore(const MainState& state) { static_cast<MainState&>(*this) = state; }
 
  private:
-    void Tell() const {
+    void Notify() const {
         for (const auto& listener : listeners_) listener();
     }
 

@@ -87,7 +87,7 @@ frmTaskSet::frmTaskSet(forms::WindowSystem& windows, Session& session)
         box->SetNumericKeyboard(true);
     }
     optEarlyCall.SetValue(true);
-    // Whoever leaves without saving need not mend the input first.
+    // A user who leaves without saving need not mend the input first.
     cmdExit.causesValidation = false;
     cancelButton = &cmdExit;
     Wire();

@@ -36,7 +36,7 @@ AskRows::AskRows(Session& session, const std::string& statement, AskTexts texts)
 }
 
 AskRows::~AskRows() {
-    // Whoever read to the end, or stopped before it, has what there was to have.
+    // A reader that came to the end, or stopped before it, has what there was to have.
     try {
         if (rows_) rows_->Close();
         connection_->Close();

@@ -153,11 +153,11 @@ void frmAsk::cmdAsk_Click() {
     }
     if (!IsLoaded()) return;
     const bool cancelled = end == progress::WorkEnd::Cancelled;
-    lblCount.SetCaption(TellFound(cancelled));
+    lblCount.SetCaption(FoundText(cancelled));
     if (cancelled) session_.windows.ShowMessage(lblCount.Caption(), forms::box::kInformation);
 }
 
-std::string frmAsk::TellFound(bool cancelled) const {
+std::string frmAsk::FoundText(bool cancelled) const {
     const std::int16_t language = session_.state.Language;
     const int count = Grid1.DataRowCount();
     if (cancelled) return LoadText(AskText::QueryCancelled, language, std::to_string(count));

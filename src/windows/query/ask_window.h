@@ -84,7 +84,7 @@ class frmAsk : public forms::Form, public StoreClient {
     std::string HeadingOf(const items::Field& field) const;
     items::AskCriteria Criteria() const;
     AskTexts Texts() const;
-    std::string TellFound(bool cancelled) const;
+    std::string FoundText(bool cancelled) const;
 
     Session& session_;
 };

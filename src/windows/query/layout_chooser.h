@@ -21,7 +21,7 @@ class frmItemSet : public forms::Form {
     /// The session must outlive the window.
     frmItemSet(forms::WindowSystem& windows, Session& session);
 
-    /// Told the layout text when it was accepted.
+    /// Called with the layout text when it was accepted.
     std::function<void(const std::string& layout)> onAccepted;
 
     // Order of creation is tab order.

@@ -27,7 +27,7 @@ class frmSeek : public forms::Form {
 
     /// Set before the window is shown: what it begins with.
     std::vector<items::Condition> conditions;
-    /// Told the conditions when they were accepted.
+    /// Called with the conditions when they were accepted.
     std::function<void(const std::vector<items::Condition>&)> onAccepted;
 
     // Order of creation is tab order. The three fields for the value stand in one place.
@@ -70,7 +70,7 @@ class frmSeek : public forms::Form {
     items::Comparison ChosenComparison() const;
     void ShowValueField();
     bool ValueIsFit();
-    /// False, after telling why, when the value is not fit.
+    /// False, after a message that says why, when the value is not fit.
     bool AddCondition();
     void ShowConditions(int selected);
     std::string Describe(const items::Condition& condition, bool first) const;

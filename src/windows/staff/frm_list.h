@@ -25,7 +25,7 @@ class frmList : public forms::Form, public StoreClient {
 
     /// Set before the window is shown.
     std::int16_t Action = 0;
-    /// Told the name when a pick was accepted; the control's myName holds it as well.
+    /// Called with the name when a pick was accepted; the control's myName holds it as well.
     std::function<void(const std::string& name)> onPicked;
 
     // Order of creation is tab order.

@@ -248,7 +248,7 @@ class NotifySink final : public OnStack<IPropertyNotifySink> {
     std::vector<DISPID> changed;
 };
 
-TEST_F(AutomationTest, TellsASinkWhatWasSet) {
+TEST_F(AutomationTest, NotifiesASinkOfWhatWasSet) {
     NotifySink sink;
     ComPtr<IConnectionPoint> point;
     ASSERT_EQ(

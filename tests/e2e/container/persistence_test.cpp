@@ -112,7 +112,7 @@ TEST_F(PersistenceTest, TakesValuesAsTheContainerKeepsThem) {
     EXPECT_EQ(saved.Text("Password"), "<none>");
 }
 
-TEST_F(PersistenceTest, AValueOfTheWrongTypeIsError13AndToldToTheLog) {
+TEST_F(PersistenceTest, AValueOfTheWrongTypeIsError13AndGoesToTheLog) {
     PutText(L"ZgName", "kept");
     Bag bag;
     ErrorLog log;
@@ -327,7 +327,7 @@ TEST_F(PersistenceTest, AStorageIsSavedOnlyInItsTurn) {
     ASSERT_EQ(persistStorage->SaveCompleted(storage.Get()), S_OK);
 }
 
-TEST_F(PersistenceTest, EveryPersistenceInterfaceTellsTheClass) {
+TEST_F(PersistenceTest, EveryPersistenceInterfaceNamesTheClass) {
     const ComPtr<IPersist> interfaces[] = {As<IPersist>(),
                                            ComPtr<IPersist>(As<IPersistPropertyBag>().Get()),
                                            ComPtr<IPersist>(As<IPersistStreamInit>().Get()),

@@ -150,7 +150,7 @@ class ViewSink final : public OnStack<IAdviseSink> {
     int closes = 0;
 };
 
-TEST_F(ViewTest, TellsItsViewersOfChanges) {
+TEST_F(ViewTest, NotifiesItsViewersOfChanges) {
     ViewSink sink;
     const auto view = As<IViewObject2>();
     ASSERT_EQ(view->SetAdvise(DVASPECT_CONTENT, 0, &sink), S_OK);

@@ -128,7 +128,7 @@ TEST_F(Opener, AnApostropheInATextIsAnErrorAndTheConnectionLivesOn) {
     EXPECT_EQ(connection->Execute("Update tTaskSet Set DoneMan='x'"), 0);
 }
 
-TEST_F(Opener, AMissingFileIsToldWithItsPathAndIsNotMade) {
+TEST_F(Opener, AMissingFileIsReportedWithItsPathAndIsNotMade) {
     settings_.dataPath = settings_.dataPath.ForDriver() + ".gone";
     const auto error = OpenFails();
     EXPECT_EQ(error.Number(), ErrorNumber::FileNotFound);
@@ -138,7 +138,7 @@ TEST_F(Opener, AMissingFileIsToldWithItsPathAndIsNotMade) {
               INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(Opener, EmptyForeignAndTruncatedFilesAreToldWithTheirPath) {
+TEST_F(Opener, EmptyForeignAndTruncatedFilesAreReportedWithTheirPath) {
     using namespace std::string_view_literals;
     for (const std::string_view content : {""sv, "no database at all"sv, "SQLite format 3\0"sv}) {
         Overwrite(content);

@@ -49,7 +49,7 @@ class AdoConnection : public testing::Test {
     std::unique_ptr<Connection> connection_;
 };
 
-TEST_F(AdoConnection, TellsItsStateAndCloses) {
+TEST_F(AdoConnection, ReportsItsStateAndCloses) {
     EXPECT_EQ(connection_->State(), Connection::kStateOpen);
     connection_->Close();
     EXPECT_EQ(connection_->State(), Connection::kStateClosed);

@@ -245,7 +245,7 @@ TEST_F(HostObjects, ARecordsetNeedsAConnectionOfItsKind) {
     EXPECT_EQ(NumberOf([&] { Run(recordset, L"Open", {Variant("people").Get()}); }), 3001);
 }
 
-TEST_F(HostObjects, ExecuteTellsTheRowsChangedAndAnswersAClosedRecordset) {
+TEST_F(HostObjects, ExecuteReportsTheRowsChangedAndAnswersAClosedRecordset) {
     script_.affected = 2;
     Variant affected;
     VARIANT reference{};

@@ -74,7 +74,7 @@ TEST_F(ModuleRunner, NoModuleIsAnError) {
     EXPECT_EQ(StartFails("").Number(), ErrorNumber::InvalidProcedureCall);
 }
 
-TEST_F(ModuleRunner, TheProgramIsToldWhatWasSetAndThePasswordIsNotOnItsCommandLine) {
+TEST_F(ModuleRunner, TheProgramGetsWhatWasSetAndThePasswordIsNotOnItsCommandLine) {
     // This program itself is the module: started so, it writes down what reaches it and ends.
     wchar_t self[MAX_PATH], folder[MAX_PATH];
     GetModuleFileNameW(nullptr, self, MAX_PATH);

@@ -346,7 +346,7 @@ TEST_F(Refresh, AUserNameWithAnApostropheMarksThroughTheRow) {
     EXPECT_EQ(stage.Rows("select tDone,tDoneMan from tTaskList"), "1|O'Brien");
 }
 
-TEST_F(Refresh, AStoreThatCannotBeOpenedIsToldOnceAndIsAnErrorForTheHost) {
+TEST_F(Refresh, AStoreThatCannotBeOpenedIsShownOnceAndIsAnErrorForTheHost) {
     stage.session.state.UserPath = stage.Path("没有 这个.mdb");
     EXPECT_NE(stage.Refresh(1), 0);
     ASSERT_EQ(stage.dialogs.messages.size(), 1u);

@@ -56,7 +56,7 @@ TEST_F(Boxes, ACallOfTheHostShowsNoSecondBoxOfAKind) {
     EXPECT_EQ(shown, std::vector<std::string>{"Cannot open: a"});
 }
 
-TEST_F(Boxes, ItFailsWithTheErrorThatTheBoxWouldHaveTold) {
+TEST_F(Boxes, ItFailsWithTheErrorThatTheBoxWouldHaveShown) {
     const RuntimeError own(kOwnError, "gone");
     const auto tell = [&] { windows.ShowMessage(Refusal("a"), 0, {}, &own); };
     meanwhile = [&] { inner = Host(tell); };
@@ -64,7 +64,7 @@ TEST_F(Boxes, ItFailsWithTheErrorThatTheBoxWouldHaveTold) {
     EXPECT_EQ(inner, static_cast<int>(kOwnError));
 }
 
-TEST_F(Boxes, ACallGoesOnBehindABoxThatOnlyTellsAndEndsAtAQuestion) {
+TEST_F(Boxes, ACallGoesOnBehindABoxThatOnlyInformsAndEndsAtAQuestion) {
     std::string steps;
     const auto act = [&] {
         Show("a");
@@ -101,7 +101,7 @@ TEST_F(Boxes, OfTheSameKindIsShownAgainAfterTheFirstWasAnswered) {
     EXPECT_EQ(shown.size(), 2u);
 }
 
-TEST_F(Boxes, TheUserIsToldWhateverStands) {
+TEST_F(Boxes, TheUserSeesAMessageWhateverIsOpen) {
     meanwhile = [&] { windows.FromUser([&] { Show("b"); }); };
     EXPECT_EQ(Host([&] { Show("a"); }), 0);
     EXPECT_EQ(shown.size(), 2u);
@@ -114,7 +114,7 @@ TEST_F(Boxes, ABoxOfTheUsersActHoldsBackTheHosts) {
     EXPECT_EQ(shown.size(), 1u);
 }
 
-TEST_F(Boxes, AnErrorInAHandlerThatTheHostSetOffIsToldOnceAndReachesTheHost) {
+TEST_F(Boxes, AnErrorInAHandlerThatTheHostSetOffIsShownOnceAndReachesTheHost) {
     const auto failing = [&] {
         windows.FromUser([] { throw RuntimeError(kOwnError, "gone"); });
         inner++;
@@ -135,7 +135,7 @@ TEST_F(Boxes, AnInputBoxStandsOnceForTheHost) {
     EXPECT_EQ(shown, std::vector<std::string>{"password"});
 }
 
-TEST_F(Boxes, ATimerTellsNothingTwice) {
+TEST_F(Boxes, ATimerShowsNothingTwice) {
     Form form(windows, "form");
     Timer timer(form, "Timer1", 1000);
     timer.SetRunning(true);

@@ -22,7 +22,7 @@ TEST_P(ImportAccessFile, EveryCellIsEqual) {
     const Outcome import = RunZvdb({"import", AccessFixture(GetParam()), Path("a.db")});
     // The files hold values that break rules, which is told.
     EXPECT_EQ(import.status, 3) << import.out << import.err;
-    ExpectStatusTellsCheck(import, RunZvdb({"check", Path("a.db")}));
+    ExpectStatusShowsCheck(import, RunZvdb({"check", Path("a.db")}));
     const RowsByTable expected = ExpectedRows();
     const RowsByTable stored = StoredRows(Path("a.db"));
     ASSERT_EQ(expected.size(), 7U);
@@ -68,12 +68,12 @@ TEST_F(ImportAccess, ADryRunWritesNothing) {
     EXPECT_TRUE(Files().empty());
 }
 
-TEST_F(ImportAccess, TheContentTellsWhatAFileIs) {
+TEST_F(ImportAccess, TheContentSaysWhatAFileIs) {
     std::filesystem::copy_file(AccessFixture("taskAlert-2003.mdb"), File("backup.dat"));
     EXPECT_EQ(RunZvdb({"import", Path("backup.dat"), Path("a.db")}).status, 3);
 }
 
-TEST_F(ImportAccess, ALockFileBesideItIsToldOf) {
+TEST_F(ImportAccess, ALockFileBesideItIsReported) {
     std::filesystem::copy_file(AccessFixture("taskAlert-2003.mdb"), File("tasks.mdb"));
     Write("tasks.ldb", "");
     const Outcome import = RunZvdb({"import", Path("tasks.mdb"), Path("a.db")});

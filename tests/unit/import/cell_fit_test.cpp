@@ -75,7 +75,7 @@ TEST(CellFit, TextsAreMeasuredInUnitsOfUtf16) {
     EXPECT_EQ(pair, Value("会😀A"));
 }
 
-TEST(CellFit, ZeroCharactersAndBrokenCharactersAreTold) {
+TEST(CellFit, ZeroCharactersAndBrokenCharactersAreReported) {
     Value zero(std::string("a\0b", 3));
     EXPECT_EQ(Fitted(ColumnKind::Text, zero, Strict()), "refused: texts with a zero character");
     Value broken("a\xC3");

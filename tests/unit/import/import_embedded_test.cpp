@@ -117,7 +117,7 @@ TEST_F(ImportEmbedded, UnusualValuesComeOverAsTheyAre) {
     EXPECT_EQ(Dump("b.db"), Dump("a.db"));
 }
 
-TEST_F(ImportEmbedded, TheStatusTellsWhatTheCheckFindsWhereverTheRowsGo) {
+TEST_F(ImportEmbedded, TheStatusShowsWhatTheCheckFindsWhereverTheRowsGo) {
     struct Case {
         const char* change;
         int status;
@@ -145,7 +145,7 @@ TEST_F(ImportEmbedded, TheStatusTellsWhatTheCheckFindsWhereverTheRowsGo) {
         for (const char* target : {"b.db", "c.db", "d.db"}) {
             const Outcome import = RunZvdb({"import", Path("a.db"), Path(target), "--replace"});
             EXPECT_EQ(import.status, given.status) << import.out << import.err;
-            ExpectStatusTellsCheck(import, RunZvdb({"check", Path(target)}));
+            ExpectStatusShowsCheck(import, RunZvdb({"check", Path(target)}));
         }
     }
 }
@@ -168,7 +168,7 @@ TEST_F(ImportEmbedded, ALogThatIsSetAsideIsNoFaultOfTheRows) {
     Write("b.db-wal", "rows of a file that is gone");
     const Outcome import = Import();
     EXPECT_EQ(import.status, 1) << import.out << import.err;
-    ExpectStatusTellsCheck(import, RunZvdb({"check", Path("b.db")}));
+    ExpectStatusShowsCheck(import, RunZvdb({"check", Path("b.db")}));
 }
 
 // An index that leads to other rows: looking for damage in the tables alone does not see it.
@@ -189,7 +189,7 @@ TEST_F(ImportEmbedded, ATargetWithADamagedIndexIsNotFilled) {
     EXPECT_EQ(Dump("b.db"), before);
 }
 
-TEST_F(ImportEmbedded, ATargetWithRowsIsRefusedUnlessTold) {
+TEST_F(ImportEmbedded, ATargetWithRowsIsRefusedUnlessAskedFor) {
     ASSERT_EQ(Import().status, 0);
     Change("update tTaskList set taskTitle='mine'", "b.db");
     const std::string before = Dump("b.db");

@@ -103,7 +103,7 @@ TEST_F(ImportProcess, ASampleThatIsEndedLeavesNothingBehind) {
     }
 }
 
-TEST_F(ImportProcess, ASecondRunOnTheSameNewFileIsToldAndDisturbsNothing) {
+TEST_F(ImportProcess, ASecondRunOnTheSameNewFileIsRefusedAndDisturbsNothing) {
     ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60000", "--quiet"}).status, 0);
     ASSERT_EQ(RunZvdb({"sample", Path("small.db"), "--items", "20"}).status, 0);
     const pid_t first = Start({"import", Path("a.db"), Path("b.db"), "--quiet"});

@@ -62,10 +62,10 @@ TEST_F(ImportServer, AnAccessFileGoesThereAndComesBackCellByCell) {
         const Outcome there = RunZvdb({"import", AccessFixture(file), server_, "--replace"});
         // The files hold values that break rules, which is told.
         EXPECT_EQ(there.status, 3) << there.out << there.err;
-        ExpectStatusTellsCheck(there, RunZvdb({"check", "--to", server_}));
+        ExpectStatusShowsCheck(there, RunZvdb({"check", "--to", server_}));
         const Outcome back = RunZvdb({"import", server_, Path(std::string(file) + ".db")});
         EXPECT_EQ(back.status, 3) << back.out << back.err;
-        ExpectStatusTellsCheck(back, RunZvdb({"check", Path(std::string(file) + ".db")}));
+        ExpectStatusShowsCheck(back, RunZvdb({"check", Path(std::string(file) + ".db")}));
         EXPECT_EQ(StoredRows(Path(std::string(file) + ".db")), ExpectedRows());
     }
 }
@@ -78,7 +78,7 @@ TEST_F(ImportServer, AnEmbeddedFileOfManyPartsGoesThereAndComesBack) {
     EXPECT_EQ(RunZvdb({"check", Path("b.db")}).status, 0);
 }
 
-TEST_F(ImportServer, TheStatusTellsWhatTheCheckFinds) {
+TEST_F(ImportServer, TheStatusShowsWhatTheCheckFinds) {
     struct Case {
         const char* change;
         int status;
@@ -93,7 +93,7 @@ TEST_F(ImportServer, TheStatusTellsWhatTheCheckFinds) {
         Engine(Path("a.db")).Run(given.change);
         const Outcome import = RunZvdb({"import", Path("a.db"), server_, "--replace"});
         EXPECT_EQ(import.status, given.status) << import.out << import.err;
-        ExpectStatusTellsCheck(import, RunZvdb({"check", "--to", server_}));
+        ExpectStatusShowsCheck(import, RunZvdb({"check", "--to", server_}));
     }
 }
 
@@ -113,7 +113,7 @@ TEST_F(ImportServer, WhatTheServerMakesOfTheTablesIsThereAfterwards) {
     EXPECT_EQ(Ask("insert into ttasklist(tasktitle) values('next') returning fid"), 403);
 }
 
-TEST_F(ImportServer, ATargetWithRowsIsRefusedUnlessTold) {
+TEST_F(ImportServer, ATargetWithRowsIsRefusedUnlessAskedFor) {
     Run("insert into employees(employee) values('mine')");
     ExpectRefused(RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), server_}),
                   "it is not empty (Employees has 1 rows)");
@@ -192,7 +192,7 @@ TEST_F(ImportServer, MissingTablesAndColumnsOfTheTargetAreNamed) {
                   "table cards is missing");
 }
 
-TEST_F(ImportServer, ARefusedLoginIsToldWithoutThePassword) {
+TEST_F(ImportServer, ARefusedLoginIsReportedWithoutThePassword) {
     std::string wrong = test_server::Address();
     const auto at = wrong.find("Pwd=");
     ASSERT_NE(at, std::string::npos);

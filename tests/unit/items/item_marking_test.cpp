@@ -39,7 +39,7 @@ TEST_P(MarkingAnItem, KeepsANameWithAnApostropheOutOfTheStatement) {
     EXPECT_EQ(log_.rows, 1);
     EXPECT_EQ(Rows("select taskTitle,tDone,tDoneMan from tTaskList"), "x|1|O'Brien");
 }
-TEST_P(MarkingAnItem, TellsThatNoRowWasChangedEitherWay) {
+TEST_P(MarkingAnItem, ReportsThatNoRowWasChangedEitherWay) {
     database_.EnsureConnection();
     EXPECT_TRUE(Mark(77, 1, "x"));
     EXPECT_TRUE(database_.ChangedNothing());
@@ -60,7 +60,7 @@ TEST_P(MarkingAnItem, GoesThroughARecordsetBeyondSixteenBits) {
     EXPECT_EQ(log_.lines, std::vector<std::string>{"select * from tTaskList where fID=32768"});
     EXPECT_EQ(Rows("select taskTitle,tDone,tDoneMan from tTaskList"), "x|2|张三");
 }
-TEST_P(MarkingAnItem, TellsThatAGreatItemIsGone) {
+TEST_P(MarkingAnItem, ReportsThatAGreatItemIsGone) {
     database_.EnsureConnection();
     EXPECT_TRUE(Mark(70000, 1, "x"));
     EXPECT_TRUE(database_.ChangedNothing());

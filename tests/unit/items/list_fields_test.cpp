@@ -86,7 +86,7 @@ TEST_F(ListFields, AnyOtherFailureReachesTheCaller) {
     EXPECT_THROW(Fields(stage.session), RuntimeError);
 }
 
-TEST(KindOfField, TellsHowAFieldIsCompared) {
+TEST(KindOfField, SaysHowAFieldIsCompared) {
     EXPECT_EQ(KindOfField("TASKTIME"), FieldKind::Date);
     EXPECT_EQ(KindOfField("tDone"), FieldKind::State);
     EXPECT_EQ(KindOfField("fType"), FieldKind::ItemKind);

@@ -106,7 +106,7 @@ TEST_F(Search, OutlivesAHostThatClosesEverything) {
     EXPECT_TRUE(stage.windows.Windows().empty());
 }
 
-TEST_F(Search, AStatementThatFailsIsToldAndTheTreeStays) {
+TEST_F(Search, AStatementThatFailsIsReportedAndTheTreeStays) {
     frmTaskMain& window = Open();
     const std::string before = stage.Nodes();
     stage.statements.failing = "select distinct";

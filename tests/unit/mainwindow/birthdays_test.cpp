@@ -105,7 +105,7 @@ TEST_F(BirthdayTest, TickingShowsTheGridAndHidesTheCommands) {
     }
 }
 
-TEST_F(BirthdayTest, WithoutAnyItTellsAndSwitchesItselfOff) {
+TEST_F(BirthdayTest, WithoutAnyItSaysSoAndSwitchesItselfOff) {
     frmTaskMain& window = OpenAtCards();
     stage.user.Click(window.birthdays.chkBirthDay0);
     EXPECT_EQ(stage.dialogs.messages, Lines{"64|今天未有[客户生日报警] （提前5天）！"});

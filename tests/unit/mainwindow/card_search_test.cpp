@@ -108,7 +108,7 @@ TEST_F(CardSearchTest, ACountThatFailsWidensTheSearch) {
     EXPECT_TRUE(stage.dialogs.messages.empty());
 }
 
-TEST_F(CardSearchTest, AFailingSearchKeepsTheListAndTellsWhy) {
+TEST_F(CardSearchTest, AFailingSearchKeepsTheListAndSaysWhy) {
     frmTaskMain& window = Open();
     Find("C55");
     stage.statements.failing = "Order by compname";

@@ -78,7 +78,7 @@ TEST_F(CompletionTest, AFailingStatementChangesNothingThatIsShown) {
     EXPECT_EQ(window.item.cboDone2.ListIndex(), kNotDone);
 }
 
-TEST_F(CompletionTest, AnItemThatIsGoneIsTold) {
+TEST_F(CompletionTest, AnItemThatIsGoneIsReported) {
     frmTaskMain& window = OpenAt(kNotDone);
     stage.Sql("delete from tTaskList");
     stage.dialogs.answers = {Answer::Ok};

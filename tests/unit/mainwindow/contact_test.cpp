@@ -144,7 +144,7 @@ TEST_F(Contact, MailAndWebGoToTheShell) {
     EXPECT_EQ(stage.shell.lines, (Lines{"mailTo:a@b.c", "http://www.a.com"}));
 }
 
-TEST_F(Contact, WhatTheShellCannotOpenIsToldAndTheWindowGoesOn) {
+TEST_F(Contact, WhatTheShellCannotOpenIsReportedAndTheWindowGoesOn) {
     frmTaskMain& window = Open();
     ClickNode("Z1");
     stage.shell.failing = "no program for mailTo:a@b.c";
@@ -190,7 +190,7 @@ TEST_F(Contact, TheContactEntryBringsTheCardOfTheVisitForward) {
     EXPECT_TRUE(window.cards.cboComp2.Text().starts_with("某公司 "));
 }
 
-TEST_F(Contact, TheContactEntryTellsOfAMissingCard) {
+TEST_F(Contact, TheContactEntryReportsAMissingCard) {
     stage.Sql("delete from cards");
     frmTaskMain& window = Open();
     ClickNode("Z1");

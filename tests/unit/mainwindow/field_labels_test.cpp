@@ -135,7 +135,7 @@ TEST_F(FieldLabelsTest, ADatabaseWithoutTheTableLeavesTheDesign) {
     EXPECT_TRUE(stage.dialogs.messages.empty());
 }
 
-TEST_F(FieldLabelsTest, AnyOtherFailureIsTold) {
+TEST_F(FieldLabelsTest, AnyOtherFailureIsReported) {
     stage.statements.failing = "rptListDetail";
     frmTaskMain& window = Open();
     EXPECT_EQ(stage.dialogs.messages, Lines{"16|rptListDetail"});

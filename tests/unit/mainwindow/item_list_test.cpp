@@ -95,7 +95,7 @@ TEST_F(ItemListTest, NullsShowAsNothing) {
     EXPECT_NE(stage.Nodes().find("Z1|A1|task2|()\t"), std::string::npos);
 }
 
-TEST_F(ItemListTest, ARowThatCannotBeShownIsLeftOutAndTold) {
+TEST_F(ItemListTest, ARowThatCannotBeShownIsLeftOutAndReported) {
     AddItem(0, "报表");
     AddItem(7, "无此类型");
     AddItem(0, "无此状态", 5);
@@ -137,7 +137,7 @@ TEST_F(ItemListTest, ARepeatedItemEndsTheFillAndKeepsTheNodesMade) {
     EXPECT_EQ(window.tree.tvwTask.Key(window.tree.tvwTask.Selected()), "A1");
 }
 
-TEST_F(ItemListTest, AFailingQueryLeavesTheTreeAndIsTold) {
+TEST_F(ItemListTest, AFailingQueryLeavesTheTreeAndIsReported) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
     const std::string before = stage.Nodes();

@@ -181,7 +181,7 @@ TEST_F(Options, AnotherPathRefillsStaffAndTree) {
     EXPECT_EQ(window.options.txtAccess.tag, stage.Path("另 一个.db"));
 }
 
-TEST_F(Options, APathThatCannotBeOpenedIsToldOnceAndTheWindowGoesOn) {
+TEST_F(Options, APathThatCannotBeOpenedIsReportedOnceAndTheWindowGoesOn) {
     AddItem(0, "x");
     stage.user.Click(window.commands.cmdSeek);
     TypePath(stage.Path("missing.mdb"));

@@ -62,7 +62,7 @@ TEST_F(Plans, ANewPlanIsAddedFromAnywhere) {
     EXPECT_EQ(window.model.currentId, 1);
 }
 
-TEST_F(Plans, AFillThatFailsIsToldAndTheTreeStays) {
+TEST_F(Plans, AFillThatFailsIsReportedAndTheTreeStays) {
     frmTaskMain& window = OpenPlans();
     ClickNode("Z7");
     const std::string before = stage.Nodes();

@@ -133,7 +133,7 @@ TEST_F(PrintingTest, WithoutAnyItemEvenTheItemPrintHasNothingToPrint) {
     EXPECT_TRUE(stage.reports.printed.empty());
 }
 
-TEST_F(PrintingTest, AMissingComponentIsToldToTheUserAndTheWindowGoesOn) {
+TEST_F(PrintingTest, AMissingComponentIsReportedToTheUserAndTheWindowGoesOn) {
     AddItem(0, "报表");
     frmTaskMain& window = Open();
     stage.reports.missing = true;

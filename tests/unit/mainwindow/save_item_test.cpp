@@ -65,7 +65,7 @@ TEST_F(SaveItem, AMomentIsListedBetweenTwoDaysAndAMidnightOnItsOwn) {
     EXPECT_NE(window.tree.tvwTask.Find("Z1"), forms::TreeView::kNone);
 }
 
-TEST_F(SaveItem, AnItemThatTheListDoesNotShowIsTold) {
+TEST_F(SaveItem, AnItemThatTheListDoesNotShowIsReported) {
     frmTaskMain& window = Open();
     stage.user.Choose(window.commands.menus.mnuTaskAdd);
     stage.user.Type(window.item.txtTitle2, "今天");
@@ -92,7 +92,7 @@ TEST_F(SaveItem, AnItemThatTheListDoesNotShowIsTold) {
               (Lines{"0|[今天]: 修改完毕 ！", "64|[今天]: 已保存，但当前列表不显示该项！"}));
 }
 
-TEST_F(SaveItem, AnItemSavedWhilePlansAreShownIsToldToo) {
+TEST_F(SaveItem, AnItemSavedWhilePlansAreShownIsReportedToo) {
     stage.session.state.Language = 1;
     frmTaskMain& window = Open();
     stage.user.Click(window.tree.chkEvent);
@@ -132,7 +132,7 @@ TEST_F(SaveItem, FillsTheTreeAndLocksTheEditor) {
     EXPECT_EQ(window.commands.cmdSave.Caption(), "保存(&S)");
 }
 
-TEST_F(SaveItem, AnItemThatAnotherUserDeletedIsTold) {
+TEST_F(SaveItem, AnItemThatAnotherUserDeletedIsReported) {
     frmTaskMain& window = Change();
     stage.user.Type(window.item.txtTitle2, "乙");
     stage.Sql("delete from tTaskList");
@@ -295,7 +295,7 @@ TEST_F(SaveItem, WhatChangesWhileTheQuestionStandsIsAskedAboutToo) {
     EXPECT_TRUE(window.model.Editing());
 }
 
-TEST_F(SaveItem, ARowDeletedWhileTheQuestionStandsIsTold) {
+TEST_F(SaveItem, ARowDeletedWhileTheQuestionStandsIsReported) {
     frmTaskMain& window = Change();
     stage.user.Type(window.item.txtTitle2, "我的");
     stage.Sql("update tTaskList set taskTitle='他的'");

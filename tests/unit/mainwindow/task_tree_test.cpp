@@ -99,7 +99,7 @@ TEST_F(Tree, AGuestItemBringsItsCardForward) {
     EXPECT_TRUE(stage.dialogs.messages.empty());
 }
 
-TEST_F(Tree, AGuestItemWithoutACardIsTold) {
+TEST_F(Tree, AGuestItemWithoutACardIsReported) {
     stage.Sql("update tTaskList set TaskID=0 where fID=5");
     Open();
     ClickNode("Z5");

@@ -209,7 +209,7 @@ TEST_F(GenerateTaskListTest, EndsWithAnOverflowWhenTheCounterDoes) {
     EXPECT_EQ(Executor(), "王五");
 }
 
-TEST_F(GenerateTaskListTest, TellsItsProgress) {
+TEST_F(GenerateTaskListTest, ReportsItsProgress) {
     std::vector<int> rows;
     double last = -1;
     progress = [&](int written, double part) {

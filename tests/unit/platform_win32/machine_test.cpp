@@ -21,7 +21,7 @@ std::string ModuleFile() {
     return zv::win32::ToUtf8(std::wstring_view(path, length));
 }
 
-TEST(SystemClock, TellsLocalTime) {
+TEST(SystemClock, ReportsLocalTime) {
     SYSTEMTIME before, after;
     GetLocalTime(&before);
     const DateTime now = SystemClock().Now();
@@ -128,7 +128,7 @@ TEST(SystemFiles, WritingFailsWithTheClassicNumbersTheReasonAndThePath) {
     EXPECT_EQ(NumberOfFailure([&] { files.Create(taken); }, taken), ErrorNumber::PermissionDenied);
 }
 
-TEST(SystemFiles, AFileInUseIsToldBeforeTheWork) {
+TEST(SystemFiles, AFileInUseIsReportedBeforeTheWork) {
     const OutputFolder folder;
     std::ofstream(folder.File("t.csv")) << "old";
     const HANDLE inUse = CreateFileW(folder.File("t.csv").c_str(), GENERIC_READ, FILE_SHARE_READ,

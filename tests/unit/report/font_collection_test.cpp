@@ -32,7 +32,7 @@ std::string Collection() {
     return file + "AAAABBBB";
 }
 
-TEST(FindInCollection, TellsTheFontsApartByTheirNames) {
+TEST(FindInCollection, DistinguishesTheFontsByTheirNames) {
     EXPECT_EQ(FindInCollection(Collection(), "AAAA"), 0);
     EXPECT_EQ(FindInCollection(Collection(), "BBBB"), 1);
     EXPECT_EQ(FindInCollection(Collection(), "CCCC"), -1);

@@ -76,7 +76,7 @@ TEST(PaperFit, OnLargerPaperThePageIsNotMagnified) {
     EXPECT_NEAR(place.top, (2 * kShortSide - kLongSide) / 2, 1);
 }
 
-TEST(PaperFit, ADeviceThatTellsNoPaperGetsTheTrueSize) {
+TEST(PaperFit, ADeviceThatReportsNoPaperGetsTheTrueSize) {
     const Placement place = FitPage(kShortSide, kLongSide, {96, 96, 0, 0, 4, 0});
     EXPECT_DOUBLE_EQ(place.scaleX, 96 / 72.0);
     EXPECT_DOUBLE_EQ(place.left, -4);

@@ -60,7 +60,7 @@ TEST_F(Preview, TurnsPagesAndStopsAtTheEnds) {
     EXPECT_EQ(form.PageNumber(), 1);
 }
 
-TEST_F(Preview, ShowsThePageThatItTells) {
+TEST_F(Preview, ShowsThePageThatItNames) {
     PreviewForm& form = Open(ListOf(200));
     user_.Click(form.cmdNext);
     EXPECT_NE(Painted(form).find("第 2 页"), std::string::npos);
@@ -170,7 +170,7 @@ TEST_F(Preview, ButtonsDoWhatTheySay) {
     EXPECT_EQ(done_, "print csv ");
 }
 
-TEST_F(Preview, AnErrorIsToldAndTheWindowGoesOn) {
+TEST_F(Preview, AnErrorIsReportedAndTheWindowGoesOn) {
     PreviewForm& form = Open(ListOf(3));
     user_.Click(form.cmdPdf);
     EXPECT_EQ(dialogs_.messages, std::vector<std::string>{"16|in use"});

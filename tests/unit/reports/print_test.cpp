@@ -123,7 +123,7 @@ TEST_F(PrintReportTest, CreatesTheComponentOnceAndKeepsIt) {
     EXPECT_EQ(stage.reports.created, 2);
 }
 
-TEST_F(PrintReportTest, WithoutARowTellsSoAndPrintsNothing) {
+TEST_F(PrintReportTest, WithoutARowSaysSoAndPrintsNothing) {
     PrintReport(stage.session, Some("", ""));
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|未有可供打印的数据记录！"});
     EXPECT_TRUE(stage.reports.printed.empty());

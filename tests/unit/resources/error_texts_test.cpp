@@ -36,7 +36,7 @@ TEST(DescribeError, HasATextInBothScriptsForEveryKindWithTheEnginesOwnBehind) {
     }
 }
 
-TEST(DescribeError, TellsTheScriptsApart) {
+TEST(DescribeError, DistinguishesTheScripts) {
     for (const ErrorKind kind : {ErrorKind::Busy, ErrorKind::DiskFull, ErrorKind::LoginRefused}) {
         EXPECT_NE(DescribeError(EngineError(kind), kSimplified),
                   DescribeError(EngineError(kind), kTraditional));
@@ -60,7 +60,7 @@ TEST(DescribeError, KeepsWhatIsReadyToBeRead) {
               "打印机没有准备好");
 }
 
-TEST(DescribeError, TellsAnUnknownErrorOfAnEngineByItsNumber) {
+TEST(DescribeError, ReportsAnUnknownErrorOfAnEngineByItsNumber) {
     const RuntimeError known(ErrorNumber::DatabaseColumn, "no such field: x", "Engine");
     EXPECT_EQ(DescribeError(known, kSimplified), "数据库中没有该字段 (no such field: x)");
     const RuntimeError unknown(static_cast<ErrorNumber>(-5), "what?", "Engine");

@@ -37,7 +37,7 @@ TEST_F(FileSettingsTest, ComparesNamesWithoutRegardToCase) {
     EXPECT_EQ(settings.Get("TARNELL", "zvtask", "STARTUP", ""), "1");
 }
 
-TEST_F(FileSettingsTest, TellsSectionsAndApplicationsApart) {
+TEST_F(FileSettingsTest, DistinguishesSectionsAndApplications) {
     settings.Save("Tarnell", "zvTask", "K", "a");
     settings.Save("Tarnell", "zv2000", "K", "b");
     settings.Save("Other", "zvTask", "K", "c");

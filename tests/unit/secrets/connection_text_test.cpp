@@ -73,7 +73,7 @@ TEST(ConnectionSettings, LeaveTheRestOfATextAlone) {
     EXPECT_EQ(settings.WithoutSecrets(text), text);
 }
 
-TEST(IsSecretName, TellsLoginsAndPasswordsFromColumns) {
+TEST(IsSecretName, DistinguishesLoginsAndPasswordsFromColumns) {
     for (const char* name : {"PWD", "Uid ", "User ID", "Jet OLEDB:Database Password", "sslpassword",
                              "AccessToken", "db user", "x;uid"}) {
         EXPECT_TRUE(store::IsSecretName(name)) << name;

@@ -94,7 +94,7 @@ class SecretsOfTheControl : public testing::TestWithParam<ConnectionCase> {
     }
 };
 
-TEST_P(SecretsOfTheControl, AreToldByNothingWhenTheDatabaseCannotBeOpened) {
+TEST_P(SecretsOfTheControl, AreReportedByNothingWhenTheDatabaseCannotBeOpened) {
     TestApplication stage;
     for (const std::int16_t language : {std::int16_t{0}, std::int16_t{1}}) {
         stage.session.state.Language = language;
@@ -108,7 +108,7 @@ TEST_P(SecretsOfTheControl, AreToldByNothingWhenTheDatabaseCannotBeOpened) {
 
 // The page takes paths of files.
 using SecretsOfTheOptionsPage = SecretsOfTheControl;
-TEST_P(SecretsOfTheOptionsPage, AreToldByNothing) {
+TEST_P(SecretsOfTheOptionsPage, AreReportedByNothing) {
     for (const auto& open : {OpenForReal, Repeat}) {
         TestApplication stage;
         stage.control.refresh(1, 0);

@@ -81,7 +81,7 @@ TEST_F(ModuleGate, BlanksAroundTheRightPasswordAreAccepted) {
     EXPECT_TRUE(stage.dialogs.messages.empty());
 }
 
-TEST_F(ModuleGate, AWrongPasswordIsToldAndDenies) {
+TEST_F(ModuleGate, AWrongPasswordIsReportedAndDenies) {
     stage.dialogs.inputs.push_back("secret");
     EXPECT_EQ(Check("mnuSecret"), -20);
     EXPECT_EQ(stage.dialogs.messages,

@@ -19,7 +19,7 @@ TEST(CheckText, RefusesTheSingleQuoteOnly) {
     EXPECT_EQ(stage.dialogs.messages, Messages{"48|文本错误: 文本中不可含有<引号>或<单引号> !"});
 }
 
-TEST(CheckText, TellsInTheControlsLanguage) {
+TEST(CheckText, ReportsInTheControlsLanguage) {
     test::TestApplication stage;
     stage.session.state.Language = 1;
     EXPECT_FALSE(CheckText(stage.session, "'"));
@@ -65,7 +65,7 @@ TEST(CutToBytes, CountsDoubleByteCharactersTwice) {
     EXPECT_EQ(CutToBytes(codePage, "", 0), "");
 }
 
-TEST(FitTextBytes, TellsOnlyWhenSomethingIsCutAndTheFieldNamed) {
+TEST(FitTextBytes, ReportsOnlyWhenSomethingIsCutAndTheFieldNamed) {
     test::TestApplication stage;
     EXPECT_EQ(FitTextBytes(stage.session, "任务计划", 8, "主题"), "任务计划");
     EXPECT_EQ(FitTextBytes(stage.session, "任务计划", 7, ""), "任务计");

@@ -101,7 +101,7 @@ TEST_F(PostgreSqlText, OperandsHaveOneType) {
     EXPECT_EQ(Condition("tDone"), R"("tdone"<>0)");
     EXPECT_EQ(Condition("(tDone=1)=1"), R"(("tdone"=1)::integer=1)");
 }
-TEST_F(PostgreSqlText, TheTableOfAWritableSelectIsTold) {
+TEST_F(PostgreSqlText, TheTableOfAWritableSelectIsNamed) {
     EXPECT_EQ(
         Translate("select * from tTasklist", schema_, *engines::Of("postgresql").dialect).table,
         "tTasklist");

@@ -212,7 +212,7 @@ TEST_P(KeysetRecordsetTest, AConflictDoesNotPassByTryingAgain) {
     }
     EXPECT_EQ(Rows("select taskTitle from tTaskList"), "b");
 }
-TEST_P(KeysetRecordsetTest, ANewRowWhoseKeyCannotBeToldIsNotWrittenAgain) {
+TEST_P(KeysetRecordsetTest, ANewRowWhoseKeyIsUnknownIsNotWrittenAgain) {
     database_->ConnectRaw()->Execute(
         "create table pairs(a integer not null, b integer default 7 not null, c varchar(9),"
         " primary key(a,b))");

@@ -102,7 +102,7 @@ TEST_P(DateLiteral, FollowsTheDelimiter) {
     EXPECT_EQ(database_.DateLiteral(DateTime(2003, 3, 7)), "'03/07/2003'");
 }
 
-TEST_P(StatementLog, TellsStatementsExactlyAsSent) {
+TEST_P(StatementLog, ReportsStatementsExactlyAsSent) {
     database_.EnsureConnection();
     database_.Open("select max(TaskID) as  MaxID from tTaskSet");
     database_.Execute("delete from tTaskList where taskID =1");
@@ -116,7 +116,7 @@ TEST_P(StatementLog, FailsAStatementBeforeItReachesTheDatabase) {
     EXPECT_EQ(ErrorOf([&] { database_.Execute("delete from tTaskList"); }).Text(), "told to fail");
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "1");
 }
-TEST_P(StatementLog, TellsOfARowUpdateBeforeItIsWritten) {
+TEST_P(StatementLog, ReportsARowUpdateBeforeItIsWritten) {
     database_.EnsureConnection();
     auto rows = database_.Open("select * from tTaskList", CursorType::Keyset, LockType::Optimistic);
     rows->AddNew();

@@ -361,7 +361,7 @@ TEST_F(DialectError, RefusesUnknownFunctionsAndWrongArguments) {
     EXPECT_EQ(Refused("select Right('a') from cards").Text(),
               "wrong number of arguments of \"Right\" at character 8");
 }
-TEST_F(DialectError, TellsMissingTablesAndColumns) {
+TEST_F(DialectError, ReportsMissingTablesAndColumns) {
     const auto table = Refused("select * from nowhere");
     EXPECT_EQ(table.Number(), ErrorNumber::DatabaseTable);
     EXPECT_EQ(table.Text(), "no such table: nowhere at character 15");

@@ -27,7 +27,7 @@ TEST(EngineList, AnUnknownProductIsTakenForAPlainServer) {
     EXPECT_EQ(engine.facts->EqualsExactly("a"), "a=?");
     EXPECT_EQ(engine.facts->StoredName("fID"), "fID");
 }
-TEST(EngineList, AFileIsToldByItsFirstBytes) {
+TEST(EngineList, AFileIsRecognisedByItsFirstBytes) {
     using namespace std::string_literals;
     EXPECT_EQ(OfFile("SQLite format 3\0\x10\0"s)->folder, "sqlite");
     EXPECT_EQ(OfFile("\0\1\0\0Standard Jet DB\0"s)->folder, "access");

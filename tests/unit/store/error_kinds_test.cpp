@@ -195,7 +195,7 @@ ErrorKind KindOfFailure(Connection& connection, const std::string& sql) {
     return ErrorKind::Own;
 }
 
-TEST_P(ErrorKindsOfEngines, TellTheUsualMistakesApart) {
+TEST_P(ErrorKindsOfEngines, DistinguishTheUsualMistakes) {
     EXPECT_EQ(KindOfFailure(*connection_, "update noTable set a=1"), ErrorKind::NoTable);
     EXPECT_EQ(KindOfFailure(*connection_, "update tTaskList set noColumn=1"), ErrorKind::NoColumn);
     connection_->Execute("insert into tTaskList(fID,fType) values(1,0)");

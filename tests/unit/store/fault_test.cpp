@@ -80,7 +80,7 @@ class ServerFault : public ::testing::Test {
     Database database_{opener_, [this] { return Settings(); }};
 };
 
-TEST_F(ServerFault, AServerThatStopsIsToldOnceAndTheNextActionOpensAgain) {
+TEST_F(ServerFault, AServerThatStopsIsReportedOnceAndTheNextActionOpensAgain) {
     EXPECT_EQ(Act(), "7");
     proxy_->Cut();
     const auto error = ActingFails();
@@ -89,7 +89,7 @@ TEST_F(ServerFault, AServerThatStopsIsToldOnceAndTheNextActionOpensAgain) {
     EXPECT_FALSE(database_.IsOpen());
     EXPECT_EQ(Act(), "7");
 }
-TEST_F(ServerFault, AServerThatIsGoneIsToldUntilItIsBack) {
+TEST_F(ServerFault, AServerThatIsGoneIsReportedUntilItIsBack) {
     EXPECT_EQ(Act(), "7");
     proxy_->Refuse(true);
     proxy_->Cut();
@@ -147,7 +147,7 @@ TEST_F(ServerFault, AnAddressThatNeverAnswersBlocksNoLongerThanTheLimit) {
     proxy_->Cut();
     EXPECT_EQ(Act(), "7");
 }
-TEST_F(ServerFault, ARowThatIsBeingWrittenWhenTheConnectionFailsIsTold) {
+TEST_F(ServerFault, ARowThatIsBeingWrittenWhenTheConnectionFailsIsReported) {
     const auto server = Direct();
     server->Execute("set client_min_messages=warning");
     server->Execute("drop table if exists zv_fault");
@@ -160,7 +160,7 @@ TEST_F(ServerFault, ARowThatIsBeingWrittenWhenTheConnectionFailsIsTold) {
     EXPECT_EQ(Act("select t from zv_fault"), "b");
     server->Execute("drop table zv_fault");
 }
-TEST_F(ServerFault, ARefusedLoginIsToldWithoutLoginAndPassword) {
+TEST_F(ServerFault, ARefusedLoginIsReportedWithoutLoginAndPassword) {
     const auto server = Direct();
     server->Execute("set client_min_messages=warning");
     server->Execute("drop role if exists zv_refused");
@@ -174,7 +174,7 @@ TEST_F(ServerFault, ARefusedLoginIsToldWithoutLoginAndPassword) {
               "Cannot connect to the database server \"127.0.0.1\": the server refused the login.");
     server->Execute("drop role zv_refused");
 }
-TEST_F(ServerFault, TooManyConnectionsAreToldAndPass) {
+TEST_F(ServerFault, TooManyConnectionsAreReportedAndPass) {
     const auto server = Direct();
     server->Execute("set client_min_messages=warning");
     server->Execute("drop role if exists zv_crowded");
@@ -194,17 +194,17 @@ TEST_F(ServerFault, TooManyConnectionsAreToldAndPass) {
     std::this_thread::sleep_for(200ms);
     server->Execute("drop role zv_crowded");
 }
-TEST_F(ServerFault, ADatabaseThatIsNotThereIsTold) {
+TEST_F(ServerFault, ADatabaseThatIsNotThereIsReported) {
     entries_.Remove("Database");
     entries_.Add("Database", "zv_nowhere");
     EXPECT_TRUE(Has(ActingFails(), "the server has no such database."));
 }
-TEST_F(ServerFault, AMachineThatIsNotThereIsTold) {
+TEST_F(ServerFault, AMachineThatIsNotThereIsReported) {
     entries_.Remove("Server");
     entries_.Add("Server", "no-such-machine.invalid");
     EXPECT_TRUE(Has(ActingFails(), "the server cannot be reached or does not answer."));
 }
-TEST_F(ServerFault, ADriverThatIsNotInstalledIsTold) {
+TEST_F(ServerFault, ADriverThatIsNotInstalledIsReported) {
     entries_ = ConnectionEntries("Driver={No such driver};Server=x");
     const auto error = ActingFails();
     EXPECT_TRUE(Has(error, "its ODBC driver or data source is not installed.")) << error.Text();

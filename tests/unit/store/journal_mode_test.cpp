@@ -95,7 +95,7 @@ TEST_F(OnAShare, AFileThatAnotherMachineConvertsIsNotTouchedAnyMore) {
     EXPECT_FALSE(std::filesystem::exists(folder_ / u8"new.db-shm"));
 }
 
-TEST(ShareType, IsToldByTheNameOfTheFileSystem) {
+TEST(ShareType, IsRecognisedByTheNameOfTheFileSystem) {
     for (const char* share : {"nfs", "nfs4", "cifs", "smb3", "9p", "fuse.sshfs", "fuse.glusterfs",
                               "fuse.anything", "fuse", "remote"}) {
         EXPECT_TRUE(sqlite::IsShareType(share)) << share;

@@ -5,13 +5,13 @@
 namespace zv::store {
 namespace {
 
-TEST(LostConnection, IsToldByTheStatesOfConnections) {
+TEST(LostConnection, IsRecognisedByTheStatesOfConnections) {
     for (const char* state : {"08S01", "08003", "08006", "08001", "57P01", "3043"}) {
         EXPECT_TRUE(TellsLoss({state, 0})) << state;
     }
 }
 
-TEST(LostConnection, IsToldByTheNetworksNumbersWhereTheStateLeavesItOpen) {
+TEST(LostConnection, IsRecognisedByTheNetworksNumbersWhereTheStateLeavesItOpen) {
     EXPECT_TRUE(TellsLoss({"HY000", 10054}));
     EXPECT_TRUE(TellsLoss({"", 64}));
     EXPECT_FALSE(TellsLoss({"42000", 233}));

@@ -93,7 +93,7 @@ TEST(OptionsFor, LimitsTheDriverOfPostgreSqlUnlessTheCallerDid) {
     EXPECT_EQ(limits.find("keepalives_idle=1"), std::string::npos);
     EXPECT_NE(limits.find("tcp_user_timeout="), std::string::npos);
 }
-TEST(OptionsFor, TellsOfAServerWithoutADriver) {
+TEST(OptionsFor, ReportsAServerWithoutADriver) {
     // No driver for SQL Server comes with the system that the tests run on.
     try {
         const auto entries = EntriesOf("db\\instance");
@@ -132,7 +132,7 @@ Fault FaultOf(const char* state, int native, const char* text, bool connecting) 
     return Diagnose(state, native, text, connecting).fault;
 }
 
-TEST(Diagnose, TellsALostConnectionFromABadStatement) {
+TEST(Diagnose, DistinguishesALostConnectionFromABadStatement) {
     EXPECT_EQ(FaultOf("08S01", 0, "Communication link failure", false), Fault::ConnectionLost);
     EXPECT_EQ(FaultOf("57P01", 7, "terminating connection due to administrator command", false),
               Fault::ConnectionLost);

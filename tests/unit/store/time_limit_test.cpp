@@ -58,7 +58,7 @@ TEST_F(EmbeddedTimeLimit, CountsTheWorkOfAllRowsAndNotThePausesOfTheReader) {
     quick->MoveNext();
     EXPECT_EQ(quick->Field(0).ToInt32(), 2);
 }
-TEST_F(EmbeddedTimeLimit, IsThatOfAServerUnlessToldOtherwise) {
+TEST_F(EmbeddedTimeLimit, IsThatOfAServerUnlessSetOtherwise) {
     EXPECT_EQ(SqliteOptions().statementLimit, std::chrono::seconds(30));
     EXPECT_EQ(RowsOf(*Limited(0), "select 1"), "1");
 }

@@ -59,7 +59,7 @@ TEST_P(SeveralUsers, SeeWhatOthersDidAtTheNextRefill) {
     EXPECT_EQ(one_->Tell("shows shared-new"), "no");
 }
 
-TEST_P(SeveralUsers, WhoeverSavesLaterIsAskedAndMayKeepWhatIsThere) {
+TEST_P(SeveralUsers, TheLaterUserToSaveIsAskedAndMayKeepWhatIsThere) {
     one_->Tell("open shared mine");
     other_->Tell("open shared theirs");
     EXPECT_EQ(other_->Tell("save").substr(0, 2), "0|");
@@ -86,7 +86,7 @@ TEST_P(SeveralUsers, FieldsThatOnlyOneOfThemChangedAreBothStored) {
     EXPECT_EQ(Get("select fUser from tTaskList where taskTitle='shared'"), "one");
 }
 
-TEST_P(SeveralUsers, WhoeverKeepsWhatIsThereStillStoresTheRest) {
+TEST_P(SeveralUsers, AUserWhoKeepsWhatIsThereStillStoresTheRest) {
     one_->Tell("open shared mine");
     other_->Tell("open shared theirs");
     other_->Tell("save");
@@ -95,7 +95,7 @@ TEST_P(SeveralUsers, WhoeverKeepsWhatIsThereStillStoresTheRest) {
     EXPECT_EQ(Get("select fUser from tTaskList where taskTitle='shared'"), "one");
 }
 
-TEST_P(SeveralUsers, WhoeverSavesAPlanLaterIsAskedAndMayKeepWhatIsThere) {
+TEST_P(SeveralUsers, TheLaterUserToSaveAPlanIsAskedAndMayKeepWhatIsThere) {
     Run("update tTaskSet set SetMan='boss'");
     one_->Tell("open-plan 7 mine");
     other_->Tell("open-plan 7 theirs");
@@ -149,7 +149,7 @@ TEST_P(SeveralUsers, GeneratingAPlanLeavesVisitsUnderItsNumber) {
     EXPECT_EQ(Get("select count(*) from tTaskList where TaskID=7"), std::to_string(kDays + 1));
 }
 
-TEST_P(SeveralUsers, AnItemThatSomebodyDeletedIsNotSavedAndTheUserIsTold) {
+TEST_P(SeveralUsers, AnItemThatSomebodyDeletedIsNotSavedAndTheUserSeesAMessage) {
     one_->Tell("open shared mine");
     other_->Tell("delete shared");
     EXPECT_EQ(one_->Tell("save"), "48|原记录未有存在，操作取消！");

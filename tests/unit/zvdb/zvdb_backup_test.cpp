@@ -52,7 +52,7 @@ TEST_F(ZvdbCopies, ABackupOfARollBackFileIsOne) {
     ASSERT_EQ(RunZvdb({"backup", Path("a.db"), Path("b.db")}).status, 0);
     EXPECT_EQ(RunZvdb({"mode", Path("b.db")}).out, "rollback\n");
 }
-TEST_F(ZvdbCopies, ABackupNeverOverwritesUnlessTold) {
+TEST_F(ZvdbCopies, ABackupNeverOverwritesUnlessAskedTo) {
     Write("b.db", "mine");
     ExpectRefused(RunZvdb({"backup", Path("a.db"), Path("b.db")}), "there already");
     EXPECT_EQ(Read("b.db"), "mine");
@@ -109,7 +109,7 @@ TEST_F(ZvdbCopies, ARestoreWhereNothingIsMakesTheFile) {
     EXPECT_EQ(restore.status, 0) << restore.out << restore.err;
     EXPECT_EQ(Items("c.db"), 300);
 }
-TEST_F(ZvdbCopies, ARestoreTakesNoOtherFilesPlaceUnlessTold) {
+TEST_F(ZvdbCopies, ARestoreTakesNoOtherFilesPlaceUnlessAskedTo) {
     ASSERT_EQ(RunZvdb({"sample", Path("live.db"), "--items", "50"}).status, 0);
     ExpectRefused(RunZvdb({"restore", Path("a.db"), Path("live.db")}), "there already");
     EXPECT_EQ(Items("live.db"), 50);
@@ -139,7 +139,7 @@ TEST_F(ZvdbCopies, ARestoreIntoALockedFileIsRefusedAndChangesNothing) {
 
 class ZvdbMode : public ZvdbCopies {};
 
-TEST_F(ZvdbMode, IsToldAndChanged) {
+TEST_F(ZvdbMode, IsReportedAndChanged) {
     EXPECT_EQ(RunZvdb({"mode", Path("a.db")}).out, "wal\n");
     const Outcome back = RunZvdb({"mode", Path("a.db"), "rollback"});
     EXPECT_EQ(back.status, 0) << back.err;
@@ -214,15 +214,15 @@ TEST_F(ZvdbCopies, TheFileThatIsAtFaultIsNamed) {
                   "another program has \"" + Path("b.db") + "\" open");
 }
 
-TEST_F(ZvdbCopies, RowsThatTheCheckFindsFaultWithAreCopiedAndTold) {
+TEST_F(ZvdbCopies, RowsThatTheCheckFindsFaultWithAreCopiedAndReported) {
     Engine(Path("a.db")).Run("update tTaskList set taskTitle='' where fID=3");
     const Outcome backup = RunZvdb({"backup", Path("a.db"), Path("b.db")});
     EXPECT_EQ(backup.status, 3) << backup.out << backup.err;
-    ExpectStatusTellsCheck(backup, RunZvdb({"check", Path("b.db")}));
+    ExpectStatusShowsCheck(backup, RunZvdb({"check", Path("b.db")}));
     for (const char* name : {"new.db", "a.db"}) {
         const Outcome restore = RunZvdb({"restore", Path("b.db"), Path(name), "--replace"});
         EXPECT_EQ(restore.status, 3) << restore.out << restore.err;
-        ExpectStatusTellsCheck(restore, RunZvdb({"check", Path(name)}));
+        ExpectStatusShowsCheck(restore, RunZvdb({"check", Path(name)}));
     }
 }
 

@@ -50,7 +50,7 @@ TEST_F(ZvdbNeighbours, OfAnImportIntoANewFileAreSetAside) {
     ExpectSetAside(import);
     EXPECT_EQ(Items("old.db"), 300);
 }
-TEST_F(ZvdbNeighbours, ADryRunTellsOfThemAndLeavesThem) {
+TEST_F(ZvdbNeighbours, ADryRunReportsThemAndLeavesThem) {
     const Outcome import = RunZvdb({"import", Path("a.db"), Path("old.db"), "--dry-run"});
     EXPECT_EQ(import.status, 1) << import.out << import.err;
     EXPECT_NE(import.out.find("old.db.aside-wal"), std::string::npos) << import.out;

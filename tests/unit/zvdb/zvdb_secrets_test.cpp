@@ -54,7 +54,7 @@ class ZvdbSecrets : public Scratch {
     std::filesystem::path before_;
 };
 
-TEST_F(ZvdbSecrets, AreToldByNoCommand) {
+TEST_F(ZvdbSecrets, AreReportedByNoCommand) {
     const std::vector<std::string> commands = Commands();
     ASSERT_GE(commands.size(), 4u);
     for (const std::string& command : commands) {
@@ -75,7 +75,7 @@ TEST_F(ZvdbSecrets, AreToldByNoCommand) {
     }
 }
 
-TEST_F(ZvdbSecrets, OfAFileWithoutAConnectionAreNotTold) {
+TEST_F(ZvdbSecrets, OfAFileWithoutAConnectionAreNotReported) {
     Write("server.txt", "Kanarie\n");
     const Outcome outcome = RunZvdb({"import", "@server.txt", "new.db"});
     EXPECT_EQ(outcome.status, 2);

@@ -69,7 +69,7 @@ TEST_F(ZvdbServer, MakesEmptyTablesThatPassTheCheck) {
     EXPECT_NE(check.out.find("nothing wrong"), std::string::npos);
 }
 
-TEST_F(ZvdbServer, NeverReplacesTablesUnlessTold) {
+TEST_F(ZvdbServer, NeverReplacesTablesUnlessAskedTo) {
     Run("create table employees(employee text)");
     Run("insert into employees values('mine')");
     Run("create table other(n int)");
@@ -195,7 +195,7 @@ TEST_F(ZvdbServer, ATableThatSomebodyDropsElsewhereDisturbsNobody) {
     EXPECT_EQ(tables[0].columns[2].size, 0U);
 }
 
-TEST_F(ZvdbServer, WhatCannotBeReachedIsToldWithoutThePassword) {
+TEST_F(ZvdbServer, WhatCannotBeReachedIsReportedWithoutThePassword) {
     for (const char* command : {"create", "check", "sample"}) {
         std::string wrong = server_;
         wrong.insert(wrong.find("Pwd=") + 4, "x");

@@ -39,7 +39,7 @@ TEST_F(ZvdbCreate, LeavesNoOtherFileBehind) {
     EXPECT_EQ(Files(), std::vector<std::string>{"a.db"});
 }
 
-TEST_F(ZvdbCreate, NeverOverwritesAFileUnlessTold) {
+TEST_F(ZvdbCreate, NeverOverwritesAFileUnlessAskedTo) {
     Write("a.db", "mine");
     for (const char* command : {"create", "sample"}) {
         const Outcome refused = RunZvdb({command, Path("a.db")});
@@ -61,7 +61,7 @@ TEST_F(ZvdbCreate, DoesNotReplaceAFileThatAProgramHasOpen) {
     EXPECT_EQ(program.Number("select count(*) from tTaskList"), 20);
 }
 
-TEST_F(ZvdbCreate, TellsThatAFolderIsMissing) {
+TEST_F(ZvdbCreate, ReportsThatAFolderIsMissing) {
     const Outcome refused = RunZvdb({"create", Path("missing/a.db")});
     EXPECT_EQ(refused.status, 2);
     EXPECT_NE(refused.err.find("missing/a.db: its folder does not exist"), std::string::npos)
@@ -136,7 +136,7 @@ TEST_F(ZvdbUsage, HelpNamesEveryCommandAndOption) {
     }
 }
 
-TEST_F(ZvdbUsage, WrongArgumentsAreToldAndMakeNothing) {
+TEST_F(ZvdbUsage, WrongArgumentsAreReportedAndMakeNothing) {
     const std::vector<std::vector<std::string>> cases = {
         {},
         {"make", Path("a.db")},

@@ -15,7 +15,7 @@ Outcome Of(std::string rows, std::vector<std::string> told = {}, std::string err
     return {1, "?", std::move(rows), std::move(told), std::move(error)};
 }
 
-TEST(Judge, TheSameRowsAreRightWhateverIsTold) {
+TEST(Judge, TheSameRowsAreRightWhateverIsReported) {
     EXPECT_EQ(Judge(Of("a\n"), Of("a\n")), "");
     EXPECT_EQ(Judge(Of("a\n", {"64|done|ok"}), Of("a\n")), "");
 }

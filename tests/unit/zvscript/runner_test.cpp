@@ -31,7 +31,7 @@ class RunnerTest : public ::testing::Test {
     std::vector<std::string> output;
 };
 
-TEST_F(RunnerTest, TellsOfEachFileAndOfAll) {
+TEST_F(RunnerTest, ReportsEachFileAndAll) {
     const std::string a = Write("a.zvs", "expect error == \"\"\n");
     const std::string b = Write("空 白.zvs", "");
     EXPECT_EQ(Run({a, b}), 0);
@@ -60,7 +60,7 @@ TEST_F(RunnerTest, PartsAndAbsencesSayWhatWasExpected) {
     EXPECT_EQ(output[1], "FAIL " + absence + ":2: expected !~ \"b\" got \"ab\"");
 }
 
-TEST_F(RunnerTest, AWrongFileIsToldWithLineAndReason) {
+TEST_F(RunnerTest, AWrongFileIsReportedWithLineAndReason) {
     const std::string wrong = Write("wrong.zvs", "show error\nrefresh 0\n");
     const std::string good = Write("good.zvs", "");
     EXPECT_EQ(Run({wrong, good}), 2);

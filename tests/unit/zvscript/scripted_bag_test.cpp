@@ -32,7 +32,7 @@ TEST(ScriptedBag, AValueOfAWrongTypeIsAnError) {
     EXPECT_THROW(bag.Read("big", std::int16_t{0}), RuntimeError);
 }
 
-TEST(ScriptedBag, TellsWhatWasWrittenInItsOrder) {
+TEST(ScriptedBag, ReportsWhatWasWrittenInItsOrder) {
     TextBag bag;
     bag.Write("b", true);
     bag.Write("a", std::int16_t{-3});

@@ -26,7 +26,7 @@ void PlayedBackend::MenuIdle() {
     if (!onMenuIdle) return;
     onMenuIdle();
     // The menu's loop waits for a message before it looks whether the menu has ended, and the one
-    // that tells of it may have been handled by what ran here.
+    // that reports it may have been handled by what ran here.
     PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 

@@ -29,7 +29,7 @@ LPARAM Place(int x, int y) {
     return MAKELPARAM(x, y);
 }
 
-// Tells the parent what the native window would when the user had done it.
+// Sends the parent what the native window would when the user had done it.
 void Command(HWND window, UINT code) {
     SendMessageW(GetParent(window), WM_COMMAND,
                  MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(window)), code),

@@ -9,7 +9,7 @@
 namespace zv::zvdb::access {
 
 /// All bytes of the long value whose field in the row is `field`. Throws Damage when a piece is
-/// missing or the pieces do not make up the length that the field tells.
+/// missing or the pieces do not make up the length that the field states.
 std::vector<std::uint8_t> ReadLongValue(MdbFile& file, Bytes field);
 
 }  // namespace zv::zvdb::access

@@ -1,4 +1,4 @@
-// Brings a value into the form of the column that it goes to, and tells when it does not fit.
+// Brings a value into the form of the column that it goes to, and reports when it does not fit.
 #pragma once
 
 #include <optional>

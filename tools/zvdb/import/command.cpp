@@ -61,7 +61,7 @@ class ImportRun {
             CheckImported(*target);
         }
         progress.Finish();
-        return Tell(importer);
+        return Print(importer);
     }
 
     void CheckImported(TableTarget& target) {
@@ -84,7 +84,7 @@ class ImportRun {
                           " rows); --replace puts the import in their place");
     }
 
-    int Tell(const Importer& importer) {
+    int Print(const Importer& importer) {
         std::int64_t total = 0;
         for (const auto& [table, rows] : importer.Counts()) {
             console_.out << std::left << std::setw(14) << table << ' ' << std::right << std::setw(9)

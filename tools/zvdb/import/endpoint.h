@@ -17,14 +17,14 @@ bool IsServer(const std::string& name);
 /// How messages call it: never with a login or a password.
 std::string ShownName(const std::string& name);
 
-/// Files are told by their content, not by their names. Throws SourceError.
+/// Files are recognised by their content, not by their names. Throws SourceError.
 std::unique_ptr<TableSource> OpenSource(const std::string& name);
 /// Throws TargetError. `progress` must outlive the target. A new file gets the rights of `source`,
 /// when that is a file.
 std::unique_ptr<TableTarget> OpenTarget(const std::string& name, const std::string& source,
                                         Progress& progress);
 
-/// Both name one file, by whatever paths. Servers tell themselves apart once they are open.
+/// Both name one file, by whatever paths. Servers are distinguished once they are open.
 bool IsSameFile(const std::string& from, const std::string& to);
 
 }  // namespace zv::zvdb

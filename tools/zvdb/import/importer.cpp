@@ -31,12 +31,12 @@ class RowJudge {
         if (!asItIs_) {
             for (std::size_t i = 0; i < row.size(); ++i) {
                 if (const auto misfit = fits_[i].Fit(row[i])) {
-                    Tell(misfit->weight, i, misfit->what, row);
+                    Note(misfit->weight, i, misfit->what, row);
                 }
             }
         }
         for (const CellRemark& remark : remarks) {
-            Tell(remark.lost ? Weight::Refusal : Weight::Remark,
+            Note(remark.lost ? Weight::Refusal : Weight::Remark,
                  static_cast<std::size_t>(remark.column), remark.text, row);
         }
         if (key_ != kNoKey) JudgeKey(row);
@@ -48,12 +48,12 @@ class RowJudge {
     void JudgeKey(const std::vector<store::Value>& row) {
         const auto* number = std::get_if<std::int64_t>(&row[key_].Data());
         if (row[key_].IsNull()) {
-            Tell(Weight::Refusal, key_, "rows without a key", row);
+            Note(Weight::Refusal, key_, "rows without a key", row);
         } else if (number != nullptr && !keys_.Insert(*number)) {
-            Tell(Weight::Refusal, key_, "keys that more than one row has", row);
+            Note(Weight::Refusal, key_, "keys that more than one row has", row);
         }
     }
-    void Tell(Weight weight, std::size_t column, const std::string& what,
+    void Note(Weight weight, std::size_t column, const std::string& what,
               const std::vector<store::Value>& row) {
         const bool named = key_ != kNoKey && !row[key_].IsNull();
         report_.Add(weight, table_ + "." + columns_[column].name + ": " + what,

@@ -37,7 +37,7 @@ InterruptionGuard::InterruptionGuard() {
     interrupted = 0;
     for (std::size_t i = 0; i < AllCaught().size(); ++i) {
         before_[i] = std::signal(AllCaught()[i].signal, AllCaught()[i].handler);
-        // Whoever started the program may have made it deaf to a signal.
+        // The program that started this one may have made it deaf to a signal.
         if (before_[i] == SIG_IGN) std::signal(AllCaught()[i].signal, SIG_IGN);
     }
 }

@@ -21,7 +21,7 @@ class ServerLink {
     /// How many rows are moved into and out of it.
     const store::engines::Bulk& Bulk() const { return *engine_->bulk; }
     std::string Product() const { return std::string(engine_->codes->name); }
-    /// Tells two connections to the same tables, whatever they were named by.
+    /// The same for two connections to the same tables, whatever they were named by.
     std::string Identity();
 
     void Run(const std::string& sql) { connection_->Execute(sql); }
@@ -43,7 +43,7 @@ class ServerLink {
     const store::engines::Engine* engine_ = nullptr;
 };
 
-/// Columns of a table as the server tells them.
+/// Columns of a table as the server describes them.
 struct ServerColumn {
     std::string name;
     std::size_t size = 0;  ///< of a text, 0 is any length

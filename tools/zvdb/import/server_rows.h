@@ -13,7 +13,7 @@ namespace zv::zvdb {
 /// A result is held in memory whole, so a table with a key is read in parts, by the key.
 class ServerRows : public RowReader {
  public:
-    /// `key` is the position of a column of whole numbers that tells the rows apart, -1 for none.
+    /// `key` is the position of a column of whole numbers that distinguishes the rows, -1 for none.
     ServerRows(ServerLink& link, const std::string& table, const std::vector<std::string>& columns,
                int key);
 

@@ -20,12 +20,12 @@ class SourceError : public std::runtime_error {
 struct SourceTable {
     std::string name;
     std::vector<std::string> columns;
-    std::int64_t rows = -1;  ///< -1 when the source does not tell before it is read
+    std::int64_t rows = -1;  ///< -1 when the source does not know before it is read
     /// Not empty: the table is named in the source and its rows are elsewhere.
     std::string elsewhere;
 };
 
-/// Something about one cell that its value alone does not tell.
+/// Something about one cell that its value alone does not show.
 struct CellRemark {
     int column = 0;     ///< position among the columns that are read
     bool lost = false;  ///< the value could not be read at all
@@ -50,7 +50,7 @@ class TableSource {
     virtual ~TableSource() = default;
     /// What it is, for the user: "Access file (Jet 4)".
     virtual std::string Kind() const = 0;
-    /// Tells databases apart that no file name can; empty for files.
+    /// Distinguishes databases where no file name can; empty for files.
     virtual std::string Identity() { return {}; }
     /// The tables of users, in the source's order. Throws SourceError.
     virtual const std::vector<SourceTable>& Tables() = 0;

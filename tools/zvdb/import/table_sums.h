@@ -26,7 +26,7 @@ class TableSums {
         std::uint64_t contents = 0;  ///< sum of a hash of each cell: the order does not matter
     };
     std::vector<Column> columns_;
-    std::uint64_t rowContents_ = 0;  ///< tells rows apart that swapped single cells
+    std::uint64_t rowContents_ = 0;  ///< distinguishes rows that swapped single cells
     std::int64_t rows_ = 0;
 };
 

@@ -7,7 +7,7 @@
 namespace zv::store::engines::access {
 namespace {
 
-// Its provider tells them as the SQLSTATE, some of its versions as the number.
+// Its provider reports them as the SQLSTATE, some of its versions as the number.
 constexpr auto kProviderNumbers = std::to_array<NumberKind>({
     {3008, ErrorKind::Busy},  // another user has the table for himself
     {3009, ErrorKind::Busy},

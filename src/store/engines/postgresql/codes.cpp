@@ -43,7 +43,7 @@ constexpr auto kConnectWords = std::to_array<WordsKind>({
     {"database \"", ErrorKind::DatabaseUnknown},
     {"could not translate host name", ErrorKind::ServerUnknown},
 });
-// What the driver itself says tells nothing by its state.
+// What the driver itself says has no state that says anything.
 constexpr auto kStatementWords = std::to_array<WordsKind>({
     {"server closed the connection", ErrorKind::ConnectionLost},
     {"no connection to the server", ErrorKind::ConnectionLost},

@@ -28,8 +28,8 @@ const char* FieldPattern(DateField field) {
     return kPatterns.at(static_cast<std::size_t>(field));
 }
 
-/// The expression becomes another one of this kind.
-void Become(Expression& value, std::string sql, ColumnKind kind) {
+/// Puts another text of this kind in the place of the expression.
+void Replace(Expression& value, std::string sql, ColumnKind kind) {
     value.sql = std::move(sql);
     value.kind = kind;
     value.level = Level::Primary;
@@ -52,7 +52,7 @@ void TakeAsNumber(Expression& literal) {
         written.find_first_not_of("+-.0123456789eE") != std::string::npos) {
         ThrowAt("\"" + *literal.literal + "\" is not a number", literal.position);
     }
-    Become(literal, "(" + written + ")", ColumnKind::Number);
+    Replace(literal, "(" + written + ")", ColumnKind::Number);
 }
 
 /// Not less than 0, and null where there is none.
@@ -75,7 +75,7 @@ class PostgreSqlTarget final : public Target {
     void MakeDate(Expression& value) const override {
         Target::MakeDate(value);
         if (value.kind == ColumnKind::Text || value.kind == ColumnKind::Unknown) {
-            Become(value, Cast(value, "timestamp"), ColumnKind::Date);
+            Replace(value, Cast(value, "timestamp"), ColumnKind::Date);
         }
     }
 
@@ -83,9 +83,9 @@ class PostgreSqlTarget final : public Target {
         MakeValue(value);
         if (value.literal || value.kind == ColumnKind::Unknown) return;
         if (value.kind == ColumnKind::Date) {
-            Become(value, "to_char(" + value.sql + "," + kStoredForm + ")", ColumnKind::Text);
+            Replace(value, "to_char(" + value.sql + "," + kStoredForm + ")", ColumnKind::Text);
         } else if (value.kind == ColumnKind::Number || !value.column.empty() || value.foldsCase) {
-            Become(value, Cast(value, "text"), ColumnKind::Text);
+            Replace(value, Cast(value, "text"), ColumnKind::Text);
         }
     }
 
@@ -95,7 +95,7 @@ class PostgreSqlTarget final : public Target {
         if (value.literal) {
             TakeAsNumber(value);
         } else {
-            Become(value, Cast(value, "numeric"), ColumnKind::Number);
+            Replace(value, Cast(value, "numeric"), ColumnKind::Number);
         }
     }
 
@@ -110,7 +110,7 @@ class PostgreSqlTarget final : public Target {
     }
 
     void MakeValue(Expression& value) const override {
-        if (value.condition) Become(value, Cast(value, "integer"), ColumnKind::Number);
+        if (value.condition) Replace(value, Cast(value, "integer"), ColumnKind::Number);
     }
 
     void MakeColumn(Expression& value) const override {
@@ -139,7 +139,7 @@ class PostgreSqlTarget final : public Target {
         }
         // Of two literals nobody knows the type.
         if (left.literal && right.literal) {
-            Become(left, Cast(left, "citext"), ColumnKind::Text);
+            Replace(left, Cast(left, "citext"), ColumnKind::Text);
             left.foldsCase = true;
         }
         FoldCase(left);
@@ -160,13 +160,13 @@ class PostgreSqlTarget final : public Target {
         return ColumnKind::Text;
     }
 
-    /// A column or a literal compares as it should; what is computed is told to.
+    /// A column or a literal compares as it should; what is computed is cast so that it does.
     void FoldCase(Expression& value) const override {
         if (value.kind != ColumnKind::Text || value.foldsCase || value.literal ||
             !value.column.empty()) {
             return;
         }
-        Become(value, Cast(value, "citext"), ColumnKind::Text);
+        Replace(value, Cast(value, "citext"), ColumnKind::Text);
         value.foldsCase = true;
     }
     Expression Compare(const Expression& left, std::string_view op,
@@ -195,7 +195,7 @@ class PostgreSqlTarget final : public Target {
     // comparison; folded once for each row, a hundred thousand titles sort several times faster.
     std::string SortTerm(Expression term, bool descending, bool mayCompute) const override {
         MakeValue(term);
-        if (term.literal) Become(term, Cast(term, "text"), ColumnKind::Text);
+        if (term.literal) Replace(term, Cast(term, "text"), ColumnKind::Text);
         std::string sql = term.sql;
         if (term.kind == ColumnKind::Text) {
             if (!mayCompute) FoldCase(term);

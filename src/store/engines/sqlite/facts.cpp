@@ -14,7 +14,7 @@ class SqliteFacts final : public Facts {
         return text::Contains(product, "sqlite");
     }
     bool KeepsDatesAsTexts() const override { return true; }
-    bool TellsComputedColumns() const override { return true; }
+    bool ReportsComputedColumns() const override { return true; }
     std::string EqualsExactly(const std::string& column) const override {
         return column + " collate binary=?";
     }

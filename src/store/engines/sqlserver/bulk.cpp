@@ -15,7 +15,7 @@ class SqlServerBulk final : public Bulk {
     std::string_view Identity() const override {
         return "select @@servername+'/'+db_name()+'/'+schema_name()";
     }
-    // It tells -1 for texts of any length.
+    // It answers -1 for texts of any length.
     std::string_view Columns() const override {
         return "select c.table_name,c.column_name,c.character_maximum_length from "
                "information_schema.columns c "

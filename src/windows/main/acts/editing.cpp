@@ -138,7 +138,7 @@ void Editing::StartChangeItem(ItemKind kind) {
     if (kind == ItemKind::Guest && model_.currentId == 0) return;
     if (model_.openedFor == EditMode::None) cards_.ForgetPick();
     model_.OpenEditor(kind, EditMode::Changing);
-    view_.TellAboutCard();
+    view_.ReportCard();
 }
 
 void Editing::cmdCancel_Click() {
@@ -159,10 +159,10 @@ void Editing::cmdSave_Click() {
     if (!saved || !form_.IsLoaded()) return;
     model_.editMode = EditMode::None;
     model_.LockEditor();
-    if (listing_.Refill()) TellWhenNotListed(*saved);
+    if (listing_.Refill()) ReportWhenNotListed(*saved);
 }
 
-void Editing::TellWhenNotListed(const items::SavedItem& saved) {
+void Editing::ReportWhenNotListed(const items::SavedItem& saved) {
     if (tree_.Lists(saved)) return;
     session_.windows.ShowMessage(
         "[" + saved.title + "]: " + session_.LoadText(resources::DesignText::NotListed),

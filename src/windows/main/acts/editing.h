@@ -35,7 +35,7 @@ class Editing {
     void ProposeTitle(const std::string& company);
 
     /// Writes the editor as the edit mode says: as a new item, or into the current one. Nothing
-    /// when nothing was written, which the user has been told then. Database errors reach the
+    /// when nothing was written, which a message has said then. Database errors reach the
     /// caller and leave the editor as it is.
     std::optional<items::SavedItem> SaveItem();
 
@@ -48,7 +48,7 @@ class Editing {
     bool HasCustomer();
     /// A task under the number of a plan is one of the plan's: false when the user calls it off.
     bool MayJoinPlan() const;
-    void TellWhenNotListed(const items::SavedItem& saved);
+    void ReportWhenNotListed(const items::SavedItem& saved);
     std::string DeleteQuestion(bool plan) const;
     void ShowAsDeleted(const ItemRef& item);
 

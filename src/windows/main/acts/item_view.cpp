@@ -107,7 +107,7 @@ void ItemView::ShowGuestCard(std::int32_t card) {
     }
 }
 
-void ItemView::TellAboutCard() {
+void ItemView::ReportCard() {
     const std::string notice = std::exchange(cardNotice_, {});
     if (notice.empty()) return;
     session_.windows.ShowMessage(notice, forms::box::kExclamation);
@@ -119,7 +119,7 @@ void ItemView::ShowCardAgain() {
     if (card == session_.state.cardId && card > 0) return;
     ShowGuestCard(card);
     values_.Show(field::kGuest, (*asRead_)[field::kGuest]);
-    TellAboutCard();
+    ReportCard();
 }
 
 void ItemView::NoteStored(std::size_t field, const store::Value& value) {

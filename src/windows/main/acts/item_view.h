@@ -32,9 +32,9 @@ class ItemView {
     void FocusInput(bool onCardPage);
     /// Shows what items have, or plans.
     void ShowFor(bool plans);
-    /// Tells what ShowItem found wrong with the card of a visit, once. Apart from it, because the
+    /// Shows what ShowItem found wrong with the card of a visit, once. Apart from it, because the
     /// tree and the editor may be filled anew while the box stands.
-    void TellAboutCard();
+    void ReportCard();
     /// Shows the card of the visit shown, unless it is the one shown.
     void ShowCardAgain();
 

@@ -137,10 +137,10 @@ void Listing::Rebuild(store::Recordset& rows,
     view_.Clear();
     tree_.SelectFirst();
     rows.Close();
-    if (!reason.empty() || result.rowsLeftOut > 0) TellNotShown(result.rowsLeftOut, reason);
+    if (!reason.empty() || result.rowsLeftOut > 0) ReportNotShown(result.rowsLeftOut, reason);
 }
 
-void Listing::TellNotShown(int rows, const std::string& reason) {
+void Listing::ReportNotShown(int rows, const std::string& reason) {
     const std::string heading = session_.LoadText(resources::DesignText::RowsNotShown);
     std::string message = heading;
     if (rows > 0) message += ": " + std::to_string(rows);

@@ -19,14 +19,14 @@ class Listing {
             FilterPanel& filter, CommandPanel& commands, ItemView& view, Selection& selection);
 
     /// Fills the tree as its switch says. False when a text of the filter is not fit for a
-    /// statement: the user has been told and the tree is as it was. Errors: the database's, with
-    /// the tree as it was. In both cases the switch says what the tree shows.
+    /// statement: the user has seen a message and the tree is as it was. Errors: the database's,
+    /// with the tree as it was. In both cases the switch says what the tree shows.
     bool Refill();
     /// The same for the host: such a text leaves the tree as it is without a word.
     void FillForHost();
     /// Fills the tree anew and clicks the node that was selected, where it still exists.
     void FillAgain();
-    /// Fills the tree from another store, which a user who acts is told of as by Refill.
+    /// Fills the tree from another store, of which a user who acts learns as by Refill.
     void FillFromNewStore();
     /// Takes everything out of the tree; nothing is current then.
     void Empty();
@@ -36,7 +36,7 @@ class Listing {
     /// Rebuilds the tree with the items that pass `where` (with or without the word), or with the
     /// plans. A failing query reaches the caller and leaves the tree as it is. A row that the tree
     /// cannot show is left out, an error of the database or a repeated item ends the fill; the user
-    /// is told of either once.
+    /// sees either once.
     void LoadItemList(const std::string& where);
     void LoadTaskPlanList();
 
@@ -52,7 +52,7 @@ class Listing {
     void Fill();
     /// Runs a fill between clearing the tree and selecting its first node.
     void Rebuild(store::Recordset& rows, const std::function<void(TreePanel::FillResult&)>& fill);
-    void TellNotShown(int rows, const std::string& reason);
+    void ReportNotShown(int rows, const std::string& reason);
     void PutSwitchBack();
 
     forms::Form& form_;

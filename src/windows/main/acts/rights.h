@@ -9,7 +9,7 @@
 
 namespace zv::windows {
 
-/// Asks the module gate; a user without the right is told. Database errors reach the caller.
+/// Asks the module gate; a user without the right sees a message. Database errors reach the caller.
 bool HasRight(Session& session, const std::string& module, std::int16_t level);
 /// The same for the items that the window was opened for: tasks, or plans of customer cards.
 bool HasRightToItems(Session& session, const MainModel& model, std::int16_t level);

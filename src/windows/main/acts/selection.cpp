@@ -42,7 +42,7 @@ void Selection::tvwTask_NodeClick(int node) {
     UpdatePrint();
     commands_.EnableFor(state);
     // At the end, because the tree may be filled anew while the box stands.
-    view_.TellAboutCard();
+    view_.ReportCard();
 }
 
 void Selection::ShowCurrent() {

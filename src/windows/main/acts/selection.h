@@ -29,8 +29,8 @@ class Selection {
     bool IsCurrent(const ItemRef& item) const;
     /// Selects it again where the tree was filled anew: while a question, a password or a menu
     /// stood, the host or a timer may have done so, and the answer is still about what was named.
-    /// False when it cannot be current any more, which the user is told. Database errors of showing
-    /// it reach the caller.
+    /// False when it cannot be current any more, which the user is shown. Database errors of
+    /// showing it reach the caller.
     bool MakeCurrent(const ItemRef& item);
     /// The editor shows what is stored of the current item, and not a plan or a new item.
     bool ShowsStoredItem() const;

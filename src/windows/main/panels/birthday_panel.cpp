@@ -103,7 +103,7 @@ bool BirthdayPanel::FillForTypedDays() {
     return Grid1.DataRowCount() > 0;
 }
 
-void BirthdayPanel::TellThatThereAreNone() {
+void BirthdayPanel::ShowThatThereAreNone() {
     if (!form_.IsShown()) return;
     session_.windows.ShowMessage(forms::BoxText(fixed::kNoBirthdayBegin) +
                                      forms::Inserted{txtBirthDay0.Text()} + fixed::kNoBirthdayEnd,
@@ -122,10 +122,10 @@ void BirthdayPanel::chkBirthDay0_Click() {
     if (on && !FillForTypedDays()) {
         // While the box stands a host may switch the reminder on again.
         Switch(false);
-        TellThatThereAreNone();
+        ShowThatThereAreNone();
         return;
     }
-    TellDay(on);
+    SetDayCaption(on);
     Grid1.SetVisible(on);
     if (on) Grid1.BringToFront();
     if (onSwitched) onSwitched(on);
@@ -136,7 +136,7 @@ void BirthdayPanel::ShowDay() {
     lblBirthDay.SetCaption(shownDay_.IsoDate());
 }
 
-void BirthdayPanel::TellDay(bool on) {
+void BirthdayPanel::SetDayCaption(bool on) {
     shownDay_ = session_.machine.clock.Today();
     const std::string today = TodayInBrackets(shownDay_.IsoDate());
     lblBirthDay.SetCaption(on ? std::string(fixed::kBirthdays) + ' ' + today : today);
@@ -147,7 +147,7 @@ void BirthdayPanel::FollowTheDay() {
     if (!IsOn()) {
         ShowDay();
     } else if (FillForTypedDays()) {
-        TellDay(true);
+        SetDayCaption(true);
     } else {
         Switch(false);
     }

@@ -71,8 +71,8 @@ class BirthdayPanel {
 
  private:
     bool FillForTypedDays();
-    void TellDay(bool on);
-    void TellThatThereAreNone();
+    void SetDayCaption(bool on);
+    void ShowThatThereAreNone();
 
     DateTime shownDay_;
     std::string daysBefore_;  ///< text of the day box when it got the focus

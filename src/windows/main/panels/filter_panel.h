@@ -47,8 +47,8 @@ class FilterPanel {
     std::string BuildItemFilter() const;
     /// Puts a company of the host's into its box; it may hold what the user may not type.
     void GiveCompany(const std::string& company);
-    /// False when a text that the user typed cannot go into a statement; the user has been told
-    /// then and the box has the focus.
+    /// False when a text that the user typed cannot go into a statement; the user has seen a
+    /// message then and the box has the focus.
     bool TextsAreFit();
     /// The first box with such a text, null when there is none.
     forms::TextBox* UnfitText();

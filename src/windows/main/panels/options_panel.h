@@ -93,8 +93,8 @@ class OptionsPanel {
  private:
     void Wire();
     /// Accepts what `choose` makes of the control's store when it can be opened, and fills the
-    /// window from it. Otherwise the user is told and everything goes on with the store that it
-    /// had; so it does while an edit is under way.
+    /// window from it. Otherwise the user sees a message and everything goes on with the store that
+    /// it had; so it does while an edit is under way.
     void Accept(const std::function<void()>& choose);
     void AcceptKind(std::int16_t kind);
     void AcceptPath();
