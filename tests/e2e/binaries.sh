@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Looks at the built files that ship without running them: the 32-bit ones cannot run here, so their
 # exports and imports are all that shows whether Windows could load them. And none of them may hold
-# what is only for tests, or tell where and when it was built.
+# what is only for tests, or show where and when it was built.
 #
 #   binaries.sh [PRESET...]    default: windows-x64-release windows-x86-release
 #

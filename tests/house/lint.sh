@@ -22,7 +22,7 @@ mkdir -p "$builds"
 passed=0
 failed=0
 
-# result STATUS NAME FILE: counts; tells what FILE holds of a failure.
+# result STATUS NAME FILE: counts; shows FILE on a failure.
 result() {
     if [ "$1" -eq 0 ]; then
         passed=$((passed + 1))
@@ -92,7 +92,7 @@ files_of() { sed -n "s!^#include \"$root/!!p" "$builds/$1/${2%.*}" | sed "s!^${b
 look_at() {
     local preset=$1 unit
     shift
-    ninja -C "$builds/$preset" -k 0 -j "$(nproc)" "$@" >"$builds/$preset/findings.log" 2>&1
+    ninja -C "$builds/$preset" -k 0 -j "${ZV_LINT_JOBS:-$(nproc)}" "$@" >"$builds/$preset/findings.log" 2>&1
     for unit in "$@"; do
         ninja -C "$builds/$preset" -n "$unit" | grep -q 'no work to do'
         result $? "$preset: ${unit%/CMakeFiles/*}"

@@ -19,18 +19,18 @@ while read -r each its; do
     cp "$work/$its.png" "$good/$each.png"
 done < <(printf '%s\n' "${list[@]}")
 
-# expect WHAT STATUS LINE...: looks the folder "tried" over. The exit status and every line told
+# expect WHAT STATUS LINE...: looks the folder "tried" over. The exit status and every line written
 # must be these.
 expect() {
-    local what=$1 status=$2 told
+    local what=$1 status=$2 written
     shift 2
-    told=$(tools/setup/check_pictures "$work/tried" 2>&1)
+    written=$(tools/setup/check_pictures "$work/tried" 2>&1)
     local got=$?
-    if [ "$got" = "$status" ] && [ "$told" = "$(printf '%s\n' "$@")" ]; then
+    if [ "$got" = "$status" ] && [ "$written" = "$(printf '%s\n' "$@")" ]; then
         passed=$((passed + 1))
     else
         failed=$((failed + 1))
-        printf 'FAIL %s: status %s\n%s\n' "$what" "$got" "$told"
+        printf 'FAIL %s: status %s\n%s\n' "$what" "$got" "$written"
     fi
     rm -rf "$work/tried"
 }

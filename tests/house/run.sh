@@ -180,7 +180,7 @@ check "every name that a source takes from elsewhere is used there" \
 # the reader of Access files, the engines of tests and scenarios, the words of a help text.
 engine_names='Postgre|SqlServer|SQL Server|psqlodbc|FreeTDS|OLEDB\.|Jet OLEDB|"(postgresql|sqlserver|sqlite|access)"'
 of_one_engine='src/store/(engines|sqlite)/|tools/zvdb/(access/|command_line\.cpp)|tools/test_server/|tools/zvscript/script_engine\.cpp|src/resources/|host/demo/'
-check "only the folders of the engines tell engines apart" \
+check "only the folders of the engines distinguish engines" \
     "$(sources src host tools | grep -vE "^($of_one_engine)" |
         xargs awk -v names="$engine_names" '{
             code = $0
@@ -197,7 +197,7 @@ check "scenarios bring rows in by their verbs" \
         grep -vx tests/scenarios/language/database.zvs |
         xargs grep -niE '\bsql .*\binsert into +(tTaskList|tTaskSet|cards|tRsBasic)\b[^)]*\) *values')"
 
-# An error of the store that has words of its own is of a kind, so that the user is told in his
+# An error of the store that has words of its own is of a kind, so that the user reads it in his
 # language; "Other" leaves that to the number, which must say more than that a database failed.
 errors=$(sources src/store | xargs awk 'BEGIN { RS = ";" }
     /RuntimeError\([^,()]*,/ {

@@ -1,7 +1,7 @@
 # Sourced by what plays scenarios with several players at once.
 
-# tally FOLDER COUNT: adds up what the players' logs in FOLDER tell and closes with
-# "N passed, N failed". A player that broke off told no count: what it should have played of COUNT
+# tally FOLDER COUNT: adds up what the players' logs in FOLDER show and closes with
+# "N passed, N failed". A player that broke off wrote no count: what it should have played of COUNT
 # has failed.
 tally() {
     awk -v files="$2" '

@@ -1,4 +1,5 @@
-// What one worker set out to do and what it was told was done: a file that outlives the worker.
+// What one worker set out to do and what was reported to it as done: a file that outlives the
+// worker.
 #pragma once
 
 #include <cstdio>
@@ -13,7 +14,7 @@ struct Step {
     Act act = Act::Add;
     std::string title;    ///< of the item, without blanks
     std::string content;  ///< as the act leaves it; empty where the act has none
-    /// The user was told that it is done. Otherwise it may have been done or not: the worker was
+    /// The user was shown that it is done. Otherwise it may have been done or not: the worker was
     /// killed on the way, or met an error.
     bool acknowledged = false;
 };

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Torture: four workstations work on one database, and every few seconds one of them is killed and
 # started again. In the end the database must be sound, and nothing may be missing of what a user
-# was told is done.
+# was shown as done.
 #
 #   ZV_NATIVE_BIN=FOLDER tests/torture/run.sh [SECONDS [ENGINE]]
 #

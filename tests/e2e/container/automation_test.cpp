@@ -125,7 +125,7 @@ TEST_F(AutomationTest, RefreshWithoutAPathReturnsAtOnce) {
     }
 }
 
-// Presses OK in every message box of this process until it is told to stop.
+// Presses OK in every message box of this process until it is stopped.
 class BoxCloser {
  public:
     BoxCloser() : thread_([this] { Run(); }) {}

@@ -38,7 +38,7 @@ struct ControlFile {
 };
 const ControlFile& File();
 
-/// Reference counting of objects on the stack of a test: they outlive whoever is given them, and
+/// Reference counting of objects on the stack of a test: they outlive every receiver of them, and
 /// the test can look at how many references are left.
 template <class... Interfaces>
 class OnStack : public Interfaces... {
@@ -129,7 +129,7 @@ class Site final : public OnStack<IOleClientSite, IOleInPlaceSite, IDispatch, IO
     RECT position{10, 20, 110, 90};
     int saves = 0;
     std::vector<std::string> events;
-    /// Told of each call that comes in while a control is activated or deactivated.
+    /// Called for each call that comes in while a control is activated or deactivated.
     std::function<void(const std::string&)> onCall;
     ComPtr<IOleInPlaceActiveObject> active;
 

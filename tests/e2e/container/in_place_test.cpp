@@ -134,7 +134,7 @@ TEST_F(InPlaceTest, SurvivesALostContainerWindow) {
     EXPECT_EQ(As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
 }
 
-// Closed in the middle of being told, the control ends what it began and nothing more.
+// Closed in the middle of a notification, the control ends what it began and nothing more.
 TEST_F(InPlaceTest, AContainerMayCloseItInAnyCall) {
     for (const char* call : {"activate", "ui activate", "active object", "no active object",
                              "ui deactivate", "deactivate"}) {

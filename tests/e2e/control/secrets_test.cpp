@@ -1,5 +1,5 @@
 // The registered control, opener, module runner and report component with secrets in their
-// settings: no error and no box tells one.
+// settings: no error and no box shows one.
 #include <windows.h>
 
 #include <gtest/gtest.h>

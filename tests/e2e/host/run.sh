@@ -119,7 +119,7 @@ run "$ZV_BIN/zvDemo.exe" --data "$(windows_path "$work/a b.db")" --user '赵六'
     >/dev/null 2>&1 &
 demo_pid=$!
 check "the demonstration opens" outside wait "$demo" 20
-check "it tells of the control's creation" log_has '创建 zv_Task.zvTask'
+check "it logs the control's creation" log_has '创建 zv_Task.zvTask'
 user_is() { [ "$(outside text "$demo.txtUserName" | tr -d '\r\n')" = "$1" ]; }
 check "it takes the user from its command line" user_is '赵六'
 if [ -e "$control" ]; then

@@ -56,7 +56,7 @@ conn.Execute "delete from noSuchTable"
 Expect "number of a missing table", Hex(Err.Number), "80040E37"
 Err.Clear
 opener.OpenConnection 1, "Driver={No such driver};Server=x", "word", "name", ""
-Expect "a missing driver is told", InStr(Err.Description, "is not installed") > 0, True
+Expect "a missing driver is reported", InStr(Err.Description, "is not installed") > 0, True
 Expect "without the password", InStr(Err.Description, "word"), 0
 On Error GoTo 0
 

@@ -235,7 +235,7 @@ HWND OpenMessageBox() {
     throw std::runtime_error("no message box is open");
 }
 
-// A box that is not yet ready for keys is not yet told: they would reach the window before it.
+// A box that is not yet ready for keys gets no keys yet: they would reach the window before it.
 void PrintProcesses(const Arguments& a) {
     for (const HWND window : TopLevelWindows()) {
         if (IsCalled(window, a.at(0))) Print(std::to_wstring(ProcessOf(window)));

@@ -149,7 +149,7 @@ play() {
     expect "every row is on paper" test \
         "$(pdftotext -layout "$papers/query-$script.pdf" - | grep -c '号仓库')" = 120
     save frmAsk.cmdExport "query-$script.csv"
-    answer "what was written is told" "*query-$script.csv*" Enter
+    answer "what was written is reported" "*query-$script.csv*" Enter
     expect "the file has the mark of its encoding" starts_with_mark "$papers/query-$script.csv"
     expect "and the rows" file_has "$papers/query-$script.csv" '盘点 120,第 120 号仓库'
     outside close frmAsk

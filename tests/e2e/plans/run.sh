@@ -92,7 +92,7 @@ expect "the plan is in the file" rows_are \
     "select taskTitle,CircleType,CircleValue,taskday,Type,TypeValue,SetMan,DoneMan,Content from tTaskSet where TaskID=4" \
     "$title|1|1|31|3|1|$setter|$executor|清点库存"
 answer "the generation is asked for" "开始生成任务..." Enter
-answer "the generation is told" "[[]生成任务[]]执行完毕!" Enter
+answer "the generation is reported" "[[]生成任务[]]执行完毕!" Enter
 expect "the editor closes" goes frmTaskSet
 
 count=$(query "select count(*) from tTaskList where TaskID=4")
@@ -106,7 +106,7 @@ expect "no month twice and none left out" rows_are \
      from tTaskList where TaskID=4" 1
 expect "a day is a 31st" rows_are \
     "select substr(min(taskTime),9,2) from tTaskList where TaskID=4" 31
-expect "whoever generates is the executor" rows_are "select DoneMan from tTaskSet where TaskID=4" 张三
+expect "the user who generates is the executor" rows_are "select DoneMan from tTaskSet where TaskID=4" 张三
 
 # --- in the manager ---
 outside mouse 演示主程序.cmdRefresh1
@@ -150,7 +150,7 @@ outside mouse frmTaskSet.cmdOK
 answer "the change is saved" "任务修改完毕!" Enter
 answer "the generation is asked for" "开始生成任务..." Enter
 answer "done tasks are asked about" "该任务此前已有完成*" Tab Enter
-answer "the generation is told" "[[]生成任务[]]执行完毕!" Enter
+answer "the generation is reported" "[[]生成任务[]]执行完毕!" Enter
 expect "the editor closes" goes frmTaskSet
 half=$(((count + 1) / 2))
 expect "every second month is left, and what is done" rows_are \
@@ -168,7 +168,7 @@ outside mouse frmTaskSet.cmdOK
 answer "the change is saved" "任务修改完毕!" Enter
 answer "the generation is asked for" "开始生成任务..." Enter
 answer "done tasks are asked about" "该任务此前已有完成*" Enter
-answer "the generation is told" "[[]生成任务[]]执行完毕!" Enter
+answer "the generation is reported" "[[]生成任务[]]执行完毕!" Enter
 expect "the editor closes" goes frmTaskSet
 third=$(((count + 2) / 3))
 expect "every third month, and nothing that was done" rows_are \

@@ -16,7 +16,7 @@ namespace {
 
 constexpr wchar_t kDriverName[] = L"zv PostScript";
 
-int Tell(const char* what, bool done) {
+int Report(const char* what, bool done) {
     if (done) return 0;
     std::fprintf(stderr, "%s: error %lu\n", what, GetLastError());
     return 1;
@@ -43,7 +43,7 @@ int Add(wchar_t* name, wchar_t* port) {
     wchar_t folder[MAX_PATH + 1];
     GetTempPathW(MAX_PATH, folder);
     std::wstring description = std::wstring(folder) + L"zv_generic.ppd";
-    if (!WriteDescription(description)) return Tell("description", false);
+    if (!WriteDescription(description)) return Report("description", false);
     std::wstring driver = L"wineps.drv";
     DRIVER_INFO_3W driverInfo{};
     driverInfo.cVersion = 3;
@@ -56,7 +56,7 @@ int Add(wchar_t* name, wchar_t* port) {
     if (!AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&driverInfo),
                              APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY) &&
         GetLastError() != ERROR_PRINTER_DRIVER_ALREADY_INSTALLED) {
-        return Tell("driver", false);
+        return Report("driver", false);
     }
     wchar_t winprint[] = L"WinPrint";
     PRINTER_INFO_2W printer{};
@@ -66,18 +66,18 @@ int Add(wchar_t* name, wchar_t* port) {
     printer.pPrintProcessor = winprint;
     printer.pDatatype = raw;
     const HANDLE handle = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
-    if (!handle) return Tell("printer", false);
+    if (!handle) return Report("printer", false);
     ClosePrinter(handle);
-    return Tell("default printer", SetDefaultPrinterW(name));
+    return Report("default printer", SetDefaultPrinterW(name));
 }
 
 int Remove(wchar_t* name) {
     HANDLE handle = nullptr;
     PRINTER_DEFAULTSW access{nullptr, nullptr, PRINTER_ALL_ACCESS};
-    if (!OpenPrinterW(name, &handle, &access)) return Tell("printer", false);
+    if (!OpenPrinterW(name, &handle, &access)) return Report("printer", false);
     const bool done = DeletePrinter(handle);
     ClosePrinter(handle);
-    return Tell("printer", done);
+    return Report("printer", done);
 }
 
 int List() {
@@ -86,7 +86,7 @@ int List() {
     EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 4, nullptr, 0, &bytes, &count);
     std::vector<BYTE> buffer(bytes + sizeof(PRINTER_INFO_4W));
     if (!EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 4, buffer.data(), bytes, &bytes, &count)) {
-        return Tell("list", false);
+        return Report("list", false);
     }
     const auto* printers = reinterpret_cast<const PRINTER_INFO_4W*>(buffer.data());
     for (DWORD i = 0; i < count; i++) std::printf("%ls\n", printers[i].pPrinterName);
@@ -100,7 +100,7 @@ int wmain(int count, wchar_t** arguments) {
     if (command == L"add" && count == 4) return Add(arguments[2], arguments[3]);
     if (command == L"remove" && count == 3) return Remove(arguments[2]);
     if (command == L"default" && count == 3) {
-        return Tell("default printer", SetDefaultPrinterW(arguments[2]));
+        return Report("default printer", SetDefaultPrinterW(arguments[2]));
     }
     if (command == L"list") return List();
     std::fputs("zvPrinters add NAME PORT | remove NAME | default NAME | list\n", stderr);

@@ -87,10 +87,10 @@ text_is() {
 }
 check "it begins with the first page" text_is txtPage 1
 check "turns to the next page" outside click frmPreview.cmdNext
-check "tells the page" text_is txtPage 2
+check "shows the page" text_is txtPage 2
 last=$(outside text frmPreview.lblPages | tr -dc 0-9)
 check "turns to the last page" outside click frmPreview.cmdLast
-check "tells the last page" text_is txtPage "$last"
+check "shows the last page" text_is txtPage "$last"
 [ -z "${ZV_PICTURES:-}" ] || import -window root "$ZV_PICTURES/preview.png"
 check "a printer that vanished" printers remove 'zv paper'
 check "print is pressed" outside click frmPreview.cmdPrint
@@ -103,7 +103,7 @@ said() {
     outside message
     return 1
 }
-check "the lack of a printer is told" said 没有安装打印机
+check "the lack of a printer is reported" said 没有安装打印机
 outside keys Escape >/dev/null
 check "the preview is still there" text_is txtPage "$last"
 check "closes" outside click frmPreview.cmdClose
@@ -236,7 +236,7 @@ for report in "${reports[@]}"; do
     check "as many pages on paper as in the file: $report" same_pages "$report"
 done
 
-# What cannot be done is told, with its number and its reason.
+# What cannot be done is reported, with its number and its reason.
 mkdir "$work/refused"
 mkdir "$work/refused/taken.pdf"
 script "$here/refusals.vbs" "$(windows_path "$data")" "$(windows_path "$work/refused")" >"$work/refusals"

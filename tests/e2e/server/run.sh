@@ -102,7 +102,7 @@ expect "so does the second" holds second 报价
 expect "the first shows the item" selects first 报价
 expect "it may change it" may_save first
 main first settext txtTitle2 报价单
-press first "the change is told" cmdSave "[[]报价单[]]: 修改完毕 ！" 1
+press first "the change is reported" cmdSave "[[]报价单[]]: 修改完毕 ！" 1
 expect "it is on the server" rows_are "select taskTitle from tTaskList where fID=1" 报价单
 expect "the second does not know yet" lacks second 报价单
 expect "and sees it at the next refill" finds second 报价单
@@ -110,11 +110,11 @@ expect "and sees it at the next refill" finds second 报价单
 # Both change the same item.
 change first 报价单 甲写的
 change second 报价单 乙写的
-press second "the second's change is told" cmdSave "[[]报价单[]]: 修改完毕 ！" 1
+press second "the second's change is reported" cmdSave "[[]报价单[]]: 修改完毕 ！" 1
 press first "the first is shown both texts" cmdSave "*乙写的*甲写的*" 2
 expect "the second's text stays" rows_are "select fOther0 from tTaskList where fID=1" 乙写的
 press first "the first is asked again" cmdSave "*乙写的*甲写的*" 6
-answer first "and told of the change" "[[]报价单[]]: 修改完毕 ！" 1
+answer first "and shown the change" "[[]报价单[]]: 修改完毕 ！" 1
 expect "the first's text is there" rows_are "select fOther0 from tTaskList where fID=1" 甲写的
 
 # One deletes what the other changes.
@@ -124,14 +124,14 @@ expect "so does the second" finds second 收款
 expect "the second shows it" selects second 收款
 press second "deleting is asked for" "cmdAction(3)" "[[]收款[]]: 是否删除 ?" 1
 expect "the item is gone" rows_are "select count(*) from tTaskList" 1
-press first "the first is told" cmdSave "原记录未有存在，操作取消！" 1
+press first "the first sees a message" cmdSave "原记录未有存在，操作取消！" 1
 expect "nothing came back" rows_are "select count(*) from tTaskList" 1
 main first click "cmdAction(0)"
 
 # The server goes, and comes back.
 tests/server/postgresql.sh halt "$folder"
 secret=$(sed -nE 's/.*Pwd=\{?([^;}]*).*/\1/p' <<<"$ZV_TEST_POSTGRESQL")
-expect "the loss is told in one message" brings first cmdSeek "*server*"
+expect "the loss is reported in one message" brings first cmdSeek "*server*"
 expect "without the password" test "$(at first message | grep -cF -- "$secret")" = 0
 at first press 1
 expect "the box closes" is_not_asked first
@@ -139,7 +139,7 @@ expect "the window is alive" text_at_is first cmdSeek "$(main second text cmdSee
 tests/server/postgresql.sh resume "$folder"
 expect "the connection comes back by itself" finds first 报价单
 expect "no message is left" is_not_asked first
-press second "the second is told of the loss, too" cmdSeek "*server*" 1
+press second "the second sees the loss, too" cmdSeek "*server*" 1
 expect "and has its connection again" finds second 报价单
 
 for who in first second; do

@@ -1,4 +1,4 @@
-// Works with the real windows for many rounds and tells whether anything grows:
+// Works with the real windows for many rounds and reports whether anything grows:
 // zvSoak FOLDER ROUNDS, where FOLDER holds begin.zvs and round.zvs.
 //
 // After each round no window may be left and no handle that the window layer owns may be alive
@@ -166,7 +166,7 @@ class Verdict {
         (good ? passed_ : failed_)++;
         if (!good) std::printf("FAIL %s\n", name);
     }
-    int Tell() const {
+    int Report() const {
         std::printf("%d passed, %d failed\n", passed_, failed_);
         return failed_ == 0 ? 0 : 1;
     }
@@ -244,7 +244,7 @@ int Run(const fs::path& scripts, int rounds, const fs::path& folder) {
     verdict.Check("no handle of the window layer is left", same(&Reading::owned));
     verdict.Check("no window is left", same(&Reading::windows));
     verdict.Check("nor any when all is over", forms::win32::LiveHandles() == before);
-    return verdict.Tell();
+    return verdict.Report();
 }
 
 }  // namespace

@@ -123,7 +123,7 @@ main mouse "cmdAction(2)"
 fill txtTaskCon 交财务，已寄出
 fill "txtOther(0)" 三楼
 main mouse cmdSave
-answer "the change is told" "[[]月报[]]: 修改完毕 ！" Enter
+answer "the change is reported" "[[]月报[]]: 修改完毕 ！" Enter
 answer "an alert does not list what is done" "[[]月报[]]: 已保存，但当前列表不显示该项！" Enter
 expect "the change is in the file" rows_are \
     "select tDone,fContent,fOther0 from tTaskList where fID=1" "1|交财务，已寄出|三楼"
@@ -153,12 +153,12 @@ expect "the button says what is saved" text_is cmdSave 日志新增
 fill txtTitle2 与银行通话
 fill txtTaskCon 利率与期限
 main mouse cmdSave
-answer "the entry is told" "[[]与银行通话[]]: 新增完毕 ！" Enter
+answer "the entry is reported" "[[]与银行通话[]]: 新增完毕 ！" Enter
 expect "the tree shows it" tree_holds $'(2003-12-29)\t与银行通话'
 choose daily 与银行通话 M
 fill txtTitle2 与银行通电话
 main mouse cmdSave
-answer "the change is told" "[[]与银行通电话[]]: 修改完毕 ！" Enter
+answer "the change is reported" "[[]与银行通电话[]]: 修改完毕 ！" Enter
 expect "the tree shows the change" tree_holds 与银行通电话
 
 # --- a visit ---
@@ -175,7 +175,7 @@ expect "the customer has the keyboard" has_focus cboComp2
 outside keys Enter
 expect "a title is proposed" text_is txtTitle2 华兴公司--拜访记录
 main mouse cmdSave
-answer "the visit is told" "[[]华兴公司--拜访记录[]]: 新增完毕 ！" Enter
+answer "the visit is reported" "[[]华兴公司--拜访记录[]]: 新增完毕 ！" Enter
 expect "the visit is in the file" rows_are \
     "select fType,TaskID,fGuest,fUser,date(taskTime) from tTaskList where fID=5" "1|1|王五|张三|2003-12-29"
 
@@ -339,7 +339,7 @@ expect "no other window is open" test "$(outside list | wc -l)" = 1
 outside close 演示主程序
 expect "the host closes" goes 演示主程序
 wait "$demo"
-# It tells when its control could not be unloaded, because one of its objects was still alive.
+# It reports when its control could not be unloaded, because one of its objects was still alive.
 expect "the host ends well and no object is left" test $? -eq 0
 demo=
 expect "no window is left" test -z "$(outside list)"

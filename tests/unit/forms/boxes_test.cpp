@@ -58,9 +58,9 @@ TEST_F(Boxes, ACallOfTheHostShowsNoSecondBoxOfAKind) {
 
 TEST_F(Boxes, ItFailsWithTheErrorThatTheBoxWouldHaveShown) {
     const RuntimeError own(kOwnError, "gone");
-    const auto tell = [&] { windows.ShowMessage(Refusal("a"), 0, {}, &own); };
-    meanwhile = [&] { inner = Host(tell); };
-    EXPECT_EQ(Host(tell), 0);
+    const auto show = [&] { windows.ShowMessage(Refusal("a"), 0, {}, &own); };
+    meanwhile = [&] { inner = Host(show); };
+    EXPECT_EQ(Host(show), 0);
     EXPECT_EQ(inner, static_cast<int>(kOwnError));
 }
 
@@ -68,7 +68,7 @@ TEST_F(Boxes, ACallGoesOnBehindABoxThatOnlyInformsAndEndsAtAQuestion) {
     std::string steps;
     const auto act = [&] {
         Show("a");
-        steps += "told ";
+        steps += "shown ";
         windows.ShowMessage("Sure?", box::kOkCancel);
         steps += "asked ";
     };
@@ -78,7 +78,7 @@ TEST_F(Boxes, ACallGoesOnBehindABoxThatOnlyInformsAndEndsAtAQuestion) {
     };
     EXPECT_EQ(Host(act), 0);
     EXPECT_EQ(inner, kModalShown);
-    EXPECT_EQ(steps, "told told asked ");
+    EXPECT_EQ(steps, "shown shown asked ");
 }
 
 TEST_F(Boxes, TheSameTextIsTheSameKindHoweverItWasPutTogether) {

@@ -1,4 +1,4 @@
-// Damaged Access files: told, never imported in part, and never the end of the program.
+// Damaged Access files: reported, never imported in part, and never the end of the program.
 #include <algorithm>
 #include <chrono>
 #include <csignal>

@@ -20,7 +20,7 @@ class ImportAccessFile : public Scratch, public testing::WithParamInterface<cons
 
 TEST_P(ImportAccessFile, EveryCellIsEqual) {
     const Outcome import = RunZvdb({"import", AccessFixture(GetParam()), Path("a.db")});
-    // The files hold values that break rules, which is told.
+    // The files hold values that break rules, which is reported.
     EXPECT_EQ(import.status, 3) << import.out << import.err;
     ExpectStatusShowsCheck(import, RunZvdb({"check", Path("a.db")}));
     const RowsByTable expected = ExpectedRows();

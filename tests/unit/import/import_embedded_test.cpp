@@ -150,7 +150,7 @@ TEST_F(ImportEmbedded, TheStatusShowsWhatTheCheckFindsWhereverTheRowsGo) {
     }
 }
 
-// The rows are there by then, so it cannot be told as an import that was not made.
+// The rows are there by then, so it cannot be reported as an import that was not made.
 TEST_F(ImportEmbedded, ACheckThatCannotBeMadeIsNoFaultlessImport) {
     int opened = 0;
     const store::sqlite::ScriptedShares shares([&](const std::string& path) {

@@ -24,7 +24,7 @@ class ImportProcess : public Scratch {
         const std::string said = Path("said");
         const pid_t child = fork();
         if (child != 0) return child;
-        // Whoever it becomes may lack the way to the program.
+        // The user that it runs as may lack the way to the program.
         const int program = open(ZV_ZVDB, O_RDONLY);
         before();
         const int file = open(said.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
@@ -193,7 +193,7 @@ TEST_F(ImportProcess, AnAccessFileThatIsLockedIsNamed) {
         lock.l_type = F_WRLCK;
         lock.l_whence = SEEK_SET;
         const bool locked = fcntl(file, F_SETLK, &lock) == 0;
-        [[maybe_unused]] const auto told = write(ready[1], locked ? "y" : "n", 1);
+        [[maybe_unused]] const auto sent = write(ready[1], locked ? "y" : "n", 1);
         pause();
         _exit(0);
     }

@@ -60,7 +60,7 @@ class ImportServer : public Scratch {
 TEST_F(ImportServer, AnAccessFileGoesThereAndComesBackCellByCell) {
     for (const char* file : {"taskAlert-2000.mdb", "taskAlert-2010.accdb"}) {
         const Outcome there = RunZvdb({"import", AccessFixture(file), server_, "--replace"});
-        // The files hold values that break rules, which is told.
+        // The files hold values that break rules, which is reported.
         EXPECT_EQ(there.status, 3) << there.out << there.err;
         ExpectStatusShowsCheck(there, RunZvdb({"check", "--to", server_}));
         const Outcome back = RunZvdb({"import", server_, Path(std::string(file) + ".db")});

@@ -127,7 +127,7 @@ TEST_F(FilterPage, AnApostropheInTheUsersOwnNameIsSentAsAWildcard) {
     EXPECT_NE(Sent().find(" And a.tDoneMan  like 'O_Brien' And a.fUser  like 'O_Brien' Order by"),
               std::string::npos);
     EXPECT_EQ(stage.NodeKeys(), "A1 Z1 B2 C3");
-    // Whoever cannot change the name must not be held in its box.
+    // A user who cannot change the name must not be held in its box.
     stage.user.Leave(window.filter.txtJBR0);
     EXPECT_FALSE(window.filter.txtJBR0.HasFocus());
     EXPECT_TRUE(stage.dialogs.messages.empty());
@@ -150,7 +150,7 @@ TEST_F(FilterPage, AQuoteBeingTypedReachesNoStatement) {
     EXPECT_TRUE(stage.dialogs.messages.empty());
     EXPECT_TRUE(stage.statements.Take().empty());
     EXPECT_EQ(stage.Nodes(), before);
-    // The user: told each time, and the box is there to be mended.
+    // The user: a message each time, and the box is there to be mended.
     window.SSTab1.SetTab(kItemTab);
     window.tree.cboOrder.SetListIndex(1);
     EXPECT_EQ(stage.dialogs.messages, Lines{"48|文本错误: 文本中不可含有<引号>或<单引号> !"});

@@ -348,7 +348,7 @@ TEST_F(Options, AnUnfitTextOfTheFilterLeavesNothingOfTheFormerStore) {
     ShowTab(kOptionsTab);
     stage.user.Type(window.options.txtAccess, stage.Path("b.db"));
     stage.user.Leave(window.options.txtAccess);
-    // Who chose the store is told, and led to the text.
+    // The user who chose the store sees a message, and is led to the text.
     EXPECT_EQ(stage.dialogs.messages.size(), 1u);
     EXPECT_EQ(window.SSTab1.Tab(), kFilterTab);
     EXPECT_EQ(stage.NodeKeys(), "");

@@ -96,7 +96,7 @@ TEST(DescribeError, NamesClassicNumbersInBothScripts) {
     EXPECT_EQ(DescribeError(RuntimeError(ErrorNumber::Overflow), 1), "數值溢位");
     EXPECT_EQ(DescribeError(RuntimeError(ErrorNumber::TypeMismatch), 0), "类型不匹配");
     EXPECT_EQ(DescribeError(RuntimeError(static_cast<ErrorNumber>(777)), 0), "错误 777");
-    // A language without texts must not hide the error that tells of it.
+    // A language without texts must not hide the error that reports it.
     EXPECT_EQ(DescribeError(RuntimeError(ErrorNumber::ResourceNotFound), 3), "未找到该编号的资源");
 }
 

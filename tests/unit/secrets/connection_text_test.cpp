@@ -58,8 +58,8 @@ TEST(ConnectionSettings, TakeTheirSecretsOutOfAnyText) {
         std::vector<std::string> texts{given.path, given.password, given.login};
         for (const std::string& secret : settings.Secrets()) texts.push_back("x" + secret + "x");
         for (const std::string& text : texts) {
-            const std::string told = settings.WithoutSecrets("The driver says \"" + text + "\".");
-            EXPECT_FALSE(HoldsCanary(told)) << given.path << " tells " << told;
+            const std::string said = settings.WithoutSecrets("The driver says \"" + text + "\".");
+            EXPECT_FALSE(HoldsCanary(said)) << given.path << " says " << said;
         }
     }
 }

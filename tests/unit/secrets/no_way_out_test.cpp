@@ -1,5 +1,5 @@
 // What holds a login, a password or a text that opens a database gets into no other text by
-// accident: whoever tries does not get past the compiler.
+// accident: an attempt does not get past the compiler.
 #include <concepts>
 #include <optional>
 #include <ostream>
@@ -44,7 +44,7 @@ concept IsStreamed = requires(const T value, std::ostream& stream) {
 };
 
 template <class T>
-concept BecomesText =
+concept ConvertsToText =
     JoinsTexts<T> || IsStreamed<T> || std::constructible_from<std::string, const T&> ||
     std::constructible_from<std::string_view, const T&> ||
     std::convertible_to<const T&, const char*> || std::constructible_from<BagValue, const T&> ||
@@ -53,7 +53,7 @@ concept BecomesText =
     std::constructible_from<RuntimeError, ErrorNumber, const T&>;
 
 // The question finds what it looks for.
-static_assert(BecomesText<std::string> && BecomesText<std::string_view>);
+static_assert(ConvertsToText<std::string> && ConvertsToText<std::string_view>);
 
 template <class T>
 struct Content {
@@ -65,7 +65,7 @@ struct Content<std::optional<T>> {
 };
 
 #define ZV_TELLS_NOTHING(OWNER, MEMBER) \
-    static_assert(!BecomesText<Content<decltype(OWNER::MEMBER)>::Type>, #OWNER "::" #MEMBER)
+    static_assert(!ConvertsToText<Content<decltype(OWNER::MEMBER)>::Type>, #OWNER "::" #MEMBER)
 
 ZV_TELLS_NOTHING(ControlState, UserPath);
 ZV_TELLS_NOTHING(ControlState, Password);

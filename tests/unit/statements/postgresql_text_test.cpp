@@ -1,4 +1,4 @@
-// What the dialect door writes for PostgreSQL. That it means the same is tested on a server.
+// What the translation writes for PostgreSQL. That it means the same is tested on a server.
 #include <gtest/gtest.h>
 
 #include <random>

@@ -62,7 +62,7 @@ TEST_P(CountRows, AnswersMinusOneForAMissingTable) {
 }
 TEST_P(CountRows, AnswersMinusOneWhenTheDatabaseFails) {
     database_.EnsureConnection();
-    log_.Fail(1, "told to fail");
+    log_.Fail(1, "made to fail");
     EXPECT_EQ(database_.CountRows("tTaskList", ""), -1);
 }
 TEST_P(CountRows, AnswersMinusOneBeyondSixteenBits) {
@@ -89,7 +89,7 @@ TEST_P(SetFields, LeavesNothingSaidAboutTheRowsWhenItFails) {
     database_.EnsureConnection();
     database_.Execute("delete from tTaskList where fID =77");
     EXPECT_TRUE(database_.ChangedNothing());
-    log_.Fail(1, "told to fail");
+    log_.Fail(1, "made to fail");
     ErrorOf([&] {
         database_.SetFields("select * from tTaskList where fID=77", {{"tDone", Value(1)}});
     });
@@ -112,8 +112,8 @@ TEST_P(StatementLog, ReportsStatementsExactlyAsSent) {
 TEST_P(StatementLog, FailsAStatementBeforeItReachesTheDatabase) {
     database_.EnsureConnection();
     Execute("insert into tTaskList(fType) values(0)");
-    log_.Fail(1, "told to fail");
-    EXPECT_EQ(ErrorOf([&] { database_.Execute("delete from tTaskList"); }).Text(), "told to fail");
+    log_.Fail(1, "made to fail");
+    EXPECT_EQ(ErrorOf([&] { database_.Execute("delete from tTaskList"); }).Text(), "made to fail");
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "1");
 }
 TEST_P(StatementLog, ReportsARowUpdateBeforeItIsWritten) {
@@ -121,7 +121,7 @@ TEST_P(StatementLog, ReportsARowUpdateBeforeItIsWritten) {
     auto rows = database_.Open("select * from tTaskList", CursorType::Keyset, LockType::Optimistic);
     rows->AddNew();
     rows->SetField("taskTitle", "x");
-    log_.Fail(1, "told to fail");
+    log_.Fail(1, "made to fail");
     ErrorOf([&] { rows->Update(); });
     EXPECT_EQ(log_.rows, 1);
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "0");

@@ -259,7 +259,7 @@ TEST_F(OtherStatement, AnOrderMayFollowItsConditionWithoutABlank) {
     EXPECT_EQ(first("taskTime=#03/09/2003#"), "3");
     EXPECT_EQ(first("(fType=1)"), "3");
     EXPECT_EQ(first("fType=9"), "");
-    // Behind a name nothing tells where it ends, there as here.
+    // Behind a name nothing shows where it ends, there as here.
     EXPECT_EQ(ErrorOf([&] { first("fUser=tDoneMan"); }).Number(), ErrorNumber::DatabaseStatement);
 }
 TEST_F(OtherStatement, AListOfACompanysItemsNeedsNoJoinOfItsOwn) {
@@ -439,7 +439,7 @@ TEST_F(DialectError, SurvivesDeepNesting) {
     EXPECT_EQ(Refused(nots + "1=1").Number(), ErrorNumber::DatabaseStatement);
 }
 
-// The ODBC driver for the embedded engine has two weaknesses that the door makes up for.
+// The ODBC driver for the embedded engine has two weaknesses that the translation makes up for.
 TEST(DialectOverOdbc, NamesCannotBeTakenForTexts) {
     EXPECT_EQ(dialect::Translate("select fID from tTaskList a where a.fID=1", {},
                                  *engines::Of("sqlite").driverDialect)

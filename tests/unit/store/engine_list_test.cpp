@@ -1,4 +1,4 @@
-// Engines are told apart by what they are called and by what their files begin with.
+// Engines are distinguished by what they are called and by what their files begin with.
 #include <gtest/gtest.h>
 
 #include <string>

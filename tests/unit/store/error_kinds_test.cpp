@@ -172,11 +172,11 @@ TEST(ErrorKinds, OfProvidersFollowWhatTheyListWhereTheNumberIsGeneral) {
     }
     const RuntimeError error(ErrorNumber::DatabaseFailure, "failed", other);
     EXPECT_EQ(KindOfProviderError(error, {}), ErrorKind::Other);
-    // What a component of ours has told is not unlearnt.
-    for (const ErrorKind told : {ErrorKind::RuleBroken, ErrorKind::Busy, ErrorKind::Refused}) {
+    // What a component of ours has reported stays.
+    for (const ErrorKind reported : {ErrorKind::RuleBroken, ErrorKind::Busy, ErrorKind::Refused}) {
         EXPECT_EQ(KindOfProviderError(
-                      RuntimeError(ErrorNumber::DatabaseStatement, "x", other).Of(told), {}),
-                  told);
+                      RuntimeError(ErrorNumber::DatabaseStatement, "x", other).Of(reported), {}),
+                  reported);
     }
     EXPECT_EQ(KindOfProviderError(error, {{"HY000", 0}, {"23505", 0}}), ErrorKind::Duplicate);
 }

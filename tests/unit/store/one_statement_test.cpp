@@ -11,7 +11,7 @@ namespace {
 
 bool Passes(std::string_view sql) {
     try {
-        RequireOneStatement(sql, "door");
+        RequireOneStatement(sql, "source");
         return true;
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number(), ErrorNumber::DatabaseStatement);

@@ -174,7 +174,7 @@ std::string Workstation::End() {
     return std::move(*answer);
 }
 
-std::string Workstation::Tell(const std::string& words) {
+std::string Workstation::Do(const std::string& words) {
     Begin(words);
     return End();
 }

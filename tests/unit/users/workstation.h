@@ -1,4 +1,4 @@
-// A process of its own that runs the control and does what it is told, a line at a time.
+// A process of its own that runs the control and carries out what it reads, a line at a time.
 #pragma once
 
 #include <sys/types.h>
@@ -19,7 +19,7 @@ class Workstation {
     Workstation(const Workstation&) = delete;
     Workstation& operator=(const Workstation&) = delete;
 
-    /// What the user was told while the words were done, a message a line, styles before a bar.
+    /// What the user was shown while the words were done, a message a line, styles before a bar.
     ///
     ///   seek TITLE            fills the tree with the items whose title begins so
     ///   shows TITLE           answers "yes" or "no"
@@ -31,8 +31,8 @@ class Workstation {
     ///   open-plan PLAN CONTENT  opens the plan editor and types the content
     ///   save-plan [yes|no|cancel]
     ///   generate PLAN yes|no  whether items that are done go, too
-    std::string Tell(const std::string& words);
-    /// The two halves of Tell, for workstations that shall act at the same time.
+    std::string Do(const std::string& words);
+    /// The two halves of Do, for workstations that shall act at the same time.
     void Begin(const std::string& words);
     std::string End();
 

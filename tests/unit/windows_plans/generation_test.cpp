@@ -1,4 +1,4 @@
-// What the user is asked and told while the engine of plans works.
+// What the user is asked and shown while the engine of plans works.
 #include <gtest/gtest.h>
 
 #include "plan_application.h"

@@ -35,7 +35,7 @@ inline Outcome RunZvdb(const std::vector<std::string>& arguments, bool terminal 
 }
 
 /// A copy that is whole and faultless answers 0 or 1, one with rows that the check finds fault with
-/// 3, and has told all that the check tells.
+/// 3, and has reported all that the check reports.
 inline void ExpectStatusShowsCheck(const Outcome& copy, const Outcome& check) {
     EXPECT_TRUE(copy.status == 0 || copy.status == 1 || copy.status == 3) << copy.status;
     EXPECT_EQ(copy.status == 3, check.status != 0) << copy.out << check.out << check.err;

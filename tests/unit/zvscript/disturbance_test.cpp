@@ -11,8 +11,8 @@
 namespace zv::script {
 namespace {
 
-Outcome Of(std::string rows, std::vector<std::string> told = {}, std::string error = {}) {
-    return {1, "?", std::move(rows), std::move(told), std::move(error)};
+Outcome Of(std::string rows, std::vector<std::string> boxes = {}, std::string error = {}) {
+    return {1, "?", std::move(rows), std::move(boxes), std::move(error)};
 }
 
 TEST(Judge, TheSameRowsAreRightWhateverIsReported) {
@@ -84,7 +84,7 @@ class Replay : public ::testing::Test {
 TEST_F(Replay, WhatIsReadBeforeTheQuestionStandsTheDisturbance) {
     const Outcome undisturbed = Play(Reads::Before, nullptr);
     EXPECT_EQ(undisturbed.line, 4);
-    EXPECT_EQ(undisturbed.told, std::vector<std::string>{"1|sure?|ok"});
+    EXPECT_EQ(undisturbed.boxes, std::vector<std::string>{"1|sure?|ok"});
     EXPECT_EQ(Judge(undisturbed, Play(Reads::Before, &selects_)), "");
 }
 

@@ -32,13 +32,13 @@ class RowCommandsTest : public ::testing::TestWithParam<RowCommand> {
         return columns;
     }
 
-    /// What the runner tells of the scenario.
+    /// What the runner reports of the scenario.
     std::string Play(const std::string& lines) {
         const auto path = folder / "a.zvs";
         std::ofstream(path, std::ios::binary) << lines;
-        std::vector<std::string> told;
-        Runner({}, [&](const std::string& line) { told.push_back(line); }).Run({Utf8Of(path)});
-        return told.front();
+        std::vector<std::string> lines;
+        Runner({}, [&](const std::string& line) { lines.push_back(line); }).Run({Utf8Of(path)});
+        return lines.front();
     }
 
     test::TemporaryFolder folder;
