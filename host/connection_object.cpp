@@ -18,7 +18,7 @@ using win32::Variant;
 
 constexpr std::int32_t kOptionNoRecords = 128;
 
-// Tells the class apart from other objects with the same members.
+// Distinguishes the class from other objects with the same members.
 // {EC2B6C69-3870-42C5-83A5-6EF57F898433}
 constexpr IID kOwnClass = {
     0xEC2B6C69, 0x3870, 0x42C5, {0x83, 0xA5, 0x6E, 0xF5, 0x7F, 0x89, 0x84, 0x33}};

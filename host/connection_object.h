@@ -28,7 +28,7 @@ class ConnectionObject final : public DispatchObject<ConnectionObject> {
 
     using Factory = std::function<std::unique_ptr<store::Connection>()>;
     /// Opens at once with what `open` answers; it is asked again by the member Open after a
-    /// Close. `description` is what the property ConnectionString tells.
+    /// Close. `description` is what the property ConnectionString shows.
     ConnectionObject(Factory open, std::string description);
 
     /// The object behind an automation value; null when it is none of this class.

@@ -7,7 +7,7 @@
 
 namespace zv::host {
 
-/// Tells by the file's first bytes. Never creates or changes it. Throws RuntimeError with the
+/// Recognised by the file's first bytes. Never creates or changes it. Throws RuntimeError with the
 /// reason and the path when it is missing, no file, empty, not readable or none of the kinds.
 const store::engines::Engine& RecogniseDatabase(const std::string& path);
 

@@ -1,4 +1,4 @@
-// The module runner: starts another program of the suite with what the control tells it.
+// The module runner: starts another program of the suite with what the control passes to it.
 #pragma once
 
 #include <span>

@@ -28,9 +28,9 @@ class OpenerObject final : public DispatchObject<OpenerObject> {
     win32::Variant OpenShared(const Arguments& arguments);
 };
 
-/// Kind 0 (or less): an embedded database file or an Access file, told apart by its content; kind
-/// 1 or more: a server, over ODBC when the path says so (store/odbc/connection_string.h) and by ADO
-/// otherwise. Throws RuntimeError with the path and the reason.
+/// Kind 0 (or less): an embedded database file or an Access file, distinguished by its content;
+/// kind 1 or more: a server, over ODBC when the path says so (store/odbc/connection_string.h) and
+/// by ADO otherwise. Throws RuntimeError with the path and the reason.
 win32::ComPtr<IDispatch> OpenDatabase(const store::ConnectionSettings& settings);
 
 }  // namespace zv::host

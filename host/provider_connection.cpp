@@ -44,7 +44,7 @@ ComPtr<IDispatch> OpenAdo(const std::string& connectionString,
     }
     store::ado::Member open(L"Open");
     try {
-        store::ado::TellingKind(*connection, [&] {
+        store::ado::WithKind(*connection, [&] {
             store::ado::Call(*connection, open,
                              {Variant(std::string_view(connectionString)).Get()});
         });

@@ -36,7 +36,7 @@ class RecordsetObject final : public DispatchObject<RecordsetObject> {
     int Column(const win32::Variant& nameOrNumber) const;
     win32::Variant ReadField(int column) const;
     void WriteField(int column, const win32::Variant& value);
-    /// Changes with each opening, so that a field object tells rows of an earlier one apart.
+    /// Changes with each opening, so that a field object distinguishes rows of an earlier one.
     unsigned Opening() const { return opening_; }
 
  private:

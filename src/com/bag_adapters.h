@@ -10,8 +10,8 @@
 
 namespace zv::com {
 
-/// A container's bag. What cannot be read into its type is told to `log`, which may be null, before
-/// it is thrown.
+/// A container's bag. What cannot be read into its type is written to `log`, which may be null,
+/// before it is thrown.
 class ContainerBag final : public PropertyBag {
  public:
     ContainerBag(IPropertyBag& bag, IErrorLog* log) : bag_(&bag), log_(log) {}

@@ -21,10 +21,10 @@ STDMETHODIMP ClassInfo::GetGUID(DWORD kind, GUID* id) noexcept {
 }
 
 STDMETHODIMP ErrorSupport::InterfaceSupportsErrorInfo(REFIID iid) noexcept {
-    const bool tells = iid == kInterfaceId || iid == IID_IDispatch ||
-                       iid == IID_IPersistPropertyBag || iid == IID_IPersistStreamInit ||
-                       iid == IID_IPersistStorage;
-    return tells ? S_OK : S_FALSE;
+    const bool reports = iid == kInterfaceId || iid == IID_IDispatch ||
+                         iid == IID_IPersistPropertyBag || iid == IID_IPersistStreamInit ||
+                         iid == IID_IPersistStorage;
+    return reports ? S_OK : S_FALSE;
 }
 
 }  // namespace zv::com

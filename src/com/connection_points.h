@@ -31,7 +31,7 @@ class ConnectionPoint final : public IConnectionPoint {
         DWORD cookie;
         win32::ComPtr<IUnknown> sink;
     };
-    /// A copy: a sink may disconnect while it is told.
+    /// A copy: a sink may disconnect while it is notified.
     std::vector<Connection> Connections() const { return connections_; }
 
  private:

@@ -43,9 +43,9 @@ class Core {
     win32::ComPtr<IOleClientSite> site;
     SIZEL extent = kInitialExtent;  ///< HIMETRIC
     bool isDirty = false;
-    /// Told after a property was set; -1 after all of them changed.
+    /// Called after a property was set; -1 after all of them changed.
     std::function<void(DISPID)> onPropertyChanged;
-    /// Told when the picture of the control changed.
+    /// Called when the picture of the control changed.
     std::function<void()> onViewChanged;
 
  private:

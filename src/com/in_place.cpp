@@ -50,7 +50,7 @@ STDMETHODIMP InPlaceObject::InPlaceDeactivate() noexcept {
     return Boundary([&] {
         const win32::ComPtr<IUnknown> alive(&core_.outer);
         UIDeactivate();
-        // A container may have closed the control while it was told.
+        // A container may have closed the control while it was notified.
         const auto site = std::exchange(inPlaceSite_, {});
         if (!site) return;
         if (window_) DestroyWindow(window_);

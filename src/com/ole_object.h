@@ -38,7 +38,7 @@ class OleObject final : public Part<IOleObject, IOleControl> {
     STDMETHODIMP OnAmbientPropertyChange(DISPID id) noexcept override;
     STDMETHODIMP FreezeEvents(BOOL freeze) noexcept override;
 
-    /// Tells those who advised that the control was saved.
+    /// Notifies those who advised that the control was saved.
     void NotifySaved() noexcept;
 
  private:

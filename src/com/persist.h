@@ -42,7 +42,7 @@ class PersistStorage final : public Part<IPersistStorage> {
     STDMETHODIMP SaveCompleted(IStorage* storage) noexcept override;
     STDMETHODIMP HandsOffStorage() noexcept override;
 
-    /// Told after the container has finished a save.
+    /// Called after the container has finished a save.
     std::function<void()> onSaved;
 
  private:

@@ -19,7 +19,7 @@ class SessionHost {
     /// The session, made when there is none. Throws RPC_E_WRONG_THREAD, as an error number, on a
     /// thread other than the session's.
     static SessionHost& Acquire();
-    /// The language that errors are told in; works without a session too.
+    /// The language that errors are described in; works without a session too.
     static std::int16_t Language() noexcept;
     /// What the host reads of an error; works without a session too.
     static std::string Describe(const RuntimeError& error);

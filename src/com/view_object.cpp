@@ -57,7 +57,7 @@ STDMETHODIMP ViewObject::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL 
 }
 
 void ViewObject::NotifyChanged() noexcept {
-    // The sink may take itself away while it is told.
+    // The sink may take itself away while it is notified.
     const win32::ComPtr<IAdviseSink> sink = sink_;
     if (!sink) return;
     if (flags_ & ADVF_ONLYONCE) sink_.Reset();

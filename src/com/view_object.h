@@ -22,7 +22,7 @@ class ViewObject final : public Part<IViewObject2> {
     STDMETHODIMP GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* target,
                            LPSIZEL size) noexcept override;
 
-    /// Tells the container that the picture changed.
+    /// Notifies the container that the picture changed.
     void NotifyChanged() noexcept;
 
  private:

@@ -62,7 +62,7 @@ ErrorKind KindOfProviderNumber(std::uint32_t number) {
 ErrorKind KindOfProviderCode(const ServerCode& code) {
     const std::uint32_t number = ProviderNumber(code.sqlState);
     const ErrorKind kind = number != 0 ? KindOfProviderNumber(number) : KindOfServerCode(code);
-    return kind == ErrorKind::Other && TellsLoss(code) ? ErrorKind::ConnectionLost : kind;
+    return kind == ErrorKind::Other && MeansLoss(code) ? ErrorKind::ConnectionLost : kind;
 }
 
 /// The source of an error names an engine whose numbers are known.

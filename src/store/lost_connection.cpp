@@ -12,7 +12,7 @@ constexpr const char* kConnectionClass = "08";
 
 }  // namespace
 
-bool TellsLoss(const ServerCode& code) {
+bool MeansLoss(const ServerCode& code) {
     if (code.sqlState.starts_with(kConnectionClass)) return true;
     // A native number means something only beside a state that leaves it open.
     const bool general = code.sqlState.empty() || code.sqlState == "HY000";

@@ -9,9 +9,9 @@ BEGIN {
           "DefWindowProcW end EndAll EnumAdvise EqualRect erase FAILED fill_n Find " \
           "find_if FindNames GetClassLongPtrW GetClassObject GetDC GetDeviceCaps GetPropW GetWindowLongPtrW " \
           "GlobalGetAtomNameW Handle Instance InterfaceId IntersectRect InvokeMember IsDispatch IsIdle IsLocked " \
-          "IsWindowEnabled IsWindowVisible Lock Members memcpy min move OffsetRect " \
+          "IsWindowEnabled IsWindowVisible Lock Members memcpy min move Note OffsetRect " \
           "OpenWindows QueryInterface Release ReleaseConnection ReleaseDC Reset SameName " \
-          "SetHandle SetWindowLongPtrW SetWindowPos SetWindowRgn size Tell Unadvise " \
+          "SetHandle SetWindowLongPtrW SetWindowPos SetWindowRgn size Unadvise " \
           "Unlock UnregisterClassW WakeThread", names, " ")
     for (i in names) harmless[names[i]] = 1
 }

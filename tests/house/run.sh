@@ -175,6 +175,21 @@ check "every name that a source takes from elsewhere is used there" \
             lines = 0
         }')"
 
+# Words that say less than the plain ones: report, show, state, distinguish; discard; entry point;
+# the user who, the caller that.
+check "names and comments use plain words" \
+    "$(sources src host tools | grep -v '^src/resources/' | xargs awk '
+        {
+            comment = match($0, /(^|[^:"])\/\/.*/) ? substr($0, RSTART) : ""
+            code = comment == "" ? $0 : substr($0, 1, RSTART - 1)
+            gsub(/"([^"\\]|\\.)*"/, "", code)
+            said = " " tolower(comment) " "
+            if (said ~ /[^a-z](tell|tells|told|telling|bury|buries|buried|doors?|whoever)[^a-z]/ ||
+                code ~ /(^|[^a-z])(Tell|Tells|Telling|Told|Bury|Buried|Become|Becomes|Door|Doors|Whoever)([A-Z_(]|$|[^a-z])/ ||
+                code ~ /(^|[^A-Za-z0-9_"])(told|tells|telling|bury|whoever)([A-Z_][A-Za-z0-9_]*)?[ ,;().=]/)
+                print FILENAME ":" FNR ": " $0
+        }')"
+
 # A new engine is a folder in src/store/engines and an entry in the list of src/store/CMakeLists.txt.
 # Others may name an engine where all of a folder or file is about that one: the embedded engine,
 # the reader of Access files, the engines of tests and scenarios, the words of a help text.

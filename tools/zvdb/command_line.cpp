@@ -25,10 +25,10 @@ const char kHelp[] =
       left out; cards and plans grow with the items.
   zvdb check FILE
   zvdb check --to SERVER
-      Tells the rows of each table, and everything that is wrong: damage, missing
+      Shows the rows of each table, and everything that is wrong: damage, missing
       tables and columns, references to rows that are gone, values out of range.
   zvdb import FROM TO [--dry-run] [--replace] [--quiet]
-      Copies all tables, compares counts and sums, and tells what did not fit. FROM
+      Copies all tables, compares counts and sums, and reports what did not fit. FROM
       is an Access file, an embedded file or a server, TO an embedded file or a
       SERVER with tables (create --to), but not by "HOST" alone. FROM is only read. A
       TO that holds rows is refused without --replace.
@@ -39,7 +39,7 @@ const char kHelp[] =
       Checks BACKUP, then puts it into FILE. One that is there is refused without
       --replace; programs may have it open, they go on with the new contents.
   zvdb mode FILE [rollback|wal]
-      Tells in which journal mode an embedded file is, or changes it while no program
+      Shows in which journal mode an embedded file is, or changes it while no program
       has it open. "wal", the mode of new files, lets programs of one machine read and
       write at once. On a network share it would destroy the file, so programs refuse
       it there; "rollback" is for files that several machines share.
@@ -65,7 +65,7 @@ Exit status:
   2  wrong arguments, a file that cannot be made or read, or an import, backup or
      restore that was not made: what was there is as it was
   3  an import, a backup or a restore is complete, but the copy holds what check finds
-     fault with, told as "wrong", or could not be checked. A dry run does not look for it
+     fault with, reported as "wrong", or could not be checked. A dry run does not look for it
 )";
 
 namespace {

@@ -24,8 +24,8 @@ struct StandingBox {
 
 class ScriptedDialogs : public forms::Dialogs {
  public:
-    /// Told what the scenario should have foreseen: a box with several buttons or an input box
-    /// without a queued answer, a queued answer that the box has no button for. The box is
+    /// Called with what the scenario should have foreseen: a box with several buttons or an input
+    /// box without a queued answer, a queued answer that the box has no button for. The box is
     /// cancelled then.
     std::function<void(const std::string& problem)> onProblem;
 

@@ -1,4 +1,4 @@
-// A machine that is told what to answer and keeps what it was asked to do: for tests, and for
+// A machine that is given its answers and keeps what it was asked to do: for tests, and for
 // playing scenarios. Paths may be written in the Windows way on every system.
 #pragma once
 
@@ -83,7 +83,7 @@ class ScriptedModules : public ModuleRunner {
     std::vector<ModuleStart> started;
 };
 
-/// Keeps the jobs that it was asked to print, or fails as it is told.
+/// Keeps the jobs that it was asked to print, or fails as it is set to.
 class ScriptedReports : public ReportPrinter {
  public:
     struct Printed {

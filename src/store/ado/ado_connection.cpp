@@ -47,7 +47,7 @@ class AdoConnection final : public Connection {
             const int state = automation::ToNumber(GetProperty(*connection_, state_),
                                                    automation::Misfit::TypeMismatch);
             // Such an object calls itself open until it is closed, whatever became of its server.
-            lost_ = state != kStateClosed && ErrorsTellLoss();
+            lost_ = state != kStateClosed && ReportsLoss();
             return lost_ ? kStateClosed : state;
         } catch (const RuntimeError& error) {
             if (!IsGone(error.Number())) throw;
@@ -65,7 +65,7 @@ class AdoConnection final : public Connection {
         VARIANT reference{};
         reference.vt = VT_BYREF | VT_VARIANT;
         reference.pvarVal = &affected.Ref();
-        TellingKind(*connection_, [&] {
+        WithKind(*connection_, [&] {
             Call(*connection_, execute_,
                  {statement.Get(), reference, Variant(kTextCommand | kNoRecords).Get()});
         });
@@ -77,7 +77,7 @@ class AdoConnection final : public Connection {
         RequireOneStatement(sql, kErrorSource);
         const Variant statement{std::string_view(sql)};
         if (cursor == CursorType::ForwardOnly && lock == LockType::ReadOnly) {
-            const Variant result = TellingKind(*connection_, [&] {
+            const Variant result = WithKind(*connection_, [&] {
                 return Call(
                     *connection_, execute_,
                     {statement.Get(), Variant::Missing().Get(), Variant(kTextCommand).Get()});
@@ -88,7 +88,7 @@ class AdoConnection final : public Connection {
         }
         auto recordset = CreateRecordset();
         Member open(L"Open");
-        TellingKind(*connection_, [&] {
+        WithKind(*connection_, [&] {
             Call(*recordset, open,
                  {statement.Get(), Variant(connection_.Get()).Get(),
                   Variant(static_cast<std::int32_t>(cursor)).Get(),
@@ -100,7 +100,7 @@ class AdoConnection final : public Connection {
  private:
     // The errors of the last operation that failed, of the recordsets too. They are asked for when
     // something has failed since: a statement that runs is worth no more calls than its own.
-    bool ErrorsTellLoss() const {
+    bool ReportsLoss() const {
         if (looked_ == FailedCalls()) return false;
         const bool lost = HasErrorOfLoss();
         looked_ = FailedCalls();
@@ -109,7 +109,7 @@ class AdoConnection final : public Connection {
 
     bool HasErrorOfLoss() const {
         return std::ranges::any_of(ErrorsOf(*connection_), [](const ProviderError& error) {
-            return TellsLoss(error.code);
+            return MeansLoss(error.code);
         });
     }
 

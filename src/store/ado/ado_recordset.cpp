@@ -53,7 +53,7 @@ void AdoRecordset::MoveNext() {
     RequireOpen();
     ForgetValues();
     if (!inBlocks_) {
-        TellingKind(*connection_, [&] { Call(*recordset_, moveNext_); });
+        WithKind(*connection_, [&] { Call(*recordset_, moveNext_); });
         return;
     }
     if (isEof_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
@@ -99,7 +99,7 @@ const Value& AdoRecordset::Field(int column) const {
 
 void AdoRecordset::AddNew() {
     RequireOpen();
-    TellingKind(*connection_, [&] { Call(*recordset_, addNew_); });
+    WithKind(*connection_, [&] { Call(*recordset_, addNew_); });
     ForgetValues();
 }
 
@@ -111,7 +111,7 @@ void AdoRecordset::SetField(std::string_view name, Value value) {
 
 void AdoRecordset::Update() {
     RequireOpen();
-    TellingKind(*connection_, [&] { Call(*recordset_, update_); });
+    WithKind(*connection_, [&] { Call(*recordset_, update_); });
     // The database may have filled in defaults and the row's key.
     ForgetValues();
 }
@@ -165,7 +165,7 @@ void AdoRecordset::LoadBlock() {
         isEof_ = true;
         return;
     }
-    Variant block = TellingKind(
+    Variant block = WithKind(
         *connection_, [&] { return Call(*recordset_, getRows_, {Variant(blockSize_).Get()}); });
     if (block.Type() != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(block.Get().parray) != 2) {
         throw RuntimeError(ErrorNumber::TypeMismatch);

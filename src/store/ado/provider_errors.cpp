@@ -35,7 +35,7 @@ std::vector<ProviderError> ErrorsOf(IDispatch& connection) {
     return found;
 }
 
-RuntimeError OfToldKind(RuntimeError error, IDispatch& connection) {
+RuntimeError OfReportedKind(RuntimeError error, IDispatch& connection) {
     if (!IsGeneral(error.Kind())) return error;
     std::vector<ServerCode> said;
     try {
@@ -44,7 +44,7 @@ RuntimeError OfToldKind(RuntimeError error, IDispatch& connection) {
             if (each.number == error.Number()) said.push_back(std::move(each.code));
         }
     } catch (const RuntimeError&) {
-        // What went wrong first is told.
+        // What went wrong first is reported.
     }
     const ErrorKind kind = KindOfProviderError(error, said);
     return kind == ErrorKind::Other ? error : std::move(error).Of(kind);

@@ -1,4 +1,4 @@
-// What the list of errors of a connection object tells of an error.
+// What the list of errors of a connection object says of an error.
 #pragma once
 
 #include <utility>
@@ -10,7 +10,7 @@
 namespace zv::store::ado {
 
 struct ProviderError {
-    ErrorNumber number{};  ///< 0 when the object tells none
+    ErrorNumber number{};  ///< 0 when the object has none
     ServerCode code;
 };
 
@@ -18,17 +18,17 @@ struct ProviderError {
 /// Throws RuntimeError.
 std::vector<ProviderError> ErrorsOf(IDispatch& connection);
 
-/// The error as one of the kind that its provider tells. Errors that are of a kind already, and
+/// The error as one of the kind that its provider reports. Errors that are of a kind already, and
 /// those of a connection that does not answer, stay as they are.
-RuntimeError OfToldKind(RuntimeError error, IDispatch& connection);
+RuntimeError OfReportedKind(RuntimeError error, IDispatch& connection);
 
-/// Runs `work`; its errors are of the kind that the connection's provider tells.
+/// Runs `work`; its errors are of the kind that the connection's provider reports.
 template <class Work>
-auto TellingKind(IDispatch& connection, Work work) {
+auto WithKind(IDispatch& connection, Work work) {
     try {
         return work();
     } catch (const RuntimeError& error) {
-        throw OfToldKind(error, connection);
+        throw OfReportedKind(error, connection);
     }
 }
 

@@ -10,11 +10,11 @@ TableRows::TableRows(const std::shared_ptr<Session>& session, const std::string&
                      const std::string& table)
     : TableRows(session, sql, table, session->Describe(sql)) {}
 
-TableRows::TableRows(std::shared_ptr<Session> session, const std::string& sql,
-                     const std::string& table, std::vector<Column> columns)
+TableRows::TableRows(std::shared_ptr<Session> session, std::string sql, const std::string& table,
+                     std::vector<Column> columns)
     : RowTable(FieldsOf(columns)),
       session_(std::move(session)),
-      sql_(sql),
+      sql_(std::move(sql)),
       columns_(std::move(columns)),
       statements_(*session_, session_->TableOf(table), columns_) {}
 

@@ -29,7 +29,7 @@ class TableRows final : public rows::RowTable {
     bool Write(const rows::Changes& changes, const rows::Row& stored) override;
 
  private:
-    TableRows(std::shared_ptr<Session> session, const std::string& sql, const std::string& table,
+    TableRows(std::shared_ptr<Session> session, std::string sql, const std::string& table,
               std::vector<Column> columns);
     Result Run(RowStatement statement, bool asStored);
     void ReadFrom(const RowStore& source, rows::Row& row) const;
