@@ -1,5 +1,6 @@
 #include "recordset_object.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <utility>
@@ -27,12 +28,10 @@ std::int32_t AssignedInt(const Arguments& arguments, std::int32_t lowest, std::i
 }
 
 bool IsTableName(std::string_view source) {
-    if (source.empty()) return false;
-    for (const char c : source) {
+    return !source.empty() && std::ranges::all_of(source, [](char c) {
         const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x80 && !std::isalnum(byte) && c != '_') return false;
-    }
-    return true;
+        return byte >= 0x80 || std::isalnum(byte) || c == '_';
+    });
 }
 
 /// The elements of an array argument; a value that is none is the only element.

@@ -7,7 +7,7 @@ namespace zv::forms::win32 {
 namespace {
 
 // The property "name" of an accessible object.
-constexpr GUID kNameProperty = {
+constexpr GUID kAccessibleName = {
     0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49, 0x26, 0x72, 0x91}};
 constexpr GUID kServicesClass = {
     0xb5f8350b, 0x0548, 0x48b1, {0xa6, 0xee, 0x88, 0xbd, 0x00, 0xb4, 0xa5, 0xe7}};
@@ -23,8 +23,8 @@ void NameForScreenReaders(HWND window, const std::wstring& name) {
         return;
     }
     auto* services = static_cast<IAccPropServices*>(object);
-    services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, kNameProperty,
-                             name.c_str());
+    services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+                             kAccessibleName, name.c_str());
     services->Release();
 }
 

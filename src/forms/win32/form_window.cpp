@@ -14,7 +14,6 @@ namespace zv::forms::win32 {
 namespace {
 
 constexpr wchar_t kClassName[] = L"zv.Form";
-constexpr wchar_t kNameProperty[] = L"zv.Name";
 constexpr UINT kKeyMessage = WM_APP + 1;
 constexpr UINT kMenuMessage = WM_APP + 2;
 

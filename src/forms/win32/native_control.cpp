@@ -10,8 +10,6 @@ namespace zv::forms::win32 {
 namespace {
 
 constexpr UINT_PTR kSubclass = 1;
-// Read by macro tools and tests in other processes, so it is an atom and not a pointer.
-constexpr wchar_t kNameProperty[] = L"zv.Name";
 
 }  // namespace
 

@@ -20,6 +20,10 @@
 
 namespace zv::forms::win32 {
 
+/// The property of a window that holds its name. Macro tools and tests in other processes read it,
+/// so its value is an atom and not a pointer.
+inline constexpr wchar_t kNameProperty[] = L"zv.Name";
+
 class FormWindow;
 
 class NativeControl {

@@ -41,7 +41,7 @@ void NativeTextBox::Mirror(Aspect aspect) {
             break;
         case Aspect::Selection:
             Send(EM_SETSEL, static_cast<WPARAM>(Box().SelStart()),
-                 static_cast<LPARAM>(Box().SelStart() + Box().SelLength()));
+                 LPARAM{Box().SelStart()} + Box().SelLength());
             Send(EM_SCROLLCARET);
             break;
         default:

@@ -440,7 +440,8 @@ void NativeTree::OnMenuKey() {
     const int node = Tree().Selected();
     RECT place{};
     const HTREEITEM item = ItemOf(node);
-    std::memcpy(&place, &item, sizeof item);  // the message reads the item from the result's place
+    std::memcpy(&place, &item,
+                sizeof(HTREEITEM));  // the message reads the item from the result's place
     if (!item || !Send(TVM_GETITEMRECT, TRUE, AsParam(&place))) place = {};
     Tree().UserRightClick(node, GetScale().ToTwips(static_cast<int>(place.left)),
                           GetScale().ToTwips(static_cast<int>(place.bottom)));

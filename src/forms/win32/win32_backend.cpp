@@ -88,12 +88,12 @@ std::unique_ptr<FormPeer> Win32Backend::Realize(Form& form) {
 void Win32Backend::EndSession() {
     StandingBox::EndAll();
     EndMenu();
-    const std::vector<FormWindow*> present = windows_;
-    for (auto at = present.rbegin(); at != present.rend(); ++at) {
-        if (std::find(windows_.begin(), windows_.end(), *at) == windows_.end()) continue;
-        if ((*at)->Gone()) continue;
-        (*at)->Logical().Windows().Interrupt();
-        (*at)->Logical().UserDestroyed();
+    const std::vector<FormWindow*> lastFirst(windows_.rbegin(), windows_.rend());
+    for (FormWindow* window : lastFirst) {
+        if (std::find(windows_.begin(), windows_.end(), window) == windows_.end()) continue;
+        if (window->Gone()) continue;
+        window->Logical().Windows().Interrupt();
+        window->Logical().UserDestroyed();
     }
 }
 

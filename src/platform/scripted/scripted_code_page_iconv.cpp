@@ -8,7 +8,6 @@ namespace zv::platform::scripted {
 class ScriptedCodePage::Converter {
  public:
     explicit Converter(const char* charset) : handle_(iconv_open(charset, "UTF-32LE")) {
-        // NOLINTNEXTLINE(performance-no-int-to-ptr): the answer of a call that failed
         if (handle_ == reinterpret_cast<iconv_t>(-1)) {
             throw RuntimeError(ErrorNumber::InternalError,
                                std::string("iconv does not know ") + charset);

@@ -22,7 +22,6 @@ inline SQLWCHAR* Wide(const std::u16string& text) {
 
 /// For attributes that are numbers handed over as pointers.
 inline SQLPOINTER NumberAsPointer(SQLULEN number) {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface asks for it
     return reinterpret_cast<SQLPOINTER>(number);
 }
 
