@@ -73,10 +73,11 @@ class EngineTest : public ::testing::TestWithParam<EngineKind> {
 
 std::string EngineName(const ::testing::TestParamInfo<EngineKind>& info);
 
-#define ZV_ON_EVERY_ENGINE(suite)                                                                \
-    INSTANTIATE_TEST_SUITE_P(Engines, suite,                                                     \
-                             ::testing::Values(EngineKind::Embedded, EngineKind::SqliteOverOdbc, \
-                                               EngineKind::PostgreSql),                          \
-                             EngineName)
+#define ZV_ON_EVERY_ENGINE(suite)                                                       \
+    INSTANTIATE_TEST_SUITE_P(Engines, suite,                                            \
+                             ::testing::Values(::zv::store::EngineKind::Embedded,       \
+                                               ::zv::store::EngineKind::SqliteOverOdbc, \
+                                               ::zv::store::EngineKind::PostgreSql),    \
+                             ::zv::store::EngineName)
 
 }  // namespace zv::store
