@@ -34,7 +34,7 @@ class Member {
 
 /// An argument list holds the values in the order in which they are written in a call; they stay
 /// the caller's. All calls throw RuntimeError with the number, text and source that the object
-/// reports, of the kind that one of our own components tells and otherwise of none.
+/// reports, of the kind that one of our own components reports and otherwise of none.
 using ArgumentList = std::initializer_list<VARIANT>;
 
 win32::Variant Call(IDispatch& object, Member& member, ArgumentList arguments = {});

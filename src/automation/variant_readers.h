@@ -17,7 +17,7 @@ inline void ThrowIfFailed(HRESULT hr) {
     if (FAILED(hr)) throw ErrorOfResult(hr);
 }
 
-/// What a value that cannot be read is told as.
+/// The name in messages of a value that cannot be read.
 enum class Misfit {
     Result,        ///< the number of the result, with the system's text
     TypeMismatch,  ///< error 13 whatever the reason, without a text of its own

@@ -9,7 +9,6 @@ namespace zv::com {
 namespace {
 
 using automation::Arguments;
-using automation::MemberShape;
 using win32::Variant;
 using Entry = automation::MemberEntry<Automation>;
 

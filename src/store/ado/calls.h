@@ -1,5 +1,5 @@
 // Late-bound calls to objects that speak of databases: what they fail with is of the kind that the
-// numbers of ADO and its providers tell.
+// numbers of ADO and its providers mean.
 #pragma once
 
 #include <utility>
@@ -12,13 +12,13 @@ namespace zv::store::ado {
 using automation::ArgumentList;
 using automation::FailedCalls;
 
-/// A member of such an object: called through it, an error is of the kind that its number tells.
+/// A member of such an object: called through it, an error is of the kind that its number means.
 class Member : public automation::Member {
  public:
     using automation::Member::Member;
 };
 
-/// Runs `work`; an error of no kind known becomes one of the kind that its number tells.
+/// Runs `work`; an error of no kind known becomes one of the kind that its number means.
 template <class Work>
 auto WithKinds(Work&& work) {
     try {
