@@ -17,7 +17,7 @@ inline void ThrowIfFailed(HRESULT hr) {
     if (FAILED(hr)) throw ErrorOfResult(hr);
 }
 
-/// The name in messages of a value that cannot be read.
+/// How a value that cannot be read is reported.
 enum class Misfit {
     Result,        ///< the number of the result, with the system's text
     TypeMismatch,  ///< error 13 whatever the reason, without a text of its own
