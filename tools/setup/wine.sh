@@ -1,17 +1,46 @@
 # Sourced by ./run, ./test and the scripts that start Windows programs: a Wine prefix of the
-# project's own, a display, and one way to start a program.
+# project's own for each width of programs, a display, and one way to start a program.
 #
-#   wine_prepare          makes the prefix when it is missing (sets WINEPREFIX and the like)
+#   wine_width 64|32      whose programs are run from here on (sets ZV_WIDTH, ZV_WINE, WINEPREFIX)
+#   wine_prepare          makes the prefix when it is missing, and the 32-bit Wine (see wine32)
 #   wine_start            a display when there is none, and a Wine server that stays
 #   wine_run PROGRAM ...  runs a Windows program under a time limit
+#   wine_clock TIME       prints the words that, in front of a program, set the clock of its day
 #   wine_register FILE    registers a control or a component
-#   wine_stop             ends what wine_start started
+#   wine_stop             ends what wine_start started, of both widths
+#
+# Without wine_width the width is ZV_WIDTH, or 64. Paths are the same for both: drive Z is this
+# system's root.
 
 ZV_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-ZV_WINE=/usr/lib/wine/wine64
-export ZV_WINE
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
-export WINEPREFIX=${WINEPREFIX:-$ZV_ROOT/build/wine/prefix}
+
+wine_width() {
+    local width=$1 unpacked=$ZV_ROOT/build/wine/i386
+    # A prefix is of one width.
+    [ "${ZV_WIDTH:-$width}" = "$width" ] || unset WINEPREFIX
+    export ZV_WIDTH=$width
+    case $width in
+        64)
+            export ZV_WINE=/usr/lib/wine/wine64 WINEPREFIX=${WINEPREFIX:-$ZV_ROOT/build/wine/prefix}
+            ZV_WINE_SERVER=/usr/lib/wine/wineserver64
+            ZV_FAKETIME=$(compgen -G '/usr/lib/*/faketime/libfaketime.so.1')
+            unset ODBCSYSINI
+            ;;
+        32)
+            export ZV_WINE=$unpacked/usr/lib/wine/wine WINEPREFIX=${WINEPREFIX:-$ZV_ROOT/build/wine/prefix32}
+            ZV_WINE_SERVER=$unpacked/usr/lib/wine/wineserver
+            ZV_FAKETIME=$unpacked/usr/lib/i386-linux-gnu/faketime/libfaketime.so.1
+            # Its drivers of databases are not those of the system.
+            export ODBCSYSINI=$unpacked/etc
+            ;;
+        *)
+            echo "wine_width: 64 or 32, not $width" >&2
+            return 2
+            ;;
+    esac
+}
+wine_width "${ZV_WIDTH:-64}"
 
 # The locale decides the ANSI code page that Windows programs see: 936 for zh_CN. The project makes
 # its own, so that the system's need not change.
@@ -44,13 +73,14 @@ _wine_settings() {
 }
 
 wine_prepare() {
+    [ "$ZV_WIDTH" = 64 ] || "$ZV_ROOT/tools/setup/wine32" || return
     [ -e "$WINEPREFIX/zv-ready" ] && return 0
-    echo "preparing a Wine prefix (once)"
+    echo "preparing a Wine prefix of $ZV_WIDTH bits (once)"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
     DISPLAY= timeout 180 "$ZV_WINE" wineboot -i >/dev/null 2>&1
     _wine_settings
-    timeout 60 wineserver -w
+    timeout 60 "$ZV_WINE_SERVER" -w
     touch "$WINEPREFIX/zv-ready"
 }
 
@@ -69,20 +99,30 @@ wine_start() {
         rm -f "$display"
     fi
     # A server that stays and one program's start make every later start quick.
-    timeout 30 wineserver -p
+    timeout 30 "$ZV_WINE_SERVER" -p
+    _wine_started["$WINEPREFIX"]=$ZV_WINE_SERVER
     timeout 60 "$ZV_WINE" cmd /c exit
 }
 
 wine_run() { timeout "${ZV_WINE_TIMEOUT:-300}" "$ZV_WINE" "$@"; }
+
+# Only the clock of the day is set, not the one that counts what passes.
+wine_clock() { printf '%s\n' env LD_PRELOAD="$ZV_FAKETIME" DONT_FAKE_MONOTONIC=1 FAKETIME="@$1"; }
 
 wine_register() { timeout 60 "$ZV_WINE" regsvr32 /s "$(winepath_of "$1")"; }
 
 # A path of this system as Windows programs see it.
 winepath_of() { printf 'Z:%s' "$(realpath "$1")" | tr / '\\'; }
 
+# The servers of this shell, by their prefixes.
+declare -A _wine_started
 wine_stop() {
-    timeout 30 wineserver -k || true
-    timeout 30 wineserver -w || true
+    local prefix
+    for prefix in "${!_wine_started[@]}"; do
+        WINEPREFIX=$prefix timeout 30 "${_wine_started[$prefix]}" -k || true
+        WINEPREFIX=$prefix timeout 30 "${_wine_started[$prefix]}" -w || true
+        unset "_wine_started[$prefix]"
+    done
     if [ -n "${ZV_XVFB_PID:-}" ]; then
         kill "$ZV_XVFB_PID" 2>/dev/null || true
         wait "$ZV_XVFB_PID" 2>/dev/null || true

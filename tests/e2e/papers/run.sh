@@ -73,8 +73,7 @@ SQL
     done
 } | sqlite3 "$data"
 
-clock=(env LD_PRELOAD="$(ls /usr/lib/*/faketime/libfaketime.so.1)" DONT_FAKE_MONOTONIC=1
-    FAKETIME="@2003-12-29 08:55:00")
+mapfile -t clock < <(wine_clock "2003-12-29 08:55:00")
 
 # play LANGUAGE: everything in one script.
 play() {

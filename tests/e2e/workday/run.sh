@@ -87,9 +87,7 @@ for verb in mailto http; do
         /d "\"$receiver\" \"$(winepath_of "$work")\\received\" \"%1\"" /f >/dev/null
 done
 
-# Only the clock of the day is set, not the one that counts what passes.
-clock=(env LD_PRELOAD="$(ls /usr/lib/*/faketime/libfaketime.so.1)" DONT_FAKE_MONOTONIC=1
-    FAKETIME="@2003-12-29 08:55:00")
+mapfile -t clock < <(wine_clock "2003-12-29 08:55:00")
 timeout 400 "${clock[@]}" "$ZV_WINE" "$ZV_BIN/zvDemo.exe" --data "$(winepath_of "$data")" --user 张三 \
     --alert &
 demo=$!
