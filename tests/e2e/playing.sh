@@ -11,8 +11,8 @@ passed=0
 failed=0
 demo=
 
-outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_TEST_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
-registry() { ZV_WINE_TIMEOUT=60 wine_run reg "$@" 2>&1 | tr -d '\r'; }
+outside() { ZV_WINE_TIMEOUT=60 wine_output "$ZV_TEST_BIN/zvOutside.exe" "$@"; }
+registry() { ZV_WINE_TIMEOUT=60 wine_output reg "$@"; }
 query() { sqlite3 -batch "$data" ".timeout 5000" "$1"; }
 
 # expect NAME COMMAND...: the command succeeds, within some seconds where the system needs time to

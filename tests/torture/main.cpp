@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "verification.h"
 #include "worker.h"
 
@@ -37,13 +38,27 @@ int Run(const std::vector<std::string>& words) {
     return 2;
 }
 
-}  // namespace
-
-int main(int count, char** words) {
+int Main(const std::vector<std::string>& words) {
     try {
-        return Run(std::vector<std::string>(words + 1, words + count));
+        return Run(words);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "zvTorture: %s\n", error.what());
         return 2;
     }
 }
+
+}  // namespace
+
+#ifdef _WIN32
+int wmain(int count, wchar_t** words) {
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i) {
+        arguments.push_back(zv::text::FromUtf16(reinterpret_cast<const char16_t*>(words[i])));
+    }
+    return Main(arguments);
+}
+#else
+int main(int count, char** words) {
+    return Main(std::vector<std::string>(words + 1, words + count));
+}
+#endif

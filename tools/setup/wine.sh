@@ -1,36 +1,38 @@
 # Sourced by ./run, ./test and the scripts that start Windows programs: a Wine prefix of the
 # project's own for each width of programs, a display, and one way to start a program.
 #
-#   wine_width 64|32      whose programs are run from here on (sets ZV_WIDTH, ZV_WINE, WINEPREFIX)
+#   wine_width 64|32      whose programs are run from here on: sets ZV_WIDTH, ZV_WINE, WINEPREFIX,
+#                         and the folders ZV_BIN of what ships and ZV_TEST_BIN of what tests it
 #   wine_prepare          makes the prefix when it is missing, and the 32-bit Wine (see wine32)
 #   wine_start            a display when there is none, and a Wine server that stays
 #   wine_run PROGRAM ...  runs a Windows program under a time limit
+#   wine_output PROGRAM ...  the same, and prints what it says with the line ends of this system
 #   wine_clock TIME       prints the words that, in front of a program, set the clock of its day
 #   wine_register FILE    registers a control or a component
 #   wine_stop             ends what wine_start started, of both widths
 #
-# Without wine_width the width is ZV_WIDTH, or 64. Paths are the same for both: drive Z is this
-# system's root.
+# Without wine_width the width is ZV_WIDTH, or 64; a prefix and folders that are set already are
+# kept, unless they are of the other width. Paths are the same for both: drive Z is this system's
+# root.
 
 ZV_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
 
 wine_width() {
-    local width=$1 unpacked=$ZV_ROOT/build/wine/i386
-    # A prefix is of one width.
-    [ "${ZV_WIDTH:-$width}" = "$width" ] || unset WINEPREFIX
+    local width=$1 preset unpacked=$ZV_ROOT/build/wine/i386
+    [ "${ZV_WIDTH:-$width}" = "$width" ] || unset WINEPREFIX ZV_BIN ZV_TEST_BIN
     export ZV_WIDTH=$width
     case $width in
         64)
+            preset=windows-x64
             export ZV_WINE=/usr/lib/wine/wine64 WINEPREFIX=${WINEPREFIX:-$ZV_ROOT/build/wine/prefix}
             ZV_WINE_SERVER=/usr/lib/wine/wineserver64
-            ZV_FAKETIME=$(compgen -G '/usr/lib/*/faketime/libfaketime.so.1')
             unset ODBCSYSINI
             ;;
         32)
+            preset=windows-x86
             export ZV_WINE=$unpacked/usr/lib/wine/wine WINEPREFIX=${WINEPREFIX:-$ZV_ROOT/build/wine/prefix32}
             ZV_WINE_SERVER=$unpacked/usr/lib/wine/wineserver
-            ZV_FAKETIME=$unpacked/usr/lib/i386-linux-gnu/faketime/libfaketime.so.1
             # Its drivers of databases are not those of the system.
             export ODBCSYSINI=$unpacked/etc
             ;;
@@ -39,6 +41,9 @@ wine_width() {
             return 2
             ;;
     esac
+    if [ -z "${ZV_BIN:-}" ]; then
+        export ZV_BIN=$ZV_ROOT/build/$preset-release/bin ZV_TEST_BIN=${ZV_TEST_BIN:-$ZV_ROOT/build/$preset/bin}
+    fi
 }
 wine_width "${ZV_WIDTH:-64}"
 
@@ -78,10 +83,8 @@ wine_prepare() {
     echo "preparing a Wine prefix of $ZV_WIDTH bits (once)"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
-    DISPLAY= timeout 180 "$ZV_WINE" wineboot -i >/dev/null 2>&1
-    _wine_settings
-    timeout 60 "$ZV_WINE_SERVER" -w
-    touch "$WINEPREFIX/zv-ready"
+    DISPLAY= timeout 180 "$ZV_WINE" wineboot -i >/dev/null 2>&1 && _wine_settings &&
+        timeout 60 "$ZV_WINE_SERVER" -w && touch "$WINEPREFIX/zv-ready"
 }
 
 wine_start() {
@@ -106,8 +109,27 @@ wine_start() {
 
 wine_run() { timeout "${ZV_WINE_TIMEOUT:-300}" "$ZV_WINE" "$@"; }
 
+# The first program with a window starts one for the desktop, which keeps the first one's output open
+# as long as any window stands: a pipe would not end.
+wine_output() {
+    local file status
+    file=$(mktemp)
+    wine_run "$@" >"$file" 2>&1
+    status=$?
+    tr -d '\r' <"$file"
+    rm -f "$file"
+    return "$status"
+}
+
 # Only the clock of the day is set, not the one that counts what passes.
-wine_clock() { printf '%s\n' env LD_PRELOAD="$ZV_FAKETIME" DONT_FAKE_MONOTONIC=1 FAKETIME="@$1"; }
+wine_clock() {
+    local library=$ZV_ROOT/build/wine/clock$ZV_WIDTH.so source=$ZV_ROOT/tools/setup/clock.c
+    if [ ! "$library" -nt "$source" ]; then
+        gcc -m"$ZV_WIDTH" -O2 -Wall -Wextra -Werror -Wno-builtin-declaration-mismatch -fPIC -shared -nostdlib \
+            -ffreestanding -o "$library.new" "$source" && mv "$library.new" "$library" || return
+    fi
+    printf '%s\n' env "LD_PRELOAD=$library" "ZV_CLOCK=$(($(date -d "$1" +%s) - $(date +%s)))"
+}
 
 wine_register() { timeout 60 "$ZV_WINE" regsvr32 /s "$(winepath_of "$1")"; }
 

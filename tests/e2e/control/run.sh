@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
 # Automation scripts against the registered control, each in a process of its own.
 #
-# Needs: ZV_BIN (folder of the programs that ship), ZV_TEST_BIN (folder of those that test them; the
-# same when it is not given), WINEPREFIX, DISPLAY.
+# Needs ZV_BIN (folder of the programs that ship) and ZV_TEST_BIN (folder of those that test them),
+# as tools/setup/wine.sh sets them for a width, and a display.
 # Closes with "N passed, N failed". The script host ends with code 0 even when a script breaks off,
 # so a script counts as run only when its last line, the end mark, was printed.
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
-: "${ZV_BIN:?}" "${ZV_TEST_BIN:=$ZV_BIN}" "${WINEPREFIX:?}" "${DISPLAY:?}"
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
-wine=${ZV_WINE:-/usr/lib/wine/wine64}
+source "$here/../../../tools/setup/wine.sh"
+: "${ZV_TEST_BIN:=$ZV_BIN}" "${DISPLAY:?}"
+wine=$ZV_WINE
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 passed=0

@@ -25,15 +25,14 @@ double Since(Clock::time_point begin) {
     return std::chrono::duration<double>(Clock::now() - begin).count();
 }
 
+BOOL CALLBACK Collect(HWND window, LPARAM windows) {
+    reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
+    return TRUE;
+}
+
 std::vector<HWND> WindowsOf(DWORD thread) {
     std::vector<HWND> windows;
-    EnumThreadWindows(
-        thread,
-        [](HWND window, LPARAM data) -> BOOL {
-            reinterpret_cast<std::vector<HWND>*>(data)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&windows));
+    EnumThreadWindows(thread, Collect, reinterpret_cast<LPARAM>(&windows));
     return windows;
 }
 
@@ -165,20 +164,25 @@ HWND FindDialog(DWORD thread) {
     return nullptr;
 }
 
+namespace {
+
+struct ChildSearch {
+    const std::wstring& name;
+    HWND found;
+};
+
+BOOL CALLBACK CompareChild(HWND window, LPARAM data) {
+    auto& search = *reinterpret_cast<ChildSearch*>(data);
+    if (NameOfWindow(window) != search.name) return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+}  // namespace
+
 HWND FindChild(HWND parent, const std::wstring& name) {
-    struct Search {
-        const std::wstring& name;
-        HWND found;
-    } search{name, nullptr};
-    EnumChildWindows(
-        parent,
-        [](HWND window, LPARAM data) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(data);
-            if (NameOfWindow(window) != wanted.name) return TRUE;
-            wanted.found = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    ChildSearch search{name, nullptr};
+    EnumChildWindows(parent, CompareChild, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 

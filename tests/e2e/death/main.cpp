@@ -85,16 +85,19 @@ void ServeThreads(const std::string& dataPath) {
     });
 }
 
+UINT strangerHeard = 0;
+LRESULT CALLBACK StrangerProcedure(HWND window, UINT message, WPARAM wParam,
+                                   LPARAM lParam) noexcept {
+    if (message == WM_KEYDOWN) strangerHeard = static_cast<UINT>(wParam);
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
 // What a window of another module keeps is not this module's to read, whatever its class is called.
 void LeaveStrangersAlone(const std::string& dataPath) {
     RunOnThread([&] {
-        static UINT heard = 0;
+        strangerHeard = 0;
         WNDCLASSW description{};
-        description.lpfnWndProc = [](HWND window, UINT message, WPARAM wParam,
-                                     LPARAM lParam) noexcept -> LRESULT {
-            if (message == WM_KEYDOWN) heard = static_cast<UINT>(wParam);
-            return DefWindowProcW(window, message, wParam, lParam);
-        };
+        description.lpfnWndProc = StrangerProcedure;
         description.hInstance = GetModuleHandleW(nullptr);
         description.lpszClassName = L"zv.Form";
         RegisterClassW(&description);
@@ -109,7 +112,7 @@ void LeaveStrangersAlone(const std::string& dataPath) {
         const HWND editor = FindNamed(GetCurrentThreadId(), L"frmTaskSet");
         PostMessageW(stranger, WM_KEYDOWN, VK_F5, 0);
         PumpWaiting();
-        Check("a stranger of the same class name gets its keys", heard == VK_F5);
+        Check("a stranger of the same class name gets its keys", strangerHeard == VK_F5);
         Check("and keeps its memory", kept == std::string(4096, '\0'));
         SendMessageW(editor, WM_CLOSE, 0, 0);
         PumpWaiting();

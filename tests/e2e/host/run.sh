@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
 # The host kit as Windows programs meet it: registration, a script, the demonstration host.
-# ZV_BIN: folder of the programs that ship; ZV_TEST_BIN: of those that test them, the same when it is
-# not given; WINEPREFIX: the prefix to use. Ends with the line "N passed, N failed".
+# ZV_BIN: folder of the programs that ship; ZV_TEST_BIN: of those that test them, as
+# tools/setup/wine.sh sets them for a width. Ends with the line "N passed, N failed".
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
-: "${ZV_BIN:?folder of the programs that ship}" "${ZV_TEST_BIN:=$ZV_BIN}" "${WINEPREFIX:?Wine prefix}"
-wine=${ZV_WINE:-/usr/lib/wine/wine64}
-export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree=;mshtml=}
-# Wine takes the texts of its command lines in the locale's encoding.
-export LC_ALL=${LC_ALL:-C.UTF-8}
+# Its locale is that in which Wine takes the texts of command lines, too.
+source "$here/../../../tools/setup/wine.sh"
+: "${ZV_TEST_BIN:=$ZV_BIN}"
+wine=$ZV_WINE
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 passed=0
@@ -101,7 +100,7 @@ fi
 
 # The demonstration host: it starts, logs what the control does, and ends.
 demo='任务提醒 演示主程序'
-outside() { run "$ZV_TEST_BIN/zvOutside.exe" "$@"; }
+outside() { ZV_WINE_TIMEOUT=120 wine_output "$ZV_TEST_BIN/zvOutside.exe" "$@"; }
 log_has() {
     local i
     for i in $(seq 20); do

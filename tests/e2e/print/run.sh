@@ -16,7 +16,7 @@ passed=0
 failed=0
 
 windows_path() { printf 'Z:%s' "$1" | tr / '\\'; }
-outside() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_TEST_BIN/zvOutside.exe" "$@" 2>&1 | tr -d '\r'; }
+outside() { ZV_WINE_TIMEOUT=60 wine_output "$ZV_TEST_BIN/zvOutside.exe" "$@"; }
 printers() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_TEST_BIN/zvPrinters.exe" "$@"; }
 script() { ZV_WINE_TIMEOUT=120 wine_run cscript //nologo "$(windows_path "$1")" "${@:2}" 2>&1 | tr -d '\r'
     [ "${PIPESTATUS[0]}" -eq 0 ] || echo "the script ended with ${PIPESTATUS[0]}"; }
