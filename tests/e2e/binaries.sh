@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Looks at the built files that ship without running them: the 32-bit ones cannot run here, so their
-# exports and imports are all that shows whether Windows could load them. And none of them may hold
-# what is only for tests, or show where and when it was built.
+# Looks at the built files that ship without running them: their exports and imports, which decide
+# whether every Windows could load them. And none of them may hold what is only for tests, or tell
+# where and when it was built.
 #
 #   binaries.sh [PRESET...]    default: windows-x64-release windows-x86-release
 #
@@ -67,9 +67,9 @@ look_at() { # PRESET FILE
 }
 
 for preset in "$@"; do
-    ships=(zv_Task.ocx zv_Host.dll zvDemo.exe)
+    ships=(zv_Task.ocx zv_Host.dll zvDemo.exe zvdb.exe)
     case $preset in
-        *x64*) objdump=x86_64-w64-mingw32-objdump format=pei-x86-64 ships+=(zvdb.exe) ;;
+        *x64*) objdump=x86_64-w64-mingw32-objdump format=pei-x86-64 ;;
         *) objdump=i686-w64-mingw32-objdump format=pei-i386 ;;
     esac
     for file in "${ships[@]}"; do look_at "$preset" "$file"; done
