@@ -18,7 +18,7 @@ failed=0
 windows_path() { printf 'Z:%s' "$1" | tr / '\\'; }
 outside() { ZV_WINE_TIMEOUT=60 wine_output "$ZV_TEST_BIN/zvOutside.exe" "$@"; }
 printers() { ZV_WINE_TIMEOUT=60 wine_run "$ZV_TEST_BIN/zvPrinters.exe" "$@"; }
-script() { ZV_WINE_TIMEOUT=120 wine_run cscript //nologo "$(windows_path "$1")" "${@:2}" 2>&1 | tr -d '\r'
+script() { ZV_WINE_TIMEOUT=400 wine_run cscript //nologo "$(windows_path "$1")" "${@:2}" 2>&1 | tr -d '\r'
     [ "${PIPESTATUS[0]}" -eq 0 ] || echo "the script ended with ${PIPESTATUS[0]}"; }
 check() { # NAME COMMAND...
     local name=$1
@@ -165,7 +165,7 @@ preview wide
 # Another round of tests may have the machine to itself for most of the time.
 written() {
     local i
-    for i in $(seq 2400); do
+    for i in $(seq 3000); do
         tail -c 20 "$work/across.ps" 2>/dev/null | grep -q EOF && return 0
         sleep 0.1
     done
