@@ -1,21 +1,16 @@
-# The writer of PDF files: the library PDFWriter with the FreeType and zlib that it stands on, from
-# the sources that the npm package muhammara carries, one version for every platform. Only what
-# writes texts in TrueType and CFF fonts is built: no pictures.
-set(ZV_PDF_PACKAGE muhammara@6.0.6)
-set(ZV_PDF_DIR ${CMAKE_SOURCE_DIR}/build/deps/pdf_writer)
-set(ZV_PDF_SOURCE ${ZV_PDF_DIR}/package/src/deps)
-if(NOT EXISTS ${ZV_PDF_SOURCE}/PDFWriter/PDFWriter.cpp)
-    find_program(ZV_NPM npm REQUIRED)
-    file(MAKE_DIRECTORY ${ZV_PDF_DIR})
-    execute_process(COMMAND ${ZV_NPM} pack --loglevel=error ${ZV_PDF_PACKAGE}
-                    WORKING_DIRECTORY ${ZV_PDF_DIR} RESULT_VARIABLE rc OUTPUT_VARIABLE tarball
-                    ERROR_VARIABLE reason OUTPUT_STRIP_TRAILING_WHITESPACE)
-    if(NOT rc EQUAL 0)
-        message(FATAL_ERROR "npm could not fetch ${ZV_PDF_PACKAGE}: ${reason}")
-    endif()
-    file(ARCHIVE_EXTRACT INPUT ${ZV_PDF_DIR}/${tarball} DESTINATION ${ZV_PDF_DIR}
-         PATTERNS package/LICENSE package/src/deps/FreeType/include/* package/src/deps/FreeType/src/*
-                  package/src/deps/LibAesgm/* package/src/deps/PDFWriter/* package/src/deps/Zlib/*)
+# The writer of PDF files: the library PDFWriter from the sources that the npm package muhammara
+# carries, the FreeType that it reads fonts with, and the system's zlib (dependencies.cmake tells the
+# versions). Only what writes texts in TrueType and CFF fonts is built: no pictures.
+zv_fetch(muhammara ZV_PDF_SOURCE)
+string(APPEND ZV_PDF_SOURCE /package/src/deps)
+zv_fetch(freetype ZV_FREETYPE_SOURCE)
+string(APPEND ZV_FREETYPE_SOURCE /freetype-${ZV_COMPONENT_FreeType_VERSION})
+find_path(ZV_ZLIB_INCLUDE zlib.h REQUIRED)
+if(WIN32)
+    # By its whole name: a plain "z" would be the library that loads a DLL.
+    find_library(ZV_ZLIB_LIBRARY libz.a REQUIRED)
+else()
+    find_library(ZV_ZLIB_LIBRARY z REQUIRED)
 endif()
 
 # FreeType asks this file for its modules: those that read TrueType and CFF fonts and no others.
@@ -29,15 +24,26 @@ FT_USE_MODULE( FT_Module_Class, pshinter_module_class )
 FT_USE_MODULE( FT_Module_Class, sfnt_module_class )
 ]])
 
+# What no font of a print needs is not there: fonts that vary (a fault of 2.13.3, CVE-2026-23865, lies
+# in their code; without it such a font is read as it is by default), fonts that are compressed, and
+# those of old Macs. FreeType's own options hold otherwise.
+set(ZV_PDF_FONT_OPTIONS ${CMAKE_BINARY_DIR}/pdf_writer/font_options.h)
+file(READ ${ZV_FREETYPE_SOURCE}/include/freetype/config/ftoption.h options)
+foreach(option TT_CONFIG_OPTION_GX_VAR_SUPPORT FT_CONFIG_OPTION_USE_LZW FT_CONFIG_OPTION_USE_ZLIB
+               FT_CONFIG_OPTION_MAC_FONTS TT_CONFIG_OPTION_BDF FT_CONFIG_OPTION_SVG)
+    string(REGEX REPLACE "\n#define +${option}[ \t]*\n" "\n/* ${option} is off */\n" without "${options}")
+    if(without STREQUAL options)
+        message(FATAL_ERROR "FreeType has no option ${option} to switch off")
+    endif()
+    set(options "${without}")
+endforeach()
+file(CONFIGURE OUTPUT ${ZV_PDF_FONT_OPTIONS} CONTENT "${options}" @ONLY)
+
 set(ZV_FREETYPE_SOURCES)
 foreach(file IN ITEMS base/ftbase base/ftbbox base/ftbitmap base/ftcid base/ftdebug base/ftfstype base/ftglyph
-                      base/ftinit base/ftsystem base/fttype1 cff/cff gzip/ftgzip psaux/psaux
+                      base/ftinit base/ftsystem base/fttype1 cff/cff psaux/psaux
                       pshinter/pshinter psnames/psnames sfnt/sfnt truetype/truetype)
-    list(APPEND ZV_FREETYPE_SOURCES ${ZV_PDF_SOURCE}/FreeType/src/${file}.c)
-endforeach()
-set(ZV_ZLIB_SOURCES)
-foreach(file IN ITEMS adler32 compress crc32 deflate inffast inflate inftrees trees uncompr zutil)
-    list(APPEND ZV_ZLIB_SOURCES ${ZV_PDF_SOURCE}/Zlib/${file}.c)
+    list(APPEND ZV_FREETYPE_SOURCES ${ZV_FREETYPE_SOURCE}/src/${file}.c)
 endforeach()
 set(ZV_AES_SOURCES)
 foreach(file IN ITEMS aes_modes aes_ni aescrypt aeskey aestab)
@@ -45,18 +51,17 @@ foreach(file IN ITEMS aes_modes aes_ni aescrypt aeskey aestab)
 endforeach()
 file(GLOB ZV_PDF_SOURCES ${ZV_PDF_SOURCE}/PDFWriter/*.cpp)
 
-add_library(zv_freetype STATIC ${ZV_FREETYPE_SOURCES} ${ZV_ZLIB_SOURCES})
-target_include_directories(zv_freetype SYSTEM PUBLIC ${ZV_PDF_SOURCE}/FreeType/include
-                                                     ${ZV_PDF_SOURCE}/Zlib)
-target_compile_definitions(zv_freetype PUBLIC FT_CONFIG_OPTION_SYSTEM_ZLIB=1
-                           FT_CONFIG_MODULES_H="${ZV_PDF_MODULES}" PRIVATE FT2_BUILD_LIBRARY=1)
+add_library(zv_freetype STATIC ${ZV_FREETYPE_SOURCES})
+target_include_directories(zv_freetype SYSTEM PUBLIC ${ZV_FREETYPE_SOURCE}/include)
+target_compile_definitions(zv_freetype PUBLIC FT_CONFIG_MODULES_H="${ZV_PDF_MODULES}"
+                           FT_CONFIG_OPTIONS_H="${ZV_PDF_FONT_OPTIONS}" PRIVATE FT2_BUILD_LIBRARY=1)
 
 add_library(zv_pdf_writer STATIC ${ZV_PDF_SOURCES} ${ZV_AES_SOURCES})
 target_include_directories(zv_pdf_writer SYSTEM PUBLIC ${ZV_PDF_SOURCE}/PDFWriter
-                                                PRIVATE ${ZV_PDF_SOURCE}/LibAesgm)
+                           PRIVATE ${ZV_PDF_SOURCE}/LibAesgm ${ZV_ZLIB_INCLUDE})
 target_compile_definitions(zv_pdf_writer PUBLIC PDFHUMMUS_NO_TIFF=1 PDFHUMMUS_NO_DCT=1
                                                 PDFHUMMUS_NO_PNG=1)
-target_link_libraries(zv_pdf_writer PUBLIC zv_freetype)
+target_link_libraries(zv_pdf_writer PUBLIC zv_freetype PRIVATE ${ZV_ZLIB_LIBRARY})
 # Many small files that include the same headers: compiled together they cost a fraction. Files that
 # give something outside any class the same name go to different batches.
 set(ZV_PDF_BATCHES 6)

@@ -17,6 +17,10 @@ endif()
 # zv_ships(TARGET): the file is one of those that users get.
 function(zv_ships target)
     if(ZV_SHIPS)
+        set_property(GLOBAL APPEND PROPERTY ZV_SHIPPED ${target})
+        # What the linker took, for the list of what is inside.
+        file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/maps)
+        target_link_options(${target} PRIVATE -Wl,-Map=${CMAKE_BINARY_DIR}/maps/$<TARGET_FILE_NAME:${target}>.map)
         # The dates to preserve are those inside the files too, where objcopy puts its own otherwise.
         add_custom_command(TARGET ${target} POST_BUILD
             COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
