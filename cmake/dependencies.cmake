@@ -87,7 +87,7 @@ zv_component(GCC-runtime DEBIAN g++-mingw-w64-*-posix FILE libstdc++.a
 zv_component(winpthreads DEBIAN mingw-w64-*-dev FILE libwinpthread.a
     LICENCE "MIT AND BSD-3-Clause" SUPPLIER "Organization: The MinGW-w64 project"
     USED "threads, below the standard library of C++"
-    LIBRARIES "/libwinpthread[.]a[(]"
+    LIBRARIES "/lib(win)?pthread[.]a[(]"
     TEXTS /usr/share/doc/mingw-w64-*-dev/copyright)
 zv_component(MinGW-w64-runtime DEBIAN mingw-w64-*-dev FILE libmingwex.a
     LICENCE "ZPL-2.1 AND LicenseRef-MinGW-w64-parts" SUPPLIER "Organization: The MinGW-w64 project"

@@ -14,6 +14,22 @@ if(ZV_SHIPS)
     endif()
 endif()
 
+# zv_version_info(TARGET FILE DLL|APP DESCRIPTION [SELF_REGISTERS]): makes version_info.rc, what Windows
+# shows as the version of the file, for the target's resource script to include.
+function(zv_version_info target file kind description)
+    set(self_register "")
+    if(ARGN STREQUAL SELF_REGISTERS)
+        set(self_register "            VALUE \"OLESelfRegister\", \"\"\n")
+    endif()
+    string(REPLACE . , numbers "${PROJECT_VERSION}.0")
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/${target}_version)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/version_info.rc.in ${folder}/version_info.rc @ONLY)
+    target_include_directories(${target} PRIVATE ${folder})
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "[.]rc$")
+    set_property(SOURCE ${sources} APPEND PROPERTY OBJECT_DEPENDS ${folder}/version_info.rc)
+endfunction()
+
 # zv_ships(TARGET): the file is one of those that users get.
 function(zv_ships target)
     if(ZV_SHIPS)
@@ -30,4 +46,24 @@ function(zv_ships target)
     elseif(WIN32)
         target_link_options(${target} PRIVATE $<$<CONFIG:Release>:-s>)
     endif()
+endfunction()
+
+# zv_ships_together(): the target "ships", all that users get: the programs, the bill of materials of
+# what is inside and the licences of it.
+function(zv_ships_together)
+    get_property(targets GLOBAL PROPERTY ZV_SHIPPED)
+    if(NOT targets)
+        return()
+    endif()
+    string(REGEX REPLACE "([^;]+)" "$<TARGET_FILE_NAME:\\1>" files "${targets}")
+    string(REPLACE ";" "," files "${files}")
+    string(REPLACE _ - width ${CMAKE_SYSTEM_PROCESSOR})
+    add_custom_target(ships ALL
+        COMMAND ${CMAKE_COMMAND} -DBIN=${CMAKE_BINARY_DIR}/bin -DFILES=${files} -DMAPS=${CMAKE_BINARY_DIR}/maps
+                -DOUT=${CMAKE_BINARY_DIR}/bin/zvTask.spdx.json -DLICENCES=${CMAKE_BINARY_DIR}/licences
+                -DVERSION=${PROJECT_VERSION} -DWIDTH=${width} -DCXX=${CMAKE_CXX_COMPILER}
+                -DZV_PACKAGES_DIR=${ZV_PACKAGES_DIR} -P ${PROJECT_SOURCE_DIR}/cmake/bill_of_materials.cmake
+        COMMENT "Listing what is inside what ships"
+        VERBATIM)
+    add_dependencies(ships ${targets})
 endfunction()

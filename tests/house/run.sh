@@ -107,6 +107,9 @@ check "a double knows only ports" \
 check "tools know of the tests only the doubles" \
     "$(sources tools | xargs grep -nE '#include "(application|contract|unit)/')"
 
+check "no source tells when it is built" \
+    "$(sources src host tools | xargs grep -nE '__(DATE|TIME|TIMESTAMP)__')"
+
 check "nothing is thrown at the system" \
     "$(sources src/{base,forms,platform}/win32 src/{automation,com,store/ado} host |
         xargs -n1 awk -f tests/house/boundary.awk)"

@@ -43,6 +43,8 @@ const char kHelp[] =
       has it open. "wal", the mode of new files, lets programs of one machine read and
       write at once. On a network share it would destroy the file, so programs refuse
       it there; "rollback" is for files that several machines share.
+  zvdb --version
+      Shows the versions of this program and of the libraries inside it.
 
   SERVER is named as the control's data path names it: "postgresql:HOST",
   "postgresql://HOST:PORT/DATABASE", "HOST" or "HOST\INSTANCE" for SQL Server, or a
@@ -180,6 +182,10 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
     if (arguments.empty()) throw UsageError("a command is missing");
     for (const std::string& argument : arguments) {
         if (argument == "--help" || argument == "-h") return line;
+    }
+    if (arguments.size() == 1 && arguments[0] == "--version") {
+        line.command = Command::Version;
+        return line;
     }
     line.command = CommandNamed(arguments[0]);
     if (line.command == Command::Import) {

@@ -10,7 +10,7 @@
 
 namespace zv::zvdb {
 
-enum class Command { Help, Create, Sample, Check, Import, Mode, Backup, Restore };
+enum class Command { Help, Version, Create, Sample, Check, Import, Mode, Backup, Restore };
 
 struct CommandLine {
     Command command = Command::Help;

@@ -13,6 +13,7 @@
 #include "zvdb/import/interruption.h"
 #include "zvdb/journal.h"
 #include "zvdb/server_database.h"
+#include "zvdb/version.h"
 
 namespace zv::zvdb {
 namespace {
@@ -117,6 +118,9 @@ int RunCommand(const std::vector<std::string>& arguments, DateTime today, const 
         switch (line.command) {
             case Command::Help:
                 console.out << kHelp;
+                return kFine;
+            case Command::Version:
+                console.out << VersionText();
                 return kFine;
             case Command::Create:
             case Command::Sample:

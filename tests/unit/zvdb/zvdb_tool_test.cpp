@@ -136,10 +136,23 @@ TEST_F(ZvdbUsage, HelpNamesEveryCommandAndOption) {
     }
 }
 
+// The versions meant are those of the project and of its table of dependencies.
+TEST_F(ZvdbUsage, ReportsItsVersionAndThoseOfTheLibrariesInside) {
+    const Outcome version = RunZvdb({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.err, "");
+    EXPECT_TRUE(version.out.starts_with("zvdb " ZV_VERSION_MEANT "\nSQLite " ZV_SQLITE_MEANT
+                                        "\nGCC runtime " ZV_COMPILER_MEANT "\n"))
+        << version.out;
+    EXPECT_TRUE(version.out.ends_with('\n')) << version.out;
+    EXPECT_NE(RunZvdb({"--help"}).out.find("zvdb --version"), std::string::npos);
+}
+
 TEST_F(ZvdbUsage, WrongArgumentsAreReportedAndMakeNothing) {
     const std::vector<std::vector<std::string>> cases = {
         {},
         {"make", Path("a.db")},
+        {"--version", "check"},
         {"create"},
         {"create", Path("a.db"), Path("b.db")},
         {"create", Path("a.db"), "--items", "5"},
