@@ -145,6 +145,9 @@ winpthreads winpthreads
 zlib Jean-loup Gailly and Mark Adler
 END
 
+    check "$preset: day of the type library" "Mon Jan 1 00:00:00 2001" \
+        "$(strings -a "$bin/zv_Task.ocx" | sed -nE 's/^Created by WIDL version .* at (.*)/\1/p' | tr -s ' ')"
+
     # What Windows shows.
     version=$(sed -nE 's/^project\(zvTask VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt)
     local numbers

@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
-# Builds once more and compares the files with those of the first build.
+# Builds what ships once more, in another folder, at another time, in another time zone, for other eyes
+# only and without the compiler's cache, and compares the files with those of the first build.
 #
 #   reproducible.sh [PRESET...]    default: windows-x64-release windows-x86-release
 #
-# By itself it builds parts. In another folder, in another time zone, for other eyes only and without
-# the compiler's cache: FreeType, the type library and the control's resources, and where objects are
-# not yet to be optimised across files (32 bits) the library of the project that stands lowest. Where
-# they lie: the demonstration host is linked again, its symbols set apart. With ZV_LONG=1 it builds
-# and compares everything that ships, from the sources, in that other folder. The presets must be
-# built before. Closes with "N passed, N failed".
+# By itself it builds a part: the demonstration host (our own sources compiled, optimised across files
+# and linked, resources, symbols set apart), FreeType, the type library and the resources of the
+# control. With ZV_LONG=1 it builds and compares everything that ships. The presets must be built
+# before. Closes with "N passed, N failed".
 set -uo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 cd "$root" || exit 1
@@ -17,7 +16,6 @@ passed=0
 failed=0
 # Longer than the first, so that no path has the same length.
 again=$root/build/built-again/in-another-folder
-control=src/com/CMakeFiles/zv_Task.dir
 
 same() { # PRESET FILE
     local first=$root/build/$1/$2 second=$again/build/$1/$2
@@ -48,30 +46,28 @@ elsewhere() { # PRESET TARGET...
     return 1
 }
 
-# The linker and objcopy get another time, other names for what they put aside, and no first result.
-link_again() { # PRESET
-    local preset=$1 bin=build/$1/bin kept=$again/build/$1/bin file
-    mkdir -p "$kept" "$again/aside"
-    mv "$bin"/zvDemo.exe "$bin"/zvDemo.exe.debug "$kept/" || { failed=$((failed + 1)); return; }
-    TZ=Asia/Shanghai TMPDIR=$again/aside cmake --build --preset "$preset" --target zvDemo >"$again/link.log" 2>&1 ||
-        tail -n 30 "$again/link.log"
-    for file in bin/zvDemo.exe bin/zvDemo.exe.debug; do same "$preset" "$file"; done
+# The commands that make a file, as the first build had them, in the other folder: as targets they
+# would bring all that the control is linked with.
+repeated() { # PRESET FILE
+    sed "s|$root/|$again/|g" <<<"$(ninja -C "build/$1" -t commands -s "$2")" |
+        (cd "$again/build/$1" && TZ=Asia/Shanghai bash) >"$again/build.log" 2>&1 ||
+        tail -n 30 "$again/build.log"
 }
 
 for preset in "$@"; do
     if [ -n "${ZV_LONG:-}" ]; then
         elsewhere "$preset" ships || continue
-        [ -s "$again/build/$preset/bin/zv_Task.ocx" ] || failed=$((failed + 1))
-        while read -r file; do same "$preset" "$file"; done < <(
-            cd "$again/build/$preset" && find bin licences -type f | sort)
-        continue
+        parts=(bin/zv_Task.ocx bin/zvTask.spdx.json licences/zlib.txt)
+    else
+        elsewhere "$preset" zvDemo zv_freetype || continue
+        parts=(bin/zvDemo.exe bin/zvDemo.exe.debug libzv_freetype.a src/com/zv_task.tlb
+            src/com/CMakeFiles/zv_Task.dir/zv_task.rc.res)
+        for file in "${parts[@]:3}"; do repeated "$preset" "$file"; done
     fi
-    parts=(libzv_freetype.a src/com/zv_task.tlb "$control/zv_task.rc.res")
-    # What is to be optimised across files has sections with names made up each time.
-    [[ $preset == *x64* ]] || parts+=(src/base/libzv_base.a)
-    elsewhere "$preset" "${parts[@]}" || continue
     for file in "${parts[@]}"; do same "$preset" "$file"; done
-    link_again "$preset"
+    while read -r file; do
+        [[ " ${parts[*]} " == *" $file "* ]] || same "$preset" "$file"
+    done < <(cd "$again/build/$preset" && find bin licences -type f 2>/dev/null | sort)
 done
 rm -rf "$again"
 
