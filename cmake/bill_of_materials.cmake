@@ -45,6 +45,7 @@ function(inside file components)
     set(found)
     foreach(line IN LISTS lines)
         string(REGEX REPLACE "^LOAD " "" path "${line}")
+        cmake_path(SET path NORMALIZE "${path}")
         # Objects that the compiler makes while it links are made of the others.
         if(path MATCHES "/cc[A-Za-z0-9]+[.]([a-z0-9]+[.])*o$")
             continue()

@@ -124,9 +124,9 @@ look_at() { # PRESET COMPILER
         "$(told MinGW-w64-runtime versionInfo | cut -d . -f 1,2)"
     check "$preset: version of the compiler's runtime" "$("$cxx" -dumpversion | grep -oE '^[0-9]+')" \
         "$(told GCC-runtime versionInfo | cut -d . -f 1)"
-    check "$preset: SQLite in zv_Host.dll" "$(told SQLite versionInfo) $(sed -nE 's/^#define SQLITE_SOURCE_ID +"(.*)"/\1/p' "$sqlite")" \
-        "$(strings -a "$bin/zv_Host.dll" | grep -xF -e "$(told SQLite versionInfo)" | head -n 1) $(
-            strings -a "$bin/zv_Host.dll" | grep -xE '[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9:]{8} [0-9a-f]{64}' | head -n 1)"
+    # What lies before a constant in a file may look like a part of it.
+    check "$preset: SQLite in zv_Host.dll" "$(sed -nE 's/^#define SQLITE_SOURCE_ID +"(.*)"/\1/p' "$sqlite")" \
+        "$(strings -a "$bin/zv_Host.dll" | grep -oE '[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9:]{8} [0-9a-f]{64}' | lines)"
     check "$preset: zlib in zv_Host.dll" "deflate $(told zlib versionInfo)" \
         "$(strings -a "$bin/zv_Host.dll" | grep -oE 'deflate [0-9.]+[0-9]' | lines)"
     check "$preset: sum of zlib" "$(sha512sum "$("$cxx" -print-file-name=libz.a)" | cut -d ' ' -f 1)" "$(told zlib SHA512)"
