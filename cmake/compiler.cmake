@@ -33,7 +33,8 @@ if(ZV_PRECOMPILED_HEADERS)
     # In a precompiled standard library the same bug shows itself in more ways.
     target_compile_options(zv_options INTERFACE -Wno-error=invalid-pch -Wno-array-bounds
                                                 -Wno-stringop-overflow -Wno-stringop-overread)
-    if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES ccache)
+    # A compiler's cache needs this. Debugging information names it, so what ships always has it.
+    if(ZV_SHIPS OR CMAKE_CXX_COMPILER_LAUNCHER MATCHES ccache)
         target_compile_options(zv_options INTERFACE -fpch-preprocess)
     endif()
 endif()
