@@ -51,6 +51,10 @@ STDMETHODIMP ControlSite::QueryInterface(REFIID iid, void** object) {
     return S_OK;
 }
 
+STDMETHODIMP_(ULONG) ControlSite::AddRef() {
+    return static_cast<ULONG>(++references_);
+}
+
 STDMETHODIMP_(ULONG) ControlSite::Release() {
     const long left = --references_;
     if (left == 0) delete this;

@@ -37,7 +37,8 @@ class ControlSite final : public IOleClientSite,
 
     // IUnknown
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }
+    // Not inline: the optimisation across files takes its thunks twice otherwise.
+    STDMETHODIMP_(ULONG) AddRef() override;
     STDMETHODIMP_(ULONG) Release() override;
 
     // IOleClientSite
