@@ -36,9 +36,9 @@ class RowCommandsTest : public ::testing::TestWithParam<RowCommand> {
     std::string Play(const std::string& lines) {
         const auto path = folder / "a.zvs";
         std::ofstream(path, std::ios::binary) << lines;
-        std::vector<std::string> lines;
-        Runner({}, [&](const std::string& line) { lines.push_back(line); }).Run({Utf8Of(path)});
-        return lines.front();
+        std::vector<std::string> reports;
+        Runner({}, [&](const std::string& line) { reports.push_back(line); }).Run({Utf8Of(path)});
+        return reports.front();
     }
 
     test::TemporaryFolder folder;
