@@ -75,7 +75,7 @@ HRESULT TakenArguments::TakeValue(const MemberShape& shape, const MemberCall& ca
     if (FAILED(hr)) return Misfits(hr, 0, call.badArgument);
     converted_.values[0] = value.Detach();
     converted_.isFilled = true;
-    taken_ = Arguments(nullptr, 0, &converted_.values[0]);
+    taken_ = Arguments(nullptr, 0, converted_.values.data());
     return S_OK;
 }
 
