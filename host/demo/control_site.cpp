@@ -122,8 +122,8 @@ STDMETHODIMP ControlSite::GetExtendedControl(IDispatch** control) {
 STDMETHODIMP ControlSite::TransformCoords(POINTL* himetric, POINTF* container, DWORD flags) {
     if (!himetric || !container) return E_POINTER;
     const HDC screen = GetDC(nullptr);
-    const float perInchX = static_cast<float>(GetDeviceCaps(screen, LOGPIXELSX));
-    const float perInchY = static_cast<float>(GetDeviceCaps(screen, LOGPIXELSY));
+    const auto perInchX = static_cast<float>(GetDeviceCaps(screen, LOGPIXELSX));
+    const auto perInchY = static_cast<float>(GetDeviceCaps(screen, LOGPIXELSY));
     ReleaseDC(nullptr, screen);
     if (flags & XFORMCOORDS_HIMETRICTOCONTAINER) {
         container->x = static_cast<float>(himetric->x) * perInchX / kHimetricPerInch;

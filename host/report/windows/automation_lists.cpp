@@ -107,8 +107,11 @@ std::vector<std::string> ReadTexts(const Variant& list) {
 }
 
 Table ReadGrid(IDispatch& grid) {
-    Member rowCount(L"RowCount"), columnCount(L"ColumnCount"), heading(L"Heading"),
-        columnWidth(L"ColumnWidth"), text(L"Text");
+    Member rowCount(L"RowCount");
+    Member columnCount(L"ColumnCount");
+    Member heading(L"Heading");
+    Member columnWidth(L"ColumnWidth");
+    Member text(L"Text");
     Table table;
     const std::int32_t columns = ToNumber(GetProperty(grid, columnCount));
     const std::int32_t rows = ToNumber(GetProperty(grid, rowCount));
@@ -130,8 +133,13 @@ Table ReadGrid(IDispatch& grid) {
 
 Table ReadRecordset(IDispatch& recordset, const std::vector<Heading>& columns,
                     std::int16_t language) {
-    Member eof(L"EOF"), fieldsMember(L"Fields"), count(L"Count"), item(L"Item"), name(L"Name"),
-        value(L"Value"), moveNext(L"MoveNext");
+    Member eof(L"EOF");
+    Member fieldsMember(L"Fields");
+    Member count(L"Count");
+    Member item(L"Item");
+    Member name(L"Name");
+    Member value(L"Value");
+    Member moveNext(L"MoveNext");
     const ComPtr<IDispatch> fields = GetObjectProperty(recordset, fieldsMember);
     std::vector<ComPtr<IDispatch>> sources;
     std::vector<std::string> names;

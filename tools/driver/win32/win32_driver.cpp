@@ -143,7 +143,7 @@ void Win32Driver::PressNode(Control& control, const std::string& key, UINT down,
     if (!item) throw DriverError(control.DisplayName() + " does not show \"" + key + "\"");
     SendMessageW(native.Handle(), TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
     RECT place = {};
-    std::memcpy(&place, &item, sizeof item);
+    std::memcpy(&place, &item, sizeof(HTREEITEM));
     SendMessageW(native.Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
     // Rows as wide as the window may end outside it.
     const LPARAM at =
@@ -213,7 +213,8 @@ void Win32Driver::Pick(Control& control, int position) {
     const HWND window = Native(control).Handle();
     const auto row = static_cast<WPARAM>(static_cast<INT_PTR>(position));
     SendMessageW(window, combo ? CB_SETCURSEL : LB_SETCURSEL, row, 0);
-    Command(window, combo ? CBN_SELCHANGE : LBN_SELCHANGE);
+    static_assert(CBN_SELCHANGE == LBN_SELCHANGE);
+    Command(window, LBN_SELCHANGE);
     PumpMessages();
 }
 

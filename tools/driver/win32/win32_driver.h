@@ -15,19 +15,19 @@ class Win32Driver : public Driver {
 
     void Click(forms::Control& control) override;
     void Choose(forms::MenuItem& item) override;
-    void ClickNode(forms::Control& tree, const std::string& key) override;
-    void RightClickNode(forms::Control& tree, const std::string& key) override;
+    void ClickNode(forms::Control& control, const std::string& key) override;
+    void RightClickNode(forms::Control& control, const std::string& key) override;
     void Type(forms::Control& control, const std::string& text) override;
     void PressKey(forms::Control& control, const forms::KeyEvent& key) override;
     void PressAccessKey(forms::Form& form, char letter) override;
-    void Pick(forms::Control& list, int position) override;
-    void SetDate(forms::Control& picker, const std::optional<DateTime>& value) override;
-    void Spin(forms::Control& upDown, int direction) override;
-    void Tick(forms::Control& timer) override;
+    void Pick(forms::Control& control, int position) override;
+    void SetDate(forms::Control& control, const std::optional<DateTime>& value) override;
+    void Spin(forms::Control& control, int direction) override;
+    void Tick(forms::Control& control) override;
     void MoveMouse(forms::Control& control, int xTwips, int yTwips) override;
     void RightPress(forms::Control& control) override;
-    void SelectTab(forms::Control& tabs, int tab) override;
-    void SelectRow(forms::Control& grid, int row) override;
+    void SelectTab(forms::Control& control, int tab) override;
+    void SelectRow(forms::Control& control, int row) override;
     void AddRow(forms::Control& control, int row) override;
     void PressHeading(forms::Control& control, int column) override;
     void ResizeColumn(forms::Control& control, int column, int width) override;
