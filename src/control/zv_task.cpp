@@ -152,7 +152,10 @@ void ZvTask::RunAlertPass() {
     auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
     if (window && window->IsShown()) {
         // A window that the user works with is never closed by an alert pass.
-        if (window->AlertAgain()) window->Show(false);
+        if (window->AlertAgain()) {
+            window->Show(false);
+            AnnounceAlert(*window);
+        }
         return;
     }
     // One pass is enough: a box of another one stands, or it would be shown.
@@ -161,7 +164,16 @@ void ZvTask::RunAlertPass() {
     if (window) window->Unload();
     session_.windows.OpenIf<frmTaskMain>(
         modal, [](frmTaskMain& made) { made.TaskAlert(windows::kAlertMode); },
-        [](const frmTaskMain& made) { return made.HasAlert(); }, session_);
+        [this](const frmTaskMain& made) {
+            if (!made.HasAlert()) return false;
+            AnnounceAlert(made);
+            return true;
+        },
+        session_);
+}
+
+void ZvTask::AnnounceAlert(const frmTaskMain& window) {
+    session_.Announce([items = window.ItemsShown()](HostEvents& host) { host.AlertShown(items); });
 }
 
 void ZvTask::OpenMainWindow(std::int16_t mode, bool modal) {
@@ -175,7 +187,11 @@ bool ZvTask::MarkDirectly() {
     // Without an item myDate may be anything: a date that a call before needed, for example.
     if (item == 0) return false;
     const std::int16_t flag = number::ToInt16(state.myDate.value_or(0));
-    return items::Mark(session_.database, item, flag, state.UserName);
+    if (!items::Mark(session_.database, item, flag, state.UserName)) return false;
+    if (!session_.database.ChangedNothing()) {
+        session_.Announce([item, flag](HostEvents& host) { host.ItemDone(item, flag); });
+    }
+    return true;
 }
 
 bool ZvTask::AddInstance() {

@@ -48,6 +48,7 @@ class ZvTask {
     /// Loads the main window unseen and shows it when something is due. A window that exists is
     /// filled anew instead.
     void RunAlertPass();
+    void AnnounceAlert(const frmTaskMain& window);
     /// Shows the main window in a start mode; one that exists comes to the front.
     void OpenMainWindow(std::int16_t mode, bool modal);
     /// Marks the item myTaskID with the flag myDate; false when there is no item.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <utility>
 
 #include "forms/buttons.h"
@@ -113,12 +114,22 @@ void Form::Unload() {
 
 void Form::Vanish() {
     Hide();
+    ReportClosed();
     gone_ = true;
     loaded_ = false;
     active_ = nullptr;
     for (Control* control : controls_) control->DetachPeer();
     peer_.reset();
     windows_.Retire(*this);
+}
+
+void Form::ReportClosed() {
+    if (!seen_ || gone_ || !windows_.onClosed) return;
+    try {
+        windows_.onClosed(name_);
+    } catch (const std::bad_alloc&) {
+        // The window goes all the same; nobody learns of it.
+    }
 }
 
 void Form::Dismiss() noexcept {

@@ -133,6 +133,7 @@ class Form {
     friend class WindowSystem;
     void Appear(bool modal);
     void Vanish();
+    void ReportClosed();
     /// Unloads the window whatever its handlers say.
     void Dismiss() noexcept;
     /// As Dismiss, for a window whose opening was refused: it counts as never seen.

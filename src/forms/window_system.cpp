@@ -1,6 +1,7 @@
 #include "forms/window_system.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "forms/form.h"
@@ -17,7 +18,7 @@ WindowSystem::Scope::~Scope() {
 class WindowSystem::Standing {
  public:
     Standing(WindowSystem& windows, BoxText box)
-        : scope_(windows, Actor::Nobody), windows_(windows), box_(std::move(box)) {
+        : scope_(windows, Actor::Nobody), loop_(windows), windows_(windows), box_(std::move(box)) {
         windows_.standing_.push_back(&box_);
     }
     // Boxes need not fall in the order in which they rose.
@@ -27,6 +28,7 @@ class WindowSystem::Standing {
 
  private:
     Scope scope_;
+    Loop loop_;
     WindowSystem& windows_;
     BoxText box_;
 };
@@ -127,11 +129,14 @@ bool WindowSystem::HasModal() const {
 }
 
 void WindowSystem::UnloadAll() {
-    const Scope scope(*this);
-    for (Form* form : Windows()) {
-        const std::vector<Form*> present = Windows();
-        if (std::find(present.begin(), present.end(), form) != present.end()) form->Unload();
+    {
+        const Scope scope(*this);
+        for (Form* form : Windows()) {
+            const std::vector<Form*> present = Windows();
+            if (std::find(present.begin(), present.end(), form) != present.end()) form->Unload();
+        }
     }
+    RunWhatFollows();
 }
 
 void WindowSystem::Guard(const std::function<void()>& handler) {
@@ -147,27 +152,46 @@ void WindowSystem::Guard(const std::function<void()>& handler) {
 }
 
 void WindowSystem::FromUser(const std::function<void()>& handler) {
-    const Scope scope(*this, actor_ == Actor::Nobody ? Actor::User : actor_);
-    Guard(handler);
+    {
+        const Scope scope(*this, actor_ == Actor::Nobody ? Actor::User : actor_);
+        Guard(handler);
+    }
+    RunWhatFollows();
 }
 
 void WindowSystem::FromTimer(const std::function<void()>& handler) {
-    const Scope scope(*this, Actor::Timer);
-    Guard(handler);
+    {
+        const Scope scope(*this, Actor::Timer);
+        Guard(handler);
+    }
+    RunWhatFollows();
 }
 
 void WindowSystem::FromHost(const std::function<void()>& handler) {
-    const Scope scope(*this, Actor::Host);
-    const auto outer = std::exchange(refused_, std::nullopt);
+    std::exception_ptr failure;
     std::optional<RuntimeError> refused;
-    try {
-        handler();
+    const auto outer = std::exchange(refused_, std::nullopt);
+    {
+        const Scope scope(*this, Actor::Host);
+        try {
+            handler();
+        } catch (...) {
+            failure = std::current_exception();
+        }
         refused = std::exchange(refused_, outer);
-    } catch (...) {
-        refused_ = outer;
-        throw;
     }
+    RunWhatFollows();
+    if (failure) std::rethrow_exception(failure);
     if (refused) throw BoxStands(*refused);
+}
+
+// An action may open windows and run loops, in which the rest of the queue goes on.
+void WindowSystem::RunWhatFollows() {
+    while (depth_ == loopDepth_ && !after_.empty()) {
+        const std::function<void()> action = std::move(after_.front());
+        after_.pop_front();
+        action();
+    }
 }
 
 void WindowSystem::InterruptFrom(int depth) {
@@ -264,7 +288,10 @@ MenuItem* WindowSystem::ShowMenu(MenuItem& menu, const std::function<MenuItem*()
 
 void WindowSystem::RunModalLoop(Form& form) {
     const Scope scope(*this, Actor::Nobody);
-    backend_.RunModal(form);
+    const Loop loop(*this);
+    // What led to the window; it may close it.
+    RunWhatFollows();
+    if (form.IsShown()) backend_.RunModal(form);
 }
 
 }  // namespace zv::forms

@@ -1,6 +1,7 @@
 // The windows that exist, and the one boundary at which an error of an event handler stops.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -107,10 +108,17 @@ class WindowSystem {
     /// Neither the host nor a timer is what the program reacts to.
     bool UserActs() const { return actor_ != Actor::Host && actor_ != Actor::Timer; }
 
+    /// Runs `action` once no handler is under way any more in the present loop: that of the thread,
+    /// of a modal window or of a box. In the order of the calls; each may cause whatever a host
+    /// may.
+    void AfterHandler(std::function<void()> action) { after_.push_back(std::move(action)); }
+    /// Drops what AfterHandler was given and has not run.
+    void ForgetWhatFollows() { after_.clear(); }
+
     /// `error` is what the box reports, where it reports an error: a call of the host fails with it
     /// when a box of this kind stands. A box that ends without the user counts as acknowledged or
-    /// cancelled; where it has neither button, error 18 ends what the answer was meant for. Of that
-    /// the user is not shown it.
+    /// cancelled; where it has neither button, error 18 ends what the answer was meant for, which is
+    /// not shown to the user.
     Answer ShowMessage(const BoxText& text, int style, const std::string& title = {},
                        const RuntimeError* error = nullptr);
     std::optional<std::string> AskText(const std::string& prompt, bool secret = false);
@@ -125,6 +133,8 @@ class WindowSystem {
     std::string title;
     /// Text that a user reads of an error.
     std::function<std::string(const RuntimeError&)> describeError;
+    /// Takes the name of a window that was shown and is gone. May be empty.
+    std::function<void(const std::string& name)> onClosed;
 
  private:
     friend class Form;
@@ -148,6 +158,20 @@ class WindowSystem {
         Actor before_;
     };
     class Standing;
+    /// A message loop: handlers that it starts are the outermost ones in it.
+    class Loop {
+     public:
+        explicit Loop(WindowSystem& windows)
+            : windows_(windows), before_(std::exchange(windows.loopDepth_, windows.depth_)) {}
+        ~Loop() { windows_.loopDepth_ = before_; }
+        Loop(const Loop&) = delete;
+        Loop& operator=(const Loop&) = delete;
+
+     private:
+        WindowSystem& windows_;
+        int before_;
+    };
+    void RunWhatFollows();
     bool Interrupted() const { return interrupted_ > 0 && depth_ >= interrupted_; }
     void InterruptFrom(int depth);
     void InterruptWhenBoxDied();
@@ -179,6 +203,8 @@ class WindowSystem {
     MenuItem* standingMenu_ = nullptr;
     MenuItem* chosenItem_ = nullptr;
     int depth_ = 0;
+    int loopDepth_ = 0;  ///< the depth at which the present message loop runs
+    std::deque<std::function<void()>> after_;
     /// Not 0: what is nested as deep or deeper is on its way out, because its window died.
     int interrupted_ = 0;
 };

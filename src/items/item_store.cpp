@@ -29,16 +29,20 @@ SavedItem Described(const store::Recordset& row, const ItemRow& written) {
     saved.title = written[field::kTitle].ToText();
     saved.date = written[field::kTime].ToDate();
     saved.kind = KindOf(written[field::kKind].ToInt32()).value_or(ItemKind::Task);
-    try {
-        saved.id = row.Field("fID").ToInt32();
-    } catch (const RuntimeError&) {
-        // Not every database reports the number of a row that it has just taken.
-        saved.id = 0;
-    }
+    saved.id = NumberOfNewRow(row);
     return saved;
 }
 
 }  // namespace
+
+std::int32_t NumberOfNewRow(const store::Recordset& row) {
+    try {
+        return row.Field("fID").ToInt32();
+    } catch (const RuntimeError&) {
+        // Not every database gives the number of a row that it has just taken.
+        return 0;
+    }
+}
 
 std::optional<ItemRow> Load(store::Database& database, std::int32_t id) {
     database.EnsureConnection();

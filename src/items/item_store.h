@@ -35,6 +35,10 @@ struct SavedItem {
     DateTime date;
 };
 
+/// The number of a row that was just written through a recordset; 0 when the database does not
+/// give it.
+std::int32_t NumberOfNewRow(const store::Recordset& row);
+
 /// Writes an item as a new row. `id` opens the table: that of any item, 0 for none.
 SavedItem Add(store::Database& database, std::int32_t id, const ItemEntry& entry);
 

@@ -6,6 +6,7 @@
 
 #include "items/comparisons.h"
 #include "items/fields.h"
+#include "items/item_store.h"
 #include "plans/occurrences.h"
 #include "plans/plan_items.h"
 #include "plans/plan_row.h"
@@ -63,11 +64,13 @@ double PartBefore(const Plan& plan, DateTime date) {
     return std::clamp(static_cast<double>(date.Seconds() - plan.begin.Seconds()) / whole, 0.0, 1.0);
 }
 
-void WriteItems(Database& database, const Recordset& planRow, const GenerationProgress& progress) {
+/// Answers how many were written.
+int WriteItems(Database& database, const Recordset& planRow, const GenerationProgress& progress) {
     const Plan plan = ReadPlan(planRow);
     const auto target = OpenForChange(database, "select * from tTasklist");
     Occurrences occurrences(plan);
-    for (int rows = 0; const auto date = occurrences.Next(); rows++) {
+    int rows = 0;
+    for (; const auto date = occurrences.Next(); rows++) {
         if (progress) progress(rows, PartBefore(plan, *date));
         target->AddNew();
         target->SetField(kColumns[field::kNumber], plan.taskId);
@@ -79,6 +82,7 @@ void WriteItems(Database& database, const Recordset& planRow, const GenerationPr
         target->Update();
     }
     target->Close();
+    return rows;
 }
 
 // The stamp overwrites the executor that was entered: the user who generates the items takes them.
@@ -118,11 +122,12 @@ std::unique_ptr<Recordset> OpenUndone(Database& database, const std::string& tas
 }
 
 // While the question stood the plan may have changed or gone, or the item may have come.
-Instance AddConfirmed(Database& database, std::int16_t taskId, DateTime date) {
+InstanceResult AddConfirmed(Database& database, std::int16_t taskId, DateTime date) {
     database.EnsureConnection();
     const std::string id = std::to_string(taskId);
     const auto plan = FindPlan(database, id);
-    if (!plan) return Instance::PlanIsGone;
+    if (!plan) return {Instance::PlanIsGone, {}};
+    std::optional<std::int32_t> added;
     const std::unique_ptr<Recordset> rows = OpenUndone(database, id, date);
     if (rows->Eof()) {
         rows->AddNew();
@@ -132,37 +137,38 @@ Instance AddConfirmed(Database& database, std::int16_t taskId, DateTime date) {
         rows->SetField(kColumns[field::kTime], date);
         SetAlertWindow(*rows, date, plan->type, plan->width);
         rows->Update();
+        added = items::NumberOfNewRow(*rows);
     }
     rows->Close();
-    return Instance::IsThere;
+    return {Instance::IsThere, added};
 }
 
 }  // namespace
 
-Generation GenerateTaskList(Database& database, const GenerationRequest& request) {
+GenerationResult GenerateTaskList(Database& database, const GenerationRequest& request) {
     database.EnsureConnection();
     // The old items go before the plan is looked at, also those of a plan that is gone.
     const bool asked = DeleteOldItems(database, request);
     const auto plan =
         OpenForChange(database, "select * from tTaskSet where taskID=" + request.taskId);
     const bool found = !plan->Eof();
-    if (found) WriteItems(database, *plan, request.progress);
+    const int rows = found ? WriteItems(database, *plan, request.progress) : 0;
     plan->Close();
     Stamp(database, request);
-    return asked && !found ? Generation::PlanIsGone : Generation::Finished;
+    return {asked && !found ? Generation::PlanIsGone : Generation::Finished, rows};
 }
 
-Instance AddTaskInstance(Database& database, std::int16_t taskId, DateTime date,
-                         const std::function<bool(const std::string& title)>& confirms) {
+InstanceResult AddTaskInstance(Database& database, std::int16_t taskId, DateTime date,
+                               const std::function<bool(const std::string& title)>& confirms) {
     database.EnsureConnection();
     const std::string id = std::to_string(taskId);
     const auto plan = FindPlan(database, id);
-    if (!plan) return Instance::PlanIsGone;
+    if (!plan) return {Instance::PlanIsGone, {}};
     const std::unique_ptr<Recordset> present = OpenUndone(database, id, date);
     const bool exists = !present->Eof();
     present->Close();
-    if (exists) return Instance::IsThere;
-    if (!confirms(plan->title)) return Instance::CalledOff;
+    if (exists) return {Instance::IsThere, {}};
+    if (!confirms(plan->title)) return {Instance::CalledOff, {}};
     return AddConfirmed(database, taskId, date);
 }
 

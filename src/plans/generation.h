@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "base/date_time.h"
@@ -25,19 +26,28 @@ struct GenerationRequest {
 
 /// PlanIsGone: somebody deleted the plan while the question stood, and nothing was generated.
 enum class Generation { Finished, PlanIsGone };
+struct GenerationResult {
+    Generation outcome = Generation::Finished;
+    int rows = 0;  ///< items written
+};
 
 /// Deletes the old items of a plan (all, or only the undone ones as the user answers), writes the
 /// new ones and stamps the plan with the user. Each row is saved by itself; an error of the
 /// database or error 6 (see Occurrences) ends the run where it stands and reaches the caller, the
 /// plan not stamped.
-Generation GenerateTaskList(store::Database& database, const GenerationRequest& request);
+GenerationResult GenerateTaskList(store::Database& database, const GenerationRequest& request);
 
 /// IsThere: an undone item for the date exists, also when it was added.
 enum class Instance { IsThere, CalledOff, PlanIsGone };
+struct InstanceResult {
+    Instance outcome = Instance::PlanIsGone;
+    /// The number of the item that was added, 0 when the database does not give it.
+    std::optional<std::int32_t> added;
+};
 
 /// Adds the one item of a plan for a date. `confirms` answers whether an item of the plan with this
 /// title is added; it is asked when there is none yet. Database errors reach the caller.
-Instance AddTaskInstance(store::Database& database, std::int16_t taskId, DateTime date,
-                         const std::function<bool(const std::string& title)>& confirms);
+InstanceResult AddTaskInstance(store::Database& database, std::int16_t taskId, DateTime date,
+                               const std::function<bool(const std::string& title)>& confirms);
 
 }  // namespace zv::plans

@@ -1,5 +1,7 @@
 #include "session/session.h"
 
+#include <utility>
+
 #include "resources/error_texts.h"
 #include "resources/text_ids.h"
 #include "session/store_choice.h"
@@ -34,11 +36,22 @@ Session::Session(platform::Machine& machinePort, resources::SettingsStore& setti
               return CannotOpen(error, connection, state.Language);
           }) {
     windows.describeError = [this](const RuntimeError& error) { return Describe(error); };
+    windows.onClosed = [this](const std::string& name) {
+        Announce([name](HostEvents& events) { events.WindowClosed(name); });
+    };
     SetApplicationTitle();
 }
 
 Session::~Session() {
     windows.describeError = nullptr;
+    windows.onClosed = nullptr;
+    windows.ForgetWhatFollows();
+}
+
+void Session::Announce(std::function<void(HostEvents&)> event) {
+    windows.AfterHandler([this, event = std::move(event)] {
+        if (listener) event(*listener);
+    });
 }
 
 store::ConnectionSettings Session::Settings() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -12,6 +13,7 @@
 #include "resources/settings.h"
 #include "resources/texts.h"
 #include "session/control_state.h"
+#include "session/host_events.h"
 #include "store/database.h"
 
 namespace zv {
@@ -59,7 +61,11 @@ class Session {
     /// component that opened it may repeat it in any error.
     std::string Describe(const RuntimeError& error) const;
 
+    /// Calls the host's listener, where there is one, as soon as no handler is under way.
+    void Announce(std::function<void(HostEvents&)> event);
+
     ControlState state;
+    HostEvents* listener = nullptr;  ///< not owned; null: nobody listens
     platform::Machine& machine;
     resources::SettingsStore& settings;
     forms::WindowSystem& windows;

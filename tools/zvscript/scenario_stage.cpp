@@ -19,6 +19,7 @@ ScenarioStage::ScenarioStage(const std::filesystem::path& folder, BackendKind ba
       session(machine.machine, settings, opener, windows, &statements),
       control(session),
       driver(stand->GetDriver()) {
+    session.listener = &events;
     dialogs.onProblem = [this](const std::string& text) {
         if (!problem_) problem_ = text;
     };

@@ -20,6 +20,7 @@
 #include "resources/file_settings.h"
 #include "scripted_database.h"
 #include "scripted_dialogs.h"
+#include "scripted_events.h"
 #include "session/session.h"
 #include "user_locale.h"
 
@@ -55,6 +56,7 @@ class ScenarioStage {
     ScriptedOpener opener;
     doubles::RecordedStatements statements;
     ScriptedDialogs dialogs;
+    ScriptedEvents events;
     Interludes interludes;
     HostDatabase host;
     std::unique_ptr<BackendStand> stand;

@@ -132,7 +132,11 @@ bool frmTaskDone::Complete(std::int32_t item) {
     if (session_.database.ChangedNothing()) {
         session_.windows.ShowMessage(session_.LoadText(text_id::kItemNotFound),
                                      forms::box::kExclamation);
+        return true;
     }
+    session_.Announce([item](HostEvents& host) {
+        host.ItemDone(item, static_cast<std::int16_t>(Number(items::ItemState::Done)));
+    });
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "windows/generation/boxes.h"
 
+#include "base/number.h"
 #include "resources/text_ids.h"
 
 namespace zv::windows {
@@ -23,9 +24,10 @@ void GenerateTaskList(Session& session, const std::string& taskId,
     };
     // The user who starts the run, also when the host names another while a question stands.
     const plans::GenerationRequest request{taskId, session.state.UserName, deletesDone, progress};
-    if (plans::GenerateTaskList(session.database, request) == plans::Generation::PlanIsGone) {
-        return SayThatPlanIsGone(session, taskId);
-    }
+    const plans::GenerationResult result = plans::GenerateTaskList(session.database, request);
+    session.Announce([plan = number::ToInt32(number::Val(taskId)),
+                      rows = result.rows](HostEvents& host) { host.PlanGenerated(plan, rows); });
+    if (result.outcome == plans::Generation::PlanIsGone) return SayThatPlanIsGone(session, taskId);
     session.windows.ShowMessage("[" + session.LoadText(text_id::kGenerate) + "]" +
                                     session.LoadText(text_id::kCompleted) + "!",
                                 forms::box::kInformation);
@@ -41,9 +43,13 @@ bool AddTaskInstance(Session& session, std::int16_t taskId, DateTime date) {
                                            forms::box::kOkCancel + forms::box::kQuestion) !=
                forms::Answer::Cancel;
     };
-    const plans::Instance result = plans::AddTaskInstance(session.database, taskId, date, confirms);
-    if (result == plans::Instance::PlanIsGone) SayThatPlanIsGone(session, id);
-    return result == plans::Instance::IsThere;
+    const plans::InstanceResult result =
+        plans::AddTaskInstance(session.database, taskId, date, confirms);
+    if (result.added) {
+        session.Announce([item = *result.added](HostEvents& host) { host.ItemSaved(item, true); });
+    }
+    if (result.outcome == plans::Instance::PlanIsGone) SayThatPlanIsGone(session, id);
+    return result.outcome == plans::Instance::IsThere;
 }
 
 }  // namespace zv::windows

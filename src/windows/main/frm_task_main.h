@@ -48,6 +48,8 @@ class frmTaskMain : public forms::Form, public StoreClient {
     bool AlertAgain();
     /// Something is due: the tree holds more than its empty groups.
     bool HasAlert() const;
+    /// How many items the tree holds, without the nodes of their groups.
+    std::int32_t ItemsShown() const { return tree.ItemsShown(); }
 
     /// Asks for a file; empty when the user cancels or the dialog fails. Kind 1: the file must
     /// exist; any other: it may be created.

@@ -38,13 +38,16 @@ class GenerateTaskListTest : public testing::Test, protected PlanDatabase {
             if (whileAsked) whileAsked();
             return deletesDone;
         };
-        return GenerateTaskList(database, {plan, user, asks, progress});
+        const GenerationResult result = GenerateTaskList(database, {plan, user, asks, progress});
+        rowsWritten = result.rows;
+        return result.outcome;
     }
     std::string Executor() { return Rows("select DoneMan from tTaskSet"); }
 
     std::string user = "张三";
     bool deletesDone = true;
     int asked = 0;
+    int rowsWritten = 0;  ///< by the last run, as it says
     std::function<void()> whileAsked;
     GenerationProgress progress;
 };
@@ -281,19 +284,30 @@ TEST_F(GenerateTaskListTest, TakesANameWithAnApostropheIntoNoStatement) {
     EXPECT_EQ(sent.back(), "row");
 }
 
+TEST_F(GenerateTaskListTest, AnswersHowManyItemsItWrote) {
+    Generate();
+    EXPECT_EQ(rowsWritten, 4);
+    Generate("9");
+    EXPECT_EQ(rowsWritten, 0);
+}
+
 class AddTaskInstanceTest : public GenerateTaskListTest {
  protected:
     Instance Add(std::int16_t plan = 7) {
-        return AddTaskInstance(database, plan, date, [this](const std::string& title) {
-            titles.push_back(title);
-            if (whileAsked) whileAsked();
-            return confirmed;
-        });
+        const InstanceResult result =
+            AddTaskInstance(database, plan, date, [this](const std::string& title) {
+                titles.push_back(title);
+                if (whileAsked) whileAsked();
+                return confirmed;
+            });
+        added = result.added;
+        return result.outcome;
     }
 
     const DateTime date{2003, 3, 10};
     bool confirmed = true;
-    Lines titles;  ///< that were asked about
+    std::optional<std::int32_t> added;  ///< the number of the item that the last call added
+    Lines titles;                       ///< that were asked about
 };
 
 constexpr const char* kUndone =
@@ -310,6 +324,13 @@ TEST_F(AddTaskInstanceTest, AddsTheItemAfterAsking) {
                    "tTaskList"),
               "7|报表||2003-03-10 00:00:00|2003-03-08 00:00:00|2003-03-10 00:00:00|0");
     EXPECT_EQ(Executor(), "王五");
+}
+
+TEST_F(AddTaskInstanceTest, AnswersTheNumberOfTheItemThatItAdded) {
+    Add();
+    EXPECT_EQ(std::to_string(added.value()), Rows("select fID from tTaskList"));
+    Add();
+    EXPECT_EQ(added, std::nullopt);
 }
 
 TEST_F(AddTaskInstanceTest, AddsNothingWhenTheUserCancels) {

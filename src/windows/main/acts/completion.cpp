@@ -83,6 +83,9 @@ void Completion::SetItemState(std::int16_t mode) {
                                      forms::box::kExclamation);
         return;
     }
+    session_.Announce([id = item.number, state](HostEvents& host) {
+        host.ItemDone(id, static_cast<std::int16_t>(Number(state)));
+    });
     ShowAsMarked(item, state, doer);
 }
 

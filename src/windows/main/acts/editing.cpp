@@ -190,6 +190,7 @@ std::optional<items::SavedItem> Editing::SaveItem() {
     if (!MayJoinPlan()) return std::nullopt;
     auto saved = adds ? items::Add(session_.database, id, entry) : Change(id, entry);
     if (!saved) return saved;
+    session_.Announce([item = saved->id, adds](HostEvents& host) { host.ItemSaved(item, adds); });
     view_.ForgetRow();
     head_.txtUser2.SetText(session_.state.UserName);
     session_.windows.ShowMessage("[" + saved->title + "]: " + word + resources::fixed::kFinished,
@@ -254,7 +255,19 @@ void Editing::Delete(bool plan) {
         plans::Delete(session_.database, item.number);
     else
         items::Delete(session_.database, item.number);
+    AnnounceDeleted(item);
     if (form_.IsLoaded()) ShowAsDeleted(item);
+}
+
+void Editing::AnnounceDeleted(const ItemRef& item) {
+    // Somebody else was quicker.
+    if (session_.database.ChangedNothing()) return;
+    session_.Announce([item](HostEvents& host) {
+        if (item.plan)
+            host.PlanGenerated(item.number, 0);
+        else
+            host.ItemDeleted(item.number);
+    });
 }
 
 std::string Editing::DeleteQuestion(bool plan) const {

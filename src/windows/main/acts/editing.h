@@ -50,6 +50,7 @@ class Editing {
     bool MayJoinPlan() const;
     void ReportWhenNotListed(const items::SavedItem& saved);
     std::string DeleteQuestion(bool plan) const;
+    void AnnounceDeleted(const ItemRef& item);
     void ShowAsDeleted(const ItemRef& item);
 
     forms::Form& form_;

@@ -227,6 +227,13 @@ void TreePanel::FillPlans(store::Recordset& rows) {
     }
 }
 
+int TreePanel::ItemsShown() const {
+    int groups = 0;
+    for (int group = tvwTask.FirstRoot(); group != kNone; group = tvwTask.NextSibling(group))
+        groups++;
+    return tvwTask.Count() - groups;
+}
+
 std::string TreePanel::KeyOf(int node) const {
     return node == kNone ? std::string() : std::string(tvwTask.Key(node));
 }

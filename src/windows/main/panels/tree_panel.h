@@ -70,6 +70,8 @@ class TreePanel {
     void Clear() { tvwTask.Clear(); }
 
     int Count() const { return tvwTask.Count(); }
+    /// The nodes without those of the groups.
+    int ItemsShown() const;
     int Selected() const { return tvwTask.Selected(); }
     void Select(int node) { tvwTask.Select(node); }
     void SelectFirst() {
