@@ -79,6 +79,11 @@ STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) noexcept {
     return S_OK;
 }
 
+bool ConnectionPoint::Holds(DWORD cookie) const {
+    return std::any_of(connections_.begin(), connections_.end(),
+                       [&](const Connection& c) { return c.cookie == cookie; });
+}
+
 STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) noexcept {
     if (!connections) return E_POINTER;
     *connections = nullptr;
@@ -89,7 +94,13 @@ STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) no
 ConnectionPoints::ConnectionPoints(Core& core)
     : Part(core),
       properties_(core, *this, IID_IPropertyNotifySink),
-      events_(core, *this, kEventsId) {}
+      events_(core, *this, kEventsId) {
+    SessionHost::Acquire().Events().Add(*this);
+}
+
+ConnectionPoints::~ConnectionPoints() {
+    SessionHost::ForgetListener(*this);
+}
 
 STDMETHODIMP ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept {
     if (!points) return E_POINTER;
@@ -109,6 +120,44 @@ STDMETHODIMP ConnectionPoints::FindConnectionPoint(REFIID iid, IConnectionPoint*
         return S_OK;
     }
     return CONNECT_E_NOCONNECTION;
+}
+
+void ConnectionPoints::Raise(std::shared_ptr<const Event> event) {
+    if (freezes_ > 0) return heldBack_.push_back(std::move(event));
+    Call(*event);
+}
+
+void ConnectionPoints::Call(const Event& event) {
+    const win32::ComPtr<IUnknown> alive(&core_.outer);
+    std::vector<VARIANT> reversed;
+    for (auto value = event.arguments.rbegin(); value != event.arguments.rend(); ++value) {
+        reversed.push_back(value->Get());
+    }
+    for (const auto& connection : events_.Connections()) {
+        // One listener may disconnect another, or have the container hold back the rest.
+        if (!events_.Holds(connection.cookie)) continue;
+        const auto listener = connection.sink.As<IDispatch>();
+        if (!listener) continue;
+        DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+        win32::Variant ignored;
+        // A listener that fails is no failure of what it was called for.
+        listener->Invoke(event.id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                         &ignored.Ref(), nullptr, nullptr);
+    }
+}
+
+void ConnectionPoints::Freeze(bool freeze) {
+    if (freeze) {
+        freezes_++;
+        return;
+    }
+    if (freezes_ > 0) freezes_--;
+    const win32::ComPtr<IUnknown> alive(&core_.outer);
+    while (freezes_ == 0 && !heldBack_.empty()) {
+        const auto event = std::move(heldBack_.front());
+        heldBack_.pop_front();
+        Call(*event);
+    }
 }
 
 void ConnectionPoints::NotifyPropertyChanged(DISPID id) noexcept {

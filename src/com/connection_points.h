@@ -1,10 +1,13 @@
-// IConnectionPointContainer: property changes for containers that show them, and the (empty) event
+// IConnectionPointContainer: property changes for containers that show them, and the event
 // interface of the class.
 #pragma once
 
+#include <deque>
+#include <memory>
 #include <vector>
 
 #include "com/core.h"
+#include "com/event_source.h"
 
 namespace zv::com {
 
@@ -33,6 +36,7 @@ class ConnectionPoint final : public IConnectionPoint {
     };
     /// A copy: a sink may disconnect while it is notified.
     std::vector<Connection> Connections() const { return connections_; }
+    bool Holds(DWORD cookie) const;
 
  private:
     Core& core_;
@@ -45,15 +49,25 @@ class ConnectionPoint final : public IConnectionPoint {
 class ConnectionPoints final : public Part<IConnectionPointContainer> {
  public:
     explicit ConnectionPoints(Core& core);
+    ~ConnectionPoints();
 
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) noexcept override;
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept override;
 
     void NotifyPropertyChanged(DISPID id) noexcept;
+    /// Calls the listeners to events, in the order in which they came. While the container holds
+    /// events back they wait.
+    void Raise(std::shared_ptr<const Event> event);
+    /// Counts: events go on when each freeze has had its thaw.
+    void Freeze(bool freeze);
 
  private:
+    void Call(const Event& event);
+
     ConnectionPoint properties_;
     ConnectionPoint events_;
+    int freezes_ = 0;
+    std::deque<std::shared_ptr<const Event>> heldBack_;
 };
 
 }  // namespace zv::com

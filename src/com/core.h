@@ -47,6 +47,8 @@ class Core {
     std::function<void(DISPID)> onPropertyChanged;
     /// Called when the picture of the control changed.
     std::function<void()> onViewChanged;
+    /// The container holds events back, or lets them go on.
+    std::function<void(bool freeze)> onEventsFrozen;
 
  private:
     static constexpr SIZEL kInitialExtent = {1905, 1694};  // 72 x 64 pixels at 96 dpi

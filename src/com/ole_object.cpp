@@ -175,8 +175,10 @@ STDMETHODIMP OleObject::OnAmbientPropertyChange(DISPID) noexcept {
     });
 }
 
-STDMETHODIMP OleObject::FreezeEvents(BOOL) noexcept {
-    return S_OK;
+STDMETHODIMP OleObject::FreezeEvents(BOOL freeze) noexcept {
+    return Boundary([&] {
+        if (core_.onEventsFrozen) core_.onEventsFrozen(freeze != FALSE);
+    });
 }
 
 void OleObject::NotifySaved() noexcept {

@@ -23,6 +23,7 @@ SessionHost::SessionHost() : backend_(automation::module::Handle()) {
     DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &threadHandle_,
                     SYNCHRONIZE, FALSE, 0);
     if (g_values) session_.state = std::move(*g_values);
+    session_.listener = &events_;
 }
 
 SessionHost::~SessionHost() {
@@ -90,6 +91,10 @@ void SessionHost::ReleaseConnection() noexcept {
     } catch (const std::exception&) {
         // A connection that cannot be closed is dropped all the same.
     }
+}
+
+void SessionHost::ForgetListener(ConnectionPoints& control) noexcept {
+    if (g_host) g_host->events_.Remove(control);
 }
 
 bool& SessionHost::HasValues() noexcept {

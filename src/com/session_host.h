@@ -1,6 +1,7 @@
 // The one session of the loaded library, over the ports of Windows.
 #pragma once
 
+#include "com/event_source.h"
 #include "forms/win32/win32_backend.h"
 #include "forms/window_system.h"
 #include "platform/win32/host_module_runner.h"
@@ -38,6 +39,9 @@ class SessionHost {
     SessionHost& operator=(const SessionHost&) = delete;
 
     Session& Get() { return session_; }
+    EventSource& Events() { return events_; }
+    /// The control of these listeners goes; works without a session too.
+    static void ForgetListener(ConnectionPoints& control) noexcept;
     /// True once the properties were initialised or read since the library was loaded.
     static bool& HasValues() noexcept;
 
@@ -59,6 +63,7 @@ class SessionHost {
     store::ado::AdoOpener opener_;
     forms::win32::Win32Backend backend_;
     forms::WindowSystem windows_{backend_};
+    EventSource events_;
     Session session_{machine_.machine, settings_, opener_, windows_};
 };
 

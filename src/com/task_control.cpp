@@ -32,6 +32,7 @@ TaskControl::TaskControl(IUnknown* aggregate) : core_(aggregate ? *aggregate : *
         view_.NotifyChanged();
         data_.NotifyChanged();
     };
+    core_.onEventsFrozen = [this](bool freeze) { connectionPoints_.Freeze(freeze); };
     storage_.onSaved = [this] { oleObject_.NotifySaved(); };
 }
 

@@ -190,7 +190,7 @@ void WindowSystem::RunWhatFollows() {
     while (depth_ == loopDepth_ && !after_.empty()) {
         const std::function<void()> action = std::move(after_.front());
         after_.pop_front();
-        action();
+        Guard(action);
     }
 }
 
