@@ -96,6 +96,17 @@ std::optional<win32::Variant> TryGet(IDispatch& object, DISPID id, WORD kind) {
     return answer;
 }
 
+void Notify(IDispatch& listener, DISPID id, const std::vector<win32::Variant>& arguments) {
+    std::vector<VARIANT> reversed;
+    for (auto value = arguments.rbegin(); value != arguments.rend(); ++value) {
+        reversed.push_back(value->Get());
+    }
+    DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+    win32::Variant ignored;
+    listener.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, ignored.Put(),
+                    nullptr, nullptr);
+}
+
 bool IsRegistered(const wchar_t* progId) {
     CLSID classId{};
     return SUCCEEDED(CLSIDFromProgID(progId, &classId));

@@ -7,6 +7,7 @@
 
 #include <initializer_list>
 #include <optional>
+#include <vector>
 
 #include "base/errors.h"
 #include "base/win32/com_error.h"
@@ -47,6 +48,10 @@ win32::ComPtr<IDispatch> GetObjectProperty(IDispatch& object, Member& member,
 /// What an object answers of a member with a number of its own, as containers and collections have
 /// them; nothing when it does not.
 std::optional<win32::Variant> TryGet(IDispatch& object, DISPID id, WORD kind);
+
+/// Calls a listener's method of that number. The values are in the order in which they are written
+/// in a call. What the listener answers or fails with is its own affair.
+void Notify(IDispatch& listener, DISPID id, const std::vector<win32::Variant>& arguments);
 
 /// Whether a class of this name is registered.
 bool IsRegistered(const wchar_t* progId);

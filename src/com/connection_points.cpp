@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "automation/late_bound.h"
 #include "base/win32/enumerator.h"
 #include "com/boundary.h"
 #include "com/held_items.h"
@@ -129,20 +130,11 @@ void ConnectionPoints::Raise(std::shared_ptr<const Event> event) {
 
 void ConnectionPoints::Call(const Event& event) {
     const win32::ComPtr<IUnknown> alive(&core_.outer);
-    std::vector<VARIANT> reversed;
-    for (auto value = event.arguments.rbegin(); value != event.arguments.rend(); ++value) {
-        reversed.push_back(value->Get());
-    }
     for (const auto& connection : events_.Connections()) {
         // One listener may disconnect another, or have the container hold back the rest.
         if (!events_.Holds(connection.cookie)) continue;
         const auto listener = connection.sink.As<IDispatch>();
-        if (!listener) continue;
-        DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
-        win32::Variant ignored;
-        // A listener that fails is no failure of what it was called for.
-        listener->Invoke(event.id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
-                         &ignored.Ref(), nullptr, nullptr);
+        if (listener) automation::Notify(*listener, event.id, event.arguments);
     }
 }
 

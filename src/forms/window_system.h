@@ -117,8 +117,8 @@ class WindowSystem {
 
     /// `error` is what the box reports, where it reports an error: a call of the host fails with it
     /// when a box of this kind stands. A box that ends without the user counts as acknowledged or
-    /// cancelled; where it has neither button, error 18 ends what the answer was meant for, which is
-    /// not shown to the user.
+    /// cancelled; where it has neither button, error 18 ends what the answer was meant for, which
+    /// is not shown to the user.
     Answer ShowMessage(const BoxText& text, int style, const std::string& title = {},
                        const RuntimeError* error = nullptr);
     std::optional<std::string> AskText(const std::string& prompt, bool secret = false);

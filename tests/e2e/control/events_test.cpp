@@ -251,12 +251,12 @@ TEST_F(Events, EveryControlOfTheProcessReportsThem) {
     EXPECT_EQ(elsewhere.Take(), Lines{"ItemDone 1 1"});
 }
 
-TEST_F(Events, AWindowThatItsUserClosesIsReportedWhenItIsGone) {
+TEST_F(Events, AWindowThatItsUserClosesIsReportedWhenNobodySeesItAnyMore) {
     EXPECT_EQ(Refresh(kManager), S_OK);
     const HWND window = Window(L"frmTaskMain");
     ASSERT_NE(window, nullptr);
     bool gone = false;
-    listener.next = [&] { gone = !IsWindow(window); };
+    listener.next = [&] { gone = !IsWindowVisible(window); };
     PostMessageW(window, WM_CLOSE, 0, 0);
     PumpWhile([&] { return listener.lines.empty(); });
     EXPECT_EQ(listener.Take(), Lines{"WindowClosed frmTaskMain"});
