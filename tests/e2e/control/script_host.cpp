@@ -2,7 +2,7 @@
 // script finds the object "host": Echo TEXT, Argument(N) from 0, Create(PROGID), Connect OBJECT,
 // PREFIX (events of the object call the functions PREFIX + name of the script), Pump MILLISECONDS.
 // Exit status: 0, 1 when the script fails (message, line and character are printed), 2 when it
-// cannot be run.
+// cannot be run. A handler of an event that fails is printed and ends nothing.
 #include <windows.h>
 
 #include <activscp.h>
@@ -31,6 +31,8 @@ using zv::win32::Variant;
 constexpr CLSID kVBScript = {
     0xb54f3741, 0x5b07, 0x11cf, {0xa4, 0xb0, 0x00, 0xaa, 0x00, 0x4a, 0x55, 0xe8}};
 constexpr wchar_t kHost[] = L"host";
+
+int handlersRunning = 0;
 
 void Print(const std::string& text) {
     std::printf("%s\n", text.c_str());
@@ -94,8 +96,11 @@ class EventSink final : public Dispatching {
         DISPID member = 0;
         // Nobody has to listen to every event.
         if (FAILED(script_->GetIDsOfNames(IID_NULL, names, 1, locale, &member))) return S_OK;
-        return script_->Invoke(member, IID_NULL, locale, DISPATCH_METHOD, parameters, nullptr,
-                               exception, nullptr);
+        handlersRunning++;
+        const HRESULT hr = script_->Invoke(member, IID_NULL, locale, DISPATCH_METHOD, parameters,
+                                           nullptr, exception, nullptr);
+        handlersRunning--;
+        return hr;
     }
 
  protected:
@@ -247,12 +252,14 @@ class Site final : public Counted<IActiveScriptSite> {
         LONG character = 0;
         error->GetExceptionInfo(&info);
         error->GetSourcePosition(&context, &line, &character);
-        Print("FAIL line " + std::to_string(line + 1) + ", character " +
-              std::to_string(character + 1) + ": " + zv::win32::ToUtf8(info.bstrDescription));
+        const bool inHandler = handlersRunning > 0;
+        Print(std::string(inHandler ? "a handler fails, line " : "FAIL line ") +
+              std::to_string(line + 1) + ", character " + std::to_string(character + 1) + ": " +
+              zv::win32::ToUtf8(info.bstrDescription));
         SysFreeString(info.bstrSource);
         SysFreeString(info.bstrDescription);
         SysFreeString(info.bstrHelpFile);
-        failed = true;
+        failed = failed || !inHandler;
         return S_OK;
     }
     STDMETHODIMP OnEnterScript() override { return S_OK; }
