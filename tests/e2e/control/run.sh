@@ -59,6 +59,23 @@ prepare "sample database" "$wine" "$ZV_BIN/zvdb.exe" sample "$(windows_path "$wo
 run_script "$here/properties.vbs" 甲公司
 run_script "$here/refresh.vbs" "$(windows_path "$work/taskAlert.db")"
 
+# The examples that need no user. Each says END when it has come to its end.
+example() { # FILE ARGUMENT...
+    local file=$1
+    shift
+    timeout 120 "$wine" cscript //nologo "$(windows_path "$here/../../../host/examples/$file")" "$@" \
+        2>&1 | tr -d '\r' >"$work/example"
+    if [ "$(tail -n 1 "$work/example")" = END ]; then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        echo "FAIL host/examples/$file"
+        tail -n 5 "$work/example"
+    fi
+}
+example alert.vbs "$(windows_path "$work/taskAlert.db")" 张三 8
+example mark.js "$(windows_path "$work/taskAlert.db")" 张三 5 2
+
 # A script that listens, in a host of its own: the system's has no events here.
 timeout 120 "$wine" "$ZV_TEST_BIN/zvScriptHost.exe" "$(windows_path "$here/events.vbs")" \
     "$(windows_path "$work/taskAlert.db")" 2>&1 | tr -d '\r' >"$work/events"
