@@ -84,6 +84,27 @@ class Listener final : public IDispatch {
     HRESULT answer = S_OK;
 };
 
+struct Search {
+    const wchar_t* name;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK LookAt(HWND window, LPARAM data) {
+    auto& search = *reinterpret_cast<Search*>(data);
+    wchar_t text[64] = L"";
+    const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, L"zv.Name")));
+    if (atom) GlobalGetAtomNameW(atom, text, 64);
+    if (std::wstring(text) == search.name) search.found = window;
+    return !search.found;
+}
+
+/// The control's window of that name, or null.
+HWND WindowNamed(const wchar_t* name) {
+    Search search{name};
+    EnumThreadWindows(GetCurrentThreadId(), &LookAt, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
 class Events : public testing::Test {
  protected:
     static void SetUpTestSuite() { OleInitialize(nullptr); }
@@ -147,26 +168,6 @@ class Events : public testing::Test {
         Put(L"myTaskID", Variant(std::int32_t{item}));
         Put(L"myDate", Variant(static_cast<double>(state)));
         return Refresh(kMark);
-    }
-    /// The control's window of that name, or null.
-    static HWND Window(const wchar_t* name) {
-        struct Search {
-            const wchar_t* name;
-            HWND found = nullptr;
-        } search{name};
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM data) -> BOOL {
-                auto& wanted = *reinterpret_cast<Search*>(data);
-                wchar_t text[64] = L"";
-                const auto atom =
-                    static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, L"zv.Name")));
-                if (atom) GlobalGetAtomNameW(atom, text, 64);
-                if (std::wstring(text) == wanted.name) wanted.found = window;
-                return !wanted.found;
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.found;
     }
     static void PumpWhile(const std::function<bool()>& waits) {
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
@@ -253,7 +254,7 @@ TEST_F(Events, EveryControlOfTheProcessReportsThem) {
 
 TEST_F(Events, AWindowThatItsUserClosesIsReportedWhenNobodySeesItAnyMore) {
     EXPECT_EQ(Refresh(kManager), S_OK);
-    const HWND window = Window(L"frmTaskMain");
+    const HWND window = WindowNamed(L"frmTaskMain");
     ASSERT_NE(window, nullptr);
     bool gone = false;
     listener.next = [&] { gone = !IsWindowVisible(window); };
@@ -265,7 +266,7 @@ TEST_F(Events, AWindowThatItsUserClosesIsReportedWhenNobodySeesItAnyMore) {
 
 TEST_F(Events, AnAlertReportsHowManyItemsItShows) {
     EXPECT_EQ(Refresh(0), S_OK);
-    const HWND window = Window(L"frmTaskMain");
+    const HWND window = WindowNamed(L"frmTaskMain");
     ASSERT_NE(window, nullptr) << "nothing is due";
     const Lines shown = listener.Take();
     ASSERT_EQ(shown.size(), 1u);
@@ -274,8 +275,8 @@ TEST_F(Events, AnAlertReportsHowManyItemsItShows) {
     // A listener that opens another window inside the event.
     listener.next = [this] { EXPECT_EQ(Refresh(2), S_OK); };
     PostMessageW(window, WM_CLOSE, 0, 0);
-    PumpWhile([&] { return listener.lines.empty() || !Window(L"frmTaskSet"); });
-    const HWND editor = Window(L"frmTaskSet");
+    PumpWhile([&] { return listener.lines.empty() || !WindowNamed(L"frmTaskSet"); });
+    const HWND editor = WindowNamed(L"frmTaskSet");
     ASSERT_NE(editor, nullptr);
     EXPECT_EQ(listener.Take(), Lines{"WindowClosed frmTaskMain"});
     PostMessageW(editor, WM_CLOSE, 0, 0);
