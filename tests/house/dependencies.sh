@@ -52,7 +52,7 @@ set(ZV_COMPONENTS)
 zv_package(thing FROM NPM VERSION 1.0 SHA512 ${SUM} TAKES ${TAKES})
 zv_package(source FROM DEBIAN SUITE newer VERSION 2.0 ARCHIVE source_2.0.tar.gz SHA512 ${SUM} TAKES ${TAKES})
 if(HEADER)
-    zv_component(Part PACKAGE thing VERSION 3.1 HEADER package/taken/version.h DEFINES PART_VERSION)
+    zv_component(Inner PACKAGE thing VERSION 3.1 HEADER package/taken/version.h DEFINES INNER_VERSION)
 endif()
 zv_fetch(${PACKAGE} folder)
 file(READ ${folder}/package/taken/file.c text)
@@ -97,11 +97,11 @@ check "one that was changed since" 1 "$(fetch thing "$right")"
 says "is told" "its SHA-512: $wrong"
 check "and nothing of it is kept, also of what was unpacked" "" "$(kept)"
 
-echo '#define PART_VERSION "3.2"' >"$work/package/taken/version.h"
+echo '#define INNER_VERSION "3.2"' >"$work/package/taken/version.h"
 tar -C "$work" -czf "$work/npm/thing-1.0.tgz" package
 other=$(sum "$work/npm/thing-1.0.tgz")
 check "a package with another version of what it carries" 1 "$(fetch thing "$other" -DHEADER=ON)"
-says "is told" "thing 1.0 holds Part 3.2, not 3.1"
+says "is told" "thing 1.0 holds Inner 3.2, not 3.1"
 
 rm -rf "$work/deps"
 check "a suite that is not there" 1 "$(fetch source "$right")"
