@@ -1,6 +1,7 @@
 #include "platform/win32/host_module_runner.h"
 
 #include "automation/late_bound.h"
+#include "platform/win32/connection_settings.h"
 #include "store/ado/calls.h"
 
 namespace zv::platform::win32 {
@@ -12,11 +13,7 @@ void HostModuleRunner::Run(const ModuleStart& start) {
     store::ado::WithKinds([&] {
         runner.Put(L"Language", Variant(std::int32_t{start.language}));
         runner.Put(L"StartMode", Variant(std::int32_t{start.startMode}));
-        runner.Put(L"UserPath", Variant(start.connection.dataPath.ForDriver()));
-        runner.Put(L"Password", Variant(start.connection.password.ForDriver()));
-        runner.Put(L"SQLData", Variant(std::int32_t{start.connection.kind}));
-        runner.Put(L"UserID", Variant(start.connection.login.ForDriver()));
-        runner.Put(L"Default", Variant(start.connection.database.ForDriver()));
+        PutConnection(runner, start.connection);
         runner.Put(L"UserName", Variant(start.userName));
         runner.Put(L"Heading", Variant(start.heading));
         runner.Put(L"ModuleName", Variant(start.moduleName));

@@ -1,6 +1,7 @@
 #include "platform/win32/host_report_printer.h"
 
 #include "base/errors.h"
+#include "platform/win32/connection_settings.h"
 #include "platform/win32/report_objects.h"
 #include "store/ado/ado_recordset.h"
 #include "store/ado/calls.h"
@@ -52,11 +53,7 @@ Variant RecordsetOf(const ReportJob& job) {
 }
 
 void PutSettings(automation::LateBound& component, const ReportJob& job) {
-    component.Put(L"UserPath", Variant(job.connection.dataPath.ForDriver()));
-    component.Put(L"Password", Variant(job.connection.password.ForDriver()));
-    component.Put(L"SQLData", Variant(std::int32_t{job.connection.kind}));
-    component.Put(L"UserID", Variant(job.connection.login.ForDriver()));
-    component.Put(L"Default", Variant(job.connection.database.ForDriver()));
+    PutConnection(component, job.connection);
     component.Put(L"UserName", Variant(job.userName));
     component.Put(L"CompName", Variant(job.companyHeading));
     component.Put(L"Language", Variant(std::int32_t{job.language}));
