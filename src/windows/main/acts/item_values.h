@@ -5,8 +5,12 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
+#include "forms/date_picker.h"
+#include "forms/lists.h"
+#include "forms/text_box.h"
 #include "items/item_row.h"
 #include "session/session.h"
 #include "windows/main/panels/field_box.h"
@@ -15,8 +19,8 @@ namespace zv::windows {
 
 class ItemValues {
  public:
-    /// The session must outlive this.
-    ItemValues(Session& session, std::vector<FieldBox> boxes);
+    /// The session and the controls must outlive this.
+    ItemValues(Session& session, const std::vector<FieldBox>& boxes);
 
     void Show(std::size_t field, const store::Value& value) const;
     /// What a box holds, as the user reads it.
@@ -30,11 +34,19 @@ class ItemValues {
     items::ItemEntry Entry(std::int32_t number) const;
 
  private:
-    forms::Control* BoxOf(std::size_t field) const;
+    /// Nothing for a field that no control edits.
+    using Box = std::variant<std::monostate, forms::TextBox*, forms::ComboBox*, forms::DatePicker*>;
+
+    static Box Known(forms::Control* box);
+    template <class T>
+    T* BoxAs(std::size_t field) const {
+        T* const* box = std::get_if<T*>(&boxes_[field]);
+        return box ? *box : nullptr;
+    }
     std::optional<store::Value> ValueOf(std::size_t field) const;
 
     Session& session_;
-    std::vector<FieldBox> boxes_;
+    std::vector<Box> boxes_;  ///< by field
 };
 
 }  // namespace zv::windows
