@@ -82,7 +82,7 @@ automation::Registration Classes() {
 
 using namespace zv;
 
-// The names of these four are the system's.
+// The names of these five are the system's.
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
     return automation::GetClassObject(host::g_factories, classId, iid, object);
 }
@@ -101,4 +101,9 @@ STDAPI DllRegisterServer() {
 STDAPI DllUnregisterServer() {
     return win32::Guarded(host::kSource,
                           [] { return automation::UnregisterEverywhere(host::Classes()); });
+}
+
+STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+    return win32::Guarded(
+        host::kSource, [&] { return automation::Install(host::Classes(), install, commandLine); });
 }

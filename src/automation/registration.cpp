@@ -3,6 +3,7 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace zv::automation {
 
@@ -153,6 +154,16 @@ HRESULT UnregisterEverywhere(const Registration& registration) {
         registration.classKeys.begin(), registration.classKeys.end(),
         [](const auto& key) { return Exists(HKEY_LOCAL_MACHINE, kClasses + L"\\" + key); });
     return isLeft ? machine : S_OK;
+}
+
+HRESULT Install(const Registration& registration, bool install, const wchar_t* commandLine) {
+    const std::wstring_view words = commandLine ? commandLine : L"";
+    if (words.empty()) {
+        return install ? RegisterAnywhere(registration) : UnregisterEverywhere(registration);
+    }
+    if (words != L"user" && words != L"machine") return E_INVALIDARG;
+    const Scope scope = words == L"user" ? Scope::User : Scope::Machine;
+    return install ? Register(registration, scope) : Unregister(registration, scope);
 }
 
 }  // namespace zv::automation

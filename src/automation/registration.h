@@ -59,4 +59,8 @@ HRESULT RegisterAnywhere(const Registration& registration);
 /// Both scopes; fails when classes of the machine are left because the user may not remove them.
 HRESULT UnregisterEverywhere(const Registration& registration);
 
+/// What DllInstall does: in one scope where the command line names it ("user", "machine"), as
+/// DllRegisterServer and DllUnregisterServer do where it is empty. E_INVALIDARG for other words.
+HRESULT Install(const Registration& registration, bool install, const wchar_t* commandLine);
+
 }  // namespace zv::automation

@@ -3,8 +3,6 @@
 // ends needs no tidying under the loader's lock.
 #include <windows.h>
 
-#include <cwchar>
-
 #include "automation/class_factory.h"
 #include "automation/module.h"
 #include "com/boundary.h"
@@ -55,17 +53,8 @@ STDAPI DllUnregisterServer() {
 }
 
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
-    const bool isUser = commandLine && _wcsicmp(commandLine, L"user") == 0;
-    if (commandLine && *commandLine != L'\0' && !isUser) return E_INVALIDARG;
-    return Boundary([&] {
-        const automation::Registration control = com::ControlRegistration();
-        if (isUser) {
-            return install ? automation::Register(control, automation::Scope::User)
-                           : automation::Unregister(control, automation::Scope::User);
-        }
-        return install ? automation::RegisterAnywhere(control)
-                       : automation::UnregisterEverywhere(control);
-    });
+    return Boundary(
+        [&] { return automation::Install(com::ControlRegistration(), install, commandLine); });
 }
 
 }  // extern "C"
