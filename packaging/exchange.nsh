@@ -69,19 +69,29 @@ FunctionEnd
     ${EndIf}
 !macroend
 
+; The list while it is written; an open file could not be removed.
+Var list
+
 !macro StageFile FILE
     ${GetParent} "$INSTDIR\~new\${FILE}" $1
     ClearErrors
     SetOutPath $1
     File "${PAYLOAD}\${FILE}"
-    FileWrite $0 "${FILE}$\r$\n"
+    FileWrite $list "${FILE}$\r$\n"
     !insertmacro FailOnErrors
 !macroend
+
+Function CloseList
+    ${If} $list != ""
+        FileClose $list
+        StrCpy $list ""
+    ${EndIf}
+FunctionEnd
 
 Function Stage
     ClearErrors
     CreateDirectory "$INSTDIR\~new"
-    FileOpen $0 "$INSTDIR\~new\files.txt" w
+    FileOpen $list "$INSTDIR\~new\files.txt" w
     !insertmacro FailOnErrors
     !insertmacro FilesOfBothWidths StageFile
     ${If} ${IsNativeAMD64}
@@ -89,11 +99,9 @@ Function Stage
     ${EndIf}
     ClearErrors
     WriteUninstaller "$INSTDIR\~new\uninstall.exe"
-    FileWrite $0 "uninstall.exe$\r$\n"
-    FileClose $0
+    FileWrite $list "uninstall.exe$\r$\n"
+    Call CloseList
     !insertmacro FailOnErrors
-    ; A folder that is the working one cannot be removed.
-    SetOutPath $TEMP
 FunctionEnd
 
 ; $1, with the folders that it needs, from one of the three places to another.
@@ -171,6 +179,8 @@ Function PutBack
 FunctionEnd
 
 Function DropReplaced
+    ; The working folder cannot be removed.
+    SetOutPath $TEMP
     ${If} ${FileExists} "$INSTDIR\~old\*.*"
         RMDir /r /REBOOTOK "$INSTDIR\~old"
     ${EndIf}
@@ -189,4 +199,8 @@ Function un.RemoveFiles
     RMDir /r "$INSTDIR\~new"
     Delete "$INSTDIR\files.txt"
     RMDir "$INSTDIR"
+    ${If} $MultiUser.InstallMode == "CurrentUser"
+        ; A user's first program has brought the folder of them.
+        RMDir "$LOCALAPPDATA\Programs"
+    ${EndIf}
 FunctionEnd

@@ -41,7 +41,8 @@ Target ${TARGET}
 Name "${NAME} ${VERSION}"
 OutFile "${OUT}"
 BrandingText "${NAME} ${VERSION}"
-SetCompressor /SOLID lzma
+; Not solid: that would unpack everything to the temporary folder first.
+SetCompressor lzma
 ManifestDPIAware true
 ManifestSupportedOS all
 ShowInstDetails nevershow
@@ -167,12 +168,13 @@ Section
     Call Exchange
     Call Register
     Call Commit
+    Call DropReplaced
     Call WriteStartMenu
     Call WriteProgramEntry
-    Call DropReplaced
 SectionEnd
 
 Function .onInstFailed
+    Call CloseList
     ${If} $registers = 1
         Call Unregister
     ${EndIf}
@@ -228,5 +230,9 @@ Section Uninstall
     Call un.RemoveFiles
     RMDir /r "$SMPROGRAMS\${NAME}"
     DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+    ${If} $MultiUser.InstallMode == "CurrentUser"
+        ; A user's first entry has brought the list itself.
+        DeleteRegKey /ifempty SHCTX "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+    ${EndIf}
     MessageBox MB_OK|MB_ICONINFORMATION "$(WhatStayed)" /SD IDOK
 SectionEnd

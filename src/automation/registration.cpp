@@ -15,12 +15,17 @@ HKEY RootOf(Scope scope) {
     return scope == Scope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
 }
 
-// Software\Classes of a scope, created when a user has none yet.
+// Software\Classes of a scope.
 class ClassesKey {
  public:
-    explicit ClassesKey(Scope scope) {
-        result_ = RegCreateKeyExW(RootOf(scope), kClasses.c_str(), 0, nullptr, 0,
-                                  KEY_READ | KEY_WRITE | DELETE, nullptr, &key_, nullptr);
+    enum class Missing { Created, Reported };
+
+    ClassesKey(Scope scope, Missing missing) {
+        constexpr REGSAM kAccess = KEY_READ | KEY_WRITE | DELETE;
+        result_ = missing == Missing::Created
+                      ? RegCreateKeyExW(RootOf(scope), kClasses.c_str(), 0, nullptr, 0, kAccess,
+                                        nullptr, &key_, nullptr)
+                      : RegOpenKeyExW(RootOf(scope), kClasses.c_str(), 0, kAccess, &key_);
     }
     ClassesKey(const ClassesKey&) = delete;
     ClassesKey& operator=(const ClassesKey&) = delete;
@@ -111,7 +116,7 @@ void AddClass(Registration& registration, const RegisteredClass& entry, const st
 }
 
 HRESULT Register(const Registration& registration, Scope scope) {
-    const ClassesKey classes(scope);
+    const ClassesKey classes(scope, ClassesKey::Missing::Created);
     LSTATUS result = classes.Result();
     if (result == ERROR_SUCCESS) {
         for (const RegistryEntry& entry : registration.entries) {
@@ -124,8 +129,9 @@ HRESULT Register(const Registration& registration, Scope scope) {
 }
 
 HRESULT Unregister(const Registration& registration, Scope scope) {
-    const ClassesKey opened(scope);
+    const ClassesKey opened(scope, ClassesKey::Missing::Reported);
     LSTATUS first = opened.Result();
+    if (first == ERROR_FILE_NOT_FOUND) return S_OK;
     if (first != ERROR_SUCCESS) return HRESULT_FROM_WIN32(static_cast<unsigned long>(first));
     for (const RegistryRemoval& removal : registration.removals) {
         if (Stays(removal, opened.Get(), scope)) continue;

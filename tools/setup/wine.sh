@@ -16,7 +16,7 @@
 # root.
 
 ZV_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 
 wine_width() {
     local width=$1 preset unpacked=$ZV_ROOT/build/wine/i386
