@@ -1,5 +1,5 @@
-; The set-up. Made by packaging/make, which defines TARGET, VERSION, PAYLOAD, LIST and OUT, and SIGN
-; where the files are signed.
+; The set-up. Made by packaging/make, which defines TARGET, VERSION, PAYLOAD, KILOBYTES, LIST and OUT,
+; and SIGN where the files are signed.
 ;
 ;   zvTask-VERSION-setup.exe [/S] [/AllUsers | /CurrentUser] [/D=FOLDER]
 ;
@@ -161,6 +161,8 @@ Function RefuseStrangeFolder
 FunctionEnd
 
 Section
+    ; What is unpacked elsewhere than in a section is not counted by itself.
+    AddSize ${KILOBYTES}
     ; What one that was killed has left is put back before anything else.
     Call PutBack
     Call WaitUntilUnused
