@@ -253,7 +253,7 @@ is_path() { compgen -G "$2" >/dev/null || compgen -G "$(dirname "$1")/$2" >/dev/
 # name in capitals and small letters, are words of one file.
 is_name() {
     local found word pattern
-    found=$(git ls-files -co --exclude-standard -- src host tools)
+    found=$(git ls-files -co --exclude-standard -- src host tools packaging)
     for word in $(sed -E 's/\(.*//; s/::/:: /g; s/\./ /g' <<<"$2"); do
         pattern="\\b$word\\b"
         [[ $word == *:: ]] &&
