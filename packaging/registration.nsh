@@ -83,6 +83,7 @@ Function Register
 FunctionEnd
 
 !macro RememberPrevious WIDTH CLASS FILE PREVIOUS
+    !insertmacro UseNativeRegistry
     ${If} ${PREVIOUS} != ""
         WriteRegStr SHCTX "${UNINSTALL_KEY}" "Previous ${FILE}" ${PREVIOUS}
     ${EndIf}
@@ -100,7 +101,7 @@ FunctionEnd
 !macroend
 
 !macro RecallPrevious WIDTH CLASS FILE PREVIOUS
-    SetRegView 64
+    !insertmacro UseNativeRegistry
     ReadRegStr ${PREVIOUS} SHCTX "${UNINSTALL_KEY}" "Previous ${FILE}"
 !macroend
 
