@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Looks at the built files that ship without running them: their exports and imports, which decide
 # whether every Windows could load them. And none of them may hold what is only for tests, or tell
-# where and when it was built.
+# where and when it was built. What lies beside them is known.
 #
 #   binaries.sh [PRESET...]    default: windows-x64-release windows-x86-release
 #
@@ -73,6 +73,12 @@ for preset in "$@"; do
         *) objdump=i686-w64-mingw32-objdump format=pei-i386 ;;
     esac
     for file in "${ships[@]}"; do look_at "$preset" "$file"; done
+    beside=(zvTask.manifest zvHost.manifest zvTask.spdx.json)
+    for file in "${beside[@]}"; do
+        check "$preset: $file: paths of the build" "" "$(grep -F -- "$root" "$root/build/$preset/bin/$file" 2>&1 | head -n 1)"
+    done
+    check "$preset: files" "$(printf '%s\n' "${ships[@]}" "${ships[@]/%/.debug}" "${beside[@]}" | sort | tr '\n' ' ')" \
+        "$(cd "$root/build/$preset/bin" && find . -mindepth 1 -printf '%P\n' | sort | tr '\n' ' ')"
     size=$(stat -c %s "$root/build/$preset/bin/zv_Task.ocx")
     check "$preset: control below 4 MB ($size bytes)" yes "$([ "$size" -lt 4194304 ] && echo yes || echo no)"
 done
