@@ -23,8 +23,7 @@ check() { # WHAT EXPECTED ACTUAL
     fi
 }
 
-component="DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer"
-control="DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer"
+component="DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer"
 # Libraries that every Windows has.
 system="^(advapi32|comctl32|comdlg32|gdi32|imm32|kernel32|msimg32|msvcrt|odbc32|ole32|oleacc|oleaut32|shell32|shlwapi|user32|uxtheme|version|winspool|ws2_32)\.(dll|drv)$"
 
@@ -46,9 +45,7 @@ look_at() { # PRESET FILE
     check "$name: format" "$format" "$(sed -nE 's/.*file format (.*)/\1/p' <<<"$headers")"
     case $2 in
         zv_Task.ocx | zv_Host.dll)
-            exports=$component
-            [ "$2" = zv_Host.dll ] || exports=$control
-            check "$name: exports" "$exports" "$(sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/p' <<<"$headers" |
+            check "$name: exports" "$component" "$(sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/p' <<<"$headers" |
                 sed -nE 's/^\s*\[ *[0-9]+\] (\+base\[ *[0-9]+\] +[0-9a-f]+ )?(\S+)$/\2/p' | sort | tr '\n' ' ' | sed 's/ $//')"
             ;;
     esac
