@@ -48,14 +48,28 @@ function(zv_ships target)
     endif()
 endfunction()
 
-# zv_ships_together(): the target "ships", all that users get: the programs, the bill of materials of
-# what is inside and the licences of it.
+# zv_assembly(NAME): makes NAME.manifest beside the programs, by which a program uses a file's classes
+# without registration. The version and the width are those of the build.
+function(zv_assembly name)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+        set(architecture amd64)
+    else()
+        set(architecture x86)
+    endif()
+    configure_file(${name}.manifest.in ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}.manifest @ONLY)
+    set_property(GLOBAL APPEND PROPERTY ZV_SHIPPED_ASSEMBLIES ${name}.manifest)
+endfunction()
+
+# zv_ships_together(): the target "ships", all that users get: the programs, the assemblies, the bill of
+# materials of what is inside and the licences of it.
 function(zv_ships_together)
     get_property(targets GLOBAL PROPERTY ZV_SHIPPED)
     if(NOT targets)
         return()
     endif()
     string(REGEX REPLACE "([^;]+)" "$<TARGET_FILE_NAME:\\1>" files "${targets}")
+    get_property(assemblies GLOBAL PROPERTY ZV_SHIPPED_ASSEMBLIES)
+    list(APPEND files ${assemblies})
     string(REPLACE ";" "," files "${files}")
     string(REPLACE _ - width ${CMAKE_SYSTEM_PROCESSOR})
     add_custom_target(ships ALL

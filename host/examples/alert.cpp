@@ -1,9 +1,18 @@
 // The alert pass at log-in from C++, late bound: no type library is needed to compile it.
 //
 //   cl /std:c++17 /EHsc alert.cpp ole32.lib oleaut32.lib
-//   x86_64-w64-mingw32-g++ -std=c++17 -municode -static alert.cpp -lole32 -loleaut32
+//   x86_64-w64-mingw32-g++ -std=c++17 -municode -static alert.cpp -o alert.exe
+//       -lole32 -loleaut32 -luuid
 //
 //   alert DATABASE USER [MODE]
+//
+// The same program runs without any registration with these in one folder, all of its own width:
+// alert.exe, alert.exe.manifest, zvTask.manifest, zv_Task.ocx, zvHost.manifest, zv_Host.dll.
+// A manifest inside the program counts instead of the one beside it. Where the linker puts one in
+// by itself, put this one in:
+//
+//   cl ... /link /MANIFEST:EMBED /MANIFESTINPUT:alert.exe.manifest
+//   windres alert.rc alert.o, with alert.rc being the line  1 24 "alert.exe.manifest"
 #include <windows.h>
 
 #include <oleauto.h>
@@ -60,11 +69,13 @@ int wmain(int count, wchar_t** words) {
     OleInitialize(nullptr);
     CLSID id{};
     IDispatch* task = nullptr;
+    // By its manifest or else by the registry the system knows the name and finds the file.
     HRESULT hr = CLSIDFromProgID(L"zv_Task.zvTask", &id);
     if (SUCCEEDED(hr)) {
         hr = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
                               reinterpret_cast<void**>(&task));
     }
+    if (FAILED(hr)) std::fwprintf(stderr, L"zv_Task.zvTask cannot be created.\n");
     if (SUCCEEDED(hr)) hr = PutText(task, L"UserPath", words[1]);
     if (SUCCEEDED(hr)) hr = PutText(task, L"UserName", words[2]);
     if (SUCCEEDED(hr)) hr = Refresh(task, count > 3 ? _wtoi(words[3]) : 0, 1);

@@ -98,7 +98,10 @@ HRESULT TakenArguments::TakeTyped(const MemberShape& shape, const MemberCall& ca
     for (UINT i = 0; i < count; i++) {
         Variant value;
         const HRESULT hr = Coerce(*given[i], shape.parameters[i].type, call.locale, value);
-        if (FAILED(hr)) return Misfits(hr, place[i], call.badArgument);
+        if (FAILED(hr)) {
+            misfit_ = shape.parameters[i].name;
+            return Misfits(hr, place[i], call.badArgument);
+        }
         converted_.values[count - 1 - i] = value.Detach();
     }
     taken_ = Arguments(converted_.values.data(), count, nullptr);

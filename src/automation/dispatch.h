@@ -26,7 +26,8 @@ enum class Binding {
     Positional,
     /// As a type library promises: what does not fit a member's types is answered with automation's
     /// own results and the argument's index, in the caller's locale; arguments may be named.
-    /// Details of a failure are the caller's alone.
+    /// Details of a failure are the caller's alone. An object that can explain what does not fit
+    /// does so to a caller that brings a record for it.
     Typed,
 };
 
@@ -127,6 +128,8 @@ class TakenArguments {
     /// An automation result for arguments that do not fit.
     HRESULT Take(Binding binding, const MemberShape& shape, const MemberCall& call) noexcept;
     const Arguments& Get() const { return taken_; }
+    /// The parameter of a method that the call does not fit; null when it is none or unknown.
+    const wchar_t* Misfit() const { return misfit_; }
 
  private:
     HRESULT TakePositional(const MemberShape& shape, const MemberCall& call);
@@ -134,6 +137,7 @@ class TakenArguments {
     HRESULT TakeTyped(const MemberShape& shape, const MemberCall& call);
 
     Arguments taken_{nullptr, 0, nullptr};
+    const wchar_t* misfit_ = nullptr;
     /// The last one first, as callers hand them over; they are cleared where they were filled.
     struct Converted {
         std::array<VARIANT, MemberShape::kMostParameters> values{};
@@ -172,6 +176,22 @@ MemberBody<T> BodyFor(const MemberEntry<T>& member, Binding binding, const Membe
     return call.kind & DISPATCH_PROPERTYGET ? member.read : nullptr;
 }
 
+/// A call that does not fit is answered with automation's own result, without details, unless T
+/// gives `static HRESULT Explain(const MemberShape&, const wchar_t* parameter, HRESULT) noexcept`,
+/// which leaves error information. A read that does not fit is left to the caller: some then read
+/// without arguments.
+template <class T>
+HRESULT AnswerMisfit(const MemberShape& shape, const wchar_t* parameter, HRESULT hr,
+                     const MemberCall& call) noexcept {
+    if constexpr (requires { T::Explain(shape, parameter, hr); }) {
+        const bool isRead = !shape.isMethod && !call.IsAssignment();
+        if (call.exception && !isRead && hr != E_OUTOFMEMORY) {
+            return ReportFailure(Binding::Typed, T::Explain(shape, parameter, hr), call.exception);
+        }
+    }
+    return hr;
+}
+
 template <class T>
 HRESULT InvokeMember(Binding binding, T& self, DISPID id, const MemberCall& call) noexcept {
     if (binding == Binding::Typed && call.reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
@@ -183,8 +203,7 @@ HRESULT InvokeMember(Binding binding, T& self, DISPID id, const MemberCall& call
         if (!body) break;
         TakenArguments arguments;
         HRESULT hr = arguments.Take(binding, member.shape, call);
-        // A call that does not fit is answered with automation's own result, without details.
-        if (FAILED(hr)) return hr;
+        if (FAILED(hr)) return AnswerMisfit<T>(member.shape, arguments.Misfit(), hr, call);
         win32::Variant answer;
         hr = body(self, arguments.Get(), answer);
         if (FAILED(hr)) return ReportFailure(binding, hr, call.exception);

@@ -7,6 +7,8 @@
 #include <atomic>
 #include <utility>
 
+#include "automation/activation.h"
+
 namespace zv::automation {
 namespace {
 
@@ -113,6 +115,7 @@ bool IsRegistered(const wchar_t* progId) {
 }
 
 HRESULT Create(const wchar_t* progId, DWORD context, REFIID iid, void** object) {
+    const ActivationInForce host;
     CLSID classId{};
     const HRESULT hr = CLSIDFromProgID(progId, &classId);
     return FAILED(hr) ? hr : CoCreateInstance(classId, nullptr, context, iid, object);

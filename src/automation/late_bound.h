@@ -55,7 +55,8 @@ void Notify(IDispatch& listener, DISPID id, const std::vector<win32::Variant>& a
 
 /// Whether a class of this name is registered.
 bool IsRegistered(const wchar_t* progId);
-/// A new object of a registered class; null and the reason when that fails.
+/// A new object of a class that the host's activation context or the registry knows; null and the
+/// reason when that fails.
 HRESULT Create(const wchar_t* progId, DWORD context, REFIID iid, void** object);
 /// In this process.
 HRESULT Create(const wchar_t* progId, win32::ComPtr<IDispatch>& object);

@@ -44,7 +44,7 @@ HRESULT Automation::GetText(Text ControlState::*property, BSTR* value) noexcept 
 }
 
 STDMETHODIMP Automation::refresh(LONG mode, SHORT modal) noexcept {
-    return Boundary([&] {
+    return Boundary("refresh", [&] {
         core_.EnsureValues();
         // The host may let go of the control while a modal window is open.
         const win32::ComPtr<IUnknown> alive(&core_.outer);
@@ -129,14 +129,14 @@ STDMETHODIMP Automation::UserControl_InitProperties() noexcept {
 }
 
 STDMETHODIMP Automation::UserControl_ReadProperties(IDispatch* bag) noexcept {
-    return Boundary([&] {
+    return Boundary("UserControl_ReadProperties", [&] {
         const auto adapter = AdaptBagObject(bag);
         core_.ReadProperties(*adapter);
     });
 }
 
 STDMETHODIMP Automation::UserControl_WriteProperties(IDispatch* bag) noexcept {
-    return Boundary([&] {
+    return Boundary("UserControl_WriteProperties", [&] {
         core_.EnsureValues();
         const auto adapter = AdaptBagObject(bag);
         core_.WriteProperties(*adapter);

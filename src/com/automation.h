@@ -14,6 +14,9 @@ class Automation final : public Part<ITask> {
     using Part::Part;
 
     static std::span<const automation::MemberEntry<Automation>> Members();
+    /// Leaves what a call of the member does not fit: "SQLData: ...", "refresh(mode): ...".
+    static HRESULT Explain(const automation::MemberShape& shape, const wchar_t* parameter,
+                           HRESULT hr) noexcept;
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept override;

@@ -7,6 +7,7 @@
 #include "base/win32/com_error.h"
 #include "base/win32/variant.h"
 #include "base/win32/wide.h"
+#include "com/boundary.h"
 #include "store/ado/calls.h"
 
 namespace zv::com {
@@ -24,13 +25,13 @@ VARTYPE TypeOf(const BagValue& value) {
 }
 
 // Bags hold what their container likes: a number may come back as text, a truth value as -1.
-BagValue FromVariant(Variant value, const BagValue& fallback) {
+BagValue FromVariant(std::string_view key, Variant value, const BagValue& fallback) {
     if (value.Type() == VT_EMPTY || value.Type() == VT_NULL) return fallback;
     const HRESULT hr = value.ChangeType(TypeOf(fallback));
     if (hr == E_OUTOFMEMORY) throw std::bad_alloc();
     if (FAILED(hr)) {
-        throw RuntimeError(hr == DISP_E_OVERFLOW ? ErrorNumber::Overflow
-                                                 : ErrorNumber::TypeMismatch);
+        throw Naming(key, RuntimeError(hr == DISP_E_OVERFLOW ? ErrorNumber::Overflow
+                                                             : ErrorNumber::TypeMismatch));
     }
     switch (value.Type()) {
         case VT_I2:
@@ -49,7 +50,7 @@ class ObjectBag final : public PropertyBag {
     BagValue Read(std::string_view key, const BagValue& fallback) override {
         const Variant name(key);
         const Variant standard = ToVariant(fallback);
-        return FromVariant(store::ado::Call(*object_, read_, {name.Get(), standard.Get()}),
+        return FromVariant(key, store::ado::Call(*object_, read_, {name.Get(), standard.Get()}),
                            fallback);
     }
     void Write(std::string_view key, const BagValue& value) override {
@@ -73,12 +74,14 @@ BagValue ContainerBag::Read(std::string_view key, const BagValue& fallback) {
     if (hr == E_OUTOFMEMORY) throw std::bad_alloc();
     if (FAILED(hr)) return fallback;
     try {
-        return FromVariant(std::move(value), fallback);
+        return FromVariant(key, std::move(value), fallback);
     } catch (const RuntimeError& error) {
         if (log_) {
-            const win32::Bstr source(std::string_view("zvTask"));
+            const win32::Bstr source(kErrorSource);
+            const win32::Bstr text(error.Text());
             EXCEPINFO info{};
             info.bstrSource = source.Get();
+            info.bstrDescription = text.Get();
             info.scode = win32::ToHresult(error.Number());
             log_->AddError(name.c_str(), &info);
         }

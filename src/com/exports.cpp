@@ -3,6 +3,7 @@
 // ends needs no tidying under the loader's lock.
 #include <windows.h>
 
+#include "automation/activation.h"
 #include "automation/class_factory.h"
 #include "automation/module.h"
 #include "com/boundary.h"
@@ -17,6 +18,7 @@ namespace zv::com {
 namespace {
 
 HRESULT CreateControl(IUnknown* outer, REFIID iid, void** object) noexcept {
+    automation::RememberActivation();
     return Boundary([&] { return TaskControl::Create(outer, iid, object); });
 }
 
@@ -41,6 +43,7 @@ STDAPI DllCanUnloadNow() {
         return S_FALSE;
     }
     com::SessionHost::Close();
+    automation::ForgetActivation();
     return S_OK;
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "com/automation.h"
+#include "com/boundary.h"
 
 namespace zv::com {
 
@@ -97,6 +98,15 @@ std::span<const Entry> Automation::Members() {
         Property<VT_BSTR, &A::put_Default, &A::get_Default>(L"Default", kDefault),
     };
     return kMembers;
+}
+
+HRESULT Automation::Explain(const automation::MemberShape& shape, const wchar_t* parameter,
+                            HRESULT hr) noexcept {
+    return Boundary([&] {
+        std::string what = win32::ToUtf8(shape.name);
+        if (parameter) what += "(" + win32::ToUtf8(parameter) + ")";
+        throw Naming(what, RuntimeError(win32::ToErrorNumber(hr)));
+    });
 }
 
 STDMETHODIMP Automation::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Looks at the built files that ship without running them: their exports and imports, which decide
 # whether every Windows could load them. And none of them may hold what is only for tests, or tell
-# where and when it was built.
+# where and when it was built. What lies beside them is known.
 #
 #   binaries.sh [PRESET...]    default: windows-x64-release windows-x86-release
 #
@@ -23,8 +23,7 @@ check() { # WHAT EXPECTED ACTUAL
     fi
 }
 
-component="DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer"
-control="DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer"
+component="DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer"
 # Libraries that every Windows has.
 system="^(advapi32|comctl32|comdlg32|gdi32|imm32|kernel32|msimg32|msvcrt|odbc32|ole32|oleacc|oleaut32|shell32|shlwapi|user32|uxtheme|version|winspool|ws2_32)\.(dll|drv)$"
 
@@ -46,9 +45,7 @@ look_at() { # PRESET FILE
     check "$name: format" "$format" "$(sed -nE 's/.*file format (.*)/\1/p' <<<"$headers")"
     case $2 in
         zv_Task.ocx | zv_Host.dll)
-            exports=$component
-            [ "$2" = zv_Host.dll ] || exports=$control
-            check "$name: exports" "$exports" "$(sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/p' <<<"$headers" |
+            check "$name: exports" "$component" "$(sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/p' <<<"$headers" |
                 sed -nE 's/^\s*\[ *[0-9]+\] (\+base\[ *[0-9]+\] +[0-9a-f]+ )?(\S+)$/\2/p' | sort | tr '\n' ' ' | sed 's/ $//')"
             ;;
     esac
@@ -73,6 +70,12 @@ for preset in "$@"; do
         *) objdump=i686-w64-mingw32-objdump format=pei-i386 ;;
     esac
     for file in "${ships[@]}"; do look_at "$preset" "$file"; done
+    beside=(zvTask.manifest zvHost.manifest zvTask.spdx.json)
+    for file in "${beside[@]}"; do
+        check "$preset: $file: paths of the build" "" "$(grep -F -- "$root" "$root/build/$preset/bin/$file" 2>&1 | head -n 1)"
+    done
+    check "$preset: files" "$(printf '%s\n' "${ships[@]}" "${ships[@]/%/.debug}" "${beside[@]}" | sort | tr '\n' ' ')" \
+        "$(cd "$root/build/$preset/bin" && find . -mindepth 1 -printf '%P\n' | sort | tr '\n' ' ')"
     size=$(stat -c %s "$root/build/$preset/bin/zv_Task.ocx")
     check "$preset: control below 4 MB ($size bytes)" yes "$([ "$size" -lt 4194304 ] && echo yes || echo no)"
 done

@@ -61,7 +61,7 @@ version_numbers() {
 
 look_at() { # PRESET COMPILER
     local preset=$1 cxx=$2 bin=build/$1/bin id file
-    local headers=build/deps ships name field sum version
+    local headers=build/deps programs assemblies ships name field sum version
 
     rm -f "$work/bill"
     cmake -DIN="$bin/zvTask.spdx.json" -DOUT="$work/bill" -P tests/e2e/bill_of_materials.cmake >"$work/said" 2>&1
@@ -75,7 +75,9 @@ look_at() { # PRESET COMPILER
     check "$preset: paths of the build in the bill" "" "$(grep -oF -- "$root" "$bin/zvTask.spdx.json" | head -n 1)"
 
     # The files.
-    ships=$(cd "$bin" && ls -- *.ocx *.dll *.exe | lines)
+    programs=$(cd "$bin" && ls -- *.ocx *.dll *.exe | lines)
+    assemblies=$(cd "$bin" && ls -- *.manifest | lines)
+    ships=$(tr ' ' '\n' <<<"$programs $assemblies" | lines)
     check "$preset: files in the bill" "$ships" "$(sed -n 's|^SPDXRef-File-.* fileName ./||p' "$work/bill" | lines)"
     for file in $ships; do
         id=File-${file//_/-}
@@ -83,15 +85,20 @@ look_at() { # PRESET COMPILER
             check "$preset: SHA$sum of $file" "$("sha${sum}sum" "$bin/$file" | cut -d ' ' -f 1)" "$(told "$id" "SHA$sum")"
         done
         check "$preset: the product holds $file" 1 "$(grep -cx "SPDXRef-zvTask CONTAINS SPDXRef-$id" "$work/bill")"
+    done
+    for file in $programs; do
         check "$preset: what is inside $file" "$(whose "build/$preset/maps/$file.map")" \
-            "$(told "$id" STATIC_LINK | sed 's/SPDXRef-//' | lines)"
+            "$(told "File-${file//_/-}" STATIC_LINK | sed 's/SPDXRef-//' | lines)"
+    done
+    for file in $assemblies; do
+        check "$preset: what is inside $file" "" "$(told "File-$file" STATIC_LINK)"
     done
     check "$preset: what is told of the files as a whole" \
         "$(for file in $ships; do sha1sum "$bin/$file" | cut -d ' ' -f 1; done | sort | tr -d '\n' | sha1sum | cut -d ' ' -f 1)" \
         "$(told zvTask verification)"
 
     # The parts: in the bill are those that some file holds, each whole.
-    for file in $ships; do
+    for file in $programs; do
         whose "build/$preset/maps/$file.map" | tr ' ' '\n'
         echo
     done | sed '/^$/d' | sort -u >"$work/parts"
@@ -153,13 +160,25 @@ END
     local numbers
     numbers="$(cut -d . -f 2 <<<"$version") $(cut -d . -f 1 <<<"$version") 0 $(cut -d . -f 3 <<<"$version")"
     check "$preset: version of the product in the bill" "$version" "$(told zvTask versionInfo)"
-    for file in $ships; do
+    for file in $programs; do
         check "$preset: versions of $file in numbers" "$numbers $numbers" "$(version_numbers "$bin/$file")"
         for field in "FileVersion=$version" "ProductVersion=$version" ProductName=zvTask CompanyName=zvTask \
             "LegalCopyright=The authors of zvTask" "OriginalFilename=$file" "InternalName=${file%.*}"; do
             check "$preset: ${field%%=*} of $file" "${field#*=}" "$(version_info "$bin/$file" "${field%%=*}")"
         done
         check "$preset: description of $file" yes "$([ -n "$(version_info "$bin/$file" FileDescription)" ] && echo yes)"
+    done
+
+    # Assemblies say the version, the width and files that ship.
+    check "$preset: assemblies" "zvHost.manifest zvTask.manifest" "$assemblies"
+    local architecture=x86
+    [[ $preset != *x64* ]] || architecture=amd64
+    for file in $assemblies; do
+        check "$preset: identity of $file" \
+            "type=\"win32\" name=\"${file%.manifest}\" version=\"$version.0\" processorArchitecture=\"$architecture\"" \
+            "$(sed -nE 's|.*<assemblyIdentity (.*)/>|\1|p' "$bin/$file")"
+        name=$(sed -nE 's/.*<file name="([^"]+)".*/\1/p' "$bin/$file")
+        check "$preset: the file of $file ships" "$name" "$(grep -xF -- "$name" <<<"${programs// /$'\n'}")"
     done
 }
 

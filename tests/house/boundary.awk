@@ -7,7 +7,7 @@ BEGIN {
           "__uuidof _wcsicmp AbandonedThreads AddRef begin CallNextHookEx Check Close " \
           "ComPtr Copy CopyTo CoTaskMemAlloc Count create_ CreateRectRgnIndirect data " \
           "DefWindowProcW end EndAll EnumAdvise EqualRect erase FAILED fill_n Find " \
-          "find_if FindNames GetClassLongPtrW GetClassObject GetDC GetDeviceCaps GetPropW GetWindowLongPtrW " \
+          "find_if FindNames ForgetActivation GetClassLongPtrW GetClassObject GetDC GetDeviceCaps GetPropW GetWindowLongPtrW " \
           "GlobalGetAtomNameW Handle Instance InterfaceId IntersectRect InvokeMember IsDispatch IsIdle IsLocked " \
           "IsWindowEnabled IsWindowVisible Lock Members memcpy min move Note OffsetRect " \
           "OpenWindows QueryInterface Release ReleaseConnection ReleaseDC Reset SameName " \

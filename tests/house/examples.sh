@@ -104,6 +104,13 @@ else
         # A file that is about the control sets at least its path and its user, and calls it.
         report "$([ "$uses_found" -ge 3 ] && echo yes)" "$file: hardly any use of the control is seen"
     done <<<"$(grep -lE 'zv_Task\.zvTask|29DE1175|zvTask1' -r host/examples | sort)"
+    # A manifest that names another version than that of the files keeps its program from starting.
+    version=$(sed -nE 's/^project\(zvTask VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt).0
+    for file in host/examples/*.manifest; do
+        named=$(tr '\n' ' ' <"$file" | grep -oE 'name="zv(Task|Host)" version="[0-9.]+"' | tr '\n' ' ')
+        report "$([ "$named" = "name=\"zvTask\" version=\"$version\" name=\"zvHost\" version=\"$version\" " ] && echo yes)" \
+            "$file names $named, the project is $version"
+    done
     # The check itself: each of these lines is wrong, and none may pass.
     work=$(mktemp -d)
     trap 'rm -rf "$work"' EXIT

@@ -37,7 +37,14 @@ inline ErrorNumber ToErrorNumber(HRESULT hr) {
         case DISP_E_UNKNOWNNAME:
             return ErrorNumber::MemberNotFound;
         case DISP_E_TYPEMISMATCH:
+        case DISP_E_BADVARTYPE:
             return ErrorNumber::TypeMismatch;
+        case DISP_E_PARAMNOTFOUND:
+            return ErrorNumber::NamedArgumentNotFound;
+        case DISP_E_PARAMNOTOPTIONAL:
+            return ErrorNumber::ArgumentMissing;
+        case DISP_E_BADPARAMCOUNT:
+            return ErrorNumber::WrongArgumentCount;
         case DISP_E_OVERFLOW:
             return ErrorNumber::Overflow;
         case DISP_E_BADINDEX:

@@ -81,19 +81,41 @@ TEST_F(AutomationTest, ConvertsArguments) {
 }
 
 TEST_F(AutomationTest, RefusesWhatDoesNotFit) {
+    const auto expect = [](const CallResult& result, int number, const std::string& member) {
+        EXPECT_EQ(result.hr, DISP_E_EXCEPTION) << member;
+        EXPECT_EQ(result.errorNumber, static_cast<HRESULT>(0x800A0000) + number) << member;
+        EXPECT_EQ(result.errorText.find(member + ": "), 0u) << result.errorText;
+        EXPECT_EQ(result.errorSource, "zv_Task.zvTask");
+    };
     CallResult result = Put(*dispatch, L"AlertType", Variant("many"));
-    EXPECT_EQ(result.hr, DISP_E_TYPEMISMATCH);
+    expect(result, 13, "AlertType");
     EXPECT_EQ(result.badArgument, 0u);
-    EXPECT_EQ(Put(*dispatch, L"AlertType", Variant(std::int32_t{70000})).hr, DISP_E_OVERFLOW);
-    EXPECT_EQ(Put(*dispatch, L"myName", Variant::Null()).hr, DISP_E_TYPEMISMATCH);
+    expect(Put(*dispatch, L"AlertType", Variant(std::int32_t{70000})), 6, "AlertType");
+    expect(Put(*dispatch, L"myName", Variant::Null()), 13, "myName");
     const Variant number(std::int32_t{8});
-    EXPECT_EQ(Call(*dispatch, L"refresh", {number.Get()}).hr, DISP_E_BADPARAMCOUNT);
+    expect(Call(*dispatch, L"refresh", {number.Get()}), 450, "refresh");
     const Variant text("x");
     result = Call(*dispatch, L"refresh", {number.Get(), text.Get()});
-    EXPECT_EQ(result.hr, DISP_E_TYPEMISMATCH);
+    expect(result, 13, "refresh(modal)");
     EXPECT_EQ(result.badArgument, 0u) << "the last argument stands first";
     EXPECT_EQ(Invoke(*dispatch, 999, DISPATCH_METHOD, {}).hr, DISP_E_MEMBERNOTFOUND);
     EXPECT_EQ(Invoke(*dispatch, 1, DISPATCH_PROPERTYPUT, {number.Get()}).hr, DISP_E_MEMBERNOTFOUND);
+}
+
+TEST_F(AutomationTest, ACallerWithoutARecordOfErrorsIsAnsweredAutomationsOwnResult) {
+    DISPID id = IdOf(*dispatch, L"AlertType");
+    DISPID put = DISPID_PROPERTYPUT;
+    UINT badArgument = 99;
+    const Variant text("many");
+    VARIANT value = text.Get();
+    DISPPARAMS parameters{&value, &put, 1, 1};
+    EXPECT_EQ(dispatch->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &parameters,
+                               nullptr, nullptr, &badArgument),
+              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(badArgument, 0u);
+    // Some read without arguments then.
+    const Variant index(std::int16_t{1});
+    EXPECT_EQ(Invoke(*dispatch, id, DISPATCH_PROPERTYGET, {index.Get()}).hr, DISP_E_BADPARAMCOUNT);
 }
 
 TEST_F(AutomationTest, TakesNamedArguments) {

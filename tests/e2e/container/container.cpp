@@ -135,6 +135,7 @@ STDMETHODIMP ErrorLog::QueryInterface(REFIID iid, void** object) {
 STDMETHODIMP ErrorLog::AddError(LPCOLESTR name, EXCEPINFO* info) {
     names.push_back(zv::win32::ToUtf8(name));
     lastCode = info->scode;
+    lastText = zv::win32::ToUtf8(info->bstrDescription);
     return S_OK;
 }
 

@@ -73,6 +73,7 @@ class ErrorLog final : public OnStack<IErrorLog> {
     STDMETHODIMP AddError(LPCOLESTR name, EXCEPINFO* info) override;
     std::vector<std::string> names;
     SCODE lastCode = S_OK;
+    std::string lastText;
 };
 
 /// Client site, in-place site, frame and ambient properties in one.

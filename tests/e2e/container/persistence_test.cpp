@@ -123,10 +123,11 @@ TEST_F(PersistenceTest, AValueOfTheWrongTypeIsError13AndGoesToTheLog) {
     Bstr source, text;
     info->GetSource(source.Put());
     info->GetDescription(text.Put());
-    EXPECT_EQ(source.Utf8(), "zvTask");
-    EXPECT_NE(text.Utf8(), "");
+    EXPECT_EQ(source.Utf8(), "zv_Task.zvTask");
+    EXPECT_EQ(text.Utf8().find("Language: "), 0u) << text.Utf8();
     EXPECT_EQ(log.names, Keys{"Language"});
     EXPECT_EQ(log.lastCode, static_cast<SCODE>(0x800A000D));
+    EXPECT_EQ(log.lastText, text.Utf8());
     Bag saved;
     Save(saved);
     EXPECT_EQ(saved.Text("ZgName"), "kept") << "a failed load changes nothing";

@@ -84,6 +84,22 @@ class Listener final : public IDispatch {
     HRESULT answer = S_OK;
 };
 
+/// A container that makes the control a part of itself.
+class Aggregate final : public IUnknown {
+ public:
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        if (iid != IID_IUnknown) return part->QueryInterface(iid, object);
+        *object = this;
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+    STDMETHODIMP_(ULONG) Release() override { return --references; }
+
+    ULONG references = 1;
+    ComPtr<IUnknown> part;
+};
+
 struct Search {
     const wchar_t* name;
     HWND found = nullptr;
@@ -250,6 +266,33 @@ TEST_F(Events, EveryControlOfTheProcessReportsThem) {
     EXPECT_EQ(Mark(1, 1), S_OK);
     EXPECT_EQ(listener.Take(), Lines{"ItemDone 1 1"});
     EXPECT_EQ(elsewhere.Take(), Lines{"ItemDone 1 1"});
+}
+
+TEST_F(Events, AControlThatIsPartOfAContainerReportsThem) {
+    CLSID id{};
+    ASSERT_EQ(CLSIDFromProgID(L"zv_Task.zvTask", &id), S_OK);
+    Aggregate aggregate;
+    ASSERT_EQ(CoCreateInstance(id, &aggregate, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                               aggregate.part.PutVoid()),
+              S_OK);
+    Listener elsewhere;
+    {
+        ComPtr<IDispatch> inside;
+        ASSERT_EQ(aggregate.QueryInterface(IID_IDispatch, inside.PutVoid()), S_OK);
+        const DWORD cookie = Connect(*inside, elsewhere);
+        const ComPtr<IDispatch> alone = std::exchange(control, inside);
+        EXPECT_EQ(Mark(2, 2), S_OK);
+        EXPECT_EQ(elsewhere.Take(), Lines{"ItemDone 2 2"});
+        EXPECT_EQ(listener.Take(), Lines{"ItemDone 2 2"});
+        EXPECT_EQ(Point(*inside)->Unadvise(cookie), S_OK);
+        EXPECT_EQ(Mark(2, 1), S_OK);
+        EXPECT_EQ(elsewhere.Take(), Lines{});
+        control = alone;
+    }
+    EXPECT_EQ(aggregate.references, 1u);
+    EXPECT_EQ(elsewhere.references, 1u);
+    aggregate.part.Reset();
+    EXPECT_EQ(listener.Take(), Lines{"ItemDone 2 1"});
 }
 
 TEST_F(Events, AWindowThatItsUserClosesIsReportedWhenNobodySeesItAnyMore) {

@@ -89,17 +89,35 @@ value = task.Copyright
 CheckNotReadable "Copyright", Err.Number, Err.Description
 Err.Clear
 
+' An error says of which member it is and, behind that, why.
+Sub CheckError(what, number, member)
+    Check what & " is error " & number & ": " & Err.Number, Err.Number = number
+    Check what & " names the member: " & member, Left(Err.Description, Len(member) + 2) = member & ": "
+    Check what & " names the reason", Len(Err.Description) > Len(member) + 4
+    Check what & " comes from the class: " & Err.Source, Err.Source = "zv_Task.zvTask"
+    Err.Clear
+End Sub
+
 task.SQLData = "many"
-Check "a text that is no number is error 13", Err.Number = 13
-Err.Clear
+CheckError "a text that is no number", 13, "SQLData"
 task.AlertType = 70000
-Check "a number beyond 16 bits is error 6", Err.Number = 6
-Err.Clear
+CheckError "a number beyond 16 bits", 6, "AlertType"
+task.myName = Null
+CheckError "Null as a text", 13, "myName"
+task.myDate = "someday"
+CheckError "a text that is no date", 13, "myDate"
+task.refresh "all", 0
+CheckError "a mode that is no number", 13, "refresh(mode)"
+task.refresh 8, 70000
+CheckError "a modal beyond 16 bits", 6, "refresh(modal)"
+task.refresh 8
+CheckError "an argument too few", 450, "refresh"
+task.refresh , 0
+CheckError "an argument that is left out", 449, "refresh(mode)"
+task.UserControl_ReadProperties Nothing
+CheckError "a bag that is not there", 91, "UserControl_ReadProperties"
 task.showmode = 1
 Check "the show mode is not a property", Err.Number = 438
-Err.Clear
-task.refresh 8
-Check "refresh takes two arguments", Err.Number <> 0
 Err.Clear
 On Error GoTo 0
 

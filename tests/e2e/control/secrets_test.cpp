@@ -4,11 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <mutex>
-#include <thread>
+#include <memory>
 
 #include "base/text.h"
+#include "box_reader.h"
 #include "secrets/connection_texts.h"
 #include "store/ado/calls.h"
 
@@ -25,61 +24,6 @@ class Apartment {
  public:
     Apartment() { OleInitialize(nullptr); }
     ~Apartment() { OleUninitialize(); }
-};
-
-std::wstring TextOf(HWND window) {
-    wchar_t text[2048];
-    const int length = GetWindowTextW(window, text, ARRAYSIZE(text));
-    return std::wstring(text, static_cast<std::size_t>(length));
-}
-
-/// Reads and closes every message box of this process.
-class BoxReader {
- public:
-    BoxReader() : thread_([this] { Run(); }) {}
-    ~BoxReader() {
-        stop_ = true;
-        thread_.join();
-    }
-    BoxReader(const BoxReader&) = delete;
-    BoxReader& operator=(const BoxReader&) = delete;
-
-    std::string Take() {
-        const std::scoped_lock lock(mutex_);
-        return std::exchange(texts_, {});
-    }
-
- private:
-    static BOOL CALLBACK Visit(HWND window, LPARAM self) {
-        wchar_t name[16];
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        GetClassNameW(window, name, ARRAYSIZE(name));
-        if (process == GetCurrentProcessId() && std::wstring(name) == L"#32770" &&
-            IsWindowVisible(window)) {
-            constexpr int kTextOfABox = 65535;
-            const std::wstring text =
-                TextOf(window) + L"\n" + TextOf(GetDlgItem(window, kTextOfABox));
-            reinterpret_cast<BoxReader*>(self)->Keep(win32::ToUtf8(text));
-            PostMessageW(window, WM_COMMAND, IDOK, 0);
-        }
-        return TRUE;
-    }
-    void Keep(const std::string& text) {
-        const std::scoped_lock lock(mutex_);
-        texts_ += text + "\n";
-    }
-    void Run() {
-        while (!stop_) {
-            EnumWindows(Visit, reinterpret_cast<LPARAM>(this));
-            Sleep(10);
-        }
-    }
-
-    std::mutex mutex_;
-    std::string texts_;
-    std::atomic<bool> stop_{false};
-    std::thread thread_;
 };
 
 ComPtr<IDispatch> Create(const wchar_t* name) {
