@@ -1,5 +1,5 @@
-# What ships is compiled file by file and optimised across all of them. Its symbols lie beside it in a
-# file of their own, and it is the same from whichever folder and on whichever day it is built.
+# What ships is optimised across all files. Its symbols lie beside it in a file of their own, and it is
+# the same from whichever folder and on whichever day it is built.
 option(ZV_SHIPS "Build as what ships is built" OFF)
 if(ZV_SHIPS)
     # The 32-bit linker takes an inline function twice when one of its two objects comes from this
