@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "forms/backend.h"
+#include "forms/win32/accessibility.h"
 #include "forms/win32/common_controls.h"
 #include "forms/win32/handles.h"
 #include "forms/win32/win32_dialogs.h"
@@ -36,6 +37,8 @@ class Win32Backend : public Backend {
     void SetClipboardText(std::string_view text) override;
     std::string ClipboardText() override;
 
+    /// The system's notes for screen readers; null where it keeps none.
+    virtual AccessNotes ScreenReaders() { return SystemAccessNotes(); }
     /// Called again and again while a menu is open and the user does nothing.
     virtual void MenuIdle() {}
     /// Whether the system's clock makes timers tick.
