@@ -1,9 +1,12 @@
 // Windows in a program that knows nothing of resolutions, and windows whose resolution changes.
 #include <windows.h>
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "driver/win32/played_backend.h"
 #include "forms/buttons.h"
@@ -231,18 +234,22 @@ TEST_F(Resolution, AWindowAsksForTheSizeThatItsContentNeedsThere) {
 }
 
 TEST_F(Resolution, AWindowIsLaidOutOnceMoreByTextsOfTheNewOne) {
-    Backend& backend = stand_->GetBackend();
-    int layouts = 0;
-    int text = 0;
+    const std::array<std::string, 5> texts{"任务提醒", "客戶名片", "iiiiiiiiiiiiiiiiiiii",
+                                           "WWWWWWWWWWWWWWWWWWWW", "2003-03-07 10:00"};
+    std::vector<int> widths;
     form.onResize = [&] {
-        layouts++;
-        text = backend.MeasureText("任务提醒").width;
+        for (const std::string& text : texts) {
+            widths.push_back(stand_->GetBackend().MeasureText(text).width);
+        }
     };
-    MoveTo(before + before / 2);
-    EXPECT_EQ(layouts, 1);
-    const win32::Font font = win32::CreateUiFont(before + before / 2);
-    const Scale scale(before + before / 2);
-    EXPECT_GE(scale.ToPixels(text), win32::MeasureText(font.get(), "任务提醒").cx);
+    const Scale scale(before + before / 4);
+    MoveTo(scale.Dpi());
+    ASSERT_EQ(widths.size(), texts.size()) << "once";
+    const win32::Font font = win32::CreateUiFont(scale.Dpi());
+    for (std::size_t i = 0; i < texts.size(); i++) {
+        EXPECT_GE(scale.ToPixels(widths[i]), win32::MeasureText(font.get(), texts[i]).cx)
+            << texts[i];
+    }
 }
 
 TEST_F(Resolution, ABoxIsScaledToo) {
