@@ -2,50 +2,26 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
 #include <functional>
 #include <stdexcept>
-#include <utility>
 #include <vector>
 
 #include "doubles/no_dialogs.h"
+#include "doubles/scripted_dpi.h"
 #include "forms/headless/headless_backend.h"
 #include "forms/window_system.h"
 
 namespace zv::forms {
 namespace {
 
-DpiContext Named(int number) {
-    static constexpr std::array<char, 8> kNames{};
-    return &kNames.at(static_cast<std::size_t>(number));
-}
-const DpiContext kUnaware = Named(1);
-const DpiContext kSystem = Named(2);
-const DpiContext kMonitor = Named(3);
-const DpiContext kMonitorV2 = Named(4);
-
-/// A system that knows some contexts; one that knows none has no such function.
-class FakeThread final : public ThreadDpi {
- public:
-    explicit FakeThread(std::vector<DpiContext> known) : known_(std::move(known)) {}
-    DpiContext Set(DpiContext context) noexcept override {
-        calls++;
-        if (std::find(known_.begin(), known_.end(), context) == known_.end()) return nullptr;
-        return std::exchange(now, context);
-    }
-    std::span<const DpiContext> Wanted() const noexcept override { return wanted_; }
-
-    DpiContext now = kUnaware;
-    int calls = 0;
-
- private:
-    std::vector<DpiContext> known_;
-    std::array<DpiContext, 2> wanted_{kMonitorV2, kMonitor};
-};
+using doubles::kMonitor;
+using doubles::kMonitorV2;
+using doubles::kSystem;
+using doubles::kUnaware;
+using doubles::ScriptedDpi;
 
 struct Windows10 {
-    FakeThread thread{{kUnaware, kSystem, kMonitor, kMonitorV2}};
+    ScriptedDpi thread{{kUnaware, kSystem, kMonitor, kMonitorV2}};
     DpiAwareness dpi{thread};
 };
 
@@ -59,7 +35,7 @@ TEST(DpiAwareness, WindowsHaveTheBestContextAndTheThreadItsOwnAfterwards) {
 }
 
 TEST(DpiAwareness, WhereTheBestIsNotKnownWindowsHaveTheNext) {
-    FakeThread thread({kUnaware, kSystem, kMonitor});
+    ScriptedDpi thread({kUnaware, kSystem, kMonitor});
     DpiAwareness dpi(thread);
     {
         const auto scope = dpi.FromHost();
@@ -71,7 +47,7 @@ TEST(DpiAwareness, WhereTheBestIsNotKnownWindowsHaveTheNext) {
 }
 
 TEST(DpiAwareness, WithoutTheFunctionNothingChangesAndItIsNotAskedAgain) {
-    FakeThread thread({});
+    ScriptedDpi thread({});
     DpiAwareness dpi(thread);
     { const auto scope = dpi.FromHost(); }
     const int asked = thread.calls;
@@ -140,7 +116,7 @@ class HostCalls : public headless::HeadlessBackend {
         const auto scope = dpi.FromHost();
         act();
     }
-    FakeThread thread{{kUnaware, kMonitorV2}};
+    ScriptedDpi thread{{kUnaware, kMonitorV2}};
     DpiAwareness dpi{thread};
 };
 
