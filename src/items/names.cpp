@@ -20,7 +20,7 @@ std::vector<std::string> StateNames(std::int16_t language) {
 
 std::string Describe(ItemKind kind, ItemState state, std::string_view day, std::int16_t language) {
     using resources::ItemText;
-    const std::string name = StateNames(language)[Position(state)];
+    std::string name = StateNames(language)[Position(state)];
     if (day.empty()) return name;
     // Only a task is due; a visit or an entry of the diary has a date.
     const ItemText sentence =
