@@ -17,6 +17,7 @@ void EventSource::Raise(EventId id, Arguments... arguments) {
     const auto event = std::make_shared<Event>();
     event->id = id;
     (event->arguments.push_back(Variant(arguments)), ...);
+    const forms::DpiScope host = dpi_.ForHost();
     const std::vector<ConnectionPoints*> present = controls_;
     for (ConnectionPoints* control : present) {
         const bool lives =

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/win32/variant.h"
+#include "forms/dpi_awareness.h"
 #include "session/host_events.h"
 
 namespace zv::com {
@@ -34,6 +35,8 @@ struct Event {
 /// others.
 class EventSource final : public HostEvents {
  public:
+    /// Listeners run in the context of the host, as code of its own.
+    explicit EventSource(forms::DpiAwareness& dpi) : dpi_(dpi) {}
     void Add(ConnectionPoints& control) { controls_.push_back(&control); }
     void Remove(ConnectionPoints& control) { std::erase(controls_, &control); }
 
@@ -48,6 +51,7 @@ class EventSource final : public HostEvents {
     template <class... Arguments>
     void Raise(EventId id, Arguments... arguments);
 
+    forms::DpiAwareness& dpi_;
     std::vector<ConnectionPoints*> controls_;
 };
 

@@ -3,6 +3,7 @@
 #include "automation/module.h"
 #include "com/boundary.h"
 #include "com/design_view.h"
+#include "forms/win32/system_dpi.h"
 
 namespace zv::com {
 
@@ -183,6 +184,9 @@ HRESULT InPlaceObject::ActivateUi() {
 
 HRESULT InPlaceObject::CreateInPlaceWindow(HWND parent, const RECT& position, const RECT& clip) {
     if (!RegisterWindowClass(&WindowProcedure)) return HRESULT_FROM_WIN32(GetLastError());
+    // A child lives in its parent's context, whatever the thread has at this moment.
+    forms::win32::SystemDpiThread thread;
+    const forms::DpiScope parents(thread, forms::win32::DpiContextOf(parent));
     window_ = CreateWindowExW(0, kWindowClass, L"zvTask", WS_CHILD | WS_CLIPSIBLINGS, position.left,
                               position.top, position.right - position.left,
                               position.bottom - position.top, parent, nullptr,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "com/event_source.h"
+#include "com/host_components.h"
 #include "forms/win32/win32_backend.h"
 #include "forms/window_system.h"
 #include "platform/win32/host_module_runner.h"
@@ -56,14 +57,17 @@ class SessionHost {
     DWORD thread_ = GetCurrentThreadId();
     /// Numbers of threads are used again, so that a thread of the same number may be another one.
     HANDLE threadHandle_ = nullptr;
-    platform::win32::HostModuleRunner runner_;
-    platform::win32::HostReportPrinter printer_;
+    forms::win32::Win32Backend backend_;
+    platform::win32::HostModuleRunner ownRunner_;
+    HostModules runner_{backend_.Dpi(), ownRunner_};
+    platform::win32::HostReportPrinter ownPrinter_;
+    HostReports printer_{backend_.Dpi(), ownPrinter_};
     platform::win32::SystemMachine machine_{runner_, printer_};
     resources::win32::RegistrySettings settings_;
-    store::ado::AdoOpener opener_;
-    forms::win32::Win32Backend backend_;
+    store::ado::AdoOpener ownOpener_;
+    HostOpener opener_{backend_.Dpi(), ownOpener_};
     forms::WindowSystem windows_{backend_};
-    EventSource events_;
+    EventSource events_{backend_.Dpi()};
     Session session_{machine_.machine, settings_, opener_, windows_};
 };
 

@@ -5,6 +5,7 @@
 // backend can add no behaviour, and a form that was never shown has no peers at all.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -78,6 +79,9 @@ class Backend {
     /// Builds the native window of a form and all its controls, not shown yet, and attaches the
     /// peers to the controls.
     virtual std::unique_ptr<FormPeer> Realize(Form& form) = 0;
+    /// Runs what the host caused. What the system keeps for the thread is as windows need it
+    /// meanwhile, and the host's again afterwards, whatever is thrown.
+    virtual void RunForHost(const std::function<void()>& act) { act(); }
     /// Runs until the form is no longer shown.
     virtual void RunModal(Form& form) = 0;
     /// Size of the text in the system's font, lines broken at line feeds.

@@ -317,6 +317,12 @@ void Form::UserResized(Rect bounds, Size clientSize) {
     windows_.FromUser([this] { Form_Resize(); });
 }
 
+void Form::UserRescaled(Rect bounds, Size clientSize) {
+    bounds_ = bounds;
+    clientSize_ = clientSize;
+    windows_.FromUser([this] { Form_Resize(); });
+}
+
 void Form::UserActivated() {
     windows_.FromUser([this] { Activate(); });
 }

@@ -102,6 +102,9 @@ class Form {
     /// What the user did; a backend calls these, errors are shown to the user.
     void UserClose();
     void UserResized(Rect bounds, Size clientSize);
+    /// The same after a change of the resolution, which changes the widths of texts: the window is
+    /// laid out again even where its size in units is as it was.
+    void UserRescaled(Rect bounds, Size clientSize);
     void UserChangedState(WindowState state) { state_ = state; }
     void UserActivated();
     /// The native window is being destroyed by somebody else, or the session ends: the form goes

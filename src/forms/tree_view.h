@@ -73,6 +73,10 @@ class TreeView : public Control {
         TreeView& tree_;
     };
 
+    /// What a screen reader says of a node beside its text: what its picture means, for example.
+    /// Asked for when a reader wants it; empty for nothing. Set before the window is shown.
+    std::function<std::string(int node)> describe;
+
     std::function<void(int node)> onNodeClick;
     void UserClick(int node);  ///< selects the node and raises NodeClick
     void UserExpanded(int node, bool expanded);

@@ -168,6 +168,10 @@ void WindowSystem::FromTimer(const std::function<void()>& handler) {
 }
 
 void WindowSystem::FromHost(const std::function<void()>& handler) {
+    backend_.RunForHost([&] { RunHost(handler); });
+}
+
+void WindowSystem::RunHost(const std::function<void()>& handler) {
     std::exception_ptr failure;
     std::optional<RuntimeError> refused;
     const auto outer = std::exchange(refused_, std::nullopt);

@@ -171,6 +171,7 @@ class WindowSystem {
         WindowSystem& windows_;
         int before_;
     };
+    void RunHost(const std::function<void()>& handler);
     void RunWhatFollows();
     bool Interrupted() const { return interrupted_ > 0 && depth_ >= interrupted_; }
     void InterruptFrom(int depth);

@@ -18,4 +18,14 @@ std::vector<std::string> StateNames(std::int16_t language) {
             LoadText(DesignText::StateInHand, language)};
 }
 
+std::string Describe(ItemKind kind, ItemState state, std::string_view day, std::int16_t language) {
+    using resources::ItemText;
+    std::string name = StateNames(language)[Position(state)];
+    if (day.empty()) return name;
+    // Only a task is due; a visit or an entry of the diary has a date.
+    const ItemText sentence =
+        kind == ItemKind::Task ? ItemText::StateAndDue : ItemText::StateAndDate;
+    return resources::LoadText(sentence, language, name, day);
+}
+
 }  // namespace zv::items

@@ -10,7 +10,9 @@ enum class ItemText {
     OverwriteQuestion,
     BelongsToPlan,
     SaveAnyway,
-    Last = SaveAnyway,
+    StateAndDue,   ///< "{0}" is the state of a task, "{1}" its day
+    StateAndDate,  ///< the same of another item
+    Last = StateAndDate,
 };
 
 }  // namespace zv::resources

@@ -25,6 +25,7 @@ namespace zv::contract {
 namespace {
 
 using namespace forms;
+namespace win32 = forms::win32;
 using win32::Win32Backend;
 
 struct NativeForm : TestForm {

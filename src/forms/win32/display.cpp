@@ -4,17 +4,12 @@
 #include <array>
 #include <string>
 
+#include "forms/win32/user_function.h"
 #include "forms/win32/wide_text.h"
 #include "resources/glyph_samples.h"
 
 namespace zv::forms::win32 {
 namespace {
-
-// Functions that came with later versions of Windows.
-template <typename Function>
-Function UserFunction(const char* name) {
-    return reinterpret_cast<Function>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name));
-}
 
 bool HasChinese(HDC dc) {
     std::array<WORD, std::size(resources::kLettersOfBothScripts) - 1> glyphs{};
@@ -59,6 +54,15 @@ int DpiOf(HWND window) {
     static const auto forWindow = UserFunction<ForWindow>("GetDpiForWindow");
     const UINT dpi = forWindow ? forWindow(window) : 0;
     return dpi > 0 ? static_cast<int>(dpi) : SystemDpi();
+}
+
+// What the system says of a monitor may depend on the program's awareness; of a window there it is
+// what the window will have.
+int DpiAround(const RECT& place) {
+    const Window probe(CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, L"STATIC", L"",
+                                       WS_POPUP, place.left, place.top, 1, 1, nullptr, nullptr,
+                                       nullptr, nullptr));
+    return probe ? DpiOf(probe.get()) : SystemDpi();
 }
 
 RECT WorkAreaAt(HWND window) {

@@ -36,6 +36,8 @@ class Scale {
 
 int SystemDpi();
 int DpiOf(HWND window);
+/// Of a window that is made at the corner of `place`, which is in pixels.
+int DpiAround(const RECT& place);
 
 /// What windows may cover of the monitor where `window` lies, in pixels; of the primary monitor for
 /// null.

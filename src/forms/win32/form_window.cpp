@@ -7,6 +7,7 @@
 #include "forms/win32/common_controls.h"
 #include "forms/win32/control_factory.h"
 #include "forms/win32/panel_peers.h"
+#include "forms/win32/system_dpi.h"
 #include "forms/win32/wide_text.h"
 #include "forms/win32/win32_backend.h"
 
@@ -51,7 +52,8 @@ DWORD FormWindow::ExtendedStyle() const {
 void FormWindow::Build() {
     const ManifestInForce manifest(backend_.Controls().Manifest());
     class_ = WindowClass::Get(Module(), kClassName, &FormWindow::Procedure);
-    scale_ = Scale(SystemDpi());
+    // Where Center() puts it; the window says for sure.
+    scale_ = Scale(DpiAround(WorkAreaAt(WindowToBlock())));
     placing_++;
     handle_.reset(CreateWindowExW(ExtendedStyle(), kClassName, ToWide(form_.Caption()).c_str(),
                                   Style(), scale_.ToPixels(form_.Bounds().left),
@@ -63,6 +65,7 @@ void FormWindow::Build() {
              reinterpret_cast<HANDLE>(
                  static_cast<UINT_PTR>(GlobalAddAtomW(ToWide(form_.Name()).c_str()))));
     scale_ = Scale(DpiOf(Handle()));
+    const bool isMeasured = !backend_.Meets(scale_.Dpi());
     font_ = CreateUiFont(scale_.Dpi());
     menu_.ShowBar(Handle());
     PlaceByClient();
@@ -70,7 +73,10 @@ void FormWindow::Build() {
     for (Control* control : form_.Controls()) Build(*control, ++id);
     SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     placing_--;
-    ReportPlace();
+    if (isMeasured)
+        ReportPlace();
+    else
+        LayOutAgain();
 }
 
 void FormWindow::Build(Control& control, int id) {
@@ -182,6 +188,7 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
         self->OnNativeGone(window);
         return DefWindowProcW(window, message, wParam, lParam);
     }
+    if (message == WM_NCCREATE) ScaleFrame(window);
     if (!self || self->gone_) return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_DESTROY) {
         self->OnDestroyedByOthers();
@@ -247,6 +254,8 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DPICHANGED:
             OnResolution(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return 0;
+        case kGetDpiScaledSize:
+            return OnScaledSize(static_cast<int>(wParam), *reinterpret_cast<SIZE*>(lParam));
         case WM_SETTINGCHANGE:
         case WM_THEMECHANGED:
         case WM_SYSCOLORCHANGE:
@@ -323,70 +332,11 @@ LRESULT FormWindow::OnActivate(WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-void FormWindow::OnMinimumSize(MINMAXINFO& info) const {
-    const Size least = form_.MinimumClientSize();
-    const RECT client{0, 0, scale_.ToPixels(least.width), scale_.ToPixels(least.height)};
-    const RECT outer =
-        OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, scale_.Dpi());
-    if (least.width > 0) info.ptMinTrackSize.x = outer.right - outer.left;
-    if (least.height > 0) info.ptMinTrackSize.y = outer.bottom - outer.top;
-}
-
-void FormWindow::OnResolution(int dpi, const RECT& suggested) {
-    scale_ = Scale(dpi);
-    Font former = std::exchange(font_, CreateUiFont(dpi));
-    for (const auto& control : controls_) control->ResolutionChanged();
-    SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    InvalidateRect(Handle(), nullptr, TRUE);
-}
-
 // Fonts, colours and themes follow the system without a restart.
 void FormWindow::OnSystemChanged() {
     Font former = std::exchange(font_, CreateUiFont(scale_.Dpi()));
     for (const auto& control : controls_) control->ResolutionChanged();
     InvalidateRect(Handle(), nullptr, TRUE);
-}
-
-Size FormWindow::ClientUnits() const {
-    RECT client{};
-    GetClientRect(Handle(), &client);
-    return {scale_.ToUnits(client.right), scale_.ToUnits(client.bottom)};
-}
-
-Rect FormWindow::OuterUnits() const {
-    RECT outer{};
-    GetWindowRect(Handle(), &outer);
-    return scale_.ToUnits(outer);
-}
-
-void FormWindow::ReportPlace() {
-    if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
-    form_.UserResized(OuterUnits(), ClientUnits());
-}
-
-void FormWindow::PlaceByClient() {
-    const RECT client{0, 0, scale_.ToPixels(form_.ClientSize().width),
-                      scale_.ToPixels(form_.ClientSize().height)};
-    const RECT outer =
-        OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, scale_.Dpi());
-    SetWindowPos(Handle(), nullptr, scale_.ToPixels(form_.Bounds().left),
-                 scale_.ToPixels(form_.Bounds().top), outer.right - outer.left,
-                 outer.bottom - outer.top, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void FormWindow::BoundsChanged() {
-    if (gone_) return;
-    placing_++;
-    if (form_.ClientSize() != ClientUnits()) {
-        PlaceByClient();
-    } else {
-        const RECT outer = scale_.ToPixels(form_.Bounds());
-        SetWindowPos(Handle(), nullptr, outer.left, outer.top, outer.right - outer.left,
-                     outer.bottom - outer.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-    placing_--;
-    ReportPlace();
 }
 
 void FormWindow::PaintNow() {
@@ -425,6 +375,7 @@ void FormWindow::MenuChanged() {
 
 MenuItem* FormWindow::PopupMenu(MenuItem& menu, int x, int y) {
     const ManifestInForce manifest(backend_.Controls().Manifest());
+    const DpiScope sharp = backend_.Dpi().ForWindows();
     const Menu native = menu_.CreatePopup(menu);
     POINT at{scale_.ToPixels(x), scale_.ToPixels(y)};
     ClientToScreen(Handle(), &at);

@@ -106,6 +106,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void OnCommand(WPARAM wParam);
     void OnMinimumSize(MINMAXINFO& info) const;
     void OnResolution(int dpi, const RECT& suggested);
+    LRESULT OnScaledSize(int dpi, SIZE& size) const;
+    void LayOutAgain();
     void OnSystemChanged();
     void OnTimer(WPARAM id);
     void Build(Control& control, int id);

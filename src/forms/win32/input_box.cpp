@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/win32/wide_text.h"
 
@@ -45,6 +46,21 @@ void InputBox::Add(HWND dialog, const wchar_t* windowClass, const std::wstring& 
                         at.left, at.top, at.right - at.left, at.bottom - at.top, dialog,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), module_, nullptr);
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+    parts_.push_back({window, place});
+}
+
+void InputBox::Rescale(HWND dialog, int dpi, const RECT& suggested) {
+    scale_ = Scale(dpi);
+    const Font former = std::exchange(font_, CreateUiFont(dpi));
+    for (const Part& part : parts_) {
+        const RECT at = scale_.ToPixels(part.place);
+        SendMessageW(part.window, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+        SetWindowPos(part.window, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    SetWindowPos(dialog, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    InvalidateRect(dialog, nullptr, TRUE);
 }
 
 void InputBox::Build(HWND dialog) {
@@ -97,6 +113,10 @@ INT_PTR CALLBACK InputBox::Procedure(HWND dialog, UINT message, WPARAM wParam,
             SetWindowLongPtrW(dialog, GWLP_USERDATA, lParam);
             reinterpret_cast<InputBox*>(lParam)->Build(dialog);
             return FALSE;  // the focus has been set
+        }
+        if (message == WM_DPICHANGED && self) {
+            self->Rescale(dialog, HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            return TRUE;
         }
         if (message != WM_COMMAND || !self) return FALSE;
         if (LOWORD(wParam) == IDOK) self->text_ = ToWide(WindowText(GetDlgItem(dialog, kEntryId)));

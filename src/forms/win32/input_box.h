@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "forms/win32/display.h"
 #include "forms/win32/handles.h"
@@ -30,6 +31,7 @@ class InputBox {
     static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam,
                                       LPARAM lParam) noexcept;
     void Build(HWND dialog);
+    void Rescale(HWND dialog, int dpi, const RECT& suggested);
     void Add(HWND dialog, const wchar_t* windowClass, const std::wstring& text, DWORD style,
              DWORD extendedStyle, int id, const Rect& place);
 
@@ -37,6 +39,11 @@ class InputBox {
     std::wstring title_;
     std::wstring prompt_;
     bool secret_;
+    struct Part {
+        HWND window;
+        Rect place;
+    };
+    std::vector<Part> parts_;
     Scale scale_;
     Font font_;
     std::wstring text_;

@@ -5,6 +5,7 @@
 #include "forms/win32/accessibility.h"
 #include "forms/win32/form_window.h"
 #include "forms/win32/wide_text.h"
+#include "forms/win32/win32_backend.h"
 
 namespace zv::forms::win32 {
 namespace {
@@ -101,7 +102,8 @@ void NativeControl::TakeFocus() {
 
 void NativeControl::SetAccessibleName() {
     if (!control_.AccessibleName().empty()) {
-        NameForScreenReaders(Handle(), ToWide(control_.AccessibleName()));
+        NameForScreenReaders(window_.Backend().ScreenReaders(), Handle(),
+                             ToWide(control_.AccessibleName()));
     }
 }
 
@@ -117,6 +119,7 @@ LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM wPar
         }
         return DefSubclassProc(window, message, wParam, lParam);
     }
+    if (message == WM_DESTROY && window == self->Handle()) self->OnDestroy();
     if (self->window_.Gone()) return DefSubclassProc(window, message, wParam, lParam);
     return self->window_.AtBoundary([&] { return self->Handle(window, message, wParam, lParam); });
 }

@@ -58,6 +58,8 @@ class NativeControl {
     virtual bool ListOpen() const { return false; }
     /// Fonts and images for the window's present resolution.
     virtual void ResolutionChanged();
+    /// The native window is being destroyed; what the system keeps of it can still be found.
+    virtual void OnDestroy() noexcept {}
 
  protected:
     /// State set by the program must not come back as an act of the user.

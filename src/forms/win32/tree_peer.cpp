@@ -63,7 +63,27 @@ void NativeTree::Create(HWND parent, int id) {
                  WS_EX_CLIENTEDGE);
     Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
     ShowImages();
+    OfferDescriptions();
     Synchronize();
+}
+
+void NativeTree::OfferDescriptions() {
+    if (!Tree().describe) return;
+    Win32Backend& backend = Owner().Backend();
+    descriptions_ = ItemDescriptions::Offer(
+        Handle(), [&backend] { return backend.ScreenReaders(); },
+        [this](DWORD child) { return DescribeItem(child); });
+}
+
+std::string NativeTree::DescribeItem(DWORD child) const {
+    if (Gone()) return {};
+    const auto item = reinterpret_cast<HTREEITEM>(Send(TVM_MAPACCIDTOHTREEITEM, child));
+    const int node = stale_ ? TreeView::kNone : NodeOf(item);
+    return node == TreeView::kNone ? std::string() : Tree().describe(node);
+}
+
+void NativeTree::OnDestroy() noexcept {
+    if (descriptions_) descriptions_->Withdraw();
 }
 
 void NativeTree::ShowImages() {
@@ -154,7 +174,13 @@ void NativeTree::NodeChanged(int node) {
     }
     const Quiet quiet(*this);
     const int slot = SlotOf(node);
+    const int image = At(slot).image;
     Reuse(slot, node);
+    if (descriptions_ && image != At(slot).image) {
+        NotifyWinEvent(EVENT_OBJECT_DESCRIPTIONCHANGE, Handle(), OBJID_CLIENT,
+                       static_cast<LONG>(
+                           Send(TVM_MAPHTREEITEMTOACCID, reinterpret_cast<WPARAM>(At(slot).item))));
+    }
     if (At(slot).first != kNone) Expand(slot, Tree().Expanded(node));
 }
 

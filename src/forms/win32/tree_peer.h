@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "forms/tree_view.h"
+#include "forms/win32/accessibility.h"
 #include "forms/win32/native_control.h"
 
 namespace zv::forms::win32 {
@@ -22,6 +23,7 @@ class NativeTree : public NativeControl {
     void Create(HWND parent, int id) override;
     LRESULT OnNotify(NMHDR& header) override;
     void ResolutionChanged() override;
+    void OnDestroy() noexcept override;
 
     void NodeAdded(int node);
     void NodeRemoved(int node);
@@ -87,6 +89,8 @@ class NativeTree : public NativeControl {
     void Forget(int slot);
     void Expand(int slot, bool expanded);
     void ShowImages();
+    void OfferDescriptions();
+    std::string DescribeItem(DWORD child) const;
     void ShowSelection();
     void OnSelected(const NMTREEVIEWW& change);
     void OnClick();
@@ -108,6 +112,7 @@ class NativeTree : public NativeControl {
     bool stale_ = false;  ///< nodes have changed that the native tree does not show yet
     bool selecting_ = false;
     bool clickReported_ = false;  ///< in the press that is going on
+    zv::win32::ComPtr<ItemDescriptions> descriptions_;
 };
 
 class NativeTreePeer : public PeerOf<TreePeer, NativeTree> {

@@ -79,10 +79,16 @@ void Win32Backend::Remove(FormWindow& window) {
 }
 
 std::unique_ptr<FormPeer> Win32Backend::Realize(Form& form) {
+    const DpiScope sharp = dpi_.ForWindows();
     auto window = std::make_shared<FormWindow>(*this, form);
     auto peer = std::make_unique<NativeFormPeer>(window);
     window->Build();
     return peer;
+}
+
+void Win32Backend::RunForHost(const std::function<void()>& act) {
+    const DpiScope sharp = dpi_.FromHost();
+    act();
 }
 
 void Win32Backend::EndSession() {
@@ -118,6 +124,8 @@ HWND Win32Backend::Handle(const Form& form) const {
 }
 
 void Win32Backend::RunModal(Form& form) {
+    // Each window handles its messages in its own context; what else the loop runs is the host's.
+    const DpiScope host = dpi_.ForHost();
     MSG message{};
     while (form.IsShown()) {
         const BOOL received = GetMessageW(&message, nullptr, 0, 0);
@@ -155,19 +163,37 @@ LRESULT CALLBACK Win32Backend::OnGetMessage(int code, WPARAM wParam, LPARAM lPar
 }
 
 Size Win32Backend::MeasureText(std::string_view text) {
-    const Scale scale(SystemDpi());
-    const Font font = CreateUiFont(scale.Dpi());
-    const SIZE size = win32::MeasureText(font.get(), text);
-    // Rounded up, so that the text still fits.
-    const auto up = [&](LONG pixels) {
-        const int units = scale.ToUnits(static_cast<int>(pixels));
-        return scale.ToPixels(units) < pixels ? units + 1 : units;
-    };
-    return {up(size.cx), up(size.cy)};
+    const DpiScope sharp = dpi_.ForWindows();
+    if (resolutions_.empty()) Meets(SystemDpi());
+    Size most;
+    for (const int dpi : resolutions_) {
+        const Scale scale(dpi);
+        const Font font = CreateUiFont(dpi);
+        const SIZE size = win32::MeasureText(font.get(), text);
+        // Rounded up, so that the text still fits.
+        const auto up = [&](LONG pixels) {
+            const int units = scale.ToUnits(static_cast<int>(pixels));
+            return scale.ToPixels(units) < pixels ? units + 1 : units;
+        };
+        most.width = std::max(most.width, up(size.cx));
+        most.height = std::max(most.height, up(size.cy));
+    }
+    return most;
+}
+
+bool Win32Backend::Meets(int dpi) {
+    if (std::find(resolutions_.begin(), resolutions_.end(), dpi) != resolutions_.end())
+        return false;
+    resolutions_.push_back(dpi);
+    return true;
 }
 
 Rect Win32Backend::WorkArea() {
-    return Scale(SystemDpi()).ToUnits(WorkAreaAt(WindowToBlock()));
+    const DpiScope sharp = dpi_.ForWindows();
+    const RECT area = WorkAreaAt(WindowToBlock());
+    const int dpi = DpiAround(area);
+    Meets(dpi);
+    return Scale(dpi).ToUnits(area);
 }
 
 Dialogs& Win32Backend::GetDialogs() {

@@ -10,8 +10,11 @@
 #include <vector>
 
 #include "forms/backend.h"
+#include "forms/dpi_awareness.h"
+#include "forms/win32/accessibility.h"
 #include "forms/win32/common_controls.h"
 #include "forms/win32/handles.h"
+#include "forms/win32/system_dpi.h"
 #include "forms/win32/win32_dialogs.h"
 
 namespace zv::forms::win32 {
@@ -29,13 +32,17 @@ class Win32Backend : public Backend {
     Win32Backend& operator=(const Win32Backend&) = delete;
 
     std::unique_ptr<FormPeer> Realize(Form& form) override;
+    void RunForHost(const std::function<void()>& act) override;
     void RunModal(Form& form) override;
+    /// What fits at every resolution at which this backend has or had a window.
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override;
     Dialogs& GetDialogs() override;
     void SetClipboardText(std::string_view text) override;
     std::string ClipboardText() override;
 
+    /// The system's notes for screen readers; null where it keeps none.
+    virtual AccessNotes ScreenReaders() { return SystemAccessNotes(); }
     /// Called again and again while a menu is open and the user does nothing.
     virtual void MenuIdle() {}
     /// Whether the system's clock makes timers tick.
@@ -51,6 +58,11 @@ class Win32Backend : public Backend {
     /// afresh. Nothing of this one may be used or destroyed afterwards.
     void Abandon();
 
+    /// The contexts of the windows and of the program that they live in.
+    DpiAwareness& Dpi() { return dpi_; }
+    /// A window has, or will have, this resolution. True when none had it so far.
+    bool Meets(int dpi);
+
     HINSTANCE Module() const { return module_; }
     const CommonControls& Controls() const { return controls_; }
     /// The native window of a form; 0 when it has none.
@@ -64,6 +76,9 @@ class Win32Backend : public Backend {
     static LRESULT CALLBACK OnGetMessage(int code, WPARAM wParam, LPARAM lParam) noexcept;
 
     HINSTANCE module_;
+    SystemDpiThread thread_;
+    DpiAwareness dpi_{thread_};
+    std::vector<int> resolutions_;
     CommonControls controls_;
     Win32Dialogs ownDialogs_;
     Dialogs* dialogs_;

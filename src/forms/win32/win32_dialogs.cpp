@@ -49,6 +49,7 @@ HWND Win32Dialogs::OwnerWindow(const Form* owner) const {
 Answer Win32Dialogs::ShowMessage(Form* owner, const std::string& text, int style,
                                  const std::string& title) {
     const ManifestInForce manifest(backend_.Controls().Manifest());
+    const DpiScope sharp = backend_.Dpi().ForWindows();
     const HWND window = OwnerWindow(owner);
     const HWND focus = GetFocus();
     int answer = 0;
@@ -69,6 +70,7 @@ Answer Win32Dialogs::ShowMessage(Form* owner, const std::string& text, int style
 std::optional<std::string> Win32Dialogs::AskText(Form* owner, const std::string& prompt,
                                                  const std::string& title, bool secret) {
     const ManifestInForce manifest(backend_.Controls().Manifest());
+    const DpiScope sharp = backend_.Dpi().ForWindows();
     const HWND window = OwnerWindow(owner);
     const OtherWindowsDisabled others(window);
     const StandingBox standing(StandingBox::Kind::Dialog, window);
@@ -83,6 +85,7 @@ std::optional<std::string> Win32Dialogs::AskText(Form* owner, const std::string&
 
 std::optional<std::string> Win32Dialogs::ChooseFile(Form* owner, const FileRequest& request) {
     const ManifestInForce manifest(backend_.Controls().Manifest());
+    const DpiScope sharp = backend_.Dpi().ForWindows();
     const HWND window = OwnerWindow(owner);
     const OtherWindowsDisabled others(window);
     const StandingBox standing(StandingBox::Kind::FileDialog, window);

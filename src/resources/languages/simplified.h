@@ -220,6 +220,8 @@ inline constexpr auto kItem = InOrder<ItemText>({
     {ItemText::BelongsToPlan,
      "所选客户的编号也是该事件的任务号，保存后该任务将属于该事件，并随事件一同删除或重新生成"},
     {ItemText::SaveAnyway, "仍要保存吗 ?"},
+    {ItemText::StateAndDue, "{0}，{1} 到期"},
+    {ItemText::StateAndDate, "{0}，日期 {1}"},
 });
 
 // The plan editor and the staff list.

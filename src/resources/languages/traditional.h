@@ -220,6 +220,8 @@ inline constexpr auto kItem = InOrder<ItemText>({
     {ItemText::BelongsToPlan,
      "所選客戶的編號也是該事件的任務號，保存後該任務將屬於該事件，並隨事件一同刪除或重新生成"},
     {ItemText::SaveAnyway, "仍要保存嗎 ?"},
+    {ItemText::StateAndDue, "{0}，{1} 到期"},
+    {ItemText::StateAndDate, "{0}，日期 {1}"},
 });
 
 // The plan editor and the staff list.

@@ -71,6 +71,53 @@ TEST_F(InPlaceTest, ActivatesInADesignedForm) {
     EXPECT_EQ(site.events, (Events{"activate", "deactivate"}));
 }
 
+/// How windows of the thread deal with resolutions, by functions that not every system has.
+struct Dpi {
+    template <typename Function>
+    static Function User(const char* name) {
+        return reinterpret_cast<Function>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name));
+    }
+    static DPI_AWARENESS_CONTEXT Set(DPI_AWARENESS_CONTEXT context) {
+        using SetContext = DPI_AWARENESS_CONTEXT(WINAPI*)(DPI_AWARENESS_CONTEXT);
+        const auto set = User<SetContext>("SetThreadDpiAwarenessContext");
+        return set ? set(context) : nullptr;
+    }
+    static DPI_AWARENESS OfThread() {
+        using Present = DPI_AWARENESS_CONTEXT(WINAPI*)();
+        using Awareness = DPI_AWARENESS(WINAPI*)(DPI_AWARENESS_CONTEXT);
+        return User<Awareness>("GetAwarenessFromDpiAwarenessContext")(
+            User<Present>("GetThreadDpiAwarenessContext")());
+    }
+};
+
+DPI_AWARENESS whileChildIsMade = DPI_AWARENESS_INVALID;
+
+LRESULT CALLBACK WatchCreation(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HCBT_CREATEWND &&
+        reinterpret_cast<const CBT_CREATEWNDW*>(lParam)->lpcs->style & WS_CHILD) {
+        whileChildIsMade = Dpi::OfThread();
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+TEST_F(InPlaceTest, IsMadeInTheContextOfItsParentWhateverTheThreadHas) {
+    const auto before = Dpi::Set(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE);
+    if (!before) GTEST_SKIP() << "the system has no contexts of threads";
+    const HWND sharp = CreateWindowExW(0, L"STATIC", L"sharp form", WS_POPUP | WS_VISIBLE, 0, 0,
+                                       300, 200, nullptr, nullptr, nullptr, nullptr);
+    const HWND unaware = std::exchange(site.window, sharp);
+    Dpi::Set(DPI_AWARENESS_CONTEXT_UNAWARE);
+    whileChildIsMade = DPI_AWARENESS_INVALID;
+    const HHOOK hook = SetWindowsHookExW(WH_CBT, &WatchCreation, nullptr, GetCurrentThreadId());
+    EXPECT_EQ(Verb(OLEIVERB_INPLACEACTIVATE), S_OK);
+    UnhookWindowsHookEx(hook);
+    EXPECT_EQ(whileChildIsMade, DPI_AWARENESS_PER_MONITOR_AWARE);
+    EXPECT_EQ(Dpi::OfThread(), DPI_AWARENESS_UNAWARE);
+    EXPECT_EQ(As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+    DestroyWindow(std::exchange(site.window, unaware));
+    Dpi::Set(before);
+}
+
 TEST_F(InPlaceTest, TakesAndGivesBackTheFrame) {
     ASSERT_EQ(Verb(OLEIVERB_UIACTIVATE), S_OK);
     EXPECT_TRUE(site.active);

@@ -60,6 +60,55 @@ TEST_F(TreePanelTest, KnowsTheStateOfANode) {
     EXPECT_EQ(panel.tvwTask.Image(node), "task4");
 }
 
+TEST_F(TreePanelTest, AReaderHearsTheStateAndTheDayOfAnItemInTheLanguageOfTheWindow) {
+    Fill();
+    const auto& describe = panel.tvwTask.describe;
+    EXPECT_EQ(describe(panel.Find("Z1")), "未完成，2003-03-07 到期");
+    EXPECT_EQ(describe(panel.Find("Z2")), "办理中，日期 2003-03-07");
+    panel.ShowState(panel.Find("Z1"), ItemState::Done);
+    EXPECT_EQ(describe(panel.Find("Z1")), "已完成，2003-03-07 到期");
+    stage.session.state.Language = resources::kTraditionalChinese;
+    EXPECT_EQ(describe(panel.Find("Z2")), "辦理中，日期 2003-03-07");
+}
+
+TEST_F(TreePanelTest, AReaderHearsTheNewStateAsSoonAsThePictureShowsIt) {
+    struct Watch final : forms::TreePeer {
+        explicit Watch(TreePanel& watched) : tree(watched) {}
+        void Changed(forms::Aspect) override {}
+        void TakeFocus() override {}
+        void NodeAdded(int) override {}
+        void NodeRemoved(int) override {}
+        void NodeChanged(int node) override { heard = tree.Describe(node); }
+        void NodesCleared() override {}
+        void FillBegins() override {}
+        void FillEnds() override {}
+        TreePanel& tree;
+        std::string heard;
+    };
+    Fill();
+    auto watch = std::make_unique<Watch>(panel);
+    Watch& watched = *watch;
+    panel.tvwTask.AttachPeer(std::move(watch));
+    panel.ShowState(panel.Find("Z1"), ItemState::InHand);
+    EXPECT_EQ(watched.heard, "办理中，2003-03-07 到期");
+}
+
+TEST_F(TreePanelTest, AnItemWithoutADayHasOnlyItsStateToSayAndGroupsAndPlansNothing) {
+    stage.Sql("update tTaskList set taskTime=null where fID=1");
+    Fill();
+    const auto& describe = panel.tvwTask.describe;
+    EXPECT_EQ(describe(panel.Find("Z1")), "未完成");
+    EXPECT_EQ(describe(panel.Find("A1")), "");
+    panel.Clear();
+    stage.Sql("insert into tTaskSet(taskID,taskTitle) values(2,'计划')");
+    const auto rows = stage.session.database.Open(
+        "select distinct taskID as fID,taskTitle,DoneMan from tTaskSet Order by taskTitle");
+    panel.FillPlans(*rows);
+    rows->Close();
+    EXPECT_EQ(describe(panel.Find("E0")), "");
+    EXPECT_EQ(describe(panel.Find("Z2")), "");
+}
+
 TEST_F(TreePanelTest, ItemsAndPlansAreNumberedEachByThemselves) {
     Fill();
     EXPECT_EQ(panel.Find(ItemRef{2, true}), TreePanel::kNone);

@@ -32,6 +32,15 @@ constexpr std::string_view kPlanRootKey = "E0";
 constexpr std::string_view kPlanRootImage = "event1";
 constexpr std::string_view kPlanImage = "event4";
 
+// An item's text is its day between these, then its title.
+constexpr std::string_view kBeforeDay = "(";
+constexpr std::string_view kBehindDay = ")\t";
+
+std::string_view DayOf(std::string_view text) {
+    text.remove_prefix(kBeforeDay.size());
+    return text.substr(0, text.find(kBehindDay));
+}
+
 // What a node carries beside its text: a group, or the state of an item.
 constexpr std::uint8_t kGroup = 0;
 
@@ -112,6 +121,7 @@ TreePanel::TreePanel(forms::Form& form, Session& session)
       chkEvent(form, "chkEvent"),
       picImage(form, "picImage") {
     tvwTask.SetImageList(&TreeImages());
+    tvwTask.describe = [this](int node) { return Describe(node); };
     tvwTask.onNodeClick = [this](int node) {
         if (onNodeClick) onNodeClick(node);
     };
@@ -183,14 +193,14 @@ void TreePanel::FillItems(store::Recordset& rows, const items::Filter& filter, F
             result.rowsLeftOut++;
             continue;
         }
-        text = "(";
+        text = kBeforeDay;
         try {
             AppendDay(text, rows.Field(timeColumn));
         } catch (const RuntimeError&) {
             result.rowsLeftOut++;
             continue;
         }
-        text += ")\t";
+        text += kBehindDay;
         AppendText(text, rows.Field(titleColumn));
 
         if (kind != lastKind) {
@@ -266,15 +276,24 @@ std::optional<ItemState> TreePanel::StateOf(int node) const {
 void TreePanel::ShowState(int node, ItemState state) {
     std::string image = tvwTask.Image(node);
     image.back() = kStateDigits[Position(state)];
-    tvwTask.SetImage(node, image);
     tvwTask.SetData(node, DataOf(state));
+    tvwTask.SetImage(node, image);
+}
+
+std::string TreePanel::Describe(int node) const {
+    const auto group = GroupKindOf(node);
+    const auto kind = group ? ItemKindOf(*group) : std::nullopt;
+    const auto state = StateOf(node);
+    if (!kind || !state) return {};
+    return items::Describe(*kind, *state, DayOf(tvwTask.Text(node)), session_.state.Language);
 }
 
 bool TreePanel::Lists(const items::SavedItem& item) const {
     // The numbers of plans are not those of items.
     if (WantsPlans()) return false;
     if (item.id != 0) return tvwTask.Find(kItemLetter + std::to_string(item.id)) != kNone;
-    const std::string text = "(" + item.date.IsoDate() + ")\t" + item.title;
+    const std::string text =
+        std::string(kBeforeDay) + item.date.IsoDate() + std::string(kBehindDay) + item.title;
     for (int group = tvwTask.FirstRoot(); group != kNone; group = tvwTask.NextSibling(group)) {
         if (!tvwTask.Key(group).starts_with(kGroupLetters[Position(item.kind)])) continue;
         for (int node = tvwTask.FirstChild(group); node != kNone;

@@ -88,6 +88,9 @@ class TreePanel {
     /// The state of an item; a plan counts as done. Nothing for a group.
     std::optional<items::ItemState> StateOf(int node) const;
     void ShowState(int node, items::ItemState state);
+    /// What a screen reader says of a node beside its text; nothing for a group or a plan, which
+    /// have no state.
+    std::string Describe(int node) const;
     void Remove(int node) { tvwTask.Remove(node); }
     /// Whether an item is listed. One without a number is looked for by what is seen of it.
     bool Lists(const items::SavedItem& item) const;

@@ -1,0 +1,281 @@
+// Windows in a program that knows nothing of resolutions, and windows whose resolution changes.
+#include <windows.h>
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "driver/win32/played_backend.h"
+#include "forms/buttons.h"
+#include "forms/text_box.h"
+#include "forms/win32/display.h"
+#include "forms/win32/form_window.h"
+#include "forms/win32/input_box.h"
+#include "forms/win32/system_dpi.h"
+#include "forms/win32/user_function.h"
+#include "stand.h"
+
+namespace zv::contract {
+namespace {
+
+using namespace forms;
+namespace win32 = forms::win32;
+using win32::Scale;
+
+DPI_AWARENESS AwarenessOf(DpiContext context) {
+    using Awareness = DPI_AWARENESS(WINAPI*)(DPI_AWARENESS_CONTEXT);
+    static const auto awareness =
+        win32::UserFunction<Awareness>("GetAwarenessFromDpiAwarenessContext");
+    return awareness(static_cast<DPI_AWARENESS_CONTEXT>(const_cast<void*>(context)));
+}
+DPI_AWARENESS AwarenessOf(HWND window) {
+    return AwarenessOf(win32::DpiContextOf(window));
+}
+DPI_AWARENESS AwarenessOfThread() {
+    using Present = DPI_AWARENESS_CONTEXT(WINAPI*)();
+    static const auto present = win32::UserFunction<Present>("GetThreadDpiAwarenessContext");
+    return AwarenessOf(present());
+}
+bool SystemKnowsContexts() {
+    return win32::UserFunction<FARPROC>("SetThreadDpiAwarenessContext") != nullptr;
+}
+
+struct SmallForm : TestForm {
+    explicit SmallForm(WindowSystem& windows) : TestForm(windows) { cmdOK.SetCaption("确定(&O)"); }
+    TextBox txtTitle{*this, "txtTitle"};
+    CommandButton cmdOK{*this, "cmdOK"};
+};
+
+/// The thread of a program that is not aware of resolutions.
+class UnawareHost : public Contract {
+ protected:
+    UnawareHost() : form(windows_.Create<SmallForm>()) { Arrange(form); }
+    void SetUp() override {
+        if (!SystemKnowsContexts()) GTEST_SKIP() << "the system has no contexts of threads";
+        unaware_.emplace(thread_, DPI_AWARENESS_CONTEXT_UNAWARE);
+        ASSERT_EQ(AwarenessOfThread(), DPI_AWARENESS_UNAWARE);
+    }
+    void TearDown() override {
+        if (unaware_) {
+            EXPECT_EQ(AwarenessOfThread(), DPI_AWARENESS_UNAWARE);
+        }
+        Contract::TearDown();
+        unaware_.reset();
+    }
+    driver::PlayedBackend& backend() {
+        return static_cast<driver::PlayedBackend&>(stand_->GetBackend());
+    }
+    HWND Handle() { return backend().Handle(form); }
+
+    SmallForm& form;
+
+ private:
+    win32::SystemDpiThread thread_;
+    std::optional<DpiScope> unaware_;
+};
+
+TEST_F(UnawareHost, AWindowAndItsControlsAreSharpAndTheThreadStaysAsItIs) {
+    windows_.FromHost([&] { form.Show(false); });
+    EXPECT_EQ(AwarenessOfThread(), DPI_AWARENESS_UNAWARE);
+    EXPECT_EQ(AwarenessOf(Handle()), DPI_AWARENESS_PER_MONITOR_AWARE);
+    EXPECT_EQ(AwarenessOf(GetWindow(Handle(), GW_CHILD)), DPI_AWARENESS_PER_MONITOR_AWARE);
+}
+
+TEST_F(UnawareHost, AWindowIsSharpAlsoOutsideOfACallOfTheHost) {
+    form.Show(false);
+    EXPECT_EQ(AwarenessOf(Handle()), DPI_AWARENESS_PER_MONITOR_AWARE);
+}
+
+TEST_F(UnawareHost, AHandlerOfAWindowRunsInItsContext) {
+    DPI_AWARENESS seen = DPI_AWARENESS_INVALID;
+    form.cmdOK.onClick = [&] { seen = AwarenessOfThread(); };
+    windows_.FromHost([&] { form.Show(false); });
+    driver().Click(form.cmdOK);
+    EXPECT_EQ(seen, DPI_AWARENESS_PER_MONITOR_AWARE);
+}
+
+TEST_F(UnawareHost, AnErrorOfARefusedCallLeavesTheThreadAsItIs) {
+    EXPECT_THROW(windows_.FromHost([&] {
+        form.Show(false);
+        throw RuntimeError(ErrorNumber::Overflow);
+    }),
+                 RuntimeError);
+    EXPECT_EQ(AwarenessOfThread(), DPI_AWARENESS_UNAWARE);
+}
+
+DPI_AWARENESS seenByTimer = DPI_AWARENESS_INVALID;
+std::function<void()> onTimer;
+
+void CALLBACK Tick(HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    seenByTimer = AwarenessOfThread();
+    if (onTimer) std::exchange(onTimer, nullptr)();
+}
+
+TEST_F(UnawareHost, WhatTheHostDoesWhileAModalWindowStandsHasTheHostsContext) {
+    stand_->SetModalLoop(nullptr);
+    seenByTimer = DPI_AWARENESS_INVALID;
+    onTimer = [&] { PostMessageW(Handle(), WM_CLOSE, 0, 0); };
+    SetTimer(nullptr, 0, 20, &Tick);
+    windows_.FromHost([&] { form.Show(true); });
+    EXPECT_EQ(seenByTimer, DPI_AWARENESS_UNAWARE);
+}
+
+TEST_F(UnawareHost, BoxesAreSharp) {
+    win32::Win32Backend real{GetModuleHandleW(nullptr)};
+    WindowSystem windows{real};
+    DPI_AWARENESS seen = DPI_AWARENESS_INVALID;
+    const auto close = [&] {
+        HWND box = FindWindowW(L"#32770", L"标题");
+        seen = box ? AwarenessOf(box) : DPI_AWARENESS_INVALID;
+        PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+    };
+    windows.title = "标题";
+    onTimer = close;
+    SetTimer(nullptr, 0, 100, &Tick);
+    EXPECT_EQ(windows.AskText("?"), std::nullopt);
+    EXPECT_EQ(seen, DPI_AWARENESS_PER_MONITOR_AWARE);
+    EXPECT_EQ(AwarenessOfThread(), DPI_AWARENESS_UNAWARE);
+
+    seen = DPI_AWARENESS_INVALID;
+    onTimer = close;
+    SetTimer(nullptr, 0, 100, &Tick);
+    EXPECT_EQ(windows.ShowMessage("?", box::kOkCancel), Answer::Cancel);
+    EXPECT_EQ(seen, DPI_AWARENESS_PER_MONITOR_AWARE);
+    EXPECT_EQ(AwarenessOfThread(), DPI_AWARENESS_UNAWARE);
+}
+
+class Resolution : public Contract {
+ protected:
+    Resolution() : form(windows_.Create<SmallForm>()) {
+        Arrange(form);
+        form.SetSizable(true);
+        form.Show(false);
+        window = static_cast<driver::PlayedBackend&>(stand_->GetBackend()).Find(form);
+        before = window->GetScale().Dpi();
+    }
+    HWND Handle() const { return window->Handle(); }
+    SIZE Outer() const {
+        RECT place{};
+        GetWindowRect(Handle(), &place);
+        return {place.right - place.left, place.bottom - place.top};
+    }
+    /// As the system does when the window is moved to a monitor of that resolution. Not every
+    /// system gives the window another frame then, so it keeps its own.
+    void MoveTo(int dpi) {
+        RECT client{};
+        GetClientRect(Handle(), &client);
+        const SIZE outer = Outer();
+        const Scale scale(dpi);
+        const RECT suggested{
+            20, 30, 20 + outer.cx - client.right + scale.ToPixels(form.ClientSize().width),
+            30 + outer.cy - client.bottom + scale.ToPixels(form.ClientSize().height)};
+        SendMessageW(Handle(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+                     reinterpret_cast<LPARAM>(&suggested));
+        RECT taken{};
+        GetWindowRect(Handle(), &taken);
+        EXPECT_TRUE(EqualRect(&taken, &suggested));
+    }
+    RECT PlaceOf(HWND control) const {
+        RECT place{};
+        GetWindowRect(control, &place);
+        MapWindowPoints(nullptr, Handle(), reinterpret_cast<POINT*>(&place), 2);
+        return place;
+    }
+    int FontHeight(HWND control) const {
+        LOGFONTW font{};
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)), sizeof font,
+                   &font);
+        return std::abs(font.lfHeight);
+    }
+
+    SmallForm& form;
+    win32::FormWindow* window = nullptr;
+    int before = 0;
+};
+
+TEST_F(Resolution, AWindowThatGetsAnotherOneIsScaledWithControlsAndFonts) {
+    const HWND title = window->Find(form.txtTitle)->Handle();
+    const Rect units = form.txtTitle.Bounds();
+    const Size client = form.ClientSize();
+    const int font = FontHeight(title);
+    ASSERT_GT(font, 0);
+    MoveTo(2 * before);
+    const Scale scale(2 * before);
+    EXPECT_EQ(window->GetScale().Dpi(), 2 * before);
+    const RECT place = PlaceOf(title);
+    const RECT wanted = scale.ToPixels(units);
+    EXPECT_TRUE(EqualRect(&place, &wanted));
+    EXPECT_NEAR(FontHeight(title), 2 * font, 2);
+    EXPECT_EQ(form.ClientSize(), client) << "in units it is as large as it was";
+    MoveTo(before);
+    EXPECT_EQ(form.ClientSize(), client);
+    EXPECT_EQ(FontHeight(title), font);
+}
+
+TEST_F(Resolution, AWindowAsksForTheSizeThatItsContentNeedsThere) {
+    const int dpi = before + before / 2;
+    const Scale scale(dpi);
+    SIZE size{};
+    ASSERT_TRUE(SendMessageW(Handle(), win32::kGetDpiScaledSize, static_cast<WPARAM>(dpi),
+                             reinterpret_cast<LPARAM>(&size)));
+    const RECT outer = win32::OuterRect(
+        {0, 0, scale.ToPixels(form.ClientSize().width), scale.ToPixels(form.ClientSize().height)},
+        static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)),
+        static_cast<DWORD>(GetWindowLongW(Handle(), GWL_EXSTYLE)), false, dpi);
+    EXPECT_EQ(size.cx, outer.right - outer.left);
+    EXPECT_EQ(size.cy, outer.bottom - outer.top);
+    ShowWindow(Handle(), SW_MAXIMIZE);
+    EXPECT_FALSE(SendMessageW(Handle(), win32::kGetDpiScaledSize, static_cast<WPARAM>(dpi),
+                              reinterpret_cast<LPARAM>(&size)));
+}
+
+TEST_F(Resolution, AWindowIsLaidOutOnceMoreByTextsOfTheNewOne) {
+    const std::array<std::string, 5> texts{"任务提醒", "客戶名片", "iiiiiiiiiiiiiiiiiiii",
+                                           "WWWWWWWWWWWWWWWWWWWW", "2003-03-07 10:00"};
+    std::vector<int> widths;
+    form.onResize = [&] {
+        for (const std::string& text : texts) {
+            widths.push_back(stand_->GetBackend().MeasureText(text).width);
+        }
+    };
+    const Scale scale(before + before / 4);
+    MoveTo(scale.Dpi());
+    ASSERT_EQ(widths.size(), texts.size()) << "once";
+    const win32::Font font = win32::CreateUiFont(scale.Dpi());
+    for (std::size_t i = 0; i < texts.size(); i++) {
+        EXPECT_GE(scale.ToPixels(widths[i]), win32::MeasureText(font.get(), texts[i]).cx)
+            << texts[i];
+    }
+}
+
+TEST_F(Resolution, ABoxIsScaledToo) {
+    win32::Win32Backend real{GetModuleHandleW(nullptr)};
+    WindowSystem windows{real};
+    windows.title = "标题";
+    RECT small{};
+    RECT large{};
+    int dpi = 0;
+    onTimer = [&] {
+        const HWND box = FindWindowW(L"#32770", L"标题");
+        const HWND entry = GetDlgItem(box, win32::InputBox::kEntryId);
+        dpi = win32::DpiOf(box);
+        GetWindowRect(entry, &small);
+        const RECT suggested{10, 10, 900, 500};
+        SendMessageW(box, WM_DPICHANGED, MAKEWPARAM(2 * dpi, 2 * dpi),
+                     reinterpret_cast<LPARAM>(&suggested));
+        GetWindowRect(entry, &large);
+        PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+    };
+    SetTimer(nullptr, 0, 100, &Tick);
+    EXPECT_EQ(windows.AskText("?"), std::nullopt);
+    EXPECT_GT(small.right, small.left);
+    EXPECT_EQ(large.right - large.left, 2 * (small.right - small.left));
+    EXPECT_EQ(large.bottom - large.top, 2 * (small.bottom - small.top));
+}
+
+}  // namespace
+}  // namespace zv::contract
