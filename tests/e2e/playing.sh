@@ -15,10 +15,13 @@ outside() { ZV_WINE_TIMEOUT=60 wine_output "$ZV_TEST_BIN/zvOutside.exe" "$@"; }
 registry() { ZV_WINE_TIMEOUT=60 wine_output reg "$@"; }
 query() { sqlite3 -batch "$data" ".timeout 5000" "$1"; }
 
-# expect NAME COMMAND...: the command succeeds, within some seconds where the system needs time to
-# follow what the user did.
+# How long the system may take to follow what the user did, in seconds. On a busy machine one look at a
+# window takes a quarter of one, and a command may look many times before it acts again.
+patience=30
+
+# expect NAME COMMAND...: the command succeeds, within that time.
 expect() {
-    local name=$1 end=$((SECONDS + 5))
+    local name=$1 end=$((SECONDS + patience))
     shift
     until "$@"; do
         if [ "$SECONDS" -ge "$end" ]; then

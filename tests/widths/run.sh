@@ -72,9 +72,21 @@ for who in first second; do
 done
 expect "and closed" test ! -s "$data-wal"
 
-if tests/torture/run.sh 20 embedded 64 32 >"$work/torture" 2>&1; then status=0; else status=1; fi
-cat "$work/torture"
-read -r p _ f _ < <(grep -E '^[0-9]+ passed, [0-9]+ failed$' "$work/torture" || echo "0 passed, $status failed")
-passed=$((passed + p))
-failed=$((failed + f))
+# counted COMMAND...: adds the count that it closes with.
+counted() {
+    local status p f
+    if "$@" >"$work/counted" 2>&1; then status=0; else status=1; fi
+    cat "$work/counted"
+    read -r p _ f _ < <(grep -E '^[0-9]+ passed, [0-9]+ failed$' "$work/counted" || echo "0 passed, $status failed")
+    passed=$((passed + p))
+    failed=$((failed + f))
+}
+# A tool in which both are installed loads the type libraries of both.
+control_of() { wine_width "$1" && winepath_of "$ZV_BIN/zv_Task.ocx"; }
+libraries() { wine_output "$ZV_TEST_BIN/zvLibraries.exe" "$@"; }
+control64=$(control_of 64)
+control32=$(control_of 32)
+counted with_width first libraries "$control64" "$control32"
+counted with_width second libraries "$control64" "$control32"
+counted tests/torture/run.sh 20 embedded 64 32
 finish

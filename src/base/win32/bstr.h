@@ -5,6 +5,7 @@
 
 #include <oleauto.h>
 
+#include <cstddef>
 #include <new>
 #include <string>
 #include <string_view>
@@ -21,6 +22,9 @@ inline std::wstring_view View(BSTR text) {
 inline std::string ToUtf8(BSTR text) {
     return ToUtf8(View(text));
 }
+/// An array of characters has no length in front of it, as an automation text has.
+template <std::size_t Units>
+std::string ToUtf8(wchar_t (&)[Units]) = delete;
 
 /// A new automation text for the caller to free. Throws bad_alloc.
 inline BSTR AllocateBstr(std::wstring_view text) {

@@ -259,7 +259,7 @@ void frmTaskSet::Give(PlanField field, forms::TextBox& box, const std::string& t
 }
 
 void frmTaskSet::PickInto(PlanField field, forms::TextBox& box, std::int16_t action) {
-    PickStaff(session_, action,
+    PickStaff(session_, action, box.Text(),
               [this, field, &box](const std::string& name) { Give(field, box, name); });
     box.SetFocus();
 }
@@ -274,7 +274,7 @@ void frmTaskSet::cmdDoneMan_Click() {
 
 void frmTaskSet::cmdOnlySeeMan_Click() {
     // No field of the plan takes the name; the host finds an accepted one in myName.
-    PickStaff(session_, kBrowseStaff, {});
+    PickStaff(session_, kBrowseStaff, {}, {});
 }
 
 void frmTaskSet::Refuse(const Refusal& refusal) {

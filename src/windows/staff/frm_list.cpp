@@ -12,6 +12,12 @@ namespace {
 
 constexpr char kKeySeparator = '\t';
 
+// What picking an entry gives.
+std::string NameOf(const std::string& entry) {
+    const auto separator = entry.find(kKeySeparator);
+    return separator == std::string::npos ? entry : entry.substr(separator + 1);
+}
+
 }  // namespace
 
 frmList::frmList(forms::WindowSystem& windows, Session& session)
@@ -31,6 +37,7 @@ frmList::frmList(forms::WindowSystem& windows, Session& session)
 void frmList::Form_Load() {
     SetCaptions();
     FillList();
+    SelectPresent();
     PlaceControls();
     Center();
 }
@@ -55,6 +62,17 @@ void frmList::FillList() {
     List1.SetItems(std::move(entries));
 }
 
+// Enter then keeps what is chosen. A name that nobody in the list has selects nothing.
+void frmList::SelectPresent() {
+    if (present.empty()) return;
+    for (int row = 0; row < List1.ListCount(); ++row) {
+        if (NameOf(List1.List(row)) == present) {
+            List1.SetListIndex(row);
+            return;
+        }
+    }
+}
+
 void frmList::PlaceControls() {
     using forms::layout::dialog::kGap;
     using forms::layout::dialog::kMargin;
@@ -74,10 +92,7 @@ void frmList::PlaceControls() {
 }
 
 void frmList::cmdLogOK_Click() {
-    std::string name = List1.Text();
-    if (const auto separator = name.find(kKeySeparator); separator != std::string::npos) {
-        name.erase(0, separator + 1);
-    }
+    const std::string name = NameOf(List1.Text());
     session_.state.myName = name;
     if (onPicked) onPicked(name);
     Unload();
@@ -97,13 +112,15 @@ void ShowStaffList(Session& session, std::int16_t action, bool modal) {
     // One that stands keeps what it was opened for: its cancel is not the caller's.
     session.windows.Open<frmList>(
         modal,
-        [action](frmList& list) {
-            if (!list.IsLoaded()) list.Action = action;
+        [&session, action](frmList& list) {
+            if (list.IsLoaded()) return;
+            list.Action = action;
+            list.present = session.state.myName;
         },
         session);
 }
 
-void PickStaff(Session& session, std::int16_t action,
+void PickStaff(Session& session, std::int16_t action, std::string present,
                std::function<void(const std::string& name)> onPicked) {
     // A list that stands open beside the other windows gives way to the modal one.
     if (auto* open = session.windows.Find<frmList>(frmList::kName)) open->Unload();
@@ -111,6 +128,7 @@ void PickStaff(Session& session, std::int16_t action,
         true,
         [&](frmList& list) {
             list.Action = action;
+            list.present = std::move(present);
             list.onPicked = std::move(onPicked);
         },
         session);

@@ -25,6 +25,8 @@ class frmList : public forms::Form, public StoreClient {
 
     /// Set before the window is shown.
     std::int16_t Action = 0;
+    /// Who is chosen so far: the list opens on his entry. Set before the window is shown.
+    std::string present;
     /// Called with the name when a pick was accepted; the control's myName holds it as well.
     std::function<void(const std::string& name)> onPicked;
 
@@ -48,16 +50,18 @@ class frmList : public forms::Form, public StoreClient {
  private:
     void SetCaptions();
     void FillList();
+    void SelectPresent();
     void PlaceControls();
 
     Session& session_;
 };
 
-/// Shows the list: the one that is open, or a new one. Modal: returns after it is gone.
+/// Shows the list: the one that is open, or a new one on the name that the host has. Modal: returns
+/// after it is gone.
 void ShowStaffList(Session& session, std::int16_t action, bool modal);
 
-/// Shows a modal list; `onPicked` is called when a pick was accepted.
-void PickStaff(Session& session, std::int16_t action,
+/// Shows a modal list on the entry of `present`; `onPicked` is called when a pick was accepted.
+void PickStaff(Session& session, std::int16_t action, std::string present,
                std::function<void(const std::string& name)> onPicked);
 
 }  // namespace zv::windows
