@@ -41,10 +41,12 @@ class SqliteConnection final : public Connection {
 
  private:
     /// Another program may change the tables between the translation and the run. The statement has
-    /// failed then without a trace, and runs again in its new form.
+    /// failed then without a trace, and runs again in its new form. One that changes them all the
+    /// time comes in between about every fourth time, so that this many tries are enough for ever.
+    static constexpr int kTries = 50;
     template <class Run>
     std::invoke_result_t<Run> OfPresentSchema(Run run) {
-        for (int left = 5;; left--) {
+        for (int left = kTries - 1;; left--) {
             try {
                 return run();
             } catch (const RuntimeError&) {
