@@ -42,7 +42,7 @@ class SqliteConnection final : public Connection {
  private:
     /// Another program may change the tables between the translation and the run. The statement has
     /// failed then without a trace, and runs again in its new form. One that changes them all the
-    /// time comes in between about every fourth time, so that this many tries are enough for ever.
+    /// time comes in between about every fourth time; all tries do not meet it.
     static constexpr int kTries = 50;
     template <class Run>
     std::invoke_result_t<Run> OfPresentSchema(Run run) {
