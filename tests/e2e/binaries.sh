@@ -11,17 +11,7 @@ root=$(cd "$(dirname "$0")/../.." && pwd)
 [ $# -gt 0 ] || set -- windows-x64-release windows-x86-release
 # The words of the tools' output are looked at, so they must not be translated.
 export LC_ALL=C TZ=UTC0
-passed=0
-failed=0
-
-check() { # WHAT EXPECTED ACTUAL
-    if [ "$2" = "$3" ]; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        echo "FAIL $1: expected '$2', got '$3'"
-    fi
-}
+source "$root/tests/checks.sh"
 
 component="DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer"
 # Libraries that every Windows has.

@@ -11,19 +11,10 @@ root=$(cd "$(dirname "$0")/../.." && pwd)
 cd "$root" || exit 1
 [ $# -gt 0 ] || set -- windows-x64-release windows-x86-release
 export LC_ALL=C
-passed=0
-failed=0
+source tests/checks.sh
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-check() { # WHAT EXPECTED ACTUAL
-    if [ "$2" = "$3" ]; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        printf 'FAIL %s\n  expected: %s\n  got:      %s\n' "$1" "$2" "$3"
-    fi
-}
 lines() { sort -u | tr '\n' ' ' | sed 's/ $//'; }
 # told ID FIELD: what the bill says.
 told() { sed -n "s/^SPDXRef-$1 $2 //p" "$work/bill"; }

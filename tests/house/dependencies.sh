@@ -5,19 +5,10 @@
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
 root=$PWD
-passed=0
-failed=0
+source tests/checks.sh
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-check() { # WHAT EXPECTED ACTUAL
-    if [ "$2" = "$3" ]; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        printf 'FAIL %s\n  expected: %s\n  got:      %s\n' "$1" "$2" "$3"
-    fi
-}
 says() { # WHAT WORDS: the last fetch said them, however its lines were broken
     grep -qF -- "$2" <(tr -s ' \n' ' ' <"$work/said")
     check "$1" 0 $?

@@ -8,33 +8,20 @@
 
 #include <oleauto.h>
 
-#include <cstdio>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "automation/registration.h"
 #include "base/win32/com_error.h"
 #include "base/win32/com_ptr.h"
+#include "counted_checks.h"
 
 namespace {
 
+using zv::automation::Braced;
+using zv::tests::Check;
 using zv::win32::Bstr;
 using zv::win32::ComPtr;
-
-int passed = 0;
-int failed = 0;
-
-void Check(const std::string& what, bool good, const std::string& got = {}) {
-    (good ? passed : failed)++;
-    std::printf("%s %s%s\n", good ? "ok" : "FAIL", what.c_str(),
-                good || got.empty() ? "" : (": " + got).c_str());
-}
-
-std::string Text(REFGUID id) {
-    wchar_t text[40];
-    const int units = StringFromGUID2(id, text, ARRAYSIZE(text));
-    return zv::win32::ToUtf8(std::wstring_view(text, static_cast<std::size_t>(units - 1)));
-}
 
 // The members of a type with their numbers, kinds and counts of arguments; places in a table of
 // functions differ with the width and are left out.
@@ -42,8 +29,9 @@ void Describe(ITypeInfo& type, std::vector<std::string>& lines) {
     TYPEATTR* attributes = nullptr;
     if (type.GetTypeAttr(&attributes) != S_OK) return;
     const UINT functions = attributes->cFuncs;
-    lines.push_back("type " + Text(attributes->guid) + " " + std::to_string(attributes->typekind) +
-                    " " + std::to_string(attributes->wTypeFlags));
+    lines.push_back("type " + zv::win32::ToUtf8(Braced(attributes->guid)) + " " +
+                    std::to_string(attributes->typekind) + " " +
+                    std::to_string(attributes->wTypeFlags));
     type.ReleaseTypeAttr(attributes);
     for (UINT at = 0; at < functions; ++at) {
         FUNCDESC* function = nullptr;
@@ -99,6 +87,5 @@ int wmain(int count, wchar_t** words) {
         Check("the first is still what it was", again.lines == first.lines);
     }
     CoUninitialize();
-    std::printf("%d passed, %d failed\n", passed, failed);
-    return failed == 0 ? 0 : 1;
+    return zv::tests::Close();
 }

@@ -21,23 +21,16 @@
 #include "base/win32/com_ptr.h"
 #include "box_reader.h"
 #include "com/ids.h"
+#include "counted_checks.h"
 
 namespace {
 
 using zv::com::ITask;
+using zv::tests::Check;
 using zv::win32::Bstr;
 using zv::win32::ComPtr;
 using zv::win32::ToUtf8;
 
-int passed = 0;
-int failed = 0;
-
-void Check(const std::string& what, bool good, const std::string& got = {}) {
-    (good ? passed : failed)++;
-    std::printf("%s %s%s\n", good ? "ok" : "FAIL", what.c_str(),
-                good || got.empty() ? "" : (": " + got).c_str());
-    std::fflush(stdout);
-}
 void CheckResult(const std::string& what, HRESULT hr) {
     std::string reason = zv::win32::SystemMessage(hr);
     ComPtr<IErrorInfo> info;
@@ -210,9 +203,8 @@ int wmain(int count, wchar_t** words) {
         UseWithoutOpener(words[2]);
     } else {
         std::printf("manifest DATABASE, missing DATABASE, apartment or context FILE DATABASE\n");
-        failed++;
+        zv::tests::failed++;
     }
     OleUninitialize();
-    std::printf("%d passed, %d failed\n", passed, failed);
-    return failed == 0 ? 0 : 1;
+    return zv::tests::Close();
 }
