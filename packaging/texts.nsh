@@ -45,10 +45,11 @@
     "Another set-up of ${NAME} is at work." \
     "另一个 ${NAME} 安装程序正在运行。" \
     "另一個 ${NAME} 安裝程式正在執行。"
-!insertmacro Text FolderNotEmpty \
-    "$INSTDIR holds other files. Choose an empty folder or a new one." \
-    "$INSTDIR 中有其他文件。请选择空文件夹或新文件夹。" \
-    "$INSTDIR 中有其他檔案。請選擇空資料夾或新資料夾。"
+; $2 is the file.
+!insertmacro Text FolderTaken \
+    "$INSTDIR holds a file $2 that is not ours. Choose another folder." \
+    "$INSTDIR 中有不属于本程序的文件 $2。请选择其他文件夹。" \
+    "$INSTDIR 中有不屬於本程式的檔案 $2。請選擇其他資料夾。"
 
 !insertmacro Text LinkDemo "Demonstration" "演示" "示範"
 !insertmacro Text LinkExamples "Examples" "示例" "範例"

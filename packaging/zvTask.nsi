@@ -43,6 +43,9 @@ OutFile "${OUT}"
 BrandingText "${NAME} ${VERSION}"
 ; Not solid: that would unpack everything to the temporary folder first.
 SetCompressor lzma
+!ifdef UNCOMPRESSED
+    SetCompress off
+!endif
 ManifestDPIAware true
 ManifestSupportedOS all
 ShowInstDetails nevershow
@@ -147,14 +150,22 @@ Function RefuseOlderThanInstalled
     ${EndIf}
 FunctionEnd
 
-; A folder with files of others in it is somebody's own; removing would have to leave it half.
+!macro FindStranger FILE
+    ${If} ${FileExists} "$INSTDIR\${FILE}"
+        StrCpy $2 "${FILE}"
+    ${EndIf}
+!macroend
+
+; A file of somebody else that has the name of one of ours would be lost. What else lies in the folder
+; stays, a database after removing for example.
 Function RefuseStrangeFolder
-    ${If} ${FileExists} "$INSTDIR\*.*"
-    ${AndIfNot} ${FileExists} "$INSTDIR\files.txt"
+    ${IfNot} ${FileExists} "$INSTDIR\files.txt"
     ${AndIfNot} ${FileExists} "$INSTDIR\~new\*.*"
-        ${DirState} "$INSTDIR" $0
-        ${If} $0 = 1
-            MessageBox MB_OK|MB_ICONEXCLAMATION "$(FolderNotEmpty)" /SD IDOK
+        StrCpy $2 ""
+        !insertmacro FilesOfBothWidths FindStranger
+        !insertmacro FilesOf64Bits FindStranger
+        ${If} $2 != ""
+            MessageBox MB_OK|MB_ICONEXCLAMATION "$(FolderTaken)" /SD IDOK
             Abort
         ${EndIf}
     ${EndIf}
@@ -163,6 +174,8 @@ FunctionEnd
 Section
     ; What is unpacked elsewhere than in a section is not counted by itself.
     AddSize ${KILOBYTES}
+    ; In silence no page has asked.
+    Call RefuseStrangeFolder
     ; What one that was killed has left is put back before anything else.
     Call PutBack
     Call WaitUntilUnused

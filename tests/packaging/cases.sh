@@ -87,6 +87,12 @@ check "a set-up that finds no room fails" 2 $?
 state full
 unchanged "and changes nothing" installed full
 
+echo "== a control that cannot be registered"
+setup 1.2.0 /S
+check "a set-up that cannot register fails" 2 $?
+state unregistered
+unchanged "and brings back files and registration" installed unregistered
+
 echo "== one that was killed"
 # As it stands in the middle of an exchange: one file replaced, one set aside, the rest unpacked.
 cp -a "$programs" "$work/before"
@@ -121,6 +127,10 @@ check "and the settings" 'C:\data' "$(value HKCU 'Software\VB and VBA Program Se
 cp host/examples/alert.vbs "$work/stranger.vbs"
 check "a script fails with the system's own words" no \
     "$(wine_output cscript //nologo "$(winepath_of "$work/stranger.vbs")" "$data" 张三 8 | grep -qx END && echo yes || echo no)"
+setup 1.0.0 /S /AllUsers
+check "it can be installed beside the database again" 0 $?
+check "which stays" "$(wc -c <"$work/taskAlert.db")" "$(wc -c <"$programs/$own/taskAlert.mdb")"
+removed "$programs" /AllUsers /S
 rm -r "$programs"
 wine_run reg delete 'HKCU\Software\VB and VBA Program Settings' /f >/dev/null 2>&1
 state bare3
@@ -128,6 +138,18 @@ changes bare bare3 >"$work/left"
 echo "left after removing: $(wc -l <"$work/left")"
 cat "$work/left"
 check "nothing else is left" "" "$(cat "$work/left")"
+
+echo "== a machine without it"
+setup 1.2.0 /S /AllUsers
+check "a first one that cannot register fails" 2 $?
+mkdir -p "$programs"
+echo theirs >"$programs/changes.txt"
+setup 1.0.0 /S /AllUsers
+check "a folder with a file of others in our place is refused" 2 $?
+check "and the file stays" theirs "$(cat "$programs/changes.txt")"
+rm -r "$programs"
+state bare7
+unchanged "neither leaves anything" bare bare7
 
 echo "== for one user"
 setup 1.0.0 /S /CurrentUser

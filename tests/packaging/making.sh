@@ -2,23 +2,13 @@
 # The making of the set-up: signing, sameness, refusals. Closes with "N passed, N failed".
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
-passed=0
-failed=0
+source tests/checks.sh
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-check() { # WHAT EXPECTED ACTUAL
-    if [ "$2" = "$3" ]; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        printf 'FAIL %s\n  expected: %s\n  got:      %s\n' "$1" "$2" "$3"
-    fi
-}
-
 packaging/make --out "$work/first" >"$work/log" 2>&1
 check "makes the set-up" 0 $?
-packaging/make --out "$work/second" >"$work/log" 2>&1
+packaging/make --as-built --out "$work/second" >"$work/log" 2>&1
 check "makes it again" 0 $?
 check "both are the same" "" "$(diff -r "$work/first" "$work/second")"
 check "one for each width, and nothing else" 2 "$(find "$work/first" -type f | wc -l)"
@@ -31,14 +21,14 @@ basename "$2" >>"$0.log"
 printf 'signed  ' >>"$2"
 SIGN
 chmod +x "$work/sign"
-packaging/make --sign "$work/sign given" --out "$work/signed" >"$work/log" 2>&1
+packaging/make --as-built --sign "$work/sign given" --out "$work/signed" >"$work/log" 2>&1
 check "makes a signed one" 0 $?
 check "every program was signed" "zvDemo.exe zvDemo.exe zv_Host.dll zv_Host.dll zv_Task.ocx zv_Task.ocx zvdb.exe zvdb.exe" \
     "$(grep -E '^(zv_|zvD|zvd)' "$work/sign.log" | LC_ALL=C sort | tr '\n' ' ' | sed 's/ $//')"
 check "the uninstallers and the set-ups, too" 4 "$(grep -vcE '^(zv_|zvD|zvd)' "$work/sign.log")"
 check "the set-up ends with its signature" "signed  " "$(tail -c 8 "$work/signed"/*-setup.exe)"
 
-packaging/make --sign false --out "$work/refused" >"$work/log" 2>&1
+packaging/make --as-built --sign false --out "$work/refused" >"$work/log" 2>&1
 check "a signature that fails ends the making" 1 $?
 check "with the file's name" yes "$(grep -q 'signing failed: zvDemo.exe' "$work/log" && echo yes)"
 check "and leaves nothing" "" "$(find "$work/refused" -type f)"

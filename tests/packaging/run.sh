@@ -16,8 +16,7 @@ export WINEPREFIX=$root/build/wine/packaging$width
 unset DISPLAY ZV_BIN ZV_TEST_BIN
 export ZV_WIDTH=$width
 source tools/setup/wine.sh
-passed=0
-failed=0
+source tests/checks.sh
 work=$(mktemp -d)
 finish() {
     wine_stop
@@ -31,15 +30,6 @@ finish() {
 trap 'exit 1' INT TERM
 trap finish EXIT
 
-check() { # WHAT EXPECTED ACTUAL
-    if [ "$2" = "$3" ]; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        printf 'FAIL %s\n  expected: %s\n  got:      %s\n' "$1" "$2" "$3"
-    fi
-}
-
 wine_prepare && wine_start || { failed=1; exit; }
 drive=$WINEPREFIX/drive_c
 programs="$drive/Program Files/zvTask"
@@ -49,10 +39,22 @@ control='Software\Classes\CLSID\{29DE1175-A4EF-4D13-9534-1C19C40DDBC5}\InprocSer
 suffix=$([ "$width" = 64 ] && echo -x64)
 own=$([ "$width" = 64 ] && echo x64 || echo x86)
 
-for version in 0.9.0 1.0.0 1.1.0; do
-    packaging/make --version "$version" --out "$work/$version" >"$work/make.log" 2>&1 ||
+# made VERSION OPTION...
+made() {
+    local version=$1
+    shift
+    packaging/make --as-built --version "$version" --out "$work/$version" "$@" >"$work/make.log" 2>&1 ||
         { cat "$work/make.log"; failed=1; exit; }
-done
+}
+made 1.0.0 --only "$own"
+for version in 0.9.0 1.1.0; do made "$version" --only "$own" --uncompressed; done
+# One whose control cannot be registered.
+cat >"$work/breaks" <<'BREAKS'
+#!/usr/bin/env bash
+case $1 in *.ocx) echo broken >"$1" ;; esac
+BREAKS
+chmod +x "$work/breaks"
+made 1.2.0 --only "$own" --uncompressed --sign "$work/breaks"
 setup() { # VERSION OPTION...
     local version=$1
     shift
