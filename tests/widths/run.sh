@@ -24,8 +24,7 @@ for who in first second; do
     with_width "$who" registry delete "$settings" /f >/dev/null
 done
 day=$(date '+%F 00:00:00')
-query "insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask');
-insert into tTaskList(fType,TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,tDone)
+query "insert into tTaskList(fType,TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,tDone)
     values(0,0,'报价','原文','$day','$day','$day',0),(0,0,'收款','','$day','$day','$day',0);"
 
 start first 张三

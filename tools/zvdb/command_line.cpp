@@ -15,8 +15,8 @@ const char kHelp[] =
 
   zvdb create FILE [--force]
   zvdb create --to SERVER [--force] [options of sample]
-      Creates an empty database with all tables, or all tables in a database of a
-      server.
+      Creates a database to start with, or its tables in a database of a server: without
+      items, with the modules registered that the windows ask for. An import may fill it.
   zvdb sample FILE [--items N] [--cards N] [--plans N] [--today DATE] [--seed S]
                    [--force] [--quiet]
   zvdb sample --to SERVER with the same options

@@ -7,6 +7,7 @@
 #include "zvdb/import/interruption.h"
 #include "zvdb/indexes_aside.h"
 #include "zvdb/new_file.h"
+#include "zvdb/own_modules.h"
 #include "zvdb/sample_parts.h"
 
 namespace zv::zvdb {
@@ -32,19 +33,30 @@ void FillSample(Engine& engine, const SampleOptions& options, Progress& progress
     engine.Run("commit");
 }
 
+namespace {
+
+void Fill(Engine& engine, const SampleOptions* options, Progress& progress) {
+    if (options != nullptr) return FillSample(engine, *options, progress);
+    engine.Run("begin immediate");
+    for (const std::string& statement : RegisterOwnModules()) engine.Run(statement);
+    engine.Run("commit");
+}
+
+}  // namespace
+
 std::vector<std::string> CreateDatabase(const std::string& path, bool replace,
                                         const SampleOptions* options, Progress& progress) {
     RefuseWhileInUse(path);
     auto aside = NewFile::ToSetAside(path);
     NewFile file(path, {}, replace);
     store::MakeSqliteTables(file.Part());
-    if (options != nullptr) {
+    {
         Engine engine(file.Part(), SQLITE_OPEN_READWRITE, Engine::Users::Alone);
         // Nobody sees the file before it is complete, so only its end state must be on disk.
         engine.Run("pragma synchronous=off");
         sqlite3_progress_handler(
             engine.Handle(), 10000, [](void*) { return IsInterrupted() ? 1 : 0; }, nullptr);
-        FillSample(engine, *options, progress);
+        Fill(engine, options, progress);
     }
     StopIfInterrupted();
     PlaceAndCheck(file, path);

@@ -31,7 +31,8 @@ struct SampleOptions {
 /// options give the same rows.
 void FillSample(Engine& engine, const SampleOptions& options, Progress& progress);
 
-/// Creates `path` with the schema, and the sample data when `options` is given. The file appears
+/// Creates `path` with the schema, and the sample data when `options` is given, else only the
+/// modules that the windows ask for. The file appears
 /// under its name only when it is complete, and is checked there; one that was there is replaced
 /// when `replace`. Answers what was set aside, a sentence each. Throws EngineError, RuntimeError,
 /// FileError, Interrupted or std::filesystem::filesystem_error.

@@ -1,6 +1,7 @@
 // Staff, module registry and field captions.
 #include <cstdio>
 
+#include "zvdb/own_modules.h"
 #include "zvdb/random.h"
 #include "zvdb/sample_parts.h"
 #include "zvdb/words.h"
@@ -20,12 +21,9 @@ struct Module {
     int noUse;
 };
 
+/// Beside those that the windows ask for.
 constexpr Module kModules[] = {
     {1, "mnuCard", "客户资料", "客戶資料", "", 0},
-    {11, "mnuCardLimited", "查看全部客户", "檢視全部客戶", "", 0},
-    {21, "mnuCardPlan", "客户计划", "客戶計劃", "", 0},
-    {31, "mnuToolTask", "任务管理", "任務管理", "", 0},
-    {41, "mnuZjComp", "客户跟进", "客戶跟進", "", 0},
     {51, "mnuStaff", "职员资料", "職員資料", "", 0},
     {61, "mnuReport", "报表中心", "報表中心", "", 0},
     {71, "mnuSalary", "工资管理", "薪資管理", "zv2000", 0},
@@ -93,6 +91,7 @@ std::vector<Person> FillStaff(Engine& engine, const SampleOptions& options) {
 }
 
 void FillRegistry(Engine& engine) {
+    for (const std::string& statement : RegisterOwnModules()) engine.Run(statement);
     Statement modules(engine,
                       "insert into tSysFunc(SerialNo,model_Name,Model_Name_0,Model_Name_1,"
                       "SecondPass,password,NoUse_) values(?,?,?,?,?,?,?)");

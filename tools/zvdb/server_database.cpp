@@ -1,6 +1,7 @@
 #include "zvdb/server_database.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <random>
 #include <sstream>
@@ -12,6 +13,7 @@
 #include "zvdb/import/endpoint.h"
 #include "zvdb/import/importer.h"
 #include "zvdb/import/server_link.h"
+#include "zvdb/own_modules.h"
 #include "zvdb/server_inspected.h"
 
 namespace zv::zvdb {
@@ -67,13 +69,19 @@ std::vector<std::string> TablesInTheWay(ServerLink& link, bool replace) {
     return present;
 }
 
-void Create(ServerLink& link, bool replace) {
+enum class Contents : std::uint8_t { None, OwnModules };
+
+void Create(ServerLink& link, bool replace, Contents contents) {
     const std::vector<std::string> present = TablesInTheWay(link, replace);
     ServerTransaction transaction(link);
     for (const std::string& table : present) link.Run("drop table " + link.Quoted(table));
     const std::string before(link.Bulk().BeforeSchema());
     if (!before.empty()) link.Run(before);
     link.Run(std::string(link.Engine().schema));
+    if (contents == Contents::OwnModules) {
+        for (const std::string& statement : RegisterOwnModules(link.Bulk().TextPrefix()))
+            link.Run(statement);
+    }
     transaction.Commit();
 }
 
@@ -103,7 +111,7 @@ class TemporaryFile {
 
 void CreateServerTables(const std::string& server, bool replace) {
     ServerLink link(server);
-    Create(link, replace);
+    Create(link, replace, Contents::OwnModules);
 }
 
 void CreateServerSample(const std::string& server, bool replace, const SampleOptions& options,
@@ -114,7 +122,7 @@ void CreateServerSample(const std::string& server, bool replace, const SampleOpt
         // Known before the work of making the data.
         TablesInTheWay(link, replace);
         CreateDatabase(file.Path(), false, &options, progress);
-        Create(link, replace);
+        Create(link, replace, Contents::None);
     }
     const auto source = OpenSource(file.Path());
     const auto target = OpenTarget(server, {}, progress);

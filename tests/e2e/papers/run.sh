@@ -57,7 +57,6 @@ make_database create
 set_up_workstation
 {
     cat <<'SQL'
-insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask'),(10,'mnuZjComp');
 insert into rptListDetail(fTable,FieldName,FieldName_0,FieldName_1,FieldType,fieldID)
     values('ttasklist','taskTime','日期','日期',0,1),('ttasklist','taskTitle','任务主题','任務主題',0,2),
           ('ttasklist','fContent','内容','內容',0,3),('ttasklist','tDone','状况','狀況',0,4),

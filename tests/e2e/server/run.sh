@@ -20,7 +20,6 @@ set_up_workstation
 expect "the tables are made over the driver" wine_run "$ZV_BIN/zvdb.exe" create --to "$ZV_TEST_POSTGRESQL"
 day=$(date +%F)
 psql -X -q <<SQL
-insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask');
 insert into tTaskList(fType,TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,tDone)
     values(0,0,'报价','原文','$day','$day','$day',0),(0,0,'收款','','$day','$day','$day',0);
 SQL

@@ -62,7 +62,6 @@ leave() {
 make_database create
 set_up_workstation
 sqlite3 "$data" <<'SQL'
-insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask'),(10,'mnuZjComp');
 insert into tRsBasic(fCode,fName) values('01','李四'),('02','张三'),('03','陈静');
 insert into rptListDetail(fTable,FieldName,FieldName_0,FieldName_1)
     values('ttasklist','fOther0','地点','地點');

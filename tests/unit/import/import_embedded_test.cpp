@@ -200,6 +200,20 @@ TEST_F(ImportEmbedded, ATargetWithRowsIsRefusedUnlessAskedFor) {
     EXPECT_EQ(RunZvdb({"check", Path("b.db")}).status, 0);
 }
 
+TEST_F(ImportEmbedded, ADatabaseThatWasOnlyCreatedCountsAsEmpty) {
+    ASSERT_EQ(RunZvdb({"create", Path("b.db")}).status, 0);
+    const Outcome import = Import();
+    EXPECT_EQ(import.status, 0) << import.out << import.err;
+    EXPECT_EQ(Dump("b.db"), Dump("a.db"));
+}
+
+TEST_F(ImportEmbedded, ModulesOfTheHostAreNotTakenForThoseOfANewDatabase) {
+    ASSERT_EQ(RunZvdb({"create", Path("b.db")}).status, 0);
+    Change("update tSysFunc set password='secret' where model_Name='mnuToolTask'", "b.db");
+    ExpectRefused(Import(), "it is not empty (tSysFunc has 1 rows); --replace");
+    EXPECT_EQ(Engine(Path("b.db")).Number("select count(*) from tSysFunc"), 4);
+}
+
 TEST_F(ImportEmbedded, AnEmptyTargetIsFilledAndKeepsWhatElseItHolds) {
     ASSERT_EQ(RunZvdb({"create", Path("b.db")}).status, 0);
     Change("create table mine(x); insert into mine values(1)", "b.db");

@@ -69,6 +69,12 @@ TEST_F(ZvdbServer, MakesEmptyTablesThatPassTheCheck) {
     EXPECT_NE(check.out.find("nothing wrong"), std::string::npos);
 }
 
+TEST_F(ZvdbServer, RegistersTheModulesThatTheWindowsAskFor) {
+    ASSERT_EQ(Zvdb({"create"}).status, 0);
+    EXPECT_EQ(Text("select count(*) from tSysFunc"), "4");
+    EXPECT_EQ(Text("select Model_Name_1 from tSysFunc where model_Name='mnuZjComp'"), "客戶跟進");
+}
+
 TEST_F(ZvdbServer, NeverReplacesTablesUnlessAskedTo) {
     Run("create table employees(employee text)");
     Run("insert into employees values('mine')");

@@ -34,6 +34,24 @@ TEST_F(ZvdbCreate, MakesAnEmptyDatabaseThatPassesItsOwnCheck) {
     EXPECT_NE(check.out.find("nothing wrong"), std::string::npos);
 }
 
+TEST_F(ZvdbCreate, RegistersTheModulesThatTheWindowsAskFor) {
+    ASSERT_EQ(RunZvdb({"create", Path("a.db")}).status, 0);
+    Engine engine(Path("a.db"));
+    EXPECT_EQ(engine.Number("select count(*) from tSysFunc"), 4);
+    for (const char* module : {"mnuCardLimited", "mnuCardPlan", "mnuToolTask", "mnuZjComp"}) {
+        EXPECT_EQ(engine.Number(std::string("select count(*) from tSysFunc where model_Name='") +
+                                module + "' and password='' and NoUse_=0"),
+                  1)
+            << module;
+    }
+    EXPECT_EQ(engine.Text("select Model_Name_0||Model_Name_1 from tSysFunc where SerialNo=31"),
+              "任务管理任務管理");
+    // Nobody's rights overlap: the operations of a module are its next positions.
+    EXPECT_EQ(engine.Number("select min(abs(a.SerialNo-b.SerialNo)) from tSysFunc a,tSysFunc b "
+                            "where a.rowid<>b.rowid"),
+              10);
+}
+
 TEST_F(ZvdbCreate, LeavesNoOtherFileBehind) {
     RunZvdb({"create", Path("a.db")});
     EXPECT_EQ(Files(), std::vector<std::string>{"a.db"});

@@ -11,6 +11,7 @@
 #include "zvdb/check.h"
 #include "zvdb/import/embedded_rows.h"
 #include "zvdb/import/interruption.h"
+#include "zvdb/own_modules.h"
 
 namespace zv::zvdb {
 namespace {
@@ -104,11 +105,17 @@ std::vector<std::pair<std::string, std::int64_t>> EmbeddedTarget::RowsPresent() 
     std::vector<std::pair<std::string, std::int64_t>> present;
     if (isNew_) return present;
     Guarded([&] {
-        for (const auto& [table, rows] : CheckSchema(*engine_).counts) {
+        for (const auto& [table, all] : CheckSchema(*engine_).counts) {
+            const std::int64_t rows = all - OwnModulesIn(table);
             if (rows > 0) present.emplace_back(table, rows);
         }
     });
     return present;
+}
+
+std::int64_t EmbeddedTarget::OwnModulesIn(const std::string& table) {
+    if (table != kModuleTable) return 0;
+    return engine_->Number("select count(*) from " + table + " where " + IsOwnModule());
 }
 
 void EmbeddedTarget::CheckWritable() {
@@ -139,6 +146,7 @@ void EmbeddedTarget::Begin(bool replace) {
         sqlite3_progress_handler(
             engine_->Handle(), 10000, [](void*) { return IsInterrupted() ? 1 : 0; }, nullptr);
         engine_->Run("begin immediate");
+        engine_->Run(std::string("delete from ") + kModuleTable + " where " + IsOwnModule());
         if (!replace) return;
         for (const TableRule& table : SystemTables()) {
             engine_->Run("delete from " + QuotedName(table.name));

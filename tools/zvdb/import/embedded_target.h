@@ -56,6 +56,7 @@ class EmbeddedTarget : public TableTarget {
         }
     }
     void Bind(const store::Value& value);
+    std::int64_t OwnModulesIn(const std::string& table);
     std::vector<std::string> AttachedColumns(const std::string& table);
 
     void MakeNew();

@@ -5,6 +5,7 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "zvdb/import/server_rows.h"
+#include "zvdb/own_modules.h"
 #include "zvdb/server_database.h"
 
 namespace zv::zvdb {
@@ -99,8 +100,13 @@ std::vector<std::pair<std::string, std::int64_t>> ServerTarget::RowsPresent() {
     std::vector<std::pair<std::string, std::int64_t>> present;
     Guarded([&] {
         for (const TableRule& table : tables_) {
-            const auto rows = static_cast<std::int64_t>(
-                link_->Ask("select count(*) from " + link_->Quoted(NameOf(table))).ToDouble());
+            const auto count = [&](const std::string& condition) {
+                return static_cast<std::int64_t>(
+                    link_->Ask("select count(*) from " + link_->Quoted(NameOf(table)) + condition)
+                        .ToDouble());
+            };
+            std::int64_t rows = count("");
+            if (table.name == kModuleTable) rows -= count(" where " + IsOwnModule());
             if (rows > 0) present.emplace_back(table.name, rows);
         }
     });
@@ -123,7 +129,10 @@ void ServerTarget::Begin(bool replace) {
         for (const TableRule& table : tables_) {
             const std::string name = link_->Quoted(NameOf(table));
             link_->Run(link_->Bulk().Lock(name));
-            if (replace) link_->Run("delete from " + name);
+            if (replace)
+                link_->Run("delete from " + name);
+            else if (table.name == kModuleTable)
+                link_->Run("delete from " + name + " where " + IsOwnModule());
         }
     });
     if (!RowsPresent().empty()) throw TargetError("somebody else filled it meanwhile");
