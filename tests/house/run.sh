@@ -75,7 +75,7 @@ check "no act includes the window" \
 # of its own, and what zvdb makes up is data.
 check "no Chinese text outside the resources" \
     "$(sources src host tools |
-        grep -vE '^(src/resources/|host/demo/demo_texts\.h$|tools/zvdb/(words|sample_[a-z]+)\.cpp$)' |
+        grep -vE '^(src/resources/|host/demo/demo_texts\.h$|tools/zvdb/(words|own_modules|sample_[a-z]+)\.cpp$)' |
         LC_ALL=C.UTF-8 xargs grep -nP '[\x{4E00}-\x{9FFF}]')"
 check "texts of a language stand in its file" \
     "$(sources src/resources |

@@ -1,6 +1,24 @@
 #include "zvdb/own_modules.h"
 
 namespace zv::zvdb {
+namespace {
+
+struct OwnModule {
+    /// First of the module's flags in the rights string; the flags behind it are its operations.
+    int serial;
+    const char* key;
+    const char* simplified;
+    const char* traditional;
+};
+
+constexpr OwnModule kOwnModules[] = {
+    {11, "mnuCardLimited", "查看全部客户", "檢視全部客戶"},
+    {21, "mnuCardPlan", "客户计划", "客戶計劃"},
+    {31, "mnuToolTask", "任务管理", "任務管理"},
+    {41, "mnuZjComp", "客户跟进", "客戶跟進"},
+};
+
+}  // namespace
 
 std::vector<std::string> RegisterOwnModules(std::string_view textPrefix) {
     const auto literal = [&](const char* text) {
