@@ -34,6 +34,7 @@ enum class Aspect {
     Image,
     ZOrder,    ///< brought to the front
     Interval,  ///< of a timer, or whether it runs
+    ToolTip,
 };
 
 class ControlPeer {

@@ -67,6 +67,12 @@ void Control::SetAccessibleName(std::string name) {
     Notify(Aspect::Caption);
 }
 
+void Control::SetToolTip(std::string text) {
+    if (text == toolTip_) return;
+    toolTip_ = std::move(text);
+    Notify(Aspect::ToolTip);
+}
+
 void Control::UserKeyDown(KeyEvent& event) {
     FromUser([&] {
         if (onKeyDown) onKeyDown(event);

@@ -120,6 +120,10 @@ class Control {
     void SetAccessibleName(std::string name);
     const std::string& AccessibleName() const { return accessibleName_; }
 
+    /// What appears beside the mouse when it rests on the control; empty for nothing.
+    void SetToolTip(std::string text);
+    const std::string& ToolTip() const { return toolTip_; }
+
     /// Keeps what the control shows and allows; the answer puts it back and raises no event.
     /// Places and handlers are not part of it.
     virtual std::function<void()> Remember();
@@ -180,6 +184,7 @@ class Control {
     bool tabStop_ = false;
     Rect bounds_;
     std::string accessibleName_;
+    std::string toolTip_;
     std::unique_ptr<ControlPeer> peer_;
 };
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace zv::forms {
 
@@ -20,6 +21,19 @@ inline constexpr int kInformation = 64;
 
 /// None: the box ended without the user, for example with the window that it belonged to.
 enum class Answer { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+/// Which button Enter presses when nothing else was chosen.
+enum class DefaultButton {
+    First,
+    Last,  ///< the one that changes nothing, where the first cannot be undone
+};
+
+struct MessageRequest {
+    std::string_view text;
+    int style = box::kOkOnly;
+    std::string_view title;
+    DefaultButton standard = DefaultButton::First;
+};
 
 struct FileRequest {
     static constexpr int kFileMustExist = 4100;    ///< must exist, hide read-only
@@ -40,8 +54,7 @@ class Form;
 class Dialogs {
  public:
     virtual ~Dialogs() = default;
-    virtual Answer ShowMessage(Form* owner, const std::string& text, int style,
-                               const std::string& title) = 0;
+    virtual Answer ShowMessage(Form* owner, const MessageRequest& request) = 0;
     /// The text entered, or nothing when cancelled. `secret` hides what is typed.
     virtual std::optional<std::string> AskText(Form* owner, const std::string& prompt,
                                                const std::string& title, bool secret) = 0;

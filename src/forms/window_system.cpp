@@ -241,21 +241,28 @@ Form* WindowSystem::DialogOwner() const {
 
 Answer WindowSystem::ShowMessage(const BoxText& text, int style, const std::string& boxTitle,
                                  const RuntimeError* error) {
+    return ShowBox(text, {text.Text(), style, boxTitle.empty() ? title : boxTitle}, error);
+}
+
+Answer WindowSystem::AskCarefully(const BoxText& text, int style) {
+    return ShowBox(text, {text.Text(), style, title, DefaultButton::Last}, nullptr);
+}
+
+Answer WindowSystem::ShowBox(const BoxText& text, const MessageRequest& request,
+                             const RuntimeError* error) {
     if (!MayStand(text)) {
         const RuntimeError refusal = error ? *error : RuntimeError(ErrorNumber::ModalFormShown);
-        if (IsQuestion(style)) throw BoxStands(refusal);
+        if (IsQuestion(request.style)) throw BoxStands(refusal);
         Refuse(refusal);
         return Answer::Ok;
     }
     Answer answer = Answer::None;
     if (!Interrupted()) {
-        WhileStanding(text, [&] {
-            answer = backend_.GetDialogs().ShowMessage(DialogOwner(), text.Text(), style,
-                                                       boxTitle.empty() ? title : boxTitle);
-        });
+        WhileStanding(text,
+                      [&] { answer = backend_.GetDialogs().ShowMessage(DialogOwner(), request); });
         InterruptWhenBoxDied();
     }
-    return answer == Answer::None ? AnswerOfNobody(style) : answer;
+    return answer == Answer::None ? AnswerOfNobody(request.style) : answer;
 }
 
 std::optional<std::string> WindowSystem::AskText(const std::string& prompt, bool secret) {

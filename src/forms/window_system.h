@@ -121,6 +121,8 @@ class WindowSystem {
     /// is not shown to the user.
     Answer ShowMessage(const BoxText& text, int style, const std::string& title = {},
                        const RuntimeError* error = nullptr);
+    /// As ShowMessage, for a question to which Enter must not agree by mistake.
+    Answer AskCarefully(const BoxText& text, int style);
     std::optional<std::string> AskText(const std::string& prompt, bool secret = false);
     std::optional<std::string> ChooseFile(const FileRequest& request);
 
@@ -188,6 +190,7 @@ class WindowSystem {
     MenuItem* ShowMenu(MenuItem& menu, const std::function<MenuItem*()>& loop);
     void Guard(const std::function<void()>& handler);
     void Report(const RuntimeError& error);
+    Answer ShowBox(const BoxText& text, const MessageRequest& request, const RuntimeError* error);
     bool MayStand(const BoxText& box) const;
     void Refuse(const RuntimeError& error);
     /// Runs a loop of its own in which others may act.

@@ -42,6 +42,21 @@ TEST_F(Buttons, CaptionsAreShownInBothScripts) {
     EXPECT_EQ(Read(form.lblHint, "caption"), "任務");
 }
 
+TEST_F(Buttons, AToolTipFollowsItsControl) {
+    form.cmdOK.SetToolTip("保存 (Ctrl+S)");
+    form.lblHint.SetToolTip("被截短的文字");
+    form.Show(false);
+    EXPECT_EQ(Read(form.cmdOK, "tooltip"), "保存 (Ctrl+S)");
+    EXPECT_EQ(Read(form.lblHint, "tooltip"), "被截短的文字");
+    EXPECT_EQ(Read(form.chkA, "tooltip"), "");
+    form.chkA.SetToolTip("later");
+    form.cmdOK.SetToolTip("確定");
+    form.lblHint.SetToolTip("");
+    EXPECT_EQ(Read(form.chkA, "tooltip"), "later");
+    EXPECT_EQ(Read(form.cmdOK, "tooltip"), "確定");
+    EXPECT_EQ(Read(form.lblHint, "tooltip"), "");
+}
+
 TEST_F(Buttons, PressingAButtonRaisesClick) {
     form.Show(false);
     driver().Click(form.cmdOK);

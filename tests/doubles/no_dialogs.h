@@ -11,9 +11,8 @@ namespace zv::doubles {
 
 class NoDialogs : public forms::Dialogs {
  public:
-    forms::Answer ShowMessage(forms::Form*, const std::string& text, int,
-                              const std::string&) override {
-        throw std::runtime_error("a message box: " + text);
+    forms::Answer ShowMessage(forms::Form*, const forms::MessageRequest& request) override {
+        throw std::runtime_error("a message box: " + std::string(request.text));
     }
     std::optional<std::string> AskText(forms::Form*, const std::string& prompt, const std::string&,
                                        bool) override {

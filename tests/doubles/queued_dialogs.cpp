@@ -4,12 +4,14 @@
 
 namespace zv::doubles {
 
-forms::Answer QueuedDialogs::ShowMessage(forms::Form*, const std::string& text, int style,
-                                         const std::string&) {
-    messages.push_back(std::to_string(style) + "|" + text);
+forms::Answer QueuedDialogs::ShowMessage(forms::Form*, const forms::MessageRequest& request) {
+    const std::string text(request.text);
+    messages.push_back(std::to_string(request.style) + "|" + text);
+    standard = request.standard;
     if (whileStanding) whileStanding(text);
     constexpr int kButtons = 15;
-    if ((style & kButtons) == forms::box::kOkOnly && mustHaveAnswers) return forms::Answer::Ok;
+    if ((request.style & kButtons) == forms::box::kOkOnly && mustHaveAnswers)
+        return forms::Answer::Ok;
     if (answers.empty()) {
         if (mustHaveAnswers) throw std::logic_error("no answer for " + text);
         return forms::Answer::Ok;

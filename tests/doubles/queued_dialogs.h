@@ -13,8 +13,7 @@ namespace zv::doubles {
 
 class QueuedDialogs : public forms::Dialogs {
  public:
-    forms::Answer ShowMessage(forms::Form* owner, const std::string& text, int style,
-                              const std::string& title) override;
+    forms::Answer ShowMessage(forms::Form* owner, const forms::MessageRequest& request) override;
     std::optional<std::string> AskText(forms::Form* owner, const std::string& prompt,
                                        const std::string& title, bool secret) override;
     /// Takes its path from the inputs.
@@ -32,7 +31,9 @@ class QueuedDialogs : public forms::Dialogs {
     std::function<void(const std::string&)> whileStanding;
 
     std::vector<std::string> messages;  ///< "STYLE|TEXT"
-    std::vector<std::string> prompts;   ///< titles of file dialogs among them
+    /// Of the box that came up last.
+    forms::DefaultButton standard = forms::DefaultButton::First;
+    std::vector<std::string> prompts;  ///< titles of file dialogs among them
     std::vector<forms::FileRequest> fileRequests;
 };
 

@@ -11,7 +11,7 @@ namespace zv::doubles {
 
 class QuietDialogs : public forms::Dialogs {
  public:
-    forms::Answer ShowMessage(forms::Form*, const std::string&, int, const std::string&) override {
+    forms::Answer ShowMessage(forms::Form*, const forms::MessageRequest&) override {
         return forms::Answer::Ok;
     }
     std::optional<std::string> AskText(forms::Form*, const std::string&, const std::string&,

@@ -47,6 +47,7 @@ Text ReadCommon(const Control& c, const std::string& p) {
     if (p == "visible") return Truth(c.Visible());
     if (p == "tag") return c.tag;
     if (p == "focus") return Truth(c.HasFocus());
+    if (p == "tooltip") return c.ToolTip();
     return {};
 }
 

@@ -31,8 +31,9 @@ Action AtControl(const std::string& word, Act act) {
 }
 
 Action AnswerBox(Words words) {
+    if (words[0] == "enter") return [](ScenarioStage& stage) { stage.dialogs.QueueEnter(); };
     const auto answer = ParseAnswer(words[0]);
-    if (!answer) throw ScriptError("an answer is ok, cancel, yes or no");
+    if (!answer) throw ScriptError("an answer is ok, cancel, yes, no or enter");
     return [answer = *answer](ScenarioStage& stage) { stage.dialogs.QueueAnswer(answer); };
 }
 
@@ -205,7 +206,7 @@ Action Minimise(Words words) {
 }
 
 constexpr std::array kActing = std::to_array<CommandSpec>({
-    {"answer", 1, 1, "ok|cancel|yes|no", AnswerBox, OpenMenu::Stays},
+    {"answer", 1, 1, "ok|cancel|yes|no|enter", AnswerBox, OpenMenu::Stays},
     {"input", 1, 1, "\"TEXT\"|cancel", Input, OpenMenu::Stays},
     {"refresh", 2, 2, "MODE MODAL", Refresh},
     {"click", 1, 1, "W.C", Click},

@@ -66,9 +66,10 @@ std::optional<Entry> ScriptedDialogs::TakeWhileStanding(StandingBox box, std::de
     return taken;
 }
 
-Answer ScriptedDialogs::Choose(const std::string& text, int style) {
-    const std::vector<Answer> buttons = Buttons(style);
-    const std::optional<Answer> answer = TakeWhileStanding({Standing::Box, text}, answers_);
+Answer ScriptedDialogs::Choose(const std::string& text, const std::vector<Answer>& buttons,
+                               Answer standard) {
+    std::optional<Answer> answer = TakeWhileStanding({Standing::Box, text}, answers_);
+    if (answer == Answer::None) answer = standard;
     if (!answer) {
         if (buttons.size() > 1) onProblem("no answer is queued for the message box " + Quote(text));
         return buttons.back();
@@ -80,10 +81,14 @@ Answer ScriptedDialogs::Choose(const std::string& text, int style) {
     return *answer;
 }
 
-Answer ScriptedDialogs::ShowMessage(forms::Form*, const std::string& text, int style,
-                                    const std::string&) {
-    const Answer answer = Choose(text, style);
-    messages.push_back(std::to_string(style) + '|' + text + '|' + Name(answer));
+Answer ScriptedDialogs::ShowMessage(forms::Form*, const forms::MessageRequest& request) {
+    const std::string text(request.text);
+    const std::vector<Answer> buttons = Buttons(request.style);
+    const Answer standard =
+        request.standard == forms::DefaultButton::First ? buttons.front() : buttons.back();
+    const Answer answer = Choose(text, buttons, standard);
+    defaults.push_back(Name(standard));
+    messages.push_back(std::to_string(request.style) + '|' + text + '|' + Name(answer));
     if (onAnswered) onAnswered(messages.back());
     return answer;
 }

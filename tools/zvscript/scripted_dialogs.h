@@ -35,11 +35,12 @@ class ScriptedDialogs : public forms::Dialogs {
     std::function<void(const std::string&)> onAnswered;
 
     void QueueAnswer(forms::Answer answer) { answers_.push_back(answer); }
+    /// Enter is pressed in the next box.
+    void QueueEnter() { answers_.push_back(forms::Answer::None); }
     /// Nothing: cancelled. The file dialog takes its path from the same queue.
     void QueueInput(std::optional<std::string> text) { inputs_.push_back(std::move(text)); }
 
-    forms::Answer ShowMessage(forms::Form* owner, const std::string& text, int style,
-                              const std::string& title) override;
+    forms::Answer ShowMessage(forms::Form* owner, const forms::MessageRequest& request) override;
     std::optional<std::string> AskText(forms::Form* owner, const std::string& prompt,
                                        const std::string& title, bool secret) override;
     std::optional<std::string> ChooseFile(forms::Form* owner,
@@ -47,14 +48,17 @@ class ScriptedDialogs : public forms::Dialogs {
 
     /// The message boxes answered, "STYLE|TEXT|ANSWER" each.
     std::vector<std::string> messages;
+    /// What Enter answers in each of them.
+    std::vector<std::string> defaults;
 
  private:
     template <typename Entry>
     std::optional<Entry> TakeWhileStanding(StandingBox box, std::deque<Entry>& queue);
-    forms::Answer Choose(const std::string& text, int style);
+    forms::Answer Choose(const std::string& text, const std::vector<forms::Answer>& buttons,
+                         forms::Answer standard);
     std::optional<std::string> TakeInput(const std::string& box);
 
-    std::deque<forms::Answer> answers_;
+    std::deque<forms::Answer> answers_;  ///< None: Enter
     std::deque<std::optional<std::string>> inputs_;
 };
 

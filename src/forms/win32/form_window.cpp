@@ -26,12 +26,13 @@ std::unordered_map<HWND, FormWindow*> ours;
 }  // namespace
 
 FormWindow::FormWindow(Win32Backend& backend, Form& form)
-    : backend_(backend), form_(form), windows_(form.Windows()), menu_(form) {
+    : backend_(backend), form_(form), windows_(form.Windows()), menu_(form), toolTips_(*this) {
     backend_.Add(*this);
 }
 
 FormWindow::~FormWindow() {
     gone_ = true;
+    toolTips_.Forget();
     handle_.reset();
     backend_.Remove(*this);
 }
@@ -103,6 +104,7 @@ void FormWindow::Destroy() {
     if (!handle_ || dying_) return;
     depth_++;  // the messages of dying windows must not come here again
     ForgetName();
+    toolTips_.Forget();
     handle_.reset();
     depth_--;
 }
@@ -117,6 +119,7 @@ void FormWindow::OnDestroyedByOthers() noexcept {
     alive_ = shared_from_this();
     dying_ = true;
     ForgetName();
+    toolTips_.Forget();
     AtBoundary([this] {
         form_.UserDestroyed();
         return 0;
@@ -335,6 +338,7 @@ LRESULT FormWindow::OnActivate(WPARAM wParam, LPARAM lParam) {
 // Fonts, colours and themes follow the system without a restart.
 void FormWindow::OnSystemChanged() {
     Font former = std::exchange(font_, CreateUiFont(scale_.Dpi()));
+    toolTips_.ResolutionChanged();
     for (const auto& control : controls_) control->ResolutionChanged();
     InvalidateRect(Handle(), nullptr, TRUE);
 }

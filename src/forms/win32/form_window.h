@@ -19,6 +19,7 @@
 #include "forms/win32/handles.h"
 #include "forms/win32/native_control.h"
 #include "forms/win32/thread_windows.h"
+#include "forms/win32/tool_tips.h"
 #include "forms/win32/window_class.h"
 
 namespace zv::forms::win32 {
@@ -53,6 +54,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     const Scale& GetScale() const { return scale_; }
     HFONT UiFont() const { return font_.get(); }
     const FormMenu& Menus() const { return menu_; }
+    win32::ToolTips& ToolTips() { return toolTips_; }
     bool Gone() const { return gone_; }
 
     /// Closes an open menu because the message loop ends with `exitCode`, which is passed to the
@@ -133,6 +135,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     std::vector<std::shared_ptr<NativeControl>> controls_;
     std::unordered_map<HWND, NativeControl*> byHandle_;
     Window handle_;
+    win32::ToolTips toolTips_;
     std::unique_ptr<OtherWindowsDisabled> modal_;
     HWND formerActive_ = nullptr;  ///< what had the focus before this window was shown
     HWND formerFocus_ = nullptr;

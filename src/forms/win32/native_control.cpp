@@ -38,6 +38,7 @@ void NativeControl::CreateNative(HWND parent, int id, const wchar_t* windowClass
     name_.reset(GlobalAddAtomW(ToWide(control_.DisplayName()).c_str()));
     SetPropW(Handle(), kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name_.get())));
     SetAccessibleName();
+    if (!control_.ToolTip().empty()) ShowToolTip();
     if (control_.InFront()) Changed(Aspect::ZOrder);
 }
 
@@ -70,6 +71,9 @@ void NativeControl::Changed(Aspect aspect) {
         case Aspect::Caption:
             SetAccessibleName();
             Mirror(aspect);
+            break;
+        case Aspect::ToolTip:
+            ShowToolTip();
             break;
         default:
             Mirror(aspect);
@@ -105,6 +109,13 @@ void NativeControl::SetAccessibleName() {
         NameForScreenReaders(window_.Backend().ScreenReaders(), Handle(),
                              ToWide(control_.AccessibleName()));
     }
+}
+
+void NativeControl::ShowToolTip() {
+    const std::wstring text = ToWide(control_.ToolTip());
+    window_.ToolTips().Set(Handle(), text);
+    // The entry of a list with free text lies over it.
+    if (FocusHandle() != Handle()) window_.ToolTips().Set(FocusHandle(), text);
 }
 
 LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,

@@ -105,6 +105,7 @@ class NativeControl {
     bool PressMovesFocus(UINT message);
     void ReportMouse(UINT message, LPARAM lParam);
     void SetAccessibleName();
+    void ShowToolTip();
 
     FormWindow& window_;
     Control& control_;

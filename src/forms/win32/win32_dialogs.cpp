@@ -26,6 +26,12 @@ std::wstring NativeFilter(const std::string& filter) {
     return native;
 }
 
+UINT DefaultOf(const MessageRequest& request) {
+    if (request.standard == DefaultButton::First) return MB_DEFBUTTON1;
+    constexpr int kButtons = 0xF;
+    return (request.style & kButtons) == box::kYesNoCancel ? MB_DEFBUTTON3 : MB_DEFBUTTON2;
+}
+
 }  // namespace
 
 Win32Dialogs::Win32Dialogs(Win32Backend& backend) : backend_(backend) {
@@ -46,8 +52,7 @@ HWND Win32Dialogs::OwnerWindow(const Form* owner) const {
     return window ? window : WindowToBlock();
 }
 
-Answer Win32Dialogs::ShowMessage(Form* owner, const std::string& text, int style,
-                                 const std::string& title) {
+Answer Win32Dialogs::ShowMessage(Form* owner, const MessageRequest& request) {
     const ManifestInForce manifest(backend_.Controls().Manifest());
     const DpiScope sharp = backend_.Dpi().ForWindows();
     const HWND window = OwnerWindow(owner);
@@ -56,8 +61,9 @@ Answer Win32Dialogs::ShowMessage(Form* owner, const std::string& text, int style
     {
         const OtherWindowsDisabled others(window);
         const StandingBox standing(StandingBox::Kind::Dialog, window);
-        answer = MessageBoxW(window, ToWide(text).c_str(), ToWide(title).c_str(),
-                             static_cast<UINT>(style) | MB_SETFOREGROUND);
+        answer =
+            MessageBoxW(window, ToWide(request.text).c_str(), ToWide(request.title).c_str(),
+                        static_cast<UINT>(request.style) | DefaultOf(request) | MB_SETFOREGROUND);
         lastDied_ = answer == 0 || standing.Died();
     }
     if (focus && IsWindow(focus) && GetActiveWindow() == GetAncestor(focus, GA_ROOT)) {

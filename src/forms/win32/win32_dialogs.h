@@ -15,8 +15,7 @@ class Win32Dialogs : public Dialogs {
  public:
     explicit Win32Dialogs(Win32Backend& backend);
 
-    Answer ShowMessage(Form* owner, const std::string& text, int style,
-                       const std::string& title) override;
+    Answer ShowMessage(Form* owner, const MessageRequest& request) override;
     std::optional<std::string> AskText(Form* owner, const std::string& prompt,
                                        const std::string& title, bool secret) override;
     std::optional<std::string> ChooseFile(Form* owner, const FileRequest& request) override;

@@ -18,6 +18,7 @@ void FormWindow::OnResolution(int dpi, const RECT& suggested) {
     backend_.Meets(dpi);
     Font former = std::exchange(font_, CreateUiFont(dpi));
     placing_++;
+    toolTips_.ResolutionChanged();
     for (const auto& control : controls_) control->ResolutionChanged();
     SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);

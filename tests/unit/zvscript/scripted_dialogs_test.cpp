@@ -17,7 +17,7 @@ class ScriptedDialogsTest : public ::testing::Test {
 };
 
 TEST_F(ScriptedDialogsTest, ABoxWithOneButtonAnswersItself) {
-    EXPECT_EQ(dialogs.ShowMessage(nullptr, "saved", forms::box::kInformation, ""), Answer::Ok);
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, {"saved", forms::box::kInformation, ""}), Answer::Ok);
     EXPECT_EQ(dialogs.messages, (std::vector<std::string>{"64|saved|ok"}));
     EXPECT_TRUE(problems.empty());
 }
@@ -25,22 +25,33 @@ TEST_F(ScriptedDialogsTest, ABoxWithOneButtonAnswersItself) {
 TEST_F(ScriptedDialogsTest, QueuedAnswersGoInTheirOrder) {
     dialogs.QueueAnswer(Answer::No);
     dialogs.QueueAnswer(Answer::Cancel);
-    EXPECT_EQ(dialogs.ShowMessage(nullptr, "a", forms::box::kYesNo + forms::box::kQuestion, ""),
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, {"a", forms::box::kYesNo + forms::box::kQuestion, ""}),
               Answer::No);
-    EXPECT_EQ(dialogs.ShowMessage(nullptr, "b", forms::box::kOkCancel, ""), Answer::Cancel);
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, {"b", forms::box::kOkCancel, ""}), Answer::Cancel);
     EXPECT_EQ(dialogs.messages, (std::vector<std::string>{"36|a|no", "1|b|cancel"}));
     EXPECT_TRUE(problems.empty());
 }
 
 TEST_F(ScriptedDialogsTest, ABoxWithSeveralButtonsNeedsAnAnswer) {
-    EXPECT_EQ(dialogs.ShowMessage(nullptr, "a", forms::box::kOkCancel, ""), Answer::Cancel);
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, {"a", forms::box::kOkCancel, ""}), Answer::Cancel);
     EXPECT_EQ(problems.size(), 1u);
 }
 
 TEST_F(ScriptedDialogsTest, AnAnswerThatTheBoxHasNoButtonForIsAProblem) {
     dialogs.QueueAnswer(Answer::Yes);
-    dialogs.ShowMessage(nullptr, "a", forms::box::kOkCancel, "");
+    dialogs.ShowMessage(nullptr, {"a", forms::box::kOkCancel, ""});
     EXPECT_EQ(problems.size(), 1u);
+}
+
+TEST_F(ScriptedDialogsTest, EnterGivesTheAnswerOfTheDefaultButton) {
+    dialogs.QueueEnter();
+    dialogs.QueueEnter();
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, {"a", forms::box::kOkCancel, ""}), Answer::Ok);
+    EXPECT_EQ(
+        dialogs.ShowMessage(nullptr, {"b", forms::box::kOkCancel, "", forms::DefaultButton::Last}),
+        Answer::Cancel);
+    EXPECT_EQ(dialogs.defaults, (std::vector<std::string>{"ok", "cancel"}));
+    EXPECT_TRUE(problems.empty());
 }
 
 TEST_F(ScriptedDialogsTest, InputBoxesAndTheFileDialogTakeQueuedTexts) {
@@ -62,11 +73,11 @@ TEST_F(ScriptedDialogsTest, WhatIsQueuedWhenABoxComesUpIsItsOwn) {
         EXPECT_TRUE(dialogs.messages.empty());
         if (depth++ > 0) return;
         dialogs.QueueAnswer(Answer::No);
-        EXPECT_EQ(dialogs.ShowMessage(nullptr, "inner", forms::box::kYesNo, ""), Answer::No);
+        EXPECT_EQ(dialogs.ShowMessage(nullptr, {"inner", forms::box::kYesNo, ""}), Answer::No);
         dialogs.messages.clear();
     };
     dialogs.QueueAnswer(Answer::Ok);
-    EXPECT_EQ(dialogs.ShowMessage(nullptr, "outer", forms::box::kOkCancel, ""), Answer::Ok);
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, {"outer", forms::box::kOkCancel, ""}), Answer::Ok);
     EXPECT_EQ(dialogs.messages, (std::vector<std::string>{"1|outer|ok"}));
     EXPECT_TRUE(problems.empty());
 }
@@ -76,7 +87,7 @@ TEST_F(ScriptedDialogsTest, ABoxWithoutAnAnswerTakesWhatIsQueuedWhileItStands) {
         if (box.kind == Standing::Box) dialogs.QueueAnswer(Answer::Yes);
         if (box.kind == Standing::Input) dialogs.QueueInput("late");
     };
-    EXPECT_EQ(dialogs.ShowMessage(nullptr, "a", forms::box::kYesNo, ""), Answer::Yes);
+    EXPECT_EQ(dialogs.ShowMessage(nullptr, {"a", forms::box::kYesNo, ""}), Answer::Yes);
     EXPECT_EQ(dialogs.AskText(nullptr, "?", "", false), "late");
     EXPECT_EQ(dialogs.ChooseFile(nullptr, {}), "late");
     EXPECT_TRUE(problems.empty());

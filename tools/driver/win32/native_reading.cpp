@@ -203,6 +203,7 @@ Text ReadCommon(const NativeControl& native, const std::string& property) {
     if (property == "focus" && GetActiveWindow() == native.Owner().Handle()) {
         return Truth(GetFocus() == native.FocusHandle());
     }
+    if (property == "tooltip") return FromWide(native.Owner().ToolTips().TextOf(window).c_str());
     return {};
 }
 

@@ -248,7 +248,7 @@ void Editing::Delete(bool plan) {
     const ItemRef item = model_.Current();
     // The number of a plan is not an item's, nor the other way round.
     if (item.number == 0 || plan != item.plan) return;
-    const forms::Answer answer = session_.windows.ShowMessage(
+    const forms::Answer answer = session_.windows.AskCarefully(
         DeleteQuestion(plan), forms::box::kOkCancel + forms::box::kExclamation);
     if (answer == forms::Answer::Cancel) return;
     if (plan)
