@@ -16,6 +16,7 @@
 #include "resources/plan_texts.h"
 #include "resources/print_texts.h"
 #include "resources/report_texts.h"
+#include "resources/status_texts.h"
 
 namespace zv::resources {
 
@@ -29,7 +30,7 @@ using Texts = std::span<const Text<Id>>;
 
 /// The numbered catalogue, the texts of each enumeration, the errors by number and by kind.
 using Language = std::tuple<Texts<std::int16_t>, Texts<DesignText>, Texts<AskText>, Texts<ItemText>,
-                            Texts<PlanText>, Texts<ReportText>, Texts<PrintText>,
+                            Texts<PlanText>, Texts<ReportText>, Texts<PrintText>, Texts<StatusText>,
                             Texts<ErrorNumber>, Texts<ErrorKind>>;
 
 /// Stands among the errors for every number that has no text of its own.

@@ -16,6 +16,7 @@
 #include "resources/plan_texts.h"
 #include "resources/print_texts.h"
 #include "resources/report_texts.h"
+#include "resources/status_texts.h"
 
 namespace zv::resources {
 
@@ -39,6 +40,7 @@ std::string LoadText(ItemText id, std::int16_t language);
 std::string LoadText(PlanText id, std::int16_t language);
 std::string LoadText(ReportText id, std::int16_t language);
 std::string LoadText(PrintText id, std::int16_t language);
+std::string LoadText(StatusText id, std::int16_t language);
 
 /// A text with `first` in the place of "{0}" and `second` in the place of "{1}".
 std::string FillIn(std::string_view text, std::string_view first, std::string_view second = {});

@@ -210,6 +210,35 @@ inline constexpr auto kAsk = InOrder<AskText>({
     {AskText::Working, "请稍候..."},
 });
 
+// What the main window says at a glance.
+inline constexpr auto kStatus = InOrder<StatusText>({
+    {StatusText::Overdue, "逾期"},
+    {StatusText::Today, "今天"},
+    {StatusText::Later, "以后"},
+    {StatusText::OverdueBy, "逾期 {0} 天"},
+    {StatusText::DaysLater, "{0} 天后"},
+    {StatusText::SpokenSign, "{0}，{1}"},
+    {StatusText::TodayCount, "今天 {0} 项"},
+    {StatusText::OverdueCount, "逾期 {0} 项"},
+    {StatusText::CannotCount, "无法统计今天和逾期的项数"},
+    {StatusText::ItemsShown, "列出 {0} 项"},
+    {StatusText::PlansShown, "列出 {0} 个事件"},
+    {StatusText::Narrowed, "（按{0}筛选）"},
+    {StatusText::NotNarrowed, "（未筛选）"},
+    {StatusText::BySearch, "（高级查询）"},
+    {StatusText::ShowSaved, "显示该项(&V)"},
+    {StatusText::ListedByRight, "已保存，但列表只显示本人的任务！"},
+    {StatusText::CardsFound, "“{0}”：找到 {1} 张客户卡片"},
+    {StatusText::MostCardsFound, "“{0}”：只列出前 {1} 张客户卡片，请缩小范围"},
+    {StatusText::InList, "列表中："},
+    {StatusText::InAll, "不限日期："},
+    {StatusText::NoDoer, "未指定执行人"},
+    {StatusText::OtherDoers, "其余 {0} 人"},
+    {StatusText::CountOf, "{0} {1}"},
+    {StatusText::Between, "，"},
+    {StatusText::BehindName, "："},
+});
+
 // What the main window asks and says about items.
 inline constexpr auto kItem = InOrder<ItemText>({
     {ItemText::ChangedByOthers, "该记录在您打开之后已被他人修改："},
@@ -407,8 +436,8 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace simplified
 
 inline constexpr Language kSimplified{
-    simplified::kCatalogue, simplified::kDesign, simplified::kAsk,
-    simplified::kItem,      simplified::kPlan,   simplified::kReport,
-    simplified::kPrint,     simplified::kErrors, simplified::kErrorKinds};
+    simplified::kCatalogue, simplified::kDesign,    simplified::kAsk,   simplified::kItem,
+    simplified::kPlan,      simplified::kReport,    simplified::kPrint, simplified::kStatus,
+    simplified::kErrors,    simplified::kErrorKinds};
 
 }  // namespace zv::resources

@@ -210,6 +210,35 @@ inline constexpr auto kAsk = InOrder<AskText>({
     {AskText::Working, "請稍候..."},
 });
 
+// What the main window says at a glance.
+inline constexpr auto kStatus = InOrder<StatusText>({
+    {StatusText::Overdue, "逾期"},
+    {StatusText::Today, "今天"},
+    {StatusText::Later, "以後"},
+    {StatusText::OverdueBy, "逾期 {0} 天"},
+    {StatusText::DaysLater, "{0} 天後"},
+    {StatusText::SpokenSign, "{0}，{1}"},
+    {StatusText::TodayCount, "今天 {0} 項"},
+    {StatusText::OverdueCount, "逾期 {0} 項"},
+    {StatusText::CannotCount, "無法統計今天和逾期的項數"},
+    {StatusText::ItemsShown, "列出 {0} 項"},
+    {StatusText::PlansShown, "列出 {0} 個事件"},
+    {StatusText::Narrowed, "（按{0}篩選）"},
+    {StatusText::NotNarrowed, "（未篩選）"},
+    {StatusText::BySearch, "（進階查詢）"},
+    {StatusText::ShowSaved, "顯示該項(&V)"},
+    {StatusText::ListedByRight, "已儲存，但列表只顯示本人的任務！"},
+    {StatusText::CardsFound, "「{0}」：找到 {1} 張客戶卡片"},
+    {StatusText::MostCardsFound, "「{0}」：只列出前 {1} 張客戶卡片，請縮小範圍"},
+    {StatusText::InList, "列表中："},
+    {StatusText::InAll, "不限日期："},
+    {StatusText::NoDoer, "未指定執行人"},
+    {StatusText::OtherDoers, "其餘 {0} 人"},
+    {StatusText::CountOf, "{0} {1}"},
+    {StatusText::Between, "，"},
+    {StatusText::BehindName, "："},
+});
+
 // What the main window asks and says about items.
 inline constexpr auto kItem = InOrder<ItemText>({
     {ItemText::ChangedByOthers, "該記錄在您打開之後已被他人修改："},
@@ -407,8 +436,8 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace traditional
 
 inline constexpr Language kTraditional{
-    traditional::kCatalogue, traditional::kDesign, traditional::kAsk,
-    traditional::kItem,      traditional::kPlan,   traditional::kReport,
-    traditional::kPrint,     traditional::kErrors, traditional::kErrorKinds};
+    traditional::kCatalogue, traditional::kDesign,    traditional::kAsk,   traditional::kItem,
+    traditional::kPlan,      traditional::kReport,    traditional::kPrint, traditional::kStatus,
+    traditional::kErrors,    traditional::kErrorKinds};
 
 }  // namespace zv::resources
