@@ -18,8 +18,8 @@ bool All(const std::string& raw, const std::function<bool(char32_t)>& accepts) {
 }  // namespace
 
 bool AllCharacters(const Document& document, const std::function<bool(char32_t)>& accepts) {
-    for (const std::string* text :
-         {&document.company, &document.title, &document.subtitle, &document.user}) {
+    for (const std::string* text : {&document.company, &document.title, &document.subtitle,
+                                    &document.asked, &document.user}) {
         if (!All(*text, accepts)) return false;
     }
     for (const Field& field : document.fields) {

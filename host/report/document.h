@@ -19,7 +19,6 @@ struct Field {
 
 struct Column {
     std::string heading;
-    double width = 0;  ///< wished, in points; 0: as the contents need
 };
 
 struct Table {
@@ -34,6 +33,7 @@ struct Document {
     std::string company;  ///< heading line for printed lists
     std::string title;
     std::string subtitle;
+    std::string asked;  ///< what the rows were asked for: period, conditions; may be empty
     std::string user;
     DateTime printed;
     std::int16_t language = 0;  ///< one that has texts

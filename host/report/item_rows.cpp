@@ -9,15 +9,9 @@
 namespace zv::report {
 namespace {
 
-constexpr double kNarrowestCaption = 70;
-constexpr double kWidestCaption = 120;
+constexpr double kNarrowestCaption = 80;
+constexpr double kWidestCaptionPart = 0.3;  // of the body
 constexpr double kSize = style::kTextSize + 0.5;
-
-bool IsLong(const Field& field, const std::string& text, const FontSet& fonts, double room) {
-    if (text::EqualsIgnoreCase(field.key, "TaskTitle")) return true;
-    if (text::EqualsIgnoreCase(field.key, "TaskContent")) return true;
-    return text.find('\n') != std::string::npos || fonts.Width(text, kSize) > room;
-}
 
 }  // namespace
 
@@ -26,31 +20,27 @@ double ItemRows::TextSize() const {
 }
 
 ItemRows::ItemRows(const std::vector<Field>& fields, const FontSet& fonts, double width) {
-    double caption = kNarrowestCaption;
+    double caption = std::min(kNarrowestCaption, width * kWidestCaptionPart);
     for (const Field& field : fields) {
         const double needed =
             fonts.Width(CleanText(field.caption), kSize) + 2 * style::kCellPadX + 2;
-        caption = std::min(std::max(caption, needed), kWidestCaption);
+        caption = std::clamp(needed, caption, width * kWidestCaptionPart);
     }
-    const double half = width / 2;
-    const auto cells = [&](const Field& field, double x, double room) {
-        return Row{{x, caption, CleanText(field.caption), Align::Left, true},
-                   {x + caption, room - caption, CleanText(field.text), Align::Left, false}};
-    };
-    for (std::size_t i = 0; i < fields.size(); i++) {
-        const double room = half - caption - 2 * style::kCellPadX;
-        const auto isLong = [&](const Field& field) {
-            return IsLong(field, CleanText(field.text), fonts, room);
-        };
-        if (isLong(fields[i]) || i + 1 == fields.size() || isLong(fields[i + 1])) {
-            rows_.push_back(cells(fields[i], 0, width));
-            continue;
+    for (const Field& field : fields) {
+        const std::string name = CleanText(field.caption);
+        const std::string value = CleanText(field.text);
+        if (text::EqualsIgnoreCase(field.key, "TaskContent")) {
+            rows_.push_back({{0, width, name, Align::Left, true}});
+            rows_.push_back({{0, width, value, Align::Left, false}});
+        } else {
+            rows_.push_back({{0, caption, name, Align::Left, true},
+                             {caption, width - caption, value, Align::Left, false}});
         }
-        Row pair = cells(fields[i], 0, half);
-        for (Cell& cell : cells(fields[i + 1], half, half)) pair.push_back(std::move(cell));
-        rows_.push_back(std::move(pair));
-        i++;
     }
+}
+
+bool ItemRows::KeepsWithNext(std::size_t row) const {
+    return rows_[row].size() == 1 && rows_[row].front().isCaption;
 }
 
 }  // namespace zv::report

@@ -1,4 +1,5 @@
-// The rows of the report of one item: its fields with their captions, short ones in pairs.
+// The rows of the report of one item: captions in one column, values in another, the content in a
+// box across both.
 #pragma once
 
 #include "report/document.h"
@@ -17,6 +18,8 @@ class ItemRows final : public RowSource {
     Row Heading() const override { return {}; }
     double TextSize() const override;
     bool HasBoxes() const override { return true; }
+    /// The caption of the content stands above its box.
+    bool KeepsWithNext(std::size_t row) const override;
 
  private:
     std::vector<Row> rows_;

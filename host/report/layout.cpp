@@ -21,31 +21,44 @@ std::vector<Line> Break(const Cell& cell, const FontSet& fonts, double size) {
 
 }  // namespace
 
-Layout::Layout(const Document& document, const FontSet& fonts)
-    : document_(document), fonts_(fonts), width_(style::kShortSide), height_(style::kLongSide) {
+Layout::Layout(const Document& document, const FontSet& fonts, const PageSetup& setup)
+    : document_(document), fonts_(fonts), setup_(setup) {
     int records = kNoRecords;
     if (document.kind == DocumentKind::Table) {
-        auto rows = std::make_unique<TableRows>(document.table, fonts);
-        if (rows->IsLandscape()) std::swap(width_, height_);
+        auto rows = std::make_unique<TableRows>(document.table, fonts, setup);
+        area_ = AreaOf(setup, rows->IsLandscape());
         records = static_cast<int>(rows->Count());
         rows_ = std::move(rows);
     } else {
-        rows_ = std::make_unique<ItemRows>(document.fields, fonts, width_ - 2 * style::kMargin);
+        area_ = AreaOf(setup, setup.direction == Direction::Across);
+        rows_ = std::make_unique<ItemRows>(document.fields, fonts, area_.Room());
     }
     heading_ = rows_->Heading();
-    frame_ = std::make_unique<PageFrame>(document, fonts, width_, height_, records);
+    frame_ = std::make_unique<PageFrame>(document, fonts, area_, records);
     const double bottom = frame_->BodyBottom();
     const double heading = HeadingHeight();
-    pages_ =
-        Paginate(rows_->Count(), [this](std::size_t row) { return LineCount(rows_->At(row)); },
-                 {bottom - frame_->BodyTop(1) - heading, bottom - frame_->BodyTop(2) - heading},
-                 {LineHeight(), 2 * style::kCellPadY});
+    const std::size_t rows = rows_->Count();
+    pages_ = Paginate(
+        rows + (HasTotal() ? 1 : 0), [this](std::size_t row) { return LinesAt(row); },
+        {bottom - frame_->BodyTop(1) - heading, bottom - frame_->BodyTop(2) - heading},
+        {LineHeight(), 2 * style::kCellPadY},
+        [this, rows](std::size_t row) {
+            return HasTotal() ? row + 1 == rows : rows_->KeepsWithNext(row);
+        });
 }
 
 Layout::~Layout() = default;
 
 double Layout::LineHeight() const {
     return rows_->TextSize() * style::kLineHeight;
+}
+
+bool Layout::HasTotal() const {
+    return document_.kind == DocumentKind::Table && rows_->Count() > 0;
+}
+
+std::size_t Layout::LinesAt(std::size_t row) const {
+    return row < rows_->Count() ? LineCount(rows_->At(row)) : 1;
 }
 
 std::size_t Layout::LineCount(const Row& row) const {
@@ -63,35 +76,53 @@ double Layout::HeadingHeight() const {
 
 Page Layout::MakePage(int number) const {
     Page page;
-    page.width = width_;
-    page.height = height_;
+    page.width = area_.width;
+    page.height = area_.height;
     frame_->Draw(page, number, PageCount());
     double top = DrawHeading(page, frame_->BodyTop(number));
+    bool hasFoot = rows_->HasBoxes();
     for (const Fragment& fragment : pages_[static_cast<std::size_t>(number - 1)]) {
-        top = DrawFragment(page, top, fragment);
+        if (fragment.row < rows_->Count()) {
+            top = DrawFragment(page, top, fragment);
+        } else {
+            DrawFoot(page, top);
+            top = DrawTotal(page, top);
+            hasFoot = true;
+        }
     }
     if (rows_->Count() == 0) {
         const std::string text = GetReportText(ReportText::NoRecords, document_.language);
         const double size = style::kTextSize;
-        page.texts.push_back({(width_ - fonts_.Width(text, size)) / 2, top + size * 2, size, false,
-                              style::kSoft, text});
-    } else if (!rows_->HasBoxes()) {
-        // The foot of the table.
-        page.rules.push_back(
-            {style::kMargin, top, width_ - style::kMargin, top, style::kStrong, style::kBlack});
+        page.texts.push_back({area_.left + (area_.Room() - fonts_.Width(text, size)) / 2,
+                              top + size * 2, size, false, style::kSoft, text});
+    } else if (!hasFoot) {
+        DrawFoot(page, top);
     }
     return page;
+}
+
+void Layout::DrawFoot(Page& page, double top) const {
+    page.rules.push_back({area_.left, top, area_.right, top, style::kStrong, style::kBlack});
+}
+
+double Layout::DrawTotal(Page& page, double top) const {
+    const double size = rows_->TextSize();
+    const std::string text =
+        FormatReportText(ReportText::Total, document_.language, std::to_string(rows_->Count()));
+    page.texts.push_back({area_.left + style::kCellPadX,
+                          top + style::kCellPadY + size * style::kAscent, size, true, style::kBlack,
+                          text});
+    return top + LineHeight() + 2 * style::kCellPadY;
 }
 
 double Layout::DrawHeading(Page& page, double top) const {
     if (heading_.empty()) return top;
     const double height = HeadingHeight() - 1;
-    const double right = width_ - style::kMargin;
-    page.grounds.push_back(
-        {style::kMargin, top, right - style::kMargin, height, style::kCaptionGround});
-    page.rules.push_back({style::kMargin, top, right, top, style::kStrong, style::kBlack});
+    const double right = area_.right;
+    page.grounds.push_back({area_.left, top, area_.Room(), height, style::kCaptionGround});
+    page.rules.push_back({area_.left, top, right, top, style::kStrong, style::kBlack});
     page.rules.push_back(
-        {style::kMargin, top + height, right, top + height, style::kThin, style::kBlack});
+        {area_.left, top + height, right, top + height, style::kThin, style::kBlack});
     const Fragment whole{0, 0, LineCount(heading_), false, false};
     for (const Cell& cell : heading_) DrawCell(page, cell, top, whole);
     return top + height + 1;
@@ -111,23 +142,22 @@ double Layout::DrawFragment(Page& page, double top, const Fragment& fragment) co
 }
 
 void Layout::DrawFrameOfRow(Page& page, const Row& row, double top, double height) const {
-    const double right = width_ - style::kMargin;
+    const double right = area_.right;
     const double bottom = top + height;
     if (!rows_->HasBoxes()) {
-        page.rules.push_back(
-            {style::kMargin, bottom, right, bottom, style::kThin, style::kHairline});
+        page.rules.push_back({area_.left, bottom, right, bottom, style::kThin, style::kHairline});
         return;
     }
     for (const Cell& cell : row) {
-        const double x = style::kMargin + cell.x;
+        const double x = area_.left + cell.x;
         if (cell.isCaption) {
             page.grounds.push_back({x, top, cell.width, height, style::kCaptionGround});
         }
         page.rules.push_back({x, top, x, bottom, style::kThin, style::kSoft});
     }
     page.rules.push_back({right, top, right, bottom, style::kThin, style::kSoft});
-    page.rules.push_back({style::kMargin, top, right, top, style::kThin, style::kSoft});
-    page.rules.push_back({style::kMargin, bottom, right, bottom, style::kThin, style::kSoft});
+    page.rules.push_back({area_.left, top, right, top, style::kThin, style::kSoft});
+    page.rules.push_back({area_.left, bottom, right, bottom, style::kThin, style::kSoft});
 }
 
 void Layout::DrawCell(Page& page, const Cell& cell, double top, const Fragment& fragment) const {
@@ -138,9 +168,9 @@ void Layout::DrawCell(Page& page, const Cell& cell, double top, const Fragment& 
     for (std::size_t i = fragment.firstLine; i < end; i++, y += LineHeight()) {
         if (lines[i].length == 0) continue;
         std::string text = cell.text.substr(lines[i].begin, lines[i].length);
-        double x = style::kMargin + cell.x + style::kCellPadX;
+        double x = area_.left + cell.x + style::kCellPadX;
         if (cell.align == Align::Right) {
-            x = style::kMargin + cell.x + cell.width - style::kCellPadX - fonts_.Width(text, size);
+            x = area_.left + cell.x + cell.width - style::kCellPadX - fonts_.Width(text, size);
         }
         page.texts.push_back(
             {x, y + size * style::kAscent, size, cell.isCaption, style::kBlack, std::move(text)});
@@ -151,10 +181,10 @@ void Layout::DrawMark(Page& page, const Cell& cell, double top, bool isContinued
     const double size = rows_->TextSize();
     const std::string text = GetReportText(
         isContinued ? ReportText::Continued : ReportText::ContinuesBelow, document_.language);
-    double x = style::kMargin + cell.x + style::kCellPadX;
+    double x = area_.left + cell.x + style::kCellPadX;
     if (!isContinued) {
-        x = std::max(style::kMargin, style::kMargin + cell.x + cell.width - style::kCellPadX -
-                                         fonts_.Width(text, size));
+        x = std::max(area_.left, area_.left + cell.x + cell.width - style::kCellPadX -
+                                     fonts_.Width(text, size));
     }
     page.texts.push_back(
         {x, top + style::kCellPadY + size * style::kAscent, size, false, style::kSoft, text});

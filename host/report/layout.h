@@ -8,6 +8,7 @@
 #include "report/font_set.h"
 #include "report/page.h"
 #include "report/page_frame.h"
+#include "report/page_setup.h"
 #include "report/pagination.h"
 #include "report/rows.h"
 
@@ -15,22 +16,29 @@ namespace zv::report {
 
 class Layout {
  public:
-    /// Both must outlive the layout and stay as they are.
-    Layout(const Document& document, const FontSet& fonts);
+    /// Document and fonts must outlive the layout and stay as they are.
+    Layout(const Document& document, const FontSet& fonts, const PageSetup& setup = {});
     ~Layout();
     Layout(const Layout&) = delete;
     Layout& operator=(const Layout&) = delete;
 
     int PageCount() const { return static_cast<int>(pages_.size()); }
-    double PageWidth() const { return width_; }
-    double PageHeight() const { return height_; }
+    /// In points.
+    double PageWidth() const { return area_.width; }
+    double PageHeight() const { return area_.height; }
+    const PageSetup& Setup() const { return setup_; }
     /// `number` from 1. Pages are made when they are asked for, so a long list keeps none of them.
     Page MakePage(int number) const;
     const Document& Source() const { return document_; }
     const FontSet& Fonts() const { return fonts_; }
 
  private:
+    /// Behind the rows of a table stands how many there are.
+    bool HasTotal() const;
+    std::size_t LinesAt(std::size_t row) const;
     std::size_t LineCount(const Row& row) const;
+    double DrawTotal(Page& page, double top) const;
+    void DrawFoot(Page& page, double top) const;
     double HeadingHeight() const;
     double DrawHeading(Page& page, double top) const;
     double DrawFragment(Page& page, double top, const Fragment& fragment) const;
@@ -41,8 +49,8 @@ class Layout {
 
     const Document& document_;
     const FontSet& fonts_;
-    double width_ = 0;
-    double height_ = 0;
+    PageSetup setup_;
+    PageArea area_;
     std::unique_ptr<RowSource> rows_;
     std::unique_ptr<PageFrame> frame_;
     Row heading_;

@@ -17,12 +17,12 @@ Table ReadRows(store::Recordset& rows, const std::vector<Heading>& columns, std:
     if (columns.empty()) {
         for (int i = 0; i < rows.FieldCount(); i++) {
             sources.push_back(i);
-            table.columns.push_back({rows.FieldName(i), 0});
+            table.columns.push_back({rows.FieldName(i)});
         }
     }
     for (const Heading& column : columns) {
         sources.push_back(rows.FieldIndex(column.key));
-        table.columns.push_back({column.caption, 0});
+        table.columns.push_back({column.caption});
     }
     for (; !rows.Eof(); rows.MoveNext()) {
         std::vector<std::string>& cells = table.rows.emplace_back();

@@ -15,17 +15,28 @@ constexpr double kTolerance = 0.01;
 
 std::vector<std::vector<Fragment>> Paginate(std::size_t rows,
                                             const std::function<std::size_t(std::size_t)>& linesOf,
-                                            const PageRoom& room, const RowHeights& heights) {
+                                            const PageRoom& room, const RowHeights& heights,
+                                            const Keeping& keepsWithNext) {
     std::vector<std::vector<Fragment>> pages(1);
     double left = room.first;
     const auto turn = [&] {
         pages.emplace_back();
         left = room.later;
     };
+    // What a row takes together with what must not be parted from it.
+    const auto together = [&](std::size_t row, double whole) {
+        if (!keepsWithNext || row + 1 >= rows || !keepsWithNext(row)) return whole;
+        const std::size_t lines = linesOf(row + 1);
+        const double next = heights.OfLines(lines, false, false);
+        if (whole + next <= room.later + kTolerance) return whole + next;
+        const double begun = whole + heights.OfLines(kLinesWorthBeginning, false, true);
+        return begun <= room.later + kTolerance ? begun : whole;
+    };
     for (std::size_t row = 0; row < rows; row++) {
         const std::size_t lines = linesOf(row);
         const double whole = heights.OfLines(lines, false, false);
-        if (whole > left + kTolerance && whole <= room.later + kTolerance) turn();
+        const double needed = together(row, whole);
+        if (needed > left + kTolerance && needed <= room.later + kTolerance) turn();
         if (whole <= left + kTolerance) {
             pages.back().push_back({row, 0, lines, false, false});
             left -= whole;

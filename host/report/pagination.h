@@ -31,10 +31,15 @@ struct RowHeights {
     }
 };
 
+/// Whether a row must not be the last of a page.
+using Keeping = std::function<bool(std::size_t row)>;
+
 /// A row that does not fit on the rest of a page begins the next one. One that fits on no page is
-/// split; each part has at least one line. At least one page, which may be empty.
+/// split; each part has at least one line. A row that keeps with the next one turns the page with
+/// it. At least one page, which may be empty.
 std::vector<std::vector<Fragment>> Paginate(std::size_t rows,
                                             const std::function<std::size_t(std::size_t)>& linesOf,
-                                            const PageRoom& room, const RowHeights& heights);
+                                            const PageRoom& room, const RowHeights& heights,
+                                            const Keeping& keepsWithNext = {});
 
 }  // namespace zv::report

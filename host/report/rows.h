@@ -29,6 +29,8 @@ class RowSource {
     virtual double TextSize() const = 0;
     /// Cells stand in boxes; otherwise rows are parted by lines only.
     virtual bool HasBoxes() const = 0;
+    /// Does not stand at the foot of a page without what comes behind it.
+    virtual bool KeepsWithNext(std::size_t /*row*/) const { return false; }
 };
 
 }  // namespace zv::report

@@ -5,10 +5,6 @@
 
 namespace zv::report::style {
 
-inline constexpr double kShortSide = 595.28;  // A4
-inline constexpr double kLongSide = 841.89;
-inline constexpr double kMargin = 45;
-
 inline constexpr double kTextSize = 9.5;
 /// Tables with many columns are printed smaller, down to this.
 inline constexpr double kSmallestTextSize = 5;

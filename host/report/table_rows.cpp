@@ -4,28 +4,30 @@
 
 namespace zv::report {
 
-TableRows::TableRows(const Table& table, const FontSet& fonts)
-    : table_(table), plan_(PlanColumns(table, fonts)) {}
+TableRows::TableRows(const Table& table, const FontSet& fonts, const PageSetup& setup)
+    : table_(table), plan_(PlanColumns(table, fonts, setup)) {}
 
 Row TableRows::At(std::size_t row) const {
     const auto& texts = table_.rows[row];
-    Row cells;
-    double x = 0;
-    for (std::size_t i = 0; i < plan_.widths.size(); i++) {
-        cells.push_back({x, plan_.widths[i], i < texts.size() ? CleanText(texts[i]) : std::string(),
-                         plan_.isRightAligned[i] ? Align::Right : Align::Left, false});
-        x += plan_.widths[i];
-    }
-    return cells;
+    return Cells(
+        [&](std::size_t column) {
+            return column < texts.size() ? CleanText(texts[column]) : std::string();
+        },
+        false);
 }
 
 Row TableRows::Heading() const {
+    return Cells([&](std::size_t column) { return CleanText(table_.columns[column].heading); },
+                 true);
+}
+
+Row TableRows::Cells(const std::function<std::string(std::size_t)>& textOf, bool isCaption) const {
     Row cells;
     double x = 0;
-    for (std::size_t i = 0; i < plan_.widths.size(); i++) {
-        cells.push_back({x, plan_.widths[i], CleanText(table_.columns[i].heading),
-                         plan_.isRightAligned[i] ? Align::Right : Align::Left, true});
-        x += plan_.widths[i];
+    for (const PlannedColumn& column : plan_.columns) {
+        cells.push_back({x, column.width, textOf(column.source),
+                         column.isRightAligned ? Align::Right : Align::Left, isCaption});
+        x += column.width;
     }
     return cells;
 }

@@ -1,6 +1,8 @@
 // The rows of a list or a grid.
 #pragma once
 
+#include <functional>
+
 #include "report/column_widths.h"
 #include "report/document.h"
 #include "report/rows.h"
@@ -9,8 +11,8 @@ namespace zv::report {
 
 class TableRows final : public RowSource {
  public:
-    /// Both must outlive this.
-    TableRows(const Table& table, const FontSet& fonts);
+    /// Table and fonts must outlive this.
+    TableRows(const Table& table, const FontSet& fonts, const PageSetup& setup);
 
     bool IsLandscape() const { return plan_.isLandscape; }
     std::size_t Count() const override { return table_.rows.size(); }
@@ -20,6 +22,8 @@ class TableRows final : public RowSource {
     bool HasBoxes() const override { return false; }
 
  private:
+    Row Cells(const std::function<std::string(std::size_t)>& textOf, bool isCaption) const;
+
     const Table& table_;
     ColumnPlan plan_;
 };

@@ -5,9 +5,10 @@ namespace zv::resources {
 
 enum class PrintText {
     PageOf,          ///< page {0} of {1}
-    PrintedOn,       ///< date in the footer, {0}
+    PrintedOn,       ///< date and time in the footer, {0}
     PrintedBy,       ///< user in the footer, {0}
-    RecordCount,     ///< {0} records
+    RecordCount,     ///< {0} records, at the head of each page
+    Total,           ///< {0} records, behind the last one
     NoRecords,       ///< stands in the place of the rows
     Continued,       ///< at the head of the rest of a row
     ContinuesBelow,  ///< at the foot of a row that goes on

@@ -16,8 +16,6 @@ using store::ado::Member;
 using win32::ComPtr;
 using win32::Variant;
 
-constexpr double kPointsPerUnit = 72.0 / 96;
-
 std::string ToText(Variant value) {
     return automation::ToTextOrNone(std::move(value), automation::Misfit::Result);
 }
@@ -110,16 +108,13 @@ Table ReadGrid(IDispatch& grid) {
     Member rowCount(L"RowCount");
     Member columnCount(L"ColumnCount");
     Member heading(L"Heading");
-    Member columnWidth(L"ColumnWidth");
     Member text(L"Text");
     Table table;
     const std::int32_t columns = ToNumber(GetProperty(grid, columnCount));
     const std::int32_t rows = ToNumber(GetProperty(grid, rowCount));
     for (std::int32_t column = 1; column <= columns; column++) {
         const Variant number(column);
-        const std::int32_t width = ToNumber(GetProperty(grid, columnWidth, {number.Get()}));
-        table.columns.push_back({ToText(GetProperty(grid, heading, {number.Get()})),
-                                 width > 0 ? width * kPointsPerUnit : 0});
+        table.columns.push_back({ToText(GetProperty(grid, heading, {number.Get()}))});
     }
     for (std::int32_t row = 1; row <= rows; row++) {
         std::vector<std::string>& cells = table.rows.emplace_back();
@@ -149,14 +144,14 @@ Table ReadRecordset(IDispatch& recordset, const std::vector<Heading>& columns,
         for (std::int32_t i = 0; i < total; i++) {
             sources.push_back(GetObjectProperty(*fields, item, {Variant(i).Get()}));
             names.push_back(ToText(GetProperty(*sources.back(), name)));
-            table.columns.push_back({names.back(), 0});
+            table.columns.push_back({names.back()});
         }
     }
     for (const Heading& column : columns) {
         const Variant key(std::string_view(column.key));
         sources.push_back(GetObjectProperty(*fields, item, {key.Get()}));
         names.push_back(column.key);
-        table.columns.push_back({column.caption, 0});
+        table.columns.push_back({column.caption});
     }
     while (ToNumber(GetProperty(recordset, eof)) == 0) {
         std::vector<std::string>& cells = table.rows.emplace_back();

@@ -14,8 +14,8 @@ namespace zv::report {
 /// enumeration). Empty, null and Nothing are no texts. Throws TypeMismatch for anything else.
 std::vector<std::string> ReadTexts(const win32::Variant& list);
 
-/// A grid as it stands: RowCount, ColumnCount, Heading(column), ColumnWidth(column) in 1/96 inch,
-/// Text(row, column), all counted from 1. Throws what the object reports.
+/// A grid as it stands: RowCount, ColumnCount, Heading(column), Text(row, column), all counted from
+/// 1. How wide its columns are on paper follows from what they hold. Throws what the object reports.
 Table ReadGrid(IDispatch& grid);
 
 /// The rows from the current one on of an object with the members of ADO's Recordset, which is

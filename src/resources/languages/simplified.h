@@ -317,10 +317,11 @@ inline constexpr auto kReport = InOrder<ReportText>({
 
 // The report component of the host kit: its papers and its preview.
 inline constexpr auto kPrint = InOrder<PrintText>({
-    {PrintText::PageOf, "第 {0} 页，共 {1} 页"},
-    {PrintText::PrintedOn, "打印日期：{0}"},
+    {PrintText::PageOf, "第 {0} / {1} 页"},
+    {PrintText::PrintedOn, "打印时间：{0}"},
     {PrintText::PrintedBy, "打印人：{0}"},
     {PrintText::RecordCount, "共 {0} 条记录"},
+    {PrintText::Total, "合计：共 {0} 条记录"},
     {PrintText::NoRecords, "（没有记录）"},
     {PrintText::Continued, "(续)"},
     {PrintText::ContinuesBelow, "(转下页)"},

@@ -317,10 +317,11 @@ inline constexpr auto kReport = InOrder<ReportText>({
 
 // The report component of the host kit: its papers and its preview.
 inline constexpr auto kPrint = InOrder<PrintText>({
-    {PrintText::PageOf, "第 {0} 頁，共 {1} 頁"},
-    {PrintText::PrintedOn, "列印日期：{0}"},
+    {PrintText::PageOf, "第 {0} / {1} 頁"},
+    {PrintText::PrintedOn, "列印時間：{0}"},
     {PrintText::PrintedBy, "列印人：{0}"},
     {PrintText::RecordCount, "共 {0} 筆記錄"},
+    {PrintText::Total, "合計：共 {0} 筆記錄"},
     {PrintText::NoRecords, "（沒有記錄）"},
     {PrintText::Continued, "(續)"},
     {PrintText::ContinuesBelow, "(轉下頁)"},

@@ -4,13 +4,11 @@
 
 #include <algorithm>
 
-#include "report/styles.h"
-
 namespace zv::report {
 namespace {
 
-using style::kLongSide;
-using style::kShortSide;
+constexpr double kLongSide = 841.89;
+constexpr double kShortSide = 595.28;  // A4
 
 // A sheet of a size in points on a printer of that many dots per inch.
 Sheet Paper(double width, double height, int dotsX, int dotsY) {

@@ -63,7 +63,7 @@ TEST_F(Preview, TurnsPagesAndStopsAtTheEnds) {
 TEST_F(Preview, ShowsThePageThatItNames) {
     PreviewForm& form = Open(ListOf(200));
     user_.Click(form.cmdNext);
-    EXPECT_NE(Painted(form).find("第 2 页"), std::string::npos);
+    EXPECT_NE(Painted(form).find("第 2 / "), std::string::npos);
 }
 
 TEST_F(Preview, APageNumberIsTakenByEnter) {
