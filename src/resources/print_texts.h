@@ -46,7 +46,22 @@ enum class PrintText {
     SavingCancelled,
     Printing,  ///< heading of the progress window
     Saving,
-    Last = Saving,
+    PageSetup,      ///< the preview's button
+    LeaveOutEmpty,  ///< its check box
+    PageSetupWindow,
+    PaperSize,
+    Direction,
+    DirectionAsNeeded,
+    DirectionUpright,
+    DirectionAcross,
+    PageMargins,
+    MarginLeft,
+    MarginRight,
+    MarginTop,
+    MarginBottom,
+    UsualSetup,
+    BadMargin,  ///< {0}, {1}: the bounds
+    Last = BadMargin,
 };
 
 }  // namespace zv::resources

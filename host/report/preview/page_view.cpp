@@ -1,7 +1,6 @@
 #include "report/preview/page_view.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace zv::report {
@@ -9,7 +8,6 @@ namespace {
 
 constexpr int kEdge = 14;  // around the page
 constexpr double kUnitsPerPoint = 96.0 / 72;
-constexpr std::array kSteps{25, 50, 75, 100, 125, 150, 200, 300, 400};
 
 }  // namespace
 

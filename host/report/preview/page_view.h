@@ -1,6 +1,8 @@
 // How a page lies in the area that shows it: zoom, place and scrolling. Lengths in 1/96 inch.
 #pragma once
 
+#include <array>
+
 #include "forms/canvas.h"
 #include "forms/geometry.h"
 
@@ -10,8 +12,10 @@ enum class ZoomMode { Percent, FitWidth, WholePage };
 
 class PageView {
  public:
-    static constexpr int kSmallest = 25;
-    static constexpr int kLargest = 400;
+    /// Percents to choose from and to go through.
+    static constexpr std::array kSteps{25, 50, 75, 100, 125, 150, 200, 300, 400};
+    static constexpr int kSmallest = kSteps.front();
+    static constexpr int kLargest = kSteps.back();
 
     void SetPage(double widthPoints, double heightPoints);
     void SetArea(forms::Size area);

@@ -1,11 +1,14 @@
 #include "report/preview/preview_form.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <utility>
 
 #include "base/text.h"
+#include "forms/kept_focus.h"
+#include "forms/layout/metrics.h"
+#include "report/column_widths.h"
+#include "report/preview/page_setup_form.h"
 #include "report/report_texts.h"
 
 namespace zv::report {
@@ -20,8 +23,15 @@ constexpr forms::Size kFirstSize{980, 720};
 constexpr int kLeastHeight = 320;
 constexpr int kWheelStep = 72;
 constexpr int kLineStep = 40;
-constexpr std::array kPercents{50, 75, 100, 125, 150, 200, 400};
 constexpr double kInch = 96;
+constexpr int kLabelDrop = 5;
+
+// A control of the toolbar.
+struct Placed {
+    forms::Control* control;
+    int width;
+    int drop;
+};
 
 namespace code {
 constexpr int kAdd = 107;
@@ -32,8 +42,8 @@ constexpr int kMinus = 189;
 
 }  // namespace
 
-PreviewForm::PreviewForm(forms::WindowSystem& windows, const Layout& layout, PreviewActions actions)
-    : Form(windows, "frmPreview"), layout_(layout), actions_(std::move(actions)) {
+PreviewForm::PreviewForm(forms::WindowSystem& windows, Arrangement& report, PreviewActions actions)
+    : Form(windows, "frmPreview"), report_(report), actions_(std::move(actions)) {
     ConnectEvents();
 }
 
@@ -41,7 +51,7 @@ void PreviewForm::ConnectEvents() {
     cmdFirst.onClick = [this] { GoTo(1); };
     cmdPrevious.onClick = [this] { GoTo(page_ - 1); };
     cmdNext.onClick = [this] { GoTo(page_ + 1); };
-    cmdLast.onClick = [this] { GoTo(layout_.PageCount()); };
+    cmdLast.onClick = [this] { GoTo(Pages().PageCount()); };
     txtPage.onLostFocus = [this] { txtPage_Apply(); };
     txtPage.onGotFocus = [this] { txtPage.SelectAll(); };
     cboZoom.onClick = [this] { cboZoom_Click(); };
@@ -50,6 +60,8 @@ void PreviewForm::ConnectEvents() {
     cmdPrint.onClick = [this] { actions_.print(); };
     cmdPdf.onClick = [this] { actions_.savePdf(); };
     cmdCsv.onClick = [this] { actions_.saveCsv(); };
+    cmdSetup.onClick = [this] { cmdSetup_Click(); };
+    chkNoEmpty.onClick = [this] { chkNoEmpty_Click(); };
     cmdClose.onClick = [this] { Unload(); };
     cancelButton = &cmdClose;
     picPage.onPaint = [this](const forms::CanvasSurface& surface) { picPage_Paint(surface); };
@@ -74,14 +86,17 @@ void PreviewForm::Form_Load() {
     SetSizable(true);
     txtPage.SetNumericKeyboard(true);
     txtPage.SetMaxLength(6);
-    picPage.SetAccessibleName(GetReportText(ReportText::PageArea, layout_.Source().language));
+    picPage.SetAccessibleName(GetReportText(ReportText::PageArea, Pages().Source().language));
+    chkNoEmpty.SetVisible(Pages().Source().kind == DocumentKind::Table);
+    chkNoEmpty.SetValue(Pages().Setup().leavesOutEmpty ? 1 : 0);
+    chkNoEmpty.SetEnabled(HasEmptyColumn());
     PlaceToolbar();
     const forms::Rect work = Windows().GetBackend().WorkArea();
     SetClientSize({std::clamp(kFirstSize.width, MinimumClientSize().width,
                               std::max(work.width - 40, MinimumClientSize().width)),
                    std::clamp(work.height - 80, kLeastHeight, kFirstSize.height + 120)});
     Center();
-    view_.SetPage(layout_.PageWidth(), layout_.PageHeight());
+    view_.SetPage(Pages().PageWidth(), Pages().PageHeight());
     PlaceCanvas();
     ShowZoom();
     ShowPosition();
@@ -93,67 +108,76 @@ void PreviewForm::Form_Activate() {
 }
 
 void PreviewForm::SetCaptions() {
-    const std::int16_t language = layout_.Source().language;
+    const std::int16_t language = Pages().Source().language;
     const auto text = [&](ReportText id) { return GetReportText(id, language); };
-    SetCaption(FormatReportText(ReportText::Preview, language, layout_.Source().title));
+    SetCaption(FormatReportText(ReportText::Preview, language, Pages().Source().title));
     cmdFirst.SetCaption(text(ReportText::FirstPage));
     cmdPrevious.SetCaption(text(ReportText::PreviousPage));
     cmdNext.SetCaption(text(ReportText::NextPage));
     cmdLast.SetCaption(text(ReportText::LastPage));
     txtPage.SetAccessibleName(text(ReportText::PageNumber));
-    lblPages.SetCaption(
-        FormatReportText(ReportText::OfPages, language, std::to_string(layout_.PageCount())));
     cmdZoomOut.SetCaption("&-");
     cmdZoomOut.SetAccessibleName(text(ReportText::ZoomOut));
     cmdZoomIn.SetCaption("&+");
     cmdZoomIn.SetAccessibleName(text(ReportText::ZoomIn));
     cboZoom.SetAccessibleName(text(ReportText::Zoom));
     std::vector<std::string> zooms{text(ReportText::FitWidth), text(ReportText::WholePage)};
-    for (const int percent : kPercents) zooms.push_back(std::to_string(percent) + "%");
+    for (const int percent : PageView::kSteps) zooms.push_back(std::to_string(percent) + "%");
     cboZoom.SetItems(std::move(zooms));
     cmdPrint.SetCaption(text(ReportText::Print));
     cmdPdf.SetCaption(text(ReportText::SavePdf));
     cmdCsv.SetCaption(text(ReportText::SaveCsv));
+    cmdSetup.SetCaption(text(ReportText::PageSetup));
+    chkNoEmpty.SetCaption(text(ReportText::LeaveOutEmpty));
     cmdClose.SetCaption(text(ReportText::Close));
 }
 
 void PreviewForm::PlaceToolbar() {
-    forms::Backend& backend = Windows().GetBackend();
-    int x = kBarMargin;
-    const auto place = [&](forms::Control& control, int width) {
-        control.Move({x, kBarMargin, width, kBarHeight});
-        x += width + kButtonGap;
-    };
+    const forms::layout::Metrics m(Windows().GetBackend());
     const auto button = [&](forms::CommandButton& command) {
-        const std::string caption = text::Replace(command.Caption(), "&", "");
-        place(command, backend.MeasureText(caption).width + kButtonPadding);
+        return Placed{&command, m.Width(command.Caption()) + kButtonPadding, 0};
     };
-    const auto group = [&] { x += kGroupGap - kButtonGap; };
-    button(cmdFirst);
-    button(cmdPrevious);
-    place(txtPage, 48);
-    const int labelWidth = backend.MeasureText(lblPages.Caption()).width + 8;
-    lblPages.Move({x, kBarMargin + 5, labelWidth, kBarHeight - 6});
-    x += labelWidth + kButtonGap;
-    button(cmdNext);
-    button(cmdLast);
-    group();
-    place(cmdZoomOut, kBarHeight);
-    place(cboZoom, 76);
-    place(cmdZoomIn, kBarHeight);
-    group();
-    button(cmdPrint);
-    button(cmdPdf);
-    button(cmdCsv);
-    group();
-    button(cmdClose);
-    SetMinimumClientSize({x - kButtonGap + kBarMargin, kLeastHeight});
+    lblPages.SetCaption(FormatReportText(ReportText::OfPages, Pages().Source().language,
+                                         std::to_string(Pages().PageCount())));
+    std::vector<std::vector<Placed>> groups{
+        {button(cmdFirst),
+         button(cmdPrevious),
+         {&txtPage, 48, 0},
+         {&lblPages, m.Width(lblPages.Caption()) + 8, kLabelDrop},
+         button(cmdNext),
+         button(cmdLast)},
+        {{&cmdZoomOut, kBarHeight, 0}, {&cboZoom, 76, 0}, {&cmdZoomIn, kBarHeight, 0}},
+        {button(cmdPrint), button(cmdPdf), button(cmdCsv)},
+        {button(cmdSetup)},
+        {button(cmdClose)}};
+    if (chkNoEmpty.OwnVisible()) {
+        groups[3].push_back({&chkNoEmpty, m.BoxWidth(chkNoEmpty.Caption()), 0});
+    }
+    // A group that has no room beside the others begins the next row.
+    int x = kBarMargin;
+    int y = kBarMargin;
+    int widest = 0;
+    for (const std::vector<Placed>& group : groups) {
+        int width = -kButtonGap;
+        for (const Placed& placed : group) width += placed.width + kButtonGap;
+        if (x > kBarMargin && x + width > kFirstSize.width - kBarMargin) {
+            x = kBarMargin;
+            y += kBarHeight + kButtonGap;
+        }
+        for (const Placed& placed : group) {
+            placed.control->Move({x, y + placed.drop, placed.width, kBarHeight - placed.drop});
+            x += placed.width + kButtonGap;
+        }
+        widest = std::max(widest, x - kButtonGap + kBarMargin);
+        x += kGroupGap - kButtonGap;
+    }
+    barHeight_ = y + kBarHeight + kBarMargin;
+    SetMinimumClientSize({widest, kLeastHeight});
 }
 
 void PreviewForm::PlaceCanvas() {
-    constexpr int kTop = kBarMargin + kBarHeight + kBarMargin;
-    picPage.Move(
-        {0, kTop, std::max(0, ClientSize().width), std::max(0, ClientSize().height - kTop)});
+    picPage.Move({0, barHeight_, std::max(0, ClientSize().width),
+                  std::max(0, ClientSize().height - barHeight_)});
     view_.SetArea(picPage.ViewSize());
     ApplyZoom();
 }
@@ -163,7 +187,7 @@ void PreviewForm::Form_Resize() {
 }
 
 void PreviewForm::GoTo(int page, bool atEnd) {
-    const int target = std::clamp(page, 1, layout_.PageCount());
+    const int target = std::clamp(page, 1, Pages().PageCount());
     const bool turned = target != page_;
     page_ = target;
     if (turned) {
@@ -180,7 +204,7 @@ void PreviewForm::txtPage_Apply() {
     int page = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), page);
     if (error == std::errc::result_out_of_range) {
-        page = layout_.PageCount();
+        page = Pages().PageCount();
     } else if (error != std::errc() || end != text.data() + text.size()) {
         page = page_;
     }
@@ -190,12 +214,49 @@ void PreviewForm::txtPage_Apply() {
 void PreviewForm::ShowPosition() {
     txtPage.SetText(std::to_string(page_));
     const bool hasEarlier = page_ > 1;
-    const bool hasLater = page_ < layout_.PageCount();
-    cmdFirst.SetEnabled(hasEarlier);
-    cmdPrevious.SetEnabled(hasEarlier);
-    cmdNext.SetEnabled(hasLater);
-    cmdLast.SetEnabled(hasLater);
-    txtPage.SetEnabled(layout_.PageCount() > 1);
+    const bool hasLater = page_ < Pages().PageCount();
+    // Who turns pages goes on doing so.
+    forms::SetEnabledOrGoTo(txtPage, Pages().PageCount() > 1, picPage);
+    forms::Control& stay = txtPage.Enabled() ? static_cast<forms::Control&>(txtPage) : picPage;
+    forms::SetEnabledOrGoTo(cmdFirst, hasEarlier, stay);
+    forms::SetEnabledOrGoTo(cmdPrevious, hasEarlier, stay);
+    forms::SetEnabledOrGoTo(cmdNext, hasLater, stay);
+    forms::SetEnabledOrGoTo(cmdLast, hasLater, stay);
+}
+
+void PreviewForm::cmdSetup_Click() {
+    AskForPageSetup(Windows(), Pages().Setup(), Pages().Source().language,
+                    [this](const PageSetup& setup) {
+                        // A host may have closed the preview meanwhile.
+                        if (IsLoaded()) SetUp(setup);
+                    });
+}
+
+void PreviewForm::chkNoEmpty_Click() {
+    PageSetup setup = Pages().Setup();
+    setup.leavesOutEmpty = chkNoEmpty.Checked();
+    SetUp(setup);
+}
+
+void PreviewForm::SetUp(const PageSetup& setup) {
+    if (setup == Pages().Setup()) return;
+    report_.SetUp(setup);
+    shownPage_ = 0;
+    page_ = std::min(page_, Pages().PageCount());
+    view_.SetPage(Pages().PageWidth(), Pages().PageHeight());
+    PlaceToolbar();
+    PlaceCanvas();
+    ShowPosition();
+    // Behind all that is shown: what cannot be remembered holds for this window all the same.
+    if (actions_.keepSetup) actions_.keepSetup(setup);
+}
+
+bool PreviewForm::HasEmptyColumn() const {
+    const Table& table = Pages().Source().table;
+    for (std::size_t column = 0; column < table.columns.size(); column++) {
+        if (IsEmptyColumn(table, column)) return true;
+    }
+    return false;
 }
 
 void PreviewForm::cboZoom_Click() {
@@ -207,7 +268,7 @@ void PreviewForm::cboZoom_Click() {
     } else if (choice == 1) {
         view_.SetZoom(ZoomMode::WholePage, 100);
     } else {
-        view_.SetZoom(ZoomMode::Percent, kPercents[static_cast<std::size_t>(choice - 2)]);
+        view_.SetZoom(ZoomMode::Percent, PageView::kSteps[static_cast<std::size_t>(choice - 2)]);
     }
     ApplyZoom();
 }
@@ -221,8 +282,8 @@ void PreviewForm::Zoom(int percent) {
 void PreviewForm::ApplyZoom() {
     picPage.SetScroll(view_.Horizontal(picPage.Horizontal().position),
                       view_.Vertical(picPage.Vertical().position));
-    cmdZoomOut.SetEnabled(view_.Percent() > PageView::kSmallest);
-    cmdZoomIn.SetEnabled(view_.Percent() < PageView::kLargest);
+    forms::SetEnabledOrGoTo(cmdZoomOut, view_.Percent() > PageView::kSmallest, cboZoom);
+    forms::SetEnabledOrGoTo(cmdZoomIn, view_.Percent() < PageView::kLargest, cboZoom);
     picPage.Repaint();
 }
 
@@ -232,8 +293,10 @@ void PreviewForm::ShowZoom() {
     if (view_.Mode() == ZoomMode::FitWidth) choice = 0;
     if (view_.Mode() == ZoomMode::WholePage) choice = 1;
     if (view_.Mode() == ZoomMode::Percent) {
-        const auto at = std::find(kPercents.begin(), kPercents.end(), view_.Percent());
-        if (at != kPercents.end()) choice = static_cast<int>(at - kPercents.begin()) + 2;
+        const auto at =
+            std::find(PageView::kSteps.begin(), PageView::kSteps.end(), view_.Percent());
+        if (at != PageView::kSteps.end())
+            choice = static_cast<int>(at - PageView::kSteps.begin()) + 2;
     }
     cboZoom.SetListIndex(choice);
     settingZoom_ = false;
@@ -241,7 +304,7 @@ void PreviewForm::ShowZoom() {
 
 void PreviewForm::picPage_Paint(const forms::CanvasSurface& surface) {
     if (shownPage_ != page_) {
-        shown_ = layout_.MakePage(page_);
+        shown_ = Pages().MakePage(page_);
         shownPage_ = page_;
     }
     const double pixels = surface.dpi / kInch;
@@ -253,7 +316,7 @@ void PreviewForm::picPage_Paint(const forms::CanvasSurface& surface) {
 void PreviewForm::Move(int units) {
     const forms::Canvas::Scroll& vertical = picPage.Vertical();
     if (units > 0 && vertical.position >= vertical.Last()) {
-        if (page_ < layout_.PageCount()) GoTo(page_ + 1);
+        if (page_ < Pages().PageCount()) GoTo(page_ + 1);
     } else if (units < 0 && vertical.position <= 0) {
         if (page_ > 1) GoTo(page_ - 1, true);
     } else {
@@ -275,7 +338,7 @@ void PreviewForm::AnyKey(forms::KeyEvent& event) {
             break;
         case forms::key::kEnd:
             if (!event.control) return;
-            GoTo(layout_.PageCount());
+            GoTo(Pages().PageCount());
             break;
         case code::kAdd:
         case code::kPlus:
@@ -329,7 +392,7 @@ void PreviewForm::picPage_KeyDown(forms::KeyEvent& event) {
             picPage.UserScroll(x, 0);
             break;
         case forms::key::kEnd:
-            GoTo(layout_.PageCount());
+            GoTo(Pages().PageCount());
             break;
         case code::kAdd:
         case code::kPlus:

@@ -9,7 +9,7 @@
 #include "forms/label.h"
 #include "forms/lists.h"
 #include "forms/text_box.h"
-#include "report/layout.h"
+#include "report/arrangement.h"
 #include "report/preview/page_view.h"
 
 namespace zv::report {
@@ -19,6 +19,8 @@ struct PreviewActions {
     std::function<void()> print;
     std::function<void()> savePdf;
     std::function<void()> saveCsv;
+    /// The user has set up the pages; it is to be remembered.
+    std::function<void(const PageSetup& setup)> keepSetup;
     /// Draws a page at a scale (pixels per point) with its corner at (left, top) of a surface.
     std::function<void(const forms::CanvasSurface& surface, const Page& page, double scale,
                        double left, double top)>
@@ -27,8 +29,8 @@ struct PreviewActions {
 
 class PreviewForm : public forms::Form {
  public:
-    /// The layout must outlive the window.
-    PreviewForm(forms::WindowSystem& windows, const Layout& layout, PreviewActions actions);
+    /// The report must outlive the window, which lays it out anew when the user wants that.
+    PreviewForm(forms::WindowSystem& windows, Arrangement& report, PreviewActions actions);
 
     /// From 1.
     int PageNumber() const { return page_; }
@@ -46,6 +48,8 @@ class PreviewForm : public forms::Form {
     forms::CommandButton cmdPrint{*this, "cmdPrint"};
     forms::CommandButton cmdPdf{*this, "cmdPdf"};
     forms::CommandButton cmdCsv{*this, "cmdCsv"};
+    forms::CommandButton cmdSetup{*this, "cmdSetup"};
+    forms::CheckBox chkNoEmpty{*this, "chkNoEmpty"};
     forms::CommandButton cmdClose{*this, "cmdClose"};
     forms::Canvas picPage{*this, "picPage"};
 
@@ -57,8 +61,13 @@ class PreviewForm : public forms::Form {
  private:
     void ConnectEvents();
     void SetCaptions();
+    const Layout& Pages() const { return report_.Pages(); }
     void PlaceToolbar();
     void PlaceCanvas();
+    void cmdSetup_Click();
+    void chkNoEmpty_Click();
+    void SetUp(const PageSetup& setup);
+    bool HasEmptyColumn() const;
     /// `atEnd`: the foot of the page is shown, as after turning back over its head.
     void GoTo(int page, bool atEnd = false);
     void txtPage_Apply();
@@ -73,12 +82,13 @@ class PreviewForm : public forms::Form {
     /// Scrolls down by `units`; at the end of the page to the next one.
     void Move(int units);
 
-    const Layout& layout_;
+    Arrangement& report_;
     PreviewActions actions_;
     PageView view_;
     Page shown_;
     int page_ = 1;
     int shownPage_ = 0;
+    int barHeight_ = 0;
     bool settingZoom_ = false;
     bool wasActive_ = false;
 };

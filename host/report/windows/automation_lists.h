@@ -15,7 +15,8 @@ namespace zv::report {
 std::vector<std::string> ReadTexts(const win32::Variant& list);
 
 /// A grid as it stands: RowCount, ColumnCount, Heading(column), Text(row, column), all counted from
-/// 1. How wide its columns are on paper follows from what they hold. Throws what the object reports.
+/// 1. How wide its columns are on paper follows from what they hold. Throws what the object
+/// reports.
 Table ReadGrid(IDispatch& grid);
 
 /// The rows from the current one on of an object with the members of ADO's Recordset, which is

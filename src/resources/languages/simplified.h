@@ -317,7 +317,7 @@ inline constexpr auto kReport = InOrder<ReportText>({
 
 // The report component of the host kit: its papers and its preview.
 inline constexpr auto kPrint = InOrder<PrintText>({
-    {PrintText::PageOf, "第 {0} / {1} 页"},
+    {PrintText::PageOf, "第 {0}/{1} 页"},
     {PrintText::PrintedOn, "打印时间：{0}"},
     {PrintText::PrintedBy, "打印人：{0}"},
     {PrintText::RecordCount, "共 {0} 条记录"},
@@ -359,6 +359,21 @@ inline constexpr auto kPrint = InOrder<PrintText>({
     {PrintText::SavingCancelled, "保存已取消，没有写入文件。"},
     {PrintText::Printing, "正在打印"},
     {PrintText::Saving, "正在保存"},
+    {PrintText::PageSetup, "页面设置(&G)..."},
+    {PrintText::LeaveOutEmpty, "不印空栏(&K)"},
+    {PrintText::PageSetupWindow, "页面设置"},
+    {PrintText::PaperSize, "纸张(&P)"},
+    {PrintText::Direction, "方向(&D)"},
+    {PrintText::DirectionAsNeeded, "自动"},
+    {PrintText::DirectionUpright, "纵向"},
+    {PrintText::DirectionAcross, "横向"},
+    {PrintText::PageMargins, "页边距（毫米）"},
+    {PrintText::MarginLeft, "左(&L)"},
+    {PrintText::MarginRight, "右(&R)"},
+    {PrintText::MarginTop, "上(&T)"},
+    {PrintText::MarginBottom, "下(&B)"},
+    {PrintText::UsualSetup, "恢复默认(&F)"},
+    {PrintText::BadMargin, "页边距应是 {0} 到 {1} 的整数（毫米）。"},
 });
 
 // Run-time errors by their number.

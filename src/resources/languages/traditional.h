@@ -317,7 +317,7 @@ inline constexpr auto kReport = InOrder<ReportText>({
 
 // The report component of the host kit: its papers and its preview.
 inline constexpr auto kPrint = InOrder<PrintText>({
-    {PrintText::PageOf, "第 {0} / {1} 頁"},
+    {PrintText::PageOf, "第 {0}/{1} 頁"},
     {PrintText::PrintedOn, "列印時間：{0}"},
     {PrintText::PrintedBy, "列印人：{0}"},
     {PrintText::RecordCount, "共 {0} 筆記錄"},
@@ -359,6 +359,21 @@ inline constexpr auto kPrint = InOrder<PrintText>({
     {PrintText::SavingCancelled, "儲存已取消，沒有寫入檔案。"},
     {PrintText::Printing, "正在列印"},
     {PrintText::Saving, "正在儲存"},
+    {PrintText::PageSetup, "頁面設定(&G)..."},
+    {PrintText::LeaveOutEmpty, "不印空欄(&K)"},
+    {PrintText::PageSetupWindow, "頁面設定"},
+    {PrintText::PaperSize, "紙張(&P)"},
+    {PrintText::Direction, "方向(&D)"},
+    {PrintText::DirectionAsNeeded, "自動"},
+    {PrintText::DirectionUpright, "直向"},
+    {PrintText::DirectionAcross, "橫向"},
+    {PrintText::PageMargins, "邊界（公釐）"},
+    {PrintText::MarginLeft, "左(&L)"},
+    {PrintText::MarginRight, "右(&R)"},
+    {PrintText::MarginTop, "上(&T)"},
+    {PrintText::MarginBottom, "下(&B)"},
+    {PrintText::UsualSetup, "還原預設(&F)"},
+    {PrintText::BadMargin, "邊界應是 {0} 到 {1} 的整數（公釐）。"},
 });
 
 // Run-time errors by their number.

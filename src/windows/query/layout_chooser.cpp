@@ -1,10 +1,11 @@
 #include "windows/query/layout_chooser.h"
-#include "forms/layout/row.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "base/text.h"
+#include "forms/kept_focus.h"
+#include "forms/layout/row.h"
 #include "reports/list_layout.h"
 #include "resources/report_texts.h"
 #include "resources/text_ids.h"
@@ -146,10 +147,10 @@ void frmItemSet::ShowLists(int selectedOfAll, int selectedOfChosen) {
 
 void frmItemSet::EnableButtons() {
     const int at = lstChosen.ListIndex();
-    cmdTake.SetEnabled(lstAll.ListIndex() >= 0);
-    cmdDrop.SetEnabled(at >= 0);
-    cmdUp.SetEnabled(at > 0);
-    cmdDown.SetEnabled(at >= 0 && at + 1 < lstChosen.ListCount());
+    forms::SetEnabledOrGoTo(cmdTake, lstAll.ListIndex() >= 0, lstAll);
+    forms::SetEnabledOrGoTo(cmdDrop, at >= 0, lstChosen);
+    forms::SetEnabledOrGoTo(cmdUp, at > 0, lstChosen);
+    forms::SetEnabledOrGoTo(cmdDown, at >= 0 && at + 1 < lstChosen.ListCount(), lstChosen);
 }
 
 void frmItemSet::cmdTake_Click() {

@@ -171,8 +171,8 @@ play() {
     demo=
 }
 
-play 0 任务管理器 高级查询 查询任务 客户生日报警 任务列表 '第 1 页' 地点
+play 0 任务管理器 高级查询 查询任务 客户生日报警 任务列表 '第 1/' 地点
 script=traditional
-play 1 任務管理器 進階查詢 查詢任務 客户生日报警 任務列表 '第 1 頁' 地點
+play 1 任務管理器 進階查詢 查詢任務 客户生日报警 任務列表 '第 1/' 地點
 if [ -n "${ZV_PICTURES:-}" ]; then cp "$papers"/* "$ZV_PICTURES/"; fi
 finish

@@ -62,6 +62,29 @@ TEST_F(LayoutChooser, OrdersTheColumns) {
     EXPECT_EQ(window.lstChosen.Items(), (Lines{"日期", "主题"}));
 }
 
+TEST_F(LayoutChooser, TheFocusStaysOnTheFieldsAfterTheLastOneWasTaken) {
+    frmItemSet& window = Open();
+    window.cmdTake.SetFocus();
+    stage.user.Click(window.cmdTake);
+    EXPECT_FALSE(window.cmdTake.Enabled());
+    EXPECT_EQ(window.ActiveControl(), &window.lstAll);
+    window.cmdDrop.SetFocus();
+    while (window.cmdDrop.Enabled()) stage.user.Click(window.cmdDrop);
+    EXPECT_EQ(window.ActiveControl(), &window.lstChosen);
+}
+
+TEST_F(LayoutChooser, TheFocusGoesToTheColumnsWhenOneCannotMoveOn) {
+    frmItemSet& window = Open();
+    stage.user.Pick(window.lstChosen, 0);
+    window.cmdDown.SetFocus();
+    stage.user.Click(window.cmdDown);
+    EXPECT_FALSE(window.cmdDown.Enabled());
+    EXPECT_EQ(window.ActiveControl(), &window.lstChosen);
+    window.cmdUp.SetFocus();
+    stage.user.Click(window.cmdUp);
+    EXPECT_EQ(window.ActiveControl(), &window.lstChosen);
+}
+
 TEST_F(LayoutChooser, APrintedListHasAtLeastOneColumn) {
     frmItemSet& window = Open();
     stage.user.Click(window.cmdDrop);

@@ -33,7 +33,7 @@ TEST(PrintedValue, NullIsEmpty) {
 }
 
 TEST(FormatReportText, FillsInWhatStandsInBraces) {
-    EXPECT_EQ(FormatReportText(ReportText::PageOf, 1, "2", "10"), "第 2 / 10 頁");
+    EXPECT_EQ(FormatReportText(ReportText::PageOf, 1, "2", "10"), "第 2/10 頁");
     EXPECT_EQ(FormatReportText(ReportText::PrintedBy, 0, "{1}", "x"), "打印人：{1}");
 }
 

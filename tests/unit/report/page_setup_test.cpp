@@ -2,28 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include "doubles/memory_settings.h"
 
 namespace zv::report {
 namespace {
 
-class Settings final : public resources::SettingsStore {
- public:
-    std::string Get(std::string_view application, std::string_view section, std::string_view key,
-                    std::string_view fallback) const override {
-        EXPECT_EQ(application, "Tarnell");
-        EXPECT_EQ(section, "zvTask");
-        const auto found = values.find(std::string(key));
-        return found == values.end() ? std::string(fallback) : found->second;
-    }
-    void Save(std::string_view, std::string_view, std::string_view key,
-              std::string_view text) override {
-        values[std::string(key)] = text;
-        saved++;
-    }
-    std::map<std::string, std::string> values;
-    int saved = 0;
-};
+using Settings = doubles::MemorySettings;
 
 TEST(PageSetup, WithoutAChoiceIsA4WithTheUsualMargins) {
     const Settings settings;
@@ -47,40 +31,41 @@ TEST(PageSetup, IsRememberedAsItWasChosen) {
 TEST(PageSetup, OnlyWhatDiffersIsWritten) {
     Settings settings;
     SavePageSetup(settings, PageSetup());
-    EXPECT_EQ(settings.saved, 0);
+    EXPECT_TRUE(settings.values.empty());
     PageSetup setup;
     setup.leavesOutEmpty = true;
     SavePageSetup(settings, setup);
-    EXPECT_EQ(settings.values, (std::map<std::string, std::string>{{"PrintWithoutEmpty", "1"}}));
+    EXPECT_EQ(settings.values.size(), 1u);
+    EXPECT_EQ(settings.values["zvTask.PrintWithoutEmpty"], "1");
 }
 
 TEST(PageSetup, WhatCannotBeUnderstoodIsTheUsual) {
     for (const char* paper : {"A9", "", "8", "A4x"}) {
         Settings settings;
-        settings.values["PrintPaper"] = paper;
+        settings.values["zvTask.PrintPaper"] = paper;
         EXPECT_EQ(LoadPageSetup(settings), PageSetup()) << paper;
     }
     for (const char* direction : {"3", "-1", "across", "1.5", "99999999999"}) {
         Settings settings;
-        settings.values["PrintDirection"] = direction;
+        settings.values["zvTask.PrintDirection"] = direction;
         EXPECT_EQ(LoadPageSetup(settings), PageSetup()) << direction;
     }
     for (const char* margins : {"16", "10,10,10", "10,10,10,10,10", "10,10,10,4", "41,10,10,10",
                                 "10,,10,10", "a,b,c,d", "10,10,10,99999999999", ",,,"}) {
         Settings settings;
-        settings.values["PrintMargins"] = margins;
+        settings.values["zvTask.PrintMargins"] = margins;
         EXPECT_EQ(LoadPageSetup(settings), PageSetup()) << margins;
     }
     for (const char* without : {"yes", "2", "-1"}) {
         Settings settings;
-        settings.values["PrintWithoutEmpty"] = without;
+        settings.values["zvTask.PrintWithoutEmpty"] = without;
         EXPECT_EQ(LoadPageSetup(settings), PageSetup()) << without;
     }
 }
 
 TEST(PageSetup, ABadValueLeavesTheOthers) {
     Settings settings;
-    settings.values = {{"PrintPaper", " a3 "}, {"PrintMargins", "1,2,3,4"}};
+    settings.values = {{"zvTask.PrintPaper", " a3 "}, {"zvTask.PrintMargins", "1,2,3,4"}};
     const PageSetup setup = LoadPageSetup(settings);
     EXPECT_EQ(setup.paper, Paper::A3);
     EXPECT_EQ(setup.margins, Margins());

@@ -74,7 +74,7 @@ TEST_F(PdfTest, AThousandRowsHaveTheRightPageNumberOnEveryPage) {
     for (int number = 1; number <= pages_; number++) {
         const std::string& text = pages[static_cast<std::size_t>(number - 1)];
         const std::string footer =
-            "第 " + std::to_string(number) + " / " + std::to_string(pages_) + " 页";
+            "第 " + std::to_string(number) + "/" + std::to_string(pages_) + " 页";
         EXPECT_EQ(CountOf(text, footer), 1) << number;
         EXPECT_EQ(CountOf(text, "执行人"), 1) << number;
         rows += CountOf(text, "拜访客户 Nr. ");
@@ -115,7 +115,7 @@ TEST_F(PdfTest, SavingGoesOnPageByPageAndEndsWithAWholeFile) {
         EXPECT_EQ(saving.Percent(), 0);
         EXPECT_TRUE(saving.Continue());
         EXPECT_GT(saving.Percent(), 0);
-        EXPECT_EQ(saving.State(), "第 8 / " + std::to_string(layout.PageCount()) + " 页");
+        EXPECT_EQ(saving.State(), "第 8/" + std::to_string(layout.PageCount()) + " 页");
         EXPECT_FALSE(std::filesystem::exists(folder_ / "a.pdf"));
         while (saving.Continue()) {
         }

@@ -6,6 +6,7 @@
 #include "doubles/queued_dialogs.h"
 #include "driver/headless/headless_driver.h"
 #include "forms/headless/headless_backend.h"
+#include "report/preview/page_setup_form.h"
 #include "report_stage.h"
 
 namespace zv::report {
@@ -15,14 +16,15 @@ class Preview : public testing::Test {
  protected:
     PreviewForm& Open(Document document) {
         document_ = std::move(document);
-        layout_ = std::make_unique<Layout>(document_, TestFonts());
+        report_ = std::make_unique<Arrangement>(document_, TestFonts(), setup_);
         PreviewActions actions;
         actions.print = [this] { done_ += "print "; };
         actions.savePdf = [] { throw RuntimeError(ErrorNumber::PermissionDenied, "in use"); };
         actions.saveCsv = [this] { done_ += "csv "; };
+        actions.keepSetup = [this](const PageSetup& setup) { kept_.push_back(setup); };
         actions.paint = [this](const forms::CanvasSurface&, const Page& page, double, double,
                                double) { painted_ = TextOf(page); };
-        auto& form = windows_.Create<PreviewForm>(*layout_, std::move(actions));
+        auto& form = windows_.Create<PreviewForm>(*report_, std::move(actions));
         form.Show(false);
         return form;
     }
@@ -36,14 +38,16 @@ class Preview : public testing::Test {
     forms::WindowSystem windows_{backend_};
     driver::HeadlessDriver user_;
     Document document_;
-    std::unique_ptr<Layout> layout_;
+    PageSetup setup_;
+    std::unique_ptr<Arrangement> report_;
+    std::vector<PageSetup> kept_;
     std::string done_;
     std::string painted_;
 };
 
 TEST_F(Preview, TurnsPagesAndStopsAtTheEnds) {
     PreviewForm& form = Open(ListOf(200));
-    const int last = layout_->PageCount();
+    const int last = report_->Pages().PageCount();
     EXPECT_FALSE(form.cmdFirst.Enabled());
     EXPECT_FALSE(form.cmdPrevious.Enabled());
     user_.Click(form.cmdNext);
@@ -63,7 +67,7 @@ TEST_F(Preview, TurnsPagesAndStopsAtTheEnds) {
 TEST_F(Preview, ShowsThePageThatItNames) {
     PreviewForm& form = Open(ListOf(200));
     user_.Click(form.cmdNext);
-    EXPECT_NE(Painted(form).find("第 2 / "), std::string::npos);
+    EXPECT_NE(Painted(form).find("第 2/"), std::string::npos);
 }
 
 TEST_F(Preview, APageNumberIsTakenByEnter) {
@@ -77,7 +81,7 @@ TEST_F(Preview, APageNumberBeyondTheEndIsTheLastPage) {
     PreviewForm& form = Open(ListOf(200));
     user_.Type(form.txtPage, "999999");
     user_.Leave(form.txtPage);
-    EXPECT_EQ(form.PageNumber(), layout_->PageCount());
+    EXPECT_EQ(form.PageNumber(), report_->Pages().PageCount());
     user_.Type(form.txtPage, "0");
     user_.Leave(form.txtPage);
     EXPECT_EQ(form.PageNumber(), 1);
@@ -100,7 +104,7 @@ TEST_F(Preview, OnePageNeedsNoTurning) {
 
 TEST_F(Preview, ZoomsByStepsAndStopsAtTheLast) {
     PreviewForm& form = Open(ListOf(3));
-    user_.Pick(form.cboZoom, 4);
+    user_.Pick(form.cboZoom, 5);
     EXPECT_EQ(form.View().Percent(), 100);
     user_.Click(form.cmdZoomIn);
     EXPECT_EQ(form.View().Percent(), 125);
@@ -110,6 +114,152 @@ TEST_F(Preview, ZoomsByStepsAndStopsAtTheLast) {
     EXPECT_EQ(form.cboZoom.Text(), "75%");
     while (form.cmdZoomIn.Enabled()) user_.Click(form.cmdZoomIn);
     EXPECT_EQ(form.View().Percent(), 400);
+}
+
+TEST_F(Preview, TheZoomBoxNamesEveryStep) {
+    PreviewForm& form = Open(ListOf(3));
+    while (form.cmdZoomOut.Enabled()) {
+        user_.Click(form.cmdZoomOut);
+        EXPECT_EQ(form.cboZoom.Text(), std::to_string(form.View().Percent()) + "%");
+    }
+    EXPECT_EQ(form.cboZoom.Text(), "25%");
+    std::string steps;
+    while (form.cmdZoomIn.Enabled()) {
+        user_.Click(form.cmdZoomIn);
+        EXPECT_EQ(form.cboZoom.Text(), std::to_string(form.View().Percent()) + "%");
+        steps += form.cboZoom.Text() + " ";
+    }
+    EXPECT_NE(steps.find("300%"), std::string::npos) << steps;
+}
+
+TEST_F(Preview, EveryEntryOfTheZoomBoxDoesWhatItSays) {
+    PreviewForm& form = Open(ListOf(3));
+    for (int entry = 2; entry < form.cboZoom.ListCount(); entry++) {
+        user_.Pick(form.cboZoom, entry);
+        EXPECT_EQ(std::to_string(form.View().Percent()) + "%", form.cboZoom.Text());
+    }
+}
+
+TEST_F(Preview, AtTheEndsTheFocusGoesToThePageBox) {
+    PreviewForm& form = Open(ListOf(200));
+    form.cmdLast.SetFocus();
+    user_.Click(form.cmdLast);
+    EXPECT_EQ(form.ActiveControl(), &form.txtPage);
+    form.cmdPrevious.SetFocus();
+    while (form.cmdPrevious.Enabled()) {
+        EXPECT_EQ(form.ActiveControl(), &form.cmdPrevious);
+        user_.Click(form.cmdPrevious);
+    }
+    EXPECT_EQ(form.ActiveControl(), &form.txtPage);
+    form.cmdNext.SetFocus();
+    while (form.cmdNext.Enabled()) user_.Click(form.cmdNext);
+    EXPECT_EQ(form.ActiveControl(), &form.txtPage);
+    EXPECT_EQ(form.txtPage.Text(), std::to_string(form.PageNumber()));
+}
+
+TEST_F(Preview, AtTheLastZoomTheFocusGoesToTheZoomBox) {
+    PreviewForm& form = Open(ListOf(3));
+    form.cmdZoomIn.SetFocus();
+    while (form.cmdZoomIn.Enabled()) user_.Click(form.cmdZoomIn);
+    EXPECT_EQ(form.ActiveControl(), &form.cboZoom);
+    form.cmdZoomOut.SetFocus();
+    while (form.cmdZoomOut.Enabled()) user_.Click(form.cmdZoomOut);
+    EXPECT_EQ(form.ActiveControl(), &form.cboZoom);
+}
+
+TEST_F(Preview, LeavesOutEmptyColumnsWhenTheUserWantsThatAndRemembersIt) {
+    Document document = ListOf(3);
+    for (auto& row : document.table.rows) row[3].clear();
+    PreviewForm& form = Open(document);
+    EXPECT_TRUE(form.chkNoEmpty.Enabled());
+    EXPECT_NE(Painted(form).find("执行\n"), std::string::npos);
+    user_.Click(form.chkNoEmpty);
+    EXPECT_EQ(Painted(form).find("执行\n"), std::string::npos);
+    ASSERT_EQ(kept_.size(), 1u);
+    EXPECT_TRUE(kept_[0].leavesOutEmpty);
+    user_.Click(form.chkNoEmpty);
+    EXPECT_NE(Painted(form).find("执行\n"), std::string::npos);
+    EXPECT_FALSE(kept_.at(1).leavesOutEmpty);
+}
+
+TEST_F(Preview, WithoutEmptyColumnsThereIsNothingToLeaveOut) {
+    setup_.leavesOutEmpty = true;
+    PreviewForm& form = Open(ListOf(3));
+    EXPECT_FALSE(form.chkNoEmpty.Enabled());
+    EXPECT_TRUE(form.chkNoEmpty.Checked());
+    EXPECT_TRUE(kept_.empty());
+    form.Unload();
+    EXPECT_FALSE(Open(ItemOf({{"TaskTitle", "主题", ""}})).chkNoEmpty.Visible());
+}
+
+TEST_F(Preview, PagesFollowTheSetupThatTheUserAccepts) {
+    PreviewForm& form = Open(ListOf(200));
+    const int before = report_->Pages().PageCount();
+    user_.Click(form.cmdLast);
+    backend_.modalLoop = [&](forms::Form& modal) {
+        auto& window = dynamic_cast<PageSetupForm&>(modal);
+        EXPECT_EQ(window.cboPaper.Text(), "A4 (210 x 297 mm)");
+        user_.Pick(window.cboPaper, static_cast<int>(Paper::A3));
+        user_.Pick(window.cboDirection, static_cast<int>(Direction::Upright));
+        user_.Click(window.cmdOK);
+    };
+    user_.Click(form.cmdSetup);
+    const int after = report_->Pages().PageCount();
+    EXPECT_LT(after, before);
+    EXPECT_EQ(form.PageNumber(), after);
+    EXPECT_EQ(form.lblPages.Caption(), "/ " + std::to_string(after) + " 页");
+    EXPECT_FALSE(form.cmdNext.Enabled());
+    EXPECT_NE(Painted(form).find("第 " + std::to_string(after) + "/"), std::string::npos);
+    ASSERT_EQ(kept_.size(), 1u);
+    EXPECT_EQ(kept_[0].paper, Paper::A3);
+    EXPECT_EQ(kept_[0], report_->Pages().Setup());
+}
+
+TEST_F(Preview, ACancelledOrUnchangedSetupKeepsThePages) {
+    PreviewForm& form = Open(ListOf(3));
+    const Layout* pages = &report_->Pages();
+    for (const bool accepts : {false, true}) {
+        backend_.modalLoop = [&](forms::Form& modal) {
+            auto& window = dynamic_cast<PageSetupForm&>(modal);
+            if (!accepts) user_.Pick(window.cboPaper, static_cast<int>(Paper::A5));
+            user_.Click(accepts ? window.cmdOK : window.cmdCancel);
+        };
+        user_.Click(form.cmdSetup);
+        EXPECT_EQ(&report_->Pages(), pages);
+    }
+    EXPECT_TRUE(kept_.empty());
+}
+
+TEST_F(Preview, AMarginOutOfBoundsIsToldAndTheWindowStays) {
+    PreviewForm& form = Open(ListOf(3));
+    backend_.modalLoop = [&](forms::Form& modal) {
+        auto& window = dynamic_cast<PageSetupForm&>(modal);
+        for (const char* text : {"4", "41", "", "1x"}) {
+            user_.Type(window.txtRight, text);
+            user_.Click(window.cmdOK);
+            ASSERT_TRUE(window.IsShown()) << text;
+            EXPECT_EQ(window.ActiveControl(), &window.txtRight);
+        }
+        user_.Click(window.cmdUsual);
+        EXPECT_EQ(window.txtRight.Text(), "16");
+        user_.Type(window.txtRight, "40");
+        user_.Click(window.cmdOK);
+    };
+    user_.Click(form.cmdSetup);
+    EXPECT_EQ(dialogs_.messages,
+              std::vector<std::string>(4, "48|页边距应是 5 到 40 的整数（毫米）。"));
+    ASSERT_EQ(kept_.size(), 1u);
+    EXPECT_EQ(kept_[0].margins, (Margins{16, 16, 40, 16}));
+}
+
+TEST_F(Preview, TheToolbarFitsANarrowScreen) {
+    PreviewForm& form = Open(ListOf(200));
+    EXPECT_LE(form.MinimumClientSize().width, 980);
+    for (const forms::Control* control : form.Controls()) {
+        if (control == &form.picPage || !control->Visible()) continue;
+        EXPECT_LE(control->Bounds().Right(), form.MinimumClientSize().width) << control->Name();
+        EXPECT_LE(control->Bounds().Bottom(), form.picPage.Bounds().top) << control->Name();
+    }
 }
 
 TEST_F(Preview, FitWidthFollowsTheWindow) {
@@ -146,7 +296,7 @@ TEST_F(Preview, TheWheelScrollsAndThenTurnsThePage) {
 
 TEST_F(Preview, TheWheelWithControlZooms) {
     PreviewForm& form = Open(ListOf(3));
-    user_.Pick(form.cboZoom, 4);
+    user_.Pick(form.cboZoom, 5);
     form.picPage.UserWheel(1, true);
     EXPECT_EQ(form.View().Percent(), 125);
 }
@@ -156,7 +306,7 @@ TEST_F(Preview, KeysScrollAndTurn) {
     user_.Key(form.picPage, forms::key::kDown);
     EXPECT_GT(form.picPage.Vertical().position, 0);
     user_.Key(form.picPage, 35);
-    EXPECT_EQ(form.PageNumber(), layout_->PageCount());
+    EXPECT_EQ(form.PageNumber(), report_->Pages().PageCount());
     user_.Key(form.picPage, 36);
     EXPECT_EQ(form.PageNumber(), 1);
     user_.Key(form.cmdPrint, 34);
