@@ -146,6 +146,11 @@ void LateBound::Put(const wchar_t* name, const win32::Variant& value) {
     PutProperty(*object_, member, value.Get());
 }
 
+void LateBound::PutIfOffered(const wchar_t* name, const win32::Variant& value) {
+    Member member(name);
+    if (member.IsOffered(*object_)) PutProperty(*object_, member, value.Get());
+}
+
 win32::Variant LateBound::Call(const wchar_t* name, ArgumentList arguments) {
     Member member(name);
     return automation::Call(*object_, member, arguments);

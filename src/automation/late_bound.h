@@ -73,6 +73,8 @@ class LateBound {
     /// All throw the object's own error, 438 for a member that it does not have.
     win32::Variant Get(const wchar_t* name);
     void Put(const wchar_t* name, const win32::Variant& value);
+    /// As Put, for a member that an object need not have: without it nothing happens.
+    void PutIfOffered(const wchar_t* name, const win32::Variant& value);
     win32::Variant Call(const wchar_t* name, ArgumentList arguments = {});
 
  private:

@@ -18,6 +18,7 @@ struct ListQuery {
     /// any other table. May be empty.
     std::string condition;
     std::string order;  ///< without the words
+    std::string asked;  ///< the condition as the user asked for it; may be empty
 };
 
 /// `where` with or without the word; field names without a table in it are those of the items.

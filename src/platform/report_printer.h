@@ -40,6 +40,7 @@ struct ReportJob {
     std::string subTitle;
     std::string filter;                   ///< WHERE condition without the word
     std::string order;                    ///< ORDER BY list without the words
+    std::string asked;                    ///< what the rows were asked for, in the user's words
     std::vector<std::string> parameters;  ///< a heading entry and a value for each field
     std::vector<std::string> columns;     ///< heading entries of a list's columns, in order
     store::Recordset* recordset = nullptr;

@@ -39,12 +39,13 @@ class ShownGrid final : public platform::ReportTable {
 }  // namespace
 
 void PrintGrid(Session& session, const forms::Grid& grid, const std::string& title,
-               const std::string& subTitle) {
+               const std::string& subTitle, const std::string& asked) {
     if (grid.DataRowCount() == 0 || session.state.UserPath.IsEmpty()) return;
     const ShownGrid table(grid);
     platform::ReportJob job = NewJob(session);
     job.title = title;
     job.subTitle = subTitle;
+    job.asked = asked;
     job.grid = &table;
     session.machine.reports.Print(job);
 }

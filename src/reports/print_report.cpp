@@ -28,6 +28,7 @@ void PrintReport(Session& session, const Report& report) {
     job.title = report.title;
     job.filter = report.filter;
     job.order = report.order;
+    job.asked = report.asked;
     job.parameters = std::move(parameters);
     for (const ListColumn& column : report.columns) {
         job.columns.push_back(platform::HeadingEntry(column.caption, column.field));

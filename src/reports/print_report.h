@@ -18,6 +18,7 @@ struct Report {
     std::string title;
     std::string filter;               ///< WHERE condition without the word, may be empty
     std::string order;                ///< ORDER BY list without the words, may be empty
+    std::string asked;                ///< the filter in the user's words, may be empty
     std::vector<ListColumn> columns;  ///< of a list
 };
 

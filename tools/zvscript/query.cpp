@@ -42,6 +42,7 @@ constexpr std::array kNamed = std::to_array<NamedQuery>({
     {"events", [](ScenarioStage& stage) { return TakeLines(stage.events.lines); }},
     {"statements", [](ScenarioStage& stage) { return TakeLines(stage.statements.lines); }},
     {"opened", [](ScenarioStage& stage) { return stage.TakeOpened(); }},
+    {"printedFor", [](ScenarioStage& stage) { return stage.PrintedFor(); }},
     {"printed", [](ScenarioStage& stage) { return stage.TakePrinted(); }},
     {"clipboard", [](ScenarioStage& stage) { return stage.stand->GetBackend().ClipboardText(); }},
     {"result", [](ScenarioStage& stage) { return stage.result; }},

@@ -85,6 +85,12 @@ std::string ScenarioStage::TakeOpened() {
     return JoinLines(lines);
 }
 
+std::string ScenarioStage::PrintedFor() const {
+    std::vector<std::string> lines;
+    for (const auto& printed : machine.reports.printed) lines.push_back(printed.job.asked);
+    return JoinLines(lines);
+}
+
 std::string ScenarioStage::TakePrinted() {
     std::vector<std::string> lines;
     for (const auto& printed : machine.reports.printed) {

@@ -50,6 +50,8 @@ class ScenarioStage {
     std::string TakeOpened();
     /// The print jobs since the last call: report name, title and each parameter, a line each.
     std::string TakePrinted();
+    /// What the lists printed since then were asked for, a line each.
+    std::string PrintedFor() const;
 
     platform::scripted::ScriptedMachine machine;
     resources::FileSettings settings;

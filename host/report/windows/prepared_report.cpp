@@ -36,10 +36,10 @@ std::unique_ptr<FontSet> MakeFonts(const Document& document, FontFiles& files) {
 
 }  // namespace
 
-PreparedReport::PreparedReport(Document document, FontFiles& fonts)
+PreparedReport::PreparedReport(Document document, FontFiles& fonts, const PageSetup& setup)
     : document_(std::move(document)),
       fonts_(MakeFonts(document_, fonts)),
-      layout_(std::make_unique<Layout>(document_, *fonts_)) {}
+      arrangement_(std::make_unique<Arrangement>(document_, *fonts_, setup)) {}
 
 std::string FileNameOf(const Document& document) {
     constexpr std::string_view kForbidden = "\\/:*?\"<>|\n";

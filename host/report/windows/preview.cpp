@@ -4,6 +4,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 
 #include "automation/module.h"
@@ -66,8 +67,24 @@ HGLOBAL Copied(const std::vector<unsigned char>& bytes) {
     return handle;
 }
 
-// The system's printer dialog, which proposes `printer` and paper as the pages lie; what the user
-// chooses instead holds. False when the user cancels it.
+// Names the printer, which may be called longer than its settings can say.
+HGLOBAL Named(const std::wstring& printer) {
+    constexpr std::wstring_view kDriver = L"winspool";
+    DEVNAMES offsets{};
+    const std::size_t head = sizeof offsets / sizeof(wchar_t);
+    offsets.wDriverOffset = static_cast<WORD>(head);
+    offsets.wDeviceOffset = static_cast<WORD>(head + kDriver.size() + 1);
+    offsets.wOutputOffset = static_cast<WORD>(offsets.wDeviceOffset + printer.size() + 1);
+    std::wstring names(kDriver);
+    names += L'\0' + printer + L'\0' + L'\0';
+    std::vector<unsigned char> bytes(sizeof offsets + names.size() * sizeof(wchar_t));
+    std::memcpy(bytes.data(), &offsets, sizeof offsets);
+    std::memcpy(bytes.data() + sizeof offsets, names.data(), names.size() * sizeof(wchar_t));
+    return Copied(bytes);
+}
+
+// The system's printer dialog, which proposes `printer` as it is; what the user chooses instead
+// holds. False when the user cancels it.
 bool ChoosePrinter(HWND owner, const Layout& layout, PrinterChoice& printer) {
     PRINTDLGW dialog{};
     dialog.lStructSize = sizeof dialog;
@@ -78,7 +95,8 @@ bool ChoosePrinter(HWND owner, const Layout& layout, PrinterChoice& printer) {
     dialog.nCopies = static_cast<WORD>(printer.copies);
     dialog.nMinPage = dialog.nFromPage = 1;
     dialog.nMaxPage = dialog.nToPage = static_cast<WORD>(std::min(layout.PageCount(), 0xFFFE));
-    dialog.hDevMode = Copied(ProposeSettings(printer, layout));
+    dialog.hDevMode = Copied(printer.settings);
+    dialog.hDevNames = Named(printer.name);
     const BOOL chosen = PrintDlgW(&dialog);
     const DWORD failure = chosen ? 0 : CommDlgExtendedError();
     if (dialog.hDevMode) {
@@ -149,7 +167,8 @@ std::unique_ptr<PrintJob> BeginPrint(forms::Dialogs& dialogs, const Layout& layo
     return PrintJob::Begin(layout, printer, outputFile);
 }
 
-void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
+void ShowPreview(const PrintRequest& request, PreparedReport& report, KeptPrinter& kept,
+                 resources::SettingsStore& settings) {
     forms::win32::Win32Backend backend(automation::module::Handle());
     forms::WindowSystem windows(backend);
     windows.title = report.Source().title;
@@ -169,9 +188,7 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
     };
     PreviewActions actions;
     actions.print = [&] {
-        PrinterChoice printer;
-        printer.name = DefaultPrinter(request.Script());
-        printer.copies = request.copies;
+        PrinterChoice printer = ProposePrinter(kept, report.Pages(), request.copies);
         const HWND owner = backend.Handle(*window);
         bool chosen = false;
         {
@@ -181,6 +198,8 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
             chosen = ChoosePrinter(owner, report.Pages(), printer) && !standing.Died();
         }
         if (!chosen) return;
+        kept = {zv::win32::ToUtf8(printer.name), printer.settings, report.Pages().PageWidth(),
+                report.Pages().PageHeight()};
         if (const auto job =
                 BeginPrint(backend.GetDialogs(), report.Pages(), printer, {}, window)) {
             run(ReportText::Printing, ReportText::PrintCancelled, *job);
@@ -200,13 +219,14 @@ void ShowPreview(const PrintRequest& request, const PreparedReport& report) {
         CsvSaving saving(report.Source(), files.Create(path));
         run(ReportText::Saving, ReportText::SavingCancelled, saving);
     };
+    actions.keepSetup = [&](const PageSetup& setup) { SavePageSetup(settings, setup); };
     actions.paint = [&](const forms::CanvasSurface& surface, const Page& page, double scale,
                         double left, double top) {
         PaintOn(surface, report.Pages().Fonts(), page, scale, left, top);
     };
     windows.FromHost([&] {
         windows.OpenNew<PreviewForm>(
-            true, [&](PreviewForm& preview) { window = &preview; }, report.Pages(),
+            true, [&](PreviewForm& preview) { window = &preview; }, report.Arranged(),
             std::move(actions));
     });
 }

@@ -68,7 +68,7 @@ void PrintObject::AssignValue(const Arguments& arguments) {
 std::span<const MemberEntry<PrintObject>> PrintObject::Members() {
     using P = PrintObject;
     using R = report::PrintRequest;
-    static constexpr std::array<MemberEntry<P>, 24> kMembers{{
+    static constexpr std::array<MemberEntry<P>, 25> kMembers{{
         Offers<&P::ReadText<&R::userPath>, &P::AssignText<&R::userPath>>(L"UserPath", 1),
         // The password can be set but not asked for.
         Offers<nullptr, &P::AssignText<&R::password>>(L"Password", 2),
@@ -95,6 +95,7 @@ std::span<const MemberEntry<PrintObject>> PrintObject::Members() {
         Offers<&P::ReadNumber<&R::copies>, &P::AssignNumber<&R::copies>>(L"Copies", 22),
         Offers<&P::PrintOut>(L"PrintOut", 23),
         Offers<&P::PageCount>(L"PageCount", 24),
+        Offers<&P::ReadText<&R::criteria>, &P::AssignText<&R::criteria>>(L"Criteria", 25),
     }};
     return kMembers;
 }
@@ -106,7 +107,7 @@ Variant PrintObject::PrintOut(const Arguments&) {
     const Busy busy(isPrinting_);
     pageCount_ = 0;
     try {
-        report::PrintOut(request_, fonts_, pageCount_);
+        report::PrintOut(request_, fonts_, printer_, pageCount_);
     } catch (const RuntimeError& error) {
         throw RuntimeError(error.Number(), resources::DescribeError(error, request_.Script()),
                            error.Source())

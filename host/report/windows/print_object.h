@@ -5,6 +5,7 @@
 #include <string>
 
 #include "automation/dispatch.h"
+#include "report/kept_printer.h"
 #include "report/windows/font_files.h"
 #include "report/windows/print_request.h"
 
@@ -51,6 +52,7 @@ class PrintObject final : public DispatchObject<PrintObject> {
 
     report::PrintRequest request_;
     report::FontFiles fonts_;
+    report::KeptPrinter printer_;
     int pageCount_ = 0;
     bool isPrinting_ = false;
 };

@@ -11,6 +11,7 @@
 #include "report/windows/prepared_report.h"
 #include "report/windows/preview.h"
 #include "report/windows/printer.h"
+#include "resources/win32/registry_settings.h"
 
 namespace zv::report {
 namespace {
@@ -41,11 +42,14 @@ void Finish(const PrintRequest& request, const PreparedReport& report, ReportTex
     });
 }
 
-void Print(const PrintRequest& request, const PreparedReport& report) {
+void Print(const PrintRequest& request, const PreparedReport& report, const KeptPrinter& kept) {
     PrinterChoice printer;
-    printer.name = request.printerName.empty() ? DefaultPrinter(request.Script())
-                                               : win32::ToWide(request.printerName);
-    printer.copies = request.copies;
+    if (request.printerName.empty()) {
+        printer = ProposePrinter(kept, report.Pages(), request.copies);
+    } else {
+        printer.name = win32::ToWide(request.printerName);
+        printer.copies = request.copies;
+    }
     forms::win32::Win32Backend backend(automation::module::Handle());
     if (const auto job = BeginPrint(backend.GetDialogs(), report.Pages(), printer,
                                     request.outputFile, nullptr)) {
@@ -55,7 +59,7 @@ void Print(const PrintRequest& request, const PreparedReport& report) {
 
 }  // namespace
 
-void PrintOut(const PrintRequest& request, FontFiles& fonts, int& pageCount) {
+void PrintOut(const PrintRequest& request, FontFiles& fonts, KeptPrinter& printer, int& pageCount) {
     if (request.printMode < 0 || request.printMode > static_cast<int>(PrintMode::Csv)) {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall,
                            FormatReportText(ReportText::BadMode, request.Script(),
@@ -63,14 +67,15 @@ void PrintOut(const PrintRequest& request, FontFiles& fonts, int& pageCount) {
     }
     const platform::win32::SystemClock clock;
     platform::win32::SystemFiles files;
-    const PreparedReport report(MakeDocument(request, clock.Now()), fonts);
+    resources::win32::RegistrySettings settings;
+    PreparedReport report(MakeDocument(request, clock.Now()), fonts, LoadPageSetup(settings));
     pageCount = report.Pages().PageCount();
     switch (static_cast<PrintMode>(request.printMode)) {
         case PrintMode::Preview:
-            ShowPreview(request, report);
+            ShowPreview(request, report, printer, settings);
             break;
         case PrintMode::Printer:
-            Print(request, report);
+            Print(request, report, printer);
             break;
         case PrintMode::Pdf:
             if (const std::string path = TargetFile(request, report.Source()); !path.empty()) {

@@ -51,6 +51,7 @@ Document MakeDocument(const PrintRequest& request, DateTime now) {
     document.company = request.company;
     document.title = request.title;
     document.subtitle = request.subtitle;
+    document.asked = request.criteria;
     document.user = request.userName;
     document.printed = now;
     document.language = request.Script();

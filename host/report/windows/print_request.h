@@ -16,7 +16,7 @@ enum class PrintMode { Preview = 0, Printer = 1, Pdf = 2, Csv = 3 };
 
 struct PrintRequest {
     std::string userPath, password, userId, defaultDatabase, userName, company;
-    std::string reportName, title, subtitle, filter, order, outputFile, printerName;
+    std::string reportName, title, subtitle, filter, order, criteria, outputFile, printerName;
     std::int32_t sqlData = 0;
     std::int32_t language = 0;  ///< as the host set it
     std::int32_t printMode = 0;

@@ -41,6 +41,66 @@ OpenedPrinter Open(const PrinterChoice& printer, std::int16_t language) {
     return OpenedPrinter(handle);
 }
 
+bool IsThere(const PrinterChoice& printer) {
+    HANDLE handle = nullptr;
+    const BOOL isThere = OpenPrinterW(const_cast<wchar_t*>(printer.name.c_str()), &handle, nullptr);
+    return OpenedPrinter(isThere ? handle : nullptr).get() != nullptr;
+}
+
+short PaperCode(Paper paper) {
+    switch (paper) {
+        case Paper::A3:
+            return DMPAPER_A3;
+        case Paper::A5:
+            return DMPAPER_A5;
+        case Paper::B5:
+            return DMPAPER_B5;
+        case Paper::Letter:
+            return DMPAPER_LETTER;
+        case Paper::Legal:
+            return DMPAPER_LEGAL;
+        default:
+            return DMPAPER_A4;
+    }
+}
+
+// A driver that was replaced since may keep settings of another length.
+bool IsWhole(const std::vector<unsigned char>& settings, std::size_t most) {
+    if (settings.size() < sizeof(DEVMODEW) || settings.size() > most) return false;
+    const auto* mode = reinterpret_cast<const DEVMODEW*>(settings.data());
+    return std::size_t{mode->dmSize} + mode->dmDriverExtra <= settings.size();
+}
+
+// Empty when the driver reports no settings.
+std::vector<unsigned char> SettingsFor(const PrinterChoice& printer, const Layout& layout,
+                                       const KeptPrinter& kept) {
+    const OpenedPrinter opened = Open(printer, layout.Source().language);
+    const HANDLE handle = opened.get();
+    auto* name = const_cast<wchar_t*>(printer.name.c_str());
+    const LONG size = DocumentPropertiesW(nullptr, handle, name, nullptr, nullptr, 0);
+    if (size < static_cast<LONG>(sizeof(DEVMODEW))) return {};
+    std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
+    auto* settings = reinterpret_cast<DEVMODEW*>(bytes.data());
+    const bool isKept = IsWhole(kept.settings, bytes.size());
+    if (isKept) {
+        std::copy(kept.settings.begin(), kept.settings.end(), bytes.begin());
+    } else if (DocumentPropertiesW(nullptr, handle, name, settings, nullptr, DM_OUT_BUFFER) < 0) {
+        return {};
+    }
+    if (!isKept || !kept.HoldsPaperFor(layout.PageWidth(), layout.PageHeight())) {
+        const bool isLandscape = layout.PageWidth() > layout.PageHeight();
+        settings->dmFields |= DM_ORIENTATION | DM_PAPERSIZE;
+        settings->dmOrientation = isLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+        settings->dmPaperSize = PaperCode(layout.Setup().paper);
+    }
+    settings->dmFields |= DM_COPIES | DM_COLLATE;
+    settings->dmCopies = static_cast<short>(std::clamp(printer.copies, 1, 999));
+    settings->dmCollate = DMCOLLATE_TRUE;
+    // A driver that does not know the paper says so by keeping its own.
+    DocumentPropertiesW(nullptr, handle, name, settings, settings, DM_IN_BUFFER | DM_OUT_BUFFER);
+    return bytes;
+}
+
 // Some printers ask something when the document begins.
 bool IsCancelled(int result, DWORD error) {
     return result == SP_USERABORT || result == SP_APPABORT || error == ERROR_CANCELLED ||
@@ -113,24 +173,17 @@ bool PrintsToFile(const PrinterChoice& printer, std::int16_t language) {
     return facts->pPortName && lstrcmpiW(facts->pPortName, L"FILE:") == 0;
 }
 
-std::vector<unsigned char> ProposeSettings(const PrinterChoice& printer, const Layout& layout) {
-    const OpenedPrinter opened = Open(printer, layout.Source().language);
-    const HANDLE handle = opened.get();
-    auto* name = const_cast<wchar_t*>(printer.name.c_str());
-    const LONG size = DocumentPropertiesW(nullptr, handle, name, nullptr, nullptr, 0);
-    if (size < static_cast<LONG>(sizeof(DEVMODEW))) return {};
-    std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
-    auto* settings = reinterpret_cast<DEVMODEW*>(bytes.data());
-    if (DocumentPropertiesW(nullptr, handle, name, settings, nullptr, DM_OUT_BUFFER) < 0) return {};
-    const bool isLandscape = layout.PageWidth() > layout.PageHeight();
-    settings->dmFields |= DM_ORIENTATION | DM_PAPERSIZE | DM_COPIES | DM_COLLATE;
-    settings->dmOrientation = isLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
-    settings->dmPaperSize = DMPAPER_A4;
-    settings->dmCopies = static_cast<short>(std::clamp(printer.copies, 1, 999));
-    settings->dmCollate = DMCOLLATE_TRUE;
-    // A driver that does not know A4 says so by keeping its own paper.
-    DocumentPropertiesW(nullptr, handle, name, settings, settings, DM_IN_BUFFER | DM_OUT_BUFFER);
-    return bytes;
+PrinterChoice ProposePrinter(const KeptPrinter& kept, const Layout& layout, int copies) {
+    PrinterChoice printer;
+    printer.copies = copies;
+    printer.name = zv::win32::ToWide(kept.name);
+    if (!kept.name.empty() && IsThere(printer)) {
+        printer.settings = SettingsFor(printer, layout, kept);
+        return printer;
+    }
+    printer.name = DefaultPrinter(layout.Source().language);
+    printer.settings = SettingsFor(printer, layout, {});
+    return printer;
 }
 
 struct PrintJob::Paper {
@@ -145,7 +198,7 @@ std::unique_ptr<PrintJob> PrintJob::Begin(const Layout& layout, const PrinterCho
     const std::int16_t language = layout.Source().language;
     Open(printer, language);
     const std::vector<unsigned char> settings =
-        printer.settings.empty() ? ProposeSettings(printer, layout) : printer.settings;
+        printer.settings.empty() ? SettingsFor(printer, layout, {}) : printer.settings;
     const HDC dc =
         CreateDCW(L"WINSPOOL", printer.name.c_str(), nullptr,
                   settings.empty() ? nullptr : reinterpret_cast<const DEVMODEW*>(settings.data()));

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "progress/long_work.h"
+#include "report/kept_printer.h"
 #include "report/layout.h"
 
 namespace zv::report {
@@ -18,7 +19,7 @@ namespace zv::report {
 struct PrinterChoice {
     std::wstring name;
     /// The driver's DEVMODE as the user chose it, paper and direction included; empty: the
-    /// driver's defaults on A4 as the pages lie.
+    /// driver's defaults on paper as the pages need it.
     std::vector<unsigned char> settings;
     int copies = 1;  ///< where no settings are given
     int firstPage = 1;
@@ -32,10 +33,11 @@ std::wstring DefaultPrinter(std::int16_t language);
 /// Throws 482 when the printer is unknown.
 bool PrintsToFile(const PrinterChoice& printer, std::int16_t language);
 
-/// What is proposed to a user who is going to choose: the driver's defaults on A4, upright or
-/// across as the pages lie. Empty when the driver reports no settings; throws 482 when the printer
-/// is unknown.
-std::vector<unsigned char> ProposeSettings(const PrinterChoice& printer, const Layout& layout);
+/// What a print begins with, and is proposed to a user who is going to choose: the printer that was
+/// chosen last with its settings, where it is still there, else the default printer with those of
+/// its driver; on paper as the pages need it, unless the paper chosen last holds for them. The
+/// number of copies is each print's own. Throws 482 when there is no printer.
+PrinterChoice ProposePrinter(const KeptPrinter& kept, const Layout& layout, int copies);
 
 /// Prints under the document's title; pages that are larger than the paper are made smaller. What
 /// was not finished is not printed. Every operation throws 482 with the reason: the printer is

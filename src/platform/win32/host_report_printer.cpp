@@ -72,6 +72,8 @@ void PrintWith(automation::LateBound& component, const ReportJob& job, const Var
     component.Put(L"Columns", Collection(job.columns));
     component.Put(L"Recordset", RecordsetOf(job));
     component.Put(L"Grid", table);
+    // Components of other hosts know nothing of it and print as ever.
+    component.PutIfOffered(L"Criteria", Variant(job.asked));
     component.Call(L"PrintOut");
 }
 

@@ -208,6 +208,18 @@ inline constexpr auto kAsk = InOrder<AskText>({
     {AskText::RowsExported, "已导出 {0} 行："},
     {AskText::ExportCancelled, "导出已取消，没有写入文件。"},
     {AskText::Working, "请稍候..."},
+    {AskText::AskedPeriod, "日期"},
+    {AskText::AskedAnyDate, "不限"},
+    {AskText::AskedFromTo, "{0} 至 {1}"},
+    {AskText::AskedOnDay, "{0} 当天"},
+    {AskText::AskedSince, "{0} 起"},
+    {AskText::AskedUntil, "至 {0}"},
+    {AskText::AskedContains, "含“{0}”"},
+    {AskText::AskedPattern, "符合“{0}”"},
+    {AskText::AskedAll, "全部记录"},
+    {AskText::AskedFor, "{0}：{1}"},
+    {AskText::AskedNext, "；"},
+    {AskText::AskedAnd, "、"},
 });
 
 // What the main window says at a glance.

@@ -208,6 +208,18 @@ inline constexpr auto kAsk = InOrder<AskText>({
     {AskText::RowsExported, "已匯出 {0} 列："},
     {AskText::ExportCancelled, "匯出已取消，沒有寫入檔案。"},
     {AskText::Working, "請稍候..."},
+    {AskText::AskedPeriod, "日期"},
+    {AskText::AskedAnyDate, "不限"},
+    {AskText::AskedFromTo, "{0} 至 {1}"},
+    {AskText::AskedOnDay, "{0} 當天"},
+    {AskText::AskedSince, "{0} 起"},
+    {AskText::AskedUntil, "至 {0}"},
+    {AskText::AskedContains, "含「{0}」"},
+    {AskText::AskedPattern, "符合「{0}」"},
+    {AskText::AskedAll, "全部記錄"},
+    {AskText::AskedFor, "{0}：{1}"},
+    {AskText::AskedNext, "；"},
+    {AskText::AskedAnd, "、"},
 });
 
 // What the main window says at a glance.

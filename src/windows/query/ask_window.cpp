@@ -1,5 +1,6 @@
 #include "windows/query/ask_window.h"
 
+#include "items/asked_words.h"
 #include "reports/grid_export.h"
 #include "reports/print_grid.h"
 #include "resources/ask_texts.h"
@@ -130,6 +131,7 @@ AskTexts frmAsk::Texts() const {
 void frmAsk::Clear() {
     Grid1.SetDataRowCount(0);
     lblCount.SetCaption({});
+    asked_.clear();
 }
 
 void frmAsk::ShowFieldCaptions(const std::vector<suite::FieldCaption>& captions) {
@@ -141,9 +143,12 @@ void frmAsk::ShowFieldCaptions(const std::vector<suite::FieldCaption>& captions)
 void frmAsk::cmdAsk_Click() {
     Clear();
     const char delimiter = session_.Settings().kind >= 1 ? '\'' : '#';
+    // What the user changes while the rows come in concerns the next query.
+    const items::AskCriteria criteria = Criteria();
+    const std::string asked = AskedText(criteria);
     progress::WorkEnd end = progress::WorkEnd::Cancelled;
     try {
-        AskRows rows(session_, items::AskStatement(Criteria(), delimiter), Texts());
+        AskRows rows(session_, items::AskStatement(criteria, delimiter), Texts());
         Reading reading(rows, Grid1, session_.state.Language);
         end = RunLongWork(session_, Caption(), reading);
     } catch (...) {
@@ -154,7 +159,23 @@ void frmAsk::cmdAsk_Click() {
     if (!IsLoaded()) return;
     const bool cancelled = end == progress::WorkEnd::Cancelled;
     lblCount.SetCaption(FoundText(cancelled));
+    items::AskedWords words(session_.state.Language);
+    words.Add(asked);
+    if (cancelled) words.Add(lblCount.Caption());
+    asked_ = words.Text();
     if (cancelled) session_.windows.ShowMessage(lblCount.Caption(), forms::box::kInformation);
+}
+
+std::string frmAsk::AskedText(const items::AskCriteria& criteria) const {
+    const auto headingOf = [this](std::string_view field) {
+        int column = 0;
+        for (const items::Field* shown : AskFields()) {
+            column++;
+            if (shown->column == field) return Grid1.GetColumn(column).heading;
+        }
+        return std::string(field);
+    };
+    return items::DescribeCriteria(criteria, headingOf, session_.state.Language);
 }
 
 std::string frmAsk::FoundText(bool cancelled) const {
@@ -172,7 +193,7 @@ std::string frmAsk::FoundText(bool cancelled) const {
 void frmAsk::cmdPrint_Click() {
     const std::string title =
         DTPicker1.Value().value().IsoDate() + " -- " + DTPicker2.Value().value().IsoDate();
-    reports::PrintGrid(session_, Grid1, title, {});
+    reports::PrintGrid(session_, Grid1, title, {}, asked_);
 }
 
 void frmAsk::cmdExport_Click() {

@@ -85,8 +85,10 @@ class frmAsk : public forms::Form, public StoreClient {
     items::AskCriteria Criteria() const;
     AskTexts Texts() const;
     std::string FoundText(bool cancelled) const;
+    std::string AskedText(const items::AskCriteria& criteria) const;
 
     Session& session_;
+    std::string asked_;  ///< what the rows shown were asked for
 };
 
 /// Where the controls of the query window stand in its present client area.

@@ -7,38 +7,12 @@
 #include "items/names.h"
 #include "resources/text_ids.h"
 #include "session/text_checks.h"
+#include "windows/query/condition_words.h"
 
 namespace zv::windows {
 namespace {
 
 using resources::ReportText;
-
-// What a comparison is called for that kind of field.
-ReportText NameOf(items::Comparison comparison, items::FieldKind kind) {
-    const bool date = kind == items::FieldKind::Date;
-    switch (comparison) {
-        case items::Comparison::Contains:
-            return ReportText::Contains;
-        case items::Comparison::BeginsWith:
-            return ReportText::BeginsWith;
-        case items::Comparison::Equal:
-            return date ? ReportText::On : ReportText::Equal;
-        case items::Comparison::NotEqual:
-            return date ? ReportText::NotOn : ReportText::NotEqual;
-        case items::Comparison::Less:
-            return date ? ReportText::Before : ReportText::Less;
-        case items::Comparison::LessOrEqual:
-            return date ? ReportText::OnOrBefore : ReportText::LessOrEqual;
-        case items::Comparison::Greater:
-            return date ? ReportText::After : ReportText::Greater;
-        case items::Comparison::GreaterOrEqual:
-            return date ? ReportText::OnOrAfter : ReportText::GreaterOrEqual;
-        case items::Comparison::Empty:
-            return ReportText::Empty;
-        default:
-            return ReportText::NotEmpty;
-    }
-}
 
 constexpr int kLongestValue = 250;
 
@@ -212,29 +186,10 @@ void frmSeek::cmdAdd_Click() {
     if (AddCondition()) cboField.SetFocus();
 }
 
-std::string frmSeek::Describe(const items::Condition& condition, bool first) const {
-    std::string text;
-    if (!first) {
-        text = Text(condition.join == items::Join::Or ? ReportText::Or : ReportText::And) + ' ';
-    }
-    const items::FieldKind kind = condition.field.kind;
-    text += condition.field.caption + ' ' + Text(NameOf(condition.comparison, kind));
-    if (!items::TakesValue(condition.comparison)) return text;
-    switch (kind) {
-        case items::FieldKind::Date:
-            return text + ' ' + condition.date.IsoDate();
-        case items::FieldKind::ItemKind:
-        case items::FieldKind::State:
-            return text + ' ' + ChoicesOf(kind).at(static_cast<std::size_t>(condition.row));
-        default:
-            return text + " [" + condition.value + ']';
-    }
-}
-
 void frmSeek::ShowConditions(int selected) {
     std::vector<std::string> lines;
     for (const items::Condition& condition : conditions) {
-        lines.push_back(Describe(condition, lines.empty()));
+        lines.push_back(DescribeCondition(condition, lines.empty(), session_.state.Language));
     }
     const int count = static_cast<int>(lines.size());
     lstConditions.SetItems(std::move(lines));

@@ -73,7 +73,6 @@ class frmSeek : public forms::Form {
     /// False, after a message that says why, when the value is not fit.
     bool AddCondition();
     void ShowConditions(int selected);
-    std::string Describe(const items::Condition& condition, bool first) const;
     std::vector<std::string> ChoicesOf(items::FieldKind kind) const;
     std::string Text(resources::ReportText id) const;
 

@@ -27,7 +27,8 @@ struct Told {
     Lines calls;  ///< "NAME=VALUE", "NAME" for a method, in order
     int created = 0;
     std::map<std::wstring, DISPID> names;
-    std::string refused;  ///< assigning this property, or calling this method, fails
+    std::wstring unknown;  ///< the component has no such member
+    std::string refused;   ///< assigning this property, or calling this method, fails
     ComPtr<IDispatch> parameters, columns, grid, recordset;
     Lines seenWhilePrinting;
     std::function<void()> whilePrinting;
@@ -63,6 +64,7 @@ class StandIn final : public IDispatch {
     STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+        if (names[0] == told->unknown) return DISP_E_UNKNOWNNAME;
         const auto next = static_cast<DISPID>(told->names.size() + 1);
         *ids = told->names.emplace(names[0], next).first->second;
         return S_OK;
@@ -230,6 +232,7 @@ TEST_F(ReportPrinterTest, PutsEveryPropertyAndPrintsLast) {
     job.subTitle = "副";
     job.filter = "a.fType=0 ";
     job.order = "a.fType";
+    job.asked = "日期：不限";
     job.connection = {1, "C:\\数据\\t.mdb", "pw", "sa", "tasks"};
     job.userName = "张三";
     job.companyHeading = "某公司";
@@ -255,7 +258,21 @@ TEST_F(ReportPrinterTest, PutsEveryPropertyAndPrintsLast) {
                                   "Columns=object",
                                   "Recordset=nothing",
                                   "Grid=nothing",
+                                  "Criteria=日期：不限",
                                   "PrintOut"}));
+}
+
+TEST_F(ReportPrinterTest, AComponentThatKnowsNoCriteriaPrintsAllTheSame) {
+    Register();
+    told_.unknown = L"Criteria";
+    ReportJob job;
+    job.asked = "日期：不限";
+    printer_.Print(job);
+    EXPECT_EQ(told_.calls.back(), "PrintOut");
+    EXPECT_EQ(Last("Criteria"), "");
+    // What it must know, it must know.
+    told_.unknown = L"Title";
+    EXPECT_EQ(ErrorOf(job).Number(), ErrorNumber::MemberNotFound);
 }
 
 TEST_F(ReportPrinterTest, CollectionsAreReadByNumberAndByEnumeration) {

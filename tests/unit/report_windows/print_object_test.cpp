@@ -59,7 +59,7 @@ class PrintObjectTest : public testing::Test {
 TEST_F(PrintObjectTest, PropertiesKeepWhatTheyAreGiven) {
     for (const wchar_t* name :
          {L"UserPath", L"UserID", L"Default", L"UserName", L"CompName", L"ReportName", L"Title",
-          L"SubTitle", L"Filter", L"Order", L"OutputFile", L"PrinterName"}) {
+          L"SubTitle", L"Filter", L"Order", L"OutputFile", L"PrinterName", L"Criteria"}) {
         Put(name, Variant("任务"));
         const Variant value = Get(name);
         ASSERT_EQ(value.Type(), VT_BSTR);

@@ -70,6 +70,7 @@ TEST_F(PrintReportTest, HandsOverWhatTheComponentNeeds) {
     state.reportParameters = {"(主题)\tTaskTitle", "报表"};
     Report report = Some("a.fType=0 ", "a.fType");
     report.columns = {{"taskTitle", "主题"}, {"fOther0", "地点"}};
+    report.asked = "日期：不限";
     PrintReport(stage.session, report);
     const platform::ReportJob& job = Job();
     EXPECT_EQ(job.printMode, 2);
@@ -78,6 +79,7 @@ TEST_F(PrintReportTest, HandsOverWhatTheComponentNeeds) {
     EXPECT_EQ(job.subTitle, "");
     EXPECT_EQ(job.filter, "a.fType=0 ");
     EXPECT_EQ(job.order, "a.fType");
+    EXPECT_EQ(job.asked, "日期：不限");
     EXPECT_EQ(job.parameters, (Lines{"(主题)\tTaskTitle", "报表"}));
     EXPECT_EQ(job.columns, (Lines{"(主题)\ttaskTitle", "(地点)\tfOther0"}));
     EXPECT_TRUE(stage.reports.printed[0].hadRecordset);
@@ -208,12 +210,13 @@ class PrintGridTest : public testing::Test {
 TEST_F(PrintGridTest, PrintsTheRowsAndTheVisibleColumns) {
     AddRows(2);
     stage.session.state.UserName = "张三";
-    PrintGrid(stage.session, grid, "标题", "副标题");
+    PrintGrid(stage.session, grid, "标题", "副标题", "日期：不限");
     ASSERT_EQ(stage.reports.printed.size(), 1u);
     const auto& printed = stage.reports.printed[0];
     EXPECT_EQ(printed.job.reportName, "");
     EXPECT_EQ(printed.job.title, "标题");
     EXPECT_EQ(printed.job.subTitle, "副标题");
+    EXPECT_EQ(printed.job.asked, "日期：不限");
     EXPECT_EQ(printed.job.printMode, kPreview);
     EXPECT_EQ(printed.job.userName, "张三");
     EXPECT_EQ(printed.job.companyHeading, "本公司");

@@ -2,9 +2,12 @@
 
 #include <string>
 
+#include "items/asked_words.h"
 #include "items/comparisons.h"
+#include "items/names.h"
 #include "resources/fixed_texts.h"
 #include "windows/query/ask_window.h"
+#include "windows/query/condition_words.h"
 #include "windows/query/query_builder.h"
 
 namespace zv::windows {
@@ -30,11 +33,15 @@ void AdvancedSearch::mnuSeek2_Click() {
         session_.windows.ShowMessage(resources::fixed::kNoRight, forms::box::kExclamation);
         return;
     }
+    const std::int16_t language = session_.state.Language;
+    items::AskedWords asked(language);
+    asked.Add(DescribeConditions(conditions_, language));
     if (model_.startMode == kCardMode) {
         const std::string visits = items::IsOfKind(items::ItemKind::Guest);
         where = where == "1=1" ? visits : where + " And " + visits;
+        asked.Add(items::KindNames(language).at(Position(items::ItemKind::Guest)));
     }
-    listing_.FillWith(where);
+    listing_.FillWith(where, asked.Text());
 }
 
 void AdvancedSearch::mnuAsk_Click() {

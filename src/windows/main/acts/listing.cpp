@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "forms/form.h"
+#include "items/asked_words.h"
 #include "plans/plan_store.h"
 
 namespace zv::windows {
@@ -65,7 +66,8 @@ void Listing::Fill() {
     if (tree_.WantsPlans())
         LoadTaskPlanList();
     else
-        LoadItemList(filter_.BuildItemFilter());
+        LoadItemList(filter_.BuildItemFilter(),
+                     items::DescribeFilter(filter_.Choice(), session_.state.Language));
     if (!form_.IsLoaded()) return;
     // A box of the fill may have stood while the host changed what the tree shows.
     const bool plans = tree_.WantsPlans();
@@ -92,22 +94,23 @@ void Listing::FillAgain() {
     selection_.tvwTask_NodeClick(node);
 }
 
-void Listing::FillWith(const std::string& where) {
+void Listing::FillWith(const std::string& where, const std::string& asked) {
     // A tree that shows plans becomes one of items first, with all that depends on it.
     if (tree_.WantsPlans()) tree_.Want(false);
-    LoadItemList(where);
+    LoadItemList(where, asked);
     model_.currentKind = NodeKind::Task;
     filter_.fraB3.SetVisible(true);
     commands_.cmdTaskOK.SetEnabled(false);
     selection_.UpdatePrint();
 }
 
-void Listing::LoadItemList(const std::string& where) {
+void Listing::LoadItemList(const std::string& where, const std::string& asked) {
     session_.database.EnsureConnection();
     const items::Filter filter = filter_.Choice();
     items::ListQuery query = items::ListItems(
         where, !filter.company.empty(), items::OrderOf(tree_.OrderRow()), session_.DatabaseKind());
     const auto rows = session_.database.Open(query.statement);
+    query.asked = asked;
     shown_ = std::move(query);
     Rebuild(*rows, [&](TreePanel::FillResult& result) {
         tree_.FillItems(*rows, filter, result);

@@ -30,14 +30,15 @@ class Listing {
     void FillFromNewStore();
     /// Takes everything out of the tree; nothing is current then.
     void Empty();
-    /// Fills the tree with the items that meet a condition in place of the filter.
-    void FillWith(const std::string& where);
+    /// Fills the tree with the items that meet a condition in place of the filter, which the user
+    /// asked for in these words.
+    void FillWith(const std::string& where, const std::string& asked);
 
     /// Rebuilds the tree with the items that pass `where` (with or without the word), or with the
     /// plans. A failing query reaches the caller and leaves the tree as it is. A row that the tree
     /// cannot show is left out, an error of the database or a repeated item ends the fill; the user
     /// sees either once.
-    void LoadItemList(const std::string& where);
+    void LoadItemList(const std::string& where, const std::string& asked = {});
     void LoadTaskPlanList();
 
     void chkEvent_Click();

@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "items/asked_words.h"
 #include "items/fields.h"
 #include "platform/report_printer.h"
 #include "reports/print_grid.h"
 #include "reports/print_report.h"
+#include "resources/ask_texts.h"
 #include "resources/fixed_texts.h"
 #include "resources/text_ids.h"
 #include "windows/query/layout_chooser.h"
@@ -60,6 +62,7 @@ void Printing::PrintItemList() {
     // Keeps the condition's end and the order apart.
     if (!report.filter.empty()) report.filter += ' ';
     report.order = listing_.Shown().order;
+    report.asked = listing_.Shown().asked;
     report.columns = reports::ChosenColumns(session_);
     reports::PrintReport(session_, report);
 }
@@ -72,10 +75,11 @@ void Printing::cmdItemSet_Click() {
 }
 
 void Printing::cmdPrint_Click() {
-    if (reminder_.ShowsGrid())
-        reports::PrintGrid(session_, reminder_.Grid1, resources::fixed::kBirthdays, "");
-    else
-        PrintItem(reports::kPreview);
+    if (!reminder_.ShowsGrid()) return PrintItem(reports::kPreview);
+    items::AskedWords asked(session_.state.Language);
+    asked.Add(session_.LoadText(resources::DesignText::Birthday),
+              session_.LoadText(resources::AskText::AskedSince, reminder_.ShownDay().IsoDate()));
+    reports::PrintGrid(session_, reminder_.Grid1, resources::fixed::kBirthdays, "", asked.Text());
 }
 
 }  // namespace zv::windows
