@@ -73,6 +73,8 @@ void PrintOut(const PrintRequest& request, FontFiles& fonts, KeptPrinter& printe
     switch (static_cast<PrintMode>(request.printMode)) {
         case PrintMode::Preview:
             ShowPreview(request, report, printer, settings);
+            // As the user left them.
+            pageCount = report.Pages().PageCount();
             break;
         case PrintMode::Printer:
             Print(request, report, printer);
