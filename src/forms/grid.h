@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -8,6 +9,7 @@
 
 #include "forms/control.h"
 #include "forms/packed_rows.h"
+#include "forms/sign.h"
 
 namespace zv::forms {
 
@@ -73,6 +75,10 @@ class Grid : public Control {
     std::string SelectedText() const;
     /// Puts the selected rows into the clipboard; does nothing when there are none.
     void CopySelected() const;
+
+    /// What a row shows beside the text of its first column, nothing for most. Asked for whenever a
+    /// row is painted, so it must be quick and must not fail. No cell, sorting or copy knows of it.
+    std::function<std::optional<Sign>(int row)> sign;
 
     std::function<void()> onSelect;
 

@@ -4,12 +4,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "forms/control.h"
 #include "forms/icon.h"
+#include "forms/sign.h"
 
 namespace zv::forms {
 
@@ -76,6 +78,12 @@ class TreeView : public Control {
     /// What a screen reader says of a node beside its text: what its picture means, for example.
     /// Asked for when a reader wants it; empty for nothing. Set before the window is shown.
     std::function<std::string(int node)> describe;
+
+    /// What a node shows beside its text, nothing for most. Asked for whenever a node is painted,
+    /// so it must be quick and must not fail. Set before the window is shown; RepaintSigns when the
+    /// answers have changed.
+    std::function<std::optional<Sign>(int node)> sign;
+    void RepaintSigns() { Notify(Aspect::Image); }
 
     std::function<void(int node)> onNodeClick;
     void UserClick(int node);  ///< selects the node and raises NodeClick

@@ -53,6 +53,26 @@ std::string StateClause(Filter::States states) {
 
 }  // namespace
 
+bool Filter::Takes(ItemState state) const {
+    switch (states) {
+        case States::NotDone:
+            return state == ItemState::NotDone;
+        case States::Done:
+            return state == ItemState::Done;
+        case States::InHand:
+            return state == ItemState::InHand;
+        case States::NotYetDone:
+            return state != ItemState::Done;
+        default:
+            return true;
+    }
+}
+
+bool Filter::TakesMoment(DateTime moment) const {
+    if (!from && !until) return true;
+    return moment <= until.value_or(from.value_or(moment)) && (!from || moment >= *from);
+}
+
 std::string FilterText(const Filter& filter, const DateLiteral& dateLiteral) {
     std::string where = " Where 1=1";
     for (const ItemKind kind : kItemKinds) {

@@ -18,6 +18,10 @@ struct Filter {
 
     bool Takes(ItemKind kind) const { return kinds[Position(kind)]; }
 
+    bool Takes(ItemState state) const;
+    /// Whether the dates take an item that alerts at that moment only.
+    bool TakesMoment(DateTime moment) const;
+
     std::array<bool, kItemKinds.size()> kinds{true, true, true};
     std::optional<DateTime> from;
     std::optional<DateTime> until;

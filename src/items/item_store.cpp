@@ -29,6 +29,7 @@ SavedItem Described(const store::Recordset& row, const ItemRow& written) {
     saved.title = written[field::kTitle].ToText();
     saved.date = written[field::kTime].ToDate();
     saved.kind = KindOf(written[field::kKind].ToInt32()).value_or(ItemKind::Task);
+    saved.state = StateOf(written[field::kState].ToInt32()).value_or(ItemState::NotDone);
     saved.id = NumberOfNewRow(row);
     return saved;
 }

@@ -33,6 +33,7 @@ struct SavedItem {
     ItemKind kind = ItemKind::Task;
     std::string title;
     DateTime date;
+    ItemState state = ItemState::NotDone;
 };
 
 /// The number of a row that was just written through a recordset; 0 when the database does not

@@ -1,5 +1,7 @@
 #include "items/urgency.h"
 
+#include <cstdlib>
+
 #include "items/names.h"
 #include "resources/texts.h"
 
@@ -48,25 +50,23 @@ std::string NameOf(Urgency urgency, std::int16_t language) {
     }
 }
 
+std::string DueOf(std::optional<DateTime> day, ItemState state, DateTime today,
+                  std::int16_t language) {
+    if (!day || state == ItemState::Done) return {};
+    const std::int64_t days = DaysBetween(today, *day);
+    if (days == 0) return NameOf(Urgency::Today, language);
+    return resources::LoadText(days < 0 ? StatusText::OverdueBy : StatusText::DaysLater, language,
+                               std::to_string(std::abs(days)));
+}
+
 std::string SignOf(std::optional<DateTime> day, ItemState state, DateTime today,
                    std::int16_t language) {
-    const Urgency urgency = UrgencyOf(day, state, today);
-    const std::string days = day ? std::to_string(DaysBetween(today, *day)) : std::string();
-    const std::string inHand = " " + StateName(ItemState::InHand, language);
-    const bool isInHand = state == ItemState::InHand;
-    switch (urgency) {
-        case Urgency::Overdue:
-            return resources::LoadText(StatusText::OverdueBy, language, days.substr(1)) +
-                   (isInHand ? inHand : "");
-        case Urgency::InHand:
-            return day && day->Date() == today.Date() ? NameOf(Urgency::Today, language) + inHand
-                                                      : NameOf(urgency, language);
-        case Urgency::Later:
-            return day ? resources::LoadText(StatusText::DaysLater, language, days)
-                       : StateName(state, language);
-        default:
-            return NameOf(urgency, language);
-    }
+    const std::string due = DueOf(day, state, today, language);
+    const std::string name = StateName(state, language);
+    if (due.empty()) return name;
+    if (state != ItemState::InHand) return due;
+    // How far off the day of what is in hand is matters once it has come.
+    return day->Date() > today.Date() ? name : due + " " + name;
 }
 
 }  // namespace zv::items

@@ -1,4 +1,4 @@
-// How pressing an item is on a given day, and how that is told: by a colour and by words.
+// How pressing an item is on a given day, and how that is shown: by a colour and by words.
 #pragma once
 
 #include <array>
@@ -26,10 +26,13 @@ Urgency UrgencyOf(std::optional<DateTime> day, ItemState state, DateTime today);
 /// Of the text of an item, as 0xRRGGBB on white paper: at least 4.5 to 1.
 std::uint32_t ColorOf(Urgency urgency);
 
-/// The words beside an item's text, which tell by themselves what the colour tells. Throw like
+/// The words beside an item's text, which say by themselves what the colour says. Throw like
 /// resources::LoadText.
 std::string SignOf(std::optional<DateTime> day, ItemState state, DateTime today,
                    std::int16_t language);
+/// The part of them that gives the day: empty for what is done and for a day that is not known.
+std::string DueOf(std::optional<DateTime> day, ItemState state, DateTime today,
+                  std::int16_t language);
 std::string NameOf(Urgency urgency, std::int16_t language);
 
 }  // namespace zv::items

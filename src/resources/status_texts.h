@@ -28,6 +28,7 @@ enum class StatusText {
     OtherDoers,
     CountOf,  ///< "{0}" is what, "{1}" how many
     Between,
+    Listed,  ///< between the names of a list
     BehindName,
     Last = BehindName,
 };

@@ -1,5 +1,9 @@
 #include "driver/driver_checks.h"
 
+#include <array>
+#include <cstdio>
+#include <string_view>
+
 #include "base/errors.h"
 #include "forms/buttons.h"
 #include "forms/containers.h"
@@ -34,6 +38,34 @@ std::string NodeLines(const TreeView& tree) {
         if (tree.Parent(node) != TreeView::kNone) lines += tree.Key(tree.Parent(node));
         lines += '|' + tree.Image(node) + '|';
         lines += tree.Text(node);
+    }
+    return lines;
+}
+
+std::string SignLine(std::string_view of, const Sign& sign) {
+    std::array<char, 7> color{};
+    std::snprintf(color.data(), color.size(), "%06X", static_cast<unsigned>(sign.color));
+    return std::string(of) + '|' + sign.text + '|' + color.data();
+}
+
+std::string SignLines(const TreeView& tree) {
+    std::string lines;
+    for (int node = tree.FirstRoot(); node != TreeView::kNone; node = tree.NextInOrder(node)) {
+        const auto sign = tree.sign ? tree.sign(node) : std::nullopt;
+        if (!sign) continue;
+        if (!lines.empty()) lines += '\n';
+        lines += SignLine(tree.Key(node), *sign);
+    }
+    return lines;
+}
+
+std::string SignLines(const Grid& grid) {
+    std::string lines;
+    for (int row = 1; row <= grid.DataRowCount(); row++) {
+        const auto sign = grid.sign ? grid.sign(row) : std::nullopt;
+        if (!sign) continue;
+        if (!lines.empty()) lines += '\n';
+        lines += SignLine(std::to_string(row), *sign);
     }
     return lines;
 }
@@ -74,6 +106,7 @@ Text ReadCombo(const ComboBox& c, const std::string& p, const std::vector<int>& 
 
 Text ReadTree(const TreeView& c, const std::string& p) {
     if (p == "nodes") return NodeLines(c);
+    if (p == "signs") return SignLines(c);
     if (p == "count") return std::to_string(c.Count());
     if (p == "selected") {
         return c.Selected() == TreeView::kNone ? std::string() : std::string(c.Key(c.Selected()));
@@ -104,6 +137,7 @@ Text ReadGrid(const Grid& c, const std::string& p, const std::vector<int>& argum
         return std::string(c.Cell(arguments[0], arguments[1]));
     }
     if (p == "selection") return SelectedRows(c);
+    if (p == "signs") return SignLines(c);
     if (p == "sort") return SortOrder(c);
     if (p == "width" && arguments.size() == 1) {
         return std::to_string(c.GetColumn(arguments[0]).width);

@@ -26,11 +26,11 @@ struct PropertyName {
     std::string_view name;
     std::size_t arguments;
 };
-constexpr std::array<PropertyName, 21> kReadProperties = {
-    {{"text", 0},      {"caption", 0}, {"value", 0}, {"enabled", 0},  {"visible", 0}, {"index", 0},
-     {"count", 0},     {"list", 1},    {"tag", 0},   {"date", 0},     {"tab", 0},     {"locked", 0},
-     {"maxlength", 0}, {"focus", 0},   {"nodes", 0}, {"selected", 0}, {"rows", 0},    {"cell", 2},
-     {"selection", 0}, {"sort", 0},    {"width", 1}}};
+constexpr std::array<PropertyName, 22> kReadProperties = {
+    {{"signs", 0},  {"text", 0},      {"caption", 0}, {"value", 0}, {"enabled", 0},  {"visible", 0},
+     {"index", 0},  {"count", 0},     {"list", 1},    {"tag", 0},   {"date", 0},     {"tab", 0},
+     {"locked", 0}, {"maxlength", 0}, {"focus", 0},   {"nodes", 0}, {"selected", 0}, {"rows", 0},
+     {"cell", 2},   {"selection", 0}, {"sort", 0},    {"width", 1}}};
 
 /// One part of a path: a name and the numbers in parentheses behind it.
 struct Part {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "forms/win32/sign_drawing.h"
 #include "forms/win32/wide_text.h"
 
 namespace zv::forms::win32 {
@@ -137,14 +138,22 @@ void NativeGrid::ToShown(std::string_view text, std::wstring& shown) {
     }
 }
 
+void NativeGrid::ShownText(int row, int column, std::wstring& shown) const {
+    constexpr std::string_view kBeforeSign = "  ";
+    const std::string_view cell = Rows().Cell(row, column);
+    const bool first = !columns_.empty() && columns_.front() == column;
+    const auto sign = first && Rows().sign ? Rows().sign(row) : std::nullopt;
+    if (!sign) return ToShown(cell, shown);
+    ToShown(std::string(cell).append(kBeforeSign).append(sign->text), shown);
+}
+
 void NativeGrid::AnswerText(LVITEMW& item) {
     if (!(item.mask & LVIF_TEXT)) return;
     const bool known = item.iItem >= 0 && item.iItem < Rows().DataRowCount() &&
                        static_cast<std::size_t>(item.iSubItem) < columns_.size();
     text_.clear();
     if (known) {
-        ToShown(Rows().Cell(item.iItem + 1, columns_[static_cast<std::size_t>(item.iSubItem)]),
-                text_);
+        ShownText(item.iItem + 1, columns_[static_cast<std::size_t>(item.iSubItem)], text_);
     }
     lstrcpynW(item.pszText, text_.c_str(), item.cchTextMax);
 }
@@ -187,6 +196,13 @@ LRESULT NativeGrid::OnNotify(NMHDR& header) {
     if (header.code == LVN_GETDISPINFOW) {
         AnswerText(reinterpret_cast<NMLVDISPINFOW&>(header).item);
         return 0;
+    }
+    if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) {
+        if (!Rows().sign) return CDRF_DODEFAULT;
+        return DrawListSigns(reinterpret_cast<NMLVCUSTOMDRAW&>(header), [this](LPARAM row) {
+            const bool known = row >= 0 && row < Rows().DataRowCount();
+            return known ? Rows().sign(static_cast<int>(row) + 1) : std::nullopt;
+        });
     }
     if (IsQuiet()) return 0;
     if (header.code == LVN_ITEMCHANGED) {

@@ -19,6 +19,9 @@ class NativeGrid : public NativeControl {
     /// The native position of a column, -1 for a hidden one.
     int NativeColumn(int column) const;
     /// What a cell with this text shows: its beginning, on one line.
+    /// What the native list shows in a cell: the beginning of its text, with the sign of the row
+    /// in the first column.
+    void ShownText(int row, int column, std::wstring& shown) const;
     static void ToShown(std::string_view text, std::wstring& shown);
 
  protected:

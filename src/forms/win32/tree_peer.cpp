@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "forms/win32/common_controls.h"
 #include "forms/win32/form_window.h"
+#include "forms/win32/sign_drawing.h"
 #include "forms/win32/wide_text.h"
 #include "forms/win32/win32_backend.h"
 
@@ -59,7 +60,8 @@ std::string NativeTree::FromDisplay(const std::wstring& display) {
 
 void NativeTree::Create(HWND parent, int id) {
     CreateNative(parent, id, WC_TREEVIEWW,
-                 WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+                 WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS |
+                     (Tree().sign ? TVS_INFOTIP : 0),
                  WS_EX_CLIENTEDGE);
     Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
     ShowImages();
@@ -392,6 +394,25 @@ void NativeTree::ShowSelection() {
 
 void NativeTree::Mirror(Aspect aspect) {
     if (aspect == Aspect::Selection && !stale_) ShowSelection();
+    if (aspect == Aspect::Image) InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+std::optional<Sign> NativeTree::SignOf(LPARAM slot) const {
+    // What the native items show is not what the nodes are while these change.
+    const bool known = slot >= 0 && static_cast<std::size_t>(slot) < slots_.size();
+    if (stale_ || filling_ || !known || !Tree().sign) return std::nullopt;
+    return Tree().sign(At(static_cast<int>(slot)).node);
+}
+
+// The whole text and the sign of a node that cannot show them.
+void NativeTree::OnInfoTip(NMTVGETINFOTIPW& tip) {
+    const std::optional<Sign> sign = SignOf(tip.lParam);
+    std::wstring text;
+    const int node = NodeOf(tip.hItem);
+    if (!stale_ && node != TreeView::kNone && IsCut(Handle(), tip.hItem, sign)) {
+        ToDisplay(std::string(Tree().Text(node)) + (sign ? "\t" + sign->text : ""), text);
+    }
+    lstrcpynW(tip.pszText, text.c_str(), tip.cchTextMax);
 }
 
 std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM, LPARAM lParam) {
@@ -403,6 +424,11 @@ std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM, LPARAM lParam
         case WM_RBUTTONDOWN:
             clickReported_ = false;
             press_ = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+            return std::nullopt;
+        case WM_SIZE:
+        case WM_HSCROLL:
+            // The signs stay at the edge while the texts move.
+            if (Tree().sign) InvalidateRect(Handle(), nullptr, FALSE);
             return std::nullopt;
         case WM_CONTEXTMENU:
             if (lParam != -1) return std::nullopt;
@@ -431,6 +457,13 @@ LRESULT NativeTree::OnNotify(NMHDR& header) {
             Tree().UserExpanded(slot.node, slot.expanded);
             return 0;
         }
+        case static_cast<UINT>(NM_CUSTOMDRAW):
+            if (!Tree().sign) return CDRF_DODEFAULT;
+            return DrawTreeSigns(reinterpret_cast<NMTVCUSTOMDRAW&>(header),
+                                 [this](LPARAM slot) { return SignOf(slot); });
+        case TVN_GETINFOTIPW:
+            OnInfoTip(reinterpret_cast<NMTVGETINFOTIPW&>(header));
+            return 0;
         case static_cast<UINT>(NM_CLICK):
             if (!IsQuiet()) OnClick();
             return 0;

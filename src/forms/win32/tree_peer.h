@@ -92,6 +92,8 @@ class NativeTree : public NativeControl {
     void OfferDescriptions();
     std::string DescribeItem(DWORD child) const;
     void ShowSelection();
+    std::optional<Sign> SignOf(LPARAM slot) const;
+    void OnInfoTip(NMTVGETINFOTIPW& tip);
     void OnSelected(const NMTREEVIEWW& change);
     void OnClick();
     void OnRightClick(POINT at);

@@ -248,6 +248,7 @@ inline constexpr auto kStatus = InOrder<StatusText>({
     {StatusText::OtherDoers, "其餘 {0} 人"},
     {StatusText::CountOf, "{0} {1}"},
     {StatusText::Between, "，"},
+    {StatusText::Listed, "、"},
     {StatusText::BehindName, "："},
 });
 

@@ -9,8 +9,8 @@ namespace zv::windows {
 namespace {
 
 constexpr int kTabs = 4;
-constexpr forms::Size kStartSize{984, 620};
-constexpr forms::Size kSmallestSize{920, 540};
+constexpr forms::Size kStartSize{984, 648};
+constexpr forms::Size kSmallestSize{920, 568};
 
 OptionsPanel::Ports OptionPorts(frmTaskMain& window) {
     return {.editUnderWay = [&window] { return EditUnderWay(window.session); },
@@ -39,14 +39,16 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       birthdays(*this, SSTab1.Page(kCardTab), owner),
       options(*this, {SSTab1, kOptionsTab}, owner, OptionPorts(*this)),
       commands(*this, owner, model),
+      status(*this, owner),
       staff(owner, item),
       labels(owner, AllBoxes(item, content, cards)),
       view(owner, model, item, content, cards),
       selection(*this, owner, model, SSTab1, tree, commands, birthdays, view),
       listing(*this, owner, model, tree, filter, commands, view, selection),
+      overview(*this, owner, model, tree, content, cards, status, view, listing),
       plans(*this, owner, model, commands, listing),
-      editing(*this, owner, model, SSTab1, tree, item, cards, commands, labels, view, selection,
-              listing, plans),
+      editing(*this, owner, model, SSTab1, tree, item, cards, commands, status, labels, view,
+              selection, listing, plans),
       completion(*this, owner, model, tree, item, commands, view, selection),
       search(*this, owner, model, commands, labels, listing),
       printing(*this, owner, commands, birthdays, labels, view, listing) {
@@ -84,7 +86,9 @@ void frmTaskMain::PopupPictureMenu(int x, int y) {
 void frmTaskMain::PlaceControls() {
     using namespace forms::layout;
     const int width = ClientSize().width;
-    const int height = ClientSize().height;
+    const int bottom = ClientSize().height - kMargin - status.Height();
+    status.Place({kMargin, bottom, width - 2 * kMargin, status.Height()});
+    const int height = bottom;
     commands.Place({kMargin, kMargin, width - 2 * kMargin, commands.Height()});
     const int top = kMargin + commands.Height() + kMargin;
     const int treeWidth = std::clamp(width * 32 / 100, 260, 520);
@@ -138,8 +142,9 @@ void frmTaskMain::AllOrNothing(const std::function<void()>& change) {
     const MainState before = model;
     const std::int32_t card = session.state.cardId;
     // What the controls report while they are put back is forgotten last.
-    const std::function<void()> undo[] = {Remember(), listing.Remember(), view.Remember(),
-                                          filter.Remember(), birthdays.Remember()};
+    const std::function<void()> undo[] = {Remember(),           listing.Remember(),
+                                          view.Remember(),      filter.Remember(),
+                                          birthdays.Remember(), overview.Remember()};
     try {
         change();
     } catch (...) {

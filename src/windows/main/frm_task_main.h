@@ -16,6 +16,7 @@
 #include "windows/main/acts/field_labels.h"
 #include "windows/main/acts/item_view.h"
 #include "windows/main/acts/listing.h"
+#include "windows/main/acts/overview.h"
 #include "windows/main/acts/plan_commands.h"
 #include "windows/main/acts/printing.h"
 #include "windows/main/acts/selection.h"
@@ -28,6 +29,7 @@
 #include "windows/main/panels/filter_panel.h"
 #include "windows/main/panels/item_panel.h"
 #include "windows/main/panels/options_panel.h"
+#include "windows/main/panels/status_panel.h"
 #include "windows/main/panels/tree_panel.h"
 
 namespace zv::windows {
@@ -79,6 +81,7 @@ class frmTaskMain : public forms::Form, public StoreClient {
     BirthdayPanel birthdays;
     OptionsPanel options;
     CommandPanel commands;
+    StatusPanel status;
 
     // Each uses only what stands above it.
     StaffNames staff;
@@ -86,6 +89,7 @@ class frmTaskMain : public forms::Form, public StoreClient {
     ItemView view;
     Selection selection;
     Listing listing;
+    Overview overview;
     PlanCommands plans;
     Editing editing;
     Completion completion;

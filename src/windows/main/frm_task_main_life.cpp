@@ -62,6 +62,8 @@ void frmTaskMain::SetCaptions() {
     birthdays.SetCaptions();
     options.SetCaptions();
     commands.SetCaptions();
+    status.SetCaptions();
+    overview.ShowAgain();
 }
 
 void frmTaskMain::LoadCaptions() {

@@ -121,7 +121,7 @@ fill txtTaskCon 交财务，已寄出
 fill "txtOther(0)" 三楼
 main mouse cmdSave
 answer "the change is reported" "[[]月报[]]: 修改完毕 ！" Enter
-answer "an alert does not list what is done" "[[]月报[]]: 已保存，但当前列表不显示该项！" Enter
+expect "an alert does not list what is done" text_is lblNotice "[月报]: 已保存，但当前列表不显示该项！"
 expect "the change is in the file" rows_are \
     "select tDone,fContent,fOther0 from tTaskList where fID=1" "1|交财务，已寄出|三楼"
 

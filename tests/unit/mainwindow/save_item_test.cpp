@@ -72,6 +72,7 @@ TEST_F(SaveItem, AnItemThatTheListDoesNotShowIsReported) {
     Save();
     EXPECT_EQ(stage.dialogs.messages, Lines{"0|[今天]: 新增完毕 ！"});
     EXPECT_NE(window.tree.tvwTask.Find("Z2"), forms::TreeView::kNone);
+    EXPECT_EQ(window.status.lblNotice.Caption(), "");
     stage.dialogs.messages.clear();
     // The twin of an item that is shown is not shown itself.
     stage.user.Choose(window.commands.menus.mnuTaskAdd);
@@ -81,15 +82,15 @@ TEST_F(SaveItem, AnItemThatTheListDoesNotShowIsReported) {
     stage.Sql("update tTaskList set fContent='x' where fID=2");
     Save();
     EXPECT_NE(window.tree.tvwTask.Find("Z2"), forms::TreeView::kNone);
-    EXPECT_EQ(stage.dialogs.messages,
-              (Lines{"0|[今天]: 新增完毕 ！", "64|[今天]: 已保存，但当前列表不显示该项！"}));
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[今天]: 新增完毕 ！"});
+    EXPECT_EQ(window.status.lblNotice.Caption(), "[今天]: 已保存，但当前列表不显示该项！");
     stage.dialogs.messages.clear();
     ClickNode("Z2");
     stage.user.Choose(window.commands.menus.mnuTaskChg);
     stage.user.Type(window.content.txtTaskCon, "");
     Save();
-    EXPECT_EQ(stage.dialogs.messages,
-              (Lines{"0|[今天]: 修改完毕 ！", "64|[今天]: 已保存，但当前列表不显示该项！"}));
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[今天]: 修改完毕 ！"});
+    EXPECT_EQ(window.status.lblNotice.Caption(), "[今天]: 已保存，但当前列表不显示该项！");
 }
 
 TEST_F(SaveItem, AnItemSavedWhilePlansAreShownIsReportedToo) {
@@ -99,8 +100,8 @@ TEST_F(SaveItem, AnItemSavedWhilePlansAreShownIsReportedToo) {
     stage.user.Choose(window.commands.menus.mnuTaskAdd);
     stage.user.Type(window.item.txtTitle2, "今天");
     Save();
-    EXPECT_EQ(stage.dialogs.messages,
-              (Lines{"0|[今天]: 新增完毕 ！", "64|[今天]: 已儲存，但目前列表不顯示該項！"}));
+    EXPECT_EQ(stage.dialogs.messages, Lines{"0|[今天]: 新增完毕 ！"});
+    EXPECT_EQ(window.status.lblNotice.Caption(), "[今天]: 已儲存，但目前列表不顯示該項！");
 }
 
 TEST_F(SaveItem, AddsANewRow) {

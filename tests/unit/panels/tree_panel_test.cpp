@@ -63,12 +63,12 @@ TEST_F(TreePanelTest, KnowsTheStateOfANode) {
 TEST_F(TreePanelTest, AReaderHearsTheStateAndTheDayOfAnItemInTheLanguageOfTheWindow) {
     Fill();
     const auto& describe = panel.tvwTask.describe;
-    EXPECT_EQ(describe(panel.Find("Z1")), "未完成，2003-03-07 到期");
-    EXPECT_EQ(describe(panel.Find("Z2")), "办理中，日期 2003-03-07");
+    EXPECT_EQ(describe(panel.Find("Z1")), "未完成，2003-03-07 到期，今天");
+    EXPECT_EQ(describe(panel.Find("Z2")), "办理中，日期 2003-03-07，今天");
     panel.ShowState(panel.Find("Z1"), ItemState::Done);
     EXPECT_EQ(describe(panel.Find("Z1")), "已完成，2003-03-07 到期");
     stage.session.state.Language = resources::kTraditionalChinese;
-    EXPECT_EQ(describe(panel.Find("Z2")), "辦理中，日期 2003-03-07");
+    EXPECT_EQ(describe(panel.Find("Z2")), "辦理中，日期 2003-03-07，今天");
 }
 
 TEST_F(TreePanelTest, AReaderHearsTheNewStateAsSoonAsThePictureShowsIt) {
@@ -90,7 +90,7 @@ TEST_F(TreePanelTest, AReaderHearsTheNewStateAsSoonAsThePictureShowsIt) {
     Watch& watched = *watch;
     panel.tvwTask.AttachPeer(std::move(watch));
     panel.ShowState(panel.Find("Z1"), ItemState::InHand);
-    EXPECT_EQ(watched.heard, "办理中，2003-03-07 到期");
+    EXPECT_EQ(watched.heard, "办理中，2003-03-07 到期，今天");
 }
 
 TEST_F(TreePanelTest, AnItemWithoutADayHasOnlyItsStateToSayAndGroupsAndPlansNothing) {
@@ -139,9 +139,9 @@ TEST_F(TreePanelTest, FindsASavedItemWithoutANumberByWhatIsSeen) {
     saved.kind = items::ItemKind::Diary;
     saved.title = "乙";
     saved.date = DateTime(2003, 3, 7);
-    EXPECT_TRUE(panel.Lists(saved));
+    EXPECT_EQ(panel.KeyOf(panel.Find(saved)), "Z2");
     saved.kind = items::ItemKind::Task;
-    EXPECT_FALSE(panel.Lists(saved));
+    EXPECT_EQ(panel.Find(saved), TreePanel::kNone);
 }
 
 }  // namespace

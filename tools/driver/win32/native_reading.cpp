@@ -167,7 +167,7 @@ Text ReadGrid(const NativeGrid& native, const std::string& property, const Argum
     // A cell shows the beginning of its text on one line; where that is right, the text is it.
     const std::string_view whole = static_cast<const Grid&>(native.Logical()).Cell(a[0], a[1]);
     std::wstring expected;
-    NativeGrid::ToShown(whole, expected);
+    native.ShownText(a[0], a[1], expected);
     return expected == item.pszText ? std::string(whole) : FromWide(item.pszText);
 }
 

@@ -32,8 +32,8 @@ std::string WordFor(EditMode mode) {
 
 Editing::Editing(forms::Form& form, Session& session, MainModel& model, forms::TabPanel& tabs,
                  TreePanel& tree, ItemPanel& head, CardPanel& cards, CommandPanel& commands,
-                 const FieldLabels& labels, ItemView& view, Selection& selection, Listing& listing,
-                 PlanCommands& plans)
+                 StatusPanel& status, const FieldLabels& labels, ItemView& view,
+                 Selection& selection, Listing& listing, PlanCommands& plans)
     : form_(form),
       session_(session),
       model_(model),
@@ -42,6 +42,7 @@ Editing::Editing(forms::Form& form, Session& session, MainModel& model, forms::T
       head_(head),
       cards_(cards),
       commands_(commands),
+      status_(status),
       labels_(labels),
       view_(view),
       selection_(selection),
@@ -72,6 +73,7 @@ void Editing::Wire() {
     for (std::int16_t i = 0; i < actions; i++) {
         commands_.cmdAction[i].onClick = [this, i] { cmdAction_Click(i); };
     }
+    status_.onShow = [this] { cmdShowSaved_Click(); };
     commands_.cmdSave.onClick = [this] { cmdSave_Click(); };
     cards_.onLeftWithCompany = [this](const std::string& company) { ProposeTitle(company); };
     cards_.onEntered = [this] { head_.FocusTitle(); };
@@ -163,10 +165,23 @@ void Editing::cmdSave_Click() {
 }
 
 void Editing::ReportWhenNotListed(const items::SavedItem& saved) {
-    if (tree_.Lists(saved)) return;
-    session_.windows.ShowMessage(
-        "[" + saved.title + "]: " + session_.LoadText(resources::DesignText::NotListed),
-        forms::box::kInformation);
+    if (tree_.Find(saved) != TreePanel::kNone) return;
+    saved_ = saved;
+    status_.Notify(NoticeOf(saved, resources::DesignText::NotListed), true);
+}
+
+template <class Id>
+std::string Editing::NoticeOf(const items::SavedItem& saved, Id id) const {
+    return "[" + saved.title + "]: " + session_.LoadText(id);
+}
+
+void Editing::cmdShowSaved_Click() {
+    if (model_.Editing() || !saved_) return;
+    const items::SavedItem saved = *saved_;
+    const bool shown = listing_.Reveal(saved);
+    if (shown || !form_.IsLoaded()) return;
+    // What limits the list by right is not the user's to change.
+    status_.Notify(NoticeOf(saved, resources::StatusText::ListedByRight), false);
 }
 
 bool Editing::HasCustomer() {

@@ -9,6 +9,7 @@
 #include "windows/main/acts/field_labels.h"
 #include "windows/main/acts/listing.h"
 #include "windows/main/acts/plan_commands.h"
+#include "windows/main/panels/status_panel.h"
 
 namespace zv::windows {
 
@@ -17,12 +18,14 @@ class Editing {
     /// All must outlive this.
     Editing(forms::Form& form, Session& session, MainModel& model, forms::TabPanel& tabs,
             TreePanel& tree, ItemPanel& head, CardPanel& cards, CommandPanel& commands,
-            const FieldLabels& labels, ItemView& view, Selection& selection, Listing& listing,
-            PlanCommands& plans);
+            StatusPanel& status, const FieldLabels& labels, ItemView& view, Selection& selection,
+            Listing& listing, PlanCommands& plans);
 
     /// 0 cancel, 1 add, 2 change, 3 delete: asks the module gate first.
     void cmdAction_Click(std::int16_t index);
     void cmdSave_Click();
+    /// Shows the item that the list did not show after it was saved.
+    void cmdShowSaved_Click();
     void cmdCancel_Click();
     void StartAddItem(items::ItemKind kind);
     void StartChangeItem(items::ItemKind kind);
@@ -49,6 +52,8 @@ class Editing {
     /// A task under the number of a plan is one of the plan's: false when the user calls it off.
     bool MayJoinPlan() const;
     void ReportWhenNotListed(const items::SavedItem& saved);
+    template <class Id>
+    std::string NoticeOf(const items::SavedItem& saved, Id id) const;
     std::string DeleteQuestion(bool plan) const;
     void AnnounceDeleted(const ItemRef& item);
     void ShowAsDeleted(const ItemRef& item);
@@ -61,11 +66,13 @@ class Editing {
     ItemPanel& head_;
     CardPanel& cards_;
     CommandPanel& commands_;
+    StatusPanel& status_;
     const FieldLabels& labels_;
     ItemView& view_;
     Selection& selection_;
     Listing& listing_;
     PlanCommands& plans_;
+    std::optional<items::SavedItem> saved_;  ///< the last one that the list did not show
 };
 
 }  // namespace zv::windows

@@ -72,7 +72,8 @@ void ItemView::ShowOrClear(const std::function<bool()>& load) {
         throw;
     }
     loading_ = false;
-    if (!shown) clear();
+    if (!shown) return clear();
+    if (onShown) onShown();
 }
 
 bool ItemView::LoadItem() {
@@ -187,6 +188,7 @@ void ItemView::Clear() {
     }
     cards_.ClearCardDetail();
     values_.Show(field::kUser, session_.state.UserName);
+    if (onShown) onShown();
 }
 
 std::function<void()> ItemView::Remember() {

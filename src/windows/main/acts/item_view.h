@@ -23,6 +23,9 @@ class ItemView {
     ItemView(Session& session, MainModel& model, ItemPanel& head, ContentPanel& content,
              CardPanel& cards);
 
+    /// Something else is shown, or nothing.
+    std::function<void()> onShown;
+
     /// Shows what is current in the model; without such an item or plan, and when it cannot be
     /// read, empties the editor and sets the current number to 0. Database errors reach the caller.
     void ShowItem();

@@ -52,8 +52,12 @@ bool Listing::Refill() {
 void Listing::PutSwitchBack() {
     if (!form_.IsLoaded()) return;
     // The switch says what the tree shows.
+    SetSwitch(model_.ShowsPlans());
+}
+
+void Listing::SetSwitch(bool plans) {
     puttingBack_ = true;
-    tree_.Want(model_.ShowsPlans());
+    tree_.Want(plans);
     puttingBack_ = false;
 }
 
@@ -65,9 +69,11 @@ void Listing::Fill() {
     filter_.FollowTheDay();
     if (tree_.WantsPlans())
         LoadTaskPlanList();
-    else
+    else {
+        bySearch_ = false;
         LoadItemList(filter_.BuildItemFilter(),
                      items::DescribeFilter(filter_.Choice(), session_.state.Language));
+    }
     if (!form_.IsLoaded()) return;
     // A box of the fill may have stood while the host changed what the tree shows.
     const bool plans = tree_.WantsPlans();
@@ -76,6 +82,7 @@ void Listing::Fill() {
     view_.ShowFor(plans);
     commands_.cmdTaskOK.SetEnabled(false);
     selection_.UpdatePrint();
+    if (onShown) onShown();
 }
 
 void Listing::FillFromNewStore() {
@@ -97,21 +104,40 @@ void Listing::FillAgain() {
 void Listing::FillWith(const std::string& where, const std::string& asked) {
     // A tree that shows plans becomes one of items first, with all that depends on it.
     if (tree_.WantsPlans()) tree_.Want(false);
+    bySearch_ = true;
     LoadItemList(where, asked);
     model_.currentKind = NodeKind::Task;
     filter_.fraB3.SetVisible(true);
     commands_.cmdTaskOK.SetEnabled(false);
     selection_.UpdatePrint();
+    if (onShown) onShown();
+}
+
+bool Listing::Reveal(const items::SavedItem& item) {
+    filter_.Admit(item);
+    SetSwitch(false);
+    if (!Refill() || !form_.IsLoaded()) return false;
+    if (tree_.Find(item) == TreePanel::kNone && filter_.ClearTexts()) Refill();
+    const int node = tree_.Find(item);
+    if (node == TreePanel::kNone) return false;
+    tree_.Select(node);
+    selection_.tvwTask_NodeClick(node);
+    return true;
 }
 
 void Listing::LoadItemList(const std::string& where, const std::string& asked) {
     session_.database.EnsureConnection();
     const items::Filter filter = filter_.Choice();
-    items::ListQuery query = items::ListItems(
-        where, !filter.company.empty(), items::OrderOf(tree_.OrderRow()), session_.DatabaseKind());
+    const auto list = [&](const std::string& condition) {
+        return items::ListItems(condition, !filter.company.empty(),
+                                items::OrderOf(tree_.OrderRow()), session_.DatabaseKind());
+    };
+    items::ListQuery query = list(where);
     const auto rows = session_.database.Open(query.statement);
     query.asked = asked;
     shown_ = std::move(query);
+    counted_ = bySearch_ ? shown_.condition : list(filter_.BuildUndatedFilter()).condition;
+    narrowedBy_ = filter_.Narrowing();
     Rebuild(*rows, [&](TreePanel::FillResult& result) {
         tree_.FillItems(*rows, filter, result);
         filter_.ShowKinds(result.any);
@@ -157,10 +183,17 @@ void Listing::Empty() {
     view_.Clear();
     commands_.cmdTaskOK.SetEnabled(false);
     selection_.UpdatePrint();
+    if (onEmptied) onEmptied();
 }
 
 std::function<void()> Listing::Remember() {
-    return [this, shown = shown_] { shown_ = shown; };
+    return
+        [this, shown = shown_, counted = counted_, narrowedBy = narrowedBy_, bySearch = bySearch_] {
+            shown_ = shown;
+            counted_ = counted;
+            narrowedBy_ = narrowedBy;
+            bySearch_ = bySearch;
+        };
 }
 
 }  // namespace zv::windows

@@ -14,6 +14,10 @@ namespace zv::windows {
 
 class Listing {
  public:
+    /// The tree shows something else; it was emptied.
+    std::function<void()> onShown;
+    std::function<void()> onEmptied;
+
     /// All must outlive this.
     Listing(forms::Form& form, Session& session, MainModel& model, TreePanel& tree,
             FilterPanel& filter, CommandPanel& commands, ItemView& view, Selection& selection);
@@ -44,6 +48,17 @@ class Listing {
     void chkEvent_Click();
     void cmdSeek_Click();
 
+    /// Makes the list show an item: the filter gives way where it hides it, and the item is
+    /// clicked. False where it is not listed even so.
+    bool Reveal(const items::SavedItem& item);
+
+    /// The condition, as in ListQuery, of the items shown last without their dates; of a search the
+    /// whole.
+    const std::string& CountedCondition() const { return counted_; }
+    /// A search took the place of the filter.
+    bool BySearch() const { return bySearch_; }
+    /// What the filter narrowed the items to, by the names of its fields; empty for nothing.
+    const std::string& NarrowedBy() const { return narrowedBy_; }
     /// What the items shown last were read with.
     const items::ListQuery& Shown() const { return shown_; }
     /// As forms::Control::Remember.
@@ -55,6 +70,8 @@ class Listing {
     void Rebuild(store::Recordset& rows, const std::function<void(TreePanel::FillResult&)>& fill);
     void ReportNotShown(int rows, const std::string& reason);
     void PutSwitchBack();
+    /// Sets the switch without filling the tree.
+    void SetSwitch(bool plans);
 
     forms::Form& form_;
     Session& session_;
@@ -65,6 +82,9 @@ class Listing {
     ItemView& view_;
     Selection& selection_;
     items::ListQuery shown_;
+    std::string counted_;
+    std::string narrowedBy_;
+    bool bySearch_ = false;
     bool puttingBack_ = false;
 };
 

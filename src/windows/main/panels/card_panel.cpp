@@ -300,14 +300,17 @@ void CardPanel::cboWay_Click() {
 void CardPanel::txtCompSeek_KeyDown(forms::KeyEvent& event) {
     if (event.code != forms::key::kEnter || txtCompSeek.Text().empty()) return;
     event.code = 0;
-    const std::string text = text::ToUpper(txtCompSeek.Text());
+    const std::string typed = txtCompSeek.Text();
+    const std::string text = text::ToUpper(typed);
     txtCompSeek.SetText(text);
     if (!CheckText(session_, text)) {
         txtCompSeek.SelectAll();
         return;
     }
     Search(cards::SearchCondition(session_.database, text, cards::InBox(session_.state.AlertType)));
-    if (cboComp2.ListCount() > 0) {
+    const auto found = static_cast<std::size_t>(cboComp2.ListCount());
+    if (onSearched) onSearched(typed, found, found >= kMostCards);
+    if (found > 0) {
         cboComp2.SetFocus();
     } else {
         session_.windows.ShowMessage(resources::fixed::kNoCardFound, forms::box::kInformation);

@@ -30,6 +30,9 @@ class CardPanel {
 
     /// The user left the picker with a company chosen.
     std::function<void(const std::string& company)> onLeftWithCompany;
+    /// The user looked for cards: what was typed, how many there are, and whether there may be more
+    /// than the list takes.
+    std::function<void(const std::string& typed, std::size_t found, bool more)> onSearched;
     /// The user took the company and goes on.
     std::function<void()> onEntered;
 

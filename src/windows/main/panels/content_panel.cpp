@@ -24,11 +24,15 @@ ContentPanel::ContentPanel(forms::Form& form, forms::TabPage page, Session& sess
       lblContent(form, "lblList2", &page.Content(), kContentLabel),
       lblOthers(form, "lblList2", &page.Content(), kOthersLabel),
       txtTaskCon(form, "txtTaskCon", &page.Content()),
+      lblSummary(form, "lblSummary", &page.Content()),
       picOther(form, "picOther", &page.Content()),
       picOtherIn(form, "picOtherIn", &picOther),
       lblOther(form, "lblOther", &picOtherIn, items::FreeFields()),
       txtOther(form, "txtOther", &picOtherIn, items::FreeFields()) {
     txtTaskCon.SetMultiLine(true);
+    // The names of doers stand here as they were typed.
+    lblSummary.SetUseMnemonic(false);
+    lblSummary.SetVisible(false);
     for (int i = 0; i < txtOther.Count(); i++) {
         txtOther[i].onGotFocus = [this, i] { txtOther_GotFocus(i); };
         txtOther[i].onKeyDown = [this](forms::KeyEvent& event) {
@@ -69,6 +73,7 @@ void ContentPanel::Place(const forms::Rect& page) {
     const int otherHeight = std::clamp(shared - 2 * m.Row(), m.Row(), rowsHeight);
     const int contentHeight = std::max(m.Field(), shared - otherHeight);
     txtTaskCon.Move({kMargin, y, inner, contentHeight});
+    lblSummary.Move({kMargin + kGap, y + kGap, inner - 2 * kGap, contentHeight - 2 * kGap});
     y += contentHeight + kGap;
     lblOthers.Move({kMargin, y, inner, m.Text()});
     y += m.Text() + kGap;
@@ -85,6 +90,13 @@ void ContentPanel::Place(const forms::Rect& page) {
 void ContentPanel::SetLocked(bool locked) {
     txtTaskCon.SetLocked(locked);
     for (int i = 0; i < txtOther.Count(); i++) txtOther[i].SetLocked(locked);
+}
+
+void ContentPanel::ShowSummary(const std::string& summary) {
+    lblSummary.SetCaption(summary);
+    const bool shown = !summary.empty();
+    if (shown && !lblSummary.InFront()) lblSummary.BringToFront();
+    lblSummary.SetVisible(shown);
 }
 
 void ContentPanel::txtOther_GotFocus(int index) {

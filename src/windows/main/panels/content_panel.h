@@ -1,6 +1,7 @@
 // The page with an item's content and its free fields, which scroll to the one in use.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "forms/containers.h"
@@ -23,6 +24,9 @@ class ContentPanel {
     /// Shows the heading of the fields that only items have.
     void ShowFor(bool plans) { lblOthers.SetVisible(!plans); }
 
+    /// Stands over the empty content while nothing is selected; an empty text takes it away.
+    void ShowSummary(const std::string& summary);
+
     /// Scrolls until the box is wholly visible.
     void txtOther_GotFocus(int index);
 
@@ -36,6 +40,7 @@ class ContentPanel {
     forms::Label lblContent;
     forms::Label lblOthers;
     forms::TextBox txtTaskCon;
+    forms::Label lblSummary;
     forms::Panel picOther;
     forms::Panel picOtherIn;
     forms::ControlArray<forms::Label> lblOther;

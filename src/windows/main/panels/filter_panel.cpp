@@ -1,5 +1,6 @@
 #include "windows/main/panels/filter_panel.h"
 
+#include <algorithm>
 #include <array>
 
 #include "forms/field_keys.h"
@@ -231,6 +232,67 @@ std::string FilterPanel::BuildItemFilter() const {
                       [this](DateTime date) { return session_.database.DateLiteral(date); });
 }
 
+std::string FilterPanel::BuildUndatedFilter() const {
+    items::Filter undated = Choice();
+    undated.from.reset();
+    undated.until.reset();
+    return FilterText(undated,
+                      [this](DateTime date) { return session_.database.DateLiteral(date); });
+}
+
+std::string FilterPanel::Narrowing() const {
+    const items::Filter filter = Choice();
+    const auto takes = [&](items::ItemKind kind) { return filter.Takes(kind); };
+    const std::int16_t language = resources::SpokenLanguage(session_.state.Language);
+    std::vector<std::string> names;
+    if (!std::all_of(items::kItemKinds.begin(), items::kItemKinds.end(), takes)) {
+        names.push_back(LoadText(DesignText::Kind, language));
+    }
+    const bool narrows[kFilterFields] = {filter.from.has_value(),
+                                         filter.until.has_value(),
+                                         !filter.title.empty(),
+                                         !filter.content.empty(),
+                                         !filter.doer.empty(),
+                                         !filter.user.empty(),
+                                         !filter.guest.empty(),
+                                         !filter.company.empty(),
+                                         filter.states != items::Filter::States::All};
+    for (int field = 0; field < kFilterFields; field++) {
+        if (narrows[field]) names.push_back(lblFilter[field].ShownText());
+    }
+    std::string all;
+    for (const std::string& name : names) {
+        if (!all.empty()) all += LoadText(resources::StatusText::Listed, language);
+        all += name;
+    }
+    return all;
+}
+
+void FilterPanel::Admit(const items::SavedItem& item) {
+    admitting_ = true;
+    chkType[Number(item.kind)].SetValue(1);
+    const items::Filter filter = Choice();
+    if (!filter.Takes(item.state)) cboState.SetListIndex(Row(items::Filter::States::All));
+    if (!filter.TakesMoment(item.date)) {
+        const DateTime day = item.date.Date();
+        // What has a time of day ends after midnight.
+        const DateTime next = day.AddDays(1);
+        DTPicker0.SetValue(day);
+        DTPicker1.SetValue(next.Year() > forms::DatePicker::kLastYear ? day : next);
+    }
+    admitting_ = false;
+}
+
+bool FilterPanel::ClearTexts() {
+    bool any = false;
+    for (forms::TextBox* text : TextBoxes()) {
+        if (text->Locked() || text->Text().empty()) continue;
+        text->SetText("");
+        any = true;
+    }
+    return any;
+}
+
 void FilterPanel::GiveCompany(const std::string& company) {
     givenCompany_ = company;
     txtComp.SetText(company);
@@ -271,7 +333,7 @@ void FilterPanel::ShowFor(bool plans) {
 }
 
 void FilterPanel::Changed() const {
-    if (!state_.starting && onChanged) onChanged();
+    if (!state_.starting && !admitting_ && onChanged) onChanged();
 }
 
 void FilterPanel::chkType_Click(int index) {

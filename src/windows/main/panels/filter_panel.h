@@ -12,6 +12,7 @@
 #include "forms/lists.h"
 #include "forms/text_box.h"
 #include "items/filter.h"
+#include "items/item_store.h"
 #include "session/session.h"
 #include "windows/main/main_model.h"
 
@@ -45,6 +46,14 @@ class FilterPanel {
 
     items::Filter Choice() const;
     std::string BuildItemFilter() const;
+    /// The same without the dates.
+    std::string BuildUndatedFilter() const;
+    /// The names of the fields that narrow the list, in their order; empty when none does.
+    std::string Narrowing() const;
+    /// Gives way in kinds, dates and state where it hides an item.
+    void Admit(const items::SavedItem& item);
+    /// Empties the boxes that the user may type in; false when none held anything.
+    bool ClearTexts();
     /// Puts a company of the host's into its box; it may hold what the user may not type.
     void GiveCompany(const std::string& company);
     /// False when a text that the user typed cannot go into a statement; the user has seen a
@@ -99,6 +108,7 @@ class FilterPanel {
 
     /// Changed since the start values, whatever they hold.
     bool fromTouched_ = false;
+    bool admitting_ = false;
     bool untilTouched_ = false;
     std::string givenCompany_;
     /// The own-items boxes as they are stored on this workstation, or as a right set them.

@@ -6,6 +6,7 @@
 #include "forms/form.h"
 #include "forms/layout/metrics.h"
 #include "items/names.h"
+#include "items/urgency.h"
 #include "resources/text_ids.h"
 #include "windows/main/panels/icons.h"
 
@@ -122,6 +123,7 @@ TreePanel::TreePanel(forms::Form& form, Session& session)
       picImage(form, "picImage") {
     tvwTask.SetImageList(&TreeImages());
     tvwTask.describe = [this](int node) { return Describe(node); };
+    tvwTask.sign = [this](int node) { return SignOf(node); };
     tvwTask.onNodeClick = [this](int node) {
         if (onNodeClick) onNodeClick(node);
     };
@@ -278,6 +280,38 @@ void TreePanel::ShowState(int node, ItemState state) {
     image.back() = kStateDigits[Position(state)];
     tvwTask.SetData(node, DataOf(state));
     tvwTask.SetImage(node, image);
+    if (onItemsChanged) onItemsChanged();
+}
+
+void TreePanel::Remove(int node) {
+    tvwTask.Remove(node);
+    if (onItemsChanged) onItemsChanged();
+}
+
+std::optional<ItemState> TreePanel::ItemStateOf(int node) const {
+    return GroupKindOf(node) == NodeKind::Plan ? std::nullopt : StateOf(node);
+}
+
+std::optional<forms::Sign> TreePanel::SignOf(int node) const {
+    const auto state = ItemStateOf(node);
+    if (!state) return std::nullopt;
+    const DateTime today = session_.machine.clock.Today();
+    const auto day = DateTime::Parse(DayOf(tvwTask.Text(node)));
+    return forms::Sign{
+        items::SignOf(day, *state, today, resources::SpokenLanguage(session_.state.Language)),
+        items::ColorOf(items::UrgencyOf(day, *state, today))};
+}
+
+TreePanel::Tally TreePanel::TallyItems() const {
+    const DateTime today = session_.machine.clock.Today();
+    Tally tally{};
+    for (int node = tvwTask.FirstRoot(); node != kNone; node = tvwTask.NextInOrder(node)) {
+        const auto state = ItemStateOf(node);
+        if (!state) continue;
+        const auto day = DateTime::Parse(DayOf(tvwTask.Text(node)));
+        tally[Position(items::UrgencyOf(day, *state, today))]++;
+    }
+    return tally;
 }
 
 std::string TreePanel::Describe(int node) const {
@@ -285,23 +319,29 @@ std::string TreePanel::Describe(int node) const {
     const auto kind = group ? ItemKindOf(*group) : std::nullopt;
     const auto state = StateOf(node);
     if (!kind || !state) return {};
-    return items::Describe(*kind, *state, DayOf(tvwTask.Text(node)), session_.state.Language);
+    const std::int16_t language = session_.state.Language;
+    const std::string_view day = DayOf(tvwTask.Text(node));
+    std::string said = items::Describe(*kind, *state, day, language);
+    const std::string due =
+        items::DueOf(DateTime::Parse(day), *state, session_.machine.clock.Today(), language);
+    if (due.empty()) return said;
+    return LoadText(resources::StatusText::SpokenSign, language, said, due);
 }
 
-bool TreePanel::Lists(const items::SavedItem& item) const {
+int TreePanel::Find(const items::SavedItem& item) const {
     // The numbers of plans are not those of items.
-    if (WantsPlans()) return false;
-    if (item.id != 0) return tvwTask.Find(kItemLetter + std::to_string(item.id)) != kNone;
+    if (WantsPlans()) return kNone;
+    if (item.id != 0) return tvwTask.Find(kItemLetter + std::to_string(item.id));
     const std::string text =
         std::string(kBeforeDay) + item.date.IsoDate() + std::string(kBehindDay) + item.title;
     for (int group = tvwTask.FirstRoot(); group != kNone; group = tvwTask.NextSibling(group)) {
         if (!tvwTask.Key(group).starts_with(kGroupLetters[Position(item.kind)])) continue;
         for (int node = tvwTask.FirstChild(group); node != kNone;
              node = tvwTask.NextSibling(node)) {
-            if (tvwTask.Text(node) == text) return true;
+            if (tvwTask.Text(node) == text) return node;
         }
     }
-    return false;
+    return kNone;
 }
 
 void TreePanel::tvwTask_KeyDown(forms::KeyEvent& event) {

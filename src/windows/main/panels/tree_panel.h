@@ -16,6 +16,7 @@
 #include "forms/tree_view.h"
 #include "items/filter.h"
 #include "items/item_store.h"
+#include "items/urgency.h"
 #include "session/session.h"
 #include "store/connection.h"
 #include "windows/main/main_model.h"
@@ -43,6 +44,8 @@ class TreePanel {
     /// Plans are to be shown, or items again.
     std::function<void()> onSwitch;
     std::function<void()> onOrder;
+    /// An item is shown in another state, or no longer.
+    std::function<void()> onItemsChanged;
     /// The mouse found the spot of the picture's menu, at a position of the window.
     std::function<void(int x, int y)> onPictureMenu;
 
@@ -91,15 +94,24 @@ class TreePanel {
     /// What a screen reader says of a node beside its text; nothing for a group or a plan, which
     /// have no state.
     std::string Describe(int node) const;
-    void Remove(int node) { tvwTask.Remove(node); }
-    /// Whether an item is listed. One without a number is looked for by what is seen of it.
-    bool Lists(const items::SavedItem& item) const;
+    /// What a node shows beside its text: how pressing the item is. Nothing for a group or a plan.
+    std::optional<forms::Sign> SignOf(int node) const;
+    /// How many items of each urgency are listed.
+    using Tally = std::array<int, items::kUrgencies.size()>;
+    Tally TallyItems() const;
+    void Remove(int node);
+    /// The node of an item that was just saved, kNone when it is not listed. One without a number
+    /// is looked for by what is seen of it.
+    int Find(const items::SavedItem& item) const;
 
     void tvwTask_KeyDown(forms::KeyEvent& event);
     void tvwTask_MouseDown(const forms::MouseEvent& event);
     void picImage_MouseMove(const forms::MouseEvent& event);
 
  private:
+    /// Nothing for a group or a plan.
+    std::optional<items::ItemState> ItemStateOf(int node) const;
+
     forms::Form& form_;
     Session& session_;
 

@@ -1,0 +1,17 @@
+// What a row or a node shows beside its text: a word, and a colour that says the same.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace zv::forms {
+
+struct Sign {
+    std::string text;
+    /// Of the sign and of the text beside it on white, as 0xRRGGBB.
+    std::uint32_t color = 0;
+
+    bool operator==(const Sign&) const = default;
+};
+
+}  // namespace zv::forms

@@ -1,0 +1,113 @@
+#include "forms/win32/sign_drawing.h"
+
+#include <cstring>
+
+#include "forms/win32/wide_text.h"
+
+namespace zv::forms::win32 {
+namespace {
+
+constexpr COLORREF kWhite = RGB(255, 255, 255);
+
+int Padding(HDC dc) {
+    constexpr int kAtUsualResolution = 6;
+    return MulDiv(kAtUsualResolution, GetDeviceCaps(dc, LOGPIXELSX), USER_DEFAULT_SCREEN_DPI);
+}
+
+SIZE SizeOf(HDC dc, const std::wstring& text) {
+    SIZE size{};
+    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    return size;
+}
+
+bool RectOf(HWND tree, HTREEITEM item, bool textOnly, RECT& place) {
+    // The message reads the item from the result's place.
+    std::memcpy(&place, &item, sizeof item);
+    return SendMessageW(tree, TVM_GETITEMRECT, textOnly, reinterpret_cast<LPARAM>(&place)) != 0;
+}
+
+void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign) {
+    const HDC dc = draw.nmcd.hdc;
+    const HWND tree = draw.nmcd.hdr.hwndFrom;
+    RECT row{};
+    if (!RectOf(tree, reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec), false, row)) return;
+    RECT client{};
+    GetClientRect(tree, &client);
+    const HGDIOBJ former =
+        SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(tree, WM_GETFONT, 0, 0)));
+    const std::wstring text = ToWide(sign.text);
+    RECT place{SignLeft(tree, dc, sign) - Padding(dc), row.top, client.right, row.bottom};
+    FillRect(dc, &place, GetSysColorBrush(COLOR_WINDOW));
+    place.right -= Padding(dc);
+    const int mode = SetBkMode(dc, TRANSPARENT);
+    const COLORREF color =
+        SetTextColor(dc, ColorBeside(sign, false).value_or(GetSysColor(COLOR_WINDOWTEXT)));
+    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &place,
+              DT_RIGHT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    SetTextColor(dc, color);
+    SetBkMode(dc, mode);
+    SelectObject(dc, former);
+}
+
+}  // namespace
+
+std::optional<COLORREF> ColorBeside(const Sign& sign, bool selected) {
+    if (selected || GetSysColor(COLOR_WINDOW) != kWhite) return std::nullopt;
+    return RGB((sign.color >> 16) & 0xFF, (sign.color >> 8) & 0xFF, sign.color & 0xFF);
+}
+
+int SignLeft(HWND tree, HDC dc, const Sign& sign) {
+    RECT client{};
+    GetClientRect(tree, &client);
+    return static_cast<int>(client.right - SizeOf(dc, ToWide(sign.text)).cx - Padding(dc));
+}
+
+bool IsCut(HWND tree, HTREEITEM item, const std::optional<Sign>& sign) {
+    RECT text{};
+    if (!RectOf(tree, item, true, text)) return false;
+    RECT client{};
+    GetClientRect(tree, &client);
+    int right = client.right;
+    if (sign) {
+        const HDC dc = GetDC(tree);
+        const HGDIOBJ former =
+            SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(tree, WM_GETFONT, 0, 0)));
+        right = SignLeft(tree, dc, *sign) - Padding(dc);
+        SelectObject(dc, former);
+        ReleaseDC(tree, dc);
+    }
+    return text.left < 0 || text.right > right;
+}
+
+LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign) {
+    switch (draw.nmcd.dwDrawStage) {
+        case CDDS_PREPAINT:
+            return CDRF_NOTIFYITEMDRAW;
+        case CDDS_ITEMPREPAINT: {
+            const auto found = sign(draw.nmcd.lItemlParam);
+            if (!found) return CDRF_DODEFAULT;
+            const bool selected = draw.nmcd.uItemState & (CDIS_SELECTED | CDIS_FOCUS);
+            if (const auto color = ColorBeside(*found, selected)) draw.clrText = *color;
+            return CDRF_NOTIFYPOSTPAINT;
+        }
+        case CDDS_ITEMPOSTPAINT:
+            if (const auto found = sign(draw.nmcd.lItemlParam)) DrawWord(draw, *found);
+            return CDRF_DODEFAULT;
+        default:
+            return CDRF_DODEFAULT;
+    }
+}
+
+LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign) {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+    const auto row = static_cast<LPARAM>(draw.nmcd.dwItemSpec);
+    const auto found = sign(row);
+    const bool selected = SendMessageW(draw.nmcd.hdr.hwndFrom, LVM_GETITEMSTATE,
+                                       static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
+    if (!found) return CDRF_DODEFAULT;
+    if (const auto color = ColorBeside(*found, selected)) draw.clrText = *color;
+    return CDRF_DODEFAULT;
+}
+
+}  // namespace zv::forms::win32
