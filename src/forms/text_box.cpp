@@ -33,6 +33,12 @@ void TextBox::SetLocked(bool locked) {
     Notify(Aspect::Locked);
 }
 
+void TextBox::SetVacant(bool vacant) {
+    if (vacant == vacant_) return;
+    vacant_ = vacant;
+    Notify(Aspect::Locked);
+}
+
 void TextBox::Select(int start, int length) {
     const int units = static_cast<int>(text::Length(text_));
     selStart_ = std::clamp(start, 0, units);
@@ -54,7 +60,8 @@ void TextBox::UserText(const std::string& text) {
 }
 
 std::function<void()> TextBox::Remember() {
-    return RememberFields(Control::Remember(), {Aspect::Text, Aspect::Locked}, text_, locked_);
+    return RememberFields(Control::Remember(), {Aspect::Text, Aspect::Locked}, text_, locked_,
+                          vacant_);
 }
 
 }  // namespace zv::forms

@@ -23,6 +23,11 @@ class TextBox : public Control {
     /// Locked: can be read and selected but not changed by the user.
     bool Locked() const { return locked_; }
     void SetLocked(bool locked);
+    /// Vacant: it shows nothing that belongs here, so it looks like a locked box until somebody
+    /// types into it.
+    bool Vacant() const { return vacant_; }
+    void SetVacant(bool vacant);
+    bool LooksLocked() const { return locked_ || (vacant_ && text_.empty()); }
     bool MultiLine() const { return multiLine_; }
     void SetMultiLine(bool multiLine) { multiLine_ = multiLine; }
     std::function<void()> Remember() override;
@@ -56,6 +61,7 @@ class TextBox : public Control {
     int selStart_ = 0;
     int selLength_ = 0;
     bool locked_ = false;
+    bool vacant_ = false;
     bool multiLine_ = false;
     bool numeric_ = false;
     bool showsTabs_ = false;

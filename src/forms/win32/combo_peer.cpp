@@ -15,9 +15,9 @@ constexpr int kFrame = 6;
 
 void NativeCombo::Create(HWND parent, int id) {
     const bool listOnly = Box().Style() == ComboStyle::ListOnly;
-    CreateNative(
-        parent, id, WC_COMBOBOXW,
-        WS_TABSTOP | WS_VSCROLL | (listOnly ? CBS_DROPDOWNLIST : CBS_DROPDOWN | CBS_AUTOHSCROLL));
+    CreateNative(parent, id, WC_COMBOBOXW,
+                 WS_TABSTOP | WS_VSCROLL | WS_CLIPCHILDREN |
+                     (listOnly ? CBS_DROPDOWNLIST : CBS_DROPDOWN | CBS_AUTOHSCROLL));
     COMBOBOXINFO info{};
     info.cbSize = sizeof info;
     if (!listOnly && GetComboBoxInfo(Handle(), &info) && info.hwndItem != Handle()) {
@@ -40,6 +40,23 @@ void NativeCombo::ApplyBounds() {
     const auto row = static_cast<int>(Send(CB_GETITEMHEIGHT, 0));
     SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
                  height + row * kVisibleRows, SWP_NOZORDER | SWP_NOACTIVATE);
+    ShowLocked();
+}
+
+// A list that nothing can be taken from has no button that opens it: the entry covers it.
+void NativeCombo::ShowLocked() {
+    if (!edit_) return;
+    SendMessageW(edit_, EM_SETREADONLY, Box().Locked(), 0);
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetComboBoxInfo(Handle(), &info)) return;
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    const RECT& item = info.rcItem;
+    const LONG right = Box().Locked() ? client.right - item.left : item.right;
+    SetWindowPos(edit_, HWND_TOP, item.left, item.top, right - item.left, item.bottom - item.top,
+                 SWP_NOACTIVATE);
+    InvalidateRect(Handle(), nullptr, TRUE);
 }
 
 void NativeCombo::ResolutionChanged() {
@@ -81,7 +98,7 @@ void NativeCombo::Mirror(Aspect aspect) {
             Send(CB_LIMITTEXT, static_cast<WPARAM>(Box().MaxLength()));
             break;
         case Aspect::Locked:
-            if (edit_) SendMessageW(edit_, EM_SETREADONLY, Box().Locked(), 0);
+            ShowLocked();
             break;
         default:
             break;

@@ -26,6 +26,7 @@ class NativeCombo : public NativeControl {
     ComboBox& Box() const { return static_cast<ComboBox&>(Logical()); }
     void ShowItems();
     void ShowText();
+    void ShowLocked();
 
     HWND edit_ = nullptr;
     std::vector<std::string> shown_;

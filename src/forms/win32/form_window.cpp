@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "base/errors.h"
+#include "forms/lists.h"
+#include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/win32/common_controls.h"
 #include "forms/win32/control_factory.h"
@@ -300,9 +302,23 @@ std::optional<LRESULT> FormWindow::FromChild(UINT message, WPARAM wParam, LPARAM
         case WM_CTLCOLORBTN:
             return reinterpret_cast<LRESULT>(
                 ColorOf(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
+        case WM_CTLCOLOREDIT:
+            if (!LooksLocked(reinterpret_cast<HWND>(lParam))) return std::nullopt;
+            return reinterpret_cast<LRESULT>(
+                ColorOf(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
         default:
             return std::nullopt;
     }
+}
+
+bool FormWindow::LooksLocked(HWND child) const {
+    const NativeControl* control = Find(child);
+    if (!control) return false;
+    if (const auto* box = dynamic_cast<const TextBox*>(&control->Logical())) {
+        return box->LooksLocked();
+    }
+    const auto* combo = dynamic_cast<const ComboBox*>(&control->Logical());
+    return combo && combo->Locked();
 }
 
 HBRUSH FormWindow::ColorOf(HDC dc, HWND child) const {

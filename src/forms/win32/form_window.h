@@ -119,6 +119,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void BeginModal();
     void EndModal();
     void Destroy();
+    /// An entry that is drawn as one that takes no typing.
+    bool LooksLocked(HWND child) const;
     HBRUSH ColorOf(HDC dc, HWND child) const;
     Size ClientUnits() const;
     Rect OuterUnits() const;

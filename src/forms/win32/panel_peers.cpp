@@ -106,6 +106,7 @@ std::optional<LRESULT> NativePanel::OnMessage(UINT message, WPARAM wParam, LPARA
         case WM_NOTIFY:
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLORBTN:
+        case WM_CTLCOLOREDIT:
             return Owner().FromChild(message, wParam, lParam);
         default:
             return std::nullopt;

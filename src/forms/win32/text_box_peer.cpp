@@ -32,9 +32,11 @@ void NativeTextBox::Mirror(Aspect aspect) {
     switch (aspect) {
         case Aspect::Text:
             ShowText();
+            if (Box().Vacant()) InvalidateRect(Handle(), nullptr, TRUE);
             break;
         case Aspect::Locked:
             Send(EM_SETREADONLY, Box().Locked());
+            InvalidateRect(Handle(), nullptr, TRUE);
             break;
         case Aspect::MaxLength:
             Send(EM_SETLIMITTEXT, static_cast<WPARAM>(Box().MaxLength()));
@@ -52,7 +54,9 @@ void NativeTextBox::Mirror(Aspect aspect) {
 void NativeTextBox::OnCommand(UINT code) {
     if (code != EN_CHANGE || IsQuiet()) return;
     ReportSelection();
+    const bool looked = Box().LooksLocked();
     Box().UserText(WindowText(Handle()));
+    if (!Gone() && looked != Box().LooksLocked()) InvalidateRect(Handle(), nullptr, TRUE);
 }
 
 std::optional<LRESULT> NativeTextBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -16,7 +16,7 @@ using resources::AskText;
 using resources::DesignText;
 
 constexpr std::pair<std::string_view, int> kWidths[] = {
-    {"taskTime", 90}, {"taskTitle", 200}, {"fContent", 240}, {"tDone", 70}};
+    {"taskTime", 180}, {"taskTitle", 200}, {"fContent", 240}, {"tDone", 70}};
 
 }  // namespace
 

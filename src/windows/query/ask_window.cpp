@@ -1,6 +1,9 @@
 #include "windows/query/ask_window.h"
 
+#include <algorithm>
+
 #include "items/asked_words.h"
+#include "items/urgency.h"
 #include "reports/grid_export.h"
 #include "reports/print_grid.h"
 #include "resources/ask_texts.h"
@@ -12,6 +15,10 @@ namespace zv::windows {
 namespace {
 
 using resources::AskText;
+
+// Columns of the grid.
+constexpr int kDateColumn = 1;
+constexpr int kStateColumn = 7;
 
 class Reading : public progress::LongWork {
  public:
@@ -50,6 +57,7 @@ void frmAsk::Wire() {
     cmdPrint.onClick = [this] { cmdPrint_Click(); };
     cmdExport.onClick = [this] { cmdExport_Click(); };
     cmdQuit.onClick = [this] { cmdQuit_Click(); };
+    Grid1.sign = [this](int row) { return SignOf(row); };
 }
 
 void frmAsk::Form_Load() {
@@ -126,6 +134,18 @@ items::AskCriteria frmAsk::Criteria() const {
 
 AskTexts frmAsk::Texts() const {
     return {cboType2.Items(), Combo1.Items()};
+}
+
+std::optional<forms::Sign> frmAsk::SignOf(int row) const {
+    const std::vector<std::string>& states = Combo1.Items();
+    const auto name = std::find(states.begin(), states.end(), Grid1.Cell(row, kStateColumn));
+    const auto state = items::StateOf(static_cast<std::int32_t>(name - states.begin()));
+    if (!state) return std::nullopt;
+    const DateTime today = session_.machine.clock.Today();
+    const auto day = DateTime::Parse(Grid1.Cell(row, kDateColumn));
+    return forms::Sign{
+        items::SignOf(day, *state, today, resources::SpokenLanguage(session_.state.Language)),
+        items::ColorOf(items::UrgencyOf(day, *state, today))};
 }
 
 void frmAsk::Clear() {

@@ -1,6 +1,7 @@
 // The query window: criteria on the items of all kinds, and the items that meet them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -84,6 +85,8 @@ class frmAsk : public forms::Form, public StoreClient {
     std::string HeadingOf(const items::Field& field) const;
     items::AskCriteria Criteria() const;
     AskTexts Texts() const;
+    /// How pressing the item of a row is.
+    std::optional<forms::Sign> SignOf(int row) const;
     std::string FoundText(bool cancelled) const;
     std::string AskedText(const items::AskCriteria& criteria) const;
 

@@ -56,6 +56,7 @@ void Selection::UpdatePrint() {
     const int node = tree_.Selected();
     const bool item = node != TreePanel::kNone && tree_.StateOf(node);
     commands_.EnablePrint(item || reminder_.ShowsGrid());
+    commands_.EnableActs(node != TreePanel::kNone);
 }
 
 void Selection::EnterInput() {

@@ -226,6 +226,9 @@ void CardPanel::FillDetail(const cards::Card& card) {
     txtHttp[0].SetText(card.webPage);
     txtHttp[1].SetText(card.privateWebPage);
     txtCompSeek.SetText(card.code);
+    for (TextBoxes* boxes : {&txtTel, &txtEmail, &txtHttp}) {
+        for (int i = 0; i < boxes->Count(); i++) (*boxes)[i].SetVacant(card.id == 0);
+    }
 }
 
 void CardPanel::ClearCardDetail() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <vector>
 
 #include "forms/form.h"
 #include "forms/layout/metrics.h"
@@ -74,24 +75,33 @@ int CommandPanel::Height() const {
     return forms::layout::Metrics(form_.Windows().GetBackend()).Button();
 }
 
+// What vanishes while the birthdays are listed stands together at one end, what stays at the other:
+// nothing moves and no hole opens.
 void CommandPanel::Place(const forms::Rect& area) {
     using namespace forms::layout;
     const Metrics m(form_.Windows().GetBackend());
     fraTop.Move(area);
-    int x = 0;
-    const auto group = [&](std::initializer_list<forms::CommandButton*> buttons) {
-        for (forms::CommandButton* button : buttons) {
-            const int width = button == &cmdSave ? SaveWidth() : m.ButtonWidth(button->Caption());
-            button->Move({x, 0, width, m.Button()});
-            x += width + kGap;
-        }
-        x += kGroupGap - kGap;
+    using Group = std::vector<forms::CommandButton*>;
+    const auto widthOf = [&](forms::CommandButton* button) {
+        return button == &cmdSave ? SaveWidth() : m.ButtonWidth(button->Caption());
     };
-    group({&cmdAction[1], &cmdAction[2], &cmdAction[3], &cmdSave, &cmdAction[0]});
-    group({&cmdTaskOK});
-    group({&cmdSeek, &cmdPrint, &cmdItemSet});
-    const int exitWidth = m.ButtonWidth(cmdExit.Caption());
-    cmdExit.Move({std::max(x, area.width - exitWidth), 0, exitWidth, m.Button()});
+    const auto place = [&](int x, std::initializer_list<Group> groups) {
+        for (const Group& group : groups) {
+            for (forms::CommandButton* button : group) {
+                const int width = widthOf(button);
+                button->Move({x, 0, width, m.Button()});
+                x += width + kGap;
+            }
+            x += kGroupGap - kGap;
+        }
+        return x;
+    };
+    const std::initializer_list<Group> staying = {
+        {&cmdSave, &cmdAction[0]}, {&cmdPrint, &cmdItemSet}, {&cmdExit}};
+    const int left =
+        place(0, {{&cmdAction[1], &cmdAction[2], &cmdAction[3]}, {&cmdTaskOK}, {&cmdSeek}});
+    const int needed = place(0, staying) - kGroupGap;
+    place(std::max(left, area.width - needed), staying);
 }
 
 // Wide enough for every caption that the button takes.
@@ -112,8 +122,19 @@ std::string CommandPanel::SaveCaption(items::ItemKind kind, EditMode mode) const
 void CommandPanel::ShowEdit() {
     const bool open = model_.openedFor != EditMode::None;
     cmdSave.SetEnabled(open);
+    EnableCancel();
     cmdSave.SetCaption(open ? SaveCaption(model_.editedKind, model_.openedFor)
                             : session_.LoadText(DesignText::ButtonSave));
+}
+
+void CommandPanel::EnableActs(bool anyNode) {
+    anyNode_ = anyNode;
+    cmdAction[3].SetEnabled(anyNode);
+    EnableCancel();
+}
+
+void CommandPanel::EnableCancel() {
+    cmdAction[0].SetEnabled(anyNode_ || model_.Editing());
 }
 
 void CommandPanel::ShowFor(bool reminder) {

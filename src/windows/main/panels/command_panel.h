@@ -29,6 +29,8 @@ class CommandPanel {
     void ShowFor(bool reminder);
     /// Enables what fits the state of the selected item; a plan counts as done, a group has none.
     void EnableFor(std::optional<items::ItemState> state);
+    /// Nothing at all is listed: there is nothing to delete, and nothing to go back to but an edit.
+    void EnableActs(bool anyNode);
     void EnablePrint(bool enabled) { cmdPrint.SetEnabled(enabled); }
     /// Where a menu under a button opens, as a position of the window.
     forms::Position Below(const forms::CommandButton& button) const;
@@ -54,7 +56,10 @@ class CommandPanel {
     MainMenus menus;
 
  private:
+    bool anyNode_ = true;
+
     void ShowEdit();
+    void EnableCancel();
     int SaveWidth() const;
 };
 

@@ -103,6 +103,24 @@ Icon DoneMark() {
     return icon;
 }
 
+// Of a plan: an arrow that comes round again.
+Icon RecurrenceMark() {
+    Icon icon{{Ellipse(kPaper, 6.6, 6.6, 16, 16)}};
+    std::vector<Point> ring;
+    constexpr int kSteps = 18;
+    constexpr double kMiddle = 11.5;
+    constexpr double kRadius = 3.4;
+    constexpr double kOpen = 0.8;
+    for (int i = 0; i <= kSteps; i++) {
+        const double angle =
+            kOpen + (2 * std::numbers::pi - kOpen) * static_cast<double>(i) / kSteps;
+        ring.push_back({kMiddle + kRadius * std::cos(angle), kMiddle + kRadius * std::sin(angle)});
+    }
+    icon.shapes.push_back(Line(kPerson, 1.5, std::move(ring)));
+    icon.shapes.push_back(Polygon(kPerson, {{12.6, 11.2}, {16, 11.2}, {14.6, 14.4}}));
+    return icon;
+}
+
 // A folder with the kind drawn small on its front.
 Icon Group(const Icon& kind) {
     Icon icon{
@@ -122,9 +140,10 @@ Icon Group(const Icon& kind) {
     return icon;
 }
 
-void AddKind(forms::ImageList& images, const std::string& name, const Icon& kind) {
+void AddKind(forms::ImageList& images, const std::string& name, const Icon& kind,
+             Icon last = DoneMark()) {
     images.Add(name + "1", Group(kind));
-    Icon marks[] = {NotDoneMark(), InHandMark(), DoneMark()};
+    Icon marks[] = {NotDoneMark(), InHandMark(), std::move(last)};
     for (int state = 0; state < 3; state++) {
         Icon icon = kind;
         Add(icon, std::move(marks[state]));
@@ -137,7 +156,8 @@ forms::ImageList MakeTreeImages() {
     AddKind(images, "task", Sheet());
     AddKind(images, "diary", Book());
     AddKind(images, "guest", Person());
-    AddKind(images, "event", Calendar());
+    // A plan is never done: it goes on making items.
+    AddKind(images, "event", Calendar(), RecurrenceMark());
     images.Add("date", Calendar());
     return images;
 }
