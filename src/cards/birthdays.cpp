@@ -5,16 +5,33 @@
 namespace zv::cards {
 namespace {
 
+constexpr int kBehindAll = 1000;
+
 // One birthday that is no date does not end the reminder of all others.
-std::string DayText(const store::Value& value) {
+void ShowBirthday(const store::Value& value, DateTime today, BirthdayCard& card) {
     try {
-        return value.ToDate().IsoDate();
+        const DateTime birthday = value.ToDate();
+        card.birthday = birthday.IsoDate();
+        card.daysLeft = DaysToBirthday(birthday, today);
     } catch (const RuntimeError&) {
-        return value.ToText();
+        // The next one may lie behind the end of the calendar.
+        if (card.birthday.empty()) card.birthday = value.ToText();
     }
 }
 
+DateTime Anniversary(DateTime birthday, int year) {
+    return DateTime(year, birthday.Month(), 1).AddDays(birthday.Day() - 1);
+}
+
 }  // namespace
+
+int DaysToBirthday(DateTime birthday, DateTime today) {
+    const DateTime day = today.Date();
+    DateTime next = Anniversary(birthday, day.Year());
+    if (next < day) next = Anniversary(birthday, day.Year() + 1);
+    constexpr std::int64_t kSecondsOfDay = 86400;
+    return static_cast<int>((next.Seconds() - day.Seconds()) / kSecondsOfDay);
+}
 
 std::string BirthdayStatement(DateTime today, DateTime last) {
     const auto anniversary = [](int year) {
@@ -39,10 +56,17 @@ std::vector<BirthdayCard> Birthdays(store::Database& database, DateTime today, s
     const auto rows = database.Open(BirthdayStatement(today, last));
     std::vector<BirthdayCard> cards;
     for (; !rows->Eof(); rows->MoveNext()) {
-        cards.push_back({rows->Field(0).ToText(), rows->Field(1).ToText(), rows->Field(2).ToText(),
-                         DayText(rows->Field(3)), rows->Field(4).ToText()});
+        BirthdayCard& card = cards.emplace_back();
+        card.code = rows->Field(0).ToText();
+        card.name = rows->Field(1).ToText();
+        card.company = rows->Field(2).ToText();
+        ShowBirthday(rows->Field(3), today, card);
+        card.id = rows->Field(4).ToText();
     }
     rows->Close();
+    std::stable_sort(cards.begin(), cards.end(), [](const auto& left, const auto& right) {
+        return left.daysLeft.value_or(kBehindAll) < right.daysLeft.value_or(kBehindAll);
+    });
     return cards;
 }
 

@@ -58,6 +58,7 @@ enum class DesignText {
     CardCode,
     CardName,
     Birthday,
+    DaysLeft,
     ButtonSearch,
     ButtonAdd,
     ButtonChange,

@@ -32,5 +32,25 @@ TEST(BirthdayStatement, TheLastDayOfTheYearIsNotAcrossNewYear) {
               std::string::npos);
 }
 
+TEST(DaysToBirthday, CountToTheNextOneWhateverTheYearOfBirth) {
+    const DateTime today = DateTime(2003, 12, 28);
+    EXPECT_EQ(DaysToBirthday(DateTime(1970, 12, 28), today), 0);
+    EXPECT_EQ(DaysToBirthday(DateTime(1970, 12, 31), today), 3);
+    EXPECT_EQ(DaysToBirthday(DateTime(1970, 1, 2), today), 5);
+    EXPECT_EQ(DaysToBirthday(DateTime(1970, 12, 27), today), 365);
+    EXPECT_EQ(DaysToBirthday(DateTime(1970, 12, 27), DateTime(2004, 2, 28)), 303);
+}
+
+TEST(DaysToBirthday, TakeTheDayForAWholeOne) {
+    EXPECT_EQ(DaysToBirthday(DateTime(1970, 3, 7), DateTime(2003, 3, 7, 23, 59, 0)), 0);
+    EXPECT_EQ(DaysToBirthday(DateTime(1970, 3, 8, 6, 0, 0), DateTime(2003, 3, 7, 23, 59, 0)), 1);
+}
+
+TEST(DaysToBirthday, TheLastOfALeapFebruaryFollowsTheTwentyEighth) {
+    EXPECT_EQ(DaysToBirthday(DateTime(1972, 2, 29), DateTime(2003, 2, 27)), 2);
+    EXPECT_EQ(DaysToBirthday(DateTime(1972, 2, 29), DateTime(2004, 2, 27)), 2);
+    EXPECT_EQ(DaysToBirthday(DateTime(1972, 2, 29), DateTime(2003, 3, 1)), 0);
+}
+
 }  // namespace
 }  // namespace zv::cards

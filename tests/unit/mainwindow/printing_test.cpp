@@ -167,8 +167,8 @@ TEST_F(PrintingTest, TheButtonPrintsTheBirthdaysWhileTheyAreSeen) {
     EXPECT_EQ(Last().job.reportName, "");
     EXPECT_EQ(Last().job.title, "客户生日报警");
     EXPECT_EQ(Last().job.subTitle, "");
-    EXPECT_EQ(Last().headings, (Lines{"编号", "姓名", "客户", "生日"}));
-    EXPECT_EQ(Last().cells, (std::vector<Lines>{{"A1", "王五", "天地公司", "1970-03-07"}}));
+    EXPECT_EQ(Last().headings, (Lines{"编号", "姓名", "客户", "生日", "还有（天）"}));
+    EXPECT_EQ(Last().cells, (std::vector<Lines>{{"A1", "王五", "天地公司", "1970-03-07", "0"}}));
     // Behind another page they are not what the user means.
     ShowTab(kItemTab);
     EXPECT_FALSE(window.commands.cmdPrint.Enabled());

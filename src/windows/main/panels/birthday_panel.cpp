@@ -47,7 +47,8 @@ void BirthdayPanel::LoadGrid() {
                       {session_.LoadText(DesignText::CardName), 90, true},
                       {session_.LoadText(DesignText::Company), 220, true},
                       {session_.LoadText(DesignText::Birthday), 90, true},
-                      {"fID", 60, false}});
+                      {"fID", 60, false},
+                      {session_.LoadText(DesignText::DaysLeft), 90, true}});
     Grid1.SetVisible(false);
 }
 
@@ -85,8 +86,9 @@ void BirthdayPanel::ListBirthdays(std::int16_t days) {
     for (cards::BirthdayCard& card : cards) {
         row++;
         int column = 0;
+        std::string daysLeft = card.daysLeft ? std::to_string(*card.daysLeft) : "";
         for (std::string* text :
-             {&card.code, &card.name, &card.company, &card.birthday, &card.id}) {
+             {&card.code, &card.name, &card.company, &card.birthday, &card.id, &daysLeft}) {
             Grid1.SetCell(row, ++column, std::move(*text));
         }
     }
