@@ -43,7 +43,7 @@ void NativeCombo::ApplyBounds() {
     ShowLocked();
 }
 
-// A list that nothing can be taken from has no button that opens it: the entry covers it.
+// A list that nothing can be taken from shows no button that opens it: the entry covers it.
 void NativeCombo::ShowLocked() {
     if (!edit_) return;
     SendMessageW(edit_, EM_SETREADONLY, Box().Locked(), 0);
@@ -119,7 +119,21 @@ void NativeCombo::OnCommand(UINT code) {
     }
 }
 
-std::optional<LRESULT> NativeCombo::OnMessage(UINT message, WPARAM, LPARAM) {
+void NativeCombo::PaintOverButton() const {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetComboBoxInfo(Handle(), &info)) return;
+    const HDC dc = GetDC(Handle());
+    FillRect(dc, &info.rcButton, GetSysColorBrush(COLOR_BTNFACE));
+    ReleaseDC(Handle(), dc);
+}
+
+std::optional<LRESULT> NativeCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_PAINT && edit_ && Box().Locked()) {
+        const LRESULT result = Native(message, wParam, lParam);
+        PaintOverButton();
+        return result;
+    }
     // The wheel over a box that only has the focus must not change it behind the user's back.
     if (message == WM_MOUSEWHEEL && !Send(CB_GETDROPPEDSTATE)) {
         return 0;

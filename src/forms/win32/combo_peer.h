@@ -27,6 +27,7 @@ class NativeCombo : public NativeControl {
     void ShowItems();
     void ShowText();
     void ShowLocked();
+    void PaintOverButton() const;
 
     HWND edit_ = nullptr;
     std::vector<std::string> shown_;

@@ -64,7 +64,7 @@ std::string Overview::Text(StatusText id, std::string_view first, std::string_vi
 
 void Overview::ListShown() {
     counts_.reset();
-    tally_.reset();
+    inList_.reset();
     status_.ClearNotice();
     // Counting may take a while: the list is seen first, and an alert pass that shows nothing never
     // comes to rest.
@@ -74,7 +74,7 @@ void Overview::ListShown() {
 
 void Overview::ListEmptied() {
     counts_.reset();
-    tally_.reset();
+    inList_.reset();
     status_.ClearNotice();
     status_.Rest();
     ShowAgain();
@@ -87,7 +87,7 @@ void Overview::ItemsChanged() {
 
 void Overview::tmrRest_Timer() {
     if (!form_.IsShown() || model_.ShowsPlans()) return;
-    tally_ = tree_.TallyItems();
+    inList_ = tree_.CountItems();
     counts_.reset();
     try {
         counts_ = items::CountDue(session_.database, listing_.CountedCondition(),
@@ -119,7 +119,7 @@ std::string Overview::Line() const {
                Text(StatusText::Between) +
                Text(StatusText::OverdueCount, number(counts_->all.overdue));
         line += kBetween;
-    } else if (tally_) {
+    } else if (inList_) {
         line = Text(StatusText::CannotCount);
         line += kBetween;
     }
@@ -135,12 +135,12 @@ bool Overview::NothingSelected() const {
 }
 
 void Overview::ShowSummary() {
-    const bool shown = tally_ && NothingSelected();
+    const bool shown = inList_ && NothingSelected();
     content_.ShowSummary(shown ? Summary() : std::string());
 }
 
 std::string Overview::Summary() const {
-    std::string text = InList();
+    std::string text = Text(StatusText::InList) + Counted(*inList_);
     text += "\r\n" + Text(StatusText::InAll);
     if (!counts_) return text + Text(StatusText::CannotCount);
     text += Counted(counts_->all);
@@ -158,18 +158,6 @@ std::string Overview::Summary() const {
     return text;
 }
 
-std::string Overview::InList() const {
-    std::string parts;
-    for (const Urgency urgency : items::kUrgencies) {
-        const int count = (*tally_)[Position(urgency)];
-        if (count == 0) continue;
-        if (!parts.empty()) parts += Text(StatusText::Between);
-        parts +=
-            Text(StatusText::CountOf, items::NameOf(urgency, Language()), std::to_string(count));
-    }
-    return Text(StatusText::InList) + (parts.empty() ? "0" : parts);
-}
-
 std::string Overview::Counted(const items::DueCount& count) const {
     std::string text;
     for (const auto& [urgency, number] :
@@ -183,9 +171,9 @@ std::string Overview::Counted(const items::DueCount& count) const {
 }
 
 std::function<void()> Overview::Remember() {
-    return [this, counts = counts_, tally = tally_] {
+    return [this, counts = counts_, inList = inList_] {
         counts_ = counts;
-        tally_ = tally;
+        inList_ = inList;
     };
 }
 

@@ -44,7 +44,6 @@ class Overview {
     bool NothingSelected() const;
     std::string Line() const;
     std::string Summary() const;
-    std::string InList() const;
     std::string Counted(const items::DueCount& count) const;
 
     forms::Form& form_;
@@ -55,7 +54,7 @@ class Overview {
     StatusPanel& status_;
     Listing& listing_;
     std::optional<items::DueCounts> counts_;
-    std::optional<TreePanel::Tally> tally_;  ///< of the list, taken when the counts were
+    std::optional<items::DueCount> inList_;  ///< of the list, taken when the counts were
 };
 
 }  // namespace zv::windows

@@ -15,6 +15,8 @@ using resources::DesignText;
 constexpr int kContentLabel = 4;
 constexpr int kOthersLabel = 13;
 
+constexpr int kFrame = 2;  ///< of a box
+
 }  // namespace
 
 ContentPanel::ContentPanel(forms::Form& form, forms::TabPage page, Session& session)
@@ -73,7 +75,7 @@ void ContentPanel::Place(const forms::Rect& page) {
     const int otherHeight = std::clamp(shared - 2 * m.Row(), m.Row(), rowsHeight);
     const int contentHeight = std::max(m.Field(), shared - otherHeight);
     txtTaskCon.Move({kMargin, y, inner, contentHeight});
-    lblSummary.Move({kMargin + kGap, y + kGap, inner - 2 * kGap, contentHeight - 2 * kGap});
+    lblSummary.Move({kMargin + kFrame, y + kFrame, inner - 2 * kFrame, contentHeight - 2 * kFrame});
     y += contentHeight + kGap;
     lblOthers.Move({kMargin, y, inner, m.Text()});
     y += m.Text() + kGap;

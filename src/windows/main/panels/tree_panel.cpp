@@ -302,16 +302,18 @@ std::optional<forms::Sign> TreePanel::SignOf(int node) const {
         items::ColorOf(items::UrgencyOf(day, *state, today))};
 }
 
-TreePanel::Tally TreePanel::TallyItems() const {
+items::DueCount TreePanel::CountItems() const {
     const DateTime today = session_.machine.clock.Today();
-    Tally tally{};
+    items::DueCount count;
     for (int node = tvwTask.FirstRoot(); node != kNone; node = tvwTask.NextInOrder(node)) {
         const auto state = ItemStateOf(node);
-        if (!state) continue;
+        if (!state || *state == ItemState::Done) continue;
         const auto day = DateTime::Parse(DayOf(tvwTask.Text(node)));
-        tally[Position(items::UrgencyOf(day, *state, today))]++;
+        if (*state == ItemState::InHand) count.inHand++;
+        if (day && *day < today) count.overdue++;
+        if (day && *day == today) count.today++;
     }
-    return tally;
+    return count;
 }
 
 std::string TreePanel::Describe(int node) const {

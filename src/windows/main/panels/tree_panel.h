@@ -14,9 +14,9 @@
 #include "forms/lists.h"
 #include "forms/picture.h"
 #include "forms/tree_view.h"
+#include "items/due_count.h"
 #include "items/filter.h"
 #include "items/item_store.h"
-#include "items/urgency.h"
 #include "session/session.h"
 #include "store/connection.h"
 #include "windows/main/main_model.h"
@@ -96,9 +96,8 @@ class TreePanel {
     std::string Describe(int node) const;
     /// What a node shows beside its text: how pressing the item is. Nothing for a group or a plan.
     std::optional<forms::Sign> SignOf(int node) const;
-    /// How many items of each urgency are listed.
-    using Tally = std::array<int, items::kUrgencies.size()>;
-    Tally TallyItems() const;
+    /// How many of the items listed are due.
+    items::DueCount CountItems() const;
     void Remove(int node);
     /// The node of an item that was just saved, kNone when it is not listed. One without a number
     /// is looked for by what is seen of it.
