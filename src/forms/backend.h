@@ -54,6 +54,8 @@ class TreePeer : public ControlPeer {
     /// Between these two only adding and clearing happen, in any number.
     virtual void FillBegins() = 0;
     virtual void FillEnds() = 0;
+    /// Where a menu of the node opens, in twips from the tree's corner.
+    virtual Position PlaceOf(int node) = 0;
 };
 
 class FormPeer {

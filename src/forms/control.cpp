@@ -67,6 +67,15 @@ void Control::SetAccessibleName(std::string name) {
     Notify(Aspect::Caption);
 }
 
+void Control::SetAccessKey(char letter) {
+    accessKey_ = letter;
+    Notify(Aspect::Caption);
+}
+
+std::string Control::Marked(const std::string& caption) const {
+    return accessKey_ == 0 ? caption : caption + "(&" + accessKey_ + ")";
+}
+
 void Control::SetToolTip(std::string text) {
     if (text == toolTip_) return;
     toolTip_ = std::move(text);
@@ -101,6 +110,14 @@ std::function<void()> Control::Remember() {
         tag = text;
         Notify(Aspect::Visible);
         Notify(Aspect::Enabled);
+    };
+}
+
+std::function<void()> RememberAll(const std::vector<Control*>& controls) {
+    std::vector<std::function<void()>> parts;
+    for (Control* control : controls) parts.push_back(control->Remember());
+    return [parts = std::move(parts)] {
+        for (const auto& part : parts) part();
     };
 }
 

@@ -28,6 +28,12 @@ inline constexpr int kLeft = 37;
 inline constexpr int kUp = 38;
 inline constexpr int kRight = 39;
 inline constexpr int kDown = 40;
+inline constexpr int kDelete = 46;
+inline constexpr int kMenu = 93;
+inline constexpr int kF1 = 112;
+inline constexpr int kF2 = 113;
+inline constexpr int kF5 = 116;
+inline constexpr int kF10 = 121;
 inline constexpr int kA = 'A';
 inline constexpr int kC = 'C';
 }  // namespace key
@@ -38,6 +44,13 @@ struct KeyEvent {
     bool control = false;
     bool listOpen = false;  ///< a list or a calendar that the native control has opened takes it
 };
+
+/// Keys that mean something of their own in an entry: Delete, Ctrl+H (a backspace) and Ctrl+Z. In
+/// one that is locked there is nothing to take back.
+constexpr bool EditsText(const KeyEvent& event, bool locked) {
+    if (event.code == key::kDelete) return true;
+    return !locked && event.control && (event.code == 'H' || event.code == 'Z');
+}
 
 enum class MouseButton { None = 0, Left = 1, Right = 2 };
 
@@ -100,6 +113,12 @@ class Control {
     /// The caption in which an "&" marks the access key; null for a control without one. What is no
     /// tab stop stands for the control behind it.
     virtual const std::string* AccessCaption() const { return nullptr; }
+    /// The letter that works with Alt where the caption itself, which may be anybody's, marks none;
+    /// it is shown behind the caption. 0: none.
+    char AccessKey() const { return accessKey_; }
+    void SetAccessKey(char letter);
+    /// A caption as it is shown: with the access key behind it.
+    std::string Marked(const std::string& caption) const;
     /// Whether the control must get a key that the window would use otherwise.
     virtual bool KeepsKey(const KeyEvent& event) const { return event.listOpen; }
 
@@ -185,8 +204,12 @@ class Control {
     Rect bounds_;
     std::string accessibleName_;
     std::string toolTip_;
+    char accessKey_ = 0;
     std::unique_ptr<ControlPeer> peer_;
 };
+
+/// Control::Remember of several.
+std::function<void()> RememberAll(const std::vector<Control*>& controls);
 
 /// Controls of one name distinguished by an index.
 template <typename T>

@@ -25,6 +25,9 @@ class DatePicker : public Control {
         : Control(form, ControlKind::DatePicker, std::move(name), parent, index) {
         SetTabStop(true);
     }
+    bool KeepsKey(const KeyEvent& event) const override {
+        return EditsText(event, true) || Control::KeepsKey(event);
+    }
     /// Empty only when MayBeEmpty.
     const std::optional<DateTime>& Value() const { return value_; }
     /// Raises Change when it changes; throws error 5 for a date outside 1601 to 9999, or for none

@@ -31,7 +31,7 @@ enum class DefaultButton {
 struct MessageRequest {
     std::string_view text;
     int style = box::kOkOnly;
-    std::string_view title;
+    std::string_view title = {};
     DefaultButton standard = DefaultButton::First;
 };
 

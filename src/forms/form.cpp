@@ -247,38 +247,6 @@ void Form::SetActive(Control* control) {
     if (failure) std::rethrow_exception(failure);
 }
 
-void Form::MoveFocus(int direction) {
-    const int count = static_cast<int>(controls_.size());
-    if (count == 0) return;
-    const auto current = std::find(controls_.begin(), controls_.end(), active_);
-    int at = current == controls_.end() ? (direction > 0 ? -1 : count)
-                                        : static_cast<int>(current - controls_.begin());
-    for (int step = 0; step < count; step++) {
-        at = (at + direction + count) % count;
-        Control& candidate = *controls_[static_cast<std::size_t>(at)];
-        if (&candidate != active_ && candidate.CanFocus()) {
-            FocusTo(candidate);
-            return;
-        }
-    }
-}
-
-void Form::FocusMayBeLost() {
-    if (!shown_ || !active_ || active_->CanFocus()) return;
-    const int count = static_cast<int>(controls_.size());
-    const auto current = std::find(controls_.begin(), controls_.end(), active_);
-    int at = static_cast<int>(current - controls_.begin());
-    for (int step = 0; step < count; step++) {
-        at = (at + 1) % count;
-        Control& candidate = *controls_[static_cast<std::size_t>(at)];
-        if (candidate.CanFocus()) {
-            SetActive(&candidate);
-            return;
-        }
-    }
-    SetActive(nullptr);
-}
-
 void Form::PopupMenu(MenuItem& menu, int x, int y, const std::function<bool()>& stillMeant) {
     // As on a screen, where a second menu is refused while one is open.
     if (windows_.StandingMenu()) return;
@@ -299,15 +267,28 @@ void Form::Activate() {
 
 void Form::Unregister(Control& control) {
     std::erase(controls_, &control);
+    std::erase(tabOrder_, &control);
     if (active_ == &control) active_ = nullptr;
 }
 
 void Form::UserClose() {
     windows_.FromUser([this] {
+        // Nobody reaches the frame below a box: what closes the window then is a program.
+        if (!windows_.SomethingStands() && (!MayLeave() || !windows_.Holds(*this))) return;
         bool cancel = false;
         Form_QueryUnload(cancel, true);
         if (!cancel) Unload();
     });
+}
+
+bool Form::MayLeave() {
+    return !HoldsUnsavedInput() || windows_.MayDropInput();
+}
+
+bool Form::UserMayEnd() {
+    bool may = false;
+    windows_.FromUser([&] { may = !shown_ || !HoldsUnsavedInput() || windows_.MayDropInput(); });
+    return may;
 }
 
 void Form::UserResized(Rect bounds, Size clientSize) {

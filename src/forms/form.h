@@ -9,6 +9,7 @@
 
 #include "forms/backend.h"
 #include "forms/control.h"
+#include "forms/shortcuts.h"
 #include "forms/window_system.h"
 
 namespace zv::forms {
@@ -68,7 +69,7 @@ class Form {
     /// Shows the present state of the controls at once, for a handler that works long.
     void Refresh();
 
-    /// In order of creation, which is the tab order.
+    /// In order of creation.
     const std::vector<Control*>& Controls() const { return controls_; }
     const std::vector<MenuItem*>& Menus() const {
         return menus_;
@@ -80,11 +81,17 @@ class Form {
     /// Validates the control that has the focus, then LostFocus, then GotFocus of `target`. False
     /// when validation kept the focus or the target cannot take it.
     bool FocusTo(Control& target);
+    /// In the order in which Tab visits them: those of SetTabOrder, then the others in order of
+    /// creation.
+    std::vector<Control*> TabOrder() const;
+    void SetTabOrder(std::vector<Control*> first) { tabOrder_ = std::move(first); }
     /// As the Tab key (+1) or Shift+Tab (-1) does.
     void MoveFocus(int direction);
     /// Called when a control was hidden or disabled: the focus moves on, without validation.
     void FocusMayBeLost();
 
+    /// Keys that act wherever the focus is, unless the control that has it keeps them.
+    Shortcuts shortcuts;
     CommandButton* cancelButton = nullptr;   ///< pressed by Escape
     CommandButton* defaultButton = nullptr;  ///< pressed by Enter where nothing else takes it
 
@@ -99,8 +106,13 @@ class Form {
     Position LastPopupAt() const { return lastPopupAt_; }
     void ForgetPopup() { lastPopup_.clear(); }
 
+    /// Holds what the user has entered and not stored, which would be lost with the window.
+    virtual bool HoldsUnsavedInput() const { return false; }
+
     /// What the user did; a backend calls these, errors are shown to the user.
     void UserClose();
+    /// The session is about to end: false where the user wants to keep what he entered.
+    bool UserMayEnd();
     void UserResized(Rect bounds, Size clientSize);
     /// The same after a change of the resolution, which changes the widths of texts: the window is
     /// laid out again even where its size in units is as it was.
@@ -126,6 +138,8 @@ class Form {
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Resize() {}
+    /// The user wants to leave: asks him where that loses input. False: he stays.
+    virtual bool MayLeave();
     /// `byUser`: closed by its frame.
     virtual void Form_QueryUnload(bool& cancel, bool byUser);
     virtual void Form_Unload(bool& cancel);
@@ -147,6 +161,8 @@ class Form {
     void Unregister(Control& control);
     void Activate();
     void SetActive(Control* control);
+    bool TakeShortcut(const Control& control, const KeyEvent& event);
+    void PressAndReturn(CommandButton& button);
     bool TakeKey(Control& control, KeyEvent& event);
     void TakeTab(Control& control, const KeyEvent& event);
     void PressButtonOf(int code);
@@ -157,6 +173,7 @@ class Form {
     std::string caption_;
     std::vector<Control*> controls_;
     std::vector<MenuItem*> menus_;
+    std::vector<Control*> tabOrder_;
     Rect bounds_{0, 0, 640, 480};
     Size clientSize_{640, 480};
     Size minimumClientSize_;

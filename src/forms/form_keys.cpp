@@ -49,7 +49,30 @@ bool Form::UserKey(Control& control, KeyEvent event) {
     return used;
 }
 
+bool Form::TakeShortcut(const Control& control, const KeyEvent& event) {
+    const Shortcuts::Entry* entry = shortcuts.Find({event.code, event.control, event.shift});
+    if (!entry || control.KeepsKey(event)) return false;
+    if (entry->button) {
+        PressAndReturn(*entry->button);
+    } else if (!entry->allowed || entry->allowed()) {
+        entry->act();
+    }
+    return true;
+}
+
+// The button takes the focus first, so the field being left is validated. Where what it does leads
+// nowhere else, the user goes on where he was.
+void Form::PressAndReturn(CommandButton& button) {
+    if (!button.CanInteract()) return;
+    Control* const before = active_;
+    if (!UserFocused(button)) return;
+    button.UserClick();
+    const bool stayed = windows_.Holds(*this) && IsShown() && active_ == &button;
+    if (stayed && before && before->CanFocus()) UserFocused(*before);
+}
+
 bool Form::TakeKey(Control& control, KeyEvent& event) {
+    if (TakeShortcut(control, event)) return true;
     if (event.code != key::kTab) {
         control.UserKeyDown(event);
         if (!windows_.Holds(*this) || event.code == 0) return true;
@@ -75,8 +98,12 @@ void Form::TakeTab(Control& control, const KeyEvent& event) {
 }
 
 void Form::PressButtonOf(int code) {
-    CommandButton* button = code == key::kEscape ? cancelButton : defaultButton;
-    if (code == key::kEnter && active_) {
+    if (code == key::kEscape) {
+        if (cancelButton) PressAndReturn(*cancelButton);
+        return;
+    }
+    CommandButton* button = defaultButton;
+    if (active_) {
         // A button that has the focus takes Enter from the default one; in several lines it breaks
         // the line.
         if (auto* pressed = dynamic_cast<CommandButton*>(active_)) button = pressed;
@@ -93,9 +120,14 @@ bool Form::UserAccessKey(char32_t letter) {
 }
 
 bool Form::TakeAccessKey(char32_t letter) {
+    if (CommandButton* button = shortcuts.ByLetter(letter)) {
+        if (UserFocused(*button)) button->UserPress();
+        return true;
+    }
     for (Control* control : controls_) {
         const std::string* caption = control->AccessCaption();
-        if (!caption || !control->CanInteract() || AccessKeyOf(*caption) != letter) continue;
+        if (!caption || !control->CanInteract()) continue;
+        if (AccessKeyOf(control->Marked(*caption)) != letter) continue;
         Control* target = TargetOf(*this, *control);
         if (!target) continue;
         if (UserFocused(*target)) target->UserPress();

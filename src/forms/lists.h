@@ -66,6 +66,10 @@ class ComboBox : public ListControl {
         : ListControl(form, ControlKind::ComboBox, std::move(name), parent, index), style_(style) {
         SetTabStop(true);
     }
+    bool KeepsKey(const KeyEvent& event) const override {
+        const bool reads = style_ == ComboStyle::ListOnly || locked_;
+        return EditsText(event, reads) || ListControl::KeepsKey(event);
+    }
     ComboStyle Style() const { return style_; }
     std::function<void()> Remember() override;
     /// Of a list-only box: the selected entry.

@@ -19,6 +19,11 @@ void MenuItem::SetCaption(std::string caption) {
     Notify();
 }
 
+void MenuItem::SetShortcut(std::string name) {
+    shortcut_ = std::move(name);
+    Notify();
+}
+
 void MenuItem::SetEnabled(bool enabled) {
     enabled_ = enabled;
     Notify();

@@ -25,6 +25,9 @@ class MenuItem {
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
+    /// The key that does the same, shown at the right of the entry.
+    const std::string& Shortcut() const { return shortcut_; }
+    void SetShortcut(std::string name);
     bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled);
     /// Of a root: stands in the menu bar; an invisible root can still pop up.
@@ -50,6 +53,7 @@ class MenuItem {
     std::string name_;
     MenuItem* parent_;
     std::string caption_;
+    std::string shortcut_;
     int index_;
     bool enabled_ = true;
     bool visible_ = true;

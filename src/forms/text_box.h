@@ -35,7 +35,8 @@ class TextBox : public Control {
     bool ShowsTabs() const { return showsTabs_; }
     void SetShowsTabs(bool showsTabs) { showsTabs_ = showsTabs; }
     bool KeepsKey(const KeyEvent& event) const override {
-        return multiLine_ && event.code == key::kEnter;
+        return EditsText(event, locked_) ||
+               (multiLine_ && event.code == key::kEnter && !event.control);
     }
     bool NumericKeyboard() const { return numeric_; }
     void SetNumericKeyboard(bool numeric) { numeric_ = numeric; }

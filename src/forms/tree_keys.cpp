@@ -40,7 +40,18 @@ int TreeView::KeyTarget(int code) {
     return kNone;
 }
 
+// The menu of the selected node opens at the node.
+void TreeView::TakeMenuKey() {
+    const Position at = Native() ? Native()->PlaceOf(selected_) : Position{};
+    UserRightClick(selected_, at.x, at.y);
+}
+
 void TreeView::OwnKey(KeyEvent& event) {
+    if (event.code == key::kMenu || (event.code == key::kF10 && event.shift)) {
+        event.code = 0;
+        if (selected_ != kNone) TakeMenuKey();
+        return;
+    }
     // Together with Ctrl they move what is in sight, which the native tree knows.
     if (event.control || event.code < key::kEnd || event.code > key::kDown) return;
     const int target = KeyTarget(event.code);

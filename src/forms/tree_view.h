@@ -96,7 +96,8 @@ class TreeView : public Control {
     std::size_t MemoryBytes() const;
 
  protected:
-    /// Up, Down, Home and End lead to nodes that are shown, as a click does; Left and Right fold
+    /// The menu key and Shift+F10 press the selected node as the right button does. Up, Down, Home
+    /// and End lead to nodes that are shown, as a click does; Left and Right fold
     /// and unfold, or lead to the parent and the first child.
     void OwnKey(KeyEvent& event) override;
 
@@ -131,6 +132,7 @@ class TreeView : public Control {
     int PreviousShown(int node) const;
     int LastShown() const;
     int LastShownBelow(int node) const;
+    void TakeMenuKey();
     /// The node that a key leads to from the selected one; kNone when it leads nowhere.
     int KeyTarget(int code);
     void Unlink(int id);

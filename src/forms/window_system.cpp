@@ -265,6 +265,26 @@ Answer WindowSystem::ShowBox(const BoxText& text, const MessageRequest& request,
     return answer == Answer::None ? AnswerOfNobody(request.style) : answer;
 }
 
+bool WindowSystem::MayDropInput() {
+    if (!askToDropInput) return true;
+    if (askingToDrop_) return false;
+    struct Asking {
+        explicit Asking(bool& flag) : asking(flag) { asking = true; }
+        ~Asking() { asking = false; }
+        bool& asking;
+    } const standing{askingToDrop_};
+    return askToDropInput();
+}
+
+void WindowSystem::EndSession() {
+    const std::vector<Form*> present = Windows();
+    for (auto form = present.rbegin(); form != present.rend(); ++form) {
+        if (!Holds(**form)) continue;
+        Interrupt();
+        (*form)->UserDestroyed();
+    }
+}
+
 std::optional<std::string> WindowSystem::AskText(const std::string& prompt, bool secret) {
     const BoxText text(kInput + prompt);
     if (!MayStand(text)) throw BoxStands(RuntimeError(ErrorNumber::ModalFormShown));

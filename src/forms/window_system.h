@@ -86,6 +86,8 @@ class WindowSystem {
     /// No window exists.
     bool IsEmpty() const noexcept { return forms_.empty(); }
     Form* ModalForm() const { return modal_.empty() ? nullptr : modal_.back(); }
+    /// A box of any sort or a menu stands.
+    bool SomethingStands() const { return !standing_.empty(); }
     /// A modal window, a box of any sort or a menu stands.
     bool HasModal() const;
     void UnloadAll();
@@ -126,6 +128,12 @@ class WindowSystem {
     std::optional<std::string> AskText(const std::string& prompt, bool secret = false);
     std::optional<std::string> ChooseFile(const FileRequest& request);
 
+    /// Asks the user whether what he entered and did not store may be lost. While he is asked he
+    /// has not agreed.
+    bool MayDropInput();
+    /// The session ends: every window goes, the last one first, and nobody is asked.
+    void EndSession();
+
     /// The thread's message loop or the session ends: no box is shown any more until everything
     /// that is under way has returned.
     void Interrupt() { interrupted_ = 1; }
@@ -135,6 +143,8 @@ class WindowSystem {
     std::string title;
     /// Text that a user reads of an error.
     std::function<std::string(const RuntimeError&)> describeError;
+    /// Asks whether input may be lost. Without it nobody is asked.
+    std::function<bool()> askToDropInput;
     /// Takes the name of a window that was shown and is gone. May be empty.
     std::function<void(const std::string& name)> onClosed;
 
@@ -206,6 +216,7 @@ class WindowSystem {
     std::optional<RuntimeError> refused_;  ///< a box that the present call of the host may not show
     MenuItem* standingMenu_ = nullptr;
     MenuItem* chosenItem_ = nullptr;
+    bool askingToDrop_ = false;
     int depth_ = 0;
     int loopDepth_ = 0;  ///< the depth at which the present message loop runs
     std::deque<std::function<void()>> after_;

@@ -52,6 +52,7 @@ struct PlanEntry {
     std::string setMan;
     std::string doneMan;
     std::string content;
+    bool operator==(const PlanEntry&) const = default;
 };
 
 /// Why an entry is refused: catalogue ids whose texts make up the message, one behind the other,

@@ -13,6 +13,7 @@
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
 #include "resources/item_texts.h"
+#include "resources/key_texts.h"
 #include "resources/plan_texts.h"
 #include "resources/print_texts.h"
 #include "resources/report_texts.h"
@@ -31,7 +32,7 @@ using Texts = std::span<const Text<Id>>;
 /// The numbered catalogue, the texts of each enumeration, the errors by number and by kind.
 using Language = std::tuple<Texts<std::int16_t>, Texts<DesignText>, Texts<AskText>, Texts<ItemText>,
                             Texts<PlanText>, Texts<ReportText>, Texts<PrintText>, Texts<StatusText>,
-                            Texts<ErrorNumber>, Texts<ErrorKind>>;
+                            Texts<KeyText>, Texts<ErrorNumber>, Texts<ErrorKind>>;
 
 /// Stands among the errors for every number that has no text of its own.
 inline constexpr ErrorNumber kAnyError{};

@@ -36,6 +36,11 @@ Session::Session(platform::Machine& machinePort, resources::SettingsStore& setti
               return CannotOpen(error, connection, state.Language);
           }) {
     windows.describeError = [this](const RuntimeError& error) { return Describe(error); };
+    windows.askToDropInput = [this] {
+        return windows.AskCarefully(LoadText(resources::KeyText::DropInput),
+                                    forms::box::kOkCancel + forms::box::kExclamation) ==
+               forms::Answer::Ok;
+    };
     windows.onClosed = [this](const std::string& name) {
         Announce([name](HostEvents& events) { events.WindowClosed(name); });
     };
@@ -44,6 +49,7 @@ Session::Session(platform::Machine& machinePort, resources::SettingsStore& setti
 
 Session::~Session() {
     windows.describeError = nullptr;
+    windows.askToDropInput = nullptr;
     windows.onClosed = nullptr;
     windows.ForgetWhatFollows();
 }

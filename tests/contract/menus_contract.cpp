@@ -138,6 +138,15 @@ TEST_F(Menus, CaptionsMayChangeWhileShown) {
     EXPECT_EQ(events_, std::vector<std::string>{"add"});
 }
 
+TEST_F(Menus, AShortcutIsShownAndChangesNoCaption) {
+    form.mnuTaskAdd.SetShortcut("Ctrl+N");
+    form.Show(false);
+    EXPECT_EQ(form.mnuTaskAdd.Caption(), "新增(&A)");
+    EXPECT_EQ(form.mnuTaskAdd.Shortcut(), "Ctrl+N");
+    driver().Choose(form.mnuTaskAdd);
+    EXPECT_EQ(events_, std::vector<std::string>{"add"});
+}
+
 TEST_F(Menus, MouseMovesReportTheirPlaceInTwips) {
     int y = -1;
     form.picImage.onMouseMove = [&](const MouseEvent& event) { y = event.y; };

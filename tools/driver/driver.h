@@ -9,6 +9,7 @@
 #include "base/date_time.h"
 #include "forms/control.h"
 #include "forms/menu.h"
+#include "forms/window_system.h"
 
 namespace zv::driver {
 
@@ -54,6 +55,8 @@ class Driver {
     virtual void ResizeColumn(forms::Control& grid, int column, int width) = 0;
     virtual void Resize(forms::Form& form, forms::Size clientSize) = 0;
     virtual void Close(forms::Form& form) = 0;
+    /// The user logs off: every window is asked, and when none objects all go.
+    virtual void EndSession(forms::WindowSystem& windows) = 0;
 
     /// A property as the user sees it ("text", "caption", "value", "nodes", "cell" with two
     /// arguments, ...), nothing when the control has no such property.

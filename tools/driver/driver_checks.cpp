@@ -80,6 +80,7 @@ Text ReadCommon(const Control& c, const std::string& p) {
     if (p == "tag") return c.tag;
     if (p == "focus") return Truth(c.HasFocus());
     if (p == "tooltip") return c.ToolTip();
+    if (p == "accesskey") return c.AccessKey() ? std::string(1, c.AccessKey()) : std::string();
     return {};
 }
 

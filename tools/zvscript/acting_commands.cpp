@@ -8,6 +8,7 @@
 #include "forms/containers.h"
 #include "forms/form.h"
 #include "forms/grid.h"
+#include "forms/key_chord.h"
 #include "forms/timer.h"
 #include "scenario_stage.h"
 #include "target.h"
@@ -98,34 +99,43 @@ Action Leave(Words words) {
     });
 }
 
+// Alt and a letter go to the window, wherever its focus is.
 Action Key(Words words) {
-    using forms::KeyEvent;
-    namespace key = forms::key;
-    const std::array<std::pair<std::string_view, KeyEvent>, 13> kKeys = {
-        {{"Enter", {key::kEnter}},
-         {"Down", {key::kDown}},
-         {"Up", {key::kUp}},
-         {"Left", {key::kLeft}},
-         {"Right", {key::kRight}},
-         {"Home", {key::kHome}},
-         {"End", {key::kEnd}},
-         {"Tab", {key::kTab}},
-         {"Shift+Tab", {key::kTab, true}},
-         {"Ctrl+Tab", {key::kTab, false, true}},
-         {"Escape", {key::kEscape}},
-         {"Ctrl+A", {key::kA, false, true}},
-         {"Ctrl+C", {key::kC, false, true}}}};
-    std::string names;
-    for (const auto& [name, event] : kKeys) {
-        if (name == words[1]) {
-            return AtControl(words[0],
-                             [event = event](ScenarioStage& stage, forms::Control& control) {
-                                 stage.driver.PressKey(control, event);
-                             });
-        }
-        names += (names.empty() ? "" : ", ") + std::string(name);
+    constexpr std::string_view kAlt = "Alt+";
+    const std::string& name = words[1];
+    if (name.starts_with(kAlt) && name.size() == kAlt.size() + 1) {
+        return AtControl(words[0],
+                         [letter = name.back()](ScenarioStage& stage, forms::Control& control) {
+                             stage.driver.PressAccessKey(control.Owner(), letter);
+                         });
     }
-    throw ScriptError("a key is one of " + names);
+    const auto chord = forms::ParseKeyChord(name);
+    if (!chord) throw ScriptError("not a key: " + Quote(name));
+    const forms::KeyEvent event{chord->code, chord->shift, chord->control};
+    return AtControl(words[0], [event](ScenarioStage& stage, forms::Control& control) {
+        stage.driver.PressKey(control, event);
+    });
+}
+
+// A key where the focus is, as a user presses it who goes on.
+Action Press(Words words) {
+    const auto chord = forms::ParseKeyChord(words[1]);
+    if (!chord) throw ScriptError("not a key: " + Quote(words[1]));
+    const forms::KeyEvent event{chord->code, chord->shift, chord->control};
+    return [name = ParseWindow(words[0]), event](ScenarioStage& stage) {
+        forms::Form& form = FindForm(stage.windows, name);
+        stage.RequireReachable(form);
+        if (!form.ActiveControl()) throw Failure(name + " has no focus");
+        try {
+            stage.driver.PressKey(*form.ActiveControl(), event);
+        } catch (const driver::DriverError& error) {
+            throw Failure(name + ": " + error.what());
+        }
+    };
+}
+
+Action EndSession(Words) {
+    return [](ScenarioStage& stage) { stage.driver.EndSession(stage.windows); };
 }
 
 // Tabs are picked by their position, too, and the rows of a grid, whose first is position 0 here.
@@ -215,8 +225,9 @@ constexpr std::array kActing = std::to_array<CommandSpec>({
     {"rightclick", 1, 2, "W.C [KEY]", RightClick},
     {"type", 2, 2, "W.C \"TEXT\"", Type},
     {"leave", 1, 1, "W.C", Leave},
-    {"key", 2, 2,
-     "W.C Enter|Down|Up|Left|Right|Home|End|Tab|Shift+Tab|Ctrl+Tab|Escape|Ctrl+A|Ctrl+C", Key},
+    {"key", 2, 2, "W.C Enter|Down|...|F2|Delete|Menu|Ctrl+S|Shift+F10|Alt+S", Key},
+    {"press", 2, 2, "W Enter|Down|...|F2|Delete|Menu|Ctrl+S|Shift+F10", Press},
+    {"endsession", 0, 0, "", EndSession},
     {"heading", 2, 2, "W.C COLUMN", Heading},
     {"pick", 2, 2, "W.C INDEX", Pick},
     {"date", 2, 2, "W.C 2003-03-07|2003-03-07T10:00:00|empty", Date},

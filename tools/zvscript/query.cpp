@@ -77,12 +77,16 @@ std::optional<std::string> ReadMenu(const forms::MenuItem& item, const std::stri
     if (property == "caption") return item.Caption();
     if (property == "enabled") return Truth(item.Enabled());
     if (property == "visible") return Truth(MenuVisible(item));
+    if (property == "shortcut") return item.Shortcut();
     if (property == "value") return std::string(item.Checked() ? "1" : "0");
     return {};
 }
 
 std::string ReadWindow(ScenarioStage& stage, const PropertyPath& path) {
     forms::Form& form = FindForm(stage.windows, path.target.window);
+    if (path.property == "focus") {
+        return form.ActiveControl() ? form.ActiveControl()->DisplayName() : std::string();
+    }
     if (path.property == "minimised") {
         return Truth(form.State() == forms::WindowState::Minimised);
     }

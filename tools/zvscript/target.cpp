@@ -26,11 +26,12 @@ struct PropertyName {
     std::string_view name;
     std::size_t arguments;
 };
-constexpr std::array<PropertyName, 22> kReadProperties = {
-    {{"signs", 0},  {"text", 0},      {"caption", 0}, {"value", 0}, {"enabled", 0},  {"visible", 0},
-     {"index", 0},  {"count", 0},     {"list", 1},    {"tag", 0},   {"date", 0},     {"tab", 0},
-     {"locked", 0}, {"maxlength", 0}, {"focus", 0},   {"nodes", 0}, {"selected", 0}, {"rows", 0},
-     {"cell", 2},   {"selection", 0}, {"sort", 0},    {"width", 1}}};
+constexpr std::array<PropertyName, 25> kReadProperties = {
+    {{"signs", 0},   {"text", 0},     {"caption", 0}, {"value", 0},     {"enabled", 0},
+     {"visible", 0}, {"index", 0},    {"count", 0},   {"list", 1},      {"tag", 0},
+     {"date", 0},    {"tab", 0},      {"locked", 0},  {"maxlength", 0}, {"focus", 0},
+     {"nodes", 0},   {"selected", 0}, {"rows", 0},    {"cell", 2},      {"selection", 0},
+     {"sort", 0},    {"width", 1},    {"tooltip", 0}, {"shortcut", 0},  {"accesskey", 0}}};
 
 /// One part of a path: a name and the numbers in parentheses behind it.
 struct Part {
@@ -129,8 +130,8 @@ PropertyPath ParsePropertyPath(const std::string& word) {
     const Part& last = parts.back();
     if (parts.size() == 2) {
         PropertyPath path{{WindowOf(parts[0]), {}, -1}, last.name, {}};
-        const bool known =
-            last.name == "caption" || last.name == "modal" || last.name == "minimised";
+        const bool known = last.name == "caption" || last.name == "modal" ||
+                           last.name == "minimised" || last.name == "focus";
         if (!known || last.parenthesis) {
             throw ScriptError("a window has no property " + Quote(last.name));
         }

@@ -15,17 +15,23 @@ int Metrics::Width(std::string_view caption) const {
     return backend_.MeasureText(text).width;
 }
 
+int Metrics::ButtonWidth(const CommandButton& button) const {
+    return ButtonWidth(button.Marked(button.Caption()));
+}
+
 int Metrics::Widest(std::initializer_list<const Label*> labels) const {
     // A letter may lean over the end of its text.
     constexpr int kOverhang = 2;
     int width = 0;
-    for (const Label* label : labels) width = std::max(width, Width(label->Caption()) + kOverhang);
+    for (const Label* label : labels)
+        width = std::max(width, Width(label->Marked(label->Caption())) + kOverhang);
     return width;
 }
 
 int Metrics::LabelWidth(std::initializer_list<const Label*> labels) const {
     int width = 0;
-    for (const Label* label : labels) width = std::max(width, Width(label->Caption()));
+    for (const Label* label : labels)
+        width = std::max(width, Width(label->Marked(label->Caption())));
     return width + kLabelGap;
 }
 

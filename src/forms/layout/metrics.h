@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "forms/backend.h"
+#include "forms/buttons.h"
 #include "forms/control.h"
 #include "forms/label.h"
 
@@ -58,6 +59,7 @@ class Metrics {
     int ButtonWidth(std::string_view caption) const {
         return std::max(spacing_.buttonWidth, Width(caption) + spacing_.buttonPadding);
     }
+    int ButtonWidth(const CommandButton& button) const;
     int BoxWidth(std::string_view caption) const { return Width(caption) + kBoxWidth; }
     int ListHeight(int rows) const { return rows * Line() + 6; }
     /// What the widest of them needs.

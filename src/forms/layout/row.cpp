@@ -20,7 +20,7 @@ void Row::Put(Control& control, int width, int height, int drop) {
 int PlaceFromRight(const Metrics& metrics, int right, int top,
                    std::initializer_list<CommandButton*> buttons) {
     for (CommandButton* button : buttons) {
-        const int width = metrics.ButtonWidth(button->Caption());
+        const int width = metrics.ButtonWidth(*button);
         button->Move({right - width, top, width, metrics.Button()});
         right -= width + metrics.Gap();
     }

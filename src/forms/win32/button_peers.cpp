@@ -12,7 +12,7 @@ void NativeCommand::Create(HWND parent, int id) {
     const bool isDefault = button.Owner().defaultButton == &button;
     CreateNative(parent, id, WC_BUTTONW,
                  WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), 0,
-                 ToWide(button.Caption()));
+                 ToWide(button.Marked(button.Caption())));
 }
 
 void NativeCommand::OnCommand(UINT code) {
@@ -21,8 +21,8 @@ void NativeCommand::OnCommand(UINT code) {
 
 void NativeCommand::Mirror(Aspect aspect) {
     if (aspect != Aspect::Caption) return;
-    SetWindowTextW(Handle(),
-                   ToWide(static_cast<const CommandButton&>(Logical()).Caption()).c_str());
+    const auto& button = static_cast<const CommandButton&>(Logical());
+    SetWindowTextW(Handle(), ToWide(button.Marked(button.Caption())).c_str());
 }
 
 void NativeCommand::ShowAsDefault(bool isDefault) {
@@ -43,7 +43,8 @@ std::optional<LRESULT> NativeCommand::OnMessage(UINT message, WPARAM, LPARAM) {
 
 void NativeCheckBox::Create(HWND parent, int id) {
     const auto& box = static_cast<const CheckBox&>(Logical());
-    CreateNative(parent, id, WC_BUTTONW, WS_TABSTOP | BS_CHECKBOX, 0, ToWide(box.Caption()));
+    CreateNative(parent, id, WC_BUTTONW, WS_TABSTOP | BS_CHECKBOX, 0,
+                 ToWide(box.Marked(box.Caption())));
     Mirror(Aspect::Value);
 }
 
@@ -53,7 +54,8 @@ void NativeCheckBox::OnCommand(UINT code) {
 
 void NativeCheckBox::Mirror(Aspect aspect) {
     const auto& box = static_cast<const CheckBox&>(Logical());
-    if (aspect == Aspect::Caption) SetWindowTextW(Handle(), ToWide(box.Caption()).c_str());
+    if (aspect == Aspect::Caption)
+        SetWindowTextW(Handle(), ToWide(box.Marked(box.Caption())).c_str());
     if (aspect == Aspect::Value) {
         Send(BM_SETCHECK, box.Checked() ? BST_CHECKED : BST_UNCHECKED);
     }
@@ -61,7 +63,8 @@ void NativeCheckBox::Mirror(Aspect aspect) {
 
 void NativeOption::Create(HWND parent, int id) {
     const auto& option = static_cast<const OptionButton&>(Logical());
-    CreateNative(parent, id, WC_BUTTONW, WS_TABSTOP | BS_RADIOBUTTON, 0, ToWide(option.Caption()));
+    CreateNative(parent, id, WC_BUTTONW, WS_TABSTOP | BS_RADIOBUTTON, 0,
+                 ToWide(option.Marked(option.Caption())));
     Mirror(Aspect::Value);
 }
 
@@ -71,7 +74,8 @@ void NativeOption::OnCommand(UINT code) {
 
 void NativeOption::Mirror(Aspect aspect) {
     const auto& option = static_cast<const OptionButton&>(Logical());
-    if (aspect == Aspect::Caption) SetWindowTextW(Handle(), ToWide(option.Caption()).c_str());
+    if (aspect == Aspect::Caption)
+        SetWindowTextW(Handle(), ToWide(option.Marked(option.Caption())).c_str());
     if (aspect == Aspect::Value) {
         Send(BM_SETCHECK, option.Value() ? BST_CHECKED : BST_UNCHECKED);
     }

@@ -18,6 +18,8 @@ void Pass(const MSG& message) {
 
 void FormWindow::HandleKey(const MSG& message) {
     if (message.message == WM_SYSKEYDOWN) {
+        const bool menuKey = message.wParam == VK_F10 && IsDown(VK_SHIFT);
+        if (menuKey && ReportKey(message)) return;
         if (message.wParam == VK_MENU) {
             SendMessageW(Handle(), WM_CHANGEUISTATE,
                          MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
@@ -29,20 +31,21 @@ void FormWindow::HandleKey(const MSG& message) {
         if (!form_.UserAccessKey(static_cast<char32_t>(message.wParam))) Pass(message);
         return;
     }
+    if (!ReportKey(message)) Pass(message);
+}
+
+bool FormWindow::ReportKey(const MSG& message) {
     NativeControl* native = nullptr;
     for (HWND at = message.hwnd; at && !native && at != Handle(); at = GetParent(at)) {
         native = Find(at);
     }
-    if (!native || composing_) {
-        Pass(message);
-        return;
-    }
+    if (!native || composing_) return false;
     if (message.wParam == VK_TAB) {
         SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     }
     const KeyEvent event{static_cast<int>(message.wParam), IsDown(VK_SHIFT), IsDown(VK_CONTROL),
                          native->ListOpen()};
-    if (!form_.UserKey(native->Logical(), event)) Pass(message);
+    return form_.UserKey(native->Logical(), event);
 }
 
 }  // namespace zv::forms::win32

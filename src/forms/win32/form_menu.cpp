@@ -40,7 +40,9 @@ void FormMenu::Fill(HMENU menu, const std::vector<MenuItem*>& items) const {
             flags |= MF_POPUP;
             id = reinterpret_cast<UINT_PTR>(below.release());  // dies with the menu it is in
         }
-        AppendMenuW(menu, flags, id, ToWide(item->Caption()).c_str());
+        std::string text = item->Caption();
+        if (!item->Shortcut().empty()) text += '\t' + item->Shortcut();
+        AppendMenuW(menu, flags, id, ToWide(text).c_str());
     }
 }
 

@@ -244,6 +244,8 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             inMenu_ = false;
             if (backend_.quit_) PostQuitMessage(*std::exchange(backend_.quit_, std::nullopt));
             break;
+        case WM_QUERYENDSESSION:
+            return form_.UserMayEnd() ? TRUE : FALSE;
         case WM_ENDSESSION:
             if (wParam) backend_.EndSession();
             return 0;

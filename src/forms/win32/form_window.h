@@ -91,6 +91,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     /// Keeps a key message until the message loop hands over what it becomes.
     void Defer(MSG& message);
     void HandleKey(const MSG& message);
+    /// False: the native control does with it what it does by itself.
+    bool ReportKey(const MSG& message);
 
     void SetTimer(const Control& timer, int interval);
     void StopTimer(const Control& timer);

@@ -8,7 +8,8 @@ namespace zv::forms::win32 {
 void NativeLabel::Create(HWND parent, int id) {
     const auto& label = static_cast<const Label&>(Logical());
     const DWORD prefix = label.UseMnemonic() ? 0 : SS_NOPREFIX;
-    CreateNative(parent, id, WC_STATICW, SS_LEFT | prefix, 0, ToWide(label.Caption()));
+    CreateNative(parent, id, WC_STATICW, SS_LEFT | prefix, 0,
+                 ToWide(label.Marked(label.Caption())));
 }
 
 void NativeLabel::Mirror(Aspect aspect) {
@@ -21,7 +22,7 @@ void NativeLabel::Mirror(Aspect aspect) {
         SetWindowLongPtrW(Handle(), GWL_STYLE, wanted);
         InvalidateRect(Handle(), nullptr, TRUE);
     }
-    SetWindowTextW(Handle(), ToWide(label.Caption()).c_str());
+    SetWindowTextW(Handle(), ToWide(label.Marked(label.Caption())).c_str());
 }
 
 }  // namespace zv::forms::win32

@@ -415,7 +415,7 @@ void NativeTree::OnInfoTip(NMTVGETINFOTIPW& tip) {
     lstrcpynW(tip.pszText, text.c_str(), tip.cchTextMax);
 }
 
-std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM, LPARAM lParam) {
+std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (stale_ && !filling_) Synchronize();
     switch (message) {
         case kSynchronize:
@@ -434,6 +434,10 @@ std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM, LPARAM lParam
             if (lParam != -1) return std::nullopt;
             OnMenuKey();
             return 0;
+        case WM_KEYUP:
+            // The system would ask for the menu that the key opened when it went down.
+            if (wParam == VK_APPS) return 0;
+            return std::nullopt;
         default:
             return std::nullopt;
     }
@@ -497,13 +501,20 @@ void NativeTree::OnRightClick(POINT at) {
 
 void NativeTree::OnMenuKey() {
     const int node = Tree().Selected();
+    const Position at = PlaceOf(node);
+    Tree().UserRightClick(node, at.x, at.y);
+}
+
+Position NativeTree::PlaceOf(int node) {
+    if (stale_ && !filling_) Synchronize();
     RECT place{};
     const HTREEITEM item = ItemOf(node);
+    if (item) Send(TVM_ENSUREVISIBLE, 0, AsParam(item));
     std::memcpy(&place, &item,
                 sizeof(HTREEITEM));  // the message reads the item from the result's place
     if (!item || !Send(TVM_GETITEMRECT, TRUE, AsParam(&place))) place = {};
-    Tree().UserRightClick(node, GetScale().ToTwips(static_cast<int>(place.left)),
-                          GetScale().ToTwips(static_cast<int>(place.bottom)));
+    return {GetScale().ToTwips(static_cast<int>(place.left)),
+            GetScale().ToTwips(static_cast<int>(place.bottom))};
 }
 
 int NativeTree::NodeAt(POINT at) const {

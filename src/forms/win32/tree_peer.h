@@ -25,6 +25,8 @@ class NativeTree : public NativeControl {
     void ResolutionChanged() override;
     void OnDestroy() noexcept override;
 
+    /// In twips, below the beginning of the node's text.
+    Position PlaceOf(int node);
     void NodeAdded(int node);
     void NodeRemoved(int node);
     void NodeChanged(int node);
@@ -44,6 +46,7 @@ class NativeTree : public NativeControl {
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+    void OnMenuKey();
     static constexpr int kNone = -1;
 
     /// A native item and what it shows. Items are numbered for good, nodes are not.
@@ -97,7 +100,6 @@ class NativeTree : public NativeControl {
     void OnSelected(const NMTREEVIEWW& change);
     void OnClick();
     void OnRightClick(POINT at);
-    void OnMenuKey();
     int NodeAt(POINT at) const;
     void Defer();
 
@@ -126,6 +128,7 @@ class NativeTreePeer : public PeerOf<TreePeer, NativeTree> {
     void NodesCleared() override { GetNative().NodesCleared(); }
     void FillBegins() override { GetNative().FillBegins(); }
     void FillEnds() override { GetNative().FillEnds(); }
+    Position PlaceOf(int node) override { return GetNative().PlaceOf(node); }
 };
 
 }  // namespace zv::forms::win32

@@ -390,6 +390,30 @@ inline constexpr auto kPrint = InOrder<PrintText>({
     {PrintText::BadMargin, "页边距应是 {0} 到 {1} 的整数（毫米）。"},
 });
 
+// What keys do.
+inline constexpr auto kKeys = InOrder<KeyText>({
+    {KeyText::Heading, "键盘操作"},
+    {KeyText::Add, "新增"},
+    {KeyText::Change, "修改"},
+    {KeyText::Delete, "删除"},
+    {KeyText::Save, "保存"},
+    {KeyText::Done, "任务已完成"},
+    {KeyText::InHand, "任务办理中"},
+    {KeyText::ReadAgain, "重新读取列表"},
+    {KeyText::Find, "转到筛选条件"},
+    {KeyText::Print, "打印"},
+    {KeyText::TakeBack, "取回放下的输入"},
+    {KeyText::NodeMenu, "打开所选项目的菜单"},
+    {KeyText::NextPage, "下一页"},
+    {KeyText::Leave, "退出"},
+    {KeyText::ThisList, "显示本列表"},
+    {KeyText::Confirm, "确定"},
+    {KeyText::Query, "查询"},
+    {KeyText::Export, "导出"},
+    {KeyText::DropInput, "输入的内容还没有保存，退出后将会丢失。仍要退出吗 ?"},
+    {KeyText::PutAside, "[{0}] 的输入尚未保存，按 Ctrl+Z 取回"},
+});
+
 // Run-time errors by their number.
 inline constexpr auto kErrors = std::to_array<Text<ErrorNumber>>({
     {ErrorNumber::InvalidProcedureCall, "无效的过程调用或参数"},
@@ -466,8 +490,8 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace simplified
 
 inline constexpr Language kSimplified{
-    simplified::kCatalogue, simplified::kDesign,    simplified::kAsk,   simplified::kItem,
-    simplified::kPlan,      simplified::kReport,    simplified::kPrint, simplified::kStatus,
-    simplified::kErrors,    simplified::kErrorKinds};
+    simplified::kCatalogue, simplified::kDesign, simplified::kAsk,       simplified::kItem,
+    simplified::kPlan,      simplified::kReport, simplified::kPrint,     simplified::kStatus,
+    simplified::kKeys,      simplified::kErrors, simplified::kErrorKinds};
 
 }  // namespace zv::resources

@@ -390,6 +390,30 @@ inline constexpr auto kPrint = InOrder<PrintText>({
     {PrintText::BadMargin, "邊界應是 {0} 到 {1} 的整數（公釐）。"},
 });
 
+// What keys do.
+inline constexpr auto kKeys = InOrder<KeyText>({
+    {KeyText::Heading, "鍵盤操作"},
+    {KeyText::Add, "新增"},
+    {KeyText::Change, "修改"},
+    {KeyText::Delete, "刪除"},
+    {KeyText::Save, "保存"},
+    {KeyText::Done, "任務已完成"},
+    {KeyText::InHand, "任務辦理中"},
+    {KeyText::ReadAgain, "重新讀取列表"},
+    {KeyText::Find, "轉到篩選條件"},
+    {KeyText::Print, "打印"},
+    {KeyText::TakeBack, "取回放下的輸入"},
+    {KeyText::NodeMenu, "打開所選項目的菜單"},
+    {KeyText::NextPage, "下一頁"},
+    {KeyText::Leave, "退出"},
+    {KeyText::ThisList, "顯示本列表"},
+    {KeyText::Confirm, "確定"},
+    {KeyText::Query, "查詢"},
+    {KeyText::Export, "匯出"},
+    {KeyText::DropInput, "輸入的內容還沒有保存，退出後將會丟失。仍要退出嗎 ?"},
+    {KeyText::PutAside, "[{0}] 的輸入尚未保存，按 Ctrl+Z 取回"},
+});
+
 // Run-time errors by their number.
 inline constexpr auto kErrors = std::to_array<Text<ErrorNumber>>({
     {ErrorNumber::InvalidProcedureCall, "無效的程序呼叫或引數"},
@@ -466,8 +490,8 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace traditional
 
 inline constexpr Language kTraditional{
-    traditional::kCatalogue, traditional::kDesign,    traditional::kAsk,   traditional::kItem,
-    traditional::kPlan,      traditional::kReport,    traditional::kPrint, traditional::kStatus,
-    traditional::kErrors,    traditional::kErrorKinds};
+    traditional::kCatalogue, traditional::kDesign, traditional::kAsk,       traditional::kItem,
+    traditional::kPlan,      traditional::kReport, traditional::kPrint,     traditional::kStatus,
+    traditional::kKeys,      traditional::kErrors, traditional::kErrorKinds};
 
 }  // namespace zv::resources

@@ -57,6 +57,8 @@ frmTaskDone::frmTaskDone(forms::WindowSystem& windows, Session& session)
 }
 
 void frmTaskDone::WireKeys() {
+    shortcuts.Press({'S', true}, cmdTaskDone);
+    shortcuts.Press({forms::key::kEnter, true}, cmdTaskDone);
     txtTitle.onKeyDown = [this](forms::KeyEvent& event) {
         forms::MoveOnEnterAndArrows(*this, event);
     };
@@ -74,6 +76,8 @@ void frmTaskDone::Form_Load() {
     SetCaptions();
     DTPicker1.SetValue(session_.machine.clock.Today());
     ShowPlan(number::ToInt16(static_cast<double>(session_.state.myTaskID)));
+    shownTitle_ = txtTitle.Text();
+    shownDate_ = DTPicker1.Value();
     PlaceControls();
     Center();
 }
@@ -85,6 +89,10 @@ void frmTaskDone::SetCaptions() {
     cmdTaskQuit.SetCaption(session_.LoadText(text_id::kCancel));
     txtTitle.SetAccessibleName(lblTitle.Caption());
     DTPicker1.SetAccessibleName(lblDate.Caption());
+    lblTitle.SetAccessKey('T');
+    lblDate.SetAccessKey('D');
+    cmdTaskDone.SetAccessKey('O');
+    cmdTaskQuit.SetAccessKey('C');
 }
 
 void frmTaskDone::ShowPlan(std::int16_t number) {
@@ -141,7 +149,7 @@ bool frmTaskDone::Complete(std::int32_t item) {
 }
 
 void frmTaskDone::cmdTaskQuit_Click() {
-    Unload();
+    if (MayLeave() && IsLoaded()) Unload();
 }
 
 void ShowTaskDone(Session& session, std::int16_t taskType, bool modal) {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "forms/buttons.h"
@@ -31,6 +33,9 @@ class frmTaskDone : public forms::Form, public StoreClient {
     frmTaskDone(forms::WindowSystem& windows, Session& session);
 
     bool HoldsInput() const override { return IsShown(); }
+    bool HoldsUnsavedInput() const override {
+        return txtTitle.Text() != shownTitle_ || DTPicker1.Value() != shownDate_;
+    }
 
     /// kCompleteItem, or any other value to add a plan's item. Sets the caption as well.
     void TaskType(std::int16_t type);
@@ -60,6 +65,9 @@ class frmTaskDone : public forms::Form, public StoreClient {
 
     Session& session_;
     std::int16_t type_ = kCompleteItem;
+    /// What the boxes held before the user touched them.
+    std::string shownTitle_;
+    std::optional<DateTime> shownDate_;
 };
 
 /// Shows the dialog: the one that is open for the same purpose with what it holds, or a new one,

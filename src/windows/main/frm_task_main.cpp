@@ -40,6 +40,7 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       options(*this, {SSTab1, kOptionsTab}, owner, OptionPorts(*this)),
       commands(*this, owner, model),
       status(*this, owner),
+      notice(*this),
       staff(owner, item),
       labels(owner, AllBoxes(item, content, cards)),
       view(owner, model, item, content, cards),
@@ -51,7 +52,10 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
               selection, listing, plans),
       completion(*this, owner, model, tree, item, commands, view, selection),
       search(*this, owner, model, commands, labels, listing),
-      printing(*this, owner, commands, birthdays, labels, view, listing) {
+      printing(*this, owner, commands, birthdays, labels, view, listing),
+      droppedInput(*this, owner, model, SSTab1, tree, item, content, cards, view, selection,
+                   takeBack),
+      keys(*this, owner, filter, commands, listing, completion, takeBack) {
     SetSizable(true);
     SetMinimumClientSize(kSmallestSize);
     SetClientSize(kStartSize);
@@ -77,6 +81,14 @@ void frmTaskMain::Wire() {
     };
     commands.cmdExit.onClick = [this] { cmdExit_Click(); };
     cancelButton = &commands.cmdExit;
+    takeBack.onNotice = [this](const std::string& text) { notice.Show(text); };
+    OrderTabs();
+}
+
+// What an entry usually needs, and then the button that stores it.
+void frmTaskMain::OrderTabs() {
+    SetTabOrder({&tree.tvwTask, &tree.cboOrder, &tree.chkEvent, &item.txtTitle2, &item.cboType2,
+                 &item.DTPicker2, &item.cboJbr2, &content.txtTaskCon, &commands.cmdSave});
 }
 
 void frmTaskMain::PopupPictureMenu(int x, int y) {
@@ -98,6 +110,9 @@ void frmTaskMain::PlaceControls() {
     item.Place({left, top, rightWidth, item.Height()});
     const int tabTop = top + item.Height() + kGap;
     SSTab1.Move({left, tabTop, rightWidth, height - tabTop - kMargin});
+    // Beside the tabs.
+    const int half = rightWidth / 2;
+    notice.Place({left + half, tabTop + kGap, rightWidth - half, forms::TabPanel::kTabHeight});
     const forms::Rect page = SSTab1.PageBounds();
     for (int tab = 0; tab < SSTab1.Tabs(); tab++) SSTab1.Page(tab).Move(page);
     content.Place(page);
@@ -164,6 +179,7 @@ void frmTaskMain::ForgetStore() {
     birthdays.Empty();
     labels.Forget();
     staff.Forget();
+    takeBack.Clear();
 }
 
 void frmTaskMain::ShowStore() {
@@ -184,7 +200,16 @@ std::string frmTaskMain::getFilePath(std::int16_t kind, const std::string& filte
     return ChooseFile(session, kind, filterText, fileName, dialogTitle, folder);
 }
 
+bool frmTaskMain::MayLeave() {
+    const auto windows = session.windows.Windows();
+    const bool holds = std::any_of(windows.begin(), windows.end(), [](const forms::Form* window) {
+        return window->IsShown() && window->HoldsUnsavedInput();
+    });
+    return !holds || session.windows.MayDropInput();
+}
+
 void frmTaskMain::cmdExit_Click() {
+    if (!MayLeave() || !IsLoaded()) return;
     options.SavePath();
     filter.SaveOwnItems();
     Unload();

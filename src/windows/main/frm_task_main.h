@@ -12,15 +12,18 @@
 #include "session/store_client.h"
 #include "windows/main/acts/advanced_search.h"
 #include "windows/main/acts/completion.h"
+#include "windows/main/acts/dropped_input.h"
 #include "windows/main/acts/editing.h"
 #include "windows/main/acts/field_labels.h"
 #include "windows/main/acts/item_view.h"
+#include "windows/main/acts/keys.h"
 #include "windows/main/acts/listing.h"
 #include "windows/main/acts/overview.h"
 #include "windows/main/acts/plan_commands.h"
 #include "windows/main/acts/printing.h"
 #include "windows/main/acts/selection.h"
 #include "windows/main/acts/staff_names.h"
+#include "windows/main/acts/take_back.h"
 #include "windows/main/main_model.h"
 #include "windows/main/panels/birthday_panel.h"
 #include "windows/main/panels/card_panel.h"
@@ -28,6 +31,7 @@
 #include "windows/main/panels/content_panel.h"
 #include "windows/main/panels/filter_panel.h"
 #include "windows/main/panels/item_panel.h"
+#include "windows/main/panels/notice_line.h"
 #include "windows/main/panels/options_panel.h"
 #include "windows/main/panels/status_panel.h"
 #include "windows/main/panels/tree_panel.h"
@@ -64,6 +68,7 @@ class frmTaskMain : public forms::Form, public StoreClient {
     void LoadCaptions();
 
     bool HoldsInput() const override { return model.Editing(); }
+    bool HoldsUnsavedInput() const override { return view.HoldsInput(); }
     /// Nothing is current afterwards: numbers of the former store mean something else in another.
     void ForgetStore() override;
     void ShowStore() override;
@@ -71,7 +76,7 @@ class frmTaskMain : public forms::Form, public StoreClient {
     Session& session;
     MainModel model;
 
-    // Order of creation is tab order.
+    // Order of creation is tab order, but for what SetTabOrder puts first.
     TreePanel tree;
     ItemPanel item;
     forms::TabPanel SSTab1;
@@ -82,6 +87,7 @@ class frmTaskMain : public forms::Form, public StoreClient {
     OptionsPanel options;
     CommandPanel commands;
     StatusPanel status;
+    NoticeLine notice;
 
     // Each uses only what stands above it.
     StaffNames staff;
@@ -95,15 +101,21 @@ class frmTaskMain : public forms::Form, public StoreClient {
     Completion completion;
     AdvancedSearch search;
     Printing printing;
+    TakeBack takeBack;
+    DroppedInput droppedInput;
+    Keys keys;
 
  protected:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Resize() override;
     void Form_Unload(bool& cancel) override;
+    /// The other windows go with this one.
+    bool MayLeave() override;
 
  private:
     void Wire();
+    void OrderTabs();
     void PlaceControls();
     void LoadControls();
     void SetCaptions();

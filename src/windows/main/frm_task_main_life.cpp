@@ -64,6 +64,7 @@ void frmTaskMain::SetCaptions() {
     commands.SetCaptions();
     status.SetCaptions();
     overview.ShowAgain();
+    keys.ShowToolTips();
 }
 
 void frmTaskMain::LoadCaptions() {

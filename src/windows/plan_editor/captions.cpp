@@ -1,4 +1,7 @@
 // What every part of the plan editor is called, in the language at hand.
+#include <initializer_list>
+#include <utility>
+
 #include "resources/plan_texts.h"
 #include "resources/text_ids.h"
 #include "windows/plan_editor/frm_task_set.h"
@@ -54,6 +57,14 @@ void frmTaskSet::SetCaptions() {
     txtSetMan.SetAccessibleName(text(text_id::kSetter));
     txtDoneMan.SetAccessibleName(text(text_id::kExecutor));
     txtTaskCon.SetAccessibleName(text(text_id::kContent));
+
+    // Behind the captions, which the catalogue says and others may show.
+    const std::initializer_list<std::pair<forms::Control*, char>> letters{
+        {&lblTaskID, 'I'}, {&lblTaskTitle, 'T'}, {&lblBegin, 'B'},     {&lblEnd, 'E'},
+        {&lblEvery, 'V'},  {&optEarlyCall, 'Q'}, {&optLastCall, 'A'},  {&optBothCall, 'R'},
+        {&lblSetMan, 'M'}, {&lblDoneMan, 'D'},   {&lblTaskCon, 'C'},   {&chkTaskSet, 'G'},
+        {&cmdOK, 'O'},     {&cmdExit, 'X'},      {&cmdOnlySeeMan, 'L'}};
+    for (const auto& [control, letter] : letters) control->SetAccessKey(letter);
 
     cobCircleType.SetItems({planText(PlanText::KindYear), planText(PlanText::KindMonth),
                             planText(PlanText::KindDay), planText(PlanText::KindWeek)});

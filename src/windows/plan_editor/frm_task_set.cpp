@@ -8,6 +8,7 @@
 #include "forms/field_keys.h"
 #include "plans/plan_store.h"
 #include "resources/text_ids.h"
+#include "session/key_list.h"
 #include "session/text_checks.h"
 #include "windows/generation/boxes.h"
 #include "windows/plan_editor/layout.h"
@@ -107,6 +108,7 @@ void frmTaskSet::Wire() {
     cmdOK.onClick = [this] { cmdOK_Click(); };
     cmdExit.onClick = [this] { cmdExit_Click(); };
     WireKeys();
+    WireShortcuts();
     WireChecks();
 }
 
@@ -123,6 +125,20 @@ void frmTaskSet::WireKeys() {
     for (forms::Control* control : choices) {
         control->onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(*this, event); };
     }
+}
+
+void frmTaskSet::WireShortcuts() {
+    using resources::KeyText;
+    constexpr forms::KeyChord kSave{'S', true};
+    constexpr forms::KeyChord kSaveToo{forms::key::kEnter, true};
+    constexpr forms::KeyChord kThisList{forms::key::kF1};
+    shortcuts.Press(kSave, cmdOK);
+    shortcuts.Press(kSaveToo, cmdOK);
+    shortcuts.Do(kThisList, [this] {
+        ShowKeyList(session_, {{{kSave, kSaveToo}, KeyText::Save},
+                               {{{forms::key::kEscape}}, KeyText::Leave},
+                               {{kThisList}, KeyText::ThisList}});
+    });
 }
 
 void frmTaskSet::WireChecks() {
@@ -183,6 +199,7 @@ void frmTaskSet::Form_Load() {
     } else {
         ProposePlan();
     }
+    shown_ = Entry();
     PlaceControls(*this);
     Center();
 }
@@ -306,6 +323,7 @@ void frmTaskSet::cmdOK_Click() {
     // From here on the plan exists: should the generation fail, a second confirmation changes it.
     if (save.joined) FillFrom(plans::PlanOf(save.written));
     edited_ = {plan.taskId, save.written, plans::ValuesOf(plans::MakePlan(Entry()))};
+    shown_ = Entry();
     session_.windows.ShowMessage(session_.LoadText(text_id::kTask) +
                                      session_.LoadText(added ? text_id::kAdd : text_id::kChange) +
                                      session_.LoadText(text_id::kFinished) + "!",
@@ -360,7 +378,7 @@ void frmTaskSet::Generate(const std::string& number) {
 }
 
 void frmTaskSet::cmdExit_Click() {
-    Unload();
+    if (MayLeave() && IsLoaded()) Unload();
 }
 
 void ShowPlanEditor(Session& session, std::int16_t taskId, bool modal) {

@@ -31,6 +31,7 @@ class frmTaskSet : public forms::Form, public StoreClient {
     frmTaskSet(forms::WindowSystem& windows, Session& session);
 
     bool HoldsInput() const override { return IsShown(); }
+    bool HoldsUnsavedInput() const override { return !generating_ && Entry() != shown_; }
 
     /// The plan to change, 0 for a new one. Set before the window is loaded; later it does nothing,
     /// because the input of a window that is open must not end up in another plan.
@@ -93,6 +94,7 @@ class frmTaskSet : public forms::Form, public StoreClient {
  private:
     void Wire();
     void WireKeys();
+    void WireShortcuts();
     void WireChecks();
     void SetCaptions();
     void SetModeCaption();
@@ -126,6 +128,7 @@ class frmTaskSet : public forms::Form, public StoreClient {
 
     Session& session_;
     plans::EditedPlan edited_;
+    plans::PlanEntry shown_;  ///< what the boxes held before the user touched them
     std::map<plans::PlanField, std::string> given_;
     bool moveOnWhenShown_ = false;
     bool generating_ = false;

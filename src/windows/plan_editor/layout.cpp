@@ -20,7 +20,7 @@ constexpr int kContentRows = 6;
 void PlaceAlert(frmTaskSet& w, const Metrics& m) {
     Row row(m, kMargin, m.FrameTop());
     for (forms::OptionButton* option : {&w.optEarlyCall, &w.optLastCall, &w.optBothCall}) {
-        row.Field(*option, m.BoxWidth(option->Caption()));
+        row.Field(*option, m.BoxWidth(option->Marked(option->Caption())));
     }
     row.Skip(kGap);
     row.Field(w.txtUpDown, m.Number());
@@ -107,7 +107,7 @@ void PlaceControls(frmTaskSet& w) {
     top = w.txtTaskCon.Bounds().Bottom() + kRowGap;
 
     const int place = PlaceFromRight(m, right, top, {&w.cmdExit, &w.cmdOK, &w.cmdOnlySeeMan});
-    const int check = m.BoxWidth(w.chkTaskSet.Caption());
+    const int check = m.BoxWidth(w.chkTaskSet.Marked(w.chkTaskSet.Caption()));
     w.chkTaskSet.Move({kMargin, top + 2, check, m.Field()});
     const int afterCheck = kMargin + check + kGap;
     w.lblProgress.Move({afterCheck, top + 6, std::max(place - afterCheck, 0), m.Text()});

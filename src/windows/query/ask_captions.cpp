@@ -35,6 +35,15 @@ void frmAsk::SetCaptions() {
     cmdExport.SetCaption(text(AskText::ButtonExport));
     cmdQuit.SetCaption(text(text_id::kLeave));
     lblCount.SetCaption({});
+    chkUser.SetAccessKey('U');
+    chkType.SetAccessKey('K');
+    Check1[kTitleCheck].SetAccessKey('T');
+    Check1[kDateCheck].SetAccessKey('D');
+    Check1[kStateCheck].SetAccessKey('S');
+    chkDoneMan.SetAccessKey('M');
+    cmdAsk.SetAccessKey('Q');
+    cmdPrint.SetAccessKey('P');
+    cmdQuit.SetAccessKey('X');
 
     txtUser.SetAccessibleName(chkUser.Caption());
     cboType2.SetAccessibleName(chkType.Caption());

@@ -19,7 +19,7 @@ constexpr int kMark = 26;  ///< of a check box, before its caption
 struct Columns {
     Columns(const frmAsk& w, const Metrics& m) {
         const auto widest = [&](const forms::CheckBox& a, const forms::CheckBox& b) {
-            return std::max(m.Width(a.Caption()), m.Width(b.Caption())) + kMark;
+            return std::max(m.Width(a.Marked(a.Caption())), m.Width(b.Marked(b.Caption()))) + kMark;
         };
         check1 = widest(w.chkUser, w.Check1[frmAsk::kDateCheck]);
         check2 = widest(w.chkType, w.Check1[frmAsk::kStateCheck]);
@@ -32,9 +32,8 @@ struct Columns {
                 list = std::max(list, m.Width(item) + 40);
             }
         }
-        button =
-            std::max({m.ButtonWidth(w.cmdAsk.Caption()), m.ButtonWidth(w.cmdPrint.Caption()),
-                      m.ButtonWidth(w.cmdExport.Caption()), m.ButtonWidth(w.cmdQuit.Caption())});
+        button = std::max({m.ButtonWidth(w.cmdAsk), m.ButtonWidth(w.cmdPrint),
+                           m.ButtonWidth(w.cmdExport), m.ButtonWidth(w.cmdQuit)});
     }
     int FirstInput() const { return 2 * date + until + 2 * kGap; }
     /// Everything but the inputs of the last column.

@@ -8,6 +8,7 @@
 #include "reports/print_grid.h"
 #include "resources/ask_texts.h"
 #include "resources/text_ids.h"
+#include "session/key_list.h"
 #include "session/long_work.h"
 #include "session/text_checks.h"
 
@@ -58,6 +59,27 @@ void frmAsk::Wire() {
     cmdExport.onClick = [this] { cmdExport_Click(); };
     cmdQuit.onClick = [this] { cmdQuit_Click(); };
     Grid1.sign = [this](int row) { return SignOf(row); };
+    WireShortcuts();
+}
+
+void frmAsk::WireShortcuts() {
+    using resources::KeyText;
+    constexpr forms::KeyChord kAsk{forms::key::kF5};
+    constexpr forms::KeyChord kAskToo{forms::key::kEnter, true};
+    constexpr forms::KeyChord kPrint{'P', true};
+    constexpr forms::KeyChord kExport{'S', true};
+    constexpr forms::KeyChord kThisList{forms::key::kF1};
+    shortcuts.Press(kAsk, cmdAsk);
+    shortcuts.Press(kAskToo, cmdAsk);
+    shortcuts.Press(kPrint, cmdPrint);
+    shortcuts.Press(kExport, cmdExport);
+    shortcuts.Do(kThisList, [this] {
+        ShowKeyList(session_, {{{kAsk, kAskToo}, KeyText::Query},
+                               {{kPrint}, KeyText::Print},
+                               {{kExport}, KeyText::Export},
+                               {{{forms::key::kEscape}}, KeyText::Leave},
+                               {{kThisList}, KeyText::ThisList}});
+    });
 }
 
 void frmAsk::Form_Load() {

@@ -80,6 +80,7 @@ class frmAsk : public forms::Form, public StoreClient {
 
  private:
     void Wire();
+    void WireShortcuts();
     void SetCaptions();
     void SetColumns();
     std::string HeadingOf(const items::Field& field) const;

@@ -55,6 +55,7 @@ frmSeek::frmSeek(forms::WindowSystem& windows, Session& session)
         field->onKeyDown = moveOn;
     }
     txtValue.SetMaxLength(kLongestValue);
+    shortcuts.Press({forms::key::kEnter, true}, cmdOK);
     defaultButton = &cmdOK;
     cancelButton = &cmdCancel;
 }
@@ -98,6 +99,11 @@ void frmSeek::SetCaptions() {
     cmdClear.SetCaption(Text(ReportText::ButtonClear));
     cmdOK.SetCaption(session_.LoadText(text_id::kOk));
     cmdCancel.SetCaption(session_.LoadText(text_id::kCancel));
+    cmdOK.SetAccessKey('O');
+    cmdCancel.SetAccessKey('C');
+    lblField.SetAccessKey('F');
+    lblCompare.SetAccessKey('Q');
+    lblValue.SetAccessKey('V');
 }
 
 const items::ListField* frmSeek::Field() const {
@@ -177,6 +183,7 @@ bool frmSeek::AddCondition() {
     condition.date = DTPicker1.Value().value_or(DateTime());
     condition.row = std::max(0, cboValue.ListIndex());
     conditions.push_back(std::move(condition));
+    changed_ = true;
     txtValue.SetText("");
     ShowConditions(lstConditions.ListCount());
     return true;
@@ -209,11 +216,13 @@ void frmSeek::cmdRemove_Click() {
     const int at = lstConditions.ListIndex();
     if (at < 0) return;
     conditions.erase(conditions.begin() + at);
+    changed_ = true;
     ShowConditions(at);
 }
 
 void frmSeek::cmdClear_Click() {
     conditions.clear();
+    changed_ = true;
     ShowConditions(-1);
 }
 
@@ -226,7 +235,7 @@ void frmSeek::cmdOK_Click() {
 }
 
 void frmSeek::cmdCancel_Click() {
-    Unload();
+    if (MayLeave() && IsLoaded()) Unload();
 }
 
 std::string AskForConditions(Session& session, std::vector<items::Condition>& conditions) {

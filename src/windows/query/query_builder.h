@@ -51,6 +51,8 @@ class frmSeek : public forms::Form {
     forms::CommandButton cmdOK;
     forms::CommandButton cmdCancel;
 
+    bool HoldsUnsavedInput() const override { return changed_ || !txtValue.Text().empty(); }
+
     void cboField_Click();
     void cboCompare_Click();
     void cmdAdd_Click();
@@ -78,6 +80,7 @@ class frmSeek : public forms::Form {
 
     Session& session_;
     std::vector<items::ListField> fields_;
+    bool changed_ = false;  ///< by the user, since the window was opened
 };
 
 /// Lets the user put conditions together, beginning with `conditions`, which keep what was

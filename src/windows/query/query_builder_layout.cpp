@@ -43,7 +43,7 @@ void frmSeek::PlaceControls() {
     column(lblValue, kMargin + width - left, {&txtValue, &DTPicker1, &cboValue});
     top += m.Text() + 4 + m.Field() + kRowGap;
 
-    const int addWidth = m.ButtonWidth(cmdAdd.Caption());
+    const int addWidth = m.ButtonWidth(cmdAdd);
     const int andWidth = m.BoxWidth(optAnd.Caption());
     const int orWidth = m.BoxWidth(optOr.Caption());
     picJoin.Move({kMargin, top, andWidth + kGap + orWidth, m.Button()});
@@ -61,7 +61,7 @@ void frmSeek::PlaceControls() {
 
     left = kMargin;
     for (forms::CommandButton* button : {&cmdRemove, &cmdClear}) {
-        button->Move({left, top, m.ButtonWidth(button->Caption()), m.Button()});
+        button->Move({left, top, m.ButtonWidth(*button), m.Button()});
         left = button->Bounds().Right() + kGap;
     }
     PlaceFromRight(m, kMargin + width, top, {&cmdCancel, &cmdOK});

@@ -51,6 +51,9 @@ void frmList::SetCaptions() {
     List1.SetAccessibleName(heading);
     cmdLogOK.SetCaption(session_.LoadText(text_id::kTake));
     cmdCancel.SetCaption(session_.LoadText(text_id::kLeave));
+    lblList.SetAccessKey('L');
+    cmdLogOK.SetAccessKey('O');
+    cmdCancel.SetAccessKey('X');
 }
 
 void frmList::FillList() {
@@ -79,8 +82,7 @@ void frmList::PlaceControls() {
     constexpr int kListWidth = 280;
     constexpr int kRows = 15;
     const forms::layout::Metrics m(Windows().GetBackend(), forms::layout::dialog::kSpacing);
-    const int buttons =
-        m.ButtonWidth(cmdLogOK.Caption()) + kGap + m.ButtonWidth(cmdCancel.Caption());
+    const int buttons = m.ButtonWidth(cmdLogOK) + kGap + m.ButtonWidth(cmdCancel);
     const int width = std::max({kListWidth, m.Widest({&lblList}), buttons});
     int top = kMargin;
     lblList.Move({kMargin, top, width, m.Line()});

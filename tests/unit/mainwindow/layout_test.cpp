@@ -137,7 +137,7 @@ TEST_F(Layout, TabOrderRunsFromTheTreeThroughTheEditorToTheButtons) {
     }
     EXPECT_EQ(order,
               (Lines{"tvwTask",      "cboOrder",     "chkEvent",     "txtTitle2",   "cboJbr2",
-                     "txtUser2",     "SSTab1",       "txtTaskCon",   "txtOther(0)", "txtOther(1)",
+                     "txtTaskCon",   "txtUser2",     "SSTab1",       "txtOther(0)", "txtOther(1)",
                      "txtOther(2)",  "txtOther(3)",  "txtOther(4)",  "txtOther(5)", "cmdAction(0)",
                      "cmdAction(1)", "cmdAction(2)", "cmdAction(3)", "cmdSeek",     "cmdItemSet",
                      "cmdExit"}));

@@ -73,6 +73,7 @@ TEST_F(TreePanelTest, AReaderHearsTheStateAndTheDayOfAnItemInTheLanguageOfTheWin
 
 TEST_F(TreePanelTest, AReaderHearsTheNewStateAsSoonAsThePictureShowsIt) {
     struct Watch final : forms::TreePeer {
+        forms::Position PlaceOf(int) override { return {}; }
         explicit Watch(TreePanel& watched) : tree(watched) {}
         void Changed(forms::Aspect) override {}
         void TakeFocus() override {}

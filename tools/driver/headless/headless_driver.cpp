@@ -171,6 +171,13 @@ void HeadlessDriver::Close(Form& form) {
     form.UserClose();
 }
 
+void HeadlessDriver::EndSession(WindowSystem& windows) {
+    for (Form* form : windows.Windows()) {
+        if (!form->UserMayEnd()) return;
+    }
+    windows.EndSession();
+}
+
 std::optional<std::string> HeadlessDriver::Read(Control& control, const std::string& property,
                                                 const std::vector<int>& arguments) {
     return ReadState(control, property, arguments);

@@ -27,6 +27,7 @@ class HeadlessDriver : public Driver {
     void ResizeColumn(forms::Control& control, int column, int width) override;
     void Resize(forms::Form& form, forms::Size clientSize) override;
     void Close(forms::Form& form) override;
+    void EndSession(forms::WindowSystem& windows) override;
 
     std::optional<std::string> Read(forms::Control& control, const std::string& property,
                                     const std::vector<int>& arguments) override;

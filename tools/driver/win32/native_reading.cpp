@@ -27,6 +27,14 @@ using Arguments = std::vector<int>;
 
 constexpr std::size_t kLongestItem = 4096;
 
+// An access key that stands behind a caption is no part of it.
+Text ReadCaption(const NativeControl& native) {
+    std::string shown = WindowText(native.Handle());
+    const std::string mark = native.Logical().Marked({});
+    if (!mark.empty() && shown.ends_with(mark)) shown.erase(shown.size() - mark.size());
+    return shown;
+}
+
 LPARAM AsParam(const void* pointer) {
     return reinterpret_cast<LPARAM>(pointer);
 }
@@ -216,11 +224,11 @@ std::optional<std::string> ReadNative(const NativeControl& native, const std::st
         case ControlKind::Label:
         case ControlKind::Frame:
         case ControlKind::CommandButton:
-            if (property == "caption") return WindowText(native.Handle());
+            if (property == "caption") return ReadCaption(native);
             return {};
         case ControlKind::CheckBox:
         case ControlKind::OptionButton:
-            if (property == "caption") return WindowText(native.Handle());
+            if (property == "caption") return ReadCaption(native);
             if (property == "value") {
                 return std::to_string(SendMessageW(native.Handle(), BM_GETCHECK, 0, 0));
             }

@@ -351,6 +351,21 @@ void Win32Driver::Close(Form& form) {
     PumpMessages();
 }
 
+void Win32Driver::EndSession(WindowSystem& windows) {
+    std::vector<HWND> asked;
+    BOOL ends = TRUE;
+    for (const Form* form : windows.Windows()) {
+        const HWND window = backend_.Handle(*form);
+        if (!window || !ends) continue;
+        asked.push_back(window);
+        ends = SendMessageW(window, WM_QUERYENDSESSION, 0, 0) ? TRUE : FALSE;
+    }
+    for (const HWND window : asked) {
+        if (IsWindow(window)) SendMessageW(window, WM_ENDSESSION, static_cast<WPARAM>(ends), 0);
+    }
+    PumpMessages();
+}
+
 std::optional<std::string> Win32Driver::Read(Control& control, const std::string& property,
                                              const std::vector<int>& arguments) {
     PumpMessages();

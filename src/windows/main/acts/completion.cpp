@@ -87,6 +87,8 @@ void Completion::SetItemState(std::int16_t mode) {
         host.ItemDone(id, static_cast<std::int16_t>(Number(state)));
     });
     ShowAsMarked(item, state, doer);
+    // The next item is reached from here; who is typing goes on.
+    if (form_.IsLoaded() && !model_.Editing()) tree_.FocusTree();
 }
 
 void Completion::ShowAsMarked(const ItemRef& item, ItemState state, const std::string& doer) {
@@ -119,6 +121,16 @@ void Completion::cmdTaskOK_MouseDown(const forms::MouseEvent& event) {
     const forms::Position at = commands_.Below(commands_.cmdTaskOK);
     form_.PopupMenu(commands_.menus.mnuDone, at.x, at.y,
                     [&] { return selection_.MakeCurrent(item); });
+}
+
+void Completion::StartInHand() {
+    const ItemRef item = model_.Current();
+    if (!HasRight(session_, "mnuZjComp", kCompletionRight)) return;
+    if (selection_.MakeCurrent(item)) SetItemState(1);
+}
+
+bool Completion::MayStartInHand() const {
+    return commands_.cmdTaskOK.CanInteract() && commands_.menus.mnuTaskDoing.Enabled();
 }
 
 void Completion::mnuEventDone_Click() {

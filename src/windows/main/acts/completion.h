@@ -21,6 +21,9 @@ class Completion {
     void cmdTaskOK_Click();
     void cmdTaskOK_MouseDown(const forms::MouseEvent& event);
     void mnuEventDone_Click();
+    /// As the entry of the completing button's menu, its right included.
+    void StartInHand();
+    bool MayStartInHand() const;
 
  private:
     void Wire();

@@ -112,6 +112,7 @@ void Editing::Dispatch(EditMode mode, NodeKind node) {
 }
 
 void Editing::StartAddItem(ItemKind kind) {
+    view_.DropInput();
     const bool visit = kind == ItemKind::Guest;
     const bool keepsCard = visit && model_.startMode == kCardMode;
     const int card = keepsCard ? cards_.Selection() : -1;
@@ -138,12 +139,16 @@ void Editing::StartChangeItem(ItemKind kind) {
     const bool stale = model_.openedFor == EditMode::Adding || !view_.RowAsRead();
     if (stale && model_.currentId != 0 && !model_.ShowsPlans()) view_.ShowItem();
     if (kind == ItemKind::Guest && model_.currentId == 0) return;
-    if (model_.openedFor == EditMode::None) cards_.ForgetPick();
+    const bool begins = model_.openedFor == EditMode::None;
+    if (begins) cards_.ForgetPick();
     model_.OpenEditor(kind, EditMode::Changing);
+    if (begins) view_.NoteBegin();
+    head_.BeginTitle();
     view_.ReportCard();
 }
 
 void Editing::cmdCancel_Click() {
+    view_.DropInput();
     model_.editMode = EditMode::None;
     model_.LockEditor();
     if (const int node = tree_.Selected(); node != TreePanel::kNone)
@@ -159,6 +164,7 @@ void Editing::cmdSave_Click() {
     const auto saved = SaveItem();
     // A host that closed the window meanwhile wants no list any more.
     if (!saved || !form_.IsLoaded()) return;
+    tree_.FocusTree();
     model_.editMode = EditMode::None;
     model_.LockEditor();
     if (listing_.Refill()) ReportWhenNotListed(*saved);

@@ -55,6 +55,7 @@ void ItemView::ShowFor(bool plans) {
 }
 
 void ItemView::ShowOrClear(const std::function<bool()>& load) {
+    DropInput();
     asRead_.reset();
     cardNotice_.clear();
     bool shown = false;
@@ -73,7 +74,23 @@ void ItemView::ShowOrClear(const std::function<bool()>& load) {
     }
     loading_ = false;
     if (!shown) return clear();
+    NoteBegin();
     if (onShown) onShown();
+}
+
+void ItemView::NoteBegin() {
+    began_.reset();
+    if (model_.openedFor != EditMode::None) began_ = {model_, Entry()};
+}
+
+bool ItemView::HoldsInput() const {
+    return began_ && model_.openedFor != EditMode::None && Entry() != began_->entry;
+}
+
+void ItemView::DropInput() {
+    const bool holds = HoldsInput();
+    if (holds && onInputDropped) onInputDropped();
+    began_.reset();
 }
 
 bool ItemView::LoadItem() {
@@ -127,7 +144,10 @@ void ItemView::NoteStored(std::size_t field, const store::Value& value) {
     if (!asRead_) return;
     // A control that shows the act was not touched by it.
     const std::optional<store::Value> entered = Entry()[field];
-    if (entered && entered->ToText() == value.ToText()) asShown_[field] = value;
+    if (entered && entered->ToText() == value.ToText()) {
+        asShown_[field] = value;
+        if (began_) began_->entry[field] = entered;
+    }
     asRead_->at(field) = value;
 }
 
@@ -144,6 +164,7 @@ void ItemView::BeginNew(ItemKind kind, std::int32_t card) {
     beganAsVisit_ = kind == ItemKind::Guest;
     firstNumber_ = card;
     cards_.ForgetPick();
+    NoteBegin();
 }
 
 std::int32_t ItemView::NumberToStore() const {
@@ -177,6 +198,7 @@ bool ItemView::LoadPlan() {
 }
 
 void ItemView::Clear() {
+    DropInput();
     asRead_.reset();
     for (std::size_t i = 0; i < items::kFields.size(); i++) {
         if (i == field::kKind || i == field::kWay || i == field::kUser) continue;
@@ -188,12 +210,14 @@ void ItemView::Clear() {
     }
     cards_.ClearCardDetail();
     values_.Show(field::kUser, session_.state.UserName);
+    NoteBegin();
     if (onShown) onShown();
 }
 
 std::function<void()> ItemView::Remember() {
     return [this, row = asRead_, shown = asShown_, title = title_, visit = beganAsVisit_,
-            number = firstNumber_] {
+            number = firstNumber_, began = began_] {
+        began_ = began;
         asRead_ = row;
         asShown_ = shown;
         title_ = title;

@@ -25,6 +25,8 @@ class ItemView {
 
     /// Something else is shown, or nothing.
     std::function<void()> onShown;
+    /// What was typed is about to give way to something else; the boxes still hold it.
+    std::function<void()> onInputDropped;
 
     /// Shows what is current in the model; without such an item or plan, and when it cannot be
     /// read, empties the editor and sets the current number to 0. Database errors reach the caller.
@@ -60,6 +62,14 @@ class ItemView {
     /// The row that the editor shows got this value by an act of this window.
     void NoteStored(std::size_t field, const store::Value& value);
     void ForgetRow() { asRead_.reset(); }
+    /// What stands in the boxes is where the edit under way begins.
+    void NoteBegin();
+    /// The user has changed something since.
+    bool HoldsInput() const;
+    /// The state that the window had when that edit began.
+    const MainState& StateOfInput() const { return began_->state; }
+    /// Hands on what was typed, and has nothing to lose then.
+    void DropInput();
     /// As forms::Control::Remember, for what stands behind the fields.
     std::function<void()> Remember();
 
@@ -80,6 +90,11 @@ class ItemView {
     ItemValues values_;
     std::optional<items::ItemRow> asRead_;
     items::ItemEntry asShown_;
+    struct Beginning {
+        MainState state;
+        items::ItemEntry entry;
+    };
+    std::optional<Beginning> began_;
     /// The kind and the number that the edit begins with.
     bool beganAsVisit_ = false;
     std::int32_t firstNumber_ = 0;

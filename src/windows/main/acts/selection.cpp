@@ -97,6 +97,17 @@ bool Selection::SelectAgain(const ItemRef& item) {
     return IsCurrent(item);
 }
 
+void Selection::Mark(const ItemRef& item) {
+    clicked_ = item.number;
+    const int node = tree_.Find(item);
+    if (node != TreePanel::kNone) {
+        tree_.Select(node);
+        tree_.tvwTask.tag = tree_.KeyOf(node);
+        commands_.EnableFor(tree_.StateOf(node));
+    }
+    UpdatePrint();
+}
+
 void Selection::PopupContextMenu(int x, int y) {
     const int node = tree_.Selected();
     if (node == TreePanel::kNone || !tree_.NumberOf(node)) return;

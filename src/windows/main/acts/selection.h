@@ -32,6 +32,9 @@ class Selection {
     /// False when it cannot be current any more, which the user is shown. Database errors of
     /// showing it reach the caller.
     bool MakeCurrent(const ItemRef& item);
+    /// Selects the node of an item that the editor shows already. One that the tree does not show
+    /// stays current all the same.
+    void Mark(const ItemRef& item);
     /// The editor shows what is stored of the current item, and not a plan or a new item.
     bool ShowsStoredItem() const;
     /// The print button works for an item or a plan, and while the birthday grid is seen.

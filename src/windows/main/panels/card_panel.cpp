@@ -64,11 +64,14 @@ void CardPanel::Wire() {
     cboComp2.onKeyDown = [this](forms::KeyEvent& event) { cboComp2_KeyDown(event); };
     cboWay.onClick = [this] { cboWay_Click(); };
     cboWay.onChange = [this] { cboWay_Click(); };
-    txtName2.onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
+    const std::initializer_list<forms::Control*> boxes{&txtName2, &txtAdd2, &cboWay};
+    for (forms::Control* box : boxes) {
+        box->onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
+    }
     txtCompSeek.onKeyDown = [this](forms::KeyEvent& event) { txtCompSeek_KeyDown(event); };
-    Watch(txtTel);
-    Watch(txtEmail);
-    Watch(txtHttp);
+    Watch(txtTel, cmdTel);
+    Watch(txtEmail, cmdEmail);
+    Watch(txtHttp, cmdHttp);
     cmdTel.onClick = [this] { cmdTel_Click(); };
     cmdEmail.onClick = [this] { cmdEmail_Click(); };
     cmdHttp.onClick = [this] { cmdHttp_Click(); };
@@ -257,6 +260,19 @@ std::int32_t CardPanel::SelectedCard() const {
     return position >= 0 ? EntryId(cboComp2.List(position)) : 0;
 }
 
+std::function<void()> CardPanel::Remember() {
+    std::vector<forms::Control*> boxes{&txtCompSeek, &cboComp2, &txtName2, &txtAdd2, &cboWay};
+    for (TextBoxes* array : {&txtTel, &txtEmail, &txtHttp}) {
+        for (int i = 0; i < array->Count(); i++) boxes.push_back(&(*array)[i]);
+    }
+    return [this, restore = forms::RememberAll(boxes), pick = pick_, leftEmpty = leftEmpty_] {
+        restore();
+        SetPick(pick, leftEmpty);
+        // What is seen of the ways follows from the one that is chosen.
+        cboWay_Click();
+    };
+}
+
 void CardPanel::FocusFirst(bool hasCard) {
     // A visit begins with its customer, whose name the title is proposed from.
     if (hasCard)
@@ -320,10 +336,16 @@ void CardPanel::txtCompSeek_KeyDown(forms::KeyEvent& event) {
     }
 }
 
-void CardPanel::Watch(TextBoxes& boxes) {
+void CardPanel::Watch(TextBoxes& boxes, forms::CommandButton& button) {
     for (int i = 0; i < boxes.Count(); i++) {
         forms::TextBox& box = boxes[i];
         box.onGotFocus = [this, &box] { usedBox_ = &box; };
+        // On to what is done with this one, not to the next.
+        box.onKeyDown = [&button](forms::KeyEvent& event) {
+            if (event.code != forms::key::kEnter) return;
+            event.code = 0;
+            button.SetFocus();
+        };
     }
 }
 

@@ -76,6 +76,8 @@ class CardPanel {
     /// The user searched in vain, or took the selection away, and has not picked since.
     bool LeftEmpty() const { return leftEmpty_; }
     void ForgetPick() { SetPick(std::nullopt, false); }
+    /// As forms::Control::Remember, for the boxes and the pick.
+    std::function<void()> Remember();
     /// The condition for the cards of the control's card box: empty when it has none.
     std::string BoxCondition() const;
 
@@ -124,8 +126,8 @@ class CardPanel {
  private:
     using TextBoxes = forms::ControlArray<forms::TextBox>;
     void Wire();
-    /// Remembers which of several boxes the user was in last.
-    void Watch(TextBoxes& boxes);
+    /// Remembers which of several boxes the user was in last; Enter leads to their button.
+    void Watch(TextBoxes& boxes, forms::CommandButton& button);
     /// Of several numbers or addresses the one that the user was in last, else the first.
     std::string Chosen(const TextBoxes& boxes) const;
     void Open(const std::string& target);

@@ -101,6 +101,12 @@ void ContentPanel::ShowSummary(const std::string& summary) {
     lblSummary.SetVisible(shown);
 }
 
+std::function<void()> ContentPanel::Remember() {
+    std::vector<forms::Control*> boxes{&txtTaskCon};
+    for (int i = 0; i < txtOther.Count(); i++) boxes.push_back(&txtOther[i]);
+    return forms::RememberAll(boxes);
+}
+
 void ContentPanel::txtOther_GotFocus(int index) {
     const forms::Rect& box = txtOther[index].Bounds();
     const int visible = picOther.Bounds().height;

@@ -1,6 +1,7 @@
 // The page with an item's content and its free fields, which scroll to the one in use.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,8 @@ class ContentPanel {
 
     /// Stands over the empty content while nothing is selected; an empty text takes it away.
     void ShowSummary(const std::string& summary);
+    /// As forms::Control::Remember, for the boxes.
+    std::function<void()> Remember();
 
     /// Scrolls until the box is wholly visible.
     void txtOther_GotFocus(int index);

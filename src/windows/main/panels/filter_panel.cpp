@@ -320,6 +320,11 @@ bool FilterPanel::TextsAreFit() {
     return false;
 }
 
+void FilterPanel::FocusFirst() {
+    page_.BringToFront();
+    txtTitle0.SetFocus();
+}
+
 void FilterPanel::ShowKinds(const std::array<bool, items::kItemKinds.size()>& any) {
     for (const items::ItemKind kind : items::kItemKinds) {
         chkType[Number(kind)].tag = any[Position(kind)] ? "1" : "0";

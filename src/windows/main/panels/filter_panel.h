@@ -61,6 +61,8 @@ class FilterPanel {
     bool TextsAreFit();
     /// The first box with such a text, null when there is none.
     forms::TextBox* UnfitText();
+    /// The focus goes to the first text.
+    void FocusFirst();
     /// Marks the kinds that the list has any item of.
     void ShowKinds(const std::array<bool, items::kItemKinds.size()>& any);
     /// Plans are not narrowed: the filter makes way for a line that says so.

@@ -41,9 +41,10 @@ ItemPanel::ItemPanel(forms::Form& form, Session& session)
       lblCardMemo(form, "lblCardMemo", &fraItem) {
     DTPicker2.SetFormat(forms::DateFormat::DateTime);
     txtUser2.SetLocked(true);
-    for (forms::Control* control :
-         {static_cast<forms::Control*>(&cboJbr2), static_cast<forms::Control*>(&txtTitle2)}) {
-        control->onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
+    const std::initializer_list<forms::Control*> boxes{&txtTitle2, &cboType2, &DTPicker2,
+                                                       &cboDone2,  &cboJbr2,  &txtUser2};
+    for (forms::Control* box : boxes) {
+        box->onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
     }
     txtTitle2.onGotFocus = [this] { txtTitle2.SelectAll(); };
     cboType2.onClick = [this] { cboType2_Click(); };
@@ -90,6 +91,16 @@ void ItemPanel::Place(const forms::Rect& area) {
     m.PlaceLabelled(lblDoer, cboJbr2, 0, y, first, firstWidth);
     m.PlaceLabelled(lblWriter, txtUser2, x2, y, second, dateWidth);
     lblCardMemo.Move({x3, y + m.LabelDrop(), thirdWidth, m.Text()});
+}
+
+void ItemPanel::BeginTitle() {
+    FocusTitle();
+    // It may have had the focus already.
+    txtTitle2.SelectAll();
+}
+
+std::function<void()> ItemPanel::Remember() {
+    return forms::RememberAll({&txtTitle2, &cboType2, &DTPicker2, &cboDone2, &cboJbr2, &txtUser2});
 }
 
 void ItemPanel::ShowFor(bool plans) {

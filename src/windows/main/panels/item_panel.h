@@ -38,6 +38,10 @@ class ItemPanel {
 
     /// The focus goes to the title, where it can be seen and used.
     void FocusTitle() { txtTitle2.SetFocus(); }
+    /// The title is about to be typed anew.
+    void BeginTitle();
+    /// As forms::Control::Remember, for the boxes.
+    std::function<void()> Remember();
 
     void cboType2_Click() const;
 

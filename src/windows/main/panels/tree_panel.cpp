@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "base/number.h"
+#include "forms/field_keys.h"
 #include "forms/form.h"
 #include "forms/layout/metrics.h"
 #include "items/names.h"
@@ -129,6 +130,7 @@ TreePanel::TreePanel(forms::Form& form, Session& session)
     };
     tvwTask.onKeyDown = [this](forms::KeyEvent& event) { tvwTask_KeyDown(event); };
     tvwTask.onMouseDown = [this](const forms::MouseEvent& event) { tvwTask_MouseDown(event); };
+    cboOrder.onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
     chkEvent.onClick = [this] {
         if (onSwitch) onSwitch();
     };

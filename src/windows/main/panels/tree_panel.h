@@ -75,6 +75,7 @@ class TreePanel {
     int Count() const { return tvwTask.Count(); }
     /// The nodes without those of the groups.
     int ItemsShown() const;
+    void FocusTree() { tvwTask.SetFocus(); }
     int Selected() const { return tvwTask.Selected(); }
     void Select(int node) { tvwTask.Select(node); }
     void SelectFirst() {

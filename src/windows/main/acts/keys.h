@@ -1,0 +1,36 @@
+// The keys of the main window: what they press, where menus and tool tips say so, and their list.
+#pragma once
+
+#include <functional>
+
+#include "windows/main/acts/completion.h"
+#include "windows/main/acts/listing.h"
+#include "windows/main/acts/take_back.h"
+
+namespace zv::windows {
+
+class Keys {
+ public:
+    /// All must outlive this.
+    Keys(forms::Form& form, Session& session, FilterPanel& filter, CommandPanel& commands,
+         Listing& listing, Completion& completion, TakeBack& takeBack);
+
+    /// Tool tips in the control's language, with the keys of their buttons.
+    void ShowToolTips();
+    /// Lists all keys in a box.
+    void ShowList();
+
+ private:
+    void Wire();
+    void ShowInMenus();
+
+    forms::Form& form_;
+    Session& session_;
+    FilterPanel& filter_;
+    CommandPanel& commands_;
+    Listing& listing_;
+    Completion& completion_;
+    TakeBack& takeBack_;
+};
+
+}  // namespace zv::windows
