@@ -127,15 +127,15 @@ expect "the change is in the file" rows_are \
 
 # --- two tasks go, one of them by the button ---
 choose task 收款 D
-answer "deleting is asked for" "[[]收款[]]: 是否删除 ?" Enter
+answer "deleting is asked for" "[[]收款[]]: 是否删除 ?" Tab Enter
 expect "its node is gone" tree_lacks 收款
 main mousenode tvwTask 整理样品
 expect "a click shows the task" text_is txtTitle2 整理样品
 main mouse "cmdAction(3)"
-answer "deleting is asked for" "[[]整理样品[]]: 是否删除 ?" Tab Enter
+answer "deleting is asked for" "[[]整理样品[]]: 是否删除 ?" Enter
 expect "who thinks better of it keeps it" tree_holds 整理样品
 main mouse "cmdAction(3)"
-answer "deleting is asked for" "[[]整理样品[]]: 是否删除 ?" Enter
+answer "deleting is asked for" "[[]整理样品[]]: 是否删除 ?" Tab Enter
 expect "its node is gone" tree_lacks 整理样品
 expect "so are the rows" rows_are "select fID from tTaskList" 1
 
@@ -233,7 +233,7 @@ outside mouse frmTaskSet.cmdOK
 answer "the plan is saved" "任务新增完毕!" Enter
 expect "the editor closes" goes frmTaskSet
 choose event 年会 Down Down Down Enter
-answer "deleting is asked for" "是否删除管理事件: [[]年会[]]*" Enter
+answer "deleting is asked for" "是否删除管理事件: [[]年会[]]*" Tab Enter
 expect "its node is gone" tree_lacks 年会
 expect "one plan is left" rows_are "select TaskID,taskTitle from tTaskSet" "1|财务月报"
 main mouse chkEvent
@@ -323,6 +323,7 @@ outside mouse frmTaskDone.txtTitle
 outside write "1"
 picture completion frmTaskDone
 outside keys Escape
+answer "what was typed is asked about" "輸入的內容還沒有保存*" Tab Enter
 expect "Escape closes it" goes frmTaskDone
 
 # --- the property bag, and the end ---

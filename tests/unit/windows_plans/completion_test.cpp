@@ -134,6 +134,10 @@ TEST_F(TaskDone, QuitsWithoutWriting) {
     frmTaskDone& dialog = Open();
     user.Type(dialog.txtTitle, "7");
     statements.Take();
+    dialogs.answers = {forms::Answer::Cancel, forms::Answer::Ok};
+    user.Click(dialog.cmdTaskQuit);
+    EXPECT_TRUE(IsOpen()) << "what was typed is asked about";
+    EXPECT_EQ(dialogs.standard, forms::DefaultButton::Last);
     user.Click(dialog.cmdTaskQuit);
     EXPECT_FALSE(IsOpen());
     EXPECT_TRUE(statements.Take().empty());

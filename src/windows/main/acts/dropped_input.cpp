@@ -49,6 +49,9 @@ bool DroppedInput::Restore(const Edit& edit) {
     const std::int16_t startMode = model_.startMode;
     model_.Restore(edit.state);
     model_.startMode = startMode;
+    // A new item needs none; one that is changed need not be listed.
+    const bool adds = edit.state.openedFor == EditMode::Adding;
+    if (adds && tree_.Find(model_.Current()) == TreePanel::kNone) model_.currentId = 0;
     view_.ShowFor(false);
     tabs_.SetTab(edit.state.editedKind == items::ItemKind::Guest ? kCardTab : kItemTab);
     edit.boxes();

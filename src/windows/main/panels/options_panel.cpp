@@ -67,7 +67,9 @@ void OptionsPanel::Wire() {
     chkBirthDay.onClick = [this] { chkBirthDay_Click(); };
     chkTimeSet.onClick = [this] { chkTimeSet_Click(); };
     txtTimeSet.onGotFocus = [this] { txtTimeSet.SelectAll(); };
-    txtTimeSet.onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
+    for (forms::TextBox* box : {&txtAccess, &txtTimeSet}) {
+        box->onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
+    }
     txtTimeSet.onLostFocus = [this] { txtTimeSet_LostFocus(); };
     Timer1.onTimer = [this] { Timer1_Timer(); };
 }
