@@ -234,5 +234,19 @@ TEST_F(Grids, ABarShowsHowFarAWorkHasCome) {
     EXPECT_EQ(Read(form.barWork, "value"), "100");
 }
 
+TEST_F(Grids, ASignIsSeenInTheFirstColumnAndIsNoPartOfACell) {
+    FillThree();
+    grid.sign = [](int row) -> std::optional<Sign> {
+        if (row != 2) return std::nullopt;
+        return Sign{"逾期", 0xB00020};
+    };
+    form.Show(false);
+    form.Refresh();
+    EXPECT_EQ(Read(grid, "signs"), "2|逾期|B00020");
+    EXPECT_EQ(Read(grid, "cell", {2, 1}), std::string(grid.Cell(2, 1)));
+    grid.SelectAll();
+    EXPECT_EQ(grid.SelectedText().find("逾期"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace zv::contract

@@ -211,5 +211,27 @@ TEST_F(Trees, TakesAHundredThousandNodes) {
     EXPECT_EQ(Read(tree, "count"), std::to_string(kNodes));
 }
 
+TEST_F(Trees, SignsStandBesideTheTextsAndFollowWhatTheyAreAskedFor) {
+    std::string word = "逾期";
+    tree.sign = [&](int node) -> std::optional<Sign> {
+        if (tree.Key(node) != "Z1") return std::nullopt;
+        return Sign{word, 0xB00020};
+    };
+    FillSmall();
+    const std::string nodes = Read(tree, "nodes");
+    form.Show(false);
+    EXPECT_EQ(Read(tree, "signs"), "Z1|逾期|B00020");
+    EXPECT_EQ(Read(tree, "nodes"), nodes);
+    word = "今天";
+    tree.RepaintSigns();
+    form.Refresh();
+    EXPECT_EQ(Read(tree, "signs"), "Z1|今天|B00020");
+    driver().ClickNode(tree, "Z1");
+    EXPECT_EQ(Read(tree, "selected"), "Z1");
+    tree.Clear();
+    form.Refresh();
+    EXPECT_EQ(Read(tree, "signs"), "");
+}
+
 }  // namespace
 }  // namespace zv::contract

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 
@@ -51,6 +52,20 @@ TEST(TreeImages, StatesDifferWithoutColour) {
         EXPECT_GT(difference('2', '4'), size * size / 40);
         EXPECT_GT(difference('3', '4'), size * size / 40);
     }
+}
+
+// Whether a picture has the colour of the mark of what is done.
+bool LooksDone(const std::string& key) {
+    constexpr std::uint32_t kDone = 0xFF3B8A3E;
+    const forms::ImageList& images = TreeImages();
+    const auto pixels = forms::Rasterize(images.At(images.Find(key)), 32);
+    return std::find(pixels.begin(), pixels.end(), kDone) != pixels.end();
+}
+
+TEST(TreeImages, APlanDoesNotLookDone) {
+    EXPECT_TRUE(LooksDone("task4"));
+    EXPECT_FALSE(LooksDone("task2"));
+    EXPECT_FALSE(LooksDone("event4"));
 }
 
 }  // namespace

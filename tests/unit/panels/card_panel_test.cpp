@@ -69,5 +69,19 @@ TEST_F(CardPanelTest, ShowsTheFieldsOfTheChosenWay) {
     EXPECT_TRUE(panel.txtTel[0].Visible());
 }
 
+TEST_F(CardPanelTest, WithoutACardItsBoxesLookLockedAndStillTakeANumber) {
+    EXPECT_TRUE(panel.txtTel[0].LooksLocked());
+    stage.user.Type(panel.txtTel[0], "139");
+    EXPECT_FALSE(panel.txtTel[0].LooksLocked());
+    EXPECT_TRUE(panel.txtTel[1].LooksLocked());
+    panel.LoadCardList("fid=3");
+    for (int i = 0; i < panel.txtTel.Count(); i++) EXPECT_FALSE(panel.txtTel[i].LooksLocked());
+    panel.ClearCardDetail();
+    for (const forms::TextBox* box : {&panel.txtTel[3], &panel.txtEmail[0], &panel.txtHttp[1]}) {
+        EXPECT_TRUE(box->LooksLocked());
+        EXPECT_FALSE(box->Locked());
+    }
+}
+
 }  // namespace
 }  // namespace zv::windows

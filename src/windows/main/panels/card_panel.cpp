@@ -69,6 +69,7 @@ void CardPanel::Wire() {
         box->onKeyDown = [this](forms::KeyEvent& event) { forms::MoveOnEnter(form_, event); };
     }
     txtCompSeek.onKeyDown = [this](forms::KeyEvent& event) { txtCompSeek_KeyDown(event); };
+    ShowVacancy(true);
     Watch(txtTel, cmdTel);
     Watch(txtEmail, cmdEmail);
     Watch(txtHttp, cmdHttp);
@@ -229,8 +230,12 @@ void CardPanel::FillDetail(const cards::Card& card) {
     txtHttp[0].SetText(card.webPage);
     txtHttp[1].SetText(card.privateWebPage);
     txtCompSeek.SetText(card.code);
+    ShowVacancy(card.id == 0);
+}
+
+void CardPanel::ShowVacancy(bool vacant) {
     for (TextBoxes* boxes : {&txtTel, &txtEmail, &txtHttp}) {
-        for (int i = 0; i < boxes->Count(); i++) (*boxes)[i].SetVacant(card.id == 0);
+        for (int i = 0; i < boxes->Count(); i++) (*boxes)[i].SetVacant(vacant);
     }
 }
 

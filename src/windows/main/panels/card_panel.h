@@ -128,6 +128,8 @@ class CardPanel {
     void Wire();
     /// Remembers which of several boxes the user was in last; Enter leads to their button.
     void Watch(TextBoxes& boxes, forms::CommandButton& button);
+    /// Whether the boxes of telephones and addresses have a card to show.
+    void ShowVacancy(bool vacant);
     /// Of several numbers or addresses the one that the user was in last, else the first.
     std::string Chosen(const TextBoxes& boxes) const;
     void Open(const std::string& target);

@@ -22,6 +22,7 @@ StatusPanel::StatusPanel(forms::Form& form, Session& session)
     // Titles and what was looked for stand here as they were typed.
     lblStatus.SetUseMnemonic(false);
     lblNotice.SetUseMnemonic(false);
+    lblNotice.SetVisible(false);
     cmdShowSaved.SetVisible(false);
     cmdShowSaved.onClick = [this] {
         if (onShow) onShow();
@@ -44,18 +45,22 @@ void StatusPanel::Place(const forms::Rect& area) {
     using namespace forms::layout;
     area_ = area;
     const Metrics m(form_.Windows().GetBackend());
-    const int text = area.top + m.LabelDrop();
-    const int statusWidth =
-        std::min(m.Width(lblStatus.ShownText()) + kLabelGap, std::max(area.width, 0));
-    lblStatus.Move({area.left, text, statusWidth, m.Text()});
-    const int left = area.left + statusWidth + kGroupGap;
+    const int top = area.top + m.LabelDrop();
+    // As wide as its text where there is room; what is cut stands in a tip.
+    const auto place = [&](forms::Label& label, int left, int room) {
+        const std::string text = label.ShownText();
+        const int wanted = text.empty() ? 0 : m.Width(text) + kLabelGap;
+        const int width = std::clamp(wanted, 0, std::max(room, 0));
+        label.Move({left, top, width, m.Text()});
+        label.SetToolTip(width < wanted ? text : std::string());
+        return left + width;
+    };
     const int buttonWidth = m.ButtonWidth(cmdShowSaved.Caption());
-    const int room = area.Right() - left;
     const int kept = cmdShowSaved.OwnVisible() ? buttonWidth + kGap : 0;
-    const int noticeWidth =
-        std::clamp(m.Width(lblNotice.ShownText()) + kLabelGap, 0, std::max(room - kept, 0));
-    lblNotice.Move({left, text, noticeWidth, m.Text()});
-    cmdShowSaved.Move({left + noticeWidth + kGap, area.top, buttonWidth, m.Field()});
+    const int line = place(lblStatus, area.left, area.width);
+    const int left = line + kGroupGap;
+    const int notice = place(lblNotice, left, area.Right() - left - kept);
+    cmdShowSaved.Move({notice + kGap, area.top, buttonWidth, m.Field()});
 }
 
 void StatusPanel::Show(std::string line) {
@@ -64,6 +69,7 @@ void StatusPanel::Show(std::string line) {
 }
 
 void StatusPanel::Notify(std::string notice, bool offersToShow) {
+    lblNotice.SetVisible(!notice.empty());
     lblNotice.SetCaption(std::move(notice));
     cmdShowSaved.SetVisible(offersToShow);
     Place(area_);
