@@ -201,12 +201,12 @@ expect "the browser gets the page" received http://www.hx.example
 
 # --- the birthdays of the coming days, across the turn of the year ---
 main mouse chkBirthDay0
-expect "two have a birthday" grid_is "$(printf 'HX02\t赵六\t华新商行\t1970-01-02\nDF01\t钱七\t东方贸易\t1980-12-30')"
+expect "two have a birthday" grid_is "$(printf 'DF01\t钱七\t东方贸易\t1980-12-30\t1\nHX02\t赵六\t华新商行\t1970-01-02\t4')"
 picture birthdays
 fill txtBirthDay0 1
 main mouse chkBirthDay0
 main mouse chkBirthDay0
-expect "one of them tomorrow" grid_is "$(printf 'DF01\t钱七\t东方贸易\t1980-12-30')"
+expect "one of them tomorrow" grid_is "$(printf 'DF01\t钱七\t东方贸易\t1980-12-30\t1')"
 main mouse chkBirthDay0
 fill txtBirthDay0 0
 main mouse chkBirthDay0
