@@ -33,6 +33,8 @@ struct MessageRequest {
     int style = box::kOkOnly;
     std::string_view title = {};
     DefaultButton standard = DefaultButton::First;
+    /// Stands below the text, where the text does not say why.
+    std::string_view reason = {};
 };
 
 struct FileRequest {

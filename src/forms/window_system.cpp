@@ -244,6 +244,10 @@ Answer WindowSystem::ShowMessage(const BoxText& text, int style, const std::stri
     return ShowBox(text, {text.Text(), style, boxTitle.empty() ? title : boxTitle}, error);
 }
 
+Answer WindowSystem::ShowWithReason(const BoxText& text, int style, const std::string& reason) {
+    return ShowBox(text, {text.Text(), style, title, DefaultButton::First, reason}, nullptr);
+}
+
 Answer WindowSystem::AskCarefully(const BoxText& text, int style) {
     return ShowBox(text, {text.Text(), style, title, DefaultButton::Last}, nullptr);
 }

@@ -123,6 +123,8 @@ class WindowSystem {
     /// is not shown to the user.
     Answer ShowMessage(const BoxText& text, int style, const std::string& title = {},
                        const RuntimeError* error = nullptr);
+    /// As ShowMessage, with a reason below a text that gives none.
+    Answer ShowWithReason(const BoxText& text, int style, const std::string& reason);
     /// As ShowMessage, for a question to which Enter must not agree by mistake.
     Answer AskCarefully(const BoxText& text, int style);
     std::optional<std::string> AskText(const std::string& prompt, bool secret = false);

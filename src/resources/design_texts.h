@@ -59,6 +59,7 @@ enum class DesignText {
     CardName,
     Birthday,
     DaysLeft,
+    ModuleNotRegistered,
     ButtonSearch,
     ButtonAdd,
     ButtonChange,

@@ -11,7 +11,6 @@
 namespace zv {
 namespace {
 
-constexpr std::int16_t kNotRegistered = -1000;
 constexpr std::int16_t kLaunch = 1;
 constexpr std::string_view kHeadingSeparator = ": ";
 

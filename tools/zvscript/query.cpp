@@ -38,6 +38,7 @@ constexpr std::array kNamed = std::to_array<NamedQuery>({
     {"windows", ListWindows},
     {"popup", LastPopup},
     {"messages", [](ScenarioStage& stage) { return TakeLines(stage.dialogs.messages); }},
+    {"messages.reason", [](ScenarioStage& stage) { return TakeLines(stage.dialogs.reasons); }},
     {"messages.default", [](ScenarioStage& stage) { return TakeLines(stage.dialogs.defaults); }},
     {"events", [](ScenarioStage& stage) { return TakeLines(stage.events.lines); }},
     {"statements", [](ScenarioStage& stage) { return TakeLines(stage.statements.lines); }},

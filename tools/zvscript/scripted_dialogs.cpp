@@ -88,6 +88,7 @@ Answer ScriptedDialogs::ShowMessage(forms::Form*, const forms::MessageRequest& r
         request.standard == forms::DefaultButton::First ? buttons.front() : buttons.back();
     const Answer answer = Choose(text, buttons, standard);
     defaults.push_back(Name(standard));
+    reasons.emplace_back(request.reason);
     messages.push_back(std::to_string(request.style) + '|' + text + '|' + Name(answer));
     if (onAnswered) onAnswered(messages.back());
     return answer;

@@ -50,6 +50,8 @@ class ScriptedDialogs : public forms::Dialogs {
     std::vector<std::string> messages;
     /// What Enter answers in each of them.
     std::vector<std::string> defaults;
+    /// The reason below the text of each of them; mostly none.
+    std::vector<std::string> reasons;
 
  private:
     template <typename Entry>

@@ -26,6 +26,12 @@ std::wstring NativeFilter(const std::string& filter) {
     return native;
 }
 
+std::string TextOf(const MessageRequest& request) {
+    std::string text(request.text);
+    if (!request.reason.empty()) text.append("\r\n\r\n").append(request.reason);
+    return text;
+}
+
 UINT DefaultOf(const MessageRequest& request) {
     if (request.standard == DefaultButton::First) return MB_DEFBUTTON1;
     constexpr int kButtons = 0xF;
@@ -62,7 +68,7 @@ Answer Win32Dialogs::ShowMessage(Form* owner, const MessageRequest& request) {
         const OtherWindowsDisabled others(window);
         const StandingBox standing(StandingBox::Kind::Dialog, window);
         answer =
-            MessageBoxW(window, ToWide(request.text).c_str(), ToWide(request.title).c_str(),
+            MessageBoxW(window, ToWide(TextOf(request)).c_str(), ToWide(request.title).c_str(),
                         static_cast<UINT>(request.style) | DefaultOf(request) | MB_SETFOREGROUND);
         lastDied_ = answer == 0 || standing.Died();
     }

@@ -156,6 +156,7 @@ inline constexpr auto kDesign = InOrder<DesignText>({
     {DesignText::CardName, "姓名"},
     {DesignText::Birthday, "生日"},
     {DesignText::DaysLeft, "还有（天）"},
+    {DesignText::ModuleNotRegistered, "模块没有登记"},
     {DesignText::ButtonSearch, "查询(&F)"},
     {DesignText::ButtonAdd, "新增(&N)"},
     {DesignText::ButtonChange, "修改(&M)"},

@@ -6,8 +6,13 @@
 namespace zv::windows {
 
 bool HasRight(Session& session, const std::string& module, std::int16_t level) {
-    if (CheckModule(session, module, level, 0) > 0) return true;
-    session.windows.ShowMessage(resources::fixed::kNoRight, forms::box::kExclamation);
+    const std::int16_t right = CheckModule(session, module, level, 0);
+    if (right > 0) return true;
+    std::string reason;
+    if (right == kNotRegistered) {
+        reason = session.LoadText(resources::DesignText::ModuleNotRegistered) + ": " + module;
+    }
+    session.windows.ShowWithReason(resources::fixed::kNoRight, forms::box::kExclamation, reason);
     return false;
 }
 
