@@ -115,6 +115,7 @@ std::function<void()> Control::Remember() {
 
 std::function<void()> RememberAll(const std::vector<Control*>& controls) {
     std::vector<std::function<void()>> parts;
+    parts.reserve(controls.size());
     for (Control* control : controls) parts.push_back(control->Remember());
     return [parts = std::move(parts)] {
         for (const auto& part : parts) part();

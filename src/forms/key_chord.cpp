@@ -62,7 +62,7 @@ std::optional<KeyChord> ParseKeyChord(std::string_view name) {
     chord.control = take(kCtrl);
     chord.shift = take(kShift);
     if (name.size() == 1 && chord.control && IsCharacter(name.front())) {
-        chord.code = name.front();
+        chord.code = static_cast<unsigned char>(name.front());
         return chord;
     }
     for (int number = 0; number < kFunctionKeys; number++) {

@@ -61,8 +61,8 @@ std::string DueOf(std::optional<DateTime> day, ItemState state, DateTime today,
 
 std::string SignOf(std::optional<DateTime> day, ItemState state, DateTime today,
                    std::int16_t language) {
-    const std::string due = DueOf(day, state, today, language);
-    const std::string name = StateName(state, language);
+    std::string due = DueOf(day, state, today, language);
+    std::string name = StateName(state, language);
     if (due.empty()) return name;
     if (state != ItemState::InHand) return due;
     // How far off the day of what is in hand is matters once it has come.

@@ -1,6 +1,7 @@
 #include "report/preview/page_setup_form.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <utility>
 
@@ -15,9 +16,7 @@ constexpr std::array kDirections{ReportText::DirectionAsNeeded, ReportText::Dire
 
 std::string PaperText(Paper paper) {
     const PaperSize size = SizeOf(paper);
-    const auto length = [](double millimetres) {
-        return std::to_string(static_cast<int>(millimetres + 0.5));
-    };
+    const auto length = [](double millimetres) { return std::to_string(std::lround(millimetres)); };
     return std::string(size.name) + " (" + length(size.shortSide) + " x " + length(size.longSide) +
            " mm)";
 }
@@ -59,9 +58,11 @@ void PageSetupForm::SetCaptions() {
         field.text.SetMaxLength(2);
     }
     std::vector<std::string> papers;
+    papers.reserve(kPapers.size());
     for (const Paper paper : kPapers) papers.push_back(PaperText(paper));
     cboPaper.SetItems(std::move(papers));
     std::vector<std::string> directions;
+    directions.reserve(kDirections.size());
     for (const ReportText direction : kDirections) directions.push_back(Text(direction));
     cboDirection.SetItems(std::move(directions));
     cmdUsual.SetCaption(Text(ReportText::UsualSetup));

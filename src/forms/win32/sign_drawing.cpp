@@ -1,5 +1,6 @@
 #include "forms/win32/sign_drawing.h"
 
+#include <cstdint>
 #include <cstring>
 
 #include "forms/win32/wide_text.h"
@@ -22,7 +23,8 @@ SIZE SizeOf(HDC dc, const std::wstring& text) {
 
 bool RectOf(HWND tree, HTREEITEM item, bool textOnly, RECT& place) {
     // The message reads the item from the result's place.
-    std::memcpy(&place, &item, sizeof item);
+    const auto handle = reinterpret_cast<std::uintptr_t>(item);
+    std::memcpy(&place, &handle, sizeof handle);
     return SendMessageW(tree, TVM_GETITEMRECT, textOnly, reinterpret_cast<LPARAM>(&place)) != 0;
 }
 

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 
 #include "forms/win32/common_controls.h"
@@ -67,7 +68,8 @@ std::wstring ToolTips::TextOf(HWND control) const {
     TOOLINFOW tool = Tool(owner_.Handle(), control);
     tool.lpszText = text.data();
     SendMessageW(handle_.get(), TTM_GETTEXTW, kLongestTip, reinterpret_cast<LPARAM>(&tool));
-    return text.c_str();
+    text.resize(std::min(text.find(L'\0'), text.size()));
+    return text;
 }
 
 void ToolTips::Forget() {

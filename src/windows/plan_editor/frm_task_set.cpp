@@ -129,9 +129,9 @@ void frmTaskSet::WireKeys() {
 
 void frmTaskSet::WireShortcuts() {
     using resources::KeyText;
-    constexpr forms::KeyChord kSave{'S', true};
-    constexpr forms::KeyChord kSaveToo{forms::key::kEnter, true};
-    constexpr forms::KeyChord kThisList{forms::key::kF1};
+    static constexpr forms::KeyChord kSave{'S', true};
+    static constexpr forms::KeyChord kSaveToo{forms::key::kEnter, true};
+    static constexpr forms::KeyChord kThisList{forms::key::kF1};
     shortcuts.Press(kSave, cmdOK);
     shortcuts.Press(kSaveToo, cmdOK);
     shortcuts.Do(kThisList, [this] {

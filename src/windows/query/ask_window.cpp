@@ -64,11 +64,11 @@ void frmAsk::Wire() {
 
 void frmAsk::WireShortcuts() {
     using resources::KeyText;
-    constexpr forms::KeyChord kAsk{forms::key::kF5};
-    constexpr forms::KeyChord kAskToo{forms::key::kEnter, true};
-    constexpr forms::KeyChord kPrint{'P', true};
-    constexpr forms::KeyChord kExport{'S', true};
-    constexpr forms::KeyChord kThisList{forms::key::kF1};
+    static constexpr forms::KeyChord kAsk{forms::key::kF5};
+    static constexpr forms::KeyChord kAskToo{forms::key::kEnter, true};
+    static constexpr forms::KeyChord kPrint{'P', true};
+    static constexpr forms::KeyChord kExport{'S', true};
+    static constexpr forms::KeyChord kThisList{forms::key::kF1};
     shortcuts.Press(kAsk, cmdAsk);
     shortcuts.Press(kAskToo, cmdAsk);
     shortcuts.Press(kPrint, cmdPrint);
