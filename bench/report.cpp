@@ -28,7 +28,7 @@ Document MakeList(int rows) {
     document.user = "张三";
     document.printed = zv::DateTime(2003, 3, 7);
     for (const char* heading : {"编号", "主题", "日期", "类型", "状态", "内容"}) {
-        document.table.columns.push_back({heading, 0});
+        document.table.columns.push_back({heading});
     }
     for (int i = 1; i <= rows; i++) {
         document.table.rows.push_back({std::to_string(i), "拜访客户 Nr. " + std::to_string(i),
