@@ -99,7 +99,7 @@ double Luminance(std::uint32_t color) {
 }
 
 double Contrast(std::uint32_t a, std::uint32_t b) {
-    const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
+    const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
     return (light + 0.05) / (dark + 0.05);
 }
 
