@@ -31,10 +31,4 @@ CommandButton* Shortcuts::ByLetter(char32_t letter) const {
     return nullptr;
 }
 
-std::string Shortcuts::NameFor(const CommandButton& button) const {
-    const auto at = std::find_if(entries_.begin(), entries_.end(),
-                                 [&](const Entry& entry) { return entry.button == &button; });
-    return at == entries_.end() ? std::string() : NameOf(at->chord);
-}
-
 }  // namespace zv::forms

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <functional>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -33,8 +32,6 @@ class Shortcuts {
     const Entry* Find(KeyChord chord) const;
     /// Null where no button has the letter.
     CommandButton* ByLetter(char32_t letter) const;
-    /// What the first key of the button is called; empty for none.
-    std::string NameFor(const CommandButton& button) const;
 
  private:
     std::vector<Entry> entries_;
