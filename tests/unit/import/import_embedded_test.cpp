@@ -207,6 +207,20 @@ TEST_F(ImportEmbedded, ADatabaseThatWasOnlyCreatedCountsAsEmpty) {
     EXPECT_EQ(Dump("b.db"), Dump("a.db"));
 }
 
+TEST_F(ImportEmbedded, ASourceWithoutModulesLeavesThoseOfANewDatabase) {
+    Change("delete from tSysFunc");
+    for (const char* made : {"b.db", ""}) {
+        if (*made != '\0') {
+            ASSERT_EQ(RunZvdb({"create", Path(made)}).status, 0);
+        }
+        const Outcome import = Import();
+        EXPECT_EQ(import.status, 0) << import.out << import.err;
+        EXPECT_EQ(Engine(Path("b.db")).Number("select count(*) from tSysFunc where password=''"), 4)
+            << made;
+        std::filesystem::remove(File("b.db"));
+    }
+}
+
 TEST_F(ImportEmbedded, ModulesOfTheHostAreNotTakenForThoseOfANewDatabase) {
     ASSERT_EQ(RunZvdb({"create", Path("b.db")}).status, 0);
     Change("update tSysFunc set password='secret' where model_Name='mnuToolTask'", "b.db");

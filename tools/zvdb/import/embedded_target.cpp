@@ -247,6 +247,12 @@ void EmbeddedTarget::RefuseDamage() {
     if (!damage.empty()) throw TargetError(damage.front());
 }
 
+void EmbeddedTarget::RegisterModules() {
+    Guarded([&] {
+        for (const std::string& statement : RegisterOwnModules()) engine_->Run(statement);
+    });
+}
+
 void EmbeddedTarget::Commit() {
     Guarded([&] {
         // What is in a file that is there may have been damaged before.

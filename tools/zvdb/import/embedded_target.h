@@ -42,6 +42,7 @@ class EmbeddedTarget : public TableTarget {
     std::unique_ptr<RowReader> Read(const TableRule& table,
                                     const std::vector<ColumnRule>& columns) override;
     std::vector<std::string> Warnings() override;
+    void RegisterModules() override;
     void Commit() override;
     std::vector<std::string> CheckImported() override;
 

@@ -6,6 +6,7 @@
 #include "zvdb/import/cell_fit.h"
 #include "zvdb/import/interruption.h"
 #include "zvdb/import/key_set.h"
+#include "zvdb/own_modules.h"
 
 namespace zv::zvdb {
 namespace {
@@ -190,6 +191,10 @@ void Importer::Run(bool dryRun, bool replace) {
     for (const Way& way : ways_) Compare(way);
     progress_.Finish();
     StopIfInterrupted();
+    const bool bringsModules = std::any_of(counts_.begin(), counts_.end(), [](const auto& table) {
+        return table.first == kModuleTable && table.second > 0;
+    });
+    if (!bringsModules) target_.RegisterModules();
     target_.Commit();
 }
 

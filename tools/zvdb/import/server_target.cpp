@@ -236,6 +236,13 @@ std::unique_ptr<RowReader> ServerTarget::Read(const TableRule& table,
         [&] { return std::make_unique<TargetServerRows>(*link_, NameOf(table), names, key); });
 }
 
+void ServerTarget::RegisterModules() {
+    Guarded([&] {
+        for (const std::string& statement : RegisterOwnModules(link_->Bulk().TextPrefix()))
+            link_->Run(statement);
+    });
+}
+
 void ServerTarget::Commit() {
     try {
         link_->Run("commit");

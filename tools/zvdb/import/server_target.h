@@ -30,6 +30,7 @@ class ServerTarget : public TableTarget {
     void Finish() override;
     std::unique_ptr<RowReader> Read(const TableRule& table,
                                     const std::vector<ColumnRule>& columns) override;
+    void RegisterModules() override;
     void Commit() override;
     std::vector<std::string> CheckImported() override;
 

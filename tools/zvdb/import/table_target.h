@@ -66,6 +66,9 @@ class TableTarget {
     /// Rows as they will be after Commit.
     virtual std::unique_ptr<RowReader> Read(const TableRule& table,
                                             const std::vector<ColumnRule>& columns) = 0;
+    /// Registers the modules that the windows ask for, where the source brings none: without them
+    /// nobody could do anything.
+    virtual void RegisterModules() = 0;
     virtual void Commit() = 0;
     /// What the user should know of what Commit does, a sentence each.
     virtual std::vector<std::string> Warnings() { return {}; }
