@@ -66,6 +66,8 @@ class FormPeer {
     virtual void CaptionChanged() = 0;
     virtual void BoundsChanged() = 0;
     virtual void WindowStateChanged() = 0;
+    /// The scroll bars, or what lies in view, are others.
+    virtual void ViewChanged() {}
     /// Paints at once what waits to be painted, also while no message loop runs.
     virtual void PaintNow() {}
     virtual void MenuChanged(MenuItem& item) = 0;
@@ -92,6 +94,8 @@ class Backend {
     /// The part of the screen that windows may cover, its origin included, on the monitor where the
     /// user works at this moment.
     virtual Rect WorkArea() = 0;
+    /// The thickness of a window's scroll bar.
+    virtual int ScrollBarSize() = 0;
     virtual Dialogs& GetDialogs() = 0;
     /// Throws error 521 when another program holds the clipboard.
     virtual void SetClipboardText(std::string_view text) = 0;

@@ -172,11 +172,39 @@ void Form::Center() {
 
 void Form::SetClientSize(Size size) {
     // Until the native window reports its real frame the outer size keeps the present difference.
-    bounds_.width += size.width - clientSize_.width;
-    bounds_.height += size.height - clientSize_.height;
-    clientSize_ = size;
+    bounds_.width += size.width - inside_.width;
+    bounds_.height += size.height - inside_.height;
+    inside_ = wanted_ = size;
+    UpdateView();
     if (peer_) peer_->BoundsChanged();
     if (loaded_) Form_Resize();
+}
+
+void Form::SetMinimumClientSize(Size size) {
+    minimumClientSize_ = size;
+    UpdateView();
+}
+
+void Form::SetSizable(bool sizable) {
+    sizable_ = sizable;
+    UpdateView();
+}
+
+void Form::UpdateView() {
+    // What cannot be sized has one layout.
+    view_.Set(inside_, sizable_ ? minimumClientSize_ : wanted_,
+              windows_.GetBackend().ScrollBarSize());
+    clientSize_ = view_.Content();
+    if (peer_) peer_->ViewChanged();
+}
+
+void Form::Reveal(const Control& control) {
+    Rect place = control.Bounds();
+    for (const Control* parent = control.Parent(); parent; parent = parent->Parent()) {
+        place.left += parent->Bounds().left;
+        place.top += parent->Bounds().top;
+    }
+    if (view_.Reveal(place) && peer_) peer_->ViewChanged();
 }
 
 void Form::SetState(WindowState state) {
@@ -241,6 +269,7 @@ void Form::SetActive(Control* control) {
     }
     // LostFocus may have sent the focus elsewhere.
     if (active_ == control && control) {
+        Reveal(*control);
         if (control->Peer()) control->Peer()->TakeFocus();
         if (control->onGotFocus) control->onGotFocus();
     }
@@ -291,17 +320,24 @@ bool Form::UserMayEnd() {
     return may;
 }
 
-void Form::UserResized(Rect bounds, Size clientSize) {
+void Form::UserResized(Rect bounds, Size inside) {
     bounds_ = bounds;
-    if (clientSize == clientSize_) return;
-    clientSize_ = clientSize;
+    if (inside == inside_) return;
+    inside_ = inside;
+    const Size former = clientSize_;
+    UpdateView();
+    if (clientSize_ != former) windows_.FromUser([this] { Form_Resize(); });
+}
+
+void Form::UserRescaled(Rect bounds, Size inside) {
+    bounds_ = bounds;
+    inside_ = inside;
+    UpdateView();
     windows_.FromUser([this] { Form_Resize(); });
 }
 
-void Form::UserRescaled(Rect bounds, Size clientSize) {
-    bounds_ = bounds;
-    clientSize_ = clientSize;
-    windows_.FromUser([this] { Form_Resize(); });
+void Form::UserScrolled(Position offset) {
+    if (view_.ScrollTo(offset) && peer_) peer_->ViewChanged();
 }
 
 void Form::UserActivated() {

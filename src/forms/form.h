@@ -10,6 +10,7 @@
 #include "forms/backend.h"
 #include "forms/control.h"
 #include "forms/shortcuts.h"
+#include "forms/viewport.h"
 #include "forms/window_system.h"
 
 namespace zv::forms {
@@ -50,16 +51,20 @@ class Form {
     bool WasSeen() const { return seen_; }
     bool IsModal() const { return modal_; }
 
-    /// Outer place on the screen, and the size inside the frame.
+    /// Outer place on the screen.
     const Rect& Bounds() const { return bounds_; }
     void Move(const Rect& bounds);
     void Center();
+    /// What the controls are laid out in. Where the screen has less room, or the user gives a
+    /// sizable window less than its smallest size, the window shows a part of it and scrolls.
     const Size& ClientSize() const { return clientSize_; }
     void SetClientSize(Size size);
     const Size& MinimumClientSize() const { return minimumClientSize_; }
-    void SetMinimumClientSize(Size size) { minimumClientSize_ = size; }
+    void SetMinimumClientSize(Size size);
     bool Sizable() const { return sizable_; }
-    void SetSizable(bool sizable) { sizable_ = sizable; }
+    void SetSizable(bool sizable);
+    /// The part of the controls' room that is seen.
+    const Viewport& View() const { return view_; }
     WindowState State() const { return state_; }
     void SetState(WindowState state);
 
@@ -113,10 +118,12 @@ class Form {
     void UserClose();
     /// The session is about to end: false where the user wants to keep what he entered.
     bool UserMayEnd();
-    void UserResized(Rect bounds, Size clientSize);
+    /// `inside`: the room inside the frame, scroll bars included.
+    void UserResized(Rect bounds, Size inside);
     /// The same after a change of the resolution, which changes the widths of texts: the window is
     /// laid out again even where its size in units is as it was.
-    void UserRescaled(Rect bounds, Size clientSize);
+    void UserRescaled(Rect bounds, Size inside);
+    void UserScrolled(Position offset);
     void UserChangedState(WindowState state) { state_ = state; }
     void UserActivated();
     /// The native window is being destroyed by somebody else, or the session ends: the form goes
@@ -161,6 +168,8 @@ class Form {
     void Unregister(Control& control);
     void Activate();
     void SetActive(Control* control);
+    void Reveal(const Control& control);
+    void UpdateView();
     bool TakeShortcut(const Control& control, const KeyEvent& event);
     void PressAndReturn(CommandButton& button);
     bool TakeKey(Control& control, KeyEvent& event);
@@ -175,8 +184,11 @@ class Form {
     std::vector<MenuItem*> menus_;
     std::vector<Control*> tabOrder_;
     Rect bounds_{0, 0, 640, 480};
+    Size inside_{640, 480};
+    Size wanted_{640, 480};  ///< what the layout asked for last
     Size clientSize_{640, 480};
     Size minimumClientSize_;
+    Viewport view_;
     WindowState state_ = WindowState::Normal;
     std::string lastPopup_;
     Position lastPopupAt_;

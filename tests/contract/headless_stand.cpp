@@ -13,6 +13,7 @@ class HeadlessStand : public Stand {
         backend_.modalLoop = std::move(loop);
     }
     void SetMenuLoop(std::function<void()> loop) override { backend_.onMenuIdle = std::move(loop); }
+    void SetWorkArea(const forms::Rect& area) override { backend_.workArea = area; }
 
  private:
     forms::headless::HeadlessBackend backend_{dialogs};

@@ -26,6 +26,8 @@ class Stand {
     virtual void SetModalLoop(std::function<void(forms::Form&)> loop) = 0;
     /// What runs while a popup menu is open; the menu closes when it returns.
     virtual void SetMenuLoop(std::function<void()> loop) = 0;
+    /// What windows may cover of the screen, in units.
+    virtual void SetWorkArea(const forms::Rect& area) = 0;
     /// Native windows and graphics objects that are still held; 0 after the last window is gone.
     virtual int LiveHandles() const { return 0; }
 

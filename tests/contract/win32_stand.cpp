@@ -20,6 +20,9 @@ class Win32Stand : public Stand {
             EndMenu();
         };
     }
+    void SetWorkArea(const forms::Rect& area) override {
+        backend_.workArea = forms::win32::Scale(forms::win32::SystemDpi()).ToPixels(area);
+    }
     int LiveHandles() const override {
         return forms::win32::LiveHandles() - before_ + forms::win32::Win32Backend::OpenWindows();
     }

@@ -296,6 +296,77 @@ TEST_F(Windows, AWindowThatIsLargerThanTheScreenStartsAtItsCorner) {
     EXPECT_EQ(form.Bounds().top, area.top);
 }
 
+TEST_F(Windows, AWindowIsNeverShownLargerThanTheScreen) {
+    stand_->SetWorkArea({40, 30, 500, 300});
+    auto& form = Make();
+    form.SetClientSize({700, 400});
+    form.Center();
+    form.Show(false);
+    EXPECT_EQ(form.Bounds(), (Rect{40, 30, 500, 300}));
+    // The controls keep their room, of which a part is seen.
+    EXPECT_EQ(form.ClientSize(), (Size{700, 400}));
+    EXPECT_LE(form.View().Inside().width, 500);
+    EXPECT_LE(form.View().Inside().height, 300);
+    EXPECT_TRUE(form.View().HasHorizontalBar());
+    EXPECT_TRUE(form.View().HasVerticalBar());
+}
+
+TEST_F(Windows, AWindowThatWouldStandOutsideStartsInside) {
+    stand_->SetWorkArea({40, 30, 900, 700});
+    auto& form = Make();
+    form.Move({-200, 900, form.Bounds().width, form.Bounds().height});
+    form.Show(false);
+    EXPECT_EQ(form.Bounds().left, 40);
+    EXPECT_EQ(form.Bounds().Bottom(), 730);
+    EXPECT_FALSE(form.View().HasVerticalBar());
+}
+
+TEST_F(Windows, AWindowThatGrowsWhileItIsSeenStaysOnTheScreen) {
+    stand_->SetWorkArea({0, 0, 800, 600});
+    auto& form = Make();
+    form.SetClientSize({300, 200});
+    form.Move({400, 350, form.Bounds().width, form.Bounds().height});
+    form.Show(false);
+    form.SetClientSize({600, 500});
+    EXPECT_LE(form.Bounds().Right(), 800);
+    EXPECT_LE(form.Bounds().Bottom(), 600);
+    EXPECT_EQ(form.ClientSize(), (Size{600, 500}));
+    EXPECT_FALSE(form.View().HasVerticalBar());
+}
+
+TEST_F(Windows, ASizableWindowBelowItsSmallestSizeScrolls) {
+    auto& form = Make();
+    form.SetSizable(true);
+    form.SetMinimumClientSize({400, 300});
+    form.Show(false);
+    driver().Resize(form, {340, 260});
+    EXPECT_EQ(form.ClientSize(), (Size{400, 300}));
+    EXPECT_TRUE(form.View().HasHorizontalBar());
+    EXPECT_TRUE(form.View().HasVerticalBar());
+    driver().Resize(form, {500, 400});
+    EXPECT_EQ(form.ClientSize(), (Size{500, 400}));
+    EXPECT_FALSE(form.View().HasVerticalBar());
+}
+
+TEST_F(Windows, TheFocusComesIntoView) {
+    stand_->SetWorkArea({0, 0, 400, 300});
+    auto& form = windows_.Create<PlainForm>();
+    form.SetClientSize({900, 700});
+    form.cmdOK.Move({800, 650, 90, 30});
+    form.Show(false);
+    ASSERT_EQ(form.ActiveControl(), &form.cmdOK);
+    const Viewport& view = form.View();
+    EXPECT_GE(view.Offset().x + view.View().width, 890);
+    EXPECT_GE(view.Offset().y + view.View().height, 680);
+    EXPECT_LE(view.Offset().x, 800);
+    EXPECT_LE(view.Offset().y, 650);
+    // What was scrolled into view can be clicked there.
+    int clicks = 0;
+    form.cmdOK.onClick = [&] { clicks++; };
+    driver().Click(form.cmdOK);
+    EXPECT_EQ(clicks, 1);
+}
+
 TEST_F(Windows, WiderTextMeasuresWider) {
     Backend& backend = windows_.GetBackend();
     const Size narrow = backend.MeasureText("任务");

@@ -53,7 +53,7 @@ class Driver {
     virtual void AddRow(forms::Control& grid, int row) = 0;
     virtual void PressHeading(forms::Control& grid, int column) = 0;
     virtual void ResizeColumn(forms::Control& grid, int column, int width) = 0;
-    virtual void Resize(forms::Form& form, forms::Size clientSize) = 0;
+    virtual void Resize(forms::Form& form, forms::Size inside) = 0;
     virtual void Close(forms::Form& form) = 0;
     /// The user logs off: every window is asked, and when none objects all go.
     virtual void EndSession(forms::WindowSystem& windows) = 0;

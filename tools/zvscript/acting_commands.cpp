@@ -215,6 +215,15 @@ Action Minimise(Words words) {
     };
 }
 
+Action Resize(Words words) {
+    const forms::Size inside{ToInteger(words[1]), ToInteger(words[2])};
+    return [name = ParseWindow(words[0]), inside](ScenarioStage& stage) {
+        forms::Form& form = FindForm(stage.windows, name);
+        if (!form.Sizable()) throw Failure(name + " has a fixed size");
+        stage.driver.Resize(form, inside);
+    };
+}
+
 constexpr std::array kActing = std::to_array<CommandSpec>({
     {"answer", 1, 1, "ok|cancel|yes|no|enter", AnswerBox, OpenMenu::Stays},
     {"input", 1, 1, "\"TEXT\"|cancel", Input, OpenMenu::Stays},
@@ -236,6 +245,7 @@ constexpr std::array kActing = std::to_array<CommandSpec>({
     {"mouse", 3, 3, "W.C X Y", Mouse},
     {"close", 1, 1, "W", Close},
     {"minimise", 1, 1, "W", Minimise},
+    {"resize", 3, 3, "W WIDTH HEIGHT", Resize},
     {"call", 1, CommandSpec::kMany, "NAME ARG...", CompileCall},
 });
 

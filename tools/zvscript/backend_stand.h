@@ -22,6 +22,8 @@ class BackendStand {
     virtual ~BackendStand() = default;
     virtual forms::Backend& GetBackend() = 0;
     virtual driver::Driver& GetDriver() = 0;
+    /// What windows may cover of the screen, in units.
+    virtual void SetWorkArea(const forms::Rect& area) = 0;
     /// Lets the windows handle what an act has left waiting.
     virtual void Settle() {}
 };

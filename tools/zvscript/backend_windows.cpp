@@ -21,6 +21,9 @@ class Win32Stand : public BackendStand {
     }
     forms::Backend& GetBackend() override { return backend_; }
     driver::Driver& GetDriver() override { return driver_; }
+    void SetWorkArea(const forms::Rect& area) override {
+        backend_.workArea = forms::win32::Scale(forms::win32::SystemDpi()).ToPixels(area);
+    }
     void Settle() override { driver::PumpMessages(); }
 
  private:

@@ -88,6 +88,13 @@ std::string ReadWindow(ScenarioStage& stage, const PropertyPath& path) {
     if (path.property == "focus") {
         return form.ActiveControl() ? form.ActiveControl()->DisplayName() : std::string();
     }
+    if (path.property == "onscreen") {
+        const forms::Rect area = stage.windows.GetBackend().WorkArea();
+        return Truth(forms::FitInto(form.Bounds(), area) == form.Bounds());
+    }
+    if (path.property == "scrolls") {
+        return Truth(form.View().HasHorizontalBar() || form.View().HasVerticalBar());
+    }
     if (path.property == "minimised") {
         return Truth(form.State() == forms::WindowState::Minimised);
     }

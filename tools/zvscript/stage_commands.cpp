@@ -131,6 +131,13 @@ Action DatabaseError(Words words) {
     };
 }
 
+Action Screen(Words words) {
+    const forms::Rect area{ToInteger(words[0]), ToInteger(words[1]), ToInteger(words[2]),
+                           ToInteger(words[3])};
+    if (area.width < 1 || area.height < 1) throw ScriptError("a screen has a width and a height");
+    return [area](ScenarioStage& stage) { stage.stand->SetWorkArea(area); };
+}
+
 constexpr std::array kStage = std::to_array<CommandSpec>({
     {"clock", 1, 1, "2003-03-07T09:30:00", Clock, OpenMenu::Stays},
     {"advance", 1, 1, "5m", Advance, OpenMenu::Stays},
@@ -141,6 +148,7 @@ constexpr std::array kStage = std::to_array<CommandSpec>({
     {"setting", 3, 3, "SECTION KEY VALUE", Setting},
     {"bag", 1, CommandSpec::kMany, "init|read KEY=VALUE...|write", Bag},
     {"locale", 1, 1, "zh-CN|en-US|de-DE", Locale, OpenMenu::Stays},
+    {"screen", 4, 4, "LEFT TOP WIDTH HEIGHT", Screen, OpenMenu::Stays},
     {"opener", 1, 1, "fail", Opener, OpenMenu::Stays},
     {"dberror", 2, 2, "N \"TEXT\"", DatabaseError, OpenMenu::Stays},
 });

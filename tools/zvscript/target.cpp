@@ -131,7 +131,8 @@ PropertyPath ParsePropertyPath(const std::string& word) {
     if (parts.size() == 2) {
         PropertyPath path{{WindowOf(parts[0]), {}, -1}, last.name, {}};
         const bool known = last.name == "caption" || last.name == "modal" ||
-                           last.name == "minimised" || last.name == "focus";
+                           last.name == "minimised" || last.name == "focus" ||
+                           last.name == "onscreen" || last.name == "scrolls";
         if (!known || last.parenthesis) {
             throw ScriptError("a window has no property " + Quote(last.name));
         }

@@ -1,6 +1,7 @@
 #include "forms/headless/headless_backend.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/errors.h"
 #include "base/text.h"
@@ -10,14 +11,20 @@ namespace zv::forms::headless {
 
 namespace {
 
-// A window that nobody sees; only its menus take their time.
+// A window that nobody sees, without a frame; it lies within the work area as others do, and its
+// menus take their time.
 class HeadlessFormPeer : public FormPeer {
  public:
-    explicit HeadlessFormPeer(HeadlessBackend& backend) : backend_(backend) {}
+    HeadlessFormPeer(HeadlessBackend& backend, Form& form) : backend_(backend), form_(form) {}
     void Show() override {}
     void Hide() override {}
     void CaptionChanged() override {}
-    void BoundsChanged() override {}
+    void BoundsChanged() override {
+        if (std::exchange(placing_, true)) return;
+        const Rect outer = FitInto(form_.Bounds(), backend_.workArea);
+        form_.UserResized(outer, {outer.width, outer.height});
+        placing_ = false;
+    }
     void WindowStateChanged() override {}
     void MenuChanged(MenuItem&) override {}
     MenuItem* PopupMenu(MenuItem&, int, int) override {
@@ -27,12 +34,16 @@ class HeadlessFormPeer : public FormPeer {
 
  private:
     HeadlessBackend& backend_;
+    Form& form_;
+    bool placing_ = false;
 };
 
 }  // namespace
 
-std::unique_ptr<FormPeer> HeadlessBackend::Realize(Form&) {
-    return std::make_unique<HeadlessFormPeer>(*this);
+std::unique_ptr<FormPeer> HeadlessBackend::Realize(Form& form) {
+    auto peer = std::make_unique<HeadlessFormPeer>(*this, form);
+    peer->BoundsChanged();
+    return peer;
 }
 
 void HeadlessBackend::RunModal(Form& form) {

@@ -28,6 +28,7 @@ class HeadlessBackend : public Backend {
     /// By fixed widths: 12 for a wide character, 6 for any other, 16 a line.
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override { return workArea; }
+    int ScrollBarSize() override { return 16; }
     Dialogs& GetDialogs() override { return dialogs_; }
     void SetClipboardText(std::string_view text) override { clipboard_ = text; }
     std::string ClipboardText() override { return clipboard_; }

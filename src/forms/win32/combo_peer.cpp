@@ -33,7 +33,7 @@ void NativeCombo::Create(HWND parent, int id) {
 
 // The native height includes the list that drops; the entry's own is set separately.
 void NativeCombo::ApplyBounds() {
-    const RECT bounds = GetScale().ToPixels(Logical().Bounds());
+    const RECT bounds = PixelBounds();
     const int height = bounds.bottom - bounds.top;
     Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
          std::max(1, height - GetScale().ToPixels(kFrame)));

@@ -42,6 +42,15 @@ LOGFONTW MessageFont(int dpi) {
     return metrics.lfMessageFont;
 }
 
+RECT WorkAreaOf(HMONITOR monitor) {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    if (GetMonitorInfoW(monitor, &info)) return info.rcWork;
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return area;
+}
+
 }  // namespace
 
 int SystemDpi() {
@@ -66,14 +75,18 @@ int DpiAround(const RECT& place) {
 }
 
 RECT WorkAreaAt(HWND window) {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    if (GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor)) {
-        return monitor.rcWork;
-    }
-    RECT area{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-    return area;
+    return WorkAreaOf(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY));
+}
+
+RECT WorkAreaAround(const RECT& place) {
+    return WorkAreaOf(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST));
+}
+
+int BarThickness(int dpi) {
+    using ForDpi = int(WINAPI*)(int, UINT);
+    static const auto forDpi = UserFunction<ForDpi>("GetSystemMetricsForDpi");
+    if (forDpi) return forDpi(SM_CXVSCROLL, static_cast<UINT>(dpi));
+    return MulDiv(GetSystemMetrics(SM_CXVSCROLL), dpi, SystemDpi());
 }
 
 Font CreateUiFont(int dpi) {

@@ -42,6 +42,11 @@ int DpiAround(const RECT& place);
 /// What windows may cover of the monitor where `window` lies, in pixels; of the primary monitor for
 /// null.
 RECT WorkAreaAt(HWND window);
+/// The same of the monitor that has most of a place, or is nearest to it.
+RECT WorkAreaAround(const RECT& place);
+
+/// The thickness of a window's scroll bar, in pixels.
+int BarThickness(int dpi);
 
 /// The font of the system's messages at a resolution. Where that has no Chinese characters of both
 /// scripts and the system has a user-interface font with them, it is that one in the same size.

@@ -223,6 +223,16 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_GETMINMAXINFO:
             OnMinimumSize(*reinterpret_cast<MINMAXINFO*>(lParam));
             return 0;
+        case WM_HSCROLL:
+        case WM_VSCROLL:
+            if (lParam != 0) break;
+            OnScroll(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(wParam));
+            return 0;
+        case WM_MOUSEWHEEL:
+        case WM_MOUSEHWHEEL:
+            OnWheel(message == WM_MOUSEHWHEEL ? SB_HORZ : SB_VERT,
+                    static_cast<short>(HIWORD(wParam)));
+            return 0;
         case WM_ACTIVATE:
             return OnActivate(wParam, lParam);
         case WM_SETFOCUS:
@@ -399,7 +409,7 @@ MenuItem* FormWindow::PopupMenu(MenuItem& menu, int x, int y) {
     const ManifestInForce manifest(backend_.Controls().Manifest());
     const DpiScope sharp = backend_.Dpi().ForWindows();
     const Menu native = menu_.CreatePopup(menu);
-    POINT at{scale_.ToPixels(x), scale_.ToPixels(y)};
+    POINT at{scale_.ToPixels(x) - scrolled_.x, scale_.ToPixels(y) - scrolled_.y};
     ClientToScreen(Handle(), &at);
     SetForegroundWindow(Handle());
     const UINT id = static_cast<UINT>(TrackPopupMenuEx(

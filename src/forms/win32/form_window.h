@@ -43,6 +43,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void CaptionChanged();
     void BoundsChanged();
     void WindowStateChanged();
+    void ViewChanged();
     void PaintNow();
     void MenuChanged();
     MenuItem* PopupMenu(MenuItem& menu, int x, int y);
@@ -53,6 +54,10 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     HINSTANCE Module() const;
     const Scale& GetScale() const { return scale_; }
     HFONT UiFont() const { return font_.get(); }
+    /// The room inside the frame, scroll bars included.
+    Size InsidePixels() const;
+    /// How far the content is scrolled out of the window's corner.
+    Position ScrolledPixels() const;
     const FormMenu& Menus() const { return menu_; }
     win32::ToolTips& ToolTips() { return toolTips_; }
     bool Gone() const { return gone_; }
@@ -116,6 +121,9 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void OnTimer(WPARAM id);
     void Build(Control& control, int id);
     void PlaceByClient();
+    void OnScroll(int bar, int request);
+    void OnWheel(int bar, int turned);
+    void ScrollTo(int bar, int at);
     void ReportPlace();
     void RestoreFocus();
     void BeginModal();
@@ -124,8 +132,9 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     /// An entry that is drawn as one that takes no typing.
     bool LooksLocked(HWND child) const;
     HBRUSH ColorOf(HDC dc, HWND child) const;
-    Size ClientUnits() const;
+    Size InsideUnits() const;
     Rect OuterUnits() const;
+    RECT OuterOf(Size inside) const;
     DWORD Style() const;
     DWORD ExtendedStyle() const;
 
@@ -148,6 +157,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     int depth_ = 0;
     int givingFocus_ = 0;
     int placing_ = 0;
+    Position scrolled_;  ///< pixels by which the controls are moved at this moment
     bool showing_ = false;
     bool gone_ = false;
     bool dying_ = false;                 ///< the native window is being destroyed by somebody else

@@ -21,7 +21,7 @@ NativeControl::~NativeControl() = default;
 
 void NativeControl::CreateNative(HWND parent, int id, const wchar_t* windowClass, DWORD style,
                                  DWORD extendedStyle, const std::wstring& text) {
-    const RECT bounds = GetScale().ToPixels(control_.Bounds());
+    const RECT bounds = PixelBounds();
     if (ShownByItself()) style |= WS_VISIBLE;
     if (!control_.Enabled()) style |= WS_DISABLED;
     handle_.reset(CreateWindowExW(
@@ -85,8 +85,16 @@ bool NativeControl::ShownByItself() const {
     return control_.OwnVisible();
 }
 
+RECT NativeControl::PixelBounds() const {
+    RECT bounds = GetScale().ToPixels(control_.Bounds());
+    if (control_.Parent()) return bounds;
+    const Position scrolled = window_.ScrolledPixels();
+    OffsetRect(&bounds, -scrolled.x, -scrolled.y);
+    return bounds;
+}
+
 void NativeControl::ApplyBounds() {
-    const RECT bounds = GetScale().ToPixels(control_.Bounds());
+    const RECT bounds = PixelBounds();
     // Controls that change places may cover each other on the way: what stood at the old place is
     // not to be carried to the new one.
     SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,

@@ -80,6 +80,8 @@ class NativeControl {
                       DWORD extendedStyle = 0, const std::wstring& text = {});
     virtual void Mirror(Aspect) {}
     virtual void ApplyBounds();
+    /// In the native parent.
+    RECT PixelBounds() const;
     virtual bool ShownByItself() const;
     /// Before the native window sees a message; a value ends its handling.
     virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);

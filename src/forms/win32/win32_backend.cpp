@@ -28,6 +28,7 @@ class NativeFormPeer : public FormPeer {
     void CaptionChanged() override { window_->CaptionChanged(); }
     void BoundsChanged() override { window_->BoundsChanged(); }
     void WindowStateChanged() override { window_->WindowStateChanged(); }
+    void ViewChanged() override { window_->ViewChanged(); }
     void PaintNow() override { window_->PaintNow(); }
     void MenuChanged(MenuItem&) override { window_->MenuChanged(); }
     MenuItem* PopupMenu(MenuItem& menu, int x, int y) override {
@@ -194,6 +195,11 @@ Rect Win32Backend::WorkArea() {
     const int dpi = DpiAround(area);
     Meets(dpi);
     return Scale(dpi).ToUnits(area);
+}
+
+int Win32Backend::ScrollBarSize() {
+    const DpiScope sharp = dpi_.ForWindows();
+    return Scale(SystemDpi()).ToUnits(BarThickness(SystemDpi()));
 }
 
 Dialogs& Win32Backend::GetDialogs() {

@@ -13,6 +13,7 @@
 #include "forms/dpi_awareness.h"
 #include "forms/win32/accessibility.h"
 #include "forms/win32/common_controls.h"
+#include "forms/win32/display.h"
 #include "forms/win32/handles.h"
 #include "forms/win32/system_dpi.h"
 #include "forms/win32/win32_dialogs.h"
@@ -37,12 +38,15 @@ class Win32Backend : public Backend {
     /// What fits at every resolution at which this backend has or had a window.
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override;
+    int ScrollBarSize() override;
     Dialogs& GetDialogs() override;
     void SetClipboardText(std::string_view text) override;
     std::string ClipboardText() override;
 
     /// The system's notes for screen readers; null where it keeps none.
     virtual AccessNotes ScreenReaders() { return SystemAccessNotes(); }
+    /// What windows may cover of the monitor that has most of this place, in pixels.
+    virtual RECT WorkAreaAround(const RECT& place) { return win32::WorkAreaAround(place); }
     /// Called again and again while a menu is open and the user does nothing.
     virtual void MenuIdle() {}
     /// Whether the system's clock makes timers tick.

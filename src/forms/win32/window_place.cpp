@@ -1,16 +1,35 @@
 // Where a window stands and how large it is, at the resolution that it has.
+#include <algorithm>
+
 #include "forms/win32/form_window.h"
 #include "forms/win32/win32_backend.h"
 
 namespace zv::forms::win32 {
 
+namespace {
+
+/// What is left of a window that its user makes small: it scrolls then.
+constexpr Size kSmallest{320, 240};
+
+Rect FromRect(const RECT& rect) {
+    return {static_cast<int>(rect.left), static_cast<int>(rect.top),
+            static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
+}
+
+}  // namespace
+
 void FormWindow::OnMinimumSize(MINMAXINFO& info) const {
+    if (!form_.Sizable()) return;
     const Size least = form_.MinimumClientSize();
-    const RECT client{0, 0, scale_.ToPixels(least.width), scale_.ToPixels(least.height)};
     const RECT outer =
-        OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, scale_.Dpi());
+        OuterOf({std::min(least.width, kSmallest.width), std::min(least.height, kSmallest.height)});
     if (least.width > 0) info.ptMinTrackSize.x = outer.right - outer.left;
     if (least.height > 0) info.ptMinTrackSize.y = outer.bottom - outer.top;
+}
+
+RECT FormWindow::OuterOf(Size inside) const {
+    const RECT client{0, 0, scale_.ToPixels(inside.width), scale_.ToPixels(inside.height)};
+    return OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, scale_.Dpi());
 }
 
 void FormWindow::OnResolution(int dpi, const RECT& suggested) {
@@ -20,8 +39,9 @@ void FormWindow::OnResolution(int dpi, const RECT& suggested) {
     placing_++;
     toolTips_.ResolutionChanged();
     for (const auto& control : controls_) control->ResolutionChanged();
-    SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const Rect place = FitInto(FromRect(suggested), FromRect(backend_.WorkAreaAround(suggested)));
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
     placing_--;
     InvalidateRect(Handle(), nullptr, TRUE);
     LayOutAgain();
@@ -31,8 +51,8 @@ void FormWindow::OnResolution(int dpi, const RECT& suggested) {
 LRESULT FormWindow::OnScaledSize(int dpi, SIZE& size) const {
     if (IsZoomed(Handle()) || IsIconic(Handle())) return FALSE;
     const Scale scale(dpi);
-    const RECT client{0, 0, scale.ToPixels(form_.ClientSize().width),
-                      scale.ToPixels(form_.ClientSize().height)};
+    const Size inside = form_.View().Inside();
+    const RECT client{0, 0, scale.ToPixels(inside.width), scale.ToPixels(inside.height)};
     const RECT outer =
         OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, dpi);
     size = {outer.right - outer.left, outer.bottom - outer.top};
@@ -42,13 +62,21 @@ LRESULT FormWindow::OnScaledSize(int dpi, SIZE& size) const {
 // Texts have other widths at each resolution.
 void FormWindow::LayOutAgain() {
     if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
-    form_.UserRescaled(OuterUnits(), ClientUnits());
+    form_.UserRescaled(OuterUnits(), InsideUnits());
 }
 
-Size FormWindow::ClientUnits() const {
+Size FormWindow::InsidePixels() const {
     RECT client{};
     GetClientRect(Handle(), &client);
-    return {scale_.ToUnits(client.right), scale_.ToUnits(client.bottom)};
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE));
+    const int bar = BarThickness(scale_.Dpi());
+    return {static_cast<int>(client.right) + (style & WS_VSCROLL ? bar : 0),
+            static_cast<int>(client.bottom) + (style & WS_HSCROLL ? bar : 0)};
+}
+
+Size FormWindow::InsideUnits() const {
+    const Size inside = InsidePixels();
+    return {scale_.ToUnits(inside.width), scale_.ToUnits(inside.height)};
 }
 
 Rect FormWindow::OuterUnits() const {
@@ -59,23 +87,23 @@ Rect FormWindow::OuterUnits() const {
 
 void FormWindow::ReportPlace() {
     if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
-    form_.UserResized(OuterUnits(), ClientUnits());
+    form_.UserResized(OuterUnits(), InsideUnits());
 }
 
 void FormWindow::PlaceByClient() {
-    const RECT client{0, 0, scale_.ToPixels(form_.ClientSize().width),
-                      scale_.ToPixels(form_.ClientSize().height)};
-    const RECT outer =
-        OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, scale_.Dpi());
-    SetWindowPos(Handle(), nullptr, scale_.ToPixels(form_.Bounds().left),
-                 scale_.ToPixels(form_.Bounds().top), outer.right - outer.left,
-                 outer.bottom - outer.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT outer = OuterOf(form_.View().Inside());
+    const int left = scale_.ToPixels(form_.Bounds().left);
+    const int top = scale_.ToPixels(form_.Bounds().top);
+    const RECT wanted{left, top, left + outer.right - outer.left, top + outer.bottom - outer.top};
+    const Rect place = FitInto(FromRect(wanted), FromRect(backend_.WorkAreaAround(wanted)));
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::BoundsChanged() {
     if (gone_) return;
     placing_++;
-    if (form_.ClientSize() != ClientUnits()) {
+    if (form_.View().Inside() != InsideUnits()) {
         PlaceByClient();
     } else {
         const RECT outer = scale_.ToPixels(form_.Bounds());

@@ -157,7 +157,7 @@ inline constexpr auto kDesign = InOrder<DesignText>({
     {DesignText::Birthday, "生日"},
     {DesignText::DaysLeft, "还有（天）"},
     {DesignText::ModuleNotRegistered, "模块没有登记"},
-    {DesignText::ButtonSearch, "查询(&F)"},
+    {DesignText::ButtonSearch, "筛选(&F)"},
     {DesignText::ButtonAdd, "新增(&N)"},
     {DesignText::ButtonChange, "修改(&M)"},
     {DesignText::ButtonDelete, "删除(&D)"},
@@ -184,7 +184,7 @@ inline constexpr auto kDesign = InOrder<DesignText>({
     {DesignText::MenuInHandEntry, "任务办理中 &I"},
     {DesignText::MenuContact, "联系客户(&C)"},
     {DesignText::MenuGenerate, "生成任务(&G)"},
-    {DesignText::MenuSearchFilter, "按筛选条件查询(&F)"},
+    {DesignText::MenuSearchFilter, "按条件筛选(&F)"},
     {DesignText::MenuSearchMore, "高级查询(&A)..."},
     {DesignText::MenuPrintItem, "打印当前项目(&P)"},
     {DesignText::MenuClose, "退出(&X)"},
@@ -199,7 +199,7 @@ inline constexpr auto kDesign = InOrder<DesignText>({
 
 // The query window, and long work.
 inline constexpr auto kAsk = InOrder<AskText>({
-    {AskText::WrittenBy, "用户"},
+    {AskText::WrittenBy, "设置人"},
     {AskText::ButtonExport, "导出(&E)..."},
     {AskText::NothingFound, "没有符合条件的任务。"},
     {AskText::RowsFound, "共 {0} 行"},

@@ -192,7 +192,7 @@ for language in 0 1; do
         kind=客户拜访 state=办理中 mark='(续)' when=打印时间
     else
         title='任務與客戶報表' company='塔爾內爾貿易有限公司' footer='第 N/M 頁'
-        kind=客戶拜訪 state=辦理中 mark='(續)' when=列印時間
+        kind=客戶拜訪 state=辦理中 mark='(續)' when=打印時間
     fi
     for mode in 2 1; do
         out=$work/$language-$mode

@@ -51,7 +51,7 @@ TEST(Layout, TheFooterSpeaksTheJobsLanguage) {
     const Layout layout(document, TestFonts());
     const std::string text = TextOf(layout.MakePage(1));
     EXPECT_NE(text.find("第 1/1 頁"), std::string::npos);
-    EXPECT_NE(text.find("列印時間：2003-03-07 00:00"), std::string::npos);
+    EXPECT_NE(text.find("打印時間：2003-03-07 00:00"), std::string::npos);
 }
 
 TEST(Layout, EveryPageHasItsNumberAndTheColumnHeadings) {

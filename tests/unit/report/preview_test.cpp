@@ -338,7 +338,7 @@ TEST_F(Preview, SpeaksTheJobsScript) {
     document.language = 1;
     PreviewForm& form = Open(std::move(document));
     EXPECT_EQ(form.cmdNext.Caption(), "下一頁(&N)");
-    EXPECT_EQ(form.Caption(), "預覽列印 - 任务列表");
+    EXPECT_EQ(form.Caption(), "預覽打印 - 任务列表");
 }
 
 }  // namespace

@@ -157,13 +157,13 @@ void HeadlessDriver::ResizeColumn(Control& control, int column, int width) {
     RequireColumn(control, column).UserResizedColumn(column, width);
 }
 
-void HeadlessDriver::Resize(Form& form, Size clientSize) {
+void HeadlessDriver::Resize(Form& form, Size inside) {
     RequireReachable(form);
     const Rect bounds = form.Bounds();
     form.UserResized(
-        {bounds.left, bounds.top, bounds.width + clientSize.width - form.ClientSize().width,
-         bounds.height + clientSize.height - form.ClientSize().height},
-        clientSize);
+        {bounds.left, bounds.top, bounds.width + inside.width - form.View().Inside().width,
+         bounds.height + inside.height - form.View().Inside().height},
+        inside);
 }
 
 void HeadlessDriver::Close(Form& form) {

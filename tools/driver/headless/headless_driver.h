@@ -25,7 +25,7 @@ class HeadlessDriver : public Driver {
     void AddRow(forms::Control& control, int row) override;
     void PressHeading(forms::Control& control, int column) override;
     void ResizeColumn(forms::Control& control, int column, int width) override;
-    void Resize(forms::Form& form, forms::Size clientSize) override;
+    void Resize(forms::Form& form, forms::Size inside) override;
     void Close(forms::Form& form) override;
     void EndSession(forms::WindowSystem& windows) override;
 

@@ -14,6 +14,15 @@ void PumpMessages() {
     }
 }
 
+forms::Rect PlayedBackend::WorkArea() {
+    if (!workArea) return Win32Backend::WorkArea();
+    return forms::win32::Scale(forms::win32::SystemDpi()).ToUnits(*workArea);
+}
+
+RECT PlayedBackend::WorkAreaAround(const RECT& place) {
+    return workArea ? *workArea : Win32Backend::WorkAreaAround(place);
+}
+
 void PlayedBackend::RunModal(forms::Form& form) {
     if (modalLoop) {
         modalLoop(form);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "forms/win32/win32_backend.h"
 
@@ -23,6 +24,11 @@ class PlayedBackend : public forms::win32::Win32Backend {
     /// False: timers tick only when the driver makes them. Set before windows are shown.
     bool timersRun = true;
 
+    /// In place of the work area of every monitor, in pixels.
+    std::optional<RECT> workArea;
+
+    forms::Rect WorkArea() override;
+    RECT WorkAreaAround(const RECT& place) override;
     void RunModal(forms::Form& form) override;
     void MenuIdle() override;
     bool TimersRun() const override { return timersRun; }

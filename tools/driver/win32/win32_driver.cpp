@@ -325,21 +325,19 @@ void Win32Driver::ResizeColumn(Control& control, int column, int width) {
     PumpMessages();
 }
 
-void Win32Driver::Resize(Form& form, Size clientSize) {
+void Win32Driver::Resize(Form& form, Size inside) {
     RequireReachable(form);
     const FormWindow* window = backend_.Find(form);
     if (!window) throw DriverError(form.Name() + " has no native window");
     RECT outer{};
-    RECT client{};
     GetWindowRect(window->Handle(), &outer);
-    GetClientRect(window->Handle(), &client);
+    const Size present = window->InsidePixels();
     const Scale& scale = window->GetScale();
-    SetWindowPos(window->Handle(), nullptr, 0, 0,
-                 static_cast<int>(outer.right - outer.left - client.right) +
-                     scale.ToPixels(clientSize.width),
-                 static_cast<int>(outer.bottom - outer.top - client.bottom) +
-                     scale.ToPixels(clientSize.height),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(
+        window->Handle(), nullptr, 0, 0,
+        static_cast<int>(outer.right - outer.left) - present.width + scale.ToPixels(inside.width),
+        static_cast<int>(outer.bottom - outer.top) - present.height + scale.ToPixels(inside.height),
+        SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     PumpMessages();
 }
 
