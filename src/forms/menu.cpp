@@ -1,5 +1,7 @@
 #include "forms/menu.h"
 
+#include <string_view>
+
 #include "forms/form.h"
 
 namespace zv::forms {
@@ -17,6 +19,19 @@ MenuItem::MenuItem(Form& form, std::string name, MenuItem* parent, std::string c
 void MenuItem::SetCaption(std::string caption) {
     caption_ = std::move(caption);
     Notify();
+}
+
+void MenuItem::SetAccessKey(char letter) {
+    accessKey_ = letter;
+    Notify();
+}
+
+std::string MenuItem::Marked() const {
+    constexpr std::string_view kAsksFirst = "...";
+    if (accessKey_ == 0) return caption_;
+    std::string marked = caption_;
+    const std::size_t end = marked.size() - (marked.ends_with(kAsksFirst) ? kAsksFirst.size() : 0);
+    return marked.insert(end, std::string("(&") + accessKey_ + ")");
 }
 
 void MenuItem::SetShortcut(std::string name) {

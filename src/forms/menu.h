@@ -25,6 +25,10 @@ class MenuItem {
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
+    /// As Control::SetAccessKey; a caption that ends in "..." keeps that at its end.
+    void SetAccessKey(char letter);
+    /// The caption with the mark of the access key, as it is shown.
+    std::string Marked() const;
     /// The key that does the same, shown at the right of the entry.
     const std::string& Shortcut() const { return shortcut_; }
     void SetShortcut(std::string name);
@@ -54,6 +58,7 @@ class MenuItem {
     MenuItem* parent_;
     std::string caption_;
     std::string shortcut_;
+    char accessKey_ = 0;
     int index_;
     bool enabled_ = true;
     bool visible_ = true;

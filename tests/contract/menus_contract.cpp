@@ -43,6 +43,17 @@ TEST_F(Menus, ChoosingAnEntryRaisesItsClick) {
     EXPECT_EQ(events_, (std::vector<std::string>{"add", "done1"}));
 }
 
+TEST_F(Menus, AnAccessKeyIsMarkedBehindTheCaptionAndBeforeItsDots) {
+    form.mnuImgClose.SetAccessKey('C');
+    EXPECT_EQ(form.mnuImgClose.Marked(), "关闭(&C)");
+    form.mnuImgClose.SetCaption("关闭...");
+    EXPECT_EQ(form.mnuImgClose.Marked(), "关闭(&C)...");
+    EXPECT_EQ(form.mnuImgClose.Caption(), "关闭...");
+    form.Show(false);
+    driver().Choose(form.mnuImgClose);
+    EXPECT_EQ(events_, std::vector<std::string>{"imgClose"});
+}
+
 TEST_F(Menus, EntriesOfAPopupMenuCanBeChosen) {
     form.Show(false);
     driver().Choose(form.mnuImgClose);

@@ -40,7 +40,7 @@ void FormMenu::Fill(HMENU menu, const std::vector<MenuItem*>& items) const {
             flags |= MF_POPUP;
             id = reinterpret_cast<UINT_PTR>(below.release());  // dies with the menu it is in
         }
-        std::string text = item->Caption();
+        std::string text = item->Marked();
         if (!item->Shortcut().empty()) text += '\t' + item->Shortcut();
         AppendMenuW(menu, flags, id, ToWide(text).c_str());
     }

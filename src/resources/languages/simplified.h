@@ -180,8 +180,8 @@ inline constexpr auto kDesign = InOrder<DesignText>({
     {DesignText::MenuAdd, "新增(&N)"},
     {DesignText::MenuChange, "修改(&M)"},
     {DesignText::MenuDelete, "删除(&D)"},
-    {DesignText::MenuDoneEntry, "任务已完成 &O"},
-    {DesignText::MenuInHandEntry, "任务办理中 &I"},
+    {DesignText::MenuDoneEntry, "任务已完成..."},
+    {DesignText::MenuInHandEntry, "任务办理中..."},
     {DesignText::MenuContact, "联系客户(&C)"},
     {DesignText::MenuGenerate, "生成任务(&G)"},
     {DesignText::MenuSearchFilter, "按条件筛选(&F)"},
@@ -270,7 +270,7 @@ inline constexpr auto kItem = InOrder<ItemText>({
 
 // The plan editor and the staff list.
 inline constexpr auto kPlan = InOrder<PlanText>({
-    {PlanText::ListPrefix, "请选择"},
+    {PlanText::ListPrefix, "双击选入："},
     {PlanText::KindYear, "年"},
     {PlanText::KindMonth, "月"},
     {PlanText::KindDay, "天"},

@@ -180,8 +180,8 @@ inline constexpr auto kDesign = InOrder<DesignText>({
     {DesignText::MenuAdd, "新增(&N)"},
     {DesignText::MenuChange, "修改(&M)"},
     {DesignText::MenuDelete, "刪除(&D)"},
-    {DesignText::MenuDoneEntry, "任務已完成 &O"},
-    {DesignText::MenuInHandEntry, "任務辦理中 &I"},
+    {DesignText::MenuDoneEntry, "任務已完成..."},
+    {DesignText::MenuInHandEntry, "任務辦理中..."},
     {DesignText::MenuContact, "聯絡客戶(&C)"},
     {DesignText::MenuGenerate, "生成任務(&G)"},
     {DesignText::MenuSearchFilter, "按條件篩選(&F)"},
@@ -270,7 +270,7 @@ inline constexpr auto kItem = InOrder<ItemText>({
 
 // The plan editor and the staff list.
 inline constexpr auto kPlan = InOrder<PlanText>({
-    {PlanText::ListPrefix, "請選擇"},
+    {PlanText::ListPrefix, "按兩下選入："},
     {PlanText::KindYear, "年"},
     {PlanText::KindMonth, "月"},
     {PlanText::KindDay, "天"},

@@ -11,6 +11,15 @@
 namespace zv::windows {
 namespace {
 
+// A letter stands in parentheses behind the words, before the dots of what asks first.
+bool HasTheOneNotation(const std::string& shown) {
+    const auto mark = shown.find('&');
+    if (mark == std::string::npos) return true;
+    constexpr std::size_t kMarkLength = 4;  // "(&X)"
+    return mark > 0 && shown[mark - 1] == '(' && shown.substr(mark + 2, 1) == ")" &&
+           (mark - 1 + kMarkLength == shown.size() || shown.ends_with(")..."));
+}
+
 // The letter that Alt takes to the control, 0 for none.
 char LetterOf(const forms::Control& control) {
     const std::string* caption = control.AccessCaption();
@@ -28,6 +37,8 @@ class AccessKeys : public MainWindow {
         for (const forms::Control* control : window.Controls()) {
             const char letter = LetterOf(*control);
             if (letter == 0) continue;
+            EXPECT_TRUE(HasTheOneNotation(control->Marked(*control->AccessCaption())))
+                << control->DisplayName();
             const auto [at, added] = letters.emplace(letter, control->DisplayName());
             EXPECT_TRUE(added) << window.Name() << ": " << control->DisplayName() << " and "
                                << at->second;
@@ -49,6 +60,32 @@ TEST_F(AccessKeys, EachBelongsToOneControl) {
         EXPECT_EQ(Letters([](Session& session) { ShowAsk(session, false); }), 10U);
         EXPECT_EQ(Letters([](Session& session) { ShowStaffList(session, 0, false); }), 3U);
         EXPECT_EQ(Letters([](Session& session) { ShowTaskDone(session, 0, false); }), 4U);
+    }
+}
+
+TEST_F(AccessKeys, MenusMarkThemInTheOneNotationAndEachBelongsToOneEntry) {
+    for (const std::int16_t language : {std::int16_t{0}, std::int16_t{1}}) {
+        stage.session.state.Language = language;
+        stage.session.windows.UnloadAll();
+        std::map<std::pair<const forms::MenuItem*, char>, std::string> letters;
+        for (const forms::MenuItem* entry : Open().Menus()) {
+            const std::string shown = entry->Marked();
+            const auto mark = shown.find('&');
+            if (mark == std::string::npos) continue;
+            EXPECT_TRUE(HasTheOneNotation(shown)) << shown;
+            EXPECT_TRUE(letters.emplace(std::pair{entry->Parent(), shown[mark + 1]}, shown).second)
+                << shown;
+        }
+        EXPECT_EQ(letters.size(), 35U);
+    }
+}
+
+TEST_F(AccessKeys, ButtonsOfTheMainWindowMarkThemInTheOneNotation) {
+    const forms::Form& window = Open();
+    for (const forms::Control* control : window.Controls()) {
+        if (LetterOf(*control) == 0) continue;
+        EXPECT_TRUE(HasTheOneNotation(control->Marked(*control->AccessCaption())))
+            << control->DisplayName();
     }
 }
 

@@ -15,11 +15,11 @@ namespace field = items::field;
 
 constexpr std::int16_t kCompletionRight = 4;
 
-// The caption of the menu entry ends in its access key: a blank, an ampersand and a letter.
-std::string WithoutLastAccessKey(const std::string& caption) {
-    constexpr std::size_t kAccessKeyLength = 3;
+// The caption of the menu entry ends in three dots.
+std::string WithoutDots(const std::string& caption) {
+    constexpr std::size_t kDots = 3;
     const std::size_t length = text::Length(caption);
-    return text::Left(caption, length < kAccessKeyLength ? 0 : length - kAccessKeyLength);
+    return text::Left(caption, length < kDots ? 0 : length - kDots);
 }
 
 }  // namespace
@@ -59,7 +59,7 @@ void Completion::Wire() {
 std::string Completion::Question(ItemState state) const {
     const std::string title = " [" + view_.Values().Text(field::kTitle) + "] ?";
     if (state == ItemState::Done) return session_.LoadText(text_id::kConfirmDone) + title;
-    return WithoutLastAccessKey(commands_.menus.mnuTaskDoing.Caption()) + ":" + title;
+    return WithoutDots(commands_.menus.mnuTaskDoing.Caption()) + ":" + title;
 }
 
 void Completion::SetItemState(std::int16_t mode) {

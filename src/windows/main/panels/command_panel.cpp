@@ -15,7 +15,7 @@ namespace {
 using items::ItemState;
 using resources::DesignText;
 
-constexpr std::string_view kExitPrefix = "&X ";
+constexpr std::string_view kExitPrefix = "\u00d7 ";
 
 /// "Task(&T)" without its access key.
 std::string WithoutAccessKey(std::string caption) {
@@ -68,6 +68,7 @@ void CommandPanel::SetCaptions() {
 
 void CommandPanel::SetStartCaptions() {
     cmdExit.SetCaption(std::string(kExitPrefix) + session_.LoadText(text_id::kLeave));
+    cmdExit.SetAccessKey('X');
     menus.SetStartCaptions(session_);
 }
 

@@ -53,6 +53,23 @@ MainMenus::MainMenus(forms::Form& form)
       mnuImgClose(form, "mnuImgClose", &mnuImg) {
     mnuDone.SetVisible(false);
     mnuImg.SetVisible(false);
+    SetAccessKeys();
+}
+
+// Of the entries whose captions mark none, because others read the captions.
+void MainMenus::SetAccessKeys() {
+    for (forms::MenuItem* done :
+         {mnuTaskDone.data(), mnuGuestDone.data(), mnuDailyDone.data(), &mnuTaskDoneOk}) {
+        done->SetAccessKey('O');
+    }
+    for (forms::MenuItem* inHand :
+         {&mnuTaskDone[1], &mnuGuestDone[1], &mnuDailyDone[1], &mnuTaskDoing}) {
+        inHand->SetAccessKey('I');
+    }
+    mnuEventAdd.SetAccessKey('N');
+    mnuEventChg.SetAccessKey('M');
+    mnuEventDel.SetAccessKey('D');
+    mnuPrintList.SetAccessKey('L');
 }
 
 forms::MenuItem& MainMenus::ContextMenu(NodeKind kind) {

@@ -32,6 +32,9 @@ struct MainMenus {
     forms::MenuItem mnuPrint, mnuPrintItem, mnuPrintList;
     forms::MenuItem mnuDone, mnuTaskDoneOk, mnuTaskDoing;
     forms::MenuItem mnuImg, mnuImgRestore, mnuImgClose;
+
+ private:
+    void SetAccessKeys();
 };
 
 }  // namespace zv::windows
