@@ -4,15 +4,11 @@
 #include "forms/form.h"
 #include "forms/win32/accessibility.h"
 #include "forms/win32/form_window.h"
+#include "forms/win32/subclass.h"
 #include "forms/win32/wide_text.h"
 #include "forms/win32/win32_backend.h"
 
 namespace zv::forms::win32 {
-namespace {
-
-constexpr UINT_PTR kSubclass = 1;
-
-}  // namespace
 
 NativeControl::NativeControl(FormWindow& window, Control& control)
     : window_(window), control_(control) {}
@@ -44,8 +40,7 @@ void NativeControl::CreateNative(HWND parent, int id, const wchar_t* windowClass
 
 void NativeControl::Watch(HWND part) {
     window_.Register(part, *this);
-    SetWindowSubclass(part, &NativeControl::Procedure, kSubclass,
-                      reinterpret_cast<DWORD_PTR>(this));
+    Subclass(part, *this, &NativeControl::Procedure);
 }
 
 const Scale& NativeControl::GetScale() const {
@@ -126,32 +121,34 @@ void NativeControl::ShowToolTip() {
     if (FocusHandle() != Handle()) window_.ToolTips().Set(FocusHandle(), text);
 }
 
-LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                          UINT_PTR, DWORD_PTR data) noexcept {
-    auto* self = reinterpret_cast<NativeControl*>(data);
+LRESULT NativeControl::Procedure(NativeControl& self, HWND window, UINT message, WPARAM wParam,
+                                 LPARAM lParam) noexcept {
     if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, &NativeControl::Procedure, kSubclass);
-        self->window_.Unregister(window);
-        if (window == self->Handle()) {
+        self.window_.Unregister(window);
+        if (window == self.Handle()) {
             RemovePropW(window, kNameProperty);
-            static_cast<void>(self->handle_.release());
+            static_cast<void>(self.handle_.release());
         }
-        return DefSubclassProc(window, message, wParam, lParam);
+        return CallSubclassed(window, message, wParam, lParam);
     }
-    if (message == WM_DESTROY && window == self->Handle()) self->OnDestroy();
-    if (self->window_.Gone()) return DefSubclassProc(window, message, wParam, lParam);
-    return self->window_.AtBoundary([&] { return self->Handle(window, message, wParam, lParam); });
+    if (message == WM_DESTROY && window == self.Handle()) self.OnDestroy();
+    if (self.window_.Gone()) return CallSubclassed(window, message, wParam, lParam);
+    return self.window_.AtBoundary([&] { return self.Handle(window, message, wParam, lParam); });
+}
+
+LRESULT NativeControl::Native(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return CallSubclassed(target_, message, wParam, lParam);
 }
 
 LRESULT NativeControl::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (gone_) return DefSubclassProc(window, message, wParam, lParam);
+    if (gone_) return CallSubclassed(window, message, wParam, lParam);
     switch (message) {
         case WM_SETFOCUS: {
             LRESULT result = 0;
             {
                 // A native option button takes the focus for a click.
                 const Quiet quiet(*this);
-                result = DefSubclassProc(window, message, wParam, lParam);
+                result = CallSubclassed(window, message, wParam, lParam);
             }
             if (!gone_) window_.FocusArrived(*this);
             return result;
@@ -173,12 +170,12 @@ LRESULT NativeControl::Handle(HWND window, UINT message, WPARAM wParam, LPARAM l
         default:
             break;
     }
-    if (gone_) return DefSubclassProc(window, message, wParam, lParam);
+    if (gone_) return CallSubclassed(window, message, wParam, lParam);
     const HWND former = std::exchange(target_, window);
     const std::optional<LRESULT> result = OnMessage(message, wParam, lParam);
     target_ = former;
     if (message == WM_RBUTTONDOWN) ReportMouse(message, lParam);
-    return result ? *result : DefSubclassProc(window, message, wParam, lParam);
+    return result ? *result : CallSubclassed(window, message, wParam, lParam);
 }
 
 std::optional<LRESULT> NativeControl::OnMessage(UINT, WPARAM, LPARAM) {

@@ -85,9 +85,8 @@ class NativeControl {
     virtual bool ShownByItself() const;
     /// Before the native window sees a message; a value ends its handling.
     virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT Native(UINT message, WPARAM wParam, LPARAM lParam) const {
-        return DefSubclassProc(target_, message, wParam, lParam);
-    }
+    /// What the native window does with the message by itself.
+    LRESULT Native(UINT message, WPARAM wParam, LPARAM lParam) const;
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return SendMessageW(Handle(), message, wParam, lParam);
     }
@@ -101,8 +100,8 @@ class NativeControl {
     MouseEvent MouseAt(MouseButton button, LPARAM lParam) const;
 
  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR id, DWORD_PTR data) noexcept;
+    static LRESULT Procedure(NativeControl& self, HWND window, UINT message, WPARAM wParam,
+                             LPARAM lParam) noexcept;
     LRESULT Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     bool PressMovesFocus(UINT message);
     void ReportMouse(UINT message, LPARAM lParam);

@@ -10,6 +10,7 @@
 #include "forms/win32/display.h"
 #include "forms/win32/form_window.h"
 #include "forms/win32/standing_box.h"
+#include "forms/win32/subclass.h"
 #include "forms/win32/thread_windows.h"
 
 namespace zv::forms::win32 {
@@ -108,6 +109,7 @@ void Win32Backend::Abandon() {
     openWindows -= static_cast<int>(windows_.size());
     windows_.clear();
     FormWindow::ForgetAll();
+    ForgetSubclasses();
     StandingBox::ForgetAll();
     if (pin_) FreeLibrary(std::exchange(pin_, nullptr));
 }
