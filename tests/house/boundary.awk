@@ -6,11 +6,11 @@ BEGIN {
     split("if for while switch return sizeof static_cast reinterpret_cast const_cast " \
           "__uuidof _wcsicmp AbandonedThreads AddRef begin CallNextHookEx Check Close " \
           "ComPtr Copy CopyTo CoTaskMemAlloc Count create_ CreateRectRgnIndirect data " \
-          "DefWindowProcW end EndAll EnumAdvise EqualRect erase FAILED fill_n Find " \
+          "DefWindowProcW end EndAll EnumAdvise EqualRect erase FAILED fill_n find Find " \
           "find_if FindNames ForgetActivation GetClassLongPtrW GetClassObject GetDC GetDeviceCaps GetPropW GetWindowLongPtrW " \
           "GlobalGetAtomNameW Handle Instance InterfaceId IntersectRect InvokeMember IsDispatch IsIdle IsLocked " \
           "IsWindowEnabled IsWindowVisible Lock Members memcpy min move Note OffsetRect " \
-          "OpenWindows QueryInterface Release ReleaseConnection ReleaseDC Reset SameName " \
+          "OpenWindows procedure QueryInterface Release ReleaseConnection ReleaseDC Reset SameName " \
           "SetHandle SetWindowLongPtrW SetWindowPos SetWindowRgn size Unadvise " \
           "Unlock UnregisterClassW WakeThread", names, " ")
     for (i in names) harmless[names[i]] = 1

@@ -121,8 +121,8 @@ void NativeControl::ShowToolTip() {
     if (FocusHandle() != Handle()) window_.ToolTips().Set(FocusHandle(), text);
 }
 
-LRESULT NativeControl::Procedure(NativeControl& self, HWND window, UINT message, WPARAM wParam,
-                                 LPARAM lParam) noexcept {
+LRESULT CALLBACK NativeControl::Procedure(NativeControl& self, HWND window, UINT message,
+                                          WPARAM wParam, LPARAM lParam) noexcept {
     if (message == WM_NCDESTROY) {
         self.window_.Unregister(window);
         if (window == self.Handle()) {

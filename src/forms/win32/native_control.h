@@ -100,8 +100,8 @@ class NativeControl {
     MouseEvent MouseAt(MouseButton button, LPARAM lParam) const;
 
  private:
-    static LRESULT Procedure(NativeControl& self, HWND window, UINT message, WPARAM wParam,
-                             LPARAM lParam) noexcept;
+    static LRESULT CALLBACK Procedure(NativeControl& self, HWND window, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept;
     LRESULT Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     bool PressMovesFocus(UINT message);
     void ReportMouse(UINT message, LPARAM lParam);

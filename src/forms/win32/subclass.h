@@ -13,8 +13,8 @@ class NativeControl;
 
 /// Hands the messages of the window to the control; what it does not answer itself it passes on by
 /// CallSubclassed.
-using SubclassProcedure = LRESULT (*)(NativeControl& control, HWND window, UINT message,
-                                      WPARAM wParam, LPARAM lParam) noexcept;
+using SubclassProcedure = LRESULT(CALLBACK*)(NativeControl& control, HWND window, UINT message,
+                                             WPARAM wParam, LPARAM lParam) noexcept;
 
 /// From here on the messages of `window`, which has no such procedure yet, go to `procedure`. It
 /// ends with the window.
