@@ -7,9 +7,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
     target_compile_options(zv_options INTERFACE -Wno-restrict)
 endif()
 if(ZV_SANITIZE)
-    # Line numbers are what a report of the sanitizers needs; more costs time and space.
+    # Line numbers are what a report of the sanitizers needs; more costs time and space. A little
+    # optimised, programs take half the time.
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
-                        -g1)
+                        -g1 -O1 -fno-optimize-sibling-calls)
     add_link_options(-fsanitize=address,undefined)
 endif()
 if(WIN32)
