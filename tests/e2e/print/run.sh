@@ -31,9 +31,15 @@ check() { # NAME COMMAND...
         tail -n 20 "$work/check.log"
     fi
 }
+# What a PDF reader finds in the file, page by page with a form feed after each, read once.
+text_of() {
+    [ "$1.text" -nt "$1" ] || pdftotext -layout "$1" "$1.text" || return
+    cat "$1.text"
+}
 holds() { # FILE TEXT: a PDF reader finds the text
-    pdftotext -layout "$1" - | tr -d '\f' >"$work/text"
-    grep -qF -- "$2" "$work/text" || { head -n 30 "$work/text"; return 1; }
+    text_of "$1" | tr -d '\f' | grep -F -- "$2" >"$work/found" && return 0
+    text_of "$1" | head -n 30
+    return 1
 }
 said_in() { # LOG PATTERN: a script said it; otherwise what it said instead
     grep -q "$2" "$1" || { cat "$1"; return 1; }
@@ -41,15 +47,16 @@ said_in() { # LOG PATTERN: a script said it; otherwise what it said instead
 page_count() { pdfinfo "$1" | sed -n 's/^Pages: *//p'; }
 # Every page has its own number in the footer and the headings of the columns.
 numbered() { # FILE PATTERN-WITH-N-AND-M
-    local pages number text
+    local pages number=0 text page
     pages=$(page_count "$1")
-    for number in $(seq "$pages"); do
+    while IFS= read -r -d $'\f' page; do
+        number=$((number + 1))
         text=${2/N/$number}
-        pdftotext -layout -f "$number" -l "$number" "$1" "$work/page"
-        [ "$(grep -cF -- "${text/M/$pages}" "$work/page")" = 1 ] ||
-            { echo "page $number lacks ${text/M/$pages}"; tail -n 5 "$work/page"; return 1; }
-        grep -qE 'No\. +Title' "$work/page" || { echo "page $number lacks its headings"; return 1; }
-    done
+        [ "$(grep -cF -- "${text/M/$pages}" <<<"$page")" = 1 ] ||
+            { echo "page $number lacks ${text/M/$pages}"; tail -n 5 <<<"$page"; return 1; }
+        grep -qE 'No\. +Title' <<<"$page" || { echo "page $number lacks its headings"; return 1; }
+    done < <(text_of "$1")
+    [ "$number" = "$pages" ] || { echo "$number of $pages pages have a text"; return 1; }
 }
 # The picture of a page is neither empty nor black.
 painted() { # FILE PAGE
@@ -219,7 +226,7 @@ for language in 0 1; do
         done
         check "pages are numbered ($language, $mode)" numbered "$out/list.pdf" "$footer"
         check "more than ten pages ($language, $mode)" test "$(page_count "$out/list.pdf")" -gt 10
-        rows=$(pdftotext -layout "$out/list.pdf" - | grep -c '拜访客户 Nr ')
+        rows=$(text_of "$out/list.pdf" | grep -c '拜访客户 Nr ')
         check "a thousand rows ($language, $mode): $rows" test "$rows" = 1000
         check "kinds have names ($language, $mode)" holds "$out/list.pdf" "$kind"
         check "states have names ($language, $mode)" holds "$out/list.pdf" "$state"
