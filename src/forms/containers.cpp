@@ -49,6 +49,10 @@ Rect TabPanel::PageBounds() const {
             Bounds().height - kTabHeight - kMargin};
 }
 
+void TabPanel::OnMoved() {
+    for (const auto& page : pages_) page->Move(PageBounds());
+}
+
 bool TabPanel::ShowsChild(const Control& child) const {
     return pages_[static_cast<std::size_t>(tab_)].get() == &child;
 }

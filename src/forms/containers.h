@@ -58,6 +58,7 @@ class TabPanel : public Control {
     bool ShowsChild(const Control& child) const override;
     /// Left and right lead to the tabs beside.
     void OwnKey(KeyEvent& event) override;
+    void OnMoved() override;
 
  private:
     std::vector<std::unique_ptr<Panel>> pages_;

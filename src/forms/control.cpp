@@ -51,7 +51,26 @@ bool Control::CanInteract() const {
 void Control::Move(const Rect& bounds) {
     if (bounds == bounds_) return;
     bounds_ = bounds;
+    OnMoved();
     Notify(Aspect::Bounds);
+}
+
+Rect Control::PlaceInWindow() const {
+    Rect place = bounds_;
+    for (const Control* parent = parent_; parent; parent = parent->parent_) {
+        place.left += parent->bounds_.left;
+        place.top += parent->bounds_.top;
+    }
+    return place;
+}
+
+Rect Control::VisiblePlace() const {
+    const Size content = form_.ClientSize();
+    Rect seen = Common(PlaceInWindow(), {0, 0, content.width, content.height});
+    for (const Control* parent = parent_; parent; parent = parent->parent_) {
+        seen = Common(seen, parent->PlaceInWindow());
+    }
+    return seen;
 }
 
 void Control::SetFocus() {

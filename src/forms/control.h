@@ -122,8 +122,13 @@ class Control {
     /// Whether the control must get a key that the window would use otherwise.
     virtual bool KeepsKey(const KeyEvent& event) const { return event.listOpen; }
 
+    /// In what contains it.
     const Rect& Bounds() const { return bounds_; }
     void Move(const Rect& bounds);
+    /// In the content of the window.
+    Rect PlaceInWindow() const;
+    /// The part of that which its containers and the content of the window let through.
+    Rect VisiblePlace() const;
     void BringToFront() {
         inFront_ = true;
         Notify(Aspect::ZOrder);
@@ -174,6 +179,8 @@ class Control {
     /// What the control itself does with a key that no handler swallowed; sets the code to 0 when
     /// it used it.
     virtual void OwnKey(KeyEvent&) {}
+    /// For a container whose children follow it.
+    virtual void OnMoved() {}
     void Notify(Aspect aspect);
     /// For Remember of derived classes: keeps these fields of the control too. Putting back sets
     /// them, reports the aspects and then runs `base`.

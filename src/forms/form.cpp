@@ -199,12 +199,7 @@ void Form::UpdateView() {
 }
 
 void Form::Reveal(const Control& control) {
-    Rect place = control.Bounds();
-    for (const Control* parent = control.Parent(); parent; parent = parent->Parent()) {
-        place.left += parent->Bounds().left;
-        place.top += parent->Bounds().top;
-    }
-    if (view_.Reveal(place) && peer_) peer_->ViewChanged();
+    if (view_.Reveal(control.PlaceInWindow()) && peer_) peer_->ViewChanged();
 }
 
 void Form::SetState(WindowState state) {

@@ -2,6 +2,8 @@
 // scale it to the display; mouse positions reach handlers in twips (1/1440 inch).
 #pragma once
 
+#include <algorithm>
+
 namespace zv::forms {
 
 struct Position {
@@ -21,10 +23,18 @@ struct Rect {
     int top = 0;
     int width = 0;
     int height = 0;
-    int Right() const { return left + width; }
-    int Bottom() const { return top + height; }
+    constexpr int Right() const { return left + width; }
+    constexpr int Bottom() const { return top + height; }
     bool operator==(const Rect&) const = default;
 };
+
+/// What both cover; without extent where they do not meet.
+constexpr Rect Common(const Rect& a, const Rect& b) {
+    const int left = std::max(a.left, b.left);
+    const int top = std::max(a.top, b.top);
+    return {left, top, std::max(std::min(a.Right(), b.Right()) - left, 0),
+            std::max(std::min(a.Bottom(), b.Bottom()) - top, 0)};
+}
 
 inline constexpr int kTwipsPerUnit = 15;
 

@@ -13,8 +13,9 @@
 
 namespace zv::driver {
 
-/// Every act throws DriverError when a user could not do it: the control is not visible, disabled,
-/// locked, or belongs to a window that a modal one blocks.
+/// Every act throws DriverError when a user could not do it: the control is not visible, has no
+/// extent or lies where the window never shows it, is disabled, locked, or belongs to a window that
+/// a modal one blocks.
 class DriverError : public std::exception {
  public:
     explicit DriverError(std::string text) : text_(std::move(text)) {}
@@ -63,6 +64,8 @@ class Driver {
     virtual std::optional<std::string> Read(forms::Control& control, const std::string& property,
                                             const std::vector<int>& arguments) = 0;
     virtual std::string ReadCaption(forms::Form& form) = 0;
+    /// As LayoutFaults says, of what the user sees.
+    virtual std::vector<std::string> ReadFaults(forms::Form& form) = 0;
 };
 
 }  // namespace zv::driver

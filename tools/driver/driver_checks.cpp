@@ -166,6 +166,11 @@ void RequireUsable(const Control& control) {
     RequireReachable(control.Owner());
     if (!control.Visible()) throw DriverError(control.DisplayName() + " is not visible");
     if (!control.CanInteract()) throw DriverError(control.DisplayName() + " is disabled");
+    // A user scrolls to what lies outside of the view; what nothing shows of he cannot hit.
+    const Rect seen = control.VisiblePlace();
+    if (seen.width == 0 || seen.height == 0) {
+        throw DriverError(control.DisplayName() + " takes no place in the window");
+    }
 }
 
 void RequireChoosable(const MenuItem& item) {

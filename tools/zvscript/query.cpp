@@ -95,6 +95,7 @@ std::string ReadWindow(ScenarioStage& stage, const PropertyPath& path) {
     if (path.property == "scrolls") {
         return Truth(form.View().HasHorizontalBar() || form.View().HasVerticalBar());
     }
+    if (path.property == "faults") return JoinLines(stage.driver.ReadFaults(form));
     if (path.property == "minimised") {
         return Truth(form.State() == forms::WindowState::Minimised);
     }

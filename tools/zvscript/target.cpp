@@ -132,7 +132,8 @@ PropertyPath ParsePropertyPath(const std::string& word) {
         PropertyPath path{{WindowOf(parts[0]), {}, -1}, last.name, {}};
         const bool known = last.name == "caption" || last.name == "modal" ||
                            last.name == "minimised" || last.name == "focus" ||
-                           last.name == "onscreen" || last.name == "scrolls";
+                           last.name == "onscreen" || last.name == "scrolls" ||
+                           last.name == "faults";
         if (!known || last.parenthesis) {
             throw ScriptError("a window has no property " + Quote(last.name));
         }

@@ -114,7 +114,6 @@ void frmTaskMain::PlaceControls() {
     const int half = rightWidth / 2;
     notice.Place({left + half, tabTop + kGap, rightWidth - half, forms::TabPanel::kTabHeight});
     const forms::Rect page = SSTab1.PageBounds();
-    for (int tab = 0; tab < SSTab1.Tabs(); tab++) SSTab1.Page(tab).Move(page);
     content.Place(page);
     filter.Place(page);
     cards.Place(page);

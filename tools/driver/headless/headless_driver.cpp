@@ -1,6 +1,7 @@
 #include "driver/headless/headless_driver.h"
 
 #include "driver/driver_checks.h"
+#include "driver/layout_faults.h"
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
@@ -185,6 +186,10 @@ std::optional<std::string> HeadlessDriver::Read(Control& control, const std::str
 
 std::string HeadlessDriver::ReadCaption(Form& form) {
     return form.Caption();
+}
+
+std::vector<std::string> HeadlessDriver::ReadFaults(Form& form) {
+    return LayoutFaults(form, StateRuler(form.Windows().GetBackend()));
 }
 
 }  // namespace zv::driver

@@ -32,6 +32,7 @@ class HeadlessDriver : public Driver {
     std::optional<std::string> Read(forms::Control& control, const std::string& property,
                                     const std::vector<int>& arguments) override;
     std::string ReadCaption(forms::Form& form) override;
+    std::vector<std::string> ReadFaults(forms::Form& form) override;
 };
 
 }  // namespace zv::driver

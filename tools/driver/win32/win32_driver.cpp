@@ -4,6 +4,8 @@
 #include <cstring>
 
 #include "driver/driver_checks.h"
+#include "driver/layout_faults.h"
+#include "driver/win32/native_ruler.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
 #include "forms/form.h"
@@ -378,6 +380,13 @@ std::optional<std::string> Win32Driver::Read(Control& control, const std::string
 std::string Win32Driver::ReadCaption(Form& form) {
     const HWND window = backend_.Handle(form);
     return window ? WindowText(window) : form.Caption();
+}
+
+std::vector<std::string> Win32Driver::ReadFaults(Form& form) {
+    PumpMessages();
+    const FormWindow* window = backend_.Find(form);
+    if (!window) throw DriverError(form.Name() + " has no native window");
+    return LayoutFaults(form, NativeRuler(*window));
 }
 
 }  // namespace zv::driver

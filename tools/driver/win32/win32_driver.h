@@ -38,6 +38,7 @@ class Win32Driver : public Driver {
     std::optional<std::string> Read(forms::Control& control, const std::string& property,
                                     const std::vector<int>& arguments) override;
     std::string ReadCaption(forms::Form& form) override;
+    std::vector<std::string> ReadFaults(forms::Form& form) override;
 
  private:
     forms::win32::NativeControl& Native(forms::Control& control) const;
