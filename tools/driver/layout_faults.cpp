@@ -1,7 +1,7 @@
 #include "driver/layout_faults.h"
 
 #include <algorithm>
-#include <array>
+#include <cstdlib>
 
 #include "base/text.h"
 #include "forms/buttons.h"
@@ -85,12 +85,20 @@ class Inspection {
             Report(control, "lies outside: " + Text(place) + " in " + std::to_string(room.width) +
                                 "x" + std::to_string(room.height));
         }
+        const Rect& wanted = control.Bounds();
+        if (Differ(place.width, wanted.width) || Differ(place.height, wanted.height)) {
+            Report(control, "is " + std::to_string(place.width) + "x" +
+                                std::to_string(place.height) + " and not as it was laid out");
+        }
         const auto* frame = dynamic_cast<const Frame*>(control.Parent());
         if (frame && !frame->Caption().empty() &&
             place.top < ruler_.SizeOf(*frame, frame->Caption()).height) {
             Report(control, "lies on the caption of " + frame->DisplayName());
         }
     }
+
+    // Edges are rounded, not extents.
+    bool Differ(int own, int units) const { return std::abs(own - ruler_.Own(units)) > 1; }
 
     void CheckNeighbours(const Control& control) {
         const Rect place = ruler_.PlaceOf(control);

@@ -8,8 +8,6 @@ namespace zv::forms::win32 {
 namespace {
 
 constexpr int kVisibleRows = 12;
-/// Frame around the entry, above and below together.
-constexpr int kFrame = 6;
 
 }  // namespace
 
@@ -34,13 +32,24 @@ void NativeCombo::Create(HWND parent, int id) {
 // The native height includes the list that drops; the entry's own is set separately.
 void NativeCombo::ApplyBounds() {
     const RECT bounds = PixelBounds();
-    const int height = bounds.bottom - bounds.top;
-    Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-         std::max(1, height - GetScale().ToPixels(kFrame)));
+    const int height = static_cast<int>(bounds.bottom - bounds.top);
+    PlaceAround(height - frame_, bounds);
+    // How thick the frame is, the system decides; it does not grow with the resolution.
+    RECT closed{};
+    GetWindowRect(Handle(), &closed);
+    const int excess = static_cast<int>(closed.bottom - closed.top) - height;
+    if (excess != 0 && height > 0) {
+        frame_ += excess;
+        PlaceAround(height - frame_, bounds);
+    }
+    ShowLocked();
+}
+
+void NativeCombo::PlaceAround(int entry, const RECT& bounds) {
+    Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(1, entry));
     const auto row = static_cast<int>(Send(CB_GETITEMHEIGHT, 0));
     SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
-                 height + row * kVisibleRows, SWP_NOZORDER | SWP_NOACTIVATE);
-    ShowLocked();
+                 bounds.bottom - bounds.top + row * kVisibleRows, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // A list that nothing can be taken from shows no button that opens it: the entry covers it.

@@ -27,9 +27,12 @@ class NativeCombo : public NativeControl {
     void ShowItems();
     void ShowText();
     void ShowLocked();
+    /// `entry`: the height inside the frame, in pixels.
+    void PlaceAround(int entry, const RECT& bounds);
     void PaintOverButton() const;
 
     HWND edit_ = nullptr;
+    int frame_ = 6;  ///< around the entry, above and below together, in pixels
     std::vector<std::string> shown_;
 };
 

@@ -81,8 +81,13 @@ bool NativeControl::ShownByItself() const {
 }
 
 RECT NativeControl::PixelBounds() const {
-    RECT bounds = GetScale().ToPixels(control_.Bounds());
-    if (control_.Parent()) return bounds;
+    // Rounded where they lie in the window, so that what ends with its container does so in pixels.
+    RECT bounds = GetScale().ToPixels(control_.PlaceInWindow());
+    if (const Control* parent = control_.Parent()) {
+        const RECT container = GetScale().ToPixels(parent->PlaceInWindow());
+        OffsetRect(&bounds, -static_cast<int>(container.left), -static_cast<int>(container.top));
+        return bounds;
+    }
     const Position scrolled = window_.ScrolledPixels();
     OffsetRect(&bounds, -scrolled.x, -scrolled.y);
     return bounds;
@@ -94,6 +99,15 @@ void NativeControl::ApplyBounds() {
     // not to be carried to the new one.
     SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
                  bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+}
+
+void NativeControl::PlaceChildren() {
+    // A whole multiple rounds nothing.
+    if (GetScale().Dpi() % USER_DEFAULT_SCREEN_DPI == 0) return;
+    for (const Control* child : control_.Owner().Controls()) {
+        if (child->Parent() != &control_) continue;
+        if (NativeControl* native = window_.Find(*child)) native->Changed(Aspect::Bounds);
+    }
 }
 
 void NativeControl::ResolutionChanged() {

@@ -80,6 +80,8 @@ class NativeControl {
                       DWORD extendedStyle = 0, const std::wstring& text = {});
     virtual void Mirror(Aspect) {}
     virtual void ApplyBounds();
+    /// Of a container that has moved: where a child's edges are rounded to follows it.
+    void PlaceChildren();
     /// In the native parent.
     RECT PixelBounds() const;
     virtual bool ShownByItself() const;

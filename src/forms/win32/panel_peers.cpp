@@ -54,14 +54,8 @@ bool NativePanel::ShownByItself() const {
 }
 
 void NativePanel::ApplyBounds() {
-    if (!IsPage()) {
-        NativeControl::ApplyBounds();
-        return;
-    }
-    const RECT place =
-        GetScale().ToPixels(static_cast<TabPanel&>(*Logical().Parent()).PageBounds());
-    SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
-                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    NativeControl::ApplyBounds();
+    PlaceChildren();
 }
 
 HBRUSH NativePanel::PageBrush() {

@@ -34,10 +34,7 @@ void NativeTab::ResolutionChanged() {
 
 void NativeTab::ApplyBounds() {
     NativeControl::ApplyBounds();
-    // Pages follow their tabs; nobody moves them.
-    for (int tab = 0; tab < Tabs().Tabs(); tab++) {
-        if (NativeControl* page = Owner().Find(Tabs().Page(tab))) page->Changed(Aspect::Bounds);
-    }
+    PlaceChildren();
 }
 
 void NativeTab::ShowCaptions() {

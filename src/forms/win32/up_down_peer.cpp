@@ -4,6 +4,8 @@ namespace zv::forms::win32 {
 
 void NativeUpDown::Create(HWND parent, int id) {
     CreateNative(parent, id, UPDOWN_CLASSW, 0);
+    // It begins as wide as the system likes, at any resolution.
+    ApplyBounds();
     // With the greater bound above, up counts up.
     Send(UDM_SETRANGE32, static_cast<WPARAM>(-100), 100);
     Send(UDM_SETPOS32, 0, 0);
