@@ -2,6 +2,7 @@
 // scenarios and the contract tests are written against it, so they run on every backend.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -66,6 +67,9 @@ class Driver {
     virtual std::string ReadCaption(forms::Form& form) = 0;
     /// As LayoutFaults says, of what the user sees.
     virtual std::vector<std::string> ReadFaults(forms::Form& form) = 0;
+    /// Writes a picture of the window to a bitmap file. Throws DriverError where there is no
+    /// display or the file cannot be written.
+    virtual void SavePicture(forms::Form& form, const std::filesystem::path& file) = 0;
 };
 
 }  // namespace zv::driver

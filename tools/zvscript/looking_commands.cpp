@@ -1,11 +1,15 @@
 // Looking: show and expect.
 #include <array>
 
+#include "base/path.h"
 #include "base/text.h"
 #include "command.h"
 #include "failure.h"
+#include "forms/form.h"
 #include "query.h"
 #include "scenario_stage.h"
+#include "script_text.h"
+#include "target.h"
 
 namespace zv::script {
 namespace {
@@ -68,8 +72,27 @@ Action Expect(Words words) {
     };
 }
 
+// For a reader; nothing is compared.
+Action Picture(Words words) {
+    const std::string& name = words[1];
+    if (name.find_first_of("/\\.:") != std::string::npos) {
+        throw ScriptError("a picture has a plain name, not " + Quote(name));
+    }
+    return [window = ParseWindow(words[0]), name](ScenarioStage& stage) {
+        forms::Form& form = FindForm(stage.windows, window);
+        if (!form.IsShown()) throw Failure(window + " is not shown");
+        if (stage.pictures.empty()) return;
+        try {
+            stage.driver.SavePicture(form, stage.pictures / PathOf(name + ".bmp"));
+        } catch (const driver::DriverError& error) {
+            throw Failure(error.what());
+        }
+    };
+}
+
 constexpr std::array kLooking = std::to_array<CommandSpec>({
     {"show", 1, 2, "QUERY", Show, OpenMenu::Stays},
+    {"picture", 2, 2, "W NAME", Picture, OpenMenu::Stays},
     {"expect", 3, 4, "QUERY ==|~|!~ \"VALUE\"", Expect, OpenMenu::Stays},
 });
 

@@ -22,7 +22,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: zvscript [--backend headless|win32] [--engine NAME] [--print] [--keep DIR]\n"
-    "                [--statements FILE] [--disturb WHAT] FILE...\n"
+    "                [--pictures DIR] [--statements FILE] [--disturb WHAT] FILE...\n"
     "\n"
     "Plays each scenario file in a fresh folder and writes one line for it.\n"
     "  --backend  headless (the default): windows without a display; win32: real windows\n"
@@ -31,6 +31,7 @@ constexpr char kUsage[] =
     "             the environment variable ZV_TEST_POSTGRESQL names\n"
     "  --print    writes what each \"show\" line asks for, too\n"
     "  --keep     keeps the folders of the scenarios below DIR\n"
+    "  --pictures writes the bitmaps that \"picture\" lines ask for to DIR; real windows only\n"
     "  --statements\n"
     "             writes every statement that is sent to FILE, a line each\n"
     "  --disturb  plays each file once more for every box that it answers, and while that box "
@@ -82,6 +83,8 @@ Command ParseArguments(const std::vector<std::string>& arguments) {
         } else if (word == "--disturb") {
             command.options.disturb = value();
             zv::script::MakeDisturbance(command.options.disturb);
+        } else if (word == "--pictures") {
+            command.options.pictures = std::filesystem::absolute(zv::PathOf(value()));
         } else if (word == "--statements") {
             command.options.statements = zv::PathOf(value());
         } else {

@@ -104,6 +104,7 @@ void Runner::PlayFresh(const std::string& file, Playback& playback) {
         };
         stage.dialogs.onAnswered = [&](const std::string& line) { playback.OnAnswered(line); };
         if (options_.print) stage.print = write_;
+        stage.pictures = options_.pictures;
         if (statements_.is_open()) {
             stage.statements.onStatement = [this](const std::string& sql) {
                 statements_ << text::Replace(sql, "\r\n", " ") << '\n';

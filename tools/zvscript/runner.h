@@ -20,6 +20,7 @@ struct RunOptions {
     bool print = false;                ///< write what "show" asks for
     std::filesystem::path keep;        ///< where the folders stay; empty: they are removed
     std::string disturb;               ///< see MakeDisturbance; empty: files are only played
+    std::filesystem::path pictures;    ///< where "picture" writes to; empty: it writes nothing
     std::filesystem::path statements;  ///< a file that takes every statement; empty: none does
 };
 

@@ -71,6 +71,7 @@ class ScenarioStage {
     doubles::TextBag bag;                           ///< as last written
     std::string result;                             ///< of the last call
     std::function<void(const std::string&)> print;  ///< takes what "show" asks for; may be empty
+    std::filesystem::path pictures;  ///< where "picture" writes to; empty: it writes nothing
 
  private:
     struct Front {

@@ -13,6 +13,7 @@ TEST(CompileScript, AcceptsEveryCommand) {
         "advance 5m",
         "codepage 936",
         "database t.db",
+        "picture frmTaskMain name",
         "database t.db none",
         "sql \"delete from tTaskList\"",
         "show rows \"select 1\"",

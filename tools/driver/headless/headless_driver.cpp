@@ -192,4 +192,8 @@ std::vector<std::string> HeadlessDriver::ReadFaults(Form& form) {
     return LayoutFaults(form, StateRuler(form.Windows().GetBackend()));
 }
 
+void HeadlessDriver::SavePicture(Form&, const std::filesystem::path&) {
+    throw DriverError("without a display there is no picture");
+}
+
 }  // namespace zv::driver

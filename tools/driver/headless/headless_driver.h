@@ -33,6 +33,7 @@ class HeadlessDriver : public Driver {
                                     const std::vector<int>& arguments) override;
     std::string ReadCaption(forms::Form& form) override;
     std::vector<std::string> ReadFaults(forms::Form& form) override;
+    void SavePicture(forms::Form& form, const std::filesystem::path& file) override;
 };
 
 }  // namespace zv::driver

@@ -38,7 +38,9 @@ Size NativeRuler::ContentOf(const Form& form) const {
 }
 
 Size NativeRuler::SizeOf(const Control& control, std::string_view text) const {
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(HandleOf(control), WM_GETFONT, 0, 0));
+    // A window that paints itself names no font.
+    auto* font = reinterpret_cast<HFONT>(SendMessageW(HandleOf(control), WM_GETFONT, 0, 0));
+    if (!font) font = window_.UiFont();
     const SIZE size = forms::win32::MeasureText(font, text);
     return {static_cast<int>(size.cx), static_cast<int>(size.cy)};
 }

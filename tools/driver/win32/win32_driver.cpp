@@ -6,6 +6,7 @@
 #include "driver/driver_checks.h"
 #include "driver/layout_faults.h"
 #include "driver/win32/native_ruler.h"
+#include "driver/win32/window_picture.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
 #include "forms/form.h"
@@ -387,6 +388,13 @@ std::vector<std::string> Win32Driver::ReadFaults(Form& form) {
     const FormWindow* window = backend_.Find(form);
     if (!window) throw DriverError(form.Name() + " has no native window");
     return LayoutFaults(form, NativeRuler(*window));
+}
+
+void Win32Driver::SavePicture(Form& form, const std::filesystem::path& file) {
+    const HWND window = backend_.Handle(form);
+    if (!window) throw DriverError(form.Name() + " has no native window");
+    Activate(form);
+    SaveWindowPicture(window, file);
 }
 
 }  // namespace zv::driver

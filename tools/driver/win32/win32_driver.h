@@ -39,6 +39,7 @@ class Win32Driver : public Driver {
                                     const std::vector<int>& arguments) override;
     std::string ReadCaption(forms::Form& form) override;
     std::vector<std::string> ReadFaults(forms::Form& form) override;
+    void SavePicture(forms::Form& form, const std::filesystem::path& file) override;
 
  private:
     forms::win32::NativeControl& Native(forms::Control& control) const;
