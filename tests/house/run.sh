@@ -246,6 +246,16 @@ check_each() {
     check "$1" "${missing%$'\n'}"
 }
 
+# Windows of the control are opened by scenarios, those of the report component by a test.
+is_measured() {
+    local window
+    window=$(grep -oP 'class \K\w+' <<<"$2")
+    grep -qE "^expect $window\.faults == \"\"" tests/scenarios/layout/*.zvs ||
+        grep -qE "Faults\(.*\b$window\b|\b$window& form = Open" tests/contract/report_layout_contract.cpp
+}
+check_each "every window is measured in tests/scenarios/layout or tests/contract/report_layout_contract.cpp" \
+    is_measured < <(sources src host | xargs grep -nE 'class \w+ (final )?: public (forms::)?Form\b')
+
 # From the root of the checkout or from the document's folder; "*" stands for any text.
 is_path() { compgen -G "$2" >/dev/null || compgen -G "$(dirname "$1")/$2" >/dev/null; }
 

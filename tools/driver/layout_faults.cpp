@@ -10,6 +10,7 @@
 #include "forms/grid.h"
 #include "forms/label.h"
 #include "forms/lists.h"
+#include "resources/glyph_samples.h"
 
 namespace zv::driver {
 
@@ -29,9 +30,8 @@ constexpr int kDateTick = 18;
 constexpr int kFieldBorder = 3;
 
 // The digits of a date are equally wide in every font of a user interface.
-constexpr std::string_view kSomeDate = "2003-12-27";
-constexpr std::string_view kSomeTime = "2003-12-27 23:59";
-constexpr std::string_view kSomeLongDate = "2003年12月27日";
+constexpr const char* kSomeDate = "2003-12-27";
+constexpr const char* kSomeTime = "2003-12-27 23:59";
 
 std::string WithoutMarks(std::string_view caption) {
     std::string shown;
@@ -162,7 +162,8 @@ class Inspection {
                 CheckDate(static_cast<const DatePicker&>(control), outer);
                 break;
             case ControlKind::TextBox:
-                Need(control, {outer.width, outer.height}, "国", {0, 2 * kFieldBorder});
+                Need(control, {outer.width, outer.height}, resources::kTallLetters,
+                     {0, 2 * kFieldBorder});
                 break;
             case ControlKind::Grid:
                 CheckHeadings(static_cast<const Grid&>(control));
@@ -175,9 +176,9 @@ class Inspection {
     void CheckLabel(const Label& label, const Size& outer) {
         const std::string text =
             label.UseMnemonic() ? WithoutMarks(label.Marked(label.Caption())) : label.Caption();
-        const bool toldInTip = !label.UseMnemonic() && !text.empty() &&
-                               text::Contains(label.ToolTip(), label.Caption());
-        if (!toldInTip && !text.empty()) Need(label, outer, text, {0, 0});
+        const bool inTip = !label.UseMnemonic() && !text.empty() &&
+                           text::Contains(label.ToolTip(), label.Caption());
+        if (!inTip && !text.empty()) Need(label, outer, text, {0, 0});
     }
 
     void CheckTabs(const TabPanel& tabs, const Size& outer) {
@@ -195,7 +196,7 @@ class Inspection {
     // What a user may type or a database holds can be of any length; a list of the program's own
     // words cannot be typed into.
     void CheckCombo(const ComboBox& combo, const Size& outer) {
-        Need(combo, outer, "国", {kDropArrow, 2 * kFieldBorder});
+        Need(combo, outer, resources::kTallLetters, {kDropArrow, 2 * kFieldBorder});
         if (combo.Style() != ComboStyle::ListOnly) return;
         for (const std::string& item : combo.Items()) {
             // A row may carry its key behind blanks, where nobody is to read it.
@@ -204,9 +205,12 @@ class Inspection {
     }
 
     void CheckDate(const DatePicker& picker, const Size& outer) {
-        const std::string_view text = picker.Format() == DateFormat::Date       ? kSomeDate
-                                      : picker.Format() == DateFormat::DateTime ? kSomeTime
-                                                                                : kSomeLongDate;
+        // A long date names year, month and day.
+        const std::string wide = resources::kWideLetter;
+        const std::string text = picker.Format() == DateFormat::Date ? kSomeDate
+                                 : picker.Format() == DateFormat::DateTime
+                                     ? kSomeTime
+                                     : kSomeDate + wide + wide + wide;
         Need(picker, outer, text,
              {kDropArrow + (picker.MayBeEmpty() ? kDateTick : 0), 2 * kFieldBorder});
     }
