@@ -216,6 +216,20 @@ TEST_F(Resolution, AWindowThatGetsAnotherOneIsScaledWithControlsAndFonts) {
     EXPECT_EQ(FontHeight(title), font);
 }
 
+TEST_F(Resolution, TheLineOfAnEntryStandsInItsMiddle) {
+    const HWND title = window->Find(form.txtTitle)->Handle();
+    for (const int dpi : {before, 2 * before, 3 * before}) {
+        if (dpi != before) MoveTo(dpi);
+        const RECT outer = PlaceOf(title);
+        RECT line{};
+        GetClientRect(title, &line);
+        MapWindowPoints(title, Handle(), reinterpret_cast<POINT*>(&line), 2);
+        EXPECT_NEAR((line.top + line.bottom) / 2, (outer.top + outer.bottom) / 2, 1) << dpi;
+        EXPECT_NEAR(line.bottom - line.top, win32::MeasureText(window->UiFont(), "国").cy, 1)
+            << dpi;
+    }
+}
+
 TEST_F(Resolution, AWindowAsksForTheSizeThatItsContentNeedsThere) {
     const int dpi = before + before / 2;
     const Scale scale(dpi);

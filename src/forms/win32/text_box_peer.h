@@ -10,6 +10,7 @@ class NativeTextBox : public NativeControl {
     using NativeControl::NativeControl;
     void Create(HWND parent, int id) override;
     void OnCommand(UINT code) override;
+    void ResolutionChanged() override;
 
  protected:
     void Mirror(Aspect aspect) override;
@@ -19,6 +20,10 @@ class NativeTextBox : public NativeControl {
     TextBox& Box() const { return static_cast<TextBox&>(Logical()); }
     void ShowText();
     void ReportSelection();
+    void PlaceLine();
+    void CenterLine(RECT& client) const;
+    void PaintAroundLine() const;
+    std::optional<LRESULT> OnLineMessage(UINT message, WPARAM wParam, LPARAM lParam);
 };
 
 }  // namespace zv::forms::win32
