@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "forms/win32/entry_line.h"
+#include "forms/win32/form_window.h"
 #include "forms/win32/wide_text.h"
 
 namespace zv::forms::win32 {
@@ -65,6 +67,7 @@ void NativeCombo::ShowLocked() {
     const LONG right = Box().Locked() ? client.right - item.left : item.right;
     SetWindowPos(edit_, HWND_TOP, item.left, item.top, right - item.left, item.bottom - item.top,
                  SWP_NOACTIVATE);
+    PlaceEntryLine(edit_);
     InvalidateRect(Handle(), nullptr, TRUE);
 }
 
@@ -138,6 +141,13 @@ void NativeCombo::PaintOverButton() const {
 }
 
 std::optional<LRESULT> NativeCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (edit_ && Target() == edit_) {
+        const bool reads = Box().Locked() || !IsWindowEnabled(Handle());
+        const auto result =
+            AnswerForEntryLine(edit_, Owner().UiFont(), reads, message, wParam, lParam,
+                               [&] { return Native(message, wParam, lParam); });
+        if (result) return result;
+    }
     if (message == WM_PAINT && edit_ && Box().Locked()) {
         const LRESULT result = Native(message, wParam, lParam);
         PaintOverButton();

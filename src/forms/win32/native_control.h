@@ -87,6 +87,8 @@ class NativeControl {
     virtual bool ShownByItself() const;
     /// Before the native window sees a message; a value ends its handling.
     virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    /// The native window, or part of it, whose message is being handled.
+    HWND Target() const { return target_; }
     /// What the native window does with the message by itself.
     LRESULT Native(UINT message, WPARAM wParam, LPARAM lParam) const;
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {

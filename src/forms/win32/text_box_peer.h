@@ -20,10 +20,6 @@ class NativeTextBox : public NativeControl {
     TextBox& Box() const { return static_cast<TextBox&>(Logical()); }
     void ShowText();
     void ReportSelection();
-    void PlaceLine();
-    void CenterLine(RECT& client) const;
-    void PaintAroundLine() const;
-    std::optional<LRESULT> OnLineMessage(UINT message, WPARAM wParam, LPARAM lParam);
 };
 
 }  // namespace zv::forms::win32
