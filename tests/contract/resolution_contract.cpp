@@ -10,6 +10,7 @@
 
 #include "driver/win32/played_backend.h"
 #include "forms/buttons.h"
+#include "forms/lists.h"
 #include "forms/text_box.h"
 #include "forms/win32/display.h"
 #include "forms/win32/form_window.h"
@@ -228,6 +229,33 @@ TEST_F(Resolution, TheLineOfAnEntryStandsInItsMiddle) {
         EXPECT_NEAR(line.bottom - line.top, win32::MeasureText(window->UiFont(), "国").cy, 1)
             << dpi;
     }
+}
+
+TEST_F(Resolution, TheLineOfAComboBoxStandsInItsMiddle) {
+    struct WithCombo : TestForm {
+        explicit WithCombo(WindowSystem& windows) : TestForm(windows, "frmCombo") {
+            cboAny.Move({8, 8, 200, 23});
+        }
+        ComboBox cboAny{*this, "cboAny", nullptr, ComboStyle::FreeText};
+    };
+    auto& other = windows_.Create<WithCombo>();
+    other.Show(false);
+    auto* shown = static_cast<driver::PlayedBackend&>(stand_->GetBackend()).Find(other);
+    const RECT suggested{20, 30, 1500, 900};
+    SendMessageW(shown->Handle(), WM_DPICHANGED, MAKEWPARAM(288, 288),
+                 reinterpret_cast<LPARAM>(&suggested));
+    const win32::NativeControl* combo = shown->Find(other.cboAny);
+    RECT outer{};
+    GetWindowRect(combo->Handle(), &outer);
+    RECT line{};
+    GetClientRect(combo->FocusHandle(), &line);
+    MapWindowPoints(combo->FocusHandle(), nullptr, reinterpret_cast<POINT*>(&line), 2);
+    EXPECT_EQ(outer.bottom - outer.top, 69);
+    EXPECT_NEAR((line.top + line.bottom) / 2, (outer.top + outer.bottom) / 2, 2)
+        << line.top - outer.top << " " << line.bottom - outer.top;
+    RECT edit{};
+    GetWindowRect(combo->FocusHandle(), &edit);
+    EXPECT_NEAR(edit.bottom - edit.top, 65, 2) << edit.top - outer.top;
 }
 
 TEST_F(Resolution, AWindowAsksForTheSizeThatItsContentNeedsThere) {
