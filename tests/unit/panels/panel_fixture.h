@@ -17,8 +17,14 @@ class PanelTest : public testing::Test {
  protected:
     PanelTest() : form(stage.windows.Create<EmptyForm>()), tabs(form, "SSTab1", nullptr, 4) {}
 
-    /// After the panel has been made.
+    /// After the panel has been made. What the test has not placed gets a place, because nobody can
+    /// work what has none.
     void Show() {
+        form.SetClientSize({1000, 700});
+        tabs.Move({0, 0, 1000, 700});
+        for (forms::Control* control : form.Controls()) {
+            if (control->Bounds() == forms::Rect{}) control->Move({0, 0, 900, 600});
+        }
         stage.windows.FromHost([this] { form.Show(false); });
     }
 
