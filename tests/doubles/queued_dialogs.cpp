@@ -5,6 +5,7 @@
 namespace zv::doubles {
 
 forms::Answer QueuedDialogs::ShowMessage(forms::Form*, const forms::MessageRequest& request) {
+    const std::shared_ptr<void> held = guard ? guard() : nullptr;
     const std::string text(request.text);
     messages.push_back(std::to_string(request.style) + "|" + text);
     standard = request.standard;

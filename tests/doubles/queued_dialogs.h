@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,6 +30,8 @@ class QueuedDialogs : public forms::Dialogs {
     std::deque<std::optional<std::string>> inputs;
     /// Runs while a box stands, with its text, its prompt or its title; may be empty.
     std::function<void(const std::string&)> whileStanding;
+    /// Asked for before a message is kept, and held until it is; may be empty.
+    std::function<std::shared_ptr<void>()> guard;
 
     std::vector<std::string> messages;  ///< "STYLE|TEXT"
     /// Of the box that came up last.

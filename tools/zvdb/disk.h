@@ -27,6 +27,34 @@ void SyncFolderOf(const std::filesystem::path& file);
 /// is replaced when `replace`, otherwise it is an error.
 void Rename(const std::filesystem::path& from, const std::filesystem::path& to, bool replace);
 
+/// A file that is not there is no error.
+void Remove(const std::filesystem::path& file);
+
+enum class Request { Create, Sync, SyncFolder, Rename, Remove };
+
+/// Hears of the requests of these functions. For tests, which let one of them fail or note what is
+/// not on the disk yet.
+class Observer {
+ public:
+    virtual ~Observer() = default;
+    /// May throw std::filesystem::filesystem_error, which takes the place of the request. `to` is
+    /// the new name of a file that is renamed.
+    virtual void Before(Request request, const std::filesystem::path& file,
+                        const std::filesystem::path& to) = 0;
+    /// The request has succeeded.
+    virtual void After(Request request, const std::filesystem::path& file,
+                       const std::filesystem::path& to) = 0;
+};
+
+/// While it lives, `observer` hears of every request.
+class Observed {
+ public:
+    explicit Observed(Observer& observer);
+    ~Observed();
+    Observed(const Observed&) = delete;
+    Observed& operator=(const Observed&) = delete;
+};
+
 /// A name that one program at a time has, whatever ends it: the system lets go of it for a program
 /// that has died. The file of that name is empty and goes with the claim; one that is left over is
 /// taken over.

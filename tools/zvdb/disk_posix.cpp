@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <system_error>
 
-#include "zvdb/disk.h"
+#include "zvdb/disk_system.h"
 
 namespace zv::zvdb::disk {
 namespace {
@@ -40,6 +40,8 @@ bool MakesNoSense(int error) {
 }
 
 }  // namespace
+
+namespace system {
 
 void CreateEmpty(const fs::path& file) {
     Descriptor("create", file, O_WRONLY | O_CREAT | O_EXCL, kReadWrite);
@@ -96,8 +98,9 @@ void Rename(const fs::path& from, const fs::path& to, bool replace) {
         }
         if (rename(from.c_str(), to.c_str()) != 0) Fail("rename", to);
     }
-    SyncFolderOf(to);
 }
+
+}  // namespace system
 
 namespace {
 

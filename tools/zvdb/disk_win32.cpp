@@ -6,7 +6,7 @@
 #include <string>
 #include <system_error>
 
-#include "zvdb/disk.h"
+#include "zvdb/disk_system.h"
 
 namespace zv::zvdb::disk {
 namespace {
@@ -40,6 +40,8 @@ struct FreeLocal {
 };
 
 }  // namespace
+
+namespace system {
 
 void CreateEmpty(const fs::path& file) {
     Handle("create", file, GENERIC_WRITE, CREATE_NEW);
@@ -86,6 +88,8 @@ void Rename(const fs::path& from, const fs::path& to, bool replace) {
     const DWORD flags = MOVEFILE_WRITE_THROUGH | (replace ? MOVEFILE_REPLACE_EXISTING : 0);
     if (!MoveFileExW(from.c_str(), to.c_str(), flags)) Fail("rename", to, GetLastError());
 }
+
+}  // namespace system
 
 Claim::Claim(const fs::path& file) : file_(file) {
     const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,

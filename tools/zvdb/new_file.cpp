@@ -1,7 +1,9 @@
 #include "zvdb/new_file.h"
 
 #include <array>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "base/path.h"
 #include "zvdb/check.h"
@@ -12,7 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<const char*, 3> kSuffixes = {"-wal", "-shm", "-journal"};
+constexpr std::string_view kShared = "-shm";  // holds nothing that is not in the log
+constexpr std::array<const char*, 3> kSuffixes = {"-wal", kShared.data(), "-journal"};
 
 bool IsThere(const std::string& path) {
     std::error_code failed;
@@ -27,6 +30,16 @@ std::string FreeNameFor(const std::string& path) {
         bool taken = IsThere(name);
         for (const char* suffix : kSuffixes) taken = taken || IsThere(name + suffix);
         if (!taken) return name;
+    }
+}
+
+/// False when it is still there.
+bool RemoveIfPossible(const fs::path& file) {
+    try {
+        disk::Remove(file);
+        return true;
+    } catch (const fs::filesystem_error&) {
+        return false;
     }
 }
 
@@ -51,9 +64,8 @@ std::vector<std::string> NewFile::ToSetAside(const std::string& path) {
 }
 
 void NewFile::RemovePart() {
-    std::error_code ignored;
-    fs::remove(PathOf(part_), ignored);
-    for (const std::string& neighbour : NeighboursOf(part_)) fs::remove(PathOf(neighbour), ignored);
+    RemoveIfPossible(PathOf(part_));
+    for (const std::string& neighbour : NeighboursOf(part_)) RemoveIfPossible(PathOf(neighbour));
 }
 
 NewFile::NewFile(const std::string& path, const std::string& source, bool replace)
@@ -100,18 +112,30 @@ void NewFile::SetAside() {
     }
 }
 
-void NewFile::BringBack() noexcept {
-    for (const Move& move : aside_) {
-        std::error_code ignored;
+void NewFile::BringBack() {
+    for (const Move& move : std::exchange(aside_, {})) {
         // One that could not be moved is still there, and what is aside is somebody else's.
-        if (!fs::exists(fs::symlink_status(move.from, ignored))) {
-            fs::rename(move.to, move.from, ignored);
+        if (IsThere(Utf8Of(move.from))) continue;
+        try {
+            disk::Rename(move.to, move.from, false);
+        } catch (const fs::filesystem_error&) {
+            // The name may be back and only not be known to be on the disk.
+            if (!IsThere(Utf8Of(move.from))) aside_.push_back(move);
         }
     }
-    aside_.clear();
+}
+
+// What the engine could not write back when the part was closed it would not find under the new
+// name; a part that is renamed without it has lost rows.
+void NewFile::RefusePartWithLog() const {
+    for (const std::string& name : NeighboursOf(part_)) {
+        if (name.ends_with(kShared)) continue;
+        throw FileError("not all of the new file could be written: its log is left");
+    }
 }
 
 void NewFile::Place() {
+    RefusePartWithLog();
     disk::Sync(PathOf(part_));
     try {
         SetAside();
@@ -132,11 +156,24 @@ void NewFile::Place() {
 
 void NewFile::TakeBack() {
     if (replaces_) return;
-    std::error_code ignored;
-    fs::remove(PathOf(path_), ignored);
+    bool gone = RemoveIfPossible(PathOf(path_));
     // Those of the file that goes; the others are aside.
-    for (const std::string& name : NeighboursOf(path_)) fs::remove(PathOf(name), ignored);
-    BringBack();
+    for (const std::string& name : NeighboursOf(path_)) {
+        gone = RemoveIfPossible(PathOf(name)) && gone;
+    }
+    // The engine would take what comes back for the log of the file that stays.
+    if (gone) BringBack();
+}
+
+std::string NewFile::Leftovers() const {
+    std::string sentences;
+    if (placed_ && !replaces_ && IsThere(path_)) {
+        sentences += "; \"" + path_ + "\" could not be taken back and is not to be trusted";
+    }
+    for (const Move& move : aside_) {
+        sentences += "; \"" + Utf8Of(move.from) + "\" is set aside as \"" + Utf8Of(move.to) + "\"";
+    }
+    return sentences;
 }
 
 void RefuseWhileInUse(const std::string& path) {
@@ -149,16 +186,36 @@ void RefuseWhileInUse(const std::string& path) {
     }
 }
 
+namespace {
+
+void CheckPlaced(const std::string& path) {
+    Engine engine(path);
+    auto problems = InspectEmbedded(engine)->Damage();
+    if (problems.empty()) problems = CheckSchema(engine).problems;
+    if (!problems.empty()) throw FileError("the new file is not sound: " + problems.front());
+}
+
+std::string ReasonOf(const std::exception& error) {
+    const auto* ofFile = dynamic_cast<const fs::filesystem_error*>(&error);
+    return ofFile == nullptr ? error.what()
+                             : Utf8Of(ofFile->path1()) + ": " + ofFile->code().message();
+}
+
+}  // namespace
+
 void PlaceAndCheck(NewFile& file, const std::string& path) {
-    file.Place();
     try {
-        Engine engine(path);
-        auto problems = InspectEmbedded(engine)->Damage();
-        if (problems.empty()) problems = CheckSchema(engine).problems;
-        if (!problems.empty()) throw FileError("the new file is not sound: " + problems.front());
-    } catch (...) {
-        file.TakeBack();
-        throw;
+        file.Place();
+        try {
+            CheckPlaced(path);
+        } catch (...) {
+            file.TakeBack();
+            throw;
+        }
+    } catch (const std::exception& error) {
+        const std::string leftovers = file.Leftovers();
+        if (leftovers.empty()) throw;
+        throw FileError(ReasonOf(error) + leftovers);
     }
 }
 

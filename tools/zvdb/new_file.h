@@ -36,12 +36,16 @@ class NewFile {
 
     const std::string& Part() const { return part_; }
     /// Nobody has the part open. Neighbours are set aside, the file gets its name, all of it is on
-    /// the disk. Throws EngineError when a program still has a neighbour open; nothing has changed
-    /// then.
+    /// the disk. Throws FileError when a log of the part is left, EngineError when a program still
+    /// has a neighbour open, std::filesystem::filesystem_error; nothing has changed then but what
+    /// Leftovers names.
     void Place();
     /// The placed file is no good: it goes, and the neighbours come back. Not for one that replaced
     /// another, which stays.
     void TakeBack();
+    /// What could not be undone when placing or taking back failed, behind "; " each: for the end
+    /// of the message that says so.
+    std::string Leftovers() const;
 
  private:
     struct Move {
@@ -51,7 +55,8 @@ class NewFile {
     void MakePart(const std::string& source);
     void RemovePart();
     void SetAside();
-    void BringBack() noexcept;
+    void BringBack();
+    void RefusePartWithLog() const;
 
     std::string path_;
     std::string part_;
@@ -66,7 +71,7 @@ class NewFile {
 void RefuseWhileInUse(const std::string& path);
 
 /// Places the file and looks whether it is sound under its own name, with all tables of the system;
-/// otherwise it is taken back. Throws like Place, and FileError.
+/// otherwise it is taken back. Throws like Place, and FileError, which names what is left over.
 void PlaceAndCheck(NewFile& file, const std::string& path);
 
 }  // namespace zv::zvdb

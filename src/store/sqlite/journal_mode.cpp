@@ -146,7 +146,7 @@ std::string JournalMode(sqlite3* database) {
 
 int SetJournalMode(sqlite3* database, std::string_view mode) {
     int code = SQLITE_OK;
-    const std::string made = Ask(database, "pragma journal_mode=" + std::string(mode), code);
+    const std::string made = Ask(database, "pragma main.journal_mode=" + std::string(mode), code);
     if (code != SQLITE_OK) return code;
     return made == mode ? SQLITE_OK : SQLITE_BUSY;
 }

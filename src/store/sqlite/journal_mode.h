@@ -43,8 +43,8 @@ std::string RefusedOnShare(const std::string& path);
 /// The mode in which an open file is: "wal", "delete". Empty when the engine does not say.
 std::string JournalMode(sqlite3* database);
 
-/// Changes the mode and looks at what the engine made of it. Answers the engine's code, an error
-/// when the mode is another one afterwards.
+/// Changes the mode of the file, not of those attached to it, and looks at what the engine made of
+/// it. Answers the engine's code, an error when the mode is another one afterwards.
 int SetJournalMode(sqlite3* database, std::string_view mode);
 
 }  // namespace zv::store::sqlite

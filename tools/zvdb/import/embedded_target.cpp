@@ -145,7 +145,9 @@ void EmbeddedTarget::Begin(bool replace) {
         }
         sqlite3_progress_handler(
             engine_->Handle(), 10000, [](void*) { return IsInterrupted() ? 1 : 0; }, nullptr);
-        engine_->Run("begin immediate");
+        // Not immediately: that would lock an attached source for writing, too, and its readers
+        // would keep the change from being committed. The first statement locks the target alone.
+        engine_->Run("begin");
         engine_->Run(std::string("delete from ") + kModuleTable + " where " + IsOwnModule());
         if (!replace) return;
         for (const TableRule& table : SystemTables()) {

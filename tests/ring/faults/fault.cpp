@@ -1,0 +1,100 @@
+#include "fault.h"
+
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
+
+#include "current_point.h"
+
+namespace zv::ring {
+namespace {
+
+constexpr const char* kRollBack = " rollback";
+constexpr long kMostCalls = 1'000'000;
+
+}  // namespace
+
+std::string FaultPoint::Text() const {
+    return "flow: " + flow + "\noperation: " + operation + "\nnumber: " + std::to_string(number) +
+           "\ntimes: " + (forever ? "forever" : "once") + '\n';
+}
+
+FaultPoint FaultPoint::Parse(const std::string& text) {
+    FaultPoint point;
+    int fields = 0;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.empty() || line.starts_with('#')) continue;
+        const std::size_t colon = line.find(": ");
+        const std::string name = line.substr(0, colon);
+        const std::string value = colon == std::string::npos ? "" : line.substr(colon + 2);
+        fields++;
+        if (name == "flow") {
+            point.flow = value;
+        } else if (name == "operation") {
+            point.operation = value;
+        } else if (name == "number") {
+            point.number = std::stol(value);
+        } else if (name == "times" && (value == "once" || value == "forever")) {
+            point.forever = value == "forever";
+        } else {
+            throw std::runtime_error("no line of a fault point: " + line);
+        }
+    }
+    if (fields != 4) throw std::runtime_error("a fault point has four lines");
+    return point;
+}
+
+Judgement Judge(const FaultPoint& point, Faults& faults, const FlowMaker& make) {
+    FlowOptions options = faults.Options();
+    std::string name = point.flow;
+    if (name.ends_with(kRollBack)) {
+        options.rollBack = true;
+        name.resize(name.size() - std::string(kRollBack).size());
+    }
+    const auto flow = make(name, options);
+    Judgement judgement;
+    const auto add = [&](const std::string& when, const std::vector<std::string>& sentences) {
+        for (const std::string& sentence : sentences) {
+            judgement.wrong.push_back(when + ": " + sentence);
+        }
+    };
+    const CurrentPoint current(point.Text());
+    faults.Arm(point);
+    const Outcome disturbed = flow->Act();
+    judgement.reached = faults.Disarm();
+    if (!disturbed.acknowledged && disturbed.told.empty()) {
+        add("with the fault", {"it was not done and nobody said so"});
+    }
+    if (!judgement.reached && !disturbed.acknowledged) {
+        add("nothing failed", {"it was not done: " + disturbed.told});
+    }
+    const std::string answer = disturbed.acknowledged ? "acknowledged" : "told " + disturbed.told;
+    add("with the fault (" + answer + ")", flow->Wrong(disturbed.acknowledged));
+    const Outcome again = flow->Act();
+    if (!again.acknowledged) add("again", {"it does not work: " + again.told});
+    add("again", flow->Wrong(again.acknowledged));
+    return judgement;
+}
+
+Tally PlayAll(const std::string& flow, const std::string& operation, Faults& faults, long density,
+              const FlowMaker& make) {
+    Tally tally;
+    for (const bool forever : {false, true}) {
+        for (long number = 1; number < kMostCalls; number += std::max(1L, number / density)) {
+            const FaultPoint point{flow, operation, number, forever};
+            const Judgement judgement = Judge(point, faults, make);
+            tally.points++;
+            if (!judgement.wrong.empty()) {
+                std::string finding = point.Text();
+                for (const std::string& sentence : judgement.wrong)
+                    finding += "# " + sentence + '\n';
+                tally.findings.push_back(std::move(finding));
+            }
+            if (!judgement.reached) break;
+        }
+    }
+    return tally;
+}
+
+}  // namespace zv::ring
