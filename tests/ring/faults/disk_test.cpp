@@ -6,11 +6,11 @@ namespace zv::ring {
 namespace {
 
 // So that a minute is enough for all flows.
-constexpr long kDensity = 8;
+constexpr long kDensity = 4;
 
 class DiskFaultTest : public testing::TestWithParam<std::string> {
  protected:
-    static void SetUpTestSuite() { WatchedDisk::Install(); }
+    static void SetUpTestSuite() { UseMemoryFolder(); }
 };
 
 std::vector<std::string> AllFlows() {

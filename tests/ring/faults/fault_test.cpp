@@ -12,6 +12,10 @@ bool IsLong() {
     return std::getenv("ZV_LONG") != nullptr;
 }
 
+void UseMemoryFolder() {
+    if (std::filesystem::is_directory("/dev/shm")) setenv("TMPDIR", "/dev/shm", 0);
+}
+
 void ExpectNoFindings(const Tally& tally) {
     for (const std::string& finding : tally.findings) ADD_FAILURE() << finding;
     // What fails at no call at all has not been disturbed.

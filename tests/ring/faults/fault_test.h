@@ -12,6 +12,9 @@ namespace zv::ring {
 /// ZV_LONG is set: every point is played.
 bool IsLong();
 
+/// Temporary folders lie in memory from here on, where there is a place for that.
+void UseMemoryFolder();
+
 /// Every finding is a failure of the test, with the lines of its file in the corpus.
 void ExpectNoFindings(const Tally& tally);
 

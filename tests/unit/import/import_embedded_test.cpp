@@ -108,6 +108,17 @@ TEST_F(ImportEmbedded, RowsThatAreOnlyInTheLogComeOverAndTheLogStays) {
               1);
 }
 
+TEST_F(ImportEmbedded, AFileInRollBackModeComesOverAndKeepsItsMode) {
+    ASSERT_EQ(RunZvdb({"mode", Path("a.db"), "rollback"}).status, 0);
+    const std::string bytes = Read("a.db");
+    for (const std::vector<std::string>& options :
+         {std::vector<std::string>{}, std::vector<std::string>{"--replace"}}) {
+        const Outcome import = Import(options);
+        EXPECT_EQ(import.status, 0) << import.out << import.err;
+        EXPECT_EQ(Dump("b.db"), Dump("a.db"));
+    }
+    EXPECT_TRUE(Read("a.db") == bytes);
+}
 TEST_F(ImportEmbedded, UnusualValuesComeOverAsTheyAre) {
     Change(
         "update tTaskList set taskTime='never',tDone=1.5,taskTitle=x'61' || char(0) || 'b',"

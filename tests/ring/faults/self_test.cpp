@@ -1,0 +1,73 @@
+// What is broken on purpose is found: without this, no findings would prove nothing.
+#include <algorithm>
+
+#include "disk_faults.h"
+#include "doubles/boasting_connection.h"
+#include "fault_test.h"
+#include "store/sqlite/sqlite_connection.h"
+
+namespace zv::ring {
+namespace {
+
+bool Found(const Tally& tally, const std::string& sentence) {
+    return std::any_of(tally.findings.begin(), tally.findings.end(), [&](const std::string& text) {
+        return text.find(sentence) != std::string::npos;
+    });
+}
+
+/// Every opening of the file yields a connection that swallows errors of writing.
+std::unique_ptr<Flow> MakeBoasting(const std::string& name, const FlowOptions& options) {
+    FlowOptions boasting = options;
+    boasting.open = [](const std::string& path) { return doubles::Boast(store::OpenSqlite(path)); };
+    return MakeFlow(name, boasting);
+}
+
+/// A flow that keeps to itself what it should say.
+class Silent final : public Flow {
+ public:
+    explicit Silent(std::unique_ptr<Flow> flow) : flow_(std::move(flow)) {}
+    Outcome Act() override { return {flow_->Act().acknowledged, {}}; }
+    std::vector<std::string> Wrong(bool acknowledged) override {
+        return flow_->Wrong(acknowledged);
+    }
+
+ private:
+    std::unique_ptr<Flow> flow_;
+};
+
+TEST(FaultHarness, FindsAWriteThatIsAcknowledgedAndNotThere) {
+    DiskFaults faults;
+    EXPECT_TRUE(Found(PlayAll("save", "write", faults, kAll, MakeBoasting), "the item holds"));
+    EXPECT_TRUE(Found(PlayAll("mark", "sync", faults, kAll, MakeBoasting), "the item's state"));
+    EXPECT_TRUE(
+        Found(PlayAll("generate", "write", faults, kAll, MakeBoasting), "the plan's items"));
+}
+TEST(FaultHarness, FindsAFailureOfWhichNobodyIsTold) {
+    DiskFaults faults;
+    const auto make = [](const std::string& name, const FlowOptions& options) {
+        return std::make_unique<Silent>(MakeFlow(name, options));
+    };
+    EXPECT_TRUE(Found(PlayAll("save", "write", faults, kAll, make), "nobody said so"));
+    EXPECT_TRUE(Found(PlayAll("create", "rename", faults, kAll, make), "nobody said so"));
+}
+TEST(FaultHarness, MeetsEachCallOfADisk) {
+    // An operation that no flow ever asks for would pass for want of a fault.
+    DiskFaults faults;
+    for (const std::string& operation : faults.Operations()) {
+        bool reached = false;
+        for (const char* flow : {"save rollback", "beside", "create"}) {
+            reached = reached || Judge({flow, operation, 1, false}, faults).reached;
+        }
+        EXPECT_TRUE(reached) << operation;
+    }
+}
+TEST(FaultPoint, IsReadAsItIsWritten) {
+    const FaultPoint point{"save rollback", "write", 17, true};
+    const FaultPoint read = FaultPoint::Parse("# a comment\n" + point.Text());
+    EXPECT_EQ(read.Text(), point.Text());
+    EXPECT_THROW(FaultPoint::Parse("flow: save\n"), std::runtime_error);
+    EXPECT_THROW(FaultPoint::Parse(point.Text() + "more: 1\n"), std::runtime_error);
+}
+
+}  // namespace
+}  // namespace zv::ring
