@@ -70,10 +70,10 @@ Judgement Judge(const FaultPoint& point, Faults& faults, const FlowMaker& make) 
         add("nothing failed", {"it was not done: " + disturbed.told});
     }
     const std::string answer = disturbed.acknowledged ? "acknowledged" : "told " + disturbed.told;
-    add("with the fault (" + answer + ")", flow->Wrong(disturbed.acknowledged));
+    add("with the fault (" + answer + ")", flow->WrongIn(flow->Folder(), disturbed.acknowledged));
     const Outcome again = flow->Act();
     if (!again.acknowledged) add("again", {"it does not work: " + again.told});
-    add("again", flow->Wrong(again.acknowledged));
+    add("again", flow->WrongIn(flow->Folder(), again.acknowledged));
     return judgement;
 }
 

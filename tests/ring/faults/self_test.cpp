@@ -27,8 +27,10 @@ class Silent final : public Flow {
  public:
     explicit Silent(std::unique_ptr<Flow> flow) : flow_(std::move(flow)) {}
     Outcome Act() override { return {flow_->Act().acknowledged, {}}; }
-    std::vector<std::string> Wrong(bool acknowledged) override {
-        return flow_->Wrong(acknowledged);
+    std::filesystem::path Folder() const override { return flow_->Folder(); }
+    std::vector<std::string> WrongIn(const std::filesystem::path& folder,
+                                     bool acknowledged) override {
+        return flow_->WrongIn(folder, acknowledged);
     }
 
  private:

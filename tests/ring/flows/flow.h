@@ -1,6 +1,7 @@
 // What somebody does with a database, in a way that can be judged afterwards.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,9 +23,13 @@ class Flow {
     virtual ~Flow() = default;
     /// Acts once, as often as one likes: what is done already is acknowledged again.
     virtual Outcome Act() = 0;
-    /// What is wrong with what is stored or shown after acts the last of which was acknowledged or
-    /// was not, a sentence each. Looks at files, not at what the flow has open.
-    virtual std::vector<std::string> Wrong(bool acknowledged) = 0;
+    /// Where its files are.
+    virtual std::filesystem::path Folder() const = 0;
+    /// What is wrong with what is stored in a folder, its own or one that holds what is left of it,
+    /// or with what is shown, after acts the last of which was acknowledged or was not; a sentence
+    /// each.
+    virtual std::vector<std::string> WrongIn(const std::filesystem::path& folder,
+                                             bool acknowledged) = 0;
 };
 
 struct FlowOptions {

@@ -1,7 +1,4 @@
-#include <algorithm>
 #include <array>
-#include <atomic>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -11,6 +8,7 @@
 #include "base/path.h"
 #include "ring/disk/watched_disk.h"
 #include "ring/flows/makers.h"
+#include "ring/flows/temporary_folder.h"
 #include "zvdb/engine.h"
 #include "zvdb/journal.h"
 #include "zvdb/tool.h"
@@ -54,35 +52,6 @@ std::string Dump(const fs::path& file) {
     return dump;
 }
 
-class Folder {
- public:
-    Folder() {
-        static std::atomic<int> count = 0;
-        const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-        path_ = fs::temp_directory_path() /
-                ("zv-ring-" + std::to_string(now) + "-" + std::to_string(count++));
-        fs::create_directory(path_);
-    }
-    ~Folder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    fs::path operator/(const std::string& name) const { return path_ / name; }
-    std::vector<std::string> Names() const {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(path_)) {
-            names.push_back(Utf8Of(entry.path().filename()));
-        }
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-
- private:
-    fs::path path_;
-};
-
 struct Run {
     int status = -1;
     std::string said;
@@ -102,7 +71,7 @@ const std::string& SampleBytes(const std::string& seed) {
     std::string& bytes = kept[seed];
     if (bytes.empty()) {
         const WatchedDisk::Unwatched unwatched;
-        const Folder folder;
+        const TemporaryFolder folder;
         const std::string file = Utf8Of(folder / "s.db");
         RunZvdb({"sample", file, "--items", "60", "--cards", "5", "--plans", "2", "--seed", seed,
                  "--quiet"});
@@ -181,23 +150,26 @@ class ToolFlow final : public Flow {
         return outcome;
     }
 
-    std::vector<std::string> Wrong(bool acknowledged) override {
+    fs::path Folder() const override { return folder_.Path(); }
+
+    std::vector<std::string> WrongIn(const fs::path& folder, bool acknowledged) override {
         const WatchedDisk::Unwatched unwatched;
         std::vector<std::string> wrong;
-        if (fs::exists(Target())) {
-            wrong = WrongWithFile(Utf8Of(Target()));
+        const fs::path target = folder / "target.db";
+        if (fs::exists(target)) {
+            wrong = WrongWithFile(Utf8Of(target));
             if (!wrong.empty()) return wrong;
-            const std::string rows = Dump(Target());
+            const std::string rows = Dump(target);
             if (rows != after_ && (acknowledged || kind_.target == nullptr || rows != before_)) {
                 wrong.emplace_back("the target holds neither what it held nor what it should");
             }
         } else if (acknowledged || kind_.target != nullptr) {
             wrong.emplace_back("the target is missing");
         }
-        if (kind_.source != nullptr && Dump(folder_ / "source.db") != SourceRows()) {
+        if (kind_.source != nullptr && Dump(folder / "source.db") != SourceRows()) {
             wrong.emplace_back("the source has changed");
         }
-        if (kind_.neighbours) CheckNeighbours(wrong);
+        if (kind_.neighbours) CheckNeighbours(folder, wrong);
         // What could not be removed goes with the next attempt.
         if (acknowledged && acts_ > 1) CheckNames(wrong);
         return wrong;
@@ -206,7 +178,7 @@ class ToolFlow final : public Flow {
  private:
     static constexpr std::array<const char*, 2> kNeighbours = {"-wal", "-journal"};
 
-    static void Prepare(const Kind& kind, const Folder& folder) {
+    static void Prepare(const Kind& kind, const TemporaryFolder& folder) {
         if (kind.source != nullptr) WriteBytes(folder / "source.db", SampleBytes(kind.source));
         if (kind.target != nullptr) WriteBytes(folder / "target.db", SampleBytes(kind.target));
         if (!kind.neighbours) return;
@@ -214,7 +186,7 @@ class ToolFlow final : public Flow {
             WriteBytes(folder / ("target.db" + std::string(suffix)), suffix);
     }
 
-    static std::vector<std::string> Words(const Kind& kind, const Folder& folder) {
+    static std::vector<std::string> Words(const Kind& kind, const TemporaryFolder& folder) {
         std::vector<std::string> words = kind.words;
         for (std::string& word : words) {
             if (word == "SOURCE") word = Utf8Of(folder / "source.db");
@@ -229,7 +201,7 @@ class ToolFlow final : public Flow {
         std::string& rows = kept[kind.name];
         if (rows.empty()) {
             const WatchedDisk::Unwatched unwatched;
-            const Folder folder;
+            const TemporaryFolder folder;
             Prepare(kind, folder);
             const Run run = RunZvdb(Words(kind, folder));
             if (run.status != 0 && run.status != kWithRemarks) {
@@ -252,7 +224,7 @@ class ToolFlow final : public Flow {
         static std::map<std::string, std::string> kept;
         std::string& rows = kept[kind_.source];
         if (rows.empty()) {
-            const Folder folder;
+            const TemporaryFolder folder;
             WriteBytes(folder / "s.db", SampleBytes(kind_.source));
             rows = Dump(folder / "s.db");
         }
@@ -260,14 +232,14 @@ class ToolFlow final : public Flow {
     }
 
     /// What belonged to another file is where it was, or set aside and the user knows where.
-    void CheckNeighbours(std::vector<std::string>& wrong) {
+    void CheckNeighbours(const fs::path& folder, std::vector<std::string>& wrong) const {
         if (acts_ > 1) return;
         for (const std::string suffix : kNeighbours) {
-            if (Bytes(folder_ / ("target.db" + suffix)) == suffix) continue;
+            if (Bytes(folder / ("target.db" + suffix)) == suffix) continue;
             const std::string aside = "target.db.aside" + suffix;
-            if (Bytes(folder_ / aside) != suffix) {
+            if (Bytes(folder / aside) != suffix) {
                 wrong.push_back("the other file's " + suffix + " is gone");
-            } else if (said_.find(aside) == std::string::npos) {
+            } else if (folder == Folder() && said_.find(aside) == std::string::npos) {
                 wrong.push_back("the other file's " + suffix + " is aside and nobody said so");
             }
         }
@@ -282,7 +254,7 @@ class ToolFlow final : public Flow {
 
     const Kind& kind_;
     const std::string& after_;
-    Folder folder_;
+    TemporaryFolder folder_;
     std::string before_;
     std::string said_;
     int acts_ = 0;

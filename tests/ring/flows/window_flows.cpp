@@ -3,7 +3,9 @@
 
 #include "application/item_user.h"
 #include "application/test_application.h"
+#include "doubles/rows_of.h"
 #include "ring/flows/makers.h"
+#include "store/sqlite/sqlite_connection.h"
 #include "windows/generation/boxes.h"
 #include "zvdb/own_modules.h"
 
@@ -68,8 +70,12 @@ class WindowFlow : public Flow {
         return outcome;
     }
 
-    std::vector<std::string> Wrong(bool acknowledged) final {
-        std::vector<std::string> wrong = WrongWithFile(app_.Path("t.db"));
+    std::filesystem::path Folder() const final { return app_.folder; }
+
+    std::vector<std::string> WrongIn(const std::filesystem::path& folder, bool acknowledged) final {
+        file_ = Utf8Of(folder / "t.db");
+        std::vector<std::string> wrong = WrongWithFile(file_);
+        if (!wrong.empty()) return wrong;
         if (const std::string rest = WrongRows(acknowledged); !rest.empty()) wrong.push_back(rest);
         return wrong;
     }
@@ -83,20 +89,30 @@ class WindowFlow : public Flow {
     /// The rows of other items are as they were.
     std::string OthersTouched() {
         const std::string others =
-            app_.Query(std::string("select count(*)||' '||sum(length(fContent)) from tTaskList"
-                                   " where TaskID=0 and tDone=0 and taskTitle<>'") +
-                       kTitle + "'");
+            Rows(std::string("select count(*)||' '||sum(length(fContent)) from tTaskList"
+                             " where TaskID=0 and tDone=0 and taskTitle<>'") +
+                 kTitle + "'");
         static const std::string meant = std::to_string(kItems - 1) + ' ' +
                                          std::to_string(400 * (kItems * (kItems + 1) / 2 - 1));
         return others == meant ? "" : "other items have changed: " + others;
     }
+    /// Of the file that is judged, columns joined by "|".
+    std::string Rows(const std::string& query) const {
+        store::SqliteOptions options;
+        options.translate = false;
+        options.datesAsText = true;
+        return doubles::RowsOf(*store::OpenSqlite(file_, options), query);
+    }
     std::string Item(const std::string& columns) {
-        return app_.Rows("select " + columns + " from tTaskList where taskTitle='" + kTitle + "'");
+        return Rows("select " + columns + " from tTaskList where taskTitle='" + kTitle + "'");
     }
     bool SaidNothing() const { return app_.dialogs.messages.empty(); }
 
     test::TestApplication app_;
     std::optional<test::ItemUser> user_;
+
+ private:
+    std::string file_;  ///< that is judged
 };
 
 class Save final : public WindowFlow {
@@ -133,8 +149,8 @@ class Add final : public WindowFlow {
         return user_->Said("[item-new]") && !user_->SaidError();
     }
     std::string WrongRows(bool acknowledged) override {
-        const std::string rows = app_.Rows(
-            "select fContent,date(taskTime),tDone from tTaskList where taskTitle='item-new'");
+        const std::string rows =
+            Rows("select fContent,date(taskTime),tDone from tTaskList where taskTitle='item-new'");
         if (rows == "new|2003-03-07|0" || (!acknowledged && rows.empty())) return {};
         return "the new item is " + rows;
     }
@@ -195,7 +211,7 @@ class Generate final : public WindowFlow {
         return !user_->SaidError();
     }
     std::string WrongRows(bool acknowledged) override {
-        const std::string rows = app_.Query(
+        const std::string rows = Rows(
             "select count(*)||' '||count(distinct taskTime)||' '||coalesce(min(date(taskTime)),'')"
             " from tTaskList where TaskID=7");
         const std::string days = std::to_string(kPlanDays);
