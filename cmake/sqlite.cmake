@@ -8,8 +8,11 @@ string(APPEND ZV_SQLITE_SOURCE /package/deps/sqlite3)
 
 add_library(zv_sqlite3 STATIC ${ZV_SQLITE_SOURCE}/sqlite3.c)
 target_include_directories(zv_sqlite3 SYSTEM PUBLIC ${ZV_SQLITE_SOURCE})
+# Synchronous 3 is what a roll-back journal needs: the folder is written out when the journal goes, or
+# it could come back when the power fails and undo what was acknowledged. A log needs no more than 2.
 target_compile_definitions(zv_sqlite3 PRIVATE SQLITE_THREADSAFE=1 SQLITE_DQS=0
-    SQLITE_OMIT_LOAD_EXTENSION SQLITE_OMIT_DEPRECATED SQLITE_DEFAULT_WAL_SYNCHRONOUS=2)
+    SQLITE_OMIT_LOAD_EXTENSION SQLITE_OMIT_DEPRECATED
+    SQLITE_DEFAULT_SYNCHRONOUS=3 SQLITE_DEFAULT_WAL_SYNCHRONOUS=2)
 target_compile_options(zv_sqlite3 PRIVATE -w -O2)
 # One file as it is; to optimise it once more with each program that holds it takes minutes.
 set_target_properties(zv_sqlite3 PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)

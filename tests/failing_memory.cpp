@@ -9,6 +9,8 @@ namespace zv::memory {
 namespace {
 
 std::atomic<bool> counting{false};
+std::atomic<bool> forever{false};
+std::atomic<int> spared{0};
 std::atomic<long> untilFailure{0};
 
 void* Allocate(std::size_t size) {
@@ -21,7 +23,13 @@ void* Allocate(std::size_t size) {
 
 void FailAllocation(long number) {
     untilFailure = number;
+    forever = false;
     counting = true;
+}
+
+void FailAllocationsFrom(long number) {
+    FailAllocation(number);
+    forever = true;
 }
 
 bool StopFailing() {
@@ -30,7 +38,16 @@ bool StopFailing() {
 }
 
 bool FailsNow() {
-    return counting && --untilFailure == 0;
+    if (!counting || spared > 0) return false;
+    const long left = --untilFailure;
+    return left == 0 || (left < 0 && forever);
+}
+
+Spared::Spared() {
+    ++spared;
+}
+Spared::~Spared() {
+    --spared;
 }
 
 }  // namespace zv::memory

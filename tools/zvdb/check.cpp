@@ -74,10 +74,14 @@ void CheckFile(const std::string& path) {
     if (begin.substr(0, kMagic.size()) != kMagic.substr(0, std::min(got, kMagic.size()))) {
         throw FileError("this is not an embedded database");
     }
-    // Pages that are still in the write-ahead log need not be in the file yet.
-    fs::path log = file;
-    log += "-wal";
-    const bool pending = fs::exists(log, failed) && fs::file_size(log, failed) > 0;
+    // Pages that are still in the write-ahead log need not be in the file yet, and what a journal
+    // takes back need not be whole.
+    bool pending = false;
+    for (const char* suffix : {"-wal", "-journal"}) {
+        fs::path log = file;
+        log += suffix;
+        pending = pending || (fs::exists(log, failed) && fs::file_size(log, failed) > 0);
+    }
     const std::uint32_t pageSize =
         (header[16] == 0 && header[17] == 1) ? 65536U : (header[16] * 256U + header[17]);
     const std::uintmax_t stated = std::uintmax_t{pageSize} * BigEndian(header, 28);

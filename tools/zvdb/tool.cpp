@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <iomanip>
+#include <new>
 
 #include "base/path.h"
 #include "store/connection_text.h"
@@ -155,10 +156,16 @@ int RunCommand(const std::vector<std::string>& arguments, DateTime today, const 
 }  // namespace
 
 int RunTool(const std::vector<std::string>& arguments, DateTime today, const Console& console) {
-    const GivenSecrets secrets(arguments);
-    if (secrets.IsEmpty()) return RunCommand(arguments, today, console);
-    HidingConsole hiding(console, secrets);
-    return RunCommand(arguments, today, hiding.Get());
+    try {
+        const GivenSecrets secrets(arguments);
+        if (secrets.IsEmpty()) return RunCommand(arguments, today, console);
+        HidingConsole hiding(console, secrets);
+        return RunCommand(arguments, today, hiding.Get());
+    } catch (const std::bad_alloc&) {
+        // Nor is there any for a longer sentence.
+        console.err << "zvdb: there is not enough memory\n";
+        return kCannot;
+    }
 }
 
 }  // namespace zv::zvdb

@@ -51,25 +51,6 @@ bool HasSucceeded(SQLRETURN code) {
     return SQL_SUCCEEDED(code) || code == SQL_NO_DATA;
 }
 
-std::string TextOf(SQLHSTMT statement, SQLUSMALLINT column) {
-    SQLWCHAR buffer[kNameUnits]{};
-    SQLLEN length = 0;
-    if (!SQL_SUCCEEDED(
-            SQLGetData(statement, column, SQL_C_WCHAR, buffer, sizeof buffer, &length)) ||
-        length < 0) {
-        return {};
-    }
-    const auto* first = reinterpret_cast<const char16_t*>(buffer);
-    return text::FromUtf16({first, std::find(first, first + kNameUnits - 1, u'\0')});
-}
-
-int NumberOf(SQLHSTMT statement, SQLUSMALLINT column) {
-    SQLINTEGER number = 0;
-    SQLLEN length = 0;
-    SQLGetData(statement, column, SQL_C_SLONG, &number, 0, &length);
-    return length == SQL_NULL_DATA ? 0 : static_cast<int>(number);
-}
-
 }  // namespace
 
 Link::~Link() {
@@ -107,11 +88,13 @@ void Link::Connect() {
     ReadFacts();
 }
 
+// What is sent, and how, depends on these: a guess would write what nobody asked for.
 std::string Link::Info(SQLUSMALLINT what) const {
     SQLWCHAR buffer[kNameUnits]{};
     SQLSMALLINT length = 0;
     if (!SQL_SUCCEEDED(SQLGetInfoW(connection_.Get(), what, buffer, sizeof buffer, &length))) {
-        return {};
+        throw ConnectError(Diagnose(SQL_HANDLE_DBC, connection_.Get(), true), options_.name,
+                           options_.secrets);
     }
     const auto* first = reinterpret_cast<const char16_t*>(buffer);
     return text::FromUtf16({first, std::find(first, first + kNameUnits - 1, u'\0')});
@@ -121,6 +104,7 @@ void Link::ReadFacts() {
     facts_.product = Info(SQL_DBMS_NAME);
     facts_.engine = &engines::OfProduct(facts_.product);
     facts_.quote = text::Trim(Info(SQL_IDENTIFIER_QUOTE_CHAR));
+    // A driver that does not know the question has no extensions.
     SQLUINTEGER extensions = 0;
     SQLGetInfoW(connection_.Get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr);
     constexpr SQLUINTEGER kMixes = SQL_GD_ANY_COLUMN | SQL_GD_BOUND;
@@ -173,11 +157,10 @@ void Link::Forget(SQLHSTMT statement) {
 
 std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
     SQLSMALLINT count = 0;
-    SQLNumResultCols(statement, &count);
-    const auto attribute = [&](SQLUSMALLINT number, SQLUSMALLINT what) {
-        SQLLEN value = 0;
-        SQLColAttributeW(statement, number, what, nullptr, 0, nullptr, &value);
-        return static_cast<SQLSMALLINT>(value);
+    if (!SQL_SUCCEEDED(SQLNumResultCols(statement, &count))) Throw(statement);
+    const auto attribute = [&](SQLUSMALLINT number, SQLUSMALLINT what, SQLLEN& value) {
+        return SQL_SUCCEEDED(
+            SQLColAttributeW(statement, number, what, nullptr, 0, nullptr, &value));
     };
     std::vector<Column> columns;
     for (SQLUSMALLINT number = 1; number <= count; number++) {
@@ -189,10 +172,13 @@ std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
                                            &column.size, nullptr, nullptr))) {
             Throw(statement);
         }
-        column.sqlType = attribute(number, SQL_DESC_TYPE);
+        SQLLEN type = 0;
+        if (!attribute(number, SQL_DESC_TYPE, type)) Throw(statement);
+        column.sqlType = static_cast<SQLSMALLINT>(type);
         // Not every driver knows the second; a time alone then comes as a moment of today.
+        SQLLEN code = 0;
         if (column.sqlType == SQL_DATETIME &&
-            attribute(number, SQL_DESC_DATETIME_INTERVAL_CODE) == SQL_CODE_TIME) {
+            attribute(number, SQL_DESC_DATETIME_INTERVAL_CODE, code) && code == SQL_CODE_TIME) {
             column.sqlType = SQL_TYPE_TIME;
         }
         const auto* first = reinterpret_cast<const char16_t*>(name);
@@ -202,8 +188,10 @@ std::vector<Column> Link::ColumnsOf(SQLHSTMT statement) {
         if (facts_.engine->facts->ReportsComputedColumns()) {
             SQLWCHAR base[kNameUnits]{};
             SQLSMALLINT bytes = 0;
-            SQLColAttributeW(statement, number, SQL_DESC_BASE_TABLE_NAME, base, sizeof base, &bytes,
-                             nullptr);
+            if (!SQL_SUCCEEDED(SQLColAttributeW(statement, number, SQL_DESC_BASE_TABLE_NAME, base,
+                                                sizeof base, &bytes, nullptr))) {
+                Throw(statement);
+            }
             column.isComputed = base[0] == 0;
         }
         columns.push_back(std::move(column));
@@ -285,6 +273,27 @@ bool Link::Fetch(SQLHSTMT statement) {
     const SQLRETURN code = SQLFetch(statement);
     if (!HasSucceeded(code)) Throw(statement);
     return code != SQL_NO_DATA;
+}
+
+std::string Link::TextOf(SQLHSTMT statement, SQLUSMALLINT column) {
+    SQLWCHAR buffer[kNameUnits]{};
+    SQLLEN length = 0;
+    if (!SQL_SUCCEEDED(
+            SQLGetData(statement, column, SQL_C_WCHAR, buffer, sizeof buffer, &length))) {
+        Throw(statement);
+    }
+    if (length < 0) return {};
+    const auto* first = reinterpret_cast<const char16_t*>(buffer);
+    return text::FromUtf16({first, std::find(first, first + kNameUnits - 1, u'\0')});
+}
+
+int Link::NumberOf(SQLHSTMT statement, SQLUSMALLINT column) {
+    SQLINTEGER number = 0;
+    SQLLEN length = 0;
+    if (!SQL_SUCCEEDED(SQLGetData(statement, column, SQL_C_SLONG, &number, 0, &length))) {
+        Throw(statement);
+    }
+    return length == SQL_NULL_DATA ? 0 : static_cast<int>(number);
 }
 
 Table Link::DescribeTable(const std::string& name) {

@@ -76,6 +76,9 @@ class Link {
     SQLHSTMT PreparedFor(const std::string& sql);
     void Forget(SQLHSTMT statement);
     std::vector<Column> ColumnsOf(SQLHSTMT statement);
+    /// Of the current row; nothing for null.
+    std::string TextOf(SQLHSTMT statement, SQLUSMALLINT column);
+    int NumberOf(SQLHSTMT statement, SQLUSMALLINT column);
     /// False behind the last row.
     bool Fetch(SQLHSTMT statement);
     Result Finish(SQLHSTMT statement, bool asStored);

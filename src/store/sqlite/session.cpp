@@ -178,8 +178,9 @@ void Session::Configure(bool share) {
         throw RuntimeError(ErrorNumber::PathFileAccess, RefusedOnShare(path_), kErrorSource)
             .Of(ErrorKind::WriteAheadOnShare);
     }
-    // The first statement reads the header and with it finds what is wrong with the file.
-    for (const char* sql : {"select count(*) from sqlite_schema", "pragma synchronous=full"}) {
+    // The first statement reads the header and with it finds what is wrong with the file. In the
+    // roll-back mode less than the last would let a journal come back when the power fails.
+    for (const char* sql : {"select count(*) from sqlite_schema", "pragma synchronous=extra"}) {
         const int code = sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr);
         if (code != SQLITE_OK) Refuse(code);
     }

@@ -37,6 +37,8 @@ struct FlowOptions {
     bool rollBack = false;
     /// Opens the connections of windows to the file; empty: the embedded engine does.
     std::function<std::unique_ptr<store::Connection>(const std::string& path)> open = {};
+    /// What is opened speaks as a server does.
+    bool isServer = false;
     /// Asked for whenever a box comes up, and held while the box is kept; may be empty.
     std::function<std::shared_ptr<void>()> boxGuard = {};
 };

@@ -3,7 +3,9 @@
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <sstream>
+#include <ostream>
+#include <stdexcept>
+#include <streambuf>
 
 #include "base/path.h"
 #include "ring/disk/watched_disk.h"
@@ -57,11 +59,27 @@ struct Run {
     std::string said;
 };
 
-Run RunZvdb(const std::vector<std::string>& arguments) {
-    std::ostringstream said;
+/// Has room for all that a run says, so that a console without memory loses nothing.
+class Console final : public std::streambuf {
+ public:
+    Console() { setp(said_.data(), said_.data() + said_.size()); }
+    std::string Said() const { return std::string(pbase(), pptr()); }
+
+ private:
+    std::array<char, 1 << 15> said_{};
+};
+
+using Guard = std::function<std::shared_ptr<void>()>;
+
+Run RunZvdb(const std::vector<std::string>& arguments, const Guard& guard = {}) {
+    std::shared_ptr<void> held = guard ? guard() : nullptr;
+    const auto console = std::make_unique<Console>();
+    std::ostream said(console.get());
     Run run;
+    held.reset();
     run.status = zvdb::RunTool(arguments, kToday, {said, said});
-    run.said = said.str();
+    held = guard ? guard() : nullptr;
+    run.said = console->Said();
     return run;
 }
 
@@ -129,18 +147,23 @@ const std::vector<Kind>& Kinds() {
 
 class ToolFlow final : public Flow {
  public:
-    explicit ToolFlow(const Kind& kind) : kind_(kind), after_(After(kind)) {
+    ToolFlow(const Kind& kind, Guard guard)
+        : kind_(kind), after_(After(kind)), guard_(std::move(guard)) {
         Prepare(kind, folder_);
         if (kind.target != nullptr) before_ = Dump(Target());
     }
 
     Outcome Act() override {
+        std::shared_ptr<void> held = guard_ ? guard_() : nullptr;
         {
             // Who tries again has taken away what was in the way.
             const WatchedDisk::Unwatched unwatched;
             if (kind_.target == nullptr && fs::exists(Target())) RemoveTarget();
         }
-        const Run run = RunZvdb(Words(kind_, folder_));
+        const std::vector<std::string> words = Words(kind_, folder_);
+        held.reset();
+        const Run run = RunZvdb(words, guard_);
+        held = guard_ ? guard_() : nullptr;
         said_ = run.said;
         acts_++;
         const bool remarks = kind_.words.front() == "import" && run.status == kWithRemarks;
@@ -254,6 +277,7 @@ class ToolFlow final : public Flow {
 
     const Kind& kind_;
     const std::string& after_;
+    Guard guard_;
     TemporaryFolder folder_;
     std::string before_;
     std::string said_;
@@ -271,9 +295,9 @@ const std::vector<std::string>& ToolFlows() {
     return names;
 }
 
-std::unique_ptr<Flow> MakeToolFlow(const std::string& name, const FlowOptions&) {
+std::unique_ptr<Flow> MakeToolFlow(const std::string& name, const FlowOptions& options) {
     for (const Kind& kind : Kinds()) {
-        if (name == kind.name) return std::make_unique<ToolFlow>(kind);
+        if (name == kind.name) return std::make_unique<ToolFlow>(kind, options.boxGuard);
     }
     return nullptr;
 }

@@ -42,27 +42,37 @@ class WindowFlow : public Flow {
         for (const std::string& module : zvdb::RegisterOwnModules()) app_.Sql(module);
         app_.session.state.myPower = std::string(kRights, '1');
         if (options.rollBack) app_.Sql("pragma journal_mode=delete");
+        app_.session.state.SQLData = options.isServer ? 1 : 0;
         if (options.open) {
             app_.opener.open = [this, options](const store::ConnectionSettings&) {
                 return options.open(app_.Path("t.db"));
             };
         }
-        app_.dialogs.guard = options.boxGuard;
+        guard_ = app_.dialogs.guard = options.boxGuard;
         user_.emplace(app_);
         app_.session.database.Close();
     }
 
     Outcome Act() final {
-        app_.dialogs.messages.clear();
-        app_.dialogs.answers = {forms::Answer::Yes, forms::Answer::Ok};
         Outcome outcome;
+        std::string thrown;
+        {
+            const std::shared_ptr<void> held = guard_ ? guard_() : nullptr;
+            app_.dialogs.messages.clear();
+            app_.errorText.clear();
+            app_.dialogs.answers = {forms::Answer::Yes, forms::Answer::Ok};
+            thrown.reserve(kLongestError);
+        }
         try {
             outcome.acknowledged = Do();
-        } catch (const RuntimeError& error) {
-            outcome.told = "host: " + app_.errorText + error.Text();
-        } catch (const std::bad_alloc&) {
-            outcome.told = "host: out of memory";
+        } catch (const std::exception& error) {
+            // What leaves the windows reaches the host.
+            const std::string_view text = error.what();
+            thrown = "host: ";
+            thrown += text.substr(0, kLongestError / 2);
         }
+        const std::shared_ptr<void> held = guard_ ? guard_() : nullptr;
+        outcome.told = thrown;
         for (const std::string& message : app_.dialogs.messages) {
             const bool isNews = !message.starts_with(kInformation);
             if (isNews && !outcome.acknowledged) outcome.told += message + '\n';
@@ -112,6 +122,8 @@ class WindowFlow : public Flow {
     std::optional<test::ItemUser> user_;
 
  private:
+    static constexpr std::size_t kLongestError = 400;
+    std::function<std::shared_ptr<void>()> guard_;
     std::string file_;  ///< that is judged
 };
 

@@ -65,8 +65,11 @@ class Cutter final : public DiskWatcher {
         if (random_() % kNowAndThen == 0) Cut();
     }
 
+    /// So that no step takes all images.
+    void BeginStep() { left_ = kImagesOfStep; }
     void Cut() {
-        if (IsFull()) return;
+        if (IsFull() || left_ == 0) return;
+        left_--;
         taken_.push_back({model_.Cut(random_, point_.sector), play_.Now()});
         if (model_.HasPending()) unsynced_++;
     }
@@ -93,6 +96,7 @@ class Cutter final : public DiskWatcher {
     }
 
  private:
+    static constexpr int kImagesOfStep = 12;
     struct Taken {
         Image image;
         Promise promise;
@@ -105,6 +109,7 @@ class Cutter final : public DiskWatcher {
     std::mt19937 random_;
     std::vector<Taken> taken_;
     std::size_t unsynced_ = 0;
+    int left_ = kImagesOfStep;
 };
 
 }  // namespace
@@ -144,13 +149,17 @@ PowerPoint PowerPoint::Parse(const std::string& text) {
 
 PowerTally PlayPower(const PowerPoint& point, const LeavesOut& leavesOut) {
     constexpr int kCutsAtTheEnd = 4;
+    // Before the play opens its files.
+    WatchedDisk::Install();
     const auto play = MakePlay(point);
     Cutter cutter(point, *play, leavesOut);
     {
         const WatchedDisk watched(cutter);
         bool goesOn = true;
         while (goesOn && !cutter.IsFull()) {
+            cutter.BeginStep();
             goesOn = play->Step();
+            cutter.BeginStep();
             cutter.Cut();
         }
     }

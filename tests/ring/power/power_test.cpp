@@ -41,8 +41,8 @@ class PowerFailure : public testing::Test {
 
 /// Both modes of journal, both sizes of sector, and zvdb.
 std::size_t PlayRound(std::uint32_t seed) {
-    constexpr std::size_t kWork = 60;
-    constexpr std::size_t kFlow = 12;
+    constexpr std::size_t kWork = 80;
+    constexpr std::size_t kFlow = 16;
     std::size_t images = 0;
     std::size_t unsynced = 0;
     for (const char* flow : {"work", "work rollback"}) {

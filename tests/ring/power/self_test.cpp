@@ -44,6 +44,9 @@ TEST(PowerHarness, FindsANameThatIsNotOnTheDisk) {
     EXPECT_TRUE(IsFound("create", IsSyncOfFolder));
     EXPECT_TRUE(IsFound("backup", IsSyncOfFolder));
 }
+TEST(PowerHarness, FindsAJournalThatComesBack) {
+    EXPECT_TRUE(IsFound("work rollback", IsSyncOfFolder));
+}
 TEST(PowerPoint, IsReadAsItIsWritten) {
     const PowerPoint point{"work rollback", 17, 30, 4096};
     EXPECT_EQ(PowerPoint::Parse("# a comment\n" + point.Text()).Text(), point.Text());

@@ -95,6 +95,13 @@ TEST_F(OnAShare, AFileThatAnotherMachineConvertsIsNotTouchedAnyMore) {
     EXPECT_FALSE(std::filesystem::exists(folder_ / u8"new.db-shm"));
 }
 
+TEST_F(JournalModes, InRollBackModeACommitIsOnTheDiskBeforeItIsAcknowledged) {
+    SetMode("delete");
+    const auto connection = OpenSqlite(path_, {.translate = false});
+    constexpr const char* kFolderToo = "3";
+    EXPECT_EQ(RowsOf(*connection, "pragma synchronous"), kFolderToo);
+}
+
 TEST(ShareType, IsRecognisedByTheNameOfTheFileSystem) {
     for (const char* share : {"nfs", "nfs4", "cifs", "smb3", "9p", "fuse.sshfs", "fuse.glusterfs",
                               "fuse.anything", "fuse", "remote"}) {

@@ -51,6 +51,22 @@ TEST_F(ZvdbCheck, TruncatedFile) {
     ExpectRefused("c.db", "cut short");
 }
 
+TEST_F(ZvdbCheck, AFileThatItsJournalMakesWholeIsNotCutShort) {
+    ASSERT_EQ(RunZvdb({"mode", Path("a.db"), "rollback"}).status, 0);
+    {
+        Engine writer(Path("a.db"));
+        // With so little room the change goes into the file before it is committed.
+        writer.Run("pragma cache_size=5; begin; insert into cards(CompName) select"
+                   " printf('%2000c','x') from tTaskList");
+        std::string half = Read("a.db");
+        Write("b.db-journal", Read("a.db-journal"));
+        constexpr std::size_t kPages = 28;  // of the head: how many the file has
+        half[kPages + 1] = '\x01';
+        Write("b.db", half);
+    }
+    const Outcome check = RunZvdb({"check", Path("b.db")});
+    EXPECT_EQ(check.status, 0) << check.out << check.err;
+}
 TEST_F(ZvdbCheck, LockedFile) {
     Engine other(Path("a.db"));
     other.Run("pragma locking_mode=exclusive; begin exclusive");

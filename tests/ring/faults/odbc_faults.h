@@ -1,0 +1,22 @@
+// Calls of a database driver that fail. For a program that is linked with the wrapped names.
+#pragma once
+
+#include "fault.h"
+
+namespace zv::ring {
+
+/// Flows of windows on a file in roll-back mode, through the driver for such files. An operation is
+/// the name of a function of ODBC; "odbc" counts all of them. What fails once is refused for no
+/// reason; what fails for ever is a connection that is lost.
+class OdbcFaults final : public Faults {
+ public:
+    /// Empty when there is no such driver on this machine.
+    static std::string Driver();
+
+    std::vector<std::string> Operations() const override;
+    FlowOptions Options() const override;
+    void Arm(const FaultPoint& point) override;
+    bool Disarm() override;
+};
+
+}  // namespace zv::ring
