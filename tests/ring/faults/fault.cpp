@@ -77,21 +77,24 @@ Judgement Judge(const FaultPoint& point, Faults& faults, const FlowMaker& make) 
     return judgement;
 }
 
+bool PlayOne(const FaultPoint& point, Faults& faults, const FlowMaker& make, Tally& tally) {
+    const Judgement judgement = Judge(point, faults, make);
+    tally.points++;
+    if (judgement.reached) tally.reach = std::max(tally.reach, point.number);
+    if (judgement.wrong.empty()) return judgement.reached;
+    std::string finding = point.Text();
+    for (const std::string& sentence : judgement.wrong) finding += "# " + sentence + '\n';
+    tally.findings.push_back(std::move(finding));
+    return judgement.reached;
+}
+
 Tally PlayAll(const std::string& flow, const std::string& operation, Faults& faults, long density,
               const FlowMaker& make) {
     Tally tally;
     for (const bool forever : {false, true}) {
         for (long number = 1; number < kMostCalls; number += std::max(1L, number / density)) {
-            const FaultPoint point{flow, operation, number, forever};
-            const Judgement judgement = Judge(point, faults, make);
-            tally.points++;
-            if (!judgement.wrong.empty()) {
-                std::string finding = point.Text();
-                for (const std::string& sentence : judgement.wrong)
-                    finding += "# " + sentence + '\n';
-                tally.findings.push_back(std::move(finding));
-            }
-            if (!judgement.reached) break;
+            const bool reached = PlayOne({flow, operation, number, forever}, faults, make, tally);
+            if (!reached) break;
         }
     }
     return tally;

@@ -48,11 +48,15 @@ Judgement Judge(const FaultPoint& point, Faults& faults, const FlowMaker& make =
 
 struct Tally {
     long points = 0;
+    long reach = 0;                     ///< the last number at which something failed
     std::vector<std::string> findings;  ///< a point with what is wrong, each
 };
 
 /// Every point.
 inline constexpr long kAll = 1'000'000;
+
+/// Plays one point more; false when nothing failed there.
+bool PlayOne(const FaultPoint& point, Faults& faults, const FlowMaker& make, Tally& tally);
 
 /// Plays the points of a flow and an operation, `number` from 1 on until nothing fails any more,
 /// once and for ever. The first `density` points all, then fewer and fewer: that many until the

@@ -9,14 +9,13 @@
 
 namespace zv::ring {
 
-/// ZV_LONG is set: every point is played.
-bool IsLong();
+/// Plays all operations of the faults in a flow and expects no findings: the first `density` points
+/// of each and fewer of those behind. With ZV_LONG ten times as many, and then points at random,
+/// those of ZV_SEED, for the flow's part of ZV_SECONDS; there are `flows` of them.
+void ExpectSound(const std::string& flow, Faults& faults, long density, std::size_t flows);
 
 /// Temporary folders lie in memory from here on, where there is a place for that.
 void UseMemoryFolder();
-
-/// Every finding is a failure of the test, with the lines of its file in the corpus.
-void ExpectNoFindings(const Tally& tally);
 
 /// Plays the files of the corpus whose operation these faults have; answers how many there were.
 int PlayCorpus(Faults& faults);

@@ -1,4 +1,7 @@
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <map>
 #include <optional>
 
 #include "application/item_user.h"
@@ -38,10 +41,8 @@ std::string Contents() {
 class WindowFlow : public Flow {
  public:
     explicit WindowFlow(const FlowOptions& options) {
-        app_.Sql(Contents());
-        for (const std::string& module : zvdb::RegisterOwnModules()) app_.Sql(module);
+        Fill(options.rollBack);
         app_.session.state.myPower = std::string(kRights, '1');
-        if (options.rollBack) app_.Sql("pragma journal_mode=delete");
         app_.session.state.SQLData = options.isServer ? 1 : 0;
         if (options.open) {
             app_.opener.open = [this, options](const store::ConnectionSettings&) {
@@ -123,6 +124,22 @@ class WindowFlow : public Flow {
 
  private:
     static constexpr std::size_t kLongestError = 400;
+
+    /// Made once and copied from then on.
+    void Fill(bool rollBack) {
+        static std::map<bool, std::string> kept;
+        std::string& bytes = kept[rollBack];
+        if (bytes.empty()) {
+            app_.Sql(Contents());
+            for (const std::string& module : zvdb::RegisterOwnModules()) app_.Sql(module);
+            if (rollBack) app_.Sql("pragma journal_mode=delete");
+            std::ifstream in(app_.folder / "t.db", std::ios::binary);
+            bytes.assign(std::istreambuf_iterator<char>(in), {});
+        } else {
+            std::ofstream(app_.folder / "t.db", std::ios::binary) << bytes;
+        }
+    }
+
     std::function<std::shared_ptr<void>()> guard_;
     std::string file_;  ///< that is judged
 };

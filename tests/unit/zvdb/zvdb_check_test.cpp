@@ -56,8 +56,9 @@ TEST_F(ZvdbCheck, AFileThatItsJournalMakesWholeIsNotCutShort) {
     {
         Engine writer(Path("a.db"));
         // With so little room the change goes into the file before it is committed.
-        writer.Run("pragma cache_size=5; begin; insert into cards(CompName) select"
-                   " printf('%2000c','x') from tTaskList");
+        writer.Run(
+            "pragma cache_size=5; begin; insert into cards(CompName) select"
+            " printf('%2000c','x') from tTaskList");
         std::string half = Read("a.db");
         Write("b.db-journal", Read("a.db-journal"));
         constexpr std::size_t kPages = 28;  // of the head: how many the file has
