@@ -54,10 +54,7 @@ bool HoldsNothing(const std::string& text) {
 // The first row from which on a cell holds something; the number of rows when none does.
 std::size_t FirstFilled(const Table& table, std::size_t column) {
     std::size_t row = 0;
-    while (row < table.rows.size() &&
-           (column >= table.rows[row].size() || HoldsNothing(table.rows[row][column]))) {
-        row++;
-    }
+    while (row < table.rows.size() && HoldsNothing(table.Printed(row, column))) row++;
     return row;
 }
 
@@ -101,11 +98,11 @@ Need NeedOf(const Table& table, std::size_t column, const FontSet& fonts) {
         contents.Take(text);
         need.isNumeric = need.isNumeric && IsNumber(text);
     };
-    take(table.rows[first][column]);
+    take(table.Printed(first, column));
     const std::size_t step = (table.rows.size() + kMeasured - 1) / kMeasured;
     for (std::size_t row = first + step; row < table.rows.size(); row += step) {
-        const auto& cells = table.rows[row];
-        if (column < cells.size() && !HoldsNothing(cells[column])) take(cells[column]);
+        const std::string text = table.Printed(row, column);
+        if (!HoldsNothing(text)) take(text);
     }
     need.natural = std::max(contents.natural, std::min(heading.natural, kMostOfHeading));
     need.least = std::max(contents.least, heading.least);

@@ -17,6 +17,14 @@ bool All(const std::string& raw, const std::function<bool(char32_t)>& accepts) {
 
 }  // namespace
 
+std::string Table::Printed(std::size_t row, std::size_t column) const {
+    constexpr std::string_view kBeforeSign = "  ";
+    std::string text = column < rows[row].size() ? rows[row][column] : std::string();
+    if (column != signColumn || row >= signs.size() || signs[row].empty()) return text;
+    if (!text.empty()) text += kBeforeSign;
+    return text + signs[row];
+}
+
 bool AllCharacters(const Document& document, const std::function<bool(char32_t)>& accepts) {
     for (const std::string* text : {&document.company, &document.title, &document.subtitle,
                                     &document.asked, &document.user}) {
@@ -32,6 +40,9 @@ bool AllCharacters(const Document& document, const std::function<bool(char32_t)>
         for (const std::string& text : row) {
             if (!All(text, accepts)) return false;
         }
+    }
+    for (const std::string& sign : document.table.signs) {
+        if (!All(sign, accepts)) return false;
     }
     return true;
 }

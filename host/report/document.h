@@ -1,6 +1,7 @@
 // What a report shows, before anything is laid out on pages.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -24,6 +25,13 @@ struct Column {
 struct Table {
     std::vector<Column> columns;
     std::vector<std::vector<std::string>> rows;  ///< a cell for each column
+    /// For each row how pressing it is, in words that stand beside the cell of `signColumn`. They
+    /// are no part of the data: a file of the rows leaves them out. May hold less than the rows.
+    std::vector<std::string> signs;
+    std::size_t signColumn = 0;
+
+    /// The cell as it stands on paper; empty for one that the row does not have.
+    std::string Printed(std::size_t row, std::size_t column) const;
 };
 
 enum class DocumentKind { Item, Table };

@@ -16,6 +16,7 @@ std::string ListStatement(const std::string& filter, const std::string& order);
 
 /// All rows of an opened statement. Without columns all its fields are printed under their own
 /// names. Throws DatabaseColumn for a column that the rows do not have.
-Table ReadRows(store::Recordset& rows, const std::vector<Heading>& columns, std::int16_t language);
+Table ReadRows(store::Recordset& rows, const std::vector<Heading>& columns, DateTime today,
+               std::int16_t language);
 
 }  // namespace zv::report

@@ -8,12 +8,7 @@ TableRows::TableRows(const Table& table, const FontSet& fonts, const PageSetup& 
     : table_(table), plan_(PlanColumns(table, fonts, setup)) {}
 
 Row TableRows::At(std::size_t row) const {
-    const auto& texts = table_.rows[row];
-    return Cells(
-        [&](std::size_t column) {
-            return column < texts.size() ? CleanText(texts[column]) : std::string();
-        },
-        false);
+    return Cells([&](std::size_t column) { return CleanText(table_.Printed(row, column)); }, false);
 }
 
 Row TableRows::Heading() const {

@@ -24,6 +24,8 @@ class ReportTable {
     /// In units of 1/96 inch.
     virtual int ColumnWidth(int column) const = 0;
     virtual std::string Text(int row, int column) const = 0;
+    /// What stands beside the text of the row's first column; empty for nothing.
+    virtual std::string Sign(int /*row*/) const { return {}; }
 };
 
 /// An entry of the parameters and of the columns: "(caption)", a tab and the key of the field.

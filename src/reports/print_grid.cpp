@@ -23,6 +23,10 @@ class ShownGrid final : public platform::ReportTable {
     std::string Text(int row, int column) const override {
         return std::string(grid_.Cell(row, At(column)));
     }
+    std::string Sign(int row) const override {
+        const auto sign = grid_.sign ? grid_.sign(row) : std::nullopt;
+        return sign ? sign->text : std::string();
+    }
 
  private:
     int At(int column) const {

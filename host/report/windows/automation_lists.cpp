@@ -2,7 +2,7 @@
 
 #include "automation/variant_readers.h"
 #include "base/errors.h"
-#include "report/item_values.h"
+#include "report/row_reader.h"
 #include "store/ado/calls.h"
 #include "store/ado/value_conversion.h"
 
@@ -109,6 +109,8 @@ Table ReadGrid(IDispatch& grid) {
     Member columnCount(L"ColumnCount");
     Member heading(L"Heading");
     Member text(L"Text");
+    Member sign(L"Sign");
+    const bool hasSigns = sign.IsOffered(grid);
     Table table;
     const std::int32_t columns = ToNumber(GetProperty(grid, columnCount));
     const std::int32_t rows = ToNumber(GetProperty(grid, rowCount));
@@ -122,11 +124,14 @@ Table ReadGrid(IDispatch& grid) {
             cells.push_back(
                 ToText(GetProperty(grid, text, {Variant(row).Get(), Variant(column).Get()})));
         }
+        if (hasSigns) {
+            table.signs.push_back(ToText(GetProperty(grid, sign, {Variant(row).Get()})));
+        }
     }
     return table;
 }
 
-Table ReadRecordset(IDispatch& recordset, const std::vector<Heading>& columns,
+Table ReadRecordset(IDispatch& recordset, const std::vector<Heading>& columns, DateTime today,
                     std::int16_t language) {
     Member eof(L"EOF");
     Member fieldsMember(L"Fields");
@@ -153,13 +158,14 @@ Table ReadRecordset(IDispatch& recordset, const std::vector<Heading>& columns,
         names.push_back(column.key);
         table.columns.push_back({column.caption});
     }
+    RowReader reader(table, std::move(names), today, language);
+    std::vector<store::Value> values;
     while (ToNumber(GetProperty(recordset, eof)) == 0) {
-        std::vector<std::string>& cells = table.rows.emplace_back();
-        for (std::size_t i = 0; i < sources.size(); i++) {
-            const Variant current = GetProperty(*sources[i], value);
-            cells.push_back(
-                PrintedValue(names[i], store::ado::FromVariant(current.Get()), language));
+        values.clear();
+        for (const ComPtr<IDispatch>& source : sources) {
+            values.push_back(store::ado::FromVariant(GetProperty(*source, value).Get()));
         }
+        reader.Add(values);
         Call(recordset, moveNext);
     }
     return table;

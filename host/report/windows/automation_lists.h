@@ -15,13 +15,13 @@ namespace zv::report {
 std::vector<std::string> ReadTexts(const win32::Variant& list);
 
 /// A grid as it stands: RowCount, ColumnCount, Heading(column), Text(row, column), all counted from
-/// 1. How wide its columns are on paper follows from what they hold. Throws what the object
-/// reports.
+/// 1, and where the object has it Sign(row), which stands beside the first column. How wide its
+/// columns are on paper follows from what they hold. Throws what the object reports.
 Table ReadGrid(IDispatch& grid);
 
 /// The rows from the current one on of an object with the members of ADO's Recordset, which is
 /// neither closed nor moved back. Without columns all its fields are printed.
-Table ReadRecordset(IDispatch& recordset, const std::vector<Heading>& columns,
+Table ReadRecordset(IDispatch& recordset, const std::vector<Heading>& columns, DateTime today,
                     std::int16_t language);
 
 }  // namespace zv::report

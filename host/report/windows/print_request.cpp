@@ -19,7 +19,7 @@ std::vector<Heading> ReadColumns(const PrintRequest& request) {
     return columns;
 }
 
-Table ReadFromDatabase(const PrintRequest& request) {
+Table ReadFromDatabase(const PrintRequest& request, DateTime today) {
     const auto connection = store::ado::WrapConnection(
         host::OpenDatabase({request.sqlData, request.userPath, request.password, request.userId,
                             request.defaultDatabase}));
@@ -28,20 +28,20 @@ Table ReadFromDatabase(const PrintRequest& request) {
         const auto rows =
             connection->Open(ListStatement(request.filter, request.order),
                              store::CursorType::ForwardOnly, store::LockType::ReadOnly);
-        table = ReadRows(*rows, ReadColumns(request), request.Script());
+        table = ReadRows(*rows, ReadColumns(request), today, request.Script());
     }
     connection->Close();
     return table;
 }
 
-Table ReadList(const PrintRequest& request) {
-    if (request.HasConnection()) return ReadFromDatabase(request);
+Table ReadList(const PrintRequest& request, DateTime today) {
+    if (request.HasConnection()) return ReadFromDatabase(request, today);
     const auto recordset = request.recordset.Object();
     if (!recordset) {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall,
                            GetReportText(ReportText::NothingToPrint, request.Script()));
     }
-    return ReadRecordset(*recordset, ReadColumns(request), request.Script());
+    return ReadRecordset(*recordset, ReadColumns(request), today, request.Script());
 }
 
 }  // namespace
@@ -61,7 +61,7 @@ Document MakeDocument(const PrintRequest& request, DateTime now) {
         document.kind = DocumentKind::Item;
         document.fields = ReadFields(ReadTexts(request.parameters));
     } else if (text::EqualsIgnoreCase(request.reportName, kListReport)) {
-        document.table = ReadList(request);
+        document.table = ReadList(request, now);
     } else {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall,
                            GetReportText(ReportText::NothingToPrint, request.Script()) +

@@ -91,6 +91,7 @@ class ScriptedReports : public ReportPrinter {
         bool hadRecordset = false;
         std::vector<std::string> headings;            ///< of the table
         std::vector<std::vector<std::string>> cells;  ///< of the table, by rows
+        std::vector<std::string> signs;               ///< of its rows
     };
 
     void Prepare() override;

@@ -24,6 +24,7 @@ void ScriptedReports::Print(const ReportJob& job) {
         kept.headings.push_back(table.Heading(column));
     }
     for (int row = 1; row <= table.RowCount(); row++) {
+        kept.signs.push_back(table.Sign(row));
         std::vector<std::string>& cells = kept.cells.emplace_back();
         for (int column = 1; column <= table.ColumnCount(); column++) {
             cells.push_back(table.Text(row, column));

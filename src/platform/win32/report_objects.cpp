@@ -67,12 +67,13 @@ Variant TextCollection::NewEnum(const Arguments&) {
 
 std::span<const MemberEntry<TableObject>> TableObject::Members() {
     using T = TableObject;
-    static constexpr std::array<MemberEntry<T>, 5> kMembers{{
+    static constexpr std::array<MemberEntry<T>, 6> kMembers{{
         Offers<&T::RowCount>(L"RowCount", 2).Taking(0),
         Offers<&T::ColumnCount>(L"ColumnCount", 3).Taking(0),
         Offers<&T::Heading>(L"Heading", 4).Taking(1),
         Offers<&T::ColumnWidth>(L"ColumnWidth", 5).Taking(1),
         Offers<&T::Text>(L"Text", 6).Taking(2),
+        Offers<&T::Sign>(L"Sign", 7).Taking(1),
     }};
     return kMembers;
 }
@@ -101,6 +102,10 @@ Variant TableObject::ColumnWidth(const Arguments& arguments) {
 Variant TableObject::Text(const Arguments& arguments) {
     const std::int32_t row = arguments.Int(0);
     return Variant(Table().Text(row, arguments.Int(1)));
+}
+
+Variant TableObject::Sign(const Arguments& arguments) {
+    return Variant(Table().Sign(arguments.Int(0)));
 }
 
 }  // namespace zv::platform::win32

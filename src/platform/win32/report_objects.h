@@ -31,7 +31,8 @@ class TextCollection final
     std::vector<std::string> texts_;
 };
 
-/// A table: RowCount, ColumnCount, Heading(column), ColumnWidth(column), Text(row, column).
+/// A table: RowCount, ColumnCount, Heading(column), ColumnWidth(column), Text(row, column),
+/// Sign(row).
 class TableObject final : public automation::DispatchObject<TableObject, automation::KeepsNothing> {
  public:
     static constexpr std::string_view kSourceName = "zvTask";
@@ -49,6 +50,7 @@ class TableObject final : public automation::DispatchObject<TableObject, automat
     zv::win32::Variant Heading(const automation::Arguments& arguments);
     zv::win32::Variant ColumnWidth(const automation::Arguments& arguments);
     zv::win32::Variant Text(const automation::Arguments& arguments);
+    zv::win32::Variant Sign(const automation::Arguments& arguments);
     /// Throws error 91 once the table is detached.
     const ReportTable& Table() const;
 

@@ -385,6 +385,8 @@ TEST(TableObject, OffersTheTable) {
     EXPECT_EQ(Read(*object, L"Heading", {two.Get()}), "标题2");
     EXPECT_EQ(Read(*object, L"ColumnWidth", {two.Get()}), "20");
     EXPECT_EQ(Read(*object, L"Text", {two.Get(), one.Get()}), "2/1");
+    EXPECT_EQ(Read(*object, L"Sign", {two.Get()}), "");
+    EXPECT_THROW(Read(*object, L"Sign"), RuntimeError);
     EXPECT_THROW(Read(*object, L"Text", {nine.Get(), one.Get()}), RuntimeError);
     EXPECT_THROW(Read(*object, L"Text", {one.Get()}), RuntimeError);
     EXPECT_THROW(Read(*object, L"Text", {Variant("x").Get(), one.Get()}), RuntimeError);

@@ -227,6 +227,19 @@ TEST_F(PrintGridTest, PrintsTheRowsAndTheVisibleColumns) {
     EXPECT_TRUE(stage.statements.Take().empty());
 }
 
+TEST_F(PrintGridTest, HandsOverTheSignsOfTheRows) {
+    AddRows(2);
+    PrintGrid(stage.session, grid, "标题", "");
+    grid.sign = [](int row) {
+        return row == 2 ? std::optional(forms::Sign{"逾期 3 天", 0}) : std::nullopt;
+    };
+    PrintGrid(stage.session, grid, "标题", "");
+    ASSERT_EQ(stage.reports.printed.size(), 2U);
+    EXPECT_EQ(stage.reports.printed[0].signs, (Lines{"", ""}));
+    EXPECT_EQ(stage.reports.printed[1].signs, (Lines{"", "逾期 3 天"}));
+    EXPECT_EQ(stage.reports.printed[1].cells[1], (Lines{"2/1", "2/3"}));
+}
+
 TEST_F(PrintGridTest, DoesNothingWithoutRows) {
     stage.reports.missing = true;
     EXPECT_NO_THROW(PrintGrid(stage.session, grid, "标题", ""));
