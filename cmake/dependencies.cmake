@@ -45,6 +45,14 @@ zv_package(freetype FROM DEBIAN SUITE trixie VERSION 2.13.3+dfsg
           freetype-2.13.3/src/psaux/* freetype-2.13.3/src/pshinter/* freetype-2.13.3/src/psnames/*
           freetype-2.13.3/src/sfnt/* freetype-2.13.3/src/truetype/*)
 
+# Of tests alone: a grammar of SQL Server's language by others, and what reads by it.
+zv_package(antlr4ts-sql FROM NPM VERSION 1.1.0
+    SHA512 f78fbcffe86c3c8fce2c6d16446a96f3cfe0ab3fb1c6b48b4b3fe31aa4bc5e5eed616c148ff7010780ff41198d7b360ba84694ccc1e14de427e61ceba42db035
+    TAKES package/LICENSE package/package.json package/dist/*.js)
+zv_package(antlr4ts FROM NPM VERSION 0.5.0-alpha.4
+    SHA512 58f403b7507be0e7cfbff20c4b67a45c02a44d920797cf2e31eb60eaadce4ea805c59fddc435c8d0458bc9989dff53deea14dfb7283937b81e979c0d006c57c9
+    TAKES package/LICENSE package/package.json package/*.js)
+
 zv_component(SQLite PACKAGE better-sqlite3 VERSION 3.54.1
     HEADER package/deps/sqlite3/sqlite3.h DEFINES SQLITE_VERSION
     CPE sqlite:sqlite
