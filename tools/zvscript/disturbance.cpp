@@ -1,49 +1,17 @@
 #include "disturbance.h"
 
 #include <algorithm>
-#include <array>
 
-#include "base/text.h"
 #include "failure.h"
 #include "forms/form.h"
 #include "scenario_stage.h"
 #include "script_text.h"
+#include "stored_rows.h"
 
 namespace zv::script {
 namespace {
 
 constexpr const char* kMainWindow = "frmTaskMain";
-
-std::string RowsOf(ScenarioStage& stage) {
-    constexpr std::array kTables = {"tTaskList order by fID",
-                                    "tTaskSet order by TaskID",
-                                    "cards order by fID",
-                                    "tRsBasic",
-                                    "Employees",
-                                    "rptListDetail",
-                                    "tSysFunc"};
-    std::string rows;
-    for (const char* table : kTables) {
-        rows += std::string("-- ") + table + '\n';
-        try {
-            rows += stage.host.Rows(std::string("select * from ") + table) + '\n';
-        } catch (const RuntimeError&) {
-            // A scenario may have no database, or lack a table, on purpose.
-        }
-    }
-    return rows;
-}
-
-std::string FirstDifference(const std::string& a, const std::string& b) {
-    const auto left = text::Split(a, "\n");
-    const auto right = text::Split(b, "\n");
-    for (std::size_t i = 0; i < std::max(left.size(), right.size()); i++) {
-        const std::string one = i < left.size() ? std::string(left[i]) : "";
-        const std::string other = i < right.size() ? std::string(right[i]) : "";
-        if (one != other) return "expected " + Quote(one) + " got " + Quote(other);
-    }
-    return "no difference";
-}
 
 void CallRefresh(ScenarioStage& stage, int mode) {
     stage.AsHost([&] { stage.control.refresh(mode, 0); });
@@ -94,7 +62,7 @@ void QuestionWatcher::LineEnded(ScenarioStage& stage) {
                                                  chosen_) != frame.questions.end()
                                      : !frame.questions.empty();
     if (!wanted) return;
-    const Outcome outcome{frame.line, frame.box, RowsOf(stage), frame.boxes, stage.LastError()};
+    const Outcome outcome{frame.line, frame.box, StoredRows(stage), frame.boxes, stage.LastError()};
     for (const int question : frame.questions) outcomes_[question] = outcome;
     if (disturbance_) stops_ = true;
 }

@@ -1,4 +1,5 @@
 // zvscript: plays scenario files against the whole system and reports how they went.
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <optional>
@@ -22,7 +23,8 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: zvscript [--backend headless|win32] [--engine NAME] [--print] [--keep DIR]\n"
-    "                [--pictures DIR] [--statements FILE] [--disturb WHAT] FILE...\n"
+    "                [--pictures DIR] [--statements FILE] [--disturb WHAT] [--watch] FILE...\n"
+    "       zvscript [--backend ...] [--engine NAME] --monkey SEED STEPS FILE\n"
     "\n"
     "Plays each scenario file in a fresh folder and writes one line for it.\n"
     "  --backend  headless (the default): windows without a display; win32: real windows\n"
@@ -40,10 +42,21 @@ constexpr char kUsage[] =
     "window)\n"
     "             or opener (the host's call while no connection opens). The rows of the database\n"
     "             afterwards must be the same, unless the user is told more\n"
+    "  --watch    checks what must always hold after each line; passes over lines that cannot be "
+    "done\n"
+    "  --monkey   does STEPS things that a user or a host could do, chosen by SEED, and watches. "
+    "FILE\n"
+    "             takes the scenario when something does not hold\n"
     "Exit status: 0 all passed, 1 some failed, 2 a file could not be read or is wrong.\n";
+
+struct Monkeying {
+    std::uint32_t seed = 0;
+    int steps = 0;
+};
 
 struct Command {
     zv::script::RunOptions options;
+    std::optional<Monkeying> monkey;
     std::vector<std::string> files;
 };
 
@@ -85,6 +98,12 @@ Command ParseArguments(const std::vector<std::string>& arguments) {
             zv::script::MakeDisturbance(command.options.disturb);
         } else if (word == "--pictures") {
             command.options.pictures = std::filesystem::absolute(zv::PathOf(value()));
+        } else if (word == "--watch") {
+            command.options.watch = true;
+        } else if (word == "--monkey") {
+            const int seed = zv::script::ToInteger(value());
+            command.monkey =
+                Monkeying{static_cast<std::uint32_t>(seed), zv::script::ToInteger(value())};
         } else if (word == "--statements") {
             command.options.statements = zv::PathOf(value());
         } else {
@@ -92,6 +111,9 @@ Command ParseArguments(const std::vector<std::string>& arguments) {
         }
     }
     if (command.files.empty()) throw zv::script::ScriptError("no files");
+    if (command.monkey && command.files.size() != 1) {
+        throw zv::script::ScriptError("--monkey takes one file");
+    }
     return command;
 }
 
@@ -114,7 +136,11 @@ int Main(const std::vector<std::string>& arguments) {
         return 2;
     }
     try {
-        return zv::script::Runner(command->options, WriteLine).Run(command->files);
+        zv::script::Runner runner(command->options, WriteLine);
+        if (const auto& monkey = command->monkey) {
+            return runner.RunMonkey(monkey->seed, monkey->steps, command->files.front());
+        }
+        return runner.Run(command->files);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "zvscript: %s\n", error.what());
         return 2;

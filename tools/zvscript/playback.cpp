@@ -13,10 +13,12 @@ namespace zv::script {
 void Playback::Run(ScenarioStage& stage) {
     while (!AtEnd()) PlayNext(stage);
     if (Stopped()) return;
-    if (const Interlude* missed = stage.interludes.First()) {
+    const Interlude* missed = stage.interludes.First();
+    if (missed && !TakesFailure(false)) {
         Fail(missed->line, std::string("expected a ") + NameOf(missed->kind) +
                                " to stand got none until the end");
     }
+    if (watcher_ && !Failed()) watcher_->AllPlayed(stage);
 }
 
 void Playback::RunInside(ScenarioStage& stage, forms::Form& form) {
@@ -75,10 +77,13 @@ void Playback::Attempt(ScenarioStage& stage, int line, const std::function<void(
         Fail(line, error.Reason());
     } catch (const RuntimeError& error) {
         const std::string& text = error.Text();
-        Fail(line, "error " + std::to_string(static_cast<std::int32_t>(error.Number())) +
-                       (text.empty() ? "" : ' ' + Quote(text)));
+        if (!TakesFailure(true))
+            Fail(line, "error " + std::to_string(static_cast<std::int32_t>(error.Number())) +
+                           (text.empty() ? "" : ' ' + Quote(text)));
     } catch (const Failure& failure) {
-        Fail(line, failure.Text());
+        if (!TakesFailure(false)) Fail(line, failure.Text());
+    } catch (const driver::DriverError& error) {
+        if (!TakesFailure(false)) Fail(line, error.what());
     } catch (const std::exception& error) {
         Fail(line, error.what());
     }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "command.h"
-#include "scripted_dialogs.h"
+#include "player.h"
 
 namespace zv::forms {
 class Form;
@@ -28,9 +28,13 @@ class PlaybackWatcher {
     virtual void BoxAnswered(const std::string& line) = 0;
     /// What a box lacks is none of the scenario's fault.
     virtual bool TakesProblems() const = 0;
+    /// A line that could not be done, or failed with an error, is passed over.
+    virtual bool TakesFailure(bool /*ofDatabase*/) const { return false; }
+    /// Nothing is left to play, and nothing has failed.
+    virtual void AllPlayed(ScenarioStage&) {}
 };
 
-class Playback {
+class Playback : public Player {
  public:
     /// `watcher` may be null.
     explicit Playback(std::vector<Step> steps, PlaybackWatcher* watcher = nullptr)
@@ -38,17 +42,16 @@ class Playback {
     Playback(const Playback&) = delete;
     Playback& operator=(const Playback&) = delete;
 
-    void Run(ScenarioStage& stage);
+    void Run(ScenarioStage& stage) override;
     /// Plays on until the window is gone; when the lines end or fail before, closes it.
-    void RunInside(ScenarioStage& stage, forms::Form& form);
+    void RunInside(ScenarioStage& stage, forms::Form& form) override;
     /// Plays the lines that wait for such a thing to stand, when there are any.
-    void RunWhileStanding(ScenarioStage& stage, const StandingBox& box);
+    void RunWhileStanding(ScenarioStage& stage, const StandingBox& box) override;
     /// Plays on while a popup menu is open: what waits for a menu, then every line that lets the
     /// menu stand, up to the one that chooses from it.
-    void RunInMenu(ScenarioStage& stage);
+    void RunInMenu(ScenarioStage& stage) override;
 
-    /// A message box was answered: its line in `messages`.
-    void OnAnswered(const std::string& line) {
+    void OnAnswered(const std::string& line) override {
         if (watcher_) watcher_->BoxAnswered(line);
     }
 
@@ -65,6 +68,9 @@ class Playback {
         std::size_t next = 0;
     };
     bool AtEnd() const { return Failed() || Stopped() || part_->next == part_->steps.size(); }
+    bool TakesFailure(bool ofDatabase) const {
+        return watcher_ && watcher_->TakesFailure(ofDatabase);
+    }
     bool Stopped() const { return watcher_ && watcher_->Stops(); }
     const Step& Next() const { return part_->steps[part_->next]; }
     void PlayNext(ScenarioStage& stage);

@@ -6,6 +6,9 @@
 #include "base/path.h"
 #include "base/text.h"
 #include "disturbance.h"
+#include "monkey/monkey.h"
+#include "monkey/shrinking.h"
+#include "monkey/watched_playback.h"
 #include "playback.h"
 #include "scenario_stage.h"
 
@@ -72,6 +75,7 @@ Runner::Verdict Runner::Play(const std::string& file) {
     try {
         const std::string text = ReadFile(file);
         if (!options_.disturb.empty()) return PlayDisturbed(file, text);
+        if (options_.watch) return PlayWatched(file, text);
         Playback playback(CompileScript(text));
         PlayFresh(file, playback);
         const Verdict verdict = Report(file, playback);
@@ -90,19 +94,18 @@ Runner::Verdict Runner::Report(const std::string& file, const Playback& playback
     return playback.Wrong() ? Verdict::Wrong : Verdict::Failed;
 }
 
-void Runner::PlayFresh(const std::string& file, Playback& playback) {
+void Runner::PlayFresh(const std::string& file, Player& player) {
     const Folder folder(MakeFolder(file), !options_.keep.empty());
     {
         ScenarioStage* playing = nullptr;
-        ScenarioStage stage(
-            folder.Path(), options_.backend, *engine_,
-            {.modal = [&](forms::Form& form) { playback.RunInside(*playing, form); },
-             .menu = [&] { playback.RunInMenu(*playing); }});
+        ScenarioStage stage(folder.Path(), options_.backend, *engine_,
+                            {.modal = [&](forms::Form& form) { player.RunInside(*playing, form); },
+                             .menu = [&] { player.RunInMenu(*playing); }});
         playing = &stage;
         stage.dialogs.whileStanding = [&](const StandingBox& box) {
-            playback.RunWhileStanding(stage, box);
+            player.RunWhileStanding(stage, box);
         };
-        stage.dialogs.onAnswered = [&](const std::string& line) { playback.OnAnswered(line); };
+        stage.dialogs.onAnswered = [&](const std::string& line) { player.OnAnswered(line); };
         if (options_.print) stage.print = write_;
         stage.pictures = options_.pictures;
         if (statements_.is_open()) {
@@ -110,7 +113,7 @@ void Runner::PlayFresh(const std::string& file, Playback& playback) {
                 statements_ << text::Replace(sql, "\r\n", " ") << '\n';
             };
         }
-        playback.Run(stage);
+        player.Run(stage);
     }
     engine_->Clear();
 }
@@ -142,6 +145,51 @@ Runner::Verdict Runner::PlayDisturbed(const std::string& file, const std::string
         write_("ok " + file + " (" + std::to_string(undisturbed.Outcomes().size()) + " disturbed)");
     }
     return verdict;
+}
+
+Runner::Verdict Runner::PlayWatched(const std::string& file, const std::string& text) {
+    WatchedPlayback watched(text);
+    PlayFresh(file, watched.Lines());
+    if (watched.Fault().empty()) {
+        write_("ok " + file + " (watched)");
+        return Verdict::Passed;
+    }
+    write_("FAIL " + file + ':' + std::to_string(watched.FaultyLine()) + ": " + watched.Fault());
+    return Verdict::Failed;
+}
+
+std::string Runner::FaultOf(const std::string& file, const std::string& text) {
+    WatchedPlayback watched(text);
+    PlayFresh(file, watched.Lines());
+    return watched.Fault();
+}
+
+int Runner::RunMonkey(std::uint32_t seed, int steps, const std::string& file) {
+    constexpr int kMostPlayings = 400;
+    const std::string name = "seed " + std::to_string(seed);
+    const auto write = [&](const std::vector<RecordedAct>& acts) {
+        std::ofstream stream(PathOf(file), std::ios::binary);
+        stream << "# " << name << '\n' << ToScenario(acts);
+        if (!stream.flush()) throw ScriptError("the file of the scenario cannot be written");
+    };
+    Monkey monkey(seed, steps);
+    monkey.onLine = write;
+    PlayFresh(file, monkey);
+    if (monkey.Fault().empty()) {
+        std::filesystem::remove(PathOf(file));
+        write_("ok " + name + " (" + std::to_string(monkey.Acts().size()) + " lines)");
+        return 0;
+    }
+    // The same fault, whatever rows or controls it names.
+    const std::string kind = monkey.Fault().substr(0, monkey.Fault().find(':'));
+    const auto shortest = Shrink(monkey.Acts(), 0, kMostPlayings, [&](const auto& acts) {
+        return FaultOf(file, ToScenario(acts)).starts_with(kind);
+    });
+    write(shortest);
+    write_("FAIL " + name + ": " + monkey.Fault() + "\n  played by " + file + " (" +
+           std::to_string(shortest.size()) + " of " + std::to_string(monkey.Acts().size()) +
+           " lines)");
+    return 1;
 }
 
 std::filesystem::path Runner::MakeFolder(const std::string& file) {

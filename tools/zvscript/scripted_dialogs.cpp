@@ -24,7 +24,9 @@ std::vector<Answer> Buttons(int style) {
     }
 }
 
-std::string Name(Answer answer) {
+}  // namespace
+
+std::string NameOf(Answer answer) {
     switch (answer) {
         case Answer::None:
             return "none";
@@ -40,11 +42,9 @@ std::string Name(Answer answer) {
     return {};
 }
 
-}  // namespace
-
 std::optional<Answer> ParseAnswer(const std::string& word) {
     for (const Answer answer : {Answer::Ok, Answer::Cancel, Answer::Yes, Answer::No}) {
-        if (Name(answer) == word) return answer;
+        if (NameOf(answer) == word) return answer;
     }
     return {};
 }
@@ -68,14 +68,15 @@ std::optional<Entry> ScriptedDialogs::TakeWhileStanding(StandingBox box, std::de
 
 Answer ScriptedDialogs::Choose(const std::string& text, const std::vector<Answer>& buttons,
                                Answer standard) {
-    std::optional<Answer> answer = TakeWhileStanding({Standing::Box, text}, answers_);
+    std::optional<Answer> answer =
+        TakeWhileStanding({Standing::Box, text, false, buttons}, answers_);
     if (answer == Answer::None) answer = standard;
     if (!answer) {
         if (buttons.size() > 1) onProblem("no answer is queued for the message box " + Quote(text));
         return buttons.back();
     }
     if (std::find(buttons.begin(), buttons.end(), *answer) == buttons.end()) {
-        onProblem("no button \"" + Name(*answer) + "\" in the message box " + Quote(text));
+        onProblem("no button \"" + NameOf(*answer) + "\" in the message box " + Quote(text));
         return buttons.back();
     }
     return *answer;
@@ -87,15 +88,15 @@ Answer ScriptedDialogs::ShowMessage(forms::Form*, const forms::MessageRequest& r
     const Answer standard =
         request.standard == forms::DefaultButton::First ? buttons.front() : buttons.back();
     const Answer answer = Choose(text, buttons, standard);
-    defaults.push_back(Name(standard));
+    defaults.push_back(NameOf(standard));
     reasons.emplace_back(request.reason);
-    messages.push_back(std::to_string(request.style) + '|' + text + '|' + Name(answer));
+    messages.push_back(std::to_string(request.style) + '|' + text + '|' + NameOf(answer));
     if (onAnswered) onAnswered(messages.back());
     return answer;
 }
 
 std::optional<std::string> ScriptedDialogs::TakeInput(const std::string& box) {
-    auto input = TakeWhileStanding({Standing::Input, box}, inputs_);
+    auto input = TakeWhileStanding({Standing::Input, box, false, {}}, inputs_);
     if (!input) onProblem("no input is queued for " + box);
     return input.value_or(std::nullopt);
 }

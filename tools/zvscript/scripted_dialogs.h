@@ -19,7 +19,8 @@ enum class Standing { Box, Input, Menu };
 struct StandingBox {
     Standing kind = Standing::Box;
     std::string text;
-    bool answered = false;  ///< an answer of its own was queued when it came up
+    bool answered = false;               ///< an answer of its own was queued when it came up
+    std::vector<forms::Answer> buttons;  ///< of a message box, in the order in which it shows them
 };
 
 class ScriptedDialogs : public forms::Dialogs {
@@ -66,5 +67,6 @@ class ScriptedDialogs : public forms::Dialogs {
 
 /// "ok", "cancel", "yes" or "no"; nothing for any other word.
 std::optional<forms::Answer> ParseAnswer(const std::string& word);
+std::string NameOf(forms::Answer answer);
 
 }  // namespace zv::script

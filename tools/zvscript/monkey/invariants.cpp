@@ -1,0 +1,211 @@
+#include "monkey/invariants.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <random>
+
+#include "base/path.h"
+#include "failure.h"
+#include "forms/form.h"
+#include "forms/text_box.h"
+#include "forms/tree_view.h"
+#include "scenario_stage.h"
+#include "script_text.h"
+#include "store/sqlite/create_database.h"
+#include "store/sqlite/sqlite_connection.h"
+#include "stored_rows.h"
+
+namespace zv::script {
+namespace {
+
+std::string TreeFault(const forms::Form& form, const forms::TreeView& tree) {
+    std::set<std::string> keys;
+    for (int node = tree.FirstRoot(); node != forms::TreeView::kNone;
+         node = tree.NextInOrder(node)) {
+        const std::string key(tree.Key(node));
+        if (!key.empty() && !keys.insert(key).second) {
+            return form.Name() + ": two nodes have the key " + Quote(key);
+        }
+    }
+    return {};
+}
+
+// Where the save button does nothing, nothing can be typed that it would have to save.
+std::string EditorFault(const forms::Form& form) {
+    const forms::Control* save = form.FindControl("cmdSave");
+    const auto* title = dynamic_cast<const forms::TextBox*>(form.FindControl("txtTitle2"));
+    if (!save || !title || save->Enabled() || title->Locked()) return {};
+    return form.Name() + ": the title can be typed in and not saved";
+}
+
+std::string FocusFault(const forms::Form& form) {
+    if (form.State() == forms::WindowState::Minimised) return {};
+    const forms::Control* active = form.ActiveControl();
+    if (active) {
+        return active->CanInteract() ? std::string()
+                                     : form.Name() + ": the focus is in " + active->DisplayName() +
+                                           ", which is hidden or disabled";
+    }
+    for (const forms::Control* control : form.TabOrder()) {
+        if (control->CanFocus()) {
+            return form.Name() + ": nothing has the focus, though " + control->DisplayName() +
+                   " could";
+        }
+    }
+    return {};
+}
+
+std::string WindowFault(const forms::Form& form) {
+    for (const forms::Control* control : form.Controls()) {
+        const auto* tree = dynamic_cast<const forms::TreeView*>(control);
+        const std::string fault = tree ? TreeFault(form, *tree) : std::string();
+        if (!fault.empty()) return fault;
+    }
+    const std::string fault = EditorFault(form);
+    return fault.empty() ? FocusFault(form) : fault;
+}
+
+// Acts that mark items without a question: the dialog of completion is one itself, and a call of
+// the host asks nobody.
+bool NeedsNoQuestion(const std::string& line) {
+    return line.starts_with("refresh ") || line.find("frmTaskDone") != std::string::npos;
+}
+
+bool IsCancelled(const std::string& box) {
+    return box.ends_with("|cancel");
+}
+
+}  // namespace
+
+bool IsOfAnotherProgram(const std::string& line) {
+    constexpr auto kWords = std::to_array<std::string_view>(
+        {"sql ", "item ", "plan ", "card ", "staff ", "database ", "call "});
+    return std::any_of(kWords.begin(), kWords.end(),
+                       [&](std::string_view word) { return line.starts_with(word); });
+}
+
+/// An engine with all tables and no row, which shows what a statement is worth.
+class Invariants::EmptyDatabase {
+ public:
+    EmptyDatabase()
+        : file_(std::filesystem::temp_directory_path() /
+                ("zvscript-empty-" + std::to_string(std::random_device()()) + ".db")) {
+        store::CreateSqliteDatabase(Utf8Of(file_));
+        connection_ = store::OpenSqlite(Utf8Of(file_));
+    }
+    ~EmptyDatabase() {
+        connection_.reset();
+        for (const char* suffix : {"", "-wal", "-shm"}) {
+            std::error_code failure;
+            std::filesystem::path file = file_;
+            std::filesystem::remove(file += suffix, failure);
+        }
+    }
+    EmptyDatabase(const EmptyDatabase&) = delete;
+    EmptyDatabase& operator=(const EmptyDatabase&) = delete;
+
+    /// Why it does not take the statement; empty when it does.
+    std::string Refusal(const std::string& sql) {
+        try {
+            if (sql.starts_with("select") || sql.starts_with("Select") ||
+                sql.starts_with("SELECT")) {
+                connection_->Open(sql, store::CursorType::ForwardOnly, store::LockType::ReadOnly)
+                    ->Close();
+            } else {
+                connection_->Execute(sql);
+            }
+            return {};
+        } catch (const RuntimeError& error) {
+            return error.Text().empty() ? "refused" : error.Text();
+        }
+    }
+
+ private:
+    std::filesystem::path file_;
+    std::unique_ptr<store::Connection> connection_;
+};
+
+Invariants::Invariants() = default;
+Invariants::~Invariants() = default;
+
+void Invariants::LineBegins(ScenarioStage& stage, const std::string& line) {
+    if (!frames_.empty()) frames_.back().nests = true;
+    frames_.push_back({line, StoredRows(stage), false, {}});
+}
+
+void Invariants::BoxAnswered(const std::string& box) {
+    if (!frames_.empty()) frames_.back().boxes.push_back(box);
+}
+
+std::string Invariants::LineEnded(ScenarioStage& stage) {
+    const Frame frame = std::move(frames_.back());
+    frames_.pop_back();
+    for (const forms::Form* form : stage.windows.Windows()) {
+        if (!form->IsShown()) continue;
+        std::string fault = WindowFault(*form);
+        if (!fault.empty()) return fault;
+    }
+    const std::string fault = StatementFault(stage, frame);
+    return fault.empty() ? RowFault(stage, frame) : fault;
+}
+
+// A user who sends what no engine takes is told so.
+std::string Invariants::StatementFault(ScenarioStage& stage, const Frame& frame) {
+    const std::vector<std::string>& sent = stage.statements.lines;
+    // A look has emptied them.
+    if (sent.size() < seen_) seen_ = 0;
+    for (; seen_ < sent.size(); seen_++) {
+        if (!taken_.insert(sent[seen_]).second) continue;
+        if (!empty_) empty_ = std::make_unique<EmptyDatabase>();
+        const std::string refusal = empty_->Refusal(sent[seen_]);
+        if (!refusal.empty() && frame.boxes.empty()) {
+            return "the engine does not take " + Quote(sent[seen_]) + ": " + refusal;
+        }
+    }
+    return {};
+}
+
+// What nests was looked at line by line.
+std::string Invariants::RowFault(ScenarioStage& stage, const Frame& frame) {
+    if (frame.nests || IsOfAnotherProgram(frame.line) || NeedsNoQuestion(frame.line)) return {};
+    const std::string rows = StoredRows(stage);
+    if (rows == frame.rows) return {};
+    if (!frame.boxes.empty() && !std::all_of(frame.boxes.begin(), frame.boxes.end(), IsCancelled)) {
+        return {};
+    }
+    return std::string(frame.boxes.empty() ? "rows changed and nobody was asked or told: "
+                                           : "rows changed although everything was cancelled: ") +
+           FirstDifference(frame.rows, rows);
+}
+
+std::string Invariants::AtEnd(ScenarioStage& stage) {
+    constexpr int kTries = 40;
+    int answers = 0;
+    // Some boxes let go by their first button, some by their last.
+    stage.dialogs.whileStanding = [&](const StandingBox& box) {
+        if (box.kind == Standing::Input) {
+            stage.dialogs.QueueInput(std::nullopt);
+        } else {
+            stage.dialogs.QueueAnswer(++answers % 2 ? box.buttons.front() : box.buttons.back());
+        }
+    };
+    std::string left;
+    for (int i = 0; i < kTries; i++) {
+        forms::Form* last = nullptr;
+        for (forms::Form* form : stage.windows.Windows()) {
+            if (form->IsShown()) last = form;
+        }
+        if (!last) return {};
+        left = last->Name();
+        try {
+            stage.driver.Close(*last);
+            stage.stand->Settle();
+        } catch (const driver::DriverError& error) {
+            return std::string("a window cannot be closed: ") + error.what();
+        }
+    }
+    return left + " does not close";
+}
+
+}  // namespace zv::script

@@ -1,0 +1,52 @@
+// What must hold after every line, whatever was done.
+#pragma once
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zv::script {
+
+class ScenarioStage;
+
+/// The line writes rows, or takes another database, as a program beside the control does.
+bool IsOfAnotherProgram(const std::string& line);
+
+class Invariants {
+ public:
+    Invariants();
+    ~Invariants();
+    Invariants(const Invariants&) = delete;
+    Invariants& operator=(const Invariants&) = delete;
+
+    /// Lines nest while something modal stands.
+    void LineBegins(ScenarioStage& stage, const std::string& line);
+    /// A message box was answered: its line in `messages`.
+    void BoxAnswered(const std::string& box);
+    /// What does not hold, in words; empty when everything does: no two nodes of a tree have the
+    /// same key, the editor is locked unless input can be saved, the focus is somewhere where it
+    /// can be, the engine takes every statement that was sent, and rows change only where a user
+    /// was asked or told, or the host did it.
+    std::string LineEnded(ScenarioStage& stage);
+    /// The same of the end: no window is left that a user cannot close.
+    static std::string AtEnd(ScenarioStage& stage);
+
+ private:
+    struct Frame {
+        std::string line;
+        std::string rows;
+        bool nests = false;
+        std::vector<std::string> boxes;
+    };
+    class EmptyDatabase;
+    std::string StatementFault(ScenarioStage& stage, const Frame& frame);
+    static std::string RowFault(ScenarioStage& stage, const Frame& frame);
+
+    std::vector<Frame> frames_;
+    std::set<std::string> taken_;  ///< statements
+    std::size_t seen_ = 0;         ///< statements of the stage
+    std::unique_ptr<EmptyDatabase> empty_;
+};
+
+}  // namespace zv::script
