@@ -31,7 +31,7 @@ if [ ${#known[@]} -gt 0 ]; then
     "$ZV_NATIVE_BIN/zvscript" --watch "${known[@]}" >"$work/corpus.log" 2>&1
     take "$work/corpus.log"
 fi
-# Where a scenario plays a fault of the database or of its own, that is said to be none.
+# Those of unwatched.txt let the host ask for what no database has.
 mapfile -t files < <(find tests/scenarios -name '*.zvs' | sort | grep -vxFf tests/ring/monkey/unwatched.txt)
 "$ZV_NATIVE_BIN/zvscript" --watch "${files[@]}" >"$work/scenarios.log" 2>&1
 take "$work/scenarios.log"

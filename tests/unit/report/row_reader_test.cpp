@@ -10,11 +10,10 @@ namespace zv::report {
 namespace {
 
 using store::Value;
-using Lines = std::vector<std::string>;
 
 const DateTime kToday(2003, 3, 7);
 
-Table Read(const Lines& fields, const std::vector<std::vector<Value>>& rows,
+Table Read(const std::vector<std::string>& fields, const std::vector<std::vector<Value>>& rows,
            std::int16_t language = 0) {
     Table table;
     for (const std::string& field : fields) table.columns.push_back({field});
@@ -54,7 +53,7 @@ TEST(RowReader, ARowWithoutStateOrTimeSaysNothing) {
                                                    {Value("x"), Day(1)},
                                                    {Value(0), Value()},
                                                    {Value(0), Value("bald")}});
-    EXPECT_EQ(odd.signs, Lines(5));
+    EXPECT_EQ(odd.signs, std::vector<std::string>(5));
     EXPECT_EQ(odd.Printed(1, 0), "7");
 }
 

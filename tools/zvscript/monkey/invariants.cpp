@@ -80,9 +80,8 @@ bool IsCancelled(const std::string& box) {
 
 bool IsOfAnotherProgram(const std::string& line) {
     constexpr auto kWords = std::to_array<std::string_view>(
-        {"sql ", "item ", "plan ", "card ", "staff ", "database ", "call "});
-    return std::any_of(kWords.begin(), kWords.end(),
-                       [&](std::string_view word) { return line.starts_with(word); });
+        {"sql", "item", "plan", "card", "staff", "database", "call"});
+    return std::find(kWords.begin(), kWords.end(), line.substr(0, line.find(' '))) != kWords.end();
 }
 
 /// An engine with all tables and no row, which shows what a statement is worth.
