@@ -149,7 +149,7 @@ std::string Invariants::LineEnded(ScenarioStage& stage) {
     return fault.empty() ? RowFault(stage, frame) : fault;
 }
 
-// A user who sends what no engine takes is told so.
+// What no engine takes may be sent where a box says so.
 std::string Invariants::StatementFault(ScenarioStage& stage, const Frame& frame) {
     const std::vector<std::string>& sent = stage.statements.lines;
     // A look has emptied them.
