@@ -92,7 +92,10 @@ Tally PlayAll(const std::string& flow, const std::string& operation, Faults& fau
               const FlowMaker& make) {
     Tally tally;
     for (const bool forever : {false, true}) {
+        bool byTurns = forever;
         for (long number = 1; number < kMostCalls; number += std::max(1L, number / density)) {
+            byTurns = !byTurns;
+            if (number > density && !byTurns) continue;
             const bool reached = PlayOne({flow, operation, number, forever}, faults, make, tally);
             if (!reached) break;
         }

@@ -60,7 +60,7 @@ bool PlayOne(const FaultPoint& point, Faults& faults, const FlowMaker& make, Tal
 
 /// Plays the points of a flow and an operation, `number` from 1 on until nothing fails any more,
 /// once and for ever. The first `density` points all, then fewer and fewer: that many until the
-/// number doubles, more or less.
+/// number doubles, more or less, and of these once and for ever by turns.
 Tally PlayAll(const std::string& flow, const std::string& operation, Faults& faults, long density,
               const FlowMaker& make = MakeFlow);
 
