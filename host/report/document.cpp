@@ -1,5 +1,7 @@
 #include "report/document.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "report/text_lines.h"
 
@@ -41,10 +43,8 @@ bool AllCharacters(const Document& document, const std::function<bool(char32_t)>
             if (!All(text, accepts)) return false;
         }
     }
-    for (const std::string& sign : document.table.signs) {
-        if (!All(sign, accepts)) return false;
-    }
-    return true;
+    return std::all_of(document.table.signs.begin(), document.table.signs.end(),
+                       [&](const std::string& sign) { return All(sign, accepts); });
 }
 
 }  // namespace zv::report

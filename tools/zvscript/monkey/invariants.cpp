@@ -59,7 +59,7 @@ std::string FocusFault(const forms::Form& form) {
 std::string WindowFault(const forms::Form& form) {
     for (const forms::Control* control : form.Controls()) {
         const auto* tree = dynamic_cast<const forms::TreeView*>(control);
-        const std::string fault = tree ? TreeFault(form, *tree) : std::string();
+        std::string fault = tree ? TreeFault(form, *tree) : std::string();
         if (!fault.empty()) return fault;
     }
     const std::string fault = EditorFault(form);

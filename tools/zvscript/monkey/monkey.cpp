@@ -97,7 +97,7 @@ std::string Monkey::Answer(ScenarioStage& stage, const StandingBox& box) {
             stage.dialogs.QueueInput(std::nullopt);
             return "cancel";
         }
-        const std::string text = ChooseText(random_);
+        std::string text = ChooseText(random_);
         stage.dialogs.QueueInput(ReadScript("input " + text)[0].words[1].text);
         return text;
     }
