@@ -12,6 +12,7 @@
 
 #include "forms/dialogs.h"
 #include "forms/geometry.h"
+#include "forms/theme.h"
 
 namespace zv::forms {
 
@@ -96,6 +97,7 @@ class Backend {
     virtual Rect WorkArea() = 0;
     /// The thickness of a window's scroll bar.
     virtual int ScrollBarSize() = 0;
+    virtual Theme GetTheme() = 0;
     virtual Dialogs& GetDialogs() = 0;
     /// Throws error 521 when another program holds the clipboard.
     virtual void SetClipboardText(std::string_view text) = 0;

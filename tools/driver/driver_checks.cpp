@@ -42,9 +42,13 @@ std::string NodeLines(const TreeView& tree) {
     return lines;
 }
 
-std::string SignLine(std::string_view of, const Sign& sign) {
+// Where the system's own colour is shown, none is named.
+std::string SignLine(std::string_view of, const Sign& sign, const Control& control) {
     std::array<char, 7> color{};
-    std::snprintf(color.data(), color.size(), "%06X", static_cast<unsigned>(sign.color));
+    const Theme theme = control.Owner().Windows().GetBackend().GetTheme();
+    if (const auto shown = ShownColor(sign.color, theme, false)) {
+        std::snprintf(color.data(), color.size(), "%06X", static_cast<unsigned>(*shown));
+    }
     return std::string(of) + '|' + sign.text + '|' + color.data();
 }
 
@@ -54,7 +58,7 @@ std::string SignLines(const TreeView& tree) {
         const auto sign = tree.sign ? tree.sign(node) : std::nullopt;
         if (!sign) continue;
         if (!lines.empty()) lines += '\n';
-        lines += SignLine(tree.Key(node), *sign);
+        lines += SignLine(tree.Key(node), *sign, tree);
     }
     return lines;
 }
@@ -65,7 +69,7 @@ std::string SignLines(const Grid& grid) {
         const auto sign = grid.sign ? grid.sign(row) : std::nullopt;
         if (!sign) continue;
         if (!lines.empty()) lines += '\n';
-        lines += SignLine(std::to_string(row), *sign);
+        lines += SignLine(std::to_string(row), *sign, grid);
     }
     return lines;
 }

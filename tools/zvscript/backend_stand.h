@@ -24,6 +24,8 @@ class BackendStand {
     virtual driver::Driver& GetDriver() = 0;
     /// What windows may cover of the screen, in units.
     virtual void SetWorkArea(const forms::Rect& area) = 0;
+    /// The system's colours.
+    virtual void SetTheme(const forms::Theme& theme) = 0;
     /// Lets the windows handle what an act has left waiting.
     virtual void Settle() {}
 };

@@ -138,6 +138,22 @@ Action Screen(Words words) {
     return [area](ScenarioStage& stage) { stage.stand->SetWorkArea(area); };
 }
 
+// The colour of the windows' ground, RRGGBB.
+Action Colors(Words words) {
+    constexpr std::size_t kDigits = 6;
+    constexpr int kHexadecimal = 16;
+    forms::Theme theme;
+    const std::string& color = words[0];
+    if (color.size() != kDigits ||
+        color.find_first_not_of("0123456789ABCDEF") != std::string::npos) {
+        throw ScriptError("theme RRGGBB [contrast]");
+    }
+    theme.window = static_cast<std::uint32_t>(std::stoul(color, nullptr, kHexadecimal));
+    if (words.size() > 1 && words[1] != "contrast") throw ScriptError("theme RRGGBB [contrast]");
+    theme.highContrast = words.size() > 1;
+    return [theme](ScenarioStage& stage) { stage.stand->SetTheme(theme); };
+}
+
 constexpr std::array kStage = std::to_array<CommandSpec>({
     {"clock", 1, 1, "2003-03-07T09:30:00", Clock, OpenMenu::Stays},
     {"advance", 1, 1, "5m", Advance, OpenMenu::Stays},
@@ -149,6 +165,7 @@ constexpr std::array kStage = std::to_array<CommandSpec>({
     {"bag", 1, CommandSpec::kMany, "init|read KEY=VALUE...|write", Bag},
     {"locale", 1, 1, "zh-CN|en-US|de-DE", Locale, OpenMenu::Stays},
     {"screen", 4, 4, "LEFT TOP WIDTH HEIGHT", Screen, OpenMenu::Stays},
+    {"theme", 1, 2, "RRGGBB [contrast]", Colors, OpenMenu::Stays},
     {"opener", 1, 1, "fail", Opener, OpenMenu::Stays},
     {"dberror", 2, 2, "N \"TEXT\"", DatabaseError, OpenMenu::Stays},
 });

@@ -199,10 +199,12 @@ LRESULT NativeGrid::OnNotify(NMHDR& header) {
     }
     if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) {
         if (!Rows().sign) return CDRF_DODEFAULT;
-        return DrawListSigns(reinterpret_cast<NMLVCUSTOMDRAW&>(header), [this](LPARAM row) {
+        const auto signOf = [this](LPARAM row) {
             const bool known = row >= 0 && row < Rows().DataRowCount();
             return known ? Rows().sign(static_cast<int>(row) + 1) : std::nullopt;
-        });
+        };
+        return DrawListSigns(reinterpret_cast<NMLVCUSTOMDRAW&>(header), signOf,
+                             Rows().Owner().Windows().GetBackend().GetTheme());
     }
     if (IsQuiet()) return 0;
     if (header.code == LVN_ITEMCHANGED) {

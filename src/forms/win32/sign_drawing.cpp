@@ -8,8 +8,6 @@
 namespace zv::forms::win32 {
 namespace {
 
-constexpr COLORREF kWhite = RGB(255, 255, 255);
-
 int Padding(HDC dc) {
     constexpr int kAtUsualResolution = 6;
     return MulDiv(kAtUsualResolution, GetDeviceCaps(dc, LOGPIXELSX), USER_DEFAULT_SCREEN_DPI);
@@ -28,7 +26,13 @@ bool RectOf(HWND tree, HTREEITEM item, bool textOnly, RECT& place) {
     return SendMessageW(tree, TVM_GETITEMRECT, textOnly, reinterpret_cast<LPARAM>(&place)) != 0;
 }
 
-void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign) {
+std::optional<COLORREF> ColorOf(const Sign& sign, const Theme& theme, bool selected) {
+    const auto color = ShownColor(sign.color, theme, selected);
+    if (!color) return std::nullopt;
+    return RGB((*color >> 16) & 0xFF, (*color >> 8) & 0xFF, *color & 0xFF);
+}
+
+void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const Theme& theme) {
     const HDC dc = draw.nmcd.hdc;
     const HWND tree = draw.nmcd.hdr.hwndFrom;
     RECT row{};
@@ -43,7 +47,7 @@ void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign) {
     place.right -= Padding(dc);
     const int mode = SetBkMode(dc, TRANSPARENT);
     const COLORREF color =
-        SetTextColor(dc, ColorBeside(sign, false).value_or(GetSysColor(COLOR_WINDOWTEXT)));
+        SetTextColor(dc, ColorOf(sign, theme, false).value_or(GetSysColor(COLOR_WINDOWTEXT)));
     DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &place,
               DT_RIGHT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
     SetTextColor(dc, color);
@@ -52,11 +56,6 @@ void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign) {
 }
 
 }  // namespace
-
-std::optional<COLORREF> ColorBeside(const Sign& sign, bool selected) {
-    if (selected || GetSysColor(COLOR_WINDOW) != kWhite) return std::nullopt;
-    return RGB((sign.color >> 16) & 0xFF, (sign.color >> 8) & 0xFF, sign.color & 0xFF);
-}
 
 int SignLeft(HWND tree, HDC dc, const Sign& sign) {
     RECT client{};
@@ -81,7 +80,7 @@ bool IsCut(HWND tree, HTREEITEM item, const std::optional<Sign>& sign) {
     return text.left < 0 || text.right > right;
 }
 
-LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign) {
+LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme& theme) {
     switch (draw.nmcd.dwDrawStage) {
         case CDDS_PREPAINT:
             return CDRF_NOTIFYITEMDRAW;
@@ -89,18 +88,18 @@ LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign) {
             const auto found = sign(draw.nmcd.lItemlParam);
             if (!found) return CDRF_DODEFAULT;
             const bool selected = draw.nmcd.uItemState & (CDIS_SELECTED | CDIS_FOCUS);
-            if (const auto color = ColorBeside(*found, selected)) draw.clrText = *color;
+            if (const auto color = ColorOf(*found, theme, selected)) draw.clrText = *color;
             return CDRF_NOTIFYPOSTPAINT;
         }
         case CDDS_ITEMPOSTPAINT:
-            if (const auto found = sign(draw.nmcd.lItemlParam)) DrawWord(draw, *found);
+            if (const auto found = sign(draw.nmcd.lItemlParam)) DrawWord(draw, *found, theme);
             return CDRF_DODEFAULT;
         default:
             return CDRF_DODEFAULT;
     }
 }
 
-LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign) {
+LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme& theme) {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
     const auto row = static_cast<LPARAM>(draw.nmcd.dwItemSpec);
@@ -108,7 +107,7 @@ LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign) {
     const bool selected = SendMessageW(draw.nmcd.hdr.hwndFrom, LVM_GETITEMSTATE,
                                        static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
     if (!found) return CDRF_DODEFAULT;
-    if (const auto color = ColorBeside(*found, selected)) draw.clrText = *color;
+    if (const auto color = ColorOf(*found, theme, selected)) draw.clrText = *color;
     return CDRF_DODEFAULT;
 }
 

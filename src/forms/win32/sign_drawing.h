@@ -9,25 +9,22 @@
 #include <optional>
 
 #include "forms/sign.h"
+#include "forms/theme.h"
 
 namespace zv::forms::win32 {
-
-/// The colour of a text with that sign; nothing where the user's own colours must stay: on
-/// selected rows, and where the background is not the white that the colour was chosen for.
-std::optional<COLORREF> ColorBeside(const Sign& sign, bool selected);
 
 /// The sign of a native item, nothing for one without.
 using SignOfItem = std::function<std::optional<Sign>(LPARAM item)>;
 
 /// Answers NM_CUSTOMDRAW of a tree: colours the texts and puts the words behind them at the right
 /// edge, over what a long text has there.
-LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign);
+LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme& theme);
 /// Where the word of a sign begins in the client area of a tree.
 int SignLeft(HWND tree, HDC dc, const Sign& sign);
 /// Whether a node's text is cut at the right edge, or covered there by its sign.
 bool IsCut(HWND tree, HTREEITEM item, const std::optional<Sign>& sign);
 
 /// Answers NM_CUSTOMDRAW of a list: colours the rows. Rows are numbered from 0.
-LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign);
+LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme& theme);
 
 }  // namespace zv::forms::win32

@@ -463,8 +463,10 @@ LRESULT NativeTree::OnNotify(NMHDR& header) {
         }
         case static_cast<UINT>(NM_CUSTOMDRAW):
             if (!Tree().sign) return CDRF_DODEFAULT;
-            return DrawTreeSigns(reinterpret_cast<NMTVCUSTOMDRAW&>(header),
-                                 [this](LPARAM slot) { return SignOf(slot); });
+            return DrawTreeSigns(
+                reinterpret_cast<NMTVCUSTOMDRAW&>(header),
+                [this](LPARAM slot) { return SignOf(slot); },
+                Tree().Owner().Windows().GetBackend().GetTheme());
         case TVN_GETINFOTIPW:
             OnInfoTip(reinterpret_cast<NMTVGETINFOTIPW&>(header));
             return 0;

@@ -204,6 +204,19 @@ int Win32Backend::ScrollBarSize() {
     return Scale(SystemDpi()).ToUnits(BarThickness(SystemDpi()));
 }
 
+Theme Win32Backend::GetTheme() {
+    const COLORREF window = GetSysColor(COLOR_WINDOW);
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    const bool isKnown =
+        SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0;
+    constexpr unsigned kRed = 16;
+    constexpr unsigned kGreen = 8;
+    const std::uint32_t color = std::uint32_t{GetRValue(window)} << kRed |
+                                std::uint32_t{GetGValue(window)} << kGreen | GetBValue(window);
+    return {color, isKnown && (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0};
+}
+
 Dialogs& Win32Backend::GetDialogs() {
     return dialogs_ ? *dialogs_ : ownDialogs_;
 }

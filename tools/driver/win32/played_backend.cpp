@@ -19,6 +19,10 @@ forms::Rect PlayedBackend::WorkArea() {
     return forms::win32::Scale(forms::win32::SystemDpi()).ToUnits(*workArea);
 }
 
+forms::Theme PlayedBackend::GetTheme() {
+    return theme ? *theme : Win32Backend::GetTheme();
+}
+
 RECT PlayedBackend::WorkAreaAround(const RECT& place) {
     return workArea ? *workArea : Win32Backend::WorkAreaAround(place);
 }

@@ -27,7 +27,11 @@ class PlayedBackend : public forms::win32::Win32Backend {
     /// In place of the work area of every monitor, in pixels.
     std::optional<RECT> workArea;
 
+    /// In place of the system's colours.
+    std::optional<forms::Theme> theme;
+
     forms::Rect WorkArea() override;
+    forms::Theme GetTheme() override;
     RECT WorkAreaAround(const RECT& place) override;
     void RunModal(forms::Form& form) override;
     void MenuIdle() override;
