@@ -7,7 +7,7 @@
     id = $1 + 0
     line = substr($0, index($0, ": ") + 2)
     if (line ~ /^\[  PASSED  \] [0-9]+ test/) inside[id] += n(line, 3)
-    else if (line ~ /^\[  SKIPPED \] [0-9]+ tests?, listed below/) skipped += n(line, 3)
+    else if (line ~ /^\[  SKIPPED \] [0-9]+ tests?, listed below/) { skipped += n(line, 3); told[id] }
     else if (line ~ /^\[  FAILED  \] [0-9]+ tests?, listed below/) broken[id] += n(line, 3)
     else if (line ~ /^[0-9]+ passed, [0-9]+ failed/) { inside[id] += n(line, 1); broken[id] += n(line, 3) }
     else if (line ~ /^\[ RUN/) { during[id] = "" }
@@ -19,7 +19,7 @@
 /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / {
     match($0, /#[0-9]+/)
     id = substr($0, RSTART + 1, RLENGTH - 1) + 0
-    if ($0 ~ /\*\*\*Skipped/) { skipped++; next }
+    if ($0 ~ /\*\*\*Skipped/) { if (!(id in told)) skipped++; next }
     passed += id in inside ? inside[id] : $0 !~ /\*\*\*/
     failed += broken[id]
     if ($0 !~ /\*\*\*/) next

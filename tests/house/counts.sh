@@ -62,5 +62,8 @@ check "what one said last is shown" 1 "$(shown | grep -c 'the last words')"
 program skipping 0 '[  PASSED  ] 5 tests.' '[  SKIPPED ] 2 tests, listed below:' '[  SKIPPED ] A.B'
 program skipped 77
 counted "skipped tests" "5 0 3"
+
+program skipping 77 '[  SKIPPED ] 1 test, listed below:' '[  SKIPPED ] A.B'
+counted "a skipped test that CTest tells of, too" "0 0 1"
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]
