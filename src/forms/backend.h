@@ -97,7 +97,7 @@ class Backend {
     virtual Rect WorkArea() = 0;
     /// The thickness of a window's scroll bar.
     virtual int ScrollBarSize() = 0;
-    virtual Theme GetTheme() = 0;
+    virtual SystemTheme GetTheme() = 0;
     virtual Dialogs& GetDialogs() = 0;
     /// Throws error 521 when another program holds the clipboard.
     virtual void SetClipboardText(std::string_view text) = 0;

@@ -52,7 +52,8 @@ std::uint32_t MadeReadable(std::uint32_t color, std::uint32_t ground) {
     return end;
 }
 
-std::optional<std::uint32_t> ShownColor(std::uint32_t color, const Theme& theme, bool selected) {
+std::optional<std::uint32_t> ShownColor(std::uint32_t color, const SystemTheme& theme,
+                                        bool selected) {
     if (selected || theme.highContrast) return std::nullopt;
     return MadeReadable(color, theme.window);
 }

@@ -7,12 +7,12 @@
 namespace zv::forms {
 
 /// A colour is 0xRRGGBB.
-struct Theme {
+struct SystemTheme {
     std::uint32_t window = 0xFFFFFF;  ///< the ground of lists and boxes
     /// The user needs a few colours that differ much, and no others.
     bool highContrast = false;
 
-    bool operator==(const Theme&) const = default;
+    bool operator==(const SystemTheme&) const = default;
 };
 
 /// The least that a text of usual size needs.
@@ -25,6 +25,7 @@ double Contrast(std::uint32_t a, std::uint32_t b);
 std::uint32_t MadeReadable(std::uint32_t color, std::uint32_t ground);
 /// How a text of a colour that means something is shown; nothing where the system's own colours
 /// must stay: on selected rows, and where the user needs contrast.
-std::optional<std::uint32_t> ShownColor(std::uint32_t color, const Theme& theme, bool selected);
+std::optional<std::uint32_t> ShownColor(std::uint32_t color, const SystemTheme& theme,
+                                        bool selected);
 
 }  // namespace zv::forms

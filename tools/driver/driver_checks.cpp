@@ -45,7 +45,7 @@ std::string NodeLines(const TreeView& tree) {
 // Where the system's own colour is shown, none is named.
 std::string SignLine(std::string_view of, const Sign& sign, const Control& control) {
     std::array<char, 7> color{};
-    const Theme theme = control.Owner().Windows().GetBackend().GetTheme();
+    const SystemTheme theme = control.Owner().Windows().GetBackend().GetTheme();
     if (const auto shown = ShownColor(sign.color, theme, false)) {
         std::snprintf(color.data(), color.size(), "%06X", static_cast<unsigned>(*shown));
     }

@@ -25,7 +25,7 @@ class BackendStand {
     /// What windows may cover of the screen, in units.
     virtual void SetWorkArea(const forms::Rect& area) = 0;
     /// The system's colours.
-    virtual void SetTheme(const forms::Theme& theme) = 0;
+    virtual void SetTheme(const forms::SystemTheme& theme) = 0;
     /// Lets the windows handle what an act has left waiting.
     virtual void Settle() {}
 };

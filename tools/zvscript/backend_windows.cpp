@@ -24,7 +24,7 @@ class Win32Stand : public BackendStand {
     void SetWorkArea(const forms::Rect& area) override {
         backend_.workArea = forms::win32::Scale(forms::win32::SystemDpi()).ToPixels(area);
     }
-    void SetTheme(const forms::Theme& theme) override { backend_.theme = theme; }
+    void SetTheme(const forms::SystemTheme& theme) override { backend_.theme = theme; }
     void Settle() override { driver::PumpMessages(); }
 
  private:

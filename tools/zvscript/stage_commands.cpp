@@ -142,7 +142,7 @@ Action Screen(Words words) {
 Action Colors(Words words) {
     constexpr std::size_t kDigits = 6;
     constexpr int kHexadecimal = 16;
-    forms::Theme theme;
+    forms::SystemTheme theme;
     const std::string& color = words[0];
     if (color.size() != kDigits ||
         color.find_first_not_of("0123456789ABCDEF") != std::string::npos) {

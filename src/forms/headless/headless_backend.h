@@ -18,7 +18,7 @@ class HeadlessBackend : public Backend {
     /// closing it would. Without one a modal window is an error, because nobody could close it.
     std::function<void(Form&)> modalLoop;
     Rect workArea{0, 0, 1280, 960};
-    Theme theme;
+    SystemTheme theme;
 
     /// Called while a popup menu is open and the user does nothing; the menu closes when it
     /// returns.
@@ -30,7 +30,7 @@ class HeadlessBackend : public Backend {
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override { return workArea; }
     int ScrollBarSize() override { return 16; }
-    Theme GetTheme() override { return theme; }
+    SystemTheme GetTheme() override { return theme; }
     Dialogs& GetDialogs() override { return dialogs_; }
     void SetClipboardText(std::string_view text) override { clipboard_ = text; }
     std::string ClipboardText() override { return clipboard_; }

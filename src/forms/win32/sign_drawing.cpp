@@ -26,13 +26,13 @@ bool RectOf(HWND tree, HTREEITEM item, bool textOnly, RECT& place) {
     return SendMessageW(tree, TVM_GETITEMRECT, textOnly, reinterpret_cast<LPARAM>(&place)) != 0;
 }
 
-std::optional<COLORREF> ColorOf(const Sign& sign, const Theme& theme, bool selected) {
+std::optional<COLORREF> ColorOf(const Sign& sign, const SystemTheme& theme, bool selected) {
     const auto color = ShownColor(sign.color, theme, selected);
     if (!color) return std::nullopt;
     return RGB((*color >> 16) & 0xFF, (*color >> 8) & 0xFF, *color & 0xFF);
 }
 
-void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const Theme& theme) {
+void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const SystemTheme& theme) {
     const HDC dc = draw.nmcd.hdc;
     const HWND tree = draw.nmcd.hdr.hwndFrom;
     RECT row{};
@@ -80,7 +80,7 @@ bool IsCut(HWND tree, HTREEITEM item, const std::optional<Sign>& sign) {
     return text.left < 0 || text.right > right;
 }
 
-LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme& theme) {
+LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const SystemTheme& theme) {
     switch (draw.nmcd.dwDrawStage) {
         case CDDS_PREPAINT:
             return CDRF_NOTIFYITEMDRAW;
@@ -99,7 +99,7 @@ LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme&
     }
 }
 
-LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme& theme) {
+LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign, const SystemTheme& theme) {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
     const auto row = static_cast<LPARAM>(draw.nmcd.dwItemSpec);

@@ -18,13 +18,13 @@ using SignOfItem = std::function<std::optional<Sign>(LPARAM item)>;
 
 /// Answers NM_CUSTOMDRAW of a tree: colours the texts and puts the words behind them at the right
 /// edge, over what a long text has there.
-LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme& theme);
+LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const SystemTheme& theme);
 /// Where the word of a sign begins in the client area of a tree.
 int SignLeft(HWND tree, HDC dc, const Sign& sign);
 /// Whether a node's text is cut at the right edge, or covered there by its sign.
 bool IsCut(HWND tree, HTREEITEM item, const std::optional<Sign>& sign);
 
 /// Answers NM_CUSTOMDRAW of a list: colours the rows. Rows are numbered from 0.
-LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign, const Theme& theme);
+LRESULT DrawListSigns(NMLVCUSTOMDRAW& draw, const SignOfItem& sign, const SystemTheme& theme);
 
 }  // namespace zv::forms::win32

@@ -204,7 +204,7 @@ int Win32Backend::ScrollBarSize() {
     return Scale(SystemDpi()).ToUnits(BarThickness(SystemDpi()));
 }
 
-Theme Win32Backend::GetTheme() {
+SystemTheme Win32Backend::GetTheme() {
     const COLORREF window = GetSysColor(COLOR_WINDOW);
     HIGHCONTRASTW contrast{};
     contrast.cbSize = sizeof contrast;

@@ -39,7 +39,7 @@ class Win32Backend : public Backend {
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override;
     int ScrollBarSize() override;
-    Theme GetTheme() override;
+    SystemTheme GetTheme() override;
     Dialogs& GetDialogs() override;
     void SetClipboardText(std::string_view text) override;
     std::string ClipboardText() override;

@@ -19,7 +19,7 @@ forms::Rect PlayedBackend::WorkArea() {
     return forms::win32::Scale(forms::win32::SystemDpi()).ToUnits(*workArea);
 }
 
-forms::Theme PlayedBackend::GetTheme() {
+forms::SystemTheme PlayedBackend::GetTheme() {
     return theme ? *theme : Win32Backend::GetTheme();
 }
 

@@ -28,10 +28,10 @@ class PlayedBackend : public forms::win32::Win32Backend {
     std::optional<RECT> workArea;
 
     /// In place of the system's colours.
-    std::optional<forms::Theme> theme;
+    std::optional<forms::SystemTheme> theme;
 
     forms::Rect WorkArea() override;
-    forms::Theme GetTheme() override;
+    forms::SystemTheme GetTheme() override;
     RECT WorkAreaAround(const RECT& place) override;
     void RunModal(forms::Form& form) override;
     void MenuIdle() override;
