@@ -3,8 +3,8 @@
 #include "doubles/boasting_connection.h"
 #include "fault_test.h"
 #include "odbc_faults.h"
-#include "ring/flows/temporary_folder.h"
 #include "store/sqlite/create_database.h"
+#include "temporary_folder.h"
 
 namespace zv::ring {
 namespace {
@@ -30,7 +30,7 @@ class OdbcConnection : public testing::Test {
     }
     std::unique_ptr<store::Connection> Connect() { return faults_.Options().open(path_); }
 
-    TemporaryFolder folder_;
+    test::TemporaryFolder folder_;
     std::string path_;
     OdbcFaults faults_;
 };

@@ -10,7 +10,7 @@
 #include "base/path.h"
 #include "ring/disk/watched_disk.h"
 #include "ring/flows/makers.h"
-#include "ring/flows/temporary_folder.h"
+#include "temporary_folder.h"
 #include "zvdb/engine.h"
 #include "zvdb/journal.h"
 #include "zvdb/tool.h"
@@ -89,7 +89,7 @@ const std::string& SampleBytes(const std::string& seed) {
     std::string& bytes = kept[seed];
     if (bytes.empty()) {
         const WatchedDisk::Unwatched unwatched;
-        const TemporaryFolder folder;
+        const test::TemporaryFolder folder;
         const std::string file = Utf8Of(folder / "s.db");
         RunZvdb({"sample", file, "--items", "60", "--cards", "5", "--plans", "2", "--seed", seed,
                  "--quiet"});
@@ -201,7 +201,7 @@ class ToolFlow final : public Flow {
  private:
     static constexpr std::array<const char*, 2> kNeighbours = {"-wal", "-journal"};
 
-    static void Prepare(const Kind& kind, const TemporaryFolder& folder) {
+    static void Prepare(const Kind& kind, const test::TemporaryFolder& folder) {
         if (kind.source != nullptr) WriteBytes(folder / "source.db", SampleBytes(kind.source));
         if (kind.target != nullptr) WriteBytes(folder / "target.db", SampleBytes(kind.target));
         if (!kind.neighbours) return;
@@ -209,7 +209,7 @@ class ToolFlow final : public Flow {
             WriteBytes(folder / ("target.db" + std::string(suffix)), suffix);
     }
 
-    static std::vector<std::string> Words(const Kind& kind, const TemporaryFolder& folder) {
+    static std::vector<std::string> Words(const Kind& kind, const test::TemporaryFolder& folder) {
         std::vector<std::string> words = kind.words;
         for (std::string& word : words) {
             if (word == "SOURCE") word = Utf8Of(folder / "source.db");
@@ -224,7 +224,7 @@ class ToolFlow final : public Flow {
         std::string& rows = kept[kind.name];
         if (rows.empty()) {
             const WatchedDisk::Unwatched unwatched;
-            const TemporaryFolder folder;
+            const test::TemporaryFolder folder;
             Prepare(kind, folder);
             const Run run = RunZvdb(Words(kind, folder));
             if (run.status != 0 && run.status != kWithRemarks) {
@@ -247,7 +247,7 @@ class ToolFlow final : public Flow {
         static std::map<std::string, std::string> kept;
         std::string& rows = kept[kind_.source];
         if (rows.empty()) {
-            const TemporaryFolder folder;
+            const test::TemporaryFolder folder;
             WriteBytes(folder / "s.db", SampleBytes(kind_.source));
             rows = Dump(folder / "s.db");
         }
@@ -278,7 +278,7 @@ class ToolFlow final : public Flow {
     const Kind& kind_;
     const std::string& after_;
     Guard guard_;
-    TemporaryFolder folder_;
+    test::TemporaryFolder folder_;
     std::string before_;
     std::string said_;
     int acts_ = 0;

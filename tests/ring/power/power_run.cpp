@@ -10,7 +10,7 @@
 #include "disk_model.h"
 #include "ring/disk/watched_disk.h"
 #include "ring/flows/flow.h"
-#include "ring/flows/temporary_folder.h"
+#include "temporary_folder.h"
 
 namespace zv::ring {
 namespace {
@@ -79,7 +79,7 @@ class Cutter final : public DiskWatcher {
         PowerTally tally;
         tally.unsynced = unsynced_;
         for (const Taken& taken : taken_) {
-            const TemporaryFolder folder;
+            const test::TemporaryFolder folder;
             for (const auto& [name, bytes] : taken.image) {
                 std::ofstream(folder / name, std::ios::binary) << bytes;
             }

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "../scripted/temporary_folder.h"
 #include "forms/window_system.h"
 #include "playback.h"
 #include "scenario_stage.h"
 #include "script_text.h"
+#include "temporary_folder.h"
 
 namespace zv::script {
 namespace {

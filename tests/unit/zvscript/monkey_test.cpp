@@ -4,12 +4,12 @@
 
 #include <set>
 
-#include "../scripted/temporary_folder.h"
 #include "forms/buttons.h"
 #include "forms/text_box.h"
 #include "monkey/shrinking.h"
 #include "monkey/watched_playback.h"
 #include "scenario_stage.h"
+#include "temporary_folder.h"
 
 namespace zv::script {
 namespace {

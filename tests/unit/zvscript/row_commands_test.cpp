@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "../scripted/temporary_folder.h"
 #include "base/path.h"
 #include "runner.h"
 #include "script_engine.h"
+#include "temporary_folder.h"
 
 namespace zv::script {
 namespace {

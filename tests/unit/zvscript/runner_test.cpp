@@ -4,9 +4,9 @@
 
 #include <fstream>
 
-#include "../scripted/temporary_folder.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "temporary_folder.h"
 
 namespace zv::script {
 namespace {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <random>
 
 #include "base/path.h"
 #include "failure.h"
@@ -15,6 +13,7 @@
 #include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 #include "stored_rows.h"
+#include "temporary_folder.h"
 
 namespace zv::script {
 namespace {
@@ -87,20 +86,12 @@ bool IsOfAnotherProgram(const std::string& line) {
 /// An engine with all tables and no row, which shows what a statement is worth.
 class Invariants::EmptyDatabase {
  public:
-    EmptyDatabase()
-        : file_(std::filesystem::temp_directory_path() /
-                ("zvscript-empty-" + std::to_string(std::random_device()()) + ".db")) {
-        store::CreateSqliteDatabase(Utf8Of(file_));
-        connection_ = store::OpenSqlite(Utf8Of(file_));
+    EmptyDatabase() {
+        const std::string file = Utf8Of(folder_ / "empty.db");
+        store::CreateSqliteDatabase(file);
+        connection_ = store::OpenSqlite(file);
     }
-    ~EmptyDatabase() {
-        connection_.reset();
-        for (const char* suffix : {"", "-wal", "-shm"}) {
-            std::error_code failure;
-            std::filesystem::path file = file_;
-            std::filesystem::remove(file += suffix, failure);
-        }
-    }
+    ~EmptyDatabase() = default;
     EmptyDatabase(const EmptyDatabase&) = delete;
     EmptyDatabase& operator=(const EmptyDatabase&) = delete;
 
@@ -121,7 +112,7 @@ class Invariants::EmptyDatabase {
     }
 
  private:
-    std::filesystem::path file_;
+    const test::TemporaryFolder folder_;
     std::unique_ptr<store::Connection> connection_;
 };
 

@@ -2,35 +2,35 @@
 #pragma once
 
 #include <algorithm>
-#include <atomic>
-#include <chrono>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <system_error>
 #include <vector>
 
 #include "base/path.h"
 
-namespace zv::ring {
+namespace zv::test {
 
+/// An empty folder that is removed with everything in it.
 class TemporaryFolder {
  public:
     TemporaryFolder() {
-        static std::atomic<int> count = 0;
-        const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-        path_ = std::filesystem::temp_directory_path() /
-                ("zv-ring-" + std::to_string(now) + "-" + std::to_string(count++));
-        std::filesystem::create_directory(path_);
+        do {
+            path_ = std::filesystem::temp_directory_path() /
+                    ("zv-test-" + std::to_string(std::random_device()()));
+        } while (!std::filesystem::create_directory(path_));
     }
     ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
+        std::error_code failure;
+        std::filesystem::remove_all(path_, failure);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
     const std::filesystem::path& Path() const { return path_; }
-    /// In the order of the alphabet.
+    std::filesystem::path operator/(const std::string& utf8) const { return path_ / PathOf(utf8); }
+    /// Of what lies in it, in the order of the alphabet.
     std::vector<std::string> Names() const {
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(path_)) {
@@ -44,4 +44,4 @@ class TemporaryFolder {
     std::filesystem::path path_;
 };
 
-}  // namespace zv::ring
+}  // namespace zv::test
