@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "forms/sign.h"
 #include "report/text_lines.h"
 
 namespace zv::report {
@@ -20,11 +21,8 @@ bool All(const std::string& raw, const std::function<bool(char32_t)>& accepts) {
 }  // namespace
 
 std::string Table::Printed(std::size_t row, std::size_t column) const {
-    constexpr std::string_view kBeforeSign = "  ";
-    std::string text = column < rows[row].size() ? rows[row][column] : std::string();
-    if (column != signColumn || row >= signs.size() || signs[row].empty()) return text;
-    if (!text.empty()) text += kBeforeSign;
-    return text + signs[row];
+    const std::string text = column < rows[row].size() ? rows[row][column] : std::string();
+    return column == signColumn && row < signs.size() ? forms::WithSign(text, signs[row]) : text;
 }
 
 bool AllCharacters(const Document& document, const std::function<bool(char32_t)>& accepts) {

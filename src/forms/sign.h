@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace zv::forms {
 
@@ -14,5 +15,13 @@ struct Sign {
 
     bool operator==(const Sign&) const = default;
 };
+
+/// What a cell shows that has a sign; an empty text or sign leaves the other alone.
+inline std::string WithSign(std::string_view text, std::string_view sign) {
+    constexpr std::string_view kBetween = "  ";
+    std::string shown(text);
+    if (!text.empty() && !sign.empty()) shown += kBetween;
+    return shown.append(sign);
+}
 
 }  // namespace zv::forms

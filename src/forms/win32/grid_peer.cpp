@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "forms/win32/sign_drawing.h"
 #include "forms/win32/wide_text.h"
 
 namespace zv::forms::win32 {
@@ -139,12 +138,11 @@ void NativeGrid::ToShown(std::string_view text, std::wstring& shown) {
 }
 
 void NativeGrid::ShownText(int row, int column, std::wstring& shown) const {
-    constexpr std::string_view kBeforeSign = "  ";
     const std::string_view cell = Rows().Cell(row, column);
     const bool first = !columns_.empty() && columns_.front() == column;
     const auto sign = first && Rows().sign ? Rows().sign(row) : std::nullopt;
     if (!sign) return ToShown(cell, shown);
-    ToShown(std::string(cell).append(kBeforeSign).append(sign->text), shown);
+    ToShown(WithSign(cell, sign->text), shown);
 }
 
 void NativeGrid::AnswerText(LVITEMW& item) {
@@ -199,12 +197,13 @@ LRESULT NativeGrid::OnNotify(NMHDR& header) {
     }
     if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) {
         if (!Rows().sign) return CDRF_DODEFAULT;
+        auto& draw = reinterpret_cast<NMLVCUSTOMDRAW&>(header);
         const auto signOf = [this](LPARAM row) {
             const bool known = row >= 0 && row < Rows().DataRowCount();
             return known ? Rows().sign(static_cast<int>(row) + 1) : std::nullopt;
         };
-        return DrawListSigns(reinterpret_cast<NMLVCUSTOMDRAW&>(header), signOf,
-                             Rows().Owner().Windows().GetBackend().GetTheme());
+        return DrawListSigns(draw, signOf,
+                             theme_.At(draw.nmcd, Rows().Owner().Windows().GetBackend()));
     }
     if (IsQuiet()) return 0;
     if (header.code == LVN_ITEMCHANGED) {

@@ -6,6 +6,7 @@
 
 #include "forms/grid.h"
 #include "forms/win32/native_control.h"
+#include "forms/win32/sign_drawing.h"
 
 namespace zv::forms::win32 {
 
@@ -18,10 +19,10 @@ class NativeGrid : public NativeControl {
     void ResolutionChanged() override;
     /// The native position of a column, -1 for a hidden one.
     int NativeColumn(int column) const;
-    /// What a cell with this text shows: its beginning, on one line.
     /// What the native list shows in a cell: the beginning of its text, with the sign of the row
     /// in the first column.
     void ShownText(int row, int column, std::wstring& shown) const;
+    /// What a cell with this text shows: its beginning, on one line.
     static void ToShown(std::string_view text, std::wstring& shown);
 
  protected:
@@ -42,7 +43,8 @@ class NativeGrid : public NativeControl {
 
     std::vector<Grid::Column> shownColumns_;
     std::vector<int> columns_;  ///< the grid's column behind each native one
-    std::wstring text_;         ///< of the cell asked for last
+    PaintedTheme theme_;
+    std::wstring text_;  ///< of the cell asked for last
 };
 
 }  // namespace zv::forms::win32

@@ -8,10 +8,23 @@
 #include <functional>
 #include <optional>
 
+#include "forms/backend.h"
 #include "forms/sign.h"
 #include "forms/theme.h"
 
 namespace zv::forms::win32 {
+
+/// The system's colours, asked for once in each painting of a list and not for each of its rows.
+class PaintedTheme {
+ public:
+    const SystemTheme& At(const NMCUSTOMDRAW& draw, Backend& backend) {
+        if (draw.dwDrawStage == CDDS_PREPAINT) theme_ = backend.GetTheme();
+        return theme_;
+    }
+
+ private:
+    SystemTheme theme_;
+};
 
 /// The sign of a native item, nothing for one without.
 using SignOfItem = std::function<std::optional<Sign>(LPARAM item)>;

@@ -7,7 +7,6 @@
 #include "base/text.h"
 #include "forms/win32/common_controls.h"
 #include "forms/win32/form_window.h"
-#include "forms/win32/sign_drawing.h"
 #include "forms/win32/wide_text.h"
 #include "forms/win32/win32_backend.h"
 
@@ -443,6 +442,12 @@ std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM wParam, LPARAM
     }
 }
 
+LRESULT NativeTree::OnCustomDraw(NMTVCUSTOMDRAW& draw) {
+    return DrawTreeSigns(
+        draw, [this](LPARAM slot) { return SignOf(slot); },
+        theme_.At(draw.nmcd, Tree().Owner().Windows().GetBackend()));
+}
+
 LRESULT NativeTree::OnNotify(NMHDR& header) {
     switch (header.code) {
         case TVN_SELCHANGINGW:
@@ -463,10 +468,7 @@ LRESULT NativeTree::OnNotify(NMHDR& header) {
         }
         case static_cast<UINT>(NM_CUSTOMDRAW):
             if (!Tree().sign) return CDRF_DODEFAULT;
-            return DrawTreeSigns(
-                reinterpret_cast<NMTVCUSTOMDRAW&>(header),
-                [this](LPARAM slot) { return SignOf(slot); },
-                Tree().Owner().Windows().GetBackend().GetTheme());
+            return OnCustomDraw(reinterpret_cast<NMTVCUSTOMDRAW&>(header));
         case TVN_GETINFOTIPW:
             OnInfoTip(reinterpret_cast<NMTVGETINFOTIPW&>(header));
             return 0;

@@ -13,6 +13,7 @@
 #include "forms/tree_view.h"
 #include "forms/win32/accessibility.h"
 #include "forms/win32/native_control.h"
+#include "forms/win32/sign_drawing.h"
 
 namespace zv::forms::win32 {
 
@@ -96,6 +97,7 @@ class NativeTree : public NativeControl {
     std::string DescribeItem(DWORD child) const;
     void ShowSelection();
     std::optional<Sign> SignOf(LPARAM slot) const;
+    LRESULT OnCustomDraw(NMTVCUSTOMDRAW& draw);
     void OnInfoTip(NMTVGETINFOTIPW& tip);
     void OnSelected(const NMTREEVIEWW& change);
     void OnClick();
@@ -103,6 +105,7 @@ class NativeTree : public NativeControl {
     int NodeAt(POINT at) const;
     void Defer();
 
+    PaintedTheme theme_;
     std::vector<Slot> slots_;
     std::vector<int> freeSlots_;
     std::vector<int> slotOfNode_;
