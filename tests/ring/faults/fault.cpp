@@ -1,10 +1,10 @@
 #include "fault.h"
 
 #include <algorithm>
-#include <sstream>
 #include <stdexcept>
 
 #include "current_point.h"
+#include "ring/flows/finding_text.h"
 
 namespace zv::ring {
 namespace {
@@ -20,29 +20,13 @@ std::string FaultPoint::Text() const {
 }
 
 FaultPoint FaultPoint::Parse(const std::string& text) {
-    FaultPoint point;
-    int fields = 0;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.empty() || line.starts_with('#')) continue;
-        const std::size_t colon = line.find(": ");
-        const std::string name = line.substr(0, colon);
-        const std::string value = colon == std::string::npos ? "" : line.substr(colon + 2);
-        fields++;
-        if (name == "flow") {
-            point.flow = value;
-        } else if (name == "operation") {
-            point.operation = value;
-        } else if (name == "number") {
-            point.number = std::stol(value);
-        } else if (name == "times" && (value == "once" || value == "forever")) {
-            point.forever = value == "forever";
-        } else {
-            throw std::runtime_error("no line of a fault point: " + line);
-        }
+    const auto values = ReadFinding(text, {"flow", "operation", "number", "times"});
+    const std::string& times = values.at("times");
+    if (times != "once" && times != "forever") {
+        throw std::runtime_error("a fault comes once or forever, not " + times);
     }
-    if (fields != 4) throw std::runtime_error("a fault point has four lines");
-    return point;
+    return {values.at("flow"), values.at("operation"), std::stol(values.at("number")),
+            times == "forever"};
 }
 
 Judgement Judge(const FaultPoint& point, Faults& faults, const FlowMaker& make) {

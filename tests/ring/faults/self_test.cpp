@@ -69,6 +69,11 @@ TEST(FaultPoint, IsReadAsItIsWritten) {
     EXPECT_EQ(read.Text(), point.Text());
     EXPECT_THROW(FaultPoint::Parse("flow: save\n"), std::runtime_error);
     EXPECT_THROW(FaultPoint::Parse(point.Text() + "more: 1\n"), std::runtime_error);
+    EXPECT_THROW(FaultPoint::Parse(point.Text() + "number: 2\n"), std::runtime_error);
+    EXPECT_THROW(FaultPoint::Parse("flow: a\nflow: b\nnumber: 1\ntimes: once\n"),
+                 std::runtime_error);
+    EXPECT_THROW(FaultPoint::Parse("flow: a\noperation: b\nnumber: 1\ntimes: twice\n"),
+                 std::runtime_error);
 }
 
 }  // namespace

@@ -3,12 +3,12 @@
 #include <exception>
 #include <fstream>
 #include <random>
-#include <sstream>
 #include <stdexcept>
 #include <utility>
 
 #include "disk_model.h"
 #include "ring/disk/watched_disk.h"
+#include "ring/flows/finding_text.h"
 #include "ring/flows/flow.h"
 #include "temporary_folder.h"
 
@@ -120,30 +120,11 @@ std::string PowerPoint::Text() const {
 }
 
 PowerPoint PowerPoint::Parse(const std::string& text) {
-    PowerPoint point;
-    int fields = 0;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.empty() || line.starts_with('#')) continue;
-        const std::size_t colon = line.find(": ");
-        const std::string name = line.substr(0, colon);
-        const std::string value = colon == std::string::npos ? "" : line.substr(colon + 2);
-        fields++;
-        if (name == "flow") {
-            point.flow = value;
-        } else if (name == "seed") {
-            point.seed = static_cast<std::uint32_t>(std::stoul(value));
-        } else if (name == "images") {
-            point.images = std::stoul(value);
-        } else if (name == "sector") {
-            point.sector = std::stoul(value);
-        } else {
-            throw std::runtime_error("no line of a power failure: " + line);
-        }
-    }
-    if (fields != 4 || point.sector == 0) {
-        throw std::runtime_error("a power failure has four lines");
-    }
+    const auto values = ReadFinding(text, {"flow", "seed", "images", "sector"});
+    const PowerPoint point{values.at("flow"),
+                           static_cast<std::uint32_t>(std::stoul(values.at("seed"))),
+                           std::stoul(values.at("images")), std::stoul(values.at("sector"))};
+    if (point.sector == 0) throw std::runtime_error("a sector has at least one byte");
     return point;
 }
 
