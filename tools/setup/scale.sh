@@ -33,19 +33,12 @@ _set_dpi() {
 }
 
 at_scale() {
-    local percent=$1 screen xvfb display before=${DISPLAY:-} status
+    local percent=$1 screen xvfb former=${ZV_XVFB_PID:-} before=${DISPLAY:-} status
     shift
     screen=$(_screen_of "$percent") || return
-    display=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 "${screen}x24" -nolisten tcp 3>"$display" >/dev/null 2>&1 &
-    xvfb=$!
-    for _ in $(seq 100); do
-        [ -s "$display" ] && break
-        sleep 0.1
-    done
-    DISPLAY=:$(cat "$display")
-    export DISPLAY
-    rm -f "$display"
+    display_start "$screen"
+    xvfb=$ZV_XVFB_PID
+    ZV_XVFB_PID=$former
     _fresh_server && _set_dpi $((96 * percent / 100))
     "$@"
     status=$?

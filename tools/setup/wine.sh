@@ -87,19 +87,24 @@ wine_prepare() {
         timeout 60 "$ZV_WINE_SERVER" -w && touch "$WINEPREFIX/zv-ready"
 }
 
+# display_start WIDTHxHEIGHT: a display of its own from now on, whose process is ZV_XVFB_PID.
+display_start() {
+    local number
+    number=$(mktemp)
+    Xvfb -displayfd 3 -screen 0 "${1}x24" -nolisten tcp 3>"$number" >/dev/null 2>&1 &
+    ZV_XVFB_PID=$!
+    for _ in $(seq 100); do
+        [ -s "$number" ] && break
+        sleep 0.1
+    done
+    DISPLAY=:$(cat "$number")
+    export DISPLAY
+    rm -f "$number"
+}
+
 wine_start() {
     if [ -z "${DISPLAY:-}" ] || ! xdpyinfo >/dev/null 2>&1; then
-        local display
-        display=$(mktemp)
-        Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$display" >/dev/null 2>&1 &
-        ZV_XVFB_PID=$!
-        for _ in $(seq 100); do
-            [ -s "$display" ] && break
-            sleep 0.1
-        done
-        DISPLAY=:$(cat "$display")
-        export DISPLAY
-        rm -f "$display"
+        display_start 1600x1200
     fi
     # A server that stays and one program's start make every later start quick.
     timeout 30 "$ZV_WINE_SERVER" -p
