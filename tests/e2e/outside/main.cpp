@@ -15,6 +15,7 @@
 //   message                    text of the message box that is open
 //   press ID                   its button (1 OK, 2 Cancel, 6 Yes, 7 No)
 //   place PATH                 on the screen, WIDTHxHEIGHT+LEFT+TOP
+//   extent                     of all visible windows together, WIDTHxHEIGHT
 //   processes WINDOW           numbers of the processes that have such a window
 //   close PATH
 //
@@ -291,6 +292,17 @@ void PrintPlace(const Arguments& a) {
     Print(text);
 }
 
+void PrintExtent(const Arguments&) {
+    RECT extent{};
+    for (const HWND window : TopLevelWindows()) {
+        RECT place;
+        if (!IsWindowVisible(window) || !GetWindowRect(window, &place)) continue;
+        UnionRect(&extent, &extent, &place);
+    }
+    Print(std::to_wstring(extent.right - extent.left) + L"x" +
+          std::to_wstring(extent.bottom - extent.top));
+}
+
 const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() {
     static const std::map<std::wstring, std::function<void(const Arguments&)>> commands{
         {L"list",
@@ -358,6 +370,7 @@ const std::map<std::wstring, std::function<void(const Arguments&)>>& Commands() 
         {L"held", PrintHeldKeys},
         {L"date", PrintDate},
         {L"place", PrintPlace},
+        {L"extent", PrintExtent},
         {L"close", [](const Arguments& a) { PostMessageW(FindPath(a.at(0)), WM_CLOSE, 0, 0); }},
     };
     return commands;
