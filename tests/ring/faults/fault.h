@@ -52,9 +52,6 @@ struct Tally {
     std::vector<std::string> findings;  ///< a point with what is wrong, each
 };
 
-/// Every point.
-inline constexpr long kAll = 1'000'000;
-
 /// Plays one point more; false when nothing failed there.
 bool PlayOne(const FaultPoint& point, Faults& faults, const FlowMaker& make, Tally& tally);
 

@@ -62,6 +62,21 @@ void ExpectSound(const std::string& flow, Faults& faults, long density, std::siz
     std::printf("%s: %ld points\n", flow.c_str(), points);
 }
 
+bool Finds(const std::string& sentence, const std::string& flow, const std::string& operation,
+           Faults& faults, const FlowMaker& make) {
+    for (const bool forever : {false, true}) {
+        Judgement judgement{.reached = true, .wrong = {}};
+        for (long number = 1; judgement.reached; number++) {
+            judgement = Judge({flow, operation, number, forever}, faults, make);
+            const auto holds = [&](const std::string& text) {
+                return text.find(sentence) != std::string::npos;
+            };
+            if (std::any_of(judgement.wrong.begin(), judgement.wrong.end(), holds)) return true;
+        }
+    }
+    return false;
+}
+
 int PlayCorpus(Faults& faults) {
     const auto operations = faults.Operations();
     int played = 0;

@@ -14,6 +14,11 @@ namespace zv::ring {
 /// those of ZV_SEED, for the flow's part of ZV_SECONDS; there are `flows` of them.
 void ExpectSound(const std::string& flow, Faults& faults, long density, std::size_t flows);
 
+/// Plays points of the flow and the operation in order, until one of them is judged to be wrong
+/// with a sentence that holds `sentence`. False when nothing fails any more before that.
+bool Finds(const std::string& sentence, const std::string& flow, const std::string& operation,
+           Faults& faults, const FlowMaker& make);
+
 /// Temporary folders lie in memory from here on, where there is a place for that.
 void UseMemoryFolder();
 
