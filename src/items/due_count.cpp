@@ -19,14 +19,17 @@ DueOfDoer& Of(std::vector<DueOfDoer>& doers, const std::string& name) {
 
 }  // namespace
 
+DueCount DueCounts::SumFrom(std::size_t first) const {
+    DueCount sum;
+    for (std::size_t i = first; i < doers.size(); i++) sum += doers[i].count;
+    return sum;
+}
+
 std::string DueStatement(const std::string& condition, DateTime today,
                          const DateLiteral& dateLiteral) {
-    const std::string open = "a.tDone<>" + std::to_string(Number(ItemState::Done));
-    const std::string begin = dateLiteral(today.Date());
-    const std::string end = dateLiteral(today.Date().AddDays(1));
     const std::array<std::string, kParts.size()> parts = {
-        open + " And a.taskTime<" + begin,
-        open + " And a.taskTime>=" + begin + " And a.taskTime<" + end,
+        DueCondition(Due::Overdue, today, dateLiteral),
+        DueCondition(Due::Today, today, dateLiteral),
         "a.tDone=" + std::to_string(Number(ItemState::InHand))};
     const std::string given = condition.empty() ? "" : "(" + condition + ") And ";
     std::string statement;
@@ -48,11 +51,11 @@ DueCounts CountDue(store::Database& database, const std::string& condition, Date
     DueCounts counts;
     for (; !rows->Eof(); rows->MoveNext()) {
         const Part part = kParts.at(static_cast<std::size_t>(rows->Field(partColumn).ToInt32()));
-        const std::int64_t count = rows->Field(countColumn).ToInt32();
-        Of(counts.doers, rows->Field(nameColumn).ToText()).count.*part += count;
-        counts.all.*part += count;
+        Of(counts.doers, rows->Field(nameColumn).ToText()).count.*part +=
+            rows->Field(countColumn).ToInt32();
     }
     rows->Close();
+    counts.all = counts.SumFrom(0);
     std::stable_sort(counts.doers.begin(), counts.doers.end(),
                      [](const DueOfDoer& a, const DueOfDoer& b) {
                          return std::tie(b.count.overdue, b.count.today, b.count.inHand, a.name) <

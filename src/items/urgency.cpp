@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "items/due.h"
 #include "items/names.h"
 #include "resources/texts.h"
 
@@ -26,9 +27,10 @@ std::string StateName(ItemState state, std::int16_t language) {
 
 Urgency UrgencyOf(std::optional<DateTime> day, ItemState state, DateTime today) {
     if (state == ItemState::Done) return Urgency::Done;
-    if (day && day->Date() < today.Date()) return Urgency::Overdue;
+    const Due due = DueOn(day, state, today);
+    if (due == Due::Overdue) return Urgency::Overdue;
     if (state == ItemState::InHand) return Urgency::InHand;
-    return day && day->Date() == today.Date() ? Urgency::Today : Urgency::Later;
+    return due == Due::Today ? Urgency::Today : Urgency::Later;
 }
 
 std::uint32_t ColorOf(Urgency urgency) {

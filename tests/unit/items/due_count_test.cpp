@@ -41,6 +41,26 @@ TEST_P(CountingWhatIsDue, SplitsAtTheMidnightsOfToday) {
     EXPECT_EQ(counts.doers[2].count, (DueCount{0, 0, 1}));
 }
 
+TEST_P(CountingWhatIsDue, AgreesWithTheRuleOverItemsAtHand) {
+    const DateTime now(2003, 3, 7, 9, 30);
+    DueCount expected;
+    database_.EnsureConnection();
+    for (const ItemState state : {ItemState::NotDone, ItemState::Done, ItemState::InHand}) {
+        for (int hours = -36; hours <= 36; hours += 6) {
+            const DateTime time = now.Date().AddSeconds(hours * 3600);
+            Add(time.IsoDateTime(), Number(state), "'甲'");
+            expected.Add(time, state, now);
+        }
+    }
+    EXPECT_EQ(Count().all, expected);
+}
+
+TEST(DueCounts, SumTheDoersFromAPositionOn) {
+    const DueCounts counts{{}, {{"甲", {1, 2, 3}}, {"乙", {10, 20, 30}}, {"丙", {100, 200, 300}}}};
+    EXPECT_EQ(counts.SumFrom(1), (DueCount{110, 220, 330}));
+    EXPECT_EQ(counts.SumFrom(3), DueCount());
+}
+
 TEST_P(CountingWhatIsDue, IsOneStatement) {
     database_.EnsureConnection();
     log_.lines.clear();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 #include "forms/form.h"
 #include "items/urgency.h"
@@ -14,16 +13,6 @@ using items::Urgency;
 using resources::StatusText;
 
 constexpr std::size_t kMostDoers = 6;
-
-items::DueCount SumOf(const std::vector<items::DueOfDoer>& doers, std::size_t first) {
-    items::DueCount sum;
-    for (std::size_t i = first; i < doers.size(); i++) {
-        sum.overdue += doers[i].count.overdue;
-        sum.today += doers[i].count.today;
-        sum.inHand += doers[i].count.inHand;
-    }
-    return sum;
-}
 
 }  // namespace
 
@@ -153,7 +142,7 @@ std::string Overview::Summary() const {
     }
     if (shown < doers.size()) {
         text += "\r\n" + Text(StatusText::OtherDoers, std::to_string(doers.size() - shown)) +
-                behindName + Counted(SumOf(doers, shown));
+                behindName + Counted(counts_->SumFrom(shown));
     }
     return text;
 }

@@ -309,11 +309,7 @@ items::DueCount TreePanel::CountItems() const {
     items::DueCount count;
     for (int node = tvwTask.FirstRoot(); node != kNone; node = tvwTask.NextInOrder(node)) {
         const auto state = ItemStateOf(node);
-        if (!state || *state == ItemState::Done) continue;
-        const auto day = DateTime::Parse(DayOf(tvwTask.Text(node)));
-        if (*state == ItemState::InHand) count.inHand++;
-        if (day && *day < today) count.overdue++;
-        if (day && *day == today) count.today++;
+        if (state) count.Add(DateTime::Parse(DayOf(tvwTask.Text(node))), *state, today);
     }
     return count;
 }

@@ -14,7 +14,7 @@
 #include "forms/lists.h"
 #include "forms/picture.h"
 #include "forms/tree_view.h"
-#include "items/due_count.h"
+#include "items/due.h"
 #include "items/filter.h"
 #include "items/item_store.h"
 #include "session/session.h"
