@@ -3,12 +3,14 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "base/date_time.h"
 #include "forms/control.h"
+#include "forms/dialogs.h"
 #include "forms/menu.h"
 #include "forms/window_system.h"
 
@@ -69,7 +71,18 @@ class Driver {
     virtual std::vector<std::string> ReadFaults(forms::Form& form) = 0;
     /// Writes a picture of the window to a bitmap file. Throws DriverError where there is no
     /// display or the file cannot be written.
+    /// With it, what a menu that is open covers beside it.
     virtual void SavePicture(forms::Form& form, const std::filesystem::path& file) = 0;
+    /// Opens a menu of the bar of its window, writes a picture of the window and closes the menu.
+    /// Throws as SavePicture, and when the menu does not open.
+    virtual void SaveMenuPicture(forms::MenuItem& root, const std::filesystem::path& file) = 0;
+    /// A question as a box of the system would show it, which is then cancelled.
+    using Question = std::function<void(forms::Dialogs&)>;
+    /// Throws as SavePicture, and when no box comes up.
+    virtual void SaveBoxPicture(const Question& ask, const std::filesystem::path& file) = 0;
+    /// A line for each part of the box that lies badly or cuts its text; none without a display,
+    /// where a box has no parts.
+    virtual std::vector<std::string> ReadBoxFaults(const Question& ask) = 0;
 };
 
 }  // namespace zv::driver

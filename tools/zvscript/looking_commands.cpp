@@ -1,11 +1,14 @@
 // Looking: show and expect.
 #include <array>
+#include <filesystem>
+#include <functional>
 
 #include "base/path.h"
 #include "base/text.h"
 #include "command.h"
 #include "failure.h"
 #include "forms/form.h"
+#include "forms/menu.h"
 #include "query.h"
 #include "scenario_stage.h"
 #include "script_text.h"
@@ -72,27 +75,59 @@ Action Expect(Words words) {
     };
 }
 
+constexpr std::string_view kBox = "box";
+
+// Writes the picture of what was found to a file.
+using Shot = std::function<void(const std::filesystem::path&)>;
+// Finds what is to be seen; throws Failure when it does not stand there.
+using Sight = std::function<Shot(ScenarioStage&)>;
+
+Shot ShotOfForm(ScenarioStage& stage, const std::string& window) {
+    forms::Form& form = FindForm(stage.windows, window);
+    if (!form.IsShown()) throw Failure(window + " is not shown");
+    return [&](const auto& file) { stage.driver.SavePicture(form, file); };
+}
+
+Shot ShotOfMenu(ScenarioStage& stage, const Target& target) {
+    forms::MenuItem& root = FindMenu(stage.windows, target);
+    if (root.Parent() || !root.Visible() || !root.Owner().IsShown()) {
+        throw Failure(target.Text() + " is in no menu bar that is shown");
+    }
+    return [&](const auto& file) { stage.driver.SaveMenuPicture(root, file); };
+}
+
+Shot ShotOfBox(ScenarioStage& stage) {
+    return [&stage, box = stage.RequireBox()](const auto& file) {
+        stage.driver.SaveBoxPicture(box.ask, file);
+    };
+}
+
+Sight ParseSight(const std::string& word) {
+    if (word == kBox) return ShotOfBox;
+    if (word.find('.') == std::string::npos) {
+        return [window = ParseWindow(word)](ScenarioStage& stage) {
+            return ShotOfForm(stage, window);
+        };
+    }
+    return [menu = ParseTarget(word)](ScenarioStage& stage) { return ShotOfMenu(stage, menu); };
+}
+
 // For a reader; nothing is compared.
 Action Picture(Words words) {
     const std::string& name = words[1];
     if (name.find_first_of("/\\.:") != std::string::npos) {
         throw ScriptError("a picture has a plain name, not " + Quote(name));
     }
-    return [window = ParseWindow(words[0]), name](ScenarioStage& stage) {
-        forms::Form& form = FindForm(stage.windows, window);
-        if (!form.IsShown()) throw Failure(window + " is not shown");
-        if (stage.pictures.empty()) return;
-        try {
-            stage.driver.SavePicture(form, stage.pictures / PathOf(name + ".bmp"));
-        } catch (const driver::DriverError& error) {
-            throw Failure(error.what());
-        }
+    const Sight sight = ParseSight(words[0]);
+    return [sight, file = PathOf(name + ".bmp")](ScenarioStage& stage) {
+        const Shot shot = sight(stage);
+        if (!stage.pictures.empty()) shot(stage.pictures / file);
     };
 }
 
 constexpr std::array kLooking = std::to_array<CommandSpec>({
     {"show", 1, 2, "QUERY", Show, OpenMenu::Stays},
-    {"picture", 2, 2, "W NAME", Picture, OpenMenu::Stays},
+    {"picture", 2, 2, "W|W.MENU|box NAME", Picture, OpenMenu::Stays},
     {"expect", 3, 4, "QUERY ==|~|!~ \"VALUE\"", Expect, OpenMenu::Stays},
 });
 

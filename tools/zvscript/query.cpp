@@ -46,6 +46,10 @@ constexpr std::array kNamed = std::to_array<NamedQuery>({
     {"printedFor", [](ScenarioStage& stage) { return stage.PrintedFor(); }},
     {"printed", [](ScenarioStage& stage) { return stage.TakePrinted(); }},
     {"clipboard", [](ScenarioStage& stage) { return stage.stand->GetBackend().ClipboardText(); }},
+    {"box.faults",
+     [](ScenarioStage& stage) {
+         return JoinLines(stage.driver.ReadBoxFaults(stage.RequireBox().ask));
+     }},
     {"result", [](ScenarioStage& stage) { return stage.result; }},
     {"error", [](ScenarioStage& stage) { return stage.TakeError(); }},
 });

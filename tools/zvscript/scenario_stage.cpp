@@ -71,6 +71,12 @@ void ScenarioStage::RequireReachable(const forms::Form& form) const {
     }
 }
 
+const StandingBox& ScenarioStage::RequireBox() const {
+    const StandingBox* box = dialogs.Innermost();
+    if (!box) throw Failure("no box stands");
+    return *box;
+}
+
 std::optional<std::string> ScenarioStage::TakeProblem() {
     return std::exchange(problem_, std::nullopt);
 }

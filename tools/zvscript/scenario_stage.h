@@ -44,6 +44,8 @@ class ScenarioStage {
     void InFront(Standing kind, const std::function<void()>& act);
     /// Throws Failure when the user cannot reach the window for what stands in front of it.
     void RequireReachable(const forms::Form& form) const;
+    /// The box that came up last of those that stand. Throws Failure when none does.
+    const StandingBox& RequireBox() const;
     /// What a message box or an input box lacked since the last call.
     std::optional<std::string> TakeProblem();
     /// What was handed to the shell and to the module runner.

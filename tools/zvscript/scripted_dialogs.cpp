@@ -1,6 +1,7 @@
 #include "scripted_dialogs.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "script_text.h"
 
@@ -61,15 +62,17 @@ std::optional<Entry> ScriptedDialogs::TakeWhileStanding(StandingBox box, std::de
     };
     take();
     box.answered = taken.has_value();
+    const StandingBox* const behind = std::exchange(standing_, &box);
     if (whileStanding) whileStanding(box);
+    standing_ = behind;
     take();
     return taken;
 }
 
-Answer ScriptedDialogs::Choose(const std::string& text, const std::vector<Answer>& buttons,
-                               Answer standard) {
-    std::optional<Answer> answer =
-        TakeWhileStanding({Standing::Box, text, false, buttons}, answers_);
+Answer ScriptedDialogs::Choose(StandingBox box, Answer standard) {
+    const std::string text = box.text;
+    const std::vector<Answer> buttons = box.buttons;
+    std::optional<Answer> answer = TakeWhileStanding(std::move(box), answers_);
     if (answer == Answer::None) answer = standard;
     if (!answer) {
         if (buttons.size() > 1) onProblem("no answer is queued for the message box " + Quote(text));
@@ -82,12 +85,13 @@ Answer ScriptedDialogs::Choose(const std::string& text, const std::vector<Answer
     return *answer;
 }
 
-Answer ScriptedDialogs::ShowMessage(forms::Form*, const forms::MessageRequest& request) {
+Answer ScriptedDialogs::ShowMessage(forms::Form* owner, const forms::MessageRequest& request) {
     const std::string text(request.text);
     const std::vector<Answer> buttons = Buttons(request.style);
     const Answer standard =
         request.standard == forms::DefaultButton::First ? buttons.front() : buttons.back();
-    const Answer answer = Choose(text, buttons, standard);
+    const auto ask = [&](forms::Dialogs& others) { others.ShowMessage(owner, request); };
+    const Answer answer = Choose({Standing::Box, text, false, buttons, ask}, standard);
     defaults.push_back(NameOf(standard));
     reasons.emplace_back(request.reason);
     messages.push_back(std::to_string(request.style) + '|' + text + '|' + NameOf(answer));
@@ -95,20 +99,23 @@ Answer ScriptedDialogs::ShowMessage(forms::Form*, const forms::MessageRequest& r
     return answer;
 }
 
-std::optional<std::string> ScriptedDialogs::TakeInput(const std::string& box) {
-    auto input = TakeWhileStanding({Standing::Input, box, false, {}}, inputs_);
+std::optional<std::string> ScriptedDialogs::TakeInput(const std::string& box,
+                                                      std::function<void(forms::Dialogs&)> ask) {
+    auto input = TakeWhileStanding({Standing::Input, box, false, {}, std::move(ask)}, inputs_);
     if (!input) onProblem("no input is queued for " + box);
     return input.value_or(std::nullopt);
 }
 
-std::optional<std::string> ScriptedDialogs::AskText(forms::Form*, const std::string& prompt,
-                                                    const std::string&, bool) {
-    return TakeInput("the input box " + Quote(prompt));
+std::optional<std::string> ScriptedDialogs::AskText(forms::Form* owner, const std::string& prompt,
+                                                    const std::string& title, bool secret) {
+    return TakeInput("the input box " + Quote(prompt),
+                     [&](forms::Dialogs& others) { others.AskText(owner, prompt, title, secret); });
 }
 
-std::optional<std::string> ScriptedDialogs::ChooseFile(forms::Form*,
+std::optional<std::string> ScriptedDialogs::ChooseFile(forms::Form* owner,
                                                        const forms::FileRequest& request) {
-    return TakeInput("the file dialog " + Quote(request.title));
+    return TakeInput("the file dialog " + Quote(request.title),
+                     [&](forms::Dialogs& others) { others.ChooseFile(owner, request); });
 }
 
 }  // namespace zv::script

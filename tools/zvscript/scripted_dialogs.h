@@ -21,6 +21,7 @@ struct StandingBox {
     std::string text;
     bool answered = false;               ///< an answer of its own was queued when it came up
     std::vector<forms::Answer> buttons;  ///< of a message box, in the order in which it shows them
+    std::function<void(forms::Dialogs&)> ask;  ///< asks the same of others
 };
 
 class ScriptedDialogs : public forms::Dialogs {
@@ -41,6 +42,9 @@ class ScriptedDialogs : public forms::Dialogs {
     /// Nothing: cancelled. The file dialog takes its path from the same queue.
     void QueueInput(std::optional<std::string> text) { inputs_.push_back(std::move(text)); }
 
+    /// The box that came up last of those that stand, or null.
+    const StandingBox* Innermost() const { return standing_; }
+
     forms::Answer ShowMessage(forms::Form* owner, const forms::MessageRequest& request) override;
     std::optional<std::string> AskText(forms::Form* owner, const std::string& prompt,
                                        const std::string& title, bool secret) override;
@@ -57,12 +61,13 @@ class ScriptedDialogs : public forms::Dialogs {
  private:
     template <typename Entry>
     std::optional<Entry> TakeWhileStanding(StandingBox box, std::deque<Entry>& queue);
-    forms::Answer Choose(const std::string& text, const std::vector<forms::Answer>& buttons,
-                         forms::Answer standard);
-    std::optional<std::string> TakeInput(const std::string& box);
+    forms::Answer Choose(StandingBox box, forms::Answer standard);
+    std::optional<std::string> TakeInput(const std::string& box,
+                                         std::function<void(forms::Dialogs&)> ask);
 
     std::deque<forms::Answer> answers_;  ///< None: Enter
     std::deque<std::optional<std::string>> inputs_;
+    const StandingBox* standing_ = nullptr;
 };
 
 /// "ok", "cancel", "yes" or "no"; nothing for any other word.

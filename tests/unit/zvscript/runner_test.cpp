@@ -206,6 +206,34 @@ TEST_F(RunnerTest, AFailureWhileABoxStandsNamesItsOwnLine) {
     EXPECT_EQ(output[0], "FAIL " + file + ":2: expected \"maybe\" got \"\"");
 }
 
+TEST_F(RunnerTest, OnlyABoxThatStandsCanBeLookedAt) {
+    const std::string box = "call CheckText \"it's\"\n";
+    const std::string early = Write("early.zvs", "picture box a\n");
+    const std::string faults = Write("faults.zvs", "expect box.faults == \"\"\n");
+    const std::string after =
+        Write("after.zvs", "during box\n  show error\n" + box + "picture box a\n");
+    const std::string good =
+        Write("good.zvs", "during box\n  picture box a\n  expect box.faults == \"\"\n" + box);
+    EXPECT_EQ(Run({early, faults, after, good}), 1);
+    EXPECT_EQ(output[0], "FAIL " + early + ":1: no box stands");
+    EXPECT_EQ(output[1], "FAIL " + faults + ":1: expected \"\" got nothing: no box stands");
+    EXPECT_EQ(output[2], "FAIL " + after + ":4: no box stands");
+    EXPECT_EQ(output[3], "ok " + good);
+}
+
+TEST_F(RunnerTest, OnlyAMenuOfTheBarCanBeOpenedForAPicture) {
+    const std::string start = "clock 2003-03-07T09:30:00\ndatabase t.db\nrefresh 1 0\n";
+    const std::string entry = Write("entry.zvs", start + "picture frmTaskMain.mnuTaskAdd a\n");
+    const std::string hidden = Write("hidden.zvs", start + "picture frmTaskMain.mnuDone a\n");
+    const std::string bar = Write("bar.zvs", start + "picture frmTaskMain.mnuTask a\n");
+    EXPECT_EQ(Run({entry, hidden, bar}), 1);
+    EXPECT_EQ(output[0],
+              "FAIL " + entry + ":4: frmTaskMain.mnuTaskAdd is in no menu bar that is shown");
+    EXPECT_EQ(output[1],
+              "FAIL " + hidden + ":4: frmTaskMain.mnuDone is in no menu bar that is shown");
+    EXPECT_EQ(output[2], "ok " + bar);
+}
+
 TEST_F(RunnerTest, TheUserReachesNoWindowBehindABox) {
     const std::string start = "clock 2003-03-07T09:30:00\ndatabase t.db\nrefresh 1 0\nduring box\n";
     const std::string act = "call CheckText \"it's\"\n";

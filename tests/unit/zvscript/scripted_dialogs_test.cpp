@@ -93,5 +93,27 @@ TEST_F(ScriptedDialogsTest, ABoxWithoutAnAnswerTakesWhatIsQueuedWhileItStands) {
     EXPECT_TRUE(problems.empty());
 }
 
+TEST_F(ScriptedDialogsTest, ABoxThatStandsCanBeAskedOfOthers) {
+    ScriptedDialogs others;
+    others.onProblem = [&](const std::string& problem) { problems.push_back(problem); };
+    others.QueueInput("typed");
+    others.QueueInput("path");
+    int boxes = 0;
+    dialogs.whileStanding = [&](const StandingBox& box) {
+        boxes++;
+        EXPECT_EQ(dialogs.Innermost()->text, box.text);
+        dialogs.Innermost()->ask(others);
+    };
+    dialogs.QueueInput("a");
+    dialogs.QueueInput("b");
+    dialogs.ShowMessage(nullptr, {"said", forms::box::kOkOnly, ""});
+    dialogs.AskText(nullptr, "?", "", false);
+    dialogs.ChooseFile(nullptr, {});
+    EXPECT_EQ(boxes, 3);
+    EXPECT_EQ(dialogs.Innermost(), nullptr);
+    EXPECT_EQ(others.messages, (std::vector<std::string>{"0|said|ok"}));
+    EXPECT_TRUE(problems.empty());
+}
+
 }  // namespace
 }  // namespace zv::script

@@ -19,6 +19,8 @@ using namespace forms;
 
 namespace {
 
+constexpr const char* kNoDisplay = "without a display there is no picture";
+
 // A press moves the focus first; false when a validation kept it, and the press is lost then.
 bool Press(Control& control) {
     RequireUsable(control);
@@ -193,7 +195,19 @@ std::vector<std::string> HeadlessDriver::ReadFaults(Form& form) {
 }
 
 void HeadlessDriver::SavePicture(Form&, const std::filesystem::path&) {
-    throw DriverError("without a display there is no picture");
+    throw DriverError(kNoDisplay);
+}
+
+void HeadlessDriver::SaveMenuPicture(MenuItem&, const std::filesystem::path&) {
+    throw DriverError(kNoDisplay);
+}
+
+void HeadlessDriver::SaveBoxPicture(const Question&, const std::filesystem::path&) {
+    throw DriverError(kNoDisplay);
+}
+
+std::vector<std::string> HeadlessDriver::ReadBoxFaults(const Question&) {
+    return {};
 }
 
 }  // namespace zv::driver

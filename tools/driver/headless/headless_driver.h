@@ -34,6 +34,9 @@ class HeadlessDriver : public Driver {
     std::string ReadCaption(forms::Form& form) override;
     std::vector<std::string> ReadFaults(forms::Form& form) override;
     void SavePicture(forms::Form& form, const std::filesystem::path& file) override;
+    void SaveMenuPicture(forms::MenuItem& root, const std::filesystem::path& file) override;
+    void SaveBoxPicture(const Question& ask, const std::filesystem::path& file) override;
+    std::vector<std::string> ReadBoxFaults(const Question& ask) override;
 };
 
 }  // namespace zv::driver

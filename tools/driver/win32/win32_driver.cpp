@@ -2,10 +2,13 @@
 
 #include <array>
 #include <cstring>
+#include <exception>
+#include <utility>
 
 #include "driver/driver_checks.h"
 #include "driver/layout_faults.h"
 #include "driver/win32/native_ruler.h"
+#include "driver/win32/standing_look.h"
 #include "driver/win32/window_picture.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
@@ -395,6 +398,43 @@ void Win32Driver::SavePicture(Form& form, const std::filesystem::path& file) {
     if (!window) throw DriverError(form.Name() + " has no native window");
     Activate(form);
     SaveWindowPicture(window, file);
+}
+
+void Win32Driver::SaveMenuPicture(MenuItem& root, const std::filesystem::path& file) {
+    RequireReachable(root.Owner());
+    Activate(root.Owner());
+    const HWND window = backend_.Handle(root.Owner());
+    const std::size_t mark = root.Caption().find('&');
+    if (!window || mark == std::string::npos || mark + 1 == root.Caption().size()) {
+        throw DriverError(root.Name() + " has no letter in a menu bar");
+    }
+    bool opened = false;
+    std::exception_ptr failure;
+    auto former = std::exchange(backend_.onMenuIdle, [&] {
+        opened = !OpenMenus().empty();
+        try {
+            if (opened) SaveWindowPicture(window, file);
+        } catch (const std::exception&) {
+            failure = std::current_exception();
+        }
+        EndMenu();
+    });
+    const auto letter = static_cast<unsigned char>(root.Caption()[mark + 1]);
+    SendMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, letter);
+    PumpMessages();
+    backend_.onMenuIdle = std::move(former);
+    if (failure) std::rethrow_exception(failure);
+    if (!opened) throw DriverError(root.Name() + " does not open");
+}
+
+void Win32Driver::SaveBoxPicture(const Question& ask, const std::filesystem::path& file) {
+    LookAtBox(backend_, ask, [&](HWND box) { SaveWindowPicture(box, file); });
+}
+
+std::vector<std::string> Win32Driver::ReadBoxFaults(const Question& ask) {
+    std::vector<std::string> faults;
+    LookAtBox(backend_, ask, [&](HWND box) { faults = BoxFaults(box); });
+    return faults;
 }
 
 }  // namespace zv::driver

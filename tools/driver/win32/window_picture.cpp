@@ -5,6 +5,7 @@
 
 #include "driver/driver.h"
 #include "driver/win32/played_backend.h"
+#include "driver/win32/standing_look.h"
 #include "forms/win32/handles.h"
 
 namespace zv::driver {
@@ -26,6 +27,11 @@ void SaveWindowPicture(HWND window, const std::filesystem::path& file) {
     LetPaint(window);
     RECT place{};
     GetWindowRect(window, &place);
+    for (const HWND menu : OpenMenus()) {
+        RECT beside{};
+        GetWindowRect(menu, &beside);
+        UnionRect(&place, &place, &beside);
+    }
     const LONG width = place.right - place.left;
     const LONG height = place.bottom - place.top;
     const forms::win32::WindowDc screen(nullptr);
