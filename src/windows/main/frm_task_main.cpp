@@ -48,13 +48,13 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       listing(*this, owner, model, tree, filter, commands, view, selection),
       overview(*this, owner, model, tree, content, cards, status, view, listing),
       plans(*this, owner, model, commands, listing),
-      editing(*this, owner, model, SSTab1, tree, item, cards, commands, status, labels, view,
-              selection, listing, plans),
+      editing(*this, owner, model, {SSTab1, tree, item, cards, commands, status},
+              {labels, view, selection, listing, plans}),
       completion(*this, owner, model, tree, item, commands, view, selection),
       search(*this, owner, model, commands, labels, listing),
       printing(*this, owner, commands, birthdays, labels, view, listing),
-      droppedInput(*this, owner, model, SSTab1, tree, item, content, cards, view, selection,
-                   takeBack),
+      droppedInput(*this, owner, model, {SSTab1, tree, item, content, cards},
+                   {view, selection, takeBack}),
       keys(*this, owner, filter, commands, listing, completion, takeBack) {
     SetSizable(true);
     SetMinimumClientSize(kSmallestSize);

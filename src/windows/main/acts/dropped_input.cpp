@@ -9,56 +9,44 @@
 namespace zv::windows {
 
 DroppedInput::DroppedInput(forms::Form& form, Session& session, MainModel& model,
-                           forms::TabPanel& tabs, TreePanel& tree, ItemPanel& head,
-                           ContentPanel& content, CardPanel& cards, ItemView& view,
-                           Selection& selection, TakeBack& takeBack)
-    : form_(form),
-      session_(session),
-      model_(model),
-      tabs_(tabs),
-      tree_(tree),
-      head_(head),
-      content_(content),
-      cards_(cards),
-      view_(view),
-      selection_(selection),
-      takeBack_(takeBack) {
-    view_.onInputDropped = [this] { Keep(); };
+                           const Panels& panels, const Acts& acts)
+    : form_(form), session_(session), model_(model), panels_(panels), acts_(acts) {
+    acts_.view.onInputDropped = [this] { Keep(); };
 }
 
 void DroppedInput::Keep() {
-    Edit edit{view_.StateOfInput(), session_.state.cardId, {}};
-    edit.boxes = [parts = std::array{head_.Remember(), content_.Remember(), cards_.Remember(),
-                                     view_.Remember()}] {
+    Edit edit{acts_.view.StateOfInput(), session_.state.cardId, {}};
+    edit.boxes = [parts = std::array{panels_.head.Remember(), panels_.content.Remember(),
+                                     panels_.cards.Remember(), acts_.view.Remember()}] {
         for (const auto& part : parts) part();
     };
-    const std::string title = view_.Values().Text(items::field::kTitle);
-    takeBack_.Add(session_.LoadText(resources::KeyText::PutAside, title),
-                  [this, edit = std::move(edit)] { return Restore(edit); });
+    const std::string title = acts_.view.Values().Text(items::field::kTitle);
+    acts_.takeBack.Add(session_.LoadText(resources::KeyText::PutAside, title),
+                       [this, edit = std::move(edit)] { return Restore(edit); });
 }
 
 bool DroppedInput::Restore(const Edit& edit) {
     if (!form_.IsLoaded()) return false;
-    if (tree_.WantsPlans()) {
-        tree_.Want(false);
+    if (panels_.tree.WantsPlans()) {
+        panels_.tree.Want(false);
         // The list could not be filled.
-        if (tree_.WantsPlans()) return false;
+        if (panels_.tree.WantsPlans()) return false;
     }
     // What is being typed now gives way, and is kept in its turn.
-    view_.DropInput();
+    acts_.view.DropInput();
     const std::int16_t startMode = model_.startMode;
     model_.Restore(edit.state);
     model_.startMode = startMode;
     // A new item needs none; one that is changed need not be listed.
     const bool adds = edit.state.openedFor == EditMode::Adding;
-    if (adds && tree_.Find(model_.Current()) == TreePanel::kNone) model_.currentId = 0;
-    view_.ShowFor(false);
-    tabs_.SetTab(edit.state.editedKind == items::ItemKind::Guest ? kCardTab : kItemTab);
+    if (adds && panels_.tree.Find(model_.Current()) == TreePanel::kNone) model_.currentId = 0;
+    acts_.view.ShowFor(false);
+    panels_.tabs.SetTab(edit.state.editedKind == items::ItemKind::Guest ? kCardTab : kItemTab);
     edit.boxes();
     session_.state.cardId = edit.card;
     model_.OpenEditor(edit.state.editedKind, edit.state.openedFor);
-    selection_.Mark(model_.Current());
-    head_.FocusTitle();
+    acts_.selection.Mark(model_.Current());
+    panels_.head.FocusTitle();
     return true;
 }
 

@@ -10,10 +10,23 @@ namespace zv::windows {
 
 class DroppedInput {
  public:
-    /// All must outlive this.
-    DroppedInput(forms::Form& form, Session& session, MainModel& model, forms::TabPanel& tabs,
-                 TreePanel& tree, ItemPanel& head, ContentPanel& content, CardPanel& cards,
-                 ItemView& view, Selection& selection, TakeBack& takeBack);
+    /// Where input stands, and what shows it again.
+    struct Panels {
+        forms::TabPanel& tabs;
+        TreePanel& tree;
+        ItemPanel& head;
+        ContentPanel& content;
+        CardPanel& cards;
+    };
+    /// What drops input, marks the item that it belongs to, and takes it back.
+    struct Acts {
+        ItemView& view;
+        Selection& selection;
+        TakeBack& takeBack;
+    };
+    /// All that is named must outlive this.
+    DroppedInput(forms::Form& form, Session& session, MainModel& model, const Panels& panels,
+                 const Acts& acts);
 
  private:
     /// An edit as it stood: its mode, the boxes and what the view knows of the row.
@@ -28,14 +41,8 @@ class DroppedInput {
     forms::Form& form_;
     Session& session_;
     MainModel& model_;
-    forms::TabPanel& tabs_;
-    TreePanel& tree_;
-    ItemPanel& head_;
-    ContentPanel& content_;
-    CardPanel& cards_;
-    ItemView& view_;
-    Selection& selection_;
-    TakeBack& takeBack_;
+    const Panels panels_;
+    const Acts acts_;
 };
 
 }  // namespace zv::windows

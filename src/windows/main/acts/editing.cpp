@@ -30,24 +30,9 @@ std::string WordFor(EditMode mode) {
 
 }  // namespace
 
-Editing::Editing(forms::Form& form, Session& session, MainModel& model, forms::TabPanel& tabs,
-                 TreePanel& tree, ItemPanel& head, CardPanel& cards, CommandPanel& commands,
-                 StatusPanel& status, const FieldLabels& labels, ItemView& view,
-                 Selection& selection, Listing& listing, PlanCommands& plans)
-    : form_(form),
-      session_(session),
-      model_(model),
-      tabs_(tabs),
-      tree_(tree),
-      head_(head),
-      cards_(cards),
-      commands_(commands),
-      status_(status),
-      labels_(labels),
-      view_(view),
-      selection_(selection),
-      listing_(listing),
-      plans_(plans) {
+Editing::Editing(forms::Form& form, Session& session, MainModel& model, const Panels& panels,
+                 const Acts& acts)
+    : form_(form), session_(session), model_(model), panels_(panels), acts_(acts) {
     Wire();
 }
 
@@ -58,7 +43,7 @@ void Editing::Wire() {
         forms::MenuItem& change;
         forms::MenuItem& erase;
     };
-    MainMenus& m = commands_.menus;
+    MainMenus& m = panels_.commands.menus;
     for (const KindMenu& menu :
          {KindMenu{ItemKind::Task, m.mnuTaskAdd, m.mnuTaskChg, m.mnuTaskDel},
           KindMenu{ItemKind::Guest, m.mnuGuestAdd, m.mnuGuestChg, m.mnuGuestDel},
@@ -69,14 +54,14 @@ void Editing::Wire() {
     }
     m.mnuEventDel.onClick = [this] { DeletePlan(); };
     m.mnuGuestConnect.onClick = [this] { mnuGuestConnect_Click(); };
-    const auto actions = static_cast<std::int16_t>(commands_.cmdAction.Count());
+    const auto actions = static_cast<std::int16_t>(panels_.commands.cmdAction.Count());
     for (std::int16_t i = 0; i < actions; i++) {
-        commands_.cmdAction[i].onClick = [this, i] { cmdAction_Click(i); };
+        panels_.commands.cmdAction[i].onClick = [this, i] { cmdAction_Click(i); };
     }
-    status_.onShow = [this] { cmdShowSaved_Click(); };
-    commands_.cmdSave.onClick = [this] { cmdSave_Click(); };
-    cards_.onLeftWithCompany = [this](const std::string& company) { ProposeTitle(company); };
-    cards_.onEntered = [this] { head_.FocusTitle(); };
+    panels_.status.onShow = [this] { cmdShowSaved_Click(); };
+    panels_.commands.cmdSave.onClick = [this] { cmdSave_Click(); };
+    panels_.cards.onLeftWithCompany = [this](const std::string& company) { ProposeTitle(company); };
+    panels_.cards.onEntered = [this] { panels_.head.FocusTitle(); };
 }
 
 void Editing::cmdAction_Click(std::int16_t index) {
@@ -85,7 +70,7 @@ void Editing::cmdAction_Click(std::int16_t index) {
     if (!HasRightToItems(session_, model_, index) || !form_.IsLoaded()) return;
     const auto mode = static_cast<EditMode>(index);
     const bool needsItem = mode == EditMode::Changing || mode == EditMode::Deleting;
-    if (needsItem && !selection_.MakeCurrent(item)) return;
+    if (needsItem && !acts_.selection.MakeCurrent(item)) return;
     // A plan, and a change without an item, open no edit; what is open goes on.
     struct GoOn {
         MainModel& model;
@@ -101,9 +86,9 @@ void Editing::Dispatch(EditMode mode, NodeKind node) {
     const auto kind = ItemKindOf(node);
     switch (mode) {
         case EditMode::Adding:
-            return kind ? StartAddItem(*kind) : plans_.mnuEventAdd_Click();
+            return kind ? StartAddItem(*kind) : acts_.plans.mnuEventAdd_Click();
         case EditMode::Changing:
-            return kind ? StartChangeItem(*kind) : plans_.mnuEventChg_Click();
+            return kind ? StartChangeItem(*kind) : acts_.plans.mnuEventChg_Click();
         case EditMode::Deleting:
             return kind ? DeleteItem() : DeletePlan();
         default:
@@ -112,49 +97,49 @@ void Editing::Dispatch(EditMode mode, NodeKind node) {
 }
 
 void Editing::StartAddItem(ItemKind kind) {
-    view_.DropInput();
+    acts_.view.DropInput();
     const bool visit = kind == ItemKind::Guest;
     const bool keepsCard = visit && model_.startMode == kCardMode;
-    const int card = keepsCard ? cards_.Selection() : -1;
+    const int card = keepsCard ? panels_.cards.Selection() : -1;
     // Outside the card mode the list holds whatever was shown or searched for last.
-    if (visit && !keepsCard) cards_.LoadCardList(cards_.BoxCondition());
-    view_.Clear();
+    if (visit && !keepsCard) panels_.cards.LoadCardList(panels_.cards.BoxCondition());
+    acts_.view.Clear();
     session_.state.cardId = 0;
-    head_.cboType2.SetListIndex(Number(kind));
+    panels_.head.cboType2.SetListIndex(Number(kind));
     model_.OpenEditor(kind, EditMode::Adding);
-    view_.ShowFor(false);
-    tabs_.SetTab(visit ? kCardTab : kItemTab);
+    acts_.view.ShowFor(false);
+    panels_.tabs.SetTab(visit ? kCardTab : kItemTab);
     // The cards that the host opened the window for: the visit is to the one that is picked.
-    if (card >= 0) cards_.Select(card);
-    view_.BeginNew(kind, session_.state.cardId);
+    if (card >= 0) panels_.cards.Select(card);
+    acts_.view.BeginNew(kind, session_.state.cardId);
     if (visit)
-        cards_.FocusFirst(card >= 0);
+        panels_.cards.FocusFirst(card >= 0);
     else
-        head_.FocusTitle();
+        panels_.head.FocusTitle();
 }
 
 void Editing::StartChangeItem(ItemKind kind) {
     // What was typed for a new item must not end up in this one, nor what was shown before a save
     // whose fill failed: others may have changed the row since.
-    const bool stale = model_.openedFor == EditMode::Adding || !view_.RowAsRead();
-    if (stale && model_.currentId != 0 && !model_.ShowsPlans()) view_.ShowItem();
+    const bool stale = model_.openedFor == EditMode::Adding || !acts_.view.RowAsRead();
+    if (stale && model_.currentId != 0 && !model_.ShowsPlans()) acts_.view.ShowItem();
     if (kind == ItemKind::Guest && model_.currentId == 0) return;
     const bool begins = model_.openedFor == EditMode::None;
-    if (begins) cards_.ForgetPick();
+    if (begins) panels_.cards.ForgetPick();
     model_.OpenEditor(kind, EditMode::Changing);
-    if (begins) view_.NoteBegin();
-    head_.BeginTitle();
-    view_.ReportCard();
+    if (begins) acts_.view.NoteBegin();
+    panels_.head.BeginTitle();
+    acts_.view.ReportCard();
 }
 
 void Editing::cmdCancel_Click() {
-    view_.DropInput();
+    acts_.view.DropInput();
     model_.editMode = EditMode::None;
     model_.LockEditor();
-    if (const int node = tree_.Selected(); node != TreePanel::kNone)
-        selection_.tvwTask_NodeClick(node);
+    if (const int node = panels_.tree.Selected(); node != TreePanel::kNone)
+        acts_.selection.tvwTask_NodeClick(node);
     else
-        view_.Clear();
+        acts_.view.Clear();
 }
 
 void Editing::cmdSave_Click() {
@@ -164,16 +149,16 @@ void Editing::cmdSave_Click() {
     const auto saved = SaveItem();
     // A host that closed the window meanwhile wants no list any more.
     if (!saved || !form_.IsLoaded()) return;
-    tree_.FocusTree();
+    panels_.tree.FocusTree();
     model_.editMode = EditMode::None;
     model_.LockEditor();
-    if (listing_.Refill()) ReportWhenNotListed(*saved);
+    if (acts_.listing.Refill()) ReportWhenNotListed(*saved);
 }
 
 void Editing::ReportWhenNotListed(const items::SavedItem& saved) {
-    if (tree_.Find(saved) != TreePanel::kNone) return;
+    if (panels_.tree.Find(saved) != TreePanel::kNone) return;
     saved_ = saved;
-    status_.Notify(NoticeOf(saved, resources::DesignText::NotListed), true);
+    panels_.status.Notify(NoticeOf(saved, resources::DesignText::NotListed), true);
 }
 
 template <class Id>
@@ -184,26 +169,27 @@ std::string Editing::NoticeOf(const items::SavedItem& saved, Id id) const {
 void Editing::cmdShowSaved_Click() {
     if (model_.Editing() || !saved_) return;
     const items::SavedItem saved = *saved_;
-    const bool shown = listing_.Reveal(saved);
+    const bool shown = acts_.listing.Reveal(saved);
     if (shown || !form_.IsLoaded()) return;
     // What limits the list by right is not the user's to change.
-    status_.Notify(NoticeOf(saved, resources::StatusText::ListedByRight), false);
+    panels_.status.Notify(NoticeOf(saved, resources::StatusText::ListedByRight), false);
 }
 
 bool Editing::HasCustomer() {
-    if (view_.Values().Row(field::kKind) != Number(ItemKind::Guest) || session_.state.cardId >= 1) {
+    if (acts_.view.Values().Row(field::kKind) != Number(ItemKind::Guest) ||
+        session_.state.cardId >= 1) {
         return true;
     }
     session_.windows.ShowMessage(resources::fixed::kVisitNeedsACard, forms::box::kExclamation);
-    tabs_.SetTab(kCardTab);
-    cards_.FocusSearch();
+    panels_.tabs.SetTab(kCardTab);
+    panels_.cards.FocusSearch();
     return false;
 }
 
 std::optional<items::SavedItem> Editing::SaveItem() {
-    session_.state.cardId = view_.NumberToStore();
+    session_.state.cardId = acts_.view.NumberToStore();
     if (!HasCustomer()) return std::nullopt;
-    const items::ItemEntry entry = view_.Entry();
+    const items::ItemEntry entry = acts_.view.Entry();
     const bool adds = model_.editMode == EditMode::Adding;
     const std::string word = WordFor(model_.editMode);
     // The number of a plan that is shown is not an item's.
@@ -212,15 +198,16 @@ std::optional<items::SavedItem> Editing::SaveItem() {
     auto saved = adds ? items::Add(session_.database, id, entry) : Change(id, entry);
     if (!saved) return saved;
     session_.Announce([item = saved->id, adds](HostEvents& host) { host.ItemSaved(item, adds); });
-    view_.ForgetRow();
-    head_.txtUser2.SetText(session_.state.UserName);
+    acts_.view.ForgetRow();
+    panels_.head.txtUser2.SetText(session_.state.UserName);
     session_.windows.ShowMessage("[" + saved->title + "]: " + word + resources::fixed::kFinished,
                                  forms::box::kOkOnly);
     return saved;
 }
 
 std::optional<items::SavedItem> Editing::Change(std::int32_t id, const items::ItemEntry& entry) {
-    items::ItemChange change(session_.database, id, entry, view_.RowAsRead(), view_.EntryAsShown());
+    items::ItemChange change(session_.database, id, entry, acts_.view.RowAsRead(),
+                             acts_.view.EntryAsShown());
     for (;;) {
         const items::ItemChange::Outcome outcome = change.Save();
         if (const auto* saved = std::get_if<items::SavedItem>(&outcome)) return *saved;
@@ -234,7 +221,7 @@ std::optional<items::SavedItem> Editing::Change(std::int32_t id, const items::It
 }
 
 bool Editing::Settle(store::RowMerge& merge, const items::ItemRow& stored) const {
-    const ConflictQuestion question(session_, labels_, stored, merge.Own());
+    const ConflictQuestion question(session_, acts_.labels, stored, merge.Own());
     for (const std::size_t group : merge.Conflicts(stored)) {
         const auto version = question.Ask(merge.Differences(group, stored));
         if (!version) return false;
@@ -244,14 +231,14 @@ bool Editing::Settle(store::RowMerge& merge, const items::ItemRow& stored) const
 }
 
 bool Editing::MayJoinPlan() const {
-    const std::optional<std::int32_t> pick = cards_.Pick();
-    if (!pick || view_.Values().Row(field::kKind) != Number(ItemKind::Task)) return true;
+    const std::optional<std::int32_t> pick = panels_.cards.Pick();
+    if (!pick || acts_.view.Values().Row(field::kKind) != Number(ItemKind::Task)) return true;
     const auto plan = plans::Load(session_.database, *pick);
     if (!plan) return true;
     const std::string title = (*plan)[plans::PlanFieldIndex("taskTitle")].ToText();
     const auto text = [this](resources::ItemText id) { return session_.LoadText(id); };
     return session_.windows.ShowMessage(
-               tree_.chkEvent.Caption() + " [" + std::to_string(*pick) + " - " + title +
+               panels_.tree.chkEvent.Caption() + " [" + std::to_string(*pick) + " - " + title +
                    "]: " + text(resources::ItemText::BelongsToPlan) + "\r\n\r\n" +
                    text(resources::ItemText::SaveAnyway),
                forms::box::kOkCancel + forms::box::kExclamation) != forms::Answer::Cancel;
@@ -293,42 +280,43 @@ void Editing::AnnounceDeleted(const ItemRef& item) {
 
 std::string Editing::DeleteQuestion(bool plan) const {
     // The title being typed for a new item is not that of the one to be deleted.
-    const bool adds = model_.openedFor == EditMode::Adding && !view_.RowAsRead();
+    const bool adds = model_.openedFor == EditMode::Adding && !acts_.view.RowAsRead();
     const std::string title =
-        "[" + (adds ? view_.StoredTitle() : view_.Values().Text(field::kTitle)) + "]";
+        "[" + (adds ? acts_.view.StoredTitle() : acts_.view.Values().Text(field::kTitle)) + "]";
     if (!plan) return title + ": " + session_.LoadText(text_id::kConfirmDelete) + " ?";
-    return session_.LoadText(text_id::kConfirmDelete) + tree_.chkEvent.Caption() + ": " + title +
-           "\r" + session_.LoadText(text_id::kDeletesItemsToo);
+    return session_.LoadText(text_id::kConfirmDelete) + panels_.tree.chkEvent.Caption() + ": " +
+           title + "\r" + session_.LoadText(text_id::kDeletesItemsToo);
 }
 
 void Editing::ShowAsDeleted(const ItemRef& item) {
-    const bool current = selection_.IsCurrent(item);
-    if (const int node = tree_.Find(item); node != TreePanel::kNone) tree_.Remove(node);
+    const bool current = acts_.selection.IsCurrent(item);
+    if (const int node = panels_.tree.Find(item); node != TreePanel::kNone)
+        panels_.tree.Remove(node);
     // What the tree was filled with while the question stood is not the item's.
     if (!current) return;
     // What was typed belonged to an item that is gone.
     if (model_.editMode == EditMode::Deleting && model_.openedFor != EditMode::None) {
         model_.LockEditor();
     }
-    if (tree_.Selected() != TreePanel::kNone) {
-        selection_.tvwTask_NodeClick(tree_.Selected());
+    if (panels_.tree.Selected() != TreePanel::kNone) {
+        acts_.selection.tvwTask_NodeClick(panels_.tree.Selected());
     } else {
         model_.currentId = 0;
-        view_.Clear();
+        acts_.view.Clear();
     }
 }
 
 void Editing::mnuGuestConnect_Click() {
     if (model_.currentKind != NodeKind::Guest || model_.currentId == 0) return;
-    tabs_.SetTab(kCardTab);
+    panels_.tabs.SetTab(kCardTab);
     // A card that is being picked for the visit stays.
-    if (!model_.Editing()) view_.ShowCardAgain();
+    if (!model_.Editing()) acts_.view.ShowCardAgain();
 }
 
 void Editing::ProposeTitle(const std::string& company) {
     // Not the edit mode, which a delete that was called off leaves behind.
     if (model_.openedFor != EditMode::None)
-        head_.txtTitle2.SetText(company + resources::fixed::kVisitTitleEnd);
+        panels_.head.txtTitle2.SetText(company + resources::fixed::kVisitTitleEnd);
 }
 
 }  // namespace zv::windows

@@ -15,11 +15,26 @@ namespace zv::windows {
 
 class Editing {
  public:
-    /// All must outlive this.
-    Editing(forms::Form& form, Session& session, MainModel& model, forms::TabPanel& tabs,
-            TreePanel& tree, ItemPanel& head, CardPanel& cards, CommandPanel& commands,
-            StatusPanel& status, const FieldLabels& labels, ItemView& view, Selection& selection,
-            Listing& listing, PlanCommands& plans);
+    /// What is typed into, and what shows that something may be or was done.
+    struct Panels {
+        forms::TabPanel& tabs;
+        TreePanel& tree;
+        ItemPanel& head;
+        CardPanel& cards;
+        CommandPanel& commands;
+        StatusPanel& status;
+    };
+    /// What the edits go by and lead to.
+    struct Acts {
+        const FieldLabels& labels;
+        ItemView& view;
+        Selection& selection;
+        Listing& listing;
+        PlanCommands& plans;
+    };
+    /// All that is named must outlive this.
+    Editing(forms::Form& form, Session& session, MainModel& model, const Panels& panels,
+            const Acts& acts);
 
     /// 0 cancel, 1 add, 2 change, 3 delete: asks the module gate first.
     void cmdAction_Click(std::int16_t index);
@@ -61,17 +76,8 @@ class Editing {
     forms::Form& form_;
     Session& session_;
     MainModel& model_;
-    forms::TabPanel& tabs_;
-    TreePanel& tree_;
-    ItemPanel& head_;
-    CardPanel& cards_;
-    CommandPanel& commands_;
-    StatusPanel& status_;
-    const FieldLabels& labels_;
-    ItemView& view_;
-    Selection& selection_;
-    Listing& listing_;
-    PlanCommands& plans_;
+    const Panels panels_;
+    const Acts acts_;
     std::optional<items::SavedItem> saved_;  ///< the last one that the list did not show
 };
 
