@@ -18,11 +18,12 @@ const char kHelp[] =
       Creates a database to start with, or its tables in a database of a server: without
       items, with the modules registered that the windows ask for. An import may fill it.
   zvdb sample FILE [--items N] [--cards N] [--plans N] [--today DATE] [--seed S]
-                   [--force] [--quiet]
+                   [--script simplified|traditional] [--force] [--quiet]
   zvdb sample --to SERVER with the same options
       Creates a database with sample data around DATE (YYYY-MM-DD; this day when
       left out). The same numbers, day and seed give the same data. 400 items when
-      left out; cards and plans grow with the items.
+      left out; cards and plans grow with the items. Texts and names are in both
+      scripts, as people of two offices write them, or in one with --script.
   zvdb check FILE
   zvdb check --to SERVER
       Shows the rows of each table, and everything that is wrong: damage, missing
@@ -106,6 +107,12 @@ DateTime Day(const std::string& text) {
         throw UsageError("--today wants a day as YYYY-MM-DD, not \"" + text + "\"");
     }
     return *day;
+}
+
+SampleOptions::Script ScriptOf(const std::string& name) {
+    if (name == "simplified") return SampleOptions::Script::Simplified;
+    if (name == "traditional") return SampleOptions::Script::Traditional;
+    throw UsageError("--script wants simplified or traditional, not \"" + name + "\"");
 }
 
 Command CommandNamed(const std::string& name) {
@@ -228,6 +235,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
             line.sample.today = Day(value());
         } else if (argument == "--seed" && samples(argument)) {
             line.sample.seed = Whole<std::uint64_t>(argument, value(), 0, UINT64_MAX);
+        } else if (argument == "--script" && samples(argument)) {
+            line.sample.script = ScriptOf(value());
         } else {
             throw UsageError("\"" + arguments[0] + "\" has no option \"" + argument + "\"");
         }

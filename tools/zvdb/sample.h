@@ -23,6 +23,14 @@ struct SampleOptions {
     DateTime today;
     std::uint64_t seed = 7;
 
+    /// Mixed: mostly Simplified, as in a firm with an office in Taipei.
+    enum class Script : std::uint8_t { Mixed, Simplified, Traditional };
+    Script script = Script::Mixed;
+    /// In which script something is written that the other script might be drawn for.
+    bool IsTraditional(bool drawn) const {
+        return script == Script::Mixed ? drawn : script == Script::Traditional;
+    }
+
     int Cards() const;
     int Plans() const;
 };

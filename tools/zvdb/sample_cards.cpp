@@ -1,6 +1,7 @@
 // Customer cards.
 #include <array>
 #include <cstdio>
+#include <span>
 
 #include "zvdb/random.h"
 #include "zvdb/sample_parts.h"
@@ -66,11 +67,15 @@ std::vector<Card> FillCards(Engine& engine, const SampleOptions& options, Progre
                      "insert into cards(fID,CompCode,CompName,Name,province,cityname,CompAdd,"
                      "telphone,homephone,handphone,fax,E_mail,HomeEmail,http,HomeHttp,Birthday,"
                      "BoxID) values(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    const std::span<const City> cities =
+        options.script == SampleOptions::Script::Mixed
+            ? Cities()
+            : CitiesOf(options.script == SampleOptions::Script::Traditional);
     std::vector<Card> cards;
     cards.reserve(static_cast<std::size_t>(options.Cards()));
     progress.Begin("cards", options.Cards());
     for (int number = 1; number <= options.Cards(); ++number) {
-        const City& city = random.Pick(Cities());
+        const City& city = random.Pick(cities);
         const bool traditional = city.traditional;
         const Word& stem = random.Pick(CompanyStems());
         const Word& trade = random.Pick(Trades());

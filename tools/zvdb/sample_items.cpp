@@ -123,7 +123,7 @@ class ItemWriter {
         std::string_view place;
         std::string_view result;
         std::int64_t card = 0;
-        bool traditional = random_.Chance(12);
+        bool traditional = options_.IsTraditional(random_.Chance(12));
         if (kind == ItemKind::Task) {
             title = random_.Pick(TaskTitles()).In(traditional);
             content = random_.Pick(TaskContents()).In(traditional);
@@ -133,18 +133,22 @@ class ItemWriter {
         } else {
             const Card& visited = random_.Pick(cards_);
             traditional = visited.traditional;
-            constexpr std::array<std::string_view, 3> kWays = {"电话", "邮件", "网站"};
+            constexpr std::array<Word, 3> kWays = {
+                {{"电话", "電話", ""}, {"邮件", "郵件", ""}, {"网站", "網站", ""}}};
             card = visited.id;
             guest = visited.contact;
-            way = random_.Pick(kWays);
+            way = random_.Pick(kWays).In(options_.IsTraditional(false));
             place = visited.city;
             title = visited.company.empty() ? visited.contact : visited.company;
             title += random_.Pick(VisitTitles()).In(traditional);
             content = random_.Pick(VisitContents()).In(traditional);
             if (state == ItemState::Done) result = random_.Pick(VisitResults()).In(traditional);
         }
+        constexpr Word kUrgent = {"紧急", "緊急", ""};
         const std::string_view weight =
-            random_.Chance(20) ? (random_.Chance(50) ? "重要" : "紧急") : std::string_view();
+            random_.Chance(20)
+                ? (random_.Chance(50) ? "重要" : kUrgent.In(options_.IsTraditional(false)))
+                : std::string_view();
         const std::string cost = kind == ItemKind::Guest && random_.Chance(15)
                                      ? std::to_string(10 * random_.Between(3, 90))
                                      : "";

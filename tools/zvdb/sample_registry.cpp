@@ -71,7 +71,7 @@ std::vector<Person> FillStaff(Engine& engine, const SampleOptions& options) {
     while (staff.size() < kStaff) {
         const std::size_t n = staff.size();
         // One colleague in seven comes from an office that writes in the traditional script.
-        const bool traditional = n % 7 == 6;
+        const bool traditional = options.IsTraditional(n % 7 == 6);
         Person person;
         person.name = std::string(random.Pick(Surnames()).In(traditional)) +
                       std::string(random.Pick(GivenNames()).In(traditional));

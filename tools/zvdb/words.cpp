@@ -1,5 +1,9 @@
 #include "zvdb/words.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
 namespace zv::zvdb {
 namespace {
 
@@ -81,6 +85,7 @@ constexpr Word kStreets[] = {
     {"长江路", "長安街", ""},     {"学院路", "大學路", ""},         {"迎宾大道", "迎賓道", ""},
 };
 
+// Those that write in the traditional script stand last.
 constexpr City kCities[] = {
     {"", "北京市", "北京", "010", false},
     {"", "上海市", "上海", "021", false},
@@ -121,8 +126,9 @@ constexpr City kCities[] = {
 };
 
 constexpr Department kDepartments[] = {
-    {"销售部", "XS"},     {"客户服务部", "KF"}, {"财务部", "CW"},
-    {"人力资源部", "RL"}, {"生产部", "SC"},     {"信息部", "XX"},
+    {"销售部", "XS", "銷售部"}, {"客户服务部", "KF", "客戶服務部"},
+    {"财务部", "CW", "財務部"}, {"人力资源部", "RL", "人力資源部"},
+    {"生产部", "SC", "生產部"}, {"信息部", "XX", "資訊部"},
 };
 
 constexpr Word kTaskTitles[] = {
@@ -221,6 +227,11 @@ std::span<const Word> Streets() {
 }
 std::span<const City> Cities() {
     return kCities;
+}
+std::span<const City> CitiesOf(bool traditional) {
+    const auto first = static_cast<std::size_t>(
+        std::ranges::find(kCities, true, &City::traditional) - std::begin(kCities));
+    return traditional ? Cities().subspan(first) : Cities().first(first);
 }
 std::span<const Department> Departments() {
     return kDepartments;

@@ -28,6 +28,7 @@ struct City {
 struct Department {
     std::string_view name;
     std::string_view code;
+    std::string_view traditional;
 };
 
 std::span<const Word> Surnames();
@@ -37,6 +38,8 @@ std::span<const Word> Trades();
 std::span<const Word> CompanyForms();
 std::span<const Word> Streets();
 std::span<const City> Cities();
+/// Of them those that write in one script.
+std::span<const City> CitiesOf(bool traditional);
 std::span<const Department> Departments();
 
 std::span<const Word> TaskTitles();

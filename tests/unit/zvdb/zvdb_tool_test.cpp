@@ -1,4 +1,6 @@
 // The commands: what they make, what they refuse, what they say.
+#include <algorithm>
+
 #include "scratch.h"
 #include "zvdb/engine.h"
 
@@ -132,6 +134,42 @@ TEST_F(ZvdbSample, IsTheSameForTheSameSeedAndDay) {
     EXPECT_NE(a, Dump(Path("d.db")));
 }
 
+TEST_F(ZvdbSample, IsWrittenInTheScriptAskedFor) {
+    // Of each script some characters that the other one does not write.
+    const std::vector<std::string> simplified = {"务", "销", "报", "检", "会", "电", "紧", "号",
+                                                 "张", "刘", "陈", "东", "华", "国", "贸", "业"};
+    const std::vector<std::string> traditional = {"務", "銷", "報", "檢", "會", "電", "緊", "號",
+                                                  "張", "劉", "陳", "東", "華", "國", "貿", "業"};
+    const auto written = [&](const std::vector<std::string>& script) {
+        std::vector<std::string> arguments = {"sample",  Path("a.db"), "--items", "2000",
+                                              "--plans", "40",         "--force"};
+        arguments.insert(arguments.end(), script.begin(), script.end());
+        EXPECT_EQ(RunZvdb(arguments).status, 0);
+        EXPECT_EQ(RunZvdb({"check", Path("a.db")}).status, 0);
+        Engine engine(Path("a.db"));
+        return engine.Text(
+                   "select group_concat(taskTitle||ifnull(fContent,'')||ifnull(fWay,'')||"
+                   "ifnull(fOther0,'')||ifnull(fOther1,'')) from tTaskList") +
+               engine.Text("select group_concat(taskTitle||Content||SetMan) from tTaskSet") +
+               engine.Text("select group_concat(CompName||Name||CompAdd||cityname) from cards") +
+               engine.Text("select group_concat(fName) from tRsBasic");
+    };
+    const auto holds = [](const std::string& text, const std::vector<std::string>& characters) {
+        return std::ranges::count_if(characters, [&](const std::string& character) {
+            return text.find(character) != std::string::npos;
+        });
+    };
+    const std::string both = written({});
+    EXPECT_GT(holds(both, simplified), 8);
+    EXPECT_GT(holds(both, traditional), 8);
+    const std::string one = written({"--script", "simplified"});
+    EXPECT_GT(holds(one, simplified), 8);
+    EXPECT_EQ(holds(one, traditional), 0);
+    const std::string other = written({"--script", "traditional"});
+    EXPECT_EQ(holds(other, simplified), 0);
+    EXPECT_GT(holds(other, traditional), 8);
+}
+
 TEST_F(ZvdbSample, KeepsTheStaffWhenOtherNumbersChange) {
     RunZvdb({"sample", Path("a.db")});
     RunZvdb({"sample", Path("b.db"), "--items", "50", "--cards", "10"});
@@ -148,7 +186,7 @@ TEST_F(ZvdbUsage, HelpNamesEveryCommandAndOption) {
         const Outcome help = RunZvdb({way});
         EXPECT_EQ(help.status, 0);
         for (const char* word : {"create", "sample", "check", "--items", "--cards", "--plans",
-                                 "--today", "--seed", "--force", "--quiet"}) {
+                                 "--today", "--seed", "--script", "--force", "--quiet"}) {
             EXPECT_NE(help.out.find(word), std::string::npos) << word;
         }
     }
@@ -184,6 +222,7 @@ TEST_F(ZvdbUsage, WrongArgumentsAreReportedAndMakeNothing) {
         {"sample", Path("a.db"), "--today", "2003-02-29"},
         {"sample", Path("a.db"), "--today", "7.3.2003"},
         {"sample", Path("a.db"), "--seed", ""},
+        {"sample", Path("a.db"), "--script", "latin"},
     };
     for (const auto& arguments : cases) {
         const Outcome refused = RunZvdb(arguments);
