@@ -431,8 +431,6 @@ void FormWindow::Show() {
         if (form_.State() == WindowState::Maximised) how = SW_SHOWMAXIMIZED;
         if (form_.State() == WindowState::Minimised) how = SW_SHOWMINIMIZED;
         ShowWindow(Handle(), how);
-        // A scroll bar that came while nobody saw the window is painted with the frame only.
-        RedrawWindow(Handle(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
     } else if (IsIconic(Handle())) {
         ShowWindow(Handle(), SW_RESTORE);
     }

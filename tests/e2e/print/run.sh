@@ -80,7 +80,8 @@ sqlite3 "$data" "with recursive n(i) as (select 1 union all select i+1 from n wh
 
 # The preview: pages turn, and the script goes on when the window is closed.
 check "a printer is installed" printers add 'zv paper' 'FILE:'
-script "$here/preview.vbs" "$(windows_path "$data")" 0 >"$work/preview" &
+words=(任务清单 编号 主题 日期 类型 状况 内容)
+script "$here/preview.vbs" "$(windows_path "$data")" 0 "${words[@]}" >"$work/preview" &
 script_pid=$!
 check "the preview opens" outside wait frmPreview 60
 text_is() {
@@ -141,7 +142,7 @@ titled() { # a dialog of that title stands
     return 1
 }
 preview() { # ARGUMENT...
-    script "$here/preview.vbs" "$(windows_path "$data")" 0 "$@" >"$work/preview" &
+    script "$here/preview.vbs" "$(windows_path "$data")" 0 "${words[@]}" "$@" >"$work/preview" &
     script_pid=$!
     check "the preview opens ($*)" outside wait frmPreview 60
     check "print is pressed ($*)" outside click frmPreview.cmdPrint
