@@ -41,8 +41,8 @@ std::vector<HWND> VisibleOf(std::wstring_view windowClass) {
     return std::move(search.found);
 }
 
-// The loop of a box reports to nobody that it waits, so a timer looks for it. One looks at a time: all
-// boxes belong to one thread, and the one that is looked at asks nothing.
+// The loop of a box reports to nobody that it waits, so a timer looks for it. One looks at a time:
+// all boxes belong to one thread, and the one that is looked at asks nothing.
 class BoxLook {
  public:
     explicit BoxLook(const std::function<void(HWND)>& look)
