@@ -56,7 +56,8 @@ void FormWindow::Build() {
     const ManifestInForce manifest(backend_.Controls().Manifest());
     class_ = WindowClass::Get(Module(), kClassName, &FormWindow::Procedure);
     // Where Center() puts it; the window says for sure.
-    scale_ = Scale(DpiAround(WorkAreaAt(WindowToBlock())));
+    const Screens& screens = backend_.GetScreens();
+    scale_ = Scale(screens.DpiAround(screens.WorkAreaAt(WindowToBlock())));
     placing_++;
     handle_.reset(CreateWindowExW(ExtendedStyle(), kClassName, ToWide(form_.Caption()).c_str(),
                                   Style(), scale_.ToPixels(form_.Bounds().left),
@@ -67,7 +68,7 @@ void FormWindow::Build() {
     SetPropW(Handle(), kNameProperty,
              reinterpret_cast<HANDLE>(
                  static_cast<UINT_PTR>(GlobalAddAtomW(ToWide(form_.Name()).c_str()))));
-    scale_ = Scale(DpiOf(Handle()));
+    scale_ = Scale(screens.DpiOf(Handle()));
     const bool isMeasured = !backend_.Meets(scale_.Dpi());
     font_ = CreateUiFont(scale_.Dpi());
     menu_.ShowBar(Handle());
@@ -77,7 +78,7 @@ void FormWindow::Build() {
     SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     placing_--;
     if (isMeasured)
-        ReportPlace();
+        AcceptPlace();
     else
         LayOutAgain();
 }
@@ -215,7 +216,10 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             form_.UserChangedState(wParam == SIZE_MAXIMIZED ? WindowState::Maximised
                                                             : WindowState::Normal);
-            ReportPlace();
+            if (std::exchange(missedChange_, false))
+                CatchUp();
+            else
+                ReportPlace();
             return 0;
         case WM_MOVE:
             ReportPlace();
@@ -264,6 +268,10 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         case WM_EXITSIZEMOVE:
             beingMoved_ = false;
+            if (std::exchange(rescaledOnTheWay_, false)) OnScreens();
+            break;
+        case WM_DISPLAYCHANGE:
+            OnScreens();
             break;
         case WM_ENTERIDLE:
             if (wParam == MSGF_MENU) backend_.MenuIdle();
@@ -274,6 +282,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case kGetDpiScaledSize:
             return OnScaledSize(static_cast<int>(wParam), *reinterpret_cast<SIZE*>(lParam));
         case WM_SETTINGCHANGE:
+            if (wParam == SPI_SETWORKAREA) OnScreens();
+            OnSystemChanged();
+            break;
         case WM_THEMECHANGED:
         case WM_SYSCOLORCHANGE:
             OnSystemChanged();
