@@ -27,6 +27,8 @@ void Form::Load() {
     loaded_ = true;
     loading_ = true;
     try {
+        // Texts are measured as the monitor shows them where the window starts.
+        windows_.GetBackend().WorkArea();
         Form_Load();
     } catch (...) {
         loading_ = false;
@@ -340,6 +342,7 @@ void Form::WasRescaled(Rect bounds, Size inside) {
     inside_ = inside;
     UpdateView();
     windows_.FromUser([this] {
+        Form_Rescale();
         Form_Resize();
         if (active_) Reveal(*active_);
     });

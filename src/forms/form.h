@@ -155,6 +155,9 @@ class Form {
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Resize() {}
+    /// Texts have other widths than before: what follows from them is sized anew. Form_Resize
+    /// comes afterwards.
+    virtual void Form_Rescale() {}
     /// The user wants to leave: asks him where that loses input. False: he stays.
     virtual bool MayLeave();
     /// `byUser`: closed by its frame.

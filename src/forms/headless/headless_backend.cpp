@@ -52,6 +52,7 @@ void HeadlessWindow::Start() {
     BoundsChanged();
     // Another monitor may have less or more room for the texts than the ones known so far.
     if (!isMeasured) form_.WasRescaled(Units(), Inside());
+    if (form_.View().Inside() != Inside()) BoundsChanged();
 }
 
 void HeadlessWindow::BoundsChanged() {
@@ -65,8 +66,9 @@ void HeadlessWindow::BoundsChanged() {
 }
 
 void HeadlessWindow::PlaceWhole(Size pixels) {
-    const Rect wanted{place_.left, place_.top, pixels.width, pixels.height};
-    place_ = FitInto(wanted, backend_.Around(wanted).workArea);
+    // One that grows may have most of its new size on the next monitor, where it does not go.
+    const Rect area = backend_.Around(place_).workArea;
+    place_ = FitInto({place_.left, place_.top, pixels.width, pixels.height}, area);
 }
 
 void HeadlessWindow::FollowScale(const Monitor& monitor) {

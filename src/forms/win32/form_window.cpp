@@ -81,6 +81,8 @@ void FormWindow::Build() {
         AcceptPlace();
     else
         LayOutAgain();
+    // Laid out for other texts, it may need another size.
+    if (form_.View().Inside() != InsideUnits()) BoundsChanged();
 }
 
 void FormWindow::Build(Control& control, int id) {

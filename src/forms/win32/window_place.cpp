@@ -147,7 +147,12 @@ void FormWindow::PlaceByClient() {
     const int left = scale_.ToPixels(form_.Bounds().left);
     const int top = scale_.ToPixels(form_.Bounds().top);
     const RECT wanted{left, top, left + outer.right - outer.left, top + outer.bottom - outer.top};
-    MoveTo(FitInto(FromRect(wanted), FromRect(backend_.GetScreens().WorkAreaAround(wanted))));
+    // One that grows may have most of its new size on the next monitor, where it does not go.
+    RECT present{};
+    GetWindowRect(Handle(), &present);
+    OffsetRect(&present, left - static_cast<int>(present.left),
+               top - static_cast<int>(present.top));
+    MoveTo(FitInto(FromRect(wanted), FromRect(backend_.GetScreens().WorkAreaAround(present))));
 }
 
 void FormWindow::BoundsChanged() {
