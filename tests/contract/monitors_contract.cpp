@@ -26,11 +26,14 @@ struct FullForm : TestForm {
         cmdOK.Move({500, 360, 80, 28});
         grdAll.SetColumns({{"编号", 80, true}, {"名称", 120, true}});
         grdAll.SetDataRowCount(3);
-        const int root = tvwAll.Add(TreeView::kNone, "A", "任务", "");
-        for (const char* key : {"Z1", "Z2", "Z3"}) tvwAll.Add(root, key, key, "");
+        images.Add("item", Icon());
+        tvwAll.SetImageList(&images);
+        const int root = tvwAll.Add(TreeView::kNone, "A", "任务", "item");
+        for (const char* key : {"Z1", "Z2", "Z3"}) tvwAll.Add(root, key, key, "item");
         tvwAll.SetExpanded(root, true);
         SetClientSize({600, 400});
     }
+    ImageList images;
     TextBox txtTitle{*this, "txtTitle"};
     TreeView tvwAll{*this, "tvwAll"};
     Grid grdAll{*this, "grdAll"};

@@ -308,13 +308,16 @@ struct ScrollingForm : TestForm {
         SetClientSize({512, 216});
         grdAll.SetColumns({{"编号", 120, true}, {"名称", 120, true}, {"地址", 120, true}});
         grdAll.SetDataRowCount(kMany);
+        images.Add("item", Icon());
+        tvwAll.SetImageList(&images);
         std::string lines;
         for (int i = 0; i < kMany; i++) {
-            tvwAll.Add(TreeView::kNone, "Z" + std::to_string(i), "任务", "");
+            tvwAll.Add(TreeView::kNone, "Z" + std::to_string(i), "任务", "item");
             lines += std::to_string(i) + "\r\n";
         }
         txtAll.SetText(lines);
     }
+    ImageList images;
     TreeView tvwAll{*this, "tvwAll"};
     Grid grdAll{*this, "grdAll"};
     TextBox txtAll{*this, "txtAll"};

@@ -31,8 +31,8 @@ class PlayedBackend : public forms::win32::Win32Backend {
     /// In place of the system's colours.
     std::optional<forms::SystemTheme> theme;
 
-    /// From now on there are these monitors; windows that are open are told as the system tells
-    /// them.
+    /// From now on there are these monitors; windows that are open get the messages that a system
+    /// sends then.
     void SetMonitors(const forms::Monitors& monitors);
     /// What the system sends a window that lies on a monitor of another scale than its own.
     void FollowScale(const forms::win32::FormWindow& window);
