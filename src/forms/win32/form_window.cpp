@@ -19,6 +19,7 @@ namespace {
 constexpr wchar_t kClassName[] = L"zv.Form";
 constexpr UINT kKeyMessage = WM_APP + 1;
 constexpr UINT kMenuMessage = WM_APP + 2;
+constexpr UINT kCatchUpMessage = WM_APP + 3;
 
 // The native windows of this copy of this module, which belong to one thread. Another module may
 // have windows of the same class name, even of another version of this code: what they keep is
@@ -218,10 +219,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             form_.UserChangedState(wParam == SIZE_MAXIMIZED ? WindowState::Maximised
                                                             : WindowState::Normal);
-            if (std::exchange(missedChange_, false))
-                CatchUp();
-            else
-                ReportPlace();
+            // The system is not done with restoring the window yet.
+            if (missedChange_) PostMessageW(Handle(), kCatchUpMessage, 0, 0);
+            ReportPlace();
             return 0;
         case WM_MOVE:
             ReportPlace();
@@ -297,6 +297,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
                 deferred_.erase(deferred_.begin(), std::next(at));
                 HandleKey(key);
             }
+            return 0;
+        case kCatchUpMessage:
+            CatchUp();
             return 0;
         case kMenuMessage:
             menuChanged_ = false;

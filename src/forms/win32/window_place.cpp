@@ -88,6 +88,7 @@ void FormWindow::OnScreens() {
 }
 
 void FormWindow::CatchUp() {
+    if (gone_ || IsIconic(Handle()) || !std::exchange(missedChange_, false)) return;
     OnScreens();
     LayOutAgain();
 }
@@ -133,7 +134,8 @@ Rect FormWindow::OuterUnits() const {
 }
 
 void FormWindow::ReportPlace() {
-    if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
+    // The size that it has after a change that it missed is not what anybody wants.
+    if (placing_ > 0 || gone_ || missedChange_ || IsIconic(Handle())) return;
     form_.UserResized(OuterUnits(), InsideUnits());
 }
 
