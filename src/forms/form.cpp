@@ -27,6 +27,8 @@ void Form::Load() {
     loaded_ = true;
     loading_ = true;
     try {
+        // Texts are measured as the monitor shows them where the window starts.
+        windows_.GetBackend().WorkArea();
         Form_Load();
     } catch (...) {
         loading_ = false;
@@ -185,6 +187,12 @@ void Form::SetMinimumClientSize(Size size) {
     UpdateView();
 }
 
+Size Form::SmallestInside() const {
+    constexpr Size kSmallest{320, 240};
+    return {std::min(minimumClientSize_.width, kSmallest.width),
+            std::min(minimumClientSize_.height, kSmallest.height)};
+}
+
 void Form::SetSizable(bool sizable) {
     sizable_ = sizable;
     UpdateView();
@@ -316,6 +324,11 @@ bool Form::UserMayEnd() {
 }
 
 void Form::UserResized(Rect bounds, Size inside) {
+    if (sizable_ && state_ == WindowState::Normal && inside != inside_) wanted_ = inside;
+    WasPlaced(bounds, inside);
+}
+
+void Form::WasPlaced(Rect bounds, Size inside) {
     bounds_ = bounds;
     if (inside == inside_) return;
     inside_ = inside;
@@ -324,15 +337,27 @@ void Form::UserResized(Rect bounds, Size inside) {
     if (clientSize_ != former) windows_.FromUser([this] { Form_Resize(); });
 }
 
-void Form::UserRescaled(Rect bounds, Size inside) {
+void Form::WasRescaled(Rect bounds, Size inside) {
     bounds_ = bounds;
     inside_ = inside;
     UpdateView();
-    windows_.FromUser([this] { Form_Resize(); });
+    windows_.FromUser([this] {
+        Form_Rescale();
+        Form_Resize();
+        if (active_) Reveal(*active_);
+    });
 }
 
 void Form::UserScrolled(Position offset) {
     if (view_.ScrollTo(offset) && peer_) peer_->ViewChanged();
+}
+
+void Form::UserScrolled(Viewport::Axis axis, Viewport::Step step) {
+    UserScrolled(view_.After(axis, step));
+}
+
+void Form::UserTurnedWheel(Viewport::Axis axis, int turned) {
+    UserScrolled(view_.AfterWheel(axis, turned));
 }
 
 void Form::UserActivated() {

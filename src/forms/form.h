@@ -58,9 +58,14 @@ class Form {
     /// What the controls are laid out in. Where the screen has less room, or the user gives a
     /// sizable window less than its smallest size, the window shows a part of it and scrolls.
     const Size& ClientSize() const { return clientSize_; }
+    /// The room inside the frame that the layout, or the user of a sizable window, asked for last.
+    /// Where a screen has less the window is smaller, until there is more again.
+    const Size& WantedInside() const { return wanted_; }
     void SetClientSize(Size size);
     const Size& MinimumClientSize() const { return minimumClientSize_; }
     void SetMinimumClientSize(Size size);
+    /// What the user leaves of a sizable window at least: below its smallest size it scrolls.
+    Size SmallestInside() const;
     bool Sizable() const { return sizable_; }
     void SetSizable(bool sizable);
     /// The part of the controls' room that is seen.
@@ -120,10 +125,15 @@ class Form {
     bool UserMayEnd();
     /// `inside`: the room inside the frame, scroll bars included.
     void UserResized(Rect bounds, Size inside);
+    /// The same where the program or the system gave the window its place.
+    void WasPlaced(Rect bounds, Size inside);
     /// The same after a change of the resolution, which changes the widths of texts: the window is
-    /// laid out again even where its size in units is as it was.
-    void UserRescaled(Rect bounds, Size inside);
+    /// laid out again even where its size in units is as it was. The focus stays in view.
+    void WasRescaled(Rect bounds, Size inside);
     void UserScrolled(Position offset);
+    void UserScrolled(Viewport::Axis axis, Viewport::Step step);
+    /// `turned` in the parts of a notch that Viewport counts.
+    void UserTurnedWheel(Viewport::Axis axis, int turned);
     void UserChangedState(WindowState state) { state_ = state; }
     void UserActivated();
     /// The native window is being destroyed by somebody else, or the session ends: the form goes
@@ -145,6 +155,9 @@ class Form {
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Resize() {}
+    /// Texts have other widths than before: what follows from them is sized anew. Form_Resize
+    /// comes afterwards.
+    virtual void Form_Rescale() {}
     /// The user wants to leave: asks him where that loses input. False: he stays.
     virtual bool MayLeave();
     /// `byUser`: closed by its frame.

@@ -11,6 +11,15 @@ int Shown(int offset, int begin, int end, int length) {
     return std::min(offset, begin);
 }
 
+/// What an arrow of the bar moves by.
+constexpr int kLine = 24;
+constexpr int kLinesOfANotch = 3;
+
+Position Moved(Position offset, Viewport::Axis axis, int by) {
+    return axis == Viewport::Axis::Horizontal ? Position{offset.x + by, offset.y}
+                                              : Position{offset.x, offset.y + by};
+}
+
 }  // namespace
 
 void Viewport::Set(Size inside, Size least, int bar) {
@@ -36,6 +45,34 @@ bool Viewport::ScrollTo(Position offset) {
 bool Viewport::Reveal(const Rect& place) {
     return ScrollTo({Shown(offset_.x, place.left, place.Right(), view_.width),
                      Shown(offset_.y, place.top, place.Bottom(), view_.height)});
+}
+
+Position Viewport::After(Axis axis, Step step) const {
+    const bool across = axis == Axis::Horizontal;
+    const int page = across ? view_.width : view_.height;
+    const int content = across ? content_.width : content_.height;
+    switch (step) {
+        case Step::LineBack:
+            return Moved(offset_, axis, -kLine);
+        case Step::LineOn:
+            return Moved(offset_, axis, kLine);
+        case Step::PageBack:
+            return Moved(offset_, axis, -page);
+        case Step::PageOn:
+            return Moved(offset_, axis, page);
+        case Step::Start:
+            return across ? Position{0, offset_.y} : Position{offset_.x, 0};
+        case Step::End:
+            break;
+    }
+    return across ? Position{content - page, offset_.y} : Position{offset_.x, content - page};
+}
+
+Position Viewport::AfterWheel(Axis axis, int turned) const {
+    constexpr int kWayOfANotch = kLine * kLinesOfANotch;
+    const int half = turned < 0 ? -kNotch / 2 : kNotch / 2;
+    const int way = (turned * kWayOfANotch + half) / kNotch;
+    return Moved(offset_, axis, axis == Axis::Horizontal ? way : -way);
 }
 
 Rect FitInto(const Rect& place, const Rect& area) {

@@ -27,6 +27,16 @@ class Viewport {
     /// beginning. True when the content moves.
     bool Reveal(const Rect& place);
 
+    enum class Axis { Horizontal, Vertical };
+    /// What a scroll bar is asked for, or the keys of one.
+    enum class Step { LineBack, LineOn, PageBack, PageOn, Start, End };
+    /// The offset after the step. A page is what the view shows.
+    Position After(Axis axis, Step step) const;
+    /// The offset after the wheel turned by so many parts of a notch, `kNotch` being a whole one:
+    /// towards the end of the row to the right, away from the user towards the top.
+    Position AfterWheel(Axis axis, int turned) const;
+    static constexpr int kNotch = 120;
+
  private:
     Size inside_;
     Size view_;

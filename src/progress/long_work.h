@@ -63,6 +63,7 @@ class frmProgress : public forms::Form {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override { PlaceControls(); }
     void Form_Unload(bool& cancel) override;
 
  private:

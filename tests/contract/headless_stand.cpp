@@ -14,6 +14,7 @@ class HeadlessStand : public Stand {
     }
     void SetMenuLoop(std::function<void()> loop) override { backend_.onMenuIdle = std::move(loop); }
     void SetWorkArea(const forms::Rect& area) override { backend_.workArea = area; }
+    void SetMonitors(const forms::Monitors& monitors) override { backend_.SetMonitors(monitors); }
 
  private:
     forms::headless::HeadlessBackend backend_{dialogs};

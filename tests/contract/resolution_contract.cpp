@@ -1,5 +1,7 @@
 // Windows in a program that knows nothing of resolutions, and windows whose resolution changes.
 #include <windows.h>
+// Behind it.
+#include <commctrl.h>
 
 #include <array>
 #include <functional>
@@ -10,8 +12,10 @@
 
 #include "driver/win32/played_backend.h"
 #include "forms/buttons.h"
+#include "forms/grid.h"
 #include "forms/lists.h"
 #include "forms/text_box.h"
+#include "forms/tree_view.h"
 #include "forms/win32/display.h"
 #include "forms/win32/form_window.h"
 #include "forms/win32/input_box.h"
@@ -291,6 +295,63 @@ TEST_F(Resolution, AWindowIsLaidOutOnceMoreByTextsOfTheNewOne) {
     for (std::size_t i = 0; i < texts.size(); i++) {
         EXPECT_GE(scale.ToPixels(widths[i]), win32::MeasureText(font.get(), texts[i]).cx)
             << texts[i];
+    }
+}
+
+struct ScrollingForm : TestForm {
+    explicit ScrollingForm(WindowSystem& windows) : TestForm(windows, "frmScrolling") {
+        constexpr int kMany = 100;
+        tvwAll.Move({8, 8, 160, 200});
+        grdAll.Move({176, 8, 160, 200});
+        txtAll.Move({344, 8, 160, 80});
+        txtAll.SetMultiLine(true);
+        SetClientSize({512, 216});
+        grdAll.SetColumns({{"编号", 120, true}, {"名称", 120, true}, {"地址", 120, true}});
+        grdAll.SetDataRowCount(kMany);
+        images.Add("item", Icon());
+        tvwAll.SetImageList(&images);
+        std::string lines;
+        for (int i = 0; i < kMany; i++) {
+            tvwAll.Add(TreeView::kNone, "Z" + std::to_string(i), "任务", "item");
+            lines += std::to_string(i) + "\r\n";
+        }
+        txtAll.SetText(lines);
+    }
+    ImageList images;
+    TreeView tvwAll{*this, "tvwAll"};
+    Grid grdAll{*this, "grdAll"};
+    TextBox txtAll{*this, "txtAll"};
+};
+
+TEST_F(Resolution, WhatIsScrolledInControlsStaysWhereItWas) {
+    auto& other = windows_.Create<ScrollingForm>();
+    other.Show(false);
+    auto* shown = static_cast<driver::PlayedBackend&>(stand_->GetBackend()).Find(other);
+    const HWND tree = shown->Find(other.tvwAll)->Handle();
+    const HWND grid = shown->Find(other.grdAll)->Handle();
+    const HWND text = shown->Find(other.txtAll)->Handle();
+    const auto topNode = [&] { return SendMessageW(tree, TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0); };
+    const auto topRow = [&] { return SendMessageW(grid, LVM_GETTOPINDEX, 0, 0); };
+    const auto topLine = [&] { return SendMessageW(text, EM_GETFIRSTVISIBLELINE, 0, 0); };
+    const auto column = [&] { return GetScrollPos(grid, SB_HORZ); };
+    for (int page = 0; page < 3; page++) SendMessageW(tree, WM_VSCROLL, SB_PAGEDOWN, 0);
+    SendMessageW(grid, LVM_SCROLL, 90, 600);
+    SendMessageW(text, EM_LINESCROLL, 0, 30);
+    const LRESULT node = topNode();
+    const LRESULT row = topRow();
+    ASSERT_NE(node, SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
+    ASSERT_GT(row, 0);
+    ASSERT_EQ(topLine(), 30);
+    ASSERT_EQ(column(), 90);
+    for (const int dpi : {2 * before, before}) {
+        const Size pixels = Scale(dpi).ToPixels(Size{540, 260});
+        const RECT suggested{20, 30, 20 + pixels.width, 30 + pixels.height};
+        SendMessageW(shown->Handle(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+                     reinterpret_cast<LPARAM>(&suggested));
+        EXPECT_EQ(topNode(), node) << dpi;
+        EXPECT_EQ(topRow(), row) << dpi;
+        EXPECT_EQ(topLine(), 30) << dpi;
+        EXPECT_GT(column(), 0) << dpi;
     }
 }
 

@@ -12,6 +12,7 @@
 #include "doubles/queued_dialogs.h"
 #include "driver/driver.h"
 #include "forms/form.h"
+#include "forms/monitors.h"
 #include "forms/window_system.h"
 
 namespace zv::contract {
@@ -28,6 +29,8 @@ class Stand {
     virtual void SetMenuLoop(std::function<void()> loop) = 0;
     /// What windows may cover of the screen, in units.
     virtual void SetWorkArea(const forms::Rect& area) = 0;
+    /// From now on there are these monitors; windows that are open follow.
+    virtual void SetMonitors(const forms::Monitors& monitors) = 0;
     /// Native windows and graphics objects that are still held; 0 after the last window is gone.
     virtual int LiveHandles() const { return 0; }
 

@@ -58,6 +58,8 @@ class Driver {
     virtual void PressHeading(forms::Control& grid, int column) = 0;
     virtual void ResizeColumn(forms::Control& grid, int column, int width) = 0;
     virtual void Resize(forms::Form& form, forms::Size inside) = 0;
+    /// Drags the window by its frame until its corner is there, in pixels of the desktop.
+    virtual void Drag(forms::Form& form, forms::Position corner) = 0;
     virtual void Close(forms::Form& form) = 0;
     /// The user logs off: every window is asked, and when none objects all go.
     virtual void EndSession(forms::WindowSystem& windows) = 0;
@@ -67,6 +69,10 @@ class Driver {
     virtual std::optional<std::string> Read(forms::Control& control, const std::string& property,
                                             const std::vector<int>& arguments) = 0;
     virtual std::string ReadCaption(forms::Form& form) = 0;
+    /// In pixels of the desktop, frame included.
+    virtual forms::Rect ReadPlace(forms::Form& form) = 0;
+    /// The resolution that the window is laid out for.
+    virtual int ReadDpi(forms::Form& form) = 0;
     /// As LayoutFaults says, of what the user sees.
     virtual std::vector<std::string> ReadFaults(forms::Form& form) = 0;
     /// Writes a picture of the window to a bitmap file. Throws DriverError where there is no

@@ -224,6 +224,19 @@ Action Resize(Words words) {
     };
 }
 
+Action Drag(Words words) {
+    const forms::Position corner{ToInteger(words[1]), ToInteger(words[2])};
+    return [name = ParseWindow(words[0]), corner](ScenarioStage& stage) {
+        forms::Form& form = FindForm(stage.windows, name);
+        stage.RequireReachable(form);
+        try {
+            stage.driver.Drag(form, corner);
+        } catch (const driver::DriverError& error) {
+            throw Failure(error.what());
+        }
+    };
+}
+
 constexpr std::array kActing = std::to_array<CommandSpec>({
     {"answer", 1, 1, "ok|cancel|yes|no|enter", AnswerBox, OpenMenu::Stays},
     {"input", 1, 1, "\"TEXT\"|cancel", Input, OpenMenu::Stays},
@@ -246,6 +259,7 @@ constexpr std::array kActing = std::to_array<CommandSpec>({
     {"close", 1, 1, "W", Close},
     {"minimise", 1, 1, "W", Minimise},
     {"resize", 3, 3, "W WIDTH HEIGHT", Resize},
+    {"drag", 3, 3, "W LEFT TOP", Drag},
     {"call", 1, CommandSpec::kMany, "NAME ARG...", CompileCall},
 });
 

@@ -6,6 +6,7 @@
 
 #include "driver/driver.h"
 #include "forms/backend.h"
+#include "forms/monitors.h"
 
 namespace zv::script {
 
@@ -24,6 +25,8 @@ class BackendStand {
     virtual driver::Driver& GetDriver() = 0;
     /// What windows may cover of the screen, in units.
     virtual void SetWorkArea(const forms::Rect& area) = 0;
+    /// From now on there are these monitors; windows that are open follow.
+    virtual void SetMonitors(const forms::Monitors& monitors) = 0;
     /// The system's colours.
     virtual void SetTheme(const forms::SystemTheme& theme) = 0;
     /// Lets the windows handle what an act has left waiting.

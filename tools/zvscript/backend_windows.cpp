@@ -22,7 +22,11 @@ class Win32Stand : public BackendStand {
     forms::Backend& GetBackend() override { return backend_; }
     driver::Driver& GetDriver() override { return driver_; }
     void SetWorkArea(const forms::Rect& area) override {
-        backend_.workArea = forms::win32::Scale(forms::win32::SystemDpi()).ToPixels(area);
+        backend_.screens.workArea = forms::win32::Scale(forms::win32::SystemDpi()).ToPixels(area);
+    }
+    void SetMonitors(const forms::Monitors& monitors) override {
+        backend_.SetMonitors(monitors);
+        driver::PumpMessages();
     }
     void SetTheme(const forms::SystemTheme& theme) override { backend_.theme = theme; }
     void Settle() override { driver::PumpMessages(); }

@@ -6,6 +6,7 @@
 #include "failure.h"
 #include "forms/form.h"
 #include "forms/menu.h"
+#include "forms/monitors.h"
 #include "scenario_stage.h"
 #include "script_text.h"
 #include "target.h"
@@ -87,12 +88,37 @@ std::optional<std::string> ReadMenu(const forms::MenuItem& item, const std::stri
     return {};
 }
 
+template <class Look>
+auto AtWindow(const Look& look) {
+    try {
+        return look();
+    } catch (const driver::DriverError& error) {
+        throw Failure(error.what());
+    }
+}
+
+forms::Rect Place(ScenarioStage& stage, forms::Form& form) {
+    return AtWindow([&] { return stage.driver.ReadPlace(form); });
+}
+
+int Dpi(ScenarioStage& stage, forms::Form& form) {
+    return AtWindow([&] { return stage.driver.ReadDpi(form); });
+}
+
 std::string ReadWindow(ScenarioStage& stage, const PropertyPath& path) {
     forms::Form& form = FindForm(stage.windows, path.target.window);
     if (path.property == "focus") {
         return form.ActiveControl() ? form.ActiveControl()->DisplayName() : std::string();
     }
+    if (path.property == "monitor") return stage.desktop.NameAround(Place(stage, form));
+    if (path.property == "scale") {
+        constexpr int kPercent = 100;
+        return std::to_string(Dpi(stage, form) * kPercent / forms::Scale::kUsualDpi);
+    }
     if (path.property == "onscreen") {
+        if (!stage.desktop.IsEmpty()) {
+            return Truth(forms::LiesWhole(stage.desktop.All(), Place(stage, form)));
+        }
         const forms::Rect area = stage.windows.GetBackend().WorkArea();
         return Truth(forms::FitInto(form.Bounds(), area) == form.Bounds());
     }

@@ -19,6 +19,7 @@
 #include "platform/scripted/scripted_machine.h"
 #include "resources/file_settings.h"
 #include "scripted_database.h"
+#include "scripted_desktop.h"
 #include "scripted_dialogs.h"
 #include "scripted_events.h"
 #include "session/session.h"
@@ -68,6 +69,7 @@ class ScenarioStage {
     Session session;
     ZvTask control;
     driver::Driver& driver;
+    ScriptedDesktop desktop;
     UserLocale locale;
 
     doubles::TextBag bag;                           ///< as last written

@@ -138,6 +138,53 @@ Action Screen(Words words) {
     return [area](ScenarioStage& stage) { stage.stand->SetWorkArea(area); };
 }
 
+constexpr int kPercent = 100;
+
+// What is left of a monitor beside a bar of that thickness at one of its edges.
+forms::Rect Beside(forms::Rect bounds, const std::string& edge, int thickness) {
+    if (edge == "left" || edge == "right") {
+        bounds.width -= thickness;
+        if (edge == "left") bounds.left += thickness;
+    } else if (edge == "top" || edge == "bottom") {
+        bounds.height -= thickness;
+        if (edge == "top") bounds.top += thickness;
+    } else {
+        throw ScriptError("an edge is left, top, right or bottom");
+    }
+    return bounds;
+}
+
+Action PlugIn(Words words) {
+    constexpr std::size_t kPlain = 6;
+    constexpr std::size_t kWithBar = 8;
+    if (words.size() != kPlain && words.size() != kWithBar) {
+        throw ScriptError("monitor NAME LEFT TOP WIDTH HEIGHT PERCENT [EDGE THICKNESS]");
+    }
+    forms::Monitor monitor;
+    monitor.bounds = {ToInteger(words[1]), ToInteger(words[2]), ToInteger(words[3]),
+                      ToInteger(words[4])};
+    monitor.workArea = words.size() == kWithBar
+                           ? Beside(monitor.bounds, words[6], ToInteger(words[7]))
+                           : monitor.bounds;
+    const int percent = ToInteger(words[5]);
+    if (monitor.workArea.width < 1 || monitor.workArea.height < 1) {
+        throw ScriptError("a monitor has a width and a height");
+    }
+    if (percent < kPercent) throw ScriptError("the scale of a monitor is 100 or more");
+    monitor.dpi = forms::Scale::kUsualDpi * percent / kPercent;
+    return [name = words[0], monitor](ScenarioStage& stage) {
+        stage.desktop.Set(name, monitor);
+        stage.stand->SetMonitors(stage.desktop.All());
+    };
+}
+
+Action Unplug(Words words) {
+    return [name = words[0]](ScenarioStage& stage) {
+        stage.desktop.Remove(name);
+        stage.stand->SetMonitors(stage.desktop.All());
+    };
+}
+
 // The colour of the windows' ground, RRGGBB.
 Action Colors(Words words) {
     constexpr std::size_t kDigits = 6;
@@ -165,6 +212,9 @@ constexpr std::array kStage = std::to_array<CommandSpec>({
     {"bag", 1, CommandSpec::kMany, "init|read KEY=VALUE...|write", Bag},
     {"locale", 1, 1, "zh-CN|en-US|de-DE", Locale, OpenMenu::Stays},
     {"screen", 4, 4, "LEFT TOP WIDTH HEIGHT", Screen, OpenMenu::Stays},
+    {"monitor", 6, 8, "NAME LEFT TOP WIDTH HEIGHT PERCENT [EDGE THICKNESS]", PlugIn,
+     OpenMenu::Stays},
+    {"unplug", 1, 1, "NAME", Unplug, OpenMenu::Stays},
     {"theme", 1, 2, "RRGGBB [contrast]", Colors, OpenMenu::Stays},
     {"opener", 1, 1, "fail", Opener, OpenMenu::Stays},
     {"dberror", 2, 2, "N \"TEXT\"", DatabaseError, OpenMenu::Stays},

@@ -133,7 +133,7 @@ PropertyPath ParsePropertyPath(const std::string& word) {
         const bool known = last.name == "caption" || last.name == "modal" ||
                            last.name == "minimised" || last.name == "focus" ||
                            last.name == "onscreen" || last.name == "scrolls" ||
-                           last.name == "faults";
+                           last.name == "faults" || last.name == "monitor" || last.name == "scale";
         if (!known || last.parenthesis) {
             throw ScriptError("a window has no property " + Quote(last.name));
         }

@@ -48,6 +48,7 @@ class PageSetupForm : public forms::Form {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override { PlaceControls(); }
 
  private:
     struct MarginField {

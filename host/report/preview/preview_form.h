@@ -55,6 +55,7 @@ class PreviewForm : public forms::Form {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override { PlaceToolbar(); }
     void Form_Activate() override;
     void Form_Resize() override;
 

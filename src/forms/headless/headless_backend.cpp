@@ -6,26 +6,24 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "forms/form.h"
+#include "forms/viewport.h"
 
 namespace zv::forms::headless {
 
 namespace {
 
-// A window that nobody sees, without a frame; it lies within the work area as others do, and its
-// menus take their time.
+// Its menus take their time.
 class HeadlessFormPeer : public FormPeer {
  public:
-    HeadlessFormPeer(HeadlessBackend& backend, Form& form) : backend_(backend), form_(form) {}
-    void Show() override {}
+    HeadlessFormPeer(HeadlessBackend& backend, Form& form)
+        : backend_(backend), form_(form), window_(backend, form) {
+        window_.Start();
+    }
+    void Show() override { backend_.Raise(form_); }
     void Hide() override {}
     void CaptionChanged() override {}
-    void BoundsChanged() override {
-        if (std::exchange(placing_, true)) return;
-        const Rect outer = FitInto(form_.Bounds(), backend_.workArea);
-        form_.UserResized(outer, {outer.width, outer.height});
-        placing_ = false;
-    }
-    void WindowStateChanged() override {}
+    void BoundsChanged() override { window_.BoundsChanged(); }
+    void WindowStateChanged() override { window_.StateChanged(); }
     void MenuChanged(MenuItem&) override {}
     MenuItem* PopupMenu(MenuItem&, int, int) override {
         if (backend_.onMenuIdle) backend_.onMenuIdle();
@@ -35,15 +33,79 @@ class HeadlessFormPeer : public FormPeer {
  private:
     HeadlessBackend& backend_;
     Form& form_;
-    bool placing_ = false;
+    HeadlessWindow window_;
 };
 
 }  // namespace
 
+HeadlessWindow::HeadlessWindow(HeadlessBackend& backend, Form& form)
+    : backend_(backend), form_(form), scale_(backend.WhereTheUserWorks().dpi) {
+    backend_.windows_.insert(backend_.windows_.begin(), this);
+}
+
+HeadlessWindow::~HeadlessWindow() {
+    std::erase(backend_.windows_, this);
+}
+
+void HeadlessWindow::Start() {
+    const bool isMeasured = !backend_.Meets(scale_.Dpi());
+    BoundsChanged();
+    // Another monitor may have less or more room for the texts than the ones known so far.
+    if (!isMeasured) form_.WasRescaled(Units(), Inside());
+    if (form_.View().Inside() != Inside()) BoundsChanged();
+}
+
+void HeadlessWindow::BoundsChanged() {
+    if (std::exchange(placing_, true)) return;
+    const Rect& wanted = form_.Bounds();
+    place_.left = scale_.ToPixels(wanted.left);
+    place_.top = scale_.ToPixels(wanted.top);
+    PlaceWhole(scale_.ToPixels(Size{wanted.width, wanted.height}));
+    form_.WasPlaced(Units(), Inside());
+    placing_ = false;
+}
+
+void HeadlessWindow::PlaceWhole(Size pixels) {
+    // One that grows may have most of its new size on the next monitor, where it does not go.
+    const Rect area = backend_.Around(place_).workArea;
+    place_ = FitInto({place_.left, place_.top, pixels.width, pixels.height}, area);
+}
+
+void HeadlessWindow::FollowScale(const Monitor& monitor) {
+    scale_ = Scale(monitor.dpi);
+    backend_.Meets(monitor.dpi);
+    const Size wanted = scale_.ToPixels(form_.WantedInside());
+    place_ = FitInto({place_.left, place_.top, wanted.width, wanted.height}, monitor.workArea);
+    form_.WasRescaled(Units(), Inside());
+}
+
+void HeadlessWindow::ScreensChanged() {
+    if (form_.State() == WindowState::Minimised) {
+        missedChange_ = true;
+        return;
+    }
+    const Monitor monitor = backend_.Around(place_);
+    if (monitor.dpi != scale_.Dpi()) return FollowScale(monitor);
+    const Size wanted = scale_.ToPixels(form_.WantedInside());
+    place_ = FitInto({place_.left, place_.top, wanted.width, wanted.height}, monitor.workArea);
+    form_.WasPlaced(Units(), Inside());
+}
+
+void HeadlessWindow::StateChanged() {
+    if (form_.State() == WindowState::Minimised || !std::exchange(missedChange_, false)) return;
+    ScreensChanged();
+}
+
+void HeadlessWindow::DraggedTo(Position corner) {
+    place_.left = corner.x;
+    place_.top = corner.y;
+    const Monitor monitor = backend_.Around(place_);
+    if (monitor.dpi != scale_.Dpi()) return FollowScale(monitor);
+    form_.UserResized(Units(), Inside());
+}
+
 std::unique_ptr<FormPeer> HeadlessBackend::Realize(Form& form) {
-    auto peer = std::make_unique<HeadlessFormPeer>(*this, form);
-    peer->BoundsChanged();
-    return peer;
+    return std::make_unique<HeadlessFormPeer>(*this, form);
 }
 
 void HeadlessBackend::RunModal(Form& form) {
@@ -54,20 +116,91 @@ void HeadlessBackend::RunModal(Form& form) {
 }
 
 Size HeadlessBackend::MeasureText(std::string_view text) {
-    Size size{0, 16};
-    int width = 0;
-    for (std::size_t position = 0; position < text.size();) {
-        const char32_t c = text::NextCodePoint(text, position);
-        if (c == '\r') continue;
-        if (c == '\n') {
-            size.height += 16;
-            width = 0;
-            continue;
+    constexpr int kLine = 16;
+    constexpr int kNarrow = 6;
+    constexpr int kWide = 12;
+    constexpr char32_t kFirstWide = 0x1100;
+    Size most;
+    for (const int dpi : resolutions_) {
+        const Scale scale(dpi);
+        // A character has whole pixels, and what it needs is rounded up.
+        const auto up = [&](int units) {
+            const int pixels = scale.ToPixels(units);
+            return pixels * Scale::kUsualDpi < units * dpi ? pixels + 1 : pixels;
+        };
+        Size size{0, up(kLine)};
+        int width = 0;
+        for (std::size_t position = 0; position < text.size();) {
+            const char32_t c = text::NextCodePoint(text, position);
+            if (c == '\r') continue;
+            if (c == '\n') {
+                size.height += up(kLine);
+                width = 0;
+                continue;
+            }
+            width += up(c < kFirstWide ? kNarrow : kWide);
+            size.width = std::max(size.width, width);
         }
-        width += c < 0x1100 ? 6 : 12;
-        size.width = std::max(size.width, width);
+        most.width = std::max(most.width, scale.UnitsThatHold(size.width));
+        most.height = std::max(most.height, scale.UnitsThatHold(size.height));
     }
-    return size;
+    return most;
+}
+
+bool HeadlessBackend::Meets(int dpi) {
+    if (std::find(resolutions_.begin(), resolutions_.end(), dpi) != resolutions_.end())
+        return false;
+    resolutions_.push_back(dpi);
+    return true;
+}
+
+Rect HeadlessBackend::WorkArea() {
+    const Monitor monitor = WhereTheUserWorks();
+    Meets(monitor.dpi);
+    return Scale(monitor.dpi).ToUnits(monitor.workArea);
+}
+
+Monitor HeadlessBackend::Around(const Rect& place) const {
+    return monitors_ ? monitors_->Around(place) : Monitor{workArea, workArea};
+}
+
+Monitor HeadlessBackend::WhereTheUserWorks() const {
+    const auto shown =
+        std::find_if(windows_.rbegin(), windows_.rend(),
+                     [](const HeadlessWindow* window) { return window->Logical().IsShown(); });
+    if (shown != windows_.rend()) return Around((*shown)->Place());
+    return monitors_ ? monitors_->Primary() : Around({});
+}
+
+void HeadlessBackend::SetMonitors(Monitors monitors) {
+    monitors_ = std::move(monitors);
+    for (HeadlessWindow* window : std::vector(windows_)) {
+        // What one window does when it is laid out may close another.
+        const bool isThere = std::find(windows_.begin(), windows_.end(), window) != windows_.end();
+        if (isThere) window->ScreensChanged();
+    }
+}
+
+void HeadlessBackend::Drag(const Form& form, Position corner) {
+    Raise(form);
+    if (HeadlessWindow* window = FindWindow(form)) window->DraggedTo(corner);
+}
+
+void HeadlessBackend::Raise(const Form& form) {
+    HeadlessWindow* window = FindWindow(form);
+    if (!window) return;
+    std::erase(windows_, window);
+    windows_.push_back(window);
+}
+
+HeadlessWindow* HeadlessBackend::FindWindow(const Form& form) const {
+    const auto at = std::find_if(windows_.begin(), windows_.end(),
+                                 [&](const auto* window) { return &window->Logical() == &form; });
+    return at == windows_.end() ? nullptr : *at;
+}
+
+const HeadlessWindow* HeadlessBackend::Find(const Form& form) const {
+    return FindWindow(form);
 }
 
 }  // namespace zv::forms::headless

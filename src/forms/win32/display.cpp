@@ -75,7 +75,8 @@ int DpiAround(const RECT& place) {
 }
 
 RECT WorkAreaAt(HWND window) {
-    return WorkAreaOf(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY));
+    return WorkAreaOf(
+        MonitorFromWindow(window, window ? MONITOR_DEFAULTTONEAREST : MONITOR_DEFAULTTOPRIMARY));
 }
 
 RECT WorkAreaAround(const RECT& place) {

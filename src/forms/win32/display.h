@@ -6,19 +6,18 @@
 #include <string_view>
 
 #include "forms/geometry.h"
+#include "forms/scale.h"
 #include "forms/win32/handles.h"
 
 namespace zv::forms::win32 {
 
-/// Between logical units (1/96 inch) and pixels. Whole units survive the way to pixels and back.
-class Scale {
+/// The same for the system's rectangles.
+class Scale : public forms::Scale {
  public:
-    explicit Scale(int dpi = USER_DEFAULT_SCREEN_DPI) : dpi_(dpi) {}
-    int Dpi() const { return dpi_; }
-    int ToPixels(int units) const { return MulDiv(units, dpi_, USER_DEFAULT_SCREEN_DPI); }
-    int ToUnits(int pixels) const { return MulDiv(pixels, USER_DEFAULT_SCREEN_DPI, dpi_); }
-    int ToTwips(int pixels) const { return MulDiv(pixels, kTwipsPerInch, dpi_); }
-    int FromTwips(int twips) const { return MulDiv(twips, dpi_, kTwipsPerInch); }
+    using forms::Scale::Scale;
+    using forms::Scale::ToPixels;
+    using forms::Scale::ToUnits;
+
     /// Edges are scaled, not widths, so that controls that touch still do.
     RECT ToPixels(const Rect& rect) const {
         return {ToPixels(rect.left), ToPixels(rect.top), ToPixels(rect.Right()),
@@ -28,10 +27,6 @@ class Scale {
         return {ToUnits(rect.left), ToUnits(rect.top), ToUnits(rect.right - rect.left),
                 ToUnits(rect.bottom - rect.top)};
     }
-
- private:
-    static constexpr int kTwipsPerInch = 1440;
-    int dpi_;
 };
 
 int SystemDpi();

@@ -19,6 +19,7 @@ namespace {
 constexpr wchar_t kClassName[] = L"zv.Form";
 constexpr UINT kKeyMessage = WM_APP + 1;
 constexpr UINT kMenuMessage = WM_APP + 2;
+constexpr UINT kCatchUpMessage = WM_APP + 3;
 
 // The native windows of this copy of this module, which belong to one thread. Another module may
 // have windows of the same class name, even of another version of this code: what they keep is
@@ -56,7 +57,8 @@ void FormWindow::Build() {
     const ManifestInForce manifest(backend_.Controls().Manifest());
     class_ = WindowClass::Get(Module(), kClassName, &FormWindow::Procedure);
     // Where Center() puts it; the window says for sure.
-    scale_ = Scale(DpiAround(WorkAreaAt(WindowToBlock())));
+    const Screens& screens = backend_.GetScreens();
+    scale_ = Scale(screens.DpiAround(screens.WorkAreaAt(WindowToBlock())));
     placing_++;
     handle_.reset(CreateWindowExW(ExtendedStyle(), kClassName, ToWide(form_.Caption()).c_str(),
                                   Style(), scale_.ToPixels(form_.Bounds().left),
@@ -67,7 +69,7 @@ void FormWindow::Build() {
     SetPropW(Handle(), kNameProperty,
              reinterpret_cast<HANDLE>(
                  static_cast<UINT_PTR>(GlobalAddAtomW(ToWide(form_.Name()).c_str()))));
-    scale_ = Scale(DpiOf(Handle()));
+    scale_ = Scale(screens.DpiOf(Handle()));
     const bool isMeasured = !backend_.Meets(scale_.Dpi());
     font_ = CreateUiFont(scale_.Dpi());
     menu_.ShowBar(Handle());
@@ -77,9 +79,11 @@ void FormWindow::Build() {
     SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     placing_--;
     if (isMeasured)
-        ReportPlace();
+        AcceptPlace();
     else
         LayOutAgain();
+    // Laid out for other texts, it may need another size.
+    if (form_.View().Inside() != InsideUnits()) BoundsChanged();
 }
 
 void FormWindow::Build(Control& control, int id) {
@@ -215,6 +219,8 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             form_.UserChangedState(wParam == SIZE_MAXIMIZED ? WindowState::Maximised
                                                             : WindowState::Normal);
+            // The system is not done with restoring the window yet.
+            if (missedChange_) PostMessageW(Handle(), kCatchUpMessage, 0, 0);
             ReportPlace();
             return 0;
         case WM_MOVE:
@@ -264,6 +270,10 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         case WM_EXITSIZEMOVE:
             beingMoved_ = false;
+            if (std::exchange(rescaledOnTheWay_, false)) OnScreens();
+            break;
+        case WM_DISPLAYCHANGE:
+            OnScreens();
             break;
         case WM_ENTERIDLE:
             if (wParam == MSGF_MENU) backend_.MenuIdle();
@@ -274,6 +284,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case kGetDpiScaledSize:
             return OnScaledSize(static_cast<int>(wParam), *reinterpret_cast<SIZE*>(lParam));
         case WM_SETTINGCHANGE:
+            if (wParam == SPI_SETWORKAREA) OnScreens();
+            OnSystemChanged();
+            break;
         case WM_THEMECHANGED:
         case WM_SYSCOLORCHANGE:
             OnSystemChanged();
@@ -284,6 +297,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
                 deferred_.erase(deferred_.begin(), std::next(at));
                 HandleKey(key);
             }
+            return 0;
+        case kCatchUpMessage:
+            CatchUp();
             return 0;
         case kMenuMessage:
             menuChanged_ = false;

@@ -117,14 +117,24 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void OnResolution(int dpi, const RECT& suggested);
     LRESULT OnScaledSize(int dpi, SIZE& size) const;
     void LayOutAgain();
+    /// The monitors, or what windows may cover of them, are others.
+    void OnScreens();
+    /// What happened to monitors while the window was minimised.
+    void CatchUp();
+    /// Lies whole on its monitor, as large as it is meant to be where that has room.
+    void PlaceWhole(const RECT& suggested);
+    void MoveTo(const Rect& place);
     void OnSystemChanged();
     void OnTimer(WPARAM id);
     void Build(Control& control, int id);
     void PlaceByClient();
     void OnScroll(int bar, int request);
     void OnWheel(int bar, int turned);
-    void ScrollTo(int bar, int at);
+    void OnThumb(int bar);
+    /// The user, or the system for him, has moved or sized the window.
     void ReportPlace();
+    /// The window has taken the place that it was given.
+    void AcceptPlace();
     void RestoreFocus();
     void BeginModal();
     void EndModal();
@@ -165,6 +175,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     bool composing_ = false;
     bool inMenu_ = false;
     bool beingMoved_ = false;
+    bool rescaledOnTheWay_ = false;  ///< while it was being moved
+    bool missedChange_ = false;      ///< of monitors, while it was minimised
     bool menuChanged_ = false;
 };
 

@@ -89,7 +89,10 @@ int NativeGrid::NativeColumn(int column) const {
 void NativeGrid::ResolutionChanged() {
     const Quiet quiet(*this);
     NativeControl::ResolutionChanged();
-    ShowColumns();
+    // Columns that are made anew would lose how far the rows are scrolled across.
+    for (std::size_t i = 0; i < columns_.size(); i++) {
+        Send(LVM_SETCOLUMNWIDTH, i, GetScale().ToPixels(Rows().GetColumn(columns_[i]).width));
+    }
 }
 
 bool NativeGrid::ShowsColumns() const {

@@ -95,6 +95,11 @@ RECT NativeControl::PixelBounds() const {
 
 void NativeControl::ApplyBounds() {
     const RECT bounds = PixelBounds();
+    RECT present{};
+    GetWindowRect(Handle(), &present);
+    MapWindowPoints(nullptr, GetParent(Handle()), reinterpret_cast<POINT*>(&present), 2);
+    // A move that changes nothing has its price, and windows are laid out often.
+    if (EqualRect(&present, &bounds)) return;
     // Controls that change places may cover each other on the way: what stood at the old place is
     // not to be carried to the new one.
     SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,

@@ -173,13 +173,8 @@ Size Win32Backend::MeasureText(std::string_view text) {
         const Scale scale(dpi);
         const Font font = CreateUiFont(dpi);
         const SIZE size = win32::MeasureText(font.get(), text);
-        // Rounded up, so that the text still fits.
-        const auto up = [&](LONG pixels) {
-            const int units = scale.ToUnits(static_cast<int>(pixels));
-            return scale.ToPixels(units) < pixels ? units + 1 : units;
-        };
-        most.width = std::max(most.width, up(size.cx));
-        most.height = std::max(most.height, up(size.cy));
+        most.width = std::max(most.width, scale.UnitsThatHold(static_cast<int>(size.cx)));
+        most.height = std::max(most.height, scale.UnitsThatHold(static_cast<int>(size.cy)));
     }
     return most;
 }
@@ -193,8 +188,8 @@ bool Win32Backend::Meets(int dpi) {
 
 Rect Win32Backend::WorkArea() {
     const DpiScope sharp = dpi_.ForWindows();
-    const RECT area = WorkAreaAt(WindowToBlock());
-    const int dpi = DpiAround(area);
+    const RECT area = GetScreens().WorkAreaAt(WindowToBlock());
+    const int dpi = GetScreens().DpiAround(area);
     Meets(dpi);
     return Scale(dpi).ToUnits(area);
 }

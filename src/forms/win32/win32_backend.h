@@ -15,6 +15,7 @@
 #include "forms/win32/common_controls.h"
 #include "forms/win32/display.h"
 #include "forms/win32/handles.h"
+#include "forms/win32/screens.h"
 #include "forms/win32/system_dpi.h"
 #include "forms/win32/win32_dialogs.h"
 
@@ -46,8 +47,7 @@ class Win32Backend : public Backend {
 
     /// The system's notes for screen readers; null where it keeps none.
     virtual AccessNotes ScreenReaders() { return SystemAccessNotes(); }
-    /// What windows may cover of the monitor that has most of this place, in pixels.
-    virtual RECT WorkAreaAround(const RECT& place) { return win32::WorkAreaAround(place); }
+    virtual const Screens& GetScreens() const { return screens_; }
     /// Called again and again while a menu is open and the user does nothing.
     virtual void MenuIdle() {}
     /// Whether the system's clock makes timers tick.
@@ -84,6 +84,7 @@ class Win32Backend : public Backend {
     SystemDpiThread thread_;
     DpiAwareness dpi_{thread_};
     std::vector<int> resolutions_;
+    Screens screens_;
     CommonControls controls_;
     Win32Dialogs ownDialogs_;
     Dialogs* dialogs_;

@@ -8,9 +8,6 @@ namespace zv::forms::win32 {
 
 namespace {
 
-/// What is left of a window that its user makes small: it scrolls then.
-constexpr Size kSmallest{320, 240};
-
 Rect FromRect(const RECT& rect) {
     return {static_cast<int>(rect.left), static_cast<int>(rect.top),
             static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
@@ -19,17 +16,20 @@ Rect FromRect(const RECT& rect) {
 }  // namespace
 
 void FormWindow::OnMinimumSize(MINMAXINFO& info) const {
+    const Size largest = backend_.GetScreens().Largest();
+    info.ptMaxTrackSize.x = std::max<LONG>(info.ptMaxTrackSize.x, largest.width);
+    info.ptMaxTrackSize.y = std::max<LONG>(info.ptMaxTrackSize.y, largest.height);
     if (!form_.Sizable()) return;
-    const Size least = form_.MinimumClientSize();
-    const RECT outer =
-        OuterOf({std::min(least.width, kSmallest.width), std::min(least.height, kSmallest.height)});
+    const Size least = form_.SmallestInside();
+    const RECT outer = OuterOf(least);
     if (least.width > 0) info.ptMinTrackSize.x = outer.right - outer.left;
     if (least.height > 0) info.ptMinTrackSize.y = outer.bottom - outer.top;
 }
 
 RECT FormWindow::OuterOf(Size inside) const {
     const RECT client{0, 0, scale_.ToPixels(inside.width), scale_.ToPixels(inside.height)};
-    return OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, scale_.Dpi());
+    return OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr,
+                     backend_.GetScreens().FrameDpi(scale_.Dpi()));
 }
 
 void FormWindow::OnResolution(int dpi, const RECT& suggested) {
@@ -37,39 +37,87 @@ void FormWindow::OnResolution(int dpi, const RECT& suggested) {
     backend_.Meets(dpi);
     Font former = std::exchange(font_, CreateUiFont(dpi));
     placing_++;
+    // The same part of the content, which has other pixels now.
+    scrolled_ = ScrolledPixels();
     toolTips_.ResolutionChanged();
     for (const auto& control : controls_) control->ResolutionChanged();
-    const Rect place = FitInto(FromRect(suggested), FromRect(backend_.WorkAreaAround(suggested)));
-    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    if (IsZoomed(Handle()))
+        MoveTo(FromRect(suggested));  // its frame lies outside of the monitor
+    else if (!IsIconic(Handle()))
+        PlaceWhole(suggested);
+    rescaledOnTheWay_ = beingMoved_;
     placing_--;
     InvalidateRect(Handle(), nullptr, TRUE);
+    LayOutAgain();
+}
+
+void FormWindow::MoveTo(const Rect& place) {
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// On the monitor where the window lies already: one that grows with its scale may have most of its
+// new size on the next one.
+void FormWindow::PlaceWhole(const RECT& suggested) {
+    const Rect area = FromRect(backend_.GetScreens().WorkAreaAt(Handle()));
+    Rect wanted = FromRect(suggested);
+    MoveTo(FitInto(wanted, area));
+    // What the system suggests may have been cut by another monitor, and knows of no scroll bars.
+    const Size missing = scale_.ToPixels(form_.WantedInside());
+    const Size inside = InsidePixels();
+    if (inside == missing) return;
+    RECT outer{};
+    GetWindowRect(Handle(), &outer);
+    wanted.width = static_cast<int>(outer.right - outer.left) + missing.width - inside.width;
+    wanted.height = static_cast<int>(outer.bottom - outer.top) + missing.height - inside.height;
+    MoveTo(FitInto(wanted, area));
+}
+
+void FormWindow::OnScreens() {
+    if (gone_ || IsZoomed(Handle())) return;
+    if (IsIconic(Handle())) {
+        missedChange_ = true;
+        return;
+    }
+    RECT outer{};
+    GetWindowRect(Handle(), &outer);
+    placing_++;
+    PlaceWhole(outer);
+    placing_--;
+    AcceptPlace();
+}
+
+void FormWindow::CatchUp() {
+    if (gone_ || IsIconic(Handle()) || !std::exchange(missedChange_, false)) return;
+    OnScreens();
     LayOutAgain();
 }
 
 // The frame does not grow as its content does: the content keeps its size in units.
 LRESULT FormWindow::OnScaledSize(int dpi, SIZE& size) const {
     if (IsZoomed(Handle()) || IsIconic(Handle())) return FALSE;
-    const Scale scale(dpi);
-    const Size inside = form_.View().Inside();
-    const RECT client{0, 0, scale.ToPixels(inside.width), scale.ToPixels(inside.height)};
-    const RECT outer =
-        OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr, dpi);
+    const Size inside = Scale(dpi).ToPixels(form_.WantedInside());
+    const RECT client{0, 0, inside.width, inside.height};
+    const RECT outer = OuterRect(client, Style(), ExtendedStyle(), GetMenu(Handle()) != nullptr,
+                                 backend_.GetScreens().FrameDpi(dpi));
     size = {outer.right - outer.left, outer.bottom - outer.top};
     return TRUE;
 }
 
 // Texts have other widths at each resolution.
 void FormWindow::LayOutAgain() {
-    if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
-    form_.UserRescaled(OuterUnits(), InsideUnits());
+    if (placing_ > 0 || gone_) return;
+    if (IsIconic(Handle()))
+        missedChange_ = true;
+    else
+        form_.WasRescaled(OuterUnits(), InsideUnits());
 }
 
 Size FormWindow::InsidePixels() const {
     RECT client{};
     GetClientRect(Handle(), &client);
     const auto style = static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE));
-    const int bar = BarThickness(scale_.Dpi());
+    const int bar = BarThickness(backend_.GetScreens().FrameDpi(scale_.Dpi()));
     return {static_cast<int>(client.right) + (style & WS_VSCROLL ? bar : 0),
             static_cast<int>(client.bottom) + (style & WS_HSCROLL ? bar : 0)};
 }
@@ -86,8 +134,14 @@ Rect FormWindow::OuterUnits() const {
 }
 
 void FormWindow::ReportPlace() {
-    if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
+    // The size that it has after a change that it missed is not what anybody wants.
+    if (placing_ > 0 || gone_ || missedChange_ || IsIconic(Handle())) return;
     form_.UserResized(OuterUnits(), InsideUnits());
+}
+
+void FormWindow::AcceptPlace() {
+    if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
+    form_.WasPlaced(OuterUnits(), InsideUnits());
 }
 
 void FormWindow::PlaceByClient() {
@@ -95,9 +149,12 @@ void FormWindow::PlaceByClient() {
     const int left = scale_.ToPixels(form_.Bounds().left);
     const int top = scale_.ToPixels(form_.Bounds().top);
     const RECT wanted{left, top, left + outer.right - outer.left, top + outer.bottom - outer.top};
-    const Rect place = FitInto(FromRect(wanted), FromRect(backend_.WorkAreaAround(wanted)));
-    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    // One that grows may have most of its new size on the next monitor, where it does not go.
+    RECT present{};
+    GetWindowRect(Handle(), &present);
+    OffsetRect(&present, left - static_cast<int>(present.left),
+               top - static_cast<int>(present.top));
+    MoveTo(FitInto(FromRect(wanted), FromRect(backend_.GetScreens().WorkAreaAround(present))));
 }
 
 void FormWindow::BoundsChanged() {
@@ -106,12 +163,10 @@ void FormWindow::BoundsChanged() {
     if (form_.View().Inside() != InsideUnits()) {
         PlaceByClient();
     } else {
-        const RECT outer = scale_.ToPixels(form_.Bounds());
-        SetWindowPos(Handle(), nullptr, outer.left, outer.top, outer.right - outer.left,
-                     outer.bottom - outer.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        MoveTo(FromRect(scale_.ToPixels(form_.Bounds())));
     }
     placing_--;
-    ReportPlace();
+    AcceptPlace();
 }
 
 }  // namespace zv::forms::win32

@@ -6,8 +6,11 @@
 namespace zv::forms::win32 {
 namespace {
 
-/// Of a line that an arrow of the bar, or a notch of the wheel three of them, moves by.
-constexpr int kLine = 24;
+static_assert(Viewport::kNotch == WHEEL_DELTA);
+
+Viewport::Axis AxisOf(int bar) {
+    return bar == SB_HORZ ? Viewport::Axis::Horizontal : Viewport::Axis::Vertical;
+}
 
 void ShowBar(HWND window, int bar, int content, int view, int offset) {
     SCROLLINFO info{};
@@ -41,53 +44,41 @@ void FormWindow::ViewChanged() {
 }
 
 void FormWindow::OnScroll(int bar, int request) {
-    const Viewport& view = form_.View();
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_ALL;
-    if (!GetScrollInfo(Handle(), bar, &info)) return;
-    const int page = bar == SB_HORZ ? view.View().width : view.View().height;
-    int at = info.nPos;
+    const Viewport::Axis axis = AxisOf(bar);
     switch (request) {
         case SB_LINEUP:
-            at -= kLine;
-            break;
+            return form_.UserScrolled(axis, Viewport::Step::LineBack);
         case SB_LINEDOWN:
-            at += kLine;
-            break;
+            return form_.UserScrolled(axis, Viewport::Step::LineOn);
         case SB_PAGEUP:
-            at -= page;
-            break;
+            return form_.UserScrolled(axis, Viewport::Step::PageBack);
         case SB_PAGEDOWN:
-            at += page;
-            break;
+            return form_.UserScrolled(axis, Viewport::Step::PageOn);
         case SB_TOP:
-            at = info.nMin;
-            break;
+            return form_.UserScrolled(axis, Viewport::Step::Start);
         case SB_BOTTOM:
-            at = info.nMax;
-            break;
+            return form_.UserScrolled(axis, Viewport::Step::End);
         case SB_THUMBTRACK:
         case SB_THUMBPOSITION:
-            at = info.nTrackPos;
-            break;
+            return OnThumb(bar);
         default:
             return;
     }
-    ScrollTo(bar, at);
 }
 
-void FormWindow::ScrollTo(int bar, int at) {
+void FormWindow::OnThumb(int bar) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    if (!GetScrollInfo(Handle(), bar, &info)) return;
     const Position offset = form_.View().Offset();
-    form_.UserScrolled(bar == SB_HORZ ? Position{at, offset.y} : Position{offset.x, at});
+    form_.UserScrolled(bar == SB_HORZ ? Position{info.nTrackPos, offset.y}
+                                      : Position{offset.x, info.nTrackPos});
 }
 
 // What the control under the mouse does not use scrolls the window.
 void FormWindow::OnWheel(int bar, int turned) {
-    const Position offset = form_.View().Offset();
-    constexpr int kLinesOfANotch = 3;
-    const int way = MulDiv(turned, kLine * kLinesOfANotch, WHEEL_DELTA);
-    ScrollTo(bar, bar == SB_HORZ ? offset.x + way : offset.y - way);
+    form_.UserTurnedWheel(AxisOf(bar), turned);
 }
 
 }  // namespace zv::forms::win32

@@ -54,6 +54,7 @@ class frmTaskDone : public forms::Form, public StoreClient {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override { PlaceControls(); }
 
  private:
     void WireKeys();

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kTabs = 4;
 constexpr forms::Size kStartSize{984, 648};
-constexpr forms::Size kSmallestSize{920, 568};
+constexpr forms::Size kSmallestSize{836, 568};
 
 OptionsPanel::Ports OptionPorts(frmTaskMain& window) {
     return {.editUnderWay = [&window] { return EditUnderWay(window.session); },

@@ -204,6 +204,10 @@ void frmTaskSet::Form_Load() {
     Center();
 }
 
+void frmTaskSet::Form_Rescale() {
+    PlaceControls(*this);
+}
+
 void frmTaskSet::Form_Activate() {
     if (!moveOnWhenShown_) return;
     moveOnWhenShown_ = false;

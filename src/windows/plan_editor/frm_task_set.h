@@ -88,6 +88,7 @@ class frmTaskSet : public forms::Form, public StoreClient {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override;
     void Form_Activate() override;
     void Form_QueryUnload(bool& cancel, bool byUser) override;
 

@@ -46,6 +46,10 @@ struct Columns {
     int date, until, list, button;
 };
 
+int HeightFor(const Metrics& m, int rows) {
+    return 2 * kMargin + 2 * (m.Field() + kRowGap) + rows * (m.Text() + 4) + kRowGap + m.Button();
+}
+
 }  // namespace
 
 void PlaceControls(frmAsk& w) {
@@ -94,21 +98,22 @@ void PlaceControls(frmAsk& w) {
         {kMargin, bottom + (m.Button() - m.Text()) / 2, std::max(at - kMargin, 0), m.Text()});
 }
 
-void SetWindowSize(frmAsk& w) {
+void SetSmallestSize(frmAsk& w) {
     constexpr int kLeastInput = 100;
-    constexpr int kUsualInput = 280;
     constexpr int kLeastRows = 6;
+    const Metrics m(w.Windows().GetBackend(), forms::layout::dialog::kSpacing);
+    w.SetMinimumClientSize({Columns(w, m).Fixed() + kLeastInput, HeightFor(m, kLeastRows)});
+}
+
+void SetWindowSize(frmAsk& w) {
+    constexpr int kUsualInput = 280;
     constexpr int kUsualRows = 18;
     const Metrics m(w.Windows().GetBackend(), forms::layout::dialog::kSpacing);
     const Columns c(w, m);
-    const auto height = [&](int rows) {
-        return 2 * kMargin + 2 * (m.Field() + kRowGap) + rows * (m.Text() + 4) + kRowGap +
-               m.Button();
-    };
     const forms::Rect area = w.Windows().GetBackend().WorkArea();
-    w.SetMinimumClientSize({c.Fixed() + kLeastInput, height(kLeastRows)});
+    SetSmallestSize(w);
     w.SetClientSize({std::min(c.Fixed() + kUsualInput, std::max(area.width - 40, 400)),
-                     std::min(height(kUsualRows), std::max(area.height - 80, 300))});
+                     std::min(HeightFor(m, kUsualRows), std::max(area.height - 80, 300))});
 }
 
 }  // namespace zv::windows

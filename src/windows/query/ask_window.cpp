@@ -100,6 +100,10 @@ void frmAsk::Form_Load() {
     Center();
 }
 
+void frmAsk::Form_Rescale() {
+    SetSmallestSize(*this);
+}
+
 void frmAsk::Form_Resize() {
     PlaceControls(*this);
 }

@@ -76,6 +76,7 @@ class frmAsk : public forms::Form, public StoreClient {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override;
     void Form_Resize() override;
 
  private:
@@ -99,6 +100,7 @@ class frmAsk : public forms::Form, public StoreClient {
 void PlaceControls(frmAsk& window);
 /// Sizes that the query window starts with and does not go below.
 void SetWindowSize(frmAsk& window);
+void SetSmallestSize(frmAsk& window);
 
 /// Shows the query window: the one that is open, or a new one with columns under the captions
 /// given. Modal: returns after it is gone.

@@ -47,6 +47,7 @@ class frmItemSet : public forms::Form {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override { PlaceControls(); }
 
  private:
     void SetCaptions();

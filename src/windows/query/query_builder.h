@@ -64,6 +64,7 @@ class frmSeek : public forms::Form {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override { PlaceControls(); }
 
  private:
     void SetCaptions();

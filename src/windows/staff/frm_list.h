@@ -45,6 +45,7 @@ class frmList : public forms::Form, public StoreClient {
 
  protected:
     void Form_Load() override;
+    void Form_Rescale() override { PlaceControls(); }
     void Form_QueryUnload(bool& cancel, bool byUser) override;
 
  private:

@@ -80,6 +80,40 @@ TEST(Viewport, RevealsTheBeginningOfWhatIsLarger) {
     EXPECT_EQ(view.Offset(), (Position{300, 200}));
 }
 
+using Axis = Viewport::Axis;
+using Step = Viewport::Step;
+
+TEST(Viewport, StepsMoveByALineAPageOrToAnEnd) {
+    Viewport view = Of({200, 100}, {800, 600});
+    view.ScrollTo({300, 250});
+    const Size page = view.View();
+    EXPECT_EQ(view.After(Axis::Vertical, Step::LineOn), (Position{300, 274}));
+    EXPECT_EQ(view.After(Axis::Vertical, Step::LineBack), (Position{300, 226}));
+    EXPECT_EQ(view.After(Axis::Horizontal, Step::LineOn), (Position{324, 250}));
+    EXPECT_EQ(view.After(Axis::Horizontal, Step::LineBack), (Position{276, 250}));
+    EXPECT_EQ(view.After(Axis::Vertical, Step::PageOn), (Position{300, 250 + page.height}));
+    EXPECT_EQ(view.After(Axis::Vertical, Step::PageBack), (Position{300, 250 - page.height}));
+    EXPECT_EQ(view.After(Axis::Horizontal, Step::PageOn), (Position{300 + page.width, 250}));
+    EXPECT_EQ(view.After(Axis::Horizontal, Step::PageBack), (Position{300 - page.width, 250}));
+    EXPECT_EQ(view.After(Axis::Vertical, Step::Start), (Position{300, 0}));
+    EXPECT_EQ(view.After(Axis::Vertical, Step::End), (Position{300, 600 - page.height}));
+    EXPECT_EQ(view.After(Axis::Horizontal, Step::Start), (Position{0, 250}));
+    EXPECT_EQ(view.After(Axis::Horizontal, Step::End), (Position{800 - page.width, 250}));
+    EXPECT_EQ(view.Offset(), (Position{300, 250})) << "asking moves nothing";
+}
+
+TEST(Viewport, ANotchOfTheWheelIsThreeLines) {
+    Viewport view = Of({200, 100}, {800, 600});
+    view.ScrollTo({300, 250});
+    EXPECT_EQ(view.AfterWheel(Axis::Vertical, Viewport::kNotch), (Position{300, 178}));
+    EXPECT_EQ(view.AfterWheel(Axis::Vertical, -Viewport::kNotch), (Position{300, 322}));
+    EXPECT_EQ(view.AfterWheel(Axis::Horizontal, Viewport::kNotch), (Position{372, 250}));
+    EXPECT_EQ(view.AfterWheel(Axis::Horizontal, -Viewport::kNotch), (Position{228, 250}));
+    // A fine wheel turns by parts of a notch, the least of which moves too.
+    EXPECT_EQ(view.AfterWheel(Axis::Vertical, 1), (Position{300, 249}));
+    EXPECT_EQ(view.AfterWheel(Axis::Vertical, -1), (Position{300, 251}));
+}
+
 constexpr Rect kArea{-1280, 40, 1280, 760};
 
 TEST(FitInto, WhatLiesInsideStays) {

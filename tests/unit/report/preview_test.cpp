@@ -45,6 +45,25 @@ class Preview : public testing::Test {
     std::string painted_;
 };
 
+TEST_F(Preview, AnotherScaleLosesNeitherPageNorZoom) {
+    const auto at = [&](int dpi) {
+        backend_.SetMonitors(forms::Monitors({{{0, 0, 2560, 1600}, {0, 0, 2560, 1560}, dpi}}));
+    };
+    at(forms::Scale::kUsualDpi);
+    PreviewForm& form = Open(ListOf(200));
+    user_.Click(form.cmdNext);
+    user_.Click(form.cmdZoomIn);
+    const std::string zoom = form.cboZoom.Text();
+    for (const int dpi : {120, 168, 240, forms::Scale::kUsualDpi}) {
+        at(dpi);
+        EXPECT_EQ(user_.ReadDpi(form), dpi);
+        EXPECT_EQ(user_.ReadFaults(form), std::vector<std::string>()) << dpi;
+        EXPECT_EQ(form.PageNumber(), 2);
+        EXPECT_EQ(form.txtPage.Text(), "2");
+        EXPECT_EQ(form.cboZoom.Text(), zoom);
+    }
+}
+
 TEST_F(Preview, TurnsPagesAndStopsAtTheEnds) {
     PreviewForm& form = Open(ListOf(200));
     const int last = report_->Pages().PageCount();

@@ -7,6 +7,7 @@
 #include "forms/date_picker.h"
 #include "forms/form.h"
 #include "forms/grid.h"
+#include "forms/headless/headless_backend.h"
 #include "forms/lists.h"
 #include "forms/text_box.h"
 #include "forms/timer.h"
@@ -21,9 +22,21 @@ namespace {
 
 constexpr const char* kNoDisplay = "without a display there is no picture";
 
-// A press moves the focus first; false when a validation kept it, and the press is lost then.
+headless::HeadlessBackend& BackendOf(const Form& form) {
+    return dynamic_cast<headless::HeadlessBackend&>(form.Windows().GetBackend());
+}
+
+const headless::HeadlessWindow& WindowOf(const Form& form) {
+    const headless::HeadlessWindow* window = BackendOf(form).Find(form);
+    if (!window) throw DriverError(form.Name() + " has no window yet");
+    return *window;
+}
+
+// A press brings the window to the front and moves the focus first; false when a validation kept
+// it, and the press is lost then.
 bool Press(Control& control) {
     RequireUsable(control);
+    BackendOf(control.Owner()).Raise(control.Owner());
     return !control.CanFocus() || control.Owner().UserFocused(control);
 }
 
@@ -169,6 +182,12 @@ void HeadlessDriver::Resize(Form& form, Size inside) {
         inside);
 }
 
+void HeadlessDriver::Drag(Form& form, Position corner) {
+    RequireReachable(form);
+    if (!form.IsShown()) throw DriverError(form.Name() + " is not shown");
+    BackendOf(form).Drag(form, corner);
+}
+
 void HeadlessDriver::Close(Form& form) {
     RequireReachable(form);
     form.UserClose();
@@ -188,6 +207,14 @@ std::optional<std::string> HeadlessDriver::Read(Control& control, const std::str
 
 std::string HeadlessDriver::ReadCaption(Form& form) {
     return form.Caption();
+}
+
+Rect HeadlessDriver::ReadPlace(Form& form) {
+    return WindowOf(form).Place();
+}
+
+int HeadlessDriver::ReadDpi(Form& form) {
+    return WindowOf(form).Dpi();
 }
 
 std::vector<std::string> HeadlessDriver::ReadFaults(Form& form) {

@@ -26,12 +26,15 @@ class HeadlessDriver : public Driver {
     void PressHeading(forms::Control& control, int column) override;
     void ResizeColumn(forms::Control& control, int column, int width) override;
     void Resize(forms::Form& form, forms::Size inside) override;
+    void Drag(forms::Form& form, forms::Position corner) override;
     void Close(forms::Form& form) override;
     void EndSession(forms::WindowSystem& windows) override;
 
     std::optional<std::string> Read(forms::Control& control, const std::string& property,
                                     const std::vector<int>& arguments) override;
     std::string ReadCaption(forms::Form& form) override;
+    forms::Rect ReadPlace(forms::Form& form) override;
+    int ReadDpi(forms::Form& form) override;
     std::vector<std::string> ReadFaults(forms::Form& form) override;
     void SavePicture(forms::Form& form, const std::filesystem::path& file) override;
     void SaveMenuPicture(forms::MenuItem& root, const std::filesystem::path& file) override;

@@ -4,6 +4,8 @@
 #include <functional>
 #include <optional>
 
+#include "driver/win32/scripted_screens.h"
+#include "forms/win32/form_window.h"
 #include "forms/win32/win32_backend.h"
 
 namespace zv::driver {
@@ -24,15 +26,19 @@ class PlayedBackend : public forms::win32::Win32Backend {
     /// False: timers tick only when the driver makes them. Set before windows are shown.
     bool timersRun = true;
 
-    /// In place of the work area of every monitor, in pixels.
-    std::optional<RECT> workArea;
+    ScriptedScreens screens;
 
     /// In place of the system's colours.
     std::optional<forms::SystemTheme> theme;
 
-    forms::Rect WorkArea() override;
+    /// From now on there are these monitors; windows that are open get the messages that a system
+    /// sends then.
+    void SetMonitors(const forms::Monitors& monitors);
+    /// What the system sends a window that lies on a monitor of another scale than its own.
+    void FollowScale(const forms::win32::FormWindow& window);
+
+    const forms::win32::Screens& GetScreens() const override { return screens; }
     forms::SystemTheme GetTheme() override;
-    RECT WorkAreaAround(const RECT& place) override;
     void RunModal(forms::Form& form) override;
     void MenuIdle() override;
     bool TimersRun() const override { return timersRun; }

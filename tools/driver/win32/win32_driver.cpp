@@ -268,7 +268,7 @@ void Win32Driver::Tick(Control& control) {
 void Win32Driver::MoveMouse(Control& control, int xTwips, int yTwips) {
     const NativeControl& native = Usable(control);
     control.Owner().ForgetPopup();
-    const Scale& scale = native.Owner().GetScale();
+    const auto& scale = native.Owner().GetScale();
     SendMessageW(native.Handle(), WM_MOUSEMOVE, 0,
                  Place(scale.FromTwips(xTwips), scale.FromTwips(yTwips)));
     PumpMessages();
@@ -338,12 +338,26 @@ void Win32Driver::Resize(Form& form, Size inside) {
     RECT outer{};
     GetWindowRect(window->Handle(), &outer);
     const Size present = window->InsidePixels();
-    const Scale& scale = window->GetScale();
+    const auto& scale = window->GetScale();
     SetWindowPos(
         window->Handle(), nullptr, 0, 0,
         static_cast<int>(outer.right - outer.left) - present.width + scale.ToPixels(inside.width),
         static_cast<int>(outer.bottom - outer.top) - present.height + scale.ToPixels(inside.height),
         SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    PumpMessages();
+}
+
+void Win32Driver::Drag(Form& form, Position corner) {
+    RequireReachable(form);
+    const FormWindow* window = backend_.Find(form);
+    if (!window || !form.IsShown()) throw DriverError(form.Name() + " is not shown");
+    Activate(form);
+    const HWND handle = window->Handle();
+    SendMessageW(handle, WM_ENTERSIZEMOVE, 0, 0);
+    SetWindowPos(handle, nullptr, corner.x, corner.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    backend_.FollowScale(*window);
+    SendMessageW(handle, WM_EXITSIZEMOVE, 0, 0);
     PumpMessages();
 }
 
@@ -384,6 +398,20 @@ std::optional<std::string> Win32Driver::Read(Control& control, const std::string
 std::string Win32Driver::ReadCaption(Form& form) {
     const HWND window = backend_.Handle(form);
     return window ? WindowText(window) : form.Caption();
+}
+
+Rect Win32Driver::ReadPlace(Form& form) {
+    PumpMessages();
+    const HWND window = backend_.Handle(form);
+    if (!window) throw DriverError(form.Name() + " has no native window");
+    return ScriptedScreens::PlaceOf(window);
+}
+
+int Win32Driver::ReadDpi(Form& form) {
+    PumpMessages();
+    const FormWindow* window = backend_.Find(form);
+    if (!window) throw DriverError(form.Name() + " has no native window");
+    return window->GetScale().Dpi();
 }
 
 std::vector<std::string> Win32Driver::ReadFaults(Form& form) {

@@ -80,20 +80,28 @@ int CommandPanel::Height() const {
 // nothing moves and no hole opens.
 void CommandPanel::Place(const forms::Rect& area) {
     using namespace forms::layout;
-    const Metrics m(form_.Windows().GetBackend());
     fraTop.Move(area);
+    // All buttons stay in sight of a window that is narrow: they come closer together.
+    constexpr Spacing kNarrow{kGap / 2, 2 * kGap, 60, 14};
+    const Metrics usual(form_.Windows().GetBackend());
+    if (PlaceButtons(usual, kGroupGap, area.width)) return;
+    PlaceButtons(Metrics(form_.Windows().GetBackend(), kNarrow), kGroupGap / 2, area.width);
+}
+
+// False: they have no room.
+bool CommandPanel::PlaceButtons(const forms::layout::Metrics& m, int groupGap, int room) {
     using Group = std::vector<forms::CommandButton*>;
     const auto widthOf = [&](forms::CommandButton* button) {
-        return button == &cmdSave ? SaveWidth() : m.ButtonWidth(button->Caption());
+        return button == &cmdSave ? SaveWidth(m) : m.ButtonWidth(*button);
     };
     const auto place = [&](int x, std::initializer_list<Group> groups) {
         for (const Group& group : groups) {
             for (forms::CommandButton* button : group) {
                 const int width = widthOf(button);
                 button->Move({x, 0, width, m.Button()});
-                x += width + kGap;
+                x += width + m.Gap();
             }
-            x += kGroupGap - kGap;
+            x += groupGap - m.Gap();
         }
         return x;
     };
@@ -101,13 +109,13 @@ void CommandPanel::Place(const forms::Rect& area) {
         {&cmdSave, &cmdAction[0]}, {&cmdPrint, &cmdItemSet}, {&cmdExit}};
     const int left =
         place(0, {{&cmdAction[1], &cmdAction[2], &cmdAction[3]}, {&cmdTaskOK}, {&cmdSeek}});
-    const int needed = place(0, staying) - kGroupGap;
-    place(std::max(left, area.width - needed), staying);
+    const int needed = place(0, staying) - groupGap;
+    place(std::max(left, room - needed), staying);
+    return left + needed <= room;
 }
 
 // Wide enough for every caption that the button takes.
-int CommandPanel::SaveWidth() const {
-    const forms::layout::Metrics m(form_.Windows().GetBackend());
+int CommandPanel::SaveWidth(const forms::layout::Metrics& m) const {
     int width = m.ButtonWidth(cmdSave.Caption());
     for (const items::ItemKind kind : items::kItemKinds) {
         width = std::max(width, m.ButtonWidth(SaveCaption(kind, EditMode::Adding)));

@@ -7,6 +7,7 @@
 
 #include "forms/buttons.h"
 #include "forms/containers.h"
+#include "forms/layout/metrics.h"
 #include "items/item.h"
 #include "session/session.h"
 #include "windows/main/main_model.h"
@@ -60,7 +61,8 @@ class CommandPanel {
 
     void ShowEdit();
     void EnableCancel();
-    int SaveWidth() const;
+    bool PlaceButtons(const forms::layout::Metrics& m, int groupGap, int room);
+    int SaveWidth(const forms::layout::Metrics& m) const;
 };
 
 }  // namespace zv::windows
