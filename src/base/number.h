@@ -13,7 +13,7 @@ namespace zv::number {
 double Val(std::string_view text);
 
 /// The whole text as a number (blanks around it allowed, thousands commas too); nothing otherwise.
-/// Infinite for one that is too large, so that a limit tells, 0 for one that is too small.
+/// Infinite for one that is too large, so that every bound refuses it, 0 for one that is too small.
 std::optional<double> Parse(std::string_view text);
 inline bool IsNumeric(std::string_view text) {
     return Parse(text).has_value();

@@ -23,10 +23,14 @@ std::string DueStatement(const std::string& condition, DateTime today,
                          const DateLiteral& dateLiteral) {
     const std::string open = "a.tDone<>" + std::to_string(Number(ItemState::Done));
     const std::string begin = dateLiteral(today.Date());
-    const std::string end = dateLiteral(today.Date().AddDays(1));
+    std::string ofToday = open + " And a.taskTime>=" + begin;
+    // Behind the last day of the calendar there is none to be written.
+    static const DateTime kLastDay(9999, 12, 31);
+    if (today.Date() != kLastDay) {
+        ofToday += " And a.taskTime<" + dateLiteral(today.Date().AddDays(1));
+    }
     const std::array<std::string, kParts.size()> parts = {
-        open + " And a.taskTime<" + begin,
-        open + " And a.taskTime>=" + begin + " And a.taskTime<" + end,
+        open + " And a.taskTime<" + begin, ofToday,
         "a.tDone=" + std::to_string(Number(ItemState::InHand))};
     const std::string given = condition.empty() ? "" : "(" + condition + ") And ";
     std::string statement;

@@ -14,8 +14,8 @@ class CountingWhatIsDue : public store::WatchedDatabaseTest {
                 std::to_string(kind) + ",'" + time + "'," + std::to_string(state) + "," + doer +
                 ",'x')");
     }
-    DueCounts Count(const std::string& condition = {}) {
-        return CountDue(database_, condition, DateTime(2003, 3, 7, 9, 30));
+    DueCounts Count(const std::string& condition = {}, DateTime now = DateTime(2003, 3, 7, 9, 30)) {
+        return CountDue(database_, condition, now);
     }
 };
 
@@ -39,6 +39,14 @@ TEST_P(CountingWhatIsDue, SplitsAtTheMidnightsOfToday) {
     EXPECT_EQ(counts.doers[1].count, (DueCount{1, 1, 0}));
     EXPECT_EQ(counts.doers[2].name, "");
     EXPECT_EQ(counts.doers[2].count, (DueCount{0, 0, 1}));
+}
+
+TEST_P(CountingWhatIsDue, CountsOnTheLastDayOfTheCalendar) {
+    database_.EnsureConnection();
+    Add("9999-12-30 23:59:59", 0, "'甲'");
+    Add("9999-12-31 00:00:00", 0, "'甲'");
+    Add("9999-12-31 23:59:59", 0, "'甲'");
+    EXPECT_EQ(Count({}, DateTime(9999, 12, 31, 23, 30)).all, (DueCount{1, 2, 0}));
 }
 
 TEST_P(CountingWhatIsDue, IsOneStatement) {
