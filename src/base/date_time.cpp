@@ -85,6 +85,16 @@ DateTime DateTime::FromAutomation(double value) {
                     std::llround(timeOfDay * static_cast<double>(kSecondsPerDay)));
 }
 
+std::optional<DateTime> DateTime::InCalendar(double automationDate) {
+    constexpr double kBeforeFirst = -657435;
+    constexpr double kBehindLast = 2958466;
+    if (!(automationDate > kBeforeFirst && automationDate < kBehindLast)) return std::nullopt;
+    const DateTime date = FromAutomation(automationDate);
+    // The last half second of the calendar is rounded into the year behind.
+    constexpr int kLastYear = 9999;
+    return date.Year() <= kLastYear ? std::optional(date) : std::nullopt;
+}
+
 double DateTime::ToAutomation() const {
     const std::int64_t day = FloorDay(seconds_);
     const double timeOfDay =

@@ -19,6 +19,8 @@ class DateTime {
 
     /// From an automation date (days, the fraction is the time of day even before 1899-12-30).
     static DateTime FromAutomation(double value);
+    /// The same; nothing for what is no number or lies outside the years 100 to 9999.
+    static std::optional<DateTime> InCalendar(double automationDate);
     double ToAutomation() const;
 
     /// Reads "YYYY-MM-DD", optionally followed by a blank or "T" and "HH:MM" or "HH:MM:SS".

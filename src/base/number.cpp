@@ -1,5 +1,6 @@
 #include "base/number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -39,11 +40,37 @@ std::size_t NumberLength(std::string_view text) {
     return at;
 }
 
+/// Of a number that no double holds: it is too large, not too small.
+bool IsHuge(std::string_view digits) {
+    const std::size_t mark = digits.find_first_of("eE");
+    const std::string_view mantissa = digits.substr(0, mark);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_of("123456789");
+    auto magnitude = static_cast<double>(point) - static_cast<double>(first);
+    if (mark != std::string_view::npos) {
+        const bool down = digits[mark + 1] == '-';
+        double exponent = 0;
+        for (const char c : digits.substr(mark + 1)) {
+            if (IsDigit(c)) exponent = exponent * 10 + (c - '0');
+        }
+        magnitude += down ? -exponent : exponent;
+    }
+    return magnitude > 0;
+}
+
+/// Infinite when it is too large, 0 when it is too small.
 double Convert(std::string_view digits) {
     if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
     double value = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (error == std::errc::result_out_of_range) throw RuntimeError(ErrorNumber::Overflow);
+    if (error != std::errc::result_out_of_range) return value;
+    if (!IsHuge(digits)) return 0;
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    return digits.front() == '-' ? -kInfinite : kInfinite;
+}
+
+double Finite(double value) {
+    if (std::isinf(value)) throw RuntimeError(ErrorNumber::Overflow);
     return value;
 }
 
@@ -68,7 +95,7 @@ Integer Round(double value) {
 double ParseOrThrow(std::string_view text) {
     const auto value = Parse(text);
     if (!value) throw RuntimeError(ErrorNumber::TypeMismatch);
-    return *value;
+    return Finite(*value);
 }
 
 }  // namespace
@@ -78,7 +105,7 @@ double Val(std::string_view text) {
     for (const char c : text) {
         if (c != ' ' && c != '\t' && c != '\n') packed += c;
     }
-    return Convert(std::string_view(packed).substr(0, NumberLength(packed)));
+    return Finite(Convert(std::string_view(packed).substr(0, NumberLength(packed))));
 }
 
 std::optional<double> Parse(std::string_view text) {

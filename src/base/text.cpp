@@ -131,6 +131,11 @@ char32_t NextCodePoint(std::string_view text, std::size_t& position) {
         }
         codePoint = codePoint << 6 | (static_cast<unsigned char>(text[position++]) & 0x3Fu);
     }
+    // Longer than it need be, half of a pair, or beyond the last character: not UTF-8 either.
+    constexpr char32_t kFirstOf[] = {0, 0x80, 0x800, 0x10000};
+    constexpr char32_t kLast = 0x10FFFF;
+    const bool half = codePoint >= 0xD800 && codePoint < 0xE000;
+    if (codePoint < kFirstOf[trail] || half || codePoint > kLast) return kBroken;
     return codePoint;
 }
 

@@ -32,12 +32,9 @@ constexpr std::int16_t kActionOfAHost = 4;
 
 /// Throws error 6 for a value outside the calendar, the years 100 to 9999.
 DateTime ToDate(double automationDate) {
-    constexpr double kBeforeFirst = -657435;
-    constexpr double kBehindLast = 2958466;
-    if (!(automationDate > kBeforeFirst && automationDate < kBehindLast)) {
-        throw RuntimeError(ErrorNumber::Overflow);
-    }
-    return DateTime::FromAutomation(automationDate);
+    const auto date = DateTime::InCalendar(automationDate);
+    if (!date) throw RuntimeError(ErrorNumber::Overflow);
+    return *date;
 }
 
 }  // namespace

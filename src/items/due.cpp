@@ -4,6 +4,12 @@
 
 namespace zv::items {
 
+namespace {
+
+const DateTime kLastDay(9999, 12, 31);
+
+}  // namespace
+
 Due DueOn(std::optional<DateTime> day, ItemState state, DateTime today) {
     if (!day || state == ItemState::Done || day->Date() > today.Date()) return Due::NotYet;
     return day->Date() < today.Date() ? Due::Overdue : Due::Today;
@@ -16,8 +22,11 @@ std::string DueCondition(Due due, DateTime today, const DateLiteral& dateLiteral
         case Due::Overdue:
             return open + " And a.taskTime<" + begin;
         case Due::Today:
-            return open + " And a.taskTime>=" + begin + " And a.taskTime<" +
-                   dateLiteral(today.Date().AddDays(1));
+            // Behind the last day of the calendar there is none to be written.
+            return open + " And a.taskTime>=" + begin +
+                   (today.Date() == kLastDay
+                        ? std::string()
+                        : " And a.taskTime<" + dateLiteral(today.Date().AddDays(1)));
         case Due::NotYet:
             break;
     }

@@ -36,11 +36,7 @@ double Value::ToDouble() const {
     return std::visit(Overloaded{[](std::monostate) { return 0.0; },
                                  [](std::int64_t number) { return static_cast<double>(number); },
                                  [](double number) { return number; },
-                                 [](const std::string& text) {
-                                     const auto number = number::Parse(text);
-                                     if (!number) throw RuntimeError(ErrorNumber::TypeMismatch);
-                                     return *number;
-                                 },
+                                 [](const std::string& text) { return number::ToDouble(text); },
                                  [](DateTime date) { return date.ToAutomation(); }},
                       data_);
 }
@@ -59,10 +55,9 @@ DateTime Value::ToDate() const {
         throw RuntimeError(ErrorNumber::TypeMismatch);
     }
     if (IsNull()) throw RuntimeError(ErrorNumber::TypeMismatch);
-    // The range of automation dates, 0100-01-01 to 9999-12-31.
-    const double days = ToDouble();
-    if (!(days > -657435.0 && days < 2958466.0)) throw RuntimeError(ErrorNumber::TypeMismatch);
-    return DateTime::FromAutomation(days);
+    const auto date = DateTime::InCalendar(ToDouble());
+    if (!date) throw RuntimeError(ErrorNumber::TypeMismatch);
+    return *date;
 }
 
 }  // namespace zv::store

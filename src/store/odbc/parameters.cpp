@@ -39,8 +39,7 @@ Value Fitting(const Parameter& parameter) {
         return value;
     }
     if (const std::string* text = value.TextIf()) {
-        const auto number = number::Parse(*text);
-        return number ? Value(*number) : value;
+        return number::IsNumeric(*text) ? Value(number::ToDouble(*text)) : value;
     }
     return date ? Value(std::get<DateTime>(value.Data()).ToAutomation()) : value;
 }

@@ -223,7 +223,8 @@ void frmTaskSet::ProposePlan() {
     Give(PlanField::TaskID, txtTaskID, plans::ProposeNumber(session_.database));
     const DateTime today = session_.machine.clock.Today();
     dateBegin.SetValue(today);
-    dateEnd.SetValue(today.AddDays(kDaysOfANewPlan));
+    dateEnd.SetValue(
+        std::min(today.AddDays(kDaysOfANewPlan), DateTime(forms::DatePicker::kLastYear, 12, 31)));
     if (!session_.state.UserName.empty()) {
         Give(PlanField::SetMan, txtSetMan, session_.state.UserName);
         txtDoneMan.SetText("");

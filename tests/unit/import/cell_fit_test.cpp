@@ -84,6 +84,18 @@ TEST(CellFit, ZeroCharactersAndBrokenCharactersAreReported) {
     EXPECT_EQ(Fitted(ColumnKind::Text, replacement, Strict()), "");
 }
 
+TEST(CellFit, WhatNoServerTakesForACharacterIsBroken) {
+    // Half of a pair, both halves one by one, longer than need be, beyond the last character.
+    for (const char* text : {"\xED\xA0\x80", "\xED\xA0\xBD\xED\xB8\x80", "\xE0\x80\xAF",
+                             "\xF0\x80\x80\x80", "\xF4\x90\x80\x80"}) {
+        Value broken(text);
+        EXPECT_EQ(Fitted(ColumnKind::Text, broken, Strict()),
+                  "refused: texts with broken characters");
+    }
+    Value last("\uFFFF\U0010FFFF");
+    EXPECT_EQ(Fitted(ColumnKind::Text, last, Strict()), "");
+}
+
 TEST(CellFit, NumbersInTextColumnsBecomeTheirDigits) {
     Value value(17);
     EXPECT_EQ(Fitted(ColumnKind::Text, value, Strict()), "");

@@ -14,8 +14,8 @@ class CountingWhatIsDue : public store::WatchedDatabaseTest {
                 std::to_string(kind) + ",'" + time + "'," + std::to_string(state) + "," + doer +
                 ",'x')");
     }
-    DueCounts Count(const std::string& condition = {}) {
-        return CountDue(database_, condition, DateTime(2003, 3, 7, 9, 30));
+    DueCounts Count(const std::string& condition = {}, DateTime now = DateTime(2003, 3, 7, 9, 30)) {
+        return CountDue(database_, condition, now);
     }
 };
 
@@ -59,6 +59,14 @@ TEST(DueCounts, SumTheDoersFromAPositionOn) {
     const DueCounts counts{{}, {{"甲", {1, 2, 3}}, {"乙", {10, 20, 30}}, {"丙", {100, 200, 300}}}};
     EXPECT_EQ(counts.SumFrom(1), (DueCount{110, 220, 330}));
     EXPECT_EQ(counts.SumFrom(3), DueCount());
+}
+
+TEST_P(CountingWhatIsDue, CountsOnTheLastDayOfTheCalendar) {
+    database_.EnsureConnection();
+    Add("9999-12-30 23:59:59", 0, "'甲'");
+    Add("9999-12-31 00:00:00", 0, "'甲'");
+    Add("9999-12-31 23:59:59", 0, "'甲'");
+    EXPECT_EQ(Count({}, DateTime(9999, 12, 31, 23, 30)).all, (DueCount{1, 2, 0}));
 }
 
 TEST_P(CountingWhatIsDue, IsOneStatement) {

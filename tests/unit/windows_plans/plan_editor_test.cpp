@@ -40,6 +40,13 @@ TEST_F(PlanEditorTest, CutsTenThousandCharactersToFiftyBytes) {
     }
 }
 
+TEST_F(PlanEditorTest, ProposesNoDayBehindTheCalendar) {
+    clock.Set({9999, 3, 7, 9, 30});
+    frmTaskSet& editor = Open();
+    EXPECT_EQ(editor.dateBegin.Value(), DateTime(9999, 3, 7));
+    EXPECT_EQ(editor.dateEnd.Value(), DateTime(9999, 12, 31));
+}
+
 TEST_F(PlanEditorTest, RefusesTenThousandDigits) {
     frmTaskSet& editor = Open();
     user.Type(editor.txtCircleValue, Repeat("9", 10000));
