@@ -11,7 +11,6 @@
 
 #include "base/text.h"
 #include "target.h"
-#include "zvdb/access/access_value.h"
 #include "zvdb/access/catalogue.h"
 #include "zvdb/access/stream.h"
 #include "zvdb/access/table_rows.h"
@@ -30,7 +29,8 @@ constexpr std::string_view kFile = ZV_FIXTURES "/access/taskAlert-2000.mdb";
 /// In memory, under a name that can be opened.
 class ChangedFile {
  public:
-    explicit ChangedFile(std::string bytes) : bytes_(std::move(bytes)), file_(memfd_create("f", 0)) {
+    explicit ChangedFile(std::string bytes)
+        : bytes_(std::move(bytes)), file_(memfd_create("f", 0)) {
         Write(0, bytes_);
     }
     ~ChangedFile() { close(file_); }
@@ -43,7 +43,8 @@ class ChangedFile {
         Write(at, bytes);
     }
     void Restore() {
-        for (const auto& [at, size] : changes_) Write(at, std::string_view(bytes_).substr(at, size));
+        for (const auto& [at, size] : changes_)
+            Write(at, std::string_view(bytes_).substr(at, size));
         changes_.clear();
     }
 
@@ -177,8 +178,8 @@ std::set<std::uint32_t> Change(Original& original, std::string_view changes) {
     while (changes.size() > kChangeHead) {
         const std::uint32_t page = original.Pages()[byte(0) % original.Pages().size()];
         const std::size_t at = (byte(1) * 256 + byte(2)) % kPageSize;
-        const std::size_t size = std::min(
-            {1 + byte(3) % kMostBytes, changes.size() - kChangeHead, kPageSize - at});
+        const std::size_t size =
+            std::min({1 + byte(3) % kMostBytes, changes.size() - kChangeHead, kPageSize - at});
         original.File().Change(page * kPageSize + at, changes.substr(kChangeHead, size));
         changed.insert(page);
         changes.remove_prefix(kChangeHead + size);
@@ -208,8 +209,7 @@ void PlayTable(Original& original, std::size_t table, const std::set<std::uint32
 void PlayAccessPages(std::string_view input, const FieldReader& read) {
     static Original original;
     if (input.empty()) return;
-    const std::size_t table =
-        static_cast<unsigned char>(input.front()) % original.Tables().size();
+    const std::size_t table = static_cast<unsigned char>(input.front()) % original.Tables().size();
     const std::set<std::uint32_t> changed = Change(original, input.substr(1));
     struct Restoring {
         ~Restoring() { original.File().Restore(); }

@@ -7,14 +7,15 @@
 #include <vector>
 
 #include "store/value.h"
+#include "zvdb/access/access_value.h"
 #include "zvdb/access/mdb_file.h"
 #include "zvdb/import/table_source.h"
 
 namespace zv::fuzz {
 
-using FieldReader = std::function<bool(zvdb::access::MdbFile&, const zvdb::access::AccessRow&,
-                                       const zvdb::access::AccessColumn&, store::Value&,
-                                       zvdb::CellRemark&)>;
+using FieldReader =
+    std::function<bool(zvdb::access::MdbFile&, const zvdb::access::AccessRow&,
+                       const zvdb::access::AccessColumn&, store::Value&, zvdb::CellRemark&)>;
 
 /// The input are changes of pages of rows in a file of the fixtures (see kChangeHead). The file is
 /// refused as damaged, or every row is read, twice the same; texts are UTF-8, dates are in the

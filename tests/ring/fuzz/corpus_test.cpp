@@ -15,7 +15,7 @@ namespace zv::fuzz {
 namespace {
 
 constexpr int kChanges = 3000;
-constexpr std::chrono::milliseconds kTime{1500};
+constexpr std::chrono::milliseconds kTime{1000};
 constexpr std::uint32_t kSeed = 1;
 
 std::vector<std::string> CorpusOf(const Target& target) {
@@ -90,9 +90,8 @@ std::vector<std::string_view> Names() {
     return names;
 }
 
-INSTANTIATE_TEST_SUITE_P(Targets, Fuzz, testing::ValuesIn(Names()), [](const auto& info) {
-    return std::string(info.param);
-});
+INSTANTIATE_TEST_SUITE_P(Targets, Fuzz, testing::ValuesIn(Names()),
+                         [](const auto& each) { return std::string(each.param); });
 
 }  // namespace
 }  // namespace zv::fuzz

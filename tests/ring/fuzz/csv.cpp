@@ -113,12 +113,14 @@ void PlayCsv(std::string_view input, const std::function<std::string(const Rows&
 }
 
 std::vector<std::string> CsvSeeds() {
-    return {"No.\xFESubject\xFF"
-            "1\xFE\"visit\", then call\xFF"
-            "2\xFEline\r\nbreak\xFF\xFE",
-            "=1+1\xFE-1.5\xFE+\xFE@x\xFE\t=2\xFE'=3",
-            "\xEF\xBC\x9D" "1\xFE\xE4\xBB\xBB\xE5\x8A\xA1",
-            ""};
+    return {
+        "No.\xFESubject\xFF"
+        "1\xFE\"visit\", then call\xFF"
+        "2\xFEline\r\nbreak\xFF\xFE",
+        "=1+1\xFE-1.5\xFE+\xFE@x\xFE\t=2\xFE'=3",
+        "\xEF\xBC\x9D"
+        "1\xFE\xE4\xBB\xBB\xE5\x8A\xA1",
+        ""};
 }
 
 }  // namespace zv::fuzz

@@ -17,7 +17,8 @@ Rows ReadCsv(std::string_view text);
 
 /// Rows come back as they were, but for an apostrophe in front of what a spreadsheet program would
 /// compute.
-void PlayCsv(std::string_view input, const std::function<std::string(const Rows&)>& write = WriteCsv);
+void PlayCsv(std::string_view input,
+             const std::function<std::string(const Rows&)>& write = WriteCsv);
 std::vector<std::string> CsvSeeds();
 
 }  // namespace zv::fuzz

@@ -82,7 +82,8 @@ void PlayTexts(std::string_view input, const StreamEncoder& encode) {
     doubles::TextBag bag;
     for (const std::string_view piece : PiecesOf(input)) {
         const std::size_t equals = std::min(piece.find('='), piece.size());
-        bag.Put(piece.substr(0, equals), std::string(piece.substr(std::min(equals + 1, piece.size()))));
+        bag.Put(piece.substr(0, equals),
+                std::string(piece.substr(std::min(equals + 1, piece.size()))));
     }
     ControlState state = NewState();
     if (Load(state, bag)) HoldSaved(state, encode);
@@ -130,7 +131,8 @@ std::vector<std::string> PropertySeeds() {
             "Copyright=True\xFFSQLData=2\xFFUserPath=srv\\x",
             "tAlertType=3.5\xFF"
             "Copyright=-1\xFFshowmode= 1 \xFFSQLData=&H10",
-            "tLanguage=99999", "tLanguage=1e4\xFF"
+            "tLanguage=99999",
+            "tLanguage=1e4\xFF"
             "Copyright=No"};
 }
 

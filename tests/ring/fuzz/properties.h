@@ -12,8 +12,8 @@ namespace zv::fuzz {
 
 using StreamEncoder = std::function<std::string(const com::MemoryBag&)>;
 
-/// A stream, or a bag of "KEY=TEXT" pieces, is refused and leaves the properties as they were, or is
-/// loaded; what was loaded can be saved and is then loaded as the same.
+/// A stream, or a bag of "KEY=TEXT" pieces, is refused and leaves the properties as they were, or
+/// is loaded; what was loaded can be saved and is then loaded as the same.
 void PlayProperties(std::string_view input, const StreamEncoder& encode = com::EncodeStream);
 std::vector<std::string> PropertySeeds();
 

@@ -86,7 +86,8 @@ std::vector<std::string> ScenarioSeeds() {
     std::sort(files.begin(), files.end());
     for (const auto& file : files) {
         std::ifstream stream(file, std::ios::binary);
-        seeds.emplace_back(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+        seeds.emplace_back(std::istreambuf_iterator<char>(stream),
+                           std::istreambuf_iterator<char>());
     }
     return seeds;
 }

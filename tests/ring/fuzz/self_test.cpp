@@ -32,25 +32,34 @@ int Findings(std::string_view target, Play play) {
 
 TEST(FuzzFinds, AMemoThatIsReadAsSomethingElse) {
     int reads = 0;
-    EXPECT_GT(Findings("access", [&](std::string_view input) {
-        PlayAccessPages(input, [&](auto& file, const auto& row, const auto& column,
-                                   store::Value& value, zvdb::CellRemark& remark) {
-            const bool remarked = zvdb::access::DecodeField(file, row, column, value, remark);
-            if (column.type == zvdb::access::FieldType::Memo) value = store::Value(reads++);
-            return remarked;
-        });
-    }), 0);
+    EXPECT_GT(Findings("access",
+                       [&](std::string_view input) {
+                           PlayAccessPages(
+                               input, [&](auto& file, const auto& row, const auto& column,
+                                          store::Value& value, zvdb::CellRemark& remark) {
+                                   const bool remarked =
+                                       zvdb::access::DecodeField(file, row, column, value, remark);
+                                   if (column.type == zvdb::access::FieldType::Memo)
+                                       value = store::Value(reads++);
+                                   return remarked;
+                               });
+                       }),
+              0);
 }
 
 TEST(FuzzFinds, ALossThatIsNotSaid) {
-    EXPECT_GT(Findings("access", [](std::string_view input) {
-        PlayAccessPages(input, [](auto& file, const auto& row, const auto& column,
-                                  store::Value& value, zvdb::CellRemark& remark) {
-            zvdb::access::DecodeField(file, row, column, value, remark);
-            if (column.type == zvdb::access::FieldType::Date) remark.lost = true;
-            return false;
-        });
-    }), 0);
+    EXPECT_GT(Findings("access",
+                       [](std::string_view input) {
+                           PlayAccessPages(
+                               input, [](auto& file, const auto& row, const auto& column,
+                                         store::Value& value, zvdb::CellRemark& remark) {
+                                   zvdb::access::DecodeField(file, row, column, value, remark);
+                                   if (column.type == zvdb::access::FieldType::Date)
+                                       remark.lost = true;
+                                   return false;
+                               });
+                       }),
+              0);
 }
 
 TEST(FuzzFinds, BracesThatAreLeftOut) {
@@ -74,15 +83,23 @@ TEST(FuzzFinds, APasswordInAMessage) {
 }
 
 TEST(FuzzFinds, AQuoteThatIsNotDoubled) {
-    EXPECT_GT(Findings("csv", [](std::string_view input) {
-        PlayCsv(input, [](const Rows& rows) { return text::Replace(WriteCsv(rows), "\"\"", "\""); });
-    }), 0);
+    EXPECT_GT(Findings("csv",
+                       [](std::string_view input) {
+                           PlayCsv(input, [](const Rows& rows) {
+                               return text::Replace(WriteCsv(rows), "\"\"", "\"");
+                           });
+                       }),
+              0);
 }
 
 TEST(FuzzFinds, AFormulaInATable) {
-    EXPECT_GT(Findings("csv", [](std::string_view input) {
-        PlayCsv(input, [](const Rows& rows) { return text::Replace(WriteCsv(rows), "'=", "="); });
-    }), 0);
+    EXPECT_GT(Findings("csv",
+                       [](std::string_view input) {
+                           PlayCsv(input, [](const Rows& rows) {
+                               return text::Replace(WriteCsv(rows), "'=", "=");
+                           });
+                       }),
+              0);
 }
 
 TEST(FuzzFinds, ACharacterWithoutAWidth) {
@@ -94,31 +111,37 @@ TEST(FuzzFinds, ACharacterWithoutAWidth) {
 }
 
 TEST(FuzzFinds, APropertyThatIsNotSaved) {
-    EXPECT_GT(Findings("properties", [](std::string_view input) {
-        PlayProperties(input, [](const com::MemoryBag& bag) {
-            com::MemoryBag less;
-            for (const auto& [key, value] : bag.Entries()) {
-                if (key != "myName") less.Write(key, value);
-            }
-            return com::EncodeStream(less);
-        });
-    }), 0);
+    EXPECT_GT(Findings("properties",
+                       [](std::string_view input) {
+                           PlayProperties(input, [](const com::MemoryBag& bag) {
+                               com::MemoryBag less;
+                               for (const auto& [key, value] : bag.Entries()) {
+                                   if (key != "myName") less.Write(key, value);
+                               }
+                               return com::EncodeStream(less);
+                           });
+                       }),
+              0);
 }
 
 TEST(FuzzFinds, AWordThatIsLost) {
-    EXPECT_GT(Findings("scenarios", [](std::string_view input) {
-        PlayScenario(input, [](std::string_view text) {
-            auto lines = script::ReadScript(text);
-            if (text::Contains(text, "as it was read")) lines.pop_back();
-            return lines;
-        });
-    }), 0);
+    EXPECT_GT(Findings("scenarios",
+                       [](std::string_view input) {
+                           PlayScenario(input, [](std::string_view text) {
+                               auto lines = script::ReadScript(text);
+                               if (text::Contains(text, "as it was read")) lines.pop_back();
+                               return lines;
+                           });
+                       }),
+              0);
 }
 
 TEST(FuzzFinds, ALineThatIsNotThere) {
-    EXPECT_THROW(PlayScenario("quit", [](std::string_view) -> std::vector<script::ScriptLine> {
-        throw script::ScriptError("somewhere");
-    }), Finding);
+    EXPECT_THROW(PlayScenario("quit",
+                              [](std::string_view) -> std::vector<script::ScriptLine> {
+                                  throw script::ScriptError("somewhere");
+                              }),
+                 Finding);
 }
 
 TEST(FuzzFinds, ASettingThatOverwritesAnother) {
@@ -131,11 +154,13 @@ TEST(FuzzFinds, ASettingThatOverwritesAnother) {
             FileSettings::Save(application, section, "Left", "0");
         }
     };
-    EXPECT_GT(Findings("settings", [](std::string_view input) {
-        PlaySettings(input, [](const std::filesystem::path& file) {
-            return std::make_unique<Forgetful>(file);
-        });
-    }), 0);
+    EXPECT_GT(Findings("settings",
+                       [](std::string_view input) {
+                           PlaySettings(input, [](const std::filesystem::path& file) {
+                               return std::make_unique<Forgetful>(file);
+                           });
+                       }),
+              0);
 }
 
 int FindingsOfTranslation(const std::function<void(store::dialect::Translation&)>& spoil) {
@@ -157,13 +182,15 @@ TEST(FuzzFinds, ASecondStatement) {
 }
 TEST(FuzzFinds, AChangeThatIsSaidToBeASelect) {
     EXPECT_GT(FindingsOfTranslation([](auto& translation) {
-        translation.kind = store::dialect::StatementKind::Select;
-    }), 0);
+                  translation.kind = store::dialect::StatementKind::Select;
+              }),
+              0);
 }
 TEST(FuzzFinds, RowsThatAreNotFoundByTheirKeys) {
     EXPECT_GT(FindingsOfTranslation([](auto& translation) {
-        if (!translation.keySql.empty()) translation.keySql += " limit 1";
-    }), 0);
+                  if (!translation.keySql.empty()) translation.keySql += " limit 1";
+              }),
+              0);
 }
 TEST(FuzzFinds, ASecondStatementThatIsLetThrough) {
     StatementProduct product;

@@ -45,16 +45,18 @@ void PlaySettings(std::string_view input, const SettingsMaker& make) {
         expected[{section, text::ToLower(pieces[i])}] = pieces[i + 1];
         for (const auto& [place, text] : expected) {
             const std::string found = get(place.first, place.second);
-            Hold(found == text, "\"" + place.second + "\" holds \"" + found + "\" instead of \"" +
-                                    text + "\"");
+            Hold(found == text,
+                 "\"" + place.second + "\" holds \"" + found + "\" instead of \"" + text + "\"");
         }
     }
 }
 
 std::vector<std::string> SettingsSeeds() {
-    return {"[Tarnell\\zvTask]\nLeft=120\nTitle=a\\nb\n[Tarnell\\zv2000]\nLanguage=1\n\xFFLeft\xFF" "7",
-            "[tarnell\\ZVTASK]\nLEFT=1\nleft=2\nno text\n\xFFleft\xFF\\\xFF=\xFF[x]\xFF[a]\xFFx\r\n",
-            "\xFFkey\\\xFFvalue\\e\xFFKEY\\\xFF\xFF\xFF=", "[Tarnell\\zvTask\n]=[\nx=\\"};
+    return {
+        "[Tarnell\\zvTask]\nLeft=120\nTitle=a\\nb\n[Tarnell\\zv2000]\nLanguage=1\n\xFFLeft\xFF"
+        "7",
+        "[tarnell\\ZVTASK]\nLEFT=1\nleft=2\nno text\n\xFFleft\xFF\\\xFF=\xFF[x]\xFF[a]\xFFx\r\n",
+        "\xFFkey\\\xFFvalue\\e\xFFKEY\\\xFF\xFF\xFF=", "[Tarnell\\zvTask\n]=[\nx=\\"};
 }
 
 }  // namespace zv::fuzz

@@ -21,9 +21,9 @@ struct StatementProduct {
     std::function<void(std::string_view)> requireOne;
 };
 
-/// What is refused names its place. What is accepted is a statement for the embedded engine, one and
-/// no more, that changes nothing if it is said to be a select, and whose rows are found again by
-/// their keys; for the other engine that statements are translated for it is made of whole words
+/// What is refused names its place. What is accepted is a statement for the embedded engine, one
+/// and no more, that changes nothing if it is said to be a select, and whose rows are found again
+/// by their keys; for the other engine that statements are translated for it is made of whole words
 /// and closes what it opens. What servers are sent as it is, is one statement and is taken for what
 /// it is.
 void PlayStatement(std::string_view input, const StatementProduct& product = {});

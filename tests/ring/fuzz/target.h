@@ -21,7 +21,7 @@ inline void Hold(bool holds, const std::string& what) {
 }
 
 struct Target {
-    std::string_view name;  ///< also of its folder in corpus/ and its file in dictionaries/
+    std::string_view name;    ///< also of its folder in corpus/ and its file in dictionaries/
     std::size_t longest = 0;  ///< bytes of an input
     /// Throws Finding. Any other exception is a finding, too.
     void (*play)(std::string_view input) = nullptr;
