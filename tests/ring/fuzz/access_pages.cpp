@@ -24,6 +24,8 @@ using namespace zvdb::access;
 // it, how many bytes, and the bytes.
 constexpr std::size_t kChangeHead = 4;
 constexpr std::size_t kMostBytes = 16;
+// Of a table that is read twice each time.
+constexpr std::size_t kFewRows = 50;
 constexpr std::string_view kFile = ZV_FIXTURES "/access/taskAlert-2000.mdb";
 
 /// In memory, under a name that can be opened.
@@ -197,7 +199,10 @@ void PlayTable(Original& original, std::size_t table, const std::set<std::uint32
     if (entry == catalogue.end() || !entry->elsewhere.empty()) return;
     const TableDefinition definition = file.ReadTable(entry->name, entry->page);
     const std::vector<Row> rows = RowsOf(file, definition, read);
-    Hold(SameRows(rows, RowsOf(file, definition, read)), "read as something else the second time");
+    if (rows.size() <= kFewRows) {
+        Hold(SameRows(rows, RowsOf(file, definition, read)),
+             "read as something else the second time");
+    }
     HoldHandedOver(rows);
     if (changed.empty()) {
         Hold(SameRows(rows, original.Rows(table)), "the file is read as another");
@@ -220,7 +225,10 @@ void PlayAccessPages(std::string_view input, const FieldReader& read) {
         Hold(!changed.empty(), std::string("a sound file is called damaged: ") + damage.what());
         Hold(*damage.what() != '\0', "damaged, and not said how");
     }
-    if (!original.IsWithin(table, changed)) return;
+    // The upper half of the numbers asks for another table besides.
+    if (static_cast<unsigned char>(input.front()) < 0x80 || !original.IsWithin(table, changed)) {
+        return;
+    }
     const std::size_t other = (table + 1) % original.Tables().size();
     try {
         PlayTable(original, other, {}, read);
@@ -237,7 +245,7 @@ std::vector<std::string> AccessSeeds() {
                                            std::string("\x0F\xF0\x0F") + "0123456789ABCDEF"};
     std::vector<std::string> seeds;
     for (std::size_t page = 0; page < kPages; page++) {
-        const char table = static_cast<char>(page % 8);
+        const char table = static_cast<char>(page % 8 + (page % 2 == 0 ? 0x80 : 0));
         seeds.push_back({table});
         for (const std::string& change : changes) {
             seeds.push_back({table, static_cast<char>(page)});

@@ -56,12 +56,13 @@ play() {
     local name=$1 dictionary=$here/dictionaries/$1.txt longest=512 log=$logs/$1.log fuzzer timer status
     local folders=("$work/$name/grown" "$work/seeds/$name")
     mkdir -p "$work/$name/found" "$work/$name/grown"
+    : >"$log"
     [ -d "$here/corpus/$name" ] && folders+=("$here/corpus/$name")
     case $name in fonts | scenarios | statements) longest=4096 ;; esac
     "$bin/fuzz_$name" -max_total_time="$seconds" -seed="${ZV_SEED:-1}" -max_len="$longest" \
         -timeout=30 -rss_limit_mb=3000 -print_final_stats=1 \
         -artifact_prefix="$work/$name/found/" ${dictionary:+$([ -e "$dictionary" ] && echo "-dict=$dictionary")} \
-        "${folders[@]}" >"$log" 2>&1 &
+        "${folders[@]}" >>"$log" 2>&1 &
     fuzzer=$!
     { sleep $((seconds / 2)) && echo "half time" >>"$log"; } &
     timer=$!

@@ -45,8 +45,9 @@ void PlaySettings(std::string_view input, const SettingsMaker& make) {
         expected[{section, text::ToLower(pieces[i])}] = pieces[i + 1];
         for (const auto& [place, text] : expected) {
             const std::string found = get(place.first, place.second);
-            Hold(found == text,
-                 "\"" + place.second + "\" holds \"" + found + "\" instead of \"" + text + "\"");
+            if (found == text) continue;
+            throw Finding("\"" + place.second + "\" holds \"" + found + "\" instead of \"" + text +
+                          "\"");
         }
     }
 }

@@ -16,8 +16,8 @@ class Finding : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-inline void Hold(bool holds, const std::string& what) {
-    if (!holds) throw Finding(what);
+inline void Hold(bool holds, std::string_view what) {
+    if (!holds) throw Finding(std::string(what));
 }
 
 struct Target {
