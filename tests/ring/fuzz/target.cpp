@@ -58,11 +58,11 @@ std::string FaultOf(const Target& target, std::string_view input) {
 
 // The library that writes PDF files frees some arrays as if they were none, and does not free what
 // it holds when a font turns out to be damaged while it is written.
-extern "C" const char* __asan_default_options();       // NOLINT(bugprone-reserved-identifier)
-extern "C" const char* __lsan_default_suppressions();  // NOLINT(bugprone-reserved-identifier)
-extern "C" const char* __asan_default_options() {      // NOLINT(bugprone-reserved-identifier)
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizers ask for this name
+extern "C" const char* __asan_default_options() {
     return "alloc_dealloc_mismatch=0";
 }
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizers ask for this name
+extern "C" const char* __lsan_default_suppressions() {
     return "leak:PDFWriter::";
 }
