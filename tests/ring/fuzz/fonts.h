@@ -18,8 +18,8 @@ struct FontProduct {
 };
 
 /// A font is left out or can be used: every character has a width, texts are as wide as their
-/// characters, and behind it a sound font still gives what this one lacks. A page is laid out and
-/// written to a file, or the user is told why not.
+/// characters, and behind it a sound font still gives what this one lacks. A page is laid out; that
+/// of a sound font is written to a file.
 void PlayFont(std::string_view input, const FontProduct& product = {});
 std::vector<std::string> FontSeeds();
 
