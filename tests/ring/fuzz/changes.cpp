@@ -1,6 +1,7 @@
 #include "changes.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace zv::fuzz {
 namespace {

@@ -1,5 +1,6 @@
 #include "fonts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <iterator>

@@ -1,5 +1,6 @@
 #include "properties.h"
 
+#include <algorithm>
 #include <tuple>
 
 #include "base/errors.h"

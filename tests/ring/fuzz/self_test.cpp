@@ -1,6 +1,10 @@
 // Each target finds what is wrong, in doubles that do something wrong.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <functional>
+#include <memory>
+
 #include "access_pages.h"
 #include "base/text.h"
 #include "connection_texts.h"
