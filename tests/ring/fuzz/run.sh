@@ -23,7 +23,7 @@ row() {
             for (i = 2; i < NF; i++) if ($i == "cov:") edges = $(i + 1)
             
         }
-        /^finding:|ERROR: |^SUMMARY: / && !/^SUMMARY: libFuzzer: timeout/ { found = 1 }
+        /^finding:|ERROR: / { found = 1 }
         /^Done [0-9]+ runs in [0-9]+ second/ { count = $2; seconds = $5; done = 1 }
         /^half time$/ { half = edges }
         END { printf "%-12s %8s %12d %12s %8s %8d\n", name, done ? seconds : "-", count,
@@ -60,7 +60,7 @@ play() {
     [ -d "$here/corpus/$name" ] && folders+=("$here/corpus/$name")
     case $name in fonts | scenarios | statements) longest=4096 ;; esac
     "$bin/fuzz_$name" -max_total_time="$seconds" -seed="${ZV_SEED:-1}" -max_len="$longest" \
-        -timeout=30 -rss_limit_mb=3000 -print_final_stats=1 \
+        -timeout=120 -rss_limit_mb=3000 -print_final_stats=1 \
         -artifact_prefix="$work/$name/found/" ${dictionary:+$([ -e "$dictionary" ] && echo "-dict=$dictionary")} \
         "${folders[@]}" >>"$log" 2>&1 &
     fuzzer=$!
