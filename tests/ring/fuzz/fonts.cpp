@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -82,14 +83,19 @@ std::optional<FontSet> Open(const std::vector<FontSource>& sources) {
 }  // namespace
 
 void PlayFont(std::string_view input, const FontProduct& product) {
+    // A long run outlives changes of the corpus.
     static const test::TemporaryFolder folder;
+    static const std::string sound = [] {
+        std::filesystem::copy_file(kSound, folder / "sound.ttf");
+        return (folder / "sound.ttf").string();
+    }();
     const std::string path = (folder / "font.ttf").string();
     std::ofstream(path, std::ios::binary | std::ios::trunc) << input;
 
     const int place = report::FindInCollection(input, "name");
     Hold(place >= -1, "a place that is none");
     const std::optional<FontSet> alone = Open({{path, std::max(place, 0), {}}});
-    const std::optional<FontSet> both = Open({{path, std::max(place, 0), {}}, {kSound, 0, {}}});
+    const std::optional<FontSet> both = Open({{path, std::max(place, 0), {}}, {sound, 0, {}}});
     Hold(both.has_value(), "a sound font is refused beside it");
     Hold(both->Fonts().size() == (alone ? 2U : 1U), "taken beside another font and not alone");
     HoldWidths(*both, product);

@@ -21,7 +21,6 @@ row() {
         /^#[0-9]+/ {
             count = substr($1, 2) + 0
             for (i = 2; i < NF; i++) if ($i == "cov:") edges = $(i + 1)
-            
         }
         /^finding:|ERROR: / { found = 1 }
         /^Done [0-9]+ runs in [0-9]+ second/ { count = $2; seconds = $5; done = 1 }
