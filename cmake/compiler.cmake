@@ -13,6 +13,13 @@ if(ZV_SANITIZE)
                         -g1 -O1 -fno-optimize-sibling-calls)
     add_link_options(-fsanitize=address,undefined)
 endif()
+if(ZV_FUZZ)
+    # What GCC warns of is known from there.
+    target_compile_options(zv_options INTERFACE -Wno-error)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer -g1 -O1)
+    add_link_options(-fsanitize=address,undefined)
+endif()
 if(WIN32)
     target_compile_definitions(zv_options INTERFACE UNICODE _UNICODE WINVER=0x0601
                                _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)

@@ -16,7 +16,7 @@ target_compile_definitions(zv_sqlite3 PRIVATE SQLITE_THREADSAFE=1 SQLITE_DQS=0
 target_compile_options(zv_sqlite3 PRIVATE -w -O2)
 # One file as it is; to optimise it once more with each program that holds it takes minutes.
 set_target_properties(zv_sqlite3 PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
-if(ZV_SANITIZE)
+if(ZV_SANITIZE OR ZV_FUZZ)
     # Instrumenting the amalgamation takes many minutes and checks nothing of ours; memory that
     # is passed to it is still watched through the allocator.
     target_compile_options(zv_sqlite3 PRIVATE -fno-sanitize=all)

@@ -4,6 +4,7 @@
 
 #include FT_FREETYPE_H
 #include FT_ADVANCES_H
+#include FT_TRUETYPE_TABLES_H
 
 #include <filesystem>
 #include <fstream>
@@ -37,6 +38,13 @@ bool MayBeEmbedded(FT_Face face) {
     return !(rights & FT_FSTYPE_RESTRICTED_LICENSE_EMBEDDING) || (rights & kOthers);
 }
 
+// The writer of PDF files takes this for granted, and writes beyond its memory where it is not so.
+bool HasAGlyphForEachWidth(FT_Face face) {
+    const auto* widths = static_cast<const TT_HoriHeader*>(FT_Get_Sfnt_Table(face, FT_SFNT_HHEA));
+    const auto* glyphs = static_cast<const TT_MaxProfile*>(FT_Get_Sfnt_Table(face, FT_SFNT_MAXP));
+    return widths && glyphs && widths->number_Of_HMetrics <= glyphs->numGlyphs;
+}
+
 // A font that is read from its file as it is needed; large ones hold tens of megabytes.
 class OpenFont {
  public:
@@ -61,6 +69,10 @@ class OpenFont {
             const bool forbidden = !MayBeEmbedded(face);
             FT_Done_Face(face);
             throw std::string(forbidden ? "must not be embedded" : "has no outlines by character");
+        }
+        if (!HasAGlyphForEachWidth(face)) {
+            FT_Done_Face(face);
+            throw std::string("is damaged");
         }
     }
     ~OpenFont() { FT_Done_Face(face); }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iterator>
 
 #include "base/errors.h"
 #include "report_stage.h"
@@ -36,6 +37,23 @@ TEST(FontSet, LeavesOutWhatIsNoFont) {
     const std::string path = testing::TempDir() + "no_font.ttf";
     std::ofstream(path) << "nothing like a font";
     const FontSet fonts({{path, 0, ""}, {"/no/such/file.ttf", 0, ""}, {kChinese, 0, ""}});
+    EXPECT_EQ(fonts.Fonts().size(), 1u);
+}
+
+TEST(FontSet, LeavesOutWhatHasMoreWidthsThanGlyphs) {
+    std::ifstream stream(kLatin, std::ios::binary);
+    std::string font{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    const std::size_t entry = font.find("hhea");
+    ASSERT_NE(entry, std::string::npos);
+    std::size_t table = 0;
+    for (std::size_t i = 8; i < 12; i++) {
+        table = table << 8 | static_cast<unsigned char>(font[entry + i]);
+    }
+    constexpr std::size_t kCountAt = 34;
+    font.replace(table + kCountAt, 2, "\xFF\xFF");
+    const std::string path = testing::TempDir() + "more_widths.ttf";
+    std::ofstream(path, std::ios::binary) << font;
+    const FontSet fonts({{path, 0, ""}, {kChinese, 0, ""}});
     EXPECT_EQ(fonts.Fonts().size(), 1u);
 }
 
