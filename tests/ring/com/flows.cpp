@@ -161,10 +161,8 @@ void HearEvents(Stage& stage) {
     }
     if (stage.control) SetDatabase(*stage.control.As<IDispatch>());
     const Closer closer;
-    for (const LONG mode : {0L, 9L}) {
-        if (auto* task = stage.Borrow<ITask>(zv::com::kInterfaceId)) task->refresh(mode, 0);
-        CloseWindows();
-    }
+    if (auto* task = stage.Borrow<ITask>(zv::com::kInterfaceId)) task->refresh(9, 0);
+    CloseWindows();
 }
 
 void Watch(Stage& stage) {
@@ -215,7 +213,7 @@ const std::vector<Flow>& Flows() {
         {"read and write with an object", &ReadEvents},
         {"assign an object", &AssignObject},
         {"hear of properties", &Listen},
-        {"hear events", &HearEvents},
+        {"hear events", &HearEvents, true},
         {"watch the view", &Watch},
         {"draw", &Draw},
     };

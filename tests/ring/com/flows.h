@@ -11,6 +11,7 @@ namespace zv::ring::com {
 struct Flow {
     const char* name;
     void (*play)(Stage& stage);
+    bool isCostly = false;  ///< it opens windows
 };
 const std::vector<Flow>& Flows();
 
