@@ -96,7 +96,8 @@ TEST_F(Strangers, SendWhatTheyLike) {
                 if (!isOurs && (message >= WM_USER && message < WM_APP)) message = WM_COMMAND;
                 NMHDR header{stranger, static_cast<UINT_PTR>(random.Below(2000)),
                              static_cast<UINT>(0 - random.Below(900))};
-                WPARAM w = random.OneIn(2) ? random.Below(5000) : random.Bits();
+                WPARAM w =
+                    random.OneIn(2) ? random.Below(5000) : static_cast<WPARAM>(random.Bits());
                 LPARAM l = random.OneIn(3) ? 0 : reinterpret_cast<LPARAM>(stranger);
                 if (message == WM_NOTIFY) l = reinterpret_cast<LPARAM>(&header);
                 if (message == WM_TIMER) l = 0;
