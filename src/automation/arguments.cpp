@@ -19,7 +19,7 @@ bool Arguments::IsGiven(std::size_t index) const {
     if (index >= count_) return false;
     const VARIANT* value = &Raw(index);
     if (value->vt == (VT_BYREF | VT_VARIANT)) value = value->pvarVal;
-    return !(value->vt == VT_ERROR && value->scode == DISP_E_PARAMNOTFOUND);
+    return value && !(value->vt == VT_ERROR && value->scode == DISP_E_PARAMNOTFOUND);
 }
 
 Variant Arguments::At(std::size_t index) const {
@@ -41,6 +41,7 @@ std::string Arguments::Text(std::size_t index) const {
 void Arguments::Store(std::size_t index, Variant value) const {
     if (index >= count_) return;
     const VARIANT& target = Raw(index);
+    if ((target.vt & VT_BYREF) && !target.byref) return;
     if (target.vt == (VT_BYREF | VT_VARIANT)) {
         VariantClear(target.pvarVal);
         *target.pvarVal = value.Detach();

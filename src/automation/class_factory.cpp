@@ -31,10 +31,16 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** ob
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) noexcept {
     if (lock) {
+        ++serverLocks_;
         module::Lock();
-    } else {
-        module::Unlock();
+        return S_OK;
     }
+    // One too many must not stand for an object that lives.
+    long held = serverLocks_;
+    while (held > 0 && !serverLocks_.compare_exchange_weak(held, held - 1)) {
+    }
+    if (held <= 0) return E_UNEXPECTED;
+    module::Unlock();
     return S_OK;
 }
 

@@ -5,6 +5,7 @@
 
 #include <unknwn.h>
 
+#include <atomic>
 #include <span>
 
 namespace zv::automation {
@@ -32,6 +33,7 @@ class ClassFactory final : public IClassFactory {
  private:
     CLSID classId_;
     CreateFunction create_;
+    std::atomic<long> serverLocks_{0};
 };
 
 /// What DllGetClassObject answers of a file with these classes.

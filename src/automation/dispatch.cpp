@@ -12,7 +12,9 @@ namespace {
 // Brings a caller's argument into the type wanted, references followed. Dates and numbers in texts
 // are read as the caller's user writes them.
 HRESULT Coerce(const VARIANT& argument, VARTYPE type, LCID locale, Variant& result) {
-    result = Variant::Copy(argument);
+    if ((argument.vt & VT_BYREF) && !argument.byref) return E_INVALIDARG;
+    const HRESULT hr = VariantCopyInd(&result.Ref(), const_cast<VARIANT*>(&argument));
+    if (FAILED(hr)) return hr;
     if (result.IsMissing()) return DISP_E_PARAMNOTOPTIONAL;
     if (result.Type() == type) return S_OK;
     // Nothing, as scripts write it, is an object too.
@@ -34,6 +36,12 @@ TakenArguments::Converted::~Converted() {
 
 HRESULT TakenArguments::Take(Binding binding, const MemberShape& shape,
                              const MemberCall& call) noexcept {
+    const DISPPARAMS& parameters = *call.parameters;
+    if (parameters.cNamedArgs > parameters.cArgs) return DISP_E_BADPARAMCOUNT;
+    if ((parameters.cArgs > 0 && !parameters.rgvarg) ||
+        (parameters.cNamedArgs > 0 && !parameters.rgdispidNamedArgs)) {
+        return E_INVALIDARG;
+    }
     try {
         if (binding == Binding::Positional) return TakePositional(shape, call);
         // What is left for this thread by then is the member's own.
@@ -141,7 +149,7 @@ HRESULT FindParameters(const MemberShape* shape, LPOLESTR* names, UINT count,
     for (UINT i = 1; i < count; i++) {
         DISPID position = 0;
         for (const Parameter& parameter : shape->parameters) {
-            if (parameter.name && SameName(names[i], parameter.name)) ids[i] = position;
+            if (parameter.name && names[i] && SameName(names[i], parameter.name)) ids[i] = position;
             position++;
         }
         if (ids[i] == DISPID_UNKNOWN) hr = DISP_E_UNKNOWNNAME;

@@ -163,7 +163,7 @@ HRESULT FindNames(Binding binding, REFIID reserved, LPOLESTR* names, UINT count,
     if (count == 0) return S_OK;
     const MemberShape* found = nullptr;
     for (const MemberEntry<T>& member : T::Members()) {
-        if (!found && SameName(names[0], member.shape.name)) found = &member.shape;
+        if (!found && names[0] && SameName(names[0], member.shape.name)) found = &member.shape;
     }
     return FindParameters(found, names, count, ids);
 }
@@ -265,6 +265,8 @@ class DispatchObject : public IDispatch, public ISupportErrorInfo {
     STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind, DISPPARAMS* parameters,
                         VARIANT* result, EXCEPINFO* exception,
                         UINT* badArgument) noexcept override {
+        // What a member calls may let go of the object.
+        const win32::ComPtr<IDispatch> alive(this);
         return InvokeMember(Binding::Positional, static_cast<T&>(*this), id,
                             {reserved, locale, kind, parameters, result, exception, badArgument});
     }

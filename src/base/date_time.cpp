@@ -91,8 +91,7 @@ std::optional<DateTime> DateTime::InCalendar(double automationDate) {
     if (!(automationDate > kBeforeFirst && automationDate < kBehindLast)) return std::nullopt;
     const DateTime date = FromAutomation(automationDate);
     // The last half second of the calendar is rounded into the year behind.
-    constexpr int kLastYear = 9999;
-    return date.Year() <= kLastYear ? std::optional(date) : std::nullopt;
+    return date.Date() <= LastDay() ? std::optional(date) : std::nullopt;
 }
 
 double DateTime::ToAutomation() const {

@@ -21,6 +21,8 @@ class DateTime {
     static DateTime FromAutomation(double value);
     /// The same; nothing for what is no number or lies outside the years 100 to 9999.
     static std::optional<DateTime> InCalendar(double automationDate);
+    /// 9999-12-31: no day begins behind it.
+    static DateTime LastDay() { return DateTime(9999, 12, 31); }
     double ToAutomation() const;
 
     /// Reads "YYYY-MM-DD", optionally followed by a blank or "T" and "HH:MM" or "HH:MM:SS".

@@ -52,7 +52,7 @@ std::string BirthdayStatement(DateTime today, DateTime last) {
 
 std::vector<BirthdayCard> Birthdays(store::Database& database, DateTime today, std::int16_t days) {
     database.EnsureConnection();
-    const DateTime last = std::min(today.AddDays(days), DateTime(9999, 12, 31));
+    const DateTime last = std::min(today.AddDays(days), DateTime::LastDay());
     const auto rows = database.Open(BirthdayStatement(today, last));
     std::vector<BirthdayCard> cards;
     for (; !rows->Eof(); rows->MoveNext()) {

@@ -46,8 +46,6 @@ HRESULT Automation::GetText(Text ControlState::*property, BSTR* value) noexcept 
 STDMETHODIMP Automation::refresh(LONG mode, SHORT modal) noexcept {
     return Boundary("refresh", [&] {
         core_.EnsureValues();
-        // The host may let go of the control while a modal window is open.
-        const win32::ComPtr<IUnknown> alive(&core_.outer);
         core_.task.refresh(mode, modal);
     });
 }

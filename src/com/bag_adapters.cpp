@@ -98,7 +98,7 @@ void ContainerBag::Write(std::string_view key, const BagValue& value) {
 std::unique_ptr<PropertyBag> AdaptBagObject(IDispatch* object) {
     if (!object) throw RuntimeError(ErrorNumber::ObjectNotSet);
     win32::ComPtr<IPropertyBag> bag;
-    if (SUCCEEDED(object->QueryInterface(IID_IPropertyBag, bag.PutVoid()))) {
+    if (SUCCEEDED(object->QueryInterface(IID_IPropertyBag, bag.PutVoid())) && bag) {
         return std::make_unique<ContainerBag>(*bag, nullptr);
     }
     return std::make_unique<ObjectBag>(*object);

@@ -58,12 +58,12 @@ STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(
 STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
     if (!sink || !cookie) return E_POINTER;
     *cookie = 0;
+    const win32::ComPtr<IUnknown> alive(&core_.outer);
     return Boundary([&]() -> HRESULT {
-        win32::ComPtr<IUnknown> wanted;
-        if (FAILED(sink->QueryInterface(iid_, wanted.PutVoid())) &&
-            (iid_ != kEventsId || FAILED(sink->QueryInterface(IID_IDispatch, wanted.PutVoid())))) {
-            return CONNECT_E_CANNOTCONNECT;
-        }
+        const win32::ComPtr<IUnknown> offered(sink);
+        win32::ComPtr<IUnknown> wanted = offered.As<IUnknown>(iid_);
+        if (!wanted && iid_ == kEventsId) wanted = offered.As<IUnknown>(IID_IDispatch);
+        if (!wanted) return CONNECT_E_CANNOTCONNECT;
         connections_.push_back({++lastCookie_, std::move(wanted)});
         *cookie = lastCookie_;
         return S_OK;
@@ -156,6 +156,7 @@ void ConnectionPoints::NotifyPropertyChanged(DISPID id) noexcept {
     Boundary([&] {
         const win32::ComPtr<IUnknown> alive(&core_.outer);
         for (const auto& connection : properties_.Connections()) {
+            if (!properties_.Holds(connection.cookie)) continue;
             static_cast<IPropertyNotifySink*>(connection.sink.Get())->OnChanged(id);
         }
     });

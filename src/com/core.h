@@ -10,10 +10,12 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "automation/module.h"
 #include "base/win32/com_ptr.h"
 #include "base/win32/variant.h"
+#include "com/boundary.h"
 #include "com/session_host.h"
 #include "control/zv_task.h"
 
@@ -57,6 +59,8 @@ class Core {
 };
 
 /// Implements interfaces whose reference counting and identity are those of the whole control.
+/// Their methods run inside Boundary(), which keeps the control until they are through: whatever a
+/// host is called for meanwhile, it may let go of the control.
 template <class... Interfaces>
 class Part : public Interfaces... {
  public:
@@ -72,6 +76,13 @@ class Part : public Interfaces... {
 
  protected:
     ~Part() = default;
+
+    template <class... Arguments>
+    HRESULT Boundary(Arguments&&... arguments) const noexcept {
+        const win32::ComPtr<IUnknown> alive(&core_.outer);
+        return com::Boundary(std::forward<Arguments>(arguments)...);
+    }
+
     Core& core_;
 };
 

@@ -43,6 +43,7 @@ STDAPI DllCanUnloadNow() {
         return S_FALSE;
     }
     com::SessionHost::Close();
+    com::InPlaceObject::ForgetWindowClass();
     automation::ForgetActivation();
     return S_OK;
 }

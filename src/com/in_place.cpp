@@ -13,9 +13,15 @@ constexpr wchar_t kWindowClass[] = L"zvTask.DesignView";
 
 int g_windows = 0;
 
-// A class outlives the file that registered it, with a procedure that is gone; so it is taken back
-// with the last window.
+// Some failures of the system leave no number.
+HRESULT LastResult() {
+    const DWORD error = GetLastError();
+    return error == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(error);
+}
+
+// A class that outlived an earlier load of this file has a procedure that is gone.
 bool RegisterWindowClass(WNDPROC procedure) {
+    if (g_windows == 0) InPlaceObject::ForgetWindowClass();
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof windowClass;
     windowClass.style = CS_HREDRAW | CS_VREDRAW;
@@ -29,7 +35,17 @@ bool RegisterWindowClass(WNDPROC procedure) {
 }  // namespace
 
 InPlaceObject::~InPlaceObject() {
+    DestroyInPlaceWindow();
+}
+
+void InPlaceObject::ForgetWindowClass() noexcept {
+    UnregisterClassW(kWindowClass, automation::module::Handle());
+}
+
+// While a window is being destroyed its class cannot be taken back yet.
+void InPlaceObject::DestroyInPlaceWindow() noexcept {
     if (window_) DestroyWindow(window_);
+    if (g_windows == 0) ForgetWindowClass();
 }
 
 int InPlaceObject::OpenWindows() noexcept {
@@ -47,14 +63,14 @@ STDMETHODIMP InPlaceObject::ContextSensitiveHelp(BOOL) noexcept {
 }
 
 STDMETHODIMP InPlaceObject::InPlaceDeactivate() noexcept {
+    if (activation_ == Activation::UnderWay) activation_ = Activation::TakenBack;
     if (!IsActive()) return S_OK;
     return Boundary([&] {
-        const win32::ComPtr<IUnknown> alive(&core_.outer);
         UIDeactivate();
         // A container may have closed the control while it was notified.
         const auto site = std::exchange(inPlaceSite_, {});
         if (!site) return;
-        if (window_) DestroyWindow(window_);
+        DestroyInPlaceWindow();
         frame_.Reset();
         document_.Reset();
         site->OnInPlaceDeactivate();
@@ -65,7 +81,6 @@ STDMETHODIMP InPlaceObject::UIDeactivate() noexcept {
     if (!isUiActive_) return S_OK;
     return Boundary([&] {
         // Each of these may close the control.
-        const win32::ComPtr<IUnknown> alive(&core_.outer);
         const auto document = document_;
         const auto frame = frame_;
         const auto site = inPlaceSite_;
@@ -129,6 +144,19 @@ HRESULT InPlaceObject::Activate(LONG verb) {
 
 HRESULT InPlaceObject::ActivateInPlace() {
     if (IsActive()) return S_OK;
+    // What the container is asked meanwhile may ask for the same again.
+    if (activation_ != Activation::None) return OLE_E_NOT_INPLACEACTIVE;
+    activation_ = Activation::UnderWay;
+    const HRESULT hr = EnterContainer();
+    activation_ = Activation::None;
+    return hr;
+}
+
+bool InPlaceObject::IsWantedBy(const win32::ComPtr<IOleClientSite>& client) const {
+    return activation_ == Activation::UnderWay && core_.site == client;
+}
+
+HRESULT InPlaceObject::EnterContainer() {
     const auto client = core_.site;
     const auto site = client.As<IOleInPlaceSite>();
     if (!site) return E_FAIL;
@@ -148,12 +176,11 @@ HRESULT InPlaceObject::ActivateInPlace() {
     hr = site->OnInPlaceActivate();
     if (FAILED(hr)) return hr;
     // Taken away from its site meanwhile, there is nothing to be active in.
-    if (core_.site != client) {
-        site->OnInPlaceDeactivate();
-        return OLE_E_NOT_INPLACEACTIVE;
-    }
-    hr = CreateInPlaceWindow(parent, position, clip);
+    hr = IsWantedBy(client) ? CreateInPlaceWindow(parent, position, clip) : OLE_E_NOT_INPLACEACTIVE;
+    // The parent hears of a new child.
+    if (SUCCEEDED(hr) && !(window_ && IsWantedBy(client))) hr = OLE_E_NOT_INPLACEACTIVE;
     if (FAILED(hr)) {
+        DestroyInPlaceWindow();
         site->OnInPlaceDeactivate();
         return hr;
     }
@@ -183,7 +210,7 @@ HRESULT InPlaceObject::ActivateUi() {
 }
 
 HRESULT InPlaceObject::CreateInPlaceWindow(HWND parent, const RECT& position, const RECT& clip) {
-    if (!RegisterWindowClass(&WindowProcedure)) return HRESULT_FROM_WIN32(GetLastError());
+    if (!RegisterWindowClass(&WindowProcedure)) return LastResult();
     // A child lives in its parent's context, whatever the thread has at this moment.
     forms::win32::SystemDpiThread thread;
     const forms::DpiScope parents(thread, forms::win32::DpiContextOf(parent));
@@ -191,7 +218,7 @@ HRESULT InPlaceObject::CreateInPlaceWindow(HWND parent, const RECT& position, co
                               position.top, position.right - position.left,
                               position.bottom - position.top, parent, nullptr,
                               automation::module::Handle(), this);
-    if (!window_) return HRESULT_FROM_WIN32(GetLastError());
+    if (!window_) return LastResult();
     return SetObjectRects(&position, &clip);
 }
 
@@ -219,7 +246,7 @@ LRESULT CALLBACK InPlaceObject::WindowProcedure(HWND window, UINT message, WPARA
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         self->window_ = nullptr;
         const LRESULT result = DefWindowProcW(window, message, wParam, lParam);
-        if (--g_windows == 0) UnregisterClassW(kWindowClass, automation::module::Handle());
+        g_windows--;
         return result;
     }
     return self->Handle(window, message, wParam, lParam);

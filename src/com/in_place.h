@@ -35,20 +35,28 @@ class InPlaceObject final : public Part<IOleInPlaceObject, IOleInPlaceActiveObje
 
     /// Windows of this kind that exist.
     static int OpenWindows() noexcept;
+    /// Takes the class of these windows back; only while there is none.
+    static void ForgetWindowClass() noexcept;
 
  private:
+    enum class Activation { None, UnderWay, TakenBack };
+
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam,
                                             LPARAM lParam) noexcept;
     LRESULT Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     HRESULT ActivateInPlace();
+    HRESULT EnterContainer();
+    bool IsWantedBy(const win32::ComPtr<IOleClientSite>& client) const;
     HRESULT ActivateUi();
     HRESULT CreateInPlaceWindow(HWND parent, const RECT& position, const RECT& clip);
+    void DestroyInPlaceWindow() noexcept;
 
     HWND window_ = nullptr;
     win32::ComPtr<IOleInPlaceSite> inPlaceSite_;
     win32::ComPtr<IOleInPlaceFrame> frame_;
     win32::ComPtr<IOleInPlaceUIWindow> document_;
     bool isUiActive_ = false;
+    Activation activation_ = Activation::None;
 };
 
 }  // namespace zv::com

@@ -102,7 +102,7 @@ std::span<const Entry> Automation::Members() {
 
 HRESULT Automation::Explain(const automation::MemberShape& shape, const wchar_t* parameter,
                             HRESULT hr) noexcept {
-    return Boundary([&] {
+    return com::Boundary([&] {
         std::string what = win32::ToUtf8(shape.name);
         if (parameter) what += "(" + win32::ToUtf8(parameter) + ")";
         throw Naming(what, RuntimeError(win32::ToErrorNumber(hr)));
@@ -118,6 +118,8 @@ STDMETHODIMP Automation::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT co
 STDMETHODIMP Automation::Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind,
                                 DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                 UINT* badArgument) noexcept {
+    // Objects among the arguments are asked for their values before the member is called.
+    const win32::ComPtr<IUnknown> alive(&core_.outer);
     return automation::InvokeMember(
         automation::Binding::Typed, *this, id,
         {reserved, locale, kind, parameters, result, exception, badArgument});

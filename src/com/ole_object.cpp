@@ -9,7 +9,6 @@ namespace zv::com {
 
 STDMETHODIMP OleObject::SetClientSite(IOleClientSite* site) noexcept {
     return Boundary([&] {
-        const win32::ComPtr<IUnknown> alive(&core_.outer);
         if (!site) inPlace_.InPlaceDeactivate();
         core_.site = win32::ComPtr<IOleClientSite>(site);
     });
@@ -27,7 +26,6 @@ STDMETHODIMP OleObject::SetHostNames(LPCOLESTR, LPCOLESTR) noexcept {
 
 STDMETHODIMP OleObject::Close(DWORD saveOption) noexcept {
     return Boundary([&]() -> HRESULT {
-        const win32::ComPtr<IUnknown> alive(&core_.outer);
         HRESULT hr = S_OK;
         // There is nothing that a user would be asked about: what changed is saved.
         const auto site = core_.site;
@@ -110,7 +108,6 @@ STDMETHODIMP OleObject::SetExtent(DWORD aspect, SIZEL* size) noexcept {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (!size || size->cx <= 0 || size->cy <= 0) return E_INVALIDARG;
     return Boundary([&] {
-        const win32::ComPtr<IUnknown> alive(&core_.outer);
         core_.extent = *size;
         if (core_.onViewChanged) core_.onViewChanged();
     });
@@ -168,7 +165,6 @@ STDMETHODIMP OleObject::OnMnemonic(MSG*) noexcept {
 
 STDMETHODIMP OleObject::OnAmbientPropertyChange(DISPID) noexcept {
     return Boundary([&] {
-        const win32::ComPtr<IUnknown> alive(&core_.outer);
         // Run mode and the control's name are all that its picture depends on.
         if (core_.IsUserMode()) inPlace_.InPlaceDeactivate();
         if (core_.onViewChanged) core_.onViewChanged();

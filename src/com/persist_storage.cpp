@@ -9,6 +9,13 @@ namespace {
 
 constexpr wchar_t kStreamName[] = L"zvTask";
 
+/// The stream that a storage has handed out: some say that all is well and give none.
+IStream& Given(HRESULT hr, const win32::ComPtr<IStream>& stream) {
+    ThrowIfFailed(hr);
+    if (!stream) ThrowIfFailed(E_UNEXPECTED);
+    return *stream;
+}
+
 }  // namespace
 
 STDMETHODIMP PersistStorage::GetClassID(CLSID* id) noexcept {
@@ -36,9 +43,9 @@ STDMETHODIMP PersistStorage::Load(IStorage* storage) noexcept {
     if (state_ != State::Uninitialised) return CO_E_ALREADYINITIALIZED;
     return Boundary([&] {
         win32::ComPtr<IStream> stream;
-        ThrowIfFailed(storage->OpenStream(kStreamName, nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0,
-                                          stream.Put()));
-        ReadFromStream(core_, *stream);
+        const HRESULT hr = storage->OpenStream(kStreamName, nullptr,
+                                               STGM_READ | STGM_SHARE_EXCLUSIVE, 0, stream.Put());
+        ReadFromStream(core_, Given(hr, stream));
         core_.isDirty = false;
         state_ = State::Normal;
     });
@@ -49,9 +56,9 @@ STDMETHODIMP PersistStorage::Save(IStorage* storage, BOOL sameAsLoad) noexcept {
     if (state_ != State::Normal) return E_UNEXPECTED;
     return Boundary([&] {
         win32::ComPtr<IStream> stream;
-        ThrowIfFailed(storage->CreateStream(
-            kStreamName, STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0, 0, stream.Put()));
-        WriteToStream(core_, *stream);
+        const HRESULT hr = storage->CreateStream(
+            kStreamName, STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0, 0, stream.Put());
+        WriteToStream(core_, Given(hr, stream));
         wchar_t userType[ARRAYSIZE(kFriendlyName)];
         std::copy(std::begin(kFriendlyName), std::end(kFriendlyName), userType);
         ThrowIfFailed(WriteFmtUserTypeStg(storage, 0, userType));

@@ -54,8 +54,6 @@ std::string NumberCondition(const std::string& name, Comparison comparison,
     return comparison == Comparison::NotEqual ? OrEmpty(name, condition) : condition;
 }
 
-const DateTime kLastDay(9999, 12, 31);
-
 // No day begins behind the last one of the calendar.
 std::string LastDayCondition(const std::string& name, Comparison comparison,
                              const std::string& begin) {
@@ -77,7 +75,7 @@ std::string LastDayCondition(const std::string& name, Comparison comparison,
 std::string DateCondition(const std::string& name, Comparison comparison, DateTime day,
                           const DateLiteral& dateLiteral) {
     const std::string begin = dateLiteral(day.Date());
-    if (TakesValue(comparison) && day.Date() == kLastDay) {
+    if (TakesValue(comparison) && day.Date() == DateTime::LastDay()) {
         return LastDayCondition(name, comparison, begin);
     }
     const std::string end = dateLiteral(day.Date().AddDays(1));

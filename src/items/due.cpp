@@ -4,12 +4,6 @@
 
 namespace zv::items {
 
-namespace {
-
-const DateTime kLastDay(9999, 12, 31);
-
-}  // namespace
-
 Due DueOn(std::optional<DateTime> day, ItemState state, DateTime today) {
     if (!day || state == ItemState::Done || day->Date() > today.Date()) return Due::NotYet;
     return day->Date() < today.Date() ? Due::Overdue : Due::Today;
@@ -24,7 +18,7 @@ std::string DueCondition(Due due, DateTime today, const DateLiteral& dateLiteral
         case Due::Today:
             // Behind the last day of the calendar there is none to be written.
             return open + " And a.taskTime>=" + begin +
-                   (today.Date() == kLastDay
+                   (today.Date() == DateTime::LastDay()
                         ? std::string()
                         : " And a.taskTime<" + dateLiteral(today.Date().AddDays(1)));
         case Due::NotYet:

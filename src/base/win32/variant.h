@@ -80,6 +80,7 @@ class Variant {
     /// copied becomes empty.
     static Variant Copy(const VARIANT& source) {
         Variant result;
+        if ((source.vt & VT_BYREF) && !source.byref) return result;
         const HRESULT hr = VariantCopyInd(&result.value_, const_cast<VARIANT*>(&source));
         if (hr == E_OUTOFMEMORY) throw std::bad_alloc();
         return result;

@@ -1,0 +1,121 @@
+// Interfaces, aggregation, factories and locks of both files.
+#include <gtest/gtest.h>
+
+#include "ring.h"
+#include "rules.h"
+#include "stage.h"
+
+namespace zv::ring::com {
+namespace {
+
+const std::vector<IID>& ControlInterfaces() {
+    static const std::vector<IID> list{IID_IUnknown,           IID_IDispatch,
+                                       zv::com::kInterfaceId,  IID_IOleObject,
+                                       IID_IOleControl,        IID_IOleWindow,
+                                       IID_IOleInPlaceObject,  IID_IOleInPlaceActiveObject,
+                                       IID_IViewObject,        IID_IViewObject2,
+                                       IID_IPersist,           IID_IPersistPropertyBag,
+                                       IID_IPersistStreamInit, IID_IPersistStorage,
+                                       IID_IDataObject,        IID_IProvideClassInfo,
+                                       IID_IProvideClassInfo2, IID_IConnectionPointContainer,
+                                       IID_ISupportErrorInfo};
+    return list;
+}
+
+/// An aggregate's outer object: it adds IServiceProvider-like IPersistFile to what the control has.
+class Outer final : public Double<Outer, IUnknown> {
+ public:
+    explicit Outer(Trouble& trouble) : Double("outer", trouble) {}
+    IUnknown* Find(REFIID) { return nullptr; }
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        if (!object) return E_POINTER;
+        *object = nullptr;
+        if (iid != IID_IUnknown) return inner ? inner->QueryInterface(iid, object) : E_NOINTERFACE;
+        *object = static_cast<IUnknown*>(this);
+        Add();
+        return S_OK;
+    }
+    ComPtr<IUnknown> inner;
+};
+
+TEST(Identity, AloneAndInAnAggregate) {
+    Trouble none;
+    Troupe troupe;
+    {
+        Stage stage;
+        EXPECT_EQ(InterfaceComplaint(*stage.control, ControlInterfaces()), "");
+        EXPECT_EQ(stage.Close(), "");
+    }
+    Outer& outer = troupe.Make<Outer>(none);
+    ASSERT_EQ(CoCreateInstance(zv::com::kClassId, &outer, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                               outer.inner.PutVoid()),
+              S_OK);
+    EXPECT_EQ(InterfaceComplaint(outer, ControlInterfaces()), "");
+    EXPECT_EQ(outer.Imbalance(), "");
+    outer.inner.Reset();
+    EXPECT_EQ(troupe.Imbalance(), "");
+    EXPECT_EQ(NormalLife(), "");
+}
+
+TEST(Identity, FactoryRefusesWhatItCannotMake) {
+    ComPtr<IClassFactory> factory;
+    ASSERT_EQ(
+        container::File().getClassObject(zv::com::kClassId, IID_IClassFactory, factory.PutVoid()),
+        S_OK);
+    void* made = &factory;
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IStorage, &made), E_NOINTERFACE);
+    EXPECT_EQ(made, nullptr);
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
+    EXPECT_EQ(InterfaceComplaint(*factory, {IID_IUnknown, IID_IClassFactory}), "");
+    EXPECT_EQ(container::File().getClassObject(zv::com::kClassId, IID_IStorage, &made),
+              E_NOINTERFACE);
+    EXPECT_EQ(container::File().getClassObject(zv::com::kClassId, IID_IUnknown, nullptr),
+              E_POINTER);
+    factory.Reset();
+    EXPECT_EQ(WhatIsLeft(), "");
+}
+
+TEST(Identity, AnUnlockTooManyUnlocksNothing) {
+    ComPtr<IClassFactory> factory;
+    ASSERT_EQ(
+        container::File().getClassObject(zv::com::kClassId, IID_IClassFactory, factory.PutVoid()),
+        S_OK);
+    Stage stage;
+    for (int i = 0; i < 5; i++) EXPECT_TRUE(FAILED(factory->LockServer(FALSE)));
+    IClassFactory& kept = *factory;
+    factory.Reset();
+    EXPECT_EQ(container::File().canUnload(), S_FALSE) << "a control lives";
+    EXPECT_EQ(stage.Close(), "");
+    EXPECT_EQ(kept.LockServer(TRUE), S_OK);
+    EXPECT_EQ(container::File().canUnload(), S_FALSE);
+    EXPECT_EQ(kept.LockServer(FALSE), S_OK);
+    EXPECT_EQ(WhatIsLeft(), "");
+}
+
+TEST(Identity, HostObjectsTakeWildCalls) {
+    for (const wchar_t* progId : {L"zv_Host.Opener", L"zv_Host.Recordset", L"zv_Host.ModuleRunner",
+                                  L"zv_Host.ReportPrinter"}) {
+        CLSID id;
+        if (FAILED(CLSIDFromProgID(progId, &id))) continue;
+        Now(win32::ToUtf8(progId));
+        ComPtr<IDispatch> object;
+        ASSERT_EQ(
+            CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.PutVoid()),
+            S_OK);
+        EXPECT_EQ(InterfaceComplaint(*object, {IID_IUnknown, IID_IDispatch, IID_ISupportErrorInfo}),
+                  "");
+        LPOLESTR names[] = {nullptr, nullptr};
+        DISPID ids[] = {7, 7};
+        EXPECT_EQ(object->GetIDsOfNames(IID_NULL, names, 2, 0, ids), DISP_E_UNKNOWNNAME);
+        Trouble none;
+        Troupe troupe;
+        Object& outer = troupe.Make<Object>(none);
+        void* made = nullptr;
+        EXPECT_EQ(CoCreateInstance(id, &outer, CLSCTX_INPROC_SERVER, IID_IUnknown, &made),
+                  CLASS_E_NOAGGREGATION);
+        EXPECT_EQ(made, nullptr);
+    }
+}
+
+}  // namespace
+}  // namespace zv::ring::com
