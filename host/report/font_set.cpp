@@ -144,6 +144,8 @@ Glyph FontSet::LookUp(char32_t character) const {
             if (index == 0 || index > 0xFFFF) continue;
             FT_Fixed advance = 0;
             if (FT_Get_Advance(face, index, FT_LOAD_NO_SCALE, &advance) != 0) continue;
+            // Damaged: texts would run backwards.
+            if (advance < 0) continue;
             glyph.font = static_cast<std::uint16_t>(i);
             glyph.index = static_cast<std::uint16_t>(index);
             glyph.advance = static_cast<float>(advance) / static_cast<float>(face->units_per_EM);

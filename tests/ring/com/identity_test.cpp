@@ -92,16 +92,32 @@ TEST(Identity, AnUnlockTooManyUnlocksNothing) {
     EXPECT_EQ(WhatIsLeft(), "");
 }
 
-TEST(Identity, HostObjectsTakeWildCalls) {
-    for (const wchar_t* progId : {L"zv_Host.Opener", L"zv_Host.Recordset", L"zv_Host.ModuleRunner",
-                                  L"zv_Host.ReportPrinter"}) {
-        CLSID id;
-        if (FAILED(CLSIDFromProgID(progId, &id))) continue;
-        Now(win32::ToUtf8(progId));
+/// The opener, the recordset, the runner of modules and the printer of reports.
+constexpr CLSID kHostClasses[] = {
+    {0x336EFE7F, 0x89AB, 0x4286, {0x91, 0x69, 0xB1, 0xB6, 0x11, 0x10, 0x66, 0xF7}},
+    {0xD98B1F19, 0xFE25, 0x430E, {0xAD, 0x23, 0x1B, 0x7C, 0xFB, 0x31, 0x3A, 0x26}},
+    {0x5203B1CD, 0xCA6E, 0x4578, {0xB3, 0xA3, 0x86, 0x32, 0x1E, 0xAB, 0xD5, 0x65}},
+    {0x8DFBA9A8, 0xD18E, 0x4655, {0x9D, 0x30, 0x38, 0x09, 0x4F, 0x13, 0xAA, 0xB9}},
+};
+
+/// Of the file beside the control's.
+LPFNGETCLASSOBJECT HostClassObjects() {
+    std::wstring path = container::File().path;
+    path.replace(path.find_last_of(L"\\/") + 1, std::wstring::npos, L"zv_Host.dll");
+    const HMODULE module = LoadLibraryW(path.c_str());
+    return module ? reinterpret_cast<LPFNGETCLASSOBJECT>(
+                        reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")))
+                  : nullptr;
+}
+
+TEST(Identity, ObjectsForHostsStandAloneAndKeepTheRules) {
+    const LPFNGETCLASSOBJECT getClassObject = HostClassObjects();
+    ASSERT_NE(getClassObject, nullptr);
+    for (const CLSID& id : kHostClasses) {
+        ComPtr<IClassFactory> factory;
+        ASSERT_EQ(getClassObject(id, IID_IClassFactory, factory.PutVoid()), S_OK);
         ComPtr<IDispatch> object;
-        ASSERT_EQ(
-            CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.PutVoid()),
-            S_OK);
+        ASSERT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, object.PutVoid()), S_OK);
         EXPECT_EQ(InterfaceComplaint(*object, {IID_IUnknown, IID_IDispatch, IID_ISupportErrorInfo}),
                   "");
         LPOLESTR names[] = {nullptr, nullptr};
@@ -110,9 +126,8 @@ TEST(Identity, HostObjectsTakeWildCalls) {
         Trouble none;
         Troupe troupe;
         Object& outer = troupe.Make<Object>(none);
-        void* made = nullptr;
-        EXPECT_EQ(CoCreateInstance(id, &outer, CLSCTX_INPROC_SERVER, IID_IUnknown, &made),
-                  CLASS_E_NOAGGREGATION);
+        void* made = &outer;
+        EXPECT_EQ(factory->CreateInstance(&outer, IID_IUnknown, &made), CLASS_E_NOAGGREGATION);
         EXPECT_EQ(made, nullptr);
     }
 }

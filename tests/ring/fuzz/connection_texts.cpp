@@ -52,6 +52,8 @@ void HoldNotShown(const std::string& text, const ConnectionProduct& product) {
 void PlayConnectionText(std::string_view input, const ConnectionProduct& product) {
     HoldWrittenAndRead(input, product);
     const std::string text(input);
+    // An input that has the word itself may show it, as the name of a server for instance.
+    if (text::Contains(text::ToLower(text), kLowerPassword)) return;
     const std::string password(kPassword);
     HoldNotShown(text + ";PWD=" + password, product);
     HoldNotShown(text + ";Password={" + password + "}", product);
