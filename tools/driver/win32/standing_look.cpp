@@ -30,7 +30,7 @@ std::vector<HWND> VisibleOf(std::wstring_view windowClass) {
     } search{windowClass, {}};
     EnumThreadWindows(
         GetCurrentThreadId(),
-        [](HWND window, LPARAM data) -> BOOL {
+        [](HWND window, LPARAM data) CALLBACK -> BOOL {
             auto& at = *reinterpret_cast<Search*>(data);
             if (IsWindowVisible(window) && ClassOf(window) == at.windowClass) {
                 at.found.push_back(window);
