@@ -218,8 +218,24 @@ Function WriteStartMenu
     CreateShortcut "$SMPROGRAMS\${NAME}\$(LinkUninstall).lnk" "$INSTDIR\uninstall.exe" "/$MultiUser.InstallMode"
 FunctionEnd
 
+; Adds the bytes of an installed file to $0.
+!macro AddFileSize FILE
+    StrCpy $2 0
+    FileOpen $1 "$INSTDIR\${FILE}" r
+    FileSeek $1 0 END $2
+    FileClose $1
+    IntOp $0 $0 + $2
+!macroend
+
 Function WriteProgramEntry
-    ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+    ; What the user keeps in the folder is none of the program's.
+    StrCpy $0 0
+    !insertmacro FilesOfBothWidths AddFileSize
+    ${If} ${IsNativeAMD64}
+        !insertmacro FilesOf64Bits AddFileSize
+    ${EndIf}
+    !insertmacro AddFileSize "uninstall.exe"
+    IntOp $0 $0 / 1024
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayName" "${NAME}"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\x86\zv_Task.ocx,0"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"

@@ -51,11 +51,12 @@ echo "== upgrade over an older version"
 setup 0.9.0 /S
 echo "x86\\old.txt" | sed 's/$/\r/' >>"$programs/files.txt"
 echo old >"$programs/x86/old.txt"
-echo mine >"$programs/$own/mine.db"
+# Large enough to be noticed in the size that the programs list shows.
+{ echo mine; head -c 100000 /dev/zero; } >"$programs/$own/mine.db"
 setup 1.0.0 /S
 check "upgrades" 0 $?
 check "what the new version does not have is gone" no "$([ -e "$programs/x86/old.txt" ] && echo yes || echo no)"
-check "what the user put there stays" mine "$(cat "$programs/$own/mine.db")"
+check "what the user put there stays" mine "$(head -n 1 "$programs/$own/mine.db")"
 rm "$programs/$own/mine.db"
 state upgraded
 unchanged "everything else is as if it was new" installed upgraded

@@ -33,6 +33,20 @@ done
 touch "$folder/another"
 check "with another file it is broken" broken
 rm "$folder/another"
+
+# Who asks while another one makes it waits for that.
+waits() {
+    timeout 3 tools/setup/wine32
+    [ $? -eq 124 ] && [ ! -e "$folder.made" ] && [ ! -e "$folder.packages" ]
+}
+file=usr/lib/wine/wine
+exec 8>"$folder.lock"
+flock 8
+mv "$folder/$file" "$kept"
+check "two are not made at once" waits
+put_back
+exec 8>&-
+
 check "it is whole again" whole
 check "it runs" timeout 60 "$folder/usr/lib/wine/wine" --version
 
