@@ -73,9 +73,17 @@ removed() { # FOLDER OPTION...
     timeout 120 "$ZV_WINE" wineboot -r >/dev/null 2>&1
 }
 value() { # ROOT KEY NAME
-    local name=(/v "$3")
+    local name=(/v "$3") said found
     [ -n "$3" ] || name=(/ve)
-    wine_output reg query "$1\\$2" "${name[@]}" | LC_ALL=C sed -nE 's/^ +.* REG_(SZ|DWORD) +(.*)$/\2/p'
+    # Wine's program answers nothing now and then for a value that is there: it is asked once more,
+    # and the first answer is shown.
+    for _ in 1 2; do
+        said=$(wine_output reg query "$1\\$2" "${name[@]}")
+        found=$(LC_ALL=C sed -nE 's/^ +.* REG_(SZ|DWORD) +(.*)$/\2/p' <<<"$said")
+        [ -z "$found" ] || break
+        echo "no value $3: $said" >&2
+    done
+    echo "$found"
 }
 
 # The machine's and the user's registry and every file, as lines that can be compared.
