@@ -4,58 +4,37 @@
 #include <utility>
 
 #include "base/errors.h"
+#include "doubles/passing_connection.h"
 
 namespace zv::doubles {
 namespace {
 
-class BoastingRows final : public store::Recordset {
+class BoastingRows final : public PassingRows {
  public:
-    explicit BoastingRows(std::unique_ptr<store::Recordset> rows) : rows_(std::move(rows)) {}
-
-    bool Eof() const override { return rows_->Eof(); }
-    void MoveNext() override { rows_->MoveNext(); }
-    int FieldCount() const override { return rows_->FieldCount(); }
-    const std::string& FieldName(int column) const override { return rows_->FieldName(column); }
-    int FieldIndex(std::string_view name) const override { return rows_->FieldIndex(name); }
-    const store::Value& Field(int column) const override { return rows_->Field(column); }
-    void AddNew() override { rows_->AddNew(); }
-    void SetField(std::string_view name, store::Value value) override {
-        rows_->SetField(name, std::move(value));
-    }
+    using PassingRows::PassingRows;
     void Update() override {
         try {
-            rows_->Update();
+            PassingRows::Update();
         } catch (const RuntimeError&) {
             // What nobody hears of is the fault that is to be found.
         }
     }
-    void Close() override { rows_->Close(); }
-
- private:
-    std::unique_ptr<store::Recordset> rows_;
 };
 
-class BoastingConnection final : public store::Connection {
+class BoastingConnection final : public PassingConnection {
  public:
-    explicit BoastingConnection(std::unique_ptr<store::Connection> connection)
-        : connection_(std::move(connection)) {}
-
-    int State() const override { return connection_->State(); }
-    void Close() override { connection_->Close(); }
+    using PassingConnection::PassingConnection;
     int Execute(const std::string& sql) override {
         try {
-            return connection_->Execute(sql);
+            return PassingConnection::Execute(sql);
         } catch (const RuntimeError&) {
             return 1;
         }
     }
     std::unique_ptr<store::Recordset> Open(const std::string& sql, store::CursorType cursor,
                                            store::LockType lock) override {
-        return std::make_unique<BoastingRows>(connection_->Open(sql, cursor, lock));
+        return std::make_unique<BoastingRows>(PassingConnection::Open(sql, cursor, lock));
     }
-
- private:
-    std::unique_ptr<store::Connection> connection_;
 };
 
 }  // namespace

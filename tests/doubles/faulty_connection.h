@@ -6,64 +6,50 @@
 #include <utility>
 
 #include "base/errors.h"
-#include "store/connection.h"
+#include "doubles/passing_connection.h"
 
 namespace zv::doubles {
 
 enum class Fault { LosesRareCharacters, ChangesAnotherField, WritesAndRefuses };
 
-/// Passes everything on, but for its fault when a row is written.
-class FaultyRows final : public store::Recordset {
+class FaultyRows final : public PassingRows {
  public:
     FaultyRows(std::unique_ptr<store::Recordset> rows, Fault fault)
-        : rows_(std::move(rows)), fault_(fault) {}
+        : PassingRows(std::move(rows)), fault_(fault) {}
 
-    bool Eof() const override { return rows_->Eof(); }
-    void MoveNext() override { rows_->MoveNext(); }
-    int FieldCount() const override { return rows_->FieldCount(); }
-    const std::string& FieldName(int column) const override { return rows_->FieldName(column); }
-    int FieldIndex(std::string_view name) const override { return rows_->FieldIndex(name); }
-    const store::Value& Field(int column) const override { return rows_->Field(column); }
-    void AddNew() override { rows_->AddNew(); }
     void SetField(std::string_view name, store::Value value) override {
         constexpr auto kFirstOfFour = static_cast<char>(0xF0);
         if (const std::string* text = value.TextIf();
             text && fault_ == Fault::LosesRareCharacters) {
             value = text->substr(0, text->find(kFirstOfFour));
         }
-        rows_->SetField(name, std::move(value));
+        PassingRows::SetField(name, std::move(value));
         if (name == "tDone" && fault_ == Fault::ChangesAnotherField) {
-            rows_->SetField("TaskID", 5);
+            PassingRows::SetField("TaskID", 5);
         }
     }
     void Update() override {
-        rows_->Update();
+        PassingRows::Update();
         if (fault_ == Fault::WritesAndRefuses) {
             throw RuntimeError(ErrorNumber::DatabaseFailure, "planted fault");
         }
     }
-    void Close() override { rows_->Close(); }
 
  private:
-    std::unique_ptr<store::Recordset> rows_;
     Fault fault_;
 };
 
-class FaultyConnection final : public store::Connection {
+class FaultyConnection final : public PassingConnection {
  public:
     FaultyConnection(std::unique_ptr<store::Connection> connection, Fault fault)
-        : connection_(std::move(connection)), fault_(fault) {}
+        : PassingConnection(std::move(connection)), fault_(fault) {}
 
-    int State() const override { return connection_->State(); }
-    void Close() override { connection_->Close(); }
-    int Execute(const std::string& sql) override { return connection_->Execute(sql); }
     std::unique_ptr<store::Recordset> Open(const std::string& sql, store::CursorType cursor,
                                            store::LockType lock) override {
-        return std::make_unique<FaultyRows>(connection_->Open(sql, cursor, lock), fault_);
+        return std::make_unique<FaultyRows>(PassingConnection::Open(sql, cursor, lock), fault_);
     }
 
  private:
-    std::unique_ptr<store::Connection> connection_;
     Fault fault_;
 };
 

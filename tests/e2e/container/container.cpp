@@ -77,6 +77,20 @@ class Registered final : public ::testing::Environment {
 
 }  // namespace
 
+const std::vector<IID>& ControlInterfaces() {
+    static const std::vector<IID> list{IID_IUnknown,           IID_IDispatch,
+                                       zv::com::kInterfaceId,  IID_IOleObject,
+                                       IID_IOleControl,        IID_IOleWindow,
+                                       IID_IOleInPlaceObject,  IID_IOleInPlaceActiveObject,
+                                       IID_IViewObject,        IID_IViewObject2,
+                                       IID_IPersist,           IID_IPersistPropertyBag,
+                                       IID_IPersistStreamInit, IID_IPersistStorage,
+                                       IID_IDataObject,        IID_IProvideClassInfo,
+                                       IID_IProvideClassInfo2, IID_IConnectionPointContainer,
+                                       IID_ISupportErrorInfo};
+    return list;
+}
+
 const ControlFile& File() {
     static const ControlFile file = LoadControlFile();
     return file;
@@ -214,11 +228,6 @@ STDMETHODIMP Site::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) {
 void Site::Note(const std::string& event) {
     events.push_back(event);
     if (onCall) onCall(event);
-}
-
-STDMETHODIMP Site::GetTypeInfoCount(UINT* count) {
-    *count = 0;
-    return S_OK;
 }
 
 STDMETHODIMP Site::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,

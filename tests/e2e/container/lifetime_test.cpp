@@ -6,24 +6,13 @@
 namespace container {
 namespace {
 
-const IID kInterfaces[] = {IID_IUnknown,           IID_IDispatch,
-                           zv::com::kInterfaceId,  IID_IOleObject,
-                           IID_IOleControl,        IID_IOleWindow,
-                           IID_IOleInPlaceObject,  IID_IOleInPlaceActiveObject,
-                           IID_IViewObject,        IID_IViewObject2,
-                           IID_IPersist,           IID_IPersistPropertyBag,
-                           IID_IPersistStreamInit, IID_IPersistStorage,
-                           IID_IDataObject,        IID_IProvideClassInfo,
-                           IID_IProvideClassInfo2, IID_IConnectionPointContainer,
-                           IID_ISupportErrorInfo};
-
 using LifetimeTest = ContainerTest;
 
 TEST_F(LifetimeTest, EveryInterfaceLeadsToEveryOther) {
-    for (const IID& from : kInterfaces) {
+    for (const IID& from : ControlInterfaces()) {
         ComPtr<IUnknown> first;
         ASSERT_EQ(control->QueryInterface(from, first.PutVoid()), S_OK) << from.Data1;
-        for (const IID& to : kInterfaces) {
+        for (const IID& to : ControlInterfaces()) {
             ComPtr<IUnknown> second;
             EXPECT_EQ(first->QueryInterface(to, second.PutVoid()), S_OK) << to.Data1;
         }

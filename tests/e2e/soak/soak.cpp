@@ -23,6 +23,7 @@
 #include "forms/form.h"
 #include "forms/win32/common_controls.h"
 #include "forms/win32/handles.h"
+#include "live_heap.h"
 #include "playback.h"
 #include "scenario_stage.h"
 
@@ -65,21 +66,6 @@ LRESULT CALLBACK CountLabels(int code, WPARAM w, LPARAM l) {
     return CallNextHookEx(nullptr, code, w, l);
 }
 
-double LiveHeap() {
-    HANDLE heaps[64];
-    const DWORD count = std::min<DWORD>(GetProcessHeaps(64, heaps), 64);
-    double bytes = 0;
-    for (DWORD i = 0; i < count; i++) {
-        HeapLock(heaps[i]);
-        PROCESS_HEAP_ENTRY entry{};
-        while (HeapWalk(heaps[i], &entry)) {
-            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) bytes += entry.cbData;
-        }
-        HeapUnlock(heaps[i]);
-    }
-    return bytes;
-}
-
 /// What one label of the system's leaves behind: made and destroyed with nothing of ours at work.
 double MeasureKeptPerLabel() {
     const forms::win32::CommonControls controls(GetModuleHandleW(nullptr));
@@ -87,13 +73,13 @@ double MeasureKeptPerLabel() {
     constexpr int kLabels = 64;
     double before = 0;
     for (int i = 0; i < 2 * kLabels; i++) {
-        if (i == kLabels) before = LiveHeap();
+        if (i == kLabels) before = test::LiveHeap();
         const HWND label =
             CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
         SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(SYSTEM_FONT)), 0);
         DestroyWindow(label);
     }
-    return std::max(0.0, LiveHeap() - before) / kLabels;
+    return std::max(0.0, test::LiveHeap() - before) / kLabels;
 }
 
 Reading Read() {
@@ -104,7 +90,7 @@ Reading Read() {
     // Wine knows no private bytes.
     reading.memory =
         static_cast<double>(memory.PrivateUsage > 0 ? memory.PrivateUsage : memory.WorkingSetSize);
-    reading.heap = LiveHeap();
+    reading.heap = test::LiveHeap();
     DWORD handles = 0;
     GetProcessHandleCount(GetCurrentProcess(), &handles);
     reading.handles = static_cast<int>(handles);

@@ -8,16 +8,6 @@ IUnknown* Object::Find(REFIID iid) {
     return iid == IID_IUnknown || iid == IID_IDispatch ? static_cast<IDispatch*>(this) : nullptr;
 }
 
-STDMETHODIMP Object::GetTypeInfoCount(UINT* count) {
-    *count = 0;
-    return S_OK;
-}
-
-STDMETHODIMP Object::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-    *info = nullptr;
-    return E_NOTIMPL;
-}
-
 STDMETHODIMP Object::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) {
     *ids = DISPID_UNKNOWN;
     ZV_TROUBLE("GetIDsOfNames");
@@ -135,20 +125,6 @@ HRESULT Sink::Hear(const char* call) {
     if (act) act();
     ZV_TROUBLE(call);
     return S_OK;
-}
-
-STDMETHODIMP Sink::GetTypeInfoCount(UINT* count) {
-    *count = 0;
-    return S_OK;
-}
-
-STDMETHODIMP Sink::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-    *info = nullptr;
-    return E_NOTIMPL;
-}
-
-STDMETHODIMP Sink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
-    return DISP_E_UNKNOWNNAME;
 }
 
 STDMETHODIMP Sink::Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) {

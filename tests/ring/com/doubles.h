@@ -10,17 +10,16 @@
 #include <cstring>
 #include <string>
 
+#include "e2e/container/quiet_interfaces.h"
 #include "trouble.h"
 
 namespace zv::ring::com {
 
 /// Answers its default property with `value`, knows no names and no interface beside IDispatch.
-class Object final : public Double<Object, IDispatch> {
+class Object final : public container::QuietDispatch<Double<Object, IDispatch>> {
  public:
-    explicit Object(Trouble& trouble) : Double("object", trouble) {}
+    explicit Object(Trouble& trouble) : QuietDispatch("object", trouble) {}
     IUnknown* Find(REFIID iid);
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override;
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) override;
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                         UINT*) override;
@@ -110,16 +109,14 @@ class Bag final : public Double<Bag, IPropertyBag, IErrorLog> {
 };
 
 /// Listens to everything that a control tells.
-class Sink final : public Double<Sink, IDispatch, IPropertyNotifySink, IAdviseSink> {
+class Sink final
+    : public container::QuietDispatch<Double<Sink, IDispatch, IPropertyNotifySink, IAdviseSink>> {
  public:
-    explicit Sink(Trouble& trouble) : Double("sink", trouble) {}
+    explicit Sink(Trouble& trouble) : QuietDispatch("sink", trouble) {}
     IUnknown* Find(REFIID iid);
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override { return Add(); }
     STDMETHODIMP_(ULONG) Release() override { return Drop(); }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override;
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override;
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
                         UINT*) override;
     STDMETHODIMP OnChanged(DISPID id) override;

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "../../e2e/container/container.h"
+#include "e2e/container/container.h"
 
 namespace zv::ring::com {
 

@@ -7,7 +7,8 @@
 #include <cstdio>
 #include <cwchar>
 
-#include "../../e2e/container/container.h"
+#include "e2e/container/container.h"
+#include "live_heap.h"
 
 namespace zv::ring::com {
 
@@ -201,21 +202,6 @@ int SystemHandles() {
     return static_cast<int>(reinterpret_cast<std::uintptr_t>(next) / 4);
 }
 
-double LiveHeap() {
-    HANDLE heaps[64];
-    const DWORD count = std::min<DWORD>(GetProcessHeaps(64, heaps), 64);
-    double bytes = 0;
-    for (DWORD i = 0; i < count; i++) {
-        HeapLock(heaps[i]);
-        PROCESS_HEAP_ENTRY entry{};
-        while (HeapWalk(heaps[i], &entry)) {
-            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) bytes += entry.cbData;
-        }
-        HeapUnlock(heaps[i]);
-    }
-    return bytes;
-}
-
 }  // namespace
 
 Random::Random() : engine_(static_cast<std::uint64_t>(Setting(L"ZV_SEED", 1))) {}
@@ -287,7 +273,7 @@ Census Take() {
         CountWindow(window, reinterpret_cast<LPARAM>(&census.windows));
     }
     census.handles = SystemHandles();
-    census.heap = LiveHeap();
+    census.heap = test::LiveHeap();
     return census;
 }
 

@@ -104,20 +104,6 @@ STDMETHODIMP Site::SetActiveObject(IOleInPlaceActiveObject*, LPCOLESTR) {
     return S_OK;
 }
 
-STDMETHODIMP Site::GetTypeInfoCount(UINT* count) {
-    *count = 0;
-    return S_OK;
-}
-
-STDMETHODIMP Site::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-    *info = nullptr;
-    return E_NOTIMPL;
-}
-
-STDMETHODIMP Site::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
-    return DISP_E_UNKNOWNNAME;
-}
-
 STDMETHODIMP Site::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                           UINT*) {
     ZV_TROUBLE("Invoke");

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "../../e2e/container/container.h"
+#include "e2e/container/container.h"
 #include "site.h"
 
 namespace zv::ring::com {
