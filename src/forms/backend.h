@@ -95,6 +95,8 @@ class Backend {
     /// The part of the screen that windows may cover, its origin included, on the monitor where the
     /// user works at this moment.
     virtual Rect WorkArea() = 0;
+    /// From now on MeasureText reckons with that monitor too.
+    virtual void MeetMonitor() = 0;
     /// The thickness of a window's scroll bar.
     virtual int ScrollBarSize() = 0;
     virtual SystemTheme GetTheme() = 0;

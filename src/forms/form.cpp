@@ -28,7 +28,7 @@ void Form::Load() {
     loading_ = true;
     try {
         // Texts are measured as the monitor shows them where the window starts.
-        windows_.GetBackend().WorkArea();
+        windows_.GetBackend().MeetMonitor();
         Form_Load();
     } catch (...) {
         loading_ = false;

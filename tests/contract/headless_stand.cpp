@@ -13,7 +13,9 @@ class HeadlessStand : public Stand {
         backend_.modalLoop = std::move(loop);
     }
     void SetMenuLoop(std::function<void()> loop) override { backend_.onMenuIdle = std::move(loop); }
-    void SetWorkArea(const forms::Rect& area) override { backend_.workArea = area; }
+    void SetWorkArea(const forms::Rect& area) override {
+        backend_.monitors = forms::Monitors({{area, area}});
+    }
     void SetMonitors(const forms::Monitors& monitors) override { backend_.SetMonitors(monitors); }
 
  private:

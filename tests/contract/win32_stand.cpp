@@ -20,9 +20,7 @@ class Win32Stand : public Stand {
             EndMenu();
         };
     }
-    void SetWorkArea(const forms::Rect& area) override {
-        backend_.screens.workArea = forms::win32::Scale(forms::win32::SystemDpi()).ToPixels(area);
-    }
+    void SetWorkArea(const forms::Rect& area) override { backend_.SetWorkArea(area); }
     void SetMonitors(const forms::Monitors& monitors) override { backend_.SetMonitors(monitors); }
     int LiveHandles() const override {
         return forms::win32::LiveHandles() - before_ + forms::win32::Win32Backend::OpenWindows();

@@ -75,9 +75,8 @@ class Driver {
     virtual int ReadDpi(forms::Form& form) = 0;
     /// As LayoutFaults says, of what the user sees.
     virtual std::vector<std::string> ReadFaults(forms::Form& form) = 0;
-    /// Writes a picture of the window to a bitmap file. Throws DriverError where there is no
-    /// display or the file cannot be written.
-    /// With it, what a menu that is open covers beside it.
+    /// Writes a picture of the window, and of what an open menu covers beside it, to a bitmap file.
+    /// Throws DriverError where there is no display or the file cannot be written.
     virtual void SavePicture(forms::Form& form, const std::filesystem::path& file) = 0;
     /// Opens a menu of the bar of its window, writes a picture of the window and closes the menu.
     /// Throws as SavePicture, and when the menu does not open.

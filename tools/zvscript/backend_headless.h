@@ -16,7 +16,9 @@ class HeadlessStand : public BackendStand {
     }
     forms::Backend& GetBackend() override { return backend_; }
     driver::Driver& GetDriver() override { return driver_; }
-    void SetWorkArea(const forms::Rect& area) override { backend_.workArea = area; }
+    void SetWorkArea(const forms::Rect& area) override {
+        backend_.monitors = forms::Monitors({{area, area}});
+    }
     void SetMonitors(const forms::Monitors& monitors) override { backend_.SetMonitors(monitors); }
     void SetTheme(const forms::SystemTheme& theme) override { backend_.theme = theme; }
 

@@ -21,9 +21,7 @@ class Win32Stand : public BackendStand {
     }
     forms::Backend& GetBackend() override { return backend_; }
     driver::Driver& GetDriver() override { return driver_; }
-    void SetWorkArea(const forms::Rect& area) override {
-        backend_.screens.workArea = forms::win32::Scale(forms::win32::SystemDpi()).ToPixels(area);
-    }
+    void SetWorkArea(const forms::Rect& area) override { backend_.SetWorkArea(area); }
     void SetMonitors(const forms::Monitors& monitors) override {
         backend_.SetMonitors(monitors);
         driver::PumpMessages();

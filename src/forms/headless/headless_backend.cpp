@@ -67,7 +67,7 @@ void HeadlessWindow::BoundsChanged() {
 
 void HeadlessWindow::PlaceWhole(Size pixels) {
     // One that grows may have most of its new size on the next monitor, where it does not go.
-    const Rect area = backend_.Around(place_).workArea;
+    const Rect area = backend_.monitors.Around(place_).workArea;
     place_ = FitInto({place_.left, place_.top, pixels.width, pixels.height}, area);
 }
 
@@ -84,7 +84,7 @@ void HeadlessWindow::ScreensChanged() {
         missedChange_ = true;
         return;
     }
-    const Monitor monitor = backend_.Around(place_);
+    const Monitor monitor = backend_.monitors.Around(place_);
     if (monitor.dpi != scale_.Dpi()) return FollowScale(monitor);
     const Size wanted = scale_.ToPixels(form_.WantedInside());
     place_ = FitInto({place_.left, place_.top, wanted.width, wanted.height}, monitor.workArea);
@@ -99,7 +99,7 @@ void HeadlessWindow::StateChanged() {
 void HeadlessWindow::DraggedTo(Position corner) {
     place_.left = corner.x;
     place_.top = corner.y;
-    const Monitor monitor = backend_.Around(place_);
+    const Monitor monitor = backend_.monitors.Around(place_);
     if (monitor.dpi != scale_.Dpi()) return FollowScale(monitor);
     form_.UserResized(Units(), Inside());
 }
@@ -156,24 +156,18 @@ bool HeadlessBackend::Meets(int dpi) {
 
 Rect HeadlessBackend::WorkArea() {
     const Monitor monitor = WhereTheUserWorks();
-    Meets(monitor.dpi);
     return Scale(monitor.dpi).ToUnits(monitor.workArea);
-}
-
-Monitor HeadlessBackend::Around(const Rect& place) const {
-    return monitors_ ? monitors_->Around(place) : Monitor{workArea, workArea};
 }
 
 Monitor HeadlessBackend::WhereTheUserWorks() const {
     const auto shown =
         std::find_if(windows_.rbegin(), windows_.rend(),
                      [](const HeadlessWindow* window) { return window->Logical().IsShown(); });
-    if (shown != windows_.rend()) return Around((*shown)->Place());
-    return monitors_ ? monitors_->Primary() : Around({});
+    return shown != windows_.rend() ? monitors.Around((*shown)->Place()) : monitors.Primary();
 }
 
-void HeadlessBackend::SetMonitors(Monitors monitors) {
-    monitors_ = std::move(monitors);
+void HeadlessBackend::SetMonitors(Monitors others) {
+    monitors = std::move(others);
     for (HeadlessWindow* window : std::vector(windows_)) {
         // What one window does when it is laid out may close another.
         const bool isThere = std::find(windows_.begin(), windows_.end(), window) != windows_.end();

@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,8 +22,8 @@ class HeadlessBackend : public Backend {
     /// Runs while a modal window is open and must return only after it is gone, as the user's
     /// closing it would. Without one a modal window is an error, because nobody could close it.
     std::function<void(Form&)> modalLoop;
-    /// Of the only monitor there is, in units, as long as nobody sets others.
-    Rect workArea{0, 0, 1280, 960};
+    /// Windows that are open do not notice a change.
+    Monitors monitors{{{{0, 0, 1280, 960}, {0, 0, 1280, 960}}}};
     SystemTheme theme;
 
     /// Called while a popup menu is open and the user does nothing; the menu closes when it
@@ -37,6 +36,7 @@ class HeadlessBackend : public Backend {
     /// on which a window is or was needs a whole pixel for it.
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override;
+    void MeetMonitor() override { Meets(WhereTheUserWorks().dpi); }
     int ScrollBarSize() override { return 16; }
     SystemTheme GetTheme() override { return theme; }
     Dialogs& GetDialogs() override { return dialogs_; }
@@ -45,7 +45,7 @@ class HeadlessBackend : public Backend {
 
     /// From now on there are these; windows that are open follow, as they do when a system says
     /// so.
-    void SetMonitors(Monitors monitors);
+    void SetMonitors(Monitors others);
     /// The user drags a window by its frame until its corner is there, in pixels of the desktop.
     void Drag(const Form& form, Position corner);
     /// The user works at the window: new ones start on its monitor.
@@ -55,7 +55,6 @@ class HeadlessBackend : public Backend {
 
  private:
     friend class HeadlessWindow;
-    Monitor Around(const Rect& place) const;
     Monitor WhereTheUserWorks() const;
     HeadlessWindow* FindWindow(const Form& form) const;
     /// A window has, or will have, this resolution. True when none had it so far.
@@ -63,7 +62,6 @@ class HeadlessBackend : public Backend {
 
     Dialogs& dialogs_;
     std::string clipboard_;
-    std::optional<Monitors> monitors_;
     std::vector<HeadlessWindow*> windows_;  ///< the one at which the user works is the last
     std::vector<int> resolutions_{Scale::kUsualDpi};
 };

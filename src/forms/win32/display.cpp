@@ -53,6 +53,15 @@ RECT WorkAreaOf(HMONITOR monitor) {
 
 }  // namespace
 
+Rect FromNative(const RECT& rect) {
+    return {static_cast<int>(rect.left), static_cast<int>(rect.top),
+            static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
+}
+
+RECT ToNative(const Rect& rect) {
+    return {rect.left, rect.top, rect.Right(), rect.Bottom()};
+}
+
 int SystemDpi() {
     const WindowDc screen(nullptr);
     return GetDeviceCaps(screen.get(), LOGPIXELSX);

@@ -29,6 +29,10 @@ class Scale : public forms::Scale {
     }
 };
 
+/// In the same pixels.
+Rect FromNative(const RECT& rect);
+RECT ToNative(const Rect& rect);
+
 int SystemDpi();
 int DpiOf(HWND window);
 /// Of a window that is made at the corner of `place`, which is in pixels.

@@ -189,9 +189,12 @@ bool Win32Backend::Meets(int dpi) {
 Rect Win32Backend::WorkArea() {
     const DpiScope sharp = dpi_.ForWindows();
     const RECT area = GetScreens().WorkAreaAt(WindowToBlock());
-    const int dpi = GetScreens().DpiAround(area);
-    Meets(dpi);
-    return Scale(dpi).ToUnits(area);
+    return Scale(GetScreens().DpiAround(area)).ToUnits(area);
+}
+
+void Win32Backend::MeetMonitor() {
+    const DpiScope sharp = dpi_.ForWindows();
+    Meets(GetScreens().DpiAround(GetScreens().WorkAreaAt(WindowToBlock())));
 }
 
 int Win32Backend::ScrollBarSize() {

@@ -39,6 +39,7 @@ class Win32Backend : public Backend {
     /// What fits at every resolution at which this backend has or had a window.
     Size MeasureText(std::string_view text) override;
     Rect WorkArea() override;
+    void MeetMonitor() override;
     int ScrollBarSize() override;
     SystemTheme GetTheme() override;
     Dialogs& GetDialogs() override;

@@ -6,15 +6,6 @@
 
 namespace zv::forms::win32 {
 
-namespace {
-
-Rect FromRect(const RECT& rect) {
-    return {static_cast<int>(rect.left), static_cast<int>(rect.top),
-            static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
-}
-
-}  // namespace
-
 void FormWindow::OnMinimumSize(MINMAXINFO& info) const {
     const Size largest = backend_.GetScreens().Largest();
     info.ptMaxTrackSize.x = std::max<LONG>(info.ptMaxTrackSize.x, largest.width);
@@ -42,7 +33,7 @@ void FormWindow::OnResolution(int dpi, const RECT& suggested) {
     toolTips_.ResolutionChanged();
     for (const auto& control : controls_) control->ResolutionChanged();
     if (IsZoomed(Handle()))
-        MoveTo(FromRect(suggested));  // its frame lies outside of the monitor
+        MoveTo(FromNative(suggested));  // its frame lies outside of the monitor
     else if (!IsIconic(Handle()))
         PlaceWhole(suggested);
     rescaledOnTheWay_ = beingMoved_;
@@ -59,8 +50,8 @@ void FormWindow::MoveTo(const Rect& place) {
 // On the monitor where the window lies already: one that grows with its scale may have most of its
 // new size on the next one.
 void FormWindow::PlaceWhole(const RECT& suggested) {
-    const Rect area = FromRect(backend_.GetScreens().WorkAreaAt(Handle()));
-    Rect wanted = FromRect(suggested);
+    const Rect area = FromNative(backend_.GetScreens().WorkAreaAt(Handle()));
+    Rect wanted = FromNative(suggested);
     MoveTo(FitInto(wanted, area));
     // What the system suggests may have been cut by another monitor, and knows of no scroll bars.
     const Size missing = scale_.ToPixels(form_.WantedInside());
@@ -154,7 +145,7 @@ void FormWindow::PlaceByClient() {
     GetWindowRect(Handle(), &present);
     OffsetRect(&present, left - static_cast<int>(present.left),
                top - static_cast<int>(present.top));
-    MoveTo(FitInto(FromRect(wanted), FromRect(backend_.GetScreens().WorkAreaAround(present))));
+    MoveTo(FitInto(FromNative(wanted), FromNative(backend_.GetScreens().WorkAreaAround(present))));
 }
 
 void FormWindow::BoundsChanged() {
@@ -163,7 +154,7 @@ void FormWindow::BoundsChanged() {
     if (form_.View().Inside() != InsideUnits()) {
         PlaceByClient();
     } else {
-        MoveTo(FromRect(scale_.ToPixels(form_.Bounds())));
+        MoveTo(FromNative(scale_.ToPixels(form_.Bounds())));
     }
     placing_--;
     AcceptPlace();

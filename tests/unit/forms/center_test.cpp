@@ -12,7 +12,8 @@ namespace {
 TEST(Center, TheWorkAreasOriginCounts) {
     doubles::NoDialogs dialogs;
     headless::HeadlessBackend backend(dialogs);
-    backend.workArea = {-1280, 40, 1280, 760};
+    constexpr Rect kArea{-1280, 40, 1280, 760};
+    backend.monitors = Monitors({{kArea, kArea}});
     WindowSystem windows(backend);
     auto& form = windows.Create<Form>("frmTest");
     form.Move({0, 0, 400, 300});

@@ -29,6 +29,12 @@ BOOL CALLBACK TakeOurs(HWND window, LPARAM data) {
 
 }  // namespace
 
+void PlayedBackend::SetWorkArea(const forms::Rect& area) {
+    const int dpi = forms::win32::SystemDpi();
+    const forms::Rect pixels = forms::win32::FromNative(forms::win32::Scale(dpi).ToPixels(area));
+    screens.monitors = forms::Monitors({{pixels, pixels, dpi}});
+}
+
 void PlayedBackend::SetMonitors(const forms::Monitors& monitors) {
     screens.monitors = monitors;
     std::vector<HWND> windows;

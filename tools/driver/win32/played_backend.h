@@ -31,6 +31,9 @@ class PlayedBackend : public forms::win32::Win32Backend {
     /// In place of the system's colours.
     std::optional<forms::SystemTheme> theme;
 
+    /// There is one monitor, of the system's scale, of which windows may cover `area`, in units.
+    /// Windows that are open stay where they are.
+    void SetWorkArea(const forms::Rect& area);
     /// From now on there are these monitors; windows that are open get the messages that a system
     /// sends then.
     void SetMonitors(const forms::Monitors& monitors);

@@ -3,18 +3,9 @@
 #include "forms/win32/display.h"
 
 namespace zv::driver {
-namespace {
 
-forms::Rect FromNative(const RECT& rect) {
-    return {static_cast<int>(rect.left), static_cast<int>(rect.top),
-            static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
-}
-
-RECT ToNative(const forms::Rect& rect) {
-    return {rect.left, rect.top, rect.Right(), rect.Bottom()};
-}
-
-}  // namespace
+using forms::win32::FromNative;
+using forms::win32::ToNative;
 
 forms::Rect ScriptedScreens::PlaceOf(HWND window) {
     RECT place{};
@@ -28,12 +19,12 @@ RECT ScriptedScreens::WorkAreaAt(HWND window) const {
             window ? monitors->Around(PlaceOf(window)) : monitors->Primary();
         return ToNative(monitor.workArea);
     }
-    return workArea ? *workArea : Screens::WorkAreaAt(window);
+    return Screens::WorkAreaAt(window);
 }
 
 RECT ScriptedScreens::WorkAreaAround(const RECT& place) const {
     if (monitors) return ToNative(monitors->Around(FromNative(place)).workArea);
-    return workArea ? *workArea : Screens::WorkAreaAround(place);
+    return Screens::WorkAreaAround(place);
 }
 
 int ScriptedScreens::DpiOf(HWND window) const {
@@ -41,8 +32,7 @@ int ScriptedScreens::DpiOf(HWND window) const {
 }
 
 int ScriptedScreens::DpiAround(const RECT& place) const {
-    if (monitors) return monitors->Around(FromNative(place)).dpi;
-    return workArea ? forms::win32::SystemDpi() : Screens::DpiAround(place);
+    return monitors ? monitors->Around(FromNative(place)).dpi : Screens::DpiAround(place);
 }
 
 // Frames are drawn by the system, which knows nothing of these monitors.

@@ -10,8 +10,6 @@ namespace zv::driver {
 
 class ScriptedScreens : public forms::win32::Screens {
  public:
-    /// In place of the work area of every monitor, in pixels.
-    std::optional<RECT> workArea;
     /// In place of the system's monitors.
     std::optional<forms::Monitors> monitors;
 
