@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <iterator>
 
 namespace zv::zvdb {
@@ -229,6 +230,7 @@ std::span<const City> Cities() {
     return kCities;
 }
 std::span<const City> CitiesOf(bool traditional) {
+    static_assert(std::ranges::is_partitioned(kCities, std::logical_not<>(), &City::traditional));
     const auto first = static_cast<std::size_t>(
         std::ranges::find(kCities, true, &City::traditional) - std::begin(kCities));
     return traditional ? Cities().subspan(first) : Cities().first(first);

@@ -223,8 +223,7 @@ void frmTaskSet::ProposePlan() {
     Give(PlanField::TaskID, txtTaskID, plans::ProposeNumber(session_.database));
     const DateTime today = session_.machine.clock.Today();
     dateBegin.SetValue(today);
-    dateEnd.SetValue(
-        std::min(today.AddDays(kDaysOfANewPlan), DateTime(forms::DatePicker::kLastYear, 12, 31)));
+    dateEnd.SetValue(std::min(today.AddDays(kDaysOfANewPlan), DateTime::LastDay()));
     if (!session_.state.UserName.empty()) {
         Give(PlanField::SetMan, txtSetMan, session_.state.UserName);
         txtDoneMan.SetText("");

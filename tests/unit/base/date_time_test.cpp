@@ -1,7 +1,10 @@
-// Dates as texts.
+// Dates as texts and as automation dates.
 #include "base/date_time.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
 
 namespace zv {
 namespace {
@@ -27,6 +30,20 @@ TEST(DateTimeText, EveryDayReadsBackAsItself) {
         const DateTime date = DateTime(1890, 1, 1, 23, 59, 58).AddDays(day);
         EXPECT_EQ(DateTime::Parse(date.IsoDateTime()), date);
     }
+}
+
+TEST(AutomationDate, LiesInTheCalendarOrIsNone) {
+    constexpr double kBehindLast = 2958466;
+    EXPECT_EQ(DateTime::InCalendar(-657434), DateTime(100, 1, 1));
+    EXPECT_EQ(DateTime::InCalendar(-657434.5), DateTime(100, 1, 1, 12));
+    EXPECT_EQ(DateTime::InCalendar(-657435), std::nullopt);
+    EXPECT_EQ(DateTime::InCalendar(kBehindLast - 1), DateTime::LastDay());
+    EXPECT_EQ(DateTime::InCalendar(kBehindLast - 1.0 / 86400), DateTime(9999, 12, 31, 23, 59, 59));
+    // Its last half second is rounded into the year behind.
+    EXPECT_EQ(DateTime::InCalendar(kBehindLast - 0.4 / 86400), std::nullopt);
+    EXPECT_EQ(DateTime::InCalendar(kBehindLast), std::nullopt);
+    EXPECT_EQ(DateTime::InCalendar(std::nan("")), std::nullopt);
+    EXPECT_EQ(DateTime::InCalendar(-std::numeric_limits<double>::infinity()), std::nullopt);
 }
 
 TEST(DateTimeText, LastDayOfAll) {
