@@ -29,6 +29,10 @@ Cells EditPlans(Place& place);    ///< typed in the plan editor, for a new plan 
 Cells NameUsers(Place& place);    ///< the host's UserName: who did an item, who set it
 Cells CallModes(Place& place);    ///< the host's myTaskID and myDate
 Cells SearchItems(Place& place);  ///< typed in the filter, against items that hold the value
+Cells QueryItems(Place& place);   ///< typed in the query window, likewise
+Cells SearchCards(
+    Place& place);  ///< typed in the search for customers, against a card that holds it
+Cells FindStored(Place& place);  ///< stored by another program in an item that is then changed
 
 /// Of one act, after which only these cells may be as they are said to be, or nothing is changed
 /// and somebody was told.

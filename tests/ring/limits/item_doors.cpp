@@ -53,13 +53,7 @@ std::string Fitted(const test::TestApplication& app, const items::Field& field,
 class Editor {
  public:
     explicit Editor(Place& place) : place_(place), app_(place.app) {
-        if (app_.Refresh(windows::kManagerMode) != 0) {
-            throw RuntimeError(ErrorNumber::DatabaseFailure, app_.errorText);
-        }
-        app_.user.SelectTab(Window().SSTab1, windows::kFilterTab);
-        app_.user.SetDate(Window().filter.DTPicker0, std::nullopt);
-        app_.user.SetDate(Window().filter.DTPicker1, std::nullopt);
-        app_.user.Click(Window().commands.cmdSeek);
+        place_.ShowAllItems();
         boxes_ = TextBoxes(Window());
     }
 

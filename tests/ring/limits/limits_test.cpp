@@ -8,9 +8,11 @@ namespace {
 using store::EngineKind;
 
 constexpr std::array kDoors{
-    Door{"AddItems", AddItems},   Door{"ChangeItems", ChangeItems},
-    Door{"EditPlans", EditPlans}, Door{"NameUsers", NameUsers},
-    Door{"CallModes", CallModes}, Door{"SearchItems", SearchItems},
+    Door{"AddItems", AddItems},     Door{"ChangeItems", ChangeItems},
+    Door{"EditPlans", EditPlans},   Door{"NameUsers", NameUsers},
+    Door{"CallModes", CallModes},   Door{"SearchItems", SearchItems},
+    Door{"QueryItems", QueryItems}, Door{"SearchCards", SearchCards},
+    Door{"FindStored", FindStored},
 };
 
 Cells Drive(const Door& door, EngineKind engine) {

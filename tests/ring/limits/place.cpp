@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "items/fields.h"
+#include "windows/main/frm_task_main.h"
 #include "zvdb/own_modules.h"
 
 namespace zv::ring {
@@ -101,14 +102,36 @@ void Place::Restore() {
     for (const char* row : kRows) Run(row);
 }
 
+std::unique_ptr<store::Recordset> Place::RowOf(const std::string& table, int id) {
+    return direct_->Open("select * from " + table + " where fID=" + std::to_string(id),
+                         store::CursorType::Keyset, store::LockType::Optimistic);
+}
+
 void Place::Hold(int item, const std::string& text) {
-    const auto row = direct_->Open("select * from tTaskList where fID=" + std::to_string(item),
-                                   store::CursorType::Keyset, store::LockType::Optimistic);
+    const auto row = RowOf("tTaskList", item);
     for (const items::Field& field : items::kFields) {
         if (field.kind == items::FieldKind::Text) row->SetField(field.column, text);
     }
     row->Update();
     row->Close();
+}
+
+void Place::HoldInCard(const std::vector<std::string>& columns, const std::string& text) {
+    const auto row = RowOf("cards", 1);
+    for (const std::string& column : columns) row->SetField(column, text);
+    row->Update();
+    row->Close();
+}
+
+void Place::ShowAllItems() {
+    if (app.Refresh(windows::kManagerMode) != 0) {
+        throw RuntimeError(ErrorNumber::DatabaseFailure, app.errorText);
+    }
+    windows::frmTaskMain& window = *app.Window();
+    app.user.SelectTab(window.SSTab1, windows::kFilterTab);
+    app.user.SetDate(window.filter.DTPicker0, std::nullopt);
+    app.user.SetDate(window.filter.DTPicker1, std::nullopt);
+    app.user.Click(window.commands.cmdSeek);
 }
 
 Stored Place::Read() {

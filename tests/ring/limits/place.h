@@ -38,13 +38,19 @@ class Place {
     void Restore();
     /// Writes the text into every field of an item that takes texts, as another program would.
     void Hold(int item, const std::string& text);
+    /// Writes the text into these fields of the card, as another program would.
+    void HoldInCard(const std::vector<std::string>& columns, const std::string& text);
     /// A statement of the engine.
     void Run(const std::string& sql) { direct_->Execute(sql); }
     Stored Read();
+    /// The list of all items, whatever their day, in the task manager.
+    void ShowAllItems();
 
     test::TestApplication app;
 
  private:
+    std::unique_ptr<store::Recordset> RowOf(const std::string& table, int id);
+
     std::unique_ptr<store::TestDatabase> database_;
     std::unique_ptr<store::Connection> direct_;
 };

@@ -15,13 +15,9 @@ std::string Found(const test::TestApplication& app, const std::string& nodes) {
 Cells SearchItems(Place& place) {
     Cells cells;
     test::TestApplication& app = place.app;
-    if (app.Refresh(windows::kManagerMode) != 0) {
-        throw RuntimeError(ErrorNumber::DatabaseFailure, app.errorText);
-    }
+    place.ShowAllItems();
     windows::FilterPanel& filter = app.Window()->filter;
     app.user.SelectTab(app.Window()->SSTab1, windows::kFilterTab);
-    app.user.SetDate(filter.DTPicker0, std::nullopt);
-    app.user.SetDate(filter.DTPicker1, std::nullopt);
     struct Box {
         const char* column;
         forms::TextBox* box;
