@@ -21,7 +21,7 @@ basename "$2" >>"$0.log"
 printf 'signed  ' >>"$2"
 SIGN
 chmod +x "$work/sign"
-packaging/make --as-built --sign "$work/sign given" --out "$work/signed" >"$work/log" 2>&1
+packaging/make --as-built --uncompressed --sign "$work/sign given" --out "$work/signed" >"$work/log" 2>&1
 check "makes a signed one" 0 $?
 check "every program was signed" "zvDemo.exe zvDemo.exe zv_Host.dll zv_Host.dll zv_Task.ocx zv_Task.ocx zvdb.exe zvdb.exe" \
     "$(grep -E '^(zv_|zvD|zvd)' "$work/sign.log" | LC_ALL=C sort | tr '\n' ' ' | sed 's/ $//')"
