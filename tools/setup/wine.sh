@@ -4,7 +4,6 @@
 #   wine_width 64|32      whose programs are run from here on: sets ZV_WIDTH, ZV_WINE, WINEPREFIX,
 #                         and the folders ZV_BIN of what ships and ZV_TEST_BIN of what tests it
 #   wine_prepare          makes the prefix when it is missing, and the 32-bit Wine (see wine32)
-#   wine_temporary FOLDER where Windows programs put what is not to stay; without FOLDER as it was
 #   wine_start            a display when there is none, and a Wine server that stays
 #   wine_run PROGRAM ...  runs a Windows program under a time limit
 #   wine_output PROGRAM ...  the same, and prints what it says with the line ends of this system
@@ -78,20 +77,9 @@ _wine_settings() {
     timeout 60 "$ZV_WINE" regedit /S "$file"
 }
 
-# Wine takes no such folder from the environment: a link stands in the place of its own.
-wine_temporary() {
-    local place=$WINEPREFIX/drive_c/users/$(id -un)/Temp
-    rm -rf "$place"
-    if [ -n "${1:-}" ]; then ln -s "$1" "$place"; else mkdir "$place"; fi
-}
-
 wine_prepare() {
     [ "$ZV_WIDTH" = 64 ] || "$ZV_ROOT/tools/setup/wine32" || return
-    if [ -e "$WINEPREFIX/zv-ready" ]; then
-        # A link of somebody who was killed leads nowhere.
-        [ ! -L "$WINEPREFIX/drive_c/users/$(id -un)/Temp" ] || wine_temporary
-        return
-    fi
+    [ -e "$WINEPREFIX/zv-ready" ] && return 0
     echo "preparing a Wine prefix of $ZV_WIDTH bits (once)"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
