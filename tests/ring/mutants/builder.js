@@ -81,7 +81,7 @@ class Builder {
             this.copy(mutants);
             if (round === 1) this.configure();
             const jobs = process.env.ZV_JOBS ?? '2';
-            if (this.run('nice', ['cmake', '--build', this.build, '-j', jobs, '--target', ...this.targets(), '--', '-k', '0'], log)) break;
+            if (this.run('cmake', ['--build', this.build, '-j', jobs, '--target', ...this.targets(), '--', '-k', '0'], log)) break;
             const refused = this.refused(fs.readFileSync(log, 'utf8'));
             if (refused.size === 0) throw new Error(`it does not build, see ${log}`);
             for (const number of refused) this.dropped.add(byNumber.get(number).id);

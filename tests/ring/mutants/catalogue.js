@@ -48,11 +48,15 @@ function filesOf(root) {
         .split('\n').filter(file => file && fs.existsSync(path.join(root, file)));
 }
 
-// All mutants of the sources below `root`, numbered from 1.
-function readCatalogue(root) {
+// All mutants of the sources below `root`, numbered from 1. One keeps the number that it has in `numbers`,
+// a file, so that only the files that change are compiled again.
+function readCatalogue(root, numbers = '') {
     const mutants = filesOf(root).filter(folderOf).sort()
         .flatMap(file => mutantsOf(file, fs.readFileSync(path.join(root, file), 'utf8')));
-    mutants.forEach((mutant, i) => { mutant.number = i + 1; });
+    const known = numbers && fs.existsSync(numbers) ? JSON.parse(fs.readFileSync(numbers, 'utf8')) : {};
+    let last = Math.max(0, ...Object.values(known));
+    for (const mutant of mutants) mutant.number = known[mutant.id] ??= ++last;
+    if (numbers) fs.writeFileSync(numbers, JSON.stringify(known));
     return mutants;
 }
 

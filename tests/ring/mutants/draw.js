@@ -38,11 +38,12 @@ function drawFolder(mutants, count, random) {
     return drawn;
 }
 
-// `count` mutants, spread evenly over the folders.
+// `count` mutants, spread evenly over the folders and in turn, so that a run that ends early is even, too.
 function draw(mutants, seed, count) {
     const each = Math.ceil(count / names.length);
-    return names.flatMap((folder, i) =>
+    const drawn = names.map((folder, i) =>
         drawFolder(mutants.filter(mutant => mutant.folder === folder), each, randomFrom(seed * 31 + i)));
+    return Array.from({ length: each }, (_, i) => drawn.map(ofFolder => ofFolder[i])).flat().filter(Boolean);
 }
 
 module.exports = { draw, drawFolder, randomFrom };

@@ -56,6 +56,20 @@ function initialisesMember(head) {
     return inList && (last.kind === 'word' || last.text === '>');
 }
 
+// A constant with braces for its value, whose type is written with parentheses.
+function isValue(head) {
+    const texts = head.map(token => token.text);
+    const last = head.at(-1);
+    return last.kind === 'word' && !['const', 'noexcept', 'override', 'final', 'mutable', 'try'].includes(last.text) &&
+        texts.indexOf('->', texts.indexOf('(')) < 0;
+}
+
+// As a lambda among the arguments of what initialises a member.
+function isInParentheses(head) {
+    const count = text => head.filter(token => token.kind === 'mark' && token.text === text).length;
+    return count('(') > count(')');
+}
+
 function isAssigned(head) {
     let depth = 0;
     return head.some(({ text }, i) => {
@@ -80,12 +94,12 @@ function readFunctions(tokens, partners) {
                 head = [];
                 continue;
             }
-            if (initialisesMember(head)) {
+            if (isInParentheses(head) || initialisesMember(head)) {
                 head.push(...tokens.slice(i, close + 1));
                 i = close;
                 continue;
             }
-            const described = words.includes('enum') || isAssigned(head) ? null : describe(head);
+            const described = head.length === 0 || words.includes('enum') || isAssigned(head) || isValue(head) ? null : describe(head);
             if (described) found.push({ ...described, open: i, close });
             head = [];
             i = close;

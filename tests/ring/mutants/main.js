@@ -21,7 +21,7 @@ const tell = text => console.log(text);
 class Harness {
     constructor() {
         fs.mkdirSync(work, { recursive: true });
-        this.mutants = readCatalogue(root);
+        this.mutants = readCatalogue(root, path.join(work, 'numbers.json'));
         this.builder = new Builder(root, work);
         this.equal = readEqual();
         for (const key of stale(this.equal, this.mutants)) tell(`equal.txt: fits no fault: ${key}`);
@@ -30,22 +30,13 @@ class Harness {
     async prepare() {
         this.builder.make(this.mutants, tell);
         const file = path.join(work, 'reach.json');
-        const stamp = this.stamp();
-        const kept = fs.existsSync(file) ? JSON.parse(fs.readFileSync(file, 'utf8')) : {};
-        if (kept.stamp !== stamp) {
-            const tests = await measure(this.builder, this.mutants, atOnce, tell);
-            fs.writeFileSync(file, JSON.stringify({ stamp, tests }));
-            kept.tests = tests;
-        }
-        for (const test of kept.tests.filter(test => !test.sound)) tell(`left out, fails without a fault: ${test.group} ${test.name}`);
-        this.meeting = meeting(kept.tests);
+        const known = fs.existsSync(file) ? JSON.parse(fs.readFileSync(file, 'utf8')) : [];
+        const tests = await measure(this.builder, this.mutants, atOnce, tell, known);
+        fs.writeFileSync(file, JSON.stringify(tests));
+        for (const test of tests.filter(test => !test.sound)) tell(`left out, fails without a fault: ${test.group} ${test.name}`);
+        this.meeting = meeting(tests);
         this.compiled = this.mutants.filter(mutant => !this.builder.dropped.has(mutant.id) && this.isBuilt(mutant.file));
         tell(`${this.mutants.length} faults, ${this.compiled.length} of them in what is built here`);
-    }
-    // Whether anything was built since.
-    stamp() {
-        const bin = path.join(this.builder.build, 'bin');
-        return fs.readdirSync(bin).map(name => `${name} ${fs.statSync(path.join(bin, name)).mtimeMs}`).join('\n');
     }
     isBuilt(file) {
         this.sources ??= fs.readFileSync(path.join(this.builder.build, 'build.ninja'), 'utf8') +

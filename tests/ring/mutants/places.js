@@ -60,6 +60,10 @@ class Places {
                 let to = i;
                 while (to < this.fn.close && !this.isMark(to, ':')) ++to;
                 this.freeze(frozen, i, to);
+            } else if (['class', 'struct', 'enum', 'union'].includes(text)) {
+                // What a function declares for itself is no statement.
+                const brace = [i + 1, i + 2, i + 3].find(at => this.isMark(at, '{'));
+                if (brace) this.freeze(frozen, i, this.partners.get(brace));
             } else if (kind === 'word' && noBehaviour.has(text)) {
                 const line = this.tokens[i].line;
                 let from = i;

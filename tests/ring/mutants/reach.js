@@ -7,9 +7,13 @@ const path = require('path');
 const { runProgram, sideBySide } = require('./process.js');
 const { listTests, commandOf } = require('./suite.js');
 
-async function measure(builder, mutants, atOnce, tell) {
-    const tests = listTests(builder.build, builder.tree);
-    const size = mutants.length + 1;
+// What is known of tests of programs that are still the same is taken from `known`.
+async function measure(builder, mutants, atOnce, tell, known = []) {
+    const keyOf = ({ group, name, built }) => `${group} ${name} ${built}`;
+    const kept = new Map(known.map(test => [keyOf(test), test]));
+    const all = listTests(builder.build, builder.tree).map(test => kept.get(keyOf(test)) ?? test);
+    const tests = all.filter(test => !test.meets);
+    const size = Math.max(...mutants.map(mutant => mutant.number)) + 1;
     let done = 0;
     await sideBySide(tests, atOnce, async test => {
         const hits = path.join(builder.work, `hits-${process.pid}-${done++}`);
@@ -21,10 +25,10 @@ async function measure(builder, mutants, atOnce, tell) {
         fs.rmSync(hits);
         test.meets = [];
         for (let n = 1; n < size; ++n) if (met[n]) test.meets.push(n);
-        if (!test.sound) tell(`left out, fails without a fault: ${test.group} ${test.name} (${ran.status})`);
+        if (!test.sound) test.said = `${ran.status}: ${ran.said.slice(-300)}`;
         if (done % 200 === 0) tell(`${done} of ${tests.length} tests measured`);
     });
-    return tests;
+    return all;
 }
 
 // The tests that meet each fault. The fewer places a test meets, the nearer it is to each of them.

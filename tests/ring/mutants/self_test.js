@@ -55,14 +55,15 @@ function checkPlaces() {
     makesNone('text.reserve(12);');
     makesNone('const char* text = "a < b && c"; // a < b');
     makesNone('std::array<int, 4> four;');
+    makesNone('struct Count { Count() { ++all; } Count(const Count&) = delete; };');
     makesNone('auto&& all = rows;');
     makesNone('return a;');
     makesNone('if (const auto found = find(a)) return a;');
 }
 
 function checkFunctions() {
-    const source = 'namespace n {\nX::X(int a) : a_{a}, b_(2) { go(); }\nX::~X() { end(); }\n' +
-        'const char* kNames[] = {"a"};\nbool X::is() const { return a_; }\n[[noreturn]] void Throw() { throw 1; }\n' +
+    const source = 'namespace n {\nX::X(int a) : a_{a}, b_([a] { return a; }), c_(2) { go(); }\nX::~X() { end(); }\n' +
+        'const char* kNames[] = {"a"};\nconstexpr std::array<int, kAll.size()> kSizes{{1, 2}};\nbool X::is() const { return a_; }\n[[noreturn]] void Throw() { throw 1; }\n' +
         'constexpr auto f() { return 2; }\n}\n';
     const tokens = readTokens(source);
     const found = readFunctions(tokens, pairBrackets(tokens)).map(fn => `${fn.name} ${fn.back || '-'}`);
