@@ -42,7 +42,7 @@ function commandOf(build, tree, group, names) {
 
 // The first test that the output says has failed.
 function failedOf(said, names) {
-    return names.find(name => said.split('\n').some(line => /FAILED|^not ok|^failed/i.test(line) && line.includes(name)));
+    return names.find(name => said.split('\n').some(line => /^(FAIL|\[  FAILED  \]) /.test(line) && line.includes(name)));
 }
 
 module.exports = { listTests, commandOf, failedOf };
