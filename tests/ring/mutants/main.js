@@ -48,23 +48,26 @@ class Harness {
     }
 
     async play(chosen, results) {
-        const known = new Map(fs.existsSync(results) ? fs.readFileSync(results, 'utf8').split('\n').filter(Boolean).map(line => JSON.parse(line)).map(result => [result.id, result]) : []);
+        const known = new Set(this.readResults(results).map(result => result.id));
         const player = new Player(this.builder.build, this.builder.tree);
-        const all = [];
         await sideBySide(chosen, atOnce, async mutant => {
             const { id, folder, file, fn, line, kind, told } = mutant;
             const tests = this.meeting.get(mutant.number) ?? [];
-            let result = known.get(id);
-            if (!result) {
+            if (!known.has(id)) {
                 const found = this.equal.has(keyOf(mutant)) ? { outcome: 'equal' } : await player.play(mutant, tests);
-                result = { id, folder, file, fn, line, kind, told, ...found };
+                const result = { id, folder, file, fn, line, kind, told, ...found };
                 if (found.outcome === 'lives') result.met = tests.map(test => `${test.group} ${test.name}`);
                 fs.appendFileSync(results, JSON.stringify(result) + '\n');
                 tell(`${result.outcome.padEnd(12)} ${(result.seconds ?? 0).toFixed(1).padStart(6)} s  ${survivorLine({ ...result, met: [] })}${result.by ? '  by ' + result.by : ''}`);
             }
-            all.push(result);
         });
-        return all;
+    }
+    readResults(file) {
+        return fs.existsSync(file) ? fs.readFileSync(file, 'utf8').split('\n').filter(Boolean).map(line => JSON.parse(line)) : [];
+    }
+    tellResults(file) {
+        const results = this.readResults(file);
+        tell(`\n${survivors(results)}\n\n${report(results)}`);
     }
     find(ids) {
         return ids.map(id => this.mutants.find(mutant => mutant.id === id) ?? (() => { throw new Error(`no fault ${id}`); })());
@@ -88,9 +91,10 @@ class Harness {
 async function main([order = 'play', ...rest]) {
     const harness = new Harness();
     if (order === 'show') return harness.find(rest).forEach(mutant => harness.show(mutant));
+    const seed = Number(process.env.ZV_SEED ?? 1);
+    if (order === 'report') return harness.tellResults(path.join(work, `results-${seed}.jsonl`));
     await harness.prepare();
     if (order === 'prepare') return undefined;
-    const seed = Number(process.env.ZV_SEED ?? 1);
     const count = Number(process.env.ZV_MUTANTS ?? 200);
     let results = path.join(work, `results-${seed}.jsonl`);
     let chosen;
@@ -104,9 +108,8 @@ async function main([order = 'play', ...rest]) {
     } else {
         chosen = draw(harness.compiled, seed, count);
     }
-    const all = await harness.play(chosen, results);
-    tell(`\n${survivors(all)}\n\n${report(all)}`);
-    return undefined;
+    await harness.play(chosen, results);
+    return harness.tellResults(results);
 }
 
 main(process.argv.slice(2)).catch(error => {

@@ -8,12 +8,13 @@
 #   ZV_LONG=1 tests/ring/mutants/run.sh folder PATH|NAME  all of a folder of the sources or the report
 #   ZV_LONG=1 tests/ring/mutants/run.sh again ID...       these once more
 #   ZV_LONG=1 tests/ring/mutants/run.sh prepare           only builds and measures the tests
+#   tests/ring/mutants/run.sh report                      what is known of the faults of ZV_SEED
 #   tests/ring/mutants/run.sh show ID...                  a fault as a change of its file
 #
 # What is built and found lies in build/ring/mutants. ZV_JOBS (2) at a time.
 set -euo pipefail
 cd "$(dirname "$0")/../../.."
-if [ "${1:-}" != show ] && [ -z "${ZV_LONG:-}" ]; then
+if [[ ! "${1:-}" =~ ^(show|report)$ ]] && [ -z "${ZV_LONG:-}" ]; then
     echo "this takes long: ZV_LONG=1 $0 $*"
     exit 1
 fi
