@@ -32,9 +32,9 @@ namespace {
 using Told = std::vector<std::string>;
 
 std::string NameOf(Aspect aspect) {
-    constexpr const char* kNames[] = {"bounds", "visible", "enabled",   "caption", "text",
-                                      "value",  "items",   "selection", "locked",  "max length",
-                                      "image",  "z-order", "interval",  "tool tip"};
+    constexpr const char* kNames[] = {"bounds",   "visible", "enabled",   "caption",  "text",
+                                      "value",    "items",   "selection", "locked",   "max length",
+                                      "keyboard", "image",   "z-order",   "interval", "tool tip"};
     return kNames[static_cast<std::size_t>(aspect)];
 }
 
@@ -201,6 +201,8 @@ TEST_F(Notification, OfCaptionsTextsAndValues) {
         {"selected", [](auto& f) { f.text.Select(1, 1); }, {"selection"}, false},
         {"all selected", [](auto& f) { f.text.SelectAll(); }, {"selection"}, false},
         {"length", [](auto& f) { f.text.SetMaxLength(5); }, {"max length"}, false},
+        {"digits", [](auto& f) { f.text.SetNumericKeyboard(true); }, {"keyboard"}},
+        {"letters", [](auto& f) { f.text.SetNumericKeyboard(false); }, {"keyboard"}},
         {"cut typing", [](auto& f) { f.text.UserText("abcdefgh"); }, {"text"}},
         {"typing", [](auto& f) { f.text.UserText("ab"); }, {}},
         {"checked", [](auto& f) { f.check.SetValue(1); }, {"value"}},
