@@ -32,6 +32,7 @@ enum class Aspect {
     Selection,  ///< list index, tree selection, selected text
     Locked,
     MaxLength,
+    Keyboard,  ///< digits only, or an input method
     Image,
     ZOrder,    ///< brought to the front
     Interval,  ///< of a timer, or whether it runs

@@ -27,6 +27,12 @@ void TextBox::SetMaxLength(int units) {
     Notify(Aspect::MaxLength);
 }
 
+void TextBox::SetNumericKeyboard(bool numeric) {
+    if (numeric == numeric_) return;
+    numeric_ = numeric;
+    Notify(Aspect::Keyboard);
+}
+
 void TextBox::SetLocked(bool locked) {
     if (locked == locked_) return;
     locked_ = locked;

@@ -39,7 +39,7 @@ class TextBox : public Control {
                (multiLine_ && event.code == key::kEnter && !event.control);
     }
     bool NumericKeyboard() const { return numeric_; }
-    void SetNumericKeyboard(bool numeric) { numeric_ = numeric; }
+    void SetNumericKeyboard(bool numeric);
 
     int SelStart() const { return selStart_; }
     int SelLength() const { return selLength_; }

@@ -172,6 +172,16 @@ TEST_F(Keys, AHandlerMayUnloadTheWindow) {
     EXPECT_TRUE(events_.empty());
 }
 
+TEST_F(Keys, NothingNativeGetsAKeyWhoseHandlerUnloadedTheWindow) {
+    form.txtTitle.onKeyDown = [this](KeyEvent& event) {
+        if (event.shift) form.Unload();
+    };
+    form.Show(false);
+    EXPECT_FALSE(form.UserKey(form.txtTitle, {'A'}));
+    EXPECT_TRUE(form.UserKey(form.txtTitle, {'A', true}));
+    EXPECT_TRUE(windows_.Windows().empty());
+}
+
 TEST_F(Keys, AnErrorOfAHandlerIsShownAndTheKeyGoesOn) {
     form.defaultButton = &form.cmdOK;
     form.txtTitle.onKeyDown = [](KeyEvent&) { throw RuntimeError(ErrorNumber::TypeMismatch); };

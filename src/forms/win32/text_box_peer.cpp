@@ -16,8 +16,7 @@ void NativeTextBox::Create(HWND parent, int id) {
     if (Box().ShowsTabs()) style |= ES_MULTILINE;
     if (Box().Locked()) style |= ES_READONLY;
     CreateNative(parent, id, WC_EDITW, style, WS_EX_CLIENTEDGE);
-    // Digits need no input method, and would be held back by one.
-    if (Box().NumericKeyboard()) ImmAssociateContext(Handle(), nullptr);
+    if (Box().NumericKeyboard()) Mirror(Aspect::Keyboard);
     if (!Box().MultiLine()) PlaceEntryLine(Handle());
     const Quiet quiet(*this);
     Mirror(Aspect::MaxLength);
@@ -43,6 +42,14 @@ void NativeTextBox::Mirror(Aspect aspect) {
             break;
         case Aspect::MaxLength:
             Send(EM_SETLIMITTEXT, static_cast<WPARAM>(Box().MaxLength()));
+            break;
+        case Aspect::Keyboard:
+            // Digits need no input method, and would be held back by one.
+            if (Box().NumericKeyboard()) {
+                ImmAssociateContext(Handle(), nullptr);
+            } else {
+                ImmAssociateContextEx(Handle(), nullptr, IACE_DEFAULT);
+            }
             break;
         case Aspect::Selection:
             Send(EM_SETSEL, static_cast<WPARAM>(Box().SelStart()),

@@ -36,6 +36,10 @@ TEST(Rasterize, ScalesTheGridOfSixteenToTheSize) {
     }
 }
 
+TEST(Rasterize, OnePixelIsASize) {
+    EXPECT_EQ(Rasterize({{Square(0, 0, 16, 16, kRed)}}, 1), std::vector<std::uint32_t>{kRed});
+}
+
 TEST(Rasterize, PutsRowsFromTheTop) {
     const auto pixels =
         Rasterize(Icon{{Square(0, 0, 16, 1, kRed), Square(0, 15, 16, 16, kBlue)}}, 16);

@@ -37,6 +37,11 @@ TEST_F(OptionsPanelTest, HandsOnWhatIsStored) {
     EXPECT_EQ(panel.txtAccess.Text(), stage.Path("t.db"));
 }
 
+TEST_F(OptionsPanelTest, MinutesAreTypedWithoutAnInputMethod) {
+    EXPECT_TRUE(panel.txtTimeSet.NumericKeyboard());
+    EXPECT_FALSE(panel.txtAccess.NumericKeyboard());
+}
+
 TEST_F(OptionsPanelTest, AnotherStoreIsSaidOnceItIsOpen) {
     store::CreateSqliteDatabase(stage.Path("b.db"));
     stage.user.Type(panel.txtAccess, stage.Path("b.db"));

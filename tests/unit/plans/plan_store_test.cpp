@@ -32,13 +32,19 @@ class PlanStore : public testing::Test, protected PlanDatabase {
 
     int conflicts = 0;
     std::optional<store::RowMerge::Version> decision = store::RowMerge::Version::Own;
+    int settersAsked = 0;
+    bool savesWithoutSetter = true;
 
  private:
     PlanQuestions questions_{[this](const auto&, const auto&, const auto&) {
                                  conflicts++;
                                  return decision;
                              },
-                             [] { return true; }};
+                             [this] {
+                                 settersAsked++;
+                                 // Who is asked once more ends it.
+                                 return savesWithoutSetter && settersAsked == 1;
+                             }};
 };
 
 TEST_F(PlanStore, ProposesTheNumberBehindTheGreatest) {
@@ -88,6 +94,45 @@ TEST_F(PlanStore, JoinsAChangeWithWhatAnotherStoredMeanwhile) {
     EXPECT_EQ(save.outcome, PlanSave::Outcome::Saved);
     EXPECT_TRUE(save.joined);
     EXPECT_EQ(conflicts, 0);
+    EXPECT_EQ(Rows("select taskTitle,Content from tTaskSet"), "月报|他的");
+}
+
+TEST_F(PlanStore, ASetterThatAnotherTookAwayIsAskedAboutOnce) {
+    Save(Monthly());
+    const EditedPlan edited = Opened(7);
+    Sql("update tTaskSet set setMan=''");
+    Plan plan = Monthly();
+    plan.title = "月报";
+    const PlanSave save = Save(plan, edited);
+    EXPECT_EQ(settersAsked, 1);
+    EXPECT_EQ(save.outcome, PlanSave::Outcome::Saved);
+    EXPECT_TRUE(save.joined);
+    EXPECT_EQ(Rows("select taskTitle,setMan from tTaskSet"), "月报|");
+}
+
+TEST_F(PlanStore, WithoutTheSetterThatAnotherTookAwayThePlanIsSavedOnlyIfTheUserSaysSo) {
+    Save(Monthly());
+    const EditedPlan edited = Opened(7);
+    Sql("update tTaskSet set setMan=''");
+    Plan plan = Monthly();
+    plan.title = "月报";
+    savesWithoutSetter = false;
+    const PlanSave save = Save(plan, edited);
+    EXPECT_EQ(settersAsked, 1);
+    EXPECT_EQ(save.outcome, PlanSave::Outcome::CalledOff);
+    EXPECT_TRUE(save.joined);
+    EXPECT_EQ(Rows("select taskTitle,setMan from tTaskSet"), "报表|");
+}
+
+TEST_F(PlanStore, WhoEnteredNoSetterWasAskedBefore) {
+    Plan plan = Monthly();
+    plan.setMan.clear();
+    Save(plan);
+    const EditedPlan edited = Opened(7);
+    Sql("update tTaskSet set Content='他的'");
+    plan.title = "月报";
+    EXPECT_EQ(Save(plan, edited).outcome, PlanSave::Outcome::Saved);
+    EXPECT_EQ(settersAsked, 0);
     EXPECT_EQ(Rows("select taskTitle,Content from tTaskSet"), "月报|他的");
 }
 

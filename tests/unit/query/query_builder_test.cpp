@@ -116,6 +116,19 @@ TEST_F(QueryBuilder, RefusesAWordForANumber) {
     EXPECT_EQ(accepted, "a.taskID=3");
 }
 
+TEST_F(QueryBuilder, ANumberIsTypedWithoutAnInputMethodAndATextWithOne) {
+    stage.Sql(
+        "insert into rptListDetail(fTable,FieldName,FieldName_0,FieldType,fieldID) values"
+        "('ttasklist','taskID','编号',0,1),('ttasklist','taskTitle','主题',0,2)");
+    frmSeek& window = Open();
+    ASSERT_EQ(window.cboField.Items(), (Lines{"编号", "主题"}));
+    EXPECT_TRUE(window.txtValue.NumericKeyboard());
+    stage.user.Pick(window.cboField, 1);
+    EXPECT_FALSE(window.txtValue.NumericKeyboard());
+    stage.user.Pick(window.cboField, 0);
+    EXPECT_TRUE(window.txtValue.NumericKeyboard());
+}
+
 TEST_F(QueryBuilder, TakesAValueThatWasTypedAndNotAdded) {
     frmSeek& window = Open();
     stage.user.Pick(window.cboField, kTitle);

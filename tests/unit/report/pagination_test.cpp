@@ -83,5 +83,46 @@ TEST(Paginate, ARowThatFillsAPageExactlyIsNotSplit) {
     EXPECT_EQ(pages[1][0].lines, 10u);
 }
 
+TEST(Paginate, ALastPartThatFillsItsPageExactlyTurnsNone) {
+    const PageRoom room{102, 102};
+    const std::size_t first = 9;  // and a mark
+    ASSERT_EQ(kHeights.OfLines(first, false, true), room.first);
+    ASSERT_EQ(kHeights.OfLines(9, true, false), room.later);
+    const auto exact = Pages({first + 9, 1}, room);
+    ASSERT_EQ(exact.size(), 3u);
+    ASSERT_EQ(exact[1].size(), 1u);
+    EXPECT_EQ(exact[1][0].lines, 9u);
+    EXPECT_FALSE(exact[1][0].continues);
+    EXPECT_EQ(exact[2].size(), 1u);
+    const auto oneMore = Pages({first + 10}, room);
+    ASSERT_EQ(oneMore.size(), 3u);
+    EXPECT_EQ(oneMore[1][0].lines, 8u);
+    EXPECT_EQ(oneMore[2][0].lines, 2u);
+}
+
+TEST(Paginate, ASplitRowBeginsWhereExactlyFiveLinesHaveRoom) {
+    const double before = kHeights.OfLines(3, false, false);
+    const double room = before + kHeights.OfLines(5, false, true);
+    const auto pages = Pages({3, 30}, {room, 102});
+    ASSERT_EQ(pages[0].size(), 2u);
+    EXPECT_EQ(pages[0][1].lines, 5u);
+    EXPECT_EQ(Pages({3, 30}, {room - 1, 102})[0].size(), 1u);
+}
+
+TEST(Paginate, WhereNoLineHasRoomEachPageHasOneAndNoneIsEmpty) {
+    const PageRoom room{5, 5};
+    const auto pages = Pages({1, 2, 1}, room);
+    ASSERT_EQ(pages.size(), 4u);
+    for (const auto& page : pages) {
+        ASSERT_EQ(page.size(), 1u);
+        EXPECT_EQ(page[0].lines, 1u);
+    }
+    EXPECT_FALSE(pages[0][0].continues);
+    EXPECT_TRUE(pages[1][0].continues);
+    EXPECT_TRUE(pages[2][0].isContinued);
+    EXPECT_FALSE(pages[2][0].continues);
+    EXPECT_FALSE(pages[3][0].continues);
+}
+
 }  // namespace
 }  // namespace zv::report

@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <set>
+#include <utility>
 
 #include "base/errors.h"
 #include "base/text.h"
@@ -105,6 +108,36 @@ TEST_F(PdfTest, TitleAndAuthorStandInTheFile) {
     const std::string info = OutputOf("pdfinfo '" + Write(ListOf(1)) + "'");
     EXPECT_NE(info.find("任务列表"), std::string::npos) << info;
     EXPECT_NE(info.find("A4"), std::string::npos) << info;
+}
+
+TEST_F(PdfTest, BoldTextAloneIsOutlinedAndInItsOwnGrey) {
+    const Document document = ListOf(1);
+    const std::string image = OutputOf("pdftocairo -svg '" + Write(document) + "' -");
+    const Page page = Layout(document, TestFonts()).MakePage(1);
+    const auto stroke = [](double width, double grey) {
+        // A reader rounds both, the grey by its own steps.
+        return std::pair(std::lround(width * 1000), std::lround(grey * 100));
+    };
+    std::multiset<std::pair<long, long>> expected;
+    bool greyBefore = false;
+    for (const TextRun& run : page.texts) {
+        if (run.bold) expected.insert(stroke(run.size * 0.032, run.grey));
+        greyBefore = greyBefore || (!run.bold && run.grey > 0);
+    }
+    ASSERT_GT(expected.size(), 1u);
+    ASSERT_TRUE(greyBefore);
+    for (const Rule& rule : page.rules) expected.insert(stroke(rule.width, rule.grey));
+    std::multiset<std::pair<long, long>> found;
+    const std::string width = "stroke-width:";
+    const std::string grey = "stroke:rgb(";
+    for (std::size_t at = image.find(width); at != std::string::npos;
+         at = image.find(width, at + 1)) {
+        const std::size_t color = image.find(grey, at);
+        ASSERT_NE(color, std::string::npos);
+        found.insert(stroke(std::stod(image.substr(at + width.size())),
+                            std::stod(image.substr(color + grey.size())) / 100));
+    }
+    EXPECT_EQ(found, expected);
 }
 
 TEST_F(PdfTest, SavingGoesOnPageByPageAndEndsWithAWholeFile) {

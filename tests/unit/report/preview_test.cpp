@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 #include "base/errors.h"
 #include "doubles/queued_dialogs.h"
 #include "driver/headless/headless_driver.h"
@@ -234,6 +237,65 @@ TEST_F(Preview, PagesFollowTheSetupThatTheUserAccepts) {
     EXPECT_EQ(kept_[0], report_->Pages().Setup());
 }
 
+TEST_F(Preview, EveryFieldOfTheSetupIsTakenOver) {
+    PreviewForm& form = Open(ListOf(3));
+    struct Change {
+        std::function<void(PageSetupForm&)> enter;
+        std::function<void(PageSetup&)> expect;
+    };
+    const auto pick = [&](forms::ComboBox& box, auto entry) {
+        user_.Pick(box, static_cast<int>(entry));
+    };
+    const std::vector<Change> changes{
+        {[&](auto& window) { pick(window.cboPaper, Paper::A5); },
+         [](PageSetup& setup) { setup.paper = Paper::A5; }},
+        {[&](auto& window) { pick(window.cboDirection, Direction::Across); },
+         [](PageSetup& setup) { setup.direction = Direction::Across; }},
+        {[&](auto& window) { pick(window.cboDirection, Direction::Upright); },
+         [](PageSetup& setup) { setup.direction = Direction::Upright; }},
+        {[&](auto& window) { user_.Type(window.txtLeft, "11"); },
+         [](PageSetup& setup) { setup.margins.left = 11; }},
+        {[&](auto& window) { user_.Type(window.txtRight, "12"); },
+         [](PageSetup& setup) { setup.margins.right = 12; }},
+        {[&](auto& window) { user_.Type(window.txtTop, "13"); },
+         [](PageSetup& setup) { setup.margins.top = 13; }},
+        {[&](auto& window) { user_.Type(window.txtBottom, "14"); },
+         [](PageSetup& setup) { setup.margins.bottom = 14; }},
+        {[&](auto& window) { user_.Click(window.cmdUsual); }, [](PageSetup& setup) { setup = {}; }},
+    };
+    PageSetup expected = setup_;
+    for (std::size_t i = 0; i < changes.size(); i++) {
+        backend_.modalLoop = [&](forms::Form& modal) {
+            auto& window = dynamic_cast<PageSetupForm&>(modal);
+            changes[i].enter(window);
+            user_.Click(window.cmdOK);
+        };
+        user_.Click(form.cmdSetup);
+        changes[i].expect(expected);
+        ASSERT_EQ(kept_.size(), i + 1);
+        EXPECT_EQ(kept_[i], expected) << i;
+        EXPECT_EQ(report_->Pages().Setup(), expected) << i;
+    }
+}
+
+TEST_F(Preview, ItsNumbersAreTypedWithoutAnInputMethod) {
+    PreviewForm& form = Open(ListOf(200));
+    EXPECT_TRUE(form.txtPage.NumericKeyboard());
+    int margins = 0;
+    backend_.modalLoop = [&](forms::Form& modal) {
+        auto& window = dynamic_cast<PageSetupForm&>(modal);
+        for (const forms::TextBox* box :
+             {&window.txtLeft, &window.txtRight, &window.txtTop, &window.txtBottom}) {
+            EXPECT_TRUE(box->NumericKeyboard()) << box->Name();
+            EXPECT_EQ(box->MaxLength(), 2) << box->Name();
+            margins++;
+        }
+        user_.Click(window.cmdCancel);
+    };
+    user_.Click(form.cmdSetup);
+    EXPECT_EQ(margins, 4);
+}
+
 TEST_F(Preview, ACancelledOrUnchangedSetupKeepsThePages) {
     PreviewForm& form = Open(ListOf(3));
     const Layout* pages = &report_->Pages();
@@ -330,6 +392,114 @@ TEST_F(Preview, KeysScrollAndTurn) {
     EXPECT_EQ(form.PageNumber(), 1);
     user_.Key(form.cmdPrint, 34);
     EXPECT_EQ(form.PageNumber(), 2);
+}
+
+TEST_F(Preview, KeysOfThePageScrollAndTurnIt) {
+    PreviewForm& form = Open(ListOf(200));
+    user_.Pick(form.cboZoom, form.cboZoom.ListCount() - 1);
+    const int last = report_->Pages().PageCount();
+    const auto place = [&] {
+        return forms::Position{form.picPage.Horizontal().position,
+                               form.picPage.Vertical().position};
+    };
+    const auto press = [&](int code) {
+        forms::KeyEvent event{code};
+        form.picPage.UserKeyDown(event);
+        EXPECT_EQ(event.code, 0) << code;
+    };
+    form.picPage.UserScroll(0, 0);
+    press(forms::key::kDown);
+    EXPECT_EQ(place(), (forms::Position{0, 40}));
+    press(forms::key::kDown);
+    press(forms::key::kUp);
+    EXPECT_EQ(place(), (forms::Position{0, 40}));
+    press(forms::key::kRight);
+    press(forms::key::kRight);
+    EXPECT_EQ(place(), (forms::Position{80, 40}));
+    press(forms::key::kLeft);
+    EXPECT_EQ(place(), (forms::Position{40, 40}));
+    press(forms::key::kPageDown);
+    EXPECT_EQ(place(), (forms::Position{40, form.picPage.Vertical().visible}));
+    press(forms::key::kPageUp);
+    EXPECT_EQ(place(), (forms::Position{40, 40}));
+    EXPECT_EQ(form.PageNumber(), 1);
+    press(forms::key::kEnd);
+    EXPECT_EQ(form.PageNumber(), last);
+    press(forms::key::kDown);
+    press(forms::key::kHome);
+    EXPECT_EQ(form.PageNumber(), 1);
+    EXPECT_EQ(place().y, 0);
+    press(forms::key::kDown);
+    press(forms::key::kHome);
+    EXPECT_EQ(place(), (forms::Position{40, 0})) << "on the first page, too";
+    const int percent = form.View().Percent();
+    for (const auto& [smaller, larger] : {std::pair{109, 107}, {189, 187}}) {
+        press(smaller);
+        EXPECT_LT(form.View().Percent(), percent) << smaller;
+        press(larger);
+        EXPECT_EQ(form.View().Percent(), percent) << larger;
+    }
+}
+
+TEST_F(Preview, KeysOfTheWindowTurnZoomPrintAndSave) {
+    PreviewForm& form = Open(ListOf(200));
+    user_.Pick(form.cboZoom, 5);
+    const int last = report_->Pages().PageCount();
+    ASSERT_GT(last, 3);
+    struct Press {
+        int code;
+        bool control;
+        int page;
+        int percent;
+        const char* done;
+    };
+    using namespace forms::key;
+    const std::vector<Press> presses{
+        {kPageDown, false, 3, 100, ""}, {kPageUp, false, 1, 100, ""}, {kHome, true, 1, 100, ""},
+        {kEnd, true, last, 100, ""},    {107, true, 2, 125, ""},      {187, true, 2, 125, ""},
+        {109, true, 2, 75, ""},         {189, true, 2, 75, ""},       {'P', true, 2, 100, "print "},
+        {'S', true, 2, 100, "pdf "},
+    };
+    const auto play = [&](int code, bool control) {
+        user_.Type(form.txtPage, "2");
+        user_.Leave(form.txtPage);
+        user_.Pick(form.cboZoom, 5);
+        done_.clear();
+        dialogs_.messages.clear();
+        forms::KeyEvent event{code};
+        event.control = control;
+        form.cmdSetup.UserKeyDown(event);
+        if (dialogs_.messages == std::vector<std::string>{"16|in use"}) done_ += "pdf ";
+        return event.code;
+    };
+    for (const Press& press : presses) {
+        const int left = play(press.code, press.control);
+        EXPECT_EQ(form.PageNumber(), press.page) << press.code;
+        EXPECT_EQ(form.View().Percent(), press.percent) << press.code;
+        EXPECT_EQ(done_, press.done) << press.code;
+        const bool failed = press.code == 'S';
+        EXPECT_EQ(left, failed ? press.code : 0) << press.code;
+        if (!press.control) continue;
+        EXPECT_EQ(play(press.code, false), press.code) << "the control under the focus takes it";
+        EXPECT_EQ(form.PageNumber(), 2) << press.code;
+        EXPECT_EQ(form.View().Percent(), 100) << press.code;
+        EXPECT_EQ(done_, "") << press.code;
+    }
+}
+
+TEST_F(Preview, EachControlOfTheBarKnowsTheKeysOfTheWindow) {
+    PreviewForm& form = Open(ListOf(200));
+    int tried = 0;
+    for (forms::Control* control : form.Controls()) {
+        if (control == &form.picPage || !control->IsTabStop()) continue;
+        forms::KeyEvent event{forms::key::kEnd};
+        event.control = true;
+        control->UserKeyDown(event);
+        EXPECT_EQ(form.PageNumber(), report_->Pages().PageCount()) << control->Name();
+        tried++;
+        user_.Key(form.picPage, forms::key::kHome);
+    }
+    EXPECT_GT(tried, 5);
 }
 
 TEST_F(Preview, ButtonsDoWhatTheySay) {

@@ -40,6 +40,18 @@ TEST_F(PlanEditorTest, CutsTenThousandCharactersToFiftyBytes) {
     }
 }
 
+TEST_F(PlanEditorTest, NumbersAndOnlyTheyAreTypedWithoutAnInputMethod) {
+    frmTaskSet& editor = Open();
+    for (const forms::TextBox* box : {&editor.txtTaskID, &editor.txtCircleValue, &editor.txtMonth,
+                                      &editor.txtDay, &editor.txtUpDown}) {
+        EXPECT_TRUE(box->NumericKeyboard()) << box->Name();
+    }
+    for (const forms::TextBox* box :
+         {&editor.txtTaskTitle, &editor.txtSetMan, &editor.txtTaskCon}) {
+        EXPECT_FALSE(box->NumericKeyboard()) << box->Name();
+    }
+}
+
 TEST_F(PlanEditorTest, ProposesNoDayBehindTheCalendar) {
     clock.Set({9999, 3, 7, 9, 30});
     frmTaskSet& editor = Open();
