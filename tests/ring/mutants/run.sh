@@ -4,7 +4,8 @@
 # long, and is not part of ./test:
 #
 #   ZV_LONG=1 tests/ring/mutants/run.sh                   200 faults (ZV_MUTANTS), chosen by ZV_SEED (1);
-#                                                         goes on where it ended
+#                                                         goes on where it ended;
+#                                                         ZV_FOLDERS="domain store": only of these
 #   ZV_LONG=1 tests/ring/mutants/run.sh folder PATH|NAME  all of a folder of the sources or the report
 #   ZV_LONG=1 tests/ring/mutants/run.sh again ID...       these once more
 #   ZV_LONG=1 tests/ring/mutants/run.sh prepare           only builds and measures the tests

@@ -70,7 +70,10 @@ TEST_F(ImportAccess, ADryRunWritesNothing) {
 
 TEST_F(ImportAccess, TheContentSaysWhatAFileIs) {
     std::filesystem::copy_file(AccessFixture("taskAlert-2003.mdb"), File("backup.dat"));
-    EXPECT_EQ(RunZvdb({"import", Path("backup.dat"), Path("a.db")}).status, 3);
+    const Outcome import = RunZvdb({"import", Path("backup.dat"), Path("a.db")});
+    EXPECT_EQ(import.status, 3);
+    EXPECT_NE(import.out.find("backup.dat, Access file (Jet 4)\n"), std::string::npos)
+        << import.out;
 }
 
 TEST_F(ImportAccess, ALockFileBesideItIsReported) {

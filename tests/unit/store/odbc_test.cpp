@@ -93,6 +93,12 @@ TEST(OptionsFor, LimitsTheDriverOfPostgreSqlUnlessTheCallerDid) {
     EXPECT_EQ(limits.find("keepalives_idle=1"), std::string::npos);
     EXPECT_NE(limits.find("tcp_user_timeout="), std::string::npos);
 }
+TEST(OptionsFor, ASilentServerIsAskedAfterAThirdOfTheTimeLimit) {
+    const ConnectionEntries entries(
+        OptionsFor(Settings("Driver={PostgreSQL Unicode};Server=db")).connectionString);
+    EXPECT_NE(entries.Value("pqopt").find("keepalives_idle=10 "), std::string::npos)
+        << entries.Value("pqopt");
+}
 TEST(OptionsFor, ReportsAServerWithoutADriver) {
     // No driver for SQL Server comes with the system that the tests run on.
     try {

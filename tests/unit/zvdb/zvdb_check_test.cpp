@@ -213,6 +213,14 @@ TEST_F(ZvdbCheck, PlanTitleUsedTwice) {
     ExpectWrong("plan titles used more than once: abc");
 }
 
+TEST_F(ZvdbCheck, CardNumberUsedTwice) {
+    Plant("create table others as select * from cards");
+    Plant("drop table cards");
+    Plant("alter table others rename to cards");
+    Plant("update cards set fID=2 where fID=3");
+    ExpectWrong("card numbers used more than once: 2");
+}
+
 TEST_F(ZvdbCheck, ModuleWithoutAPosition) {
     Plant("update tSysFunc set SerialNo=351 where model_Name='mnuZjComp'");
     ExpectWrong("modules without a position in the rights (SerialNo 1 to 350): mnuZjComp");

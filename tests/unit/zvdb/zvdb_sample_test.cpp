@@ -90,6 +90,11 @@ TEST_F(ZvdbSampleData, PlanItemsAreTheOccurrencesOfTheirPlan) {
     EXPECT_GT(compared, 100);
 }
 
+TEST_F(ZvdbSampleData, TimesOfItemsAreHalfHours) {
+    EXPECT_GT(Count("tTaskList where time(taskTime)<>'00:00:00'"), 0);
+    EXPECT_EQ(Count("tTaskList where strftime('%M:%S',taskTime) not in ('00:00','30:00')"), 0);
+}
+
 TEST_F(ZvdbSampleData, GuestItemsNameTheContactOfTheirCard) {
     EXPECT_GT(Count("tTaskList where fType=1"), 20);
     EXPECT_EQ(Count("tTaskList a left join cards b on a.TaskID=b.fID "
