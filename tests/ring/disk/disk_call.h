@@ -10,11 +10,33 @@
 
 namespace zv::ring {
 
-enum class DiskAction { Open, Read, Write, Truncate, Sync, Remove, Rename, Create, SyncFolder };
+enum class DiskAction {
+    Open,
+    Read,
+    Write,
+    Truncate,
+    Sync,
+    Remove,
+    Rename,
+    Create,
+    SyncFolder,
+    // Locks and shared memory, which a system keeps for itself when the disk is gone.
+    Lock,         ///< the system cannot lock the file
+    Busy,         ///< somebody else has the lock, of the file or of the shared memory
+    Unlock,       ///< the lock is gone, but the system says that it failed
+    MapMemory,    ///< the shared memory cannot be reached
+    LockMemory,   ///< the system cannot lock a part of the shared memory
+    UnlockMemory  ///< as with Unlock
+};
 
 /// As texts name them, in the order of the enumeration.
-inline constexpr std::array<std::string_view, 9> kActionNames = {
-    "open", "read", "write", "truncate", "sync", "unlink", "rename", "create", "syncfolder"};
+inline constexpr std::array<std::string_view, 15> kActionNames = {
+    "open",       "read", "write", "truncate", "sync",   "unlink",  "rename",   "create",
+    "syncfolder", "lock", "busy",  "unlock",   "shmmap", "shmlock", "shmunlock"};
+
+constexpr bool IsOfDisk(DiskAction action) {
+    return action < DiskAction::Lock;
+}
 
 struct DiskCall {
     DiskAction action;

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <new>
 #include <string>
 
@@ -87,10 +88,14 @@ int FileSize(sqlite3_file* file, sqlite3_int64* size) {
     return RealOf(file)->pMethods->xFileSize(RealOf(file), size);
 }
 int Lock(sqlite3_file* file, int level) {
+    if (!Allows({.action = DiskAction::Lock, .path = *Of(file).path})) return SQLITE_IOERR_LOCK;
+    if (!Allows({.action = DiskAction::Busy, .path = *Of(file).path})) return SQLITE_BUSY;
     return RealOf(file)->pMethods->xLock(RealOf(file), level);
 }
 int Unlock(sqlite3_file* file, int level) {
-    return RealOf(file)->pMethods->xUnlock(RealOf(file), level);
+    const int code = RealOf(file)->pMethods->xUnlock(RealOf(file), level);
+    const bool allowed = Allows({.action = DiskAction::Unlock, .path = *Of(file).path});
+    return allowed ? code : SQLITE_IOERR_UNLOCK;
 }
 int CheckReservedLock(sqlite3_file* file, int* answer) {
     return RealOf(file)->pMethods->xCheckReservedLock(RealOf(file), answer);
@@ -109,9 +114,20 @@ int ShmMap(sqlite3_file* file, int region, int size, int extend, void volatile**
     if (extend != 0 && !Allows({.action = DiskAction::Open, .path = *Of(file).path + "-shm"})) {
         return SQLITE_IOERR_SHMMAP;
     }
+    if (!Allows({.action = DiskAction::MapMemory, .path = *Of(file).path})) {
+        return SQLITE_IOERR_SHMMAP;
+    }
     return RealOf(file)->pMethods->xShmMap(RealOf(file), region, size, extend, memory);
 }
 int ShmLock(sqlite3_file* file, int offset, int count, int flags) {
+    const std::string& path = *Of(file).path;
+    if ((flags & SQLITE_SHM_UNLOCK) != 0) {
+        const int code = RealOf(file)->pMethods->xShmLock(RealOf(file), offset, count, flags);
+        return Allows({.action = DiskAction::UnlockMemory, .path = path}) ? code
+                                                                          : SQLITE_IOERR_SHMLOCK;
+    }
+    if (!Allows({.action = DiskAction::LockMemory, .path = path})) return SQLITE_IOERR_SHMLOCK;
+    if (!Allows({.action = DiskAction::Busy, .path = path})) return SQLITE_BUSY;
     return RealOf(file)->pMethods->xShmLock(RealOf(file), offset, count, flags);
 }
 void ShmBarrier(sqlite3_file* file) {
@@ -189,6 +205,13 @@ int FullPathname(sqlite3_vfs* own, const char* name, int size, char* full) {
     return Platform(own)->xFullPathname(Platform(own), name, size, full);
 }
 
+/// What is locked by a fault is not freed by waiting: whoever waits does so as often, but briefly.
+int Sleep(sqlite3_vfs* own, int microseconds) {
+    constexpr int kLongest = 100;
+    Platform(own)->xSleep(Platform(own), std::min(microseconds, kLongest));
+    return microseconds;
+}
+
 sqlite3_vfs Made() {
     sqlite3_vfs* platform = sqlite3_vfs_find(nullptr);
     sqlite3_vfs vfs = *platform;
@@ -200,6 +223,7 @@ sqlite3_vfs Made() {
     vfs.xDelete = Delete;
     vfs.xAccess = Access;
     vfs.xFullPathname = FullPathname;
+    vfs.xSleep = Sleep;
     return vfs;
 }
 

@@ -23,7 +23,9 @@ bool DiskFaults::Disarm() {
 bool DiskFaults::Allows(const DiskCall& call) {
     if (!armed_) return true;
     const auto action = static_cast<std::size_t>(call.action);
-    if (point_.operation != "any" && point_.operation != kActionNames.at(action)) return true;
+    const bool counts = point_.operation == "any" ? IsOfDisk(call.action)
+                                                  : point_.operation == kActionNames.at(action);
+    if (!counts) return true;
     left_--;
     const bool fails = left_ == 0 || (left_ < 0 && point_.forever);
     failed_ = failed_ || fails;

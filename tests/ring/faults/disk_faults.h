@@ -1,4 +1,4 @@
-// Calls of the disk that fail.
+// Calls of the disk that fail, and those of locks and shared memory.
 #pragma once
 
 #include "fault.h"
@@ -7,7 +7,8 @@
 
 namespace zv::ring {
 
-/// "any" counts calls of every kind together: from then on the disk is gone.
+/// "any" counts calls of every kind together, those of locks and shared memory apart: from then on
+/// the disk is gone.
 class DiskFaults final : public Faults, private DiskWatcher {
  public:
     DiskFaults() : watched_(*this) {}

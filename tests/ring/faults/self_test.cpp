@@ -43,12 +43,17 @@ TEST(FaultHarness, FindsAFailureOfWhichNobodyIsTold) {
     EXPECT_TRUE(Finds("nobody said so", "save", "write", faults, make));
     EXPECT_TRUE(Finds("nobody said so", "create", "rename", faults, make));
 }
+TEST(FaultHarness, FindsAWriteThatIsAcknowledgedAndNeverGotItsLock) {
+    DiskFaults faults;
+    EXPECT_TRUE(Finds("the item holds", "save", "shmlock", faults, MakeBoasting));
+    EXPECT_TRUE(Finds("the item's state", "mark rollback", "lock", faults, MakeBoasting));
+}
 TEST(FaultHarness, MeetsEachCallOfADisk) {
     // An operation that no flow ever asks for would pass for want of a fault.
     DiskFaults faults;
     for (const std::string& operation : faults.Operations()) {
         bool reached = false;
-        for (const char* flow : {"save rollback", "beside", "create"}) {
+        for (const char* flow : {"save", "save rollback", "beside", "create"}) {
             reached = reached || Judge({flow, operation, 1, false}, faults).reached;
         }
         EXPECT_TRUE(reached) << operation;

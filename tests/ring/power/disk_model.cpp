@@ -97,6 +97,12 @@ void DiskModel::Note(const DiskCall& call) {
             for (const NameChange& change : std::exchange(pending_, {})) Apply(change, onDisk_);
             return;
         case DiskAction::Read:
+        case DiskAction::Lock:
+        case DiskAction::Busy:
+        case DiskAction::Unlock:
+        case DiskAction::MapMemory:
+        case DiskAction::LockMemory:
+        case DiskAction::UnlockMemory:
             return;
     }
 }

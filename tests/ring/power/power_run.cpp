@@ -60,7 +60,7 @@ class Cutter final : public DiskWatcher {
     }
     void Served(const DiskCall& call) override {
         constexpr unsigned kNowAndThen = 8;
-        if (call.action == DiskAction::Read) return;
+        if (call.action == DiskAction::Read || !IsOfDisk(call.action)) return;
         if (!leavesOut_ || !leavesOut_(call)) model_.Note(call);
         if (random_() % kNowAndThen == 0) Cut();
     }
