@@ -76,6 +76,11 @@ class FormPeer {
     /// x and y are client coordinates of the form. Returns when the menu is closed: the entry
     /// chosen, or null.
     virtual MenuItem* PopupMenu(MenuItem& menu, int x, int y) = 0;
+    /// Closes the menu that is open, of the bar or not, without a choice.
+    virtual void CloseMenu() {}
+    /// Lies whole on its monitor or the nearest one, of that one's scale and as large as it is
+    /// meant to be; a maximised window covers what windows may. Reports its place.
+    virtual void FollowMonitor() = 0;
     /// A menu of the window's bar is open.
     virtual bool InMenu() const { return false; }
 };

@@ -284,8 +284,15 @@ void Form::PopupMenu(MenuItem& menu, int x, int y, const std::function<bool()>& 
     if (windows_.StandingMenu()) return;
     lastPopup_ = menu.Name();
     lastPopupAt_ = {x, y};
-    MenuItem* chosen =
-        peer_ ? windows_.ShowMenu(menu, [&] { return peer_->PopupMenu(menu, x, y); }) : nullptr;
+    const auto open = [&] {
+        MenuItem* entry = nullptr;
+        do {
+            menuMoves_ = false;
+            entry = peer_->PopupMenu(menu, x, y);
+        } while (menuMoves_ && peer_ && !entry && !windows_.chosenItem_);
+        return entry;
+    };
+    MenuItem* chosen = peer_ ? windows_.ShowMenu(menu, open) : nullptr;
     // While it was open the window may have gone, and what the menu was about may have changed.
     if (!chosen || !IsShown()) return;
     if (stillMeant && !stillMeant()) return;
@@ -324,6 +331,8 @@ bool Form::UserMayEnd() {
 }
 
 void Form::UserResized(Rect bounds, Size inside) {
+    // The size that it has after a change that it missed is not what anybody wants.
+    if (missedMonitors_ && state_ != WindowState::Maximised) return;
     if (sizable_ && state_ == WindowState::Normal && inside != inside_) wanted_ = inside;
     WasPlaced(bounds, inside);
 }
@@ -338,9 +347,39 @@ void Form::WasPlaced(Rect bounds, Size inside) {
 }
 
 void Form::WasRescaled(Rect bounds, Size inside) {
+    MoveMenu();
+    if (state_ == WindowState::Minimised) {
+        missedMonitors_ = true;
+        return;
+    }
     bounds_ = bounds;
     inside_ = inside;
     UpdateView();
+    LayOutAnew();
+}
+
+void Form::MonitorsChanged() {
+    MoveMenu();
+    missedMonitors_ = state_ != WindowState::Normal;
+    if (state_ != WindowState::Minimised && peer_) peer_->FollowMonitor();
+}
+
+void Form::HasPlaceAgain() {
+    if (state_ != WindowState::Normal || !missedMonitors_) return;
+    if (peer_) peer_->FollowMonitor();
+    // Another scale has laid it out already.
+    if (missedMonitors_) LayOutAnew();
+}
+
+// A menu that is open stays where it was opened, whatever becomes of its monitor.
+void Form::MoveMenu() {
+    const MenuItem* standing = windows_.StandingMenu();
+    menuMoves_ = standing && &standing->Owner() == this;
+    if (peer_) peer_->CloseMenu();
+}
+
+void Form::LayOutAnew() {
+    if (state_ == WindowState::Normal) missedMonitors_ = false;
     windows_.FromUser([this] {
         Form_Rescale();
         Form_Resize();

@@ -135,6 +135,14 @@ class Form {
     /// `turned` in the parts of a notch that Viewport counts.
     void UserTurnedWheel(Viewport::Axis axis, int turned);
     void UserChangedState(WindowState state) { state_ = state; }
+    /// The monitors, or what windows may cover of them, are others. A window that has no place of
+    /// its own then, because it is minimised or maximised, takes a fitting one when it has one.
+    void MonitorsChanged();
+    /// It waits for HasPlaceAgain.
+    bool MissedMonitors() const { return missedMonitors_; }
+    /// The native window has come back to the place that it had before it was minimised or
+    /// maximised.
+    void HasPlaceAgain();
     void UserActivated();
     /// The native window is being destroyed by somebody else, or the session ends: the form goes
     /// too and ends its modal loop. Nobody is asked.
@@ -189,6 +197,8 @@ class Form {
     void TakeTab(Control& control, const KeyEvent& event);
     void PressButtonOf(int code);
     bool TakeAccessKey(char32_t letter);
+    void LayOutAnew();
+    void MoveMenu();
 
     WindowSystem& windows_;
     std::string name_;
@@ -214,7 +224,9 @@ class Form {
     bool shown_ = false;
     bool seen_ = false;
     bool modal_ = false;
-    int loopDepth_ = 0;  ///< how deep the modal loop is nested
+    bool missedMonitors_ = false;
+    bool menuMoves_ = false;  ///< the menu that stands opens once more at its place
+    int loopDepth_ = 0;       ///< how deep the modal loop is nested
     std::unique_ptr<FormPeer> peer_;
 };
 

@@ -3,6 +3,7 @@
 
 #include "forms/buttons.h"
 #include "forms/grid.h"
+#include "forms/menu.h"
 #include "forms/text_box.h"
 #include "forms/tree_view.h"
 #include "stand.h"
@@ -32,7 +33,10 @@ struct FullForm : TestForm {
         for (const char* key : {"Z1", "Z2", "Z3"}) tvwAll.Add(root, key, key, "item");
         tvwAll.SetExpanded(root, true);
         SetClientSize({600, 400});
+        mnuAll.SetVisible(false);
     }
+    MenuItem mnuAll{*this, "mnuAll", nullptr, "任务"};
+    MenuItem mnuFirst{*this, "mnuFirst", &mnuAll, "新增"};
     ImageList images;
     TextBox txtTitle{*this, "txtTitle"};
     TreeView tvwAll{*this, "tvwAll"};
@@ -199,6 +203,149 @@ TEST_F(OnMonitors, WhatChangesWhileAWindowIsMinimisedIsMadeUpFor) {
     form.SetState(WindowState::Normal);
     ExpectWhole(form, Monitors({other}));
     EXPECT_EQ(form.ClientSize(), (Size{600, 400}));
+}
+
+TEST_F(OnMonitors, ASizeChosenBeforeAMissedChangeComesBackWithTheWindow) {
+    auto& form = Open(true);
+    driver().Resize(form, {900, 700});
+    form.SetState(WindowState::Minimised);
+    const Monitor small{{0, 0, 1280, 800}, {0, 0, 1280, 800}, kQuarterMore};
+    Change(small);
+    Change(kMain);
+    form.SetState(WindowState::Normal);
+    ExpectWhole(form, Monitors({kMain}));
+    EXPECT_EQ(form.ClientSize(), (Size{900, 700}));
+}
+
+TEST_F(OnMonitors, AWindowMinimisedOnAnUnpluggedOneComesBackWhole) {
+    auto& form = Open(true);
+    driver().Drag(form, {-1900, 700});
+    driver().Type(form.txtTitle, "半句");
+    form.SetState(WindowState::Minimised);
+    const Monitors rest({kMain});
+    stand_->SetMonitors(rest);
+    form.SetState(WindowState::Normal);
+    ExpectWhole(form, rest);
+    EXPECT_EQ(form.ClientSize(), (Size{600, 400}));
+    EXPECT_EQ(Read(form.txtTitle, "text"), "半句");
+    EXPECT_EQ(form.ActiveControl(), &form.txtTitle);
+}
+
+TEST_F(OnMonitors, AMinimisedWindowThatIsShownAgainIsMadeUpForToo) {
+    auto& form = Open(true);
+    driver().Drag(form, {-1900, 700});
+    form.SetState(WindowState::Minimised);
+    const Monitors rest({kMain});
+    stand_->SetMonitors(rest);
+    form.Show(false);
+    EXPECT_EQ(form.State(), WindowState::Normal);
+    ExpectWhole(form, rest);
+    EXPECT_EQ(form.ClientSize(), (Size{600, 400}));
+}
+
+TEST_F(OnMonitors, AWindowHiddenOnAnUnpluggedOneIsShownWhole) {
+    auto& form = Open(true);
+    driver().Drag(form, {-1900, 700});
+    driver().Type(form.txtTitle, "半句");
+    form.Hide();
+    const Monitors rest({kMain});
+    stand_->SetMonitors(rest);
+    form.Show(false);
+    ExpectWhole(form, rest);
+    EXPECT_EQ(form.ClientSize(), (Size{600, 400}));
+    EXPECT_EQ(Read(form.txtTitle, "text"), "半句");
+}
+
+TEST_F(OnMonitors, AMaximisedWindowCoversTheMonitorThatIsLeftAndIsWholeAfterwards) {
+    auto& form = Open(true);
+    driver().Drag(form, {-1800, 100});
+    form.SetState(WindowState::Maximised);
+    EXPECT_EQ(driver().ReadPlace(form), kLeft.workArea);
+    const Monitors rest({kMain});
+    stand_->SetMonitors(rest);
+    EXPECT_EQ(driver().ReadPlace(form), kMain.workArea);
+    ExpectWhole(form, rest);
+    form.SetState(WindowState::Normal);
+    ExpectWhole(form, rest);
+    EXPECT_EQ(form.ClientSize(), (Size{600, 400}));
+}
+
+// Below a box of any sort the window follows, and what was asked is answered as it would have been.
+TEST_F(OnMonitors, AWindowBelowABoxFollows) {
+    auto& form = Open(true);
+    driver().Drag(form, {-1900, 700});
+    driver().Type(form.txtTitle, "半句");
+    int stood = 0;
+    dialogs().whileStanding = [&](const std::string&) {
+        stood++;
+        const Monitor other{kMain.bounds, kMain.workArea, kQuarterMore};
+        Change(other);
+        ExpectWhole(form, Monitors({other}));
+        Change(kMain);
+        ExpectWhole(form, Monitors({kMain}));
+        EXPECT_EQ(form.ActiveControl(), &form.txtTitle);
+        stand_->SetMonitors(both);
+    };
+    dialogs().answers = {Answer::No};
+    EXPECT_EQ(windows_.ShowMessage("确认?", box::kYesNo), Answer::No);
+    dialogs().inputs = {"口令"};
+    EXPECT_EQ(windows_.AskText("?", true), "口令");
+    EXPECT_EQ(stood, 2);
+    EXPECT_EQ(Read(form.txtTitle, "text"), "半句");
+    EXPECT_EQ(form.ClientSize(), (Size{600, 400}));
+}
+
+TEST_F(OnMonitors, AWindowOpenedFromABoxStartsWhereTheOwnerIs) {
+    auto& form = Open(true);
+    driver().Drag(form, {-1800, 100});
+    dialogs().whileStanding = [&](const std::string&) {
+        const Monitors rest({kMain});
+        stand_->SetMonitors(rest);
+        auto& second = windows_.Create<FullForm>("frmSecond");
+        second.Center();
+        second.Show(false);
+        ExpectWhole(second, rest);
+        ExpectWhole(form, rest);
+    };
+    windows_.ShowMessage("!", box::kOkOnly);
+    EXPECT_NE(windows_.Find("frmSecond"), nullptr);
+}
+
+TEST_F(OnMonitors, AModalWindowAndItsOwnerFollowTogether) {
+    auto& form = Open(true);
+    driver().Drag(form, {-1900, 300});
+    stand_->SetModalLoop([&](Form& modal) {
+        auto& child = static_cast<FullForm&>(modal);
+        EXPECT_EQ(both.PositionAround(driver().ReadPlace(child)), 1U);
+        driver().Type(child.txtTitle, "半句");
+        const Monitors rest({kMain});
+        stand_->SetMonitors(rest);
+        ExpectWhole(child, rest);
+        ExpectWhole(form, rest);
+        EXPECT_EQ(Read(child.txtTitle, "text"), "半句");
+        EXPECT_EQ(child.ActiveControl(), &child.txtTitle);
+        driver().Close(child);
+    });
+    auto& child = windows_.Create<FullForm>("frmChild");
+    child.Center();
+    child.Show(true);
+    EXPECT_EQ(windows_.Find("frmChild"), nullptr);
+}
+
+TEST_F(OnMonitors, AMenuStandsOnAndIsAnswered) {
+    auto& form = Open(true);
+    int chosen = 0;
+    form.mnuFirst.onClick = [&] { chosen++; };
+    driver().Drag(form, {-1900, 300});
+    int opened = 0;
+    stand_->SetMenuLoop([&] {
+        if (opened++ == 0) return stand_->SetMonitors(Monitors({kMain}));
+        windows_.ChooseInStandingMenu(form.mnuFirst);
+    });
+    form.PopupMenu(form.mnuAll, 20, 20);
+    EXPECT_EQ(opened, 2) << "it opens once more where its window is";
+    EXPECT_EQ(chosen, 1);
+    ExpectWhole(form, Monitors({kMain}));
 }
 
 }  // namespace

@@ -6,11 +6,13 @@
 
 #include "base/text.h"
 #include "driver/win32/played_backend.h"
+#include "driver/win32/standing_look.h"
 #include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/date_picker.h"
 #include "forms/label.h"
 #include "forms/menu.h"
+#include "forms/monitors.h"
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/tree_view.h"
@@ -430,6 +432,66 @@ TEST_F(Boxes, AnInputBoxReturnsTheTextAndHidesASecret) {
 TEST_F(Boxes, AnInputBoxThatIsCancelledReturnsNothing) {
     const BoxUser user([](HWND box) { PostMessageW(box, WM_COMMAND, IDCANCEL, 0); });
     EXPECT_EQ(windows.AskText("?"), std::nullopt);
+}
+
+class BoxesOnMonitors : public testing::Test {
+ protected:
+    // Shows a box over a window on the left monitor, which is unplugged while it stands.
+    void Unplug(const std::function<void()>& ask, const std::function<void(HWND)>& finish) {
+        backend.SetMonitors(both);
+        windows.title = "标题";
+        auto& form = windows.Create<TestForm>();
+        form.SetClientSize({600, 400});
+        form.Show(false);
+        const HWND window = backend.Handle(form);
+        SetWindowPos(window, nullptr, -1000, 100, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        backend.FollowScale(*backend.Find(form));
+        const BoxUser user([&](HWND box) {
+            // Where the system puts a message box it knows nothing of these monitors.
+            SetWindowPos(box, nullptr, -900, 300, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+            focus = GetFocus();
+            const HWND entry = GetDlgItem(box, win32::InputBox::kEntryId);
+            if (entry) SetWindowTextW(entry, L"口令");
+            backend.SetMonitors(rest);
+            whole = LiesWhole(rest, driver::ScriptedScreens::PlaceOf(box));
+            ownerWhole = LiesWhole(rest, driver::ScriptedScreens::PlaceOf(window));
+            hasFocus = GetFocus() == focus && GetAncestor(focus, GA_ROOT) == box;
+            finish(box);
+        });
+        ask();
+        windows.UnloadAll();
+        EXPECT_TRUE(whole);
+        EXPECT_TRUE(ownerWhole);
+        EXPECT_TRUE(hasFocus);
+    }
+
+    const Monitor main{{0, 0, 1280, 1024}, {0, 0, 1280, 984}};
+    const Monitors both{{main, {{-1920, 0, 1920, 1200}, {-1920, 0, 1920, 1160}, 192}}};
+    const Monitors rest{{main}};
+    driver::PlayedBackend backend{GetModuleHandleW(nullptr), nullptr};
+    WindowSystem windows{backend};
+    HWND focus = nullptr;
+    bool whole = false;
+    bool ownerWhole = false;
+    bool hasFocus = false;
+};
+
+TEST_F(BoxesOnMonitors, AMessageBoxComesToTheMonitorThatIsLeft) {
+    Unplug(
+        [&] { EXPECT_EQ(windows.ShowMessage("确认?", box::kYesNo + box::kQuestion), Answer::No); },
+        [](HWND box) { PostMessageW(box, WM_COMMAND, IDNO, 0); });
+}
+
+TEST_F(BoxesOnMonitors, AnInputBoxTakesTheScaleOfTheMonitorThatIsLeft) {
+    RECT entry{};
+    Unplug([&] { EXPECT_EQ(windows.AskText("?", true), "口令"); },
+           [&](HWND box) {
+               GetWindowRect(GetDlgItem(box, win32::InputBox::kEntryId), &entry);
+               EXPECT_EQ(driver::BoxFaults(box), std::vector<std::string>());
+               PostMessageW(box, WM_COMMAND, IDOK, 0);
+           });
+    constexpr int kWidthInUnits = 336;
+    EXPECT_EQ(entry.right - entry.left, kWidthInUnits);
 }
 
 TEST_F(Boxes, AFileDialogThatIsCancelledReturnsNothing) {

@@ -19,11 +19,15 @@ class HeadlessFormPeer : public FormPeer {
         : backend_(backend), form_(form), window_(backend, form) {
         window_.Start();
     }
-    void Show() override { backend_.Raise(form_); }
-    void Hide() override {}
+    void Show() override {
+        backend_.Raise(form_);
+        if (std::exchange(shown_, true)) window_.Restore();
+    }
+    void Hide() override { shown_ = false; }
     void CaptionChanged() override {}
     void BoundsChanged() override { window_.BoundsChanged(); }
     void WindowStateChanged() override { window_.StateChanged(); }
+    void FollowMonitor() override { window_.FollowMonitor(); }
     void MenuChanged(MenuItem&) override {}
     MenuItem* PopupMenu(MenuItem&, int, int) override {
         if (backend_.onMenuIdle) backend_.onMenuIdle();
@@ -34,6 +38,7 @@ class HeadlessFormPeer : public FormPeer {
     HeadlessBackend& backend_;
     Form& form_;
     HeadlessWindow window_;
+    bool shown_ = false;
 };
 
 }  // namespace
@@ -74,26 +79,40 @@ void HeadlessWindow::PlaceWhole(Size pixels) {
 void HeadlessWindow::FollowScale(const Monitor& monitor) {
     scale_ = Scale(monitor.dpi);
     backend_.Meets(monitor.dpi);
-    const Size wanted = scale_.ToPixels(form_.WantedInside());
-    place_ = FitInto({place_.left, place_.top, wanted.width, wanted.height}, monitor.workArea);
+    TakePlaceOn(monitor);
     form_.WasRescaled(Units(), Inside());
 }
 
-void HeadlessWindow::ScreensChanged() {
-    if (form_.State() == WindowState::Minimised) {
-        missedChange_ = true;
-        return;
-    }
+void HeadlessWindow::FollowMonitor() {
     const Monitor monitor = backend_.monitors.Around(place_);
     if (monitor.dpi != scale_.Dpi()) return FollowScale(monitor);
-    const Size wanted = scale_.ToPixels(form_.WantedInside());
-    place_ = FitInto({place_.left, place_.top, wanted.width, wanted.height}, monitor.workArea);
+    TakePlaceOn(monitor);
     form_.WasPlaced(Units(), Inside());
 }
 
+void HeadlessWindow::TakePlaceOn(const Monitor& monitor) {
+    const Size wanted = scale_.ToPixels(form_.WantedInside());
+    place_ = restored_ ? monitor.workArea
+                       : FitInto({place_.left, place_.top, wanted.width, wanted.height},
+                                 monitor.workArea);
+}
+
 void HeadlessWindow::StateChanged() {
-    if (form_.State() == WindowState::Minimised || !std::exchange(missedChange_, false)) return;
-    ScreensChanged();
+    if (form_.State() == WindowState::Minimised) return;
+    if (form_.State() == WindowState::Maximised) {
+        if (!restored_) restored_ = place_;
+        place_ = backend_.monitors.Around(place_).workArea;
+    } else if (const auto former = std::exchange(restored_, std::nullopt)) {
+        place_ = *former;
+    }
+    form_.UserResized(Units(), Inside());
+    form_.HasPlaceAgain();
+}
+
+void HeadlessWindow::Restore() {
+    if (form_.State() != WindowState::Minimised) return;
+    form_.UserChangedState(restored_ ? WindowState::Maximised : WindowState::Normal);
+    StateChanged();
 }
 
 void HeadlessWindow::DraggedTo(Position corner) {
@@ -171,7 +190,7 @@ void HeadlessBackend::SetMonitors(Monitors others) {
     for (HeadlessWindow* window : std::vector(windows_)) {
         // What one window does when it is laid out may close another.
         const bool isThere = std::find(windows_.begin(), windows_.end(), window) != windows_.end();
-        if (isThere) window->ScreensChanged();
+        if (isThere) window->Logical().MonitorsChanged();
     }
 }
 

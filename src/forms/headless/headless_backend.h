@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -74,7 +75,7 @@ class HeadlessWindow {
     HeadlessWindow(const HeadlessWindow&) = delete;
     HeadlessWindow& operator=(const HeadlessWindow&) = delete;
 
-    const Form& Logical() const { return form_; }
+    Form& Logical() const { return form_; }
     /// In pixels of the desktop.
     const Rect& Place() const { return place_; }
     int Dpi() const { return scale_.Dpi(); }
@@ -82,13 +83,15 @@ class HeadlessWindow {
     void Start();
     void BoundsChanged();
     void StateChanged();
-    /// The monitors, or the one that it lies on, are others.
-    void ScreensChanged();
+    /// Brings it back when it is minimised.
+    void Restore();
+    void FollowMonitor();
     void DraggedTo(Position corner);
 
  private:
     void PlaceWhole(Size pixels);
     void FollowScale(const Monitor& monitor);
+    void TakePlaceOn(const Monitor& monitor);
     Rect Units() const { return scale_.ToUnits(place_); }
     Size Inside() const { return {Units().width, Units().height}; }
 
@@ -97,7 +100,7 @@ class HeadlessWindow {
     Scale scale_;
     Rect place_;
     bool placing_ = false;
-    bool missedChange_ = false;  ///< while it was minimised
+    std::optional<Rect> restored_;  ///< while it is maximised
 };
 
 }  // namespace zv::forms::headless

@@ -160,6 +160,10 @@ std::optional<LRESULT> NativeCombo::OnMessage(UINT message, WPARAM wParam, LPARA
     return std::nullopt;
 }
 
+void NativeCombo::CloseList() {
+    if (ListOpen()) Send(CB_SHOWDROPDOWN, FALSE);
+}
+
 bool NativeCombo::ListOpen() const {
     return Send(CB_GETDROPPEDSTATE) != 0;
 }

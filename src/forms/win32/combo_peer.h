@@ -15,6 +15,7 @@ class NativeCombo : public NativeControl {
     HWND FocusHandle() const override { return edit_ ? edit_ : Handle(); }
     void OnCommand(UINT code) override;
     bool ListOpen() const override;
+    void CloseList() override;
     void ResolutionChanged() override;
 
  protected:

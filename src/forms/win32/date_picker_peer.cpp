@@ -110,6 +110,10 @@ LRESULT NativeDatePicker::OnNotify(NMHDR& header) {
     return 0;
 }
 
+void NativeDatePicker::CloseList() {
+    if (calendarOpen_) Send(DTM_CLOSEMONTHCAL);
+}
+
 bool NativeDatePicker::ListOpen() const {
     return calendarOpen_;
 }

@@ -11,6 +11,7 @@ class NativeDatePicker : public NativeControl {
     void Create(HWND parent, int id) override;
     LRESULT OnNotify(NMHDR& header) override;
     bool ListOpen() const override;
+    void CloseList() override;
     std::optional<DateTime> ShownValue() const;
 
  protected:

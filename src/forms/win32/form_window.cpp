@@ -19,7 +19,7 @@ namespace {
 constexpr wchar_t kClassName[] = L"zv.Form";
 constexpr UINT kKeyMessage = WM_APP + 1;
 constexpr UINT kMenuMessage = WM_APP + 2;
-constexpr UINT kCatchUpMessage = WM_APP + 3;
+constexpr UINT kPlaceMessage = WM_APP + 3;
 
 // The native windows of this copy of this module, which belong to one thread. Another module may
 // have windows of the same class name, even of another version of this code: what they keep is
@@ -220,7 +220,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             form_.UserChangedState(wParam == SIZE_MAXIMIZED ? WindowState::Maximised
                                                             : WindowState::Normal);
             // The system is not done with restoring the window yet.
-            if (missedChange_) PostMessageW(Handle(), kCatchUpMessage, 0, 0);
+            if (form_.MissedMonitors()) PostMessageW(Handle(), kPlaceMessage, 0, 0);
             ReportPlace();
             return 0;
         case WM_MOVE:
@@ -270,10 +270,10 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         case WM_EXITSIZEMOVE:
             beingMoved_ = false;
-            if (std::exchange(rescaledOnTheWay_, false)) OnScreens();
+            if (std::exchange(rescaledOnTheWay_, false)) form_.MonitorsChanged();
             break;
         case WM_DISPLAYCHANGE:
-            OnScreens();
+            form_.MonitorsChanged();
             break;
         case WM_ENTERIDLE:
             if (wParam == MSGF_MENU) backend_.MenuIdle();
@@ -284,8 +284,8 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case kGetDpiScaledSize:
             return OnScaledSize(static_cast<int>(wParam), *reinterpret_cast<SIZE*>(lParam));
         case WM_SETTINGCHANGE:
-            if (wParam == SPI_SETWORKAREA) OnScreens();
-            OnSystemChanged();
+            if (wParam == SPI_SETWORKAREA) form_.MonitorsChanged();
+            if (!gone_) OnSystemChanged();
             break;
         case WM_THEMECHANGED:
         case WM_SYSCOLORCHANGE:
@@ -298,8 +298,8 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
                 HandleKey(key);
             }
             return 0;
-        case kCatchUpMessage:
-            CatchUp();
+        case kPlaceMessage:
+            form_.HasPlaceAgain();
             return 0;
         case kMenuMessage:
             menuChanged_ = false;
@@ -413,6 +413,10 @@ void FormWindow::WindowStateChanged() {
             ShowWindow(Handle(), SW_RESTORE);
             break;
     }
+}
+
+void FormWindow::CloseMenu() {
+    if (inMenu_) EndMenu();
 }
 
 void FormWindow::MenuChanged() {

@@ -43,6 +43,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void CaptionChanged();
     void BoundsChanged();
     void WindowStateChanged();
+    void FollowMonitor();
+    void CloseMenu();
     void ViewChanged();
     void PaintNow();
     void MenuChanged();
@@ -117,10 +119,6 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void OnResolution(int dpi, const RECT& suggested);
     LRESULT OnScaledSize(int dpi, SIZE& size) const;
     void LayOutAgain();
-    /// The monitors, or what windows may cover of them, are others.
-    void OnScreens();
-    /// What happened to monitors while the window was minimised.
-    void CatchUp();
     /// Lies whole on its monitor, as large as it is meant to be where that has room.
     void PlaceWhole(const RECT& suggested);
     void MoveTo(const Rect& place);
@@ -176,7 +174,6 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     bool inMenu_ = false;
     bool beingMoved_ = false;
     bool rescaledOnTheWay_ = false;  ///< while it was being moved
-    bool missedChange_ = false;      ///< of monitors, while it was minimised
     bool menuChanged_ = false;
 };
 

@@ -25,8 +25,13 @@ constexpr int kRow = 26;
 
 }  // namespace
 
-InputBox::InputBox(HINSTANCE module, std::wstring title, std::wstring prompt, bool secret)
-    : module_(module), title_(std::move(title)), prompt_(std::move(prompt)), secret_(secret) {}
+InputBox::InputBox(HINSTANCE module, const Screens& screens, std::wstring title,
+                   std::wstring prompt, bool secret)
+    : module_(module),
+      screens_(screens),
+      title_(std::move(title)),
+      prompt_(std::move(prompt)),
+      secret_(secret) {}
 
 std::optional<std::wstring> InputBox::Show(HWND owner) {
     EmptyTemplate empty{};
@@ -58,13 +63,23 @@ void InputBox::Rescale(HWND dialog, int dpi, const RECT& suggested) {
         SetWindowPos(part.window, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
                      SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    SetWindowPos(dialog, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    // The frame does not grow as the content does.
+    const SIZE size = OuterSize(dialog);
+    SetWindowPos(dialog, nullptr, suggested.left, suggested.top, size.cx, size.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
     InvalidateRect(dialog, nullptr, TRUE);
 }
 
+SIZE InputBox::OuterSize(HWND dialog) const {
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(dialog, GWL_STYLE));
+    const auto extended = static_cast<DWORD>(GetWindowLongPtrW(dialog, GWL_EXSTYLE));
+    const RECT outer = OuterRect({0, 0, scale_.ToPixels(kWidth), scale_.ToPixels(height_)}, style,
+                                 extended, false, screens_.FrameDpi(scale_.Dpi()));
+    return {outer.right - outer.left, outer.bottom - outer.top};
+}
+
 void InputBox::Build(HWND dialog) {
-    scale_ = Scale(DpiOf(dialog));
+    scale_ = Scale(screens_.DpiOf(dialog));
     font_ = CreateUiFont(scale_.Dpi());
     SetWindowTextW(dialog, title_.c_str());
     const SIZE size = MeasureText(font_.get(), FromWide(prompt_));
@@ -83,17 +98,13 @@ void InputBox::Build(HWND dialog) {
     Add(dialog, WC_BUTTONW, cancelCaption, WS_TABSTOP | BS_PUSHBUTTON, 0, IDCANCEL,
         {right - kButtonWidth, top, kButtonWidth, kRow});
     top += kRow + kMargin;
+    height_ = top;
 
-    const auto style = static_cast<DWORD>(GetWindowLongPtrW(dialog, GWL_STYLE));
-    const auto extended = static_cast<DWORD>(GetWindowLongPtrW(dialog, GWL_EXSTYLE));
-    const RECT outer = OuterRect({0, 0, scale_.ToPixels(kWidth), scale_.ToPixels(top)}, style,
-                                 extended, false, scale_.Dpi());
     RECT area{};
     const HWND owner = GetWindow(dialog, GW_OWNER);
-    const RECT work = WorkAreaAt(owner);
+    const RECT work = screens_.WorkAreaAt(owner);
     if (!owner || !GetWindowRect(owner, &area)) area = work;
-    const LONG width = outer.right - outer.left;
-    const LONG height = outer.bottom - outer.top;
+    const auto [width, height] = OuterSize(dialog);
     // Over its owner, but never outside the screen.
     const auto middle = [](LONG first, LONG last, LONG extent, LONG least, LONG most) {
         return static_cast<int>(

@@ -9,12 +9,14 @@
 
 #include "forms/win32/display.h"
 #include "forms/win32/handles.h"
+#include "forms/win32/screens.h"
 
 namespace zv::forms::win32 {
 
 class InputBox {
  public:
-    InputBox(HINSTANCE module, std::wstring title, std::wstring prompt, bool secret);
+    InputBox(HINSTANCE module, const Screens& screens, std::wstring title, std::wstring prompt,
+             bool secret);
 
     std::wstring okCaption = L"OK";
     std::wstring cancelCaption = L"Cancel";
@@ -35,7 +37,11 @@ class InputBox {
     void Add(HWND dialog, const wchar_t* windowClass, const std::wstring& text, DWORD style,
              DWORD extendedStyle, int id, const Rect& place);
 
+    /// With its frame, at the present scale.
+    SIZE OuterSize(HWND dialog) const;
+
     HINSTANCE module_;
+    const Screens& screens_;
     std::wstring title_;
     std::wstring prompt_;
     bool secret_;
@@ -44,6 +50,7 @@ class InputBox {
         Rect place;
     };
     std::vector<Part> parts_;
+    int height_ = 0;  ///< of its content
     Scale scale_;
     Font font_;
     std::wstring text_;

@@ -56,6 +56,7 @@ class NativeControl {
     virtual LRESULT OnNotify(NMHDR&) { return 0; }
     /// A list or a calendar that drops down from it is open.
     virtual bool ListOpen() const { return false; }
+    virtual void CloseList() {}
     /// Fonts and images for the window's present resolution.
     virtual void ResolutionChanged();
     /// The native window is being destroyed; what the system keeps of it can still be found.

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "forms/geometry.h"
 
 namespace zv::forms::win32 {
@@ -29,6 +31,8 @@ class Screens {
     /// How large windows may be beyond what the system allows by itself; without extent for no
     /// more.
     virtual Size Largest() const { return {}; }
+    /// Where the window lies when it is maximised; nothing for where the system puts it.
+    virtual std::optional<Rect> MaximisedAt(HWND) const { return {}; }
 };
 
 }  // namespace zv::forms::win32

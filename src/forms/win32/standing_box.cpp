@@ -1,5 +1,8 @@
 #include "forms/win32/standing_box.h"
 
+#include "forms/viewport.h"
+#include "forms/win32/display.h"
+
 namespace zv::forms::win32 {
 namespace {
 
@@ -16,13 +19,15 @@ void WakeThread() {
 
 }  // namespace
 
-StandingBox::StandingBox(Kind kind, HWND owner)
+StandingBox::StandingBox(Kind kind, HWND owner, const Screens& screens)
     : kind_(kind),
       owner_(owner),
+      screens_(screens),
       wasEnabled_(owner && IsWindowEnabled(owner)),
       outer_(innermost),
       windows_(SetWindowsHookExW(WH_CBT, &OnWindow, nullptr, GetCurrentThreadId())),
-      sent_(SetWindowsHookExW(WH_CALLWNDPROC, &OnSent, nullptr, GetCurrentThreadId())) {
+      sent_(SetWindowsHookExW(WH_CALLWNDPROC, &OnSent, nullptr, GetCurrentThreadId())),
+      handled_(SetWindowsHookExW(WH_CALLWNDPROCRET, &OnHandled, nullptr, GetCurrentThreadId())) {
     innermost = this;
 }
 
@@ -70,6 +75,29 @@ LRESULT CALLBACK StandingBox::OnSent(int code, WPARAM wParam, LPARAM lParam) noe
     const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
     if (code == HC_ACTION && sent.message == WM_ENDSESSION && sent.wParam) EndAll();
     return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+// The box has taken the scale of its monitor by then, where it takes it.
+LRESULT CALLBACK StandingBox::OnHandled(int code, WPARAM wParam, LPARAM lParam) noexcept {
+    const auto& handled = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
+    const bool isOther = handled.message == WM_DISPLAYCHANGE || handled.message == WM_DPICHANGED ||
+                         (handled.message == WM_SETTINGCHANGE && handled.wParam == SPI_SETWORKAREA);
+    if (code == HC_ACTION && isOther) {
+        for (const StandingBox* at = innermost; at; at = at->outer_) {
+            if (at->box_ && at->box_ == handled.hwnd) at->PlaceWhole();
+        }
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+void StandingBox::PlaceWhole() const {
+    RECT place{};
+    if (!GetWindowRect(box_, &place)) return;
+    const Rect present = FromNative(place);
+    const Rect whole = FitInto(present, FromNative(screens_.WorkAreaAround(place)));
+    // Cut, it would lose its buttons: one that is larger shows its upper left corner.
+    SetWindowPos(box_, nullptr, whole.left, whole.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace zv::forms::win32

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "forms/win32/handles.h"
+#include "forms/win32/screens.h"
 
 namespace zv::forms::win32 {
 
@@ -15,7 +16,8 @@ class StandingBox {
     enum class Kind { Dialog, FileDialog };
 
     /// `owner` is enabled again afterwards if it was; the system forgets it when the box dies.
-    StandingBox(Kind kind, HWND owner);
+    /// `screens` say where the box may lie when monitors change while it stands.
+    StandingBox(Kind kind, HWND owner, const Screens& screens);
     ~StandingBox();
     StandingBox(const StandingBox&) = delete;
     StandingBox& operator=(const StandingBox&) = delete;
@@ -30,16 +32,20 @@ class StandingBox {
  private:
     static LRESULT CALLBACK OnWindow(int code, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT CALLBACK OnSent(int code, WPARAM wParam, LPARAM lParam) noexcept;
+    static LRESULT CALLBACK OnHandled(int code, WPARAM wParam, LPARAM lParam) noexcept;
     void End();
+    void PlaceWhole() const;
 
     Kind kind_;
     HWND owner_;
+    const Screens& screens_;
     bool wasEnabled_;
     HWND box_ = nullptr;
     bool ended_ = false;
     StandingBox* outer_;
     Hook windows_;
     Hook sent_;
+    Hook handled_;
 };
 
 }  // namespace zv::forms::win32

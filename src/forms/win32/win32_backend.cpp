@@ -29,6 +29,8 @@ class NativeFormPeer : public FormPeer {
     void CaptionChanged() override { window_->CaptionChanged(); }
     void BoundsChanged() override { window_->BoundsChanged(); }
     void WindowStateChanged() override { window_->WindowStateChanged(); }
+    void FollowMonitor() override { std::shared_ptr(window_)->FollowMonitor(); }
+    void CloseMenu() override { window_->CloseMenu(); }
     void ViewChanged() override { window_->ViewChanged(); }
     void PaintNow() override { window_->PaintNow(); }
     void MenuChanged(MenuItem&) override { window_->MenuChanged(); }

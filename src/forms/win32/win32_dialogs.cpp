@@ -66,7 +66,7 @@ Answer Win32Dialogs::ShowMessage(Form* owner, const MessageRequest& request) {
     int answer = 0;
     {
         const OtherWindowsDisabled others(window);
-        const StandingBox standing(StandingBox::Kind::Dialog, window);
+        const StandingBox standing(StandingBox::Kind::Dialog, window, backend_.GetScreens());
         answer =
             MessageBoxW(window, ToWide(TextOf(request)).c_str(), ToWide(request.title).c_str(),
                         static_cast<UINT>(request.style) | DefaultOf(request) | MB_SETFOREGROUND);
@@ -85,8 +85,8 @@ std::optional<std::string> Win32Dialogs::AskText(Form* owner, const std::string&
     const DpiScope sharp = backend_.Dpi().ForWindows();
     const HWND window = OwnerWindow(owner);
     const OtherWindowsDisabled others(window);
-    const StandingBox standing(StandingBox::Kind::Dialog, window);
-    InputBox box(backend_.Module(), ToWide(title), ToWide(prompt), secret);
+    const StandingBox standing(StandingBox::Kind::Dialog, window, backend_.GetScreens());
+    InputBox box(backend_.Module(), backend_.GetScreens(), ToWide(title), ToWide(prompt), secret);
     box.okCaption = ToWide(okCaption);
     box.cancelCaption = ToWide(cancelCaption);
     const std::optional<std::wstring> text = box.Show(window);
@@ -100,7 +100,7 @@ std::optional<std::string> Win32Dialogs::ChooseFile(Form* owner, const FileReque
     const DpiScope sharp = backend_.Dpi().ForWindows();
     const HWND window = OwnerWindow(owner);
     const OtherWindowsDisabled others(window);
-    const StandingBox standing(StandingBox::Kind::FileDialog, window);
+    const StandingBox standing(StandingBox::Kind::FileDialog, window, backend_.GetScreens());
     const std::wstring filter = NativeFilter(request.filter);
     const std::wstring title = ToWide(request.title);
     const std::wstring folder = ToWide(request.initialFolder);

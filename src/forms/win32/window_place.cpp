@@ -10,6 +10,10 @@ void FormWindow::OnMinimumSize(MINMAXINFO& info) const {
     const Size largest = backend_.GetScreens().Largest();
     info.ptMaxTrackSize.x = std::max<LONG>(info.ptMaxTrackSize.x, largest.width);
     info.ptMaxTrackSize.y = std::max<LONG>(info.ptMaxTrackSize.y, largest.height);
+    if (const auto place = backend_.GetScreens().MaximisedAt(Handle())) {
+        info.ptMaxPosition = {place->left, place->top};
+        info.ptMaxSize = {place->width, place->height};
+    }
     if (!form_.Sizable()) return;
     const Size least = form_.SmallestInside();
     const RECT outer = OuterOf(least);
@@ -31,7 +35,10 @@ void FormWindow::OnResolution(int dpi, const RECT& suggested) {
     // The same part of the content, which has other pixels now.
     scrolled_ = ScrolledPixels();
     toolTips_.ResolutionChanged();
-    for (const auto& control : controls_) control->ResolutionChanged();
+    for (const auto& control : controls_) {
+        control->CloseList();
+        control->ResolutionChanged();
+    }
     if (IsZoomed(Handle()))
         MoveTo(FromNative(suggested));  // its frame lies outside of the monitor
     else if (!IsIconic(Handle()))
@@ -64,24 +71,16 @@ void FormWindow::PlaceWhole(const RECT& suggested) {
     MoveTo(FitInto(wanted, area));
 }
 
-void FormWindow::OnScreens() {
-    if (gone_ || IsZoomed(Handle())) return;
-    if (IsIconic(Handle())) {
-        missedChange_ = true;
-        return;
-    }
+void FormWindow::FollowMonitor() {
+    // Where a maximised one lies is the system's to say.
+    if (gone_ || IsZoomed(Handle()) || IsIconic(Handle())) return;
+    for (const auto& control : controls_) control->CloseList();
     RECT outer{};
     GetWindowRect(Handle(), &outer);
     placing_++;
     PlaceWhole(outer);
     placing_--;
     AcceptPlace();
-}
-
-void FormWindow::CatchUp() {
-    if (gone_ || IsIconic(Handle()) || !std::exchange(missedChange_, false)) return;
-    OnScreens();
-    LayOutAgain();
 }
 
 // The frame does not grow as its content does: the content keeps its size in units.
@@ -97,11 +96,7 @@ LRESULT FormWindow::OnScaledSize(int dpi, SIZE& size) const {
 
 // Texts have other widths at each resolution.
 void FormWindow::LayOutAgain() {
-    if (placing_ > 0 || gone_) return;
-    if (IsIconic(Handle()))
-        missedChange_ = true;
-    else
-        form_.WasRescaled(OuterUnits(), InsideUnits());
+    if (placing_ == 0 && !gone_) form_.WasRescaled(OuterUnits(), InsideUnits());
 }
 
 Size FormWindow::InsidePixels() const {
@@ -125,8 +120,9 @@ Rect FormWindow::OuterUnits() const {
 }
 
 void FormWindow::ReportPlace() {
-    // The size that it has after a change that it missed is not what anybody wants.
-    if (placing_ > 0 || gone_ || missedChange_ || IsIconic(Handle())) return;
+    if (placing_ > 0 || gone_ || IsIconic(Handle())) return;
+    // The place comes before the word that the window is maximised, or is not any more.
+    if ((IsZoomed(Handle()) != 0) != (form_.State() == WindowState::Maximised)) return;
     form_.UserResized(OuterUnits(), InsideUnits());
 }
 

@@ -1,5 +1,6 @@
 #include "driver/win32/played_backend.h"
 
+#include <utility>
 #include <vector>
 
 #include "forms/win32/system_dpi.h"
@@ -20,11 +21,30 @@ void PumpMessages() {
 
 namespace {
 
+constexpr ULONG_PTR kBoxClass = 32770;
+
+bool IsBox(HWND window) {
+    return GetClassLongPtrW(window, GCW_ATOM) == kBoxClass;
+}
+
 BOOL CALLBACK TakeOurs(HWND window, LPARAM data) {
-    if (forms::win32::FormWindow::Owning(window)) {
+    if (forms::win32::FormWindow::Owning(window) || IsBox(window)) {
         reinterpret_cast<std::vector<HWND>*>(data)->push_back(window);
     }
     return TRUE;
+}
+
+void Rescale(HWND window, int former, int dpi) {
+    if (dpi == former) return;
+    RECT place{};
+    GetWindowRect(window, &place);
+    SIZE size{MulDiv(static_cast<int>(place.right - place.left), dpi, former),
+              MulDiv(static_cast<int>(place.bottom - place.top), dpi, former)};
+    if (IsZoomed(window)) size = {place.right - place.left, place.bottom - place.top};
+    SendMessageW(window, forms::win32::kGetDpiScaledSize, static_cast<WPARAM>(dpi),
+                 reinterpret_cast<LPARAM>(&size));
+    const RECT suggested{place.left, place.top, place.left + size.cx, place.top + size.cy};
+    SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
 }
 
 }  // namespace
@@ -36,32 +56,33 @@ void PlayedBackend::SetWorkArea(const forms::Rect& area) {
 }
 
 void PlayedBackend::SetMonitors(const forms::Monitors& monitors) {
-    screens.monitors = monitors;
+    const auto before = std::exchange(screens.monitors, monitors);
     std::vector<HWND> windows;
     EnumThreadWindows(GetCurrentThreadId(), &TakeOurs, reinterpret_cast<LPARAM>(&windows));
     constexpr WPARAM kBitsOfAColor = 32;
     const forms::Rect& primary = monitors.Primary().bounds;
     for (const HWND window : windows) {
+        const forms::Rect place = ScriptedScreens::PlaceOf(window);
+        const int former = before ? before->Around(place).dpi : forms::win32::SystemDpi();
+        if (IsZoomed(window)) Cover(window, place);
         SendMessageW(window, WM_DISPLAYCHANGE, kBitsOfAColor,
                      MAKELPARAM(primary.width, primary.height));
         const auto* ours = forms::win32::FormWindow::Owning(window);
-        if (ours) FollowScale(*ours);
+        if (ours)
+            FollowScale(*ours);
+        else if (IsWindow(window))
+            Rescale(window, former, screens.DpiOf(window));
     }
 }
 
+void PlayedBackend::Cover(HWND window, const forms::Rect& place) const {
+    const forms::Rect& area = screens.monitors->Around(place).workArea;
+    SetWindowPos(window, nullptr, area.left, area.top, area.width, area.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void PlayedBackend::FollowScale(const forms::win32::FormWindow& window) {
-    const HWND handle = window.Handle();
-    const int former = window.GetScale().Dpi();
-    const int dpi = screens.DpiOf(handle);
-    if (dpi == former) return;
-    RECT place{};
-    GetWindowRect(handle, &place);
-    SIZE size{MulDiv(static_cast<int>(place.right - place.left), dpi, former),
-              MulDiv(static_cast<int>(place.bottom - place.top), dpi, former)};
-    SendMessageW(handle, forms::win32::kGetDpiScaledSize, static_cast<WPARAM>(dpi),
-                 reinterpret_cast<LPARAM>(&size));
-    const RECT suggested{place.left, place.top, place.left + size.cx, place.top + size.cy};
-    SendMessageW(handle, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+    Rescale(window.Handle(), window.GetScale().Dpi(), screens.DpiOf(window.Handle()));
 }
 
 forms::SystemTheme PlayedBackend::GetTheme() {

@@ -45,6 +45,10 @@ class PlayedBackend : public forms::win32::Win32Backend {
     void RunModal(forms::Form& form) override;
     void MenuIdle() override;
     bool TimersRun() const override { return timersRun; }
+
+ private:
+    /// A maximised window covers what windows may of the monitor at that place.
+    void Cover(HWND window, const forms::Rect& place) const;
 };
 
 }  // namespace zv::driver

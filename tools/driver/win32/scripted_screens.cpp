@@ -10,6 +10,11 @@ using forms::win32::ToNative;
 forms::Rect ScriptedScreens::PlaceOf(HWND window) {
     RECT place{};
     GetWindowRect(window, &place);
+    WINDOWPLACEMENT restored{};
+    restored.length = sizeof restored;
+    if (IsIconic(window) && GetWindowPlacement(window, &restored)) {
+        place = restored.rcNormalPosition;
+    }
     return FromNative(place);
 }
 
@@ -44,6 +49,11 @@ forms::Size ScriptedScreens::Largest() const {
     if (!monitors) return Screens::Largest();
     const forms::Rect desktop = monitors->Desktop();
     return {desktop.width, desktop.height};
+}
+
+std::optional<forms::Rect> ScriptedScreens::MaximisedAt(HWND window) const {
+    if (!monitors) return Screens::MaximisedAt(window);
+    return monitors->Around(PlaceOf(window)).workArea;
 }
 
 }  // namespace zv::driver

@@ -19,8 +19,9 @@ class ScriptedScreens : public forms::win32::Screens {
     int DpiAround(const RECT& place) const override;
     int FrameDpi(int dpi) const override;
     forms::Size Largest() const override;
+    std::optional<forms::Rect> MaximisedAt(HWND window) const override;
 
-    /// Of the native window, in pixels of the desktop.
+    /// Of the native window, in pixels of the desktop; where a minimised one comes back to.
     static forms::Rect PlaceOf(HWND window);
 };
 
