@@ -194,7 +194,7 @@ void ShowPreview(const PrintRequest& request, PreparedReport& report, KeptPrinte
         {
             const forms::win32::OtherWindowsDisabled others(owner);
             const forms::win32::StandingBox standing(forms::win32::StandingBox::Kind::FileDialog,
-                                                     owner);
+                                                     owner, backend.GetScreens());
             chosen = ChoosePrinter(owner, report.Pages(), printer) && !standing.Died();
         }
         if (!chosen) return;

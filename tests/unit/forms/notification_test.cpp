@@ -71,6 +71,7 @@ class ListeningWindow : public FormPeer {
     void PaintNow() override { told_.push_back("paint"); }
     void MenuChanged(MenuItem& item) override { told_.push_back("menu " + item.Name()); }
     MenuItem* PopupMenu(MenuItem&, int, int) override { return nullptr; }
+    void FollowMonitor() override { told_.push_back("monitor"); }
 
  private:
     Told& told_;
