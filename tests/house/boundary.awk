@@ -4,7 +4,7 @@
 BEGIN {
     guards = "(Boundary|Guarded|AtBoundary|Guard|Put|PutText|GetText)\\(|catch \\("
     split("if for while switch return sizeof static_cast reinterpret_cast const_cast " \
-          "__uuidof _wcsicmp AbandonedThreads AddRef alive begin CallNextHookEx Check Close compare_exchange_weak " \
+          "__uuidof _wcsicmp AbandonedThreads AddRef alive begin BringIntoView CallNextHookEx Check Close compare_exchange_weak " \
           "ComPtr Copy CopyTo CoTaskMemAlloc Count create_ CreateRectRgnIndirect data " \
           "DefWindowProcW end EndAll EnumAdvise EqualRect erase FAILED fill_n find Find " \
           "find_if FindNames ForgetActivation ForgetWindowClass GetClassLongPtrW GetClassObject GetDC GetDeviceCaps GetPropW GetWindowLongPtrW " \

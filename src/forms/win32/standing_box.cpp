@@ -84,13 +84,13 @@ LRESULT CALLBACK StandingBox::OnHandled(int code, WPARAM wParam, LPARAM lParam) 
                          (handled.message == WM_SETTINGCHANGE && handled.wParam == SPI_SETWORKAREA);
     if (code == HC_ACTION && isOther) {
         for (const StandingBox* at = innermost; at; at = at->outer_) {
-            if (at->box_ && at->box_ == handled.hwnd) at->PlaceWhole();
+            if (at->box_ && at->box_ == handled.hwnd) at->BringIntoView();
         }
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-void StandingBox::PlaceWhole() const {
+void StandingBox::BringIntoView() const noexcept {
     RECT place{};
     if (!GetWindowRect(box_, &place)) return;
     const Rect present = FromNative(place);

@@ -34,7 +34,7 @@ class StandingBox {
     static LRESULT CALLBACK OnSent(int code, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT CALLBACK OnHandled(int code, WPARAM wParam, LPARAM lParam) noexcept;
     void End();
-    void PlaceWhole() const;
+    void BringIntoView() const noexcept;
 
     Kind kind_;
     HWND owner_;
