@@ -81,5 +81,19 @@ TEST(WhereText, TheFirstJoinMeansNothing) {
               "a.fUser='1' And a.fUser='2'");
 }
 
+TEST(WhereText, OfTheLastDayOfTheCalendarNamesNoDayBehindIt) {
+    const auto where = [](Comparison comparison) {
+        Condition condition = Make("taskTime", comparison);
+        condition.date = DateTime::LastDay();
+        return Where({condition});
+    };
+    EXPECT_EQ(where(Equal), "a.taskTime>=#9999-12-31#");
+    EXPECT_EQ(where(GreaterOrEqual), "a.taskTime>=#9999-12-31#");
+    EXPECT_EQ(where(Less), "a.taskTime<#9999-12-31#");
+    EXPECT_EQ(where(LessOrEqual), "a.taskTime is not Null");
+    EXPECT_EQ(where(Greater), "(a.taskTime is Null And a.taskTime is not Null)");
+    EXPECT_EQ(where(NotEqual), "(a.taskTime<#9999-12-31# Or a.taskTime is Null)");
+}
+
 }  // namespace
 }  // namespace zv::items

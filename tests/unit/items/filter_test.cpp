@@ -74,5 +74,26 @@ TEST(FilterText, OnlyTheThreeStatesFilter) {
     EXPECT_EQ(Build(choice), " Where 1=1");
 }
 
+TEST(Filter, EachChoiceOfStatesTakesItsOwnAndNoOther) {
+    using enum ItemState;
+    struct Case {
+        Filter::States states;
+        std::vector<ItemState> taken;
+    };
+    for (const Case& one : std::vector<Case>{{Filter::States::NotDone, {NotDone}},
+                                             {Filter::States::Done, {Done}},
+                                             {Filter::States::InHand, {InHand}},
+                                             {Filter::States::All, {NotDone, Done, InHand}},
+                                             {Filter::States::NotYetDone, {NotDone, InHand}}}) {
+        Filter filter;
+        filter.states = one.states;
+        std::vector<ItemState> taken;
+        for (const ItemState state : {NotDone, Done, InHand}) {
+            if (filter.Takes(state)) taken.push_back(state);
+        }
+        EXPECT_EQ(taken, one.taken) << Row(one.states);
+    }
+}
+
 }  // namespace
 }  // namespace zv::items

@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "doubles/memory_file.h"
+#include "platform/scripted/scripted_machine.h"
+#include "report/saving.h"
 #include "report_stage.h"
+#include "temporary_folder.h"
 
 namespace zv::report {
 namespace {
@@ -36,6 +41,24 @@ TEST(CsvExport, GoesOnInPieces) {
     EXPECT_FALSE(csv.WriteRows(1500));
     EXPECT_EQ(csv.Done(), csv.RowCount());
     EXPECT_EQ(file.bytes, whole.bytes);
+}
+
+TEST(CsvSaving, SaysHowFarItIsAndEndsWithAWholeFile) {
+    const test::TemporaryFolder folder;
+    platform::scripted::ScriptedFiles files(folder.Path());
+    doubles::MemoryFile whole;
+    const Document document = ListOf(45000);
+    WriteCsv(document, whole);
+    CsvSaving saving(document, files.Create("a.csv"));
+    EXPECT_EQ(saving.Percent(), 0);
+    std::vector<int> seen;
+    while (saving.Continue()) seen.push_back(saving.Percent().value());
+    ASSERT_FALSE(seen.empty());
+    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+    EXPECT_GT(seen.front(), 0);
+    EXPECT_LT(seen.back(), 100);
+    EXPECT_EQ(saving.Percent(), 100);
+    EXPECT_EQ(std::filesystem::file_size(folder / "a.csv"), whole.bytes.size());
 }
 
 }  // namespace
