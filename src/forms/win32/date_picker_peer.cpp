@@ -111,7 +111,12 @@ LRESULT NativeDatePicker::OnNotify(NMHDR& header) {
 }
 
 void NativeDatePicker::CloseList() {
-    if (calendarOpen_) Send(DTM_CLOSEMONTHCAL);
+    if (!calendarOpen_) return;
+    Send(DTM_CLOSEMONTHCAL);
+    // Not every version of the control knows that.
+    const auto calendar = reinterpret_cast<HWND>(Send(DTM_GETMONTHCAL));
+    if (calendarOpen_ && calendar) ShowWindow(calendar, SW_HIDE);
+    calendarOpen_ = false;
 }
 
 bool NativeDatePicker::ListOpen() const {

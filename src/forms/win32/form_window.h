@@ -119,6 +119,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void OnResolution(int dpi, const RECT& suggested);
     LRESULT OnScaledSize(int dpi, SIZE& size) const;
     void LayOutAgain();
+    void CloseLists();
     /// Lies whole on its monitor, as large as it is meant to be where that has room.
     void PlaceWhole(const RECT& suggested);
     void MoveTo(const Rect& place);

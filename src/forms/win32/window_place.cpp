@@ -35,10 +35,8 @@ void FormWindow::OnResolution(int dpi, const RECT& suggested) {
     // The same part of the content, which has other pixels now.
     scrolled_ = ScrolledPixels();
     toolTips_.ResolutionChanged();
-    for (const auto& control : controls_) {
-        control->CloseList();
-        control->ResolutionChanged();
-    }
+    CloseLists();
+    for (const auto& control : controls_) control->ResolutionChanged();
     if (IsZoomed(Handle()))
         MoveTo(FromNative(suggested));  // its frame lies outside of the monitor
     else if (!IsIconic(Handle()))
@@ -71,10 +69,15 @@ void FormWindow::PlaceWhole(const RECT& suggested) {
     MoveTo(FitInto(wanted, area));
 }
 
+// They would stay where they dropped down.
+void FormWindow::CloseLists() {
+    for (const auto& control : controls_) control->CloseList();
+}
+
 void FormWindow::FollowMonitor() {
     // Where a maximised one lies is the system's to say.
     if (gone_ || IsZoomed(Handle()) || IsIconic(Handle())) return;
-    for (const auto& control : controls_) control->CloseList();
+    CloseLists();
     RECT outer{};
     GetWindowRect(Handle(), &outer);
     placing_++;
