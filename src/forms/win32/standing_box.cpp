@@ -9,9 +9,6 @@ namespace {
 // All windows of the module belong to one thread.
 StandingBox* innermost = nullptr;
 
-// The class of dialogs is the same for everyone.
-constexpr ULONG_PTR kDialogClass = 32770;
-
 // A loop that waits looks again whether it is to end only when a message arrives.
 void WakeThread() {
     PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);

@@ -9,6 +9,9 @@
 
 namespace zv::forms::win32 {
 
+/// The class of the system's dialogs, the answer for GCW_ATOM: the same for everyone.
+inline constexpr ULONG_PTR kDialogClass = 32770;
+
 /// Made around the call that shows a box; the box is the first dialog made while it is the
 /// innermost.
 class StandingBox {

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "forms/win32/standing_box.h"
 #include "forms/win32/system_dpi.h"
 
 namespace zv::driver {
@@ -21,10 +22,8 @@ void PumpMessages() {
 
 namespace {
 
-constexpr ULONG_PTR kBoxClass = 32770;
-
 bool IsBox(HWND window) {
-    return GetClassLongPtrW(window, GCW_ATOM) == kBoxClass;
+    return GetClassLongPtrW(window, GCW_ATOM) == forms::win32::kDialogClass;
 }
 
 BOOL CALLBACK TakeOurs(HWND window, LPARAM data) {
