@@ -23,12 +23,13 @@ class Builder {
   }
 
   copy(mutants) {
-    const byFile = Map.groupBy ? Map.groupBy(mutants, m => m.file) : mutants.reduce((map, m) => map.set(m.file, [...(map.get(m.file) ?? []), m]), new Map());
+    const byFile = new Map(mutants.map(m => [m.file, []]));
+    for (const mutant of mutants) if (!this.dropped.has(mutant.id)) byFile.get(mutant.file).push(mutant);
     this.spans = new Map();
     for (const file of filesOf(this.root)) {
       const from = path.join(this.root, file);
       const source = fs.readFileSync(from);
-      const places = (byFile.get(file) ?? []).filter(m => !this.dropped.has(m.id));
+      const places = byFile.get(file) ?? [];
       if (places.length === 0) {
         this.put(file, source, fs.statSync(from).mode);
         continue;

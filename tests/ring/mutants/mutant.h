@@ -53,13 +53,16 @@ struct Half {
 };
 
 // clang-format off
-#define ZV_MUTANT_COMPARISON(NAME, ORIGINAL, FAULT)                                              \
+#define ZV_MUTANT_HALF(NAME, ORIGINAL)                                                           \
     template <int Number>                                                                        \
     struct NAME {};                                                                              \
     template <typename Left, int Number>                                                         \
     constexpr Half<NAME, Number, Left> operator ORIGINAL(const Left& left, NAME<Number>) {       \
         return {left};                                                                           \
-    }                                                                                            \
+    }
+
+#define ZV_MUTANT_COMPARISON(NAME, ORIGINAL, FAULT)                                              \
+    ZV_MUTANT_HALF(NAME, ORIGINAL)                                                               \
     template <typename Left, int Number, typename Right>                                         \
     constexpr auto operator ORIGINAL(Half<NAME, Number, Left> half, const Right& right)          \
         -> decltype(half.left ORIGINAL right) {                                                  \
@@ -71,12 +74,7 @@ struct Half {
 
 // Where the other operation is not known, as between texts, the right side is left out.
 #define ZV_MUTANT_ARITHMETIC(NAME, ORIGINAL, FAULT)                                              \
-    template <int Number>                                                                        \
-    struct NAME {};                                                                              \
-    template <typename Left, int Number>                                                         \
-    constexpr Half<NAME, Number, Left> operator ORIGINAL(const Left& left, NAME<Number>) {       \
-        return {left};                                                                           \
-    }                                                                                            \
+    ZV_MUTANT_HALF(NAME, ORIGINAL)                                                               \
     template <typename Left, int Number, typename Right>                                         \
     constexpr auto operator ORIGINAL(Half<NAME, Number, Left> half, const Right& right) {        \
         using Result = std::decay_t<decltype(half.left ORIGINAL right)>;                         \

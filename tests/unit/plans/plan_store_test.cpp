@@ -29,6 +29,14 @@ class PlanStore : public testing::Test, protected PlanDatabase {
         const auto row = Load(database, number);
         return {number, row, ValuesOf(PlanOf(*row))};
     }
+    /// The plan is stored and opened, somebody else runs the statement, and another title is saved.
+    PlanSave ChangeTitle(Plan plan, const std::string& othersChange) {
+        Save(plan);
+        const EditedPlan edited = Opened(plan.taskId);
+        Sql(othersChange);
+        plan.title = "月报";
+        return Save(plan, edited);
+    }
 
     int conflicts = 0;
     std::optional<store::RowMerge::Version> decision = store::RowMerge::Version::Own;
@@ -85,12 +93,7 @@ TEST_F(PlanStore, RefusesANumberThatIsTaken) {
 }
 
 TEST_F(PlanStore, JoinsAChangeWithWhatAnotherStoredMeanwhile) {
-    Save(Monthly());
-    const EditedPlan edited = Opened(7);
-    Sql("update tTaskSet set Content='他的'");
-    Plan plan = Monthly();
-    plan.title = "月报";
-    const PlanSave save = Save(plan, edited);
+    const PlanSave save = ChangeTitle(Monthly(), "update tTaskSet set Content='他的'");
     EXPECT_EQ(save.outcome, PlanSave::Outcome::Saved);
     EXPECT_TRUE(save.joined);
     EXPECT_EQ(conflicts, 0);
@@ -98,12 +101,7 @@ TEST_F(PlanStore, JoinsAChangeWithWhatAnotherStoredMeanwhile) {
 }
 
 TEST_F(PlanStore, ASetterThatAnotherTookAwayIsAskedAboutOnce) {
-    Save(Monthly());
-    const EditedPlan edited = Opened(7);
-    Sql("update tTaskSet set setMan=''");
-    Plan plan = Monthly();
-    plan.title = "月报";
-    const PlanSave save = Save(plan, edited);
+    const PlanSave save = ChangeTitle(Monthly(), "update tTaskSet set setMan=''");
     EXPECT_EQ(settersAsked, 1);
     EXPECT_EQ(save.outcome, PlanSave::Outcome::Saved);
     EXPECT_TRUE(save.joined);
@@ -111,13 +109,8 @@ TEST_F(PlanStore, ASetterThatAnotherTookAwayIsAskedAboutOnce) {
 }
 
 TEST_F(PlanStore, WithoutTheSetterThatAnotherTookAwayThePlanIsSavedOnlyIfTheUserSaysSo) {
-    Save(Monthly());
-    const EditedPlan edited = Opened(7);
-    Sql("update tTaskSet set setMan=''");
-    Plan plan = Monthly();
-    plan.title = "月报";
     savesWithoutSetter = false;
-    const PlanSave save = Save(plan, edited);
+    const PlanSave save = ChangeTitle(Monthly(), "update tTaskSet set setMan=''");
     EXPECT_EQ(settersAsked, 1);
     EXPECT_EQ(save.outcome, PlanSave::Outcome::CalledOff);
     EXPECT_TRUE(save.joined);
@@ -127,11 +120,8 @@ TEST_F(PlanStore, WithoutTheSetterThatAnotherTookAwayThePlanIsSavedOnlyIfTheUser
 TEST_F(PlanStore, WhoEnteredNoSetterWasAskedBefore) {
     Plan plan = Monthly();
     plan.setMan.clear();
-    Save(plan);
-    const EditedPlan edited = Opened(7);
-    Sql("update tTaskSet set Content='他的'");
-    plan.title = "月报";
-    EXPECT_EQ(Save(plan, edited).outcome, PlanSave::Outcome::Saved);
+    EXPECT_EQ(ChangeTitle(plan, "update tTaskSet set Content='他的'").outcome,
+              PlanSave::Outcome::Saved);
     EXPECT_EQ(settersAsked, 0);
     EXPECT_EQ(Rows("select taskTitle,Content from tTaskSet"), "月报|他的");
 }

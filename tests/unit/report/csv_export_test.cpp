@@ -47,7 +47,7 @@ TEST(CsvSaving, SaysHowFarItIsAndEndsWithAWholeFile) {
     const test::TemporaryFolder folder;
     platform::scripted::ScriptedFiles files(folder.Path());
     doubles::MemoryFile whole;
-    const Document document = ListOf(45000);
+    const Document document = ListOf(12000);
     WriteCsv(document, whole);
     CsvSaving saving(document, files.Create("a.csv"));
     EXPECT_EQ(saving.Percent(), 0);
