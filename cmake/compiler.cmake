@@ -20,6 +20,11 @@ if(ZV_FUZZ)
                         -fno-omit-frame-pointer -g1 -O1)
     add_link_options(-fsanitize=address,undefined)
 endif()
+if(ZV_COVERAGE)
+    target_compile_options(zv_options INTERFACE -Wno-error -fprofile-instr-generate -fcoverage-mapping
+                                                -g1 -O1)
+    add_link_options(-fprofile-instr-generate)
+endif()
 if(WIN32)
     target_compile_definitions(zv_options INTERFACE UNICODE _UNICODE WINVER=0x0601
                                _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
