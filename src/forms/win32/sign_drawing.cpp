@@ -1,12 +1,17 @@
 #include "forms/win32/sign_drawing.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <string>
 
 #include "forms/win32/wide_text.h"
 
 namespace zv::forms::win32 {
 namespace {
+
+constexpr int kLongestText = 1024;
+constexpr const wchar_t* kGoesOn = L"\u2026";
 
 int Padding(HDC dc) {
     constexpr int kAtUsualResolution = 6;
@@ -32,11 +37,52 @@ std::optional<COLORREF> ColorOf(const Sign& sign, const SystemTheme& theme, bool
     return RGB((*color >> 16) & 0xFF, (*color >> 8) & 0xFF, *color & 0xFF);
 }
 
+std::wstring TextOf(HWND tree, HTREEITEM item) {
+    std::wstring text(kLongestText, L'\0');
+    TVITEMW asked{};
+    asked.mask = TVIF_TEXT;
+    asked.hItem = item;
+    asked.pszText = text.data();
+    asked.cchTextMax = kLongestText;
+    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&asked));
+    // The tree may answer with a text of its own.
+    return asked.pszText;
+}
+
+/// Where the last letter ends that stands whole in front of a mark, when a text that begins at
+/// `left` may reach to `right`.
+int EndOfWholeLetters(HDC dc, const std::wstring& text, int left, int right) {
+    int count = 0;
+    SIZE size{};
+    const int room = std::max(0, static_cast<int>(right - left - SizeOf(dc, kGoesOn).cx));
+    GetTextExtentExPointW(dc, text.c_str(), static_cast<int>(text.size()), room, &count, nullptr,
+                          &size);
+    const auto letters = static_cast<std::size_t>(count);
+    const bool halves =
+        letters > 0 && letters < text.size() && IS_SURROGATE_PAIR(text[letters - 1], text[letters]);
+    return left + static_cast<int>(SizeOf(dc, text.substr(0, letters - (halves ? 1 : 0))).cx);
+}
+
+/// What a text that reaches under its sign has there instead of the piece of a letter.
+void DrawMark(HDC dc, HWND tree, HTREEITEM item, int right) {
+    RECT label{};
+    if (!RectOf(tree, item, true, label) || label.right <= right) return;
+    const std::wstring text = TextOf(tree, item);
+    // The tree leaves the same room at both ends.
+    const int margin =
+        (static_cast<int>(label.right - label.left) - static_cast<int>(SizeOf(dc, text).cx)) / 2;
+    RECT place{EndOfWholeLetters(dc, text, label.left + margin, right - margin), label.top, right,
+               label.bottom};
+    FillRect(dc, &place, GetSysColorBrush(COLOR_WINDOW));
+    DrawTextW(dc, kGoesOn, -1, &place, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+}
+
 void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const SystemTheme& theme) {
     const HDC dc = draw.nmcd.hdc;
     const HWND tree = draw.nmcd.hdr.hwndFrom;
     RECT row{};
-    if (!RectOf(tree, reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec), false, row)) return;
+    const auto item = reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec);
+    if (!RectOf(tree, item, false, row)) return;
     RECT client{};
     GetClientRect(tree, &client);
     const HGDIOBJ former =
@@ -44,12 +90,14 @@ void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const SystemTheme& theme) 
     const std::wstring text = ToWide(sign.text);
     RECT place{SignLeft(tree, dc, sign) - Padding(dc), row.top, client.right, row.bottom};
     FillRect(dc, &place, GetSysColorBrush(COLOR_WINDOW));
+    const int left = place.left;
     place.right -= Padding(dc);
     const int mode = SetBkMode(dc, TRANSPARENT);
     const COLORREF color =
         SetTextColor(dc, ColorOf(sign, theme, false).value_or(GetSysColor(COLOR_WINDOWTEXT)));
     DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &place,
               DT_RIGHT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    DrawMark(dc, tree, item, left);
     SetTextColor(dc, color);
     SetBkMode(dc, mode);
     SelectObject(dc, former);
