@@ -60,13 +60,13 @@ bool IsHuge(std::string_view digits) {
 
 /// Infinite when it is too large, 0 when it is too small.
 double Convert(std::string_view digits) {
-    if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
+    if (digits.starts_with('+')) digits.remove_prefix(1);
     double value = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (error != std::errc::result_out_of_range) return value;
     if (!IsHuge(digits)) return 0;
     constexpr double kInfinite = std::numeric_limits<double>::infinity();
-    return digits.front() == '-' ? -kInfinite : kInfinite;
+    return digits.starts_with('-') ? -kInfinite : kInfinite;
 }
 
 double Finite(double value) {
