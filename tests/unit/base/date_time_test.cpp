@@ -59,6 +59,9 @@ TEST(DateTimeText, IsReadOnlyInItsOwnForms) {
                              "2003/03-07",
                              "2003-03/07",
                              "200x-03-07",
+                             "200/-03-07",
+                             "2003-03-1/",
+                             "2003-03-0",
                              "2003-0x-07",
                              "2003-03-0:",
                              "2003-03-/1",
@@ -86,7 +89,8 @@ TEST(DateTimeText, IsReadOnlyInItsOwnForms) {
 TEST(DateTime, IsMadeOfPartsThatExist) {
     const auto is = [](int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
         try {
-            return DateTime(year, month, day, hour, minute, second).Year() == year;
+            DateTime(year, month, day, hour, minute, second);
+            return true;
         } catch (const RuntimeError& error) {
             EXPECT_EQ(error.Number(), ErrorNumber::InvalidProcedureCall);
             return false;
@@ -109,6 +113,10 @@ TEST(DateTime, IsTakenApart) {
         EXPECT_EQ(date.Second(), 9);
         EXPECT_EQ(date.Date().IsoDateTime().substr(4), "-03-07 00:00:00");
     }
+    const DateTime late(2003, 3, 7, 23);
+    EXPECT_EQ(late.Hour(), 23);
+    EXPECT_EQ(late.Minute(), 0);
+    EXPECT_EQ(late.AddSeconds(59LL * 60).Minute(), 59);
     EXPECT_EQ(DateTime(2003, 3, 8).Weekday(), 7);
     EXPECT_EQ(DateTime(2003, 3, 9, 23, 59, 59).Weekday(), 1);
     EXPECT_EQ(DateTime(1899, 12, 29, 12).Weekday(), 6);

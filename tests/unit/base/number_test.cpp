@@ -23,7 +23,8 @@ TEST(Number, OneThatIsTooLargeIsInfinite) {
     for (const std::string& text :
          {std::string("1e400"), std::string("+1E400"), std::string(400, '9'),
           "1" + std::string(500, '0') + "e-100", std::string("0.01e999"),
-          std::string("1e99999999999999999999")}) {
+          "0." + std::string(150, '0') + "1e500", "0." + std::string(9600, '0') + "1e10000",
+          "1" + std::string(10000, '0') + "e-9600", std::string("1e99999999999999999999")}) {
         ASSERT_TRUE(Parse(text)) << text;
         EXPECT_TRUE(std::isinf(*Parse(text))) << text;
         EXPECT_GT(*Parse(text), 0) << text;

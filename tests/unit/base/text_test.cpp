@@ -48,6 +48,7 @@ TEST(Text, PartsComeBackFromWhatTheyAreJoinedTo) {
 TEST(Text, IsCutByUnitsAndNeverWithinAPair) {
     EXPECT_EQ(Length("a标😀"), 4U);
     EXPECT_EQ(Length(""), 0U);
+    EXPECT_EQ(Length("\uFFFF\U00010000"), 3U);
     EXPECT_EQ(Left("a标😀b", 0), "");
     EXPECT_EQ(Left("a标😀b", 2), "a标");
     EXPECT_EQ(Left("a标😀b", 3), "a标");
