@@ -5,8 +5,11 @@
 #include "base/text.h"
 #include "scripted_driver.h"
 #include "store/odbc/columns.h"
+#include "store/odbc/connection_string.h"
+#include "store/odbc/diagnostics.h"
 #include "store/odbc/parameters.h"
 #include "store/odbc/row_reader.h"
+#include "store/secrets.h"
 
 namespace zv::store::odbc {
 namespace {
@@ -381,6 +384,107 @@ TEST_F(Parameters, AreCountedFromOneAndEndWhereTheDriverRefuses) {
         EXPECT_FALSE(buffers.Bind(SQL_NULL_HSTMT, {{value, ColumnType::Text}}));
     }
     EXPECT_TRUE(buffers.Bind(SQL_NULL_HSTMT, {}));
+}
+
+using Diagnostics = Driver;
+
+TEST_F(Diagnostics, AreThoseOfTheFirstRecordThatSaysSomething) {
+    const auto diagnose = [&](std::vector<ScriptedDriver::Record> records,
+                              bool connecting = false) {
+        driver.records = std::move(records);
+        return Diagnose(SQL_HANDLE_STMT, SQL_NULL_HANDLE, connecting);
+    };
+    const Diagnosis one = diagnose({{u"42S02", -7, u"[Vendor]No table."}});
+    EXPECT_EQ(one.fault, Fault::Table);
+    EXPECT_EQ(one.code.sqlState, "42S02");
+    EXPECT_EQ(one.code.native, -7);
+    EXPECT_EQ(one.text, "No table.");
+    const Diagnosis second = diagnose({{u"01000", 1, u"changed"}, {u"42S22", 2, u"no column"}});
+    EXPECT_EQ(second.fault, Fault::Column);
+    EXPECT_EQ(second.text, "no column");
+    // The first one stays where it says something, or where none does.
+    EXPECT_EQ(diagnose({{u"42S02", 1, u"first"}, {u"42S22", 2, u"second"}}).text, "first");
+    EXPECT_EQ(diagnose({{u"HY000", 1, u"first"}, {u"HY000", 2, u"second"}}).text, "first");
+    EXPECT_EQ(diagnose({{u"HY000", 1, u"a"}, {u"42S02", 2, u"b"}, {u"42S22", 3, u"c"}}).text, "b");
+    EXPECT_EQ(diagnose({{u"HYT00", 1, u"late"}}, true).fault, Fault::ServerUnknown);
+}
+TEST_F(Diagnostics, AreReadWhole) {
+    for (const std::size_t size : {511U, 512U, 513U, 3000U}) {
+        driver.records = {{u"HY000", 0, std::u16string(size, u'x')}};
+        EXPECT_EQ(Diagnose(SQL_HANDLE_STMT, SQL_NULL_HANDLE, false).text, std::string(size, 'x'));
+    }
+    driver.records = {{u"HY000", 0, u""}};
+    EXPECT_EQ(Diagnose(SQL_HANDLE_STMT, SQL_NULL_HANDLE, false).text, "");
+}
+TEST_F(Diagnostics, AFailureWithoutAnyIsToldAsOne) {
+    const Diagnosis diagnosis = Diagnose(SQL_HANDLE_STMT, SQL_NULL_HANDLE, false);
+    EXPECT_EQ(diagnosis.fault, Fault::Other);
+    EXPECT_EQ(diagnosis.code.sqlState, "HY000");
+    EXPECT_EQ(diagnosis.text, "the driver reports a failure without a reason");
+}
+
+class Options : public Driver {
+ protected:
+    std::string Text() const { return OptionsFor(settings).connectionString; }
+    Options() {
+        settings.kind = 1;
+        driver.installed = {u"Other", u"sql server", u"ODBC Driver 17 for SQL Server"};
+    }
+    ConnectionSettings settings;
+};
+
+TEST_F(Options, NameTheBestDriverThatIsInstalled) {
+    settings.dataPath = "db:1433";
+    EXPECT_EQ(Text(),
+              "Driver={ODBC Driver 17 for SQL Server};Server={db,1433};Trusted_Connection=Yes;");
+    driver.installed.pop_back();
+    EXPECT_EQ(Text(), "Driver={sql server};Server={db,1433};Trusted_Connection=Yes;");
+    driver.installed = {u"FreeTDS"};
+    EXPECT_EQ(Text(), "Driver={FreeTDS};Server=db;Port=1433;TDS_Version=7.4;");
+    settings.dataPath = "db\\instance";
+    EXPECT_EQ(Text(), "Driver={FreeTDS};Server=db\\instance;TDS_Version=7.4;");
+}
+TEST_F(Options, SayWhichDriversWouldDo) {
+    driver.installed = {u"Other"};
+    settings.dataPath = "postgresql:db";
+    try {
+        Text();
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Text(),
+                  "No ODBC driver for PostgreSQL is installed (PostgreSQL Unicode(x64), PostgreSQL "
+                  "Unicode, PostgreSQL Unicode(x86), psqlODBC).");
+        EXPECT_EQ(error.Kind(), ErrorKind::DriverMissing);
+    }
+}
+TEST_F(Options, FillInLoginPasswordAndDatabaseWhereTheyAreKnown) {
+    settings.dataPath = "Driver={SQL Server};Server=db";
+    EXPECT_EQ(Text(), "Driver={SQL Server};Server=db;Trusted_Connection=Yes;");
+    // Without a login a password belongs to nobody.
+    settings.password = "pw";
+    EXPECT_EQ(Text(), "Driver={SQL Server};Server=db;Trusted_Connection=Yes;");
+    settings.login = "me";
+    settings.database = "tasks";
+    EXPECT_EQ(Text(), "Driver={SQL Server};Server=db;Database=tasks;UID=me;PWD=pw;");
+    settings.password = "";
+    EXPECT_EQ(Text(), "Driver={SQL Server};Server=db;Database=tasks;UID=me;");
+    settings = {};
+    settings.dataPath = "Driver={SQL Server};Server=db;Trusted_Connection=No";
+    EXPECT_EQ(Text(), "Driver={SQL Server};Server=db;Trusted_Connection=No;");
+    // Another server is not asked for the user's own account.
+    settings.dataPath = "Driver={SQLite3};Database=a.db";
+    EXPECT_EQ(Text(), "Driver={SQLite3};Database=a.db;NoCreat=1;Timeout=3000;");
+    settings.dataPath = "DSN=Tasks";
+    EXPECT_EQ(Text(), "DSN=Tasks;");
+}
+TEST_F(Options, KnowWhatMessagesMaySayAndWhatNot) {
+    settings.dataPath = "Driver={SQL Server};Server=db;UID=me;PWD=secret";
+    const OdbcOptions options = OptionsFor(settings);
+    EXPECT_EQ(options.name, "db");
+    EXPECT_EQ(WithoutTexts("me and secret", options.secrets), "*** and ***");
+    driver.installed.emplace_back(u"PostgreSQL Unicode");
+    EXPECT_EQ(OptionsFor("postgresql:me@db").name, "db");
+    EXPECT_EQ(OptionsFor("mine@db").name, "db");
 }
 
 }  // namespace

@@ -183,6 +183,13 @@ TEST(IsOdbcConnectionString, AsksForADriverOrADataSource) {
     EXPECT_FALSE(IsOdbcConnectionString("C:\\Driver=\\x.mdb"));
 }
 
+TEST(IsForOdbc, TakesAlsoAddressesThatNameTheirServer) {
+    EXPECT_TRUE(IsForOdbc("DSN=Tasks"));
+    EXPECT_TRUE(IsForOdbc(" PostgreSQL:db"));
+    EXPECT_FALSE(IsForOdbc("db"));
+    EXPECT_FALSE(IsForOdbc("Provider=SQLOLEDB;Data Source=db"));
+}
+
 Fault FaultOf(const char* state, int native, const char* text, bool connecting) {
     return Diagnose(state, native, text, connecting).fault;
 }

@@ -94,4 +94,29 @@ SQLRETURN SQL_API SQLBindParameter(SQLHSTMT, SQLUSMALLINT number, SQLSMALLINT, S
     driver.parameters.back() = {type, data, size, length, sqlType, columnSize};
     return SQL_SUCCESS;
 }
+
+SQLRETURN SQL_API SQLGetDiagRecW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT record, SQLWCHAR* state,
+                                 SQLINTEGER* native, SQLWCHAR* words, SQLSMALLINT size,
+                                 SQLSMALLINT* length) {
+    const auto& records = zv::store::odbc::TheDriver().records;
+    if (record > static_cast<int>(records.size())) return SQL_NO_DATA;
+    const auto& given = records[static_cast<std::size_t>(record - 1)];
+    std::memcpy(state, given.state.c_str(), 6 * sizeof(SQLWCHAR));
+    *native = given.native;
+    *length = static_cast<SQLSMALLINT>(given.words.size());
+    const std::size_t room = static_cast<std::size_t>(size) - 1;
+    const std::u16string part = given.words.substr(0, room);
+    std::memcpy(words, part.c_str(), (part.size() + 1) * sizeof(SQLWCHAR));
+    return given.words.size() > room ? SQL_SUCCESS_WITH_INFO : SQL_SUCCESS;
+}
+
+SQLRETURN SQL_API SQLDriversW(SQLHENV, SQLUSMALLINT direction, SQLWCHAR* name, SQLSMALLINT,
+                              SQLSMALLINT*, SQLWCHAR*, SQLSMALLINT, SQLSMALLINT*) {
+    auto& driver = zv::store::odbc::TheDriver();
+    if (direction == SQL_FETCH_FIRST) driver.installedGiven = 0;
+    if (driver.installedGiven == driver.installed.size()) return SQL_NO_DATA;
+    const std::u16string& given = driver.installed[driver.installedGiven++];
+    std::memcpy(name, given.c_str(), (given.size() + 1) * sizeof(SQLWCHAR));
+    return SQL_SUCCESS;
+}
 }

@@ -35,6 +35,15 @@ struct ScriptedDriver {
     };
     std::map<int, Bound> columns;
     std::vector<Bound> parameters;
+    /// What is said of an error, and the drivers that are installed.
+    struct Record {
+        std::u16string state;
+        SQLINTEGER native = 0;
+        std::u16string words;
+    };
+    std::vector<Record> records;
+    std::vector<std::u16string> installed;
+    std::size_t installedGiven = 0;
     /// Fields that were asked for by themselves, and for how many units of a text.
     std::vector<std::pair<int, std::size_t>> asked;
 
