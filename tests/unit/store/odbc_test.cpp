@@ -109,6 +109,10 @@ TEST(OptionsFor, TellsTheDriverOfPostgreSqlHowToNoticeASilentServer) {
     EXPECT_EQ(usual.Value("pqopt"),
               "keepalives_idle=10 keepalives_interval=3 keepalives_count=3 tcp_user_timeout=30000");
     EXPECT_EQ(usual.Value("BoolsAsChar"), "0");
+    EXPECT_EQ(completed("", 18s).Value("pqopt"),
+              "keepalives_idle=6 keepalives_interval=1 keepalives_count=3 tcp_user_timeout=18000");
+    EXPECT_NE(completed("", 2997ms).Value("pqopt").find("tcp_user_timeout=2000"),
+              std::string::npos);
     // Nothing is less than a second, and nobody waits less than two.
     EXPECT_EQ(completed("", 500ms).Value("pqopt"),
               "keepalives_idle=1 keepalives_interval=1 keepalives_count=3 tcp_user_timeout=2000");
@@ -128,6 +132,11 @@ TEST(OptionsFor, ReadsLoginAndPlaceOfAPostgreSqlAddressAsFarAsTheyGo) {
     EXPECT_EQ(text("postgresql:me:@db"), "Driver={d};Server=db;UID=me;PWD=;");
     EXPECT_EQ(text("postgresql://me:a:b@db:1/t/x"),
               "Driver={d};Server=db;Port=1;Database=t/x;UID=me;PWD=a:b;");
+}
+TEST(DriverOfPostgreSql, IsKnownByEitherName) {
+    for (const char* driver : {"PostgreSQL Unicode", "psqlODBC"}) {
+        EXPECT_EQ(engines::OfDriver(driver), &engines::Of("postgresql")) << driver;
+    }
 }
 TEST(HostAndPort, AreSeparatedByAColonOrAComma) {
     const auto parts = [](std::string_view text) {

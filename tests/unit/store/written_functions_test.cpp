@@ -94,6 +94,7 @@ TEST(WrittenFunctions, ReadALiteralWhereADateIsMeant) {
 TEST(WrittenFunctions, CutTextsOfAnything) {
     ExpectShown({
         {"Left(t,2)", "substr(t,1,max(0,2))", "left(t::text,2)::citext"},
+        {"Left(u,2)", "substr(u,1,max(0,2))", "left(u,2)::citext"},
         {"Left(n,n)", "substr(n,1,max(0,n))",
          "left(n::text,greatest(n::integer,0*n::integer))::citext"},
         {"Left(t,'2')", "substr(t,1,max(0,'2'))",
@@ -156,6 +157,9 @@ TEST(WrittenFunctions, ChooseAmongValuesOfOneKind) {
         {"Nz(n)", "ifnull(n,'')", "coalesce(n::text,'')::citext"},
         {"Nz(n,0)", "ifnull(n,0)", "coalesce(n,0)"},
         {"Nz(u,0)+1", "ifnull(u,0) + 1", "coalesce(u,0) + 1"},
+        {"coalesce(n,t,t)", "coalesce(n,t,t)", "coalesce(n::text,t::text,t::text)::citext"},
+        {"coalesce(u,u)", "coalesce(u,u)", "coalesce(u,u)"},
+        {"IIf(n,u,'x')", "iif(n,u,'x')", "case when n<>0 then u else 'x' end::citext"},
         {"coalesce(n,u,2)", "coalesce(n,u,2)", "coalesce(n,u,2)"},
         {"coalesce(t,n)", "coalesce(t,n)", "coalesce(t::text,n::text)::citext"},
         {"IIf(n,t,'x')", "iif(n,t,'x')", "case when n<>0 then t else 'x' end::citext"},
@@ -237,6 +241,8 @@ TEST(WrittenFunctions, RefuseWhatIsNoNumberWhereTheEngineInsistsOnOne) {
             << call;
     }
     // What a program reads as a number need not be one for a server.
+    EXPECT_EQ(Refusal("postgresql", "select Abs('1-2')").substr(0, 21), "\"1-2\" is not a number");
+    EXPECT_EQ(Refusal("postgresql", "select Abs('')").substr(0, 18), "\"\" is not a number");
     EXPECT_EQ(Refusal("postgresql", "select Abs('1,000')").substr(0, 23),
               "\"1,000\" is not a number");
     EXPECT_EQ(Written("postgresql", "select Abs(' +1.5E-3 ')"), "select abs((+1.5E-3))");
@@ -266,6 +272,8 @@ TEST(WrittenOperators, AddNumbersAndJoinTexts) {
         {"t+n", "t||n", "(t::text||n::text)::citext"},
         {"t+n*2", "t||(n*2)", "(t::text||(n*2)::text)::citext"},
         {"t+d", "t||d", "(t::text||to_char(d,'YYYY-MM-DD HH24:MI:SS'))::citext"},
+        {"(n=1)+'x'", "(n=1)||'x'", "((n=1)::integer::text||'x')::citext"},
+        {"+n", "(+ n)", "(+ n)"},
         {"'5'-1", "'5' - 1", "(5) - 1"},
         {"'6'/'2'", "'6'/'2'", "(6)/(2)"},
         {"(n=1)+1", "(n=1) + 1", "(n=1)::integer + 1"},
@@ -291,6 +299,8 @@ TEST(WrittenOperators, CompareSidesOfOneKind) {
         {"'3/7/2003'<d", "'2003-03-07 00:00:00'<d", "timestamp '2003-03-07 00:00:00'<d"},
         {"d=t", "d=t", "to_char(d,'YYYY-MM-DD HH24:MI:SS')::citext=t"},
         {"'a'='A'", "'a'='A' collate nocase", "'a'::citext='A'"},
+        {"'a'=t", "'a'=t", "'a'=t"},
+        {"n=(select max(n) from x)", "n=(select max(n) from x)", "n=(select max(n) from x)"},
         {"t='A'", "t='A'", "t='A'"},
         {"Left(t,1)='A'", "substr(t,1,max(0,1))='A' collate nocase", "left(t::text,1)::citext='A'"},
         {"n+1=2*(n-1)", "n + 1=2*(n - 1)", "n + 1=2*(n - 1)"},
@@ -315,6 +325,7 @@ TEST(WrittenOperators, TestValues) {
          "d between '2003-03-07 00:00:00' and '2003-03-08 00:00:00'",
          "d between timestamp '2003-03-07 00:00:00' and timestamp '2003-03-08 00:00:00'"},
         {"n in (1,'2')", "n in (1,'2')", "n in (1,(2))"},
+        {"'1' in (n,'2')", "'1' collate nocase in (n,'2')", "(1) in (n,(2))"},
         {"Left(t,1) not in ('a','b')", "substr(t,1,max(0,1)) collate nocase not in ('a','b')",
          "left(t::text,1)::citext not in ('a','b')"},
         {"n in (select n from x)", "n in (select n from x)", "n in (select n from x)"},
@@ -345,12 +356,21 @@ TEST(WrittenStatements, StoreWhatTheColumnTakes) {
     EXPECT_EQ(Written("postgresql", sql),
               "update x set n='5',t=to_char(d,'YYYY-MM-DD HH24:MI:SS'),d=timestamp "
               "'2003-03-07 00:00:00',u=(n=1)::integer,n=t::numeric,n=n + 1 where n=(6)");
+    EXPECT_EQ(Written("postgresql", "update x set u=d,n=d,n=u,t=n"),
+              "update x set u=d,n=d,n=u,t=n");
     const std::string insert = "insert into x(n,t,d) values('5',d,'3/7/2003'),(t,n,d)";
     EXPECT_EQ(Written("sqlite", insert),
               "insert into x(n,t,d) values('5',d,'2003-03-07 00:00:00'),(t,n,d)");
     EXPECT_EQ(Written("postgresql", insert),
               "insert into x(n,t,d) values('5',to_char(d,'YYYY-MM-DD HH24:MI:SS'),timestamp "
               "'2003-03-07 00:00:00'),(t::numeric,n,d)");
+}
+TEST(WrittenStatements, SayWhereNothingStandsInAnOrder) {
+    const std::string sql = "select n from x order by n=1,'x' desc,t,d desc";
+    EXPECT_EQ(Written("sqlite", sql), "select n from x order by n=1,'x' desc,t,d desc");
+    EXPECT_EQ(Written("postgresql", sql),
+              "select n from x order by (n=1)::integer nulls first,lower('x'::text) desc nulls "
+              "last,lower(t) nulls first,d desc nulls last");
 }
 TEST(WrittenStatements, KeepTheirParts) {
     struct Given {
@@ -414,6 +434,8 @@ TEST(WrittenStatements, WhatIsNoneIsRefusedWithItsPlace) {
              {"select n from x where", "the statement ends too early at character 22"},
              {"update x set n 1", "syntax error near \"1\" at character 16"},
              {"select n not 1", "syntax error near \"not\" at character 10"},
+             {"select /1", "syntax error near \"/\" at character 8"},
+             {"select and(1)", "syntax error near \"and\" at character 8"},
              {"select n is 1", "syntax error near \"1\" at character 13"},
              {"select n from x left y", "syntax error near \"y\" at character 22"},
          }) {
