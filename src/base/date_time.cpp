@@ -26,10 +26,9 @@ int SecondOfDay(std::int64_t secondsSince) {
     return static_cast<int>(secondsSince - FloorDay(secondsSince) * kSecondsPerDay);
 }
 
-// Reads exactly `count` digits at `position`.
+// Adds exactly `count` digits at `position` to those of the value.
 bool ReadDigits(std::string_view text, std::size_t position, std::size_t count, int& value) {
     if (position + count > text.size()) return false;
-    value = 0;
     for (std::size_t i = position; i < position + count; i++) {
         if (text[i] < '0' || text[i] > '9') return false;
         value = value * 10 + (text[i] - '0');
@@ -109,19 +108,18 @@ std::optional<DateTime> DateTime::Parse(std::string_view text) {
     int h = 0;
     int mi = 0;
     int s = 0;
-    if (!ReadDigits(text, 0, 4, y) || text.size() < 10 || text[4] != '-' ||
-        !ReadDigits(text, 5, 2, mo) || text[7] != '-' || !ReadDigits(text, 8, 2, d) ||
-        !IsValidDate(y, mo, d)) {
+    const auto has = [&](std::size_t at, char c) { return text.find(c, at) == at; };
+    if (!ReadDigits(text, 0, 4, y) || !has(4, '-') || !ReadDigits(text, 5, 2, mo) || !has(7, '-') ||
+        !ReadDigits(text, 8, 2, d) || !IsValidDate(y, mo, d)) {
         return std::nullopt;
     }
     if (text.size() > 10) {
-        if ((text[10] != ' ' && text[10] != 'T') || !ReadDigits(text, 11, 2, h) ||
-            text.size() < 16 || text[13] != ':' || !ReadDigits(text, 14, 2, mi) || h > 23 ||
-            mi > 59) {
+        if ((!has(10, ' ') && !has(10, 'T')) || !ReadDigits(text, 11, 2, h) || !has(13, ':') ||
+            !ReadDigits(text, 14, 2, mi) || h > 23 || mi > 59) {
             return std::nullopt;
         }
         if (text.size() > 16 &&
-            (text[16] != ':' || !ReadDigits(text, 17, 2, s) || s > 59 || text.size() > 19)) {
+            (!has(16, ':') || !ReadDigits(text, 17, 2, s) || s > 59 || text.size() > 19)) {
             return std::nullopt;
         }
     }

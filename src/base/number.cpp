@@ -17,23 +17,23 @@ bool IsDigit(char c) {
 
 // Length of the longest number at the start of `text`, which holds no blanks.
 std::size_t NumberLength(std::string_view text) {
-    std::size_t at = 0;
-    if (at < text.size() && (text[at] == '+' || text[at] == '-')) at++;
+    const auto peek = [&](std::size_t at) { return at < text.size() ? text[at] : '\0'; };
+    std::size_t at = peek(0) == '+' || peek(0) == '-' ? 1 : 0;
     std::size_t digits = 0;
     bool point = false;
-    while (at < text.size() && (IsDigit(text[at]) || (text[at] == '.' && !point))) {
-        if (text[at] == '.')
+    while (IsDigit(peek(at)) || (peek(at) == '.' && !point)) {
+        if (peek(at) == '.')
             point = true;
         else
             digits++;
         at++;
     }
     if (digits == 0) return 0;
-    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+    if (peek(at) == 'e' || peek(at) == 'E') {
         std::size_t exponent = at + 1;
-        if (exponent < text.size() && (text[exponent] == '+' || text[exponent] == '-')) exponent++;
-        if (exponent < text.size() && IsDigit(text[exponent])) {
-            while (exponent < text.size() && IsDigit(text[exponent])) exponent++;
+        if (peek(exponent) == '+' || peek(exponent) == '-') exponent++;
+        if (IsDigit(peek(exponent))) {
+            while (IsDigit(peek(exponent))) exponent++;
             at = exponent;
         }
     }
@@ -50,7 +50,7 @@ bool IsHuge(std::string_view digits) {
     if (mark != std::string_view::npos) {
         const bool down = digits[mark + 1] == '-';
         double exponent = 0;
-        for (const char c : digits.substr(mark + 1)) {
+        for (const char c : digits.substr(mark)) {
             if (IsDigit(c)) exponent = exponent * 10 + (c - '0');
         }
         magnitude += down ? -exponent : exponent;
@@ -60,13 +60,13 @@ bool IsHuge(std::string_view digits) {
 
 /// Infinite when it is too large, 0 when it is too small.
 double Convert(std::string_view digits) {
-    if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
+    if (digits.starts_with('+')) digits.remove_prefix(1);
     double value = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (error != std::errc::result_out_of_range) return value;
     if (!IsHuge(digits)) return 0;
     constexpr double kInfinite = std::numeric_limits<double>::infinity();
-    return digits.front() == '-' ? -kInfinite : kInfinite;
+    return digits.starts_with('-') ? -kInfinite : kInfinite;
 }
 
 double Finite(double value) {
@@ -109,17 +109,20 @@ double Val(std::string_view text) {
 }
 
 std::optional<double> Parse(std::string_view text) {
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    constexpr std::string_view kBlanks = " \t";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) return std::nullopt;
+    text = text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
     std::string plain;
-    for (std::size_t i = 0; i < text.size(); i++) {
-        // A comma counts as a thousands mark only behind a digit of the whole part.
-        const bool mark = text[i] == ',' && i > 0 && (IsDigit(text[i - 1]) || text[i - 1] == ',') &&
-                          plain.find('.') == std::string::npos;
-        if (!mark) plain += text[i];
+    // A comma counts as a thousands mark only behind a digit of the whole part.
+    bool behindDigit = false;
+    for (const char c : text) {
+        behindDigit = behindDigit && c == ',' && plain.find('.') == std::string::npos;
+        if (behindDigit) continue;
+        plain += c;
+        behindDigit = IsDigit(c);
     }
-    if (plain.empty() || NumberLength(plain) != plain.size()) return std::nullopt;
+    if (NumberLength(plain) != plain.size()) return std::nullopt;
     return Convert(plain);
 }
 

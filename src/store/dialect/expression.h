@@ -22,9 +22,7 @@ struct Expression {
     bool foldsCase = false;    ///< a computed text that compares without regard to case
     std::size_t position = 0;  ///< in the source statement, from 1
     std::optional<std::string> literal;  ///< the value of a bare text literal
-    std::optional<std::string> date;     ///< the value of a bare date, stored form
     std::string column;                  ///< name of a bare column
-    std::string qualifier;               ///< in front of that name
 };
 
 /// The expression's text, in parentheses when its operator binds less tightly than `level`.

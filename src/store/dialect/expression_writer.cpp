@@ -43,7 +43,6 @@ Expression Writer::WriteExpression(const Node& node) const {
             return result;
         case Kind::Date:
             result.kind = ColumnKind::Date;
-            result.date = node.text;
             result.sql = target_.DateLiteral(node.text);
             return result;
         case Kind::Number:
@@ -102,7 +101,6 @@ Expression Writer::WriteColumn(const Node& node) const {
     Expression result;
     result.position = node.position;
     result.column = node.text;
-    result.qualifier = node.qualifier;
     if (!node.qualifier.empty()) result.sql = target_.Name(node.qualifier) + ".";
     result.sql += target_.Name(node.text);
     result.kind = schema_.KindOf(node.text);

@@ -22,7 +22,6 @@ void Target::MakeDate(Expression& value) const {
     if (stored.empty()) ThrowAt("\"" + *value.literal + "\" is not a date", value.position);
     value.sql = DateLiteral(stored);
     value.kind = ColumnKind::Date;
-    value.date = stored;
     value.literal.reset();
 }
 

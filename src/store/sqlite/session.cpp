@@ -35,6 +35,15 @@ ErrorNumber NumberOf(std::string_view message) {
     return ErrorNumber::DatabaseFailure;
 }
 
+/// The engine takes a name in quotes that is no column for a text that was meant; the names of a
+/// translation are all in quotes.
+std::string WithoutHint(std::string message) {
+    const std::size_t hint = message.find("\" - should this be a string literal");
+    const std::size_t quote = message.rfind('"', hint - 1);
+    if (hint == std::string::npos || quote == std::string::npos) return message;
+    return message.substr(0, quote) + message.substr(quote + 1, hint - quote - 1);
+}
+
 /// The place of the name that `message` ends in - "no such column: a.x" - in the statement.
 std::string PlaceOf(std::string_view message, const std::string& source) {
     const std::size_t colon = message.rfind(": ");
@@ -350,7 +359,7 @@ std::int64_t Session::LastRowId() const {
 
 void Session::Throw(const std::string& source) const {
     if (sqlite3_errcode(handle_) == SQLITE_NOMEM) ThrowOutOfMemory();
-    std::string message = sqlite3_errmsg(handle_);
+    std::string message = WithoutHint(sqlite3_errmsg(handle_));
     const ErrorNumber number = NumberOf(message);
     message += PlaceOf(message, source);
     throw RuntimeError(number, message, kErrorSource)

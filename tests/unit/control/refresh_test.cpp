@@ -458,6 +458,13 @@ TEST_F(Refresh, AnAlertPassDuringTheLoadingOfAnotherDoesNothing) {
     EXPECT_TRUE(stage.Window()->IsShown());
 }
 
+TEST_F(Refresh, CardModeLeavesAMaximisedWindowAsItIs) {
+    EXPECT_EQ(stage.Refresh(9), 0);
+    stage.Window()->SetState(forms::WindowState::Maximised);
+    EXPECT_EQ(stage.Refresh(9), 0);
+    EXPECT_EQ(stage.Window()->State(), forms::WindowState::Maximised);
+}
+
 TEST_F(Refresh, CardModeRestoresAMinimisedWindow) {
     EXPECT_EQ(stage.Refresh(9), 0);
     stage.Window()->SetState(forms::WindowState::Minimised);

@@ -78,6 +78,16 @@ TEST_F(ImportDamaged, RowsOfTheCatalogueAreGone) {
     ExpectRefused("table MSysObjects: page 14 is not one of its pages");
 }
 
+TEST_F(ImportDamaged, ANameInTheCatalogueThatCannotBeReadIsNamedWithItsRow) {
+    const std::size_t name = bytes_.find(std::string("c\0a\0r\0d\0s\0", 10), 14 * kPage);
+    // Where the name ends is told behind it in the row.
+    const std::size_t end = name + 44;
+    ASSERT_LT(end, 15 * kPage);
+    ASSERT_EQ(bytes_[end], 42);
+    bytes_[end] = 41;
+    ExpectRefused(": Name cannot be read: a text ends in the middle of a character");
+}
+
 // Every third page; ZV_FUZZ_FILES in the environment asks for all.
 TEST_F(ImportDamaged, LostPagesOfRowsAreNoticed) {
     const std::string whole = bytes_;

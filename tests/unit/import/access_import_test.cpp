@@ -4,6 +4,7 @@
 
 #include "access_rows_file.h"
 #include "scratch.h"
+#include "zvdb/access/mdb_file.h"
 #include "zvdb/engine.h"
 
 namespace zv::zvdb {
@@ -74,6 +75,21 @@ TEST_F(ImportAccess, TheContentSaysWhatAFileIs) {
     EXPECT_EQ(import.status, 3);
     EXPECT_NE(import.out.find("backup.dat, Access file (Jet 4)\n"), std::string::npos)
         << import.out;
+}
+
+TEST_F(ImportAccess, TheVersionOfAFileStandsInItsHead) {
+    const auto version = [&](char number) {
+        std::string bytes = Bytes(AccessFixture("taskAlert-2000.mdb"));
+        bytes[0x14] = number;
+        Write("a.mdb", bytes);
+        return access::MdbFile(Path("a.mdb")).Version();
+    };
+    EXPECT_EQ(version(1), "Jet 4");
+    EXPECT_EQ(version(2), "ACE 12");
+    EXPECT_EQ(version(3), "ACE 14");
+    EXPECT_EQ(version(4), "ACE 15");
+    EXPECT_EQ(version(5), "ACE 16");
+    EXPECT_EQ(version(6), "ACE 17");
 }
 
 TEST_F(ImportAccess, ALockFileBesideItIsReported) {

@@ -123,6 +123,21 @@ TEST_F(ImportServer, ATargetWithRowsIsRefusedUnlessAskedFor) {
     EXPECT_EQ(Ask("select count(*) from employees where employee='mine'"), 0);
 }
 
+TEST_F(ImportServer, ModulesThatWereRegisteredWithTheTablesAreNoRowsOfAnybody) {
+    ASSERT_EQ(RunZvdb({"create", "--to", server_, "--force"}).status, 0);
+    ASSERT_EQ(Ask("select count(*) from tsysfunc"), 4);
+    Sample(30);
+    const Outcome import = RunZvdb({"import", Path("a.db"), server_});
+    EXPECT_EQ(import.status, 0) << import.out << import.err;
+    EXPECT_EQ(Ask("select count(*) from ttasklist"), 30);
+    Run("delete from ttasklist");
+    for (const char* table : {"ttaskset", "cards", "trsbasic", "employees", "rptlistdetail"}) {
+        Run(std::string("delete from ") + table);
+    }
+    Run("update tsysfunc set model_name='mine'");
+    ExpectRefused(RunZvdb({"import", Path("a.db"), server_}), "it is not empty (tSysFunc has ");
+}
+
 TEST_F(ImportServer, ADryRunWritesNothing) {
     const Outcome dry =
         RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), server_, "--dry-run"});

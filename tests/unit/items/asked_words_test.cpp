@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "items/names.h"
+
 namespace zv::items {
 namespace {
 
@@ -74,6 +76,14 @@ TEST(DescribeCriteria, AKindThatNobodyChoseIsADash) {
     AskCriteria criteria;
     criteria.type = -1;
     EXPECT_EQ(DescribeCriteria(criteria, Heading, kSimplified), "[taskTime]：不限；[fType]：-");
+}
+
+TEST(DescribeCriteria, AKindOrAStateBehindTheLastIsADash) {
+    AskCriteria criteria;
+    criteria.type = static_cast<int>(KindNames(kSimplified).size());
+    criteria.state = static_cast<int>(StateNames(kSimplified).size());
+    EXPECT_EQ(DescribeCriteria(criteria, Heading, kSimplified),
+              "[taskTime]：不限；[fType]：-；[tDone]：-");
 }
 
 }  // namespace

@@ -127,6 +127,14 @@ TEST_F(GenerateTaskListTest, KeepsDoneItemsByteForByteWhenTheUserSaysNo) {
     EXPECT_EQ(Rows("select count(*) from tTaskList where taskTime='2003-01-31 00:00:00'"), "2");
 }
 
+TEST_F(GenerateTaskListTest, AConnectionThatTheHostLetsGoOfWhileTheQuestionStandsIsOpenedAgain) {
+    AddDoneItem();
+    whileAsked = [this] { database.Close(); };
+    EXPECT_EQ(Generate(), Generation::Finished);
+    EXPECT_EQ(Dates(), kFourDates);
+    EXPECT_EQ(Executor(), "张三");
+}
+
 TEST_F(GenerateTaskListTest, AVisitThatIsEnteredWhileTheQuestionStandsStays) {
     AddDoneItem();
     deletesDone = true;
@@ -350,6 +358,12 @@ TEST_F(AddTaskInstanceTest, AddsNoSecondItemWhenOneCameWhileTheQuestionStood) {
     whileAsked = [this] {
         Sql("insert into tTaskList(TaskID,taskTime,tDone) values(7,'2003-03-10 00:00:00',0)");
     };
+    EXPECT_EQ(Add(), Instance::IsThere);
+    EXPECT_EQ(Rows("select count(*) from tTaskList"), "1");
+}
+
+TEST_F(AddTaskInstanceTest, AConnectionThatTheHostLetsGoOfWhileTheQuestionStandsIsOpenedAgain) {
+    whileAsked = [this] { database.Close(); };
     EXPECT_EQ(Add(), Instance::IsThere);
     EXPECT_EQ(Rows("select count(*) from tTaskList"), "1");
 }

@@ -37,6 +37,17 @@ TEST(Session, TheDateDelimiterFollowsTheKind) {
     EXPECT_EQ(stage.session.database.DateLiteral(day), "'03/07/2003'");
 }
 
+TEST(Session, TheKindInUseIsThatOfTheOpenConnectionAndElseThatOfTheProperties) {
+    test::TestApplication stage;
+    stage.session.state.SQLData = 2;
+    EXPECT_EQ(stage.session.DatabaseKind(), 2);
+    stage.session.database.OpenConnection(stage.session.Settings());
+    stage.session.state.SQLData = 0;
+    EXPECT_EQ(stage.session.DatabaseKind(), 2);
+    stage.session.database.Leave();
+    EXPECT_EQ(stage.session.DatabaseKind(), 0);
+}
+
 TEST(Session, AFailedOpeningNamesReasonAndPath) {
     test::TestApplication stage;
     stage.session.state.UserPath = stage.Path("missing file 数据.mdb");

@@ -20,6 +20,10 @@ TEST_P(ConnectionTest, CountsRowsThatAStatementChanged) {
     EXPECT_EQ(connection_->Execute("Update tTaskList Set tDone=1,tDoneMan = 'x' where fID =7"), 0);
     EXPECT_EQ(connection_->Execute("delete from tTaskList"), 2);
 }
+TEST_P(ConnectionTest, ASelectThatIsExecutedChangesNoRow) {
+    Execute("insert into tTaskList(taskTitle) values('a'),('b')");
+    EXPECT_EQ(connection_->Execute("select * from tTaskList"), 0);
+}
 TEST_P(ConnectionTest, RaisesTheClosedErrorOnceClosed) {
     const auto reading = Read("select * from cards");
     const auto editing = Edit("select * from cards");
@@ -275,6 +279,20 @@ TEST_F(SqliteConnectionTest, YieldsDatesAsTextsWhenAsked) {
     const auto rows =
         raw->Open("select taskTime from tTaskList", CursorType::ForwardOnly, LockType::ReadOnly);
     EXPECT_EQ(rows->Field(0), Value("2003-03-07 00:00:00"));
+}
+TEST_F(SqliteConnectionTest, AStatementThatWritesAndYieldsRowsLeavesTheRowsOfOthersAlone) {
+    Execute("insert into tTaskList(fID,taskTitle) values(1,'a'),(2,'b'),(3,'c')");
+    const auto raw = OpenSqlite(path_, {.translate = false});
+    const auto open = [&](const std::string& sql) {
+        return raw->Open(sql, CursorType::ForwardOnly, LockType::ReadOnly);
+    };
+    const auto rows = open("select fID,taskTitle from tTaskList order by rowid");
+    const auto deleted = open("delete from tTaskList where fID>1 returning fID");
+    EXPECT_EQ(deleted->Field(0).ToInt32(), 2);
+    while (!deleted->Eof()) deleted->MoveNext();
+    std::string titles;
+    for (; !rows->Eof(); rows->MoveNext()) titles += rows->Field(1).ToText();
+    EXPECT_EQ(titles, "abc");
 }
 TEST_F(SqliteConnectionTest, HoldsNoLockThatStopsAnotherWriterOrTheLogFromBeingEmptied) {
     Execute("insert into tTaskList(fType) values(0),(1),(2)");

@@ -99,6 +99,64 @@ TEST(OptionsFor, ASilentServerIsAskedAfterAThirdOfTheTimeLimit) {
     EXPECT_NE(entries.Value("pqopt").find("keepalives_idle=10 "), std::string::npos)
         << entries.Value("pqopt");
 }
+TEST(OptionsFor, TellsTheDriverOfPostgreSqlHowToNoticeASilentServer) {
+    const auto completed = [](const char* given, std::chrono::milliseconds limit) {
+        ConnectionEntries entries(given);
+        engines::Of("postgresql").connecting->Complete(entries, limit);
+        return entries;
+    };
+    const auto usual = completed("Server=db", 30s);
+    EXPECT_EQ(usual.Value("pqopt"),
+              "keepalives_idle=10 keepalives_interval=3 keepalives_count=3 tcp_user_timeout=30000");
+    EXPECT_EQ(usual.Value("BoolsAsChar"), "0");
+    EXPECT_EQ(completed("", 18s).Value("pqopt"),
+              "keepalives_idle=6 keepalives_interval=1 keepalives_count=3 tcp_user_timeout=18000");
+    EXPECT_NE(completed("", 2997ms).Value("pqopt").find("tcp_user_timeout=2000"),
+              std::string::npos);
+    // Nothing is less than a second, and nobody waits less than two.
+    EXPECT_EQ(completed("", 500ms).Value("pqopt"),
+              "keepalives_idle=1 keepalives_interval=1 keepalives_count=3 tcp_user_timeout=2000");
+    const auto given = completed("BoolsAsChar=1;pqopt={tcp_user_timeout=7}", 30s);
+    EXPECT_EQ(given.Value("pqopt"),
+              "tcp_user_timeout=7 keepalives_idle=10 keepalives_interval=3 keepalives_count=3");
+    EXPECT_EQ(given.Value("BoolsAsChar"), "1");
+}
+TEST(OptionsFor, ReadsLoginAndPlaceOfAPostgreSqlAddressAsFarAsTheyGo) {
+    const auto text = [](const char* address) {
+        return engines::Of("postgresql").connecting->EntriesFor(address, "d").Text();
+    };
+    EXPECT_EQ(text("postgresql:"), "Driver={d};Server=localhost;");
+    EXPECT_EQ(text("postgresql:/tasks"), "Driver={d};Server=localhost;Database=tasks;");
+    EXPECT_EQ(text("postgresql:db/"), "Driver={d};Server=db;");
+    EXPECT_EQ(text("postgresql:me@db"), "Driver={d};Server=db;UID=me;");
+    EXPECT_EQ(text("postgresql:me:@db"), "Driver={d};Server=db;UID=me;PWD=;");
+    EXPECT_EQ(text("postgresql://me:a:b@db:1/t/x"),
+              "Driver={d};Server=db;Port=1;Database=t/x;UID=me;PWD=a:b;");
+}
+TEST(DriverOfPostgreSql, IsKnownByEitherName) {
+    for (const char* driver : {"PostgreSQL Unicode", "psqlODBC"}) {
+        EXPECT_EQ(engines::OfDriver(driver), &engines::Of("postgresql")) << driver;
+    }
+}
+TEST(HostAndPort, AreSeparatedByAColonOrAComma) {
+    const auto parts = [](std::string_view text) {
+        const auto [host, port] = engines::HostAndPort(text);
+        return std::string(host) + "|" + std::string(port);
+    };
+    EXPECT_EQ(parts("db"), "db|");
+    EXPECT_EQ(parts("db:5432"), "db|5432");
+    EXPECT_EQ(parts("db,1433"), "db|1433");
+    EXPECT_EQ(parts("db:65535"), "db|65535");
+    EXPECT_EQ(parts("db:655350"), "db:655350|");
+    EXPECT_EQ(parts("db:"), "db:|");
+    EXPECT_EQ(parts("db:x1"), "db:x1|");
+    EXPECT_EQ(parts("[::1]:5433"), "::1|5433");
+    EXPECT_EQ(parts("[::1]"), "::1|");
+    EXPECT_EQ(parts("[::1]5433"), "::1|");
+    EXPECT_EQ(parts("[::1]:x"), "::1|");
+    EXPECT_EQ(parts("[::1"), "[::1|");
+    EXPECT_EQ(parts(""), "|");
+}
 TEST(OptionsFor, ReportsAServerWithoutADriver) {
     // No driver for SQL Server comes with the system that the tests run on.
     try {
@@ -132,6 +190,13 @@ TEST(IsOdbcConnectionString, AsksForADriverOrADataSource) {
     EXPECT_FALSE(IsOdbcConnectionString("db\\instance"));
     EXPECT_FALSE(IsOdbcConnectionString("Provider=SQLOLEDB;Data Source=db"));
     EXPECT_FALSE(IsOdbcConnectionString("C:\\Driver=\\x.mdb"));
+}
+
+TEST(IsForOdbc, TakesAlsoAddressesThatNameTheirServer) {
+    EXPECT_TRUE(IsForOdbc("DSN=Tasks"));
+    EXPECT_TRUE(IsForOdbc(" PostgreSQL:db"));
+    EXPECT_FALSE(IsForOdbc("db"));
+    EXPECT_FALSE(IsForOdbc("Provider=SQLOLEDB;Data Source=db"));
 }
 
 Fault FaultOf(const char* state, int native, const char* text, bool connecting) {
@@ -181,6 +246,117 @@ TEST(Diagnose, LeavesTheDriversWordsWithoutTheirDecorations) {
                        false)
                   .text,
               "Words.");
+}
+TEST(Diagnose, WordsOfALostConnectionCountWhateverTheStateSays) {
+    for (const char* state : {"42601", "HY000", "S1000", ""}) {
+        EXPECT_EQ(FaultOf(state, 0, "Server closed the connection unexpectedly", false),
+                  Fault::ConnectionLost)
+            << state;
+    }
+}
+TEST(Diagnose, OtherWordsCountOnlyWhereTheStateSaysNothing) {
+    EXPECT_EQ(FaultOf("HY000", 1, "no such table: x", false), Fault::Table);
+    EXPECT_EQ(FaultOf("S1000", 1, "near \"x\": syntax error", false), Fault::Statement);
+    EXPECT_EQ(FaultOf("42S22", 1, "no such table: x", false), Fault::Column);
+    EXPECT_EQ(FaultOf("23505", 1, "the value 'no such table' is there already", false),
+              Fault::Other);
+    EXPECT_EQ(FaultOf("HY000", 1, "something else", false), Fault::Other);
+}
+TEST(Diagnose, KnowsTheStatesOfAllDrivers) {
+    struct Case {
+        const char* state;
+        Fault fault;
+        Fault connecting;
+    };
+    for (const Case& each :
+         std::vector<Case>{{"S0002", Fault::Table, Fault::Table},
+                           {"S0022", Fault::Column, Fault::Column},
+                           {"42999", Fault::Statement, Fault::Statement},
+                           {"37000", Fault::Statement, Fault::Statement},
+                           {"07002", Fault::Statement, Fault::Statement},
+                           {"28000", Fault::LoginRefused, Fault::LoginRefused},
+                           {"3D000", Fault::DatabaseUnknown, Fault::DatabaseUnknown},
+                           {"HYT00", Fault::TimeLimit, Fault::ServerUnknown},
+                           {"S1T00", Fault::TimeLimit, Fault::ServerUnknown},
+                           {"HY008", Fault::TimeLimit, Fault::ServerUnknown},
+                           {"57014", Fault::TimeLimit, Fault::ServerUnknown},
+                           {"HYT01", Fault::ConnectionLost, Fault::ServerUnknown},
+                           {"08S01", Fault::ConnectionLost, Fault::ServerUnknown},
+                           {"IM003", Fault::DriverMissing, Fault::DriverMissing},
+                           {"IM004", Fault::DriverMissing, Fault::DriverMissing},
+                           {"53300", Fault::TooManyConnections, Fault::TooManyConnections},
+                           // What it is else is for the kinds of errors to say.
+                           {"42501", Fault::Other, Fault::Other},
+                           {"23505", Fault::Other, Fault::Other},
+                           {"01000", Fault::Other, Fault::Other}}) {
+        EXPECT_EQ(FaultOf(each.state, 0, "words", false), each.fault) << each.state;
+        EXPECT_EQ(FaultOf(each.state, 0, "words", true), each.connecting) << each.state;
+    }
+}
+TEST(Diagnose, OfAConnectionTheServersNumberComesFirstAndThenTheDriverManager) {
+    EXPECT_EQ(FaultOf("08001", 18456, "timeout", true), Fault::LoginRefused);
+    EXPECT_EQ(FaultOf("08001", 4060, "timeout", true), Fault::DatabaseUnknown);
+    // Of a statement it says nothing of a login.
+    EXPECT_EQ(FaultOf("HY000", 18456, "words", false), Fault::Other);
+    EXPECT_EQ(FaultOf("HY000", 0, "Data source name not found; connection refused", true),
+              Fault::DriverMissing);
+    for (const char* words :
+         {"timeout expired", "Timed out", "connection refused", "could not connect to it",
+          "No route to host", "network is unreachable", "the database system is starting up"}) {
+        EXPECT_EQ(FaultOf("HY000", 0, words, true), Fault::ServerUnknown) << words;
+    }
+}
+TEST(Diagnose, TakesOnlyWholeDecorationsFromTheWords) {
+    const auto words = [](const char* text) { return Diagnose("HY000", 0, text, false).text; };
+    EXPECT_EQ(words("[A][B] [c] d"), "[c] d");
+    EXPECT_EQ(words("[open text"), "[open text");
+    EXPECT_EQ(words("FATAL:  gone \r\n "), "gone");
+    EXPECT_EQ(words("an ERROR: inside"), "an ERROR: inside");
+    EXPECT_EQ(words(" \r\n"), "");
+    EXPECT_EQ(words(""), "");
+}
+TEST(ConnectError, SaysWhatHelps) {
+    const auto text = [](Fault fault) {
+        const RuntimeError error = ConnectError({fault, {"HY000", 7}, "words of sa"}, "db", {"sa"});
+        EXPECT_EQ(error.Source(), "ODBC");
+        EXPECT_EQ(error.Code().native, 7);
+        EXPECT_EQ(error.Number(), fault == Fault::DriverMissing ? ErrorNumber::CannotCreateObject
+                                                                : ErrorNumber::DatabaseFailure);
+        return error.Text();
+    };
+    const std::string head = "Cannot connect to the database server \"db\": ";
+    EXPECT_EQ(text(Fault::LoginRefused), head + "the server refused the login.");
+    for (const Fault silent : {Fault::ServerUnknown, Fault::ConnectionLost}) {
+        EXPECT_EQ(text(silent), head + "the server cannot be reached or does not answer.");
+    }
+    EXPECT_EQ(text(Fault::TimeLimit), head + "the server did not answer within the time limit.");
+    EXPECT_EQ(text(Fault::DatabaseUnknown), head + "the server has no such database.");
+    EXPECT_EQ(text(Fault::TooManyConnections),
+              head + "the server has no connection left. Try again later.");
+    EXPECT_EQ(text(Fault::DriverMissing),
+              head + "its ODBC driver or data source is not installed.");
+    EXPECT_EQ(text(Fault::Other), head + "words of *** (SQLSTATE HY000, code 7)");
+}
+TEST(StatementError, HasANumberForWhatIsWrong) {
+    struct Case {
+        Fault fault;
+        ErrorNumber number;
+        const char* text;
+    };
+    for (const Case& each :
+         std::vector<Case>{{Fault::Table, ErrorNumber::DatabaseTable, "words of ***"},
+                           {Fault::Column, ErrorNumber::DatabaseColumn, "words of ***"},
+                           {Fault::Statement, ErrorNumber::DatabaseStatement, "words of ***"},
+                           {Fault::Other, ErrorNumber::DatabaseFailure, "words of ***"},
+                           {Fault::TimeLimit, ErrorNumber::DatabaseFailure,
+                            "The database server did not answer within the time limit."},
+                           {Fault::ConnectionLost, ErrorNumber::DatabaseFailure,
+                            "The connection to the database server was lost. Try again."}}) {
+        const RuntimeError error =
+            StatementError({each.fault, {"HY000", -7}, "words of sa"}, {"sa"});
+        EXPECT_EQ(error.Number(), each.number);
+        EXPECT_EQ(error.Text(), std::string(each.text) + " (SQLSTATE HY000, code -7)");
+    }
 }
 TEST(StatementError, CarriesCodesAndWords) {
     const auto error = StatementError(Diagnose("42S02", 208, "[M][D]No table.", false), {});

@@ -134,6 +134,33 @@ TEST_F(ZvdbSample, IsTheSameForTheSameSeedAndDay) {
     EXPECT_NE(a, Dump(Path("d.db")));
 }
 
+/// The same on every machine (FNV-1a).
+std::uint64_t SumOf(const std::string& text) {
+    std::uint64_t sum = 0xCBF29CE484222325;
+    for (const char c : text) sum = (sum ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+    return sum;
+}
+
+// What was once written down of a sample is still so in another version, with another compiler.
+// Whoever changes the words or the rules of samples changes these sums.
+TEST_F(ZvdbSample, IsTheSameOnEveryMachine) {
+    struct Case {
+        std::vector<std::string> options;
+        std::uint64_t sum;
+    };
+    for (const Case& each : std::vector<Case>{
+             {{}, 0xA92C718DF8F2AFE9},
+             {{"--script", "simplified", "--items", "700", "--today", "2004-02-29"},
+              0x5802F26273FBE4C},
+             {{"--script", "traditional", "--plans", "70", "--cards", "150", "--seed", "9"},
+              0x41CA17E5D50EA7EE}}) {
+        std::vector<std::string> arguments = {"sample", Path("a.db"), "--force"};
+        arguments.insert(arguments.end(), each.options.begin(), each.options.end());
+        ASSERT_EQ(RunZvdb(arguments).status, 0);
+        EXPECT_EQ(SumOf(Dump(Path("a.db"))), each.sum) << each.options.size();
+    }
+}
+
 TEST_F(ZvdbSample, IsWrittenInTheScriptAskedFor) {
     // Of each script some characters that the other one does not write.
     const std::vector<std::string> simplified = {"务", "销", "报", "检", "会", "电", "紧", "号",

@@ -34,9 +34,7 @@ void Replace(Expression& value, std::string sql, ColumnKind kind) {
     value.kind = kind;
     value.level = Level::Primary;
     value.literal.reset();
-    value.date.reset();
     value.column.clear();
-    value.qualifier.clear();
     value.condition = false;
     value.foldsCase = false;
 }
@@ -81,7 +79,7 @@ class PostgreSqlTarget final : public Target {
 
     void MakeText(Expression& value) const override {
         MakeValue(value);
-        if (value.literal || value.kind == ColumnKind::Unknown) return;
+        if (value.kind == ColumnKind::Unknown) return;
         if (value.kind == ColumnKind::Date) {
             Replace(value, "to_char(" + value.sql + "," + kStoredForm + ")", ColumnKind::Text);
         } else if (value.kind == ColumnKind::Number || !value.column.empty() || value.foldsCase) {
@@ -123,7 +121,7 @@ class PostgreSqlTarget final : public Target {
         if (kind == ColumnKind::Date) {
             MakeDate(value);
         } else if (kind == ColumnKind::Number) {
-            if (value.kind == ColumnKind::Text && !value.literal) MakeNumber(value);
+            if (!value.literal) MakeNumber(value);
         } else if (kind == ColumnKind::Text && value.kind == ColumnKind::Date) {
             MakeText(value);
         }
@@ -149,8 +147,7 @@ class PostgreSqlTarget final : public Target {
     ColumnKind Unify(const std::vector<Expression*>& values, ColumnKind usual) const override {
         ColumnKind kind = ColumnKind::Unknown;
         bool mixed = false;
-        for (Expression* value : values) {
-            MakeValue(*value);
+        for (const Expression* value : values) {
             if (value->kind == ColumnKind::Unknown) continue;
             mixed = mixed || (kind != ColumnKind::Unknown && kind != value->kind);
             kind = value->kind;
