@@ -21,8 +21,9 @@ if(ZV_FUZZ)
     add_link_options(-fsanitize=address,undefined)
 endif()
 if(ZV_COVERAGE)
+    # Counters that can be moved may stand in a file.
     target_compile_options(zv_options INTERFACE -Wno-error -fprofile-instr-generate -fcoverage-mapping
-                                                -g1 -O1)
+                                                "SHELL:-mllvm -runtime-counter-relocation" -g1 -O1)
     add_link_options(-fprofile-instr-generate)
 endif()
 if(WIN32)

@@ -26,13 +26,15 @@ int SecondOfDay(std::int64_t secondsSince) {
     return static_cast<int>(secondsSince - FloorDay(secondsSince) * kSecondsPerDay);
 }
 
-// Adds exactly `count` digits at `position` to those of the value.
+// Reads exactly `count` digits at `position`.
 bool ReadDigits(std::string_view text, std::size_t position, std::size_t count, int& value) {
     if (position + count > text.size()) return false;
+    int read = 0;
     for (std::size_t i = position; i < position + count; i++) {
         if (text[i] < '0' || text[i] > '9') return false;
-        value = value * 10 + (text[i] - '0');
+        read = read * 10 + (text[i] - '0');
     }
+    value = read;
     return true;
 }
 
@@ -108,7 +110,7 @@ std::optional<DateTime> DateTime::Parse(std::string_view text) {
     int h = 0;
     int mi = 0;
     int s = 0;
-    const auto has = [&](std::size_t at, char c) { return text.find(c, at) == at; };
+    const auto has = [&](std::size_t at, char c) { return at < text.size() && text[at] == c; };
     if (!ReadDigits(text, 0, 4, y) || !has(4, '-') || !ReadDigits(text, 5, 2, mo) || !has(7, '-') ||
         !ReadDigits(text, 8, 2, d) || !IsValidDate(y, mo, d)) {
         return std::nullopt;

@@ -106,6 +106,13 @@ TEST_F(TreeSigns, ATextThatTheSignCoversEndsInAMarkBehindAWholeLetter) {
     EXPECT_GT(WholeLetters("", "i"), 20);
 }
 
+TEST_F(TreeSigns, ATextBeyondAllBoundsEndsAsALongOneDoes) {
+    const auto covered = Picture(Repeated("国", kTooMany));
+    for (const int letters : {300, 2000, 9000}) {
+        EXPECT_EQ(Picture(Repeated("国", letters)), covered) << letters;
+    }
+}
+
 TEST_F(TreeSigns, ALetterOfTwoUnitsIsNotDrawnByHalves) {
     EXPECT_GT(WholeLetters("", "\xF0\xA0\xAE\xB7"), 3);  // U+20BB7
 }

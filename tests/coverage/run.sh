@@ -15,15 +15,16 @@ if [ -z "${ZV_LONG:-}" ]; then
     exit 1
 fi
 source tools/setup/compiler_cache.sh
-command -v llvm-cov-16 >/dev/null && command -v clang++-16 >/dev/null \
-    && [ -e /usr/lib/llvm-16/lib/clang/16/lib/linux ] \
-    || apt-get install -y clang-16 llvm-16 libclang-rt-16-dev || exit 1
+{ tools/setup/packages && tools/setup/clang16; } || exit 1
 cmake --preset native-coverage >/dev/null && cmake --build --preset native-coverage || exit 1
 
 rm -rf "$work"
 mkdir -p "$work/counts"
-# Programs that run at the same time share files; each adds to one of them.
-LLVM_PROFILE_FILE=$work/counts/%4m.profraw \
+# The counts stand in files that a program shares with its children, so that what a child does counts
+# also when it ends without a word. Two tests are left out: one lets a program write no more than a small
+# file, the other asks for the version of the usual compiler.
+LLVM_PROFILE_FILE=$work/counts/%p%c.profraw \
+    GTEST_FILTER='-ImportProcess.ADiskThatTakesNoMoreIsAnError:ZvdbUsage.ReportsItsVersion*' \
     tests/server/postgresql.sh with ctest --preset native-coverage -j"$(nproc)" -LE ring >"$work/tests.log" 2>&1
 status=$?
 llvm-profdata-16 merge -sparse "$work"/counts/*.profraw -o "$work/counts.profdata" || exit 1

@@ -1,5 +1,6 @@
 // A small generator of pseudo-random numbers whose sequence is the same with every compiler and
-// library, so that sample data can be made again from its seed.
+// library, so that sample data can be made again from its seed. What is drawn twice is drawn in two
+// statements: the order within one is the compiler's.
 #pragma once
 
 #include <array>

@@ -24,7 +24,8 @@ std::string LandLine(Random& random, const City& city) {
 std::string Mobile(Random& random, const City& city) {
     if (city.traditional) return "0900-000-" + Digits(random, 3);
     constexpr std::array<const char*, 5> kNets = {"138", "139", "136", "159", "186"};
-    return std::string(random.Pick(kNets)) + "0000" + Digits(random, 4);
+    const std::string last = Digits(random, 4);
+    return std::string(random.Pick(kNets)) + "0000" + last;
 }
 
 std::string Upper(std::string_view text) {
@@ -100,11 +101,12 @@ std::vector<Card> FillCards(Engine& engine, const SampleOptions& options, Progre
         char code[24];
         std::snprintf(code, sizeof code, "%.2s%05d", Upper(company ? stem.latin : "gr").c_str(),
                       number);
-        const std::string address =
-            std::string(random.Pick(Streets()).In(traditional)) +
-            std::to_string(random.Between(1, 1999)) + (traditional ? "號" : "号") +
-            (random.Chance(60) ? std::to_string(random.Between(2, 28)) + (traditional ? "樓" : "楼")
-                               : "");
+        const std::string floor =
+            random.Chance(60) ? std::to_string(random.Between(2, 28)) + (traditional ? "樓" : "楼")
+                              : "";
+        const std::string house = std::to_string(random.Between(1, 1999));
+        const std::string address = std::string(random.Pick(Streets()).In(traditional)) + house +
+                                    (traditional ? "號" : "号") + floor;
         const std::string phone = company ? LandLine(random, city) : "";
         const std::string home = random.Chance(35) || !company ? LandLine(random, city) : "";
         const std::string mobile = random.Chance(85) ? Mobile(random, city) : "";

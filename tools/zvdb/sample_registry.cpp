@@ -73,8 +73,8 @@ std::vector<Person> FillStaff(Engine& engine, const SampleOptions& options) {
         // One colleague in seven comes from an office that writes in the traditional script.
         const bool traditional = options.IsTraditional(n % 7 == 6);
         Person person;
-        person.name = std::string(random.Pick(Surnames()).In(traditional)) +
-                      std::string(random.Pick(GivenNames()).In(traditional));
+        const std::string given(random.Pick(GivenNames()).In(traditional));
+        person.name = std::string(random.Pick(Surnames()).In(traditional)) + given;
         bool taken = false;
         for (const Person& other : staff) taken = taken || other.name == person.name;
         if (taken) continue;

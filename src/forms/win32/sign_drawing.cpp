@@ -10,7 +10,6 @@
 namespace zv::forms::win32 {
 namespace {
 
-constexpr int kLongestText = 1024;
 constexpr const wchar_t* kGoesOn = L"\u2026";
 
 int Padding(HDC dc) {
@@ -37,18 +36,6 @@ std::optional<COLORREF> ColorOf(const Sign& sign, const SystemTheme& theme, bool
     return RGB((*color >> 16) & 0xFF, (*color >> 8) & 0xFF, *color & 0xFF);
 }
 
-std::wstring TextOf(HWND tree, HTREEITEM item) {
-    std::wstring text(kLongestText, L'\0');
-    TVITEMW asked{};
-    asked.mask = TVIF_TEXT;
-    asked.hItem = item;
-    asked.pszText = text.data();
-    asked.cchTextMax = kLongestText;
-    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&asked));
-    // The tree may answer with a text of its own.
-    return asked.pszText;
-}
-
 /// Where the last letter ends that stands whole in front of a mark, when a text that begins at
 /// `left` may reach to `right`.
 int EndOfWholeLetters(HDC dc, const std::wstring& text, int left, int right) {
@@ -64,20 +51,22 @@ int EndOfWholeLetters(HDC dc, const std::wstring& text, int left, int right) {
 }
 
 /// What a text that reaches under its sign has there instead of the piece of a letter.
-void DrawMark(HDC dc, HWND tree, HTREEITEM item, int right) {
+void DrawMark(HDC dc, HWND tree, HTREEITEM item, int right,
+              const std::function<std::wstring()>& whole) {
     RECT label{};
     if (!RectOf(tree, item, true, label) || label.right <= right) return;
-    const std::wstring text = TextOf(tree, item);
-    // The tree leaves the same room at both ends.
-    const int margin =
-        (static_cast<int>(label.right - label.left) - static_cast<int>(SizeOf(dc, text).cx)) / 2;
+    const std::wstring text = whole();
+    // The tree leaves the same room at both ends, if it shows the whole text.
+    const int rest = static_cast<int>(label.right - label.left - SizeOf(dc, text).cx);
+    const int margin = std::clamp(rest / 2, 0, Padding(dc));
     RECT place{EndOfWholeLetters(dc, text, label.left + margin, right - margin), label.top, right,
                label.bottom};
     FillRect(dc, &place, GetSysColorBrush(COLOR_WINDOW));
     DrawTextW(dc, kGoesOn, -1, &place, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
 }
 
-void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const SystemTheme& theme) {
+void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const TextOfItem& text,
+              const SystemTheme& theme) {
     const HDC dc = draw.nmcd.hdc;
     const HWND tree = draw.nmcd.hdr.hwndFrom;
     RECT row{};
@@ -87,7 +76,7 @@ void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const SystemTheme& theme) 
     GetClientRect(tree, &client);
     const HGDIOBJ former =
         SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(tree, WM_GETFONT, 0, 0)));
-    const std::wstring text = ToWide(sign.text);
+    const std::wstring word = ToWide(sign.text);
     RECT place{SignLeft(tree, dc, sign) - Padding(dc), row.top, client.right, row.bottom};
     FillRect(dc, &place, GetSysColorBrush(COLOR_WINDOW));
     const int left = place.left;
@@ -95,9 +84,9 @@ void DrawWord(NMTVCUSTOMDRAW& draw, const Sign& sign, const SystemTheme& theme) 
     const int mode = SetBkMode(dc, TRANSPARENT);
     const COLORREF color =
         SetTextColor(dc, ColorOf(sign, theme, false).value_or(GetSysColor(COLOR_WINDOWTEXT)));
-    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &place,
+    DrawTextW(dc, word.c_str(), static_cast<int>(word.size()), &place,
               DT_RIGHT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
-    DrawMark(dc, tree, item, left);
+    DrawMark(dc, tree, item, left, [&] { return text(draw.nmcd.lItemlParam); });
     SetTextColor(dc, color);
     SetBkMode(dc, mode);
     SelectObject(dc, former);
@@ -128,7 +117,8 @@ bool IsCut(HWND tree, HTREEITEM item, const std::optional<Sign>& sign) {
     return text.left < 0 || text.right > right;
 }
 
-LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const SystemTheme& theme) {
+LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const TextOfItem& text,
+                      const SystemTheme& theme) {
     switch (draw.nmcd.dwDrawStage) {
         case CDDS_PREPAINT:
             return CDRF_NOTIFYITEMDRAW;
@@ -140,7 +130,7 @@ LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const System
             return CDRF_NOTIFYPOSTPAINT;
         }
         case CDDS_ITEMPOSTPAINT:
-            if (const auto found = sign(draw.nmcd.lItemlParam)) DrawWord(draw, *found, theme);
+            if (const auto found = sign(draw.nmcd.lItemlParam)) DrawWord(draw, *found, text, theme);
             return CDRF_DODEFAULT;
         default:
             return CDRF_DODEFAULT;

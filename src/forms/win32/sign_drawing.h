@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "forms/backend.h"
 #include "forms/sign.h"
@@ -28,10 +29,13 @@ class PaintedTheme {
 
 /// The sign of a native item, nothing for one without.
 using SignOfItem = std::function<std::optional<Sign>(LPARAM item)>;
+/// The whole text of a native item as it is shown.
+using TextOfItem = std::function<std::wstring(LPARAM item)>;
 
 /// Answers NM_CUSTOMDRAW of a tree: colours the texts and puts the words behind them at the right
-/// edge, over what a long text has there.
-LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const SystemTheme& theme);
+/// edge. A long text ends in front of them with whole letters and a mark.
+LRESULT DrawTreeSigns(NMTVCUSTOMDRAW& draw, const SignOfItem& sign, const TextOfItem& text,
+                      const SystemTheme& theme);
 /// Where the word of a sign begins in the client area of a tree.
 int SignLeft(HWND tree, HDC dc, const Sign& sign);
 /// Whether a node's text is cut at the right edge, or covered there by its sign.

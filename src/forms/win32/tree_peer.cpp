@@ -445,6 +445,11 @@ std::optional<LRESULT> NativeTree::OnMessage(UINT message, WPARAM wParam, LPARAM
 LRESULT NativeTree::OnCustomDraw(NMTVCUSTOMDRAW& draw) {
     return DrawTreeSigns(
         draw, [this](LPARAM slot) { return SignOf(slot); },
+        [this](LPARAM slot) {
+            std::wstring text;
+            ToDisplay(Tree().Text(At(static_cast<int>(slot)).node), text);
+            return text;
+        },
         theme_.At(draw.nmcd, Tree().Owner().Windows().GetBackend()));
 }
 

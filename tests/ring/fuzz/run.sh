@@ -43,8 +43,7 @@ if [ -z "${ZV_LONG:-}" ]; then
     exit
 fi
 
-command -v clang++-16 >/dev/null && [ -e /usr/lib/llvm-16/lib/clang/16/lib/linux ] \
-    || apt-get install -y clang-16 libclang-rt-16-dev || exit 1
+"$root/tools/setup/clang16" || exit 1
 cd "$root" && cmake --preset native-fuzz >/dev/null && cmake --build --preset native-fuzz -j2 --target fuzz || exit 1
 bin=$root/build/native-fuzz/bin
 mkdir -p "$logs"

@@ -32,6 +32,13 @@ void SaveWindowPicture(HWND window, const std::filesystem::path& file) {
         GetWindowRect(menu, &beside);
         UnionRect(&place, &place, &beside);
     }
+    // What lies beyond the screens has no points, and asking for them would give none at all.
+    RECT screens{};
+    screens.left = GetSystemMetrics(SM_XVIRTUALSCREEN);
+    screens.top = GetSystemMetrics(SM_YVIRTUALSCREEN);
+    screens.right = screens.left + GetSystemMetrics(SM_CXVIRTUALSCREEN);
+    screens.bottom = screens.top + GetSystemMetrics(SM_CYVIRTUALSCREEN);
+    IntersectRect(&place, &place, &screens);
     const LONG width = place.right - place.left;
     const LONG height = place.bottom - place.top;
     const forms::win32::WindowDc screen(nullptr);
@@ -42,8 +49,10 @@ void SaveWindowPicture(HWND window, const std::filesystem::path& file) {
     const forms::win32::Bitmap bitmap(
         CreateDIBSection(memory.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     const forms::win32::Selected selected(memory.get(), bitmap.get());
-    BitBlt(memory.get(), 0, 0, static_cast<int>(width), static_cast<int>(height), screen.get(),
-           static_cast<int>(place.left), static_cast<int>(place.top), SRCCOPY);
+    if (!BitBlt(memory.get(), 0, 0, static_cast<int>(width), static_cast<int>(height), screen.get(),
+                static_cast<int>(place.left), static_cast<int>(place.top), SRCCOPY)) {
+        throw DriverError("the screen gives no picture of " + file.stem().string());
+    }
     GdiFlush();
 
     const auto size = static_cast<DWORD>(width * height) * static_cast<DWORD>(sizeof(DWORD));
