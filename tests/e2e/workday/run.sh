@@ -323,7 +323,7 @@ outside mouse frmTaskDone.txtTitle
 outside write "1"
 picture completion frmTaskDone
 outside keys Escape
-answer "what was typed is asked about" "輸入的內容還沒有保存*" Tab Enter
+answer "what was typed is asked about" "輸入的內容還沒有儲存*" Tab Enter
 expect "Escape closes it" goes frmTaskDone
 
 # --- the property bag, and the end ---

@@ -3,10 +3,17 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <vector>
 
 #include "base/errors.h"
 #include "resources/error_texts.h"
+#include "resources/language.h"
 #include "resources/text_ids.h"
 
 namespace zv::resources {
@@ -88,6 +95,36 @@ TEST(SpokenLanguage, IsTheOneOfErrors) {
 TEST(Languages, NameThemselves) {
     EXPECT_EQ(LoadText(DesignText::LanguageName, kSimplifiedChinese), "简体中文");
     EXPECT_EQ(LoadText(DesignText::LanguageName, kTraditionalChinese), "繁體中文");
+}
+
+/// The texts of a language that its catalogue does not fix.
+std::vector<std::string_view> OwnTexts(std::int16_t number) {
+    std::vector<std::string_view> all;
+    const auto add = [&]<class Id>(const Texts<Id>& texts) {
+        if constexpr (!std::is_same_v<Id, std::int16_t>) {
+            for (const Text<Id>& text : texts) all.push_back(text.text);
+        }
+    };
+    std::apply([&](const auto&... texts) { (add(texts), ...); }, LanguageOf(number));
+    return all;
+}
+
+TEST(Languages, HaveOneWordForOneThing) {
+    // What the other script, or another part of the same country, calls it.
+    const std::map<std::int16_t, std::vector<std::string>> foreign = {
+        {kSimplifiedChinese,
+         {"储存", "资料库", "档案", "使用者", "伺服器", "预设", "选单", "视窗"}},
+        {kTraditionalChinese,
+         {"保存", "數據", "文件", "用戶", "服務器", "默認", "菜單", "窗口", "當前", "網絡"}}};
+    for (const auto& [language, words] : foreign) {
+        const auto texts = OwnTexts(language);
+        EXPECT_GT(texts.size(), 300U);
+        for (const std::string_view text : texts) {
+            for (const std::string& word : words) {
+                EXPECT_FALSE(text.find(word) != std::string_view::npos) << text;
+            }
+        }
+    }
 }
 
 TEST(FillIn, TakesThePlacesOfTheTextOnly) {
