@@ -298,6 +298,24 @@ TEST_F(Resolution, AWindowIsLaidOutOnceMoreByTextsOfTheNewOne) {
     }
 }
 
+TEST_F(Resolution, TheBarsOfAWindowStandFromTheStart) {
+    for (const Size room : {Size{800, 300}, Size{300, 600}, Size{300, 300}, Size{800, 600}}) {
+        stand_->SetWorkArea({0, 0, room.width, room.height});
+        auto& other = windows_.Create<TestForm>("frmSmall");
+        other.SetSizable(true);
+        other.SetMinimumClientSize({400, 400});
+        other.SetClientSize({400, 400});
+        other.Show(false);
+        const auto* shown = static_cast<driver::PlayedBackend&>(stand_->GetBackend()).Find(other);
+        const auto style = GetWindowLongPtrW(shown->Handle(), GWL_STYLE);
+        EXPECT_EQ((style & WS_VSCROLL) != 0, other.View().HasVerticalBar()) << room.height;
+        EXPECT_EQ((style & WS_HSCROLL) != 0, other.View().HasHorizontalBar()) << room.width;
+        EXPECT_EQ(other.View().HasVerticalBar() || other.View().HasHorizontalBar(),
+                  room != Size(800, 600));
+        other.Unload();
+    }
+}
+
 struct ScrollingForm : TestForm {
     explicit ScrollingForm(WindowSystem& windows) : TestForm(windows, "frmScrolling") {
         constexpr int kMany = 100;

@@ -84,6 +84,8 @@ void FormWindow::Build() {
         LayOutAgain();
     // Laid out for other texts, it may need another size.
     if (form_.View().Inside() != InsideUnits()) BoundsChanged();
+    // The form tells what it shows of its content to a peer that it has.
+    ViewChanged();
 }
 
 void FormWindow::Build(Control& control, int id) {
