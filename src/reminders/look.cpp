@@ -14,19 +14,16 @@ bool WasOverdueBefore(const Subject& subject, DateTime firstLook) {
     return subject.date && subject.date->Date() < firstLook.Date();
 }
 
-// The least of what follows now, no later than the interval allows.
+// The earliest of the moments to come, no later than the interval allows.
 class NextLook {
  public:
     NextLook(DateTime now, int interval)
-        : now_(now), next_(now.AddSeconds(kSecondsOfMinute * std::max(interval, 1))) {}
+        : next_(now.AddSeconds(kSecondsOfMinute * std::max(interval, 1))) {}
 
-    void At(DateTime moment) {
-        if (moment > now_) next_ = std::min(next_, moment);
-    }
+    void At(DateTime moment) { next_ = std::min(next_, moment); }
     DateTime Get() const { return next_; }
 
  private:
-    DateTime now_;
     DateTime next_;
 };
 

@@ -8,7 +8,7 @@
 namespace zv::reminders {
 namespace {
 
-const DateTime kNow(2003, 3, 7, 9, 30);
+const DateTime kMorning(2003, 3, 7, 9, 30);
 
 Answer AnswerFor(std::int32_t item, std::optional<DateTime> until = std::nullopt) {
     return {{0, item, DateTime(2003, 3, 7), "t"}, until};
@@ -21,7 +21,7 @@ class SettingsMemoryTest : public testing::Test {
 };
 
 TEST_F(SettingsMemoryTest, KeepsWhatWasAnsweredForTheNextProgram) {
-    const Answer putOff{{3, 0, DateTime(2003, 3, 7, 14), "核对 'O''Brien'\n\t%"}, kNow};
+    const Answer putOff{{3, 0, DateTime(2003, 3, 7, 14), "核对 'O''Brien'\n\t%"}, kMorning};
     const Answer dismissed{{0, 9, std::nullopt, ""}, std::nullopt};
     memory_.Keep("Li", putOff);
     memory_.Keep("Li", dismissed);
@@ -37,7 +37,7 @@ TEST_F(SettingsMemoryTest, KeepsEachUsersOwn) {
 TEST_F(SettingsMemoryTest, ALaterAnswerTakesThePlaceOfAnEarlierOne) {
     memory_.Keep("Li", AnswerFor(1));
     memory_.Keep("Li", AnswerFor(2));
-    Answer again = AnswerFor(1, kNow);
+    Answer again = AnswerFor(1, kMorning);
     again.key.title = "u";
     memory_.Keep("Li", again);
     EXPECT_EQ(memory_.Answers("Li"), (std::vector{AnswerFor(2), again}));
@@ -89,9 +89,9 @@ TEST_F(SettingsMemoryTest, LeavesOutWhatIsNoAnswer) {
 }
 
 TEST_F(SettingsMemoryTest, TheFirstLookIsTheFirstEver) {
-    EXPECT_EQ(memory_.FirstLook("Li", kNow), kNow);
-    EXPECT_EQ(memory_.FirstLook("li", kNow.AddDays(9)), kNow);
-    EXPECT_EQ(memory_.FirstLook("Wang", kNow.AddDays(9)), kNow.AddDays(9));
+    EXPECT_EQ(memory_.FirstLook("Li", kMorning), kMorning);
+    EXPECT_EQ(memory_.FirstLook("li", kMorning.AddDays(9)), kMorning);
+    EXPECT_EQ(memory_.FirstLook("Wang", kMorning.AddDays(9)), kMorning.AddDays(9));
 }
 
 }  // namespace

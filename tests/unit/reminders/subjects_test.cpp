@@ -120,12 +120,13 @@ TEST_P(SubjectsTest, CountsOfTheOldWhatConcernsTheUser) {
     Add("visit to the card of that number", old + ",7,1,'甲',null", ",TaskID,fType,tDoneMan,fUser");
     Add("setter", old + ",0,0,'甲','乙'", ",TaskID,fType,tDoneMan,fUser");
     Add("nobody", old + ",0,0,'',null", ",TaskID,fType,tDoneMan,fUser");
-    EXPECT_EQ(CountOld(database_, kFirstLook, "乙"), 3);
-    EXPECT_EQ(CountOld(database_, kFirstLook, "甲"), 3);
-    EXPECT_EQ(CountOld(database_, kFirstLook, "O'Brien"), 2);
-    EXPECT_EQ(CountOld(database_, kFirstLook, "丁"), 1);
-    EXPECT_EQ(CountOld(database_, kFirstLook, ""), 1);
-    EXPECT_EQ(CountOld(database_, kFirstLook, std::nullopt), 4);
+    Add("visit that names nobody", old + ",7,1,'',null", ",TaskID,fType,tDoneMan,fUser");
+    EXPECT_EQ(CountOld(database_, kFirstLook, "乙"), 4);
+    EXPECT_EQ(CountOld(database_, kFirstLook, "甲"), 4);
+    EXPECT_EQ(CountOld(database_, kFirstLook, "O'Brien"), 3);
+    EXPECT_EQ(CountOld(database_, kFirstLook, "丁"), 2);
+    EXPECT_EQ(CountOld(database_, kFirstLook, ""), 2);
+    EXPECT_EQ(CountOld(database_, kFirstLook, std::nullopt), 5);
 }
 
 TEST(SubjectStatement, IsWrittenInTheDialectOfTheDatabase) {
