@@ -25,7 +25,7 @@ void MakeSample(const std::string& path, int items, int cards = zv::zvdb::Sample
     options.items = items;
     options.cards = cards;
     options.today = zv::bench::Day();
-    zv::zvdb::CreateDatabase(path, true, &options, progress);
+    zv::zvdb::CreateDatabase(path, true, false, &options, progress);
 }
 
 /// Moves items into the day or away from it until exactly `due` are due.

@@ -31,7 +31,7 @@ check "what ships links nothing that plays the user" \
         xargs grep -nE 'zv_(driver|doubles|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
 
 # A folder may include only folders that stand before it in this list, and itself.
-order=(base automation store platform resources suite items cards staff plans forms progress session reports windows control com)
+order=(base automation store platform resources suite items cards staff plans reminders forms progress session reports windows control com)
 allowed=
 for folder in "${order[@]}"; do
     allowed="$allowed${allowed:+|}$folder"

@@ -10,6 +10,7 @@
 #include "items/fields.h"
 #include "plans/plan_row.h"
 #include "staff/staff_columns.h"
+#include "zvdb/import/system_tables.h"
 
 namespace zv::zvdb {
 namespace {
@@ -143,6 +144,11 @@ Report CheckSchema(Inspected& database) {
         report.counts.emplace_back(
             table.name, database.Number(std::string("select count(*) from ") + table.name));
     }
+    for (const TableRule& table : SideTables()) {
+        if (database.Columns(table.name).empty()) continue;
+        report.counts.emplace_back(table.name,
+                                   database.Number("select count(*) from " + table.name));
+    }
     return report;
 }
 
@@ -161,6 +167,7 @@ Report CheckContents(Inspected& database) {
         rules::CheckItems(database, report.problems);
         rules::CheckRegistry(database, report.problems);
     }
+    rules::CheckSideTables(database, report.problems);
     return report;
 }
 

@@ -20,7 +20,8 @@ class FileError : public std::runtime_error {
 };
 
 struct Report {
-    /// Rows of each table of the schema that is there, in the schema's order.
+    /// Rows of each table of the schema that is there, in the schema's order, then of each side
+    /// table that is there.
     std::vector<std::pair<std::string, std::int64_t>> counts;
     /// A sentence each; empty when all is well.
     std::vector<std::string> problems;
@@ -31,7 +32,8 @@ void CheckFile(const std::string& path);
 /// The engine's error as a FileError.
 [[noreturn]] void ThrowFileError(const EngineError& error);
 
-/// The tables and columns that are missing, and the counts; does not look at the rows.
+/// The tables and columns of the schema that are missing, and the counts; does not look at the
+/// rows.
 Report CheckSchema(Inspected& database);
 Report CheckSchema(Engine& engine);
 
@@ -51,6 +53,9 @@ namespace rules {
 void CheckItems(Inspected& database, std::vector<std::string>& problems);
 void CheckPlans(Inspected& database, std::vector<std::string>& problems);
 void CheckRegistry(Inspected& database, std::vector<std::string>& problems);
+
+/// None of them is no problem. Asks for the tables and columns by itself.
+void CheckSideTables(Inspected& database, std::vector<std::string>& problems);
 
 /// Adds "<what>: <first few keys> (N in all)" when `select` (its first columns are the key) yields
 /// rows.

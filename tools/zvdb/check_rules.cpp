@@ -6,6 +6,7 @@
 #include "items/item.h"
 #include "plans/plan_rules.h"
 #include "zvdb/check.h"
+#include "zvdb/side_tables.h"
 
 namespace zv::zvdb::rules {
 namespace {
@@ -166,6 +167,16 @@ void CheckRegistry(Inspected& database, std::vector<std::string>& problems) {
          "select min(fTable),min(FieldName) from rptListDetail group by lower(fTable),"
          "lower(FieldName) having count(*)>1",
          2);
+}
+
+void CheckSideTables(Inspected& database, std::vector<std::string>& problems) {
+    const SideTablesFound found = FindSideTables(database);
+    if (!found.any) return;
+    for (const SidePart& part : found.missing) {
+        problems.push_back(part.Called() +
+                           " is missing beside the other side tables (zvdb upgrade makes it)");
+    }
+    problems.insert(problems.end(), found.faults.begin(), found.faults.end());
 }
 
 }  // namespace zv::zvdb::rules

@@ -13,12 +13,12 @@ namespace zv::zvdb {
 const char kHelp[] =
     R"(zvdb - makes, fills, checks and moves databases of the task manager
 
-  zvdb create FILE [--force]
-  zvdb create --to SERVER [--force] [options of sample]
+  zvdb create FILE [--force] [--side-tables]
+  zvdb create --to SERVER [--force] [--side-tables] [options of sample]
       Creates a database to start with, or its tables in a database of a server: without
       items, with the modules registered that the windows ask for. An import may fill it.
   zvdb sample FILE [--items N] [--cards N] [--plans N] [--today DATE] [--seed S]
-                   [--script simplified|traditional] [--force] [--quiet]
+                   [--script simplified|traditional] [--force] [--side-tables] [--quiet]
   zvdb sample --to SERVER with the same options
       Creates a database with sample data around DATE (YYYY-MM-DD; this day when
       left out). The same numbers, day and seed give the same data. 400 items when
@@ -28,11 +28,17 @@ const char kHelp[] =
   zvdb check --to SERVER
       Shows the rows of each table, and everything that is wrong: damage, missing
       tables and columns, references to rows that are gone, values out of range.
+  zvdb upgrade FILE [--dry-run]
+  zvdb upgrade --to SERVER [--dry-run]
+      Makes the side tables as far as they are missing, and shows what it made: what
+      users put off or dismissed, who did what, and an index that finds what is due. A
+      database without them works as well. The tables of the system stay as they are.
   zvdb import FROM TO [--dry-run] [--replace] [--quiet]
       Copies all tables, compares counts and sums, and reports what did not fit. FROM
       is an Access file, an embedded file or a server, TO an embedded file or a
       SERVER with tables (create --to), but not by "HOST" alone. FROM is only read. A
-      TO that holds rows is refused without --replace.
+      TO that holds rows is refused without --replace. It gets the side tables when
+      FROM has them.
   zvdb backup FILE TO [--force] [--quiet]
       Copies an embedded file that programs may have open, as it is at one moment,
       and checks the copy. Copying FILE by other means loses what is in its log.
@@ -56,6 +62,8 @@ const char kHelp[] =
 
   --force   replaces a file that is there, or the tables of the system on a SERVER;
             without it nothing is ever overwritten
+  --side-tables
+            makes the side tables, too
   --dry-run reads and judges everything, writes nothing
   --replace empties the tables of TO first; all in one step with the import. A
             restore takes the place of all that FILE holds
@@ -65,8 +73,8 @@ Exit status:
   0  all is well; after an import, a backup or a restore check finds nothing in the copy
   1  check found something wrong, or an import is complete with remarks, none of which
      check would find in the copy
-  2  wrong arguments, a file that cannot be made or read, or an import, backup or
-     restore that was not made: what was there is as it was
+  2  wrong arguments, a file that cannot be made or read, or an upgrade, import,
+     backup or restore that was not made: what was there is as it was
   3  an import, a backup or a restore is complete, but the copy holds what check finds
      fault with, reported as "wrong", or could not be checked. A dry run does not look for it
 )";
@@ -119,6 +127,7 @@ Command CommandNamed(const std::string& name) {
     if (name == "create") return Command::Create;
     if (name == "sample") return Command::Sample;
     if (name == "check") return Command::Check;
+    if (name == "upgrade") return Command::Upgrade;
     if (name == "import") return Command::Import;
     if (name == "mode") return Command::Mode;
     if (name == "backup") return Command::Backup;
@@ -225,6 +234,10 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments, DateTime
             line.force = true;
         } else if (argument == "--quiet" && writes) {
             line.quiet = true;
+        } else if (argument == "--side-tables" && writes) {
+            line.sideTables = true;
+        } else if (argument == "--dry-run" && line.command == Command::Upgrade) {
+            line.dryRun = true;
         } else if (argument == "--items" && samples(argument)) {
             line.sample.items = Whole(argument, value(), 0, SampleOptions::kMaxItems);
         } else if (argument == "--cards" && samples(argument)) {

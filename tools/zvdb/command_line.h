@@ -10,7 +10,7 @@
 
 namespace zv::zvdb {
 
-enum class Command { Help, Version, Create, Sample, Check, Import, Mode, Backup, Restore };
+enum class Command { Help, Version, Create, Sample, Check, Upgrade, Import, Mode, Backup, Restore };
 
 struct CommandLine {
     Command command = Command::Help;
@@ -20,6 +20,8 @@ struct CommandLine {
     bool replace = false;
     bool force = false;
     bool quiet = false;
+    bool dryRun = false;
+    bool sideTables = false;
     SampleOptions sample;
     ImportCommand import;
 };

@@ -1,4 +1,6 @@
 #include "base/text.h"
+#include "store/engines/engines.h"
+#include "store/sqlite/database_file.h"
 #include "zvdb/inspected.h"
 
 namespace zv::zvdb {
@@ -27,10 +29,35 @@ class EmbeddedInspected final : public Inspected {
 
     std::set<std::string> Columns(const std::string& table) override {
         std::set<std::string> names;
-        Statement columns(engine_, "select name from pragma_table_info(?)");
+        Statement columns(engine_, "select name from pragma_table_info(?,'main')");
         columns.Bind(table);
         while (columns.Step()) names.insert(text::ToLower(columns.Text(0)));
         return names;
+    }
+
+    std::string IndexMaking(const std::string& index) override {
+        Statement parts(
+            engine_,
+            "select m.tbl_name,l.\"unique\",l.partial or x.\"desc\",x.name,x.coll "
+            "from main.sqlite_master m,pragma_index_list(m.tbl_name,'main') l,"
+            "pragma_index_xinfo(m.name,'main') x where m.type='index' and l.name=m.name and "
+            "lower(m.name)=lower(?) and x.key=1 order by x.seqno");
+        parts.Bind(index);
+        std::string making;
+        bool plain = true;
+        while (parts.Step()) {
+            const std::string table = parts.Text(0);
+            making += making.empty() ? (parts.Number(1) != 0 ? "unique " : "") + table + '(' : ",";
+            making += parts.Text(3);
+            plain = plain && parts.Number(2) == 0 &&
+                    text::EqualsIgnoreCase(parts.Text(4), Collation(table, parts.Text(3)));
+        }
+        if (making.empty()) return making;
+        return text::ToLower(making) + (plain ? ")" : ") otherwise");
+    }
+
+    std::string_view SideTables() const override {
+        return store::sqlite::EmbeddedEngine().sideTables;
     }
 
     // A text such as "2003-02-30" is turned into another day by the engine, which gives it away.
@@ -50,6 +77,17 @@ class EmbeddedInspected final : public Inspected {
     }
 
  private:
+    /// Of a column; empty for an expression, which has no name.
+    std::string Collation(const std::string& table, const std::string& column) {
+        const char* collation = nullptr;
+        if (column.empty() || sqlite3_table_column_metadata(
+                                  engine_.Handle(), "main", table.c_str(), column.c_str(), nullptr,
+                                  &collation, nullptr, nullptr, nullptr) != SQLITE_OK) {
+            return {};
+        }
+        return collation;
+    }
+
     Engine& engine_;
 };
 

@@ -4,6 +4,24 @@
 
 namespace zv::zvdb {
 
+std::string WhyNotWritten(const EngineError& error) {
+    switch (error.Code()) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return "another program has the file open";
+        case SQLITE_FULL:
+            return "there is no room for it on the disk";
+        case SQLITE_IOERR:
+            return "the disk does not take it: no room, or a limit on the size of files";
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+        case SQLITE_CANTOPEN:
+            return "the file cannot be written";
+        default:
+            return error.what();
+    }
+}
+
 Engine::Engine(const std::string& path, int flags, Users users) {
     namespace sqlite = store::sqlite;
     const bool share = users == Users::Others && path != ":memory:" && sqlite::IsOnShare(path);

@@ -21,6 +21,9 @@ class EngineError : public std::runtime_error {
     int code_;
 };
 
+/// Why a file was not written, for its user.
+std::string WhyNotWritten(const EngineError& error);
+
 /// The file is in a mode that is not safe where it lies; the text holds path and remedy.
 class ShareError : public std::runtime_error {
  public:

@@ -5,6 +5,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zvdb/engine.h"
@@ -31,6 +32,12 @@ class Inspected {
     virtual std::unique_ptr<InspectedRows> Select(const std::string& sql) = 0;
     /// The columns of a table in lower case, empty when there is no such table.
     virtual std::set<std::string> Columns(const std::string& table) = 0;
+    /// How an index is made, in lower case: "unique table(column,column)", the first word where it
+    /// is so, and " otherwise" behind where there is more to it than columns that rise. Empty when
+    /// there is none.
+    virtual std::string IndexMaking(const std::string& index) = 0;
+    /// The script that makes what a database of this engine may have beside its tables.
+    virtual std::string_view SideTables() const = 0;
     /// A condition that is true for rows whose column holds something that is no date.
     virtual std::string NotADate(const std::string& column) const = 0;
     /// What is wrong with the database as its engine keeps it, a sentence each.

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "store/engines/engines.h"
 #include "store/sqlite/create_database.h"
+#include "store/sqlite/database_file.h"
 #include "zvdb/import/interruption.h"
 #include "zvdb/indexes_aside.h"
 #include "zvdb/new_file.h"
@@ -44,7 +46,7 @@ void Fill(Engine& engine, const SampleOptions* options, Progress& progress) {
 
 }  // namespace
 
-std::vector<std::string> CreateDatabase(const std::string& path, bool replace,
+std::vector<std::string> CreateDatabase(const std::string& path, bool replace, bool sideTables,
                                         const SampleOptions* options, Progress& progress) {
     RefuseWhileInUse(path);
     auto aside = NewFile::ToSetAside(path);
@@ -56,6 +58,7 @@ std::vector<std::string> CreateDatabase(const std::string& path, bool replace,
         engine.Run("pragma synchronous=off");
         sqlite3_progress_handler(
             engine.Handle(), 10000, [](void*) { return IsInterrupted() ? 1 : 0; }, nullptr);
+        if (sideTables) engine.Run(std::string(store::sqlite::EmbeddedEngine().sideTables));
         Fill(engine, options, progress);
     }
     StopIfInterrupted();

@@ -40,11 +40,11 @@ struct SampleOptions {
 void FillSample(Engine& engine, const SampleOptions& options, Progress& progress);
 
 /// Creates `path` with the schema, and the sample data when `options` is given, else only the
-/// modules that the windows ask for. The file appears
+/// modules that the windows ask for; and the side tables when `sideTables`. The file appears
 /// under its name only when it is complete, and is checked there; one that was there is replaced
 /// when `replace`. Answers what was set aside, a sentence each. Throws EngineError, RuntimeError,
 /// FileError, Interrupted or std::filesystem::filesystem_error.
-std::vector<std::string> CreateDatabase(const std::string& path, bool replace,
+std::vector<std::string> CreateDatabase(const std::string& path, bool replace, bool sideTables,
                                         const SampleOptions* options, Progress& progress);
 
 }  // namespace zv::zvdb

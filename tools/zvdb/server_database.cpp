@@ -13,6 +13,7 @@
 #include "zvdb/import/endpoint.h"
 #include "zvdb/import/importer.h"
 #include "zvdb/import/server_link.h"
+#include "zvdb/import/server_transaction.h"
 #include "zvdb/own_modules.h"
 #include "zvdb/server_inspected.h"
 
@@ -21,31 +22,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Undone unless it is committed.
-class ServerTransaction {
- public:
-    explicit ServerTransaction(ServerLink& link) : link_(link) { link_.Run("begin transaction"); }
-    ~ServerTransaction() {
-        if (committed_) return;
-        try {
-            link_.Run("rollback");
-        } catch (const std::exception&) {
-            // The connection is gone, and the server has rolled back by itself.
-        }
-    }
-    ServerTransaction(const ServerTransaction&) = delete;
-    ServerTransaction& operator=(const ServerTransaction&) = delete;
-    void Commit() {
-        link_.Run("commit");
-        committed_ = true;
-    }
-
- private:
-    ServerLink& link_;
-    bool committed_ = false;
-};
-
-/// The tables of the system that are there where new ones would be made, as the server writes them.
+/// The tables of the system, and those beside them, that are there where new ones would be made, as
+/// the server writes them.
 std::vector<std::string> TablesPresent(ServerLink& link) {
     const auto rows = link.Select(
         "select table_name from information_schema.tables where table_type='BASE TABLE' and "
@@ -54,7 +32,10 @@ std::vector<std::string> TablesPresent(ServerLink& link) {
     std::vector<std::string> names;
     for (; !rows->Eof(); rows->MoveNext()) {
         const std::string name = rows->Field(0).ToText();
-        if (FindTable(SystemTables(), name) != nullptr) names.push_back(name);
+        if (FindTable(SystemTables(), name) != nullptr ||
+            FindTable(SideTables(), name) != nullptr) {
+            names.push_back(name);
+        }
     }
     return names;
 }
@@ -71,13 +52,14 @@ std::vector<std::string> TablesInTheWay(ServerLink& link, bool replace) {
 
 enum class Contents : std::uint8_t { None, OwnModules };
 
-void Create(ServerLink& link, bool replace, Contents contents) {
+void Create(ServerLink& link, bool replace, bool sideTables, Contents contents) {
     const std::vector<std::string> present = TablesInTheWay(link, replace);
     ServerTransaction transaction(link);
     for (const std::string& table : present) link.Run("drop table " + link.Quoted(table));
     const std::string before(link.Bulk().BeforeSchema());
     if (!before.empty()) link.Run(before);
     link.Run(std::string(link.Engine().schema));
+    if (sideTables) link.Run(std::string(link.Engine().sideTables));
     if (contents == Contents::OwnModules) {
         for (const std::string& statement : RegisterOwnModules(link.Bulk().TextPrefix()))
             link.Run(statement);
@@ -109,20 +91,20 @@ class TemporaryFile {
 
 }  // namespace
 
-void CreateServerTables(const std::string& server, bool replace) {
+void CreateServerTables(const std::string& server, bool replace, bool sideTables) {
     ServerLink link(server);
-    Create(link, replace, Contents::OwnModules);
+    Create(link, replace, sideTables, Contents::OwnModules);
 }
 
-void CreateServerSample(const std::string& server, bool replace, const SampleOptions& options,
-                        Progress& progress) {
+void CreateServerSample(const std::string& server, bool replace, bool sideTables,
+                        const SampleOptions& options, Progress& progress) {
     const TemporaryFile file;
     {
         ServerLink link(server);
         // Known before the work of making the data.
         TablesInTheWay(link, replace);
-        CreateDatabase(file.Path(), false, &options, progress);
-        Create(link, replace, Contents::None);
+        CreateDatabase(file.Path(), false, false, &options, progress);
+        Create(link, replace, sideTables, Contents::None);
     }
     const auto source = OpenSource(file.Path());
     const auto target = OpenTarget(server, {}, progress);

@@ -51,12 +51,20 @@ class ServerInspected final : public Inspected {
         const auto found = columns_.find(text::ToLower(table));
         return found == columns_.end() ? std::set<std::string>() : found->second;
     }
+    std::string IndexMaking(const std::string& index) override {
+        if (!indexesAreRead_) ReadIndexes();
+        const auto found = indexes_.find(text::ToLower(index));
+        if (found == indexes_.end()) return {};
+        return found->second.making + (found->second.isPlain ? ")" : ") otherwise");
+    }
+    std::string_view SideTables() const override { return link_.Engine().sideTables; }
     // The columns are of a type that holds nothing else.
     std::string NotADate(const std::string&) const override { return "1=0"; }
 
     std::vector<std::string> CheckKeys() override {
         std::vector<std::string> problems;
-        for (const std::string table : {"tTaskList", "cards"}) {
+        for (const std::string table : {"tTaskList", "cards", "zvReminder", "zvHistory"}) {
+            if (Columns(table).empty()) continue;
             const std::string question =
                 link_.Bulk().CounterQuestion(link_.StoredName(table), link_.StoredName("fID"));
             if (question.empty()) continue;
@@ -71,8 +79,29 @@ class ServerInspected final : public Inspected {
     }
 
  private:
+    struct Index {
+        std::string making;  ///< without the closing parenthesis
+        bool isPlain = true;
+    };
+
+    void ReadIndexes() {
+        const auto rows = link_.Select(std::string(link_.Bulk().Indexes()));
+        for (; !rows->Eof(); rows->MoveNext()) {
+            Index& index = indexes_[text::ToLower(rows->Field(0).ToText())];
+            const bool unique = rows->Field(3).ToInt32() != 0;
+            index.making += index.making.empty() ? (unique ? "unique " : "") +
+                                                       text::ToLower(rows->Field(1).ToText()) + '('
+                                                 : ",";
+            index.making += text::ToLower(rows->Field(2).ToText());
+            index.isPlain = index.isPlain && rows->Field(4).ToInt32() != 0;
+        }
+        indexesAreRead_ = true;
+    }
+
     ServerLink& link_;
     std::map<std::string, std::set<std::string>> columns_;
+    std::map<std::string, Index> indexes_;
+    bool indexesAreRead_ = false;
 };
 
 }  // namespace

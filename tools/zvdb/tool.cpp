@@ -14,6 +14,7 @@
 #include "zvdb/import/interruption.h"
 #include "zvdb/journal.h"
 #include "zvdb/server_database.h"
+#include "zvdb/upgrade.h"
 #include "zvdb/version.h"
 
 namespace zv::zvdb {
@@ -52,10 +53,10 @@ int Create(const CommandLine& line, const Console& console) {
     const InterruptionGuard guard;
     if (!line.server.empty()) {
         if (!sample) {
-            CreateServerTables(line.server, line.force);
+            CreateServerTables(line.server, line.force, line.sideTables);
             return kFine;
         }
-        CreateServerSample(line.server, line.force, line.sample, progress);
+        CreateServerSample(line.server, line.force, line.sideTables, line.sample, progress);
         return Print(CheckServer(line.server), console);
     }
     RefuseConnection(line.file, "this is a connection; --to stands in front of a server");
@@ -67,8 +68,8 @@ int Create(const CommandLine& line, const Console& console) {
     if (!line.force && std::filesystem::exists(file)) {
         throw FileError("the file is there already (--force replaces it)");
     }
-    for (const std::string& aside :
-         CreateDatabase(line.file, line.force, sample ? &line.sample : nullptr, progress)) {
+    for (const std::string& aside : CreateDatabase(line.file, line.force, line.sideTables,
+                                                   sample ? &line.sample : nullptr, progress)) {
         console.err << "zvdb: " << aside << '\n';
     }
     if (sample) {
@@ -81,6 +82,18 @@ int Create(const CommandLine& line, const Console& console) {
 int Check(const CommandLine& line, const Console& console) {
     return Print(line.server.empty() ? CheckDatabase(line.file) : CheckServer(line.server),
                  console);
+}
+
+int Upgrade(const CommandLine& line, const Console& console) {
+    RefuseConnection(line.file, "this is a connection; --to stands in front of a server");
+    const std::vector<SidePart> parts = line.server.empty()
+                                            ? UpgradeFile(line.file, line.dryRun)
+                                            : UpgradeServer(line.server, line.dryRun);
+    for (const SidePart& part : parts) {
+        console.out << (line.dryRun ? "would make " : "made ") << part.Called() << '\n';
+    }
+    if (parts.empty()) console.out << "nothing to do\n";
+    return kFine;
 }
 
 int Copy(const CommandLine& line, const Console& console) {
@@ -128,6 +141,8 @@ int RunCommand(const std::vector<std::string>& arguments, DateTime today, const 
                 return Create(line, console);
             case Command::Check:
                 return Check(line, console);
+            case Command::Upgrade:
+                return Upgrade(line, console);
             case Command::Import:
                 return RunImport(line.import, console);
             case Command::Mode:

@@ -26,6 +26,9 @@ class Bulk {
     virtual std::string_view Identity() const = 0;
     /// Name of the table, name of the column, longest text (not above 0: any length); by table.
     virtual std::string_view Columns() const = 0;
+    /// Name of the index, of its table and of a column, 1 where it is unique, 1 where there is
+    /// nothing to it but columns that rise; by index and position.
+    virtual std::string_view Indexes() const = 0;
     /// The expression for the schema in which new tables are made.
     virtual std::string_view PresentSchema() const = 0;
 
@@ -54,6 +57,8 @@ class Bulk {
     /// Yields 1 when this user may write the table; empty where only trying shows it.
     virtual std::string MayWriteQuestion(const std::string&) const { return {}; }
     virtual std::string_view Begin() const = 0;
+    /// Behind the begin of a transaction: a statement that others keep waiting is given up early.
+    virtual std::string_view LimitWaiting() const { return {}; }
     /// Others go on reading; what they would write waits for the end. `table` in quotes.
     virtual std::string Lock(const std::string& table) const = 0;
     /// Triggers that Finish makes good for, out of the way and back again; empty where there are

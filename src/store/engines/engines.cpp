@@ -22,8 +22,12 @@ const Engine& Unknown() {
     static const Codes codes{.name = "server"};
     static const Connecting connecting;
     static const Facts facts;
-    static const Engine engine{
-        .folder = {}, .codes = &codes, .connecting = &connecting, .facts = &facts, .schema = {}};
+    static const Engine engine{.folder = {},
+                               .codes = &codes,
+                               .connecting = &connecting,
+                               .facts = &facts,
+                               .schema = {},
+                               .sideTables = {}};
     return engine;
 }
 
@@ -38,7 +42,8 @@ std::span<const Engine> All() {
            folder::TheDialect(),       \
            folder::TheDriverDialect(), \
            folder::TheBulk(),          \
-           folder::TheSchema()},
+           folder::TheSchema(),        \
+           folder::TheSideTables()},
     static const auto engines = std::to_array<Engine>({
 #include "engine_list.h"
     });

@@ -28,6 +28,8 @@ struct Engine {
     const Bulk* bulk = nullptr;
     /// The script that makes the tables.
     std::string_view schema;
+    /// The script that makes what a database may have beside them.
+    std::string_view sideTables;
 };
 
 std::span<const Engine> All();

@@ -15,15 +15,16 @@ struct Codes;
 class Connecting;
 class Facts;
 
-#define ZV_ENGINE(folder)                                           \
-    namespace folder {                                              \
-    const Codes& TheCodes();                   /* codes.cpp */      \
-    const Connecting& TheConnecting();         /* connecting.cpp */ \
-    const Facts& TheFacts();                   /* facts.cpp */      \
-    const dialect::Target* TheDialect();       /* dialect.cpp */    \
-    const dialect::Target* TheDriverDialect(); /* dialect.cpp */    \
-    const Bulk* TheBulk();                     /* bulk.cpp */       \
-    std::string_view TheSchema();              /* schema.sql */     \
+#define ZV_ENGINE(folder)                                            \
+    namespace folder {                                               \
+    const Codes& TheCodes();                   /* codes.cpp */       \
+    const Connecting& TheConnecting();         /* connecting.cpp */  \
+    const Facts& TheFacts();                   /* facts.cpp */       \
+    const dialect::Target* TheDialect();       /* dialect.cpp */     \
+    const dialect::Target* TheDriverDialect(); /* dialect.cpp */     \
+    const Bulk* TheBulk();                     /* bulk.cpp */        \
+    std::string_view TheSchema();              /* schema.sql */      \
+    std::string_view TheSideTables();          /* side_tables.sql */ \
     }
 #include "engine_list.h"
 #undef ZV_ENGINE

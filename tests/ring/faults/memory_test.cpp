@@ -15,7 +15,8 @@ class MemoryFaultTest : public testing::TestWithParam<std::string> {
 
 std::vector<std::string> AllFlows() {
     std::vector<std::string> names = WindowFlows();
-    names.insert(names.end(), {"create", "replace", "import", "reimport", "backup", "restore"});
+    names.insert(names.end(),
+                 {"create", "replace", "import", "reimport", "backup", "restore", "upgrade"});
     return names;
 }
 

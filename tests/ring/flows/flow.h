@@ -45,7 +45,8 @@ struct FlowOptions {
 
 /// Flows of the windows: save, mark, delete, generate, refill.
 const std::vector<std::string>& WindowFlows();
-/// Flows of zvdb: create, replace, sample, import, reimport, backup, restore, mode.
+/// Flows of zvdb: create, replace, sample, import, reimport, backup, restore, upgrade,
+/// mode.
 const std::vector<std::string>& ToolFlows();
 /// Makes a flow with everything that it needs, in a folder of its own that is gone with it. Throws
 /// std::invalid_argument when there is no flow of that name.

@@ -140,6 +140,7 @@ const std::vector<Kind>& Kinds() {
          .words = {"restore", "SOURCE", "TARGET", "--replace", "--quiet"},
          .source = "5",
          .target = "3"},
+        {.name = "upgrade", .words = {"upgrade", "TARGET"}, .source = nullptr, .target = "3"},
         {.name = "mode", .words = {"mode", "TARGET", "wal"}, .source = nullptr, .target = "3"},
     };
     return kinds;

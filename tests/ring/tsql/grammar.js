@@ -10,7 +10,7 @@ const {TSqlParser} = require('antlr4ts-sql/dist/src/grammar-output/tsql/TSqlPars
 // list of its columns, too.
 const FUNCTIONS = new Set(
     ('scope_identity cast count max min sum len left ltrim right substring upper lower isnull coalesce ' +
-     'db_name schema_name object_id getdate nvarchar varchar datetime2 decimal datepart month day ' +
+     'db_name schema_name schema_id object_id getdate nvarchar varchar datetime2 decimal datepart month day ' +
      'year dateadd datediff convert identity in values exists and or not where on key include ' +
      'with default by top').split(' '));
 

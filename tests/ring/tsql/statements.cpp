@@ -46,13 +46,13 @@ int WriteForms() {
     return missing;
 }
 
-void WriteSchema(std::string_view script) {
+void WriteScript(std::string_view name, std::string_view script) {
     std::string schema;
     for (const std::string& line : zv::text::Split(std::string(script), "\n")) {
         schema += line.substr(0, line.find("--")) + "\n";
     }
     for (const std::string& statement : zv::text::Split(schema, ";")) {
-        if (statement.find_first_not_of(" \n") != std::string::npos) Write("schema", statement);
+        if (statement.find_first_not_of(" \n") != std::string::npos) Write(name, statement);
     }
 }
 
@@ -63,6 +63,9 @@ void WriteBulk(const engines::Bulk& bulk) {
     Write("prepare", bulk.Prepare());
     Write("identity", bulk.Identity());
     Write("columns", bulk.Columns());
+    Write("indexes", bulk.Indexes());
+    Write("limit of waiting", bulk.LimitWaiting());
+    Write("version of side tables", "select fValue from zvMeta where fName='version'");
     Write("schema name", "select " + std::string(bulk.PresentSchema()));
     Write("first part", bulk.SelectPart(key, table, key, "", 500));
     Write("next part", bulk.SelectPart(key + "," + bulk.Quoted("O'Brien"), table, key, "7", 500));
@@ -90,7 +93,8 @@ void WriteRows(const engines::Facts& facts) {
 int main() {
     const int missing = WriteForms();
     const engines::Engine& engine = engines::Of("sqlserver");
-    WriteSchema(engine.schema);
+    WriteScript("schema", engine.schema);
+    WriteScript("side tables", engine.sideTables);
     WriteBulk(*engine.bulk);
     WriteRows(*engine.facts);
     return missing == 0 ? 0 : 1;

@@ -58,6 +58,22 @@ TEST(SystemTables, AreThoseOfTheSchemaWithKindsSizesAndKeys) {
     EXPECT_EQ(FindTable(SystemTables(), "other"), nullptr);
 }
 
+TEST(SystemTables, SideTablesStandBesideThem) {
+    const std::vector<TableRule>& side = SideTables();
+    ASSERT_EQ(side.size(), 3U);
+    EXPECT_EQ(side[0].name + side[1].name + side[2].name, "zvMetazvReminderzvHistory");
+    EXPECT_FALSE(side[0].countsByItself);
+    EXPECT_TRUE(side[1].countsByItself && side[2].countsByItself);
+    ASSERT_EQ(side[1].columns.size(), 8U);
+    EXPECT_TRUE(side[1].columns[0].isKey);
+    EXPECT_EQ(side[1].columns[1].size, 100U);
+    EXPECT_EQ(side[1].columns[4].kind, ColumnKind::Date);
+    ASSERT_EQ(side[2].columns.size(), 9U);
+    EXPECT_EQ(side[2].columns[4].size, 20U);
+    EXPECT_EQ(side[2].columns[7].size, 0U);
+    EXPECT_EQ(FindTable(SystemTables(), "zvHistory"), nullptr);
+}
+
 TEST(Endpoint, AServerIsNamedWithoutItsSecrets) {
     const std::string text =
         "Driver={PostgreSQL Unicode};Server=host;Database=tasks;UID=me;PWD=secret";

@@ -113,6 +113,63 @@ TEST_F(ImportServer, WhatTheServerMakesOfTheTablesIsThereAfterwards) {
     EXPECT_EQ(Ask("insert into ttasklist(tasktitle) values('next') returning fid"), 403);
 }
 
+TEST_F(ImportServer, SideTablesGoThereAndComeBack) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60", "--side-tables"}).status, 0);
+    Engine(Path("a.db"))
+        .Run(
+            "insert into zvReminder(fID,fUser,fPlan,fItem,fDate,fTitle,fUntil,fState) values"
+            "(7,'陈',2,0,'2003-03-07 00:00:00','报表',null,2),"
+            "(9,'me',0,5,'2003-03-08 00:00:00','t','2003-03-09 08:30:00',1);"
+            "insert into zvHistory(fID,fWhen,fWho,fRow,fOld,fNew) values"
+            "(40,'2003-03-07 10:00:00','me',5,null,printf('%9000c','x'))");
+    // Once it makes them, once they are there and empty, once they are there and full.
+    for (const char* options : {"", "--replace", "--replace"}) {
+        std::vector<std::string> arguments = {"import", Path("a.db"), server_, "--quiet"};
+        if (*options != '\0') arguments.emplace_back(options);
+        const Outcome there = RunZvdb(arguments);
+        ASSERT_EQ(there.status, 0) << there.out << there.err;
+        EXPECT_NE(there.out.find("zvReminder             2\nzvHistory              1\n"),
+                  std::string::npos)
+            << there.out;
+        EXPECT_EQ(RunZvdb({"upgrade", "--to", server_}).out, "nothing to do\n");
+        EXPECT_EQ(RunZvdb({"check", "--to", server_}).status, 0);
+        EXPECT_EQ(Ask("insert into zvHistory(fWho) values('next') returning fID"), 41);
+        Run("delete from zvHistory where fWho='next'");
+    }
+    ASSERT_EQ(RunZvdb({"import", server_, Path("b.db")}).status, 0);
+    Engine a(Path("a.db"));
+    Engine b(Path("b.db"));
+    for (const char* sum :
+         {"group_concat(fID||fUser||fPlan||fItem||fDate||fTitle||coalesce(fUntil,'-')||fState) "
+          "from zvReminder",
+          "group_concat(fID||fWhen||fWho||fRow||coalesce(fOld,'-')||fNew) from zvHistory"}) {
+        const std::string sql = std::string("select ") + sum;
+        EXPECT_FALSE(a.Text(sql).empty());
+        EXPECT_EQ(b.Text(sql), a.Text(sql));
+    }
+}
+
+TEST_F(ImportServer, SideTablesOfATargetAreEmptiedWithTheOthers) {
+    Sample(30);
+    ASSERT_EQ(RunZvdb({"upgrade", "--to", server_}).status, 0);
+    Run("insert into zvReminder(fItem) values(1)");
+    ExpectRefused(RunZvdb({"import", Path("a.db"), server_}),
+                  "it is not empty (zvReminder has 1 rows)");
+    EXPECT_EQ(Ask("select count(*) from zvreminder"), 1);
+    const Outcome import = RunZvdb({"import", Path("a.db"), server_, "--replace"});
+    EXPECT_EQ(import.status, 0) << import.out << import.err;
+    EXPECT_EQ(Ask("select count(*) from zvreminder"), 0);
+    EXPECT_EQ(RunZvdb({"upgrade", "--to", server_}).out, "nothing to do\n");
+}
+
+TEST_F(ImportServer, SideTablesOfAnotherMakingAreNotFilled) {
+    ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "30", "--side-tables"}).status, 0);
+    ASSERT_EQ(RunZvdb({"upgrade", "--to", server_}).status, 0);
+    Run("alter table zvhistory drop column fnew");
+    ExpectRefused(RunZvdb({"import", Path("a.db"), server_}), "column zvHistory.fNew is missing");
+    EXPECT_EQ(Ask("select count(*) from ttasklist"), 0);
+}
+
 TEST_F(ImportServer, ATargetWithRowsIsRefusedUnlessAskedFor) {
     Run("insert into employees(employee) values('mine')");
     ExpectRefused(RunZvdb({"import", AccessFixture("taskAlert-2003.mdb"), server_}),

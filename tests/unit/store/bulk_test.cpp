@@ -42,6 +42,8 @@ TEST(BulkOfPostgreSql, WritesBehindALockWithTriggersAndIndexesAside) {
               "select case when has_table_privilege('t','insert') and "
               "has_table_privilege('t','delete') then 1 else 0 end");
     EXPECT_EQ(bulk.Begin(), "begin");
+    EXPECT_EQ(bulk.LimitWaiting(), "set local lock_timeout='10s'");
+    EXPECT_FALSE(bulk.Indexes().empty());
     EXPECT_EQ(bulk.Lock("t"), "lock table t in exclusive mode");
     EXPECT_EQ(bulk.DisableTriggers("t"), "alter table t disable trigger user");
     EXPECT_EQ(bulk.EnableTriggers("t"), "alter table t enable trigger user");
@@ -78,6 +80,8 @@ TEST(BulkOfSqlServer, SaysTheSameInItsOwnWords) {
     EXPECT_EQ(bulk.BeginReading(),
               (Statements{"set transaction isolation level serializable", "begin transaction"}));
     EXPECT_EQ(bulk.Begin(), "begin transaction");
+    EXPECT_EQ(bulk.LimitWaiting(), "set lock_timeout 10000");
+    EXPECT_FALSE(bulk.Indexes().empty());
     EXPECT_EQ(bulk.Lock("t"), "select count(*) from t with (tablockx, holdlock)");
     EXPECT_EQ(bulk.BeforeKeys("t"), "set identity_insert t on");
     EXPECT_EQ(bulk.BehindKeys("t"), "set identity_insert t off");

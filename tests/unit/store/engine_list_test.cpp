@@ -55,6 +55,29 @@ TEST(EngineList, EveryEngineHasATableOfItems) {
         EXPECT_EQ(engine.dialect == nullptr, engine.driverDialect == nullptr) << engine.folder;
     }
 }
+/// Without quotes and blanks, in lower case.
+std::string Plain(std::string_view sql) {
+    std::string plain;
+    for (const char c : text::ToLower(sql)) {
+        if (std::string_view(" \n[]\"").find(c) == std::string_view::npos) plain += c;
+    }
+    return plain;
+}
+TEST(EngineList, EveryEngineHasTheSameSideTables) {
+    for (const Engine& engine : All()) {
+        const std::string script = Plain(engine.sideTables);
+        for (const char* part :
+             {"createtablezvmeta(fname", "createtablezvreminder(fid", "createtablezvhistory(fid",
+              "createuniqueindexzvreminder_itemonzvreminder(fuser,fplan,fitem,fdate);",
+              "createindexzvhistory_rowonzvhistory(ftable,frow,fid);",
+              "createindexzvhistory_whenonzvhistory(fwhen);",
+              "createindexttasklist_dueonttasklist(tdone,tduring1);",
+              "insertintozvmeta(fname,fvalue)values('version','1');"}) {
+            EXPECT_TRUE(text::Contains(script, part)) << engine.folder << ": " << part;
+        }
+        EXPECT_FALSE(text::Contains(text::ToLower(engine.schema), "zvmeta")) << engine.folder;
+    }
+}
 TEST(EngineList, AFolderThatIsNotInItIsAnInternalError) {
     EXPECT_THROW(Of("oracle"), RuntimeError);
 }

@@ -42,6 +42,8 @@ class GivenDatabase final : public Inspected {
         return std::make_unique<GivenRows>(std::vector<Row>());
     }
     std::set<std::string> Columns(const std::string&) override { return {}; }
+    std::string IndexMaking(const std::string&) override { return {}; }
+    std::string_view SideTables() const override { return {}; }
     std::string NotADate(const std::string& column) const override { return column + " is odd"; }
 
     std::map<std::string, std::vector<Row>> answers;

@@ -129,6 +129,36 @@ TEST(CommandLineTest, AnImportHasTwoNamesAndThreeOptions) {
     EXPECT_EQ(Refusal({"import", "a", "b", "c"}), "import wants two names, FROM and TO");
     EXPECT_EQ(Refusal({"import", "a", "b", "--force"}), "\"import\" has no option \"--force\"");
 }
+TEST(CommandLineTest, AnUpgradeIsOfAFileOrAServerAndMayRunDry) {
+    const CommandLine file = Parse({"upgrade", "a.db"});
+    EXPECT_EQ(file.command, Command::Upgrade);
+    EXPECT_EQ(file.file, "a.db");
+    EXPECT_FALSE(file.dryRun);
+    EXPECT_TRUE(Parse({"upgrade", "a.db", "--dry-run"}).dryRun);
+    const CommandLine server = Parse({"upgrade", "--dry-run", "--to", "db"});
+    EXPECT_EQ(server.server, "db");
+    EXPECT_TRUE(server.dryRun);
+    EXPECT_EQ(Refusal({"upgrade"}), "a file name is missing, or --to and a server");
+    for (const char* option : {"--force", "--quiet", "--side-tables", "--items"}) {
+        EXPECT_EQ(Refusal({"upgrade", "a.db", option}),
+                  std::string("\"upgrade\" has no option \"") + option + "\"");
+    }
+    for (const char* command : {"create", "sample", "check"}) {
+        EXPECT_EQ(Refusal({command, "a.db", "--dry-run"}),
+                  "\"" + std::string(command) + "\" has no option \"--dry-run\"");
+    }
+}
+TEST(CommandLineTest, SideTablesAreMadeWhereTheyAreAskedFor) {
+    for (const char* command : {"create", "sample"}) {
+        EXPECT_FALSE(Parse({command, "a.db"}).sideTables);
+        EXPECT_TRUE(Parse({command, "a.db", "--side-tables"}).sideTables);
+    }
+    const CommandLine server = Parse({"create", "--to", "db", "--side-tables"});
+    EXPECT_EQ(server.command, Command::Create);
+    EXPECT_TRUE(server.sideTables);
+    EXPECT_EQ(Refusal({"check", "a.db", "--side-tables"}),
+              "\"check\" has no option \"--side-tables\"");
+}
 TEST(CommandLineTest, BackupRestoreAndModeHaveTheirOwnOptions) {
     const CommandLine backup = Parse({"backup", "a.db", "--force", "b.db", "--quiet"});
     EXPECT_EQ(backup.command, Command::Backup);

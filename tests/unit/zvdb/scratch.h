@@ -24,6 +24,12 @@ struct Outcome {
 
 inline const DateTime kToday(2003, 3, 7);
 
+/// What an upgrade says of a database without side tables.
+inline const std::string kSideTablesMade =
+    "made table zvMeta\nmade table zvReminder\nmade index zvReminder_item\n"
+    "made table zvHistory\nmade index zvHistory_row\nmade index zvHistory_when\n"
+    "made index tTaskList_due\nmade version 1\n";
+
 inline Outcome RunZvdb(const std::vector<std::string>& arguments, bool terminal = false) {
     std::ostringstream out;
     std::ostringstream err;

@@ -212,8 +212,9 @@ TEST_F(ZvdbUsage, HelpNamesEveryCommandAndOption) {
     for (const char* way : {"--help", "-h"}) {
         const Outcome help = RunZvdb({way});
         EXPECT_EQ(help.status, 0);
-        for (const char* word : {"create", "sample", "check", "--items", "--cards", "--plans",
-                                 "--today", "--seed", "--script", "--force", "--quiet"}) {
+        for (const char* word :
+             {"create", "sample", "check", "upgrade", "--items", "--cards", "--plans", "--today",
+              "--seed", "--script", "--force", "--side-tables", "--dry-run", "--quiet"}) {
             EXPECT_NE(help.out.find(word), std::string::npos) << word;
         }
     }
@@ -240,6 +241,9 @@ TEST_F(ZvdbUsage, WrongArgumentsAreReportedAndMakeNothing) {
         {"create", Path("a.db"), Path("b.db")},
         {"create", Path("a.db"), "--items", "5"},
         {"check", Path("a.db"), "--force"},
+        {"upgrade"},
+        {"upgrade", Path("a.db"), Path("b.db")},
+        {"upgrade", Path("a.db"), "--side-tables"},
         {"sample", Path("a.db"), "--items"},
         {"sample", Path("a.db"), "--items", "many"},
         {"sample", Path("a.db"), "--items", "12x"},

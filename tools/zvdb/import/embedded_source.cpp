@@ -61,21 +61,26 @@ EmbeddedSource::EmbeddedSource(const std::string& path) : path_(path) {
     }
 }
 
-void EmbeddedSource::Open() {
-    const fs::path file = PathOf(path_);
+std::unique_ptr<Engine> OpenToRead(const std::string& path) {
     // A file with a write-ahead log is opened for writing, so that the empty log which every reader
     // makes goes away again; without one, opening for writing could finish somebody's broken-off
     // change.
-    const bool log = store::sqlite::UsesWriteAheadLog(path_);
-    const bool pending = HasPendingLog(file);
-    engine_ = std::make_unique<Engine>(path_, log ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
+    const bool log = store::sqlite::UsesWriteAheadLog(path);
+    const bool pending = HasPendingLog(PathOf(path));
+    auto engine =
+        std::make_unique<Engine>(path, log ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
     if (pending) {
         // The last one to close would move the log into the file.
-        sqlite3_db_config(engine_->Handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        sqlite3_db_config(engine->Handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     }
-    engine_->Run("pragma query_only=on");
+    engine->Run("pragma query_only=on");
     // One snapshot for everything, whatever others write meanwhile.
-    engine_->Run("begin; select count(*) from sqlite_master");
+    engine->Run("begin; select count(*) from sqlite_master");
+    return engine;
+}
+
+void EmbeddedSource::Open() {
+    engine_ = OpenToRead(path_);
     // Indexes too: rows could be found or missed by them.
     const std::string damage = engine_->Text("pragma integrity_check(1)");
     if (damage != "ok") throw SourceError("the file is damaged: " + damage);

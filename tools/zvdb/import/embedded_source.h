@@ -9,6 +9,10 @@
 
 namespace zv::zvdb {
 
+/// Opens a file for questions of one moment, so that its bytes stay as they are, and the
+/// write-ahead log that others left with them. Throws EngineError or ShareError.
+std::unique_ptr<Engine> OpenToRead(const std::string& path);
+
 class EmbeddedSource : public TableSource {
  public:
     /// Leaves the file's bytes as they are, and the write-ahead log that others left with them.

@@ -1,6 +1,8 @@
 #include "zvdb/import/embedded_target.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -12,6 +14,7 @@
 #include "zvdb/import/embedded_rows.h"
 #include "zvdb/import/interruption.h"
 #include "zvdb/own_modules.h"
+#include "zvdb/side_tables.h"
 
 namespace zv::zvdb {
 namespace {
@@ -74,24 +77,8 @@ void EmbeddedTarget::MakeNew() {
 }
 
 void EmbeddedTarget::Fail(const EngineError& error) {
-    switch (error.Code()) {
-        case SQLITE_INTERRUPT:
-            throw Interrupted();
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            throw TargetError("another program has the file open");
-        case SQLITE_FULL:
-            throw TargetError("there is no room for it on the disk");
-        case SQLITE_IOERR:
-            throw TargetError(
-                "the disk does not take it: no room, or a limit on the size of files");
-        case SQLITE_READONLY:
-        case SQLITE_PERM:
-        case SQLITE_CANTOPEN:
-            throw TargetError("the file cannot be written");
-        default:
-            throw TargetError(error.what());
-    }
+    if (error.Code() == SQLITE_INTERRUPT) throw Interrupted();
+    throw TargetError(WhyNotWritten(error));
 }
 
 TargetLimits EmbeddedTarget::Limits() const {
@@ -106,11 +93,25 @@ std::vector<std::pair<std::string, std::int64_t>> EmbeddedTarget::RowsPresent() 
     if (isNew_) return present;
     Guarded([&] {
         for (const auto& [table, all] : CheckSchema(*engine_).counts) {
+            if (table == kMetaTable) continue;
             const std::int64_t rows = all - OwnModulesIn(table);
             if (rows > 0) present.emplace_back(table, rows);
         }
     });
     return present;
+}
+
+void EmbeddedTarget::TakeSideTables() {
+    if (!isNew_) {
+        try {
+            Guarded([&] { MissingSideTables(*InspectEmbedded(*engine_)); });
+        } catch (const FileError& error) {
+            throw TargetError(error.what());
+        }
+    }
+    takesSideTables_ = true;
+    std::ranges::copy_if(SideTables(), std::back_inserter(tables_),
+                         [](const TableRule& table) { return table.name != kMetaTable; });
 }
 
 std::int64_t EmbeddedTarget::OwnModulesIn(const std::string& table) {
@@ -149,13 +150,28 @@ void EmbeddedTarget::Begin(bool replace) {
         // would keep the change from being committed. The first statement locks the target alone.
         engine_->Run("begin");
         engine_->Run(std::string("delete from ") + kModuleTable + " where " + IsOwnModule());
-        if (!replace) return;
-        for (const TableRule& table : SystemTables()) {
-            engine_->Run("delete from " + QuotedName(table.name));
-            engine_->Run("delete from sqlite_sequence where name='" + table.name + "'");
-        }
+        if (takesSideTables_) MakeSideTables();
+        if (replace) Empty();
     });
     if (!RowsPresent().empty()) throw TargetError("somebody else filled it meanwhile");
+}
+
+void EmbeddedTarget::MakeSideTables() {
+    try {
+        for (const SidePart& part : MissingSideTables(*InspectEmbedded(*engine_))) {
+            engine_->Run(part.statement);
+        }
+    } catch (const FileError& error) {
+        throw TargetError(error.what());
+    }
+}
+
+void EmbeddedTarget::Empty() {
+    for (const auto& [table, rows] : CheckSchema(*engine_).counts) {
+        if (table == kMetaTable) continue;
+        engine_->Run("delete from " + QuotedName(table));
+        engine_->Run("delete from sqlite_sequence where name='" + table + "'");
+    }
 }
 
 bool EmbeddedTarget::Attach(const TableSource& source) {

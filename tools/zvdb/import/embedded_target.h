@@ -25,7 +25,8 @@ class EmbeddedTarget : public TableTarget {
     std::string Kind() const override { return isNew_ ? "new embedded file" : "embedded file"; }
     bool IsEmbedded() const override { return true; }
     TargetLimits Limits() const override;
-    const std::vector<TableRule>& Tables() override { return SystemTables(); }
+    const std::vector<TableRule>& Tables() override { return tables_; }
+    void TakeSideTables() override;
     std::vector<std::pair<std::string, std::int64_t>> RowsPresent() override;
     void CheckWritable() override;
 
@@ -61,12 +62,16 @@ class EmbeddedTarget : public TableTarget {
     std::vector<std::string> AttachedColumns(const std::string& table);
 
     void MakeNew();
+    void MakeSideTables();
+    void Empty();
     void RefuseDamage();
 
     std::string path_;
     std::string source_;
     Progress& progress_;
     bool isNew_;
+    std::vector<TableRule> tables_ = SystemTables();
+    bool takesSideTables_ = false;
     bool writeAhead_ = false;      ///< the mode that a new file will have
     std::optional<NewFile> file_;  ///< a new one
     std::string attached_;

@@ -60,6 +60,10 @@ bool IsServer(const std::string& name) {
     return store::odbc::IsForOdbc(name);
 }
 
+bool IsAccessFile(const std::string& name) {
+    return ContentOf(name) == Content::Access;
+}
+
 std::string ShownName(const std::string& name) {
     return store::ConnectionText(name).ForMessage();
 }

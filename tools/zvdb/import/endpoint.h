@@ -14,6 +14,9 @@ namespace zv::zvdb {
 /// "DSN=...", and not a file that is there.
 bool IsServer(const std::string& name);
 
+/// By its content.
+bool IsAccessFile(const std::string& name);
+
 /// How messages call it: never with a login or a password.
 std::string ShownName(const std::string& name);
 

@@ -7,6 +7,7 @@
 #include "zvdb/import/interruption.h"
 #include "zvdb/import/key_set.h"
 #include "zvdb/own_modules.h"
+#include "zvdb/side_tables.h"
 
 namespace zv::zvdb {
 namespace {
@@ -101,7 +102,15 @@ void Importer::MatchColumns(Way& way) {
     }
 }
 
+bool Importer::BringsSideTables() const {
+    return std::ranges::any_of(source_.Tables(), [](const SourceTable& each) {
+        const TableRule* table = FindTable(SideTables(), each.name);
+        return table != nullptr && table->name != kMetaTable;
+    });
+}
+
 void Importer::Match() {
+    if (BringsSideTables()) target_.TakeSideTables();
     for (const TableRule& table : target_.Tables()) {
         const auto& tables = source_.Tables();
         const auto from = std::find_if(tables.begin(), tables.end(), [&](const SourceTable& each) {
@@ -122,7 +131,8 @@ void Importer::Match() {
     }
     if (ways_.empty()) throw SourceError("it has none of the tables of the system");
     for (const SourceTable& table : source_.Tables()) {
-        if (FindTable(target_.Tables(), table.name) == nullptr) {
+        if (FindTable(target_.Tables(), table.name) == nullptr &&
+            !text::EqualsIgnoreCase(table.name, kMetaTable)) {
             const std::string rows =
                 table.rows < 0 ? "" : " (" + std::to_string(table.rows) + " rows)";
             report_.Add(Weight::Remark, "table " + table.name + rows +

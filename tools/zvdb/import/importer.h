@@ -32,6 +32,8 @@ class Importer {
         std::vector<std::string> names;   ///< the same columns at the source
         TableSums sums{0};
     };
+    /// Rows of side tables; one that only says which of them are there has nothing to bring.
+    bool BringsSideTables() const;
     void Match();
     void MatchColumns(Way& way);
     void Copy(Way& way, bool write);

@@ -13,6 +13,7 @@ namespace {
 /// Position of the key of a table of the system among `columns`, -1 when it is not there.
 int KeyOf(const std::string& table, const std::vector<std::string>& columns) {
     const TableRule* rule = FindTable(SystemTables(), table);
+    if (rule == nullptr) rule = FindTable(SideTables(), table);
     if (rule == nullptr) return -1;
     for (const ColumnRule& column : rule->columns) {
         if (!column.isKey) continue;

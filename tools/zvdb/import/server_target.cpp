@@ -7,6 +7,7 @@
 #include "zvdb/import/server_rows.h"
 #include "zvdb/own_modules.h"
 #include "zvdb/server_database.h"
+#include "zvdb/server_inspected.h"
 
 namespace zv::zvdb {
 namespace {
@@ -62,23 +63,53 @@ ServerTarget::~ServerTarget() {
 
 /// The tables of the system with the sizes that this server's columns have.
 void ServerTarget::MatchTables() {
-    const std::vector<ServerTable> present = ReadServerTables(*link_);
+    present_ = ReadServerTables(*link_);
     tables_ = SystemTables();
     for (TableRule& table : tables_) {
-        const auto found = std::find_if(
-            present.begin(), present.end(),
-            [&](const ServerTable& each) { return text::EqualsIgnoreCase(each.name, table.name); });
-        if (found == present.end()) throw TargetError("table " + table.name + " is missing");
-        for (ColumnRule& column : table.columns) {
-            const auto there = std::find_if(
-                found->columns.begin(), found->columns.end(), [&](const ServerColumn& each) {
-                    return text::EqualsIgnoreCase(each.name, column.name);
-                });
-            if (there == found->columns.end()) {
-                throw TargetError("column " + table.name + "." + column.name + " is missing");
-            }
-            column.size = there->size;
+        if (!Has(table)) throw TargetError("table " + table.name + " is missing");
+        Match(table);
+    }
+    for (const TableRule& table : SideTables()) {
+        if (table.name != kMetaTable && Has(table)) beside_.push_back(table);
+    }
+}
+
+bool ServerTarget::Has(const TableRule& table) const {
+    return std::ranges::any_of(present_, [&](const ServerTable& each) {
+        return text::EqualsIgnoreCase(each.name, table.name);
+    });
+}
+
+void ServerTarget::Match(TableRule& table) {
+    const auto found = std::ranges::find_if(present_, [&](const ServerTable& each) {
+        return text::EqualsIgnoreCase(each.name, table.name);
+    });
+    for (ColumnRule& column : table.columns) {
+        const auto there = std::ranges::find_if(found->columns, [&](const ServerColumn& each) {
+            return text::EqualsIgnoreCase(each.name, column.name);
+        });
+        if (there == found->columns.end()) {
+            throw TargetError("column " + table.name + "." + column.name + " is missing");
         }
+        column.size = there->size;
+    }
+}
+
+void ServerTarget::TakeSideTables() {
+    try {
+        // By a connection of its own, which may look at one moment.
+        ServerLink link(name_);
+        missing_ = MissingSideTables(*InspectServer(link));
+    } catch (const RuntimeError& error) {
+        throw TargetError(error.Text());
+    } catch (const FileError& error) {
+        throw TargetError(error.what());
+    }
+    beside_.clear();
+    for (const TableRule& side : SideTables()) {
+        if (side.name == kMetaTable) continue;
+        TableRule& table = tables_.emplace_back(side);
+        if (Has(table)) Match(table);
     }
 }
 
@@ -98,23 +129,31 @@ std::string ServerTarget::NameOf(const ColumnRule& column) const {
 
 std::vector<std::pair<std::string, std::int64_t>> ServerTarget::RowsPresent() {
     std::vector<std::pair<std::string, std::int64_t>> present;
-    Guarded([&] {
-        for (const TableRule& table : tables_) {
-            const auto count = [&](const std::string& condition) {
-                return static_cast<std::int64_t>(
-                    link_->Ask("select count(*) from " + link_->Quoted(NameOf(table)) + condition)
-                        .ToDouble());
-            };
-            std::int64_t rows = count("");
-            if (table.name == kModuleTable) rows -= count(" where " + IsOwnModule());
+    for (const std::vector<TableRule>* tables : {&tables_, &beside_}) {
+        for (const TableRule& table : *tables) {
+            // What Begin has yet to make holds nothing.
+            if (!begun_ && !Has(table)) continue;
+            const std::int64_t rows = Guarded([&] { return CountOf(table); });
             if (rows > 0) present.emplace_back(table.name, rows);
         }
-    });
+    }
     return present;
+}
+
+/// Of rows that are somebody's.
+std::int64_t ServerTarget::CountOf(const TableRule& table) {
+    const auto count = [&](const std::string& condition) {
+        return static_cast<std::int64_t>(
+            link_->Ask("select count(*) from " + link_->Quoted(NameOf(table)) + condition)
+                .ToDouble());
+    };
+    const std::int64_t rows = count("");
+    return table.name == kModuleTable ? rows - count(" where " + IsOwnModule()) : rows;
 }
 
 void ServerTarget::CheckWritable() {
     for (const TableRule& table : tables_) {
+        if (!Has(table)) continue;
         const std::string question = link_->Bulk().MayWriteQuestion(NameOf(table));
         if (question.empty()) continue;
         const bool allowed = Guarded([&] { return link_->Ask(question).ToInt32() != 0; });
@@ -126,6 +165,10 @@ void ServerTarget::Begin(bool replace) {
     Guarded([&] {
         link_->Run(std::string(link_->Bulk().Begin()));
         begun_ = true;
+        for (const SidePart& part : missing_) link_->Run(part.statement);
+        for (const TableRule& table : beside_) {
+            if (replace) link_->Run("delete from " + link_->Quoted(NameOf(table)));
+        }
         for (const TableRule& table : tables_) {
             const std::string name = link_->Quoted(NameOf(table));
             link_->Run(link_->Bulk().Lock(name));

@@ -7,6 +7,7 @@
 
 #include "zvdb/import/server_link.h"
 #include "zvdb/import/table_target.h"
+#include "zvdb/side_tables.h"
 
 namespace zv::zvdb {
 
@@ -20,6 +21,7 @@ class ServerTarget : public TableTarget {
     std::string Identity() override { return link_->Identity(); }
     TargetLimits Limits() const override;
     const std::vector<TableRule>& Tables() override { return tables_; }
+    void TakeSideTables() override;
     std::vector<std::pair<std::string, std::int64_t>> RowsPresent() override;
     void CheckWritable() override;
 
@@ -38,6 +40,9 @@ class ServerTarget : public TableTarget {
     template <class Do>
     static auto Guarded(Do work);
     void MatchTables();
+    void Match(TableRule& table);
+    bool Has(const TableRule& table) const;
+    std::int64_t CountOf(const TableRule& table);
     std::string NameOf(const TableRule& table) const;
     std::string NameOf(const ColumnRule& column) const;
     void Send();
@@ -48,7 +53,11 @@ class ServerTarget : public TableTarget {
 
     std::string name_;
     std::unique_ptr<ServerLink> link_;
+    std::vector<ServerTable> present_;
     std::vector<TableRule> tables_;
+    /// Side tables that are there and get no rows.
+    std::vector<TableRule> beside_;
+    std::vector<SidePart> missing_;  ///< of the side tables that get rows
     bool begun_ = false;
     std::vector<std::string> toMakeAgain_;  ///< statements for indexes and triggers
     const TableRule* table_ = nullptr;

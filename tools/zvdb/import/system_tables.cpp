@@ -26,13 +26,15 @@ ColumnRule RuleOf(const std::string& name, const std::string& type) {
     return rule;
 }
 
-std::vector<TableRule> ReadSchema() {
-    Engine engine(":memory:");
-    engine.Run(std::string(store::sqlite::EmbeddedEngine().schema));
+/// The tables that a script makes.
+std::vector<TableRule> ReadScript(Engine& engine, std::string_view script) {
+    const std::int64_t before = engine.Number("select coalesce(max(rowid),0) from sqlite_master");
+    engine.Run(std::string(script));
     std::vector<TableRule> tables;
     Statement names(engine,
                     "select name,sql like '%autoincrement%' from sqlite_master where type='table' "
-                    "and name not like 'sqlite%' order by rowid");
+                    "and name not like 'sqlite%' and rowid>? order by rowid");
+    names.Bind(before);
     while (names.Step()) {
         TableRule& table = tables.emplace_back();
         table.name = names.Text(0);
@@ -47,11 +49,30 @@ std::vector<TableRule> ReadSchema() {
     return tables;
 }
 
+struct Tables {
+    std::vector<TableRule> system;
+    std::vector<TableRule> side;
+};
+
+const Tables& BothKinds() {
+    static const Tables kTables = [] {
+        Engine engine(":memory:");
+        Tables tables;
+        tables.system = ReadScript(engine, store::sqlite::EmbeddedEngine().schema);
+        tables.side = ReadScript(engine, store::sqlite::EmbeddedEngine().sideTables);
+        return tables;
+    }();
+    return kTables;
+}
+
 }  // namespace
 
 const std::vector<TableRule>& SystemTables() {
-    static const std::vector<TableRule> kTables = ReadSchema();
-    return kTables;
+    return BothKinds().system;
+}
+
+const std::vector<TableRule>& SideTables() {
+    return BothKinds().side;
 }
 
 const TableRule* FindTable(const std::vector<TableRule>& tables, std::string_view name) {

@@ -26,6 +26,9 @@ struct TableRule {
 /// In the order of the schema.
 const std::vector<TableRule>& SystemTables();
 
+/// What may stand beside them, in the order of its script.
+const std::vector<TableRule>& SideTables();
+
 /// Without regard to case; null when there is none.
 const TableRule* FindTable(const std::vector<TableRule>& tables, std::string_view name);
 

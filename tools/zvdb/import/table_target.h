@@ -41,13 +41,17 @@ class TableTarget {
     virtual TargetLimits Limits() const = 0;
     /// The tables as the target has them. Throws TargetError when one is missing.
     virtual const std::vector<TableRule>& Tables() = 0;
+    /// The source brings rows of the side tables: those of the target are among Tables() from here
+    /// on, and Begin makes what is missing of them. Throws TargetError when what is there is not as
+    /// it should be. Before everything below.
+    virtual void TakeSideTables() = 0;
     /// Tables that hold rows, with their number.
     virtual std::vector<std::pair<std::string, std::int64_t>> RowsPresent() = 0;
     /// Throws when writing cannot succeed; writes nothing.
     virtual void CheckWritable() = 0;
 
-    /// Everything below throws TargetError. `replace` empties the tables, otherwise they must be
-    /// empty.
+    /// Everything below throws TargetError. `replace` empties the tables, the side tables with
+    /// them, whose rows are about rows that go; otherwise they must be empty.
     virtual void Begin(bool replace) = 0;
     /// Both ends are files of one engine, which copies a table faster than rows can be handed over:
     /// the table's rows are read by way of the target then, which sees them as it copies them.

@@ -29,6 +29,19 @@ class PostgreSqlBulk final : public Bulk {
                "pg_table_is_visible(c.oid) and "
                "a.attnum>0 and not a.attisdropped order by c.relname,a.attnum";
     }
+    std::string_view Indexes() const override {
+        return "select c.relname,t.relname,a.attname,case when i.indisunique then 1 else 0 end,"
+               "case when m.amname='btree' and i.indisvalid and i.indpred is null and "
+               "i.indexprs is null and i.indnkeyatts=i.indnatts and k.direction=0 then 1 else 0 "
+               "end from pg_index i "
+               "join pg_class c on c.oid=i.indexrelid join pg_class t on t.oid=i.indrelid "
+               "join pg_namespace n on n.oid=t.relnamespace join pg_am m on m.oid=c.relam "
+               "cross join lateral unnest(i.indkey::int2[],i.indoption::int2[]) with ordinality "
+               "as k(number,direction,position) left join pg_attribute a on "
+               "a.attrelid=i.indrelid and a.attnum=k.number where "
+               "n.nspname not in ('pg_catalog','information_schema','pg_toast') and "
+               "pg_table_is_visible(t.oid) order by c.relname,t.relname,k.position";
+    }
     std::string_view PresentSchema() const override { return "current_schema()"; }
 
     std::string Quoted(std::string_view name) const override {
@@ -67,6 +80,7 @@ class PostgreSqlBulk final : public Bulk {
                "','insert') and has_table_privilege('" + table + "','delete') then 1 else 0 end";
     }
     std::string_view Begin() const override { return "begin"; }
+    std::string_view LimitWaiting() const override { return "set local lock_timeout='10s'"; }
     std::string Lock(const std::string& table) const override {
         return "lock table " + table + " in exclusive mode";
     }

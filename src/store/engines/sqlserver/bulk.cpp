@@ -24,6 +24,15 @@ class SqlServerBulk final : public Bulk {
                "c.table_schema=schema_name() "
                "order by c.table_name,c.ordinal_position";
     }
+    std::string_view Indexes() const override {
+        return "select i.name,t.name,c.name,case when i.is_unique=1 then 1 else 0 end,"
+               "case when k.is_descending_key=1 or k.is_included_column=1 or i.is_disabled=1 "
+               "then 0 else 1 end from sys.indexes i join sys.tables t on "
+               "t.object_id=i.object_id join sys.index_columns k on k.object_id=i.object_id and "
+               "k.index_id=i.index_id join sys.columns c on c.object_id=k.object_id and "
+               "c.column_id=k.column_id where t.schema_id=schema_id() "
+               "order by i.name,t.name,k.key_ordinal";
+    }
     std::string_view PresentSchema() const override { return "schema_name()"; }
 
     std::string Quoted(std::string_view name) const override {
@@ -49,6 +58,7 @@ class SqlServerBulk final : public Bulk {
     }
 
     std::string_view Begin() const override { return "begin transaction"; }
+    std::string_view LimitWaiting() const override { return "set lock_timeout 10000"; }
     std::string Lock(const std::string& table) const override {
         return "select count(*) from " + table + " with (tablockx, holdlock)";
     }

@@ -1,0 +1,27 @@
+#include "reminders/reminder.h"
+
+#include "base/text.h"
+
+namespace zv::reminders {
+
+bool People::NameNobody() const {
+    return doer.empty() && setter.empty() && planDoer.empty() && planSetter.empty();
+}
+
+bool People::Name(std::string_view user) const {
+    if (user.empty()) return false;
+    for (const std::string* name : {&doer, &setter, &planDoer, &planSetter}) {
+        if (text::EqualsIgnoreCase(*name, user)) return true;
+    }
+    return false;
+}
+
+bool Concerns(const Subject& subject, std::string_view user) {
+    return subject.people.NameNobody() || subject.people.Name(user);
+}
+
+Key KeyOf(const Subject& subject) {
+    return {subject.plan, subject.plan == 0 ? subject.item : 0, subject.date, subject.title};
+}
+
+}  // namespace zv::reminders

@@ -1,0 +1,123 @@
+#include "reminders/settings_memory.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "base/text.h"
+
+namespace zv::reminders {
+namespace {
+
+constexpr std::string_view kAnswersKey = "Reminders of ";
+constexpr std::string_view kFirstLookKey = "First reminders of ";
+constexpr std::size_t kParts = 5;
+
+// No title is written with these.
+constexpr std::string_view kBetweenAnswers = "\x1E";
+constexpr std::string_view kBetweenParts = "\x1F";
+
+std::string WithoutSeparators(std::string_view title) {
+    return text::Replace(text::Replace(title, kBetweenAnswers, " "), kBetweenParts, " ");
+}
+
+std::string TextOf(const std::optional<DateTime>& date) {
+    return date ? date->IsoDateTime() : std::string();
+}
+
+std::optional<std::int32_t> NumberIn(std::string_view text) {
+    std::int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+/// False for a text that is no date; the empty text is none.
+bool ReadDate(std::string_view text, std::optional<DateTime>& date) {
+    date = DateTime::Parse(text);
+    return date || text.empty();
+}
+
+std::optional<Answer> AnswerIn(std::string_view line) {
+    const auto parts = text::Split(line, kBetweenParts);
+    if (parts.size() != kParts) return std::nullopt;
+    const auto plan = NumberIn(parts[0]);
+    const auto item = NumberIn(parts[1]);
+    Answer answer;
+    if (!plan || !item || !ReadDate(parts[2], answer.key.date) || !ReadDate(parts[3], answer.until))
+        return std::nullopt;
+    answer.key.plan = *plan;
+    answer.key.item = *item;
+    answer.key.title = parts[4];
+    return answer;
+}
+
+std::string SettingOf(std::string_view key, std::string_view user) {
+    return std::string(key).append(text::ToLower(user));
+}
+
+bool IsSame(const Answer& answer, const Key& key) {
+    return answer.key.plan == key.plan && answer.key.item == key.item &&
+           answer.key.date == key.date;
+}
+
+}  // namespace
+
+std::string ToText(const std::vector<Answer>& answers) {
+    std::vector<std::string> lines;
+    for (const Answer& answer : answers) {
+        lines.push_back(text::Join(
+            {std::to_string(answer.key.plan), std::to_string(answer.key.item),
+             TextOf(answer.key.date), TextOf(answer.until), WithoutSeparators(answer.key.title)},
+            kBetweenParts));
+    }
+    return text::Join(lines, kBetweenAnswers);
+}
+
+std::vector<Answer> AnswersIn(std::string_view text) {
+    std::vector<Answer> answers;
+    for (const std::string& line : text::Split(text, kBetweenAnswers)) {
+        if (auto answer = AnswerIn(line)) answers.push_back(*std::move(answer));
+    }
+    return answers;
+}
+
+std::vector<Answer> SettingsMemory::Answers(std::string_view user) {
+    return AnswersIn(settings_.Get(resources::kApplication, resources::kTaskSection,
+                                   SettingOf(kAnswersKey, user), {}));
+}
+
+void SettingsMemory::Keep(std::string_view user, const Answer& answer) {
+    auto answers = Answers(user);
+    std::erase_if(answers, [&](const Answer& other) { return IsSame(other, answer.key); });
+    if (answers.size() >= kMostAnswers) {
+        const auto excess = answers.size() - kMostAnswers + 1;
+        answers.erase(answers.begin(), answers.begin() + static_cast<std::ptrdiff_t>(excess));
+    }
+    answers.push_back(answer);
+    Save(user, answers);
+}
+
+void SettingsMemory::Forget(std::string_view user, const Key& key) {
+    auto answers = Answers(user);
+    if (std::erase_if(answers, [&](const Answer& other) { return IsSame(other, key); }) > 0) {
+        Save(user, answers);
+    }
+}
+
+DateTime SettingsMemory::FirstLook(std::string_view user, DateTime now) {
+    const std::string key = SettingOf(kFirstLookKey, user);
+    if (const auto first = DateTime::Parse(
+            settings_.Get(resources::kApplication, resources::kTaskSection, key, {}))) {
+        return *first;
+    }
+    settings_.Save(resources::kApplication, resources::kTaskSection, key, now.IsoDateTime());
+    return now;
+}
+
+void SettingsMemory::Save(std::string_view user, const std::vector<Answer>& answers) {
+    settings_.Save(resources::kApplication, resources::kTaskSection, SettingOf(kAnswersKey, user),
+                   ToText(answers));
+}
+
+}  // namespace zv::reminders

@@ -1,0 +1,55 @@
+// Databases with and without the table that keeps reminders, on every engine.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "reminders/memory.h"
+#include "store/engines/engines.h"
+#include "watched_database.h"
+
+namespace zv::reminders {
+
+inline Answer PutOffItem(std::int32_t item, DateTime until = DateTime(2003, 3, 7, 8, 0, 0)) {
+    return {{0, item, DateTime(2003, 3, 7), "t"}, until};
+}
+
+class KeptAnswersTest : public store::WatchedDatabaseTest {
+ protected:
+    void SetUp() override {
+        WatchedDatabaseTest::SetUp();
+        database_.EnsureConnection();
+    }
+    void MakeSideTables() {
+        const auto raw = EngineTest::database_->ConnectRaw();
+        const bool onServer = GetParam() == store::EngineKind::PostgreSql;
+        std::string script;
+        for (const std::string& line :
+             text::Split(store::engines::Of(onServer ? "postgresql" : "sqlite").sideTables, "\n")) {
+            if (!line.starts_with("--")) script += line + "\n";
+        }
+        for (const std::string& statement : text::Split(script, ";\n")) {
+            if (statement.find_first_not_of(" \n") != std::string::npos) raw->Execute(statement);
+        }
+        raw->Close();
+    }
+    static std::vector<Answer> Sorted(std::vector<Answer> answers) {
+        std::sort(answers.begin(), answers.end(),
+                  [](const Answer& a, const Answer& b) { return a.key < b.key; });
+        return answers;
+    }
+    template <class Act>
+    static ErrorKind KindOf(Act&& act) {
+        try {
+            act();
+        } catch (const RuntimeError& error) {
+            return error.Kind();
+        }
+        ADD_FAILURE() << "no error";
+        return {};
+    }
+};
+
+}  // namespace zv::reminders
