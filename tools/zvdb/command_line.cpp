@@ -33,6 +33,7 @@ const char kHelp[] =
       Makes the side tables as far as they are missing, and shows what it made: what
       users put off or dismissed, who did what, and an index that finds what is due. A
       database without them works as well. The tables of the system stay as they are.
+      Access files are only read; there the statements of side_tables.sql make them.
   zvdb import FROM TO [--dry-run] [--replace] [--quiet]
       Copies all tables, compares counts and sums, and reports what did not fit. FROM
       is an Access file, an embedded file or a server, TO an embedded file or a
@@ -60,13 +61,13 @@ const char kHelp[] =
   stands for the first line of FILE: other users can read a command line, and the
   password in it.
 
-  --force   replaces a file that is there, or the tables of the system on a SERVER;
-            without it nothing is ever overwritten
+  --force   replaces a file that is there, or the tables of the system on a SERVER with
+            their side tables; without it nothing is ever overwritten
   --side-tables
             makes the side tables, too
   --dry-run reads and judges everything, writes nothing
-  --replace empties the tables of TO first; all in one step with the import. A
-            restore takes the place of all that FILE holds
+  --replace empties the tables of TO first, side tables too; all in one step with the
+            import. A restore takes the place of all that FILE holds
   --quiet   shows no progress
 
 Exit status:

@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "base/text.h"
 #include "store/engines/engines.h"
 #include "store/sqlite/database_file.h"
@@ -38,22 +40,25 @@ class EmbeddedInspected final : public Inspected {
     std::string IndexMaking(const std::string& index) override {
         Statement parts(
             engine_,
-            "select m.tbl_name,l.\"unique\",l.partial or x.\"desc\",x.name,x.coll "
+            "select m.tbl_name,l.\"unique\",x.\"desc\",x.name,x.coll,"
+            "case when l.partial then m.sql end "
             "from main.sqlite_master m,pragma_index_list(m.tbl_name,'main') l,"
             "pragma_index_xinfo(m.name,'main') x where m.type='index' and l.name=m.name and "
             "lower(m.name)=lower(?) and x.key=1 order by x.seqno");
         parts.Bind(index);
         std::string making;
+        std::string condition;
         bool plain = true;
         while (parts.Step()) {
             const std::string table = parts.Text(0);
             making += making.empty() ? (parts.Number(1) != 0 ? "unique " : "") + table + '(' : ",";
             making += parts.Text(3);
+            condition = ConditionOf(parts.Text(5));
             plain = plain && parts.Number(2) == 0 &&
                     text::EqualsIgnoreCase(parts.Text(4), Collation(table, parts.Text(3)));
         }
         if (making.empty()) return making;
-        return text::ToLower(making) + (plain ? ")" : ") otherwise");
+        return text::ToLower(making) + ')' + condition + (plain ? "" : " otherwise");
     }
 
     std::string_view SideTables() const override {
@@ -77,6 +82,17 @@ class EmbeddedInspected final : public Inspected {
     }
 
  private:
+    /// Of the statement that makes an index: from the word "where" on, in lower case and with one
+    /// blank in front of each word.
+    static std::string ConditionOf(const std::string& making) {
+        std::istringstream words(text::ToLower(making));
+        std::string condition;
+        for (std::string word; words >> word;) {
+            if (word == "where" || !condition.empty()) condition += ' ' + word;
+        }
+        return condition;
+    }
+
     /// Of a column; empty for an expression, which has no name.
     std::string Collation(const std::string& table, const std::string& column) {
         const char* collation = nullptr;

@@ -32,9 +32,10 @@ class Inspected {
     virtual std::unique_ptr<InspectedRows> Select(const std::string& sql) = 0;
     /// The columns of a table in lower case, empty when there is no such table.
     virtual std::set<std::string> Columns(const std::string& table) = 0;
-    /// How an index is made, in lower case: "unique table(column,column)", the first word where it
-    /// is so, and " otherwise" behind where there is more to it than columns that rise. Empty when
-    /// there is none.
+    /// How an index is made, in lower case: "unique table(column,column) where condition", the
+    /// first word and the condition where it has them, and " otherwise" behind where there is more
+    /// to it than columns that rise; a server's condition is such a thing. Empty when there is
+    /// none.
     virtual std::string IndexMaking(const std::string& index) = 0;
     /// The script that makes what a database of this engine may have beside its tables.
     virtual std::string_view SideTables() const = 0;

@@ -1,5 +1,6 @@
 #include "zvdb/side_tables.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "base/text.h"
@@ -35,10 +36,12 @@ SidePart IndexPart(const std::vector<std::string>& words, bool unique) {
     const std::size_t name = unique ? 3 : 2;
     SidePart part{
         .kind = SidePart::Kind::Index, .name = words[name], .making = {}, .statement = {}};
-    const std::vector<std::string> columns(words.begin() + static_cast<std::ptrdiff_t>(name) + 3,
-                                           words.end());
-    part.making = text::ToLower((unique ? "unique " : "") + words[name + 2] + '(' +
-                                text::Join(columns, ",") + ')');
+    const auto columns = words.begin() + static_cast<std::ptrdiff_t>(name) + 3;
+    const auto condition = std::find(columns, words.end(), "where");
+    part.making = (unique ? "unique " : "") + words[name + 2] + '(' +
+                  text::Join({columns, condition}, ",") + ')';
+    if (condition != words.end()) part.making += ' ' + text::Join({condition, words.end()}, " ");
+    part.making = text::ToLower(part.making);
     return part;
 }
 

@@ -71,7 +71,7 @@ TEST(EngineList, EveryEngineHasTheSameSideTables) {
               "createuniqueindexzvreminder_itemonzvreminder(fuser,fplan,fitem,fdate);",
               "createindexzvhistory_rowonzvhistory(ftable,frow,fid);",
               "createindexzvhistory_whenonzvhistory(fwhen);",
-              "createindexttasklist_dueonttasklist(tdone,tduring1);",
+              "createindexttasklist_dueonttasklist(tdone,tduring1)",
               "insertintozvmeta(fname,fvalue)values('version','1');"}) {
             EXPECT_TRUE(text::Contains(script, part)) << engine.folder << ": " << part;
         }
