@@ -44,9 +44,9 @@ struct Look {
 /// Days since the day of an item, 0 while it is not past or has none.
 int DaysOverdue(std::optional<DateTime> date, DateTime now);
 
-/// What was overdue before the first look ever is left out, which is told in one line and not by a
-/// reminder each. `subjects`: items that are not done, those of later today among them; `answers`:
-/// in any order, of several for one key the last counts.
+/// What was overdue before the first look ever is left out: it is counted, and is not a reminder
+/// each. `subjects`: items that are not done, those of later today among them; `answers`: in any
+/// order, of several for one key the last counts.
 Look LookAt(const std::vector<Subject>& subjects, const std::vector<Answer>& answers,
             const Circumstances& circumstances);
 

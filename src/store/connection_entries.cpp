@@ -94,8 +94,7 @@ std::string ConnectionEntries::Text() const {
     for (const auto& [name, value] : entries_) {
         // Not every driver reads braces, so they stand only where nothing else will do.
         const bool braces = value.find_first_of("[]{}(),;?*=!@") != std::string::npos ||
-                            value.starts_with(' ') || value.ends_with(' ') ||
-                            text::EqualsIgnoreCase(name, "Driver");
+                            Trimmed(value) != value || text::EqualsIgnoreCase(name, "Driver");
         text += name + "=";
         text += braces ? "{" + text::Replace(value, "}", "}}") + "}" : value;
         text += ";";

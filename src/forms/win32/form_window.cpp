@@ -84,7 +84,7 @@ void FormWindow::Build() {
         LayOutAgain();
     // Laid out for other texts, it may need another size.
     if (form_.View().Inside() != InsideUnits()) BoundsChanged();
-    // The form tells what it shows of its content to a peer that it has.
+    // While it is made the form has no peer yet to report its view to.
     ViewChanged();
 }
 

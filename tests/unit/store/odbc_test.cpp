@@ -40,8 +40,8 @@ TEST(ConnectionEntries, AreReadInAnyForm) {
     EXPECT_FALSE(entries.Has("other"));
 }
 TEST(ConnectionEntries, ComeBackWhateverTheirValuesHold) {
-    for (const char* value :
-         {"", "a", "a;b", "}", "{", "a}b;c=d", " a ", "{x}", "O'Brien", "标题"}) {
+    for (const char* value : {"", "a", "a;b", "}", "{", "a}b;c=d", " a ", "\ta", "a\n", "\r\na",
+                              "{x}", "\"a\"", "O'Brien", "标题"}) {
         ConnectionEntries entries;
         entries.Add("PWD", value);
         entries.Add("Server", "db");
