@@ -180,7 +180,7 @@ int Runner::RunMonkey(std::uint32_t seed, int steps, const std::string& file) {
         write_("ok " + name + " (" + std::to_string(monkey.Acts().size()) + " lines)");
         return 0;
     }
-    // Making it shorter takes long: whoever breaks it off keeps this much.
+    // Making it shorter takes long: what there is so far is written first.
     write(monkey.Acts());
     write_("FAIL " + name + ": " + monkey.Fault() + "\n  played by " + file);
     // The same fault, whatever rows or controls it names.
