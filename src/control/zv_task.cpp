@@ -131,14 +131,9 @@ void ZvTask::Act(std::int32_t mode, bool modal) {
                 windows::ShowTaskDone(session_, windows::frmTaskDone::kAddItem, modal);
             }
             break;
-        case kCards: {
+        case kCards:
             OpenMainWindow(kCards, modal);
-            auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
-            if (!modal && window && window->State() == forms::WindowState::Minimised) {
-                window->SetState(forms::WindowState::Normal);
-            }
             break;
-        }
         default:
             break;
     }

@@ -180,15 +180,18 @@ int Runner::RunMonkey(std::uint32_t seed, int steps, const std::string& file) {
         write_("ok " + name + " (" + std::to_string(monkey.Acts().size()) + " lines)");
         return 0;
     }
+    // Making it shorter takes long: what there is so far is written first.
+    write(monkey.Acts());
+    write_("FAIL " + name + ": " + monkey.Fault() + "\n  played by " + file);
     // The same fault, whatever rows or controls it names.
     const std::string kind = monkey.Fault().substr(0, monkey.Fault().find(':'));
     const auto shortest = Shrink(monkey.Acts(), 0, kMostPlayings, [&](const auto& acts) {
-        return FaultOf(file, ToScenario(acts)).starts_with(kind);
+        const bool fails = FaultOf(file, ToScenario(acts)).starts_with(kind);
+        if (fails) write(acts);
+        return fails;
     });
-    write(shortest);
-    write_("FAIL " + name + ": " + monkey.Fault() + "\n  played by " + file + " (" +
-           std::to_string(shortest.size()) + " of " + std::to_string(monkey.Acts().size()) +
-           " lines)");
+    write_("  " + std::to_string(shortest.size()) + " of " + std::to_string(monkey.Acts().size()) +
+           " lines");
     return 1;
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ring/flows/flow_store.h"
 #include "store/connection_opener.h"
 
 namespace zv::ring {
@@ -37,6 +38,8 @@ struct FlowOptions {
     bool rollBack = false;
     /// Opens the connections of windows to the file; empty: the embedded engine does.
     std::function<std::unique_ptr<store::Connection>(const std::string& path)> open = {};
+    /// Where the rows are; empty: in a file of the flow's own.
+    std::shared_ptr<FlowStore> store = {};
     /// What is opened speaks as a server does.
     bool isServer = false;
     /// Asked for whenever a box comes up, and held while the box is kept; may be empty.

@@ -1,14 +1,10 @@
 #include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <map>
 #include <optional>
 
 #include "application/item_user.h"
 #include "application/test_application.h"
-#include "doubles/rows_of.h"
+#include "ring/flows/file_store.h"
 #include "ring/flows/makers.h"
-#include "store/sqlite/sqlite_connection.h"
 #include "windows/generation/boxes.h"
 #include "zvdb/own_modules.h"
 
@@ -19,29 +15,35 @@ constexpr const char* kTitle = "item-01";
 constexpr const char* kPlan = "7";
 constexpr int kPlanDays = 10;
 constexpr int kItems = 12;
+/// Bytes of the first item's text; the n-th has n times as many.
+constexpr std::size_t kShortest = 400;
 constexpr std::size_t kRights = 300;
 
 /// A plan whose items are there, one of them done, and items with texts that fill pages.
-std::string Contents() {
-    std::string script =
+std::vector<std::string> Contents() {
+    std::vector<std::string> statements = {
         "insert into tTaskSet(TaskID,taskTitle,tbegin,tEnd,CircleType,CircleValue,Type,TypeValue,"
-        "Content) values(7,'plan','2003-03-01 00:00:00','2003-03-10 00:00:00',2,1,1,1,'')";
+        "Content) values(7,'plan','2003-03-01 00:00:00','2003-03-10 00:00:00',2,1,1,1,'')"};
     for (int number = 1; number <= kItems; number++) {
         const std::string digits = std::to_string(number);
-        script +=
-            ";insert into tTaskList(fType,TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,"
+        statements.push_back(
+            "insert into tTaskList(fType,TaskID,taskTitle,fContent,taskTime,tDuring1,tDuring2,"
             "tDone) values(0,0,'item-" +
-            std::string(digits.size() < 2 ? "0" : "") + digits + "',printf('%.*c'," +
-            std::to_string(number * 400) +
-            ",'x'),'2003-03-07 00:00:00','2003-03-07 00:00:00','2003-03-07 00:00:00',0)";
+            std::string(digits.size() < 2 ? "0" : "") + digits + "','" +
+            std::string(static_cast<std::size_t>(number) * kShortest, 'x') +
+            "','2003-03-07 00:00:00','2003-03-07 00:00:00','2003-03-07 00:00:00',0)");
     }
-    return script;
+    const auto modules = zvdb::RegisterOwnModules();
+    statements.insert(statements.end(), modules.begin(), modules.end());
+    return statements;
 }
 
 class WindowFlow : public Flow {
  public:
-    explicit WindowFlow(const FlowOptions& options) {
-        Fill(options.rollBack);
+    explicit WindowFlow(const FlowOptions& options)
+        : store_(options.store ? options.store
+                               : std::make_shared<FileStore>(app_.folder, options.rollBack)) {
+        store_->Fill(Contents());
         app_.session.state.myPower = std::string(kRights, '1');
         app_.session.state.SQLData = options.isServer ? 1 : 0;
         if (options.open) {
@@ -84,8 +86,7 @@ class WindowFlow : public Flow {
     std::filesystem::path Folder() const final { return app_.folder; }
 
     std::vector<std::string> WrongIn(const std::filesystem::path& folder, bool acknowledged) final {
-        file_ = Utf8Of(folder / "t.db");
-        std::vector<std::string> wrong = WrongWithFile(file_);
+        std::vector<std::string> wrong = store_->Wrong(folder);
         if (!wrong.empty()) return wrong;
         if (const std::string rest = WrongRows(acknowledged); !rest.empty()) wrong.push_back(rest);
         return wrong;
@@ -103,45 +104,25 @@ class WindowFlow : public Flow {
             Rows(std::string("select count(*)||' '||sum(length(fContent)) from tTaskList"
                              " where TaskID=0 and tDone=0 and taskTitle<>'") +
                  kTitle + "'");
-        static const std::string meant = std::to_string(kItems - 1) + ' ' +
-                                         std::to_string(400 * (kItems * (kItems + 1) / 2 - 1));
+        static const std::string meant =
+            std::to_string(kItems - 1) + ' ' +
+            std::to_string(kShortest * (kItems * (kItems + 1) / 2 - 1));
         return others == meant ? "" : "other items have changed: " + others;
     }
-    /// Of the file that is judged, columns joined by "|".
-    std::string Rows(const std::string& query) const {
-        store::SqliteOptions options;
-        options.translate = false;
-        options.datesAsText = true;
-        return doubles::RowsOf(*store::OpenSqlite(file_, options), query);
-    }
+    std::string Rows(const std::string& query) const { return store_->Rows(query); }
     std::string Item(const std::string& columns) {
         return Rows("select " + columns + " from tTaskList where taskTitle='" + kTitle + "'");
     }
     bool SaidNothing() const { return app_.dialogs.messages.empty(); }
 
     test::TestApplication app_;
+    std::shared_ptr<FlowStore> store_;
     std::optional<test::ItemUser> user_;
 
  private:
     static constexpr std::size_t kLongestError = 400;
 
-    /// Made once and copied from then on.
-    void Fill(bool rollBack) {
-        static std::map<bool, std::string> kept;
-        std::string& bytes = kept[rollBack];
-        if (bytes.empty()) {
-            app_.Sql(Contents());
-            for (const std::string& module : zvdb::RegisterOwnModules()) app_.Sql(module);
-            if (rollBack) app_.Sql("pragma journal_mode=delete");
-            std::ifstream in(app_.folder / "t.db", std::ios::binary);
-            bytes.assign(std::istreambuf_iterator<char>(in), {});
-        } else {
-            std::ofstream(app_.folder / "t.db", std::ios::binary) << bytes;
-        }
-    }
-
     std::function<std::shared_ptr<void>()> guard_;
-    std::string file_;  ///< that is judged
 };
 
 class Save final : public WindowFlow {
@@ -158,7 +139,7 @@ class Save final : public WindowFlow {
     }
     std::string WrongRows(bool acknowledged) override {
         const std::string row = Item("fContent");
-        if (row != "changed" && (acknowledged || row != std::string(400, 'x'))) {
+        if (row != "changed" && (acknowledged || row != std::string(kShortest, 'x'))) {
             return "the item holds " + row.substr(0, 20);
         }
         return OthersTouched();
@@ -178,8 +159,9 @@ class Add final : public WindowFlow {
         return user_->Said("[item-new]") && !user_->SaidError();
     }
     std::string WrongRows(bool acknowledged) override {
-        const std::string rows =
-            Rows("select fContent,date(taskTime),tDone from tTaskList where taskTitle='item-new'");
+        const std::string rows = Rows(
+            "select fContent,cast(date(taskTime) as varchar(10)),tDone from tTaskList where "
+            "taskTitle='item-new'");
         if (rows == "new|2003-03-07|0" || (!acknowledged && rows.empty())) return {};
         return "the new item is " + rows;
     }
@@ -229,7 +211,7 @@ class Delete final : public WindowFlow {
 class Generate final : public WindowFlow {
  public:
     explicit Generate(const FlowOptions& options) : WindowFlow(options) {
-        app_.Sql(
+        store_->Run(
             "insert into tTaskList(TaskID,taskTitle,taskTime,tDone) values"
             "(7,'plan','2003-03-01 00:00:00',0),(7,'plan','2003-02-01 00:00:00',0)");
     }
@@ -241,8 +223,8 @@ class Generate final : public WindowFlow {
     }
     std::string WrongRows(bool acknowledged) override {
         const std::string rows = Rows(
-            "select count(*)||' '||count(distinct taskTime)||' '||coalesce(min(date(taskTime)),'')"
-            " from tTaskList where TaskID=7");
+            "select count(*)||' '||count(distinct taskTime)||' '||"
+            "coalesce(cast(min(date(taskTime)) as varchar(10)),'') from tTaskList where TaskID=7");
         const std::string days = std::to_string(kPlanDays);
         if (acknowledged && rows != days + ' ' + days + " 2003-03-01") {
             return "the plan's items: " + rows;

@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "driver/headless/headless_driver.h"
 #include "forms/buttons.h"
 #include "forms/text_box.h"
 #include "monkey/shrinking.h"
@@ -144,6 +145,44 @@ TEST_F(OnAStage, AnOpenEditorThatCannotSaveIsFound) {
                     dynamic_cast<forms::TextBox&>(*form.FindControl("txtTitle2")).SetLocked(false);
                 }),
         "frmTaskMain: the title can be typed in and not saved");
+}
+
+/// Sees one property of one control otherwise than it is.
+class Shortsighted final : public driver::HeadlessDriver {
+ public:
+    Shortsighted(std::string control, std::string property)
+        : control_(std::move(control)), property_(std::move(property)) {}
+    std::optional<std::string> Read(forms::Control& control, const std::string& property,
+                                    const std::vector<int>& arguments) override {
+        if (control.Name() == control_ && property == property_) return "other";
+        return HeadlessDriver::Read(control, property, arguments);
+    }
+
+ private:
+    std::string control_;
+    std::string property_;
+};
+
+TEST_F(OnAStage, AScreenThatShowsSomethingElseIsFound) {
+    const auto find = [&](const char* control, const char* property, bool behindBox) {
+        std::string found;
+        FaultOf("click a.b", [&](ScenarioStage& stage, Invariants&) {
+            Shortsighted driver(control, property);
+            found = ScreenFault(driver, *stage.windows.Find("frmTaskMain"), behindBox);
+        });
+        return found;
+    };
+    for (const auto& [control, property] : {std::pair("tvwTask", "nodes"),
+                                            {"tvwTask", "focus"},
+                                            {"cmdSeek", "caption"},
+                                            {"cmdSeek", "enabled"},
+                                            {"tvwTask", "selected"},
+                                            {"SSTab1", "tab"}}) {
+        EXPECT_TRUE(find(control, property, false).starts_with("the screen shows something else: "))
+            << control << ' ' << property;
+    }
+    EXPECT_EQ(find("none", "text", false), "");
+    EXPECT_EQ(find("tvwTask", "focus", true), "");
 }
 
 TEST_F(OnAStage, AStatementThatNoEngineTakesIsFound) {

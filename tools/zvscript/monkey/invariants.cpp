@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/path.h"
+#include "driver/driver_checks.h"
 #include "failure.h"
 #include "forms/form.h"
 #include "forms/text_box.h"
@@ -55,6 +56,23 @@ std::string FocusFault(const forms::Form& form) {
     return {};
 }
 
+std::string ScreenFault(driver::Driver& driver, forms::Control& control, bool behindBox) {
+    constexpr auto kProperties = std::to_array<std::string_view>(
+        {"focus", "visible", "enabled", "caption", "text", "value", "locked", "index", "tab",
+         "count", "nodes", "selected", "rows", "selection"});
+    for (const std::string_view name : kProperties) {
+        if (behindBox && name == "focus") continue;
+        const std::string property(name);
+        const auto held = driver::ReadState(control, property, {});
+        const auto shown = driver.Read(control, property, {});
+        if (held == shown) continue;
+        const auto words = [](const auto& text) { return text ? Quote(*text) : "nothing"; };
+        return "the screen shows something else: " + control.DisplayName() + ' ' + property + ' ' +
+               words(shown) + " for " + words(held);
+    }
+    return {};
+}
+
 std::string WindowFault(const forms::Form& form) {
     for (const forms::Control* control : form.Controls()) {
         const auto* tree = dynamic_cast<const forms::TreeView*>(control);
@@ -76,6 +94,15 @@ bool IsCancelled(const std::string& box) {
 }
 
 }  // namespace
+
+std::string ScreenFault(driver::Driver& driver, const forms::Form& form, bool behindBox) {
+    for (forms::Control* control : form.Controls()) {
+        if (!control->Visible()) continue;
+        std::string fault = ScreenFault(driver, *control, behindBox);
+        if (!fault.empty()) return fault;
+    }
+    return {};
+}
 
 bool IsOfAnotherProgram(const std::string& line) {
     constexpr auto kWords = std::to_array<std::string_view>(
@@ -134,6 +161,7 @@ std::string Invariants::LineEnded(ScenarioStage& stage) {
     for (const forms::Form* form : stage.windows.Windows()) {
         if (!form->IsShown()) continue;
         std::string fault = WindowFault(*form);
+        if (fault.empty()) fault = ScreenFault(stage.driver, *form, stage.dialogs.Innermost());
         if (!fault.empty()) return fault;
     }
     const std::string fault = StatementFault(stage, frame);

@@ -6,12 +6,24 @@
 #include <string>
 #include <vector>
 
+namespace zv::driver {
+class Driver;
+}
+namespace zv::forms {
+class Form;
+}
+
 namespace zv::script {
 
 class ScenarioStage;
 
 /// The line writes rows, or takes another database, as a program beside the control does.
 bool IsOfAnotherProgram(const std::string& line);
+
+/// What the driver sees of a control and the control does not hold; empty when there is nothing.
+/// Without a display there is nothing else to see. A box of a scenario is none of the system's, and
+/// takes no focus from the window that stands behind it: there the focus is not looked at.
+std::string ScreenFault(driver::Driver& driver, const forms::Form& form, bool behindBox);
 
 class Invariants {
  public:
@@ -26,8 +38,8 @@ class Invariants {
     void BoxAnswered(const std::string& box);
     /// What does not hold, in words; empty when everything does: no two nodes of a tree have the
     /// same key, the editor is locked unless input can be saved, the focus is somewhere where it
-    /// can be, the engine takes every statement that was sent, and rows change only where a box
-    /// stood, or the host did it.
+    /// can be, the screen shows what the controls hold, the engine takes every statement that was
+    /// sent, and rows change only where a box stood, or the host did it.
     std::string LineEnded(ScenarioStage& stage);
     /// The same of the end: no window is left that a user cannot close.
     static std::string AtEnd(ScenarioStage& stage);
