@@ -57,10 +57,10 @@ std::string FocusFault(const forms::Form& form) {
 }
 
 std::string ScreenFault(driver::Driver& driver, forms::Control& control, bool behindBox) {
-    constexpr auto kProperties = std::to_array<std::string_view>(
+    constexpr auto kShownProperties = std::to_array<std::string_view>(
         {"focus", "visible", "enabled", "caption", "text", "value", "locked", "index", "tab",
          "count", "nodes", "selected", "rows", "selection"});
-    for (const std::string_view name : kProperties) {
+    for (const std::string_view name : kShownProperties) {
         if (behindBox && name == "focus") continue;
         const std::string property(name);
         const auto held = driver::ReadState(control, property, {});
