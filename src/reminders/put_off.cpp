@@ -3,9 +3,9 @@
 namespace zv::reminders {
 namespace {
 
-constexpr int kMinute = 60;
-constexpr int kHour = 60 * kMinute;
-constexpr int kMorning = 8 * kHour;
+constexpr std::int64_t kMinute = 60;
+constexpr std::int64_t kHour = 60 * kMinute;
+constexpr std::int64_t kMorning = 8 * kHour;
 constexpr int kMonday = 2;
 constexpr int kWeek = 7;
 

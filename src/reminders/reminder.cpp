@@ -10,10 +10,8 @@ bool People::NameNobody() const {
 
 bool People::Name(std::string_view user) const {
     if (user.empty()) return false;
-    for (const std::string* name : {&doer, &setter, &planDoer, &planSetter}) {
-        if (text::EqualsIgnoreCase(*name, user)) return true;
-    }
-    return false;
+    const auto isUser = [&](const std::string& name) { return text::EqualsIgnoreCase(name, user); };
+    return isUser(doer) || isUser(setter) || isUser(planDoer) || isUser(planSetter);
 }
 
 bool Concerns(const Subject& subject, std::string_view user) {

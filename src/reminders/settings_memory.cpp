@@ -65,6 +65,7 @@ bool IsSame(const Answer& answer, const Key& key) {
 
 std::string ToText(const std::vector<Answer>& answers) {
     std::vector<std::string> lines;
+    lines.reserve(answers.size());
     for (const Answer& answer : answers) {
         lines.push_back(text::Join(
             {std::to_string(answer.key.plan), std::to_string(answer.key.item),
