@@ -54,9 +54,10 @@ std::vector<SidePart> UpgradeFile(const std::string& path, bool dryRun) {
             "the side tables there");
     }
     CheckFile(path);
-    std::vector<SidePart> missing = MissingInFile(path, dryRun);
-    if (dryRun || missing.empty()) return missing;
     const InterruptionGuard guard;
+    std::vector<SidePart> missing = MissingInFile(path, dryRun);
+    StopIfInterrupted();
+    if (dryRun || missing.empty()) return missing;
     try {
         return MakeInFile(path);
     } catch (const EngineError& error) {
