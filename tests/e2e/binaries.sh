@@ -47,7 +47,7 @@ look_at() { # PRESET FILE
     esac
     check "$name: paths of the build" "" "$(texts "$file" | grep -F -- "$root" | head -n 3 | tr '\n' ' ')"
     check "$name: symbols" "no symbols" "$($objdump -t "$file" | grep -o 'no symbols')"
-    check "$name: where its symbols are" "$2.debug" "$(texts "$file" | grep -xF -- "$2.debug" | head -n 1)"
+    check "$name: where its symbols are" "$2.debug" "$($objdump --dwarf=links "$file" | sed -nE 's/^ *Separate debug info file: (.*)/\1/p')"
     check "$name: the file of its symbols" present "$([ -s "$file.debug" ] && echo present)"
     check "$name: day of the build" "Thu Jan 1 00:00:00 1970" \
         "$(sed -nE 's/^Time\/Date\s+(.*)/\1/p' <<<"$headers" | head -n 1 | tr -s ' ')"
