@@ -10,6 +10,7 @@
 #include <tuple>
 
 #include "base/errors.h"
+#include "resources/alerter_texts.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
 #include "resources/item_texts.h"
@@ -30,9 +31,10 @@ template <class Id>
 using Texts = std::span<const Text<Id>>;
 
 /// The numbered catalogue, the texts of each enumeration, the errors by number and by kind.
-using Language = std::tuple<Texts<std::int16_t>, Texts<DesignText>, Texts<AskText>, Texts<ItemText>,
-                            Texts<PlanText>, Texts<ReportText>, Texts<PrintText>, Texts<StatusText>,
-                            Texts<KeyText>, Texts<ErrorNumber>, Texts<ErrorKind>>;
+using Language =
+    std::tuple<Texts<std::int16_t>, Texts<DesignText>, Texts<AskText>, Texts<ItemText>,
+               Texts<PlanText>, Texts<ReportText>, Texts<PrintText>, Texts<StatusText>,
+               Texts<KeyText>, Texts<AlerterText>, Texts<ErrorNumber>, Texts<ErrorKind>>;
 
 /// Stands among the errors for every number that has no text of its own.
 inline constexpr ErrorNumber kAnyError{};

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "resources/alerter_texts.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
 #include "resources/item_texts.h"
@@ -43,6 +44,7 @@ std::string LoadText(ReportText id, std::int16_t language);
 std::string LoadText(PrintText id, std::int16_t language);
 std::string LoadText(StatusText id, std::int16_t language);
 std::string LoadText(KeyText id, std::int16_t language);
+std::string LoadText(AlerterText id, std::int16_t language);
 
 /// A text with `first` in the place of "{0}" and `second` in the place of "{1}".
 std::string FillIn(std::string_view text, std::string_view first, std::string_view second = {});

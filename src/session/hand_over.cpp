@@ -125,26 +125,27 @@ bool HandOver(Session& session) {
     return sealed.has_value();
 }
 
-bool TakeHandedOver(Session& session) {
+std::optional<HandedOver> ReadHandedOver(Session& session) {
     const auto sealed = BytesOf(session.GetSetting(resources::kTaskSection, kSetting, ""));
-    if (!sealed || sealed->empty()) return false;
+    if (!sealed || sealed->empty()) return std::nullopt;
     const std::optional<std::string> text = session.machine.vault.Reveal(*sealed);
-    const std::optional<HandedOver> kept = text ? HandedOverIn(*text) : std::nullopt;
-    if (!kept) return false;
+    return text ? HandedOverIn(*text) : std::nullopt;
+}
+
+void TakeHandedOver(Session& session, const HandedOver& kept) {
     ControlState& state = session.state;
-    HostSetsPath(state, kept->path);
-    HostSetsKind(state, kept->kind);
-    state.Password = kept->password;
-    state.UserID = kept->login;
-    state.Default = kept->database;
-    state.Language = kept->language;
-    state.UserName = kept->user;
-    state.ZgName = kept->chief;
-    state.CompName = kept->company;
-    state.myPower = kept->power;
-    state.myModel = kept->model;
+    HostSetsPath(state, kept.path);
+    HostSetsKind(state, kept.kind);
+    state.Password = kept.password;
+    state.UserID = kept.login;
+    state.Default = kept.database;
+    state.Language = kept.language;
+    state.UserName = kept.user;
+    state.ZgName = kept.chief;
+    state.CompName = kept.company;
+    state.myPower = kept.power;
+    state.myModel = kept.model;
     session.SetApplicationTitle();
-    return true;
 }
 
 }  // namespace zv

@@ -36,8 +36,9 @@ std::optional<HandedOver> HandedOverIn(std::string_view text);
 /// Keeps what the session has, for this user of the machine only and unreadable for everyone else.
 /// Where the system cannot do that nothing is kept, an earlier state neither: false.
 bool HandOver(Session& session);
-/// Gives a session what was kept. False, and nothing changes, when there is nothing that this user
-/// may read.
-bool TakeHandedOver(Session& session);
+/// What was kept. Nothing when there is nothing that this user may read.
+std::optional<HandedOver> ReadHandedOver(Session& session);
+/// Gives a session what was kept, as a host would set it.
+void TakeHandedOver(Session& session, const HandedOver& kept);
 
 }  // namespace zv

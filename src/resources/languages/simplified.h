@@ -415,6 +415,21 @@ inline constexpr auto kKeys = InOrder<KeyText>({
     {KeyText::PutAside, "[{0}] 的输入尚未保存，按 Ctrl+Z 取回"},
 });
 
+// What the program beside the clock says.
+inline constexpr auto kAlerter = InOrder<AlerterText>({
+    {AlerterText::NothingDue, "没有到期的事项"},
+    {AlerterText::Due, "{0} 项到期"},
+    {AlerterText::MustLogIn, "请先登录业务系统，提醒程序随后自动开始"},
+    {AlerterText::Paused, "提醒暂停到 {0}"},
+    {AlerterText::Balloon, "新到期 {0} 项"},
+    {AlerterText::Open, "打开任务管理"},
+    {AlerterText::NewEntry, "新增任务"},
+    {AlerterText::Pause, "暂停提醒一小时"},
+    {AlerterText::GoOn, "继续提醒"},
+    {AlerterText::Options, "选项"},
+    {AlerterText::Exit, "退出提醒程序"},
+});
+
 // Run-time errors by their number.
 inline constexpr auto kErrors = std::to_array<Text<ErrorNumber>>({
     {ErrorNumber::InvalidProcedureCall, "无效的过程调用或参数"},
@@ -491,8 +506,8 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace simplified
 
 inline constexpr Language kSimplified{
-    simplified::kCatalogue, simplified::kDesign, simplified::kAsk,       simplified::kItem,
-    simplified::kPlan,      simplified::kReport, simplified::kPrint,     simplified::kStatus,
-    simplified::kKeys,      simplified::kErrors, simplified::kErrorKinds};
+    simplified::kCatalogue, simplified::kDesign,  simplified::kAsk,    simplified::kItem,
+    simplified::kPlan,      simplified::kReport,  simplified::kPrint,  simplified::kStatus,
+    simplified::kKeys,      simplified::kAlerter, simplified::kErrors, simplified::kErrorKinds};
 
 }  // namespace zv::resources

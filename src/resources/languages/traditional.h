@@ -415,6 +415,21 @@ inline constexpr auto kKeys = InOrder<KeyText>({
     {KeyText::PutAside, "[{0}] 的輸入尚未儲存，按 Ctrl+Z 取回"},
 });
 
+// What the program beside the clock says.
+inline constexpr auto kAlerter = InOrder<AlerterText>({
+    {AlerterText::NothingDue, "沒有到期的事項"},
+    {AlerterText::Due, "{0} 項到期"},
+    {AlerterText::MustLogIn, "請先登入業務系統，提醒程式隨後自動開始"},
+    {AlerterText::Paused, "提醒暫停到 {0}"},
+    {AlerterText::Balloon, "新到期 {0} 項"},
+    {AlerterText::Open, "打開任務管理"},
+    {AlerterText::NewEntry, "新增任務"},
+    {AlerterText::Pause, "暫停提醒一小時"},
+    {AlerterText::GoOn, "繼續提醒"},
+    {AlerterText::Options, "選項"},
+    {AlerterText::Exit, "退出提醒程式"},
+});
+
 // Run-time errors by their number.
 inline constexpr auto kErrors = std::to_array<Text<ErrorNumber>>({
     {ErrorNumber::InvalidProcedureCall, "無效的程序呼叫或引數"},
@@ -491,8 +506,8 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace traditional
 
 inline constexpr Language kTraditional{
-    traditional::kCatalogue, traditional::kDesign, traditional::kAsk,       traditional::kItem,
-    traditional::kPlan,      traditional::kReport, traditional::kPrint,     traditional::kStatus,
-    traditional::kKeys,      traditional::kErrors, traditional::kErrorKinds};
+    traditional::kCatalogue, traditional::kDesign,  traditional::kAsk,    traditional::kItem,
+    traditional::kPlan,      traditional::kReport,  traditional::kPrint,  traditional::kStatus,
+    traditional::kKeys,      traditional::kAlerter, traditional::kErrors, traditional::kErrorKinds};
 
 }  // namespace zv::resources

@@ -77,7 +77,9 @@ TEST_F(HandOver, ASessionGetsWhatAnotherHad) {
     Give(Filled());
     EXPECT_TRUE(zv::HandOver(stage.session));
     stage.session.state = {};
-    EXPECT_TRUE(TakeHandedOver(stage.session));
+    const auto kept = ReadHandedOver(stage.session);
+    ASSERT_TRUE(kept);
+    TakeHandedOver(stage.session, *kept);
     const ControlState& state = stage.session.state;
     EXPECT_EQ(state.UserPath, Filled().path);
     EXPECT_EQ(state.SQLData, 1);
@@ -109,11 +111,8 @@ TEST_F(HandOver, NothingOfASecretCanBeReadWhereItIsKept) {
 TEST_F(HandOver, AnotherUserOfTheMachineGetsNothing) {
     Give(Filled());
     zv::HandOver(stage.session);
-    stage.session.state = {};
     stage.vault.user = "somebody else";
-    EXPECT_FALSE(TakeHandedOver(stage.session));
-    EXPECT_EQ(stage.session.state.UserName, "");
-    EXPECT_TRUE(stage.session.state.UserPath.IsEmpty());
+    EXPECT_EQ(ReadHandedOver(stage.session), std::nullopt);
 }
 
 TEST_F(HandOver, WhereNothingCanBeSealedNothingIsKept) {
@@ -123,11 +122,11 @@ TEST_F(HandOver, WhereNothingCanBeSealedNothingIsKept) {
     EXPECT_FALSE(zv::HandOver(stage.session));
     EXPECT_EQ(Setting(), "");
     stage.vault.missing = false;
-    EXPECT_FALSE(TakeHandedOver(stage.session));
+    EXPECT_EQ(ReadHandedOver(stage.session), std::nullopt);
 }
 
 TEST_F(HandOver, ADamagedSettingIsNothing) {
-    EXPECT_FALSE(TakeHandedOver(stage.session));
+    EXPECT_EQ(ReadHandedOver(stage.session), std::nullopt);
     Give(Filled());
     zv::HandOver(stage.session);
     const std::string good = Setting();
@@ -135,10 +134,10 @@ TEST_F(HandOver, ADamagedSettingIsNothing) {
          {std::string("x"), std::string("zz"), std::string("0 "), good.substr(1),
           good.substr(0, good.size() - 2), good + "00", "00" + good}) {
         SetSetting(bad);
-        EXPECT_FALSE(TakeHandedOver(stage.session)) << bad;
+        EXPECT_EQ(ReadHandedOver(stage.session), std::nullopt) << bad;
     }
     SetSetting(good);
-    EXPECT_TRUE(TakeHandedOver(stage.session));
+    EXPECT_TRUE(ReadHandedOver(stage.session));
 }
 
 }  // namespace
