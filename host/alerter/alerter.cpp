@@ -6,8 +6,10 @@
 #include "base/number.h"
 #include "resources/alerter_texts.h"
 #include "resources/switch_setting.h"
+#include "windows/main/acts/rights.h"
 #include "windows/main/frm_task_main.h"
 #include "windows/remind/frm_remind.h"
+#include "windows/remind/reminding.h"
 
 namespace zv::alerter {
 
@@ -122,7 +124,11 @@ void Alerter::Do(Act act) {
         case Act::Open:
             return OpenManager();
         case Act::NewEntry:
-            return OpenManager([](windows::frmTaskMain& window) {
+            return OpenManager([this](windows::frmTaskMain& window) {
+                // Input that is under way goes on.
+                if (window.model.Editing()) return;
+                constexpr auto kRight = static_cast<std::int16_t>(windows::EditMode::Adding);
+                if (!windows::HasRightToItems(session_, window.model, kRight)) return;
                 window.editing.StartAddItem(items::ItemKind::Task);
             });
         case Act::Options:
@@ -159,7 +165,7 @@ Face Alerter::PresentFace() const {
     if (!user_) return {Mood::MustLogIn, 0, session_.LoadText(AlerterText::MustLogIn)};
     if (pausedUntil_) {
         return {Mood::Paused, 0,
-                session_.LoadText(AlerterText::Paused, pausedUntil_->Format("hh:nn"))};
+                session_.LoadText(AlerterText::Paused, pausedUntil_->HourAndMinute())};
     }
     const auto* window = session_.windows.Find<windows::frmRemind>(windows::frmRemind::kName);
     const int due = window ? window->DueCount() : 0;

@@ -17,6 +17,7 @@
 #include "resources/key_texts.h"
 #include "resources/plan_texts.h"
 #include "resources/print_texts.h"
+#include "resources/remind_texts.h"
 #include "resources/report_texts.h"
 #include "resources/status_texts.h"
 
@@ -31,10 +32,10 @@ template <class Id>
 using Texts = std::span<const Text<Id>>;
 
 /// The numbered catalogue, the texts of each enumeration, the errors by number and by kind.
-using Language =
-    std::tuple<Texts<std::int16_t>, Texts<DesignText>, Texts<AskText>, Texts<ItemText>,
-               Texts<PlanText>, Texts<ReportText>, Texts<PrintText>, Texts<StatusText>,
-               Texts<KeyText>, Texts<AlerterText>, Texts<ErrorNumber>, Texts<ErrorKind>>;
+using Language = std::tuple<Texts<std::int16_t>, Texts<DesignText>, Texts<AskText>, Texts<ItemText>,
+                            Texts<PlanText>, Texts<ReportText>, Texts<PrintText>, Texts<StatusText>,
+                            Texts<KeyText>, Texts<AlerterText>, Texts<RemindText>,
+                            Texts<ErrorNumber>, Texts<ErrorKind>>;
 
 /// Stands among the errors for every number that has no text of its own.
 inline constexpr ErrorNumber kAnyError{};

@@ -17,6 +17,7 @@
 #include "resources/key_texts.h"
 #include "resources/plan_texts.h"
 #include "resources/print_texts.h"
+#include "resources/remind_texts.h"
 #include "resources/report_texts.h"
 #include "resources/status_texts.h"
 
@@ -45,6 +46,7 @@ std::string LoadText(PrintText id, std::int16_t language);
 std::string LoadText(StatusText id, std::int16_t language);
 std::string LoadText(KeyText id, std::int16_t language);
 std::string LoadText(AlerterText id, std::int16_t language);
+std::string LoadText(RemindText id, std::int16_t language);
 
 /// A text with `first` in the place of "{0}" and `second` in the place of "{1}".
 std::string FillIn(std::string_view text, std::string_view first, std::string_view second = {});

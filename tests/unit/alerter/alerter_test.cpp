@@ -161,6 +161,8 @@ TEST_F(AlerterTest, AClockSetBackDoesNotLengthenAPauseForEver) {
 }
 
 TEST_F(AlerterTest, OpensTheManagerANewEntryAndTheOptions) {
+    stage.Sql("insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask')");
+    stage.session.state.myPower = std::string(350, '1');
     LogIn("user");
     ASSERT_TRUE(alerter.Start());
     alerter.Do(Act::Open);
@@ -173,6 +175,7 @@ TEST_F(AlerterTest, OpensTheManagerANewEntryAndTheOptions) {
 }
 
 TEST_F(AlerterTest, ANewEntryAsksTheRightOfTheButton) {
+    stage.Sql("insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask')");
     stage.session.state.myPower = std::string(350, '0');
     LogIn("user");
     ASSERT_TRUE(alerter.Start());
@@ -196,7 +199,11 @@ TEST_F(AlerterTest, SleepsForTheIntervalAndAtLeastAMinute) {
     EXPECT_EQ(alerter.Minutes(), 5);
     SetSetting("RemindInterval", "12");
     EXPECT_EQ(alerter.Minutes(), 12);
-    SetSetting("RemindInterval", "0");
+    for (const char* wrong : {"0", "-3", "1441", "x", "", "1e99"}) {
+        SetSetting("RemindInterval", wrong);
+        EXPECT_EQ(alerter.Minutes(), 5) << wrong;
+    }
+    SetSetting("RemindInterval", "1");
     EXPECT_EQ(alerter.Minutes(), 1);
 }
 
