@@ -1,4 +1,4 @@
-// The unseen window of the alerter: what the system tells it about the icon, the clock, the power
+// The unseen window of the alerter: what the system reports of the icon, the clock, the power
 // and the session.
 #pragma once
 

@@ -12,7 +12,7 @@ struct Search {
     HWND found;
 };
 
-bool IsFree(HWND window, StaysFree stays) {
+bool IsFree(HWND window, StaysFree stays) noexcept {
     return stays && stays(window);
 }
 

@@ -92,9 +92,9 @@ class frmRemind : public forms::Form, public StoreClient {
     // frm_remind_acts.cpp
     std::set<std::int32_t> SelectedItems() const;
     std::vector<reminders::Due> Selected() const;
-    /// Those of them that are due still; the user is told of the others when the act is over.
+    /// Those of them that are due still; the user learns of the others when the act is over.
     std::vector<reminders::Due> StillDue(const std::vector<reminders::Due>& wanted);
-    void TellGone(std::size_t gone);
+    void ReportGone(std::size_t gone);
     void cmdDone_Click();
     void cmdInHand_Click();
     void cmdOpen_Click();

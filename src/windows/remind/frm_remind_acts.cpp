@@ -58,7 +58,7 @@ std::vector<reminders::Due> frmRemind::StillDue(const std::vector<reminders::Due
     return still;
 }
 
-void frmRemind::TellGone(std::size_t gone) {
+void frmRemind::ReportGone(std::size_t gone) {
     if (gone == 0) return;
     session_.windows.ShowMessage(session_.LoadText(RemindText::Gone, std::to_string(gone)),
                                  forms::box::kExclamation);
@@ -114,7 +114,7 @@ void frmRemind::Mark(const std::vector<reminders::Due>& wanted, items::ItemState
         reminders::MomentOf(reminders::PutOff::TomorrowMorning, session_.machine.clock.Now());
     if (!inHand.empty()) Answer(inHand, morning, ReminderAct::InHand);
     LookAgain();
-    TellGone(wanted.size() - marked);
+    ReportGone(wanted.size() - marked);
 }
 
 void frmRemind::cmdOpen_Click() {
@@ -123,7 +123,7 @@ void frmRemind::cmdOpen_Click() {
     const std::vector<reminders::Due> still = StillDue({wanted.front()});
     if (still.empty()) {
         LookAgain();
-        return TellGone(1);
+        return ReportGone(1);
     }
     const reminders::Subject& subject = still.front().subject;
     open_({subject.item, subject.kind, subject.title, subject.date.value_or(subject.from),
@@ -154,7 +154,7 @@ void frmRemind::cmdLater_Click() {
     const std::vector<reminders::Due> still = StillDue(wanted);
     Answer(still, until, ReminderAct::Later);
     LookAgain();
-    TellGone(wanted.size() - still.size());
+    ReportGone(wanted.size() - still.size());
 }
 
 void frmRemind::cmdDismiss_Click() {
@@ -163,7 +163,7 @@ void frmRemind::cmdDismiss_Click() {
     const std::vector<reminders::Due> still = StillDue(wanted);
     Answer(still, std::nullopt, ReminderAct::Dismiss);
     LookAgain();
-    TellGone(wanted.size() - still.size());
+    ReportGone(wanted.size() - still.size());
 }
 
 void frmRemind::Answer(const std::vector<reminders::Due>& wanted, std::optional<DateTime> until,

@@ -1,4 +1,4 @@
-// Starts and ends reminding, for whoever wants it: the control for its host, or a program beside
+// Starts and ends reminding, for what wants it: the control for its host, or a program beside
 // the clock.
 #pragma once
 
