@@ -7,6 +7,7 @@
 
 #include "base/number.h"
 #include "items/names.h"
+#include "reminders/put_off.h"
 #include "reminders/retry.h"
 #include "reminders/store_memory.h"
 #include "reminders/subjects.h"
@@ -98,7 +99,8 @@ void frmRemind::Form_Load() {
     cboLater.SetItems(std::move(choices));
     cboLater.SetListIndex(0);
     dtpLater.SetFormat(forms::DateFormat::DateTime);
-    dtpLater.SetValue(session_.machine.clock.Today().AddDays(1));
+    const DateTime now = session_.machine.clock.Now();
+    dtpLater.SetValue(reminders::MomentOf(reminders::PutOff::TomorrowMorning, now).value_or(now));
     ShowOwnTime();
     FitToRows();
 }
@@ -125,7 +127,7 @@ void frmRemind::SetCaptions() {
 
 void frmRemind::SetColumns() {
     const auto text = [this](auto id) { return session_.LoadText(id); };
-    grdDue.SetColumns({{text(text_id::kTitle), 200},
+    grdDue.SetColumns({{text(text_id::kTitle), 220},
                        {text(DesignText::Kind), 80},
                        {text(DesignText::Company), 120},
                        {text(RemindText::ColumnDue), 96},
