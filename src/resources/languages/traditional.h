@@ -456,7 +456,7 @@ inline constexpr auto kRemind = InOrder<RemindText>({
     {RemindText::ButtonClose, "關閉"},
     {RemindText::AskDone, "將選中的 {0} 項標為已完成 ?"},
     {RemindText::AskDismiss, "不再提醒選中的 {0} 項 ?"},
-    {RemindText::Gone, "有 {0} 項已被其他用戶更改或刪除，沒有處理。"},
+    {RemindText::Gone, "有 {0} 項已被其他使用者更改或刪除，沒有處理。"},
     {RemindText::NotLater, "請選擇今後的時間。"},
     {RemindText::FiveMinutes, "5 分鐘後"},
     {RemindText::QuarterHour, "15 分鐘後"},
