@@ -17,7 +17,7 @@ namespace zv::alerter {
 /// they come and what the icon shows.
 class Alerter final : public HostEvents {
  public:
-    static constexpr std::int64_t kPauseSeconds = 60 * 60;
+    static constexpr std::int64_t kPauseSeconds = 3600;
 
     /// Both must outlive this. The session's listener is this one.
     Alerter(Session& session, Tray& tray);

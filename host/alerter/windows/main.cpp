@@ -94,8 +94,8 @@ int EndOther() {
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR commandLine, int) {
-    if (std::wstring_view(commandLine) == L"--exit") return EndOther();
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR lpCmdLine, int) {
+    if (std::wstring_view(lpCmdLine) == L"--exit") return EndOther();
     if (FAILED(OleInitialize(nullptr))) return 1;
     const int status = Remind();
     OleUninitialize();

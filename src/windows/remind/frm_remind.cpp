@@ -95,6 +95,7 @@ void frmRemind::Form_Load() {
     SetCaptions();
     SetColumns();
     std::vector<std::string> choices;
+    choices.reserve(kChoices.size());
     for (const RemindText choice : kChoices) choices.push_back(session_.LoadText(choice));
     cboLater.SetItems(std::move(choices));
     cboLater.SetListIndex(0);

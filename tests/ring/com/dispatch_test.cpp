@@ -25,6 +25,13 @@ class WildCalls : public testing::Test {
         if (opens) SetDatabase(Task());
     }
 
+    /// The window of reminders stays behind when its user closes it.
+    void EndReminders(const LibraryMember& member) {
+        if (member.id != zv::com::kStartReminders) return;
+        EXPECT_EQ(stage.Borrow<zv::com::ITask2>(zv::com::kSecondInterfaceId)->StopReminders(),
+                  S_OK);
+    }
+
     std::string Invoke(const LibraryMember& member, WORD kind, DISPPARAMS parameters) {
         Prepare(member);
         VARIANT result{};
@@ -46,6 +53,7 @@ class WildCalls : public testing::Test {
         SysFreeString(exception.bstrSource);
         SysFreeString(exception.bstrDescription);
         SysFreeString(exception.bstrHelpFile);
+        EndReminders(member);
         if (!ControlWindows().empty()) CloseWindows();
         return wrong.empty() ? wrong : member.name + ": " + wrong;
     }
@@ -78,6 +86,10 @@ TEST_F(WildCalls, EveryTypeInEveryFormForEveryMember) {
         const bool isPut = member.kind == INVOKE_PROPERTYPUT;
         for (const VARTYPE type : WildValues::Types()) {
             for (const Form form : WildValues::Forms()) {
+                // Without parameters there is nothing that differs.
+                const bool first =
+                    type == WildValues::Types().front() && form == WildValues::Forms().front();
+                if (member.parameters.empty() && !first) continue;
                 Now(member.name + " of type " + std::to_string(type) + " in form " +
                     std::to_string(static_cast<int>(form)));
                 std::vector<VARIANT> arguments;
@@ -166,6 +178,7 @@ TEST_F(WildCalls, ThroughTheVtable) {
             S_OK);
         EXPECT_TRUE(IsDefined(result.scode)) << member.name << ' ' << std::hex << result.scode;
         if (member.answer == VT_BSTR) SysFreeString(answer.bstrVal);
+        EndReminders(member);
         if (!ControlWindows().empty()) CloseWindows();
         wild.Forget();
     }
