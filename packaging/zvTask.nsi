@@ -178,6 +178,7 @@ Section
     Call RefuseStrangeFolder
     ; What one that was killed has left is put back before anything else.
     Call PutBack
+    Call EndAlerter
     Call WaitUntilUnused
     Call Stage
     Call Exchange
@@ -187,6 +188,22 @@ Section
     Call WriteStartMenu
     Call WriteProgramEntry
 SectionEnd
+
+; The alerter keeps its files in use as long as its user is logged in. It begins again with the next
+; log-in: a set-up that an administrator started must not leave a program of his running.
+!macro DefineEndAlerter UN
+Function ${UN}EndAlerter
+    ${If} ${FileExists} "$INSTDIR\x64\zvAlert.exe"
+        ExecWait '"$INSTDIR\x64\zvAlert.exe" --exit'
+    ${EndIf}
+    ${If} ${FileExists} "$INSTDIR\x86\zvAlert.exe"
+        ExecWait '"$INSTDIR\x86\zvAlert.exe" --exit'
+    ${EndIf}
+    ClearErrors
+FunctionEnd
+!macroend
+!insertmacro DefineEndAlerter ""
+!insertmacro DefineEndAlerter "un."
 
 Function .onInstFailed
     Call CloseList
@@ -212,6 +229,8 @@ Function WriteStartMenu
     ${EndIf}
     SetOutPath "$0"
     CreateShortcut "$SMPROGRAMS\${NAME}\$(LinkDemo).lnk" "$0\zvDemo.exe"
+    ; Whether it stays when it is started is each user's own choice.
+    CreateShortcut "$SMSTARTUP\${NAME}.lnk" "$0\zvAlert.exe"
     SetOutPath "$INSTDIR"
     CreateShortcut "$SMPROGRAMS\${NAME}\$(LinkExamples).lnk" "$INSTDIR\examples"
     CreateShortcut "$SMPROGRAMS\${NAME}\$(LinkDeploying).lnk" "$INSTDIR\deploying.txt"
@@ -256,10 +275,12 @@ Function un.onInit
 FunctionEnd
 
 Section Uninstall
+    Call un.EndAlerter
     Call un.WaitUntilUnused
     Call un.Unregister
     Call un.RemoveFiles
     RMDir /r "$SMPROGRAMS\${NAME}"
+    Delete "$SMSTARTUP\${NAME}.lnk"
     DeleteRegKey SHCTX "${UNINSTALL_KEY}"
     ${If} $MultiUser.InstallMode == "CurrentUser"
         ; A user's first entry has brought the list itself.

@@ -192,6 +192,13 @@ std::string DateTime::IsoDateTime() const {
     return text;
 }
 
+std::string DateTime::HourAndMinute() const {
+    constexpr std::size_t kMinutes = 5;
+    std::string text;
+    AppendTime(text, seconds_);
+    return text.substr(0, kMinutes);
+}
+
 std::string DateTime::ShortIso() const {
     std::string text = IsoDate();
     if (*this == Date()) return text;

@@ -50,6 +50,7 @@ class DateTime {
     std::string IsoDateTime() const;  ///< "2003-03-07 10:00:00", the form of stored dates
     /// "2003-03-07" at midnight, "2003-03-07T10:00:00" otherwise.
     std::string ShortIso() const;
+    std::string HourAndMinute() const;  ///< "10:00"
 
     auto operator<=>(const DateTime&) const = default;
 

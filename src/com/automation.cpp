@@ -167,6 +167,23 @@ STDMETHODIMP Automation::put_Default(BSTR value) noexcept {
     return PutText(kDefault, &ControlState::Default, value);
 }
 
+STDMETHODIMP Automation::StartReminders() noexcept {
+    return Boundary("StartReminders", [&] {
+        core_.EnsureValues();
+        core_.task.StartReminders();
+    });
+}
+
+STDMETHODIMP Automation::StopReminders() noexcept {
+    return Boundary("StopReminders", [&] { core_.task.StopReminders(); });
+}
+
+STDMETHODIMP Automation::get_Reminding(VARIANT_BOOL* value) noexcept {
+    if (!value) return E_POINTER;
+    *value = VARIANT_FALSE;
+    return Boundary([&] { *value = core_.task.Reminding() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
 STDMETHODIMP Automation::GetTypeInfoCount(UINT* count) noexcept {
     if (!count) return E_POINTER;
     *count = 1;
@@ -177,7 +194,7 @@ STDMETHODIMP Automation::GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcep
     if (!info) return E_POINTER;
     *info = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
-    return Boundary([&] { *info = LoadTypeInfo(kInterfaceId).Detach(); });
+    return Boundary([&] { *info = LoadTypeInfo(kSecondInterfaceId).Detach(); });
 }
 
 }  // namespace zv::com

@@ -9,7 +9,7 @@
 
 namespace zv::com {
 
-class Automation final : public Part<ITask> {
+class Automation final : public Part<ITask2> {
  public:
     using Part::Part;
 
@@ -52,6 +52,9 @@ class Automation final : public Part<ITask> {
     STDMETHODIMP put_UserID(BSTR value) noexcept override;
     STDMETHODIMP get_Default(BSTR* value) noexcept override;
     STDMETHODIMP put_Default(BSTR value) noexcept override;
+    STDMETHODIMP StartReminders() noexcept override;
+    STDMETHODIMP StopReminders() noexcept override;
+    STDMETHODIMP get_Reminding(VARIANT_BOOL* value) noexcept override;
 
  private:
     template <class Set>

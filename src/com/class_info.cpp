@@ -21,7 +21,7 @@ STDMETHODIMP ClassInfo::GetGUID(DWORD kind, GUID* id) noexcept {
 }
 
 STDMETHODIMP ErrorSupport::InterfaceSupportsErrorInfo(REFIID iid) noexcept {
-    const bool reports = iid == kInterfaceId || iid == IID_IDispatch ||
+    const bool reports = iid == kInterfaceId || iid == kSecondInterfaceId || iid == IID_IDispatch ||
                          iid == IID_IPersistPropertyBag || iid == IID_IPersistStreamInit ||
                          iid == IID_IPersistStorage;
     return reports ? S_OK : S_FALSE;

@@ -50,4 +50,12 @@ void EventSource::WindowClosed(const std::string& name) {
     Raise(kWindowClosed, std::string_view(name));
 }
 
+void EventSource::ReminderShown(std::int32_t count) {
+    Raise(kReminderShown, count);
+}
+
+void EventSource::ReminderActed(std::int32_t id, std::int16_t act) {
+    Raise(kReminderActed, id, act);
+}
+
 }  // namespace zv::com

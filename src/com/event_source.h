@@ -22,6 +22,8 @@ enum EventId : DISPID {
     kItemDone,
     kPlanGenerated,
     kWindowClosed,
+    kReminderShown,
+    kReminderActed,
 };
 
 /// With its arguments in the order in which they are written in a call.
@@ -46,6 +48,8 @@ class EventSource final : public HostEvents {
     void ItemDone(std::int32_t id, std::int16_t state) override;
     void PlanGenerated(std::int32_t id, std::int32_t rows) override;
     void WindowClosed(const std::string& name) override;
+    void ReminderShown(std::int32_t count) override;
+    void ReminderActed(std::int32_t id, std::int16_t act) override;
 
  private:
     template <class... Arguments>

@@ -38,6 +38,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
 }
 
 STDAPI DllCanUnloadNow() {
+    com::SessionHost::EndReminders();
     if (automation::module::IsLocked() || com::InPlaceObject::OpenWindows() > 0 ||
         !com::SessionHost::IsIdle()) {
         return S_FALSE;

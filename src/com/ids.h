@@ -1,4 +1,4 @@
-// The ids of the type library, and the early-bound shape of the control's interface.
+// The ids of the type library, and the early-bound shape of the control's interfaces.
 #pragma once
 
 #include <windows.h>
@@ -11,6 +11,8 @@ inline constexpr GUID kLibraryId = {
     0xF23DC7BD, 0x6762, 0x4632, {0x97, 0xF0, 0x90, 0x35, 0x82, 0x20, 0xB0, 0x0D}};
 inline constexpr GUID kInterfaceId = {
     0x19507C40, 0xA60B, 0x43E6, {0x93, 0xB3, 0x39, 0xD8, 0x3E, 0xCD, 0x49, 0x4D}};
+inline constexpr GUID kSecondInterfaceId = {
+    0x6B1D8C52, 0x0F3E, 0x4F0A, {0x9A, 0x57, 0x2C, 0x6E, 0x41, 0xD7, 0xB3, 0x8F}};
 inline constexpr GUID kEventsId = {
     0x588817B4, 0xC687, 0x4E66, {0x9C, 0x60, 0x88, 0xA7, 0xDA, 0x76, 0x48, 0x4C}};
 inline constexpr GUID kClassId = {
@@ -52,6 +54,9 @@ enum MemberId : DISPID {
     kZorvan,
     kUserID,
     kDefault,
+    kStartReminders,
+    kStopReminders,
+    kReminding,
 };
 
 /// The interface _zvTask of the type library; the order of the functions is that of the library.
@@ -83,6 +88,13 @@ struct ITask : IDispatch {
     STDMETHOD(put_UserID)(BSTR value) noexcept = 0;
     STDMETHOD(get_Default)(BSTR* value) noexcept = 0;
     STDMETHOD(put_Default)(BSTR value) noexcept = 0;
+};
+
+/// The interface _zvTask2: its vtable goes on where that of _zvTask ends, so one table serves both.
+struct ITask2 : ITask {
+    STDMETHOD(StartReminders)() noexcept = 0;
+    STDMETHOD(StopReminders)() noexcept = 0;
+    STDMETHOD(get_Reminding)(VARIANT_BOOL* value) noexcept = 0;
 };
 
 }  // namespace zv::com

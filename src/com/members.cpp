@@ -38,6 +38,13 @@ HRESULT GetValue(Automation& task, const Arguments&, Variant& answer) noexcept {
     return hr;
 }
 
+template <VARTYPE Type, auto Get>
+constexpr Entry ReadOnly(const wchar_t* name, DISPID id) {
+    Entry entry{{.name = name, .id = id, .count = 0, .type = Type}};
+    entry.read = &GetValue<Type, Get>;
+    return entry;
+}
+
 template <VARTYPE Type, auto Put, auto Get = nullptr>
 constexpr Entry Property(const wchar_t* name, DISPID id) {
     Entry entry{{.name = name, .id = id, .count = 0, .type = Type}};
@@ -50,8 +57,9 @@ HRESULT Refresh(Automation& task, const Arguments& arguments, Variant&) noexcept
     return task.refresh(arguments.Raw(0).lVal, arguments.Raw(1).iVal);
 }
 
-HRESULT Initialise(Automation& task, const Arguments&, Variant&) noexcept {
-    return task.UserControl_InitProperties();
+template <auto Function>
+HRESULT Plain(Automation& task, const Arguments&, Variant&) noexcept {
+    return (task.*Function)();
 }
 
 template <auto Function>
@@ -71,7 +79,7 @@ constexpr Entry Method(const wchar_t* name, DISPID id, automation::MemberBody<Au
 
 std::span<const Entry> Automation::Members() {
     using A = Automation;
-    static constexpr std::array<Entry, 22> kMembers{
+    static constexpr std::array<Entry, 25> kMembers{
         Method(L"refresh", kRefresh, &Refresh, 2, {L"mode", VT_I4}, {L"modal", VT_I2}),
         Property<VT_I4, &A::put_myTaskID>(L"myTaskID", kMyTaskID),
         Property<VT_BSTR, &A::put_UserPath>(L"UserPath", kUserPath),
@@ -88,7 +96,8 @@ std::span<const Entry> Automation::Members() {
         Property<VT_BSTR, &A::put_myPower>(L"myPower", kMyPower),
         Property<VT_BSTR, &A::put_myModel>(L"myModel", kMyModel),
         Property<VT_BOOL, &A::put_Copyright>(L"Copyright", kCopyright),
-        Method(L"UserControl_InitProperties", kInitProperties, &Initialise),
+        Method(L"UserControl_InitProperties", kInitProperties,
+               &Plain<&A::UserControl_InitProperties>),
         Method(L"UserControl_ReadProperties", kReadProperties,
                &WithBag<&A::UserControl_ReadProperties>, 1, {L"PropBag", VT_DISPATCH}),
         Method(L"UserControl_WriteProperties", kWriteProperties,
@@ -96,6 +105,9 @@ std::span<const Entry> Automation::Members() {
         Property<VT_BSTR, &A::put_Zorvan, &A::get_Zorvan>(L"Zorvan", kZorvan),
         Property<VT_BSTR, &A::put_UserID, &A::get_UserID>(L"UserID", kUserID),
         Property<VT_BSTR, &A::put_Default, &A::get_Default>(L"Default", kDefault),
+        Method(L"StartReminders", kStartReminders, &Plain<&A::StartReminders>),
+        Method(L"StopReminders", kStopReminders, &Plain<&A::StopReminders>),
+        ReadOnly<VT_BOOL, &A::get_Reminding>(L"Reminding", kReminding),
     };
     return kMembers;
 }

@@ -101,7 +101,7 @@ void AddRemovals(Registration& registration) {
     removals.push_back({.key = version, .unless = version + L"\\0\\" + kOtherPlatform});
     removals.push_back({.key = LibraryKey(), .kind = IfEmpty});
     // Marshalling information serves both widths where they share it.
-    for (const GUID& id : {kInterfaceId, kEventsId}) {
+    for (const GUID& id : {kInterfaceId, kSecondInterfaceId, kEventsId}) {
         removals.push_back({.key = InterfaceKey(id), .unless = LibraryKey()});
     }
     // A user has these only when something was registered; the machine's are never empty.
@@ -118,6 +118,7 @@ Registration ControlRegistration() {
     AddControl(registration, path);
     AddLibrary(registration, path);
     AddInterface(registration, kInterfaceId, L"_zvTask", kAutomationMarshaller);
+    AddInterface(registration, kSecondInterfaceId, L"_zvTask2", kAutomationMarshaller);
     AddInterface(registration, kEventsId, L"__zvTask", kDispatchMarshaller);
     AddRemovals(registration);
     return registration;

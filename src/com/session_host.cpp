@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "automation/module.h"
+#include "control/zv_task.h"
 #include "resources/error_texts.h"
 
 namespace zv::com {
@@ -83,7 +84,17 @@ void SessionHost::Close() noexcept {
     delete host;
 }
 
+void SessionHost::EndReminders() noexcept {
+    if (!g_host || automation::module::IsLocked() || !g_host->IsOfThisThread()) return;
+    try {
+        ZvTask(g_host->session_).StopReminders();
+    } catch (const std::exception&) {
+        // The window stays and keeps the library loaded, as any other window would.
+    }
+}
+
 void SessionHost::ReleaseConnection() noexcept {
+    EndReminders();
     if (!g_host || automation::module::IsLocked() || !IsIdle()) return;
     g_host->printer_.Release();
     try {

@@ -32,6 +32,8 @@ class SessionHost {
     /// property values stay until the library is unloaded. Only while IsIdle(). What belonged to a
     /// thread that ended without giving it back is given up, because only that thread could.
     static void Close() noexcept;
+    /// Without a control nobody could end reminding any more: it ends with the last one.
+    static void EndReminders() noexcept;
     /// Closes the shared connection and lets the report component go when no control and no window
     /// needs them.
     static void ReleaseConnection() noexcept;

@@ -55,7 +55,9 @@ STDMETHODIMP_(ULONG) TaskControl::Release() noexcept {
 
 IUnknown* TaskControl::Find(REFIID iid) noexcept {
     if (iid == IID_IUnknown) return this;
-    if (iid == IID_IDispatch || iid == kInterfaceId) return &automation_;
+    if (iid == IID_IDispatch || iid == kInterfaceId || iid == kSecondInterfaceId) {
+        return &automation_;
+    }
     if (iid == IID_IOleObject) return static_cast<IOleObject*>(&oleObject_);
     if (iid == IID_IOleControl) return static_cast<IOleControl*>(&oleObject_);
     if (iid == IID_IOleInPlaceObject || iid == IID_IOleWindow) {

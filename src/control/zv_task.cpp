@@ -5,11 +5,13 @@
 #include "items/item_store.h"
 #include "resources/design_texts.h"
 #include "resources/error_texts.h"
+#include "session/hand_over.h"
 #include "session/store_choice.h"
 #include "windows/completion/frm_task_done.h"
 #include "windows/generation/boxes.h"
 #include "windows/main/frm_task_main.h"
 #include "windows/plan_editor/frm_task_set.h"
+#include "windows/remind/reminding.h"
 #include "windows/staff/frm_list.h"
 
 namespace zv {
@@ -73,6 +75,40 @@ void ZvTask::refresh(std::int32_t mode, std::int16_t modal) {
         if (number::ToDouble(interval) == 1) state.showMode = 0;
         Act(mode, modal != 0);
     });
+}
+
+void ZvTask::StartReminders() {
+    session_.windows.FromHost([&] {
+        session_.SetApplicationTitle();
+        session_.TakeDataPath();
+        HandOver(session_);
+        // What the control works with is closed where nobody works with it: the first look opens
+        // what the properties name.
+        if (!session_.FollowsProperties() && session_.windows.IsEmpty()) session_.database.Leave();
+        Session& session = session_;
+        windows::StartReminding(
+            session_, [&session](const items::SavedItem& item) { ZvTask(session).ShowItem(item); });
+    });
+}
+
+void ZvTask::StopReminders() {
+    session_.windows.FromHost([&] { windows::StopReminding(session_); });
+}
+
+bool ZvTask::Reminding() const {
+    return windows::IsReminding(session_);
+}
+
+void ZvTask::ShowItem(const items::SavedItem& item) {
+    auto* window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
+    // One that the user works with stays as he has set it up.
+    if (window && window->IsShown()) {
+        window->Show(false);
+    } else {
+        OpenMainWindow(kManager, false);
+        window = session_.windows.Find<frmTaskMain>(frmTaskMain::kName);
+    }
+    if (window && !window->model.Editing()) window->listing.Reveal(item);
 }
 
 void ZvTask::Connect(std::int32_t mode) {

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "control/property_bag.h"
+#include "items/item_store.h"
 #include "session/session.h"
 
 namespace zv {
@@ -23,6 +24,12 @@ class ZvTask {
     /// completion, 9 cards; any other only reads the settings and connects). Returns when a modal
     /// window closes. Throws RuntimeError.
     void refresh(std::int32_t mode, std::int16_t modal);
+
+    /// Reminds the user of what is due, with the properties as they are, until StopReminders or
+    /// the end of the session. Fails for no store that is away.
+    void StartReminders();
+    void StopReminders();
+    bool Reminding() const;
 
     void UserControl_InitProperties();
     void UserControl_ReadProperties(PropertyBag& bag);
@@ -51,6 +58,8 @@ class ZvTask {
     void AnnounceAlert(const frmTaskMain& window);
     /// Shows the main window in a start mode; one that exists comes to the front.
     void OpenMainWindow(std::int16_t mode, bool modal);
+    /// Shows an item in the task manager, as the user's own act.
+    void ShowItem(const items::SavedItem& item);
     /// Marks the item myTaskID with the flag myDate; false when there is no item.
     bool MarkDirectly();
     /// Adds the item of plan myTaskID for myDate; false when there is no plan or the user cancels.

@@ -69,10 +69,7 @@ void Form::Appear(bool modal) {
     // A box shown while it loaded lets others in, who may have unloaded it.
     if (gone_) return;
     if (windows_.Interrupted()) throw RuntimeError(ErrorNumber::UserInterrupt);
-    if (!peer_) {
-        Form_Resize();
-        peer_ = windows_.GetBackend().Realize(*this);
-    }
+    Realize();
     shown_ = true;
     seen_ = true;
     modal_ = modal;
@@ -80,6 +77,29 @@ void Form::Appear(bool modal) {
     if (peer_) peer_->Show();
     if (!active_) MoveFocus(+1);
     Activate();
+}
+
+void Form::Realize() {
+    if (peer_) return;
+    Form_Resize();
+    peer_ = windows_.GetBackend().Realize(*this);
+}
+
+void Form::LoadUnseen() {
+    const WindowSystem::Scope scope(windows_);
+    Load();
+    if (!gone_) Realize();
+}
+
+void Form::Surface() {
+    const WindowSystem::Scope scope(windows_);
+    LoadUnseen();
+    if (gone_ || shown_) return;
+    if (windows_.Interrupted()) throw RuntimeError(ErrorNumber::UserInterrupt);
+    shown_ = true;
+    seen_ = true;
+    if (peer_) peer_->Show();
+    if (!active_) MoveFocus(+1);
 }
 
 void Form::EndModal() noexcept {
@@ -322,6 +342,10 @@ void Form::UserClose() {
 
 bool Form::MayLeave() {
     return !HoldsUnsavedInput() || windows_.MayDropInput();
+}
+
+void Form::ClockChanged() {
+    if (loaded_) windows_.FromTimer([this] { Form_ClockChange(); });
 }
 
 bool Form::UserMayEnd() {

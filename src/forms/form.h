@@ -42,6 +42,11 @@ class Form {
     /// open and this one would be modeless; whatever is thrown, the window is as hidden as before.
     /// Callers that make the window for this use WindowSystem::Open.
     void Show(bool modal);
+    /// Loads a window that works while nobody sees it: its timers run from now on.
+    void LoadUnseen();
+    /// Shows the window without taking the keyboard from where the user works, beside a modal
+    /// window too: for one that comes up by itself.
+    void Surface();
     void Hide();
     /// Runs Form_Unload; unless that cancels, the window is gone and the object dies when the
     /// outermost handler returns.
@@ -68,6 +73,10 @@ class Form {
     Size SmallestInside() const;
     bool Sizable() const { return sizable_; }
     void SetSizable(bool sizable);
+    /// Nobody opened it: it stands above the windows of all programs, no modal window blocks it,
+    /// and it goes with no other window. Set before it is loaded.
+    bool ComesByItself() const { return comesByItself_; }
+    void SetComesByItself(bool comes) { comesByItself_ = comes; }
     /// The part of the controls' room that is seen.
     const Viewport& View() const { return view_; }
     WindowState State() const { return state_; }
@@ -144,6 +153,8 @@ class Form {
     /// maximised.
     void HasPlaceAgain();
     void UserActivated();
+    /// The clock was set, or the machine was asleep.
+    void ClockChanged();
     /// The native window is being destroyed by somebody else, or the session ends: the form goes
     /// too and ends its modal loop. Nobody is asked.
     void UserDestroyed();
@@ -162,6 +173,8 @@ class Form {
  protected:
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
+    /// What was reckoned by the clock may be wrong.
+    virtual void Form_ClockChange() {}
     virtual void Form_Resize() {}
     /// Texts have other widths than before: what follows from them is sized anew. Form_Resize
     /// comes afterwards.
@@ -177,6 +190,7 @@ class Form {
     friend class MenuItem;
     friend class WindowSystem;
     void Appear(bool modal);
+    void Realize();
     void Vanish();
     void ReportClosed();
     /// Unloads the window whatever its handlers say.
@@ -224,6 +238,7 @@ class Form {
     bool shown_ = false;
     bool seen_ = false;
     bool modal_ = false;
+    bool comesByItself_ = false;
     bool missedMonitors_ = false;
     bool menuMoves_ = false;  ///< the menu that stands opens once more at its place
     int loopDepth_ = 0;       ///< how deep the modal loop is nested

@@ -124,6 +124,14 @@ void Grid::SelectAll() {
     Notify(Aspect::Selection);
 }
 
+void Grid::SelectRows(const std::vector<int>& rows) {
+    selected_.assign(rows_.Count(), false);
+    selectedCount_ = 0;
+    for (const int row : rows) UserChangedSelection(row, row, true);
+    selectedRow_ = rows.empty() ? 0 : rows.back();
+    Notify(Aspect::Selection);
+}
+
 void Grid::UserSelect(int row) {
     SelectOnly(row);
     Notify(Aspect::Selection);

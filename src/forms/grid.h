@@ -60,6 +60,8 @@ class Grid : public Control {
     bool IsSelected(int row) const;
     int SelectedCount() const { return selectedCount_; }
     void SelectAll();
+    /// Just these rows, the last one as the one selected last. Raises nothing.
+    void SelectRows(const std::vector<int>& rows);
 
     /// 0: the rows stand as they were filled in.
     int SortColumn() const { return sortColumn_; }

@@ -62,9 +62,10 @@ bool InEllipse(const Box& box, Point at) {
 /// Ends and bends are round.
 bool OnLine(const std::vector<Point>& points, double width, Point at) {
     const double reach = width * width / 4;
-    for (std::size_t i = 0; i < points.size(); i++) {
-        const Point& a = points[i];
-        const Point& b = points[std::min(i + 1, points.size() - 1)];
+    const Point* before = nullptr;
+    for (const Point& b : points) {
+        const Point& a = before ? *before : b;
+        before = &b;
         const double dx = b.x - a.x;
         const double dy = b.y - a.y;
         const double length = dx * dx + dy * dy;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -82,6 +83,16 @@ class ModuleRunner {
     virtual void Run(const ModuleStart& start) = 0;
 };
 
+/// Makes bytes unreadable for everyone but this user of the machine.
+class UserVault {
+ public:
+    virtual ~UserVault() = default;
+    /// Nothing where the system has no means for it.
+    virtual std::optional<std::string> Seal(std::string_view bytes) = 0;
+    /// Nothing for what was not sealed by this user or was changed since.
+    virtual std::optional<std::string> Reveal(std::string_view sealed) = 0;
+};
+
 /// All of it, owned by the program that starts the system; outlives every window.
 struct Machine {
     Clock& clock;
@@ -90,6 +101,7 @@ struct Machine {
     FileSystem& files;
     ModuleRunner& modules;
     ReportPrinter& reports;
+    UserVault& vault;
 };
 
 }  // namespace zv::platform

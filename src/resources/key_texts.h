@@ -22,6 +22,10 @@ enum class KeyText {
     Confirm,
     Query,
     Export,
+    PutOff,
+    Dismiss,
+    OpenItem,
+    SelectAll,
     DropInput,  ///< asks whether what was entered and not stored may be lost
     PutAside,   ///< "{0}" is the title of the item whose input can be taken back
     Last = PutAside,

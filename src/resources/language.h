@@ -10,12 +10,14 @@
 #include <tuple>
 
 #include "base/errors.h"
+#include "resources/alerter_texts.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
 #include "resources/item_texts.h"
 #include "resources/key_texts.h"
 #include "resources/plan_texts.h"
 #include "resources/print_texts.h"
+#include "resources/remind_texts.h"
 #include "resources/report_texts.h"
 #include "resources/status_texts.h"
 
@@ -32,7 +34,8 @@ using Texts = std::span<const Text<Id>>;
 /// The numbered catalogue, the texts of each enumeration, the errors by number and by kind.
 using Language = std::tuple<Texts<std::int16_t>, Texts<DesignText>, Texts<AskText>, Texts<ItemText>,
                             Texts<PlanText>, Texts<ReportText>, Texts<PrintText>, Texts<StatusText>,
-                            Texts<KeyText>, Texts<ErrorNumber>, Texts<ErrorKind>>;
+                            Texts<KeyText>, Texts<AlerterText>, Texts<RemindText>,
+                            Texts<ErrorNumber>, Texts<ErrorKind>>;
 
 /// Stands among the errors for every number that has no text of its own.
 inline constexpr ErrorNumber kAnyError{};

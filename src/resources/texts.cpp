@@ -112,6 +112,14 @@ std::string LoadText(KeyText id, std::int16_t language) {
     return InOrderOf(id, language);
 }
 
+std::string LoadText(AlerterText id, std::int16_t language) {
+    return InOrderOf(id, language);
+}
+
+std::string LoadText(RemindText id, std::int16_t language) {
+    return InOrderOf(id, language);
+}
+
 std::string FillIn(std::string_view text, std::string_view first, std::string_view second) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); i++) {

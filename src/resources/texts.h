@@ -10,12 +10,14 @@
 #include <string>
 #include <string_view>
 
+#include "resources/alerter_texts.h"
 #include "resources/ask_texts.h"
 #include "resources/design_texts.h"
 #include "resources/item_texts.h"
 #include "resources/key_texts.h"
 #include "resources/plan_texts.h"
 #include "resources/print_texts.h"
+#include "resources/remind_texts.h"
 #include "resources/report_texts.h"
 #include "resources/status_texts.h"
 
@@ -43,6 +45,8 @@ std::string LoadText(ReportText id, std::int16_t language);
 std::string LoadText(PrintText id, std::int16_t language);
 std::string LoadText(StatusText id, std::int16_t language);
 std::string LoadText(KeyText id, std::int16_t language);
+std::string LoadText(AlerterText id, std::int16_t language);
+std::string LoadText(RemindText id, std::int16_t language);
 
 /// A text with `first` in the place of "{0}" and `second` in the place of "{1}".
 std::string FillIn(std::string_view text, std::string_view first, std::string_view second = {});

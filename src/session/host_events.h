@@ -22,6 +22,11 @@ class HostEvents {
     virtual void ItemDone(std::int32_t id, std::int16_t state) = 0;
     /// The open items of a plan were replaced by `rows` new ones; 0 when the plan was deleted.
     virtual void PlanGenerated(std::int32_t id, std::int32_t rows) = 0;
+    /// The window of reminders has come up, or stands and has `count` more.
+    virtual void ReminderShown(std::int32_t count) = 0;
+    /// The user has answered the reminder of an item: 1 done, 2 in hand, 3 opened, 4 later,
+    /// 5 dismissed.
+    virtual void ReminderActed(std::int32_t id, std::int16_t act) = 0;
     /// A window that was shown is gone.
     virtual void WindowClosed(const std::string& name) = 0;
 };

@@ -51,7 +51,8 @@ class TestApplication {
     doubles::MemoryFiles files;
     platform::scripted::ScriptedModules modules;
     platform::scripted::ScriptedReports reports;
-    platform::Machine machine{clock, codePage, shell, files, modules, reports};
+    platform::scripted::ScriptedVault vault;
+    platform::Machine machine{clock, codePage, shell, files, modules, reports, vault};
     doubles::MemorySettings settings;
     doubles::RecordingOpener opener;
     doubles::RecordedStatements statements;

@@ -123,6 +123,21 @@ TEST_F(Grids, TheSelectionGoesWithItsRows) {
     EXPECT_EQ(events_, (std::vector<std::string>{"row 1", "row 3"}));
 }
 
+TEST_F(Grids, RowsThatTheProgramSelectsAreTheOnlyOnesAndRaiseNothing) {
+    FillThree();
+    form.Show(false);
+    driver().SelectRow(grid, 1);
+    events_.clear();
+    grid.SelectRows({2, 3});
+    EXPECT_EQ(Read(grid, "selection"), "2,3");
+    EXPECT_EQ(grid.SelectedRow(), 3);
+    grid.SelectRows({});
+    EXPECT_EQ(Read(grid, "selection"), "");
+    EXPECT_EQ(grid.SelectedRow(), 0);
+    EXPECT_EQ(grid.SelectedCount(), 0);
+    EXPECT_EQ(events_, std::vector<std::string>{});
+}
+
 TEST_F(Grids, ARowThatIsSelectedAloneDropsTheOthers) {
     FillThree();
     form.Show(false);

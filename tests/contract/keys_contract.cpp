@@ -226,6 +226,15 @@ TEST_F(Keys, ArrowsStepThroughAList) {
     EXPECT_EQ(Read(form.cboWay, "text"), "在办");
 }
 
+TEST_F(Keys, NothingNativeGetsAKeyThatStepsThroughAList) {
+    form.Show(false);
+    for (const int code : {key::kDown, key::kUp, key::kEnd, key::kHome}) {
+        EXPECT_TRUE(form.UserKey(form.lstStaff, {code})) << code;
+    }
+    EXPECT_FALSE(form.UserKey(form.lstStaff, {'A'}));
+    EXPECT_FALSE(form.UserKey(form.cboWay, {key::kHome})) << "the caret's";
+}
+
 TEST_F(Keys, HomeAndEndLeadToTheEndsOfAList) {
     form.Show(false);
     driver().Key(form.lstStaff, key::kEnd);

@@ -4,8 +4,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "platform/machine.h"
 
@@ -16,7 +18,8 @@ class StillMachine : public platform::Clock,
                      public platform::Shell,
                      public platform::FileSystem,
                      public platform::ModuleRunner,
-                     public platform::ReportPrinter {
+                     public platform::ReportPrinter,
+                     public platform::UserVault {
  public:
     explicit StillMachine(DateTime now) : now_(now) {}
 
@@ -35,8 +38,10 @@ class StillMachine : public platform::Clock,
     void Prepare() override {}
     void Print(const platform::ReportJob&) override {}
     void Release() noexcept override {}
+    std::optional<std::string> Seal(std::string_view) override { return std::nullopt; }
+    std::optional<std::string> Reveal(std::string_view) override { return std::nullopt; }
 
-    platform::Machine All() { return {*this, *this, *this, *this, *this, *this}; }
+    platform::Machine All() { return {*this, *this, *this, *this, *this, *this, *this}; }
 
  private:
     DateTime now_;

@@ -15,7 +15,7 @@ source "$root/tests/checks.sh"
 
 component="DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer"
 # Libraries that every Windows has.
-system="^(advapi32|comctl32|comdlg32|gdi32|imm32|kernel32|msimg32|msvcrt|odbc32|ole32|oleacc|oleaut32|shell32|shlwapi|user32|uxtheme|version|winspool|ws2_32)\.(dll|drv)$"
+system="^(advapi32|comctl32|comdlg32|crypt32|gdi32|imm32|kernel32|msimg32|msvcrt|odbc32|ole32|oleacc|oleaut32|shell32|shlwapi|user32|uxtheme|version|winspool|ws2_32|wtsapi32)\.(dll|drv)$"
 
 # Every text of a file, in the widths that programs use.
 texts() { strings -a "$1"; strings -a -el "$1"; }
@@ -54,7 +54,7 @@ look_at() { # PRESET FILE
 }
 
 for preset in "$@"; do
-    ships=(zv_Task.ocx zv_Host.dll zvDemo.exe zvdb.exe)
+    ships=(zv_Task.ocx zv_Host.dll zvAlert.exe zvDemo.exe zvdb.exe)
     case $preset in
         *x64*) objdump=x86_64-w64-mingw32-objdump format=pei-x86-64 ;;
         *) objdump=i686-w64-mingw32-objdump format=pei-i386 ;;

@@ -6,9 +6,9 @@ BEGIN {
     split("if for while switch return sizeof static_cast reinterpret_cast const_cast " \
           "__uuidof _wcsicmp AbandonedThreads AddRef alive begin BringIntoView CallNextHookEx Check Close compare_exchange_weak " \
           "ComPtr Copy CopyTo CoTaskMemAlloc Count create_ CreateRectRgnIndirect data " \
-          "DefWindowProcW end EndAll EnumAdvise EqualRect erase FAILED fill_n find Find " \
+          "DefWindowProcW end EndAll EndReminders EnumAdvise EqualRect erase FAILED fill_n find Find " \
           "find_if FindNames ForgetActivation ForgetWindowClass GetClassLongPtrW GetClassObject GetDC GetDeviceCaps GetPropW GetWindowLongPtrW " \
-          "GlobalGetAtomNameW Handle Instance InterfaceId IntersectRect InvokeMember IsDispatch IsIdle IsLocked " \
+          "GlobalGetAtomNameW Handle Instance InterfaceId IntersectRect InvokeMember IsDispatch IsFree IsIdle IsLocked " \
           "IsWindowEnabled IsWindowVisible Lock Members memcpy min move Note OffsetRect " \
           "OpenWindows procedure QueryInterface Release ReleaseConnection ReleaseDC Reset SameName " \
           "SetHandle SetWindowLongPtrW SetWindowPos SetWindowRgn size Unadvise " \

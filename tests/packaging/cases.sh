@@ -21,6 +21,7 @@ real=$(du -s --apparent-size -B 1024 "$programs" | cut -f 1)
 check "and the size" yes "$([ $((size - real)) -lt 200 ] && [ $((real - size)) -lt 200 ] && echo yes || echo "$size, not $real")"
 check "the licences are there" yes "$([ -s "$programs/licences/zlib.txt" ] && echo yes)"
 check "the start menu has four entries" 4 "$(find "$menu" -name '*.lnk' | wc -l)"
+check "the alerter starts with the workstation" yes "$([ -s "$startup/zvTask.lnk" ] && echo yes)"
 check "nothing is left of the work" "" "$(find "$programs" -name '~*')"
 check "a script uses it" END "$(script "$programs")"
 state installed
@@ -77,6 +78,17 @@ state held
 unchanged "nor is it removed" installed held
 touch "$work/end"
 wait "$host"
+
+echo "== the alerter runs"
+timeout 300 "$ZV_WINE" "$programs/$own/zvAlert.exe" >/dev/null 2>&1 &
+alerter=$!
+sleep 3
+check "it runs" yes "$(kill -0 "$alerter" 2>/dev/null && echo yes)"
+setup 1.0.0 /S
+check "a set-up ends it and installs" 0 $?
+check "it has ended" 0 "$(wait "$alerter"; echo $?)"
+state alerted
+unchanged "and changes nothing else" installed alerted
 
 echo "== a full disk"
 (

@@ -23,14 +23,14 @@ SIGN
 chmod +x "$work/sign"
 packaging/make --as-built --uncompressed --sign "$work/sign given" --out "$work/signed" >"$work/log" 2>&1
 check "makes a signed one" 0 $?
-check "every program was signed" "zvDemo.exe zvDemo.exe zv_Host.dll zv_Host.dll zv_Task.ocx zv_Task.ocx zvdb.exe zvdb.exe" \
-    "$(grep -E '^(zv_|zvD|zvd)' "$work/sign.log" | LC_ALL=C sort | tr '\n' ' ' | sed 's/ $//')"
-check "the uninstallers and the set-ups, too" 4 "$(grep -vcE '^(zv_|zvD|zvd)' "$work/sign.log")"
+check "every program was signed" "zvAlert.exe zvAlert.exe zvDemo.exe zvDemo.exe zv_Host.dll zv_Host.dll zv_Task.ocx zv_Task.ocx zvdb.exe zvdb.exe" \
+    "$(grep -E '^(zv_|zvA|zvD|zvd)' "$work/sign.log" | LC_ALL=C sort | tr '\n' ' ' | sed 's/ $//')"
+check "the uninstallers and the set-ups, too" 4 "$(grep -vcE '^(zv_|zvA|zvD|zvd)' "$work/sign.log")"
 check "the set-up ends with its signature" "signed  " "$(tail -c 8 "$work/signed"/*-setup.exe)"
 
 packaging/make --as-built --sign false --out "$work/refused" >"$work/log" 2>&1
 check "a signature that fails ends the making" 1 $?
-check "with the file's name" yes "$(grep -q 'signing failed: zvDemo.exe' "$work/log" && echo yes)"
+check "with the file's name" yes "$(grep -q 'signing failed: zvAlert.exe' "$work/log" && echo yes)"
 check "and leaves nothing" "" "$(find "$work/refused" -type f)"
 packaging/make --unknown >/dev/null 2>&1
 check "an unknown option is refused" 2 $?

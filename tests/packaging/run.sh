@@ -34,6 +34,7 @@ wine_prepare && wine_start || { failed=1; exit; }
 drive=$WINEPREFIX/drive_c
 programs="$drive/Program Files/zvTask"
 menu="$drive/ProgramData/Microsoft/Windows/Start Menu/Programs/zvTask"
+startup="$drive/ProgramData/Microsoft/Windows/Start Menu/Programs/StartUp"
 key='Software\Microsoft\Windows\CurrentVersion\Uninstall\zvTask'
 control='Software\Classes\CLSID\{29DE1175-A4EF-4D13-9534-1C19C40DDBC5}\InprocServer32'
 suffix=$([ "$width" = 64 ] && echo -x64)

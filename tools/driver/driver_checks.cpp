@@ -161,7 +161,7 @@ Text ReadDate(const DatePicker& c, const std::string& p) {
 void RequireReachable(const Form& form) {
     if (!form.IsShown()) throw DriverError(form.Name() + " is not shown");
     const Form* modal = form.Windows().ModalForm();
-    if (modal && modal != &form) {
+    if (modal && modal != &form && !form.ComesByItself()) {
         throw DriverError(form.Name() + " is blocked by " + modal->Name());
     }
 }

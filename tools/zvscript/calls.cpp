@@ -144,6 +144,20 @@ std::string CallAsk(ScenarioStage& stage, const Arguments&) {
     return {};
 }
 
+std::string CallStartReminders(ScenarioStage& stage, const Arguments&) {
+    stage.control.StartReminders();
+    return {};
+}
+
+std::string CallStopReminders(ScenarioStage& stage, const Arguments&) {
+    stage.control.StopReminders();
+    return {};
+}
+
+std::string CallReminding(ScenarioStage& stage, const Arguments&) {
+    return stage.control.Reminding() ? "true" : "false";
+}
+
 constexpr std::array kOperations = std::to_array<Operation>({
     {"MarkItemState", 3, "ITEM STATE NAME", CallMarkItemState},
     {"MakeLikePattern", 1, "TEXT", CallMakeLikePattern},
@@ -163,6 +177,9 @@ constexpr std::array kOperations = std::to_array<Operation>({
     {"frmTaskDone", 1, "TYPE", CallTaskDone},
     {"frmList", 1, "ACTION", CallList},
     {"frmAsk", 0, "", CallAsk},
+    {"StartReminders", 0, "", CallStartReminders},
+    {"StopReminders", 0, "", CallStopReminders},
+    {"Reminding", 0, "", CallReminding},
 });
 
 const Operation* FindOperation(const std::string& name) {

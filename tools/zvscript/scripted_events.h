@@ -20,6 +20,10 @@ class ScriptedEvents final : public HostEvents {
     void PlanGenerated(std::int32_t id, std::int32_t rows) override {
         Add("PlanGenerated", id, rows);
     }
+    void ReminderShown(std::int32_t count) override { Add("ReminderShown", count); }
+    void ReminderActed(std::int32_t id, std::int16_t act) override {
+        Add("ReminderActed", id, act);
+    }
     void WindowClosed(const std::string& name) override { lines.push_back("WindowClosed|" + name); }
 
  private:

@@ -16,6 +16,7 @@ constexpr auto kWindows = std::to_array<std::string_view>({
     "frmTaskSet",
     "frmTaskDone",
     "frmList",
+    "frmRemind",
     "frmAsk",
     "frmSeek",
     "frmItemSet",

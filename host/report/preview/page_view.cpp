@@ -52,15 +52,11 @@ double PageView::Content(double points) const {
 }
 
 forms::Canvas::Scroll PageView::Horizontal(int position) const {
-    forms::Canvas::Scroll scroll{static_cast<int>(Content(width_)), area_.width, position};
-    scroll.position = std::clamp(position, 0, scroll.Last());
-    return scroll;
+    return {static_cast<int>(Content(width_)), area_.width, position};
 }
 
 forms::Canvas::Scroll PageView::Vertical(int position) const {
-    forms::Canvas::Scroll scroll{static_cast<int>(Content(height_)), area_.height, position};
-    scroll.position = std::clamp(position, 0, scroll.Last());
-    return scroll;
+    return {static_cast<int>(Content(height_)), area_.height, position};
 }
 
 double PageView::Place(double content, int area, int scrolled) {

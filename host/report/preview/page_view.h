@@ -26,7 +26,7 @@ class PageView {
     /// The next of the fixed steps in a direction, +1 larger; the same at the end.
     int Step(int direction) const;
 
-    /// Scrolling as the zoom makes it necessary, at the same places as far as there are any.
+    /// Scrolling as the zoom makes it necessary; the canvas keeps the position inside.
     forms::Canvas::Scroll Horizontal(int position) const;
     forms::Canvas::Scroll Vertical(int position) const;
     /// Of the page's upper left corner in the area, negative when scrolled; a page that is narrower

@@ -20,7 +20,7 @@ class HeadlessFormPeer : public FormPeer {
         window_.Start();
     }
     void Show() override {
-        backend_.Raise(form_);
+        if (!form_.ComesByItself()) backend_.Raise(form_);
         if (std::exchange(shown_, true)) window_.Restore();
     }
     void Hide() override { shown_ = false; }

@@ -50,7 +50,9 @@ DWORD FormWindow::Style() const {
 }
 
 DWORD FormWindow::ExtendedStyle() const {
-    return WS_EX_CONTROLPARENT | (form_.Sizable() ? 0 : WS_EX_DLGMODALFRAME);
+    // One that nobody opened has no place in the task bar.
+    const DWORD above = form_.ComesByItself() ? WS_EX_TOPMOST | WS_EX_TOOLWINDOW : 0;
+    return above | WS_EX_CONTROLPARENT | (form_.Sizable() ? 0 : WS_EX_DLGMODALFRAME);
 }
 
 void FormWindow::Build() {
@@ -158,6 +160,11 @@ FormWindow* FormWindow::Owning(HWND window) {
     const HWND root = window ? GetAncestor(window, GA_ROOT) : nullptr;
     const auto found = ours.find(root);
     return found == ours.end() ? nullptr : found->second;
+}
+
+bool FormWindow::CameByItself(HWND window) {
+    const FormWindow* owning = Owning(window);
+    return owning && owning->form_.ComesByItself();
 }
 
 NativeControl* FormWindow::Find(HWND window) const {
@@ -274,6 +281,12 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             beingMoved_ = false;
             if (std::exchange(rescaledOnTheWay_, false)) form_.MonitorsChanged();
             break;
+        case WM_TIMECHANGE:
+            form_.ClockChanged();
+            return 0;
+        case WM_POWERBROADCAST:
+            if (wParam == PBT_APMRESUMEAUTOMATIC) form_.ClockChanged();
+            return TRUE;
         case WM_DISPLAYCHANGE:
             form_.MonitorsChanged();
             break;
@@ -449,14 +462,14 @@ void FormWindow::Show() {
         formerActive_ = GetActiveWindow();
         formerFocus_ = GetFocus();
         if (form_.IsModal()) BeginModal();
-        int how = SW_SHOWNORMAL;
+        int how = form_.ComesByItself() ? SW_SHOWNOACTIVATE : SW_SHOWNORMAL;
         if (form_.State() == WindowState::Maximised) how = SW_SHOWMAXIMIZED;
         if (form_.State() == WindowState::Minimised) how = SW_SHOWMINIMIZED;
         ShowWindow(Handle(), how);
     } else if (IsIconic(Handle())) {
         ShowWindow(Handle(), SW_RESTORE);
     }
-    SetForegroundWindow(Handle());
+    if (!form_.ComesByItself()) SetForegroundWindow(Handle());
     showing_ = false;
 }
 
@@ -477,7 +490,7 @@ void FormWindow::Hide() {
 
 void FormWindow::BeginModal() {
     // Owned by the window that it blocks, it always stands above it.
-    const HWND blocked = WindowToBlock(Handle());
+    const HWND blocked = WindowToBlock(Handle(), &FormWindow::CameByItself);
     // A window that stood before may own the one that it comes above: that goes to its own owner.
     for (HWND at = blocked; at; at = GetWindow(at, GW_OWNER)) {
         if (GetWindow(at, GW_OWNER) != Handle()) continue;
@@ -488,7 +501,7 @@ void FormWindow::BeginModal() {
     if (blocked) {
         SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(blocked));
     }
-    modal_ = std::make_unique<OtherWindowsDisabled>(Handle());
+    modal_ = std::make_unique<OtherWindowsDisabled>(Handle(), &FormWindow::CameByItself);
 }
 
 void FormWindow::EndModal() {

@@ -71,6 +71,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     static void ForgetAll();
     /// The window of ours that `window` is or lies in; null for a stranger.
     static FormWindow* Owning(HWND window);
+    /// A window of ours that no modal one blocks.
+    static bool CameByItself(HWND window);
 
     void Register(HWND window, NativeControl& control) { byHandle_[window] = &control; }
     void Unregister(HWND window) { byHandle_.erase(window); }

@@ -8,28 +8,37 @@ namespace {
 
 struct Search {
     HWND except;
+    StaysFree stays;
     HWND found;
 };
 
+bool IsFree(HWND window, StaysFree stays) noexcept {
+    return stays && stays(window);
+}
+
 BOOL CALLBACK TakeUppermost(HWND window, LPARAM data) noexcept {
     auto& search = *reinterpret_cast<Search*>(data);
-    if (window == search.except || !IsWindowVisible(window) || !IsWindowEnabled(window))
+    if (window == search.except || !IsWindowVisible(window) || !IsWindowEnabled(window) ||
+        IsFree(window, search.stays)) {
         return TRUE;
+    }
     search.found = window;
     return FALSE;
 }
 
 }  // namespace
 
-HWND WindowToBlock(HWND except) {
+HWND WindowToBlock(HWND except, StaysFree stays) {
     const HWND active = GetActiveWindow();
-    if (active && active != except) return GetAncestor(active, GA_ROOT);
-    Search search{except, nullptr};
+    const HWND root = active ? GetAncestor(active, GA_ROOT) : nullptr;
+    if (root && active != except && !IsFree(root, stays)) return root;
+    Search search{except, stays, nullptr};
     EnumThreadWindows(GetCurrentThreadId(), &TakeUppermost, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
-OtherWindowsDisabled::OtherWindowsDisabled(HWND except) : except_(except) {
+OtherWindowsDisabled::OtherWindowsDisabled(HWND except, StaysFree stays)
+    : except_(except), stays_(stays) {
     EnumThreadWindows(GetCurrentThreadId(), &OtherWindowsDisabled::Visit,
                       reinterpret_cast<LPARAM>(this));
     if (!whole_) throw std::bad_alloc();
@@ -44,7 +53,8 @@ OtherWindowsDisabled::~OtherWindowsDisabled() {
 
 BOOL CALLBACK OtherWindowsDisabled::Visit(HWND window, LPARAM data) noexcept {
     auto* self = reinterpret_cast<OtherWindowsDisabled*>(data);
-    if (window != self->except_ && IsWindowVisible(window) && IsWindowEnabled(window)) {
+    if (window != self->except_ && IsWindowVisible(window) && IsWindowEnabled(window) &&
+        !IsFree(window, self->stays_)) {
         // Nothing may be thrown through the system's enumeration.
         try {
             self->disabled_.push_back(window);

@@ -7,15 +7,18 @@
 
 namespace zv::forms::win32 {
 
+/// Windows that nothing blocks; null: there are none.
+using StaysFree = bool (*)(HWND window);
+
 /// The window in front of the user, which a modal one is to stand above: the thread's active one,
 /// otherwise the uppermost that the user can work with; null when there is none. `except` is the
 /// modal one itself.
-HWND WindowToBlock(HWND except = nullptr);
+HWND WindowToBlock(HWND except = nullptr, StaysFree stays = nullptr);
 
 /// Disables every enabled window of the thread but one, the host's included, until it dies.
 class OtherWindowsDisabled {
  public:
-    explicit OtherWindowsDisabled(HWND except);
+    explicit OtherWindowsDisabled(HWND except, StaysFree stays = nullptr);
     ~OtherWindowsDisabled();
     OtherWindowsDisabled(const OtherWindowsDisabled&) = delete;
     OtherWindowsDisabled& operator=(const OtherWindowsDisabled&) = delete;
@@ -23,6 +26,7 @@ class OtherWindowsDisabled {
  private:
     static BOOL CALLBACK Visit(HWND window, LPARAM data) noexcept;
     HWND except_;
+    StaysFree stays_;
     std::vector<HWND> disabled_;
     bool whole_ = true;  ///< false: there was no memory for all of them
 };

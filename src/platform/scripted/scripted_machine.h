@@ -110,6 +110,17 @@ class ScriptedReports : public ReportPrinter {
     bool isThere_ = false;
 };
 
+/// Seals with the name of a user, whom a test may exchange, and a sum over the bytes.
+class ScriptedVault : public UserVault {
+ public:
+    std::optional<std::string> Seal(std::string_view bytes) override;
+    std::optional<std::string> Reveal(std::string_view sealed) override;
+
+    std::string user = "user";
+    /// There is no means to seal.
+    bool missing = false;
+};
+
 /// All of it together.
 struct ScriptedMachine {
     explicit ScriptedMachine(std::filesystem::path folder) : files(std::move(folder)) {}
@@ -120,7 +131,8 @@ struct ScriptedMachine {
     ScriptedFiles files;
     ScriptedModules modules;
     ScriptedReports reports;
-    Machine machine{clock, codePage, shell, files, modules, reports};
+    ScriptedVault vault;
+    Machine machine{clock, codePage, shell, files, modules, reports, vault};
 };
 
 }  // namespace zv::platform::scripted

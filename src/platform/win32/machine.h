@@ -36,19 +36,27 @@ class SystemFiles final : public FileSystem {
     std::string ApplicationFolder() const override;
 };
 
+/// The system's data protection, which holds for the account that is logged in.
+class SystemVault final : public UserVault {
+ public:
+    std::optional<std::string> Seal(std::string_view bytes) override;
+    std::optional<std::string> Reveal(std::string_view sealed) override;
+};
+
 /// Everything that Machine refers to. Keep it as long as the machine is used.
 class SystemMachine {
  public:
     SystemMachine(const SystemMachine&) = delete;
     SystemMachine& operator=(const SystemMachine&) = delete;
     SystemMachine(ModuleRunner& runner, ReportPrinter& printer)
-        : machine{clock_, codePage_, shell_, files_, runner, printer} {}
+        : machine{clock_, codePage_, shell_, files_, runner, printer, vault_} {}
 
  private:
     SystemClock clock_;
     SystemAnsiCodePage codePage_;
     SystemShell shell_;
     SystemFiles files_;
+    SystemVault vault_;
 
  public:
     Machine machine;

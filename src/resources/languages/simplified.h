@@ -411,8 +411,61 @@ inline constexpr auto kKeys = InOrder<KeyText>({
     {KeyText::Confirm, "确定"},
     {KeyText::Query, "查询"},
     {KeyText::Export, "导出"},
+    {KeyText::PutOff, "稍后提醒"},
+    {KeyText::Dismiss, "不再提醒"},
+    {KeyText::OpenItem, "在任务管理中打开"},
+    {KeyText::SelectAll, "全部选中"},
     {KeyText::DropInput, "输入的内容还没有保存，退出后将会丢失。仍要退出吗 ?"},
     {KeyText::PutAside, "[{0}] 的输入尚未保存，按 Ctrl+Z 取回"},
+});
+
+// What the program beside the clock says.
+inline constexpr auto kAlerter = InOrder<AlerterText>({
+    {AlerterText::NothingDue, "没有到期的事项"},
+    {AlerterText::Due, "{0} 项到期"},
+    {AlerterText::MustLogIn, "请先登录业务系统，提醒程序随后自动开始"},
+    {AlerterText::Paused, "提醒暂停到 {0}"},
+    {AlerterText::Balloon, "新到期 {0} 项"},
+    {AlerterText::Open, "打开任务管理"},
+    {AlerterText::NewEntry, "新增任务"},
+    {AlerterText::Pause, "暂停提醒一小时"},
+    {AlerterText::GoOn, "继续提醒"},
+    {AlerterText::Options, "选项"},
+    {AlerterText::Exit, "退出提醒程序"},
+});
+
+// What the window of reminders says.
+inline constexpr auto kRemind = InOrder<RemindText>({
+    {RemindText::Caption, "到期提醒"},
+    {RemindText::Count, "{0} 项到期"},
+    {RemindText::Old, "另有 {0} 项在开始提醒之前已经逾期"},
+    {RemindText::NoStore, "暂时连接不上数据库，稍后自动重试"},
+    {RemindText::ColumnDue, "到期"},
+    {RemindText::Today, "今天"},
+    {RemindText::TodayAt, "今天 {0}"},
+    {RemindText::Tomorrow, "明天"},
+    {RemindText::TomorrowAt, "明天 {0}"},
+    {RemindText::InDays, "{0} 天后"},
+    {RemindText::OverdueBy, "逾期 {0} 天"},
+    {RemindText::Anytime, "不限日期"},
+    {RemindText::ButtonDone, "完成"},
+    {RemindText::ButtonInHand, "办理中"},
+    {RemindText::ButtonOpen, "打开"},
+    {RemindText::ButtonLater, "稍后提醒"},
+    {RemindText::ButtonDismiss, "不再提醒"},
+    {RemindText::ButtonClose, "关闭"},
+    {RemindText::AskDone, "将选中的 {0} 项标为已完成 ?"},
+    {RemindText::AskDismiss, "不再提醒选中的 {0} 项 ?"},
+    {RemindText::Gone, "有 {0} 项已被其他用户更改或删除，没有处理。"},
+    {RemindText::NotLater, "请选择今后的时间。"},
+    {RemindText::FiveMinutes, "5 分钟后"},
+    {RemindText::QuarterHour, "15 分钟后"},
+    {RemindText::HalfHour, "30 分钟后"},
+    {RemindText::Hour, "1 小时后"},
+    {RemindText::FourHours, "4 小时后"},
+    {RemindText::TomorrowMorning, "明天 8:00"},
+    {RemindText::NextMonday, "下星期一 8:00"},
+    {RemindText::OwnTime, "自定时间"},
 });
 
 // Run-time errors by their number.
@@ -491,8 +544,9 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace simplified
 
 inline constexpr Language kSimplified{
-    simplified::kCatalogue, simplified::kDesign, simplified::kAsk,       simplified::kItem,
-    simplified::kPlan,      simplified::kReport, simplified::kPrint,     simplified::kStatus,
-    simplified::kKeys,      simplified::kErrors, simplified::kErrorKinds};
+    simplified::kCatalogue, simplified::kDesign,  simplified::kAsk,    simplified::kItem,
+    simplified::kPlan,      simplified::kReport,  simplified::kPrint,  simplified::kStatus,
+    simplified::kKeys,      simplified::kAlerter, simplified::kRemind, simplified::kErrors,
+    simplified::kErrorKinds};
 
 }  // namespace zv::resources

@@ -411,8 +411,61 @@ inline constexpr auto kKeys = InOrder<KeyText>({
     {KeyText::Confirm, "確定"},
     {KeyText::Query, "查詢"},
     {KeyText::Export, "匯出"},
+    {KeyText::PutOff, "稍後提醒"},
+    {KeyText::Dismiss, "不再提醒"},
+    {KeyText::OpenItem, "在任務管理中打開"},
+    {KeyText::SelectAll, "全部選中"},
     {KeyText::DropInput, "輸入的內容還沒有儲存，退出後將會丟失。仍要退出嗎 ?"},
     {KeyText::PutAside, "[{0}] 的輸入尚未儲存，按 Ctrl+Z 取回"},
+});
+
+// What the program beside the clock says.
+inline constexpr auto kAlerter = InOrder<AlerterText>({
+    {AlerterText::NothingDue, "沒有到期的事項"},
+    {AlerterText::Due, "{0} 項到期"},
+    {AlerterText::MustLogIn, "請先登入業務系統，提醒程式隨後自動開始"},
+    {AlerterText::Paused, "提醒暫停到 {0}"},
+    {AlerterText::Balloon, "新到期 {0} 項"},
+    {AlerterText::Open, "打開任務管理"},
+    {AlerterText::NewEntry, "新增任務"},
+    {AlerterText::Pause, "暫停提醒一小時"},
+    {AlerterText::GoOn, "繼續提醒"},
+    {AlerterText::Options, "選項"},
+    {AlerterText::Exit, "退出提醒程式"},
+});
+
+// What the window of reminders says.
+inline constexpr auto kRemind = InOrder<RemindText>({
+    {RemindText::Caption, "到期提醒"},
+    {RemindText::Count, "{0} 項到期"},
+    {RemindText::Old, "另有 {0} 項在開始提醒之前已經逾期"},
+    {RemindText::NoStore, "暫時連接不上資料庫，稍後自動重試"},
+    {RemindText::ColumnDue, "到期"},
+    {RemindText::Today, "今天"},
+    {RemindText::TodayAt, "今天 {0}"},
+    {RemindText::Tomorrow, "明天"},
+    {RemindText::TomorrowAt, "明天 {0}"},
+    {RemindText::InDays, "{0} 天後"},
+    {RemindText::OverdueBy, "逾期 {0} 天"},
+    {RemindText::Anytime, "不限日期"},
+    {RemindText::ButtonDone, "完成"},
+    {RemindText::ButtonInHand, "辦理中"},
+    {RemindText::ButtonOpen, "打開"},
+    {RemindText::ButtonLater, "稍後提醒"},
+    {RemindText::ButtonDismiss, "不再提醒"},
+    {RemindText::ButtonClose, "關閉"},
+    {RemindText::AskDone, "將選中的 {0} 項標為已完成 ?"},
+    {RemindText::AskDismiss, "不再提醒選中的 {0} 項 ?"},
+    {RemindText::Gone, "有 {0} 項已被其他使用者更改或刪除，沒有處理。"},
+    {RemindText::NotLater, "請選擇今後的時間。"},
+    {RemindText::FiveMinutes, "5 分鐘後"},
+    {RemindText::QuarterHour, "15 分鐘後"},
+    {RemindText::HalfHour, "30 分鐘後"},
+    {RemindText::Hour, "1 小時後"},
+    {RemindText::FourHours, "4 小時後"},
+    {RemindText::TomorrowMorning, "明天 8:00"},
+    {RemindText::NextMonday, "下星期一 8:00"},
+    {RemindText::OwnTime, "自訂時間"},
 });
 
 // Run-time errors by their number.
@@ -491,8 +544,9 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace traditional
 
 inline constexpr Language kTraditional{
-    traditional::kCatalogue, traditional::kDesign, traditional::kAsk,       traditional::kItem,
-    traditional::kPlan,      traditional::kReport, traditional::kPrint,     traditional::kStatus,
-    traditional::kKeys,      traditional::kErrors, traditional::kErrorKinds};
+    traditional::kCatalogue, traditional::kDesign,  traditional::kAsk,    traditional::kItem,
+    traditional::kPlan,      traditional::kReport,  traditional::kPrint,  traditional::kStatus,
+    traditional::kKeys,      traditional::kAlerter, traditional::kRemind, traditional::kErrors,
+    traditional::kErrorKinds};
 
 }  // namespace zv::resources

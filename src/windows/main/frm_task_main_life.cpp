@@ -174,7 +174,7 @@ void frmTaskMain::Form_Unload(bool&) {
     session.database.Leave();
     ForgetChoices(session.state);
     for (forms::Form* other : session.windows.Windows()) {
-        if (other != this) other->Unload();
+        if (other != this && !other->ComesByItself()) other->Unload();
     }
 }
 

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -66,10 +67,17 @@ class Listener final : public IDispatch {
     }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                         UINT*) override {
-        static constexpr const char* kNames[] = {"?",           "AlertShown", "ItemSaved",
-                                                 "ItemDeleted", "ItemDone",   "PlanGenerated",
-                                                 "WindowClosed"};
-        std::string line = id >= 1 && id <= 6 ? kNames[id] : "?" + std::to_string(id);
+        static constexpr const char* kNames[] = {"?",
+                                                 "AlertShown",
+                                                 "ItemSaved",
+                                                 "ItemDeleted",
+                                                 "ItemDone",
+                                                 "PlanGenerated",
+                                                 "WindowClosed",
+                                                 "ReminderShown",
+                                                 "ReminderActed"};
+        std::string line =
+            id >= 1 && id < std::ssize(kNames) ? kNames[id] : "?" + std::to_string(id);
         for (UINT i = parameters->cArgs; i > 0; i--) {
             line += " " + TextOf(parameters->rgvarg[i - 1]);
         }

@@ -58,6 +58,7 @@ prepare "sample database" "$wine" "$ZV_BIN/zvdb.exe" sample "$(windows_path "$wo
 
 run_script "$here/properties.vbs" 甲公司
 run_script "$here/refresh.vbs" "$(windows_path "$work/taskAlert.db")"
+run_script "$here/reminders.vbs" "$(windows_path "$work/taskAlert.db")"
 
 # The examples that need no user. Each says END when it has come to its end.
 example() { # FILE ARGUMENT...

@@ -70,7 +70,7 @@ registry() { # FILE
     done >"$1"
 }
 library={F23DC7BD-6762-4632-97F0-90358220B00D}
-interfaces=({19507C40-A60B-43E6-93B3-39D83ECD494D} {588817B4-C687-4E66-9C60-88A7DA76484C})
+interfaces=({19507C40-A60B-43E6-93B3-39D83ECD494D} {6B1D8C52-0F3E-4F0A-9A57-2C6E41D7B38F} {588817B4-C687-4E66-9C60-88A7DA76484C})
 ours="CLSID.{29DE1175-A4EF-4D13-9534-1C19C40DDBC5}|TypeLib.$library|zv_Task|zv_Host|zvPrint_ADO"
 # A system may write down by itself a type library that it has loaded to call across threads.
 forget() {

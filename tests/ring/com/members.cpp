@@ -10,13 +10,11 @@ namespace zv::ring::com {
 using win32::Bstr;
 using win32::ComPtr;
 
-std::vector<LibraryMember> LibraryMembers() {
-    ComPtr<ITypeLib> library;
+namespace {
+
+void AddMembers(ITypeLib& library, REFGUID interfaceId, std::vector<LibraryMember>& members) {
     ComPtr<ITypeInfo> dispatch;
-    if (FAILED(LoadTypeLibEx(container::File().path.c_str(), REGKIND_NONE, library.Put())) ||
-        FAILED(library->GetTypeInfoOfGuid(zv::com::kInterfaceId, dispatch.Put()))) {
-        return {};
-    }
+    if (FAILED(library.GetTypeInfoOfGuid(interfaceId, dispatch.Put()))) return;
     // The functions with their places in the vtable are those of the other half of the pair.
     HREFTYPE half = 0;
     ComPtr<ITypeInfo> info;
@@ -24,7 +22,6 @@ std::vector<LibraryMember> LibraryMembers() {
         FAILED(dispatch->GetRefTypeInfo(half, info.Put()))) {
         info = dispatch;
     }
-    std::vector<LibraryMember> members;
     FUNCDESC* function = nullptr;
     for (UINT i = 0; SUCCEEDED(info->GetFuncDesc(i, &function)); i++) {
         if (function->memid > 0 && function->memid < 0x10000) {
@@ -45,6 +42,18 @@ std::vector<LibraryMember> LibraryMembers() {
         }
         info->ReleaseFuncDesc(function);
     }
+}
+
+}  // namespace
+
+std::vector<LibraryMember> LibraryMembers() {
+    ComPtr<ITypeLib> library;
+    if (FAILED(LoadTypeLibEx(container::File().path.c_str(), REGKIND_NONE, library.Put()))) {
+        return {};
+    }
+    std::vector<LibraryMember> members;
+    AddMembers(*library, zv::com::kInterfaceId, members);
+    AddMembers(*library, zv::com::kSecondInterfaceId, members);
     for (LibraryMember& member : members) {
         for (const LibraryMember& other : members) {
             if (other.id == member.id && other.answer != VT_EMPTY) member.reads = other.answer;

@@ -25,6 +25,15 @@ TEST_F(Layout, AnAccessKeyTakesNoPlace) {
     EXPECT_EQ(dialog_.ButtonWidth("&Show everything"), dialog_.ButtonWidth("Show everything"));
 }
 
+TEST_F(Layout, ATextHasRoomForEveryCharactersLastPixel) {
+    const Size usual = backend_.MeasureText("Save");
+    form_.Show(false);
+    backend_.SetMonitors(Monitors({{{0, 0, 1280, 800}, {0, 0, 1280, 760}, 100}}));
+    // 6.25 and 16.67 pixels are 7 and 17, and four times 7 are 26.88 units.
+    EXPECT_EQ(usual, (Size{24, 16}));
+    EXPECT_EQ(backend_.MeasureText("Save"), (Size{27, 17}));
+}
+
 TEST_F(Layout, AButtonHasItsLeastWidthOrWhatItsCaptionNeeds) {
     EXPECT_EQ(dialog_.ButtonWidth("A"), dialog::kSpacing.buttonWidth);
     const std::string caption(40, 'A');

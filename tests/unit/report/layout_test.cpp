@@ -174,6 +174,21 @@ TEST(Layout, AnItemWithoutFieldsSaysSo) {
     EXPECT_NE(TextOf(layout.MakePage(1)).find("（没有记录）"), std::string::npos);
 }
 
+TEST(Layout, WhatStandsRoundTheBodyIsNotBold) {
+    const Document document = ListOf(200);
+    const Layout layout(document, TestFonts());
+    for (const int number : {1, 2}) {
+        const Page page = layout.MakePage(number);
+        int seen = 0;
+        for (const TextRun& run : page.texts) {
+            if (run.grey != style::kSoft) continue;
+            EXPECT_FALSE(run.bold) << run.text;
+            seen++;
+        }
+        EXPECT_GE(seen, 3) << number;
+    }
+}
+
 TEST(Layout, AnItemStandsOnAGrid) {
     const Document document = ItemOf({{"TaskTitle", "主题", "拜访"},
                                       {"TaskJbr", "这是一个很长的字段名称", "张三"},

@@ -124,5 +124,15 @@ TEST(Paginate, WhereNoLineHasRoomEachPageHasOneAndNoneIsEmpty) {
     EXPECT_FALSE(pages[3][0].continues);
 }
 
+TEST(Paginate, NothingFollowsALastLineThatIsTallerThanItsPage) {
+    // The line with its mark has no room, the next row alone would have.
+    const PageRoom room{15, 15};
+    ASSERT_GT(kHeights.OfLines(1, true, false), room.later);
+    ASSERT_LT(kHeights.OfLines(1, false, false), room.later);
+    const auto pages = Pages({2, 1}, room);
+    ASSERT_EQ(pages.size(), 3u);
+    for (const auto& page : pages) EXPECT_EQ(page.size(), 1u);
+}
+
 }  // namespace
 }  // namespace zv::report

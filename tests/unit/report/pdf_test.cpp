@@ -50,6 +50,15 @@ class PdfTest : public testing::Test {
         return pages;
     }
 
+    /// Its fonts take more than a piece of the file.
+    static Document WithManyCharacters() {
+        constexpr char32_t kFirst = 0x4E00;
+        Document document = ListOf(1);
+        std::string& cell = document.table.rows[0][1];
+        for (char32_t c = kFirst; c < kFirst + 5000; c++) text::AppendCodePoint(cell, c);
+        return document;
+    }
+
     static std::filesystem::path Folder() {
         std::string name = testing::TempDir() + "zv-pdf-XXXXXX";
         return mkdtemp(name.data());
@@ -171,16 +180,28 @@ TEST_F(PdfTest, AStoppedFileReplacesNothing) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1);
 }
 
-TEST_F(PdfTest, AnErrorOfTheFileReachesTheCaller) {
+TEST_F(PdfTest, ALargeFileIsWrittenInPiecesOnceEach) {
     doubles::MemoryFile file;
-    file.failing = "full";
-    const Document document = ListOf(1000);
+    const Document document = WithManyCharacters();
     const Layout layout(document, TestFonts());
-    try {
-        WritePdf(layout, file);
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Text(), "full");
+    WritePdf(layout, file);
+    ASSERT_GE(file.pieces, 2);
+    EXPECT_EQ(CountOf(file.bytes, "%PDF-"), 1);
+    EXPECT_EQ(CountOf(file.bytes, "startxref"), 1);
+}
+
+TEST_F(PdfTest, AnErrorOfTheFileReachesTheCaller) {
+    // At the end, and while the fonts are written.
+    for (const Document& document : {ListOf(1000), WithManyCharacters()}) {
+        doubles::MemoryFile file;
+        file.failing = "full";
+        const Layout layout(document, TestFonts());
+        try {
+            WritePdf(layout, file);
+            FAIL();
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Text(), "full");
+        }
     }
 }
 

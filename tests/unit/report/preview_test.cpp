@@ -278,6 +278,22 @@ TEST_F(Preview, EveryFieldOfTheSetupIsTakenOver) {
     }
 }
 
+TEST_F(Preview, TheSetupStandsInTheMiddle) {
+    PreviewForm& form = Open(ListOf(3));
+    int seen = 0;
+    backend_.modalLoop = [&](forms::Form& modal) {
+        auto& window = dynamic_cast<PageSetupForm&>(modal);
+        const forms::Rect area = backend_.WorkArea();
+        const forms::Rect bounds = window.Bounds();
+        EXPECT_EQ(bounds.left, area.left + (area.width - bounds.width) / 2);
+        EXPECT_EQ(bounds.top, area.top + (area.height - bounds.height) / 2);
+        seen++;
+        user_.Click(window.cmdCancel);
+    };
+    user_.Click(form.cmdSetup);
+    EXPECT_EQ(seen, 1);
+}
+
 TEST_F(Preview, ItsNumbersAreTypedWithoutAnInputMethod) {
     PreviewForm& form = Open(ListOf(200));
     EXPECT_TRUE(form.txtPage.NumericKeyboard());

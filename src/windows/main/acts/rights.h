@@ -2,16 +2,14 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
-#include "session/session.h"
+#include "session/user_right.h"
 #include "windows/main/main_model.h"
 
 namespace zv::windows {
 
-/// Asks the module gate; a user without the right sees a message. Database errors reach the caller.
-bool HasRight(Session& session, const std::string& module, std::int16_t level);
-/// The same for the items that the window was opened for: tasks, or plans of customer cards.
+/// The right to the items that the window was opened for: tasks, or plans of customer cards. Asks
+/// and answers as HasRight.
 bool HasRightToItems(Session& session, const MainModel& model, std::int16_t level);
 
 }  // namespace zv::windows

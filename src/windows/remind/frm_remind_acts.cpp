@@ -1,0 +1,181 @@
+// What the user does with reminders: each act is for those that are selected.
+#include <algorithm>
+#include <array>
+#include <map>
+
+#include "items/item_store.h"
+#include "reminders/put_off.h"
+#include "reminders/store_memory.h"
+#include "session/user_right.h"
+#include "windows/remind/frm_remind.h"
+
+namespace zv::windows {
+
+using resources::RemindText;
+
+namespace {
+
+constexpr std::int16_t kCompletionRight = 4;
+
+}  // namespace
+
+std::set<std::int32_t> frmRemind::SelectedItems() const {
+    std::set<std::int32_t> items;
+    for (const reminders::Due& due : Selected()) items.insert(due.subject.item);
+    return items;
+}
+
+std::vector<reminders::Due> frmRemind::Selected() const {
+    std::vector<reminders::Due> selected;
+    for (int row = 1; row <= grdDue.DataRowCount(); row++) {
+        if (!grdDue.IsSelected(row)) continue;
+        if (const reminders::Due* due = AtRow(row)) selected.push_back(*due);
+    }
+    return selected;
+}
+
+void frmRemind::SelectAll() {
+    grdDue.SelectAll();
+}
+
+void frmRemind::ShowOwnTime() {
+    const bool own = cboLater.ListIndex() >= static_cast<int>(reminders::kPutOffs.size());
+    dtpLater.SetEnabled(own);
+}
+
+std::vector<reminders::Due> frmRemind::StillDue(const std::vector<reminders::Due>& wanted) {
+    std::map<reminders::Key, reminders::Due> present;
+    for (reminders::Due& due : LookNow().due) {
+        const reminders::Key key = reminders::KeyOf(due.subject);
+        present.emplace(key, std::move(due));
+    }
+    std::vector<reminders::Due> still;
+    for (const reminders::Due& due : wanted) {
+        // Generating gives a plan's item another number: the present one is meant.
+        const auto found = present.find(reminders::KeyOf(due.subject));
+        if (found != present.end()) still.push_back(found->second);
+    }
+    return still;
+}
+
+void frmRemind::ReportGone(std::size_t gone) {
+    if (gone == 0) return;
+    session_.windows.ShowMessage(session_.LoadText(RemindText::Gone, std::to_string(gone)),
+                                 forms::box::kExclamation);
+}
+
+bool frmRemind::Agrees(RemindText question, std::size_t count) {
+    // One is done by one key; several at once may be a slip.
+    if (count < 2) return true;
+    return session_.windows.AskCarefully(session_.LoadText(question, std::to_string(count)),
+                                         forms::box::kOkCancel + forms::box::kQuestion) ==
+           forms::Answer::Ok;
+}
+
+void frmRemind::Announce(const reminders::Due& due, ReminderAct act) {
+    session_.Announce([id = due.subject.item, act](HostEvents& host) {
+        host.ReminderActed(id, static_cast<std::int16_t>(act));
+    });
+}
+
+void frmRemind::cmdDone_Click() {
+    const std::vector<reminders::Due> wanted = Selected();
+    if (wanted.empty() || !HasRight(session_, "mnuToolTask", kCompletionRight)) return;
+    if (Agrees(RemindText::AskDone, wanted.size())) Mark(wanted, items::ItemState::Done);
+}
+
+void frmRemind::cmdInHand_Click() {
+    const std::vector<reminders::Due> wanted = Selected();
+    if (wanted.empty() || !HasRight(session_, "mnuZjComp", kCompletionRight)) return;
+    Mark(wanted, items::ItemState::InHand);
+}
+
+void frmRemind::Mark(const std::vector<reminders::Due>& wanted, items::ItemState state) {
+    const std::string doer = session_.state.UserName;
+    const bool done = state == items::ItemState::Done;
+    std::size_t marked = 0;
+    std::vector<reminders::Due> inHand;
+    for (const reminders::Due& due : StillDue(wanted)) {
+        const std::int32_t id = due.subject.item;
+        if (!items::Mark(session_.database, id, state, doer)) continue;
+        if (session_.database.ChangedNothing()) continue;
+        marked++;
+        session_.Announce([id, state](HostEvents& host) {
+            host.ItemDone(id, static_cast<std::int16_t>(Number(state)));
+        });
+        if (done) {
+            Announce(due, ReminderAct::Done);
+        } else {
+            inHand.push_back(due);
+        }
+    }
+    // Who works at it needs no reminder before the next morning.
+    const auto morning =
+        reminders::MomentOf(reminders::PutOff::TomorrowMorning, session_.machine.clock.Now());
+    if (!inHand.empty()) Answer(inHand, morning, ReminderAct::InHand);
+    LookAgain();
+    ReportGone(wanted.size() - marked);
+}
+
+void frmRemind::cmdOpen_Click() {
+    const std::vector<reminders::Due> wanted = Selected();
+    if (wanted.empty() || !open_) return;
+    const std::vector<reminders::Due> still = StillDue({wanted.front()});
+    if (still.empty()) {
+        LookAgain();
+        return ReportGone(1);
+    }
+    const reminders::Subject& subject = still.front().subject;
+    open_({subject.item, subject.kind, subject.title, subject.date.value_or(subject.from),
+           subject.state});
+    Announce(still.front(), ReminderAct::Open);
+}
+
+std::optional<DateTime> frmRemind::ChosenMoment() const {
+    const DateTime now = session_.machine.clock.Now();
+    const int choice = cboLater.ListIndex();
+    const bool own = choice < 0 || choice >= static_cast<int>(reminders::kPutOffs.size());
+    if (!own)
+        return reminders::MomentOf(reminders::kPutOffs[static_cast<std::size_t>(choice)], now);
+    const std::optional<DateTime>& moment = dtpLater.Value();
+    if (!moment || !reminders::CanPutOffUntil(*moment, now)) return std::nullopt;
+    return moment;
+}
+
+void frmRemind::cmdLater_Click() {
+    const std::vector<reminders::Due> wanted = Selected();
+    if (wanted.empty()) return;
+    const std::optional<DateTime> until = ChosenMoment();
+    if (!until) {
+        session_.windows.ShowMessage(session_.LoadText(RemindText::NotLater),
+                                     forms::box::kExclamation);
+        return;
+    }
+    const std::vector<reminders::Due> still = StillDue(wanted);
+    Answer(still, until, ReminderAct::Later);
+    LookAgain();
+    ReportGone(wanted.size() - still.size());
+}
+
+void frmRemind::cmdDismiss_Click() {
+    const std::vector<reminders::Due> wanted = Selected();
+    if (wanted.empty() || !Agrees(RemindText::AskDismiss, wanted.size())) return;
+    const std::vector<reminders::Due> still = StillDue(wanted);
+    Answer(still, std::nullopt, ReminderAct::Dismiss);
+    LookAgain();
+    ReportGone(wanted.size() - still.size());
+}
+
+void frmRemind::Answer(const std::vector<reminders::Due>& wanted, std::optional<DateTime> until,
+                       ReminderAct act) {
+    reminders::StoreMemory memory(session_.database, session_.settings);
+    for (const reminders::Due& due : wanted) {
+        const reminders::Key key = reminders::KeyOf(due.subject);
+        memory.Keep(session_.state.UserName, {key, until});
+        // It comes up once more at its time.
+        shown_.erase(key);
+        Announce(due, act);
+    }
+}
+
+}  // namespace zv::windows

@@ -1,0 +1,93 @@
+// What the scenarios of the window of reminders cannot reach: much at once, the pauses while the
+// store is away, and a calendar that ends.
+#include <gtest/gtest.h>
+
+#include "application/test_application.h"
+#include "windows/remind/frm_remind.h"
+#include "windows/remind/reminding.h"
+
+namespace zv::windows {
+namespace {
+
+class RemindWindow : public testing::Test {
+ protected:
+    frmRemind& Start() {
+        stage.control.StartReminders();
+        return *stage.windows.Find<frmRemind>(frmRemind::kName);
+    }
+    void AddItem(const std::string& moment) {
+        stage.Sql(
+            "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone) "
+            "values(0,'item','" +
+            moment + "','" + moment + "','" + moment + "',0)");
+    }
+
+    test::TestApplication stage;
+};
+
+TEST_F(RemindWindow, TenThousandDueItemsAreListedAndPutOffAtOnce) {
+    stage.Sql("delete from tTaskList");
+    stage.Sql(
+        "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone) "
+        "with recursive n(i) as (select 1 union all select i+1 from n where i<10000) "
+        "select 0,'item '||i,'2003-03-07 00:00:00','2003-03-07 00:00:00','2003-03-07 00:00:00',0 "
+        "from n");
+    frmRemind& window = Start();
+    EXPECT_EQ(window.DueCount(), 10000);
+    EXPECT_EQ(window.grdDue.DataRowCount(), 10000);
+    EXPECT_TRUE(window.IsShown());
+    const int height = window.ClientSize().height;
+    EXPECT_LT(height, 600);
+}
+
+TEST_F(RemindWindow, PausesGrowWhileTheStoreIsAwayAndEndWithIt) {
+    frmRemind& window = Start();
+    stage.opener.open = [](const store::ConnectionSettings&) -> std::unique_ptr<store::Connection> {
+        throw RuntimeError(ErrorNumber::DatabaseFailure, "away");
+    };
+    stage.session.database.Leave();
+    for (const int minutes : {1, 2, 4, 8, 16, 30, 30}) {
+        window.LookAgain();
+        EXPECT_EQ(window.tmrLook.IntervalMs(), minutes * 60'000);
+        EXPECT_TRUE(window.tmrLook.Running());
+    }
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+    stage.opener.open = nullptr;
+    window.LookAgain();
+    EXPECT_LE(window.tmrLook.IntervalMs(), 5 * 60'000);
+    EXPECT_EQ(window.lblOld.Caption().find("数据库"), std::string::npos);
+}
+
+TEST_F(RemindWindow, TheNextLookIsNoLaterThanTheIntervalAndTheNextReminder) {
+    stage.Sql("delete from tTaskList");
+    stage.clock.Set(DateTime(2003, 3, 7, 9, 30, 0));
+    frmRemind& window = Start();
+    EXPECT_EQ(window.tmrLook.IntervalMs(), 5 * 60'000);
+    stage.session.SaveSetting("zvTask", "RemindInterval", "30");
+    AddItem("2003-03-07 09:42:30");
+    window.LookAgain();
+    EXPECT_EQ(window.tmrLook.IntervalMs(), (12 * 60 + 30) * 1000);
+}
+
+TEST_F(RemindWindow, AtTheEndOfTheCalendarNothingCanBePutOff) {
+    stage.Sql("delete from tTaskList");
+    stage.clock.Set(DateTime(9999, 12, 31, 23, 58, 0));
+    AddItem("9999-12-31 00:00:00");
+    frmRemind& window = Start();
+    ASSERT_EQ(window.DueCount(), 1);
+    stage.dialogs.answers = {forms::Answer::Ok};
+    stage.user.Click(window.cmdLater);
+    ASSERT_EQ(stage.dialogs.messages.size(), 1u);
+    EXPECT_NE(stage.dialogs.messages[0].find("请选择今后的时间"), std::string::npos);
+    EXPECT_EQ(window.DueCount(), 1);
+}
+
+TEST_F(RemindWindow, GoesWithTheSessionWithoutAQuestion) {
+    Start();
+    stage.windows.EndSession();
+    EXPECT_FALSE(stage.control.Reminding());
+    EXPECT_TRUE(stage.dialogs.messages.empty());
+}
+
+}  // namespace
+}  // namespace zv::windows
