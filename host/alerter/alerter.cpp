@@ -62,7 +62,7 @@ bool Alerter::FollowLogin() {
 void Alerter::Remind() {
     const bool reminds = user_ && !pausedUntil_;
     if (reminds && !control_.Reminding()) {
-        control_.StartReminders();
+        control_.Remind();
     } else if (!reminds) {
         control_.StopReminders();
     }
@@ -72,10 +72,16 @@ void Alerter::Remind() {
 void Alerter::Tick() {
     if (ended_) return;
     if (!IsWanted()) return End();
-    // What stands now was asked for by the user who is logged in here.
-    if (!session_.windows.HasModal() && FollowLogin()) control_.StopReminders();
+    if (!IsInUse() && FollowLogin()) control_.StopReminders();
     if (PauseIsOver()) pausedUntil_.reset();
     Remind();
+}
+
+// Windows that stand open belong to the user who was handed over before.
+bool Alerter::IsInUse() const {
+    const auto windows = session_.windows.Windows();
+    return std::any_of(windows.begin(), windows.end(),
+                       [](const forms::Form* one) { return !one->ComesByItself(); });
 }
 
 bool Alerter::PauseIsOver() const {

@@ -53,6 +53,7 @@ class Alerter final : public HostEvents {
     /// Works as the user who was handed over last; true when that is another one than before.
     bool FollowLogin();
     void Remind();
+    bool IsInUse() const;
     bool PauseIsOver() const;
     void OpenManager(const std::function<void(windows::frmTaskMain&)>& then = {});
     void ShowFace();

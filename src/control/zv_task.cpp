@@ -1,5 +1,7 @@
 #include "control/zv_task.h"
 
+#include <algorithm>
+
 #include "base/number.h"
 #include "control/persistence.h"
 #include "items/item_store.h"
@@ -78,13 +80,20 @@ void ZvTask::refresh(std::int32_t mode, std::int16_t modal) {
 }
 
 void ZvTask::StartReminders() {
+    HandOver(session_);
+    Remind();
+}
+
+void ZvTask::Remind() {
     session_.windows.FromHost([&] {
         session_.SetApplicationTitle();
         session_.TakeDataPath();
-        HandOver(session_);
-        // What the control works with is closed where nobody works with it: the first look opens
-        // what the properties name.
-        if (!session_.FollowsProperties() && session_.windows.IsEmpty()) session_.database.Leave();
+        // Where nobody works with what is open, the first look opens what the properties name.
+        const auto windows = session_.windows.Windows();
+        const bool inUse = std::any_of(windows.begin(), windows.end(), [](const forms::Form* one) {
+            return !one->ComesByItself();
+        });
+        if (!inUse && !session_.FollowsProperties()) session_.database.Leave();
         Session& session = session_;
         windows::StartReminding(
             session_, [&session](const items::SavedItem& item) { ZvTask(session).ShowItem(item); });

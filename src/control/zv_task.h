@@ -26,8 +26,10 @@ class ZvTask {
     void refresh(std::int32_t mode, std::int16_t modal);
 
     /// Reminds the user of what is due, with the properties as they are, until StopReminders or
-    /// the end of the session. Fails for no store that is away.
+    /// the end of the session, and hands them over to the alerter. Fails for no store that is away.
     void StartReminders();
+    /// The same without handing anything over: for a program that was handed it.
+    void Remind();
     void StopReminders();
     bool Reminding() const;
 

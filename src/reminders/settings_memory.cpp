@@ -108,10 +108,11 @@ void SettingsMemory::Forget(std::string_view user, const Key& key) {
 
 DateTime SettingsMemory::FirstLook(std::string_view user, DateTime now) {
     const std::string key = SettingOf(kFirstLookKey, user);
-    if (const auto first = DateTime::Parse(
-            settings_.Get(resources::kApplication, resources::kTaskSection, key, {}))) {
-        return *first;
-    }
+    const auto first =
+        DateTime::Parse(settings_.Get(resources::kApplication, resources::kTaskSection, key, {}));
+    // One that is still to come was noted while the clock was wrong: all until then would count as
+    // overdue before.
+    if (first && *first <= now) return *first;
     settings_.Save(resources::kApplication, resources::kTaskSection, key, now.IsoDateTime());
     return now;
 }

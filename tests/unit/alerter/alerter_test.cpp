@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <filesystem>
 
 #include "application/test_application.h"
 #include "windows/main/frm_task_main.h"
@@ -113,6 +114,43 @@ TEST_F(AlerterTest, FollowsTheUserWhoLoggedInLast) {
     alerter.Tick();
     EXPECT_EQ(stage.session.state.UserName, "second");
     EXPECT_TRUE(stage.control.Reminding());
+}
+
+TEST_F(AlerterTest, WhatStandsOpenStaysTheFormerUsersUntilItIsClosed) {
+    LogIn("first");
+    ASSERT_TRUE(alerter.Start());
+    alerter.Do(Act::Open);
+    LogIn("second");
+    stage.session.state.UserName = "first";
+    alerter.Tick();
+    EXPECT_EQ(stage.session.state.UserName, "first");
+    stage.user.Close(*stage.Window());
+    alerter.Tick();
+    EXPECT_EQ(stage.session.state.UserName, "second");
+}
+
+TEST_F(AlerterTest, RemindingHandsNothingOver) {
+    LogIn("user");
+    const std::string kept = stage.session.GetSetting("zvTask", "HandedOver", "");
+    // The workstation's file comes in the place of the host's, in this program only.
+    std::filesystem::copy_file(stage.folder / "t.db", stage.folder / "other.db");
+    SetSetting("DataPath", stage.Path("other.db"));
+    ASSERT_TRUE(alerter.Start());
+    alerter.Tick();
+    EXPECT_EQ(stage.opener.last.dataPath, stage.Path("other.db"));
+    EXPECT_EQ(stage.session.GetSetting("zvTask", "HandedOver", ""), kept);
+}
+
+TEST_F(AlerterTest, FollowsToAnotherStore) {
+    LogIn("user");
+    ASSERT_TRUE(alerter.Start());
+    EXPECT_EQ(stage.opener.last.dataPath, stage.Path("t.db"));
+    stage.session.state.SQLData = 1;
+    stage.session.state.UserPath = "server";
+    stage.session.state.hostSQLData = 1;
+    ASSERT_TRUE(HandOver(stage.session));
+    alerter.Tick();
+    EXPECT_EQ(stage.opener.last.dataPath, "server");
 }
 
 TEST_F(AlerterTest, StopsWhereWhatWasHandedOverCannotBeReadAnyMore) {

@@ -94,5 +94,11 @@ TEST_F(SettingsMemoryTest, TheFirstLookIsTheFirstEver) {
     EXPECT_EQ(memory_.FirstLook("Wang", kMorning.AddDays(9)), kMorning.AddDays(9));
 }
 
+TEST_F(SettingsMemoryTest, AFirstLookThatIsStillToComeWasNotedByAWrongClock) {
+    EXPECT_EQ(memory_.FirstLook("Li", kMorning.AddDays(365)), kMorning.AddDays(365));
+    EXPECT_EQ(memory_.FirstLook("Li", kMorning), kMorning);
+    EXPECT_EQ(memory_.FirstLook("Li", kMorning.AddDays(9)), kMorning);
+}
+
 }  // namespace
 }  // namespace zv::reminders
