@@ -177,5 +177,15 @@ TEST(PlanColumns, NumbersStandAtTheRight) {
     EXPECT_FALSE(plan.columns[2].isRightAligned);
 }
 
+TEST(PlanColumns, TheWidestOfFewRowsCountsWhereverItStands) {
+    for (std::size_t widest = 0; widest < 5; widest++) {
+        Table table = TableOf(2, "短");
+        table.rows.resize(5, table.rows[0]);
+        table.rows[widest][0] = Long(12);
+        const ColumnPlan plan = PlanColumns(table, TestFonts());
+        EXPECT_GE(WidthOf(plan, 0), Needed(Long(12)) - 0.1) << widest;
+    }
+}
+
 }  // namespace
 }  // namespace zv::report

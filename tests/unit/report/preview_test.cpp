@@ -138,6 +138,26 @@ TEST_F(Preview, ZoomsByStepsAndStopsAtTheLast) {
     EXPECT_EQ(form.View().Percent(), 400);
 }
 
+TEST_F(Preview, PlusAndMinusZoomByOneStep) {
+    PreviewForm& form = Open(ListOf(3));
+    user_.Pick(form.cboZoom, 5);
+    const auto press = [&](int code) {
+        forms::KeyEvent event{code};
+        form.picPage.UserKeyDown(event);
+    };
+    // Of the block of digits, and beside the letters.
+    for (const int plus : {0x6B, 0xBB}) {
+        ASSERT_EQ(form.View().Percent(), 100);
+        press(plus);
+        EXPECT_EQ(form.View().Percent(), 125);
+        press(plus == 0x6B ? 0x6D : 0xBD);
+        EXPECT_EQ(form.View().Percent(), 100);
+        press(plus == 0x6B ? 0x6D : 0xBD);
+        EXPECT_EQ(form.View().Percent(), 75);
+        press(plus);
+    }
+}
+
 TEST_F(Preview, TheZoomBoxNamesEveryStep) {
     PreviewForm& form = Open(ListOf(3));
     while (form.cmdZoomOut.Enabled()) {
