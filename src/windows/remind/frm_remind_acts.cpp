@@ -170,10 +170,7 @@ void frmRemind::Answer(const std::vector<reminders::Due>& wanted, std::optional<
                        ReminderAct act) {
     reminders::StoreMemory memory(session_.database, session_.settings);
     for (const reminders::Due& due : wanted) {
-        const reminders::Key key = reminders::KeyOf(due.subject);
-        memory.Keep(session_.state.UserName, {key, until});
-        // It comes up once more at its time.
-        shown_.erase(key);
+        memory.Keep(session_.state.UserName, {reminders::KeyOf(due.subject), until});
         Announce(due, act);
     }
 }
