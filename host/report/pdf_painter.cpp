@@ -40,16 +40,18 @@ class Stream final : public IByteWriterWithPosition {
 
     IOBasicTypes::LongBufferSizeType Write(const IOBasicTypes::Byte* bytes,
                                            IOBasicTypes::LongBufferSizeType count) override {
-        kept_.append(reinterpret_cast<const char*>(bytes), count);
         position_ += static_cast<IOBasicTypes::LongFilePositionType>(count);
+        // A writer that learns of an error forgets what it holds without giving it back.
+        if (error_) return count;
+        kept_.append(reinterpret_cast<const char*>(bytes), count);
         if (kept_.size() >= kPiece) Flush();
-        return error_ ? 0 : count;
+        return count;
     }
     IOBasicTypes::LongFilePositionType GetCurrentPosition() override { return position_; }
 
     void Flush() noexcept {
         try {
-            if (!error_) file_.Write(kept_);
+            file_.Write(kept_);
         } catch (...) {
             error_ = std::current_exception();
         }
