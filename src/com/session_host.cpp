@@ -86,8 +86,9 @@ void SessionHost::Close() noexcept {
 
 void SessionHost::EndReminders() noexcept {
     if (!g_host || automation::module::IsLocked() || !g_host->IsOfThisThread()) return;
+    ZvTask task(g_host->session_);
     try {
-        ZvTask(g_host->session_).StopReminders();
+        if (task.Reminding()) task.StopReminders();
     } catch (const std::exception&) {
         // The window stays and keeps the library loaded, as any other window would.
     }

@@ -20,14 +20,29 @@
 namespace zv::script {
 namespace {
 
+// A scenario never waits on the real clock: a machine that has much else to do is no reason to give
+// a statement up.
+constexpr std::chrono::minutes kPatience{10};
+
+store::SqliteOptions Patient(store::SqliteOptions options) {
+    options.statementLimit = kPatience;
+    return options;
+}
+
+std::unique_ptr<store::Connection> OpenPatiently(store::odbc::OdbcOptions options) {
+    options.connectLimit = kPatience;
+    options.statementLimit = kPatience;
+    return store::odbc::OpenOdbc(options);
+}
+
 class EmbeddedEngine final : public ScriptEngine {
  public:
     void Create(const std::string& path) override { store::CreateSqliteDatabase(path); }
     std::unique_ptr<store::Connection> Open(const std::string& path) override {
-        return store::OpenSqlite(path);
+        return store::OpenSqlite(path, Patient({}));
     }
     std::unique_ptr<store::Connection> OpenForHost(const std::string& path) override {
-        return store::OpenSqlite(path, {.datesAsText = true});
+        return store::OpenSqlite(path, Patient({.datesAsText = true}));
     }
 };
 
@@ -46,8 +61,8 @@ class SqliteOdbcEngine final : public ScriptEngine {
     std::unique_ptr<store::Connection> Open(const std::string& path) override {
         // The driver would make a file that is missing.
         store::sqlite::CheckDatabaseFile(path);
-        return store::odbc::OpenOdbc(store::odbc::OptionsFor(
-            "Driver={" + driver_ + "};Timeout=5000;Database=" + PlainPath(path)));
+        return OpenPatiently(store::odbc::OptionsFor("Driver={" + driver_ +
+                                                     "};Timeout=5000;Database=" + PlainPath(path)));
     }
     void Clear() override {
         for (const std::string& link : links_) std::filesystem::remove(link);
@@ -98,8 +113,7 @@ class ServerEngine final : public ScriptEngine {
             store::sqlite::CheckDatabaseFile(path);
             throw RuntimeError(ErrorNumber::DatabaseFailure, "no database: " + path);
         }
-        return store::odbc::OpenOdbc(
-            store::odbc::OptionsFor(test_server::AddressWithin(server_, schema)));
+        return OpenPatiently(store::odbc::OptionsFor(test_server::AddressWithin(server_, schema)));
     }
 
     void Clear() override {

@@ -28,13 +28,24 @@ std::string Take(const DATA_BLOB& blob) {
     return {reinterpret_cast<const char*>(blob.pbData), blob.cbData};
 }
 
+// The system's library is loaded by who needs it, and stays: a host that never starts reminders is
+// spared it, and one that loads and frees the control again and again loads it once.
+template <class Function>
+Function Find(const char* name) {
+    static const HMODULE library =
+        LoadLibraryExW(L"crypt32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (!library) return nullptr;
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
+}
+
 }  // namespace
 
 std::optional<std::string> SystemVault::Seal(std::string_view bytes) {
     DATA_BLOB in = BlobOf(bytes);
     DATA_BLOB out{};
-    if (!CryptProtectData(&in, L"zvTask", nullptr, nullptr, nullptr, CRYPTPROTECT_UI_FORBIDDEN,
-                          &out)) {
+    const auto protect = Find<decltype(&CryptProtectData)>("CryptProtectData");
+    if (!protect ||
+        !protect(&in, L"zvTask", nullptr, nullptr, nullptr, CRYPTPROTECT_UI_FORBIDDEN, &out)) {
         return std::nullopt;
     }
     return Take(out);
@@ -43,8 +54,9 @@ std::optional<std::string> SystemVault::Seal(std::string_view bytes) {
 std::optional<std::string> SystemVault::Reveal(std::string_view sealed) {
     DATA_BLOB in = BlobOf(sealed);
     DATA_BLOB out{};
-    if (!CryptUnprotectData(&in, nullptr, nullptr, nullptr, nullptr, CRYPTPROTECT_UI_FORBIDDEN,
-                            &out)) {
+    const auto unprotect = Find<decltype(&CryptUnprotectData)>("CryptUnprotectData");
+    if (!unprotect ||
+        !unprotect(&in, nullptr, nullptr, nullptr, nullptr, CRYPTPROTECT_UI_FORBIDDEN, &out)) {
         return std::nullopt;
     }
     return Take(out);
