@@ -61,7 +61,12 @@ STDMETHODIMP PersistStorage::Save(IStorage* storage, BOOL sameAsLoad) noexcept {
         WriteToStream(core_, Given(hr, stream));
         wchar_t userType[ARRAYSIZE(kFriendlyName)];
         std::copy(std::begin(kFriendlyName), std::end(kFriendlyName), userType);
-        ThrowIfFailed(WriteFmtUserTypeStg(storage, 0, userType));
+        // The system looks for the name of the storage's class; Wine does so with a key that it has
+        // not opened where the storage has kept none, and closes somebody else's handle.
+        CLSID kept{};
+        if (SUCCEEDED(ReadClassStg(storage, &kept)) && kept == kClassId) {
+            ThrowIfFailed(WriteFmtUserTypeStg(storage, 0, userType));
+        }
         savedToOwn_ = sameAsLoad != FALSE;
         state_ = State::NoScribble;
     });
