@@ -38,13 +38,9 @@ bool Alerter::Start() {
 }
 
 bool Alerter::IsWanted() const {
-    const std::string text = session_.GetSetting(resources::kTaskSection, "Startup", "1");
-    try {
-        return resources::SwitchOf(text) != 0;
-    } catch (const RuntimeError&) {
-        // Who wrote what is no number did not switch it off.
-        return true;
-    }
+    // Who wrote what is no number did not switch it off.
+    return resources::SwitchOr(session_.GetSetting(resources::kTaskSection, "Startup", "1"), 1) !=
+           0;
 }
 
 int Alerter::Minutes() const {

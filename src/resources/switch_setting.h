@@ -13,4 +13,13 @@ inline int SwitchOf(std::string_view text) {
     return number::ToDouble(text) != 0 ? 1 : 0;
 }
 
+/// As SwitchOf; `otherwise` for a text that is no number.
+inline int SwitchOr(std::string_view text, int otherwise) {
+    try {
+        return SwitchOf(text);
+    } catch (const RuntimeError&) {
+        return otherwise;
+    }
+}
+
 }  // namespace zv::resources

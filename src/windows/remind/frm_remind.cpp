@@ -34,12 +34,8 @@ constexpr std::array kChoices = {RemindText::FiveMinutes, RemindText::QuarterHou
 
 // The user's choice of own items or all, as the list of items keeps it.
 reminders::Whose WhoseOf(const Session& session) {
-    try {
-        const std::string stored = session.GetSetting(resources::kTaskSection, "JbrName", "0");
-        return resources::SwitchOf(stored) != 0 ? reminders::Whose::Own : reminders::Whose::All;
-    } catch (const RuntimeError&) {
-        return reminders::Whose::All;
-    }
+    const std::string stored = session.GetSetting(resources::kTaskSection, "JbrName", "0");
+    return resources::SwitchOr(stored, 0) != 0 ? reminders::Whose::Own : reminders::Whose::All;
 }
 
 }  // namespace
@@ -54,7 +50,7 @@ frmRemind::frmRemind(forms::WindowSystem& windows, Session& session,
     cmdOpen.onClick = [this] { cmdOpen_Click(); };
     cmdLater.onClick = [this] { cmdLater_Click(); };
     cmdDismiss.onClick = [this] { cmdDismiss_Click(); };
-    cmdClose.onClick = [this] { SetAside(); };
+    cmdClose.onClick = [this] { Hide(); };
     cboLater.onClick = [this] { ShowOwnTime(); };
     tmrLook.onTimer = [this] { LookAgain(); };
     defaultButton = &cmdOpen;
@@ -94,10 +90,7 @@ void frmRemind::SetKeys() {
 void frmRemind::Form_Load() {
     SetCaptions();
     SetColumns();
-    std::vector<std::string> choices;
-    choices.reserve(kChoices.size());
-    for (const RemindText choice : kChoices) choices.push_back(session_.LoadText(choice));
-    cboLater.SetItems(std::move(choices));
+    SetChoices();
     cboLater.SetListIndex(0);
     dtpLater.SetFormat(forms::DateFormat::DateTime);
     const DateTime now = session_.machine.clock.Now();
@@ -126,6 +119,23 @@ void frmRemind::SetCaptions() {
     dtpLater.SetAccessibleName(text(RemindText::OwnTime));
 }
 
+void frmRemind::SetChoices() {
+    const int chosen = cboLater.ListIndex();
+    std::vector<std::string> choices;
+    choices.reserve(kChoices.size());
+    for (const RemindText choice : kChoices) choices.push_back(session_.LoadText(choice));
+    cboLater.SetItems(std::move(choices));
+    cboLater.SetListIndex(chosen);
+}
+
+void frmRemind::StartAgain() {
+    SetCaptions();
+    SetColumns();
+    SetChoices();
+    FitToRows();
+    LookAgain();
+}
+
 void frmRemind::SetColumns() {
     const auto text = [this](auto id) { return session_.LoadText(id); };
     grdDue.SetColumns({{text(text_id::kTitle), 220},
@@ -143,12 +153,12 @@ void frmRemind::Form_Rescale() {
 void frmRemind::Form_QueryUnload(bool& cancel, bool byUser) {
     if (!byUser) return;
     cancel = true;
-    SetAside();
+    Hide();
 }
 
 void frmRemind::ForgetStore() {
     shown_.clear();
-    countedOn_.reset();
+    counted_.reset();
     old_ = 0;
     List({});
 }
@@ -157,20 +167,22 @@ reminders::Look frmRemind::LookNow() {
     // A control without a store has nothing to remind of.
     const ControlState& state = session_.state;
     const DateTime now = session_.machine.clock.Now();
-    reminders::Circumstances circumstances{.user = state.UserName,
-                                           .whose = WhoseOf(session_),
-                                           .now = now,
-                                           .firstLook = now,
-                                           .interval = RemindInterval(session_)};
+    // Another user has been shown nothing yet.
+    if (circumstances_.user != state.UserName) ForgetStore();
+    circumstances_ = {.user = state.UserName,
+                      .whose = WhoseOf(session_),
+                      .now = now,
+                      .firstLook = now,
+                      .interval = RemindInterval(session_)};
     if (state.UserPath.IsEmpty() && state.SQLData == 0 && !session_.database.HasConnection()) {
-        return reminders::LookAt({}, {}, circumstances);
+        return reminders::LookAt({}, {}, circumstances_);
     }
     session_.database.EnsureConnection();
     reminders::StoreMemory memory(session_.database, session_.settings);
-    circumstances.firstLook = memory.FirstLook(state.UserName, now);
+    circumstances_.firstLook = memory.FirstLook(state.UserName, now);
     return reminders::LookAt(
-        reminders::ReadSubjects(session_.database, now, circumstances.firstLook),
-        memory.Answers(state.UserName), circumstances);
+        reminders::ReadSubjects(session_.database, now, circumstances_.firstLook),
+        memory.Answers(state.UserName), circumstances_);
 }
 
 void frmRemind::LookAgain() {
@@ -200,7 +212,7 @@ void frmRemind::Apply(reminders::Look look) {
         if (shown_.find(key) == shown_.end()) fresh++;
         keys.insert(key);
     }
-    if (!look.due.empty()) CountOld(session_.machine.clock.Now());
+    if (!look.due.empty()) CountOld();
     List(std::move(look.due));
     if (due_.empty()) {
         shown_.clear();
@@ -299,14 +311,14 @@ const reminders::Due* frmRemind::AtRow(int row) const {
     return found == places_.end() ? nullptr : &due_[found->second];
 }
 
-void frmRemind::CountOld(DateTime now) {
-    if (countedOn_ == now.Date()) return;
-    reminders::StoreMemory memory(session_.database, session_.settings);
-    const std::string& user = session_.state.UserName;
-    const bool own = WhoseOf(session_) == reminders::Whose::Own;
-    old_ = reminders::CountOld(session_.database, memory.FirstLook(user, now),
+void frmRemind::CountOld() {
+    const auto& [user, whose, now, firstLook, interval] = circumstances_;
+    const std::tuple wanted{now.Date(), firstLook, whose};
+    if (counted_ == wanted) return;
+    const bool own = whose == reminders::Whose::Own;
+    old_ = reminders::CountOld(session_.database, firstLook,
                                own ? std::optional<std::string_view>(user) : std::nullopt);
-    countedOn_ = now.Date();
+    counted_ = wanted;
 }
 
 void frmRemind::ShowOld() {

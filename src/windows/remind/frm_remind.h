@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -50,6 +51,8 @@ class frmRemind : public forms::Form, public StoreClient {
     forms::CommandButton cmdClose{*this, "cmdClose"};
     forms::Timer tmrLook{*this, "tmrLook", 1000};
 
+    /// Speaks the present language and looks, as after a start.
+    void StartAgain();
     /// Looks at what is due and when to look next. A store that is away is said in the window and
     /// tried again later.
     void LookAgain();
@@ -71,6 +74,7 @@ class frmRemind : public forms::Form, public StoreClient {
     void SetCaptions();
     void SetColumns();
     void SetKeys();
+    void SetChoices();
     void Apply(reminders::Look look);
     /// Hidden: fID, by which a row is found again when the user has sorted them.
     static constexpr int kNumberColumn = 6;
@@ -81,10 +85,9 @@ class frmRemind : public forms::Form, public StoreClient {
     void ComeUp(int fresh);
     void SleepUntil(DateTime moment);
     reminders::Look LookNow();
-    void SetAside() { Hide(); }
     void SelectItems(const std::set<std::int32_t>& items);
-    /// Once a day: it reads the whole table.
-    void CountOld(DateTime now);
+    /// Reads the whole table, and so only when the day or what is counted has changed.
+    void CountOld();
     void ShowOld();
     /// The reminder of a row; null where the row is gone.
     const reminders::Due* AtRow(int row) const;
@@ -100,9 +103,12 @@ class frmRemind : public forms::Form, public StoreClient {
     void cmdOpen_Click();
     void cmdLater_Click();
     void cmdDismiss_Click();
-    void Mark(const std::vector<reminders::Due>& wanted, items::ItemState state);
-    void Answer(const std::vector<reminders::Due>& wanted, std::optional<DateTime> until,
-                ReminderAct act);
+    /// Does it for each that is still due, looks again whatever comes of it, and says how many of
+    /// them somebody else had changed. `act`: false where the item was gone in the end.
+    void ForEach(const std::vector<reminders::Due>& wanted,
+                 const std::function<bool(const reminders::Due&)>& act);
+    bool Mark(const reminders::Due& due, items::ItemState state);
+    void Answer(const reminders::Due& due, std::optional<DateTime> until, ReminderAct act);
     std::optional<DateTime> ChosenMoment() const;
     void Announce(const reminders::Due& due, ReminderAct act);
     bool Agrees(resources::RemindText question, std::size_t count);
@@ -120,8 +126,10 @@ class frmRemind : public forms::Form, public StoreClient {
     std::unordered_map<std::int32_t, std::size_t> places_;  ///< in due_, by fID
     /// Those that the user has been shown: only another one brings the window up again.
     std::set<reminders::Key> shown_;
+    reminders::Circumstances circumstances_;  ///< of the last look
     std::int32_t old_ = 0;
-    std::optional<DateTime> countedOn_;
+    /// What old_ was counted for: the day, the first look and whose items.
+    std::optional<std::tuple<DateTime, DateTime, reminders::Whose>> counted_;
     int failures_ = 0;
     bool looking_ = false;
 };

@@ -81,40 +81,49 @@ void frmRemind::Announce(const reminders::Due& due, ReminderAct act) {
 void frmRemind::cmdDone_Click() {
     const std::vector<reminders::Due> wanted = Selected();
     if (wanted.empty() || !HasRight(session_, "mnuToolTask", kCompletionRight)) return;
-    if (Agrees(RemindText::AskDone, wanted.size())) Mark(wanted, items::ItemState::Done);
+    if (!Agrees(RemindText::AskDone, wanted.size())) return;
+    ForEach(wanted, [this](const reminders::Due& due) {
+        if (!Mark(due, items::ItemState::Done)) return false;
+        Announce(due, ReminderAct::Done);
+        return true;
+    });
 }
 
 void frmRemind::cmdInHand_Click() {
     const std::vector<reminders::Due> wanted = Selected();
     if (wanted.empty() || !HasRight(session_, "mnuZjComp", kCompletionRight)) return;
-    Mark(wanted, items::ItemState::InHand);
-}
-
-void frmRemind::Mark(const std::vector<reminders::Due>& wanted, items::ItemState state) {
-    const std::string doer = session_.state.UserName;
-    const bool done = state == items::ItemState::Done;
-    std::size_t marked = 0;
-    std::vector<reminders::Due> inHand;
-    for (const reminders::Due& due : StillDue(wanted)) {
-        const std::int32_t id = due.subject.item;
-        if (!items::Mark(session_.database, id, state, doer)) continue;
-        if (session_.database.ChangedNothing()) continue;
-        marked++;
-        session_.Announce([id, state](HostEvents& host) {
-            host.ItemDone(id, static_cast<std::int16_t>(Number(state)));
-        });
-        if (done) {
-            Announce(due, ReminderAct::Done);
-        } else {
-            inHand.push_back(due);
-        }
-    }
     // Who works at it needs no reminder before the next morning.
     const auto morning =
         reminders::MomentOf(reminders::PutOff::TomorrowMorning, session_.machine.clock.Now());
-    if (!inHand.empty()) Answer(inHand, morning, ReminderAct::InHand);
+    ForEach(wanted, [&](const reminders::Due& due) {
+        if (!Mark(due, items::ItemState::InHand)) return false;
+        Answer(due, morning, ReminderAct::InHand);
+        return true;
+    });
+}
+
+void frmRemind::ForEach(const std::vector<reminders::Due>& wanted,
+                        const std::function<bool(const reminders::Due&)>& act) {
+    std::size_t acted = 0;
+    try {
+        for (const reminders::Due& due : StillDue(wanted)) acted += act(due) ? 1 : 0;
+    } catch (...) {
+        // What was done before the error is listed no more.
+        LookAgain();
+        throw;
+    }
     LookAgain();
-    ReportGone(wanted.size() - marked);
+    ReportGone(wanted.size() - acted);
+}
+
+bool frmRemind::Mark(const reminders::Due& due, items::ItemState state) {
+    const std::int32_t id = due.subject.item;
+    if (!items::Mark(session_.database, id, state, session_.state.UserName)) return false;
+    if (session_.database.ChangedNothing()) return false;
+    session_.Announce([id, state](HostEvents& host) {
+        host.ItemDone(id, static_cast<std::int16_t>(Number(state)));
+    });
+    return true;
 }
 
 void frmRemind::cmdOpen_Click() {
@@ -151,28 +160,25 @@ void frmRemind::cmdLater_Click() {
                                      forms::box::kExclamation);
         return;
     }
-    const std::vector<reminders::Due> still = StillDue(wanted);
-    Answer(still, until, ReminderAct::Later);
-    LookAgain();
-    ReportGone(wanted.size() - still.size());
+    ForEach(wanted, [&](const reminders::Due& due) {
+        Answer(due, until, ReminderAct::Later);
+        return true;
+    });
 }
 
 void frmRemind::cmdDismiss_Click() {
     const std::vector<reminders::Due> wanted = Selected();
     if (wanted.empty() || !Agrees(RemindText::AskDismiss, wanted.size())) return;
-    const std::vector<reminders::Due> still = StillDue(wanted);
-    Answer(still, std::nullopt, ReminderAct::Dismiss);
-    LookAgain();
-    ReportGone(wanted.size() - still.size());
+    ForEach(wanted, [this](const reminders::Due& due) {
+        Answer(due, std::nullopt, ReminderAct::Dismiss);
+        return true;
+    });
 }
 
-void frmRemind::Answer(const std::vector<reminders::Due>& wanted, std::optional<DateTime> until,
-                       ReminderAct act) {
+void frmRemind::Answer(const reminders::Due& due, std::optional<DateTime> until, ReminderAct act) {
     reminders::StoreMemory memory(session_.database, session_.settings);
-    for (const reminders::Due& due : wanted) {
-        memory.Keep(session_.state.UserName, {reminders::KeyOf(due.subject), until});
-        Announce(due, act);
-    }
+    memory.Keep(session_.state.UserName, {reminders::KeyOf(due.subject), until});
+    Announce(due, act);
 }
 
 }  // namespace zv::windows

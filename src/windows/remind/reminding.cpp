@@ -16,7 +16,7 @@ frmRemind* Present(const Session& session) {
 
 void StartReminding(Session& session, std::function<void(const items::SavedItem&)> open) {
     frmRemind* window = Present(session);
-    if (window) return window->LookAgain();
+    if (window) return window->StartAgain();
     window = &session.windows.Create<frmRemind>(session, std::move(open));
     window->LoadUnseen();
     if (window->IsLoaded()) window->LookAgain();

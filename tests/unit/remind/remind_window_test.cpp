@@ -82,6 +82,58 @@ TEST_F(RemindWindow, AtTheEndOfTheCalendarNothingCanBePutOff) {
     EXPECT_EQ(window.DueCount(), 1);
 }
 
+TEST_F(RemindWindow, AnotherUserIsRemindedAnew) {
+    stage.Sql("delete from tTaskList");
+    AddItem("2003-03-07 00:00:00");
+    stage.session.state.UserName = "first";
+    frmRemind& window = Start();
+    window.Hide();
+    window.LookAgain();
+    EXPECT_FALSE(window.IsShown());
+    stage.session.state.UserName = "second";
+    EXPECT_EQ(&Start(), &window);
+    EXPECT_TRUE(window.IsShown());
+}
+
+TEST_F(RemindWindow, StartedAgainItSpeaksThePresentLanguage) {
+    frmRemind& window = Start();
+    EXPECT_EQ(window.cmdInHand.Caption(), "办理中");
+    stage.session.state.Language = 1;
+    Start();
+    EXPECT_EQ(window.cmdInHand.Caption(), "辦理中");
+    EXPECT_EQ(window.cboLater.List(0), "5 分鐘後");
+    EXPECT_EQ(window.grdDue.GetColumn(2).heading, "類型");
+}
+
+TEST_F(RemindWindow, WhatIsOlderIsCountedAnewWhenTheChoiceOfOwnOrAllChanges) {
+    stage.Sql("delete from tTaskList");
+    AddItem("2003-03-07 00:00:00");
+    stage.session.state.UserName = "Li";
+    stage.Sql(
+        "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone,tDoneMan) "
+        "values(0,'old','2003-03-01','2003-03-01','2003-03-01',0,'somebody else')");
+    frmRemind& window = Start();
+    EXPECT_NE(window.lblOld.Caption(), "");
+    stage.session.SaveSetting("zvTask", "JbrName", "1");
+    window.LookAgain();
+    EXPECT_EQ(window.lblOld.Caption(), "");
+}
+
+TEST_F(RemindWindow, WhatWasDoneBeforeAnErrorIsGoneFromTheListAtOnce) {
+    stage.Sql("insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask')");
+    stage.session.state.myPower = std::string(350, '1');
+    stage.Sql("delete from tTaskList");
+    for (int i = 0; i < 3; i++) AddItem("2003-03-07 00:00:00");
+    frmRemind& window = Start();
+    ASSERT_EQ(window.DueCount(), 3);
+    window.grdDue.SelectAll();
+    stage.statements.failing = "fID =" + stage.Query("select max(fID) from tTaskList");
+    stage.dialogs.answers = {forms::Answer::Ok, forms::Answer::Ok};
+    stage.user.Click(window.cmdDone);
+    EXPECT_EQ(stage.Query("select count(*) from tTaskList where tDone=1"), "2");
+    EXPECT_EQ(window.DueCount(), 1);
+}
+
 TEST_F(RemindWindow, GoesWithTheSessionWithoutAQuestion) {
     Start();
     stage.windows.EndSession();
