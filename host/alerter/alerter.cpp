@@ -1,9 +1,7 @@
 #include "alerter/alerter.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "base/number.h"
 #include "resources/alerter_texts.h"
 #include "resources/switch_setting.h"
 #include "windows/main/acts/rights.h"
@@ -44,7 +42,7 @@ bool Alerter::IsWanted() const {
 }
 
 int Alerter::Minutes() const {
-    return std::max(1, windows::RemindInterval(session_));
+    return windows::RemindInterval(session_);
 }
 
 bool Alerter::FollowLogin() {
@@ -68,16 +66,10 @@ void Alerter::Remind() {
 void Alerter::Tick() {
     if (ended_) return;
     if (!IsWanted()) return End();
-    if (!IsInUse() && FollowLogin()) control_.StopReminders();
+    // Windows that stand open belong to the user who was handed over before.
+    if (!session_.windows.HasOpened() && FollowLogin()) control_.StopReminders();
     if (PauseIsOver()) pausedUntil_.reset();
     Remind();
-}
-
-// Windows that stand open belong to the user who was handed over before.
-bool Alerter::IsInUse() const {
-    const auto windows = session_.windows.Windows();
-    return std::any_of(windows.begin(), windows.end(),
-                       [](const forms::Form* one) { return !one->ComesByItself(); });
 }
 
 bool Alerter::PauseIsOver() const {
@@ -164,16 +156,18 @@ void Alerter::ShowFace() {
 }
 
 Face Alerter::PresentFace() const {
-    if (!user_) return {Mood::MustLogIn, 0, session_.LoadText(AlerterText::MustLogIn)};
+    if (!user_) return {Mood::MustLogIn, "?", session_.LoadText(AlerterText::MustLogIn)};
     if (pausedUntil_) {
-        return {Mood::Paused, 0,
+        return {Mood::Paused,
+                {},
                 session_.LoadText(AlerterText::Paused, pausedUntil_->HourAndMinute())};
     }
+    constexpr int kMostDigits = 99;
     const auto* window = session_.windows.Find<windows::frmRemind>(windows::frmRemind::kName);
     const int due = window ? window->DueCount() : 0;
-    return {Mood::Reminding, due,
-            due == 0 ? session_.LoadText(AlerterText::NothingDue)
-                     : session_.LoadText(AlerterText::Due, std::to_string(due))};
+    const std::string count = std::to_string(due);
+    if (due == 0) return {Mood::NothingDue, {}, session_.LoadText(AlerterText::NothingDue)};
+    return {Mood::Due, due > kMostDigits ? "+" : count, session_.LoadText(AlerterText::Due, count)};
 }
 
 void Alerter::End() {

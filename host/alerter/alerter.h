@@ -15,7 +15,7 @@ namespace zv::alerter {
 
 /// The windows are those of the control, with their rights and their texts; this only says when
 /// they come and what the icon shows.
-class Alerter final : public HostEvents {
+class Alerter final : public PartialHostEvents {
  public:
     static constexpr std::int64_t kPauseSeconds = 3600;
 
@@ -31,7 +31,8 @@ class Alerter final : public HostEvents {
     void Tick();
     /// How long to sleep until Tick, in whole minutes, at least one.
     int Minutes() const;
-    /// The machine was asleep or locked, or its clock was set: what is due is looked up at once.
+    /// The user is back at a session that was locked or another's: what is due is looked up at
+    /// once.
     void LookAgain();
 
     void OpenMenu();
@@ -40,12 +41,6 @@ class Alerter final : public HostEvents {
     /// The program is to end; called at most once.
     std::function<void()> onEnd;
 
-    void AlertShown(std::int32_t) override {}
-    void ItemSaved(std::int32_t, bool) override {}
-    void ItemDeleted(std::int32_t) override {}
-    void ItemDone(std::int32_t, std::int16_t) override {}
-    void PlanGenerated(std::int32_t, std::int32_t) override {}
-    void WindowClosed(const std::string&) override {}
     void ReminderShown(std::int32_t count) override;
     void ReminderActed(std::int32_t, std::int16_t) override { ShowFace(); }
 
@@ -53,7 +48,6 @@ class Alerter final : public HostEvents {
     /// Works as the user who was handed over last; true when that is another one than before.
     bool FollowLogin();
     void Remind();
-    bool IsInUse() const;
     bool PauseIsOver() const;
     void OpenManager(const std::function<void(windows::frmTaskMain&)>& then = {});
     void ShowFace();

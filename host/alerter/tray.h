@@ -19,14 +19,15 @@ struct MenuEntry {
 
 enum class Mood : std::uint8_t {
     MustLogIn,  ///< nobody has handed over a store and a user
-    Reminding,
+    NothingDue,
+    Due,
     Paused,
 };
 
 /// What the icon shows.
 struct Face {
     Mood mood = Mood::MustLogIn;
-    int due = 0;  ///< items; shown as a number while reminding
+    std::string sign;  ///< one or two characters in the picture; none: the picture of the mood
     std::string tip;
 
     bool operator==(const Face&) const = default;

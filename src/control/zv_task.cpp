@@ -1,7 +1,5 @@
 #include "control/zv_task.h"
 
-#include <algorithm>
-
 #include "base/number.h"
 #include "control/persistence.h"
 #include "items/item_store.h"
@@ -89,11 +87,9 @@ void ZvTask::Remind() {
         session_.SetApplicationTitle();
         session_.TakeDataPath();
         // Where nobody works with what is open, the first look opens what the properties name.
-        const auto windows = session_.windows.Windows();
-        const bool inUse = std::any_of(windows.begin(), windows.end(), [](const forms::Form* one) {
-            return !one->ComesByItself();
-        });
-        if (!inUse && !session_.FollowsProperties()) session_.database.Leave();
+        if (!session_.windows.HasOpened() && !session_.FollowsProperties()) {
+            session_.database.Leave();
+        }
         Session& session = session_;
         windows::StartReminding(
             session_, [&session](const items::SavedItem& item) { ZvTask(session).ShowItem(item); });

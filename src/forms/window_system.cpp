@@ -116,6 +116,11 @@ Form* WindowSystem::Find(std::string_view name) const {
     return nullptr;
 }
 
+bool WindowSystem::HasOpened() const {
+    return std::any_of(forms_.begin(), forms_.end(),
+                       [](const auto& form) { return !form->ComesByItself(); });
+}
+
 std::vector<Form*> WindowSystem::Windows() const {
     std::vector<Form*> result;
     for (const auto& form : forms_) result.push_back(form.get());

@@ -85,6 +85,8 @@ class WindowSystem {
     std::vector<Form*> Windows() const;
     /// No window exists.
     bool IsEmpty() const noexcept { return forms_.empty(); }
+    /// A window exists that somebody opened, and not only such as come by themselves.
+    bool HasOpened() const;
     Form* ModalForm() const { return modal_.empty() ? nullptr : modal_.back(); }
     /// A box of any sort or a menu stands.
     bool SomethingStands() const { return !standing_.empty(); }

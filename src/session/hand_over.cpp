@@ -4,6 +4,7 @@
 #include <charconv>
 #include <utility>
 
+#include "base/hex.h"
 #include "session/store_choice.h"
 
 namespace zv {
@@ -12,31 +13,6 @@ namespace {
 constexpr std::string_view kSetting = "HandedOver";
 constexpr std::string_view kVersion = "1";
 constexpr std::size_t kFields = 12;
-
-// Settings hold texts; what is sealed are bytes.
-std::string ToHex(std::string_view bytes) {
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string text;
-    text.reserve(2 * bytes.size());
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        text += kDigits[byte >> 4];
-        text += kDigits[byte & 15];
-    }
-    return text;
-}
-
-std::optional<std::string> BytesOf(std::string_view hex) {
-    if (hex.size() % 2 != 0) return std::nullopt;
-    std::string bytes;
-    for (std::size_t i = 0; i < hex.size(); i += 2) {
-        unsigned value = 0;
-        const auto [end, error] = std::from_chars(&hex[i], &hex[i] + 2, value, 16);
-        if (error != std::errc() || end != &hex[i] + 2) return std::nullopt;
-        bytes += static_cast<char>(value);
-    }
-    return bytes;
-}
 
 // A field is its length in bytes, a colon and the bytes, so that it may hold anything.
 void Append(std::string& text, std::string_view field) {
@@ -120,13 +96,14 @@ bool HandOver(Session& session) {
                           .power = state.myPower,
                           .model = state.myModel};
     const std::optional<std::string> sealed = session.machine.vault.Seal(ToText(kept));
-    // Nothing is better than the state of somebody who worked here before.
-    session.SaveSetting(resources::kTaskSection, kSetting, sealed ? ToHex(*sealed) : "");
+    // Settings hold texts; what is sealed are bytes. Nothing is better than the state of somebody
+    // who worked here before.
+    session.SaveSetting(resources::kTaskSection, kSetting, sealed ? hex::FromBytes(*sealed) : "");
     return sealed.has_value();
 }
 
 std::optional<HandedOver> ReadHandedOver(Session& session) {
-    const auto sealed = BytesOf(session.GetSetting(resources::kTaskSection, kSetting, ""));
+    const auto sealed = hex::ToBytes(session.GetSetting(resources::kTaskSection, kSetting, ""));
     if (!sealed || sealed->empty()) return std::nullopt;
     const std::optional<std::string> text = session.machine.vault.Reveal(*sealed);
     return text ? HandedOverIn(*text) : std::nullopt;

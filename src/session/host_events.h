@@ -31,4 +31,17 @@ class HostEvents {
     virtual void WindowClosed(const std::string& name) = 0;
 };
 
+/// For a listener that wants only some of them.
+class PartialHostEvents : public HostEvents {
+ public:
+    void AlertShown(std::int32_t) override {}
+    void ItemSaved(std::int32_t, bool) override {}
+    void ItemDeleted(std::int32_t) override {}
+    void ItemDone(std::int32_t, std::int16_t) override {}
+    void PlanGenerated(std::int32_t, std::int32_t) override {}
+    void ReminderShown(std::int32_t) override {}
+    void ReminderActed(std::int32_t, std::int16_t) override {}
+    void WindowClosed(const std::string&) override {}
+};
+
 }  // namespace zv

@@ -104,6 +104,45 @@ void RunHostLoop() {
     }
 }
 
+struct ClockForm : TestForm {
+    explicit ClockForm(WindowSystem& windows) : TestForm(windows, "frmClock") {
+        SetComesByItself(true);
+    }
+    CommandButton cmdOK{*this, "cmdOK"};
+    int changes = 0;
+
+ protected:
+    void Form_ClockChange() override { changes++; }
+};
+
+TEST_F(Native, AChangedClockAndAnEndOfSleepReachAWindowThatNobodySees) {
+    auto& clock = windows_.Create<ClockForm>();
+    Arrange(clock);
+    clock.LoadUnseen();
+    SendMessageW(Handle(clock), WM_TIMECHANGE, 0, 0);
+    EXPECT_EQ(clock.changes, 1);
+    // A user who wakes the machine is reported behind the waking itself.
+    SendMessageW(Handle(clock), WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
+    SendMessageW(Handle(clock), WM_POWERBROADCAST, PBT_APMRESUMESUSPEND, 0);
+    SendMessageW(Handle(clock), WM_POWERBROADCAST, PBT_APMPOWERSTATUSCHANGE, 0);
+    EXPECT_EQ(clock.changes, 2);
+}
+
+TEST_F(Native, OneThatComesByItselfStandsAboveAndLeavesTheKeyboardWhereItIs) {
+    form.Show(false);
+    form.FocusTo(form.txtTitle);
+    RunHostLoop();
+    const HWND focus = GetFocus();
+    auto& clock = windows_.Create<ClockForm>();
+    Arrange(clock);
+    clock.Surface();
+    RunHostLoop();
+    EXPECT_TRUE(IsWindowVisible(Handle(clock)));
+    EXPECT_EQ(GetFocus(), focus);
+    EXPECT_EQ(GetActiveWindow(), Handle(form));
+    EXPECT_NE(GetWindowLongPtrW(Handle(clock), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+}
+
 TEST_F(Native, ControlsAreFoundByTheirNamesFromOutside) {
     form.Show(false);
     wchar_t className[64] = L"";

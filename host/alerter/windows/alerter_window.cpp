@@ -79,8 +79,9 @@ LRESULT AlerterWindow::Handle(UINT message, WPARAM w, LPARAM l) {
         icon_->PutBack();
         return 0;
     }
-    const auto lookAgain = [this] {
-        session_.windows.FromTimer([this] { alerter_->LookAgain(); });
+    // The window of reminders hears of the clock by itself.
+    const auto tick = [this] {
+        session_.windows.FromTimer([this] { alerter_->Tick(); });
         Sleep();
     };
     switch (message) {
@@ -88,17 +89,16 @@ LRESULT AlerterWindow::Handle(UINT message, WPARAM w, LPARAM l) {
             OnIcon(LOWORD(l));
             return 0;
         case WM_TIMER:
-            session_.windows.FromTimer([this] { alerter_->Tick(); });
-            Sleep();
+            tick();
             return 0;
         case WM_TIMECHANGE:
-            lookAgain();
+            tick();
             return 0;
         case WM_POWERBROADCAST:
-            if (w == PBT_APMRESUMEAUTOMATIC || w == PBT_APMRESUMESUSPEND) lookAgain();
+            if (w == PBT_APMRESUMEAUTOMATIC) tick();
             return TRUE;
         case WM_WTSSESSION_CHANGE:
-            if (ShowsUser(w)) lookAgain();
+            if (ShowsUser(w)) session_.windows.FromTimer([this] { alerter_->LookAgain(); });
             return 0;
         case WM_CLOSE:
             alerter_->Do(Act::Exit);

@@ -18,9 +18,15 @@ struct DestroyDc {
 };
 using Dc = std::unique_ptr<std::remove_pointer_t<HDC>, DestroyDc>;
 
-COLORREF Ground(Mood mood, int due) {
-    if (mood != Mood::Reminding) return kGrey;
-    return due > 0 ? kRed : kBlue;
+COLORREF Ground(Mood mood) {
+    switch (mood) {
+        case Mood::NothingDue:
+            return kBlue;
+        case Mood::Due:
+            return kRed;
+        default:
+            return kGrey;
+    }
 }
 
 // A clock: two hands, or the bars of a pause.
@@ -61,13 +67,7 @@ void DrawNumber(HDC dc, const std::wstring& text, int size) {
 
 }  // namespace
 
-std::wstring FaceText(Mood mood, int due) {
-    if (mood == Mood::MustLogIn) return L"?";
-    if (mood == Mood::Paused || due <= 0) return L"";
-    return due > 99 ? L"+" : std::to_wstring(due);
-}
-
-HICON MakeFaceIcon(Mood mood, int due, int size) {
+HICON MakeFaceIcon(Mood mood, const std::wstring& sign, int size) {
     const Dc dc(CreateCompatibleDC(nullptr));
     const HDC screen = GetDC(nullptr);
     const Object colours(CreateCompatibleBitmap(screen, size, size));
@@ -82,17 +82,16 @@ HICON MakeFaceIcon(Mood mood, int due, int size) {
 
     SelectObject(dc.get(), colours.get());
     PatBlt(dc.get(), 0, 0, size, size, BLACKNESS);
-    const COLORREF ground = Ground(mood, due);
+    const COLORREF ground = Ground(mood);
     const Object brush(CreateSolidBrush(ground));
     const Object pen(CreatePen(PS_SOLID, 1, ground));
     const HGDIOBJ oldBrush = SelectObject(dc.get(), brush.get());
     const HGDIOBJ oldPen = SelectObject(dc.get(), pen.get());
     Ellipse(dc.get(), 0, 0, size, size);
-    const std::wstring text = FaceText(mood, due);
-    if (text.empty()) {
+    if (sign.empty()) {
         DrawSign(dc.get(), mood, size);
     } else {
-        DrawNumber(dc.get(), text, size);
+        DrawNumber(dc.get(), sign, size);
     }
     SelectObject(dc.get(), oldPen);
     SelectObject(dc.get(), oldBrush);

@@ -9,9 +9,7 @@
 
 namespace zv::alerter {
 
-/// What stands in the picture: a number up to 99, "+" beyond, and nothing while nothing is due.
-std::wstring FaceText(Mood mood, int due);
 /// A square of that many pixels; the caller destroys it. Null where the system has no memory left.
-HICON MakeFaceIcon(Mood mood, int due, int size);
+HICON MakeFaceIcon(Mood mood, const std::wstring& sign, int size);
 
 }  // namespace zv::alerter

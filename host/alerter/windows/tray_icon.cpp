@@ -52,7 +52,7 @@ void TrayIcon::PutBack() {
 
 void TrayIcon::Send() {
     const HICON before = icon_;
-    icon_ = MakeFaceIcon(face_.mood, face_.due, GetSystemMetrics(SM_CXSMICON));
+    icon_ = MakeFaceIcon(face_.mood, win32::ToWide(face_.sign), GetSystemMetrics(SM_CXSMICON));
     NOTIFYICONDATAW data = Data(NIF_MESSAGE | NIF_ICON | NIF_TIP);
     data.hIcon = icon_;
     Put(data.szTip, face_.tip);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/errors.h"
+#include "base/hex.h"
 #include "base/win32/com_error.h"
 #include "base/win32/wide.h"
 
@@ -74,16 +75,6 @@ std::string TextOfNumber(const std::vector<BYTE>& bytes) {
     return std::to_string(number);
 }
 
-std::string TextOfBytes(const std::vector<BYTE>& bytes) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    std::string text;
-    for (const BYTE byte : bytes) {
-        text += kDigits[byte >> 4];
-        text += kDigits[byte & 15];
-    }
-    return text;
-}
-
 std::string TextOf(const StoredValue& value) {
     switch (value.type) {
         case REG_SZ:
@@ -96,7 +87,8 @@ std::string TextOf(const StoredValue& value) {
         case REG_QWORD:
             return TextOfNumber<std::uint64_t>(value.bytes);
         default:
-            return TextOfBytes(value.bytes);
+            return hex::FromBytes(
+                {reinterpret_cast<const char*>(value.bytes.data()), value.bytes.size()});
     }
 }
 

@@ -315,6 +315,23 @@ TEST_F(PersistenceTest, AStorageIsUsedByOleItself) {
     EXPECT_EQ(site.references, 1u);
 }
 
+TEST_F(PersistenceTest, AStorageThatKeepsNoClassGetsNoNameOfOne) {
+    for (const bool keeps : {true, false}) {
+        const auto persistStorage = As<IPersistStorage>();
+        const auto storage = MemoryStorage();
+        if (keeps) {
+            ASSERT_EQ(WriteClassStg(storage.Get(), zv::com::kClassId), S_OK);
+        }
+        ASSERT_EQ(persistStorage->InitNew(storage.Get()), keeps ? S_OK : CO_E_ALREADYINITIALIZED);
+        ASSERT_EQ(persistStorage->Save(storage.Get(), FALSE), S_OK);
+        ComPtr<IStream> name;
+        EXPECT_EQ(storage->OpenStream(L"\1CompObj", nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0,
+                                      name.Put()),
+                  keeps ? S_OK : STG_E_FILENOTFOUND);
+        ASSERT_EQ(persistStorage->SaveCompleted(nullptr), S_OK);
+    }
+}
+
 TEST_F(PersistenceTest, AStorageIsSavedOnlyInItsTurn) {
     const auto persistStorage = As<IPersistStorage>();
     const auto storage = MemoryStorage();

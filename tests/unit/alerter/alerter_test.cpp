@@ -89,7 +89,7 @@ TEST_F(AlerterTest, EndsWhenTheSwitchIsTurnedOffMeanwhile) {
 
 TEST_F(AlerterTest, SaysWhoMustLogInWhileNobodyHasHandedOver) {
     ASSERT_TRUE(alerter.Start());
-    EXPECT_EQ(Shown(), (Face{Mood::MustLogIn, 0, "请先登录业务系统，提醒程序随后自动开始"}));
+    EXPECT_EQ(Shown(), (Face{Mood::MustLogIn, "?", "请先登录业务系统，提醒程序随后自动开始"}));
     EXPECT_FALSE(stage.control.Reminding());
     alerter.OpenMenu();
     EXPECT_EQ(tray.Captions(), "-打开任务管理;-新增任务;-暂停提醒一小时;-选项;退出提醒程序;");
@@ -103,7 +103,7 @@ TEST_F(AlerterTest, BeginsWhenSomebodyLogsInLater) {
     LogIn("user");
     alerter.Tick();
     EXPECT_TRUE(stage.control.Reminding());
-    EXPECT_EQ(Shown().mood, Mood::Reminding);
+    EXPECT_EQ(Shown().mood, Mood::NothingDue);
 }
 
 TEST_F(AlerterTest, FollowsTheUserWhoLoggedInLast) {
@@ -169,14 +169,14 @@ TEST_F(AlerterTest, PausesForAnHour) {
     tray.choices = {Act::Pause};
     alerter.OpenMenu();
     EXPECT_FALSE(stage.control.Reminding());
-    EXPECT_EQ(Shown(), (Face{Mood::Paused, 0, "提醒暂停到 10:30"}));
+    EXPECT_EQ(Shown(), (Face{Mood::Paused, "", "提醒暂停到 10:30"}));
     stage.clock.Advance(59 * 60);
     alerter.Tick();
     EXPECT_EQ(Shown().mood, Mood::Paused);
     stage.clock.Advance(60);
     alerter.Tick();
     EXPECT_TRUE(stage.control.Reminding());
-    EXPECT_EQ(Shown().mood, Mood::Reminding);
+    EXPECT_EQ(Shown().mood, Mood::NothingDue);
 }
 
 TEST_F(AlerterTest, APauseCanBeEnded) {
@@ -226,11 +226,33 @@ TEST_F(AlerterTest, TheIconShowsHowManyAreDueAndIsDrawnOnlyWhenThatChanges) {
     stage.Sql("update tTaskList set tDone=1");
     LogIn("user");
     ASSERT_TRUE(alerter.Start());
-    EXPECT_EQ(Shown(), (Face{Mood::Reminding, 0, "没有到期的事项"}));
+    EXPECT_EQ(Shown(), (Face{Mood::NothingDue, "", "没有到期的事项"}));
     const std::size_t drawn = tray.faces.size();
     alerter.Tick();
     alerter.LookAgain();
     EXPECT_EQ(tray.faces.size(), drawn);
+}
+
+TEST_F(AlerterTest, TheIconHoldsANumberOfTwoDigitsAtMost) {
+    const auto add = [&](int count) {
+        for (int i = 0; i < count; i++) {
+            stage.Sql(
+                "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone) "
+                "values(0,'t','2003-03-07 00:00:00','2003-03-07 00:00:00','2003-03-07 "
+                "00:00:00',0)");
+        }
+        stage.windows.FromTimer([this] { alerter.LookAgain(); });
+    };
+    stage.Sql("delete from tTaskList");
+    LogIn("user");
+    ASSERT_TRUE(alerter.Start());
+    add(1);
+    EXPECT_EQ(Shown(), (Face{Mood::Due, "1", "1 项到期"}));
+    EXPECT_EQ(tray.announced.size(), 1u);
+    add(98);
+    EXPECT_EQ(Shown(), (Face{Mood::Due, "99", "99 项到期"}));
+    add(1);
+    EXPECT_EQ(Shown(), (Face{Mood::Due, "+", "100 项到期"}));
 }
 
 TEST_F(AlerterTest, SleepsForTheIntervalAndAtLeastAMinute) {

@@ -16,14 +16,8 @@ namespace zv::windows {
 namespace {
 
 /// Counts what hosts hear of reminders.
-class Counting final : public HostEvents {
+class Counting final : public PartialHostEvents {
  public:
-    void AlertShown(std::int32_t) override {}
-    void ItemSaved(std::int32_t, bool) override {}
-    void ItemDeleted(std::int32_t) override {}
-    void ItemDone(std::int32_t, std::int16_t) override {}
-    void PlanGenerated(std::int32_t, std::int32_t) override {}
-    void WindowClosed(const std::string&) override {}
     void ReminderShown(std::int32_t count) override { shown += count; }
     void ReminderActed(std::int32_t, std::int16_t) override { acted++; }
 

@@ -103,7 +103,7 @@ TEST_F(HandOver, NothingOfASecretCanBeReadWhereItIsKept) {
     Give(state);
     zv::HandOver(stage.session);
     // In the bytes of the text and in what they stand for.
-    for (const char* secret : {"geheim", "benutzer", "67656865696d", "62656e75747a6572"}) {
+    for (const char* secret : {"geheim", "benutzer", "67656865696D", "62656E75747A6572"}) {
         EXPECT_EQ(Setting().find(secret), std::string::npos) << secret;
     }
 }
