@@ -89,8 +89,6 @@ LRESULT AlerterWindow::Handle(UINT message, WPARAM w, LPARAM l) {
             OnIcon(LOWORD(l));
             return 0;
         case WM_TIMER:
-            tick();
-            return 0;
         case WM_TIMECHANGE:
             tick();
             return 0;
