@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "base/text.h"
+#include "store/engines/engines.h"
 #include "zvdb/check.h"
 #include "zvdb/import/system_tables.h"
 
@@ -58,14 +59,6 @@ SidePart PartOf(std::string_view statement) {
     }
     part.statement = statement;
     return part;
-}
-
-std::string WithoutComments(std::string_view script) {
-    std::string sql;
-    for (const std::string& line : text::Split(script, "\n")) {
-        sql += line.substr(0, line.find("--")) + '\n';
-    }
-    return sql;
 }
 
 /// Looks at the parts one by one.
@@ -162,9 +155,8 @@ std::string SidePart::Called() const {
 
 std::vector<SidePart> SideParts(std::string_view script) {
     std::vector<SidePart> parts;
-    for (const std::string& statement : text::Split(WithoutComments(script), ";")) {
-        const std::size_t begin = statement.find_first_not_of(kBlanks);
-        if (begin != std::string::npos) parts.push_back(PartOf(statement.substr(begin)));
+    for (const std::string& statement : store::engines::StatementsOf(script)) {
+        parts.push_back(PartOf(statement));
     }
     return parts;
 }

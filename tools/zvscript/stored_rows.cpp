@@ -29,15 +29,34 @@ std::string StoredRows(ScenarioStage& stage) {
     return rows;
 }
 
-std::string FirstDifference(const std::string& a, const std::string& b) {
+namespace {
+
+/// Gives `take` each pair of lines that are not the same.
+template <typename Take>
+void ForEachDifference(const std::string& a, const std::string& b, const Take& take) {
     const auto left = text::Split(a, "\n");
     const auto right = text::Split(b, "\n");
     for (std::size_t i = 0; i < std::max(left.size(), right.size()); i++) {
-        const std::string one = i < left.size() ? std::string(left[i]) : "";
-        const std::string other = i < right.size() ? std::string(right[i]) : "";
-        if (one != other) return "expected " + Quote(one) + " got " + Quote(other);
+        const std::string one = i < left.size() ? left[i] : "";
+        const std::string other = i < right.size() ? right[i] : "";
+        if (one != other) take(one, other);
     }
-    return "no difference";
+}
+
+}  // namespace
+
+int DifferingLines(const std::string& a, const std::string& b) {
+    int lines = 0;
+    ForEachDifference(a, b, [&](const std::string&, const std::string&) { lines++; });
+    return lines;
+}
+
+std::string FirstDifference(const std::string& a, const std::string& b) {
+    std::string first;
+    ForEachDifference(a, b, [&](const std::string& one, const std::string& other) {
+        if (first.empty()) first = "expected " + Quote(one) + " got " + Quote(other);
+    });
+    return first.empty() ? "no difference" : first;
 }
 
 }  // namespace zv::script

@@ -51,6 +51,19 @@ std::span<const Engine> All() {
     return engines;
 }
 
+std::vector<std::string> StatementsOf(std::string_view script) {
+    std::string sql;
+    for (const std::string& line : text::Split(script, "\n")) {
+        sql += line.substr(0, line.find("--")) + '\n';
+    }
+    std::vector<std::string> statements;
+    for (const std::string& statement : text::Split(sql, ";")) {
+        const std::size_t begin = statement.find_first_not_of(" \n");
+        if (begin != std::string::npos) statements.push_back(statement.substr(begin));
+    }
+    return statements;
+}
+
 const Engine& Of(std::string_view folder) {
     const Engine* engine = Find([&](const Engine& each) { return each.folder == folder; });
     if (!engine) throw RuntimeError(ErrorNumber::InternalError);

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/engines/bulk.h"
 #include "store/engines/codes.h"
@@ -31,6 +33,9 @@ struct Engine {
     /// The script that makes what a database may have beside them.
     std::string_view sideTables;
 };
+
+/// The statements of a script that makes tables, without comments and the signs between them.
+std::vector<std::string> StatementsOf(std::string_view script);
 
 std::span<const Engine> All();
 /// The engine in `folder`; throws RuntimeError (InternalError) when there is none.

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "application/test_application.h"
-#include "base/text.h"
 #include "store/engines/engines.h"
 #include "windows/remind/frm_remind.h"
 
@@ -29,12 +28,9 @@ class TwoWorkstations : public testing::Test {
         }
     }
     void MakeSideTables() {
-        std::string script;
-        for (const std::string& line : text::Split(store::engines::Of("sqlite").sideTables, "\n")) {
-            if (!line.starts_with("--")) script += line + "\n";
-        }
-        for (const std::string& statement : text::Split(script, ";\n")) {
-            if (statement.find_first_not_of(" \n") != std::string::npos) here.Sql(statement);
+        for (const std::string& statement :
+             store::engines::StatementsOf(store::engines::Of("sqlite").sideTables)) {
+            here.Sql(statement);
         }
     }
     static frmRemind& Start(test::TestApplication& workstation) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "base/text.h"
 #include "reminders/memory.h"
 #include "store/engines/engines.h"
 #include "watched_database.h"
@@ -25,13 +24,9 @@ class KeptAnswersTest : public store::WatchedDatabaseTest {
     void MakeSideTables() {
         const auto raw = EngineTest::database_->ConnectRaw();
         const bool onServer = GetParam() == store::EngineKind::PostgreSql;
-        std::string script;
-        for (const std::string& line :
-             text::Split(store::engines::Of(onServer ? "postgresql" : "sqlite").sideTables, "\n")) {
-            if (!line.starts_with("--")) script += line + "\n";
-        }
-        for (const std::string& statement : text::Split(script, ";\n")) {
-            if (statement.find_first_not_of(" \n") != std::string::npos) raw->Execute(statement);
+        const auto& engine = store::engines::Of(onServer ? "postgresql" : "sqlite");
+        for (const std::string& statement : store::engines::StatementsOf(engine.sideTables)) {
+            raw->Execute(statement);
         }
         raw->Close();
     }

@@ -27,6 +27,12 @@ TEST(EngineList, AnUnknownProductIsTakenForAPlainServer) {
     EXPECT_EQ(engine.facts->EqualsExactly("a"), "a=?");
     EXPECT_EQ(engine.facts->StoredName("fID"), "fID");
 }
+TEST(EngineList, AScriptFallsIntoItsStatementsWithoutComments) {
+    EXPECT_EQ(StatementsOf("-- two; of them\n\ncreate table a (\n  b int -- first; of all\n);\n"
+                           "drop table a;\n\n-- end\n"),
+              (std::vector<std::string>{"create table a (\n  b int \n)", "drop table a"}));
+    EXPECT_TRUE(StatementsOf("").empty());
+}
 TEST(EngineList, AFileIsRecognisedByItsFirstBytes) {
     using namespace std::string_literals;
     EXPECT_EQ(OfFile("SQLite format 3\0\x10\0"s)->folder, "sqlite");

@@ -137,6 +137,20 @@ TEST_F(OnAStage, RowsThatChangeWithoutAWordAreFound) {
                     .starts_with("rows changed although everything was cancelled"));
 }
 
+TEST_F(OnAStage, AReminderMarksOneItemWithoutAQuestion) {
+    const auto changing = [](int items) {
+        return [items](ScenarioStage& stage, Invariants& invariants) {
+            for (int i = 0; i < items; i++) {
+                stage.host.Execute("insert into tTaskList(fType,taskTitle,tDone) values(0,'x',0)");
+            }
+            invariants.LineBegins(stage, "key frmRemind.grdDue Ctrl+D");
+            stage.host.Execute("update tTaskList set tDone=1");
+        };
+    };
+    EXPECT_EQ(FaultOf("sql \"insert\"", changing(0)), "");
+    EXPECT_TRUE(FaultOf("sql \"insert\"", changing(1)).starts_with("rows changed and nobody"));
+}
+
 TEST_F(OnAStage, AnOpenEditorThatCannotSaveIsFound) {
     EXPECT_EQ(
         FaultOf("click a.b",
