@@ -18,6 +18,10 @@ check() {
 
 sources() { git ls-files -co --exclude-standard -- "$@" | grep -E '\.(h|cpp)$'; }
 
+check "nothing lies at the top that a run left behind" \
+    "$(git ls-files -- ':(glob)*' |
+        grep -vxE 'CHANGELOG.md|CMakeLists.txt|CMakePresets.json|README.md|THIRD-PARTY.md|run|test|\.[a-z-]+')"
+
 check "src includes nothing of host, tools and tests" \
     "$(sources src | xargs grep -nE '#include "(host|tools|tests)/')"
 
