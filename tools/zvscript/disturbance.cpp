@@ -48,7 +48,7 @@ std::string Judge(const Outcome& undisturbed, const Outcome& disturbed) {
         if (at == usual.end()) return {};
         usual.erase(at);
     }
-    return "other rows and not a word: " + FirstDifference(undisturbed.rows, disturbed.rows);
+    return "other rows and not a word: " + Differences(undisturbed.rows, disturbed.rows).front();
 }
 
 void QuestionWatcher::LineBegins(ScenarioStage&, int line) {

@@ -29,34 +29,17 @@ std::string StoredRows(ScenarioStage& stage) {
     return rows;
 }
 
-namespace {
-
-/// Gives `take` each pair of lines that are not the same.
-template <typename Take>
-void ForEachDifference(const std::string& a, const std::string& b, const Take& take) {
+std::vector<std::string> Differences(const std::string& a, const std::string& b) {
     const auto left = text::Split(a, "\n");
     const auto right = text::Split(b, "\n");
+    std::vector<std::string> differences;
     for (std::size_t i = 0; i < std::max(left.size(), right.size()); i++) {
-        const std::string one = i < left.size() ? left[i] : "";
-        const std::string other = i < right.size() ? right[i] : "";
-        if (one != other) take(one, other);
+        const bool both = i < left.size() && i < right.size();
+        if (both && left[i] == right[i]) continue;
+        differences.push_back("expected " + Quote(i < left.size() ? left[i] : "") + " got " +
+                              Quote(i < right.size() ? right[i] : ""));
     }
-}
-
-}  // namespace
-
-int DifferingLines(const std::string& a, const std::string& b) {
-    int lines = 0;
-    ForEachDifference(a, b, [&](const std::string&, const std::string&) { lines++; });
-    return lines;
-}
-
-std::string FirstDifference(const std::string& a, const std::string& b) {
-    std::string first;
-    ForEachDifference(a, b, [&](const std::string& one, const std::string& other) {
-        if (first.empty()) first = "expected " + Quote(one) + " got " + Quote(other);
-    });
-    return first.empty() ? "no difference" : first;
+    return differences;
 }
 
 }  // namespace zv::script

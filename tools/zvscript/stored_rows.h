@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace zv::script {
 
@@ -9,9 +10,7 @@ class ScenarioStage;
 
 /// All rows of all tables. A table that cannot be read is left out.
 std::string StoredRows(ScenarioStage& stage);
-/// In how many lines two of these texts differ.
-int DifferingLines(const std::string& a, const std::string& b);
-/// The first line in which two of these texts differ, in words.
-std::string FirstDifference(const std::string& a, const std::string& b);
+/// The lines in which two of these texts differ, in words; none when the texts are equal.
+std::vector<std::string> Differences(const std::string& a, const std::string& b);
 
 }  // namespace zv::script

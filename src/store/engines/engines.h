@@ -34,7 +34,8 @@ struct Engine {
     std::string_view sideTables;
 };
 
-/// The statements of a script that makes tables, without comments and the signs between them.
+/// The statements of a script that makes tables, without comments and the signs between them. Both
+/// are found wherever they stand: no such script holds them in a literal.
 std::vector<std::string> StatementsOf(std::string_view script);
 
 std::span<const Engine> All();

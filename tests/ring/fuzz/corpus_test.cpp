@@ -37,9 +37,11 @@ std::vector<std::string> CorpusOf(const Target& target) {
     return inputs;
 }
 
-/// Holds the input that is played as long as it is played: a sanitizer ends the program.
+/// Where an input that found something is left.
 std::filesystem::path InputFile(const Target& target) {
-    return "fuzz-input-" + std::string(target.name);
+    const std::filesystem::path folder(ZV_FUZZ_FOUND);
+    std::filesystem::create_directories(folder);
+    return folder / ("input-" + std::string(target.name));
 }
 
 void Write(const std::filesystem::path& file, const std::string& input) {

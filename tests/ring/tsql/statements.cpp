@@ -7,7 +7,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/text.h"
 #include "fixture.h"
 #include "store/engines/engines.h"
 #include "store/rows/writing_statements.h"
@@ -47,13 +46,7 @@ int WriteForms() {
 }
 
 void WriteScript(std::string_view name, std::string_view script) {
-    std::string schema;
-    for (const std::string& line : zv::text::Split(std::string(script), "\n")) {
-        schema += line.substr(0, line.find("--")) + "\n";
-    }
-    for (const std::string& statement : zv::text::Split(schema, ";")) {
-        if (statement.find_first_not_of(" \n") != std::string::npos) Write(name, statement);
-    }
+    for (const std::string& statement : engines::StatementsOf(script)) Write(name, statement);
 }
 
 void WriteBulk(const engines::Bulk& bulk) {

@@ -138,17 +138,32 @@ TEST_F(OnAStage, RowsThatChangeWithoutAWordAreFound) {
 }
 
 TEST_F(OnAStage, AReminderMarksOneItemWithoutAQuestion) {
-    const auto changing = [](int items) {
-        return [items](ScenarioStage& stage, Invariants& invariants) {
-            for (int i = 0; i < items; i++) {
-                stage.host.Execute("insert into tTaskList(fType,taskTitle,tDone) values(0,'x',0)");
-            }
-            invariants.LineBegins(stage, "key frmRemind.grdDue Ctrl+D");
-            stage.host.Execute("update tTaskList set tDone=1");
-        };
+    const auto mark = [](ScenarioStage& stage, Invariants&) {
+        stage.host.Execute("update tTaskList set tDone=1");
     };
-    EXPECT_EQ(FaultOf("sql \"insert\"", changing(0)), "");
-    EXPECT_TRUE(FaultOf("sql \"insert\"", changing(1)).starts_with("rows changed and nobody"));
+    for (const char* line :
+         {"key frmRemind.grdDue Ctrl+D", "press frmRemind Alt+H", "click frmRemind.cmdInHand"}) {
+        EXPECT_EQ(FaultOf(line, mark), "") << line;
+    }
+    for (const char* line : {"key frmRemind.grdDue Delete", "click frmRemind.cmdLater",
+                             "key frmTaskMain.tvwTask Ctrl+D"}) {
+        EXPECT_TRUE(FaultOf(line, mark).starts_with("rows changed and nobody")) << line;
+    }
+    const auto cancelled = [&](ScenarioStage& stage, Invariants& invariants) {
+        mark(stage, invariants);
+        invariants.BoxAnswered("33|sure?|cancel");
+    };
+    EXPECT_TRUE(FaultOf("key frmRemind.grdDue Ctrl+D", cancelled)
+                    .starts_with("rows changed although everything was cancelled"));
+}
+
+TEST_F(OnAStage, RemindersMarkSeveralItemsOnlyAfterAQuestion) {
+    const auto markAll = [](ScenarioStage& stage, Invariants& invariants) {
+        stage.host.Execute("insert into tTaskList(fType,taskTitle,tDone) values(0,'x',0)");
+        invariants.LineBegins(stage, "key frmRemind.grdDue Ctrl+D");
+        stage.host.Execute("update tTaskList set tDone=1");
+    };
+    EXPECT_TRUE(FaultOf("sql \"insert\"", markAll).starts_with("rows changed and nobody"));
 }
 
 TEST_F(OnAStage, AnOpenEditorThatCannotSaveIsFound) {
@@ -204,6 +219,14 @@ TEST_F(OnAStage, AStatementThatNoEngineTakesIsFound) {
         stage.statements.OnStatement("select fID from tTaskList where taskTitle='O'Brien'");
     });
     EXPECT_TRUE(fault.starts_with("the engine does not take")) << fault;
+}
+
+TEST_F(OnAStage, WhatIsAskedOfTheTablesBesideIsNoFault) {
+    EXPECT_EQ(FaultOf("click a.b",
+                      [](ScenarioStage& stage, Invariants&) {
+                          stage.statements.OnStatement("select * from zvReminder where fID=0");
+                      }),
+              "");
 }
 
 }  // namespace

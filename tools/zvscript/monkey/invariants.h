@@ -39,7 +39,7 @@ class Invariants {
     /// What does not hold, in words; empty when everything does: no two nodes of a tree have the
     /// same key, the editor is locked unless input can be saved, the focus is somewhere where it
     /// can be, the screen shows what the controls hold, the engine takes every statement that was
-    /// sent, and rows change only where a box stood, or the host did it.
+    /// sent, and rows change only where a box stood, or the host did it, or one by its reminder.
     std::string LineEnded(ScenarioStage& stage);
     /// The same of the end: no window is left that a user cannot close.
     static std::string AtEnd(ScenarioStage& stage);
