@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "changes/row_change.h"
 #include "items/fields.h"
 #include "items/item.h"
 #include "store/row_merge.h"
@@ -17,6 +18,9 @@ using ItemEntry = store::RowChanges;
 
 /// The current row of tTaskList.
 ItemRow ReadItem(const store::Recordset& row);
+
+/// tTaskList with the fields above.
+const changes::Table& ItemTable();
 
 /// The groups of the fields for a merge. The writer is the current user at every save.
 std::vector<std::size_t> MergeGroups();

@@ -9,7 +9,7 @@ namespace zv::items {
 namespace {
 
 std::string ItemStatement(std::int32_t id) {
-    return "select * from tTaskList where fID=" + std::to_string(id);
+    return std::string(ItemTable().select) + std::to_string(id);
 }
 
 std::unique_ptr<store::Recordset> OpenRow(store::Database& database, std::int32_t id) {
@@ -30,20 +30,11 @@ SavedItem Described(const store::Recordset& row, const ItemRow& written) {
     saved.date = written[field::kTime].ToDate();
     saved.kind = KindOf(written[field::kKind].ToInt32()).value_or(ItemKind::Task);
     saved.state = StateOf(written[field::kState].ToInt32()).value_or(ItemState::NotDone);
-    saved.id = NumberOfNewRow(row);
+    saved.id = store::NumberOfNewRow(row, ItemTable().numberedBy);
     return saved;
 }
 
 }  // namespace
-
-std::int32_t NumberOfNewRow(const store::Recordset& row) {
-    try {
-        return row.Field("fID").ToInt32();
-    } catch (const RuntimeError&) {
-        // Not every database gives the number of a row that it has just taken.
-        return 0;
-    }
-}
 
 std::optional<ItemRow> Load(store::Database& database, std::int32_t id) {
     database.EnsureConnection();
@@ -56,7 +47,7 @@ std::optional<ItemRow> Load(store::Database& database, std::int32_t id) {
 
 void Delete(store::Database& database, std::int32_t id) {
     database.EnsureConnection();
-    database.Execute("Delete from tTaskList where fID =" + std::to_string(id));
+    database.Execute(std::string(ItemTable().erase) + std::to_string(id));
 }
 
 bool Mark(store::Database& database, std::int32_t id, ItemState state, std::string_view doer) {
@@ -79,6 +70,14 @@ bool Mark(store::Database& database, std::int32_t id, std::int16_t state, std::s
     return true;
 }
 
+changes::RowChange Marked(std::int32_t id, const store::Value& state, std::string_view doer,
+                          std::optional<changes::Fields> before) {
+    changes::Fields after(kFields.size());
+    after[field::kState] = state;
+    after[field::kDoer] = store::Value(doer);
+    return {&ItemTable(), id, std::move(before), std::move(after)};
+}
+
 SavedItem Add(store::Database& database, std::int32_t id, const ItemEntry& entry) {
     const auto row = OpenRow(database, id);
     ItemRow written(entry.size());
@@ -91,6 +90,7 @@ SavedItem Add(store::Database& database, std::int32_t id, const ItemEntry& entry
     row->Update();
     SavedItem saved = Described(*row, written);
     row->Close();
+    saved.change = {&ItemTable(), saved.id, std::nullopt, entry};
     return saved;
 }
 
@@ -133,6 +133,7 @@ SavedItem ItemChange::Write(store::Recordset& row, const ItemRow& stored) const 
     row.Update();
     SavedItem saved = Described(row, merged);
     row.Close();
+    saved.change = {&ItemTable(), id_, changes::Known(stored), changes::Known(merged)};
     return saved;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "items/comparisons.h"
 #include "items/fields.h"
@@ -38,23 +39,21 @@ bool HasDoneItems(Database& database, const std::string& taskId, const std::stri
 
 /// Answers whether the user was asked.
 bool DeleteOldItems(Database& database, const GenerationRequest& request) {
-    std::string statement = "delete from tTaskList where taskID =" + request.taskId;
+    std::string condition = "taskID =" + request.taskId;
     std::string own = OnlyItemsOfPlan(database, request.taskId);
     const bool asks = HasDoneItems(database, request.taskId, own);
     if (asks) {
-        if (!request.deletesDone()) statement += " And " + IsInState(ItemState::NotDone);
+        if (!request.deletesDone()) condition += " And " + IsInState(ItemState::NotDone);
         // The question may have stood for long enough for a visit to be entered.
         database.EnsureConnection();
         own = OnlyItemsOfPlan(database, request.taskId);
     }
-    database.Execute(statement + own);
+    condition += own;
+    std::vector<changes::RowChange> taken;
+    if (request.record) taken = ItemsThatGo(database, condition);
+    database.Execute("delete from tTaskList where " + condition);
+    if (request.record) *request.record = std::move(taken);
     return asks;
-}
-
-void SetAlertWindow(Recordset& row, DateTime date, int type, int width) {
-    const AlertWindow window = AlertWindowOf(date, type, width);
-    if (window.first) row.SetField(kColumns[field::kAlertFrom], *window.first);
-    if (window.last) row.SetField(kColumns[field::kAlertUntil], *window.last);
 }
 
 // The part of the plan's time that lies before a date.
@@ -64,25 +63,61 @@ double PartBefore(const Plan& plan, DateTime date) {
     return std::clamp(static_cast<double>(date.Seconds() - plan.begin.Seconds()) / whole, 0.0, 1.0);
 }
 
+/// A row of tTaskList that is added.
+class NewItem {
+ public:
+    explicit NewItem(Recordset& rows) : rows_(rows) { rows_.AddNew(); }
+
+    void Set(std::size_t field, store::Value value) {
+        rows_.SetField(kColumns[field], value);
+        fields_[field] = std::move(value);
+    }
+    void SetAlertWindow(DateTime date, int type, int width) {
+        const AlertWindow window = AlertWindowOf(date, type, width);
+        if (window.first) Set(field::kAlertFrom, *window.first);
+        if (window.last) Set(field::kAlertUntil, *window.last);
+    }
+    void Write() { rows_.Update(); }
+    /// What was written; the number is 0 when the database does not give it.
+    changes::RowChange Change() {
+        const changes::Table& table = items::ItemTable();
+        return {&table, store::NumberOfNewRow(rows_, table.numberedBy), std::nullopt,
+                std::move(fields_)};
+    }
+
+ private:
+    Recordset& rows_;
+    changes::Fields fields_ = changes::Fields(kColumns.size());
+};
+
 /// Answers how many were written.
-int WriteItems(Database& database, const Recordset& planRow, const GenerationProgress& progress) {
+int WriteItems(Database& database, const Recordset& planRow, const GenerationRequest& request) {
     const Plan plan = ReadPlan(planRow);
     const auto target = OpenForChange(database, "select * from tTasklist");
     Occurrences occurrences(plan);
     int rows = 0;
     for (; const auto date = occurrences.Next(); rows++) {
-        if (progress) progress(rows, PartBefore(plan, *date));
-        target->AddNew();
-        target->SetField(kColumns[field::kNumber], plan.taskId);
-        target->SetField(kColumns[field::kTitle], planRow.Field("taskTitle"));
-        target->SetField(kColumns[field::kContent], planRow.Field("Content"));
-        target->SetField(kColumns[field::kState], Number(ItemState::NotDone));
-        target->SetField(kColumns[field::kTime], *date);
-        SetAlertWindow(*target, *date, plan.type, plan.typeValue);
-        target->Update();
+        if (request.progress) request.progress(rows, PartBefore(plan, *date));
+        NewItem item(*target);
+        item.Set(field::kNumber, plan.taskId);
+        item.Set(field::kTitle, planRow.Field("taskTitle"));
+        item.Set(field::kContent, planRow.Field("Content"));
+        item.Set(field::kState, Number(ItemState::NotDone));
+        item.Set(field::kTime, *date);
+        item.SetAlertWindow(*date, plan.type, plan.typeValue);
+        item.Write();
+        if (request.record) request.record->push_back(item.Change());
     }
     target->Close();
     return rows;
+}
+
+changes::RowChange StampOf(const Recordset& planRow, const std::string& user) {
+    const std::size_t doer = PlanFieldIndex("DoneMan");
+    changes::RowChange stamp{.table = &PlanTable(), .row = planRow.Field("TaskID").ToInt32()};
+    stamp.before.emplace(kPlanFields.size())[doer] = planRow.Field("DoneMan");
+    stamp.after.emplace(kPlanFields.size())[doer] = store::Value(user);
+    return stamp;
 }
 
 // The stamp overwrites the executor that was entered: the user who generates the items takes them.
@@ -127,17 +162,17 @@ InstanceResult AddConfirmed(Database& database, std::int16_t taskId, DateTime da
     const std::string id = std::to_string(taskId);
     const auto plan = FindPlan(database, id);
     if (!plan) return {Instance::PlanIsGone, {}};
-    std::optional<std::int32_t> added;
+    std::optional<changes::RowChange> added;
     const std::unique_ptr<Recordset> rows = OpenUndone(database, id, date);
     if (rows->Eof()) {
-        rows->AddNew();
-        rows->SetField(kColumns[field::kNumber], taskId);
-        rows->SetField(kColumns[field::kTitle], plan->title);
-        rows->SetField(kColumns[field::kState], Number(ItemState::NotDone));
-        rows->SetField(kColumns[field::kTime], date);
-        SetAlertWindow(*rows, date, plan->type, plan->width);
-        rows->Update();
-        added = items::NumberOfNewRow(*rows);
+        NewItem item(*rows);
+        item.Set(field::kNumber, taskId);
+        item.Set(field::kTitle, plan->title);
+        item.Set(field::kState, Number(ItemState::NotDone));
+        item.Set(field::kTime, date);
+        item.SetAlertWindow(date, plan->type, plan->width);
+        item.Write();
+        added = item.Change();
     }
     rows->Close();
     return {Instance::IsThere, added};
@@ -152,9 +187,12 @@ GenerationResult GenerateTaskList(Database& database, const GenerationRequest& r
     const auto plan =
         OpenForChange(database, "select * from tTaskSet where taskID=" + request.taskId);
     const bool found = !plan->Eof();
-    const int rows = found ? WriteItems(database, *plan, request.progress) : 0;
+    const int rows = found ? WriteItems(database, *plan, request) : 0;
+    std::optional<changes::RowChange> stamp;
+    if (found && request.record) stamp = StampOf(*plan, request.user);
     plan->Close();
     Stamp(database, request);
+    if (stamp) request.record->push_back(std::move(*stamp));
     return {asked && !found ? Generation::PlanIsGone : Generation::Finished, rows};
 }
 

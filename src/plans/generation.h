@@ -6,8 +6,10 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/date_time.h"
+#include "changes/row_change.h"
 #include "store/database.h"
 
 namespace zv::plans {
@@ -22,6 +24,9 @@ struct GenerationRequest {
     /// Whether items that are done are deleted like the others; asked when there are any.
     std::function<bool()> deletesDone;
     GenerationProgress progress;  ///< may be empty
+    /// Takes what the run does to rows, for which it reads those that it deletes and the plan.
+    /// After an error it holds what was done before. May be null.
+    std::vector<changes::RowChange>* record = nullptr;
 };
 
 /// PlanIsGone: somebody deleted the plan while the question stood, and nothing was generated.
@@ -41,8 +46,8 @@ GenerationResult GenerateTaskList(store::Database& database, const GenerationReq
 enum class Instance { IsThere, CalledOff, PlanIsGone };
 struct InstanceResult {
     Instance outcome = Instance::PlanIsGone;
-    /// The number of the item that was added, 0 when the database does not give it.
-    std::optional<std::int32_t> added;
+    /// The item that was added; its number is 0 when the database does not give it.
+    std::optional<changes::RowChange> added;
 };
 
 /// Adds the one item of a plan for a date. `confirms` answers whether an item of the plan with this

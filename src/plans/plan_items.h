@@ -4,7 +4,9 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "changes/row_change.h"
 #include "store/database.h"
 
 namespace zv::plans {
@@ -13,5 +15,9 @@ namespace zv::plans {
 /// items of other kinds alone: empty where none stands under the number. Database errors reach the
 /// caller. `taskId` goes into the statement as it stands.
 std::string OnlyItemsOfPlan(store::Database& database, std::string_view taskId);
+
+/// The deletion of the items that meet a condition, as they are stored. Opens nothing; database
+/// errors reach the caller.
+std::vector<changes::RowChange> ItemsThatGo(store::Database& database, std::string_view condition);
 
 }  // namespace zv::plans

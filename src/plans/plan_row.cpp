@@ -6,6 +6,17 @@
 
 namespace zv::plans {
 
+const changes::Table& PlanTable() {
+    static constexpr changes::Table kTable{
+        .name = "tTaskSet",
+        .columns = kPlanColumns,
+        .title = "taskTitle",
+        .select = "select * from tTaskSet where taskID=",
+        .erase = "Delete from tTaskSet where taskID =",
+    };
+    return kTable;
+}
+
 std::size_t PlanFieldIndex(std::string_view name) {
     return static_cast<std::size_t>(std::find(kPlanFields.begin(), kPlanFields.end(), name) -
                                     kPlanFields.begin());

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "changes/row_change.h"
 #include "plans/plan.h"
 #include "store/column.h"
 #include "store/row_values.h"
@@ -30,6 +31,9 @@ inline constexpr auto kPlanColumns = std::to_array<store::Column>({
     {"Content"},
 });
 inline constexpr auto kPlanFields = store::NamesOf(kPlanColumns);
+
+/// tTaskSet with the fields above.
+const changes::Table& PlanTable();
 
 /// The position of a field above; kPlanFields.size() for any other.
 std::size_t PlanFieldIndex(std::string_view name);

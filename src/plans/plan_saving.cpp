@@ -75,7 +75,7 @@ PlanSave PlanSaving::Save(const Plan& plan) {
         if (auto refusal = CheckUniqueness(plan.taskId, edited_.taskId, present)) {
             return RefusedSave(*refusal, joined);
         }
-        PlanSave save = Write(*row, std::move(merged));
+        PlanSave save = Write(*row, std::move(merged), changes::Known(stored));
         save.joined = std::move(joined);
         return save;
     }
@@ -86,15 +86,18 @@ PlanSave PlanSaving::Add(const Plan& plan, store::Recordset& row) const {
     present.titleOfAnother = TitleOfAnother(plan.title);
     if (auto refusal = CheckUniqueness(plan.taskId, 0, present)) return RefusedSave(*refusal);
     row.AddNew();
-    return Write(row, ValuesOf(plan));
+    return Write(row, ValuesOf(plan), std::nullopt);
 }
 
-PlanSave PlanSaving::Write(store::Recordset& row, RowValues values) {
+PlanSave PlanSaving::Write(store::Recordset& row, RowValues values,
+                           std::optional<changes::Fields> before) {
     store::WriteRow(row, kPlanFields, values);
     row.Update();
     row.Close();
     PlanSave save;
     save.outcome = PlanSave::Outcome::Saved;
+    save.change = {&PlanTable(), values[PlanFieldIndex("TaskID")].ToInt32(), std::move(before),
+                   changes::Known(values)};
     save.written = std::move(values);
     return save;
 }

@@ -44,6 +44,7 @@ struct PlanSave {
     Outcome outcome = Outcome::CalledOff;
     std::optional<Refusal> refusal;  ///< why it is refused
     store::RowValues written;        ///< when it is saved
+    changes::RowChange change;       ///< likewise
     std::optional<Joined> joined;    ///< to be shown in place of what was entered
 };
 
@@ -60,7 +61,8 @@ class PlanSaving {
 
  private:
     PlanSave Add(const Plan& plan, store::Recordset& row) const;
-    static PlanSave Write(store::Recordset& row, store::RowValues values);
+    static PlanSave Write(store::Recordset& row, store::RowValues values,
+                          std::optional<changes::Fields> before);
     bool TitleOfAnother(const std::string& title) const;
     bool Settle(store::RowMerge& merge, const store::RowValues& stored) const;
 

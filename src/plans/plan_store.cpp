@@ -1,5 +1,7 @@
 #include "plans/plan_store.h"
 
+#include <utility>
+
 #include "plans/plan_items.h"
 
 namespace zv::plans {
@@ -25,7 +27,7 @@ std::string ProposeNumber(store::Database& database) {
 
 std::optional<store::RowValues> Load(store::Database& database, std::int32_t taskId) {
     database.EnsureConnection();
-    const auto row = database.Open("select * from tTaskSet where taskID=" + std::to_string(taskId));
+    const auto row = database.Open(std::string(PlanTable().select) + std::to_string(taskId));
     std::optional<store::RowValues> values;
     if (!row->Eof()) values = store::ReadRow(*row, kPlanFields);
     row->Close();
@@ -62,12 +64,23 @@ std::unique_ptr<store::Recordset> OpenList(store::Database& database) {
         "select distinct taskID as fID,taskTitle,DoneMan from tTaskSet Order by taskTitle");
 }
 
+std::vector<changes::RowChange> WhatDeleteTakes(store::Database& database, std::int32_t taskId) {
+    database.EnsureConnection();
+    const std::string number = std::to_string(taskId);
+    std::vector<changes::RowChange> taken =
+        ItemsThatGo(database, "taskID =" + number + OnlyItemsOfPlan(database, number));
+    if (auto plan = changes::Load(database, PlanTable(), taskId)) {
+        taken.push_back({&PlanTable(), taskId, std::move(plan), std::nullopt});
+    }
+    return taken;
+}
+
 void Delete(store::Database& database, std::int32_t taskId) {
     database.EnsureConnection();
     const std::string number = std::to_string(taskId);
     database.Execute("Delete from tTaskList where taskID =" + number +
                      OnlyItemsOfPlan(database, number));
-    database.Execute("Delete from tTaskSet where taskID =" + number);
+    database.Execute(std::string(PlanTable().erase) + number);
 }
 
 }  // namespace zv::plans

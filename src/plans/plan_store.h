@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "plans/plan_row.h"
 #include "store/database.h"
@@ -38,6 +39,8 @@ std::optional<PlanSummary> LoadSummary(store::Database& database, std::int32_t t
 /// Number (as fID), title and doer of every plan, by title.
 std::unique_ptr<store::Recordset> OpenList(store::Database& database);
 
+/// What Delete takes: the plan and its items, as they are stored.
+std::vector<changes::RowChange> WhatDeleteTakes(store::Database& database, std::int32_t taskId);
 /// Deletes a plan and its items; one that is gone is no error.
 void Delete(store::Database& database, std::int32_t taskId);
 

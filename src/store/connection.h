@@ -54,6 +54,9 @@ class Connection {
     virtual int Execute(const std::string& sql) = 0;
     virtual std::unique_ptr<Recordset> Open(const std::string& sql, CursorType cursor,
                                             LockType lock) = 0;
+    /// Whether there is a table that a database may do without. Other errors than that it is
+    /// missing are thrown.
+    virtual bool HasTable(std::string_view table);
 };
 
 }  // namespace zv::store

@@ -29,6 +29,7 @@ void Database::OpenConnection(const ConnectionSettings& settings) {
     // A copy: the settings may be those of the connection that is left.
     ConnectionSettings with = settings;
     CloseQuietly(std::exchange(connection_, std::move(opened)));
+    ForgetTables();
     openedWith_ = std::move(with);
     dateDelimiter_ = openedWith_->kind >= 1 ? '\'' : '#';
 }
@@ -76,6 +77,13 @@ std::unique_ptr<Recordset> Database::Open(const std::string& sql, CursorType cur
                                           LockType lock) {
     if (!connection_) throw RuntimeError(ErrorNumber::ObjectClosed);
     return connection_->Open(sql, cursor, lock);
+}
+
+bool Database::HasTable(std::string_view table) {
+    if (!connection_) throw RuntimeError(ErrorNumber::ObjectClosed);
+    const auto known = tables_.find(table);
+    if (known != tables_.end()) return known->second;
+    return tables_[std::string(table)] = connection_->HasTable(table);
 }
 
 std::int16_t Database::CountRows(std::string_view table, std::string_view filter) {

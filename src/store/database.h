@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -59,6 +60,12 @@ class Database {
                                     CursorType cursor = CursorType::ForwardOnly,
                                     LockType lock = LockType::ReadOnly);
 
+    /// Whether the open database has a table that it may do without; looked at once for each
+    /// connection. Throws like Execute.
+    bool HasTable(std::string_view table);
+    /// The tables are looked at anew: one that was there is not any more.
+    void ForgetTables() { tables_.clear(); }
+
     /// "select count(*) from " table [" Where " filter]; a failure is trapped and answers -1.
     std::int16_t CountRows(std::string_view table, std::string_view filter);
     /// Sets fields of the first row that a select finds, through a recordset with an optimistic
@@ -80,6 +87,7 @@ class Database {
     std::optional<ConnectionSettings> openedWith_;
     char dateDelimiter_ = '#';
     int rowsChanged_ = -1;
+    std::map<std::string, bool, std::less<>> tables_;  ///< those that were asked for
 };
 
 }  // namespace zv::store

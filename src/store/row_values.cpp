@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/errors.h"
+
 namespace zv::store {
 
 RowValues ReadRow(const Recordset& row, std::span<const std::string_view> fields) {
@@ -19,6 +21,15 @@ RowValues ReadRow(const Recordset& row, std::span<const std::string_view> fields
 
 void WriteRow(Recordset& row, std::span<const std::string_view> fields, const RowValues& values) {
     for (std::size_t i = 0; i < fields.size(); i++) row.SetField(fields[i], values[i]);
+}
+
+std::int32_t NumberOfNewRow(const Recordset& row, std::string_view column) {
+    try {
+        return row.Field(column).ToInt32();
+    } catch (const RuntimeError&) {
+        // Not every database gives the number of a row that it has just taken.
+        return 0;
+    }
 }
 
 }  // namespace zv::store

@@ -46,6 +46,8 @@ class ObservedConnection final : public Connection {
         observer_.OnStatement(sql);
         return std::make_unique<ObservedRecordset>(inner_->Open(sql, cursor, lock), observer_);
     }
+    // Looks at the tables, and is no act of a window.
+    bool HasTable(std::string_view table) override { return inner_->HasTable(table); }
 
  private:
     std::unique_ptr<Connection> inner_;

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "store/connection.h"
@@ -42,6 +43,7 @@ class PassingConnection : public store::Connection {
                                            store::LockType lock) override {
         return connection_->Open(sql, cursor, lock);
     }
+    bool HasTable(std::string_view table) override { return connection_->HasTable(table); }
 
  private:
     std::unique_ptr<store::Connection> connection_;

@@ -80,6 +80,7 @@ class ScriptedConnection final : public store::Connection {
         }
         return std::make_unique<ScriptedRecordset>(script_, found->second);
     }
+    bool HasTable(std::string_view) override { return false; }
 
  private:
     Script& script_;

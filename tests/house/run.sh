@@ -35,7 +35,7 @@ check "what ships links nothing that plays the user" \
         xargs grep -nE 'zv_(driver|doubles|test|zvscript|zvdb)|LINK.*zv_forms_headless')"
 
 # A folder may include only folders that stand before it in this list, and itself.
-order=(base automation store platform resources suite items cards staff plans reminders forms progress session reports windows control com)
+order=(base automation store platform resources suite changes items cards staff plans reminders forms progress session reports windows control com)
 allowed=
 for folder in "${order[@]}"; do
     allowed="$allowed${allowed:+|}$folder"
@@ -44,7 +44,7 @@ for folder in "${order[@]}"; do
 done
 
 check "items, plans, cards and staff know no window, no machine and no session" \
-    "$(sources src/suite src/items src/plans src/cards src/staff |
+    "$(sources src/suite src/changes src/items src/plans src/cards src/staff |
         xargs grep -nE '#include "(forms|platform|session)/')"
 
 check "a plan, its rules and its dates know no database" \
@@ -60,7 +60,7 @@ check "zvdb links nothing of windows" \
 # The domain writes the statements; a window may at most hand one on.
 statements='"([^"]* )?(select|insert|update|delete) [^"]*"'
 check "only the domain and the store write statements" \
-    "$(sources src | grep -vE '^src/(items|plans|reminders|cards|staff|suite|store)/' | xargs grep -niE "$statements")"
+    "$(sources src | grep -vE '^src/(changes|items|plans|reminders|cards|staff|suite|store)/' | xargs grep -niE "$statements")"
 check "the statements of the domain are seen" \
     "$([ "$(sources src/items src/plans src/cards src/staff | xargs grep -hiE "$statements" | wc -l)" -ge 20 ] ||
         echo "fewer than there are")"

@@ -46,7 +46,7 @@ bool AddTaskInstance(Session& session, std::int16_t taskId, DateTime date) {
     const plans::InstanceResult result =
         plans::AddTaskInstance(session.database, taskId, date, confirms);
     if (result.added) {
-        session.Announce([item = *result.added](HostEvents& host) { host.ItemSaved(item, true); });
+        session.Announce([item = result.added->row](HostEvents& host) { host.ItemSaved(item, true); });
     }
     if (result.outcome == plans::Instance::PlanIsGone) SayThatPlanIsGone(session, id);
     return result.outcome == plans::Instance::IsThere;

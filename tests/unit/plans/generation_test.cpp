@@ -308,7 +308,7 @@ class AddTaskInstanceTest : public GenerateTaskListTest {
                 if (whileAsked) whileAsked();
                 return confirmed;
             });
-        added = result.added;
+        if (result.added) added = result.added->row;
         return result.outcome;
     }
 

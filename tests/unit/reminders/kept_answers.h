@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "reminders/memory.h"
-#include "store/engines/engines.h"
 #include "watched_database.h"
 
 namespace zv::reminders {
@@ -20,15 +19,6 @@ class KeptAnswersTest : public store::WatchedDatabaseTest {
     void SetUp() override {
         WatchedDatabaseTest::SetUp();
         database_.EnsureConnection();
-    }
-    void MakeSideTables() {
-        const auto raw = EngineTest::database_->ConnectRaw();
-        const bool onServer = GetParam() == store::EngineKind::PostgreSql;
-        const auto& engine = store::engines::Of(onServer ? "postgresql" : "sqlite");
-        for (const std::string& statement : store::engines::StatementsOf(engine.sideTables)) {
-            raw->Execute(statement);
-        }
-        raw->Close();
     }
     static std::vector<Answer> Sorted(std::vector<Answer> answers) {
         std::sort(answers.begin(), answers.end(),

@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "base/path.h"
+#include "store/engines/engines.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/installed_drivers.h"
 #include "store/odbc/odbc_connection.h"
@@ -186,6 +187,16 @@ void EngineTest::SetUp() {
     }
     database_ = MakeTestDatabase(GetParam());
     connection_ = database_->Connect();
+}
+
+void EngineTest::MakeSideTables() {
+    const auto raw = database_->ConnectRaw();
+    const bool onServer = GetParam() == EngineKind::PostgreSql;
+    const auto& engine = engines::Of(onServer ? "postgresql" : "sqlite");
+    for (const std::string& statement : engines::StatementsOf(engine.sideTables)) {
+        raw->Execute(statement);
+    }
+    raw->Close();
 }
 
 std::string EngineName(const ::testing::TestParamInfo<EngineKind>& info) {

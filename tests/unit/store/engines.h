@@ -57,6 +57,8 @@ class EngineTest : public ::testing::TestWithParam<EngineKind> {
     void SetUp() override;
 
     const EngineTraits& Traits() const { return TraitsOf(GetParam()); }
+    /// The tables that a database may do without.
+    void MakeSideTables();
     std::unique_ptr<Connection> Another() { return database_->Connect(); }
     std::unique_ptr<Recordset> Read(const std::string& sql) {
         return connection_->Open(sql, CursorType::ForwardOnly, LockType::ReadOnly);
