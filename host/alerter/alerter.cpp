@@ -42,7 +42,7 @@ bool Alerter::IsWanted() const {
 }
 
 int Alerter::Minutes() const {
-    return windows::RemindInterval(session_);
+    return session_.GetNumber(resources::kRemindInterval);
 }
 
 bool Alerter::FollowLogin() {

@@ -16,8 +16,14 @@ std::vector<std::size_t> Differences(const Fields& wanted, const Fields& stored)
     return differences;
 }
 
+bool IsAs(const std::optional<Fields>& wanted, const std::optional<Fields>& stored) {
+    if (!wanted || !stored) return !wanted && !stored;
+    return Differences(*wanted, *stored).empty();
+}
+
 std::optional<Obstacle> ObstacleTo(const RowChange& change, const std::optional<Fields>& stored) {
     using Kind = Obstacle::Kind;
+    if (IsAs(change.before, stored)) return std::nullopt;
     if (!change.after) {
         if (!stored) return std::nullopt;
         return Obstacle{Kind::Taken, change};
@@ -80,17 +86,17 @@ bool Restore(store::Database& database, const RowChange& change) {
     return true;
 }
 
-/// What was done to the row; nothing when it is gone.
-std::optional<RowChange> TakeBack(store::Database& database, const RowChange& change) {
+void TakeBack(store::Database& database, const RowChange& change, TakenBack& done) {
     RowChange back = Reversed(change);
     if (!change.before) {
         database.Execute(std::string(change.table->erase) + std::to_string(change.row));
     } else if (!change.after) {
         back.row = PutBack(database, change);
+        if (back.row != change.row) done.renumbered.push_back({change, back.row});
     } else if (!Restore(database, change)) {
-        return std::nullopt;
+        return;
     }
-    return back;
+    done.rows.push_back(std::move(back));
 }
 
 }  // namespace
@@ -105,14 +111,13 @@ std::vector<Obstacle> ObstaclesTo(store::Database& database,
     return obstacles;
 }
 
-void TakeBack(store::Database& database, const std::vector<RowChange>& changes,
-              std::vector<RowChange>& done) {
+void TakeBack(store::Database& database, const std::vector<RowChange>& changes, TakenBack& done) {
     database.EnsureConnection();
     for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
         // Between the look and the write somebody else may have come.
         const auto stored = Load(database, *change->table, change->row);
-        if (ObstacleTo(*change, stored)) continue;
-        if (auto back = TakeBack(database, *change)) done.push_back(std::move(*back));
+        if (ObstacleTo(*change, stored) || IsAs(change->before, stored)) continue;
+        TakeBack(database, *change, done);
     }
 }
 

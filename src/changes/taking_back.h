@@ -22,15 +22,24 @@ struct Obstacle {
     std::vector<std::size_t> fields{};  ///< of a row that was changed: those that differ
 };
 
-/// What stands against taking these changes back; nothing: they can be. Opens the connection.
-/// Database errors reach the caller.
+/// What stands against taking these changes back; nothing: they can be. A row that is as it was
+/// before the act is none. Opens the connection. Database errors reach the caller.
 std::vector<Obstacle> ObstaclesTo(store::Database& database, const std::vector<RowChange>& changes);
+
+struct TakenBack {
+    /// A row that came back under another number.
+    struct Renumbered {
+        RowChange change;         ///< that was taken back, with its former number
+        std::int32_t number = 0;  ///< 0 when the database does not give it
+    };
+    std::vector<RowChange> rows;  ///< what was done to them
+    std::vector<Renumbered> renumbered;
+};
 
 /// Takes them back, the last one first, and adds what it did to `done`, row by row: after an error,
 /// which reaches the caller, it holds what was taken back before. A row that was deleted comes back
 /// under its own number where the engine takes it, else under another one. A row that somebody
 /// changed since ObstaclesTo was asked is left alone.
-void TakeBack(store::Database& database, const std::vector<RowChange>& changes,
-              std::vector<RowChange>& done);
+void TakeBack(store::Database& database, const std::vector<RowChange>& changes, TakenBack& done);
 
 }  // namespace zv::changes

@@ -2,10 +2,10 @@
 
 #include "base/number.h"
 #include "control/persistence.h"
-#include "items/item_store.h"
 #include "resources/design_texts.h"
 #include "resources/error_texts.h"
 #include "session/hand_over.h"
+#include "session/marking.h"
 #include "session/store_choice.h"
 #include "windows/completion/frm_task_done.h"
 #include "windows/generation/boxes.h"
@@ -220,11 +220,7 @@ bool ZvTask::MarkDirectly() {
     // Without an item myDate may be anything: a date that a call before needed, for example.
     if (item == 0) return false;
     const std::int16_t flag = number::ToInt16(state.myDate.value_or(0));
-    if (!items::Mark(session_.database, item, flag, state.UserName)) return false;
-    if (!session_.database.ChangedNothing()) {
-        session_.Announce([item, flag](HostEvents& host) { host.ItemDone(item, flag); });
-    }
-    return true;
+    return MarkForHost(session_, {item, flag, state.UserName}) != Marking::NoItem;
 }
 
 bool ZvTask::AddInstance() {

@@ -70,14 +70,6 @@ bool Mark(store::Database& database, std::int32_t id, std::int16_t state, std::s
     return true;
 }
 
-changes::RowChange Marked(std::int32_t id, const store::Value& state, std::string_view doer,
-                          std::optional<changes::Fields> before) {
-    changes::Fields after(kFields.size());
-    after[field::kState] = state;
-    after[field::kDoer] = store::Value(doer);
-    return {&ItemTable(), id, std::move(before), std::move(after)};
-}
-
 SavedItem Add(store::Database& database, std::int32_t id, const ItemEntry& entry) {
     const auto row = OpenRow(database, id);
     ItemRow written(entry.size());

@@ -37,10 +37,6 @@ struct SavedItem {
     changes::RowChange change{};  ///< of the row; without a table for an item that was only found
 };
 
-/// What Mark does to an item that was in this state and had this doer.
-changes::RowChange Marked(std::int32_t id, const store::Value& state, std::string_view doer,
-                          std::optional<changes::Fields> before);
-
 /// Writes an item as a new row. `id` opens the table: that of any item, 0 for none.
 SavedItem Add(store::Database& database, std::int32_t id, const ItemEntry& entry);
 

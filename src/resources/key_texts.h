@@ -15,6 +15,7 @@ enum class KeyText {
     Find,
     Print,
     TakeBack,
+    DoAgain,
     NodeMenu,
     NextPage,
     Leave,

@@ -12,6 +12,7 @@
 #include "base/errors.h"
 #include "resources/alerter_texts.h"
 #include "resources/ask_texts.h"
+#include "resources/change_texts.h"
 #include "resources/design_texts.h"
 #include "resources/item_texts.h"
 #include "resources/key_texts.h"
@@ -35,7 +36,7 @@ using Texts = std::span<const Text<Id>>;
 using Language = std::tuple<Texts<std::int16_t>, Texts<DesignText>, Texts<AskText>, Texts<ItemText>,
                             Texts<PlanText>, Texts<ReportText>, Texts<PrintText>, Texts<StatusText>,
                             Texts<KeyText>, Texts<AlerterText>, Texts<RemindText>,
-                            Texts<ErrorNumber>, Texts<ErrorKind>>;
+                            Texts<ChangeText>, Texts<ErrorNumber>, Texts<ErrorKind>>;
 
 /// Stands among the errors for every number that has no text of its own.
 inline constexpr ErrorNumber kAnyError{};

@@ -120,6 +120,10 @@ std::string LoadText(RemindText id, std::int16_t language) {
     return InOrderOf(id, language);
 }
 
+std::string LoadText(ChangeText id, std::int16_t language) {
+    return InOrderOf(id, language);
+}
+
 std::string FillIn(std::string_view text, std::string_view first, std::string_view second) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); i++) {

@@ -12,6 +12,7 @@
 
 #include "resources/alerter_texts.h"
 #include "resources/ask_texts.h"
+#include "resources/change_texts.h"
 #include "resources/design_texts.h"
 #include "resources/item_texts.h"
 #include "resources/key_texts.h"
@@ -47,6 +48,7 @@ std::string LoadText(StatusText id, std::int16_t language);
 std::string LoadText(KeyText id, std::int16_t language);
 std::string LoadText(AlerterText id, std::int16_t language);
 std::string LoadText(RemindText id, std::int16_t language);
+std::string LoadText(ChangeText id, std::int16_t language);
 
 /// A text with `first` in the place of "{0}" and `second` in the place of "{1}".
 std::string FillIn(std::string_view text, std::string_view first, std::string_view second = {});

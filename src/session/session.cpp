@@ -75,6 +75,10 @@ std::string Session::GetSetting(std::string_view section, std::string_view key,
     return settings.Get(resources::kApplication, section, key, fallback);
 }
 
+int Session::GetNumber(const resources::NumberSetting& setting) const {
+    return setting.Of(GetSetting(resources::kTaskSection, setting.key, ""));
+}
+
 void Session::SaveSetting(std::string_view section, std::string_view key, std::string_view text) {
     settings.Save(resources::kApplication, section, key, text);
 }

@@ -10,10 +10,13 @@
 #include "forms/window_system.h"
 #include "platform/machine.h"
 #include "resources/design_texts.h"
+#include "resources/number_setting.h"
 #include "resources/settings.h"
 #include "resources/texts.h"
 #include "session/control_state.h"
+#include "session/done_acts.h"
 #include "session/host_events.h"
+#include "session/take_back.h"
 #include "store/database.h"
 
 namespace zv {
@@ -44,6 +47,7 @@ class Session {
     /// Workstation settings of application "Tarnell".
     std::string GetSetting(std::string_view section, std::string_view key,
                            std::string_view fallback) const;
+    int GetNumber(const resources::NumberSetting& setting) const;
     void SaveSetting(std::string_view section, std::string_view key, std::string_view text);
 
     /// Takes the catalogue's product title in the present language.
@@ -72,6 +76,8 @@ class Session {
     /// Throws RuntimeError with the reason and the path (of a server: the database) that could not
     /// be opened.
     store::Database database;
+    TakeBack takeBack;
+    DoneActs acts{*this};
 };
 
 }  // namespace zv

@@ -9,6 +9,7 @@
 #include "base/errors.h"
 #include "base/path.h"
 #include "script_text.h"
+#include "store/engines/engines.h"
 #include "store/odbc/connection_string.h"
 #include "store/odbc/installed_drivers.h"
 #include "store/odbc/odbc_connection.h"
@@ -35,9 +36,23 @@ std::unique_ptr<store::Connection> OpenPatiently(store::odbc::OdbcOptions option
     return store::odbc::OpenOdbc(options);
 }
 
-class EmbeddedEngine final : public ScriptEngine {
+void Run(store::Connection& connection, std::string_view script) {
+    for (const std::string& sql : store::engines::StatementsOf(script)) connection.Execute(sql);
+    connection.Close();
+}
+
+// The engine of files, however they are opened.
+class FileEngine : public ScriptEngine {
  public:
     void Create(const std::string& path) override { store::CreateSqliteDatabase(path); }
+    void AddSideTables(const std::string& path) override {
+        Run(*store::OpenSqlite(path, {.translate = false}),
+            store::engines::Of("sqlite").sideTables);
+    }
+};
+
+class EmbeddedEngine final : public FileEngine {
+ public:
     std::unique_ptr<store::Connection> Open(const std::string& path) override {
         return store::OpenSqlite(path, Patient({}));
     }
@@ -46,7 +61,7 @@ class EmbeddedEngine final : public ScriptEngine {
     }
 };
 
-class SqliteOdbcEngine final : public ScriptEngine {
+class SqliteOdbcEngine final : public FileEngine {
  public:
     SqliteOdbcEngine() {
         for (const std::string& driver : store::odbc::InstalledDrivers()) {
@@ -57,7 +72,6 @@ class SqliteOdbcEngine final : public ScriptEngine {
                                "no ODBC driver for SQLite is installed");
         }
     }
-    void Create(const std::string& path) override { store::CreateSqliteDatabase(path); }
     std::unique_ptr<store::Connection> Open(const std::string& path) override {
         // The driver would make a file that is missing.
         store::sqlite::CheckDatabaseFile(path);
@@ -106,14 +120,13 @@ class ServerEngine final : public ScriptEngine {
         std::ofstream(PathOf(path)) << schema->Name();
     }
 
+    void AddSideTables(const std::string& path) override {
+        Run(*test_server::ConnectRaw(AddressOf(path)),
+            store::engines::Of("postgresql").sideTables);
+    }
+
     std::unique_ptr<store::Connection> Open(const std::string& path) override {
-        std::string schema;
-        if (!(std::ifstream(PathOf(path)) >> schema)) {
-            // A file that is missing is refused as the embedded engine refuses it.
-            store::sqlite::CheckDatabaseFile(path);
-            throw RuntimeError(ErrorNumber::DatabaseFailure, "no database: " + path);
-        }
-        return OpenPatiently(store::odbc::OptionsFor(test_server::AddressWithin(server_, schema)));
+        return OpenPatiently(store::odbc::OptionsFor(AddressOf(path)));
     }
 
     void Clear() override {
@@ -122,6 +135,16 @@ class ServerEngine final : public ScriptEngine {
     }
 
  private:
+    std::string AddressOf(const std::string& path) const {
+        std::string schema;
+        if (!(std::ifstream(PathOf(path)) >> schema)) {
+            // A file that is missing is refused as the embedded engine refuses it.
+            store::sqlite::CheckDatabaseFile(path);
+            throw RuntimeError(ErrorNumber::DatabaseFailure, "no database: " + path);
+        }
+        return test_server::AddressWithin(server_, schema);
+    }
+
     std::string server_ = test_server::Address();
     std::vector<std::unique_ptr<test_server::ScratchSchema>> schemas_;
 };

@@ -17,7 +17,9 @@ class ScriptEngine {
     /// or empty when the scenario named none.
     virtual void Create(const std::string& path) = 0;
     virtual std::unique_ptr<store::Connection> Open(const std::string& path) = 0;
-    /// The same for the host application, which sees dates as they are stored.
+    /// Adds the tables that a database may do without.
+    virtual void AddSideTables(const std::string& path) = 0;
+    /// As Open, for the host application, which sees dates as they are stored.
     virtual std::unique_ptr<store::Connection> OpenForHost(const std::string& path) {
         return Open(path);
     }

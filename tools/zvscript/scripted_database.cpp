@@ -27,6 +27,10 @@ void HostDatabase::Create(const std::string& path) {
     engine_.Create(ResolvedPath(files_, path));
 }
 
+void HostDatabase::AddSideTables() {
+    engine_.AddSideTables(ResolvedPath(files_, path_));
+}
+
 void HostDatabase::Use(std::string path) {
     Close();
     path_ = std::move(path);

@@ -32,6 +32,7 @@ class HostDatabase {
         : files_(files), engine_(engine) {}
     /// Makes an empty database with the full schema.
     void Create(const std::string& path);
+    void AddSideTables();
     /// The file that later statements run on; it need not exist.
     void Use(std::string path);
     /// These throw RuntimeError.

@@ -44,15 +44,18 @@ Action CodePage(Words words) {
 }
 
 Action Database(Words words) {
-    const bool create = words.size() == 1;
-    if (!create && words[1] != "none") throw ScriptError("database NAME [none]");
-    return [name = words[0], create](ScenarioStage& stage) {
+    const std::string kind = words.size() == 1 ? "" : words[1];
+    if (!kind.empty() && kind != "none" && kind != "side") {
+        throw ScriptError("database NAME [none|side]");
+    }
+    return [name = words[0], kind](ScenarioStage& stage) {
         const std::string file = Utf8Of(stage.machine.files.Resolve(name));
-        if (create) {
-            stage.host.Create(file);
-        } else {
+        if (kind == "none") {
             stage.host.Use(file);
+        } else {
+            stage.host.Create(file);
         }
+        if (kind == "side") stage.host.AddSideTables();
         SetProperty(stage.control, "UserPath", file);
     };
 }
@@ -205,7 +208,7 @@ constexpr std::array kStage = std::to_array<CommandSpec>({
     {"clock", 1, 1, "2003-03-07T09:30:00", Clock, OpenMenu::Stays},
     {"advance", 1, 1, "5m", Advance, OpenMenu::Stays},
     {"codepage", 1, 1, "936|950|1252", CodePage, OpenMenu::Stays},
-    {"database", 1, 2, "NAME [none]", Database},
+    {"database", 1, 2, "NAME [none|side]", Database},
     {"sql", 1, 1, "\"STATEMENT\"", Sql, OpenMenu::Stays},
     {"set", 2, 2, "NAME VALUE", Set},
     {"setting", 3, 3, "SECTION KEY VALUE", Setting},

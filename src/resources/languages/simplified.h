@@ -403,7 +403,8 @@ inline constexpr auto kKeys = InOrder<KeyText>({
     {KeyText::ReadAgain, "重新读取列表"},
     {KeyText::Find, "转到筛选条件"},
     {KeyText::Print, "打印"},
-    {KeyText::TakeBack, "取回放下的输入"},
+    {KeyText::TakeBack, "撤销，或取回放下的输入"},
+    {KeyText::DoAgain, "重做"},
     {KeyText::NodeMenu, "打开所选项目的菜单"},
     {KeyText::NextPage, "下一页"},
     {KeyText::Leave, "退出"},
@@ -466,6 +467,24 @@ inline constexpr auto kRemind = InOrder<RemindText>({
     {RemindText::TomorrowMorning, "明天 8:00"},
     {RemindText::NextMonday, "下星期一 8:00"},
     {RemindText::OwnTime, "自定时间"},
+});
+
+// What can be taken back, and what stands against it.
+inline constexpr auto kChange = InOrder<ChangeText>({
+    {ChangeText::Added, "已新增 [{0}]，按 Ctrl+Z 撤销"},
+    {ChangeText::Changed, "已修改 [{0}]，按 Ctrl+Z 撤销"},
+    {ChangeText::Deleted, "已删除 [{0}]，按 Ctrl+Z 撤销"},
+    {ChangeText::Marked, "已更改 [{0}] 的状况，按 Ctrl+Z 撤销"},
+    {ChangeText::Generated, "已生成 [{0}] 的任务，按 Ctrl+Z 撤销"},
+    {ChangeText::Answered, "已处理 [{0}] 的提醒，按 Ctrl+Z 撤销"},
+    {ChangeText::Several, "已处理 {0} 项，按 Ctrl+Z 撤销"},
+    {ChangeText::CannotTakeBack, "不能撤销，没有更改任何内容："},
+    {ChangeText::ChangedMeanwhile, "[{0}] 已被其他用户更改"},
+    {ChangeText::GoneMeanwhile, "[{0}] 已被其他用户删除"},
+    {ChangeText::TakenMeanwhile, "[{0}] 的编号已被其它记录使用"},
+    {ChangeText::AndMore, "还有 {0} 项"},
+    {ChangeText::OtherNumber, "[{0}] 已恢复，但数据库给了它新的编号 {1}。"},
+    {ChangeText::NotRecorded, "操作已经完成，但没有记入历史：{0}"},
 });
 
 // Run-time errors by their number.
@@ -544,9 +563,9 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace simplified
 
 inline constexpr Language kSimplified{
-    simplified::kCatalogue, simplified::kDesign,  simplified::kAsk,    simplified::kItem,
-    simplified::kPlan,      simplified::kReport,  simplified::kPrint,  simplified::kStatus,
-    simplified::kKeys,      simplified::kAlerter, simplified::kRemind, simplified::kErrors,
-    simplified::kErrorKinds};
+    simplified::kCatalogue, simplified::kDesign,    simplified::kAsk,    simplified::kItem,
+    simplified::kPlan,      simplified::kReport,    simplified::kPrint,  simplified::kStatus,
+    simplified::kKeys,      simplified::kAlerter,   simplified::kRemind, simplified::kChange,
+    simplified::kErrors,    simplified::kErrorKinds};
 
 }  // namespace zv::resources

@@ -403,7 +403,8 @@ inline constexpr auto kKeys = InOrder<KeyText>({
     {KeyText::ReadAgain, "重新讀取列表"},
     {KeyText::Find, "轉到篩選條件"},
     {KeyText::Print, "打印"},
-    {KeyText::TakeBack, "取回放下的輸入"},
+    {KeyText::TakeBack, "復原，或取回放下的輸入"},
+    {KeyText::DoAgain, "重做"},
     {KeyText::NodeMenu, "打開所選項目的選單"},
     {KeyText::NextPage, "下一頁"},
     {KeyText::Leave, "退出"},
@@ -466,6 +467,24 @@ inline constexpr auto kRemind = InOrder<RemindText>({
     {RemindText::TomorrowMorning, "明天 8:00"},
     {RemindText::NextMonday, "下星期一 8:00"},
     {RemindText::OwnTime, "自訂時間"},
+});
+
+// What can be taken back, and what stands against it.
+inline constexpr auto kChange = InOrder<ChangeText>({
+    {ChangeText::Added, "已新增 [{0}]，按 Ctrl+Z 復原"},
+    {ChangeText::Changed, "已修改 [{0}]，按 Ctrl+Z 復原"},
+    {ChangeText::Deleted, "已刪除 [{0}]，按 Ctrl+Z 復原"},
+    {ChangeText::Marked, "已變更 [{0}] 的狀況，按 Ctrl+Z 復原"},
+    {ChangeText::Generated, "已產生 [{0}] 的任務，按 Ctrl+Z 復原"},
+    {ChangeText::Answered, "已處理 [{0}] 的提醒，按 Ctrl+Z 復原"},
+    {ChangeText::Several, "已處理 {0} 項，按 Ctrl+Z 復原"},
+    {ChangeText::CannotTakeBack, "不能復原，沒有變更任何內容："},
+    {ChangeText::ChangedMeanwhile, "[{0}] 已被其他使用者變更"},
+    {ChangeText::GoneMeanwhile, "[{0}] 已被其他使用者刪除"},
+    {ChangeText::TakenMeanwhile, "[{0}] 的編號已被其它記錄使用"},
+    {ChangeText::AndMore, "還有 {0} 項"},
+    {ChangeText::OtherNumber, "[{0}] 已還原，但資料庫給了它新的編號 {1}。"},
+    {ChangeText::NotRecorded, "操作已經完成，但沒有記入歷史：{0}"},
 });
 
 // Run-time errors by their number.
@@ -544,9 +563,9 @@ inline constexpr auto kErrorKinds = std::to_array<Text<ErrorKind>>({
 }  // namespace traditional
 
 inline constexpr Language kTraditional{
-    traditional::kCatalogue, traditional::kDesign,  traditional::kAsk,    traditional::kItem,
-    traditional::kPlan,      traditional::kReport,  traditional::kPrint,  traditional::kStatus,
-    traditional::kKeys,      traditional::kAlerter, traditional::kRemind, traditional::kErrors,
-    traditional::kErrorKinds};
+    traditional::kCatalogue, traditional::kDesign,    traditional::kAsk,    traditional::kItem,
+    traditional::kPlan,      traditional::kReport,    traditional::kPrint,  traditional::kStatus,
+    traditional::kKeys,      traditional::kAlerter,   traditional::kRemind, traditional::kChange,
+    traditional::kErrors,    traditional::kErrorKinds};
 
 }  // namespace zv::resources

@@ -5,10 +5,10 @@
 #include "base/number.h"
 #include "forms/field_keys.h"
 #include "forms/layout/row.h"
-#include "items/item_store.h"
 #include "plans/plan_store.h"
 #include "resources/glyph_samples.h"
 #include "resources/text_ids.h"
+#include "session/marking.h"
 #include "windows/generation/boxes.h"
 
 namespace zv::windows {
@@ -134,17 +134,13 @@ bool frmTaskDone::AddInstance(std::int32_t plan) {
 }
 
 bool frmTaskDone::Complete(std::int32_t item) {
-    session_.database.EnsureConnection();
-    if (!items::Mark(session_.database, item, items::ItemState::Done, session_.state.UserName))
-        return false;
-    if (session_.database.ChangedNothing()) {
+    const Marking marking =
+        MarkItem(session_, Request(item, items::ItemState::Done, session_.state.UserName));
+    if (marking == Marking::NoItem) return false;
+    if (marking == Marking::Gone) {
         session_.windows.ShowMessage(session_.LoadText(text_id::kItemNotFound),
                                      forms::box::kExclamation);
-        return true;
     }
-    session_.Announce([item](HostEvents& host) {
-        host.ItemDone(item, static_cast<std::int16_t>(Number(items::ItemState::Done)));
-    });
     return true;
 }
 

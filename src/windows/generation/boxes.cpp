@@ -23,8 +23,22 @@ void GenerateTaskList(Session& session, const std::string& taskId,
                forms::Answer::Yes;
     };
     // The user who starts the run, also when the host names another while a question stands.
-    const plans::GenerationRequest request{taskId, session.state.UserName, deletesDone, progress};
-    const plans::GenerationResult result = plans::GenerateTaskList(session.database, request);
+    plans::GenerationRequest request{taskId, session.state.UserName, deletesDone, progress};
+    DoneAct act{.kind = changes::Act::Generate,
+                .notice = resources::ChangeText::Generated,
+                .title = taskId};
+    // Without a history nothing is read that the run itself does not need.
+    if (session.acts.KeepsHistory()) request.record = &act.rows;
+    const plans::GenerationResult result = [&] {
+        try {
+            return plans::GenerateTaskList(session.database, request);
+        } catch (...) {
+            // The old items are gone: they can come back.
+            session.acts.Done(std::move(act));
+            throw;
+        }
+    }();
+    session.acts.Done(std::move(act));
     session.Announce([plan = number::ToInt32(number::Val(taskId)),
                       rows = result.rows](HostEvents& host) { host.PlanGenerated(plan, rows); });
     if (result.outcome == plans::Generation::PlanIsGone) return SayThatPlanIsGone(session, taskId);
@@ -46,7 +60,11 @@ bool AddTaskInstance(Session& session, std::int16_t taskId, DateTime date) {
     const plans::InstanceResult result =
         plans::AddTaskInstance(session.database, taskId, date, confirms);
     if (result.added) {
-        session.Announce([item = result.added->row](HostEvents& host) { host.ItemSaved(item, true); });
+        session.acts.Done({.kind = changes::Act::Add,
+                           .notice = resources::ChangeText::Added,
+                           .rows = {*result.added}});
+        session.Announce(
+            [item = result.added->row](HostEvents& host) { host.ItemSaved(item, true); });
     }
     if (result.outcome == plans::Instance::PlanIsGone) SayThatPlanIsGone(session, id);
     return result.outcome == plans::Instance::IsThere;

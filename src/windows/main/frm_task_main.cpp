@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "forms/layout/metrics.h"
+#include "plans/plan_row.h"
 #include "session/choose_file.h"
 
 namespace zv::windows {
@@ -40,7 +41,7 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       options(*this, {SSTab1, kOptionsTab}, owner, OptionPorts(*this)),
       commands(*this, owner, model),
       status(*this, owner),
-      notice(*this),
+      notice(*this, owner.takeBack),
       staff(owner, item),
       labels(owner, AllBoxes(item, content, cards)),
       view(owner, model, item, content, cards),
@@ -53,9 +54,8 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       completion(*this, owner, model, tree, item, commands, view, selection),
       search(*this, owner, model, commands, labels, listing),
       printing(*this, owner, commands, birthdays, labels, view, listing),
-      droppedInput(*this, owner, model, {SSTab1, tree, item, content, cards},
-                   {view, selection, takeBack}),
-      keys(*this, owner, filter, commands, listing, completion, takeBack) {
+      droppedInput(*this, owner, model, {SSTab1, tree, item, content, cards}, {view, selection}),
+      keys(*this, owner, model, filter, commands, listing, completion) {
     SetSizable(true);
     SetMinimumClientSize(kSmallestSize);
     SetClientSize(kStartSize);
@@ -81,7 +81,7 @@ void frmTaskMain::Wire() {
     };
     commands.cmdExit.onClick = [this] { cmdExit_Click(); };
     cancelButton = &commands.cmdExit;
-    takeBack.onNotice = [this](const std::string& text) { notice.Show(text); };
+    notice.onShown = [this] { PlaceLastLine(); };
     OrderTabs();
 }
 
@@ -99,7 +99,7 @@ void frmTaskMain::PlaceControls() {
     using namespace forms::layout;
     const int width = ClientSize().width;
     const int bottom = ClientSize().height - kMargin - status.Height();
-    status.Place({kMargin, bottom, width - 2 * kMargin, status.Height()});
+    PlaceLastLine();
     const int height = bottom;
     commands.Place({kMargin, kMargin, width - 2 * kMargin, commands.Height()});
     const int top = kMargin + commands.Height() + kMargin;
@@ -110,15 +110,21 @@ void frmTaskMain::PlaceControls() {
     item.Place({left, top, rightWidth, item.Height()});
     const int tabTop = top + item.Height() + kGap;
     SSTab1.Move({left, tabTop, rightWidth, height - tabTop - kMargin});
-    // Beside the tabs.
-    const int half = rightWidth / 2;
-    notice.Place({left + half, tabTop + kGap, rightWidth - half, forms::TabPanel::kTabHeight});
     const forms::Rect page = SSTab1.PageBounds();
     content.Place(page);
     filter.Place(page);
     cards.Place(page);
     birthdays.Place(page);
     options.Place(page);
+}
+
+void frmTaskMain::PlaceLastLine() {
+    using namespace forms::layout;
+    const Metrics m(Windows().GetBackend());
+    const int top = ClientSize().height - kMargin - status.Height();
+    const int width = ClientSize().width - 2 * kMargin;
+    const int left = notice.Place({kMargin, top + m.LabelDrop(), width, m.Text()});
+    status.Place({kMargin, top, left, status.Height()});
 }
 
 void frmTaskMain::TaskAlert(std::int16_t mode) {
@@ -178,7 +184,7 @@ void frmTaskMain::ForgetStore() {
     birthdays.Empty();
     labels.Forget();
     staff.Forget();
-    takeBack.Clear();
+    session.takeBack.Forget(this);
 }
 
 void frmTaskMain::ShowStore() {
@@ -191,6 +197,17 @@ void frmTaskMain::ShowStore() {
     listing.FillFromNewStore();
     if (model.startMode == kCardMode) cards.LoadStartList();
     birthdays.FillAgain();
+}
+
+void frmTaskMain::ShowRows(const std::vector<changes::RowChange>& rows) {
+    if (model.Editing()) return;
+    listing.FillAgain();
+    // What came back is what the user looks at next.
+    const auto shown = std::find_if(rows.begin(), rows.end(), [this](const auto& change) {
+        const ItemRef row{change.row, change.table == &plans::PlanTable()};
+        return change.after && selection.Show(row);
+    });
+    if (shown != rows.end() && IsLoaded()) tree.FocusTree();
 }
 
 std::string frmTaskMain::getFilePath(std::int16_t kind, const std::string& filterText,

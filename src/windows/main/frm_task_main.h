@@ -23,7 +23,6 @@
 #include "windows/main/acts/printing.h"
 #include "windows/main/acts/selection.h"
 #include "windows/main/acts/staff_names.h"
-#include "windows/main/acts/take_back.h"
 #include "windows/main/main_model.h"
 #include "windows/main/panels/birthday_panel.h"
 #include "windows/main/panels/card_panel.h"
@@ -31,10 +30,10 @@
 #include "windows/main/panels/content_panel.h"
 #include "windows/main/panels/filter_panel.h"
 #include "windows/main/panels/item_panel.h"
-#include "windows/main/panels/notice_line.h"
 #include "windows/main/panels/options_panel.h"
 #include "windows/main/panels/status_panel.h"
 #include "windows/main/panels/tree_panel.h"
+#include "windows/notice/notice_line.h"
 
 namespace zv::windows {
 
@@ -72,6 +71,7 @@ class frmTaskMain : public forms::Form, public StoreClient {
     /// Nothing is current afterwards: numbers of the former store mean something else in another.
     void ForgetStore() override;
     void ShowStore() override;
+    void ShowRows(const std::vector<changes::RowChange>& rows) override;
 
     Session& session;
     MainModel model;
@@ -101,7 +101,6 @@ class frmTaskMain : public forms::Form, public StoreClient {
     Completion completion;
     AdvancedSearch search;
     Printing printing;
-    TakeBack takeBack;
     DroppedInput droppedInput;
     Keys keys;
 
@@ -117,6 +116,7 @@ class frmTaskMain : public forms::Form, public StoreClient {
     void Wire();
     void OrderTabs();
     void PlaceControls();
+    void PlaceLastLine();
     void LoadControls();
     void SetCaptions();
     /// Sets the window up for its start mode and fills the tree.

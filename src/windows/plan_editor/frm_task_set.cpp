@@ -324,6 +324,11 @@ void frmTaskSet::cmdOK_Click() {
     const std::string number(text::Trim(txtTaskID.Text()));
     const PlanSave save = Save(plan);
     if (save.outcome != PlanSave::Outcome::Saved) return;
+    session_.acts.Done(
+        {.kind = added ? changes::Act::Add : changes::Act::Change,
+         .notice = added ? resources::ChangeText::Added : resources::ChangeText::Changed,
+         .title = plan.title,
+         .rows = {save.change}});
     // From here on the plan exists: should the generation fail, a second confirmation changes it.
     if (save.joined) FillFrom(plans::PlanOf(save.written));
     edited_ = {plan.taskId, save.written, plans::ValuesOf(plans::MakePlan(Entry()))};

@@ -42,7 +42,10 @@ reminders::Whose WhoseOf(const Session& session) {
 
 frmRemind::frmRemind(forms::WindowSystem& windows, Session& session,
                      std::function<void(const items::SavedItem&)> open)
-    : Form(windows, std::string(kName)), session_(session), open_(std::move(open)) {
+    : Form(windows, std::string(kName)),
+      notice(*this, session.takeBack),
+      session_(session),
+      open_(std::move(open)) {
     SetComesByItself(true);
     SetSizable(true);
     cmdDone.onClick = [this] { cmdDone_Click(); };
@@ -53,6 +56,7 @@ frmRemind::frmRemind(forms::WindowSystem& windows, Session& session,
     cmdClose.onClick = [this] { Hide(); };
     cboLater.onClick = [this] { ShowOwnTime(); };
     tmrLook.onTimer = [this] { LookAgain(); };
+    notice.onShown = [this] { PlaceFirstLine(); };
     defaultButton = &cmdOpen;
     cancelButton = &cmdClose;
     SetKeys();
@@ -66,6 +70,8 @@ void frmRemind::SetKeys() {
     static constexpr forms::KeyChord kDismiss{forms::key::kDelete};
     static constexpr forms::KeyChord kOpen{forms::key::kEnter};
     static constexpr forms::KeyChord kLook{forms::key::kF5};
+    static constexpr forms::KeyChord kTakeBack{'Z', true};
+    static constexpr forms::KeyChord kDoAgain{'Y', true};
     static constexpr forms::KeyChord kThisList{forms::key::kF1};
     shortcuts.Press(kDone, cmdDone);
     shortcuts.Press(kInHand, cmdInHand);
@@ -73,6 +79,12 @@ void frmRemind::SetKeys() {
     shortcuts.Press(kDismiss, cmdDismiss);
     shortcuts.Do(kAll, [this] { SelectAll(); });
     shortcuts.Do(kLook, [this] { LookAgain(); });
+    shortcuts.Do(
+        kTakeBack, [this] { session_.takeBack.TakeNewest(); },
+        [this] { return session_.acts.CanTakeBack(); });
+    shortcuts.Do(
+        kDoAgain, [this] { session_.takeBack.DoAgain(); },
+        [this] { return session_.acts.CanDoAgain(); });
     shortcuts.Do(kThisList, [this] {
         using resources::KeyText;
         ShowKeyList(session_, {{{kDone}, KeyText::Done},
@@ -82,6 +94,8 @@ void frmRemind::SetKeys() {
                                {{kOpen}, KeyText::OpenItem},
                                {{kAll}, KeyText::SelectAll},
                                {{kLook}, KeyText::ReadAgain},
+                               {{kTakeBack}, KeyText::TakeBack},
+                               {{kDoAgain}, KeyText::DoAgain},
                                {{{forms::key::kEscape}}, KeyText::Leave},
                                {{kThisList}, KeyText::ThisList}});
     });
@@ -173,16 +187,17 @@ reminders::Look frmRemind::LookNow() {
                       .whose = WhoseOf(session_),
                       .now = now,
                       .firstLook = now,
-                      .interval = RemindInterval(session_)};
+                      .interval = session_.GetNumber(resources::kRemindInterval)};
     if (state.UserPath.IsEmpty() && state.SQLData == 0 && !session_.database.HasConnection()) {
         return reminders::LookAt({}, {}, circumstances_);
     }
     session_.database.EnsureConnection();
     reminders::StoreMemory memory(session_.database, session_.settings);
     circumstances_.firstLook = memory.FirstLook(state.UserName, now);
+    answers_ = memory.Answers(state.UserName);
     return reminders::LookAt(
-        reminders::ReadSubjects(session_.database, now, circumstances_.firstLook),
-        memory.Answers(state.UserName), circumstances_);
+        reminders::ReadSubjects(session_.database, now, circumstances_.firstLook), answers_,
+        circumstances_);
 }
 
 void frmRemind::LookAgain() {

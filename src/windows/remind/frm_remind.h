@@ -23,6 +23,7 @@
 #include "resources/remind_texts.h"
 #include "session/session.h"
 #include "session/store_client.h"
+#include "windows/notice/notice_line.h"
 
 namespace zv::windows {
 
@@ -50,6 +51,7 @@ class frmRemind : public forms::Form, public StoreClient {
     forms::CommandButton cmdDismiss{*this, "cmdDismiss"};
     forms::CommandButton cmdClose{*this, "cmdClose"};
     forms::Timer tmrLook{*this, "tmrLook", 1000};
+    NoticeLine notice;
 
     /// Speaks the present language and looks, as after a start.
     void StartAgain();
@@ -60,6 +62,7 @@ class frmRemind : public forms::Form, public StoreClient {
 
     void ForgetStore() override;
     void ShowStore() override { LookAgain(); }
+    void ShowRows(const std::vector<changes::RowChange>&) override { LookAgain(); }
 
  protected:
     void Form_Load() override;
@@ -117,6 +120,7 @@ class frmRemind : public forms::Form, public StoreClient {
 
     // frm_remind_layout.cpp
     void PlaceControls();
+    void PlaceFirstLine();
     void FitToRows();
     void MoveToCorner();
 
@@ -127,6 +131,7 @@ class frmRemind : public forms::Form, public StoreClient {
     /// Those that the user has been shown: only another one brings the window up again.
     std::set<reminders::Key> shown_;
     reminders::Circumstances circumstances_;  ///< of the last look
+    std::vector<reminders::Answer> answers_;  ///< likewise
     std::int32_t old_ = 0;
     /// What old_ was counted for: the day, the first look and whose items.
     std::optional<std::tuple<DateTime, DateTime, reminders::Whose>> counted_;

@@ -3,9 +3,9 @@
 #include <array>
 #include <map>
 
-#include "items/item_store.h"
 #include "reminders/put_off.h"
 #include "reminders/store_memory.h"
+#include "session/marking.h"
 #include "session/user_right.h"
 #include "windows/remind/frm_remind.h"
 
@@ -16,6 +16,15 @@ using resources::RemindText;
 namespace {
 
 constexpr std::int16_t kCompletionRight = 4;
+
+std::optional<reminders::Answer> AnswerTo(const std::vector<reminders::Answer>& answers,
+                                          const reminders::Key& key) {
+    std::optional<reminders::Answer> last;
+    for (const reminders::Answer& answer : answers) {
+        if (answer.key == key) last = answer;
+    }
+    return last;
+}
 
 }  // namespace
 
@@ -106,7 +115,10 @@ void frmRemind::ForEach(const std::vector<reminders::Due>& wanted,
                         const std::function<bool(const reminders::Due&)>& act) {
     std::size_t acted = 0;
     try {
-        for (const reminders::Due& due : StillDue(wanted)) acted += act(due) ? 1 : 0;
+        session_.acts.Together([&] {
+            for (const reminders::Due& due : StillDue(wanted)) acted += act(due) ? 1 : 0;
+            return acted;
+        });
     } catch (...) {
         // What was done before the error is listed no more.
         LookAgain();
@@ -117,13 +129,11 @@ void frmRemind::ForEach(const std::vector<reminders::Due>& wanted,
 }
 
 bool frmRemind::Mark(const reminders::Due& due, items::ItemState state) {
-    const std::int32_t id = due.subject.item;
-    if (!items::Mark(session_.database, id, state, session_.state.UserName)) return false;
-    if (session_.database.ChangedNothing()) return false;
-    session_.Announce([id, state](HostEvents& host) {
-        host.ItemDone(id, static_cast<std::int16_t>(Number(state)));
-    });
-    return true;
+    const reminders::Subject& subject = due.subject;
+    MarkRequest request = Request(subject.item, state, session_.state.UserName);
+    request.title = subject.title;
+    request.before = StateAndDoer(Number(subject.state), subject.people.doer);
+    return MarkItem(session_, std::move(request)) == Marking::Marked;
 }
 
 void frmRemind::cmdOpen_Click() {
@@ -177,8 +187,24 @@ void frmRemind::cmdDismiss_Click() {
 
 void frmRemind::Answer(const reminders::Due& due, std::optional<DateTime> until, ReminderAct act) {
     reminders::StoreMemory memory(session_.database, session_.settings);
-    memory.Keep(session_.state.UserName, {reminders::KeyOf(due.subject), until});
+    const std::string user = session_.state.UserName;
+    const reminders::Answer answer{reminders::KeyOf(due.subject), until};
+    const auto before = AnswerTo(answers_, answer.key);
+    memory.Keep(user, answer);
     Announce(due, act);
+    const auto keep = [this, user](const reminders::Answer& kept) {
+        reminders::StoreMemory(session_.database, session_.settings).Keep(user, kept);
+    };
+    const auto forget = [this, user, key = answer.key] {
+        reminders::StoreMemory(session_.database, session_.settings).Forget(user, key);
+    };
+    DoneAct done{.kind = changes::Act::Change,
+                 .notice = resources::ChangeText::Answered,
+                 .title = due.subject.title};
+    done.back = before ? std::function<void()>([keep, before = *before] { keep(before); })
+                       : std::function<void()>(forget);
+    done.again = [keep, answer] { keep(answer); };
+    session_.acts.Done(std::move(done));
 }
 
 }  // namespace zv::windows

@@ -62,7 +62,7 @@ void frmRemind::PlaceControls() {
     const int acts = client.height - kMargin - m.Button();
     const int later = acts - kRowGap - m.Button();
     const int old = later - kRowGap - m.Line();
-    lblCount.Move({kMargin, kMargin, width, m.Line()});
+    PlaceFirstLine();
     const int list = kMargin + m.Line() + kRowGap;
     grdDue.Move({kMargin, list, width, std::max(old - kRowGap - list, m.Line())});
     lblOld.Move({kMargin, old, width, m.Line()});
@@ -82,6 +82,13 @@ void frmRemind::PlaceControls() {
     }
     const int close = m.ButtonWidth(cmdClose);
     cmdClose.Move({right - close, acts, close, m.Button()});
+}
+
+void frmRemind::PlaceFirstLine() {
+    const Metrics m(Windows().GetBackend(), forms::layout::dialog::kSpacing);
+    const forms::Rect line{kMargin, kMargin, ClientSize().width - 2 * kMargin, m.Line()};
+    const int left = notice.Place(line);
+    lblCount.Move({line.left, line.top, left, line.height});
 }
 
 // Where the system shows what comes up by itself: beside the clock.

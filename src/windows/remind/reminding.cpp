@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "base/number.h"
 #include "windows/remind/frm_remind.h"
 
 namespace zv::windows {
@@ -28,20 +27,6 @@ void StopReminding(Session& session) {
 
 bool IsReminding(const Session& session) {
     return Present(session) != nullptr;
-}
-
-int RemindInterval(const Session& session) {
-    constexpr double kUsual = 5;
-    constexpr double kLongest = 24 * 60;
-    const std::string text = session.GetSetting(resources::kTaskSection, "RemindInterval", "5");
-    double minutes = kUsual;
-    try {
-        minutes = number::ToDouble(text);
-    } catch (const RuntimeError&) {
-        // What somebody wrote there is no number.
-    }
-    const bool fits = minutes >= 1 && minutes <= kLongest;
-    return static_cast<int>(fits ? minutes : kUsual);
 }
 
 }  // namespace zv::windows

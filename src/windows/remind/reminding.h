@@ -17,8 +17,4 @@ void StartReminding(Session& session, std::function<void(const items::SavedItem&
 void StopReminding(Session& session);
 bool IsReminding(const Session& session);
 
-/// "RemindInterval" of the workstation: the longest time between two looks, in minutes, from 1 to a
-/// day; 5 where it is no such number.
-int RemindInterval(const Session& session);
-
 }  // namespace zv::windows

@@ -1,6 +1,7 @@
 // Acts taken back, on every engine.
 #include "changes/taking_back.h"
 
+#include "doubles/passing_connection.h"
 #include "plans/plan_row.h"
 #include "stored_items.h"
 
@@ -14,9 +15,9 @@ class TakingBackTest : public StoredItemsTest {
     /// Nothing stands against it, and what was done.
     std::vector<RowChange> Back(const std::vector<RowChange>& changes) {
         EXPECT_TRUE(ObstaclesTo(database_, changes).empty());
-        std::vector<RowChange> done;
+        TakenBack done;
         TakeBack(database_, changes, done);
-        return done;
+        return done.rows;
     }
     std::vector<Kind> KindsOfObstacles(const std::vector<RowChange>& changes) {
         std::vector<Kind> kinds;
@@ -77,10 +78,10 @@ TEST_P(TakingBackTest, TheLastChangeIsTakenBackFirst) {
     Back({Retitled(41, "two", "three")});
     EXPECT_EQ(Titles(), Strings{"41 two"});
     // Several of one row stand against each other unless they are taken back in turn.
-    std::vector<RowChange> done;
+    TakenBack done;
     TakeBack(database_, {Retitled(41, "one", "first"), Retitled(41, "first", "two")}, done);
     EXPECT_EQ(Titles(), Strings{"41 one"});
-    EXPECT_EQ(done.size(), 2u);
+    EXPECT_EQ(done.rows.size(), 2u);
 }
 
 TEST_P(TakingBackTest, SaysWhatStandsAgainstIt) {
@@ -97,10 +98,10 @@ TEST_P(TakingBackTest, SaysWhatStandsAgainstIt) {
 TEST_P(TakingBackTest, LeavesAloneWhatSomebodyChangedSinceTheLook) {
     Insert(41, "theirs");
     Insert(43, "new");
-    std::vector<RowChange> done;
+    TakenBack done;
     TakeBack(database_, {Retitled(41, "old", "new"), Retitled(43, "old", "new")}, done);
     EXPECT_EQ(Titles(), (Strings{"41 theirs", "43 old"}));
-    EXPECT_EQ(done.size(), 1u);
+    EXPECT_EQ(done.rows.size(), 1u);
 }
 
 TEST_P(TakingBackTest, APlanComesBackUnderItsNumber) {
@@ -114,14 +115,59 @@ TEST_P(TakingBackTest, APlanComesBackUnderItsNumber) {
     EXPECT_EQ(Load(database_, plans::PlanTable(), 7), deletion.before);
 }
 
+TEST_P(TakingBackTest, WhatIsAsItWasBeforeIsLeftAlone) {
+    Insert(41, "old");
+    const RowChange deletion = Deletion(41);
+    EXPECT_TRUE(Back({Retitled(41, "old", "new")}).empty());
+    EXPECT_TRUE(Back({deletion}).empty()) << "somebody put it back";
+    Run("delete from tTaskList");
+    EXPECT_TRUE(Back({Reversed(deletion)}).empty()) << "somebody deleted it, too";
+}
+
+/// As an engine that numbers the rows itself and takes no number.
+class NumberingRows final : public doubles::PassingRows {
+ public:
+    using PassingRows::PassingRows;
+    void SetField(std::string_view name, store::Value value) override {
+        if (name == "fID") throw RuntimeError(ErrorNumber::DatabaseFailure, "cannot be set");
+        PassingRows::SetField(name, std::move(value));
+    }
+};
+class NumberingConnection final : public doubles::PassingConnection {
+ public:
+    using PassingConnection::PassingConnection;
+    std::unique_ptr<store::Recordset> Open(const std::string& sql, store::CursorType cursor,
+                                           store::LockType lock) override {
+        return std::make_unique<NumberingRows>(PassingConnection::Open(sql, cursor, lock));
+    }
+};
+
+TEST_P(TakingBackTest, ARowComesBackUnderAnotherNumberWhereTheEngineTakesNone) {
+    Insert(41, "one");
+    const RowChange deletion = Deletion(41);
+    Run("delete from tTaskList where fID=41");
+    opener_.open = [this](const store::ConnectionSettings&) {
+        return std::make_unique<NumberingConnection>(Another());
+    };
+    database_.Leave();
+    TakenBack done;
+    TakeBack(database_, {deletion}, done);
+    ASSERT_EQ(done.renumbered.size(), 1u);
+    EXPECT_EQ(done.renumbered[0].change.row, 41);
+    EXPECT_NE(done.renumbered[0].number, 41);
+    ASSERT_EQ(done.rows.size(), 1u);
+    EXPECT_EQ(done.rows[0].row, done.renumbered[0].number);
+    EXPECT_EQ(Row(done.rows[0].row), deletion.before);
+}
+
 TEST_P(TakingBackTest, ARefusedConnectionReachesTheCaller) {
     const RowChange change = Retitled(41, "old", "new");
     database_.Leave();
     RefuseConnections();
-    std::vector<RowChange> done;
+    TakenBack done;
     EXPECT_THROW(ObstaclesTo(database_, {change}), RuntimeError);
     EXPECT_THROW(TakeBack(database_, {change}, done), RuntimeError);
-    EXPECT_TRUE(done.empty());
+    EXPECT_TRUE(done.rows.empty());
 }
 
 }  // namespace

@@ -10,11 +10,8 @@
 #include "forms/text_box.h"
 #include "forms/tree_view.h"
 #include "scenario_stage.h"
+#include "script_engine.h"
 #include "script_text.h"
-#include "store/engines/engines.h"
-#include "store/sqlite/create_database.h"
-#include "store/sqlite/database_file.h"
-#include "store/sqlite/sqlite_connection.h"
 #include "stored_rows.h"
 #include "temporary_folder.h"
 
@@ -85,10 +82,11 @@ std::string WindowFault(const forms::Form& form) {
     return fault.empty() ? FocusFault(form) : fault;
 }
 
-// Acts that mark items without a question: the dialog of completion is one itself, and a call of
-// the host asks nobody.
+// Acts that change rows without a question: the dialog of completion is one itself, a call of the
+// host asks nobody, and what is taken back or done again was asked about before.
 bool NeedsNoQuestion(const std::string& line) {
-    return line.starts_with("refresh ") || line.find("frmTaskDone") != std::string::npos;
+    return line.starts_with("refresh ") || line.find("frmTaskDone") != std::string::npos ||
+           line.ends_with(" Ctrl+Z") || line.ends_with(" Ctrl+Y");
 }
 
 // What marks items in the window of reminders: it asks nobody about one, and about several always.
@@ -126,12 +124,10 @@ class Invariants::EmptyDatabase {
  public:
     EmptyDatabase() {
         const std::string file = Utf8Of(folder_ / "empty.db");
-        store::CreateSqliteDatabase(file);
-        const auto plain = store::OpenSqlite(file, {.translate = false});
-        const std::string_view side = store::sqlite::EmbeddedEngine().sideTables;
-        for (const std::string& sql : store::engines::StatementsOf(side)) plain->Execute(sql);
-        plain->Close();
-        connection_ = store::OpenSqlite(file);
+        const auto engine = MakeScriptEngine("embedded");
+        engine->Create(file);
+        engine->AddSideTables(file);
+        connection_ = engine->Open(file);
     }
     ~EmptyDatabase() = default;
     EmptyDatabase(const EmptyDatabase&) = delete;

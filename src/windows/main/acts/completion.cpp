@@ -2,8 +2,8 @@
 
 #include "base/text.h"
 #include "forms/form.h"
-#include "items/item_store.h"
 #include "resources/text_ids.h"
+#include "session/marking.h"
 #include "windows/generation/boxes.h"
 #include "windows/main/acts/rights.h"
 
@@ -75,17 +75,19 @@ void Completion::SetItemState(std::int16_t mode) {
         forms::Answer::Cancel) {
         return;
     }
-    session_.database.EnsureConnection();
-    if (!items::Mark(session_.database, item.number, state, doer)) return;
-    if (session_.database.ChangedNothing()) {
-        // Somebody else has deleted the item: there is nothing that could be shown as done.
+    MarkRequest request = Request(item.number, state, doer);
+    request.title = view_.Values().Text(field::kTitle);
+    if (const auto& row = view_.RowAsRead()) {
+        request.before = StateAndDoer((*row)[field::kState], (*row)[field::kDoer]);
+    }
+    const Marking marking = MarkItem(session_, std::move(request));
+    if (marking == Marking::NoItem) return;
+    if (marking == Marking::Gone) {
+        // Somebody else has deleted it: there is nothing that could be shown as done.
         session_.windows.ShowMessage(session_.LoadText(text_id::kItemNotFound),
                                      forms::box::kExclamation);
         return;
     }
-    session_.Announce([id = item.number, state](HostEvents& host) {
-        host.ItemDone(id, static_cast<std::int16_t>(Number(state)));
-    });
     ShowAsMarked(item, state, doer);
     // The next item is reached from here; who is typing goes on.
     if (form_.IsLoaded() && !model_.Editing()) tree_.FocusTree();

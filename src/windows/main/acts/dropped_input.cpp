@@ -21,8 +21,8 @@ void DroppedInput::Keep() {
         for (const auto& part : parts) part();
     };
     const std::string title = acts_.view.Values().Text(items::field::kTitle);
-    acts_.takeBack.Add(session_.LoadText(resources::KeyText::PutAside, title),
-                       [this, edit = std::move(edit)] { return Restore(edit); });
+    session_.takeBack.Add(&form_, session_.LoadText(resources::KeyText::PutAside, title),
+                          [this, edit = std::move(edit)] { return Restore(edit); });
 }
 
 bool DroppedInput::Restore(const Edit& edit) {

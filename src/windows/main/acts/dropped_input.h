@@ -4,7 +4,6 @@
 #include <functional>
 
 #include "windows/main/acts/listing.h"
-#include "windows/main/acts/take_back.h"
 
 namespace zv::windows {
 
@@ -18,15 +17,17 @@ class DroppedInput {
         ContentPanel& content;
         CardPanel& cards;
     };
-    /// What drops input, marks the item that it belongs to, and takes it back.
+    /// What drops input, and marks the item that it belongs to.
     struct Acts {
         ItemView& view;
         Selection& selection;
-        TakeBack& takeBack;
     };
     /// All that is named must outlive this.
     DroppedInput(forms::Form& form, Session& session, MainModel& model, const Panels& panels,
                  const Acts& acts);
+    ~DroppedInput() { session_.takeBack.Forget(&form_); }
+    DroppedInput(const DroppedInput&) = delete;
+    DroppedInput& operator=(const DroppedInput&) = delete;
 
  private:
     /// An edit as it stood: its mode, the boxes and what the view knows of the row.

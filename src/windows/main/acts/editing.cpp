@@ -198,6 +198,11 @@ std::optional<items::SavedItem> Editing::SaveItem() {
     auto saved = adds ? items::Add(session_.database, id, entry) : Change(id, entry);
     if (!saved) return saved;
     session_.Announce([item = saved->id, adds](HostEvents& host) { host.ItemSaved(item, adds); });
+    session_.acts.Done(
+        {.kind = adds ? changes::Act::Add : changes::Act::Change,
+         .notice = adds ? resources::ChangeText::Added : resources::ChangeText::Changed,
+         .title = saved->title,
+         .rows = {saved->change}});
     acts_.view.ForgetRow();
     panels_.head.txtUser2.SetText(session_.state.UserName);
     session_.windows.ShowMessage("[" + saved->title + "]: " + word + resources::fixed::kFinished,
@@ -259,17 +264,38 @@ void Editing::Delete(bool plan) {
     const forms::Answer answer = session_.windows.AskCarefully(
         DeleteQuestion(plan), forms::box::kOkCancel + forms::box::kExclamation);
     if (answer == forms::Answer::Cancel) return;
+    DoneAct act{.kind = changes::Act::Delete,
+                .notice = resources::ChangeText::Deleted,
+                .title = TitleToDelete(),
+                .rows = WhatGoes(item)};
     if (plan)
         plans::Delete(session_.database, item.number);
     else
         items::Delete(session_.database, item.number);
-    AnnounceDeleted(item);
+    // Unless somebody else was quicker.
+    if (!session_.database.ChangedNothing()) {
+        AnnounceDeleted(item);
+        session_.acts.Done(std::move(act));
+    }
     if (form_.IsLoaded()) ShowAsDeleted(item);
 }
 
+std::vector<changes::RowChange> Editing::WhatGoes(const ItemRef& item) {
+    if (item.plan) {
+        // Without a history nothing is read that deleting does not need.
+        if (!session_.acts.KeepsHistory()) return {};
+        return plans::WhatDeleteTakes(session_.database, item.number);
+    }
+    std::optional<changes::Fields> shown;
+    if (acts_.selection.ShowsStoredItem() && acts_.view.RowAsRead()) {
+        shown = changes::Known(*acts_.view.RowAsRead());
+    }
+    const changes::Table& table = items::ItemTable();
+    return {{&table, item.number, session_.acts.RowBefore(table, item.number, std::move(shown)),
+             std::nullopt}};
+}
+
 void Editing::AnnounceDeleted(const ItemRef& item) {
-    // Somebody else was quicker.
-    if (session_.database.ChangedNothing()) return;
     session_.Announce([item](HostEvents& host) {
         if (item.plan)
             host.PlanGenerated(item.number, 0);
@@ -278,11 +304,14 @@ void Editing::AnnounceDeleted(const ItemRef& item) {
     });
 }
 
-std::string Editing::DeleteQuestion(bool plan) const {
+std::string Editing::TitleToDelete() const {
     // The title being typed for a new item is not that of the one to be deleted.
     const bool adds = model_.openedFor == EditMode::Adding && !acts_.view.RowAsRead();
-    const std::string title =
-        "[" + (adds ? acts_.view.StoredTitle() : acts_.view.Values().Text(field::kTitle)) + "]";
+    return adds ? acts_.view.StoredTitle() : acts_.view.Values().Text(field::kTitle);
+}
+
+std::string Editing::DeleteQuestion(bool plan) const {
+    const std::string title = "[" + TitleToDelete() + "]";
     if (!plan) return title + ": " + session_.LoadText(text_id::kConfirmDelete) + " ?";
     return session_.LoadText(text_id::kConfirmDelete) + panels_.tree.chkEvent.Caption() + ": " +
            title + "\r" + session_.LoadText(text_id::kDeletesItemsToo);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "items/item_store.h"
 #include "windows/main/acts/field_labels.h"
@@ -69,7 +70,10 @@ class Editing {
     void ReportWhenNotListed(const items::SavedItem& saved);
     template <class Id>
     std::string NoticeOf(const items::SavedItem& saved, Id id) const;
+    std::string TitleToDelete() const;
     std::string DeleteQuestion(bool plan) const;
+    /// The rows that deleting takes, as far as it is known what they hold.
+    std::vector<changes::RowChange> WhatGoes(const ItemRef& item);
     void AnnounceDeleted(const ItemRef& item);
     void ShowAsDeleted(const ItemRef& item);
 

@@ -21,19 +21,20 @@ constexpr KeyChord kReadAgain{key::kF5};
 constexpr KeyChord kFind{'F', true};
 constexpr KeyChord kPrint{'P', true};
 constexpr KeyChord kTakeBack{'Z', true};
+constexpr KeyChord kDoAgain{'Y', true};
 constexpr KeyChord kThisList{key::kF1};
 
 }  // namespace
 
-Keys::Keys(forms::Form& form, Session& session, FilterPanel& filter, CommandPanel& commands,
-           Listing& listing, Completion& completion, TakeBack& takeBack)
+Keys::Keys(forms::Form& form, Session& session, const MainModel& model, FilterPanel& filter,
+           CommandPanel& commands, Listing& listing, Completion& completion)
     : form_(form),
       session_(session),
+      model_(model),
       filter_(filter),
       commands_(commands),
       listing_(listing),
-      completion_(completion),
-      takeBack_(takeBack) {
+      completion_(completion) {
     Wire();
     ShowInMenus();
 }
@@ -58,8 +59,17 @@ void Keys::Wire() {
         [this] { return commands_.cmdSeek.CanInteract(); });
     keys.Do(kFind, [this] { filter_.FocusFirst(); });
     keys.Do(
-        kTakeBack, [this] { takeBack_.TakeNewest(); }, [this] { return takeBack_.Any(); });
+        kTakeBack, [this] { session_.takeBack.TakeNewest(); }, [this] { return CanTakeBack(); });
+    keys.Do(
+        kDoAgain, [this] { session_.takeBack.DoAgain(); },
+        [this] { return !model_.Editing() && session_.acts.CanDoAgain(); });
     keys.Do(kThisList, [this] { ShowList(); });
+}
+
+bool Keys::CanTakeBack() const {
+    // Who types means the field, but for input that gave way to what he is typing in.
+    return session_.takeBack.NewestIsOf(&form_) ||
+           (!model_.Editing() && session_.acts.CanTakeBack());
 }
 
 void Keys::ShowInMenus() {
@@ -102,6 +112,7 @@ void Keys::ShowList() {
                            {{kFind}, KeyText::Find},
                            {{kPrint}, KeyText::Print},
                            {{kTakeBack}, KeyText::TakeBack},
+                           {{kDoAgain}, KeyText::DoAgain},
                            {{{key::kMenu}, {key::kF10, false, true}}, KeyText::NodeMenu},
                            {{{key::kTab, true}}, KeyText::NextPage},
                            {{{key::kEscape}}, KeyText::Leave},

@@ -5,15 +5,14 @@
 
 #include "windows/main/acts/completion.h"
 #include "windows/main/acts/listing.h"
-#include "windows/main/acts/take_back.h"
 
 namespace zv::windows {
 
 class Keys {
  public:
     /// All must outlive this.
-    Keys(forms::Form& form, Session& session, FilterPanel& filter, CommandPanel& commands,
-         Listing& listing, Completion& completion, TakeBack& takeBack);
+    Keys(forms::Form& form, Session& session, const MainModel& model, FilterPanel& filter,
+         CommandPanel& commands, Listing& listing, Completion& completion);
 
     /// Tool tips in the control's language, with the keys of their buttons.
     void ShowToolTips();
@@ -23,14 +22,15 @@ class Keys {
  private:
     void Wire();
     void ShowInMenus();
+    bool CanTakeBack() const;
 
     forms::Form& form_;
     Session& session_;
+    const MainModel& model_;
     FilterPanel& filter_;
     CommandPanel& commands_;
     Listing& listing_;
     Completion& completion_;
-    TakeBack& takeBack_;
 };
 
 }  // namespace zv::windows

@@ -79,8 +79,7 @@ bool Selection::ShowsStoredItem() const {
 }
 
 bool Selection::MakeCurrent(const ItemRef& item) {
-    if (item.number == 0 || IsCurrent(item)) return true;
-    if (SelectAgain(item)) return true;
+    if (item.number == 0 || Show(item)) return true;
     session_.windows.ShowMessage(
         session_.LoadText(item.plan ? text_id::kNoSuchPlan : text_id::kItemNotFound),
         forms::box::kExclamation);

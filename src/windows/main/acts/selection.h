@@ -32,6 +32,8 @@ class Selection {
     /// False when it cannot be current any more, which the user is shown. Database errors of
     /// showing it reach the caller.
     bool MakeCurrent(const ItemRef& item);
+    /// Selects it and shows what it has; false where the tree does not show it.
+    bool Show(const ItemRef& item) { return IsCurrent(item) || SelectAgain(item); }
     /// Selects the node of an item that the editor shows already. One that the tree does not show
     /// stays current all the same.
     void Mark(const ItemRef& item);

@@ -1,4 +1,4 @@
-#include "windows/main/panels/notice_line.h"
+#include "windows/notice/notice_line.h"
 
 #include <algorithm>
 
@@ -6,26 +6,28 @@
 
 namespace zv::windows {
 
-NoticeLine::NoticeLine(forms::Form& form) : form_(form), lblTakeBack(form, "lblTakeBack") {
+NoticeLine::NoticeLine(forms::Form& form, TakeBack& takeBack)
+    : form_(form), takeBack_(takeBack), lblTakeBack(form, "lblTakeBack") {
     // It holds what somebody typed.
     lblTakeBack.SetUseMnemonic(false);
     lblTakeBack.SetVisible(false);
+    listener_ = takeBack_.Listen([this](const std::string& text) { Show(text); });
 }
 
 void NoticeLine::Show(const std::string& text) {
     lblTakeBack.SetCaption(text);
     lblTakeBack.SetToolTip(text);
     lblTakeBack.SetVisible(!text.empty());
-    Place(line_);
-    if (!text.empty()) lblTakeBack.BringToFront();
+    if (onShown) onShown();
 }
 
-void NoticeLine::Place(const forms::Rect& line) {
+int NoticeLine::Place(const forms::Rect& line) {
     using namespace forms::layout;
-    line_ = line;
     const Metrics m(form_.Windows().GetBackend());
-    const int width = std::min(line.width, m.Widest({&lblTakeBack}));
+    const bool shown = !lblTakeBack.ShownText().empty();
+    const int width = shown ? std::min(line.width / 2, m.Widest({&lblTakeBack})) : 0;
     lblTakeBack.Move({line.Right() - width, line.top, width, m.Text()});
+    return shown ? line.width - width - kGroupGap : line.width;
 }
 
 }  // namespace zv::windows

@@ -1,0 +1,264 @@
+#include "session/done_acts.h"
+
+#include <algorithm>
+
+#include "items/item_row.h"
+#include "plans/plan_row.h"
+#include "resources/number_setting.h"
+#include "session/session.h"
+#include "session/store_client.h"
+
+namespace zv {
+namespace {
+
+using changes::Act;
+using changes::RowChange;
+using resources::ChangeText;
+
+constexpr std::size_t kMostObstacles = 5;
+
+// Deletions and additions of rows whose number or content is not known cannot be undone.
+bool CanBeTakenBack(const DoneAct& act) {
+    return std::all_of(act.rows.begin(), act.rows.end(), [](const RowChange& change) {
+        return change.row != 0 && (change.before || change.after);
+    });
+}
+
+bool ChangesSomething(const DoneAct& act) {
+    const auto changes = [](const RowChange& change) {
+        return !change.before || !change.after || !ChangedFields(change).empty();
+    };
+    return act.back || std::any_of(act.rows.begin(), act.rows.end(), changes);
+}
+
+std::function<void()> OneAfterAnother(std::function<void()> first, std::function<void()> then) {
+    if (!first) return then;
+    if (!then) return first;
+    return [first = std::move(first), then = std::move(then)] {
+        first();
+        then();
+    };
+}
+
+// A host learns of a plan as a whole.
+const RowChange* PlanOf(const std::vector<RowChange>& rows) {
+    const auto plan = std::find_if(rows.begin(), rows.end(), [](const RowChange& change) {
+        return change.table == &plans::PlanTable();
+    });
+    return plan == rows.end() ? nullptr : &*plan;
+}
+
+std::int32_t ItemsAdded(const std::vector<RowChange>& rows) {
+    return static_cast<std::int32_t>(
+        std::count_if(rows.begin(), rows.end(), [](const RowChange& change) {
+            return change.table == &items::ItemTable() && !change.before;
+        }));
+}
+
+}  // namespace
+
+bool DoneActs::KeepsHistory() {
+    return changes::History(session_.database).IsKept();
+}
+
+std::optional<changes::Fields> DoneActs::RowBefore(const changes::Table& table, std::int32_t row,
+                                                   std::optional<changes::Fields> shown) {
+    if (row == 0 || !KeepsHistory()) return shown;
+    return changes::Load(session_.database, table, row);
+}
+
+void DoneActs::Done(DoneAct act) {
+    if (act.title.empty() && !act.rows.empty()) act.title = TitleOf(act.rows.front());
+    Record(act.kind, act.rows);
+    if (together_) return together_->push_back(std::move(act));
+    Keep(std::move(act), false);
+}
+
+void DoneActs::Together(const std::function<std::size_t()>& acts) {
+    together_.emplace();
+    std::size_t count = 0;
+    try {
+        count = acts();
+    } catch (...) {
+        EndTogether(together_->size());
+        throw;
+    }
+    EndTogether(count);
+}
+
+void DoneActs::EndTogether(std::size_t count) {
+    std::vector<DoneAct> acts = std::move(*together_);
+    together_.reset();
+    if (acts.empty()) return;
+    DoneAct whole = std::move(acts.front());
+    if (count > 1) {
+        whole.notice = ChangeText::Several;
+        whole.title = std::to_string(count);
+    }
+    for (auto act = acts.begin() + 1; act != acts.end(); ++act) {
+        std::move(act->rows.begin(), act->rows.end(), std::back_inserter(whole.rows));
+        whole.back = OneAfterAnother(std::move(act->back), std::move(whole.back));
+        whole.again = OneAfterAnother(std::move(whole.again), std::move(act->again));
+    }
+    Keep(std::move(whole), false);
+}
+
+void DoneActs::Keep(DoneAct act, bool again) {
+    if (!CanBeTakenBack(act) || !ChangesSomething(act)) return;
+    if (!AreOfPresent()) session_.takeBack.Forget(nullptr);
+    user_ = session_.state.UserName;
+    store_ = PresentStore();
+    std::string notice = NoticeOf(act);
+    auto go = [this, act = std::move(act), again] { return GoBack(act, again); };
+    if (again)
+        session_.takeBack.AddAgain(nullptr, std::move(notice), std::move(go));
+    else
+        session_.takeBack.Add(nullptr, std::move(notice), std::move(go));
+}
+
+std::string DoneActs::NoticeOf(const DoneAct& act) const {
+    return resources::LoadText(act.notice, resources::SpokenLanguage(session_.state.Language),
+                               act.title);
+}
+
+store::ConnectionSettings DoneActs::PresentStore() const {
+    const store::ConnectionSettings* opened = session_.database.OpenedWith();
+    return opened ? *opened : session_.Settings();
+}
+
+bool DoneActs::AreOfPresent() const {
+    return user_ == session_.state.UserName && store_ == PresentStore();
+}
+
+bool DoneActs::CanTakeBack() const {
+    return session_.takeBack.NewestIsOf(nullptr) && AreOfPresent();
+}
+
+bool DoneActs::CanDoAgain() const {
+    return session_.takeBack.AnyAgain() && AreOfPresent();
+}
+
+bool DoneActs::GoBack(const DoneAct& act, bool again) {
+    const std::vector<RowChange> rows = Renumbered(act.rows);
+    const auto obstacles = changes::ObstaclesTo(session_.database, rows);
+    if (!obstacles.empty()) {
+        Say(act, obstacles);
+        return true;
+    }
+    changes::TakenBack back;
+    try {
+        changes::TakeBack(session_.database, rows, back);
+        if (act.back) act.back();
+    } catch (const RuntimeError&) {
+        // It stays, and what is left of it can be taken back later.
+        Record(Act::TakeBack, back.rows);
+        throw;
+    }
+    Record(Act::TakeBack, back.rows);
+    Announce(act.kind, back.rows);
+    DoneAct reversed = act;
+    reversed.rows = back.rows;
+    std::swap(reversed.back, reversed.again);
+    Keep(std::move(reversed), !again);
+    ShowChangedRows(session_, back.rows);
+    NoteNumbers(back);
+    return true;
+}
+
+std::string DoneActs::LineOf(const DoneAct& act, const changes::Obstacle& obstacle) const {
+    using Kind = changes::Obstacle::Kind;
+    const RowChange& change = obstacle.change;
+    std::string title = TitleOf(change);
+    if (title.empty()) title = act.title;
+    if (obstacle.kind == Kind::Gone) return session_.LoadText(ChangeText::GoneMeanwhile, title);
+    if (obstacle.kind == Kind::Taken) return session_.LoadText(ChangeText::TakenMeanwhile, title);
+    std::string names;
+    for (const std::size_t i : obstacle.fields) {
+        const items::Field* field = items::FindField(change.table->columns[i].name);
+        if (change.table != &items::ItemTable() || field->box.empty()) continue;
+        if (!names.empty()) names += ", ";
+        names += field->caption.Text(session_.state.Language);
+    }
+    const std::string line = session_.LoadText(ChangeText::ChangedMeanwhile, title);
+    return names.empty() ? line : line + " (" + names + ")";
+}
+
+void DoneActs::Say(const DoneAct& act, const std::vector<changes::Obstacle>& obstacles) const {
+    std::string text = session_.LoadText(ChangeText::CannotTakeBack) + "\r\n";
+    const std::size_t shown = std::min(obstacles.size(), kMostObstacles);
+    for (std::size_t i = 0; i < shown; i++) text += "\r\n" + LineOf(act, obstacles[i]);
+    if (obstacles.size() > shown) {
+        const std::string more = std::to_string(obstacles.size() - shown);
+        text += "\r\n" + session_.LoadText(ChangeText::AndMore, more);
+    }
+    session_.windows.ShowMessage(text, forms::box::kExclamation);
+}
+
+void DoneActs::NoteNumbers(const changes::TakenBack& back) {
+    for (const auto& [change, number] : back.renumbered) {
+        renumbered_[{change.table, change.row}] = number;
+        session_.windows.ShowMessage(
+            resources::LoadText(ChangeText::OtherNumber, session_.state.Language, TitleOf(change),
+                                std::to_string(number)),
+            forms::box::kInformation);
+    }
+}
+
+std::vector<RowChange> DoneActs::Renumbered(std::vector<RowChange> rows) const {
+    for (RowChange& change : rows) {
+        for (auto found = renumbered_.find({change.table, change.row}); found != renumbered_.end();
+             found = renumbered_.find({change.table, change.row})) {
+            change.row = found->second;
+        }
+    }
+    return rows;
+}
+
+void DoneActs::Announce(Act kind, const std::vector<RowChange>& back) {
+    if (const RowChange* plan = PlanOf(back)) {
+        const bool whole = kind == Act::Generate || !plan->before || !plan->after;
+        if (!whole) return;
+        return session_.Announce([id = plan->row, rows = ItemsAdded(back)](HostEvents& host) {
+            host.PlanGenerated(id, rows);
+        });
+    }
+    for (const RowChange& change : back) {
+        const auto state = change.after ? (*change.after)[items::field::kState] : std::nullopt;
+        session_.Announce([id = change.row, kind, isNew = !change.before, gone = !change.after,
+                           state](HostEvents& host) {
+            if (gone)
+                host.ItemDeleted(id);
+            else if (kind == Act::Mark && state)
+                host.ItemDone(id, state->ToInt16());
+            else
+                host.ItemSaved(id, isNew);
+        });
+    }
+}
+
+void DoneActs::Record(Act kind, const std::vector<RowChange>& rows) {
+    if (rows.empty()) return;
+    try {
+        if (!KeepsHistory()) return;
+        changes::History history(session_.database);
+        history.Write(session_.machine.clock.Now(), session_.state.UserName, kind, rows);
+        ForgetOldRecords();
+    } catch (const RuntimeError& error) {
+        // The table may have been dropped while it was in use.
+        session_.database.ForgetTables();
+        if (error.Kind() == ErrorKind::NoTable) return;
+        session_.windows.ShowMessage(
+            session_.LoadText(ChangeText::NotRecorded, session_.Describe(error)),
+            forms::box::kExclamation);
+    }
+}
+
+void DoneActs::ForgetOldRecords() {
+    const DateTime today = session_.machine.clock.Today();
+    if (today == cleared_) return;
+    const int days = session_.GetNumber(resources::kHistoryDays);
+    if (days > 0) changes::History(session_.database).ForgetBefore(today.AddDays(-days));
+    cleared_ = today;
+}
+
+}  // namespace zv

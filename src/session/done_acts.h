@@ -1,0 +1,86 @@
+// What the user did to rows: put on record, and kept so that he can take it back.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/date_time.h"
+#include "changes/history.h"
+#include "changes/taking_back.h"
+#include "resources/change_texts.h"
+#include "store/connection_opener.h"
+
+namespace zv {
+
+class Session;
+
+/// An act that is stored.
+struct DoneAct {
+    changes::Act kind = changes::Act::Change;
+    resources::ChangeText notice = resources::ChangeText::Changed;
+    std::string title{};  ///< of what it was done to; empty: that of the first row
+    std::vector<changes::RowChange> rows{};
+    /// What lies beside the rows: taken back with them and done again with them. May be empty.
+    std::function<void()> back{};
+    std::function<void()> again{};
+};
+
+class DoneActs {
+ public:
+    /// The session must outlive this.
+    explicit DoneActs(Session& session) : session_(session) {}
+    DoneActs(const DoneActs&) = delete;
+    DoneActs& operator=(const DoneActs&) = delete;
+
+    /// The database keeps a history, so that what a row holds is read before it is changed. Opens
+    /// the connection; database errors reach the caller.
+    bool KeepsHistory();
+    /// A row before it is changed: as it is stored where there is a history, else as `shown` has
+    /// it.
+    std::optional<changes::Fields> RowBefore(const changes::Table& table, std::int32_t row,
+                                             std::optional<changes::Fields> shown = {});
+
+    /// Puts the act on record and keeps it. It is done whatever comes of that: a record that cannot
+    /// be written is said in a box.
+    void Done(DoneAct act);
+    /// Only puts it on record: what a host did is not the user's to take back.
+    void DoneForGood(const DoneAct& act) { Record(act.kind, act.rows); }
+
+    /// What is done meanwhile is taken back at once. `acts` answers to how many it was done; what
+    /// it throws reaches the caller.
+    void Together(const std::function<std::size_t()>& acts);
+
+    /// The newest that can be taken back is an act of the present user.
+    bool CanTakeBack() const;
+    bool CanDoAgain() const;
+
+ private:
+    bool AreOfPresent() const;
+    store::ConnectionSettings PresentStore() const;
+    void EndTogether(std::size_t count);
+    void Keep(DoneAct act, bool again);
+    bool GoBack(const DoneAct& act, bool again);
+    void Say(const DoneAct& act, const std::vector<changes::Obstacle>& obstacles) const;
+    std::string LineOf(const DoneAct& act, const changes::Obstacle& obstacle) const;
+    void NoteNumbers(const changes::TakenBack& back);
+    void Announce(changes::Act kind, const std::vector<changes::RowChange>& back);
+    void Record(changes::Act kind, const std::vector<changes::RowChange>& rows);
+    void ForgetOldRecords();
+    std::vector<changes::RowChange> Renumbered(std::vector<changes::RowChange> rows) const;
+    std::string NoticeOf(const DoneAct& act) const;
+
+    Session& session_;
+    std::string user_;                 ///< whose acts are kept
+    store::ConnectionSettings store_;  ///< to which they were done
+    std::optional<std::vector<DoneAct>> together_;
+    /// Rows that came back under another number, by table and former number.
+    std::map<std::pair<const changes::Table*, std::int32_t>, std::int32_t> renumbered_;
+    DateTime cleared_;  ///< the day on which old records were looked for last
+};
+
+}  // namespace zv
