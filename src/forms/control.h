@@ -33,6 +33,7 @@ inline constexpr int kMenu = 93;
 inline constexpr int kF1 = 112;
 inline constexpr int kF2 = 113;
 inline constexpr int kF5 = 116;
+inline constexpr int kF7 = 118;
 inline constexpr int kF10 = 121;
 inline constexpr int kA = 'A';
 inline constexpr int kC = 'C';

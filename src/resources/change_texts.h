@@ -11,6 +11,7 @@ enum class ChangeText {
     Marked,
     Generated,
     Answered,  ///< a reminder
+    Restored,
     Several,
     // What stands against it, a heading and lines; "{0}" is a title.
     CannotTakeBack,
@@ -20,7 +21,29 @@ enum class ChangeText {
     AndMore,      ///< "{0}" is how many
     OtherNumber,  ///< "{0}" is a title, "{1}" the number under which it came back
     NotRecorded,  ///< "{0}" is why the history could not be written
-    Last = NotRecorded,
+    // The window of the history.
+    HistoryCaption,
+    NoHistory,
+    Deletions,
+    AlreadyThere,
+    ColumnWhen,
+    ColumnWho,
+    ColumnAct,
+    ColumnField,
+    ColumnBefore,
+    ColumnAfter,
+    ButtonRestore,
+    ButtonClose,
+    KeptFor,  ///< how long, in the options
+    // What was done, in the order of changes::Act.
+    ActAdd,
+    ActChange,
+    ActDelete,
+    ActMark,
+    ActGenerate,
+    ActTakeBack,
+    ActRestore,
+    Last = ActRestore,
 };
 
 }  // namespace zv::resources

@@ -16,6 +16,7 @@ enum class KeyText {
     Print,
     TakeBack,
     DoAgain,
+    History,
     NodeMenu,
     NextPage,
     Leave,

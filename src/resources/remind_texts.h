@@ -36,7 +36,8 @@ enum class RemindText {
     TomorrowMorning,
     NextMonday,
     OwnTime,
-    Last = OwnTime,
+    Interval,  ///< of the looks, in the options
+    Last = Interval,
 };
 
 }  // namespace zv::resources

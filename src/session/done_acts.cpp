@@ -138,12 +138,12 @@ bool DoneActs::CanDoAgain() const {
     return session_.takeBack.AnyAgain() && AreOfPresent();
 }
 
-bool DoneActs::GoBack(const DoneAct& act, bool again) {
+std::optional<changes::TakenBack> DoneActs::TakeRowsBack(const DoneAct& act, Act record) {
     const std::vector<RowChange> rows = Renumbered(act.rows);
     const auto obstacles = changes::ObstaclesTo(session_.database, rows);
     if (!obstacles.empty()) {
         Say(act, obstacles);
-        return true;
+        return std::nullopt;
     }
     changes::TakenBack back;
     try {
@@ -151,18 +151,41 @@ bool DoneActs::GoBack(const DoneAct& act, bool again) {
         if (act.back) act.back();
     } catch (const RuntimeError&) {
         // It stays, and what is left of it can be taken back later.
-        Record(Act::TakeBack, back.rows);
+        Record(record, back.rows);
         throw;
     }
-    Record(Act::TakeBack, back.rows);
+    Record(record, back.rows);
     Announce(act.kind, back.rows);
+    return back;
+}
+
+bool DoneActs::GoBack(const DoneAct& act, bool again) {
+    const std::optional<changes::TakenBack> back = TakeRowsBack(act, Act::TakeBack);
+    if (!back) return true;
     DoneAct reversed = act;
-    reversed.rows = back.rows;
+    reversed.rows = back->rows;
     std::swap(reversed.back, reversed.again);
     Keep(std::move(reversed), !again);
-    ShowChangedRows(session_, back.rows);
-    NoteNumbers(back);
+    ShowChangedRows(session_, back->rows);
+    NoteNumbers(*back);
     return true;
+}
+
+void DoneActs::Restore(const std::vector<RowChange>& deleted) {
+    DoneAct act{.kind = Act::Restore, .notice = ChangeText::Restored, .rows = deleted};
+    const std::optional<changes::TakenBack> back = TakeRowsBack(act, Act::Restore);
+    if (!back) return;
+    if (back->rows.empty()) {
+        session_.windows.ShowMessage(session_.LoadText(ChangeText::AlreadyThere),
+                                     forms::box::kInformation);
+        return;
+    }
+    act.rows = back->rows;
+    if (act.rows.size() > 1) act.notice = ChangeText::Several;
+    act.title = act.rows.size() > 1 ? std::to_string(act.rows.size()) : TitleOf(act.rows.front());
+    Keep(std::move(act), false);
+    ShowChangedRows(session_, back->rows);
+    NoteNumbers(*back);
 }
 
 std::string DoneActs::LineOf(const DoneAct& act, const changes::Obstacle& obstacle) const {

@@ -55,6 +55,11 @@ class DoneActs {
     /// it throws reaches the caller.
     void Together(const std::function<std::size_t()>& acts);
 
+    /// Puts rows back that were deleted, in the order in which they are named, as an act of its
+    /// own; what stands against it, and that there is nothing to be done, is said in a box.
+    /// Database errors reach the caller.
+    void Restore(const std::vector<changes::RowChange>& deleted);
+
     /// The newest that can be taken back is an act of the present user.
     bool CanTakeBack() const;
     bool CanDoAgain() const;
@@ -65,6 +70,8 @@ class DoneActs {
     void EndTogether(std::size_t count);
     void Keep(DoneAct act, bool again);
     bool GoBack(const DoneAct& act, bool again);
+    /// What was done to the rows; nothing where something stands against it, which was said.
+    std::optional<changes::TakenBack> TakeRowsBack(const DoneAct& act, changes::Act record);
     void Say(const DoneAct& act, const std::vector<changes::Obstacle>& obstacles) const;
     std::string LineOf(const DoneAct& act, const changes::Obstacle& obstacle) const;
     void NoteNumbers(const changes::TakenBack& back);

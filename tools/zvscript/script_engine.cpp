@@ -121,8 +121,7 @@ class ServerEngine final : public ScriptEngine {
     }
 
     void AddSideTables(const std::string& path) override {
-        Run(*test_server::ConnectRaw(AddressOf(path)),
-            store::engines::Of("postgresql").sideTables);
+        Run(*test_server::ConnectRaw(AddressOf(path)), store::engines::Of("postgresql").sideTables);
     }
 
     std::unique_ptr<store::Connection> Open(const std::string& path) override {

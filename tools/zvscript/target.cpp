@@ -16,6 +16,7 @@ constexpr auto kWindows = std::to_array<std::string_view>({
     "frmTaskSet",
     "frmTaskDone",
     "frmList",
+    "frmHistory",
     "frmRemind",
     "frmAsk",
     "frmSeek",

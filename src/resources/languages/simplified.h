@@ -405,6 +405,7 @@ inline constexpr auto kKeys = InOrder<KeyText>({
     {KeyText::Print, "打印"},
     {KeyText::TakeBack, "撤销，或取回放下的输入"},
     {KeyText::DoAgain, "重做"},
+    {KeyText::History, "查看历史，恢复已删除的记录"},
     {KeyText::NodeMenu, "打开所选项目的菜单"},
     {KeyText::NextPage, "下一页"},
     {KeyText::Leave, "退出"},
@@ -467,6 +468,7 @@ inline constexpr auto kRemind = InOrder<RemindText>({
     {RemindText::TomorrowMorning, "明天 8:00"},
     {RemindText::NextMonday, "下星期一 8:00"},
     {RemindText::OwnTime, "自定时间"},
+    {RemindText::Interval, "提醒间隔"},
 });
 
 // What can be taken back, and what stands against it.
@@ -477,6 +479,7 @@ inline constexpr auto kChange = InOrder<ChangeText>({
     {ChangeText::Marked, "已更改 [{0}] 的状况，按 Ctrl+Z 撤销"},
     {ChangeText::Generated, "已生成 [{0}] 的任务，按 Ctrl+Z 撤销"},
     {ChangeText::Answered, "已处理 [{0}] 的提醒，按 Ctrl+Z 撤销"},
+    {ChangeText::Restored, "已恢复 [{0}]，按 Ctrl+Z 撤销"},
     {ChangeText::Several, "已处理 {0} 项，按 Ctrl+Z 撤销"},
     {ChangeText::CannotTakeBack, "不能撤销，没有更改任何内容："},
     {ChangeText::ChangedMeanwhile, "[{0}] 已被其他用户更改"},
@@ -485,6 +488,26 @@ inline constexpr auto kChange = InOrder<ChangeText>({
     {ChangeText::AndMore, "还有 {0} 项"},
     {ChangeText::OtherNumber, "[{0}] 已恢复，但数据库给了它新的编号 {1}。"},
     {ChangeText::NotRecorded, "操作已经完成，但没有记入历史：{0}"},
+    {ChangeText::HistoryCaption, "历史记录"},
+    {ChangeText::NoHistory, "数据库中没有历史表，没有可以显示的历史。"},
+    {ChangeText::Deletions, "已删除的记录"},
+    {ChangeText::AlreadyThere, "所选的记录已经存在，不需要恢复。"},
+    {ChangeText::ColumnWhen, "时间"},
+    {ChangeText::ColumnWho, "用户"},
+    {ChangeText::ColumnAct, "操作"},
+    {ChangeText::ColumnField, "字段"},
+    {ChangeText::ColumnBefore, "原值"},
+    {ChangeText::ColumnAfter, "新值"},
+    {ChangeText::ButtonRestore, "恢复"},
+    {ChangeText::ButtonClose, "关闭"},
+    {ChangeText::KeptFor, "历史保留"},
+    {ChangeText::ActAdd, "新增"},
+    {ChangeText::ActChange, "修改"},
+    {ChangeText::ActDelete, "删除"},
+    {ChangeText::ActMark, "更改状况"},
+    {ChangeText::ActGenerate, "生成"},
+    {ChangeText::ActTakeBack, "撤销"},
+    {ChangeText::ActRestore, "恢复"},
 });
 
 // Run-time errors by their number.

@@ -405,6 +405,7 @@ inline constexpr auto kKeys = InOrder<KeyText>({
     {KeyText::Print, "打印"},
     {KeyText::TakeBack, "復原，或取回放下的輸入"},
     {KeyText::DoAgain, "重做"},
+    {KeyText::History, "檢視歷史，還原已刪除的記錄"},
     {KeyText::NodeMenu, "打開所選項目的選單"},
     {KeyText::NextPage, "下一頁"},
     {KeyText::Leave, "退出"},
@@ -467,6 +468,7 @@ inline constexpr auto kRemind = InOrder<RemindText>({
     {RemindText::TomorrowMorning, "明天 8:00"},
     {RemindText::NextMonday, "下星期一 8:00"},
     {RemindText::OwnTime, "自訂時間"},
+    {RemindText::Interval, "提醒間隔"},
 });
 
 // What can be taken back, and what stands against it.
@@ -477,6 +479,7 @@ inline constexpr auto kChange = InOrder<ChangeText>({
     {ChangeText::Marked, "已變更 [{0}] 的狀況，按 Ctrl+Z 復原"},
     {ChangeText::Generated, "已產生 [{0}] 的任務，按 Ctrl+Z 復原"},
     {ChangeText::Answered, "已處理 [{0}] 的提醒，按 Ctrl+Z 復原"},
+    {ChangeText::Restored, "已還原 [{0}]，按 Ctrl+Z 復原"},
     {ChangeText::Several, "已處理 {0} 項，按 Ctrl+Z 復原"},
     {ChangeText::CannotTakeBack, "不能復原，沒有變更任何內容："},
     {ChangeText::ChangedMeanwhile, "[{0}] 已被其他使用者變更"},
@@ -485,6 +488,26 @@ inline constexpr auto kChange = InOrder<ChangeText>({
     {ChangeText::AndMore, "還有 {0} 項"},
     {ChangeText::OtherNumber, "[{0}] 已還原，但資料庫給了它新的編號 {1}。"},
     {ChangeText::NotRecorded, "操作已經完成，但沒有記入歷史：{0}"},
+    {ChangeText::HistoryCaption, "歷史記錄"},
+    {ChangeText::NoHistory, "資料庫中沒有歷史資料表，沒有可以顯示的歷史。"},
+    {ChangeText::Deletions, "已刪除的記錄"},
+    {ChangeText::AlreadyThere, "所選的記錄已經存在，不需要還原。"},
+    {ChangeText::ColumnWhen, "時間"},
+    {ChangeText::ColumnWho, "使用者"},
+    {ChangeText::ColumnAct, "操作"},
+    {ChangeText::ColumnField, "欄位"},
+    {ChangeText::ColumnBefore, "原值"},
+    {ChangeText::ColumnAfter, "新值"},
+    {ChangeText::ButtonRestore, "還原"},
+    {ChangeText::ButtonClose, "關閉"},
+    {ChangeText::KeptFor, "歷史保留"},
+    {ChangeText::ActAdd, "新增"},
+    {ChangeText::ActChange, "修改"},
+    {ChangeText::ActDelete, "刪除"},
+    {ChangeText::ActMark, "變更狀況"},
+    {ChangeText::ActGenerate, "產生"},
+    {ChangeText::ActTakeBack, "復原"},
+    {ChangeText::ActRestore, "還原"},
 });
 
 // Run-time errors by their number.

@@ -87,7 +87,8 @@ TEST_P(TakingBackTest, TheLastChangeIsTakenBackFirst) {
 TEST_P(TakingBackTest, SaysWhatStandsAgainstIt) {
     Insert(41, "theirs");
     Insert(43, "another");
-    const RowChange deletion{&items::ItemTable(), 43, Fields(items::kFields.size()), std::nullopt};
+    RowChange deletion = Retitled(43, "mine", "");
+    deletion.after.reset();
     EXPECT_EQ(KindsOfObstacles({Retitled(41, "old", "new"), Retitled(42, "old", "new"), deletion}),
               (std::vector{Kind::Changed, Kind::Gone, Kind::Taken}));
     const auto obstacles = ObstaclesTo(database_, {Retitled(41, "old", "new")});

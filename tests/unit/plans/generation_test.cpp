@@ -308,7 +308,7 @@ class AddTaskInstanceTest : public GenerateTaskListTest {
                 if (whileAsked) whileAsked();
                 return confirmed;
             });
-        if (result.added) added = result.added->row;
+        added = result.added ? std::optional(result.added->row) : std::nullopt;
         return result.outcome;
     }
 

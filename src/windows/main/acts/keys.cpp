@@ -1,7 +1,11 @@
 #include "windows/main/acts/keys.h"
 
 #include "forms/form.h"
+#include "items/item_row.h"
+#include "plans/plan_row.h"
 #include "session/key_list.h"
+#include "windows/history/frm_history.h"
+#include "windows/main/acts/rights.h"
 
 namespace zv::windows {
 namespace {
@@ -22,19 +26,23 @@ constexpr KeyChord kFind{'F', true};
 constexpr KeyChord kPrint{'P', true};
 constexpr KeyChord kTakeBack{'Z', true};
 constexpr KeyChord kDoAgain{'Y', true};
+constexpr KeyChord kHistory{key::kF7};
 constexpr KeyChord kThisList{key::kF1};
 
 }  // namespace
 
 Keys::Keys(forms::Form& form, Session& session, const MainModel& model, FilterPanel& filter,
-           CommandPanel& commands, Listing& listing, Completion& completion)
+           CommandPanel& commands, Listing& listing, Completion& completion,
+           const Selection& selection, const ItemView& view)
     : form_(form),
       session_(session),
       model_(model),
       filter_(filter),
       commands_(commands),
       listing_(listing),
-      completion_(completion) {
+      completion_(completion),
+      selection_(selection),
+      view_(view) {
     Wire();
     ShowInMenus();
 }
@@ -63,6 +71,7 @@ void Keys::Wire() {
     keys.Do(
         kDoAgain, [this] { session_.takeBack.DoAgain(); },
         [this] { return !model_.Editing() && session_.acts.CanDoAgain(); });
+    keys.Do(kHistory, [this] { ShowHistoryOfCurrent(); });
     keys.Do(kThisList, [this] { ShowList(); });
 }
 
@@ -70,6 +79,18 @@ bool Keys::CanTakeBack() const {
     // Who types means the field, but for input that gave way to what he is typing in.
     return session_.takeBack.NewestIsOf(&form_) ||
            (!model_.Editing() && session_.acts.CanTakeBack());
+}
+
+void Keys::ShowHistoryOfCurrent() {
+    frmHistory::Subject subject;
+    const ItemRef item = model_.Current();
+    if (item.number != 0 && model_.openedFor != EditMode::Adding) {
+        subject = {item.plan ? &plans::PlanTable() : &items::ItemTable(), item.number,
+                   view_.StoredTitle()};
+    }
+    constexpr auto kDeleteRight = static_cast<std::int16_t>(EditMode::Deleting);
+    ShowHistory(session_, std::move(subject),
+                [this] { return HasRightToItems(session_, model_, kDeleteRight); });
 }
 
 void Keys::ShowInMenus() {
@@ -113,6 +134,7 @@ void Keys::ShowList() {
                            {{kPrint}, KeyText::Print},
                            {{kTakeBack}, KeyText::TakeBack},
                            {{kDoAgain}, KeyText::DoAgain},
+                           {{kHistory}, KeyText::History},
                            {{{key::kMenu}, {key::kF10, false, true}}, KeyText::NodeMenu},
                            {{{key::kTab, true}}, KeyText::NextPage},
                            {{{key::kEscape}}, KeyText::Leave},

@@ -12,7 +12,8 @@ class Keys {
  public:
     /// All must outlive this.
     Keys(forms::Form& form, Session& session, const MainModel& model, FilterPanel& filter,
-         CommandPanel& commands, Listing& listing, Completion& completion);
+         CommandPanel& commands, Listing& listing, Completion& completion,
+         const Selection& selection, const ItemView& view);
 
     /// Tool tips in the control's language, with the keys of their buttons.
     void ShowToolTips();
@@ -23,6 +24,7 @@ class Keys {
     void Wire();
     void ShowInMenus();
     bool CanTakeBack() const;
+    void ShowHistoryOfCurrent();
 
     forms::Form& form_;
     Session& session_;
@@ -31,6 +33,8 @@ class Keys {
     CommandPanel& commands_;
     Listing& listing_;
     Completion& completion_;
+    const Selection& selection_;
+    const ItemView& view_;
 };
 
 }  // namespace zv::windows

@@ -47,6 +47,8 @@ OptionsPanel::OptionsPanel(forms::Form& form, forms::TabPage page, Session& sess
       chkTimeSet(form, "chkTimeSet", &fraAlert),
       txtTimeSet(form, "txtTimeSet", &fraAlert),
       lblTimeSet(form, "lblTimeSet", &fraAlert),
+      remindInterval(form, session, resources::kRemindInterval, "Remind", &fraAlert),
+      historyDays(form, session, resources::kHistoryDays, "History", &fraAlert),
       fraStaff(form, "fraStaff", &page.Content()),
       optJBR(form, "optJBR", &fraStaff, 2) {
     txtTimeSet.SetNumericKeyboard(true);
@@ -77,6 +79,10 @@ void OptionsPanel::Wire() {
 void OptionsPanel::SetCaptions() {
     lblTimeSet.SetCaption(session_.LoadText(DesignText::Minutes));
     txtTimeSet.SetAccessibleName(lblTimeSet.Caption());
+    remindInterval.SetCaptions(session_.LoadText(resources::RemindText::Interval),
+                               session_.LoadText(DesignText::Minutes));
+    historyDays.SetCaptions(session_.LoadText(resources::ChangeText::KeptFor),
+                            session_.LoadText(text_id::kDays));
     txtAccess.SetAccessibleName(session_.LoadText(text_id::kDesktopPath));
     fraData.SetCaption(session_.LoadText(DesignText::DatabaseGroup));
     fraAlert.SetCaption(session_.LoadText(DesignText::AlertGroup));
@@ -116,7 +122,7 @@ void OptionsPanel::Place(const forms::Rect& page) {
     cmdAccess.Move({kFramePadding + inner - browseWidth, row(1), browseWidth, m.Field()});
     optSQL.Move({kFramePadding, row(2), inner, m.Field()});
 
-    frame(fraAlert, 3);
+    frame(fraAlert, 5);
     chkStartup.Move({kFramePadding, row(0), inner, m.Field()});
     chkBirthDay.Move({kFramePadding, row(1), inner, m.Field()});
     const int intervalWidth = m.BoxWidth(chkTimeSet.Caption());
@@ -126,6 +132,9 @@ void OptionsPanel::Place(const forms::Rect& page) {
     x += m.Number() + kLabelGap;
     lblTimeSet.Move(
         {x, row(2) + m.LabelDrop(), m.Width(lblTimeSet.Caption()) + kLabelGap, m.Text()});
+
+    remindInterval.Place(m, kFramePadding, row(3));
+    historyDays.Place(m, kFramePadding, row(4));
 
     frame(fraStaff, 1);
     x = kFramePadding;
@@ -203,6 +212,8 @@ void OptionsPanel::LoadStartup() {
     chkBirthDay.SetValue(resources::SwitchOf(days));
     if (number::ToDouble(days) == 0) ports_.showDaysAhead(std::string(kDefaultDays));
 
+    remindInterval.Load();
+    historyDays.Load();
     const std::string minutes = setting("TimeSetting", "0");
     txtTimeSet.SetText(minutes);
     txtTimeSet.SetEnabled(false);

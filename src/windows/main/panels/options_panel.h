@@ -12,6 +12,7 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "session/session.h"
+#include "windows/main/panels/number_field.h"
 
 namespace zv::windows {
 
@@ -87,6 +88,8 @@ class OptionsPanel {
     forms::CheckBox chkTimeSet;
     forms::TextBox txtTimeSet;
     forms::Label lblTimeSet;
+    NumberField remindInterval;
+    NumberField historyDays;
     forms::Frame fraStaff;
     forms::ControlArray<forms::OptionButton> optJBR;
 
