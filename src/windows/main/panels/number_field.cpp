@@ -27,13 +27,15 @@ void NumberField::SetCaptions(const std::string& caption, const std::string& uni
     txtNumber.SetAccessibleName(caption);
 }
 
-void NumberField::Place(const forms::layout::Metrics& metrics, int left, int top) {
+int NumberField::Place(const forms::layout::Metrics& metrics, int left, int top) {
     const int name = metrics.LabelWidth({&lblName});
     lblName.Move({left, top + metrics.LabelDrop(), name, metrics.Text()});
     const int box = left + name;
     txtNumber.Move({box, top, metrics.Number(), metrics.Field()});
-    lblUnit.Move({box + metrics.Number() + forms::layout::kLabelGap, top + metrics.LabelDrop(),
-                  metrics.LabelWidth({&lblUnit}), metrics.Text()});
+    const int unit = box + metrics.Number() + forms::layout::kLabelGap;
+    const int width = metrics.LabelWidth({&lblUnit});
+    lblUnit.Move({unit, top + metrics.LabelDrop(), width, metrics.Text()});
+    return unit + width;
 }
 
 void NumberField::Load() {

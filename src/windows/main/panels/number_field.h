@@ -19,7 +19,8 @@ class NumberField {
                 const std::string& name, forms::Control* parent);
 
     void SetCaptions(const std::string& caption, const std::string& unit);
-    void Place(const forms::layout::Metrics& metrics, int left, int top);
+    /// Answers the right end.
+    int Place(const forms::layout::Metrics& metrics, int left, int top);
     /// Shows what is stored.
     void Load();
 

@@ -122,7 +122,7 @@ void OptionsPanel::Place(const forms::Rect& page) {
     cmdAccess.Move({kFramePadding + inner - browseWidth, row(1), browseWidth, m.Field()});
     optSQL.Move({kFramePadding, row(2), inner, m.Field()});
 
-    frame(fraAlert, 5);
+    frame(fraAlert, 4);
     chkStartup.Move({kFramePadding, row(0), inner, m.Field()});
     chkBirthDay.Move({kFramePadding, row(1), inner, m.Field()});
     const int intervalWidth = m.BoxWidth(chkTimeSet.Caption());
@@ -133,8 +133,8 @@ void OptionsPanel::Place(const forms::Rect& page) {
     lblTimeSet.Move(
         {x, row(2) + m.LabelDrop(), m.Width(lblTimeSet.Caption()) + kLabelGap, m.Text()});
 
-    remindInterval.Place(m, kFramePadding, row(3));
-    historyDays.Place(m, kFramePadding, row(4));
+    const int beside = remindInterval.Place(m, kFramePadding, row(3));
+    historyDays.Place(m, beside + kGroupGap, row(3));
 
     frame(fraStaff, 1);
     x = kFramePadding;
