@@ -72,7 +72,7 @@ Fields FieldsOf(const Table& table, std::string_view text) {
 }
 
 store::Value ValueOf(const store::Column& column, std::string_view text) {
-    const store::Value value(text);
+    store::Value value(text);
     if (column.kind == store::ColumnKind::Text) return value;
     try {
         if (column.kind == store::ColumnKind::Date) return value.ToDate();

@@ -55,8 +55,7 @@ frmTaskMain::frmTaskMain(forms::WindowSystem& windows, Session& owner)
       search(*this, owner, model, commands, labels, listing),
       printing(*this, owner, commands, birthdays, labels, view, listing),
       droppedInput(*this, owner, model, {SSTab1, tree, item, content, cards}, {view, selection}),
-      keys(*this, owner, model, filter, commands, listing, completion,
-           selection, view) {
+      keys(*this, owner, model, filter, commands, listing, completion, selection, view) {
     SetSizable(true);
     SetMinimumClientSize(kSmallestSize);
     SetClientSize(kStartSize);
