@@ -17,6 +17,7 @@ class StoredItemsTest : public store::WatchedDatabaseTest {
 
     void SetUp() override {
         WatchedDatabaseTest::SetUp();
+        if (IsSkipped()) return;
         database_.EnsureConnection();
     }
     /// As another program would.

@@ -83,10 +83,12 @@ std::string WindowFault(const forms::Form& form) {
 }
 
 // Acts that change rows without a question: the dialog of completion is one itself, a call of the
-// host asks nobody, and what is taken back or done again was asked about before.
+// host asks nobody, what is taken back or done again was asked about before, and what is restored
+// was chosen for it.
 bool NeedsNoQuestion(const std::string& line) {
     return line.starts_with("refresh ") || line.find("frmTaskDone") != std::string::npos ||
-           line.ends_with(" Ctrl+Z") || line.ends_with(" Ctrl+Y");
+           line.ends_with(" Ctrl+Z") || line.ends_with(" Ctrl+Y") ||
+           line.find("frmHistory.cmdRestore") != std::string::npos;
 }
 
 // What marks items in the window of reminders: it asks nobody about one, and about several always.
