@@ -42,15 +42,17 @@ Fields Known(const store::RowValues& values) {
     return {values.begin(), values.end()};
 }
 
+std::optional<Fields> Read(const store::Recordset& row, const Table& table) {
+    if (row.Eof()) return std::nullopt;
+    std::vector<std::string_view> names;
+    for (const store::Column& column : table.columns) names.push_back(column.name);
+    return Known(store::ReadRow(row, names));
+}
+
 std::optional<Fields> Load(store::Database& database, const Table& table, std::int32_t row) {
     database.EnsureConnection();
     const auto found = database.Open(std::string(table.select) + std::to_string(row));
-    std::optional<Fields> fields;
-    if (!found->Eof()) {
-        std::vector<std::string_view> names;
-        for (const store::Column& column : table.columns) names.push_back(column.name);
-        fields = Known(store::ReadRow(*found, names));
-    }
+    auto fields = Read(*found, table);
     found->Close();
     return fields;
 }

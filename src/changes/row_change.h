@@ -56,8 +56,10 @@ std::string TitleOf(const RowChange& change);
 /// All fields of a row as known ones.
 Fields Known(const store::RowValues& values);
 
-/// The row that the numbers of a table and of a row mean; null Fields when there is none. Opens the
-/// connection. Database errors reach the caller.
+/// The current row of the table; nothing behind the last one.
+std::optional<Fields> Read(const store::Recordset& row, const Table& table);
+/// The row of a number; nothing when there is none. Opens the connection. Database errors reach the
+/// caller.
 std::optional<Fields> Load(store::Database& database, const Table& table, std::int32_t row);
 
 }  // namespace zv::changes

@@ -72,29 +72,27 @@ std::int32_t PutBack(store::Database& database, const RowChange& change) {
     return Add(database, change, false);
 }
 
-bool Restore(store::Database& database, const RowChange& change) {
-    const auto row = OpenRow(database, *change.table, change.row);
-    if (row->Eof()) {
-        row->Close();
-        return false;
-    }
+void Restore(store::Recordset& row, const RowChange& change) {
     Fields fields(change.before->size());
     for (const std::size_t i : ChangedFields(change)) fields[i] = (*change.before)[i];
-    Write(*row, *change.table, fields);
-    row->Update();
-    row->Close();
-    return true;
+    Write(row, *change.table, fields);
+    row.Update();
 }
 
 void TakeBack(store::Database& database, const RowChange& change, TakenBack& done) {
+    const auto row = OpenRow(database, *change.table, change.row);
+    const auto stored = Read(*row, *change.table);
+    // Since the look somebody else may have come.
+    const bool leaves = ObstacleTo(change, stored) || IsAs(change.before, stored);
+    if (!leaves && change.before && change.after) Restore(*row, change);
+    row->Close();
+    if (leaves) return;
     RowChange back = Reversed(change);
     if (!change.before) {
         database.Execute(std::string(change.table->erase) + std::to_string(change.row));
     } else if (!change.after) {
         back.row = PutBack(database, change);
         if (back.row != change.row) done.renumbered.push_back({change, back.row});
-    } else if (!Restore(database, change)) {
-        return;
     }
     done.rows.push_back(std::move(back));
 }
@@ -114,9 +112,6 @@ std::vector<Obstacle> ObstaclesTo(store::Database& database,
 void TakeBack(store::Database& database, const std::vector<RowChange>& changes, TakenBack& done) {
     database.EnsureConnection();
     for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
-        // Between the look and the write somebody else may have come.
-        const auto stored = Load(database, *change->table, change->row);
-        if (ObstacleTo(*change, stored) || IsAs(change->before, stored)) continue;
         TakeBack(database, *change, done);
     }
 }

@@ -66,11 +66,15 @@ double PartBefore(const Plan& plan, DateTime date) {
 /// A row of tTaskList that is added.
 class NewItem {
  public:
-    explicit NewItem(Recordset& rows) : rows_(rows) { rows_.AddNew(); }
+    /// What is written is kept for Change where `keeps` says so.
+    NewItem(Recordset& rows, bool keeps) : rows_(rows) {
+        if (keeps) fields_.resize(kColumns.size());
+        rows_.AddNew();
+    }
 
     void Set(std::size_t field, store::Value value) {
         rows_.SetField(kColumns[field], value);
-        fields_[field] = std::move(value);
+        if (!fields_.empty()) fields_[field] = std::move(value);
     }
     void SetAlertWindow(DateTime date, int type, int width) {
         const AlertWindow window = AlertWindowOf(date, type, width);
@@ -87,7 +91,7 @@ class NewItem {
 
  private:
     Recordset& rows_;
-    changes::Fields fields_ = changes::Fields(kColumns.size());
+    changes::Fields fields_;
 };
 
 /// Answers how many were written.
@@ -98,7 +102,7 @@ int WriteItems(Database& database, const Recordset& planRow, const GenerationReq
     int rows = 0;
     for (; const auto date = occurrences.Next(); rows++) {
         if (request.progress) request.progress(rows, PartBefore(plan, *date));
-        NewItem item(*target);
+        NewItem item(*target, request.record != nullptr);
         item.Set(field::kNumber, plan.taskId);
         item.Set(field::kTitle, planRow.Field("taskTitle"));
         item.Set(field::kContent, planRow.Field("Content"));
@@ -165,7 +169,7 @@ InstanceResult AddConfirmed(Database& database, std::int16_t taskId, DateTime da
     std::optional<changes::RowChange> added;
     const std::unique_ptr<Recordset> rows = OpenUndone(database, id, date);
     if (rows->Eof()) {
-        NewItem item(*rows);
+        NewItem item(*rows, true);
         item.Set(field::kNumber, taskId);
         item.Set(field::kTitle, plan->title);
         item.Set(field::kState, Number(ItemState::NotDone));

@@ -15,6 +15,7 @@ enum class ChangeText {
     Several,
     // What stands against it, a heading and lines; "{0}" is a title.
     CannotTakeBack,
+    CannotRestore,
     ChangedMeanwhile,
     GoneMeanwhile,
     TakenMeanwhile,

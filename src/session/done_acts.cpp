@@ -105,7 +105,7 @@ void DoneActs::EndTogether(std::size_t count) {
 
 void DoneActs::Keep(DoneAct act, bool again) {
     if (!CanBeTakenBack(act) || !ChangesSomething(act)) return;
-    if (!AreOfPresent()) session_.takeBack.Forget(nullptr);
+    ForgetOthers();
     user_ = session_.state.UserName;
     store_ = PresentStore();
     std::string notice = NoticeOf(act);
@@ -114,6 +114,13 @@ void DoneActs::Keep(DoneAct act, bool again) {
         session_.takeBack.AddAgain(nullptr, std::move(notice), std::move(go));
     else
         session_.takeBack.Add(nullptr, std::move(notice), std::move(go));
+}
+
+void DoneActs::ForgetOthers() {
+    if (AreOfPresent()) return;
+    session_.takeBack.Forget(nullptr);
+    // Numbers mean something else there.
+    renumbered_.clear();
 }
 
 std::string DoneActs::NoticeOf(const DoneAct& act) const {
@@ -151,9 +158,11 @@ std::optional<changes::TakenBack> DoneActs::TakeRowsBack(const DoneAct& act, Act
         if (act.back) act.back();
     } catch (const RuntimeError&) {
         // It stays, and what is left of it can be taken back later.
+        KeepNumbers(back);
         Record(record, back.rows);
         throw;
     }
+    KeepNumbers(back);
     Record(record, back.rows);
     Announce(act.kind, back.rows);
     return back;
@@ -162,12 +171,9 @@ std::optional<changes::TakenBack> DoneActs::TakeRowsBack(const DoneAct& act, Act
 bool DoneActs::GoBack(const DoneAct& act, bool again) {
     const std::optional<changes::TakenBack> back = TakeRowsBack(act, Act::TakeBack);
     if (!back) return true;
-    DoneAct reversed = act;
-    reversed.rows = back->rows;
-    std::swap(reversed.back, reversed.again);
-    Keep(std::move(reversed), !again);
+    Keep({act.kind, act.notice, act.title, back->rows, act.again, act.back}, !again);
     ShowChangedRows(session_, back->rows);
-    NoteNumbers(*back);
+    SayNumbers(*back);
     return true;
 }
 
@@ -185,7 +191,7 @@ void DoneActs::Restore(const std::vector<RowChange>& deleted) {
     act.title = act.rows.size() > 1 ? std::to_string(act.rows.size()) : TitleOf(act.rows.front());
     Keep(std::move(act), false);
     ShowChangedRows(session_, back->rows);
-    NoteNumbers(*back);
+    SayNumbers(*back);
 }
 
 std::string DoneActs::LineOf(const DoneAct& act, const changes::Obstacle& obstacle) const {
@@ -207,7 +213,10 @@ std::string DoneActs::LineOf(const DoneAct& act, const changes::Obstacle& obstac
 }
 
 void DoneActs::Say(const DoneAct& act, const std::vector<changes::Obstacle>& obstacles) const {
-    std::string text = session_.LoadText(ChangeText::CannotTakeBack) + "\r\n";
+    const bool restores = act.kind == Act::Restore;
+    std::string text =
+        session_.LoadText(restores ? ChangeText::CannotRestore : ChangeText::CannotTakeBack) +
+        "\r\n";
     const std::size_t shown = std::min(obstacles.size(), kMostObstacles);
     for (std::size_t i = 0; i < shown; i++) text += "\r\n" + LineOf(act, obstacles[i]);
     if (obstacles.size() > shown) {
@@ -217,9 +226,14 @@ void DoneActs::Say(const DoneAct& act, const std::vector<changes::Obstacle>& obs
     session_.windows.ShowMessage(text, forms::box::kExclamation);
 }
 
-void DoneActs::NoteNumbers(const changes::TakenBack& back) {
+void DoneActs::KeepNumbers(const changes::TakenBack& back) {
     for (const auto& [change, number] : back.renumbered) {
         renumbered_[{change.table, change.row}] = number;
+    }
+}
+
+void DoneActs::SayNumbers(const changes::TakenBack& back) const {
+    for (const auto& [change, number] : back.renumbered) {
         session_.windows.ShowMessage(
             resources::LoadText(ChangeText::OtherNumber, session_.state.Language, TitleOf(change),
                                 std::to_string(number)),

@@ -60,6 +60,9 @@ class DoneActs {
     /// Database errors reach the caller.
     void Restore(const std::vector<changes::RowChange>& deleted);
 
+    /// What was done by another user, or to another store, cannot be taken back any more.
+    void ForgetOthers();
+
     /// The newest that can be taken back is an act of the present user.
     bool CanTakeBack() const;
     bool CanDoAgain() const;
@@ -74,7 +77,8 @@ class DoneActs {
     std::optional<changes::TakenBack> TakeRowsBack(const DoneAct& act, changes::Act record);
     void Say(const DoneAct& act, const std::vector<changes::Obstacle>& obstacles) const;
     std::string LineOf(const DoneAct& act, const changes::Obstacle& obstacle) const;
-    void NoteNumbers(const changes::TakenBack& back);
+    void KeepNumbers(const changes::TakenBack& back);
+    void SayNumbers(const changes::TakenBack& back) const;
     void Announce(changes::Act kind, const std::vector<changes::RowChange>& back);
     void Record(changes::Act kind, const std::vector<changes::RowChange>& rows);
     void ForgetOldRecords();

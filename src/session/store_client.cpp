@@ -33,10 +33,11 @@ bool EditUnderWay(const Session& session) {
     });
 }
 
-void ShowNewStore(const Session& session) {
+void ShowNewStore(Session& session) {
     for (forms::Form* form : session.windows.Windows()) {
         if (StoreClient* client = ClientOf(form)) client->ForgetStore();
     }
+    session.acts.ForgetOthers();
     ForEachLoaded(session, [](StoreClient& client) { client.ShowStore(); });
 }
 

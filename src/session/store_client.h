@@ -28,7 +28,7 @@ class StoreClient {
 bool EditUnderWay(const Session& session);
 /// Fills the windows from the store that was opened. Everything of the former store is taken away
 /// first: whatever fails, nothing of it may stay. Database errors reach the caller.
-void ShowNewStore(const Session& session);
+void ShowNewStore(Session& session);
 void ShowChangedRows(const Session& session, const std::vector<changes::RowChange>& rows);
 
 }  // namespace zv

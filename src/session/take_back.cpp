@@ -51,9 +51,9 @@ void TakeBack::Run(Entries& entries) {
 
 void TakeBack::Forget(const void* owner) {
     const auto isOf = [owner](const Entry& entry) { return entry.owner == owner; };
-    std::erase_if(back_, isOf);
     std::erase_if(again_, isOf);
-    Report();
+    // Windows call this while they go.
+    if (std::erase_if(back_, isOf) > 0) Report();
 }
 
 void TakeBack::Report() const {

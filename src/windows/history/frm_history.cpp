@@ -1,6 +1,7 @@
 #include "windows/history/frm_history.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "base/number.h"
@@ -23,12 +24,12 @@ using resources::KeyText;
 constexpr forms::Size kStartSize{720, 420};
 constexpr forms::Size kSmallestSize{520, 260};
 constexpr std::size_t kMostDeletions = 1000;
+/// Hidden: the place of a deletion, by which it is found when the user has sorted the rows.
+constexpr int kPlaceColumn = 5;
+
 std::string ShownTime(DateTime when) {
     return when.IsoDate() + " " + when.HourAndMinute();
 }
-
-/// Hidden: the place of a deletion, by which it is found when the user has sorted the rows.
-constexpr int kPlaceColumn = 5;
 
 }  // namespace
 
@@ -142,10 +143,12 @@ void frmHistory::FillWithDeletions() {
                            {text(text_id::kTitle), 300},
                            {"", 0, false}});
     std::vector<Texts> rows;
+    std::set<std::pair<const changes::Table*, std::int32_t>> listed;
     for (const changes::Record& record :
          changes::History(session_.database).Deletions(kMostDeletions)) {
         changes::RowChange deleted = Deleted(record);
-        if (!deleted.table) continue;
+        // What was deleted more than once comes back as it was the last time.
+        if (!deleted.table || !listed.emplace(deleted.table, deleted.row).second) continue;
         rows.push_back({ShownTime(record.when), record.who, KindOf(deleted, language),
                         TitleOf(deleted), std::to_string(deleted_.size())});
         deleted_.push_back(std::move(deleted));
@@ -174,7 +177,7 @@ void frmHistory::cmdRestore_Click() {
             static_cast<std::size_t>(number::ToInt32(grdHistory.Cell(row, kPlaceColumn)));
         wanted.push_back(deleted_.at(place));
     }
-    if (wanted.empty() || !mayRestore_()) return;
+    if (wanted.empty() || !mayRestore_() || !IsLoaded()) return;
     session_.acts.Restore(wanted);
     if (IsLoaded()) Fill();
 }

@@ -39,6 +39,9 @@ const changes::Table* TableCalled(std::string_view name) {
 }
 
 std::string ActName(std::int32_t act, std::int16_t language) {
+    static_assert(static_cast<int>(ChangeText::ActRestore) - static_cast<int>(ChangeText::ActAdd) ==
+                      static_cast<int>(changes::kLastAct) - 1,
+                  "each act has its name");
     if (act < 1 || act > static_cast<std::int32_t>(changes::kLastAct)) return std::to_string(act);
     const auto first = static_cast<std::int32_t>(ChangeText::ActAdd);
     return resources::LoadText(static_cast<ChangeText>(first + act - 1), language);

@@ -44,6 +44,7 @@ void frmTaskMain::LoadControls() {
     SSTab1.SetTab(kItemTab);
     options.LoadStartup();
     session.database.EnsureConnection();
+    session.acts.ForgetOthers();
     tree.LoadLists();
     item.LoadLists();
     filter.LoadLists();

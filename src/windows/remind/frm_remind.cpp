@@ -182,7 +182,10 @@ reminders::Look frmRemind::LookNow() {
     const ControlState& state = session_.state;
     const DateTime now = session_.machine.clock.Now();
     // Another user has been shown nothing yet.
-    if (circumstances_.user != state.UserName) ForgetStore();
+    if (circumstances_.user != state.UserName) {
+        ForgetStore();
+        session_.acts.ForgetOthers();
+    }
     circumstances_ = {.user = state.UserName,
                       .whose = WhoseOf(session_),
                       .now = now,

@@ -192,11 +192,12 @@ void frmRemind::Answer(const reminders::Due& due, std::optional<DateTime> until,
     const auto before = AnswerTo(answers_, answer.key);
     memory.Keep(user, answer);
     Announce(due, act);
-    const auto keep = [this, user](const reminders::Answer& kept) {
-        reminders::StoreMemory(session_.database, session_.settings).Keep(user, kept);
+    // Taken back when the window may be gone.
+    const auto keep = [&session = session_, user](const reminders::Answer& kept) {
+        reminders::StoreMemory(session.database, session.settings).Keep(user, kept);
     };
-    const auto forget = [this, user, key = answer.key] {
-        reminders::StoreMemory(session_.database, session_.settings).Forget(user, key);
+    const auto forget = [&session = session_, user, key = answer.key] {
+        reminders::StoreMemory(session.database, session.settings).Forget(user, key);
     };
     DoneAct done{.kind = changes::Act::Change,
                  .notice = resources::ChangeText::Answered,

@@ -22,16 +22,6 @@ class HistoryTest : public StoredItemsTest {
         }
         return texts;
     }
-    template <class Call>
-    static ErrorKind KindOf(Call&& call) {
-        try {
-            call();
-        } catch (const RuntimeError& error) {
-            return error.Kind();
-        }
-        ADD_FAILURE() << "no error";
-        return {};
-    }
 
     History history_{database_};
 };

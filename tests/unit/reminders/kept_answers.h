@@ -26,16 +26,6 @@ class KeptAnswersTest : public store::WatchedDatabaseTest {
                   [](const Answer& a, const Answer& b) { return a.key < b.key; });
         return answers;
     }
-    template <class Act>
-    static ErrorKind KindOf(Act&& act) {
-        try {
-            act();
-        } catch (const RuntimeError& error) {
-            return error.Kind();
-        }
-        ADD_FAILURE() << "no error";
-        return {};
-    }
 };
 
 }  // namespace zv::reminders

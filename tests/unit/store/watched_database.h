@@ -25,6 +25,17 @@ class WatchedDatabaseTest : public EngineTest {
         };
     }
 
+    template <class Act>
+    static ErrorKind KindOf(Act&& act) {
+        try {
+            act();
+        } catch (const RuntimeError& error) {
+            return error.Kind();
+        }
+        ADD_FAILURE() << "no error";
+        return {};
+    }
+
     doubles::RecordingOpener opener_;
     doubles::RecordedStatements log_;
     Database database_{opener_, [] { return ConnectionSettings{}; }, &log_};
