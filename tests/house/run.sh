@@ -214,6 +214,13 @@ check "only the folders of the engines distinguish engines" \
 check "no source file is longer than 600 lines" \
     "$(sources src host tools tests bench | xargs env LC_ALL=C wc -l | awk '$2 != "total" && $1 > 600')"
 
+# On a machine that has much else to do, a server's answer takes longer than a user would wait.
+# Time limits are tested by tests that set their own.
+check "tests wait for a server patiently" \
+    "$(sources tests tools bench | xargs grep -lE '\bOpenOdbc\(' |
+        grep -vE '^(tools/zvdb|bench)/|^tests/doubles/engine_opener.h$' |
+        xargs grep -LE '\bPatient\(|connectLimit =')"
+
 # Rows of these tables have verbs, which know their columns. "insert ... select" has none.
 check "scenarios bring rows in by their verbs" \
     "$(git ls-files -co --exclude-standard -- 'tests/scenarios/*.zvs' |

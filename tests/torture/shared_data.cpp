@@ -3,6 +3,7 @@
 #include "store/odbc/connection_string.h"
 #include "store/odbc/odbc_connection.h"
 #include "store/sqlite/sqlite_connection.h"
+#include "test_server/scratch_schema.h"
 
 namespace zv::torture {
 
@@ -15,7 +16,7 @@ std::unique_ptr<store::Connection> Target::Open() const {
     store::ConnectionSettings settings;
     settings.kind = 1;
     settings.dataPath = address;
-    return store::odbc::OpenOdbc(store::odbc::OptionsFor(settings));
+    return store::odbc::OpenOdbc(test_server::Patient(store::odbc::OptionsFor(settings)));
 }
 
 std::string SharedTitle(int number) {

@@ -9,7 +9,6 @@
 #include "base/errors.h"
 #include "store/engines/engines.h"
 #include "store/odbc/connection_string.h"
-#include "store/odbc/odbc_connection.h"
 
 namespace zv::test_server {
 namespace {
@@ -31,8 +30,14 @@ std::string AddressWithin(const std::string& address, const std::string& schema)
     return address + ";ConnSettings={set search_path to " + schema + ",public}";
 }
 
+store::odbc::OdbcOptions Patient(store::odbc::OdbcOptions options) {
+    options.connectLimit = kPatience;
+    options.statementLimit = kPatience;
+    return options;
+}
+
 std::unique_ptr<store::Connection> ConnectRaw(const std::string& address) {
-    store::odbc::OdbcOptions options = store::odbc::OptionsFor(address);
+    store::odbc::OdbcOptions options = Patient(store::odbc::OptionsFor(address));
     options.translate = false;
     auto connection = store::odbc::OpenOdbc(options);
     connection->Execute("set client_min_messages=warning");

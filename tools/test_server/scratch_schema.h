@@ -1,11 +1,13 @@
 // A place of its own on a PostgreSQL server for a test or a scenario.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "store/connection.h"
+#include "store/odbc/odbc_connection.h"
 
 namespace zv::test_server {
 
@@ -15,6 +17,13 @@ std::string Address();
 
 /// The connection string for a schema of the server at `address`.
 std::string AddressWithin(const std::string& address, const std::string& schema);
+
+/// How long a test waits for a server. Time limits have tests of their own; elsewhere a machine
+/// that has much else to do is no reason to give a connection or a statement up.
+inline constexpr std::chrono::minutes kPatience{10};
+
+/// The same with time limits of kPatience.
+store::odbc::OdbcOptions Patient(store::odbc::OdbcOptions options);
 
 /// Connects with statements in the server's own language. Throws RuntimeError.
 std::unique_ptr<store::Connection> ConnectRaw(const std::string& address);

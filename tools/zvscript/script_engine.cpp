@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 #include <vector>
 
 #include "base/errors.h"
@@ -21,19 +22,14 @@
 namespace zv::script {
 namespace {
 
-// A scenario never waits on the real clock: a machine that has much else to do is no reason to give
-// a statement up.
-constexpr std::chrono::minutes kPatience{10};
-
+// A scenario never waits on the real clock.
 store::SqliteOptions Patient(store::SqliteOptions options) {
-    options.statementLimit = kPatience;
+    options.statementLimit = test_server::kPatience;
     return options;
 }
 
 std::unique_ptr<store::Connection> OpenPatiently(store::odbc::OdbcOptions options) {
-    options.connectLimit = kPatience;
-    options.statementLimit = kPatience;
-    return store::odbc::OpenOdbc(options);
+    return store::odbc::OpenOdbc(test_server::Patient(std::move(options)));
 }
 
 void Run(store::Connection& connection, std::string_view script) {

@@ -11,6 +11,7 @@
 #include "store/odbc/installed_drivers.h"
 #include "store/odbc/odbc_api.h"
 #include "store/odbc/odbc_connection.h"
+#include "test_server/scratch_schema.h"
 
 namespace zv::ring {
 namespace {
@@ -83,7 +84,7 @@ FlowOptions OdbcFaults::Options() const {
     if (server_) {
         options.store = server_;
         options.open = [address = server_->Address()](const std::string&) {
-            return store::odbc::OpenOdbc(store::odbc::OptionsFor(address));
+            return store::odbc::OpenOdbc(test_server::Patient(store::odbc::OptionsFor(address)));
         };
         return options;
     }
@@ -91,8 +92,8 @@ FlowOptions OdbcFaults::Options() const {
     // process is not safe.
     options.rollBack = true;
     options.open = [](const std::string& path) {
-        return store::odbc::OpenOdbc(
-            store::odbc::OptionsFor("Driver={" + Driver() + "};Database=" + path));
+        return store::odbc::OpenOdbc(test_server::Patient(
+            store::odbc::OptionsFor("Driver={" + Driver() + "};Database=" + path)));
     };
     return options;
 }

@@ -104,7 +104,8 @@ class SqliteOdbcDatabase final : public OdbcDatabase {
 
  private:
     odbc::OdbcOptions Options() const override {
-        return odbc::OptionsFor("Driver={" + SqliteDriver() + "};Database=" + DriverPath(path_));
+        return test_server::Patient(
+            odbc::OptionsFor("Driver={" + SqliteDriver() + "};Database=" + DriverPath(path_)));
     }
 
     TemporaryFolder folder_;
@@ -124,7 +125,9 @@ class PostgreSqlDatabase final : public OdbcDatabase {
     }
 
  private:
-    odbc::OdbcOptions Options() const override { return odbc::OptionsFor(schema_.Address()); }
+    odbc::OdbcOptions Options() const override {
+        return test_server::Patient(odbc::OptionsFor(schema_.Address()));
+    }
 
     test_server::ScratchSchema schema_{test_server::Address(), "zv_test"};
 };
