@@ -7,10 +7,11 @@
 
 namespace zv::bench {
 
-/// A file of its own that goes away again, with its log.
+/// A file of its own that goes away again, with its log; several of one file differ by `name`.
 class Copy {
  public:
-    explicit Copy(const std::string& path) : path_(path + ".written") {
+    explicit Copy(const std::string& path, const std::string& name = "written")
+        : path_(path + "." + name) {
         Remove();
         std::filesystem::copy_file(path, path_);
     }

@@ -3,16 +3,12 @@
 //
 // The floors are the same statements on the bare engine. What writes, writes to a copy of the
 // database; ours and the floor both wait for the disk then.
-#include <cstdlib>
 #include <cstring>
 
-#include "bench_application.h"
 #include "copies.h"
-#include "doubles/agreeing_dialogs.h"
+#include "desk.h"
 #include "floors/bare_tree.h"
 #include "floors/list_fill.h"
-#include "floors/raw_query.h"
-#include "forms/headless/headless_backend.h"
 #include "measure.h"
 #include "program.h"
 
@@ -22,39 +18,6 @@ using namespace zv::bench;
 namespace windows = zv::windows;
 
 constexpr int kTurns = 50;  ///< acts in one run
-
-/// A manager whose tree holds every item of a database.
-struct Desk {
-    explicit Desk(const std::string& path)
-        : backend(dialogs), application(backend, path), window(application.Manager()), raw(path) {
-        window.filter.DTPicker0.SetValue(std::nullopt);
-        window.filter.DTPicker1.SetValue(std::nullopt);
-        window.listing.chkEvent_Click();
-    }
-    int Number(const std::string& sql) {
-        int number = 0;
-        raw.Read(sql, [&](const char* const* row) { number = std::atoi(row[0]); });
-        return number;
-    }
-    /// The numbers of plain tasks, in an order that jumps about the tree.
-    std::vector<int> Tasks() {
-        std::vector<int> tasks;
-        raw.Read("select fID from tTaskList where fType=0 order by (fID*7919)%100003",
-                 [&](const char* const* row) { tasks.push_back(std::atoi(row[0])); });
-        return tasks;
-    }
-    void Click(int item) {
-        const int node = window.tree.tvwTask.Find("Z" + std::to_string(item));
-        window.tree.tvwTask.Select(node);
-        window.selection.tvwTask_NodeClick(node);
-    }
-
-    zv::doubles::AgreeingDialogs dialogs;
-    zv::forms::headless::HeadlessBackend backend;
-    BenchApplication application;
-    windows::frmTaskMain& window;
-    RawDatabase raw;
-};
 
 std::string RowStatement(int item) {
     return "select * from tTaskList where fID=" + std::to_string(item);

@@ -4,7 +4,8 @@ source tools/setup/wine.sh
 # There the clock of the process only counts the time that passes, and coarsely.
 unset ZV_BENCH_CPU
 
-build windows-x64-release zvbench_window zvbench_query zvbench_editor zvbench_start zvbench_floor_start zv_Task
+build windows-x64-release zvbench_window zvbench_query zvbench_editor zvbench_start zvbench_remind_window \
+    zvbench_floor_start zvbench_floor_idle zv_Task zvAlert zvdb zv_Host
 win=build/windows-x64-release/bin
 wine_prepare >&2
 # A display and a Wine server of this run's own, started on the processor that everything is held
@@ -48,6 +49,9 @@ for items in 10000 100000; do
         "$runs" | tr -d '\r' >>"$results"
 done
 
+ZV_WINE_TIMEOUT=600 wine_run "$win/zvbench_remind_window.exe" "$(winepath_of "$data/alert_10000_1000.db")" \
+    "$runs" | tr -d '\r' >>"$results"
+
 # Alternating starts; the first of each only warms up.
 : >"$ours"
 : >"$floor"
@@ -66,3 +70,5 @@ row "plan editor, open to ready" "$ours" "$floor" ms 0 0 "$runs"
 
 row "size of the control, x64" "$(stat -c %s "$win/zv_Task.ocx" | awk '{ printf "%.3f", $1 / 1048576 }')" \
     0 MB 0 4 1
+
+source bench/alerter.sh

@@ -37,6 +37,8 @@ class RawDatabase {
 
 /// The list of all items in the order of the task manager.
 std::string ListStatement();
+/// What the lists of items read: columns of ListStatement and the two below.
+inline constexpr int kItemColumns = 6;
 /// The undone items whose window covers `day` ("YYYY-MM-DD 00:00:00").
 std::string AlertStatement(const std::string& day);
 /// The same for a table whose widest window is known: the start is bounded on both sides.

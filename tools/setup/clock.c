@@ -1,9 +1,18 @@
 /* Loaded in front of the C library into a program of Wine: the clock of the day is ZV_CLOCK seconds
-   ahead, or behind when that is negative. The clock that counts what passes is left alone.
+   ahead, or behind when that is negative.
+
+   The clock that counts what passes is left alone, unless ZV_CLOCK_START names a file: from the second
+   of the system's clock that this file holds, as soon as there is one, all clocks run ZV_CLOCK_RATE
+   times as fast, and who waits for something waits so much shorter. For that the Wine server needs
+   this library too.
 
    It takes no header of the C library, so that it is built for 32 bits without one. */
 extern char* getenv(const char* name);
 extern long long atoll(const char* text);
+extern int open(const char* path, int flags, ...);
+extern long read(int file, void* bytes, unsigned long count);
+extern int close(int file);
+extern int* __errno_location(void);
 
 struct seconds_and_nanoseconds {
     long long seconds;
@@ -13,21 +22,67 @@ struct seconds_and_microseconds {
     long long seconds, microseconds;
 };
 
-enum { REALTIME = 0, REALTIME_COARSE = 5 };
+enum { REALTIME = 0, PROCESSOR = 2, PROCESSOR_OF_THREAD = 3, REALTIME_COARSE = 5 };
+#define SECOND 1000000000LL
 
-static long ask_system(long clock, struct seconds_and_nanoseconds* time) {
+#ifdef __x86_64__
+enum { CLOCK_GETTIME = 228, POLL = 7, EPOLL_WAIT = 232 };
+#else
+enum { CLOCK_GETTIME = 403, POLL = 168, EPOLL_WAIT = 256 };
+#endif
+
+static long ask(long call, long a, long b, long c, long d) {
     long result;
 #ifdef __x86_64__
-    __asm__ volatile("syscall" : "=a"(result) : "a"(228L), "D"(clock), "S"(time) : "rcx", "r11", "memory");
+    register long fourth __asm__("r10") = d;
+    __asm__ volatile("syscall"
+                     : "=a"(result)
+                     : "a"(call), "D"(a), "S"(b), "d"(c), "r"(fourth)
+                     : "rcx", "r11", "memory");
 #else
-    __asm__ volatile("int $0x80" : "=a"(result) : "a"(403L), "b"(clock), "c"(time) : "memory");
+    __asm__ volatile("int $0x80" : "=a"(result) : "a"(call), "b"(a), "c"(b), "d"(c), "S"(d) : "memory");
 #endif
     return result;
 }
 
-static long long offset(void) {
-    const char* text = getenv("ZV_CLOCK");
+static long long number(const char* name) {
+    const char* text = getenv(name);
     return text ? atoll(text) : 0;
+}
+
+/* The second from which all runs faster; 0 while there is none. */
+static long long start(void) {
+    static long long known;
+    const char* path = known ? 0 : getenv("ZV_CLOCK_START");
+    char text[24];
+    long length;
+    int file;
+    if (!path) return known;
+    file = open(path, 0);
+    if (file < 0) return 0;
+    length = read(file, text, sizeof text - 1);
+    close(file);
+    text[length > 0 ? length : 0] = 0;
+    return known = atoll(text);
+}
+
+/* By how many nanoseconds clocks that run faster are ahead. */
+static long long ahead(void) {
+    struct seconds_and_nanoseconds now = {0, 0, 0};
+    const long long from = start();
+    if (!from) return 0;
+    ask(CLOCK_GETTIME, REALTIME, (long)&now, 0, 0);
+    return now.seconds < from ? 0 : ((now.seconds - from) * SECOND + now.nanoseconds) * (number("ZV_CLOCK_RATE") - 1);
+}
+
+static long tell(long clock, struct seconds_and_nanoseconds* time) {
+    const long result = ask(CLOCK_GETTIME, clock, (long)time, 0, 0);
+    if (result < 0 || clock == PROCESSOR || clock == PROCESSOR_OF_THREAD) return result;
+    const long long more = ahead(), nanoseconds = time->nanoseconds + more % SECOND;
+    time->seconds += more / SECOND + nanoseconds / SECOND;
+    time->nanoseconds = (int)(nanoseconds % SECOND);
+    if (clock == REALTIME || clock == REALTIME_COARSE) time->seconds += number("ZV_CLOCK");
+    return result;
 }
 
 /* Wine's 32-bit libraries ask for the times of 64 bits by other names. */
@@ -38,24 +93,41 @@ static long long offset(void) {
 #endif
 
 int NAME(__clock_gettime64, clock_gettime)(int clock, struct seconds_and_nanoseconds* time) {
-    if (ask_system(clock, time) < 0) return -1;
-    if (clock == REALTIME || clock == REALTIME_COARSE) time->seconds += offset();
-    return 0;
+    return tell(clock, time) < 0 ? -1 : 0;
 }
 
 int NAME(__gettimeofday64, gettimeofday)(struct seconds_and_microseconds* time, void* zone) {
     struct seconds_and_nanoseconds now = {0, 0, 0};
     (void)zone;
-    if (ask_system(REALTIME, &now) < 0) return -1;
-    time->seconds = now.seconds + offset();
+    if (tell(REALTIME, &now) < 0) return -1;
+    time->seconds = now.seconds;
     time->microseconds = now.nanoseconds / 1000;
     return 0;
 }
 
 long long NAME(__time64, time)(long long* kept) {
     struct seconds_and_nanoseconds now = {0, 0, 0};
-    ask_system(REALTIME, &now);
-    now.seconds += offset();
+    tell(REALTIME, &now);
     if (kept) *kept = now.seconds;
     return now.seconds;
+}
+
+/* A wait is never made shorter than a millisecond: at its end some clock may not be there yet. */
+static int shortened(int milliseconds) {
+    const int rate = start() ? (int)number("ZV_CLOCK_RATE") : 1;
+    return milliseconds <= 0 ? milliseconds : (milliseconds + rate - 1) / rate;
+}
+
+static int answer(long result) {
+    if (result >= 0) return (int)result;
+    *__errno_location() = (int)-result;
+    return -1;
+}
+
+int poll(void* files, unsigned long count, int milliseconds) {
+    return answer(ask(POLL, (long)files, (long)count, shortened(milliseconds), 0));
+}
+
+int epoll_wait(int set, void* events, int most, int milliseconds) {
+    return answer(ask(EPOLL_WAIT, set, (long)events, most, shortened(milliseconds)));
 }

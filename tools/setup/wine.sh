@@ -7,7 +7,9 @@
 #   wine_start            a display when there is none, and a Wine server that stays
 #   wine_run PROGRAM ...  runs a Windows program under a time limit
 #   wine_output PROGRAM ...  the same, and prints what it says with the line ends of this system
-#   wine_clock TIME       prints the words that, in front of a program, set the clock of its day
+#   wine_clock TIME [START RATE]  prints the words that, in front of a program, set the clock of its
+#                         day, and make all its clocks RATE times as fast from the second that the
+#                         file START holds as soon as it is there (clock.c)
 #   wine_register FILE    registers a control or a component
 #   wine_stop             ends what wine_start started, of both widths
 #
@@ -131,7 +133,6 @@ wine_output() {
     return "$status"
 }
 
-# Only the clock of the day is set, not the one that counts what passes.
 wine_clock() {
     local library=$ZV_ROOT/build/wine/clock$ZV_WIDTH.so source=$ZV_ROOT/tools/setup/clock.c
     if [ ! "$library" -nt "$source" ]; then
@@ -139,6 +140,7 @@ wine_clock() {
             -ffreestanding -o "$library.new" "$source" && mv "$library.new" "$library" || return
     fi
     printf '%s\n' env "LD_PRELOAD=$library" "ZV_CLOCK=$(($(date -d "$1" +%s) - $(date +%s)))"
+    [ -z "${2:-}" ] || printf '%s\n' "ZV_CLOCK_START=$2" "ZV_CLOCK_RATE=$3"
 }
 
 wine_register() { timeout 60 "$ZV_WINE" regsvr32 /s "$(winepath_of "$1")"; }
