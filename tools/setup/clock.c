@@ -66,21 +66,26 @@ static long long start(void) {
     return known = atoll(text);
 }
 
-/* By how many nanoseconds clocks that run faster are ahead. */
-static long long ahead(void) {
+/* Adds what clocks that run faster are ahead. A division of 64 bits would need a library that this
+   system has not got for 32 bits. */
+static void run_ahead(struct seconds_and_nanoseconds* time) {
     struct seconds_and_nanoseconds now = {0, 0, 0};
-    const long long from = start();
-    if (!from) return 0;
+    const long long from = start(), faster = number("ZV_CLOCK_RATE") - 1;
+    long long nanoseconds;
+    if (!from) return;
     ask(CLOCK_GETTIME, REALTIME, (long)&now, 0, 0);
-    return now.seconds < from ? 0 : ((now.seconds - from) * SECOND + now.nanoseconds) * (number("ZV_CLOCK_RATE") - 1);
+    if (now.seconds < from) return;
+    time->seconds += (now.seconds - from) * faster;
+    for (nanoseconds = time->nanoseconds + now.nanoseconds * faster; nanoseconds >= SECOND; nanoseconds -= SECOND) {
+        time->seconds++;
+    }
+    time->nanoseconds = (int)nanoseconds;
 }
 
 static long tell(long clock, struct seconds_and_nanoseconds* time) {
     const long result = ask(CLOCK_GETTIME, clock, (long)time, 0, 0);
     if (result < 0 || clock == PROCESSOR || clock == PROCESSOR_OF_THREAD) return result;
-    const long long more = ahead(), nanoseconds = time->nanoseconds + more % SECOND;
-    time->seconds += more / SECOND + nanoseconds / SECOND;
-    time->nanoseconds = (int)(nanoseconds % SECOND);
+    run_ahead(time);
     if (clock == REALTIME || clock == REALTIME_COARSE) time->seconds += number("ZV_CLOCK");
     return result;
 }
