@@ -152,7 +152,8 @@ void frmRemind::StartAgain() {
 
 void frmRemind::SetColumns() {
     const auto text = [this](auto id) { return session_.LoadText(id); };
-    grdDue.SetColumns({{text(text_id::kTitle), 220},
+    // Together they leave room for the bar that scrolls the rows.
+    grdDue.SetColumns({{text(text_id::kTitle), 200},
                        {text(DesignText::Kind), 80},
                        {text(DesignText::Company), 120},
                        {text(RemindText::ColumnDue), 96},
