@@ -76,13 +76,22 @@ fast_go
 
 rows() { # none while the window stays behind
     local all
-    ! all=$(outside rows frmRemind.grdDue) || cut -f1 <<<"$all"
+    until all=$(outside rows frmRemind.grdDue); do
+        [[ $all != "no window"* ]] || return 0
+        has_ended && return
+    done
+    cut -f1 <<<"$all"
 }
+has_ended() { ! kill -0 "$alerter" 2>/dev/null; }
+# without LINES LIST: the lines of LINES that LIST does not hold.
+without() { grep -vxFf <(printf '%s\n' "$2") <<<"$1"; }
 seen=
 told=0
 look() {
     local present title
     present=$(rows)
+    # Rows that move while they are read may be read as others are: what went unanswered is read again.
+    [ -z "$(without "$seen" "$present")" ] || present=$(rows)
     while read -r title; do
         [ -n "$title" ] || continue
         grep -qxF -- "$title" <<<"$seen" && continue
@@ -94,7 +103,7 @@ look() {
 # By turns, so that each answer is given at each hour.
 answers=(done five dismiss quarter done inhand done)
 answer_first() {
-    local before=$seen way=${answers[$((told % ${#answers[@]}))]} title
+    local before=$seen way=${answers[$((told % ${#answers[@]}))]} title left= end=$((SECONDS + patience))
     case $way in
         done) outside click frmRemind.cmdDone ;;
         inhand) outside click frmRemind.cmdInHand ;;
@@ -104,8 +113,11 @@ answer_first() {
             outside click frmRemind.cmdLater
             ;;
     esac >/dev/null
+    until [ -n "$left" ] || [ "$SECONDS" -ge "$end" ]; do
+        left=$(without "$before" "$(rows)")
+    done
     # What came up since stays to be told by the next look.
-    seen=$(grep -xFf <(rows) <<<"$before")
+    seen=$(without "$before" "$left")
     while read -r title; do
         [ -n "$title" ] || continue
         if [[ $way == done || $way == dismiss ]]; then
@@ -116,11 +128,11 @@ answer_first() {
                 where fItem=(select fID from tTaskList where taskTitle='$title')")" "$title" >>"$journal"
             [ "${ZV_PLANT:-}" != late ] || query "delete from zvReminder"
         fi
-    done < <(grep -vxFf <(printf '%s\n' "$seen") <<<"$before")
+    done <<<"$left"
 }
 finished() { [ $((SECONDS - began)) -ge "$seconds" ]; }
 other=
-until finished || ! kill -0 "$alerter" 2>/dev/null; do
+until finished || has_ended; do
     look
     [ -z "$seen" ] || answer_first
     if [ -z "$other" ] && [ "$told" -ge 3 ]; then
