@@ -5,13 +5,15 @@
 #                                   day's clock shows TIME (UTC) and runs as every other, until
 #   fast_go                         from now on, all run RATE times as fast
 #   fast_moment                     prints the second of that clock since 1970
-#   fast_stop                       ends that server
+#   fast_stop                       ends that server, and works in the former prefix again; before the
+#                                   folder goes, because the server is found by it
 
 fast_prepare() {
     local word words=
     fast_folder=$1
     fast_rate=$3
     fast_began=
+    fast_former=("$WINEPREFIX" "$ZV_WINE")
     cp -a "$WINEPREFIX" "$fast_folder/prefix"
     export WINEPREFIX=$fast_folder/prefix TZ=UTC
     mapfile -t fast_clock < <(wine_clock "$2" "$fast_folder/start" "$fast_rate")
@@ -45,4 +47,5 @@ fast_moment() {
 fast_stop() {
     timeout 30 "$ZV_WINE_SERVER" -k
     timeout 30 "$ZV_WINE_SERVER" -w
+    WINEPREFIX=${fast_former[0]} ZV_WINE=${fast_former[1]}
 }

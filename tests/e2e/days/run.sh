@@ -161,4 +161,6 @@ passed=$((passed + p))
 failed=$((failed + f))
 [ "$p" -gt 0 ] || failed=$((failed + 1))
 [ "$failed" -eq 0 ] || tail -n 60 "$journal"
+trap - EXIT
+fast_stop
 finish
