@@ -18,13 +18,6 @@ sandbox=$(mktemp -d)
     wine_output cscript //nologo "$(winepath_of tests/e2e/alerter/hand_over.vbs)" \
         "$(winepath_of "$sandbox/nothing.db")" tester geheim >/dev/null
 
-    # process PROGRAM: the number of the one that runs it; the system keeps 15 letters of a name.
-    process() {
-        local entry
-        for entry in /proc/[0-9]*/comm; do
-            [ "$(cat "$entry" 2>/dev/null)" != "${1:0:15}" ] || basename "$(dirname "$entry")"
-        done | tail -n 1
-    }
     switches() { # PROCESS; into `count`, and without a process of its own
         local file key value
         count=0
@@ -37,8 +30,8 @@ sandbox=$(mktemp -d)
     # idle PROGRAM.EXE: prints MB and wake-ups an hour.
     idle() {
         local number wakes=0 awake= last end
-        ZV_WINE_TIMEOUT=200 wine_run "$win/$1" >/dev/null 2>&1 &
-        until number=$(process "$1") && [ -n "$number" ]; do
+        timeout 200 "$ZV_WINE" "$win/$1" >/dev/null 2>&1 &
+        until number=$(pgrep -P $!); do
             kill -0 $! || return
             sleep 0.2
         done

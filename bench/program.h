@@ -29,9 +29,8 @@ inline int Guard(const std::function<int()>& body) {
 
 /// Runs `body` with the arguments that `usage` names, "PROGRAM FIRST SECOND". The exit status is 1
 /// after an error and 2 when there are more or fewer.
-inline int RunProgram(int count, char** values, const std::string& usage,
+inline int RunProgram(const Arguments& arguments, const std::string& usage,
                       const std::function<void(const Arguments&)>& body) {
-    const Arguments arguments(values + 1, values + count);
     const auto named = std::count(usage.begin(), usage.end(), ' ');
     if (static_cast<std::ptrdiff_t>(arguments.size()) != named) {
         std::fprintf(stderr, "%s\n", usage.c_str());
@@ -41,6 +40,11 @@ inline int RunProgram(int count, char** values, const std::string& usage,
         body(arguments);
         return 0;
     });
+}
+
+inline int RunProgram(int count, char** values, const std::string& usage,
+                      const std::function<void(const Arguments&)>& body) {
+    return RunProgram(Arguments(values + 1, values + count), usage, body);
 }
 
 }  // namespace zv::bench

@@ -8,11 +8,9 @@
 #include <cwchar>
 
 #include "bench_application.h"
-#include "doubles/no_dialogs.h"
-#include "driver/win32/played_backend.h"
 #include "floors/bare_window.h"
-#include "forms/win32/win32_backend.h"
 #include "measure.h"
+#include "win32/screen.h"
 #include "win32/wide_main.h"
 #include "windows/plan_editor/frm_task_set.h"
 
@@ -70,14 +68,9 @@ struct Likeness {
     std::vector<Likeness> children;
 };
 
-int Main(const std::vector<std::string>& arguments) {
-    if (arguments.size() != 2) {
-        std::fprintf(stderr, "zvbench_editor FILE RUNS\n");
-        return 2;
-    }
-    doubles::NoDialogs dialogs;
-    forms::win32::Win32Backend backend(GetModuleHandleW(nullptr), &dialogs);
-    BenchApplication application(backend, arguments[0]);
+void Main(const Arguments& arguments) {
+    Screen screen;
+    BenchApplication application(screen.backend, arguments[0]);
     const auto open = [&]() -> windows::frmTaskSet& {
         application.Control().refresh(2, 0);
         auto* editor =
@@ -85,7 +78,7 @@ int Main(const std::vector<std::string>& arguments) {
         if (editor == nullptr) throw std::runtime_error("the editor did not open");
         return *editor;
     };
-    const Likeness likeness(backend.Handle(open()));
+    const Likeness likeness(screen.backend.Handle(open()));
     application.UnloadWindows();
 
     WNDCLASSEXW frame{};
@@ -103,8 +96,7 @@ int Main(const std::vector<std::string>& arguments) {
         [&] {
             const Stopwatch watch;
             auto& editor = open();
-            UpdateWindow(backend.Handle(editor));
-            driver::PumpMessages();
+            screen.Paint(editor);
             const double time = watch.Milliseconds();
             if (!editor.IsShown() || editor.txtTaskID.Text().empty()) {
                 throw std::runtime_error("the editor is not ready");
@@ -127,12 +119,11 @@ int Main(const std::vector<std::string>& arguments) {
         },
         floor);
     std::printf("%.3f %.3f %d\n", ours.Median(), floor.Median(), likeness.Count());
-    return 0;
 }
 
 }  // namespace
 }  // namespace zv::bench
 
 int wmain(int count, wchar_t** values) {
-    return zv::bench::WideMain(count, values, zv::bench::Main);
+    return zv::bench::WideMain(count, values, "zvbench_editor FILE RUNS", zv::bench::Main);
 }

@@ -3,21 +3,22 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "base/text.h"
 #include "program.h"
 
 namespace zv::bench {
 
-/// Runs `body` with the arguments as UTF-8; an error is told and gives status 1.
-inline int WideMain(int count, wchar_t** values, int (*body)(const std::vector<std::string>&)) {
-    std::vector<std::string> arguments;
+/// RunProgram with the arguments as UTF-8.
+inline int WideMain(int count, wchar_t** values, const std::string& usage,
+                    const std::function<void(const Arguments&)>& body) {
+    Arguments arguments;
     for (int i = 1; i < count; ++i) {
         arguments.push_back(text::FromUtf16(reinterpret_cast<const char16_t*>(values[i])));
     }
-    return Guard([&] { return body(arguments); });
+    return RunProgram(arguments, usage, body);
 }
 
 }  // namespace zv::bench

@@ -9,13 +9,11 @@
 
 #include "bench_application.h"
 #include "copies.h"
-#include "doubles/no_dialogs.h"
-#include "driver/win32/played_backend.h"
 #include "floors/bare_window.h"
 #include "floors/list_fill.h"
-#include "forms/win32/win32_backend.h"
 #include "measure.h"
 #include "win32/process_age.h"
+#include "win32/screen.h"
 #include "win32/wide_main.h"
 
 namespace zv::bench {
@@ -72,8 +70,7 @@ class Floor {
 
 class Ours {
  public:
-    explicit Ours(const std::string& path)
-        : backend_(GetModuleHandleW(nullptr), &dialogs_), application_(backend_, path) {
+    explicit Ours(const std::string& path) : application_(screen_.backend, path) {
         application_.Control().refresh(windows::kManagerMode, 0);
         if (application_.Window() == nullptr) throw std::runtime_error("the window did not open");
         Clear();
@@ -92,13 +89,11 @@ class Ours {
     double Load(const std::string& where) {
         const Stopwatch watch;
         application_.Window()->listing.LoadItemList(where);
-        UpdateWindow(backend_.Handle(*application_.Window()));
-        driver::PumpMessages();
+        screen_.Paint(*application_.Window());
         return watch.Milliseconds();
     }
 
-    doubles::NoDialogs dialogs_;
-    forms::win32::Win32Backend backend_;
+    Screen screen_;
     BenchApplication application_;
 };
 
@@ -126,10 +121,9 @@ void Measure(const std::string& path, int runs) {
                 bytes, subject.Rows());
 }
 
-int Main(const std::vector<std::string>& arguments) {
-    if (arguments.size() != 3 || (arguments[0] != "ours" && arguments[0] != "floor")) {
-        std::fprintf(stderr, "zvbench_window ours|floor FILE RUNS\n");
-        return 2;
+void Main(const Arguments& arguments) {
+    if (arguments[0] != "ours" && arguments[0] != "floor") {
+        throw std::invalid_argument("ours or floor, not " + arguments[0]);
     }
     const int runs = std::atoi(arguments[2].c_str());
     if (arguments[0] == "ours") {
@@ -137,12 +131,12 @@ int Main(const std::vector<std::string>& arguments) {
     } else {
         Measure<Floor>(arguments[1], runs);
     }
-    return 0;
 }
 
 }  // namespace
 }  // namespace zv::bench
 
 int wmain(int count, wchar_t** values) {
-    return zv::bench::WideMain(count, values, zv::bench::Main);
+    return zv::bench::WideMain(count, values, "zvbench_window ours|floor FILE RUNS",
+                               zv::bench::Main);
 }

@@ -3,7 +3,8 @@
 #
 #   fast_prepare FOLDER TIME RATE   copies the prefix to FOLDER/prefix and works there from now on; the
 #                                   day's clock shows TIME (UTC) and runs as every other, until
-#   fast_go                         from now on, all run RATE times as fast
+#   fast_go                         from now on, all run RATE times as fast; what is to be there by
+#                                   then has started, because Wine waits so many seconds for its own
 #   fast_moment                     prints the second of that clock since 1970
 #   fast_stop                       ends that server, and works in the former prefix again; before the
 #                                   folder goes, because the server is found by it
@@ -15,15 +16,15 @@ fast_prepare() {
     fast_began=
     fast_former=("$WINEPREFIX" "$ZV_WINE")
     cp -a "$WINEPREFIX" "$fast_folder/prefix"
-    export WINEPREFIX=$fast_folder/prefix TZ=UTC
-    mapfile -t fast_clock < <(wine_clock "$2" "$fast_folder/start" "$fast_rate")
+    export WINEPREFIX=$fast_folder/prefix
+    mapfile -t fast_clock < <(TZ=UTC wine_clock "$2" "$fast_folder/start" "$fast_rate")
     for word in "${fast_clock[@]}"; do
         case $word in ZV_CLOCK=*) fast_ahead=${word#ZV_CLOCK=} ;; esac
         words="$words ${word@Q}"
     done
     timeout 30 "${fast_clock[@]}" "$ZV_WINE_SERVER" -p || return
     # In front of every program that is started there.
-    printf '#!/bin/sh\nexec%s %s "$@"\n' "$words" "${ZV_WINE@Q}" >"$fast_folder/wine"
+    printf '#!/bin/sh\nexec%s TZ=UTC %s "$@"\n' "$words" "${ZV_WINE@Q}" >"$fast_folder/wine"
     chmod +x "$fast_folder/wine"
     ZV_WINE=$fast_folder/wine
     timeout 60 "$ZV_WINE" cmd /c exit

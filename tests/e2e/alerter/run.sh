@@ -16,7 +16,6 @@ start() { # in the background; wine ends with the program
 runs() { kill -0 "${alerters[-1]}" 2>/dev/null; }
 has_ended() { ! runs; }
 ended_well() { wait "${alerters[-1]}"; }
-is_there() { outside processes zvAlert.exe | grep -q .; }
 log_in() { # USER PASSWORD
     [ "$(wine_output cscript //nologo "$(winepath_of tests/e2e/alerter/hand_over.vbs)" \
         "$(winepath_of "$data")" "$1" "$2" | tail -n 1)" = END ]

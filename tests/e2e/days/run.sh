@@ -40,10 +40,13 @@ fast_prepare "$work" "$evening" 120 || exit
 trap fast_stop EXIT
 
 stamp() { date -ud "@$1" '+%Y-%m-%d %H:%M:%S'; }
-item() { # TITLE MOMENT
-    query "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone,tDoneMan)
-           values(0,'$1','$(stamp "$2")','$(stamp "$2")','$(stamp "$2")',0,'张三')"
+# item TITLE MOMENT: prints the statement that adds it; what is due then is in the journal.
+item() {
+    local moment
+    moment=$(stamp "$2")
     printf '%s\tdue\t%s\n' "$2" "$1" >>"$journal"
+    echo "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone,tDoneMan)
+          values(0,'$1','$moment','$moment','$moment',0,'张三');"
 }
 
 make_database create
@@ -54,11 +57,10 @@ at=$((first + 420))
 number=0
 {
     echo "begin;"
+    item 首项 "$first"
     while [ "$at" -lt "$last" ]; do
         number=$((number + 1))
-        printf "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone,tDoneMan) values(0,'事项%d','%s','%s','%s',0,'张三');\n" \
-            "$number" "$(stamp "$at")" "$(stamp "$at")" "$(stamp "$at")"
-        printf '%s\tdue\t事项%d\n' "$at" "$number" >>"$journal"
+        item "事项$number" "$at"
         at=$((at + 540))
     done
     echo "commit;"
@@ -70,7 +72,8 @@ expect "a business program logs in" test "$(wine_output cscript //nologo \
     "$(winepath_of tests/e2e/alerter/hand_over.vbs)" "$(winepath_of "$data")" 张三 geheim | tail -n 1)" = END
 ZV_WINE_TIMEOUT=$((seconds + 300)) wine_run "$ZV_BIN/zvAlert.exe" >/dev/null 2>&1 &
 alerter=$!
-expect "the alerter runs" outside processes zvAlert.exe
+# Only now: Wine gives its own programs so many seconds to start.
+expect "the alerter is there and shows what is due already" appears frmRemind
 began=$SECONDS
 fast_go
 
@@ -139,7 +142,7 @@ until finished || has_ended; do
         other=yes
         query "update tTaskList set tDone=1,tDoneMan='李四' where taskTitle='事项$elsewhere'"
         printf '%s\tover\t%s\n' "$(fast_moment)" "事项$elsewhere" >>"$journal"
-        item 新增 "$(($(fast_moment) + 180))"
+        query "$(item 新增 "$(($(fast_moment) + 180))")"
         [ "${ZV_PLANT:-}" != silent ] || query "delete from tTaskList where taskTitle='新增'"
     fi
 done
