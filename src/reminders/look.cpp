@@ -27,6 +27,12 @@ class NextLook {
     DateTime next_;
 };
 
+// Who put something off by a clock that was days ahead meant another time: the reminder would stay
+// away until that clock's time has come.
+bool WasGivenByAWrongClock(const Answer& answer, DateTime now) {
+    return answer.until && answer.given > now.AddDays(1);
+}
+
 bool ComesFirst(const Due& a, const Due& b) {
     return std::tie(b.daysOverdue, a.subject.from, a.subject.date, a.subject.title,
                     a.subject.item) <
@@ -44,7 +50,9 @@ Look LookAt(const std::vector<Subject>& subjects, const std::vector<Answer>& ans
             const Circumstances& circumstances) {
     const DateTime now = circumstances.now;
     std::map<Key, std::optional<DateTime>> answered;
-    for (const Answer& answer : answers) answered[answer.key] = answer.until;
+    for (const Answer& answer : answers) {
+        if (!WasGivenByAWrongClock(answer, now)) answered[answer.key] = answer.until;
+    }
 
     Look look;
     NextLook next(now, circumstances.interval);

@@ -15,10 +15,10 @@ class Memory {
     virtual ~Memory() = default;
 
     virtual std::vector<Answer> Answers(std::string_view user) = 0;
-    /// In place of an earlier answer to the same reminder.
-    virtual void Keep(std::string_view user, const Answer& answer) = 0;
+    /// Each in place of an earlier answer to the same reminder.
+    virtual void Keep(std::string_view user, const std::vector<Answer>& answers) = 0;
     /// One that was not kept is no error.
-    virtual void Forget(std::string_view user, const Key& key) = 0;
+    virtual void Forget(std::string_view user, const std::vector<Key>& keys) = 0;
     /// When reminders of this user were looked at for the first time ever, which is `now` when they
     /// never were.
     virtual DateTime FirstLook(std::string_view user, DateTime now) = 0;

@@ -55,6 +55,8 @@ struct Answer {
     Key key;
     /// When it comes again; nothing: it was dismissed and stays away.
     std::optional<DateTime> until;
+    /// When it was given, by the clock of that workstation.
+    DateTime given{};
 
     bool operator==(const Answer&) const = default;
 };

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <set>
+#include <tuple>
 
 #include "base/text.h"
 
@@ -11,7 +13,7 @@ namespace {
 
 constexpr std::string_view kAnswersKey = "Reminders of ";
 constexpr std::string_view kFirstLookKey = "First reminders of ";
-constexpr std::size_t kParts = 5;
+constexpr std::size_t kParts = 6;
 
 // No title is written with these.
 constexpr std::string_view kBetweenAnswers = "\x1E";
@@ -44,11 +46,15 @@ std::optional<Answer> AnswerIn(std::string_view line) {
     const auto plan = NumberIn(parts[0]);
     const auto item = NumberIn(parts[1]);
     Answer answer;
-    if (!plan || !item || !ReadDate(parts[2], answer.key.date) || !ReadDate(parts[3], answer.until))
+    std::optional<DateTime> given;
+    if (!plan || !item || !ReadDate(parts[2], answer.key.date) ||
+        !ReadDate(parts[3], answer.until) || !ReadDate(parts[4], given)) {
         return std::nullopt;
+    }
     answer.key.plan = *plan;
     answer.key.item = *item;
-    answer.key.title = parts[4];
+    answer.given = given.value_or(DateTime());
+    answer.key.title = parts[5];
     return answer;
 }
 
@@ -56,9 +62,17 @@ std::string SettingOf(std::string_view key, std::string_view user) {
     return std::string(key).append(text::ToLower(user));
 }
 
-bool IsSame(const Answer& answer, const Key& key) {
-    return answer.key.plan == key.plan && answer.key.item == key.item &&
-           answer.key.date == key.date;
+/// What a later answer takes the place of: another title is no other reminder here.
+using Place = std::tuple<std::int32_t, std::int32_t, std::optional<DateTime>>;
+
+Place PlaceOf(const Key& key) {
+    return {key.plan, key.item, key.date};
+}
+
+std::size_t EraseThoseAt(const std::set<Place>& places, std::vector<Answer>& answers) {
+    return std::erase_if(answers, [&](const Answer& answer) {
+        return places.find(PlaceOf(answer.key)) != places.end();
+    });
 }
 
 }  // namespace
@@ -67,10 +81,11 @@ std::string ToText(const std::vector<Answer>& answers) {
     std::vector<std::string> lines;
     lines.reserve(answers.size());
     for (const Answer& answer : answers) {
-        lines.push_back(text::Join(
-            {std::to_string(answer.key.plan), std::to_string(answer.key.item),
-             TextOf(answer.key.date), TextOf(answer.until), WithoutSeparators(answer.key.title)},
-            kBetweenParts));
+        lines.push_back(
+            text::Join({std::to_string(answer.key.plan), std::to_string(answer.key.item),
+                        TextOf(answer.key.date), TextOf(answer.until), TextOf(answer.given),
+                        WithoutSeparators(answer.key.title)},
+                       kBetweenParts));
     }
     return text::Join(lines, kBetweenAnswers);
 }
@@ -88,22 +103,24 @@ std::vector<Answer> SettingsMemory::Answers(std::string_view user) {
                                    SettingOf(kAnswersKey, user), {}));
 }
 
-void SettingsMemory::Keep(std::string_view user, const Answer& answer) {
-    auto answers = Answers(user);
-    std::erase_if(answers, [&](const Answer& other) { return IsSame(other, answer.key); });
-    if (answers.size() >= kMostAnswers) {
-        const auto excess = answers.size() - kMostAnswers + 1;
-        answers.erase(answers.begin(), answers.begin() + static_cast<std::ptrdiff_t>(excess));
+void SettingsMemory::Keep(std::string_view user, const std::vector<Answer>& answers) {
+    std::set<Place> places;
+    for (const Answer& answer : answers) places.insert(PlaceOf(answer.key));
+    auto kept = Answers(user);
+    EraseThoseAt(places, kept);
+    kept.insert(kept.end(), answers.begin(), answers.end());
+    if (kept.size() > kMostAnswers) {
+        const auto excess = kept.size() - kMostAnswers;
+        kept.erase(kept.begin(), kept.begin() + static_cast<std::ptrdiff_t>(excess));
     }
-    answers.push_back(answer);
-    Save(user, answers);
+    Save(user, kept);
 }
 
-void SettingsMemory::Forget(std::string_view user, const Key& key) {
-    auto answers = Answers(user);
-    if (std::erase_if(answers, [&](const Answer& other) { return IsSame(other, key); }) > 0) {
-        Save(user, answers);
-    }
+void SettingsMemory::Forget(std::string_view user, const std::vector<Key>& keys) {
+    std::set<Place> places;
+    for (const Key& key : keys) places.insert(PlaceOf(key));
+    auto kept = Answers(user);
+    if (EraseThoseAt(places, kept) > 0) Save(user, kept);
 }
 
 DateTime SettingsMemory::FirstLook(std::string_view user, DateTime now) {

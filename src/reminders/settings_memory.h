@@ -14,14 +14,14 @@ namespace zv::reminders {
 /// One setting for each user. Of more answers than fit the latest stay.
 class SettingsMemory final : public Memory {
  public:
-    static constexpr std::size_t kMostAnswers = 1000;
+    static constexpr std::size_t kMostAnswers = 10'000;
 
     /// `settings` must outlive this.
     explicit SettingsMemory(resources::SettingsStore& settings) : settings_(settings) {}
 
     std::vector<Answer> Answers(std::string_view user) override;
-    void Keep(std::string_view user, const Answer& answer) override;
-    void Forget(std::string_view user, const Key& key) override;
+    void Keep(std::string_view user, const std::vector<Answer>& answers) override;
+    void Forget(std::string_view user, const std::vector<Key>& keys) override;
     DateTime FirstLook(std::string_view user, DateTime now) override;
 
  private:

@@ -1,6 +1,7 @@
 #include "reminders/store_memory.h"
 
 #include <algorithm>
+#include <set>
 
 #include "base/errors.h"
 
@@ -31,25 +32,27 @@ std::vector<Answer> StoreMemory::Answers(std::string_view user) {
 }
 
 void StoreMemory::MoveIntoTable(std::string_view user, std::vector<Answer>& inTable) {
-    for (const Answer& answer : workstation_.Answers(user)) {
-        const bool isAnswered =
-            std::any_of(inTable.begin(), inTable.end(),
-                        [&](const Answer& other) { return other.key == answer.key; });
-        if (!isAnswered) {
-            table_.Keep(user, answer);
-            inTable.push_back(answer);
-        }
-        workstation_.Forget(user, answer.key);
-    }
+    std::vector<Answer> kept = workstation_.Answers(user);
+    if (kept.empty()) return;
+    std::set<Key> answered;
+    for (const Answer& answer : inTable) answered.insert(answer.key);
+    std::vector<Key> keys;
+    keys.reserve(kept.size());
+    for (const Answer& answer : kept) keys.push_back(answer.key);
+    std::erase_if(
+        kept, [&](const Answer& answer) { return answered.find(answer.key) != answered.end(); });
+    table_.Keep(user, kept);
+    inTable.insert(inTable.end(), kept.begin(), kept.end());
+    workstation_.Forget(user, keys);
 }
 
-void StoreMemory::Keep(std::string_view user, const Answer& answer) {
-    Either([&] { table_.Keep(user, answer); }, [&] { workstation_.Keep(user, answer); });
+void StoreMemory::Keep(std::string_view user, const std::vector<Answer>& answers) {
+    Either([&] { table_.Keep(user, answers); }, [&] { workstation_.Keep(user, answers); });
 }
 
-void StoreMemory::Forget(std::string_view user, const Key& key) {
-    Either([&] { table_.Forget(user, key); }, [] {});
-    workstation_.Forget(user, key);
+void StoreMemory::Forget(std::string_view user, const std::vector<Key>& keys) {
+    Either([&] { table_.Forget(user, keys); }, [] {});
+    workstation_.Forget(user, keys);
 }
 
 DateTime StoreMemory::FirstLook(std::string_view user, DateTime now) {

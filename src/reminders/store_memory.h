@@ -18,8 +18,8 @@ class StoreMemory final : public Memory {
         : table_(database), workstation_(settings) {}
 
     std::vector<Answer> Answers(std::string_view user) override;
-    void Keep(std::string_view user, const Answer& answer) override;
-    void Forget(std::string_view user, const Key& key) override;
+    void Keep(std::string_view user, const std::vector<Answer>& answers) override;
+    void Forget(std::string_view user, const std::vector<Key>& keys) override;
     /// That of the workstation where it is the earlier one.
     DateTime FirstLook(std::string_view user, DateTime now) override;
 

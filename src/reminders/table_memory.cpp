@@ -1,5 +1,6 @@
 #include "reminders/table_memory.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "base/errors.h"
@@ -64,14 +65,19 @@ std::vector<Answer> TableMemory::Answers(std::string_view user) {
         if (!IsOf(*rows, user) || kept == Number(Kept::FirstLook)) continue;
         Answer answer{KeyIn(*rows), {}};
         if (kept == Number(Kept::PutOff)) answer.until = DateIn(rows->Field("fUntil"));
+        answer.given = DateIn(rows->Field("fGiven")).value_or(DateTime());
         answers.push_back(std::move(answer));
     }
     rows->Close();
     return answers;
 }
 
-void TableMemory::Keep(std::string_view user, const Answer& answer) {
+void TableMemory::Keep(std::string_view user, const std::vector<Answer>& answers) {
     database_.EnsureConnection();
+    for (const Answer& answer : answers) KeepOne(user, answer);
+}
+
+void TableMemory::KeepOne(std::string_view user, const Answer& answer) {
     const auto rows = database_.Open(Of(user, answer.key.plan, answer.key.item),
                                      store::CursorType::Keyset, store::LockType::Optimistic);
     if (!Find(*rows, user, answer.key.date)) {
@@ -84,12 +90,17 @@ void TableMemory::Keep(std::string_view user, const Answer& answer) {
     rows->SetField("fTitle", answer.key.title);
     rows->SetField("fUntil", ValueOf(answer.until));
     rows->SetField("fState", Number(answer.until ? Kept::PutOff : Kept::Dismissed));
+    rows->SetField("fGiven", answer.given);
     rows->Update();
     rows->Close();
 }
 
-void TableMemory::Forget(std::string_view user, const Key& key) {
+void TableMemory::Forget(std::string_view user, const std::vector<Key>& keys) {
     database_.EnsureConnection();
+    for (const Key& key : keys) ForgetOne(user, key);
+}
+
+void TableMemory::ForgetOne(std::string_view user, const Key& key) {
     const auto rows = database_.Open(Of(user, key.plan, key.item));
     const bool isKept = Find(*rows, user, key.date);
     const std::string id = isKept ? rows->Field("fID").ToText() : std::string();
@@ -104,8 +115,13 @@ DateTime TableMemory::FirstLook(std::string_view user, DateTime now) {
     for (; !rows->Eof(); rows->MoveNext()) {
         if (!IsOf(*rows, user)) continue;
         const DateTime first = rows->Field("fUntil").ToDate();
+        // One that is still to come was noted by a clock that was wrong.
+        if (first > now) {
+            rows->SetField("fUntil", now);
+            rows->Update();
+        }
         rows->Close();
-        return first;
+        return std::min(first, now);
     }
     rows->AddNew();
     rows->SetField("fUser", user);

@@ -16,11 +16,14 @@ class TableMemory final : public Memory {
     explicit TableMemory(store::Database& database) : database_(database) {}
 
     std::vector<Answer> Answers(std::string_view user) override;
-    void Keep(std::string_view user, const Answer& answer) override;
-    void Forget(std::string_view user, const Key& key) override;
+    void Keep(std::string_view user, const std::vector<Answer>& answers) override;
+    void Forget(std::string_view user, const std::vector<Key>& keys) override;
     DateTime FirstLook(std::string_view user, DateTime now) override;
 
  private:
+    void KeepOne(std::string_view user, const Answer& answer);
+    void ForgetOne(std::string_view user, const Key& key);
+
     store::Database& database_;
 };
 

@@ -31,12 +31,12 @@ bool ChangesSomething(const DoneAct& act) {
     return act.back || std::any_of(act.rows.begin(), act.rows.end(), changes);
 }
 
-std::function<void()> OneAfterAnother(std::function<void()> first, std::function<void()> then) {
-    if (!first) return then;
-    if (!then) return first;
-    return [first = std::move(first), then = std::move(then)] {
-        first();
-        then();
+// Thousands may be done at once, so none of them holds the next one.
+std::function<void()> OneAfterAnother(std::vector<std::function<void()>> steps) {
+    std::erase(steps, nullptr);
+    if (steps.empty()) return {};
+    return [steps = std::move(steps)] {
+        for (const auto& step : steps) step();
     };
 }
 
@@ -90,6 +90,13 @@ void DoneActs::EndTogether(std::size_t count) {
     std::vector<DoneAct> acts = std::move(*together_);
     together_.reset();
     if (acts.empty()) return;
+    std::vector<std::function<void()>> back;
+    std::vector<std::function<void()>> again;
+    for (DoneAct& act : acts) {
+        back.push_back(std::move(act.back));
+        again.push_back(std::move(act.again));
+    }
+    std::reverse(back.begin(), back.end());
     DoneAct whole = std::move(acts.front());
     if (count > 1) {
         whole.notice = ChangeText::Several;
@@ -97,9 +104,9 @@ void DoneActs::EndTogether(std::size_t count) {
     }
     for (auto act = acts.begin() + 1; act != acts.end(); ++act) {
         std::move(act->rows.begin(), act->rows.end(), std::back_inserter(whole.rows));
-        whole.back = OneAfterAnother(std::move(act->back), std::move(whole.back));
-        whole.again = OneAfterAnother(std::move(whole.again), std::move(act->again));
     }
+    whole.back = OneAfterAnother(std::move(back));
+    whole.again = OneAfterAnother(std::move(again));
     Keep(std::move(whole), false);
 }
 

@@ -61,13 +61,24 @@ setup() { # VERSION OPTION...
     shift
     wine_run "$work/$version/zvTask-$version-setup$suffix.exe" "$@" >/dev/null 2>&1
 }
-# The uninstaller goes on as a copy of itself after it has returned.
+uninstalls() { # a copy of an uninstaller works on this machine
+    local process
+    for process in $(pgrep -f '~nsu'); do
+        grep -qzxF "WINEPREFIX=$WINEPREFIX" "/proc/$process/environ" 2>/dev/null && return
+    done
+    return 1
+}
+is_listed() {
+    wine_run reg query "HKLM\\$key" >/dev/null 2>&1 || wine_run reg query "HKCU\\$key" >/dev/null 2>&1
+}
+# The uninstaller goes on as a copy of itself after it has returned. That it is over is seen by both
+# signs: a program of Wine says now and then that a key is not there though it is.
 removed() { # FOLDER OPTION...
-    local folder=$1
+    local folder=$1 end=$((SECONDS + 300))
     shift
-    wine_run "$folder/uninstall.exe" "$@" >/dev/null 2>&1
-    for _ in $(seq 150); do
-        wine_run reg query "HKLM\\$key" >/dev/null 2>&1 || wine_run reg query "HKCU\\$key" >/dev/null 2>&1 || break
+    wine_run "$folder/uninstall.exe" "$@" >/dev/null 2>&1 || echo "the uninstaller of $folder: $?"
+    while uninstalls || is_listed; do
+        [ $SECONDS -lt $end ] || { echo "still there after 300 s: $folder"; break; }
         sleep 0.2
     done
     # The next start of the machine removes that copy.

@@ -24,6 +24,7 @@
 #include "session/session.h"
 #include "session/store_client.h"
 #include "windows/notice/notice_line.h"
+#include "windows/remind/acting_on_reminders.h"
 
 namespace zv::windows {
 
@@ -106,12 +107,14 @@ class frmRemind : public forms::Form, public StoreClient {
     void cmdOpen_Click();
     void cmdLater_Click();
     void cmdDismiss_Click();
-    /// Does it for each that is still due, looks again whatever comes of it, and says how many of
-    /// them somebody else had changed. `act`: false where the item was gone in the end.
-    void ForEach(const std::vector<reminders::Due>& wanted,
-                 const std::function<bool(const reminders::Due&)>& act);
+    /// Does it for those that are still due, some at a time, so that the user can stop what takes
+    /// long. Looks again whatever comes of it, and says how many of them somebody else had changed.
+    /// `caption` says what is done; `inPiece` as ActingOnReminders has it.
+    void ForAll(const std::vector<reminders::Due>& wanted, const std::string& caption,
+                std::size_t inPiece, const RemindersAct& act);
     bool Mark(const reminders::Due& due, items::ItemState state);
-    void Answer(const reminders::Due& due, std::optional<DateTime> until, ReminderAct act);
+    void Answer(const std::vector<reminders::Due>& dues, std::optional<DateTime> until,
+                ReminderAct act);
     std::optional<DateTime> ChosenMoment() const;
     void Announce(const reminders::Due& due, ReminderAct act);
     bool Agrees(resources::RemindText question, std::size_t count);

@@ -1,10 +1,9 @@
 // What the user does with reminders: each act is for those that are selected.
-#include <algorithm>
-#include <array>
 #include <map>
 
 #include "reminders/put_off.h"
 #include "reminders/store_memory.h"
+#include "session/long_work.h"
 #include "session/marking.h"
 #include "session/user_right.h"
 #include "windows/remind/frm_remind.h"
@@ -16,15 +15,6 @@ using resources::RemindText;
 namespace {
 
 constexpr std::int16_t kCompletionRight = 4;
-
-std::optional<reminders::Answer> AnswerTo(const std::vector<reminders::Answer>& answers,
-                                          const reminders::Key& key) {
-    std::optional<reminders::Answer> last;
-    for (const reminders::Answer& answer : answers) {
-        if (answer.key == key) last = answer;
-    }
-    return last;
-}
 
 }  // namespace
 
@@ -91,11 +81,16 @@ void frmRemind::cmdDone_Click() {
     const std::vector<reminders::Due> wanted = Selected();
     if (wanted.empty() || !HasRight(session_, "mnuToolTask", kCompletionRight)) return;
     if (!Agrees(RemindText::AskDone, wanted.size())) return;
-    ForEach(wanted, [this](const reminders::Due& due) {
-        if (!Mark(due, items::ItemState::Done)) return false;
-        Announce(due, ReminderAct::Done);
-        return true;
-    });
+    ForAll(wanted, cmdDone.Caption(), ActingOnReminders::kMarksInPiece,
+           [this](const std::vector<reminders::Due>& dues) {
+               std::size_t marked = 0;
+               for (const reminders::Due& due : dues) {
+                   if (!Mark(due, items::ItemState::Done)) continue;
+                   Announce(due, ReminderAct::Done);
+                   marked++;
+               }
+               return marked;
+           });
 }
 
 void frmRemind::cmdInHand_Click() {
@@ -104,28 +99,41 @@ void frmRemind::cmdInHand_Click() {
     // Who works at it needs no reminder before the next morning.
     const auto morning =
         reminders::MomentOf(reminders::PutOff::TomorrowMorning, session_.machine.clock.Now());
-    ForEach(wanted, [&](const reminders::Due& due) {
-        if (!Mark(due, items::ItemState::InHand)) return false;
-        Answer(due, morning, ReminderAct::InHand);
-        return true;
-    });
+    ForAll(wanted, cmdInHand.Caption(), ActingOnReminders::kMarksInPiece,
+           [&](const std::vector<reminders::Due>& dues) {
+               std::vector<reminders::Due> marked;
+               try {
+                   for (const reminders::Due& due : dues) {
+                       if (Mark(due, items::ItemState::InHand)) marked.push_back(due);
+                   }
+               } catch (...) {
+                   Answer(marked, morning, ReminderAct::InHand);
+                   throw;
+               }
+               Answer(marked, morning, ReminderAct::InHand);
+               return marked.size();
+           });
 }
 
-void frmRemind::ForEach(const std::vector<reminders::Due>& wanted,
-                        const std::function<bool(const reminders::Due&)>& act) {
-    std::size_t acted = 0;
+void frmRemind::ForAll(const std::vector<reminders::Due>& wanted, const std::string& caption,
+                       std::size_t inPiece, const RemindersAct& act) {
+    std::size_t gone = 0;
     try {
+        ActingOnReminders acting(StillDue(wanted), inPiece, act);
+        gone = wanted.size() - acting.Count();
         session_.acts.Together([&] {
-            for (const reminders::Due& due : StillDue(wanted)) acted += act(due) ? 1 : 0;
-            return acted;
+            RunLongWork(session_, caption, acting);
+            return acting.Acted();
         });
+        gone += acting.Gone();
     } catch (...) {
         // What was done before the error is listed no more.
-        LookAgain();
+        if (IsLoaded()) LookAgain();
         throw;
     }
+    if (!IsLoaded()) return;
     LookAgain();
-    ReportGone(wanted.size() - acted);
+    ReportGone(gone);
 }
 
 bool frmRemind::Mark(const reminders::Due& due, items::ItemState state) {
@@ -170,41 +178,54 @@ void frmRemind::cmdLater_Click() {
                                      forms::box::kExclamation);
         return;
     }
-    ForEach(wanted, [&](const reminders::Due& due) {
-        Answer(due, until, ReminderAct::Later);
-        return true;
-    });
+    ForAll(wanted, cmdLater.Caption(), ActingOnReminders::kAnswersInPiece,
+           [&](const std::vector<reminders::Due>& dues) {
+               Answer(dues, until, ReminderAct::Later);
+               return dues.size();
+           });
 }
 
 void frmRemind::cmdDismiss_Click() {
     const std::vector<reminders::Due> wanted = Selected();
     if (wanted.empty() || !Agrees(RemindText::AskDismiss, wanted.size())) return;
-    ForEach(wanted, [this](const reminders::Due& due) {
-        Answer(due, std::nullopt, ReminderAct::Dismiss);
-        return true;
-    });
+    ForAll(wanted, cmdDismiss.Caption(), ActingOnReminders::kAnswersInPiece,
+           [this](const std::vector<reminders::Due>& dues) {
+               Answer(dues, std::nullopt, ReminderAct::Dismiss);
+               return dues.size();
+           });
 }
 
-void frmRemind::Answer(const reminders::Due& due, std::optional<DateTime> until, ReminderAct act) {
-    reminders::StoreMemory memory(session_.database, session_.settings);
+void frmRemind::Answer(const std::vector<reminders::Due>& dues, std::optional<DateTime> until,
+                       ReminderAct act) {
+    if (dues.empty()) return;
+    std::map<reminders::Key, reminders::Answer> earlier;
+    for (const reminders::Answer& answer : answers_) earlier.insert_or_assign(answer.key, answer);
+    std::vector<reminders::Answer> answers;
+    std::vector<reminders::Answer> before;
+    std::vector<reminders::Key> without;  // those that had no answer
+    for (const reminders::Due& due : dues) {
+        answers.push_back({reminders::KeyOf(due.subject), until, session_.machine.clock.Now()});
+        const auto found = earlier.find(answers.back().key);
+        if (found != earlier.end())
+            before.push_back(found->second);
+        else
+            without.push_back(answers.back().key);
+    }
     const std::string user = session_.state.UserName;
-    const reminders::Answer answer{reminders::KeyOf(due.subject), until};
-    const auto before = AnswerTo(answers_, answer.key);
-    memory.Keep(user, answer);
-    Announce(due, act);
-    // Taken back when the window may be gone.
-    const auto keep = [&session = session_, user](const reminders::Answer& kept) {
-        reminders::StoreMemory(session.database, session.settings).Keep(user, kept);
-    };
-    const auto forget = [&session = session_, user, key = answer.key] {
-        reminders::StoreMemory(session.database, session.settings).Forget(user, key);
-    };
+    reminders::StoreMemory(session_.database, session_.settings).Keep(user, answers);
+    for (const reminders::Due& due : dues) Announce(due, act);
     DoneAct done{.kind = changes::Act::Change,
                  .notice = resources::ChangeText::Answered,
-                 .title = due.subject.title};
-    done.back = before ? std::function<void()>([keep, before = *before] { keep(before); })
-                       : std::function<void()>(forget);
-    done.again = [keep, answer] { keep(answer); };
+                 .title = dues.front().subject.title};
+    // Taken back when the window may be gone.
+    done.back = [&session = session_, user, before, without] {
+        reminders::StoreMemory memory(session.database, session.settings);
+        memory.Keep(user, before);
+        memory.Forget(user, without);
+    };
+    done.again = [&session = session_, user, answers] {
+        reminders::StoreMemory(session.database, session.settings).Keep(user, answers);
+    };
     session_.acts.Done(std::move(done));
 }
 

@@ -1,4 +1,4 @@
-// What the scenarios of the window of reminders cannot reach: much at once, the pauses while the
+// What the scenarios of the window of reminders cannot reach: the pauses while the
 // store is away, and a calendar that ends.
 #include <gtest/gtest.h>
 
@@ -24,21 +24,6 @@ class RemindWindow : public testing::Test {
 
     test::TestApplication stage;
 };
-
-TEST_F(RemindWindow, TenThousandDueItemsAreListedAndPutOffAtOnce) {
-    stage.Sql("delete from tTaskList");
-    stage.Sql(
-        "insert into tTaskList(fType,taskTitle,taskTime,tDuring1,tDuring2,tDone) "
-        "with recursive n(i) as (select 1 union all select i+1 from n where i<10000) "
-        "select 0,'item '||i,'2003-03-07 00:00:00','2003-03-07 00:00:00','2003-03-07 00:00:00',0 "
-        "from n");
-    frmRemind& window = Start();
-    EXPECT_EQ(window.DueCount(), 10000);
-    EXPECT_EQ(window.grdDue.DataRowCount(), 10000);
-    EXPECT_TRUE(window.IsShown());
-    const int height = window.ClientSize().height;
-    EXPECT_LT(height, 600);
-}
 
 TEST_F(RemindWindow, PausesGrowWhileTheStoreIsAwayAndEndWithIt) {
     frmRemind& window = Start();

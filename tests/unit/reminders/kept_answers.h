@@ -11,7 +11,7 @@
 namespace zv::reminders {
 
 inline Answer PutOffItem(std::int32_t item, DateTime until = DateTime(2003, 3, 7, 8, 0, 0)) {
-    return {{0, item, DateTime(2003, 3, 7), "t"}, until};
+    return {{0, item, DateTime(2003, 3, 7), "t"}, until, DateTime(2003, 3, 6, 17, 30, 0)};
 }
 
 class KeptAnswersTest : public store::WatchedDatabaseTest {

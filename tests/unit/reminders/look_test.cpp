@@ -92,6 +92,19 @@ TEST_F(Looking, ThePutOffComesAgainAtItsTime) {
     EXPECT_EQ(Titles(kNow.AddSeconds(300)), "t ");
 }
 
+TEST_F(Looking, WhatAClockThatWasAheadPutOffComesAgainWhenItIsSet) {
+    Add(kNow.AddSeconds(-60));
+    const DateTime ahead = kNow.AddDays(365);
+    answers_ = {{KeyOf(subjects_[0]), ahead.AddSeconds(300), ahead}};
+    EXPECT_EQ(Titles(), "t ");
+    // Workstations in other places of the world write down other hours.
+    answers_[0].given = kNow.AddDays(1);
+    EXPECT_EQ(Titles(), "");
+    // What it dismissed was meant for good.
+    answers_ = {{KeyOf(subjects_[0]), std::nullopt, ahead}};
+    EXPECT_EQ(Titles(), "");
+}
+
 TEST_F(Looking, PuttingOffBringsNothingForward) {
     Add(kNow.AddSeconds(60));
     answers_ = {{KeyOf(subjects_[0]), kNow.AddSeconds(-60)}};

@@ -21,9 +21,9 @@ class StoreMemoryTest : public KeptAnswersTest {
 ZV_ON_EVERY_ENGINE(StoreMemoryTest);
 
 TEST_P(StoreMemoryTest, WithoutTheTableIsTheWorkstations) {
-    memory_.Keep("Li", PutOffItem(1));
-    memory_.Keep("Li", PutOffItem(2));
-    memory_.Forget("Li", PutOffItem(2).key);
+    memory_.Keep("Li", {PutOffItem(1)});
+    memory_.Keep("Li", {PutOffItem(2)});
+    memory_.Forget("Li", {PutOffItem(2).key});
     EXPECT_EQ(Answers(), std::vector{PutOffItem(1)});
     EXPECT_EQ(OnWorkstation(), Answers());
     EXPECT_EQ(memory_.FirstLook("Li", kToday), kToday);
@@ -32,18 +32,18 @@ TEST_P(StoreMemoryTest, WithoutTheTableIsTheWorkstations) {
 
 TEST_P(StoreMemoryTest, WithTheTableHoldsOnEveryWorkstation) {
     MakeSideTables();
-    memory_.Keep("Li", PutOffItem(1));
+    memory_.Keep("Li", {PutOffItem(1)});
     EXPECT_TRUE(OnWorkstation().empty());
     doubles::MemorySettings elsewhere;
     EXPECT_EQ(StoreMemory(database_, elsewhere).Answers("Li"), std::vector{PutOffItem(1)});
 }
 
 TEST_P(StoreMemoryTest, WhatTheWorkstationKeptGoesIntoATableThatIsMade) {
-    memory_.Keep("Li", PutOffItem(1));
-    memory_.Keep("Li", PutOffItem(2));
+    memory_.Keep("Li", {PutOffItem(1)});
+    memory_.Keep("Li", {PutOffItem(2)});
     MakeSideTables();
     const Answer later = PutOffItem(2, kToday.AddDays(2));
-    TableMemory(database_).Keep("Li", later);
+    TableMemory(database_).Keep("Li", {later});
     EXPECT_EQ(Answers(), (std::vector{PutOffItem(1), later})) << "the table's own stays";
     EXPECT_TRUE(OnWorkstation().empty());
     EXPECT_EQ(Sorted(TableMemory(database_).Answers("Li")), Answers());
@@ -51,10 +51,10 @@ TEST_P(StoreMemoryTest, WhatTheWorkstationKeptGoesIntoATableThatIsMade) {
 
 TEST_P(StoreMemoryTest, GoesOnWhereTheTableIsDropped) {
     MakeSideTables();
-    memory_.Keep("Li", PutOffItem(1));
+    memory_.Keep("Li", {PutOffItem(1)});
     Execute("drop table zvReminder");
     EXPECT_TRUE(Answers().empty());
-    memory_.Keep("Li", PutOffItem(2));
+    memory_.Keep("Li", {PutOffItem(2)});
     EXPECT_EQ(Answers(), std::vector{PutOffItem(2)});
 }
 
@@ -70,8 +70,8 @@ TEST_P(StoreMemoryTest, OtherErrorsReachTheCaller) {
     database_.Leave();
     RefuseConnections();
     EXPECT_THROW(memory_.Answers("Li"), RuntimeError);
-    EXPECT_THROW(memory_.Keep("Li", PutOffItem(1)), RuntimeError);
-    EXPECT_THROW(memory_.Forget("Li", PutOffItem(1).key), RuntimeError);
+    EXPECT_THROW(memory_.Keep("Li", {PutOffItem(1)}), RuntimeError);
+    EXPECT_THROW(memory_.Forget("Li", {PutOffItem(1).key}), RuntimeError);
     EXPECT_THROW(memory_.FirstLook("Li", kToday), RuntimeError);
     EXPECT_TRUE(OnWorkstation().empty());
 }

@@ -20,8 +20,8 @@ ZV_ON_EVERY_ENGINE(TableMemoryTest);
 TEST_P(TableMemoryTest, SaysThatThereIsNoTable) {
     const Answer answer = PutOffItem(1);
     EXPECT_EQ(KindOf([&] { memory_.Answers("Li"); }), ErrorKind::NoTable);
-    EXPECT_EQ(KindOf([&] { memory_.Keep("Li", answer); }), ErrorKind::NoTable);
-    EXPECT_EQ(KindOf([&] { memory_.Forget("Li", answer.key); }), ErrorKind::NoTable);
+    EXPECT_EQ(KindOf([&] { memory_.Keep("Li", {answer}); }), ErrorKind::NoTable);
+    EXPECT_EQ(KindOf([&] { memory_.Forget("Li", {answer.key}); }), ErrorKind::NoTable);
     EXPECT_EQ(KindOf([&] { memory_.FirstLook("Li", kMorning); }), ErrorKind::NoTable);
 }
 
@@ -29,8 +29,8 @@ TEST_P(TableMemoryTest, KeepsWhatWasAnswered) {
     MakeSideTables();
     const Answer putOff{{3, 0, DateTime(2003, 3, 7, 14), "核对 O'Brien"}, kMorning};
     const Answer dismissed{{0, 9, std::nullopt, ""}, std::nullopt};
-    memory_.Keep("Li", putOff);
-    memory_.Keep("Li", dismissed);
+    memory_.Keep("Li", {putOff});
+    memory_.Keep("Li", {dismissed});
     EXPECT_EQ(Answers("Li"), (std::vector{dismissed, putOff}));
 }
 
@@ -38,27 +38,27 @@ TEST_P(TableMemoryTest, KeepsEachUsersOwn) {
     MakeSideTables();
     const Answer one = PutOffItem(1);
     const Answer other = PutOffItem(1, kMorning.AddDays(1));
-    memory_.Keep("O'Brien", one);
-    memory_.Keep("O_Brien", other);
+    memory_.Keep("O'Brien", {one});
+    memory_.Keep("O_Brien", {other});
     EXPECT_EQ(Answers("O'Brien"), std::vector{one});
     EXPECT_EQ(Answers("O_Brien"), std::vector{other});
     EXPECT_EQ(Answers("o'brien"), std::vector{one}) << "names have no letter case";
     EXPECT_EQ(Answers("Li"), std::vector<Answer>());
-    memory_.Forget("O'Brien", one.key);
+    memory_.Forget("O'Brien", {one.key});
     EXPECT_EQ(Answers("O'Brien"), std::vector<Answer>());
     EXPECT_EQ(Answers("O_Brien"), std::vector{other});
 }
 
 TEST_P(TableMemoryTest, ALaterAnswerTakesThePlaceOfAnEarlierOne) {
     MakeSideTables();
-    memory_.Keep("Li", PutOffItem(1));
-    memory_.Keep("Li", PutOffItem(2));
+    memory_.Keep("Li", {PutOffItem(1)});
+    memory_.Keep("Li", {PutOffItem(2)});
     Answer again = PutOffItem(1, kMorning.AddDays(1));
     again.key.title = "u";
-    memory_.Keep("Li", again);
+    memory_.Keep("Li", {again});
     EXPECT_EQ(Answers("Li"), (std::vector{again, PutOffItem(2)}));
     again.until.reset();
-    memory_.Keep("Li", again);
+    memory_.Keep("Li", {again});
     EXPECT_EQ(Answers("Li"), (std::vector{again, PutOffItem(2)}));
 }
 
@@ -69,17 +69,17 @@ TEST_P(TableMemoryTest, AnotherDateIsAnotherReminder) {
     other.key.date = DateTime(2003, 3, 8);
     Answer dateless = one;
     dateless.key.date.reset();
-    for (const Answer& answer : {one, other, dateless}) memory_.Keep("Li", answer);
+    for (const Answer& answer : {one, other, dateless}) memory_.Keep("Li", {answer});
     EXPECT_EQ(Answers("Li"), (std::vector{dateless, one, other}));
-    memory_.Forget("Li", dateless.key);
+    memory_.Forget("Li", {dateless.key});
     EXPECT_EQ(Answers("Li"), (std::vector{one, other}));
 }
 
 TEST_P(TableMemoryTest, WhatWasNotKeptIsForgottenWithoutAWord) {
     MakeSideTables();
-    memory_.Keep("Li", PutOffItem(1));
-    memory_.Forget("Li", PutOffItem(2).key);
-    memory_.Forget("Wang", PutOffItem(1).key);
+    memory_.Keep("Li", {PutOffItem(1)});
+    memory_.Forget("Li", {PutOffItem(2).key});
+    memory_.Forget("Wang", {PutOffItem(1).key});
     EXPECT_EQ(Answers("Li"), std::vector{PutOffItem(1)});
 }
 
@@ -89,6 +89,13 @@ TEST_P(TableMemoryTest, TheFirstLookIsTheFirstEver) {
     EXPECT_EQ(memory_.FirstLook("O'Brien", kMorning.AddDays(9)), kMorning);
     EXPECT_EQ(memory_.FirstLook("O_Brien", kMorning.AddDays(9)), kMorning.AddDays(9));
     EXPECT_EQ(Answers("O'Brien"), std::vector<Answer>()) << "it is no answer";
+}
+
+TEST_P(TableMemoryTest, AFirstLookThatIsStillToComeWasNotedByAWrongClock) {
+    MakeSideTables();
+    EXPECT_EQ(memory_.FirstLook("Li", kMorning.AddDays(365)), kMorning.AddDays(365));
+    EXPECT_EQ(memory_.FirstLook("Li", kMorning), kMorning);
+    EXPECT_EQ(memory_.FirstLook("Li", kMorning.AddDays(9)), kMorning);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@ CREATE TABLE [zvMeta] (
 
 -- What a user put off (fState 1) until a moment, or dismissed (2). An item of a plan is known by
 -- plan and date (fItem 0), because generating gives it another number; any other has no plan (0).
+-- fGiven is when the user answered.
 CREATE TABLE [zvReminder] (
   [fID]    COUNTER CONSTRAINT PK_zvReminder PRIMARY KEY,
   [fUser]  TEXT(100),
@@ -17,7 +18,8 @@ CREATE TABLE [zvReminder] (
   [fDate]  DATETIME,
   [fTitle] TEXT(255),
   [fUntil] DATETIME,
-  [fState] SMALLINT DEFAULT 0
+  [fState] SMALLINT DEFAULT 0,
+  [fGiven] DATETIME
 );
 CREATE UNIQUE INDEX [zvReminder_item] ON [zvReminder] ([fUser], [fPlan], [fItem], [fDate]);
 

@@ -9,6 +9,7 @@ create table zvMeta (
 
 -- What a user put off (fState 1) until a moment, or dismissed (2). An item of a plan is known by
 -- plan and date (fItem 0), because generating gives it another number; any other has no plan (0).
+-- fGiven is when the user answered.
 create table zvReminder (
   fID    integer primary key autoincrement,
   fUser  varchar(100) collate nocase,
@@ -17,7 +18,8 @@ create table zvReminder (
   fDate  datetime,
   fTitle varchar(255) collate nocase,
   fUntil datetime,
-  fState smallint default 0
+  fState smallint default 0,
+  fGiven datetime
 );
 create unique index zvReminder_item on zvReminder(fUser, fPlan, fItem, fDate);
 
