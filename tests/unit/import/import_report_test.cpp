@@ -64,7 +64,7 @@ TEST(SystemTables, SideTablesStandBesideThem) {
     EXPECT_EQ(side[0].name + side[1].name + side[2].name, "zvMetazvReminderzvHistory");
     EXPECT_FALSE(side[0].countsByItself);
     EXPECT_TRUE(side[1].countsByItself && side[2].countsByItself);
-    ASSERT_EQ(side[1].columns.size(), 8U);
+    ASSERT_EQ(side[1].columns.size(), 9U);
     EXPECT_TRUE(side[1].columns[0].isKey);
     EXPECT_EQ(side[1].columns[1].size, 100U);
     EXPECT_EQ(side[1].columns[4].kind, ColumnKind::Date);

@@ -117,9 +117,10 @@ TEST_F(ImportServer, SideTablesGoThereAndComeBack) {
     ASSERT_EQ(RunZvdb({"sample", Path("a.db"), "--items", "60", "--side-tables"}).status, 0);
     Engine(Path("a.db"))
         .Run(
-            "insert into zvReminder(fID,fUser,fPlan,fItem,fDate,fTitle,fUntil,fState) values"
-            "(7,'陈',2,0,'2003-03-07 00:00:00','报表',null,2),"
-            "(9,'me',0,5,'2003-03-08 00:00:00','t','2003-03-09 08:30:00',1);"
+            "insert into zvReminder(fID,fUser,fPlan,fItem,fDate,fTitle,fUntil,fState,"
+            "fGiven) values(7,'陈',2,0,'2003-03-07 00:00:00','报表',null,2,null),"
+            "(9,'me',0,5,'2003-03-08 00:00:00','t','2003-03-09 08:30:00',1,"
+            "'2003-03-08 17:30:05');"
             "insert into zvHistory(fID,fWhen,fWho,fRow,fOld,fNew) values"
             "(40,'2003-03-07 10:00:00','me',5,null,printf('%9000c','x'))");
     // Once it makes them, once they are there and empty, once they are there and full.
@@ -140,8 +141,8 @@ TEST_F(ImportServer, SideTablesGoThereAndComeBack) {
     Engine a(Path("a.db"));
     Engine b(Path("b.db"));
     for (const char* sum :
-         {"group_concat(fID||fUser||fPlan||fItem||fDate||fTitle||coalesce(fUntil,'-')||fState) "
-          "from zvReminder",
+         {"group_concat(fID||fUser||fPlan||fItem||fDate||fTitle||coalesce(fUntil,'-')||fState||"
+          "coalesce(fGiven,'-')) from zvReminder",
           "group_concat(fID||fWhen||fWho||fRow||coalesce(fOld,'-')||fNew) from zvHistory"}) {
         const std::string sql = std::string("select ") + sum;
         EXPECT_FALSE(a.Text(sql).empty());
