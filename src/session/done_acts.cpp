@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "items/item_row.h"
 #include "plans/plan_row.h"
 #include "resources/number_setting.h"
@@ -15,7 +16,8 @@ using changes::Act;
 using changes::RowChange;
 using resources::ChangeText;
 
-constexpr std::size_t kMostObstacles = 5;
+/// Of what a box lists; it says how many more there are.
+constexpr std::size_t kMostLines = 5;
 
 // Deletions and additions of rows whose number or content is not known cannot be undone.
 bool CanBeTakenBack(const DoneAct& act) {
@@ -221,16 +223,21 @@ std::string DoneActs::LineOf(const DoneAct& act, const changes::Obstacle& obstac
 
 void DoneActs::Say(const DoneAct& act, const std::vector<changes::Obstacle>& obstacles) const {
     const bool restores = act.kind == Act::Restore;
-    std::string text =
+    const std::string text =
         session_.LoadText(restores ? ChangeText::CannotRestore : ChangeText::CannotTakeBack) +
-        "\r\n";
-    const std::size_t shown = std::min(obstacles.size(), kMostObstacles);
-    for (std::size_t i = 0; i < shown; i++) text += "\r\n" + LineOf(act, obstacles[i]);
-    if (obstacles.size() > shown) {
-        const std::string more = std::to_string(obstacles.size() - shown);
-        text += "\r\n" + session_.LoadText(ChangeText::AndMore, more);
-    }
+        "\r\n\r\n" +
+        FirstLines(obstacles.size(), [&](std::size_t i) { return LineOf(act, obstacles[i]); });
     session_.windows.ShowMessage(text, forms::box::kExclamation);
+}
+
+std::string DoneActs::FirstLines(std::size_t count,
+                                 const std::function<std::string(std::size_t)>& line) const {
+    std::vector<std::string> lines;
+    for (std::size_t i = 0; i < std::min(count, kMostLines); i++) lines.push_back(line(i));
+    if (count > kMostLines) {
+        lines.push_back(session_.LoadText(ChangeText::AndMore, std::to_string(count - kMostLines)));
+    }
+    return text::Join(lines, "\r\n");
 }
 
 void DoneActs::KeepNumbers(const changes::TakenBack& back) {
@@ -240,12 +247,14 @@ void DoneActs::KeepNumbers(const changes::TakenBack& back) {
 }
 
 void DoneActs::SayNumbers(const changes::TakenBack& back) const {
-    for (const auto& [change, number] : back.renumbered) {
-        session_.windows.ShowMessage(
-            resources::LoadText(ChangeText::OtherNumber, session_.state.Language, TitleOf(change),
-                                std::to_string(number)),
-            forms::box::kInformation);
-    }
+    if (back.renumbered.empty()) return;
+    const auto line = [&](std::size_t i) {
+        const auto& [change, number] = back.renumbered[i];
+        return resources::LoadText(ChangeText::OtherNumber, session_.state.Language,
+                                   TitleOf(change), std::to_string(number));
+    };
+    session_.windows.ShowMessage(FirstLines(back.renumbered.size(), line),
+                                 forms::box::kInformation);
 }
 
 std::vector<RowChange> DoneActs::Renumbered(std::vector<RowChange> rows) const {

@@ -76,6 +76,9 @@ class DoneActs {
     /// What was done to the rows; nothing where something stands against it, which was said.
     std::optional<changes::TakenBack> TakeRowsBack(const DoneAct& act, changes::Act record);
     void Say(const DoneAct& act, const std::vector<changes::Obstacle>& obstacles) const;
+    /// A line for each of the first, and how many more there are.
+    std::string FirstLines(std::size_t count,
+                           const std::function<std::string(std::size_t)>& line) const;
     std::string LineOf(const DoneAct& act, const changes::Obstacle& obstacle) const;
     void KeepNumbers(const changes::TakenBack& back);
     void SayNumbers(const changes::TakenBack& back) const;

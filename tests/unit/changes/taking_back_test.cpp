@@ -1,7 +1,7 @@
 // Acts taken back, on every engine.
 #include "changes/taking_back.h"
 
-#include "doubles/passing_connection.h"
+#include "doubles/numbering_connection.h"
 #include "plans/plan_row.h"
 #include "stored_items.h"
 
@@ -125,30 +125,12 @@ TEST_P(TakingBackTest, WhatIsAsItWasBeforeIsLeftAlone) {
     EXPECT_TRUE(Back({Reversed(deletion)}).empty()) << "somebody deleted it, too";
 }
 
-/// As an engine that numbers the rows itself and takes no number.
-class NumberingRows final : public doubles::PassingRows {
- public:
-    using PassingRows::PassingRows;
-    void SetField(std::string_view name, store::Value value) override {
-        if (name == "fID") throw RuntimeError(ErrorNumber::DatabaseFailure, "cannot be set");
-        PassingRows::SetField(name, std::move(value));
-    }
-};
-class NumberingConnection final : public doubles::PassingConnection {
- public:
-    using PassingConnection::PassingConnection;
-    std::unique_ptr<store::Recordset> Open(const std::string& sql, store::CursorType cursor,
-                                           store::LockType lock) override {
-        return std::make_unique<NumberingRows>(PassingConnection::Open(sql, cursor, lock));
-    }
-};
-
 TEST_P(TakingBackTest, ARowComesBackUnderAnotherNumberWhereTheEngineTakesNone) {
     Insert(41, "one");
     const RowChange deletion = Deletion(41);
     Run("delete from tTaskList where fID=41");
     opener_.open = [this](const store::ConnectionSettings&) {
-        return std::make_unique<NumberingConnection>(Another());
+        return std::make_unique<doubles::NumberingConnection>(Another());
     };
     database_.Leave();
     TakenBack done;
