@@ -39,6 +39,10 @@ constexpr auto kHostActs = std::to_array<std::string_view>(
      "sql \"update tTaskList set tDone=1 where fID=3\"",
      "item taskTitle=新来的",
      "item fType=1 taskTitle=拜访 TaskID=5",
+     "call StartReminders",
+     "call StartReminders",
+     "call StopReminders",
+     "sql \"drop table zvReminder\"",
      "bag write",
      "endsession"});
 
@@ -46,7 +50,7 @@ constexpr auto kHostActs = std::to_array<std::string_view>(
 
 std::vector<std::string> OpeningLines() {
     return {"clock 2003-03-07T09:30:00",
-            "database t.db",
+            "database t.db side",
             "sql \"insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask')\"",
             "sql \"insert into tSysFunc(SerialNo,model_Name) values(2,'mnuZjComp')\"",
             "set myPower 11111111111111111111",

@@ -28,10 +28,11 @@ constexpr auto kDates = std::to_array<std::string_view>({"2003-03-07", "2003-03-
                                                          "2003-02-28", "2004-02-29", "2003-12-31",
                                                          "empty", "1999-12-31", "2012-01-01"});
 constexpr auto kKeys = std::to_array<std::string_view>(
-    {"Enter",     "Tab",       "Escape",     "Up",     "Down",   "Home",   "End",
-     "PageUp",    "PageDown",  "F1",         "F2",     "F5",     "Delete", "Menu",
-     "Shift+F10", "Shift+Tab", "Ctrl+N",     "Ctrl+S", "Ctrl+D", "Ctrl+H", "Ctrl+F",
-     "Ctrl+P",    "Ctrl+Z",    "Ctrl+Enter", "Ctrl+A"});
+    {"Enter",     "Tab",       "Escape", "Up",     "Down",       "Home",   "End",
+     "PageUp",    "PageDown",  "F1",     "F2",     "F5",         "Delete", "Menu",
+     "Shift+F10", "Shift+Tab", "Ctrl+N", "Ctrl+S", "Ctrl+D",     "Ctrl+H", "Ctrl+F",
+     "Ctrl+P",    "Ctrl+Z",    "Ctrl+Y", "Ctrl+L", "Ctrl+Enter", "Ctrl+A"});
+
 // The windows that no modal one blocks.
 std::vector<const forms::Form*> Reachable(const ScenarioStage& stage) {
     std::vector<const forms::Form*> forms;
