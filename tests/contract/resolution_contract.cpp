@@ -19,6 +19,7 @@
 #include "forms/win32/display.h"
 #include "forms/win32/form_window.h"
 #include "forms/win32/input_box.h"
+#include "forms/win32/measured_texts.h"
 #include "forms/win32/system_dpi.h"
 #include "forms/win32/user_function.h"
 #include "stand.h"
@@ -296,6 +297,18 @@ TEST_F(Resolution, AWindowIsLaidOutOnceMoreByTextsOfTheNewOne) {
         EXPECT_GE(scale.ToPixels(widths[i]), win32::MeasureText(font.get(), texts[i]).cx)
             << texts[i];
     }
+}
+
+TEST(MeasuredTexts, AreMeasuredAnewWhenTheUserChoosesAnotherFont) {
+    win32::MeasuredTexts texts(win32::SystemDpi());
+    const LOGFONTW usual = win32::MessageFont(win32::SystemDpi());
+    LOGFONTW large = usual;
+    large.lfHeight *= 2;
+    const SIZE size = texts.SizeOf("任务", usual);
+    EXPECT_EQ(size.cx, win32::MeasureText(win32::CreateUiFont(usual).get(), "任务").cx);
+    EXPECT_GT(texts.SizeOf("任务", large).cx, size.cx);
+    EXPECT_EQ(texts.SizeOf("任务", usual).cx, size.cx);
+    EXPECT_EQ(texts.SizeOf("任务", usual).cy, size.cy);
 }
 
 TEST_F(Resolution, TheBarsOfAWindowStandFromTheStart) {

@@ -28,20 +28,6 @@ bool IsNamed(HDC dc, const wchar_t* face) {
     return lstrcmpiW(actual.data(), face) == 0;
 }
 
-LOGFONTW MessageFont(int dpi) {
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    using ForDpi = BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT);
-    static const auto forDpi = UserFunction<ForDpi>("SystemParametersInfoForDpi");
-    if (forDpi &&
-        forDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi))) {
-        return metrics.lfMessageFont;
-    }
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, SystemDpi());
-    return metrics.lfMessageFont;
-}
-
 RECT WorkAreaOf(HMONITOR monitor) {
     MONITORINFO info{};
     info.cbSize = sizeof info;
@@ -99,8 +85,25 @@ int BarThickness(int dpi) {
     return MulDiv(GetSystemMetrics(SM_CXVSCROLL), dpi, SystemDpi());
 }
 
+LOGFONTW MessageFont(int dpi) {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    using ForDpi = BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT);
+    static const auto forDpi = UserFunction<ForDpi>("SystemParametersInfoForDpi");
+    if (forDpi &&
+        forDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi))) {
+        return metrics.lfMessageFont;
+    }
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, SystemDpi());
+    return metrics.lfMessageFont;
+}
+
 Font CreateUiFont(int dpi) {
-    LOGFONTW wanted = MessageFont(dpi);
+    return CreateUiFont(MessageFont(dpi));
+}
+
+Font CreateUiFont(LOGFONTW wanted) {
     Font font(CreateFontIndirectW(&wanted));
     const WindowDc screen(nullptr);
     {

@@ -47,9 +47,13 @@ RECT WorkAreaAround(const RECT& place);
 /// The thickness of a window's scroll bar, in pixels.
 int BarThickness(int dpi);
 
-/// The font of the system's messages at a resolution. Where that has no Chinese characters of both
+/// The font that the user has chosen for messages, at a resolution.
+LOGFONTW MessageFont(int dpi);
+/// That font. Where that has no Chinese characters of both
 /// scripts and the system has a user-interface font with them, it is that one in the same size.
 Font CreateUiFont(int dpi);
+/// The same for one that the user could choose.
+Font CreateUiFont(LOGFONTW wanted);
 
 /// Lines are broken at line feeds; in pixels.
 SIZE MeasureText(HFONT font, std::string_view text);

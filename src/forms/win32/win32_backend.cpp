@@ -171,10 +171,9 @@ Size Win32Backend::MeasureText(std::string_view text) {
     const DpiScope sharp = dpi_.ForWindows();
     if (resolutions_.empty()) Meets(SystemDpi());
     Size most;
-    for (const int dpi : resolutions_) {
-        const Scale scale(dpi);
-        const Font font = CreateUiFont(dpi);
-        const SIZE size = win32::MeasureText(font.get(), text);
+    for (MeasuredTexts& texts : resolutions_) {
+        const Scale scale(texts.Dpi());
+        const SIZE size = texts.SizeOf(text, MessageFont(texts.Dpi()));
         most.width = std::max(most.width, scale.UnitsThatHold(static_cast<int>(size.cx)));
         most.height = std::max(most.height, scale.UnitsThatHold(static_cast<int>(size.cy)));
     }
@@ -182,9 +181,11 @@ Size Win32Backend::MeasureText(std::string_view text) {
 }
 
 bool Win32Backend::Meets(int dpi) {
-    if (std::find(resolutions_.begin(), resolutions_.end(), dpi) != resolutions_.end())
-        return false;
-    resolutions_.push_back(dpi);
+    const bool known =
+        std::any_of(resolutions_.begin(), resolutions_.end(),
+                    [dpi](const MeasuredTexts& texts) { return texts.Dpi() == dpi; });
+    if (known) return false;
+    resolutions_.emplace_back(dpi);
     return true;
 }
 

@@ -15,6 +15,7 @@
 #include "forms/win32/common_controls.h"
 #include "forms/win32/display.h"
 #include "forms/win32/handles.h"
+#include "forms/win32/measured_texts.h"
 #include "forms/win32/screens.h"
 #include "forms/win32/system_dpi.h"
 #include "forms/win32/win32_dialogs.h"
@@ -84,7 +85,7 @@ class Win32Backend : public Backend {
     HINSTANCE module_;
     SystemDpiThread thread_;
     DpiAwareness dpi_{thread_};
-    std::vector<int> resolutions_;
+    std::vector<MeasuredTexts> resolutions_;
     Screens screens_;
     CommonControls controls_;
     Win32Dialogs ownDialogs_;
