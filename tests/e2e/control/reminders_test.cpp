@@ -99,6 +99,42 @@ TEST_F(Reminders, EndWithTheLastControlOfTheProcess) {
     EXPECT_EQ(GetModuleHandleW(L"zv_Task.ocx"), nullptr);
 }
 
+TEST_F(Reminders, OutliveTheWindowBeforeWhichTheyCameUp) {
+    const HWND host = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                                      200, 100, nullptr, nullptr, nullptr, nullptr);
+    SetForegroundWindow(host);
+    const auto task = Second();
+    ASSERT_TRUE(task);
+    ASSERT_EQ(task->StartReminders(), S_OK);
+    const HWND window = WindowNamed(L"frmRemind");
+    ASSERT_TRUE(IsWindowVisible(window));
+    DestroyWindow(host);
+    const DWORD end = GetTickCount() + 200;
+    PumpWhile([end] { return GetTickCount() < end; });
+    EXPECT_TRUE(IsWindowVisible(window));
+    EXPECT_TRUE(IsReminding(*task));
+    // Nor does somebody who destroys it from outside leave anything that goes on looking.
+    DestroyWindow(window);
+    EXPECT_EQ(WindowNamed(L"frmRemind"), nullptr);
+    EXPECT_FALSE(IsReminding(*task));
+    EXPECT_EQ(task->StartReminders(), S_OK);
+    EXPECT_TRUE(IsWindowVisible(WindowNamed(L"frmRemind")));
+    EXPECT_EQ(task->StopReminders(), S_OK);
+}
+
+TEST_F(Reminders, EndWithTheSessionWithoutAQuestion) {
+    const auto task = Second();
+    ASSERT_TRUE(task);
+    ASSERT_EQ(task->StartReminders(), S_OK);
+    const HWND window = WindowNamed(L"frmRemind");
+    ASSERT_TRUE(IsWindowVisible(window));
+    EXPECT_TRUE(SendMessageW(window, WM_QUERYENDSESSION, 0, 0));
+    SendMessageW(window, WM_ENDSESSION, TRUE, 0);
+    EXPECT_EQ(WindowNamed(L"frmRemind"), nullptr);
+    EXPECT_FALSE(IsReminding(*task));
+    EXPECT_EQ(task->StopReminders(), S_OK);
+}
+
 TEST_F(Reminders, AListenerMayLetGoOfTheControlInside) {
     listener.next = [this] { control.Reset(); };
     const auto task = Second();
