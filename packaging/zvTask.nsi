@@ -193,11 +193,16 @@ SectionEnd
 ; log-in: a set-up that an administrator started must not leave a program of his running.
 !macro DefineEndAlerter UN
 Function ${UN}EndAlerter
-    ${If} ${FileExists} "$INSTDIR\x64\zvAlert.exe"
-        ExecWait '"$INSTDIR\x64\zvAlert.exe" --exit'
-    ${EndIf}
-    ${If} ${FileExists} "$INSTDIR\x86\zvAlert.exe"
-        ExecWait '"$INSTDIR\x86\zvAlert.exe" --exit'
+    ; Where none runs no program is started that would keep its own file in use if the set-up were
+    ; killed meanwhile. The name is that of the alerter's window.
+    FindWindow $0 "zvAlertWindow"
+    ${If} $0 <> 0
+        ${If} ${FileExists} "$INSTDIR\x64\zvAlert.exe"
+            ExecWait '"$INSTDIR\x64\zvAlert.exe" --exit'
+        ${EndIf}
+        ${If} ${FileExists} "$INSTDIR\x86\zvAlert.exe"
+            ExecWait '"$INSTDIR\x86\zvAlert.exe" --exit'
+        ${EndIf}
     ${EndIf}
     ClearErrors
 FunctionEnd
