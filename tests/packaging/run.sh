@@ -71,8 +71,8 @@ uninstalls() { # a copy of an uninstaller works on this machine
 is_listed() {
     wine_run reg query "HKLM\\$key" >/dev/null 2>&1 || wine_run reg query "HKCU\\$key" >/dev/null 2>&1
 }
-# The uninstaller goes on as a copy of itself after it has returned. That it is over is seen by both
-# signs: a program of Wine says now and then that a key is not there though it is.
+# The uninstaller goes on as a copy of itself after it has returned: it is over when its entry is gone
+# and that copy has ended.
 removed() { # FOLDER OPTION...
     local folder=$1 end=$((SECONDS + 300))
     shift

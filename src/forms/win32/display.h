@@ -49,8 +49,8 @@ int BarThickness(int dpi);
 
 /// The font that the user has chosen for messages, at a resolution.
 LOGFONTW MessageFont(int dpi);
-/// That font. Where that has no Chinese characters of both
-/// scripts and the system has a user-interface font with them, it is that one in the same size.
+/// That font. Where it has no Chinese characters of both scripts and the system has a
+/// user-interface font with them, it is that one in the same size.
 Font CreateUiFont(int dpi);
 /// The same for one that the user could choose.
 Font CreateUiFont(LOGFONTW wanted);
