@@ -67,6 +67,12 @@ set_up_workstation() {
     registry delete "$settings" /f >/dev/null
 }
 
+# log_in USER PASSWORD: at $data as a business program does, which hands over to the alerter.
+log_in() {
+    [ "$(wine_output cscript //nologo "$(winepath_of tests/e2e/alerter/hand_over.vbs)" \
+        "$(winepath_of "$data")" "$1" "$2" | tail -n 1)" = END ]
+}
+
 # make_database COMMAND OPTION...: by zvdb, at $data.
 make_database() {
     mkdir -p "$(dirname "$data")"

@@ -12,6 +12,7 @@ with_width() (
     wine_width "${width_of[$1]}"
     "${@:2}"
 )
+register() { wine_register "$ZV_BIN/$1"; }
 # A workstation is the process that the name stands for.
 at() { # first|second COMMAND...
     local process=$1_process

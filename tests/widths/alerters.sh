@@ -9,16 +9,10 @@ cd "$(dirname "$0")/../.."
 source tests/e2e/playing.sh
 source tests/e2e/workstations.sh
 data="$work/两台 工作站/taskAlert.db"
-address="Z:$data"
 width_of=([first]=64 [second]=32)
 gone_meanwhile="*1 项已被其他用户更改或删除*"
 declare -A alerters=()
 
-register() { wine_register "$ZV_BIN/$1"; }
-log_in() {
-    [ "$(wine_output cscript //nologo "$(winepath_of tests/e2e/alerter/hand_over.vbs)" "$address" 张三 geheim |
-        tail -n 1)" = END ]
-}
 alert() { ZV_WINE_TIMEOUT=300 wine_run "$ZV_BIN/zvAlert.exe" "$@" >/dev/null 2>&1; }
 lists() { [ "$(at "$1" rows frmRemind.grdDue | cut -f 1 | tr '\n' ' ')" = "$2" ]; } # WHO TITLES
 shows_nothing() { ! at "$1" list | grep -q 'frmRemind|'; }
@@ -32,7 +26,7 @@ for who in first second; do
     expect "the host kit of $who registers" with_width "$who" register zv_Host.dll
     expect "the control of $who registers" with_width "$who" register zv_Task.ocx
     with_width "$who" registry delete "$settings" /f >/dev/null
-    expect "a business program logs in at $who" with_width "$who" log_in
+    expect "a business program logs in at $who" with_width "$who" log_in 张三 geheim
     with_width "$who" alert &
     alerters[$who]=$!
 done

@@ -14,7 +14,6 @@ source tests/e2e/workstations.sh
 data="$work/两种 位数/taskAlert.db"
 address="Z:$data"
 width_of=([first]=64 [second]=32)
-register() { wine_register "$ZV_BIN/$1"; }
 check_file() { wine_run "$ZV_BIN/zvdb.exe" check "$address"; }
 
 make_database create

@@ -16,10 +16,6 @@ start() { # in the background; wine ends with the program
 runs() { kill -0 "${alerters[-1]}" 2>/dev/null; }
 has_ended() { ! runs; }
 ended_well() { wait "${alerters[-1]}"; }
-log_in() { # USER PASSWORD
-    [ "$(wine_output cscript //nologo "$(winepath_of tests/e2e/alerter/hand_over.vbs)" \
-        "$(winepath_of "$data")" "$1" "$2" | tail -n 1)" = END ]
-}
 kept() { registry query "$settings\\zvTask" /v HandedOver; }
 keeps_no() { ! kept | grep -qi -- "$1"; }
 
