@@ -30,7 +30,7 @@ class NextLook {
 // Who put something off by a clock that was days ahead meant another time: the reminder would stay
 // away until that clock's time has come.
 bool WasGivenByAWrongClock(const Answer& answer, DateTime now) {
-    return answer.until && answer.given > now.AddDays(1);
+    return answer.until && answer.given && *answer.given > now.AddDays(1);
 }
 
 bool ComesFirst(const Due& a, const Due& b) {

@@ -55,8 +55,8 @@ struct Answer {
     Key key;
     /// When it comes again; nothing: it was dismissed and stays away.
     std::optional<DateTime> until;
-    /// When it was given, by the clock of that workstation.
-    DateTime given{};
+    /// When it was given, by the clock of that workstation; nothing: nobody noted it.
+    std::optional<DateTime> given{};
 
     bool operator==(const Answer&) const = default;
 };

@@ -46,14 +46,12 @@ std::optional<Answer> AnswerIn(std::string_view line) {
     const auto plan = NumberIn(parts[0]);
     const auto item = NumberIn(parts[1]);
     Answer answer;
-    std::optional<DateTime> given;
     if (!plan || !item || !ReadDate(parts[2], answer.key.date) ||
-        !ReadDate(parts[3], answer.until) || !ReadDate(parts[4], given)) {
+        !ReadDate(parts[3], answer.until) || !ReadDate(parts[4], answer.given)) {
         return std::nullopt;
     }
     answer.key.plan = *plan;
     answer.key.item = *item;
-    answer.given = given.value_or(DateTime());
     answer.key.title = parts[5];
     return answer;
 }

@@ -65,7 +65,7 @@ std::vector<Answer> TableMemory::Answers(std::string_view user) {
         if (!IsOf(*rows, user) || kept == Number(Kept::FirstLook)) continue;
         Answer answer{KeyIn(*rows), {}};
         if (kept == Number(Kept::PutOff)) answer.until = DateIn(rows->Field("fUntil"));
-        answer.given = DateIn(rows->Field("fGiven")).value_or(DateTime());
+        answer.given = DateIn(rows->Field("fGiven"));
         answers.push_back(std::move(answer));
     }
     rows->Close();
@@ -90,7 +90,7 @@ void TableMemory::KeepOne(std::string_view user, const Answer& answer) {
     rows->SetField("fTitle", answer.key.title);
     rows->SetField("fUntil", ValueOf(answer.until));
     rows->SetField("fState", Number(answer.until ? Kept::PutOff : Kept::Dismissed));
-    rows->SetField("fGiven", answer.given);
+    rows->SetField("fGiven", ValueOf(answer.given));
     rows->Update();
     rows->Close();
 }

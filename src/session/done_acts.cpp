@@ -1,6 +1,7 @@
 #include "session/done_acts.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/text.h"
 #include "items/item_row.h"
@@ -59,6 +60,11 @@ std::int32_t ItemsAdded(const std::vector<RowChange>& rows) {
 
 }  // namespace
 
+UserAndStore PresentOf(const Session& session) {
+    const store::ConnectionSettings* opened = session.database.OpenedWith();
+    return {session.state.UserName, opened ? *opened : session.Settings()};
+}
+
 bool DoneActs::KeepsHistory() {
     return changes::History(session_.database).IsKept();
 }
@@ -72,37 +78,41 @@ std::optional<changes::Fields> DoneActs::RowBefore(const changes::Table& table, 
 void DoneActs::Done(DoneAct act) {
     if (act.title.empty() && !act.rows.empty()) act.title = TitleOf(act.rows.front());
     Record(act.kind, act.rows);
-    if (together_) return together_->push_back(std::move(act));
+    if (collecting_) return collecting_->acts.push_back(std::move(act));
     Keep(std::move(act), false);
 }
 
-void DoneActs::Together(const std::function<std::size_t()>& acts) {
-    together_.emplace();
-    std::size_t count = 0;
-    try {
-        count = acts();
-    } catch (...) {
-        EndTogether(together_->size());
-        throw;
-    }
-    EndTogether(count);
+void DoneActs::Collect(ActsTogether& together, const std::function<void()>& act) {
+    struct Collecting {
+        Collecting(ActsTogether*& target, ActsTogether& now)
+            : target_(target), former_(std::exchange(target, &now)) {}
+        ~Collecting() { target_ = former_; }
+        Collecting(const Collecting&) = delete;
+        Collecting& operator=(const Collecting&) = delete;
+
+     private:
+        ActsTogether*& target_;
+        ActsTogether* former_;
+    } const collecting(collecting_, together);
+    act();
 }
 
-void DoneActs::EndTogether(std::size_t count) {
-    std::vector<DoneAct> acts = std::move(*together_);
-    together_.reset();
-    if (acts.empty()) return;
+void DoneActs::KeepTogether(ActsTogether together) {
+    std::vector<DoneAct>& acts = together.acts;
+    if (acts.empty() || together.of != PresentOf(session_)) return;
     std::vector<std::function<void()>> back;
     std::vector<std::function<void()>> again;
+    std::size_t items = 0;
     for (DoneAct& act : acts) {
         back.push_back(std::move(act.back));
         again.push_back(std::move(act.again));
+        items += act.items;
     }
     std::reverse(back.begin(), back.end());
     DoneAct whole = std::move(acts.front());
-    if (count > 1) {
+    if (items > 1) {
         whole.notice = ChangeText::Several;
-        whole.title = std::to_string(count);
+        whole.title = std::to_string(items);
     }
     for (auto act = acts.begin() + 1; act != acts.end(); ++act) {
         std::move(act->rows.begin(), act->rows.end(), std::back_inserter(whole.rows));
@@ -115,8 +125,7 @@ void DoneActs::EndTogether(std::size_t count) {
 void DoneActs::Keep(DoneAct act, bool again) {
     if (!CanBeTakenBack(act) || !ChangesSomething(act)) return;
     ForgetOthers();
-    user_ = session_.state.UserName;
-    store_ = PresentStore();
+    of_ = PresentOf(session_);
     std::string notice = NoticeOf(act);
     auto go = [this, act = std::move(act), again] { return GoBack(act, again); };
     if (again)
@@ -137,13 +146,8 @@ std::string DoneActs::NoticeOf(const DoneAct& act) const {
                                act.title);
 }
 
-store::ConnectionSettings DoneActs::PresentStore() const {
-    const store::ConnectionSettings* opened = session_.database.OpenedWith();
-    return opened ? *opened : session_.Settings();
-}
-
 bool DoneActs::AreOfPresent() const {
-    return user_ == session_.state.UserName && store_ == PresentStore();
+    return of_ == PresentOf(session_);
 }
 
 bool DoneActs::CanTakeBack() const {
@@ -180,7 +184,7 @@ std::optional<changes::TakenBack> DoneActs::TakeRowsBack(const DoneAct& act, Act
 bool DoneActs::GoBack(const DoneAct& act, bool again) {
     const std::optional<changes::TakenBack> back = TakeRowsBack(act, Act::TakeBack);
     if (!back) return true;
-    Keep({act.kind, act.notice, act.title, back->rows, act.again, act.back}, !again);
+    Keep({act.kind, act.notice, act.title, act.items, back->rows, act.again, act.back}, !again);
     ShowChangedRows(session_, back->rows);
     SayNumbers(*back);
     return true;

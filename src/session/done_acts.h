@@ -23,11 +23,27 @@ class Session;
 struct DoneAct {
     changes::Act kind = changes::Act::Change;
     resources::ChangeText notice = resources::ChangeText::Changed;
-    std::string title{};  ///< of what it was done to; empty: that of the first row
+    std::string title{};    ///< of what it was done to; empty: that of the first row
+    std::size_t items = 1;  ///< to so many; 0: to what another act was done to
     std::vector<changes::RowChange> rows{};
     /// What lies beside the rows: taken back with them and done again with them. May be empty.
     std::function<void()> back{};
     std::function<void()> again{};
+};
+
+/// Who works, and where. Acts belong to both.
+struct UserAndStore {
+    std::string user{};
+    store::ConnectionSettings store{};
+
+    bool operator==(const UserAndStore&) const = default;
+};
+UserAndStore PresentOf(const Session& session);
+
+/// Acts that are one step for the user.
+struct ActsTogether {
+    UserAndStore of;
+    std::vector<DoneAct> acts{};
 };
 
 class DoneActs {
@@ -51,9 +67,11 @@ class DoneActs {
     /// Only puts it on record: what a host did is not the user's to take back.
     void DoneForGood(const DoneAct& act) { Record(act.kind, act.rows); }
 
-    /// What is done meanwhile is taken back at once. `acts` answers to how many it was done; what
+    /// What `act` does belongs to `together` and is no step of its own, also where it fails; what
     /// it throws reaches the caller.
-    void Together(const std::function<std::size_t()>& acts);
+    void Collect(ActsTogether& together, const std::function<void()>& act);
+    /// They are taken back at once. Those of another user or store than the present one cannot be.
+    void KeepTogether(ActsTogether together);
 
     /// Puts rows back that were deleted, in the order in which they are named, as an act of its
     /// own; what stands against it, and that there is nothing to be done, is said in a box.
@@ -69,8 +87,6 @@ class DoneActs {
 
  private:
     bool AreOfPresent() const;
-    store::ConnectionSettings PresentStore() const;
-    void EndTogether(std::size_t count);
     void Keep(DoneAct act, bool again);
     bool GoBack(const DoneAct& act, bool again);
     /// What was done to the rows; nothing where something stands against it, which was said.
@@ -89,9 +105,8 @@ class DoneActs {
     std::string NoticeOf(const DoneAct& act) const;
 
     Session& session_;
-    std::string user_;                 ///< whose acts are kept
-    store::ConnectionSettings store_;  ///< to which they were done
-    std::optional<std::vector<DoneAct>> together_;
+    UserAndStore of_;                     ///< whose acts are kept
+    ActsTogether* collecting_ = nullptr;  ///< null: each act is a step
     /// Rows that came back under another number, by table and former number.
     std::map<std::pair<const changes::Table*, std::int32_t>, std::int32_t> renumbered_;
     DateTime cleared_;  ///< the day on which old records were looked for last

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "doubles/rows_of.h"
 #include "resources/error_texts.h"
+#include "store/engines/engines.h"
 #include "store/sqlite/create_database.h"
 #include "store/sqlite/sqlite_connection.h"
 
@@ -48,6 +49,13 @@ void TestApplication::Sql(const std::string& script) {
     const auto connection = store::OpenSqlite(Path("t.db"), options);
     for (const std::string& statement : text::Split(script, ";")) {
         connection->Execute(statement);
+    }
+}
+
+void TestApplication::AddSideTables() {
+    namespace engines = store::engines;
+    for (const std::string& statement : engines::StatementsOf(engines::Of("sqlite").sideTables)) {
+        Sql(statement);
     }
 }
 

@@ -30,6 +30,8 @@ class TestApplication {
     /// Runs statements of the engine, separated by ";", on the database, as the host application
     /// would.
     void Sql(const std::string& script);
+    /// Makes the tables that a database may have beside the others.
+    void AddSideTables();
     /// First column of the first row.
     std::string Query(const std::string& statement);
     /// A line a row, columns joined by "|", dates as the file holds them.

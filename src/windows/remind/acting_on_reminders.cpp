@@ -5,6 +5,7 @@
 namespace zv::windows {
 
 bool ActingOnReminders::Continue() {
+    if (!goesOn_()) return false;
     const std::size_t end = std::min(next_ + inPiece_, dues_.size());
     const auto at = [this](std::size_t i) {
         return dues_.begin() + static_cast<std::ptrdiff_t>(i);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "progress/long_work.h"
@@ -20,10 +21,14 @@ class ActingOnReminders final : public progress::LongWork {
     static constexpr std::size_t kMarksInPiece = 100;
     static constexpr std::size_t kAnswersInPiece = 500;
 
-    /// `act` must outlive this; it gets `inPiece` of them at a time.
-    ActingOnReminders(std::vector<reminders::Due> dues, std::size_t inPiece,
-                      const RemindersAct& act)
-        : dues_(std::move(dues)), inPiece_(inPiece), act_(act) {}
+    /// `act` gets `inPiece` of them at a time, as long as `goesOn`: between two pieces anything may
+    /// happen.
+    ActingOnReminders(std::vector<reminders::Due> dues, std::size_t inPiece, RemindersAct act,
+                      std::function<bool()> goesOn)
+        : dues_(std::move(dues)),
+          inPiece_(inPiece),
+          act_(std::move(act)),
+          goesOn_(std::move(goesOn)) {}
 
     bool Continue() override;
     std::optional<int> Percent() const override;
@@ -35,7 +40,8 @@ class ActingOnReminders final : public progress::LongWork {
  private:
     std::vector<reminders::Due> dues_;
     std::size_t inPiece_;
-    const RemindersAct& act_;
+    RemindersAct act_;
+    std::function<bool()> goesOn_;
     std::size_t next_ = 0;
     std::size_t acted_ = 0;
 };

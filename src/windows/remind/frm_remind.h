@@ -107,11 +107,16 @@ class frmRemind : public forms::Form, public StoreClient {
     void cmdOpen_Click();
     void cmdLater_Click();
     void cmdDismiss_Click();
+    struct HowDone {
+        std::string caption{};                            ///< says what is done
+        std::size_t inPiece = 0;                          ///< as ActingOnReminders has it
+        std::optional<resources::RemindText> question{};  ///< asked about several
+    };
     /// Does it for those that are still due, some at a time, so that the user can stop what takes
-    /// long. Looks again whatever comes of it, and says how many of them somebody else had changed.
-    /// `caption` says what is done; `inPiece` as ActingOnReminders has it.
-    void ForAll(const std::vector<reminders::Due>& wanted, const std::string& caption,
-                std::size_t inPiece, const RemindersAct& act);
+    /// long; no more once another user or store has come. Looks again whatever comes of it, and
+    /// says how many of them somebody else had changed.
+    void ForAll(const std::vector<reminders::Due>& wanted, const HowDone& how,
+                const RemindersAct& act);
     bool Mark(const reminders::Due& due, items::ItemState state);
     void Answer(const std::vector<reminders::Due>& dues, std::optional<DateTime> until,
                 ReminderAct act);

@@ -80,8 +80,7 @@ void frmRemind::Announce(const reminders::Due& due, ReminderAct act) {
 void frmRemind::cmdDone_Click() {
     const std::vector<reminders::Due> wanted = Selected();
     if (wanted.empty() || !HasRight(session_, "mnuToolTask", kCompletionRight)) return;
-    if (!Agrees(RemindText::AskDone, wanted.size())) return;
-    ForAll(wanted, cmdDone.Caption(), ActingOnReminders::kMarksInPiece,
+    ForAll(wanted, {cmdDone.Caption(), ActingOnReminders::kMarksInPiece, RemindText::AskDone},
            [this](const std::vector<reminders::Due>& dues) {
                std::size_t marked = 0;
                for (const reminders::Due& due : dues) {
@@ -99,7 +98,7 @@ void frmRemind::cmdInHand_Click() {
     // Who works at it needs no reminder before the next morning.
     const auto morning =
         reminders::MomentOf(reminders::PutOff::TomorrowMorning, session_.machine.clock.Now());
-    ForAll(wanted, cmdInHand.Caption(), ActingOnReminders::kMarksInPiece,
+    ForAll(wanted, {cmdInHand.Caption(), ActingOnReminders::kMarksInPiece},
            [&](const std::vector<reminders::Due>& dues) {
                std::vector<reminders::Due> marked;
                try {
@@ -115,22 +114,30 @@ void frmRemind::cmdInHand_Click() {
            });
 }
 
-void frmRemind::ForAll(const std::vector<reminders::Due>& wanted, const std::string& caption,
-                       std::size_t inPiece, const RemindersAct& act) {
+void frmRemind::ForAll(const std::vector<reminders::Due>& wanted, const HowDone& how,
+                       const RemindersAct& act) {
     std::size_t gone = 0;
+    ActsTogether together{PresentOf(session_)};
+    const auto collected = [&](const std::vector<reminders::Due>& dues) {
+        std::size_t acted = 0;
+        session_.acts.Collect(together, [&] { acted = act(dues); });
+        return acted;
+    };
+    // What the user agreed to is his, and of the store that he saw.
+    const auto goesOn = [&] { return IsLoaded() && together.of == PresentOf(session_); };
+    if (how.question && !Agrees(*how.question, wanted.size())) return;
+    if (!goesOn()) return;
     try {
-        ActingOnReminders acting(StillDue(wanted), inPiece, act);
-        gone = wanted.size() - acting.Count();
-        session_.acts.Together([&] {
-            RunLongWork(session_, caption, acting);
-            return acting.Acted();
-        });
-        gone += acting.Gone();
+        ActingOnReminders acting(StillDue(wanted), how.inPiece, collected, goesOn);
+        RunLongWork(session_, how.caption, acting);
+        gone = wanted.size() - acting.Count() + acting.Gone();
     } catch (...) {
+        session_.acts.KeepTogether(std::move(together));
         // What was done before the error is listed no more.
         if (IsLoaded()) LookAgain();
         throw;
     }
+    session_.acts.KeepTogether(std::move(together));
     if (!IsLoaded()) return;
     LookAgain();
     ReportGone(gone);
@@ -178,7 +185,7 @@ void frmRemind::cmdLater_Click() {
                                      forms::box::kExclamation);
         return;
     }
-    ForAll(wanted, cmdLater.Caption(), ActingOnReminders::kAnswersInPiece,
+    ForAll(wanted, {cmdLater.Caption(), ActingOnReminders::kAnswersInPiece},
            [&](const std::vector<reminders::Due>& dues) {
                Answer(dues, until, ReminderAct::Later);
                return dues.size();
@@ -187,8 +194,9 @@ void frmRemind::cmdLater_Click() {
 
 void frmRemind::cmdDismiss_Click() {
     const std::vector<reminders::Due> wanted = Selected();
-    if (wanted.empty() || !Agrees(RemindText::AskDismiss, wanted.size())) return;
-    ForAll(wanted, cmdDismiss.Caption(), ActingOnReminders::kAnswersInPiece,
+    if (wanted.empty()) return;
+    ForAll(wanted,
+           {cmdDismiss.Caption(), ActingOnReminders::kAnswersInPiece, RemindText::AskDismiss},
            [this](const std::vector<reminders::Due>& dues) {
                Answer(dues, std::nullopt, ReminderAct::Dismiss);
                return dues.size();
@@ -216,7 +224,9 @@ void frmRemind::Answer(const std::vector<reminders::Due>& dues, std::optional<Da
     for (const reminders::Due& due : dues) Announce(due, act);
     DoneAct done{.kind = changes::Act::Change,
                  .notice = resources::ChangeText::Answered,
-                 .title = dues.front().subject.title};
+                 .title = dues.front().subject.title,
+                 // Who takes in hand has marked them, too.
+                 .items = act == ReminderAct::InHand ? 0 : dues.size()};
     // Taken back when the window may be gone.
     done.back = [&session = session_, user, before, without] {
         reminders::StoreMemory memory(session.database, session.settings);

@@ -1,5 +1,5 @@
-// What the scenarios of the window of reminders cannot reach: the pauses while the
-// store is away, and a calendar that ends.
+// What the scenarios of the window of reminders cannot reach: the pauses while the store is away,
+// and a calendar that ends.
 #include <gtest/gtest.h>
 
 #include "application/test_application.h"

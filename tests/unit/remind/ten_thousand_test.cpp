@@ -3,7 +3,6 @@
 
 #include "application/test_application.h"
 #include "progress/long_work.h"
-#include "store/engines/engines.h"
 #include "windows/remind/frm_remind.h"
 
 namespace zv::windows {
@@ -15,12 +14,7 @@ constexpr int kMany = 10'000;
 class TenThousandDue : public testing::TestWithParam<bool> {
  protected:
     TenThousandDue() {
-        if (GetParam()) {
-            for (const std::string& statement :
-                 store::engines::StatementsOf(store::engines::Of("sqlite").sideTables)) {
-                stage.Sql(statement);
-            }
-        }
+        if (GetParam()) stage.AddSideTables();
         stage.session.state.myPower = std::string(350, '1');
         stage.Sql(
             "insert into tSysFunc(SerialNo,model_Name) values(1,'mnuToolTask');"

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "application/test_application.h"
-#include "store/engines/engines.h"
 #include "windows/remind/frm_remind.h"
 
 namespace zv::windows {
@@ -27,12 +26,6 @@ class TwoWorkstations : public testing::Test {
             one->session.state.myPower = std::string(350, '1');
         }
     }
-    void MakeSideTables() {
-        for (const std::string& statement :
-             store::engines::StatementsOf(store::engines::Of("sqlite").sideTables)) {
-            here.Sql(statement);
-        }
-    }
     static frmRemind& Start(test::TestApplication& workstation) {
         workstation.control.StartReminders();
         return *workstation.windows.Find<frmRemind>(frmRemind::kName);
@@ -53,7 +46,7 @@ TEST_F(TwoWorkstations, WhatIsDoneAtOneIsGoneAtTheOther) {
 }
 
 TEST_F(TwoWorkstations, WithTheTableWhatIsPutOffHoldsAtBoth) {
-    MakeSideTables();
+    here.AddSideTables();
     frmRemind& window = Start(here);
     frmRemind& other = Start(there);
     here.user.Click(window.cmdLater);
@@ -80,7 +73,7 @@ TEST_F(TwoWorkstations, WithoutTheTableEachWorkstationHasItsOwn) {
 }
 
 TEST_F(TwoWorkstations, WhatOneUserDismissesTheOtherIsRemindedOf) {
-    MakeSideTables();
+    here.AddSideTables();
     there.session.state.UserName = "Li";
     frmRemind& window = Start(here);
     frmRemind& other = Start(there);
@@ -91,7 +84,7 @@ TEST_F(TwoWorkstations, WhatOneUserDismissesTheOtherIsRemindedOf) {
 }
 
 TEST_F(TwoWorkstations, ATableThatIsDroppedInUseLosesWhatWasInItAndNothingElse) {
-    MakeSideTables();
+    here.AddSideTables();
     frmRemind& window = Start(here);
     here.user.Click(window.cmdDismiss);
     EXPECT_EQ(window.DueCount(), 1);

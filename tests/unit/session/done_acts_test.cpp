@@ -18,15 +18,16 @@ TEST(DoneActs, AnyNumberDoneTogetherGoesBackInReverseAndAgainInOrder) {
     constexpr int kMany = 200'000;
     test::TestApplication stage;
     std::vector<int> played;
-    stage.session.acts.Together([&] {
+    ActsTogether together{PresentOf(stage.session)};
+    stage.session.acts.Collect(together, [&] {
         for (int i = 0; i < kMany; i++) {
             DoneAct act;
             act.back = [&played, i] { played.push_back(i); };
             act.again = act.back;
             stage.session.acts.Done(std::move(act));
         }
-        return std::size_t{kMany};
     });
+    stage.session.acts.KeepTogether(std::move(together));
     std::vector<int> order(kMany);
     std::iota(order.begin(), order.end(), 0);
     stage.session.takeBack.DoAgain();
